@@ -1,0 +1,21 @@
+# Compiler settings that every target of the project shares.
+add_library(quillmar_uebersetzung INTERFACE)
+target_compile_options(quillmar_uebersetzung INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_compile_definitions(quillmar_uebersetzung INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
+    QUILLMAR_FASSUNG="${PROJECT_VERSION}")
+if(QUILLMAR_SANITIZER)
+    target_compile_options(quillmar_uebersetzung INTERFACE
+        -fsanitize=${QUILLMAR_SANITIZER} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(quillmar_uebersetzung INTERFACE -fsanitize=${QUILLMAR_SANITIZER})
+endif()
+
+# quillmar_bibliothek(NAME SOURCES ... PUBLIC ... PRIVATE ...)
+#   One static library per folder of src/, with its own include directory and the libraries that it may use.
+function(quillmar_bibliothek name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "MOC" "" "SOURCES;PUBLIC;PRIVATE")
+    add_library(quillmar_${name} STATIC ${arg_SOURCES})
+    target_include_directories(quillmar_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(quillmar_${name} PUBLIC quillmar_uebersetzung ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+    set_target_properties(quillmar_${name} PROPERTIES AUTOMOC ${arg_MOC})
+endfunction()
