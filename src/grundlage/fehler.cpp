@@ -1,0 +1,3 @@
+#include "fehler.h"
+
+Fehler::Fehler(const QString &text) : m_text(text), m_utf8(text.toUtf8()) {}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <exception>
+
+/** A failure that the user is told about: @c text is the whole sentence, in the user's language. */
+class Fehler : public std::exception
+{
+public:
+    explicit Fehler(const QString &text);
+    [[nodiscard]] const QString &text() const { return m_text; }
+    [[nodiscard]] const char *what() const noexcept override { return m_utf8.constData(); }
+
+private:
+    QString m_text;
+    QByteArray m_utf8;
+};

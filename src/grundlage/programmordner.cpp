@@ -1,0 +1,34 @@
+#include "programmordner.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr auto nurBesitzer = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+void vonFrueherUebernehmen(const QDir &daten, const QString &neu)
+{
+    for (const QString &alt : {u"Hollerbrand"_s, u"Ablage"_s}) {
+        if (QFileInfo(daten.filePath(alt)).isDir()) {
+            QDir().rename(daten.filePath(alt), neu);
+            return;
+        }
+    }
+}
+} // namespace
+
+QString programmOrdner()
+{
+    const QDir daten(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    const QString ordner = daten.filePath(u"Quillmar"_s);
+    if (!QFileInfo::exists(ordner)) {
+        vonFrueherUebernehmen(daten, ordner);
+        QDir().mkpath(ordner);
+        QFile::setPermissions(ordner, nurBesitzer);
+    }
+    return ordner;
+}

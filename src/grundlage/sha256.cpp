@@ -1,0 +1,89 @@
+#include "sha256.h"
+
+#include <fcntl.h>
+#include <new>
+#include <openssl/evp.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace
+{
+// Fetched once: the look-up costs more than the digest of a short text.
+const EVP_MD *verfahren()
+{
+    static const EVP_MD *const md = EVP_MD_fetch(nullptr, "SHA256", nullptr);
+    return md;
+}
+
+class Griff
+{
+public:
+    explicit Griff(int nummer) : m_nummer(nummer) {}
+    ~Griff()
+    {
+        if (m_nummer >= 0)
+            ::close(m_nummer);
+    }
+    Griff(const Griff &) = delete;
+    Griff &operator=(const Griff &) = delete;
+    [[nodiscard]] int nummer() const { return m_nummer; }
+
+private:
+    int m_nummer;
+};
+
+constexpr size_t stueck = 256 * 1024;
+} // namespace
+
+void Sha256::Freigeber::operator()(EVP_MD_CTX *c) const noexcept { EVP_MD_CTX_free(c); }
+
+Sha256::Sha256() : m_lauf(EVP_MD_CTX_new())
+{
+    if (!m_lauf || EVP_DigestInit_ex2(m_lauf.get(), verfahren(), nullptr) != 1)
+        throw std::bad_alloc();
+}
+
+void Sha256::dazu(QByteArrayView bytes) { EVP_DigestUpdate(m_lauf.get(), bytes.data(), size_t(bytes.size())); }
+
+Sha256::Wert Sha256::ende()
+{
+    Wert wert = {};
+    EVP_DigestFinal_ex(m_lauf.get(), wert.data(), nullptr);
+    EVP_DigestInit_ex2(m_lauf.get(), nullptr, nullptr);
+    return wert;
+}
+
+Sha256::Wert Sha256::von(QByteArrayView bytes)
+{
+    dazu(bytes);
+    return ende();
+}
+
+QString Sha256::hex(const Wert &wert)
+{
+    return QString::fromLatin1(QByteArray::fromRawData(reinterpret_cast<const char *>(wert.data()), 32).toHex());
+}
+
+QString sha256Datei(const QByteArray &pfad, const std::function<bool()> &abbruch)
+{
+    // Without blocking, since a pipe may have taken the file's place.
+    const Griff datei(::open(pfad.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat s = {};
+    if (datei.nummer() < 0 || ::fstat(datei.nummer(), &s) != 0 || !S_ISREG(s.st_mode))
+        return {};
+    ::posix_fadvise(datei.nummer(), 0, 0, POSIX_FADV_SEQUENTIAL);
+    Sha256 digest;
+    std::vector<char> puffer(stueck);
+    for (;;) {
+        if (abbruch && abbruch())
+            return {};
+        const ssize_t n = ::read(datei.nummer(), puffer.data(), puffer.size());
+        if (n == 0)
+            return Sha256::hex(digest.ende());
+        if (n < 0 && errno != EINTR)
+            return {};
+        if (n > 0)
+            digest.dazu(QByteArrayView(puffer.data(), n));
+    }
+}
