@@ -1,0 +1,142 @@
+#include "sprache.h"
+
+#include "einstellungen.h"
+#include "programmordner.h"
+#include "textkatalog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocale>
+#include <QSaveFile>
+#include <cstdio>
+#include <fcntl.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr auto schluesselSprache = "sprache"_L1;
+constexpr auto schluesselPlattform = "AppleLanguages"_L1;
+
+void fruehereUebersetzungUebernehmen(const QString &eigenerOrdner)
+{
+    const QByteArray von = QFile::encodeName(programmOrdner() + "/Texte.json"_L1);
+    const QByteArray nach = QFile::encodeName(eigenerOrdner + "/eigene.json"_L1);
+    // A failure leaves the earlier file where it is.
+    static_cast<void>(::renameat2(AT_FDCWD, von.constData(), AT_FDCWD, nach.constData(), RENAME_NOREPLACE));
+}
+
+QByteArray vorlage()
+{
+    QJsonObject objekt;
+    for (const QString &text : Textkatalog::alle())
+        objekt.insert(text, QString());
+    return QJsonDocument(objekt).toJson(QJsonDocument::Indented);
+}
+
+void vorlageSchreiben(const QString &ort)
+{
+    const QByteArray inhalt = vorlage();
+    // Every start comes here, and forcing a file to disk takes long.
+    if (QFile alt(ort); alt.open(QIODevice::ReadOnly) && alt.readAll() == inhalt)
+        return;
+    QSaveFile datei(ort);
+    if (datei.open(QIODevice::WriteOnly) && datei.write(inhalt) == inhalt.size())
+        datei.commit();
+}
+} // namespace
+
+Sprache &Sprache::sitzung()
+{
+    static Sprache einzige;
+    return einzige;
+}
+
+QString Sprache::text(const QString &deutsch) { return sitzung().nachschlagen(deutsch); }
+
+QString Sprache::nachschlagen(const QString &schluessel)
+{
+    if (m_nurDeutsch)
+        return schluessel;
+    const QMutexLocker halten(&m_sperre);
+    if (!m_geladen)
+        laden();
+    const QString uebersetzt = m_eintraege.value(schluessel);
+    return uebersetzt.isEmpty() ? schluessel : uebersetzt;
+}
+
+void Sprache::laden()
+{
+    // A broken file is not tried again until another language is chosen.
+    m_geladen = true;
+    const QString kennung = wirksameKennung();
+    for (const Sprachsatz &satz : verfuegbare()) {
+        if (satz.kennung != kennung)
+            continue;
+        if (auto texte = spracheLesen(satz.ort))
+            m_eintraege = std::move(*texte);
+        return;
+    }
+}
+
+void Sprache::verwerfen()
+{
+    const QMutexLocker halten(&m_sperre);
+    m_geladen = false;
+    m_eintraege.clear();
+}
+
+QList<Sprachsatz> Sprache::verfuegbare() { return sprachsaetze(mitgelieferterOrdner(), eigenerOrdner()); }
+
+QString Sprache::gewaehlteKennung() { return Einstellungen::wert(schluesselSprache).toString(); }
+
+void Sprache::setzeGewaehlteKennung(const QString &kennung)
+{
+    Einstellungen::setzen(schluesselSprache, kennung);
+    if (kennung.isEmpty())
+        Einstellungen::entfernen(schluesselPlattform);
+    else
+        Einstellungen::setzen(schluesselPlattform, QStringList{kennung});
+    sitzung().verwerfen();
+}
+
+QString Sprache::wirksameKennung()
+{
+    if (const QString gewaehlt = gewaehlteKennung(); !gewaehlt.isEmpty())
+        return gewaehlt;
+    QStringList vorhandene;
+    for (const Sprachsatz &satz : verfuegbare())
+        vorhandene << satz.kennung;
+    return kennungFuer({}, vorhandene, QLocale::system().uiLanguages());
+}
+
+void Sprache::vorbereiten()
+{
+    const QString ordner = eigenerOrdner();
+    fruehereUebersetzungUebernehmen(ordner);
+    vorlageSchreiben(ordner + "/_Vorlage.json"_L1);
+}
+
+void Sprache::nurDeutsch() { sitzung().m_nurDeutsch = true; }
+
+QString Sprache::mitgelieferterOrdner()
+{
+    // Beside an installed program (bin, share) as well as above one in the build folder; needs no application object.
+    QDir ordner(QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path());
+    for (int stufe = 0; stufe <= 4; ++stufe) {
+        if (const QString ort = ordner.filePath(u"share/quillmar/Sprachen"_s); QFileInfo(ort).isDir())
+            return ort;
+        if (!ordner.cdUp())
+            break;
+    }
+    return {};
+}
+
+QString Sprache::eigenerOrdner()
+{
+    const QString ordner = programmOrdner() + "/Sprachen"_L1;
+    QDir().mkpath(ordner);
+    return ordner;
+}

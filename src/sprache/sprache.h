@@ -1,0 +1,57 @@
+#pragma once
+
+#include "sprachsatz.h"
+
+#include <QHash>
+#include <QMutex>
+#include <QString>
+#include <atomic>
+
+/** Marks a literal that reaches the lookup later, through a variable: it belongs to the text catalogue all the same. */
+#define QUILLMAR_TEXT(literal) literal
+
+/**
+ * Looks up what the user sees. The German text is the key, placeholders ("%@") included; they are filled afterwards.
+ * The lookup takes literals, so that `scripts/texte` finds them; a variable is marked as
+ * `Sprache::text(*QUILLMAR_TEXT* name)` with a comment in place of the stars. May be called from any thread.
+ */
+class Sprache
+{
+public:
+    /** The text in the language in effect; @p deutsch itself where that has no translation. */
+    [[nodiscard]] static QString text(const QString &deutsch);
+
+    /** All language files, read anew each time. */
+    [[nodiscard]] static QList<Sprachsatz> verfuegbare();
+
+    /** The chosen code; empty: follow the system. Setting it takes effect at the next lookup. */
+    [[nodiscard]] static QString gewaehlteKennung();
+    static void setzeGewaehlteKennung(const QString &kennung);
+
+    /** The code in effect. There need not be a file for it; every text is German then. */
+    [[nodiscard]] static QString wirksameKennung();
+
+    /** Makes the own folder, takes over an earlier version's translation and writes the template. Never fails. */
+    static void vorbereiten();
+
+    /** From now on every lookup gives the German text, whatever the settings and the user's own files say. */
+    static void nurDeutsch();
+
+    /** Folder of the shipped files; empty if there is none. */
+    [[nodiscard]] static QString mitgelieferterOrdner();
+
+    /** Folder of the user's own files, created if need be. */
+    [[nodiscard]] static QString eigenerOrdner();
+
+private:
+    Sprache() = default;
+    [[nodiscard]] static Sprache &sitzung();
+    [[nodiscard]] QString nachschlagen(const QString &schluessel);
+    void laden();
+    void verwerfen();
+
+    QMutex m_sperre;
+    QHash<QString, QString> m_eintraege;
+    bool m_geladen = false;
+    std::atomic<bool> m_nurDeutsch = false;
+};

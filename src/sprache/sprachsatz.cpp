@@ -1,0 +1,71 @@
+#include "sprachsatz.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+void sammeln(const QString &ordner, bool eigen, QMap<QString, Sprachsatz> &saetze)
+{
+    if (ordner.isEmpty())
+        return;
+    // Plain files only: a pipe would be waited for without end.
+    for (const QFileInfo &datei : QDir(ordner).entryInfoList(QDir::Files | QDir::Readable, QDir::Name)) {
+        const QString stamm = datei.completeBaseName();
+        if (datei.suffix().toLower() != "json"_L1 || stamm.isEmpty() || stamm.startsWith(u'_'))
+            continue;
+        const QString kennung = stamm.toLower();
+        const auto texte = spracheLesen(datei.filePath());
+        const QString name = texte ? texte->value(u"_sprache"_s) : QString();
+        saetze[kennung] = {kennung, name.isEmpty() ? kennung.toUpper() : name, eigen, datei.filePath()};
+    }
+}
+} // namespace
+
+std::optional<QHash<QString, QString>> spracheLesen(const QString &ort)
+{
+    QFile datei(ort);
+    if (!datei.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QJsonDocument dokument = QJsonDocument::fromJson(datei.readAll());
+    if (!dokument.isObject())
+        return std::nullopt;
+    QHash<QString, QString> texte;
+    const QJsonObject objekt = dokument.object();
+    for (auto it = objekt.begin(); it != objekt.end(); ++it) {
+        if (!it.value().isString())
+            return std::nullopt;
+        texte.insert(it.key(), it.value().toString());
+    }
+    return texte;
+}
+
+QList<Sprachsatz> sprachsaetze(const QString &mitgeliefert, const QString &eigen)
+{
+    QMap<QString, Sprachsatz> saetze;
+    sammeln(mitgeliefert, false, saetze);
+    sammeln(eigen, true, saetze);
+    QList<Sprachsatz> liste = saetze.values();
+    std::stable_sort(liste.begin(), liste.end(), [](const Sprachsatz &a, const Sprachsatz &b) {
+        return a.name.compare(b.name, Qt::CaseInsensitive) < 0;
+    });
+    return liste;
+}
+
+QString kennungFuer(const QString &gewaehlt, const QStringList &vorhandene, const QStringList &bevorzugte)
+{
+    if (!gewaehlt.isEmpty())
+        return gewaehlt;
+    for (const QString &sprache : bevorzugte) {
+        if (const QString kennung = sprache.first(std::min<qsizetype>(2, sprache.size())).toLower();
+            vorhandene.contains(kennung))
+            return kennung;
+    }
+    return u"de"_s;
+}

@@ -1,0 +1,59 @@
+#include "quelltexte.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QString ohneKommentare(QString quelltext)
+{
+    static const QRegularExpression muster(
+        R"RX(("(?:[^"\\\n]|\\.)*"|'(?:[^'\\\n]|\\.)+'|/\*\s*QUILLMAR_TEXT\s*\*/)|//[^\n]*|/\*.*?\*/)RX"_L1,
+        QRegularExpression::DotMatchesEverythingOption);
+    return quelltext.replace(muster, u"\\1"_s);
+}
+
+QString entschluesselt(QString literal)
+{
+    for (const auto &[folge, zeichen] : {std::pair("\\n"_L1, "\n"_L1), std::pair("\\t"_L1, "\t"_L1),
+                                         std::pair("\\\""_L1, "\""_L1), std::pair("\\\\"_L1, "\\"_L1)})
+        literal.replace(folge, zeichen);
+    return literal;
+}
+} // namespace
+
+void ausQuelle(const QString &roh, const QString &datei, Fund &fund)
+{
+    const QString quelltext = ohneKommentare(roh);
+    static const QRegularExpression aufruf(R"(\b(?:Sprache::text|QUILLMAR_TEXT)\b)"_L1);
+    static const QRegularExpression argument(
+        R"RX(\s*\((?:\s*/\*\s*QUILLMAR_TEXT\s*\*/|((?:\s*u"(?:[^"\\\n]|\\.)*"(?:_s)?)+)\s*\)))RX"_L1);
+    static const QRegularExpression literal(R"RX("((?:[^"\\\n]|\\.)*)")RX"_L1);
+    for (auto stelle = aufruf.globalMatch(quelltext); stelle.hasNext();) {
+        const qsizetype ende = stelle.next().capturedEnd();
+        const auto treffer = argument.match(quelltext, ende, QRegularExpression::NormalMatch,
+                                            QRegularExpression::AnchorAtOffsetMatchOption);
+        QString text;
+        for (auto teil = literal.globalMatch(treffer.captured(1)); teil.hasNext();)
+            text += entschluesselt(teil.next().captured(1));
+        if (!text.isEmpty())
+            fund.texte << text;
+        else if (!treffer.hasMatch() && !QStringView(quelltext).mid(ende).trimmed().startsWith("*/"_L1))
+            fund.verstoesse << datei + u": "_s + quelltext.mid(ende, 40).simplified();
+    }
+}
+
+Fund ausAllenQuellen(const QString &ordner)
+{
+    Fund fund;
+    QDirIterator lauf(ordner, {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (lauf.hasNext()) {
+        QFile datei(lauf.next());
+        if (!datei.fileName().contains("/src/sprache/"_L1) && datei.open(QIODevice::ReadOnly))
+            ausQuelle(QString::fromUtf8(datei.readAll()), datei.fileName(), fund);
+    }
+    return fund;
+}

@@ -1,0 +1,193 @@
+#include "einstellungen.h"
+#include "programmordner.h"
+#include "sprache.h"
+#include "textkatalog.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtConcurrent>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+void schreiben(const QString &pfad, const QByteArray &inhalt)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(pfad).path()));
+    QFile datei(pfad);
+    QVERIFY(datei.open(QIODevice::WriteOnly));
+    QCOMPARE(datei.write(inhalt), inhalt.size());
+}
+
+QByteArray lesen(const QString &pfad)
+{
+    QFile datei(pfad);
+    return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
+}
+
+QStringList kennungen(const QList<Sprachsatz> &saetze)
+{
+    QStringList liste;
+    for (const Sprachsatz &satz : saetze)
+        liste << satz.kennung;
+    return liste;
+}
+} // namespace
+
+class TestSprache : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup()
+    {
+        QDir(programmOrdner()).removeRecursively();
+        Sprache::setzeGewaehlteKennung({});
+    }
+
+    void kennungFuerDieVorliebe_data()
+    {
+        QTest::addColumn<QString>("gewaehlt");
+        QTest::addColumn<QStringList>("bevorzugt");
+        QTest::addColumn<QString>("erwartet");
+        const QString keine;
+        QTest::newRow("gewählt, auch ohne Datei") << u"tlh"_s << QStringList{u"en-GB"_s} << u"tlh"_s;
+        QTest::newRow("erste vorhandene") << keine << QStringList{u"fr-FR"_s, u"en-GB"_s} << u"en"_s;
+        QTest::newRow("Reihenfolge") << keine << QStringList{u"de-DE"_s, u"en-GB"_s} << u"de"_s;
+        QTest::newRow("Großschreibung") << keine << QStringList{u"EN"_s} << u"en"_s;
+        QTest::newRow("keine passt") << keine << QStringList{u"fr-FR"_s} << u"de"_s;
+        QTest::newRow("keine genannt") << keine << QStringList{} << u"de"_s;
+        QTest::newRow("zu kurz") << keine << QStringList{u"C"_s, QString()} << u"de"_s;
+    }
+
+    void kennungFuerDieVorliebe()
+    {
+        QFETCH(QString, gewaehlt);
+        QFETCH(QStringList, bevorzugt);
+        QTEST(kennungFuer(gewaehlt, {u"de"_s, u"en"_s}, bevorzugt), "erwartet");
+    }
+
+    void dateienDerSprachen()
+    {
+        const QTemporaryDir mit;
+        const QTemporaryDir eigen;
+        schreiben(mit.filePath(u"de.json"_s), R"({"_sprache": "Deutsch"})");
+        schreiben(mit.filePath(u"en.json"_s), R"({"_sprache": "English"})");
+        schreiben(mit.filePath(u"_Vorlage.json"_s), "{}");
+        schreiben(mit.filePath(u".json"_s), "{}");
+        schreiben(mit.filePath(u"nl.txt"_s), "{}");
+        schreiben(eigen.filePath(u"EN.JSON"_s), R"({"_sprache": "Anglais"})");
+        schreiben(eigen.filePath(u"pt.br.json"_s), R"({"Ja": "Sim"})");
+        schreiben(eigen.filePath(u"zz.json"_s), R"({"_sprache": "Zahl", "Ja": 1})");
+        QVERIFY(QDir(eigen.path()).mkpath(u"ordner.json"_s));
+        QCOMPARE(::mkfifo(eigen.filePath(u"rohr.json"_s).toUtf8().constData(), 0600), 0);
+        const QList<Sprachsatz> erwartet{
+            {u"en"_s, u"Anglais"_s, true, eigen.filePath(u"EN.JSON"_s)},
+            {u"de"_s, u"Deutsch"_s, false, mit.filePath(u"de.json"_s)},
+            {u"pt.br"_s, u"PT.BR"_s, true, eigen.filePath(u"pt.br.json"_s)},
+            {u"zz"_s, u"ZZ"_s, true, eigen.filePath(u"zz.json"_s)},
+        };
+        QCOMPARE(sprachsaetze(mit.path(), eigen.path()), erwartet);
+        QCOMPARE(kennungen(sprachsaetze({}, u"/gibt/es/nicht"_s)), QStringList{});
+    }
+
+    void mitgelieferteSprachenWerdenGefunden()
+    {
+        QVERIFY(!Sprache::mitgelieferterOrdner().isEmpty());
+        QCOMPARE(kennungen(Sprache::verfuegbare()), (QStringList{u"de"_s, u"en"_s}));
+    }
+
+    void eineWahlWirktBeimNaechstenNachschlagen()
+    {
+        schreiben(Sprache::eigenerOrdner() + u"/xx.json"_s, R"({"Ja": "Da", "Nein": ""})");
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Ja"_s);
+        Sprache::setzeGewaehlteKennung(u"xx"_s);
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Da"_s);
+        QCOMPARE(Sprache::text(u"Nein"_s), u"Nein"_s);
+        QCOMPARE(Sprache::text(u"Vielleicht"_s), u"Vielleicht"_s);
+        QCOMPARE(Einstellungen::wert(u"AppleLanguages"_s).toStringList(), QStringList{u"xx"_s});
+        Sprache::setzeGewaehlteKennung({});
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Ja"_s);
+        QCOMPARE(Sprache::wirksameKennung(), u"de"_s);
+        QVERIFY(!Einstellungen::wert(u"AppleLanguages"_s).isValid());
+    }
+
+    void eineKaputteDateiIstKeinFehler_data()
+    {
+        QTest::addColumn<QByteArray>("inhalt");
+        QTest::newRow("abgeschnitten") << QByteArray(R"({"Ja": "Da")");
+        QTest::newRow("eine Liste") << QByteArray(R"(["Ja"])");
+        QTest::newRow("eine Zahl darin") << QByteArray(R"({"Ja": "Da", "Nein": 1})");
+        QTest::newRow("leer") << QByteArray();
+        QTest::newRow("kein UTF-8") << QByteArray("{\"Ja\": \"D\xff\"}");
+    }
+
+    void eineKaputteDateiIstKeinFehler()
+    {
+        QFETCH(QByteArray, inhalt);
+        const QString ort = Sprache::eigenerOrdner() + u"/xx.json"_s;
+        schreiben(ort, inhalt);
+        Sprache::setzeGewaehlteKennung(u"xx"_s);
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Ja"_s);
+        schreiben(ort, R"({"Ja": "Da"})");
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Ja"_s);
+        Sprache::setzeGewaehlteKennung(u"xx"_s);
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Da"_s);
+    }
+
+    void dieVorlageHatJedenText()
+    {
+        Sprache::vorbereiten();
+        const QString ort = programmOrdner() + u"/Sprachen/_Vorlage.json"_s;
+        const QByteArray zuerst = lesen(ort);
+        QStringList texte = QJsonDocument::fromJson(zuerst).object().keys();
+        texte.sort();
+        QStringList erwartet = Textkatalog::alle();
+        erwartet.sort();
+        QCOMPARE(texte, erwartet);
+        schreiben(ort, "{}");
+        Sprache::vorbereiten();
+        QCOMPARE(lesen(ort), zuerst);
+    }
+
+    void eineFruehereUebersetzungZiehtUm()
+    {
+        const QString alt = programmOrdner() + u"/Texte.json"_s;
+        const QString neu = Sprache::eigenerOrdner() + u"/eigene.json"_s;
+        schreiben(alt, "1");
+        Sprache::vorbereiten();
+        QCOMPARE(lesen(neu), "1");
+        QVERIFY(!QFile::exists(alt));
+        schreiben(alt, "2");
+        Sprache::vorbereiten();
+        QCOMPARE(lesen(neu), "1");
+        QCOMPARE(lesen(alt), "2");
+    }
+
+    void nachschlagenAusVielenFaeden()
+    {
+        schreiben(Sprache::eigenerOrdner() + u"/xx.json"_s, R"({"Ja": "Da"})");
+        QList<int> laeufe(200);
+        QtConcurrent::blockingMap(laeufe, [](int &treffer) {
+            Sprache::setzeGewaehlteKennung(u"xx"_s);
+            treffer = Sprache::text(u"Ja"_s) == u"Da"_s ? 1 : 0;
+        });
+        QCOMPARE(std::count(laeufe.begin(), laeufe.end(), 1), 200);
+    }
+
+    // Last, since it holds for the rest of the program.
+    void zuletztNurDeutsch()
+    {
+        schreiben(Sprache::eigenerOrdner() + u"/de.json"_s, R"({"Ja": "Jawohl"})");
+        Sprache::setzeGewaehlteKennung(u"de"_s);
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Jawohl"_s);
+        Sprache::nurDeutsch();
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Ja"_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSprache)
+#include "test_sprache.moc"
