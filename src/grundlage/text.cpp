@@ -59,6 +59,9 @@ char16_t klein(char16_t c)
 {
     if (c < 0x80)
         return c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c;
+    // Its lower case is an i and a combining dot, which would fall away; the mapping by single characters has none.
+    if (c == u'İ')
+        return u'i';
     return char16_t(QChar::toLower(char32_t(c)));
 }
 } // namespace
