@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QSize>
+
+namespace vorfuehrung
+{
+
+constexpr double seitenbreite = 595; ///< A4 in points
+constexpr double seitenhoehe = 842;
+
+/** One A4 page: either drawing commands (WinAnsi, fonts F1 regular and F2 bold) or a grey JPEG that fills it. */
+struct Seite {
+    QByteArray inhalt;
+    QByteArray jpeg;
+    QSize bildgroesse;
+};
+
+/** How the bytes are laid out; the pages look the same. */
+enum class Schreibweise {
+    gepackt,
+    ungepackt,
+    verschluesselt, ///< 40-bit RC4 with a user password
+};
+
+/** A PDF file of the pages. The same pages always give the same bytes. */
+[[nodiscard]] QByteArray pdf(const QList<Seite> &seiten, Schreibweise weise = Schreibweise::gepackt);
+
+} // namespace vorfuehrung
