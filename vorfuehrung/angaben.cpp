@@ -122,7 +122,7 @@ QString benanntePartei(const QStringList &zeilen, const QStringList &eigene)
 
 QString betreff(const QStringList &zeilen)
 {
-    static const QRegularExpression angabe = muster(uR"(^\p{L}+(?:nummer|zeichen)\b)"_s);
+    static const QRegularExpression angabe = muster(uR"(^(?:\p{L}+(?:nummer|zeichen)\b|(?:Frau|Herrn|Firma)$))"_s);
     const auto [anfang, ende] = anschriftfeld(zeilen);
     for (qsizetype i = 1; i < zeilen.size(); ++i) {
         const QString &zeile = zeilen.at(i);

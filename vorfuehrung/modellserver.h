@@ -36,8 +36,8 @@ private:
     [[nodiscard]] QByteArray modellliste() const;
     [[nodiscard]] QByteArray antwort(const QString &prompt) const;
 
+    QHash<QTcpSocket *, HttpLeser> m_leser; // above the server: its sockets still reach for it when they end with it
     QTcpServer m_server;
-    QHash<QTcpSocket *, HttpLeser> m_leser;
     QString m_modell;
 };
 

@@ -90,7 +90,7 @@ void bildSeite(Datei &datei, int nummer, const Seite &seite)
     datei.strom(nummer + 2,
                 "/Type /XObject /Subtype /Image /Width " + QByteArray::number(seite.bildgroesse.width()) + " /Height " +
                     QByteArray::number(seite.bildgroesse.height()) +
-                    " /ColorSpace /DeviceGray /BitsPerComponent 8 /Filter /DCTDecode",
+                    " /ColorSpace /DeviceRGB /BitsPerComponent 8 /Filter /DCTDecode",
                 seite.jpeg);
 }
 

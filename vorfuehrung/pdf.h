@@ -10,7 +10,8 @@ namespace vorfuehrung
 constexpr double seitenbreite = 595; ///< A4 in points
 constexpr double seitenhoehe = 842;
 
-/** One A4 page: either drawing commands (WinAnsi, fonts F1 regular and F2 bold) or a grey JPEG that fills it. */
+/** One A4 page: either drawing commands (WinAnsi, fonts F1 regular and F2 bold) or a JPEG in three colours that fills
+ * it. */
 struct Seite {
     QByteArray inhalt;
     QByteArray jpeg;

@@ -94,7 +94,7 @@ private:
         if (roh.startsWith(u"* "_s))
             return {"F2", 11, 16};
         if (roh.startsWith(u"~ "_s))
-            return {"F1", 8.5, 16};
+            return {"F1", 9.5, 16};
         return {"F1", 11, 14.5};
     }
 

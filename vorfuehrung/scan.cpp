@@ -49,13 +49,14 @@ QByteArray drehung(double grad)
            zahl(y - s * x - c * y) + " cm\n";
 }
 
+/** In colour: together with -jpeg, pdftoppm 22 writes broken pictures when asked for grey ones. */
 QByteArray gerastert(const QByteArray &vorlage)
 {
     const QTemporaryDir ordner;
     dateiSchreiben(ordner.filePath(u"seite.pdf"_s), vorlage);
     QProcess prozess;
-    prozess.start(u"pdftoppm"_s, {u"-r"_s, u"200"_s, u"-gray"_s, u"-jpeg"_s, u"-jpegopt"_s, u"quality=60"_s,
-                                  u"-singlefile"_s, ordner.filePath(u"seite.pdf"_s), ordner.filePath(u"bild"_s)});
+    prozess.start(u"pdftoppm"_s, {u"-r"_s, u"200"_s, u"-jpeg"_s, u"-jpegopt"_s, u"quality=60"_s, u"-singlefile"_s,
+                                  ordner.filePath(u"seite.pdf"_s), ordner.filePath(u"bild"_s)});
     QFile bild(ordner.filePath(u"bild.jpg"_s));
     if (!prozess.waitForFinished(zeitgrenze) || prozess.exitCode() != 0 || !bild.open(QIODevice::ReadOnly))
         throw Fehlschlag(u"pdftoppm fehlt oder ist gescheitert (Paket poppler-utils)."_s);
