@@ -1,0 +1,94 @@
+#include "vorlage.h"
+
+#include "text.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr auto unicode = QRegularExpression::UseUnicodePropertiesOption;
+constexpr QChar marke(u'\0');
+
+QString ohneRaender(const QString &text, QStringView zeichen)
+{
+    qsizetype von = 0;
+    qsizetype bis = text.size();
+    while (von < bis && zeichen.contains(text.at(von)))
+        ++von;
+    while (bis > von && zeichen.contains(text.at(bis - 1)))
+        --bis;
+    return text.sliced(von, bis - von);
+}
+
+bool istVerboten(QChar c) { return c.unicode() < 0x20 || u"\\/:*?\"<>|"_s.contains(c); }
+
+/** Runs of forbidden characters and of white space become one blank. */
+QString mitEinfachenLuecken(const QString &text)
+{
+    QString ergebnis;
+    ergebnis.reserve(text.size());
+    bool luecke = false;
+    for (const QChar c : text) {
+        luecke = luecke || c.isSpace() || istVerboten(c);
+        if (c.isSpace() || istVerboten(c))
+            continue;
+        if (luecke)
+            ergebnis += u' ';
+        luecke = false;
+        ergebnis += c;
+    }
+    return ergebnis;
+}
+} // namespace
+
+QString Vorlage::fuellen(const Werte &werte, const QString &vorlage)
+{
+    QString ergebnis;
+    qsizetype stelle = 0;
+    while (stelle < vorlage.size()) {
+        const qsizetype auf = vorlage.indexOf(u'{', stelle);
+        const qsizetype zu = auf < 0 ? -1 : vorlage.indexOf(u'}', auf);
+        if (zu < 0) {
+            ergebnis += QStringView(vorlage).mid(stelle);
+            break;
+        }
+        ergebnis += QStringView(vorlage).mid(stelle, auf - stelle);
+        const auto baustein = bausteinAus(QStringView(vorlage).mid(auf + 1, zu - auf - 1));
+        const QString wert = baustein ? werte.value(*baustein) : QString();
+        if (wert.isEmpty())
+            ergebnis += marke;
+        else
+            ergebnis += wert;
+        stelle = zu + 1;
+    }
+    return aufraeumen(ergebnis);
+}
+
+QString Vorlage::aufraeumen(const QString &text)
+{
+    static const QString trenner = u"\\s*[-–—/|_]\\s*"_s;
+    static const QRegularExpression trennerMarke(trenner + u"\\x00"_s, unicode);
+    static const QRegularExpression markeTrenner(u"\\x00"_s + trenner, unicode);
+    static const QRegularExpression beidseits(trenner + u"\\x00"_s + trenner, unicode);
+    static const QRegularExpression leerraum(u"\\s{2,}"_s, unicode);
+    static const QRegularExpression striche(u"/{2,}"_s);
+    QString ergebnis = text;
+    if (ergebnis.contains(marke)) {
+        // The separator before a mark goes first, so that a level between two separators drops out whole.
+        ergebnis.remove(trennerMarke);
+        ergebnis.remove(markeTrenner);
+        ergebnis.replace(beidseits, u" - "_s);
+        ergebnis.remove(marke);
+    }
+    ergebnis.replace(leerraum, u" "_s);
+    ergebnis.replace(striche, u"/"_s);
+    return ohneRaender(ergebnis, u" .-/");
+}
+
+QString Vorlage::saeubern(const QString &text, qsizetype grenze)
+{
+    const QString sauber = ohneRaender(mitEinfachenLuecken(nfc(text)), u" .-");
+    return ohneRaender(ersteZeichen(sauber, grenze), u" .-");
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "baustein.h"
+
+#include <QMap>
+
+/** Filling of templates: text with building blocks in curly braces. Pure functions that never fail. */
+namespace Vorlage
+{
+using Werte = QMap<Baustein, QString>;
+
+/** Replaces the blocks by their values; an empty or unknown block vanishes with its separators. */
+[[nodiscard]] QString fuellen(const Werte &werte, const QString &vorlage);
+
+/** Takes the marks of empty blocks (NUL) and surplus separators out. */
+[[nodiscard]] QString aufraeumen(const QString &text);
+
+/** @p text as a part of a file name: NFC, no characters that a file system refuses, at most @p grenze characters. */
+[[nodiscard]] QString saeubern(const QString &text, qsizetype grenze);
+} // namespace Vorlage

@@ -1,0 +1,92 @@
+#include "ziel.h"
+
+#include "text.h"
+#include "vorlage.h"
+
+#include <QDir>
+#include <QTextBoundaryFinder>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qsizetype laengeDatum = 10;
+constexpr qsizetype laengeGegenueber = 60;
+constexpr qsizetype laengeTitel = 90;
+
+QString ohneEndung(const QString &name)
+{
+    const qsizetype punkt = name.lastIndexOf(u'.');
+    return punkt <= 0 ? name : name.first(punkt);
+}
+
+/** No level of a path is "." or "..": such a value would lead out of the target tree. */
+QString ohneSpruenge(const QString &pfad)
+{
+    QStringList teile = pfad.split(u'/', Qt::SkipEmptyParts);
+    teile.removeIf([](const QString &teil) { return teil == u"."_s || teil == u".."_s; });
+    return teile.join(u'/');
+}
+
+QString unterZiel(const Profil &profil, const QString &relativ)
+{
+    return QDir::cleanPath(nfc(profil.zielWurzel) + u'/' + nfc(relativ));
+}
+
+QString auffang(const Ort &ort, const Profil &profil)
+{
+    const QString ersteEbene = ort.zweig.isEmpty() ? profil.auffangOrdner : ort.zweig;
+    return unterZiel(profil, ohneSpruenge(ersteEbene) + u'/' + ohneSpruenge(profil.auffangOrdner));
+}
+} // namespace
+
+QString Ziel::dateiname(const Dokument &dokument, const Profil &profil)
+{
+    const QString datum = Vorlage::saeubern(dokument.datum, laengeDatum);
+    const Vorlage::Werte werte = {
+        {Baustein::datum, datum},
+        {Baustein::jahr, dokument.jahr},
+        {Baustein::monat, datum.size() >= 7 ? datum.mid(5, 2) : QString()},
+        {Baustein::gegenueber, Vorlage::saeubern(dokument.gegenueber, laengeGegenueber)},
+        {Baustein::titel, Vorlage::saeubern(dokument.titel, laengeTitel)},
+        {Baustein::zweig, dokument.zweig},
+        {Baustein::ablage, dokument.ablage},
+        {Baustein::rubrik, dokument.rubrik},
+        {Baustein::altname, ohneEndung(dokument.dateiname)},
+    };
+    QString name = nfc(Vorlage::fuellen(werte, profil.namensVorlage));
+    // A rubric of two levels or a template brings separators and marks of its own.
+    name.replace(u'/', u'-').remove(QChar(u'\0'));
+    return gekuerzt((name.isEmpty() ? u"unbenannt"_s : name) + u".pdf"_s);
+}
+
+QString Ziel::ordner(const Ort &ort, const QString &jahr, const Profil &profil)
+{
+    if (profil.zielWurzel.isEmpty())
+        return QDir::tempPath();
+    const Ablageart *art = profil.ablageart(ort.zweig, ort.ablage);
+    if (!art || ort.rubrik.isEmpty() || (art->mitJahr && jahr.size() != 4))
+        return auffang(ort, profil);
+    const Vorlage::Werte werte = {
+        {Baustein::zweig, ort.zweig},
+        {Baustein::ablage, ort.ablage},
+        {Baustein::rubrik, ort.rubrik},
+        {Baustein::jahr, art->mitJahr ? jahr : QString()},
+    };
+    return unterZiel(profil, ohneSpruenge(Vorlage::fuellen(werte, profil.pfadVorlage)));
+}
+
+QString Ziel::gekuerzt(const QString &name, const QString &zusatz)
+{
+    const QString endung = name.mid(ohneEndung(name).size());
+    QString stamm = ohneEndung(name);
+    const qsizetype platz = hoechstensBytes - (zusatz + endung).toUtf8().size();
+    if (stamm.toUtf8().size() <= platz)
+        return stamm + zusatz + endung;
+    QTextBoundaryFinder grenzen(QTextBoundaryFinder::Grapheme, stamm);
+    qsizetype ende = 0;
+    for (qsizetype n = grenzen.toNextBoundary(); n >= 0 && stamm.first(n).toUtf8().size() <= platz;
+         n = grenzen.toNextBoundary())
+        ende = n;
+    return stamm.first(ende).trimmed() + zusatz + endung;
+}

@@ -1,0 +1,170 @@
+#include "analyse.h"
+
+#include "bestand.h"
+#include "datenbank.h"
+#include "einordner.h"
+#include "sperrdatei.h"
+#include "sprache.h"
+#include "textleser.h"
+#include "zweitmeinung.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+/** What the worker shares with the object that started it, and what outlives that object. */
+struct Analyse::Verbindung {
+    std::mutex schloss;
+    std::condition_variable ende;
+    Analyse *ziel = nullptr; ///< none once the object is gone
+    Laufstand neuester;
+    bool unterwegs = false; ///< a notice is on its way to the main thread and will take the newest state along
+    bool fertig = false;
+    std::atomic<bool> abbrechen = false;
+
+    /** Hands the newest state to the main thread; states that come faster than it takes them are skipped. */
+    void melden(const std::shared_ptr<Verbindung> &selbst, const Laufstand &stand)
+    {
+        const std::lock_guard sperre(schloss);
+        neuester = stand;
+        if (!ziel || unterwegs)
+            return;
+        unterwegs = true;
+        QMetaObject::invokeMethod(
+            ziel, [selbst] { selbst->ausliefern(); }, Qt::QueuedConnection);
+    }
+
+    void ausliefern()
+    {
+        std::unique_lock sperre(schloss);
+        unterwegs = false;
+        const Laufstand stand = neuester;
+        Analyse *const empfaenger = ziel;
+        sperre.unlock();
+        if (empfaenger && empfaenger->m_laeuft)
+            empfaenger->standSetzen(stand);
+    }
+
+    void abmelden(const Laufstand &stand, const QStringList &hinweise)
+    {
+        const std::lock_guard sperre(schloss);
+        fertig = true;
+        ende.notify_all();
+        if (ziel)
+            QMetaObject::invokeMethod(
+                ziel, [z = ziel, stand, hinweise] { z->schluss(stand, hinweise); }, Qt::QueuedConnection);
+    }
+};
+
+namespace
+{
+constexpr auto laengstesWarten = 900ms;
+
+/** The stages one after the other; each looks for the wish to stop by itself. */
+void stufen(Lauf &lauf)
+{
+    Bestand::aufnehmen(lauf);
+    if (lauf.sollHalten())
+        return;
+    Textleser::textLesen(lauf);
+    if (lauf.sollHalten())
+        return;
+    Einordner::einordnen(lauf);
+    if (!lauf.sollHalten() && lauf.profil().zweitmeinung)
+        Zweitmeinung::einholen(lauf);
+}
+
+/** One whole run; tells the state in which it ended. */
+Laufstand durchgang(Lauf &lauf)
+{
+    const auto angehalten = [](const QString &grund) {
+        return Laufstand{.stufe = Sprache::text(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
+    };
+    try {
+        if (lauf.db().nurLesen())
+            return angehalten(Sprache::text(
+                u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+        const auto sperre = Sperrdatei::nehmen(lauf.db().pfad() + u".lauf"_s, 0ms);
+        if (!sperre)
+            return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));
+        stufen(lauf);
+    } catch (const Fehler &f) {
+        return angehalten(f.text());
+    } catch (const std::exception &f) {
+        return angehalten(QString::fromUtf8(f.what())); // out of memory, say: the program goes on
+    }
+    if (lauf.sollHalten())
+        return angehalten({});
+    return {.stufe = Sprache::text(u"Analyse abgeschlossen"_s), .meldung = {}, .restzeit = {}, .anteil = 1};
+}
+} // namespace
+
+Analyse::Analyse(std::shared_ptr<Datenbank> db, Profil profil, QObject *parent)
+    : QObject(parent), m_db(std::move(db)), m_profil(std::move(profil))
+{
+}
+
+Analyse::~Analyse()
+{
+    if (!m_verbindung)
+        return;
+    sofortBeenden();
+    std::unique_lock sperre(m_verbindung->schloss);
+    m_verbindung->ziel = nullptr;
+    // A worker that waits for a locked catalogue is left behind; it holds all it needs.
+    if (!m_verbindung->ende.wait_for(sperre, laengstesWarten, [this] { return m_verbindung->fertig; }))
+        m_faden.detach();
+}
+
+bool Analyse::abbrechenGewuenscht() const { return m_verbindung && m_verbindung->abbrechen; }
+
+void Analyse::abbrechen()
+{
+    if (m_laeuft)
+        m_verbindung->abbrechen = true;
+    Q_EMIT geaendert();
+}
+
+void Analyse::sofortBeenden() { m_faden.request_stop(); }
+
+void Analyse::allesStarten()
+{
+    if (m_laeuft)
+        return;
+    m_laeuft = true;
+    m_hinweise.clear();
+    m_stand = {};
+    m_verbindung = std::make_shared<Verbindung>();
+    m_verbindung->ziel = this;
+    m_faden = std::jthread([v = m_verbindung, db = m_db, profil = m_profil](const std::stop_token &ende) {
+        Lauf lauf(
+            db, profil, [v] { return v->abbrechen.load(); }, ende,
+            [v](const Laufstand &stand) { v->melden(v, stand); });
+        const Laufstand stand = durchgang(lauf);
+        v->abmelden(stand, lauf.hinweise());
+    });
+    Q_EMIT geaendert();
+}
+
+void Analyse::standSetzen(const Laufstand &stand)
+{
+    m_stand = stand;
+    Q_EMIT geaendert();
+}
+
+void Analyse::schluss(const Laufstand &stand, const QStringList &hinweise)
+{
+    // The last counts stay readable unless the end has something to say itself.
+    const QString meldung = stand.meldung.isEmpty() ? m_stand.meldung : stand.meldung;
+    m_stand = stand;
+    m_stand.meldung = meldung;
+    m_hinweise = hinweise;
+    if (!stand.meldung.isEmpty())
+        m_hinweise << stand.meldung;
+    m_laeuft = false;
+    Q_EMIT geaendert();
+    Q_EMIT beendet();
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "lauf.h"
+
+#include <QObject>
+#include <memory>
+#include <thread>
+
+/**
+ * Runs the whole analysis of a profile's source folder as one job in the background and publishes its progress. All
+ * results are in the catalogue: a run can end at any document, the next one goes on where work is open.
+ *
+ * Lives on the main thread; its fields change there only.
+ */
+class Analyse : public QObject
+{
+    Q_OBJECT
+
+public:
+    Analyse(std::shared_ptr<Datenbank> db, Profil profil, QObject *parent = nullptr);
+    /** Ends a run at once: the document in hand stays open for the next one. */
+    ~Analyse() override;
+
+    /** Starts a run on the profile as set; ignored while one is active. Returns at once. */
+    void allesStarten();
+    /** Asks the run to stop after the document in hand. */
+    void abbrechen();
+    /** Ends the run at once, as the end of the program does. */
+    void sofortBeenden();
+    /** The profile of the next run. */
+    void profilSetzen(const Profil &profil) { m_profil = profil; }
+
+    [[nodiscard]] bool laeuft() const { return m_laeuft; }
+    [[nodiscard]] bool abbrechenGewuenscht() const;
+    [[nodiscard]] const QString &stufe() const { return m_stand.stufe; }
+    [[nodiscard]] const QString &meldung() const { return m_stand.meldung; }
+    [[nodiscard]] double anteil() const { return m_stand.anteil; }
+    [[nodiscard]] const QString &restzeit() const { return m_stand.restzeit; }
+    /** What the last run has to say beyond its results: what was left out, why it ended early. */
+    [[nodiscard]] const QStringList &hinweise() const { return m_hinweise; }
+
+Q_SIGNALS:
+    void geaendert();
+    /** A run has ended; laeuft() is false. */
+    void beendet();
+
+private:
+    struct Verbindung;
+    void standSetzen(const Laufstand &stand);
+    void schluss(const Laufstand &stand, const QStringList &hinweise);
+
+    std::shared_ptr<Datenbank> m_db;
+    Profil m_profil;
+    Laufstand m_stand;
+    QStringList m_hinweise;
+    bool m_laeuft = false;
+    std::shared_ptr<Verbindung> m_verbindung;
+    std::jthread m_faden;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "profil.h"
+
+#include <QSet>
+#include <functional>
+
+class Lauf;
+
+/** The first stage: which PDF files there are, and which of them are the same to the byte. */
+namespace Bestand
+{
+struct Fund {
+    QString pfad;   ///< full path, NFC
+    QString ordner; ///< relative to the source folder, NFC
+    qint64 groesse = 0;
+};
+
+/** What a walk through the source folder found, and what it had to leave out. */
+struct Ergebnis {
+    QList<Fund> funde; ///< ascending by path
+    qsizetype unlesbareNamen = 0;
+    qsizetype verweise = 0;
+    qsizetype doppelteNamen = 0; ///< the second of two names that differ only in NFC and NFD
+    qsizetype unlesbareOrdner = 0;
+};
+
+/**
+ * The PDF files of the profile's source folder, without hidden entries, links, what an exclusion covers, the
+ * duplicates folders, and the copies in @p eigene that the program has made itself. Stops early when @p halt turns
+ * true.
+ */
+[[nodiscard]] Ergebnis suchen(const Profil &profil, const QSet<QString> &eigene, const std::function<bool()> &halt);
+
+/** The stage. Throws Fehler when the source folder is not there or the catalogue cannot be written. */
+void aufnehmen(Lauf &lauf);
+} // namespace Bestand

@@ -1,0 +1,202 @@
+#include "einordner.h"
+
+#include "datenbank.h"
+#include "dokument.h"
+#include "lauf.h"
+#include "lernspeicher.h"
+#include "sprache.h"
+#include "stapel.h"
+#include "text.h"
+#include "werkzeuge.h"
+#include "ziel.h"
+
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+/** A checked answer with what the learning memory made of it. */
+struct Vorschlag {
+    Einordnungsergebnis ergebnis;
+    Ort modellOrt;
+    QString ortQuelle;
+    QString gelerntVon;
+};
+
+/** What stays the same for all documents of the stage. */
+struct Werkbank {
+    Lauf &lauf;
+    Ollama ollama;
+    QString anweisung;
+    Gegenpruefung gegenpruefung;
+    Rechnungsrichtung richtung;
+
+    explicit Werkbank(Lauf &l)
+        : lauf(l), anweisung(Einordnung::anweisung(l.profil())), gegenpruefung(l.profil()),
+          richtung(l.profil().eigeneAnschriften)
+    {
+    }
+};
+
+void gegenueberPruefen(const Werkbank &bank, Einordnungsergebnis &e, const QString &text)
+{
+    if (!bank.gegenpruefung.istEigen(e.gegenueber))
+        return;
+    e.gegenueber.clear();
+    try {
+        e.gegenueber =
+            nachfragen(bank.gegenpruefung, text, bank.lauf.profil(), bank.ollama, bank.lauf.ende()).value_or(QString());
+    } catch (const Werkzeuge::Abgebrochen &) {
+        throw;
+    } catch (const Fehler &) {
+        // The rest of the proposal stands; the review says that no counterpart was found.
+    }
+}
+
+void gelerntesAnwenden(Datenbank &db, Vorschlag &v)
+{
+    if (v.ergebnis.gegenueber.isEmpty())
+        return;
+    const Lernspeicher speicher(db);
+    if (const auto gleich = speicher.gleichwertig(v.ergebnis.gegenueber)) {
+        v.gelerntVon = Lernregeln::schluessel(v.ergebnis.gegenueber);
+        v.ergebnis.gegenueber = *gleich;
+    }
+    const auto eintrag = speicher.vorschlag(v.ergebnis.gegenueber);
+    if (!eintrag)
+        return;
+    if (Lernregeln::darfErsetzen(eintrag->anzeige, v.ergebnis.gegenueber))
+        v.ergebnis.gegenueber = eintrag->anzeige;
+    v.ergebnis.zweig = eintrag->zweig;
+    v.ergebnis.ablage = eintrag->ablage;
+    v.ergebnis.rubrik = eintrag->rubrik;
+    v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
+    v.gelerntVon = eintrag->schluessel;
+    v.ortQuelle = u"gelernt"_s;
+}
+
+QString ortQuelle(const Profil &profil, const QString &altOrdner, const Ort &ort)
+{
+    const Ort heute = profil.zerlegen(altOrdner);
+    return profil.kennt(heute) && heute != ort ? u"umsortierung"_s : u"modell"_s;
+}
+
+Vorschlag vorschlagen(const Werkbank &bank, const Zeile &zeile)
+{
+    const Profil &profil = bank.lauf.profil();
+    const QString text = zeile.text(u"text");
+    const QString dateiname = zeile.text(u"dateiname");
+    if (text.isEmpty())
+        throw Fehler(Sprache::text(u"kein Text"_s));
+    const QJsonObject antwort = bank.ollama.fragen(
+        profil.modell, Einordnung::frage(bank.anweisung, dateiname, text, profil.maxZeichen), 300s, bank.lauf.ende());
+    Vorschlag v;
+    v.ergebnis = Einordnung::auswerten(antwort, dateiname, profil);
+    if (const auto rubrik = bank.richtung.berichtigt(v.ergebnis.rubrik, text, profil)) {
+        v.ergebnis.rubrik = *rubrik;
+        v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensNachRegel);
+    }
+    gegenueberPruefen(bank, v.ergebnis, text);
+    v.modellOrt = v.ergebnis.ort();
+    gelerntesAnwenden(bank.lauf.db(), v);
+    if (v.ortQuelle.isEmpty())
+        v.ortQuelle = ortQuelle(profil, zeile.text(u"alt_ordner"), v.ergebnis.ort());
+    return v;
+}
+
+Dokument mitErgebnis(const Zeile &zeile, const Einordnungsergebnis &e)
+{
+    Dokument d = Dokument::aus(zeile);
+    d.datum = e.datum;
+    d.gegenueber = e.gegenueber;
+    d.titel = e.titel;
+    d.zweig = e.zweig;
+    d.ablage = e.ablage;
+    d.rubrik = e.rubrik;
+    d.jahr = e.jahr();
+    return d;
+}
+
+void speichern(const Werkbank &bank, const Zeile &zeile, const Vorschlag &v, const QString &dauer)
+{
+    const Einordnungsergebnis &e = v.ergebnis;
+    const QString name = Ziel::dateiname(mitErgebnis(zeile, e), bank.lauf.profil());
+    Stapel stapel(bank.lauf.db());
+    stapel.schreiben(u"UPDATE dokumente SET status='bereit', datum=?, gegenueber=?, titel=?, zweig=?,\n"
+                     "ablage=?, rubrik=?, jahr=?, konfidenz=?, vorschlag=?, zeit=?,\n"
+                     "modell_zweig=?, modell_ablage=?, modell_rubrik=?, ort_quelle=?,\n"
+                     "gelernt_von=? WHERE id=? AND status='neu'"_s,
+                     {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, name, dauer,
+                      v.modellOrt.zweig, v.modellOrt.ablage, v.modellOrt.rubrik, v.ortQuelle, v.gelerntVon,
+                      zeile.ganz(u"id")});
+    stapel.abschliessen();
+}
+
+/** The reason for a failure: why the document could not be read if that was it, else what the attempt ran into. */
+QString grund(const Zeile &zeile, const Fehler &f)
+{
+    const QString lesen = Sprache::text(u"Lesen nicht möglich"_s) + u": "_s;
+    const QString bisher = zeile.text(u"fehler");
+    return bisher.startsWith(lesen) ? bisher.mid(lesen.size()) : f.text();
+}
+
+void scheitern(const Werkbank &bank, const Zeile &zeile, const Fehler &f, const QString &dauer)
+{
+    Stapel stapel(bank.lauf.db());
+    stapel.schreiben(u"UPDATE dokumente SET status='bereit', konfidenz=0, vorschlag=?, fehler=?, zeit=?\n"
+                     "WHERE id=? AND status='neu'"_s,
+                     {zeile.text(u"dateiname"),
+                      Sprache::text(u"Einordnung nicht möglich"_s) + u": "_s + grund(zeile, f), dauer,
+                      zeile.ganz(u"id")});
+    stapel.abschliessen();
+}
+
+void einesEinordnen(const Werkbank &bank, const Zeile &zeile)
+{
+    QElapsedTimer uhr;
+    uhr.start();
+    const auto dauer = [&uhr] { return QString::number(double(uhr.elapsed()) / 1000, 'f', 1); };
+    Vorschlag vorschlag;
+    try {
+        vorschlag = vorschlagen(bank, zeile);
+    } catch (const Werkzeuge::Abgebrochen &) {
+        throw;
+    } catch (const Fehler &f) {
+        scheitern(bank, zeile, f, dauer());
+        return;
+    }
+    speichern(bank, zeile, vorschlag, dauer());
+}
+} // namespace
+
+std::optional<QString> nachfragen(const Gegenpruefung &pruefung, const QString &text, const Profil &profil,
+                                  const Ollama &ollama, const std::stop_token &ende)
+{
+    const QJsonObject antwort = ollama.fragen(profil.modell, Gegenpruefung::frage(text, profil), 300s, ende);
+    const QString name = nfc(antwort.value("gegenueber"_L1).toString()).trimmed();
+    return name.isEmpty() || pruefung.istEigen(name) ? std::nullopt : std::optional(name);
+}
+
+void Einordner::einordnen(Lauf &lauf)
+{
+    lauf.stufe(Sprache::text(u"Dokumente einordnen"_s));
+    const QList<Zeile> offene = lauf.db().abfragen(
+        u"SELECT id FROM dokumente WHERE status='neu' AND vorschlag IS NULL AND ausgenommen=0 ORDER BY id"_s);
+    const Werkbank bank(lauf);
+    for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
+        const QList<Zeile> zeilen = lauf.db().abfragen(
+            u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id WHERE d.id=?"_s,
+            {offene.at(i).ganz(u"id")});
+        try {
+            if (!zeilen.isEmpty())
+                einesEinordnen(bank, zeilen.first());
+        } catch (const Werkzeuge::Abgebrochen &) {
+            return; // the program ends; the document in hand stays open
+        }
+        lauf.fortschritt(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(offene.size()) +
+                             Sprache::text(u" eingeordnet"_s),
+                         i + 1, offene.size());
+    }
+}

@@ -1,0 +1,129 @@
+#include "einordnung.h"
+
+#include "text.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/** Without a date or a known rubric the model cannot have been sure. */
+constexpr double hoechstensUnvollstaendig = 0.4;
+
+QString zweignamen(const Profil &profil)
+{
+    QStringList namen;
+    for (const Zweig &zweig : profil.zweige)
+        namen << zweig.name;
+    return namen.join(u", "_s);
+}
+
+QString ablagenamen(const Profil &profil)
+{
+    QStringList namen;
+    for (const Zweig &zweig : profil.zweige) {
+        for (const Ablageart &art : zweig.ablagen)
+            namen << art.name;
+    }
+    namen.removeDuplicates();
+    return namen.join(u", "_s);
+}
+
+QString rubrikenliste(const Profil &profil)
+{
+    QString liste;
+    for (const Zweig &zweig : profil.zweige) {
+        for (const Ablageart &art : zweig.ablagen)
+            liste += zweig.name + u" / "_s + art.name + u": "_s + art.rubriken.join(u", "_s) + u"\n"_s;
+    }
+    return liste;
+}
+
+QString textAus(const QJsonObject &antwort, const QString &schluessel)
+{
+    return nfc(antwort.value(schluessel).toString()).trimmed();
+}
+
+void ortPruefen(Einordnungsergebnis &e, const QJsonObject &antwort, const Profil &profil)
+{
+    const Zweig *zweig = profil.zweig(textAus(antwort, u"zweig"_s));
+    if (!zweig)
+        return;
+    e.zweig = zweig->name;
+    const Ablageart *art = profil.ablageart(zweig->name, textAus(antwort, u"ablage"_s));
+    if (!art)
+        return;
+    e.ablage = art->name;
+    const QString rubrik = textAus(antwort, u"rubrik"_s);
+    if (art->rubriken.contains(rubrik))
+        e.rubrik = rubrik;
+}
+} // namespace
+
+QString Einordnung::anweisung(const Profil &profil)
+{
+    QString text = u"Du bist Archivar einer deutschen Dokumentenablage.\n"_s;
+    if (!profil.eigentuemer.isEmpty())
+        text += u"Eigentuemer: "_s + profil.eigentuemer;
+    text += u"\n\nDu bekommst den Text eines eingescannten Dokuments. Entscheide allein aus dem Inhalt.\n"
+            "Der bisherige Dateiname kann ein Datum enthalten, ist sonst aber unzuverlaessig.\n\n"
+            "Liefere:\n"
+            "- datum: das Datum AUF dem Dokument, Format JJJJ-MM-TT. Kein Scandatum. Unbekannt heisst leer.\n"
+            "- gegenueber: Name der ANDEREN Seite, also Absender oder Empfaenger. Ausgeschrieben mit\n"
+            "  Leerzeichen, ohne Rechtsform. Beispiele: Finanzamt Meissen, GLS Bank, Telekom Deutschland.\n"
+            "  Bei eigenen Ausgangsrechnungen ist das Gegenueber der Kunde.\n"
+            "  WICHTIG: Das Gegenueber ist NIEMALS der Eigentuemer selbst"_s;
+    if (const QStringList eigene = profil.eigenkennungen(); !eigene.isEmpty())
+        text += u", also nicht "_s + eigene.join(u", "_s);
+    text += u".\n  Steht der Eigentuemer als Absender, nimm den Empfaenger. Steht er als Empfaenger,\n"
+            "  nimm den Absender. Gibt es keine andere Seite, lass das Feld leer.\n"
+            "- titel: worum es konkret geht, kurz und sachlich. Er muss dieses Dokument von allen\n"
+            "  anderen desselben Absenders unterscheidbar machen. Nenne Rechnungsnummer, Vertragsnummer,\n"
+            "  Zeitraum oder Gegenstand. Keine Wiederholung des Gegenuebers, kein Datum im Titel.\n"
+            "- zweig: einer von "_s;
+    text += zweignamen(profil) + u".\n- ablage: eine von "_s + ablagenamen(profil);
+    text += u".\n- rubrik: exakt ein Eintrag aus der Liste des gewaehlten Zweigs und der gewaehlten Ablage.\n"
+            "- konfidenz: Zahl zwischen 0 und 1.\n\nRubriken:\n"_s;
+    text += rubrikenliste(profil);
+    return text + u"\nAntworte ausschliesslich mit einem JSON-Objekt mit den Schluesseln\n"
+                  "datum, gegenueber, titel, zweig, ablage, rubrik, konfidenz."_s;
+}
+
+QString Einordnung::frage(const QString &anweisung, const QString &dateiname, const QString &text, int maxZeichen)
+{
+    return anweisung + u"\n\nBisheriger Dateiname: "_s + dateiname + u"\n\nDokumenttext:\n\"\"\"\n"_s +
+           ersteZeichen(text, maxZeichen) + u"\n\"\"\""_s;
+}
+
+Einordnungsergebnis Einordnung::auswerten(const QJsonObject &antwort, const QString &altName, const Profil &profil)
+{
+    Einordnungsergebnis e;
+    e.gegenueber = textAus(antwort, u"gegenueber"_s);
+    e.titel = textAus(antwort, u"titel"_s);
+    e.datum = textAus(antwort, u"datum"_s);
+    if (!istDatum(e.datum))
+        e.datum = datumAusName(altName);
+    ortPruefen(e, antwort, profil);
+    e.konfidenz = antwort.value("konfidenz"_L1).toDouble(0);
+    if (e.datum.isEmpty() || e.rubrik.isEmpty())
+        e.konfidenz = std::min(e.konfidenz, hoechstensUnvollstaendig);
+    e.konfidenz = std::clamp(e.konfidenz, 0.0, 1.0);
+    return e;
+}
+
+bool Einordnung::istDatum(const QString &text)
+{
+    static const QRegularExpression form(u"^\\d{4}-\\d{2}-\\d{2}\\z"_s);
+    return form.match(text).hasMatch();
+}
+
+QString Einordnung::datumAusName(const QString &name)
+{
+    static const QRegularExpression muster(u"((?:20|19)\\d{2})[-_. ]?(\\d{2})[-_. ]?(\\d{2})"_s);
+    const QRegularExpressionMatch treffer = muster.match(name);
+    if (!treffer.hasMatch())
+        return {};
+    return treffer.captured(1) + u'-' + treffer.captured(2) + u'-' + treffer.captured(3);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "profil.h"
+
+#include <QJsonObject>
+
+/** One checked classification. Texts are trimmed; the place holds only levels that the profile knows. */
+struct Einordnungsergebnis {
+    QString datum; ///< JJJJ-MM-TT or empty
+    QString gegenueber;
+    QString titel;
+    QString zweig;
+    QString ablage;
+    QString rubrik;
+    double konfidenz = 0; ///< 0 to 1
+
+    [[nodiscard]] Ort ort() const { return {.zweig = zweig, .ablage = ablage, .rubrik = rubrik}; }
+    /** First four characters of the date. */
+    [[nodiscard]] QString jahr() const { return datum.left(4); }
+    bool operator==(const Einordnungsergebnis &) const = default;
+};
+
+/** The rules of classification that need neither model nor catalogue. */
+namespace Einordnung
+{
+/** Instruction text for the model: owner, fields, and the whole filing structure. */
+[[nodiscard]] QString anweisung(const Profil &profil);
+
+/** The whole question: instruction, file name and the first @p maxZeichen characters of the text. */
+[[nodiscard]] QString frage(const QString &anweisung, const QString &dateiname, const QString &text, int maxZeichen);
+
+/** Checks the model's answer against form and structure; @p altName is the document's present file name. */
+[[nodiscard]] Einordnungsergebnis auswerten(const QJsonObject &antwort, const QString &altName, const Profil &profil);
+
+/** Has the form of a date, JJJJ-MM-TT; not checked against the calendar. */
+[[nodiscard]] bool istDatum(const QString &text);
+
+/** The first date of the 20th or 21st century in a file name, as JJJJ-MM-TT; empty if there is none. */
+[[nodiscard]] QString datumAusName(const QString &name);
+} // namespace Einordnung

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "profil.h"
+
+#include <QString>
+#include <QStringList>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <stop_token>
+
+class Datenbank;
+
+/** What a run publishes about itself. */
+struct Laufstand {
+    QString stufe;
+    QString meldung;
+    QString restzeit;
+    double anteil = 0; ///< of the current stage, 0 to 1
+    bool operator==(const Laufstand &) const = default;
+};
+
+/**
+ * What the stages of one run share: catalogue, profile as it stood at the start, the two ways to end, and the channel
+ * to whoever watches. Belongs to the run's own thread.
+ */
+class Lauf
+{
+public:
+    using Melden = std::function<void(const Laufstand &)>;
+
+    Lauf(std::shared_ptr<Datenbank> db, Profil profil, std::function<bool()> halt, std::stop_token ende, Melden melden);
+
+    [[nodiscard]] Datenbank &db() const { return *m_db; }
+    [[nodiscard]] const Profil &profil() const { return m_profil; }
+
+    /** Asked between two documents: the user wishes to stop, or the program ends. */
+    [[nodiscard]] bool sollHalten() const { return m_ende.stop_requested() || m_halt(); }
+    /** The program ends: also the document in hand is given up, and stays open for the next run. */
+    [[nodiscard]] const std::stop_token &ende() const { return m_ende; }
+
+    void stufe(const QString &name);
+    void meldung(const QString &text);
+    /** Publishes @p text and how far the stage is. */
+    void fortschritt(const QString &text, qsizetype fertig, qsizetype gesamt);
+    /** Something that the user should know when the run is over, such as entries that were left out. */
+    void hinweis(const QString &text) { m_hinweise << text; }
+    [[nodiscard]] const QStringList &hinweise() const { return m_hinweise; }
+
+private:
+    std::shared_ptr<Datenbank> m_db;
+    Profil m_profil;
+    std::function<bool()> m_halt;
+    std::stop_token m_ende;
+    Melden m_melden;
+    Laufstand m_stand;
+    QStringList m_hinweise;
+    std::chrono::steady_clock::time_point m_beginn;
+};

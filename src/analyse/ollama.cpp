@@ -1,0 +1,204 @@
+#include "ollama.h"
+
+#include "fehler.h"
+#include "http.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <QHostAddress>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr qsizetype hoechstensZeile = 4 * 1024 * 1024;
+
+Http::Anfrage anfrage(const Ollama::Basis &basis, const QByteArray &pfad, std::chrono::milliseconds zeitgrenze,
+                      const std::stop_token &ende)
+{
+    Http::Anfrage a;
+    a.rechner = basis.rechner;
+    a.port = basis.port;
+    a.pfad = basis.pfad + pfad;
+    a.zeitgrenze = zeitgrenze;
+    a.ende = ende;
+    return a;
+}
+
+QByteArray json(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson(QJsonDocument::Compact); }
+
+/** A model that the server only passes on to another computer. */
+void nurAufDiesemRechner(const QString &modell)
+{
+    if (modell.endsWith("-cloud"_L1) || modell.endsWith(":cloud"_L1))
+        throw Fehler(gefuellt(Sprache::text(u"Das Modell %@ rechnet nicht auf diesem Rechner und wird nicht benutzt"_s),
+                              {modell}));
+}
+
+/** Cuts a stream into lines; a line may come in pieces and end inside a character. */
+class Zeilenleser
+{
+public:
+    explicit Zeilenleser(std::function<void(const QByteArray &)> zeile) : m_zeile(std::move(zeile)) {}
+    void dazu(QByteArrayView bytes)
+    {
+        m_rest += bytes;
+        qsizetype von = 0;
+        for (qsizetype bis = m_rest.indexOf('\n'); bis >= 0; bis = m_rest.indexOf('\n', von)) {
+            m_zeile(m_rest.mid(von, bis - von));
+            von = bis + 1;
+        }
+        m_rest.remove(0, von);
+        if (m_rest.size() > hoechstensZeile)
+            throw Fehler(Sprache::text(u"Die Antwort des Modellservers ist zu lang"_s));
+    }
+    void schluss()
+    {
+        if (!m_rest.isEmpty())
+            m_zeile(m_rest);
+    }
+
+private:
+    std::function<void(const QByteArray &)> m_zeile;
+    QByteArray m_rest;
+};
+
+QString ohneNachdenken(const QString &antwort)
+{
+    const qsizetype auf = antwort.indexOf("<think>"_L1);
+    const qsizetype zu = auf < 0 ? -1 : antwort.indexOf("</think>"_L1, auf);
+    return zu < 0 ? antwort : antwort.first(auf) + antwort.mid(zu + 8);
+}
+} // namespace
+
+Ollama::Ollama() : m_basis(basisAus(qEnvironmentVariable("OLLAMA_HOST"))) {}
+
+Ollama::Basis Ollama::basisAus(const QString &einstellung, bool *fremd)
+{
+    QString text = einstellung.trimmed();
+    if (!text.contains("://"_L1))
+        text.prepend("http://"_L1);
+    const QUrl url(text);
+    QString rechner = url.host();
+    if (rechner.isEmpty() || rechner == u"0.0.0.0"_s || rechner.compare("localhost"_L1, Qt::CaseInsensitive) == 0)
+        rechner = u"127.0.0.1"_s;
+    else if (rechner == u"::"_s)
+        rechner = u"::1"_s;
+    const bool brauchbar =
+        einstellung.trimmed().isEmpty() || (url.scheme() == u"http"_s && QHostAddress(rechner).isLoopback());
+    if (fremd)
+        *fremd = !brauchbar;
+    if (!brauchbar)
+        return {};
+    QByteArray pfad = url.path(QUrl::FullyEncoded).toLatin1();
+    while (pfad.endsWith('/'))
+        pfad.chop(1);
+    return {.rechner = rechner, .port = quint16(url.port(11434)), .pfad = pfad};
+}
+
+bool Ollama::umgebungNenntFremdenRechner()
+{
+    bool fremd = false;
+    Q_UNUSED(basisAus(qEnvironmentVariable("OLLAMA_HOST"), &fremd));
+    return fremd;
+}
+
+bool Ollama::erreichbar(const std::stop_token &ende) const
+{
+    try {
+        Http::senden(anfrage(m_basis, "/api/version", 4s, ende));
+        return true;
+    } catch (const Fehler &) {
+        return false; // not running is a state that the caller words
+    }
+}
+
+QStringList Ollama::modelle(const std::stop_token &ende) const
+{
+    try {
+        const Http::Antwort antwort = Http::senden(anfrage(m_basis, "/api/tags", 10s, ende));
+        const QJsonValue liste = QJsonDocument::fromJson(antwort.koerper).object().value("models"_L1);
+        QStringList namen;
+        for (const QJsonValue &modell : liste.toArray()) {
+            if (!modell.toObject().value("name"_L1).isString())
+                return {};
+            namen << modell.toObject().value("name"_L1).toString();
+        }
+        return namen;
+    } catch (const Fehler &) {
+        return {}; // as above
+    }
+}
+
+QString Ollama::fortschritt(const QByteArray &zeile, QString &fehler)
+{
+    const QJsonObject objekt = QJsonDocument::fromJson(zeile).object();
+    if (objekt.value("error"_L1).isString())
+        fehler = objekt.value("error"_L1).toString();
+    if (!objekt.value("status"_L1).isString())
+        return {};
+    const QString status = objekt.value("status"_L1).toString();
+    const QJsonValue gesamt = objekt.value("total"_L1);
+    const QJsonValue fertig = objekt.value("completed"_L1);
+    if (!gesamt.isDouble() || !fertig.isDouble() || gesamt.toDouble() <= 0)
+        return status;
+    return status + u' ' + QString::number(qint64(fertig.toDouble() / gesamt.toDouble() * 100)) +
+           Sprache::text(u" Prozent"_s);
+}
+
+QString Ollama::laden(const QString &modell, const std::function<void(const QString &)> &meldung,
+                      const std::stop_token &ende) const
+{
+    nurAufDiesemRechner(modell);
+    QString fehler;
+    Zeilenleser zeilen([&](const QByteArray &zeile) {
+        if (const QString text = fortschritt(zeile, fehler); !text.isEmpty())
+            meldung(text);
+    });
+    Http::Anfrage a = anfrage(m_basis, "/api/pull", 3600s, ende);
+    a.methode = "POST";
+    a.koerper = json({{u"model"_s, modell}, {u"stream"_s, true}});
+    a.grenzeGiltStille = true;
+    a.stueck = [&](QByteArrayView bytes) { zeilen.dazu(bytes); };
+    Http::senden(a);
+    zeilen.schluss();
+    return fehler;
+}
+
+QJsonObject Ollama::fragen(const QString &modell, const QString &prompt, std::chrono::milliseconds zeitgrenze,
+                           const std::stop_token &ende) const
+{
+    nurAufDiesemRechner(modell);
+    Http::Anfrage a = anfrage(m_basis, "/api/generate", zeitgrenze, ende);
+    a.methode = "POST";
+    a.koerper = json({{u"model"_s, modell},
+                      {u"prompt"_s, prompt},
+                      {u"stream"_s, false},
+                      {u"format"_s, u"json"_s},
+                      {u"think"_s, false},
+                      {u"options"_s, QJsonObject{{u"temperature"_s, 0}, {u"num_ctx"_s, 8192}}}});
+    const QJsonObject antwort = QJsonDocument::fromJson(Http::senden(a).koerper).object();
+    if (antwort.value("response"_L1).isString())
+        return objektAus(antwort.value("response"_L1).toString());
+    // The status is not looked at: an unknown model, say, is told by the body.
+    if (const QString fehler = antwort.value("error"_L1).toString(); !fehler.isEmpty())
+        throw Fehler(ersteZeichen(fehler.simplified(), 200));
+    throw Fehler(Sprache::text(u"Antwort des Modells nicht lesbar"_s));
+}
+
+QJsonObject Ollama::objektAus(const QString &antwort)
+{
+    const QString text = ohneNachdenken(antwort);
+    const qsizetype auf = text.indexOf(u'{');
+    const qsizetype zu = text.lastIndexOf(u'}');
+    if (auf >= 0 && zu > auf) {
+        const QJsonDocument dokument = QJsonDocument::fromJson(text.mid(auf, zu - auf + 1).toUtf8());
+        if (dokument.isObject())
+            return dokument.object();
+    }
+    throw Fehler(Sprache::text(u"Antwort des Modells nicht lesbar"_s));
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+#include <chrono>
+#include <functional>
+#include <stop_token>
+
+/**
+ * Client of the ollama model server on this computer. A small value without state of its own; may be used from any
+ * thread. Every call blocks: not for the main thread.
+ */
+class Ollama
+{
+public:
+    /** Where the server is reached: always a loopback address. */
+    struct Basis {
+        QString rechner = QStringLiteral("127.0.0.1");
+        quint16 port = 11434;
+        QByteArray pfad; ///< prefix of every path, without "/" at its end
+        bool operator==(const Basis &) const = default;
+    };
+
+    /** The server that $OLLAMA_HOST names if it is on this computer, else 127.0.0.1:11434. */
+    Ollama();
+    explicit Ollama(Basis basis) : m_basis(std::move(basis)) {}
+
+    /** Reads a setting of the form of OLLAMA_HOST; @p fremd becomes true when it names another computer. */
+    [[nodiscard]] static Basis basisAus(const QString &einstellung, bool *fremd = nullptr);
+    /** The setting in the environment names another computer and is passed over. */
+    [[nodiscard]] static bool umgebungNenntFremdenRechner();
+
+    /** A server answers, whatever it says. */
+    [[nodiscard]] bool erreichbar(const std::stop_token &ende = {}) const;
+    /** Names of the installed models in the server's order; empty on any failure. */
+    [[nodiscard]] QStringList modelle(const std::stop_token &ende = {}) const;
+
+    /**
+     * Has the server fetch a model. @p meldung is called on the calling thread with each progress text. Returns the
+     * last error that the server named, empty if none. Throws Fehler when the transfer fails or is silent for an hour.
+     */
+    QString laden(const QString &modell, const std::function<void(const QString &)> &meldung,
+                  const std::stop_token &ende = {}) const;
+
+    /**
+     * The model's answer to @p prompt as a JSON object. @p zeitgrenze limits the whole request. Throws Fehler when the
+     * transfer fails, or with "Antwort des Modells nicht lesbar", or with the server's own error.
+     */
+    [[nodiscard]] QJsonObject fragen(const QString &modell, const QString &prompt, std::chrono::milliseconds zeitgrenze,
+                                     const std::stop_token &ende = {}) const;
+
+    /** Progress text of one line of a pull, empty for a line without a status; its error goes to @p fehler. */
+    [[nodiscard]] static QString fortschritt(const QByteArray &zeile, QString &fehler);
+    /** The object that a model's answer holds, freed of thinking, prose and fences. Throws Fehler. */
+    [[nodiscard]] static QJsonObject objektAus(const QString &antwort);
+
+private:
+    Basis m_basis;
+};

@@ -1,0 +1,80 @@
+#include "pruefsummen.h"
+
+#include "pfade.h"
+#include "sha256.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr int faeden = 2;
+
+/** Takes results from the workers and hands them to the caller. */
+class Sammelstelle
+{
+public:
+    void abgeben(Pruefsummen::Ergebnis ergebnis)
+    {
+        const std::lock_guard sperre(m_schloss);
+        m_fertig << std::move(ergebnis);
+        m_neu.notify_one();
+    }
+
+    void abmelden()
+    {
+        const std::lock_guard sperre(m_schloss);
+        ++m_abgemeldet;
+        m_neu.notify_one();
+    }
+
+    /** What has come meanwhile; empty when all workers are gone. Collects for a moment, so that writes can be grouped.
+     */
+    [[nodiscard]] QList<Pruefsummen::Ergebnis> abholen()
+    {
+        std::unique_lock sperre(m_schloss);
+        m_neu.wait(sperre, [this] { return !m_fertig.isEmpty() || m_abgemeldet == faeden; });
+        m_neu.wait_for(sperre, 50ms, [this] { return m_abgemeldet == faeden; });
+        return std::exchange(m_fertig, {});
+    }
+
+private:
+    std::mutex m_schloss;
+    std::condition_variable m_neu;
+    QList<Pruefsummen::Ergebnis> m_fertig;
+    int m_abgemeldet = 0;
+};
+} // namespace
+
+void Pruefsummen::berechnen(const QList<Datei> &dateien, const std::function<bool()> &halt,
+                            const std::function<void(const QList<Ergebnis> &)> &fertig)
+{
+    Sammelstelle stelle;
+    std::atomic<qsizetype> naechste = 0;
+    std::atomic<bool> aus = false;
+    const auto sollHalten = [&] { return aus.load(std::memory_order_relaxed) || halt(); };
+    const auto arbeiten = [&] {
+        for (qsizetype i = naechste++; i < dateien.size() && !sollHalten(); i = naechste++) {
+            const QString summe = sha256Datei(aufDerPlatte(dateien.at(i).pfad), sollHalten);
+            if (!sollHalten())
+                stelle.abgeben({.id = dateien.at(i).id, .sha256 = summe});
+        }
+        stelle.abmelden();
+    };
+    std::vector<std::jthread> arbeiter;
+    // Lets the workers go when delivery throws; the threads are joined after it, in reverse order of declaration.
+    struct Ausschalter {
+        std::atomic<bool> &aus;
+        ~Ausschalter() { aus = true; }
+    };
+    for (int i = 0; i < faeden; ++i)
+        arbeiter.emplace_back(arbeiten);
+    const Ausschalter ausschalter{aus};
+    for (QList<Ergebnis> neue = stelle.abholen(); !neue.isEmpty(); neue = stelle.abholen())
+        fertig(neue);
+}

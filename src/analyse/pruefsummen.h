@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <functional>
+
+/** Digests of many files, two threads at a time. */
+namespace Pruefsummen
+{
+struct Datei {
+    qint64 id = 0;
+    QString pfad;
+};
+struct Ergebnis {
+    qint64 id = 0;
+    QString sha256; ///< 64 hexadecimal characters; null when the file could not be read
+};
+
+/**
+ * Calls @p fertig on the calling thread with the results as they come, some at a time, until all files are done or
+ * @p halt (called from several threads) turns true.
+ */
+void berechnen(const QList<Datei> &dateien, const std::function<bool()> &halt,
+               const std::function<void(const QList<Ergebnis> &)> &fertig);
+} // namespace Pruefsummen

@@ -1,0 +1,22 @@
+#include "restzeit.h"
+
+#include "sprache.h"
+#include "text.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+QString restzeitText(std::chrono::duration<double> vergangen, qsizetype fertig, qsizetype gesamt)
+{
+    if (fertig < 1 || gesamt <= fertig)
+        return {};
+    const double rest = vergangen.count() / double(fertig) * double(gesamt - fertig);
+    if (rest < 90)
+        return gefuellt(Sprache::text(u"noch rund %@ Sekunden"_s), {QString::number(qint64(rest))});
+    if (rest < 5400)
+        return gefuellt(Sprache::text(u"noch rund %@ Minuten"_s), {QString::number(qint64(rest / 60))});
+    QLocale gebiet;
+    gebiet.setNumberOptions(QLocale::OmitGroupSeparator);
+    return Sprache::text(u"noch rund %.1f Stunden"_s).replace("%.1f"_L1, gebiet.toString(rest / 3600, 'f', 1));
+}

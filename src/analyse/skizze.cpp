@@ -1,0 +1,111 @@
+#include "skizze.h"
+
+#include "sha256.h"
+#include "text.h"
+
+#include <QtEndian>
+#include <algorithm>
+#include <charconv>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qsizetype worteJeRun = 5;
+constexpr qsizetype kuerzesterSchluessel = 80;
+constexpr qsizetype laengsterSchluessel = 1500;
+
+bool gehoertZumVorigen(char32_t c) { return QChar::isMark(c) || c == 0x200C || c == 0x200D; }
+
+/** The words of @p text joined with single blanks. */
+QString worteVon(const QString &text)
+{
+    const QString vorlage = nfc(text.toLower());
+    QString ergebnis;
+    ergebnis.reserve(vorlage.size());
+    bool imWort = false;
+    for (qsizetype i = 0; i < vorlage.size(); ++i) {
+        const bool paar = vorlage.at(i).isHighSurrogate() && i + 1 < vorlage.size();
+        const char32_t c = paar ? QChar::surrogateToUcs4(vorlage.at(i), vorlage.at(i + 1)) : vorlage.at(i).unicode();
+        const bool bleibt = QChar::isLetterOrNumber(c) || (imWort && gehoertZumVorigen(c));
+        if (bleibt && !imWort && !ergebnis.isEmpty())
+            ergebnis += u' ';
+        if (bleibt)
+            ergebnis += QStringView(vorlage).mid(i, paar ? 2 : 1);
+        imWort = bleibt;
+        i += paar ? 1 : 0;
+    }
+    return ergebnis;
+}
+
+/** Positions in @p worte at which a word begins, and one behind the blank that would follow the last. */
+QList<qsizetype> anfaenge(const QByteArray &worte)
+{
+    QList<qsizetype> stellen = {0};
+    for (qsizetype i = 0; i < worte.size(); ++i) {
+        if (worte.at(i) == ' ')
+            stellen << i + 1;
+    }
+    stellen << worte.size() + 1;
+    return stellen;
+}
+} // namespace
+
+Skizze::Skizze(const QString &text) : m_worte(worteVon(text)) {}
+
+QStringList Skizze::normalisiert(const QString &text) { return worteVon(text).split(u' ', Qt::SkipEmptyParts); }
+
+QString Skizze::textHash() const
+{
+    QString schluessel = m_worte;
+    schluessel = ersteZeichen(schluessel.remove(u' '), laengsterSchluessel);
+    if (zeichenAnzahl(schluessel) < kuerzesterSchluessel)
+        return QString(u""_s);
+    return Sha256::hex(Sha256().von(schluessel.toUtf8()));
+}
+
+QList<quint64> Skizze::werte(qsizetype k) const
+{
+    const QByteArray bytes = m_worte.toUtf8();
+    const QList<qsizetype> worte = bytes.isEmpty() ? QList<qsizetype>() : anfaenge(bytes);
+    QList<quint64> werte;
+    Sha256 digest;
+    for (qsizetype i = 0; i + worteJeRun < worte.size(); ++i) {
+        const qsizetype laenge = worte.at(i + worteJeRun) - 1 - worte.at(i);
+        const Sha256::Wert wert = digest.von(QByteArrayView(bytes).sliced(worte.at(i), laenge));
+        werte << qFromBigEndian<quint64>(wert.data());
+    }
+    std::sort(werte.begin(), werte.end());
+    werte.erase(std::unique(werte.begin(), werte.end()), werte.end());
+    werte.resize(std::min(werte.size(), k));
+    return werte;
+}
+
+QString Skizze::json(const QList<quint64> &werte)
+{
+    QString text = u"["_s;
+    for (const quint64 wert : werte)
+        text += QString::number(qint64(wert)) + u',';
+    if (!werte.isEmpty())
+        text.chop(1);
+    return text + u']';
+}
+
+std::optional<QList<quint64>> Skizze::ausJson(const QString &json)
+{
+    const QByteArray bytes = json.simplified().remove(u' ').toLatin1();
+    if (bytes.size() < 2 || bytes.front() != '[' || bytes.back() != ']')
+        return std::nullopt;
+    QList<quint64> werte;
+    const char *stelle = bytes.constData() + 1;
+    const char *const ende = bytes.constData() + bytes.size() - 1;
+    while (stelle < ende) {
+        qint64 wert = 0;
+        const auto [danach, fehler] = std::from_chars(stelle, ende, wert);
+        if (fehler != std::errc() || (danach < ende && *danach != ',') || danach + 1 == ende)
+            return std::nullopt;
+        werte << quint64(wert);
+        stelle = danach + 1;
+    }
+    return werte;
+}

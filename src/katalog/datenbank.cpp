@@ -1,0 +1,282 @@
+#include "datenbank.h"
+
+#include "pfade.h"
+#include "schema.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+#include <chrono>
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr auto geduld = 60s;
+constexpr auto scheibe = 50ms;
+constexpr unsigned long mindestPlatz = 256UL * 1024;
+constexpr qsizetype hoechstensBereit = 200;
+
+int binden(sqlite3_stmt *a, int stelle, const QVariant &wert)
+{
+    switch (wert.typeId()) {
+    case QMetaType::QString: {
+        const QByteArray bytes = wert.toString().toUtf8();
+        return sqlite3_bind_text(a, stelle, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
+    }
+    case QMetaType::Bool:
+        return sqlite3_bind_int64(a, stelle, wert.toBool() ? 1 : 0);
+    case QMetaType::Short:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+        return sqlite3_bind_int64(a, stelle, wert.toLongLong());
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return sqlite3_bind_double(a, stelle, wert.toDouble());
+    default:
+        return sqlite3_bind_null(a, stelle);
+    }
+}
+
+Wert gelesen(sqlite3_stmt *a, int spalte)
+{
+    switch (sqlite3_column_type(a, spalte)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return qint64(sqlite3_column_int64(a, spalte));
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(a, spalte);
+    default: {
+        const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(a, spalte));
+        return QString::fromUtf8(text, sqlite3_column_bytes(a, spalte));
+    }
+    }
+}
+
+Zeile::Spalten spaltenVon(sqlite3_stmt *a)
+{
+    QStringList namen;
+    for (int i = 0; i < sqlite3_column_count(a); ++i)
+        namen << QString::fromUtf8(sqlite3_column_name(a, i));
+    return std::make_shared<const QStringList>(std::move(namen));
+}
+
+Zeile zeileVon(sqlite3_stmt *a, const Zeile::Spalten &spalten)
+{
+    QList<Wert> werte;
+    werte.reserve(spalten->size());
+    for (int i = 0; i < spalten->size(); ++i)
+        werte << gelesen(a, i);
+    return {spalten, std::move(werte)};
+}
+
+bool istBelegt(int code) { return (code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED; }
+
+/** Private letters: the file is made for the user alone, and one made otherwise is closed to others. */
+void nurFuerDenBesitzer(const QString &pfad)
+{
+    const QByteArray bytes = QFile::encodeName(pfad);
+    const int griff = ::open(bytes.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (griff < 0)
+        return;
+    // Ignored where it fails: another owner, or a file system without modes.
+    [[maybe_unused]] const int egal = ::fchmod(griff, 0600);
+    ::close(griff);
+}
+} // namespace
+
+void Datenbank::Schliesser::operator()(sqlite3 *griff) const noexcept { sqlite3_close_v2(griff); }
+
+void Datenbank::Finalisierer::operator()(sqlite3_stmt *anweisung) const noexcept { sqlite3_finalize(anweisung); }
+
+Datenbank::Datenbank(const QString &pfad) : m_pfad(pfad)
+{
+    const QString ordner = QFileInfo(pfad).absolutePath();
+    if (!QDir().mkpath(ordner))
+        throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {ordner}));
+    nurFuerDenBesitzer(pfad);
+    if (!griffOeffnen({}) && !zumLesenOeffnen())
+        throw Fehler(Sprache::text(u"Datenbank lässt sich nicht öffnen: "_s) + pfad);
+    if (!m_nurLesen)
+        einrichten();
+}
+
+Datenbank::~Datenbank() { m_bereit.clear(); }
+
+/** Opens and looks whether the file is a catalogue; an empty file counts as one. */
+bool Datenbank::griffOeffnen(const QString &zusatz)
+{
+    sqlite3 *griff = nullptr;
+    const QByteArray ort =
+        zusatz.isEmpty() ? m_pfad.toUtf8() : QUrl::fromLocalFile(m_pfad).toEncoded() + zusatz.toLatin1();
+    const int code =
+        sqlite3_open_v2(ort.constData(), &griff, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI, nullptr);
+    m_bereit.clear();
+    m_griff.reset(griff);
+    if (code != SQLITE_OK)
+        return false;
+    // Before the first statement, so that two programs may open a new catalogue at once.
+    sqlite3_busy_timeout(griff, int(std::chrono::milliseconds(geduld).count()));
+    const Anweisung schema =
+        vorbereiten(u"SELECT COUNT(*), COUNT(*) FILTER (WHERE name='dokumente') FROM sqlite_master"_s, {});
+    if (!schema || sqlite3_step(schema.get()) != SQLITE_ROW)
+        return false;
+    return sqlite3_column_int(schema.get(), 0) == 0 || sqlite3_column_int(schema.get(), 1) > 0;
+}
+
+/** Second try for a disk on which not even the side files can be made. Never past a journal that still holds rows. */
+bool Datenbank::zumLesenOeffnen()
+{
+    if (QFileInfo(m_pfad + u"-wal"_s).size() > 0 || QFileInfo(m_pfad).size() == 0)
+        return false;
+    m_nurLesen = true;
+    return griffOeffnen(u"?immutable=1"_s);
+}
+
+void Datenbank::einrichten()
+{
+    ausfuehren(u"PRAGMA journal_mode=WAL;"_s);
+    ausfuehren(u"PRAGMA busy_timeout=60000;"_s);
+    ausfuehren(u"PRAGMA foreign_keys=ON;"_s);
+    ausfuehren(u"PRAGMA synchronous=FULL;"_s);
+    anlegen();
+    m_nurLesen = !istBeschreibbar();
+    if (abfragen(u"SELECT 1 FROM sqlite_master WHERE name='dokumente'"_s).isEmpty())
+        throw Fehler(Sprache::text(u"Datenbank lässt sich nicht öffnen: "_s) + m_pfad);
+    // From here on waiting is done in slices, outside the queue.
+    sqlite3_busy_timeout(m_griff.get(), 0);
+}
+
+void Datenbank::anlegen()
+{
+    for (const QString &sql : schemaAnweisungen())
+        ausfuehren(sql);
+}
+
+bool Datenbank::istBeschreibbar()
+{
+    struct statvfs platte = {};
+    if (::statvfs(QFile::encodeName(m_pfad).constData(), &platte) == 0 &&
+        platte.f_bavail * platte.f_frsize < mindestPlatz)
+        return false;
+    const int code = ausfuehren(u"BEGIN IMMEDIATE"_s);
+    if (code == SQLITE_OK)
+        ausfuehren(u"ROLLBACK"_s);
+    return code == SQLITE_OK || istBelegt(code);
+}
+
+Datenbank::Anweisung Datenbank::vorbereiten(const QString &sql, const QVariantList &parameter)
+{
+    Anweisung anweisung;
+    if (const auto fertig = m_bereit.find(sql); fertig != m_bereit.end()) {
+        // Taken out while it runs, so that the same text may be used again inside.
+        anweisung = std::move(fertig->second);
+        m_bereit.erase(fertig);
+    } else {
+        sqlite3_stmt *neu = nullptr;
+        const QByteArray text = sql.toUtf8();
+        if (sqlite3_prepare_v3(m_griff.get(), text.constData(), int(text.size()) + 1, SQLITE_PREPARE_PERSISTENT, &neu,
+                               nullptr) != SQLITE_OK)
+            return {};
+        anweisung.reset(neu);
+    }
+    for (qsizetype i = 0; anweisung && i < parameter.size(); ++i)
+        binden(anweisung.get(), int(i) + 1, parameter.at(i));
+    return anweisung;
+}
+
+void Datenbank::zurueckgeben(const QString &sql, Anweisung anweisung)
+{
+    sqlite3_reset(anweisung.get());
+    sqlite3_clear_bindings(anweisung.get());
+    if (m_bereit.size() < hoechstensBereit)
+        m_bereit.insert_or_assign(sql, std::move(anweisung));
+}
+
+QList<Zeile> Datenbank::abfragen(const QString &sql, const QVariantList &parameter)
+{
+    QList<Zeile> zeilen;
+    durchlaufen(sql, parameter, [&zeilen](const Zeile &zeile) { zeilen << zeile; });
+    return zeilen;
+}
+
+void Datenbank::durchlaufen(const QString &sql, const QVariantList &parameter,
+                            const std::function<void(const Zeile &)> &besuch)
+{
+    Q_UNUSED(mitGeduld([&] {
+        Anweisung anweisung = vorbereiten(sql, parameter);
+        if (!anweisung)
+            return SQLITE_OK;
+        int code = sqlite3_step(anweisung.get());
+        if (code == SQLITE_ROW) {
+            const Zeile::Spalten spalten = spaltenVon(anweisung.get());
+            for (; code == SQLITE_ROW; code = sqlite3_step(anweisung.get()))
+                besuch(zeileVon(anweisung.get(), spalten));
+            code = SQLITE_OK; // rows were delivered: never from the beginning again
+        }
+        zurueckgeben(sql, std::move(anweisung));
+        return code;
+    }));
+}
+
+int Datenbank::einmal(const QString &sql, const QVariantList &parameter)
+{
+    if (parameter.isEmpty())
+        return sqlite3_exec(m_griff.get(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);
+    Anweisung anweisung = vorbereiten(sql, parameter);
+    if (!anweisung)
+        return 1;
+    const int code = sqlite3_step(anweisung.get());
+    zurueckgeben(sql, std::move(anweisung));
+    return code == SQLITE_ROW || code == SQLITE_DONE ? 0 : code;
+}
+
+int Datenbank::ausfuehren(const QString &sql, const QVariantList &parameter)
+{
+    return mitGeduld([&] { return einmal(sql, parameter); });
+}
+
+int Datenbank::geaendert()
+{
+    const Warteschlange::Platz platz(m_schlange);
+    return sqlite3_changes(m_griff.get());
+}
+
+int Datenbank::beginnen(bool &innere)
+{
+    return mitGeduld(
+        [&] {
+            innere = sqlite3_get_autocommit(m_griff.get()) == 0;
+            return einmal(innere ? u"SAVEPOINT stufe"_s : u"BEGIN IMMEDIATE"_s, {});
+        },
+        true);
+}
+
+int Datenbank::mitGeduld(const std::function<int()> &arbeit, bool platzBehalten)
+{
+    const auto ende = std::chrono::steady_clock::now() + geduld;
+    for (;;) {
+        {
+            Warteschlange::Platz platz(m_schlange);
+            const int code = arbeit();
+            if (code == SQLITE_OK && platzBehalten)
+                platz.behalten();
+            // Inside a transaction the queue cannot be given free, and the file is ours already.
+            if (!istBelegt(code) || m_schlange.verschachtelt() || std::chrono::steady_clock::now() >= ende)
+                return code;
+        }
+        std::this_thread::sleep_for(scheibe);
+    }
+}

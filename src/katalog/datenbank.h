@@ -1,0 +1,86 @@
+#pragma once
+
+#include "fehler.h"
+#include "warteschlange.h"
+#include "wert.h"
+
+#include <QVariant>
+#include <functional>
+#include <memory>
+#include <unordered_map>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/**
+ * A profile's catalogue: one SQLite file, its schema, a query and a statement. All SQL is literal text with "?"
+ * placeholders and stands with the code that means it.
+ *
+ * Calls from any thread are served one after the other. Parameters are text, whole numbers, truth values (1 and 0) and
+ * floating-point numbers; an absent value and every other type bind NULL.
+ */
+class Datenbank
+{
+public:
+    using Fehler = ::Fehler;
+    using Wert = ::Wert;
+    using Zeile = ::Zeile;
+
+    /**
+     * Opens the catalogue at @p pfad, or makes it with its folder when there is no file or an empty one. What cannot be
+     * written is opened for reading. Throws Fehler when the file is no catalogue or cannot be opened; it is left as it
+     * is then.
+     */
+    explicit Datenbank(const QString &pfad);
+    ~Datenbank();
+    Datenbank(const Datenbank &) = delete;
+    Datenbank &operator=(const Datenbank &) = delete;
+
+    /** All rows; none when the statement is faulty. An error in the middle ends the list there. */
+    [[nodiscard]] QList<Zeile> abfragen(const QString &sql, const QVariantList &parameter = {});
+    /** Calls @p besuch row by row, for results that should not stand in memory at once. Holds the queue meanwhile. */
+    void durchlaufen(const QString &sql, const QVariantList &parameter,
+                     const std::function<void(const Zeile &)> &besuch);
+
+    /**
+     * Without parameters: runs all statements of the text. With parameters: the first one only. Returns SQLite's result
+     * code, 0 for success, 1 for a faulty statement. A file locked by another program is waited for, up to a minute.
+     */
+    int ausfuehren(const QString &sql, const QVariantList &parameter = {});
+    /** Number of rows that the calling thread's last statement inside a transaction has changed. */
+    [[nodiscard]] int geaendert();
+
+    [[nodiscard]] const QString &pfad() const { return m_pfad; }
+    /** The catalogue could not be opened for writing, or its disk is full. */
+    [[nodiscard]] bool nurLesen() const { return m_nurLesen; }
+    [[nodiscard]] Warteschlange &schlange() { return m_schlange; }
+
+private:
+    struct Schliesser {
+        void operator()(sqlite3 *griff) const noexcept;
+    };
+    struct Finalisierer {
+        void operator()(sqlite3_stmt *anweisung) const noexcept;
+    };
+    using Anweisung = std::unique_ptr<sqlite3_stmt, Finalisierer>;
+
+    bool griffOeffnen(const QString &zusatz);
+    bool zumLesenOeffnen();
+    void einrichten();
+    void anlegen();
+    [[nodiscard]] bool istBeschreibbar();
+    [[nodiscard]] Anweisung vorbereiten(const QString &sql, const QVariantList &parameter);
+    void zurueckgeben(const QString &sql, Anweisung anweisung);
+    [[nodiscard]] int einmal(const QString &sql, const QVariantList &parameter);
+    /** Begins a transaction and keeps the queue; @p innere tells that one was already open. */
+    [[nodiscard]] int beginnen(bool &innere);
+    [[nodiscard]] int mitGeduld(const std::function<int()> &arbeit, bool platzBehalten = false);
+
+    friend class Transaktion;
+
+    QString m_pfad;
+    Warteschlange m_schlange;
+    std::unique_ptr<sqlite3, Schliesser> m_griff;
+    std::unordered_map<QString, Anweisung> m_bereit; ///< prepared statements that nobody uses at the moment
+    bool m_nurLesen = false;
+};

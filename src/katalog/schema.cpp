@@ -1,0 +1,48 @@
+#include "schema.h"
+
+using namespace Qt::StringLiterals;
+
+const QList<QString> &schemaAnweisungen()
+{
+    static const QList<QString> anweisungen = {
+        u"CREATE TABLE IF NOT EXISTS dokumente (\n"
+        "    id INTEGER PRIMARY KEY,\n"
+        "    pfad TEXT UNIQUE, dateiname TEXT, alt_ordner TEXT,\n"
+        "    groesse INTEGER, sha256 TEXT, seiten INTEGER,\n"
+        "    status TEXT DEFAULT 'neu',\n"
+        "    hat_textebene INTEGER DEFAULT 0, text_hash TEXT, skizze TEXT,\n"
+        "    datum TEXT, gegenueber TEXT, titel TEXT,\n"
+        "    zweig TEXT, ablage TEXT, rubrik TEXT, jahr TEXT,\n"
+        "    konfidenz REAL DEFAULT 0, vorschlag TEXT,\n"
+        "    dublette_von INTEGER, aehnlich_zu INTEGER, aehnlichkeit REAL,\n"
+        "    fehler TEXT, zeit TEXT,\n"
+        "    modell_zweig TEXT, modell_ablage TEXT, modell_rubrik TEXT,\n"
+        "    ort_quelle TEXT, zweitmeinung INTEGER\n"
+        ");\n"
+        "CREATE INDEX IF NOT EXISTS i_status ON dokumente(status);\n"
+        "CREATE INDEX IF NOT EXISTS i_sha ON dokumente(sha256);\n"
+        "CREATE INDEX IF NOT EXISTS i_thash ON dokumente(text_hash);\n"
+        "CREATE TABLE IF NOT EXISTS texte (dokument_id INTEGER PRIMARY KEY, text TEXT);\n"
+        "CREATE TABLE IF NOT EXISTS protokoll (\n"
+        "    id INTEGER PRIMARY KEY, dokument_id INTEGER, zeit TEXT, aktion TEXT,\n"
+        "    von_pfad TEXT, nach_pfad TEXT, alt_status TEXT, rueckgaengig INTEGER DEFAULT 0,\n"
+        "    kopiert INTEGER DEFAULT 0\n"
+        ");"_s,
+        u"ALTER TABLE protokoll ADD COLUMN kopiert INTEGER DEFAULT 0;"_s,
+        u"ALTER TABLE dokumente ADD COLUMN ausgenommen INTEGER DEFAULT 0;"_s,
+        u"ALTER TABLE dokumente ADD COLUMN gelernt_von TEXT;"_s,
+        u"CREATE TABLE IF NOT EXISTS namen (\n"
+        "    von TEXT PRIMARY KEY, nach TEXT, anzahl INTEGER DEFAULT 1, zeit TEXT\n"
+        ");"_s,
+        u"CREATE TABLE IF NOT EXISTS gelernt (\n"
+        "    schluessel TEXT PRIMARY KEY, anzeige TEXT,\n"
+        "    zweig TEXT, ablage TEXT, rubrik TEXT,\n"
+        "    anzahl INTEGER DEFAULT 1, zeit TEXT\n"
+        ");"_s,
+        u"CREATE INDEX IF NOT EXISTS i_ausgenommen ON dokumente(ausgenommen);"_s,
+        // Serves the status counters and the search for waiting documents of one counterpart.
+        u"CREATE INDEX IF NOT EXISTS i_zaehlen ON dokumente"
+        "(ausgenommen, status, gegenueber, zweig, ablage, rubrik);"_s,
+    };
+    return anweisungen;
+}

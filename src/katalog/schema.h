@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/**
+ * The statements that make or bring up to date the tables of a catalogue, to be run in this order at every opening.
+ * There is no schema version: a column that is already there makes its statement fail, and that is meant.
+ */
+[[nodiscard]] const QList<QString> &schemaAnweisungen();

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QVariant>
+#include <chrono>
+#include <memory>
+
+class Datenbank;
+class Transaktion;
+
+/**
+ * Many small writes of one step, put together into transactions that stay short, so that other threads get their turn.
+ * For tight loops: between two writes the queue of the catalogue may be held.
+ */
+class Stapel
+{
+public:
+    explicit Stapel(Datenbank &db);
+    /** What was not closed by abschliessen() is rolled back. */
+    ~Stapel();
+    Stapel(const Stapel &) = delete;
+    Stapel &operator=(const Stapel &) = delete;
+
+    /** Throws Fehler when the catalogue cannot be written. Returns how many rows changed. */
+    int schreiben(const QString &sql, const QVariantList &parameter);
+    void abschliessen();
+
+private:
+    Datenbank &m_db;
+    std::unique_ptr<Transaktion> m_offen;
+    std::chrono::steady_clock::time_point m_beginn;
+    int m_anzahl = 0;
+};

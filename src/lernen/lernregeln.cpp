@@ -1,0 +1,63 @@
+#include "lernregeln.h"
+
+#include "rechnungsrichtung.h"
+
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+QString Eintrag::ziel() const
+{
+    QStringList ebenen = {zweig, ablage, rubrik};
+    ebenen.removeAll(QString());
+    return ebenen.join(u'/');
+}
+
+QString Lernregeln::schluessel(const QString &name)
+{
+    static const QStringList rechtsformen = {u" gmbh & co kg"_s, u" gmbh und co kg"_s,
+                                             u" gmbh"_s,         u" mbh"_s,
+                                             u" ag"_s,           u" kg"_s,
+                                             u" ohg"_s,          u" se"_s,
+                                             u" ev"_s,           u" e v"_s,
+                                             u" ug"_s,           u" gbr"_s,
+                                             u" ltd"_s,          u" inc"_s,
+                                             u" co"_s,           u" aktiengesellschaft"_s};
+    QString text = Rechnungsrichtung::vereinheitlichen(name);
+    for (const QString &form : rechtsformen) {
+        if (text.endsWith(form))
+            text.chop(form.size());
+    }
+    return text.trimmed();
+}
+
+bool Lernregeln::passt(const QString &a, const QString &b)
+{
+    if (a.size() < kuerzesterSchluessel || b.size() < kuerzesterSchluessel)
+        return a == b;
+    return a.contains(b) || b.contains(a);
+}
+
+bool Lernregeln::darfErsetzen(const QString &gelernt, const QString &vorhanden)
+{
+    const QString neu = schluessel(gelernt);
+    if (neu.size() < kuerzesterSchluessel || gelernt == vorhanden)
+        return false;
+    return neu.contains(schluessel(vorhanden));
+}
+
+const Eintrag *Lernregeln::vorschlag(const QList<Eintrag> &alle, const QString &schluessel)
+{
+    if (schluessel.size() < kuerzesterSchluessel)
+        return nullptr;
+    const Eintrag *bester = nullptr;
+    for (const Eintrag &eintrag : alle) {
+        if (!passt(eintrag.schluessel, schluessel))
+            continue;
+        const bool besser = !bester || eintrag.anzahl > bester->anzahl ||
+                            (eintrag.anzahl == bester->anzahl && eintrag.schluessel.size() > bester->schluessel.size());
+        if (besser)
+            bester = &eintrag;
+    }
+    return bester;
+}

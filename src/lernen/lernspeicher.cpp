@@ -1,0 +1,219 @@
+#include "lernspeicher.h"
+
+#include "datenbank.h"
+#include "transaktion.h"
+#include "zeit.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+Eintrag eintragAus(const Zeile &zeile)
+{
+    return {.schluessel = zeile.text(u"schluessel"),
+            .anzeige = zeile.text(u"anzeige"),
+            .zweig = zeile.text(u"zweig"),
+            .ablage = zeile.text(u"ablage"),
+            .rubrik = zeile.text(u"rubrik"),
+            .anzahl = zeile.ganz(u"anzahl")};
+}
+
+/** Counterparts of the waiting documents, each once: far fewer than documents, so keys are computed for these only. */
+QStringList wartendeGegenueber(Datenbank &db)
+{
+    QStringList namen;
+    db.durchlaufen(u"SELECT DISTINCT gegenueber FROM dokumente\n"
+                   "WHERE status='bereit' AND ausgenommen=0 AND gegenueber <> ''"_s,
+                   {}, [&](const Zeile &zeile) { namen << zeile.text(u"gegenueber"); });
+    return namen;
+}
+
+QList<Zeile> wartendeVon(Datenbank &db, const QString &gegenueber)
+{
+    return db.abfragen(u"SELECT id, gegenueber, zweig, ablage, rubrik FROM dokumente\n"
+                       "WHERE status='bereit' AND ausgenommen=0 AND gegenueber=?"_s,
+                       {gegenueber});
+}
+
+/** Gives the waiting documents of @p gegenueber the place of @p eintrag; returns how many changed. */
+qint64 eintragen(Datenbank &db, const QString &gegenueber, const Eintrag &eintrag, qint64 ausser)
+{
+    const QString name = Lernregeln::darfErsetzen(eintrag.anzeige, gegenueber) ? eintrag.anzeige : gegenueber;
+    qint64 anzahl = 0;
+    for (const Zeile &zeile : wartendeVon(db, gegenueber)) {
+        const bool gleich = name == gegenueber && zeile.text(u"zweig") == eintrag.zweig &&
+                            zeile.text(u"ablage") == eintrag.ablage && zeile.text(u"rubrik") == eintrag.rubrik;
+        if (gleich || zeile.ganz(u"id") == ausser)
+            continue;
+        db.ausfuehren(u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
+                      "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
+                      {name, eintrag.zweig, eintrag.ablage, eintrag.rubrik, eintrag.schluessel, zeile.ganz(u"id")});
+        ++anzahl;
+    }
+    return anzahl;
+}
+} // namespace
+
+QList<Eintrag> Lernspeicher::alle() const
+{
+    QList<Eintrag> eintraege;
+    for (const Zeile &zeile : m_db.abfragen(u"SELECT * FROM gelernt ORDER BY anzahl DESC, anzeige"_s))
+        eintraege << eintragAus(zeile);
+    return eintraege;
+}
+
+QList<Gleichung> Lernspeicher::gleichungen() const
+{
+    QList<Gleichung> liste;
+    for (const Zeile &zeile : m_db.abfragen(u"SELECT * FROM namen ORDER BY anzahl DESC, nach"_s))
+        liste << Gleichung{.von = zeile.text(u"von"), .nach = zeile.text(u"nach"), .anzahl = zeile.ganz(u"anzahl")};
+    return liste;
+}
+
+std::optional<QString> Lernspeicher::gleichwertig(const QString &name) const
+{
+    const QString schluessel = Lernregeln::schluessel(name);
+    if (schluessel.size() < Lernregeln::kuerzesterSchluessel)
+        return std::nullopt;
+    const QList<Zeile> zeilen = m_db.abfragen(u"SELECT nach FROM namen WHERE von=?"_s, {schluessel});
+    if (zeilen.isEmpty() || zeilen.first().text(u"nach") == name)
+        return std::nullopt;
+    return zeilen.first().text(u"nach");
+}
+
+std::optional<Eintrag> Lernspeicher::vorschlag(const QString &gegenueber) const
+{
+    const QList<Eintrag> eintraege = alle();
+    const Eintrag *bester = Lernregeln::vorschlag(eintraege, Lernregeln::schluessel(gegenueber));
+    return bester ? std::optional(*bester) : std::nullopt;
+}
+
+qint64 Lernspeicher::merken(const Dokument &dokument, const QString &vorher)
+{
+    Transaktion transaktion(m_db);
+    qint64 angepasst = 0;
+    const QString alt = Lernregeln::schluessel(vorher);
+    const QString neu = Lernregeln::schluessel(dokument.gegenueber);
+    if (!dokument.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu) {
+        gleichungMerken(alt, dokument.gegenueber);
+        angepasst += namenAngleichen(alt, dokument.gegenueber, dokument.id);
+    }
+    if (neu.size() >= Lernregeln::kuerzesterSchluessel && !dokument.zweig.isEmpty()) {
+        zuordnungMerken(neu, dokument);
+        angepasst +=
+            anwenden(neu, dokument.gegenueber,
+                     {.zweig = dokument.zweig, .ablage = dokument.ablage, .rubrik = dokument.rubrik}, dokument.id);
+    }
+    transaktion.abschliessen();
+    return angepasst;
+}
+
+void Lernspeicher::gleichungMerken(const QString &von, const QString &nach)
+{
+    // The opposite would turn every name back again.
+    const QString gegen = Lernregeln::schluessel(nach);
+    for (const Zeile &zeile : m_db.abfragen(u"SELECT nach FROM namen WHERE von=?"_s, {gegen})) {
+        if (Lernregeln::schluessel(zeile.text(u"nach")) == von)
+            gleichungVergessen(gegen);
+    }
+    const QList<Zeile> bisher = m_db.abfragen(u"SELECT anzahl, nach FROM namen WHERE von=?"_s, {von});
+    const bool gleich = !bisher.isEmpty() && bisher.first().text(u"nach") == nach;
+    m_db.ausfuehren(u"INSERT INTO namen (von, nach, anzahl, zeit) VALUES (?,?,?,?)\n"
+                    "ON CONFLICT(von) DO UPDATE SET nach=excluded.nach,\n"
+                    "  anzahl=excluded.anzahl, zeit=excluded.zeit"_s,
+                    {von, nach, gleich ? bisher.first().ganz(u"anzahl") + 1 : 1, jetztIso()});
+}
+
+void Lernspeicher::zuordnungMerken(const QString &schluessel, const Dokument &dokument)
+{
+    const QList<Zeile> zeilen = m_db.abfragen(u"SELECT * FROM gelernt WHERE schluessel=?"_s, {schluessel});
+    qint64 anzahl = 1;
+    if (!zeilen.isEmpty()) {
+        const Eintrag bisher = eintragAus(zeilen.first());
+        if (bisher.zweig == dokument.zweig && bisher.ablage == dokument.ablage && bisher.rubrik == dokument.rubrik)
+            anzahl = bisher.anzahl + 1;
+    }
+    m_db.ausfuehren(
+        u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl, zeit)\n"
+        "VALUES (?,?,?,?,?,?,?)\n"
+        "ON CONFLICT(schluessel) DO UPDATE SET\n"
+        "  anzeige=excluded.anzeige, zweig=excluded.zweig, ablage=excluded.ablage,\n"
+        "  rubrik=excluded.rubrik, anzahl=excluded.anzahl, zeit=excluded.zeit"_s,
+        {schluessel, dokument.gegenueber, dokument.zweig, dokument.ablage, dokument.rubrik, anzahl, jetztIso()});
+}
+
+qint64 Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
+{
+    QList<Eintrag> eintraege = alle();
+    const auto eigener =
+        std::find_if(eintraege.begin(), eintraege.end(), [&](const Eintrag &e) { return e.schluessel == schluessel; });
+    const Eintrag eintrag{.schluessel = schluessel,
+                          .anzeige = name,
+                          .zweig = ort.zweig,
+                          .ablage = ort.ablage,
+                          .rubrik = ort.rubrik,
+                          .anzahl = eigener == eintraege.end() ? 1 : eigener->anzahl};
+    if (eigener == eintraege.end())
+        eintraege << eintrag;
+    else
+        *eigener = eintrag;
+    return aufWartende(eintraege, schluessel, ausser);
+}
+
+qint64 Lernspeicher::allesAnwenden() { return aufWartende(alle(), {}, 0); }
+
+/** @p nurSchluessel restricts to the counterparts that this key meets; empty means all. */
+qint64 Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser)
+{
+    if (eintraege.isEmpty())
+        return 0;
+    Transaktion transaktion(m_db);
+    qint64 anzahl = 0;
+    for (const QString &gegenueber : wartendeGegenueber(m_db)) {
+        const QString schluessel = Lernregeln::schluessel(gegenueber);
+        if (!nurSchluessel.isEmpty() && !Lernregeln::passt(nurSchluessel, schluessel))
+            continue;
+        if (const Eintrag *bester = Lernregeln::vorschlag(eintraege, schluessel))
+            anzahl += eintragen(m_db, gegenueber, *bester, ausser);
+    }
+    transaktion.abschliessen();
+    return anzahl;
+}
+
+qint64 Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qint64 ausser)
+{
+    Transaktion transaktion(m_db);
+    qint64 anzahl = 0;
+    for (const QString &gegenueber : wartendeGegenueber(m_db)) {
+        if (gegenueber == nach || Lernregeln::schluessel(gegenueber) != von)
+            continue;
+        for (const Zeile &zeile : wartendeVon(m_db, gegenueber)) {
+            if (zeile.ganz(u"id") == ausser)
+                continue;
+            m_db.ausfuehren(u"UPDATE dokumente SET gegenueber=?, ort_quelle='gelernt', gelernt_von=?\nWHERE id=?"_s,
+                            {nach, von, zeile.ganz(u"id")});
+            ++anzahl;
+        }
+    }
+    transaktion.abschliessen();
+    return anzahl;
+}
+
+void Lernspeicher::leeren()
+{
+    m_db.ausfuehren(u"DELETE FROM gelernt"_s);
+    m_db.ausfuehren(u"DELETE FROM namen"_s);
+}
+
+void Lernspeicher::vergessen(const QString &schluessel)
+{
+    m_db.ausfuehren(u"DELETE FROM gelernt WHERE schluessel=?"_s, {schluessel});
+}
+
+void Lernspeicher::gleichungVergessen(const QString &von)
+{
+    m_db.ausfuehren(u"DELETE FROM namen WHERE von=?"_s, {von});
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "dokument.h"
+#include "lernregeln.h"
+
+#include <optional>
+
+class Datenbank;
+
+/**
+ * What the program has learned from the user's confirmed decisions, kept in the catalogue: the filing place of each
+ * counterpart and the equations between names. Applied to waiting documents at once, to new ones at classification.
+ */
+class Lernspeicher
+{
+public:
+    explicit Lernspeicher(Datenbank &db) : m_db(db) {}
+
+    /** All places, most confirmed first. */
+    [[nodiscard]] QList<Eintrag> alle() const;
+    /** All name equations, most confirmed first. */
+    [[nodiscard]] QList<Gleichung> gleichungen() const;
+
+    /** The name that an equation maps @p name to; none when there is none or it leads to the same spelling. */
+    [[nodiscard]] std::optional<QString> gleichwertig(const QString &name) const;
+    /** The learned place for a counterpart. */
+    [[nodiscard]] std::optional<Eintrag> vorschlag(const QString &gegenueber) const;
+
+    /**
+     * Stores what the user confirmed: @p dokument with its final values, @p vorher the counterpart before the
+     * correction. Returns how many waiting documents were adjusted. Throws Fehler when the catalogue cannot be written;
+     * nothing is stored then.
+     */
+    qint64 merken(const Dokument &dokument, const QString &vorher);
+
+    /**
+     * Gives the learned place to the waiting documents of its counterpart, @p ausser one. A document that several
+     * entries fit takes the one that vorschlag() ranks first. Returns how many documents changed.
+     */
+    qint64 anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser);
+    /** The same for every learned place. */
+    qint64 allesAnwenden();
+    /** Gives the waiting documents whose counterpart has the key @p von the name @p nach, @p ausser one. */
+    qint64 namenAngleichen(const QString &von, const QString &nach, qint64 ausser);
+
+    void leeren();
+    void vergessen(const QString &schluessel);
+    void gleichungVergessen(const QString &von);
+
+private:
+    void gleichungMerken(const QString &von, const QString &nach);
+    void zuordnungMerken(const QString &schluessel, const Dokument &dokument);
+    qint64 aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);
+
+    Datenbank &m_db;
+};

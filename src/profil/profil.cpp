@@ -1,0 +1,86 @@
+#include "profil.h"
+
+#include "text.h"
+
+#include <QDir>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+bool istJahr(const QString &text)
+{
+    return text.size() == 4 && std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+template <typename Liste>
+auto nachName(const Liste &liste, const QString &name) -> decltype(&liste.first())
+{
+    const auto treffer = std::find_if(liste.begin(), liste.end(), [&](const auto &e) { return e.name == name; });
+    return treffer == liste.end() ? nullptr : &*treffer;
+}
+} // namespace
+
+std::optional<QString> Profil::protokollURL() const
+{
+    if (!protokollOrdner.isEmpty())
+        return protokollOrdner;
+    if (zielWurzel.isEmpty())
+        return std::nullopt;
+    return QDir(zielWurzel).filePath(u"_Protokolle"_s);
+}
+
+QStringList Profil::eigenkennungen() const
+{
+    QStringList namen;
+    for (const QString &name : eigeneNamen) {
+        if (const QString n = name.trimmed(); !n.isEmpty())
+            namen << n;
+    }
+    namen.removeDuplicates();
+    return namen;
+}
+
+const Zweig *Profil::zweig(const QString &gesucht) const { return nachName(zweige, gesucht); }
+
+const Ablageart *Profil::ablageart(const QString &zweigName, const QString &ablageName) const
+{
+    const Zweig *z = zweig(zweigName);
+    return z ? nachName(z->ablagen, ablageName) : nullptr;
+}
+
+bool Profil::kennt(const Ort &ort) const
+{
+    const Ablageart *art = ablageart(ort.zweig, ort.ablage);
+    return art && art->rubriken.contains(ort.rubrik);
+}
+
+Ort Profil::zerlegen(const QString &ordner) const
+{
+    QStringList teile = nfc(ordner).split(u'/', Qt::SkipEmptyParts);
+    Ort ort;
+    if (!teile.isEmpty())
+        ort.zweig = teile.takeFirst();
+    if (!teile.isEmpty())
+        ort.ablage = teile.takeFirst();
+    const Ablageart *art = ablageart(ort.zweig, ort.ablage);
+    if (art && art->mitJahr && !teile.isEmpty() && istJahr(teile.first()))
+        teile.removeFirst();
+    ort.rubrik = teile.join(u'/');
+    return ort;
+}
+
+std::optional<QString> Profil::regelFuer(const QString &ordner) const
+{
+    const QString gewaehlt = QDir::cleanPath(nfc(ordner));
+    if (!quelle.isEmpty()) {
+        const QString herkunft = QDir::cleanPath(nfc(quelle));
+        if (gewaehlt == herkunft)
+            return std::nullopt;
+        const QString davor = herkunft.endsWith(u'/') ? herkunft : herkunft + u'/';
+        if (gewaehlt.startsWith(davor))
+            return gewaehlt.mid(davor.size());
+    }
+    return gewaehlt.mid(gewaehlt.lastIndexOf(u'/') + 1);
+}

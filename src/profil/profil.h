@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QUuid>
+#include <optional>
+
+/** Filing kind, the second level of the target tree. */
+struct Ablageart {
+    QString name;
+    bool mitJahr = false; ///< year folders stand between the kind and its rubrics
+    QStringList rubriken; ///< folder names, possibly two levels joined by "/"
+    bool operator==(const Ablageart &) const = default;
+};
+
+/** Branch, the first level of the target tree. */
+struct Zweig {
+    QString name;
+    QList<Ablageart> ablagen;
+    bool operator==(const Zweig &) const = default;
+};
+
+/** A place in the filing tree; levels that are not known are empty. */
+struct Ort {
+    QString zweig;
+    QString ablage;
+    QString rubrik;
+    bool operator==(const Ort &) const = default;
+};
+
+/** One complete set of settings for one filing job. */
+struct Profil {
+    QUuid id = QUuid::createUuid();
+    QString name = QStringLiteral("Neues Profil");
+    QString quelle;
+    bool mitUnterordnern = true;
+    QStringList ausnahmen;
+    QString zielWurzel;
+    bool kopieren = false;
+    QString protokollOrdner; ///< empty: "_Protokolle" below the target root
+    QString namensVorlage = QStringLiteral("{datum} {gegenueber} - {titel}");
+    QString pfadVorlage = QStringLiteral("{zweig}/{ablage}/{jahr}/{rubrik}");
+    QString auffangOrdner = QStringLiteral("prüfen");
+    QString dublettenOrdner = QStringLiteral("_Dubletten");
+    QList<Zweig> zweige;
+    QString eigentuemer;
+    QString modell = QStringLiteral("qwen3:4b");
+    QString modellGross = QStringLiteral("qwen3.6:27b");
+    QString ocrSprache = QStringLiteral("deu");
+    int seiten = 2;
+    int maxZeichen = 1400;
+    bool zweitmeinung = true;
+    QStringList eigeneAnschriften;
+    QStringList eigeneNamen;
+    QString rubrikAusgang = QStringLiteral("Ausgangsrechnungen");
+    QString rubrikEingang = QStringLiteral("Eingangsrechnungen");
+
+    bool operator==(const Profil &) const = default;
+
+    /** Folder for the session logs; none while neither it nor a target root is chosen. */
+    [[nodiscard]] std::optional<QString> protokollURL() const;
+
+    /** The owner's own names, trimmed, without empty ones and repeats. */
+    [[nodiscard]] QStringList eigenkennungen() const;
+
+    /** The branch of that exact name, and the filing kind in it; null if the structure lacks it. */
+    [[nodiscard]] const Zweig *zweig(const QString &gesucht) const;
+    [[nodiscard]] const Ablageart *ablageart(const QString &zweigName, const QString &ablageName) const;
+    /** All three levels are known to the structure. */
+    [[nodiscard]] bool kennt(const Ort &ort) const;
+
+    /** Splits a folder below the root of the tree into its levels; the year folder of a kind with years is left out. */
+    [[nodiscard]] Ort zerlegen(const QString &ordner) const;
+
+    /**
+     * Reads the structure of the tree below @p ziel. @p tiefe 2 also takes rubrics on the second level below a filing
+     * kind. What cannot be read counts as empty.
+     */
+    [[nodiscard]] static QList<Zweig> struktureinlesen(const QString &ziel, int tiefe);
+
+    /** Merges spellings of one rubric (umlauts win over transliterations) and sorts. */
+    [[nodiscard]] static QStringList vereinheitlichen(const QStringList &namen);
+
+    /** Exclusion rule for a folder that the user picked; none for the source folder itself. */
+    [[nodiscard]] std::optional<QString> regelFuer(const QString &ordner) const;
+};

@@ -1,0 +1,182 @@
+#include "profilformat.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct Unlesbar {
+};
+
+void pruefen(bool bedingung)
+{
+    if (!bedingung)
+        throw Unlesbar();
+}
+
+// --- from JSON -------------------------------------------------------------------------------------------------------
+
+void lesen(const QJsonValue &wert, QString &ziel)
+{
+    pruefen(wert.isString());
+    ziel = wert.toString();
+}
+
+void lesen(const QJsonValue &wert, bool &ziel)
+{
+    pruefen(wert.isBool());
+    ziel = wert.toBool();
+}
+
+void lesen(const QJsonValue &wert, int &ziel)
+{
+    const double zahl = wert.toDouble(0.5);
+    pruefen(wert.isDouble() && zahl == std::floor(zahl) && std::abs(zahl) <= std::numeric_limits<int>::max());
+    ziel = int(zahl);
+}
+
+void lesen(const QJsonValue &wert, QUuid &ziel)
+{
+    pruefen(wert.isString());
+    ziel = QUuid::fromString(wert.toString());
+    pruefen(!ziel.isNull());
+}
+
+QJsonValue verlangt(const QJsonObject &objekt, QStringView schluessel)
+{
+    pruefen(objekt.contains(schluessel));
+    return objekt.value(schluessel);
+}
+
+template <typename T>
+void lesen(const QJsonValue &wert, QList<T> &ziel);
+
+void lesen(const QJsonValue &wert, Ablageart &ziel)
+{
+    pruefen(wert.isObject());
+    const QJsonObject objekt = wert.toObject();
+    lesen(verlangt(objekt, u"name"), ziel.name);
+    lesen(verlangt(objekt, u"mitJahr"), ziel.mitJahr);
+    lesen(verlangt(objekt, u"rubriken"), ziel.rubriken);
+}
+
+void lesen(const QJsonValue &wert, Zweig &ziel)
+{
+    pruefen(wert.isObject());
+    const QJsonObject objekt = wert.toObject();
+    lesen(verlangt(objekt, u"name"), ziel.name);
+    lesen(verlangt(objekt, u"ablagen"), ziel.ablagen);
+}
+
+template <typename T>
+void lesen(const QJsonValue &wert, QList<T> &ziel)
+{
+    pruefen(wert.isArray());
+    ziel.clear();
+    for (const QJsonValue &element : wert.toArray()) {
+        T eintrag = {};
+        lesen(element, eintrag);
+        ziel << eintrag;
+    }
+}
+
+// --- to JSON ---------------------------------------------------------------------------------------------------------
+
+QJsonValue json(const QString &wert) { return wert; }
+QJsonValue json(bool wert) { return wert; }
+QJsonValue json(int wert) { return wert; }
+QJsonValue json(const QUuid &wert) { return wert.toString(QUuid::WithoutBraces).toUpper(); }
+QJsonValue json(const QStringList &wert) { return QJsonArray::fromStringList(wert); }
+
+QJsonValue json(const Ablageart &wert)
+{
+    return QJsonObject{{u"name"_s, wert.name}, {u"mitJahr"_s, wert.mitJahr}, {u"rubriken"_s, json(wert.rubriken)}};
+}
+
+QJsonValue json(const Zweig &wert);
+
+template <typename T>
+QJsonValue json(const QList<T> &wert)
+{
+    QJsonArray liste;
+    for (const T &element : wert)
+        liste << json(element);
+    return liste;
+}
+
+QJsonValue json(const Zweig &wert) { return QJsonObject{{u"name"_s, wert.name}, {u"ablagen"_s, json(wert.ablagen)}}; }
+
+// --- the one table of keys -------------------------------------------------------------------------------------------
+
+template <typename P, typename F>
+void felder(P &p, F feld)
+{
+    feld(u"id"_s, p.id);
+    feld(u"name"_s, p.name);
+    feld(u"quelle"_s, p.quelle);
+    feld(u"mitUnterordnern"_s, p.mitUnterordnern);
+    feld(u"ausnahmen"_s, p.ausnahmen);
+    feld(u"zielWurzel"_s, p.zielWurzel);
+    feld(u"kopieren"_s, p.kopieren);
+    feld(u"protokollOrdner"_s, p.protokollOrdner);
+    feld(u"namensVorlage"_s, p.namensVorlage);
+    feld(u"pfadVorlage"_s, p.pfadVorlage);
+    feld(u"auffangOrdner"_s, p.auffangOrdner);
+    feld(u"dublettenOrdner"_s, p.dublettenOrdner);
+    feld(u"zweige"_s, p.zweige);
+    feld(u"eigentuemer"_s, p.eigentuemer);
+    feld(u"modell"_s, p.modell);
+    feld(u"modellGross"_s, p.modellGross);
+    feld(u"ocrSprache"_s, p.ocrSprache);
+    feld(u"seiten"_s, p.seiten);
+    feld(u"maxZeichen"_s, p.maxZeichen);
+    feld(u"zweitmeinung"_s, p.zweitmeinung);
+    feld(u"eigeneAnschriften"_s, p.eigeneAnschriften);
+    feld(u"eigeneNamen"_s, p.eigeneNamen);
+    feld(u"rubrikAusgang"_s, p.rubrikAusgang);
+    feld(u"rubrikEingang"_s, p.rubrikEingang);
+}
+
+Profil profilAus(const QJsonValue &wert)
+{
+    pruefen(wert.isObject());
+    const QJsonObject objekt = wert.toObject();
+    Profil profil;
+    felder(profil, [&](const QString &schluessel, auto &ziel) {
+        if (objekt.contains(schluessel))
+            lesen(objekt.value(schluessel), ziel);
+    });
+    return profil;
+}
+} // namespace
+
+QByteArray Profilformat::schreiben(const QList<Profil> &profile)
+{
+    QJsonArray liste;
+    for (const Profil &profil : profile) {
+        QJsonObject objekt;
+        felder(profil, [&](const QString &schluessel, const auto &wert) { objekt.insert(schluessel, json(wert)); });
+        liste << objekt;
+    }
+    return QJsonDocument(liste).toJson(QJsonDocument::Indented);
+}
+
+std::optional<QList<Profil>> Profilformat::lesen(const QByteArray &text)
+{
+    const QJsonDocument dokument = QJsonDocument::fromJson(text);
+    if (!dokument.isArray())
+        return std::nullopt;
+    try {
+        QList<Profil> profile;
+        for (const QJsonValue &wert : dokument.array())
+            profile << profilAus(wert);
+        return profile;
+    } catch (const Unlesbar &) {
+        return std::nullopt; // the whole file counts as unreadable, by rule
+    }
+}

@@ -1,0 +1,117 @@
+#include "profilspeicher.h"
+
+#include "profilformat.h"
+#include "programmordner.h"
+#include "sperrdatei.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QSaveFile>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr auto nurBesitzer = QFile::ReadOwner | QFile::WriteOwner;
+
+template <typename Liste>
+auto nachId(Liste &liste, const QUuid &id)
+{
+    return std::find_if(liste.begin(), liste.end(), [&](const Profil &p) { return p.id == id; });
+}
+
+/** A stored profile without an id gets a fresh one at every reading: give it the one that the caller knows it by. */
+void wiedererkennen(QList<Profil> &gespeichert, const QList<Profil> &stand)
+{
+    for (const Profil &bekannt : stand) {
+        if (nachId(gespeichert, bekannt.id) != gespeichert.end())
+            continue;
+        const auto gleich = std::find_if(gespeichert.begin(), gespeichert.end(), [&](Profil p) {
+            p.id = bekannt.id;
+            return p == bekannt;
+        });
+        if (gleich != gespeichert.end())
+            gleich->id = bekannt.id;
+    }
+}
+
+/** The three-way merge: @p gespeichert with the changes that lead from @p stand to @p neu. */
+QList<Profil> vereint(QList<Profil> gespeichert, const QList<Profil> &stand, const QList<Profil> &neu)
+{
+    wiedererkennen(gespeichert, stand);
+    gespeichert.removeIf(
+        [&](const Profil &p) { return nachId(stand, p.id) != stand.end() && nachId(neu, p.id) == neu.end(); });
+    for (const Profil &profil : neu) {
+        const auto vorher = nachId(stand, profil.id);
+        if (vorher != stand.end() && *vorher == profil)
+            continue;
+        if (const auto alt = nachId(gespeichert, profil.id); alt != gespeichert.end())
+            *alt = profil;
+        else
+            gespeichert << profil;
+    }
+    return gespeichert;
+}
+
+/** Keeps an undecodable list under a name of its own; empty when even that fails. */
+QString beiseiteLegen(const QString &datei)
+{
+    const QString zeit = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HHmmss"_s);
+    for (int n = 1; n < 100; ++n) {
+        const QString ziel = datei + u" unlesbar "_s + zeit + (n > 1 ? u" (%1)"_s.arg(n) : QString());
+        if (QFile::copy(datei, ziel))
+            return ziel;
+    }
+    return {};
+}
+
+bool schreiben(const QString &datei, const QList<Profil> &profile)
+{
+    QSaveFile ausgabe(datei);
+    if (!ausgabe.open(QIODevice::WriteOnly))
+        return false;
+    ausgabe.setPermissions(nurBesitzer);
+    const QByteArray text = Profilformat::schreiben(profile);
+    return ausgabe.write(text) == text.size() && ausgabe.commit();
+}
+} // namespace
+
+QString Profilspeicher::ordner() { return programmOrdner(); }
+
+QString Profilspeicher::datei() { return ordner() + u"/profile.json"_s; }
+
+QString Profilspeicher::katalogDatei(const Profil &profil)
+{
+    return ordner() + u'/' + profil.id.toString(QUuid::WithoutBraces).toUpper() + u".db"_s;
+}
+
+QList<Profil> Profilspeicher::laden()
+{
+    QFile eingabe(datei());
+    if (!eingabe.open(QIODevice::ReadOnly))
+        return {};
+    return Profilformat::lesen(eingabe.readAll()).value_or(QList<Profil>());
+}
+
+Profilspeicher::Gesichert Profilspeicher::sichern(const QList<Profil> &profile, const QList<Profil> &stand)
+{
+    Gesichert ergebnis{.profile = profile, .gelungen = false, .beiseite = {}};
+    const QString ziel = datei();
+    const auto sperre = Sperrdatei::nehmen(ziel + u".sperre"_s, 5s);
+    if (!sperre)
+        return ergebnis;
+    QList<Profil> gespeichert;
+    if (QFile eingabe(ziel); eingabe.exists()) {
+        if (!eingabe.open(QIODevice::ReadOnly))
+            return ergebnis;
+        if (const auto gelesen = Profilformat::lesen(eingabe.readAll()))
+            gespeichert = *gelesen;
+        else if (ergebnis.beiseite = beiseiteLegen(ziel); ergebnis.beiseite.isEmpty())
+            return ergebnis;
+    }
+    ergebnis.profile = vereint(std::move(gespeichert), stand, profile);
+    ergebnis.gelungen = schreiben(ziel, ergebnis.profile);
+    return ergebnis;
+}
