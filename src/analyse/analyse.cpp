@@ -6,6 +6,7 @@
 #include "sperrdatei.h"
 #include "sprache.h"
 #include "textleser.h"
+#include "wiedervorlage.h"
 #include "zweitmeinung.h"
 
 #include <atomic>
@@ -78,7 +79,7 @@ void stufen(Lauf &lauf)
 }
 
 /** One whole run; tells the state in which it ended. */
-Laufstand durchgang(Lauf &lauf)
+Laufstand durchgang(Lauf &lauf, bool erneut)
 {
     const auto angehalten = [](const QString &grund) {
         return Laufstand{.stufe = Sprache::text(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
@@ -90,6 +91,8 @@ Laufstand durchgang(Lauf &lauf)
         const auto sperre = Sperrdatei::nehmen(lauf.db().pfad() + u".lauf"_s, 0ms);
         if (!sperre)
             return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));
+        if (erneut)
+            Wiedervorlage::oeffnen(lauf.db());
         stufen(lauf);
     } catch (const Fehler &f) {
         return angehalten(f.text());
@@ -130,7 +133,7 @@ void Analyse::abbrechen()
 
 void Analyse::sofortBeenden() { m_faden.request_stop(); }
 
-void Analyse::allesStarten()
+void Analyse::allesStarten(bool erneut)
 {
     if (m_laeuft)
         return;
@@ -139,11 +142,11 @@ void Analyse::allesStarten()
     m_stand = {};
     m_verbindung = std::make_shared<Verbindung>();
     m_verbindung->ziel = this;
-    m_faden = std::jthread([v = m_verbindung, db = m_db, profil = m_profil](const std::stop_token &ende) {
+    m_faden = std::jthread([v = m_verbindung, db = m_db, profil = m_profil, erneut](const std::stop_token &ende) {
         Lauf lauf(
             db, profil, [v] { return v->abbrechen.load(); }, ende,
             [v](const Laufstand &stand) { v->melden(v, stand); });
-        const Laufstand stand = durchgang(lauf);
+        const Laufstand stand = durchgang(lauf, erneut);
         v->abmelden(stand, lauf.hinweise());
     });
     Q_EMIT geaendert();

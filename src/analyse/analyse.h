@@ -21,8 +21,11 @@ public:
     /** Ends a run at once: the document in hand stays open for the next one. */
     ~Analyse() override;
 
-    /** Starts a run on the profile as set; ignored while one is active. Returns at once. */
-    void allesStarten();
+    /**
+     * Starts a run on the profile as set; ignored while one is active. Returns at once. @p erneut first reopens the
+     * documents that failed.
+     */
+    void allesStarten(bool erneut = false);
     /** Asks the run to stop after the document in hand. */
     void abbrechen();
     /** Ends the run at once, as the end of the program does. */

@@ -154,8 +154,13 @@ QString Werkzeuge::eigenerBinOrdner()
 {
     if (!QCoreApplication::instance())
         return {};
-    const QString ort = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../lib/quillmar/bin"_s);
-    return QFileInfo(ort).isDir() ? ort : QString();
+    const QDir ort(QCoreApplication::applicationDirPath());
+    // The windowed program lies in the library folder itself.
+    for (const QString &relativ : {u"../lib/quillmar/bin"_s, u"../quillmar/bin"_s}) {
+        if (ort.exists(relativ))
+            return QDir::cleanPath(ort.filePath(relativ));
+    }
+    return {};
 }
 
 std::optional<QString> Werkzeuge::pfadIn(const QStringList &orte, const QString &name)

@@ -30,7 +30,7 @@ void ausQuelle(const QString &roh, const QString &datei, Fund &fund)
     const QString quelltext = ohneKommentare(roh);
     static const QRegularExpression aufruf(R"(\b(?:Sprache::text|QUILLMAR_TEXT)\b)"_L1);
     static const QRegularExpression argument(
-        R"RX(\s*\((?:\s*/\*\s*QUILLMAR_TEXT\s*\*/|((?:\s*u"(?:[^"\\\n]|\\.)*"(?:_s)?)+)\s*\)))RX"_L1);
+        R"RX(\s*\((?:\s*/\*\s*QUILLMAR_TEXT\s*\*/|((?:\s*u?"(?:[^"\\\n]|\\.)*"(?:_s)?)+)\s*\)))RX"_L1);
     static const QRegularExpression literal(R"RX("((?:[^"\\\n]|\\.)*)")RX"_L1);
     for (auto stelle = aufruf.globalMatch(quelltext); stelle.hasNext();) {
         const qsizetype ende = stelle.next().capturedEnd();

@@ -1,0 +1,127 @@
+#include "ausgabe.h"
+#include "datenbank.h"
+#include "einordner.h"
+#include "kommandozeile.h"
+#include "sprache.h"
+#include "stapel.h"
+
+using namespace Qt::StringLiterals;
+using Ausgabe::drucken;
+
+namespace
+{
+/** Without a counterpart the proposal cannot be called certain. */
+constexpr double konfidenzOhneGegenueber = 0.4;
+
+struct Nachfragebilanz {
+    qint64 ersetzt = 0;
+    qint64 geleert = 0;
+};
+
+QList<Zeile> eigeneAlsGegenueber(Datenbank &db, const Gegenpruefung &pruefung)
+{
+    QList<Zeile> zeilen;
+    db.durchlaufen(u"SELECT d.id, d.gegenueber, d.konfidenz, t.text FROM dokumente d\n"
+                   "JOIN texte t ON t.dokument_id = d.id\n"
+                   "WHERE d.status IN ('bereit','zurueckgestellt')"_s,
+                   {}, [&](const Zeile &zeile) {
+                       if (pruefung.istEigen(zeile.text(u"gegenueber")))
+                           zeilen << zeile;
+                   });
+    return zeilen;
+}
+
+void einesNachfragen(Datenbank &db, const Gegenpruefung &pruefung, const Profil &profil, const Zeile &zeile,
+                     Nachfragebilanz &bilanz)
+{
+    const auto name = nachfragen(pruefung, zeile.text(u"text"), profil, Ollama());
+    Stapel stapel(db);
+    if (name)
+        stapel.schreiben(u"UPDATE dokumente SET gegenueber=? WHERE id=?"_s, {*name, zeile.ganz(u"id")});
+    else
+        stapel.schreiben(u"UPDATE dokumente SET gegenueber='', konfidenz=? WHERE id=?"_s,
+                         {konfidenzOhneGegenueber, zeile.ganz(u"id")});
+    stapel.abschliessen();
+    ++(name ? bilanz.ersetzt : bilanz.geleert);
+}
+
+struct Berichtigung {
+    qint64 id = 0;
+    QString alt;
+    QString neu;
+    double konfidenz = 0;
+};
+
+struct Richtungsbilanz {
+    qint64 betrachtet = 0;
+    qint64 rechnungen = 0;
+    QList<Berichtigung> berichtigt;
+};
+
+Richtungsbilanz richtungenPruefen(Datenbank &db, const Profil &profil)
+{
+    Richtungsbilanz bilanz;
+    const Rechnungsrichtung richtung(profil.eigeneAnschriften);
+    db.durchlaufen(u"SELECT d.id, d.rubrik, d.konfidenz, t.text FROM dokumente d\n"
+                   "JOIN texte t ON t.dokument_id = d.id\n"
+                   "WHERE d.status IN ('bereit','zurueckgestellt')"_s,
+                   {}, [&](const Zeile &z) {
+                       const QString alt = z.text(u"rubrik");
+                       ++bilanz.betrachtet;
+                       bilanz.rechnungen += Rechnungsrichtung::istRechnungsrubrik(alt, profil) ? 1 : 0;
+                       if (const auto neu = richtung.berichtigt(alt, z.text(u"text"), profil))
+                           bilanz.berichtigt << Berichtigung{
+                               .id = z.ganz(u"id"), .alt = alt, .neu = *neu, .konfidenz = z.komma(u"konfidenz")};
+                   });
+    return bilanz;
+}
+
+void richtungenSchreiben(Datenbank &db, const QList<Berichtigung> &liste)
+{
+    Stapel stapel(db);
+    for (const Berichtigung &b : liste)
+        stapel.schreiben(u"UPDATE dokumente SET rubrik=?, konfidenz=? WHERE id=?"_s,
+                         {b.neu, std::max(b.konfidenz, Einordner::mindestensNachRegel), b.id});
+    stapel.abschliessen();
+}
+} // namespace
+
+void Kommandozeile::gegenueberBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen)
+{
+    if (profil.eigenkennungen().isEmpty())
+        return drucken(Sprache::text(u"Im Profil ist kein eigener Name hinterlegt."_s));
+    const Gegenpruefung pruefung(profil);
+    const QList<Zeile> betroffene = eigeneAlsGegenueber(db, pruefung);
+    drucken(Sprache::text(u"Betroffen: "_s) + QString::number(betroffene.size()) + Sprache::text(u" Dokumente"_s));
+    if (nurZeigen)
+        return drucken(Sprache::text(u"Nur gezeigt. Mit --anwenden wird nachgefragt und geschrieben."_s));
+    Nachfragebilanz bilanz;
+    for (qsizetype i = 0; i < betroffene.size(); ++i) {
+        try {
+            einesNachfragen(db, pruefung, profil, betroffene.at(i), bilanz);
+        } catch (const Fehler &f) {
+            Ausgabe::melden(f.text()); // an unanswered question changes nothing; the next run asks again
+        }
+        drucken(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(betroffene.size()));
+    }
+    drucken(Sprache::text(u"\nGegenueber berichtigt"_s));
+    drucken(Sprache::text(u"  ersetzt  "_s) + QString::number(bilanz.ersetzt));
+    drucken(Sprache::text(u"  geleert  "_s) + QString::number(bilanz.geleert));
+}
+
+void Kommandozeile::rechnungenBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen)
+{
+    if (Rechnungsrichtung(profil.eigeneAnschriften).istLeer())
+        return drucken(Sprache::text(u"Im Profil ist keine eigene Anschrift hinterlegt."_s));
+    const Richtungsbilanz bilanz = richtungenPruefen(db, profil);
+    drucken(Sprache::text(u"Richtungsregel fuer Rechnungen"_s));
+    drucken(Sprache::text(u"  betrachtete Dokumente  "_s) + QString::number(bilanz.betrachtet));
+    drucken(Sprache::text(u"  mit Rechnungsrubrik    "_s) + QString::number(bilanz.rechnungen));
+    drucken(Sprache::text(u"  berichtigt             "_s) + QString::number(bilanz.berichtigt.size()));
+    for (const Berichtigung &b : bilanz.berichtigt)
+        drucken(u"    "_s + b.alt + Sprache::text(u" nach "_s) + b.neu);
+    if (nurZeigen)
+        return drucken(Sprache::text(u"Nur gezeigt. Mit --anwenden wird es geschrieben."_s));
+    richtungenSchreiben(db, bilanz.berichtigt);
+    drucken(Sprache::text(u"Geschrieben."_s));
+}

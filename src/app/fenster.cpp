@@ -1,0 +1,66 @@
+#include "hauptfenster.h"
+#include "sprache.h"
+
+#include <QApplication>
+#include <QStringList>
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+void sagen(std::FILE *ziel, const QString &text) { std::fputs((text + u'\n').toUtf8().constData(), ziel); }
+
+QString hilfe()
+{
+    return Sprache::text(
+        u"Aufruf: quillmar [--profil NAME]\n"
+        "  Öffnet das Fenster.\n\n"
+        "Ohne Fenster:\n"
+        "  quillmar --analyse [--erneut]       Bestand aufnehmen, lesen, einordnen; danach der Bericht\n"
+        "  quillmar --bericht                  Bestand und Güte der Vorschläge\n"
+        "  quillmar --gelernt [--anwenden]     gelernte Zuordnungen\n"
+        "  quillmar --gegenueber [--anwenden]  eigene Namen als Gegenüber berichtigen\n"
+        "  quillmar --rechnungen [--anwenden]  Ein- und Ausgangsrechnungen berichtigen\n"
+        "  quillmar --selbsttest               eingebaute Prüfung, nur für kleine Probeprofile\n"
+        "  Mit --profil NAME für ein anderes als das erste Profil.\n\n"
+        "  quillmar --version, quillmar --help"_s);
+}
+
+/** Qt ends the program when it finds no display; the user is told what else can be done. */
+void beiMeldung(QtMsgType art, const QMessageLogContext &, const QString &text)
+{
+    sagen(stderr, text);
+    if (art != QtFatalMsg)
+        return;
+    sagen(stderr, Sprache::text(u"Hier lässt sich kein Fenster öffnen. Ohne Bildschirm hilft die Konsole weiter:"_s));
+    sagen(stderr, hilfe());
+    ::_exit(1);
+}
+} // namespace
+
+int main(int anzahl, char **argumente)
+{
+    for (int i = 1; i < anzahl; ++i) {
+        const QByteArrayView argument(argumente[i]);
+        if (argument == "--version") {
+            sagen(stdout, QStringLiteral("Quillmar ") + QStringLiteral(QUILLMAR_FASSUNG));
+            return 0;
+        }
+        if (argument == "--help") {
+            sagen(stdout, hilfe());
+            return 0;
+        }
+    }
+    qInstallMessageHandler(beiMeldung);
+    const QApplication programm(anzahl, argumente);
+    QApplication::setApplicationName(u"quillmar"_s);
+    QApplication::setApplicationDisplayName(u"Quillmar"_s);
+    QApplication::setDesktopFileName(u"quillmar"_s);
+    QApplication::setApplicationVersion(QStringLiteral(QUILLMAR_FASSUNG));
+    Hauptfenster fenster;
+    fenster.show();
+    return QApplication::exec();
+}

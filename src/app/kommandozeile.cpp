@@ -1,0 +1,126 @@
+#include "kommandozeile.h"
+
+#include "ablagewerk.h"
+#include "ausgabe.h"
+#include "datenbank.h"
+#include "profilspeicher.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using Ausgabe::drucken;
+
+namespace
+{
+constexpr int strukturTiefe = 2;
+
+std::optional<Profil> profilWaehlen(const QList<Profil> &profile, const QStringList &argumente)
+{
+    const auto name = Kommandozeile::wert(argumente, u"--profil"_s);
+    if (!name)
+        return profile.first();
+    const auto treffer = std::find_if(profile.begin(), profile.end(), [&](const Profil &p) { return p.name == *name; });
+    return treffer == profile.end() ? std::nullopt : std::optional(*treffer);
+}
+
+std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil)
+{
+    try {
+        auto db = std::make_shared<Datenbank>(Profilspeicher::katalogDatei(profil));
+        if (db->nurLesen())
+            Ausgabe::melden(
+                Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s));
+        return db;
+    } catch (const Fehler &f) {
+        drucken(Sprache::text(u"Datenbank nicht erreichbar"_s));
+        Ausgabe::melden(f.text());
+        return {};
+    }
+}
+
+void ausnahmenAnwenden(Datenbank &db, const Profil &profil)
+{
+    try {
+        const auto wechsel = Ablagewerk::ausnahmenAnwenden(db, profil);
+        if (wechsel.ruhen > 0 || wechsel.zurueckgeholt > 0)
+            drucken(Sprache::text(u"Ausnahmen: "_s) + QString::number(wechsel.ruhen) +
+                    Sprache::text(u" ruhen jetzt, "_s) + QString::number(wechsel.zurueckgeholt) +
+                    Sprache::text(u" zurückgeholt"_s));
+    } catch (const Fehler &f) {
+        Ausgabe::melden(f.text()); // the report can still be given
+    }
+}
+
+/** Reads the filing tree once, when the profile has none yet, and keeps it in the profile. */
+void strukturErgaenzen(Profil &profil, const QList<Profil> &liste)
+{
+    if (!profil.zweige.isEmpty() || profil.zielWurzel.isEmpty())
+        return;
+    profil.zweige = Profil::struktureinlesen(profil.zielWurzel, strukturTiefe);
+    QList<Profil> neu = liste;
+    std::replace_if(
+        neu.begin(), neu.end(), [&](const Profil &p) { return p.id == profil.id; }, profil);
+    Profilspeicher::sichern(neu, liste); // a failure only means that the tree is read again next time
+    qsizetype rubriken = 0;
+    for (const Zweig &zweig : std::as_const(profil.zweige)) {
+        for (const Ablageart &art : zweig.ablagen)
+            rubriken += art.rubriken.size();
+    }
+    drucken(Sprache::text(u"Struktur eingelesen: "_s) + QString::number(profil.zweige.size()) +
+            Sprache::text(u" Zweige, "_s) + QString::number(rubriken) + Sprache::text(u" Rubriken"_s));
+}
+
+void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &db, const Profil &profil)
+{
+    const bool anwenden = argumente.contains("--anwenden"_L1);
+    if (argumente.contains("--gelernt"_L1))
+        return Kommandozeile::gelernt(*db, anwenden);
+    if (argumente.contains("--gegenueber"_L1))
+        return Kommandozeile::gegenueberBerichtigen(*db, profil, !anwenden);
+    if (argumente.contains("--rechnungen"_L1))
+        return Kommandozeile::rechnungenBerichtigen(*db, profil, !anwenden);
+    if (argumente.contains("--selbsttest"_L1))
+        return Kommandozeile::selbsttest(*db, profil);
+    if (argumente.contains("--analyse"_L1))
+        Kommandozeile::analysieren(db, profil, argumente.contains("--erneut"_L1));
+    const Ablagewerk werk(db, profil);
+    Kommandozeile::bestandDrucken(werk);
+    Kommandozeile::bericht(*db, werk);
+}
+} // namespace
+
+bool Kommandozeile::istGemeint(const QStringList &argumente)
+{
+    static const QStringList befehle = {u"--analyse"_s,    u"--bericht"_s,    u"--selbsttest"_s,
+                                        u"--rechnungen"_s, u"--gegenueber"_s, u"--gelernt"_s};
+    return std::any_of(befehle.begin(), befehle.end(), [&](const QString &b) { return argumente.contains(b); });
+}
+
+std::optional<QString> Kommandozeile::wert(const QStringList &argumente, const QString &name)
+{
+    const qsizetype stelle = argumente.indexOf(name);
+    return stelle < 0 || stelle + 1 >= argumente.size() ? std::nullopt : std::optional(argumente.at(stelle + 1));
+}
+
+void Kommandozeile::laufen(const QStringList &argumente)
+{
+    const QList<Profil> liste = Profilspeicher::laden();
+    if (liste.isEmpty())
+        return drucken(Sprache::text(u"Kein Profil vorhanden"_s));
+    auto profil = profilWaehlen(liste, argumente);
+    if (!profil)
+        return drucken(Sprache::text(u"Profil nicht gefunden"_s));
+    drucken(Sprache::text(u"Profil: "_s) + profil->name);
+    const auto db = katalogOeffnen(*profil);
+    if (!db)
+        return;
+    ausnahmenAnwenden(*db, *profil);
+    strukturErgaenzen(*profil, liste);
+    try {
+        ausfuehren(argumente, db, *profil);
+    } catch (const Fehler &f) {
+        Ausgabe::melden(f.text());
+    }
+}

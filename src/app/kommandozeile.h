@@ -1,0 +1,40 @@
+#pragma once
+
+#include "profil.h"
+
+#include <QStringList>
+#include <memory>
+
+class Ablagewerk;
+class Datenbank;
+
+/** The console mode: works on one profile's catalogue without a window and prints German text. */
+namespace Kommandozeile
+{
+/** One of @p argumente is a console command. */
+[[nodiscard]] bool istGemeint(const QStringList &argumente);
+
+/** The argument behind @p name, whatever it is; none when @p name is missing or the last one. */
+[[nodiscard]] std::optional<QString> wert(const QStringList &argumente, const QString &name);
+
+/** Runs the command that @p argumente (the program's path first) name. Failures are printed; nothing is thrown. */
+void laufen(const QStringList &argumente);
+
+/** Figures of the catalogue by status. */
+void bestandDrucken(const Ablagewerk &werk);
+/** Quality of the waiting proposals; prints nothing when none waits. */
+void bericht(Datenbank &db, const Ablagewerk &werk);
+/** Learned places, and with @p anwenden their application to the waiting documents. */
+void gelernt(Datenbank &db, bool anwenden);
+
+/** Runs the analysis to its end or to the second Ctrl+C; @p erneut first reopens what failed. */
+void analysieren(const std::shared_ptr<Datenbank> &db, const Profil &profil, bool erneut);
+
+/** Has the model name the other party where the counterpart is the owner; @p nurZeigen only counts. */
+void gegenueberBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen);
+/** Applies the invoice rule to the waiting documents; @p nurZeigen only lists. */
+void rechnungenBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen);
+
+/** The built-in self-test; leaves the catalogue as it was. Refuses catalogues of more than 50 documents. */
+void selbsttest(Datenbank &db, const Profil &profil);
+} // namespace Kommandozeile

@@ -1,0 +1,156 @@
+#include "ausgabe.h"
+#include "ausnahmefilter.h"
+#include "datenbank.h"
+#include "kommandozeile.h"
+#include "lernspeicher.h"
+#include "sprache.h"
+#include "text.h"
+#include "transaktion.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using Ausgabe::drucken;
+
+namespace
+{
+constexpr qint64 hoechstensDokumente = 50;
+
+/** Prints each check with its label and remembers what failed. */
+class Pruefung
+{
+public:
+    void block(const QString &name) { drucken(u"\n=== "_s + name); }
+    void pruefe(bool erfuellt, const QString &name)
+    {
+        drucken((erfuellt ? u"  ok      "_s : u"  FEHLER  "_s) + name);
+        if (!erfuellt)
+            m_gescheitert << name;
+    }
+    void ergebnis() const
+    {
+        if (m_gescheitert.isEmpty())
+            return drucken(Sprache::text(u"\nSelbsttest bestanden"_s));
+        drucken(Sprache::text(u"\nSelbsttest mit "_s) + QString::number(m_gescheitert.size()) +
+                Sprache::text(u" Fehlern: "_s) + m_gescheitert.join(u", "_s));
+    }
+
+private:
+    QStringList m_gescheitert;
+};
+
+Dokument bestaetigt(const QString &gegenueber)
+{
+    Dokument d;
+    d.gegenueber = gegenueber;
+    d.zweig = u"Selbsttest"_s;
+    d.ablage = u"Stammdaten"_s;
+    d.rubrik = u"Telefon"_s;
+    return d;
+}
+
+void namensregeln(Pruefung &p)
+{
+    using namespace Lernregeln;
+    const QString kurz = u"Beispiel Telefon"_s;
+    const QString lang = u"Beispiel Telefon Deutschland"_s;
+    p.pruefe(schluessel(u"Beispiel Telefon GmbH"_s) == schluessel(kurz),
+             Sprache::text(u"Rechtsform wird abgestreift"_s));
+    p.pruefe(schluessel(u"Stadtwerke Köln"_s) == schluessel(u"Stadtwerke Koeln"_s),
+             Sprache::text(u"Umlaute vereinheitlicht"_s));
+    p.pruefe(passt(schluessel(kurz), schluessel(lang)), Sprache::text(u"Kurzform trifft Langform"_s));
+    p.pruefe(!passt(schluessel(kurz), schluessel(u"Musterbank"_s)),
+             Sprache::text(u"fremde Gegenseiten bleiben getrennt"_s));
+    p.pruefe(!darfErsetzen(kurz, kurz), Sprache::text(u"gleicher Name löst keine Änderung aus"_s));
+    p.pruefe(darfErsetzen(kurz, u"Beispiel Telefon GmbH"_s), Sprache::text(u"Rechtsform wird vereinheitlicht"_s));
+    p.pruefe(darfErsetzen(lang, kurz), Sprache::text(u"kurze Schreibweise wird ergänzt"_s));
+    p.pruefe(!darfErsetzen(kurz, lang), Sprache::text(u"längere Schreibweise wird nicht verkürzt"_s));
+    p.pruefe(!darfErsetzen(kurz, u"Musterbank"_s), Sprache::text(u"fremder Name wird nicht überschrieben"_s));
+}
+
+void zuordnungen(Pruefung &p, Lernspeicher &speicher)
+{
+    const auto eintrag = [&speicher] { return speicher.vorschlag(u"Selbsttestwerk Nord"_s); };
+    const qsizetype vorher = speicher.alle().size();
+    speicher.merken(bestaetigt(u"Selbsttestwerk Nord GmbH"_s), u"Selbsttestwerk Nord GmbH"_s);
+    p.pruefe(speicher.alle().size() == vorher + 1, Sprache::text(u"eine Zuordnung gemerkt"_s));
+    p.pruefe(eintrag() && eintrag()->rubrik == u"Telefon"_s,
+             Sprache::text(u"Schreibvariante findet die Zuordnung wieder"_s));
+    p.pruefe(eintrag() && eintrag()->anzeige == u"Selbsttestwerk Nord GmbH"_s,
+             Sprache::text(u"Schreibweise wird mitgespeichert"_s));
+    p.pruefe(!speicher.vorschlag(u"Zzz Unbekannt Qqq"_s), Sprache::text(u"fremde Gegenseite findet nichts"_s));
+    speicher.merken(bestaetigt(u"Selbsttestwerk Nord GmbH"_s), u"Selbsttestwerk Nord GmbH"_s);
+    p.pruefe(eintrag() && eintrag()->anzahl == 2, Sprache::text(u"zweite Bestätigung wird gezählt"_s));
+}
+
+void gleichungen(Pruefung &p, Lernspeicher &speicher)
+{
+    const qsizetype vorher = speicher.gleichungen().size();
+    speicher.merken(bestaetigt(u"Selbsttestwerk Süd GmbH"_s), u"Altername Selbsttest AG"_s);
+    p.pruefe(speicher.gleichungen().size() == vorher + 1, Sprache::text(u"Namensgleichung gemerkt"_s));
+    p.pruefe(speicher.gleichwertig(u"Altername Selbsttest AG"_s) == u"Selbsttestwerk Süd GmbH"_s,
+             Sprache::text(u"alter Name führt zum neuen"_s));
+    p.pruefe(speicher.gleichwertig(u"Altername Selbsttest GmbH"_s) == u"Selbsttestwerk Süd GmbH"_s,
+             Sprache::text(u"Rechtsform stört die Gleichung nicht"_s));
+}
+
+void gedaechtnis(Pruefung &p, Datenbank &db)
+{
+    p.block(Sprache::text(u"Gedächtnis"_s));
+    // Rolled back at the end: nothing that is learned here stays.
+    const Transaktion probe(db);
+    Lernspeicher speicher(db);
+    zuordnungen(p, speicher);
+    namensregeln(p);
+    gleichungen(p, speicher);
+}
+
+void ausnahmeregeln(Pruefung &p)
+{
+    const Ausnahmefilter filter({u"Fotos"_s, u""_s, u"privat/2019/Belege"_s, u"/Vorlagen/"_s});
+    const auto trifft = [&](const QString &ordner, const QString &datei) { return filter.erste(ordner, datei); };
+    const QString brief = u"Brief.pdf"_s;
+    p.pruefe(filter.regeln().size() == 3, Sprache::text(u"leere Regel verworfen, 3 übrig"_s));
+    p.pruefe(trifft(u"Fotograf/Jahresablage/2019/Fotos"_s, brief).has_value(),
+             Sprache::text(u"bloßer Name trifft überall"_s));
+    p.pruefe(trifft(u"privat/Stammdaten/Fotos"_s, brief).has_value(),
+             Sprache::text(u"derselbe Name trifft auch an zweiter Stelle"_s));
+    p.pruefe(trifft(u"privat/2019/Belege"_s, brief).has_value(), Sprache::text(u"Pfadregel trifft ihren Ort"_s));
+    p.pruefe(!trifft(u"Fotograf/2019/Belege"_s, brief),
+             Sprache::text(u"Pfadregel trifft nicht den gleichnamigen Ordner anderswo"_s));
+    p.pruefe(trifft(u"Firma/Vorlagen"_s, brief).has_value(),
+             Sprache::text(u"Schrägstriche am Rand werden abgestreift"_s));
+    p.pruefe(trifft(u"Firma"_s, u"Urlaubsfotos 2020.pdf"_s).has_value(),
+             Sprache::text(u"bloßer Name trifft auch im Dateinamen"_s));
+    p.pruefe(!trifft(u"Firma"_s, u"Rechnung.pdf"_s), Sprache::text(u"unbeteiligte Datei bleibt drin"_s));
+    const auto pfadregel = trifft(u"privat/2019/Belege"_s, brief);
+    p.pruefe(pfadregel && pfadregel->istPfad, Sprache::text(u"Pfadregel wird als Pfad erkannt"_s));
+}
+
+void ordnerwahl(Pruefung &p)
+{
+    Profil profil;
+    profil.quelle = u"/Volumes/Platte/Ablage"_s;
+    p.pruefe(profil.regelFuer(u"/Volumes/Platte/Ablage/privat/2019/Fotos"_s) == u"privat/2019/Fotos"_s,
+             Sprache::text(u"Ordnerwahl liefert den Zwischenpfad"_s));
+    p.pruefe(!profil.regelFuer(profil.quelle), Sprache::text(u"Herkunftsordner selbst ergibt keine Regel"_s));
+    p.pruefe(profil.regelFuer(u"/ganz/woanders/Fotos"_s) == u"Fotos"_s,
+             Sprache::text(u"Ordner außerhalb fällt auf den bloßen Namen zurück"_s));
+}
+} // namespace
+
+void Kommandozeile::selbsttest(Datenbank &db, const Profil &profil)
+{
+    const QList<Zeile> zeilen = db.abfragen(u"SELECT COUNT(*) n FROM dokumente"_s);
+    const qint64 anzahl = zeilen.isEmpty() ? 0 : zeilen.first().ganz(u"n");
+    if (anzahl > hoechstensDokumente)
+        return drucken(gefuellt(Sprache::text(u"Abbruch. Das Profil %@ hat %@ Dokumente. Der Selbsttest ist nur für "
+                                              "kleine Probeprofile gedacht."_s),
+                                {profil.name, QString::number(anzahl)}));
+    Pruefung p;
+    gedaechtnis(p, db);
+    p.block(Sprache::text(u"Ausnahmen"_s));
+    ausnahmeregeln(p);
+    ordnerwahl(p);
+    p.ergebnis();
+}

@@ -1,0 +1,48 @@
+#include "ausgabe.h"
+#include "kommandozeile.h"
+#include "sprache.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/** Beside the program in the build tree, in its library folder once installed. */
+QString fensterProgramm()
+{
+    const QString ort = QCoreApplication::applicationDirPath();
+    for (const QString &relativ : {u"/quillmar-fenster"_s, u"/../lib/quillmar/quillmar-fenster"_s}) {
+        if (QFileInfo(ort + relativ).isExecutable())
+            return ort + relativ;
+    }
+    return {};
+}
+
+/** Lets the windowed program take this one's place. Returns only when that fails. */
+int fensterOeffnen(char **argumente)
+{
+    const QByteArray programm = fensterProgramm().toUtf8();
+    if (!programm.isEmpty())
+        ::execv(programm.constData(), argumente);
+    Ausgabe::melden(Sprache::text(u"Das Fenster lässt sich nicht öffnen: Die Installation ist unvollständig"_s));
+    return 1;
+}
+} // namespace
+
+int main(int anzahl, char **argumente)
+{
+    const QCoreApplication programm(anzahl, argumente);
+    Sprache::vorbereiten();
+    const QStringList liste = QCoreApplication::arguments();
+    if (!Kommandozeile::istGemeint(liste))
+        return fensterOeffnen(argumente);
+    Sprache::nurDeutsch();
+    // Each line reaches the terminal, or the program that reads, at once.
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+    Kommandozeile::laufen(liste);
+    return 0;
+}
