@@ -27,7 +27,7 @@ void orteLesen(const QString &zeile, QList<Ort> &orte)
         orte.append({zeile.left(schraegstrich), ablage, rubrik});
 }
 
-QStringList textzeilen(QString text)
+QStringList textzeilen(const QString &text)
 {
     const qsizetype ende = text.lastIndexOf(u"\"\"\""_s);
     QStringList zeilen;

@@ -142,14 +142,14 @@ QString datumAus(const QStringList &zeilen)
         if (istDatumszeile(zeile))
             return datumIn(zeile);
     for (const QString &zeile : zeilen)
-        if (const QString datum = datumIn(zeile); !datum.isEmpty())
+        if (QString datum = datumIn(zeile); !datum.isEmpty())
             return datum;
     return {};
 }
 
 QString gegenueberAus(const QStringList &zeilen, const QStringList &eigene)
 {
-    const QString name = absender(zeilen);
+    QString name = absender(zeilen);
     if (!istEigen(name, eigene))
         return name;
     const QString anderer = empfaenger(zeilen);

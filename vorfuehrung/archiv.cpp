@@ -10,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -104,6 +105,8 @@ QByteArray bytesVon(const QList<Vorlage> &alle, const Vorlage &vorlage)
 QJsonObject erwartung(const Vorlage &vorlage)
 {
     const bool dublette = !vorlage.von.isEmpty();
+    const bool eingeordnet = !dublette && vorlage.fehler.isEmpty();
+    const QString ortQuelle = eingeordnet && vorlage.ortQuelle.isEmpty() ? u"modell"_s : vorlage.ortQuelle;
     return {{u"pfad"_s, vorlage.pfad},
             {u"status"_s, dublette ? u"dublette"_s : u"bereit"_s},
             {u"dublette_von"_s, vorlage.von},
@@ -115,15 +118,15 @@ QJsonObject erwartung(const Vorlage &vorlage)
             {u"zweig"_s, vorlage.zweig},
             {u"ablage"_s, vorlage.ablage},
             {u"rubrik"_s, vorlage.rubrik},
-            {u"ort_quelle"_s, vorlage.ortQuelle},
-            {u"hat_textebene"_s, vorlage.machart == Machart::text}};
+            {u"ort_quelle"_s, ortQuelle},
+            {u"hat_textebene"_s, vorlage.machart == Machart::text || vorlage.machart == Machart::neuGespeichert}};
 }
 
 /** Files that an inventory must leave alone: hidden, not a PDF, or in a folder for duplicates. */
 QStringList beifangSchreiben(const QString &quelle)
 {
-    const QStringList pfade{u"Inbox/.halb geladen.pdf"_s, u"Inbox/Liste.pdf.txt"_s, u"_Dubletten/Rechnung alt.pdf"_s};
-    for (const QString &pfad : pfade)
+    QStringList pfade{u"Inbox/.halb geladen.pdf"_s, u"Inbox/Liste.pdf.txt"_s, u"_Dubletten/Rechnung alt.pdf"_s};
+    for (const QString &pfad : std::as_const(pfade))
         dateiSchreiben(quelle + u'/' + pfad, pdf({Seite{seitenSatz({u"Gehört nicht zum Bestand."_s}), {}, {}}}));
     return pfade;
 }

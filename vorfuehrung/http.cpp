@@ -9,8 +9,8 @@ namespace vorfuehrung
 namespace
 {
 
-constexpr qsizetype hoechsterKopf = 64 * 1024;
-constexpr qsizetype hoechsterRumpf = 16 * 1024 * 1024;
+constexpr qsizetype hoechsterKopf = 64LL * 1024;
+constexpr qsizetype hoechsterRumpf = 16LL * 1024 * 1024;
 
 } // namespace
 
