@@ -24,7 +24,7 @@ bool gibtEs(const QByteArray &pfad)
 QByteArray schreibweise(const QByteArray &ordner, const QString &name)
 {
     for (const auto form : {QString::NormalizationForm_C, QString::NormalizationForm_D}) {
-        const QByteArray bytes = name.normalized(form).toUtf8();
+        QByteArray bytes = name.normalized(form).toUtf8();
         if (gibtEs(ordner + bytes))
             return bytes;
     }
@@ -75,7 +75,7 @@ struct OrdnerSchliesser {
 
 QByteArray plattenPfad(const QString &pfad)
 {
-    const QByteArray direkt = pfad.toUtf8();
+    QByteArray direkt = pfad.toUtf8();
     if (gibtEs(direkt))
         return direkt;
     QByteArray bisher = "/";

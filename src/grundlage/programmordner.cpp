@@ -24,7 +24,7 @@ void vonFrueherUebernehmen(const QDir &daten, const QString &neu)
 QString programmOrdner()
 {
     const QDir daten(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    const QString ordner = daten.filePath(u"Quillmar"_s);
+    QString ordner = daten.filePath(u"Quillmar"_s);
     if (!QFileInfo::exists(ordner)) {
         vonFrueherUebernehmen(daten, ordner);
         QDir().mkpath(ordner);

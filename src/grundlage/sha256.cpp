@@ -33,7 +33,7 @@ private:
     int m_nummer;
 };
 
-constexpr size_t stueck = 256 * 1024;
+constexpr size_t stueck = size_t{256} * 1024;
 } // namespace
 
 void Sha256::Freigeber::operator()(EVP_MD_CTX *c) const noexcept { EVP_MD_CTX_free(c); }

@@ -104,7 +104,7 @@ void Sprache::setzeGewaehlteKennung(const QString &kennung)
 
 QString Sprache::wirksameKennung()
 {
-    if (const QString gewaehlt = gewaehlteKennung(); !gewaehlt.isEmpty())
+    if (QString gewaehlt = gewaehlteKennung(); !gewaehlt.isEmpty())
         return gewaehlt;
     QStringList vorhandene;
     for (const Sprachsatz &satz : verfuegbare())
@@ -126,7 +126,7 @@ QString Sprache::mitgelieferterOrdner()
     // Beside an installed program (bin, share) as well as above one in the build folder; needs no application object.
     QDir ordner(QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path());
     for (int stufe = 0; stufe <= 4; ++stufe) {
-        if (const QString ort = ordner.filePath(u"share/quillmar/Sprachen"_s); QFileInfo(ort).isDir())
+        if (QString ort = ordner.filePath(u"share/quillmar/Sprachen"_s); QFileInfo(ort).isDir())
             return ort;
         if (!ordner.cdUp())
             break;
@@ -136,7 +136,7 @@ QString Sprache::mitgelieferterOrdner()
 
 QString Sprache::eigenerOrdner()
 {
-    const QString ordner = programmOrdner() + "/Sprachen"_L1;
+    QString ordner = programmOrdner() + "/Sprachen"_L1;
     QDir().mkpath(ordner);
     return ordner;
 }

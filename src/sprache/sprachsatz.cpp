@@ -63,7 +63,7 @@ QString kennungFuer(const QString &gewaehlt, const QStringList &vorhandene, cons
     if (!gewaehlt.isEmpty())
         return gewaehlt;
     for (const QString &sprache : bevorzugte) {
-        if (const QString kennung = sprache.first(std::min<qsizetype>(2, sprache.size())).toLower();
+        if (QString kennung = sprache.first(std::min<qsizetype>(2, sprache.size())).toLower();
             vorhandene.contains(kennung))
             return kennung;
     }

@@ -47,7 +47,7 @@ Testantwort Testantwort::abgeschnitten(const QByteArray &rumpf, qsizetype bytes)
 
 Testantwort Testantwort::leerzeichen(qint64 menge, const QByteArray &davor, const QByteArray &danach)
 {
-    constexpr qint64 block = 64 * 1024;
+    constexpr qint64 block = 65536;
     const qint64 gesamt = davor.size() + menge + danach.size();
     return {{senden(kopf(200, laenge(gesamt)) + davor), senden(QByteArray(block, ' '), menge / block),
              senden(QByteArray(menge % block, ' ') + danach)}};

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qint64 vorrat = 1024 * 1024;
+constexpr qint64 vorrat = 1048576;
 
 /** The request once @p puffer holds all of it, else none. */
 std::optional<Testanfrage> anfrageAus(const QByteArray &puffer)
