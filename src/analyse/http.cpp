@@ -15,7 +15,7 @@ using std::chrono::steady_clock;
 
 namespace
 {
-constexpr qsizetype hoechstensKopf = 64 * 1024;
+constexpr qsizetype hoechstensKopf = 65536;
 constexpr qint64 lesestueck = 64LL * 1024;
 constexpr auto scheibe = 50ms;
 
@@ -65,14 +65,15 @@ QByteArray kopfVon(const Http::Anfrage &a)
 void verbinden(QTcpSocket &leitung, const Http::Anfrage &a, const Uhr &uhr)
 {
     leitung.setProxy(QNetworkProxy::NoProxy);
-    leitung.connectToHost(QHostAddress(a.rechner), a.port);
-    while (leitung.state() == QAbstractSocket::ConnectingState && !leitung.waitForConnected(uhr.scheibe())) {
+    for (;;) {
+        leitung.connectToHost(QHostAddress(a.rechner), a.port);
+        if (leitung.waitForConnected(uhr.scheibe()))
+            return;
+        // Waiting in vain gives the attempt up, so the next slice begins a new one: the server may just be busy.
         if (leitung.error() != QAbstractSocket::SocketTimeoutError)
-            break;
+            throw Fehler(Sprache::text(u"Der Modellserver ollama läuft nicht"_s));
         uhr.pruefen();
     }
-    if (leitung.state() != QAbstractSocket::ConnectedState)
-        throw Fehler(Sprache::text(u"Der Modellserver ollama läuft nicht"_s));
 }
 
 /** True when bytes have come, false when the server has closed the connection. */

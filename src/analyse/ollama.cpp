@@ -9,13 +9,14 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QUrl>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace
 {
-constexpr qsizetype hoechstensZeile = 4 * 1024 * 1024;
+constexpr qsizetype hoechstensZeile = 4LL * 1024 * 1024;
 
 Http::Anfrage anfrage(const Ollama::Basis &basis, const QByteArray &pfad, std::chrono::milliseconds zeitgrenze,
                       const std::stop_token &ende)
@@ -80,7 +81,9 @@ Ollama::Ollama() : m_basis(basisAus(qEnvironmentVariable("OLLAMA_HOST"))) {}
 Ollama::Basis Ollama::basisAus(const QString &einstellung, bool *fremd)
 {
     QString text = einstellung.trimmed();
-    if (!text.contains("://"_L1))
+    // As the server itself reads it: a full address without a port means that of HTTP.
+    const int ueblich = text.contains("://"_L1) ? 80 : 11434;
+    if (ueblich != 80)
         text.prepend("http://"_L1);
     const QUrl url(text);
     QString rechner = url.host();
@@ -88,16 +91,16 @@ Ollama::Basis Ollama::basisAus(const QString &einstellung, bool *fremd)
         rechner = u"127.0.0.1"_s;
     else if (rechner == u"::"_s)
         rechner = u"::1"_s;
-    const bool brauchbar =
-        einstellung.trimmed().isEmpty() || (url.scheme() == u"http"_s && QHostAddress(rechner).isLoopback());
+    const bool leer = einstellung.trimmed().isEmpty();
+    const bool brauchbar = url.isValid() && url.scheme() == u"http"_s && QHostAddress(rechner).isLoopback();
     if (fremd)
-        *fremd = !brauchbar;
-    if (!brauchbar)
+        *fremd = !leer && !brauchbar;
+    if (leer || !brauchbar)
         return {};
     QByteArray pfad = url.path(QUrl::FullyEncoded).toLatin1();
     while (pfad.endsWith('/'))
         pfad.chop(1);
-    return {.rechner = rechner, .port = quint16(url.port(11434)), .pfad = pfad};
+    return {.rechner = rechner, .port = quint16(url.port(ueblich)), .pfad = pfad};
 }
 
 bool Ollama::umgebungNenntFremdenRechner()
@@ -110,7 +113,9 @@ bool Ollama::umgebungNenntFremdenRechner()
 bool Ollama::erreichbar(const std::stop_token &ende) const
 {
     try {
-        Http::senden(anfrage(m_basis, "/api/version", 4s, ende));
+        Http::Anfrage a = anfrage(m_basis, "/api/version", 4s, ende);
+        a.stueck = [](QByteArrayView) {}; // nobody reads the body, so it may be as long as it likes
+        Http::senden(a);
         return true;
     } catch (const Fehler &) {
         return false; // not running is a state that the caller words
@@ -123,7 +128,7 @@ QStringList Ollama::modelle(const std::stop_token &ende) const
         const Http::Antwort antwort = Http::senden(anfrage(m_basis, "/api/tags", 10s, ende));
         const QJsonValue liste = QJsonDocument::fromJson(antwort.koerper).object().value("models"_L1);
         QStringList namen;
-        for (const QJsonValue &modell : liste.toArray()) {
+        for (const QJsonValue modell : liste.toArray()) {
             if (!modell.toObject().value("name"_L1).isString())
                 return {};
             namen << modell.toObject().value("name"_L1).toString();
@@ -141,13 +146,14 @@ QString Ollama::fortschritt(const QByteArray &zeile, QString &fehler)
         fehler = objekt.value("error"_L1).toString();
     if (!objekt.value("status"_L1).isString())
         return {};
-    const QString status = objekt.value("status"_L1).toString();
+    QString status = objekt.value("status"_L1).toString();
     const QJsonValue gesamt = objekt.value("total"_L1);
     const QJsonValue fertig = objekt.value("completed"_L1);
     if (!gesamt.isDouble() || !fertig.isDouble() || gesamt.toDouble() <= 0)
         return status;
-    return status + u' ' + QString::number(qint64(fertig.toDouble() / gesamt.toDouble() * 100)) +
-           Sprache::text(u" Prozent"_s);
+    // Whatever the server says, the number stays one that an integer can hold.
+    const double prozent = std::clamp(fertig.toDouble() / gesamt.toDouble() * 100, -1e9, 1e9);
+    return status + u' ' + QString::number(qint64(prozent)) + Sprache::text(u" Prozent"_s);
 }
 
 QString Ollama::laden(const QString &modell, const std::function<void(const QString &)> &meldung,
