@@ -1,0 +1,265 @@
+#include "ausgabe.h"
+#include "datenbank.h"
+#include "kommandozeile.h"
+#include "programm.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const QString leererBestand =
+    u"\nBestand\n  in Analyse      0\n  zu prüfen       0\n  einsortiert     0\n  zurückgestellt  0\n"
+    "  Dubletten       0\n  aussortiert     0\n"_s;
+
+Profil namens(const QString &name)
+{
+    Profil p;
+    p.name = name;
+    return p;
+}
+
+void dateiSchreiben(const QString &pfad, const QByteArray &inhalt)
+{
+    QDir().mkpath(QFileInfo(pfad).path());
+    QFile datei(pfad);
+    QVERIFY(datei.open(QIODevice::WriteOnly));
+    datei.write(inhalt);
+}
+
+void bereitesDokument(Datenbank &db, const QString &gegenueber, const QString &rubrik, const QString &text)
+{
+    const qint64 id = db.abfragen(u"SELECT COUNT(*) n FROM dokumente"_s).first().ganz(u"n") + 1;
+    db.ausfuehren(
+        u"INSERT INTO dokumente (id, pfad, dateiname, alt_ordner, status, datum, gegenueber, titel, zweig,\n"
+        "ablage, rubrik, konfidenz, ort_quelle) VALUES (?,?,?,'','bereit',?,?,?,'Privat','Stammdaten',?,0.5,?)"_s,
+        {id, u"/x/%1.pdf"_s.arg(id), u"%1.pdf"_s.arg(id), id == 2 ? u"2024-1-1"_s : u"2024-13-45"_s, gegenueber,
+         u"Brief"_s, rubrik, id == 1 ? u"umsortierung"_s : u"modell"_s});
+    db.ausfuehren(u"INSERT INTO texte VALUES (?,?)"_s, {id, text});
+}
+} // namespace
+
+class TestKommandozeile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void wert_data();
+    void wert();
+    void ohneKatalog_data();
+    void ohneKatalog();
+    void profilwahl();
+    void kaputterKatalog_data();
+    void kaputterKatalog();
+    void befehleUndIhreReihenfolge();
+    void berichtigungen();
+    void selbsttestLaesstAllesWieEsWar();
+    void sprachenlos();
+    void fensterUndHilfe();
+    void statuszeile();
+};
+
+void TestKommandozeile::wert_data()
+{
+    QTest::addColumn<QStringList>("argumente");
+    QTest::addColumn<QString>("erwartet");
+    QTest::newRow("fehlt") << QStringList{u"q"_s, u"--bericht"_s} << QString();
+    QTest::newRow("letztes") << QStringList{u"q"_s, u"--profil"_s} << QString();
+    QTest::newRow("mit Strichen") << QStringList{u"q"_s, u"--profil"_s, u"--bericht"_s} << u"--bericht"_s;
+    QTest::newRow("erstes zählt") << QStringList{u"--profil"_s, u"A"_s, u"--profil"_s, u"B"_s} << u"A"_s;
+}
+
+void TestKommandozeile::wert()
+{
+    QFETCH(QStringList, argumente);
+    QFETCH(QString, erwartet);
+    QCOMPARE(Kommandozeile::wert(argumente, u"--profil"_s).value_or(QString()), erwartet);
+}
+
+void TestKommandozeile::ohneKatalog_data()
+{
+    QTest::addColumn<QByteArray>("liste");
+    QTest::newRow("keine Datei") << QByteArray();
+    QTest::newRow("leere Liste") << QByteArray("[]");
+    QTest::newRow("kein JSON") << QByteArray("[{");
+    QTest::newRow("falscher Typ") << QByteArray("[{\"name\": 5}]");
+}
+
+void TestKommandozeile::ohneKatalog()
+{
+    QFETCH(QByteArray, liste);
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    if (!liste.isEmpty())
+        dateiSchreiben(programm.ordner() + u"/profile.json"_s, liste);
+    const auto ende = programm.laufen({u"--bericht"_s});
+    QCOMPARE(ende.status, 0);
+    QCOMPARE(ende.ausgabe, u"Kein Profil vorhanden\n"_s);
+}
+
+void TestKommandozeile::profilwahl()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    programm.profileSchreiben({namens(u"Eins"_s), namens(u"Zwei"_s)});
+    QCOMPARE(programm.laufen({u"--bericht"_s}).ausgabe, u"Profil: Eins\n"_s + leererBestand);
+    QCOMPARE(programm.laufen({u"--bericht"_s, u"--profil"_s, u"Zwei"_s}).ausgabe, u"Profil: Zwei\n"_s + leererBestand);
+    QCOMPARE(programm.laufen({u"--bericht"_s, u"--profil"_s, u"zwei"_s}).ausgabe, u"Profil nicht gefunden\n"_s);
+    QCOMPARE(programm.laufen({u"--bericht"_s, u"--profil"_s}).ausgabe, u"Profil: Eins\n"_s + leererBestand);
+}
+
+void TestKommandozeile::kaputterKatalog_data()
+{
+    QTest::addColumn<QByteArray>("inhalt");
+    QTest::newRow("keine Datenbank") << QByteArray("Das ist nur ein Brief, und zwar ein langer.\n").repeated(40);
+    QTest::newRow("abgeschnittener Kopf") << QByteArray("SQLite format 3\0\x10", 17);
+}
+
+void TestKommandozeile::kaputterKatalog()
+{
+    QFETCH(QByteArray, inhalt);
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    const Profil p = namens(u"P"_s);
+    programm.profileSchreiben({p});
+    dateiSchreiben(programm.katalog(p), inhalt);
+    const auto ende = programm.laufen({u"--analyse"_s});
+    QCOMPARE(ende.status, 0);
+    QCOMPARE(ende.ausgabe, u"Profil: P\nDatenbank nicht erreichbar\n"_s);
+    QVERIFY(ende.meldungen.contains(u"Datenbank lässt sich nicht öffnen: "_s + programm.katalog(p)));
+    QFile datei(programm.katalog(p));
+    QVERIFY(datei.open(QIODevice::ReadOnly));
+    QCOMPARE(datei.readAll(), inhalt);
+}
+
+void TestKommandozeile::befehleUndIhreReihenfolge()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    Profil p = namens(u"P"_s);
+    p.ausnahmen = {u"geheim"_s};
+    programm.profileSchreiben({p});
+    {
+        Datenbank db(programm.katalog(p));
+        bereitesDokument(db, u"Stadtwerke"_s, u"Strom"_s, u"Text"_s);
+        bereitesDokument(db, u""_s, u""_s, u"Text"_s);
+        bereitesDokument(db, u"Stadtwerke"_s, u"Strom"_s, u"Text"_s);
+        db.ausfuehren(u"INSERT INTO dokumente (pfad, dateiname, alt_ordner) VALUES ('/x/y.pdf','Geheimes.pdf','')"_s);
+    }
+    QCOMPARE(programm.laufen({u"--bericht"_s, u"--anwenden"_s}).ausgabe,
+             u"Profil: P\nAusnahmen: 1 ruhen jetzt, 0 zurückgeholt\n\nBestand\n  in Analyse      0\n"
+             "  zu prüfen       3\n  einsortiert     0\n  zurückgestellt  0\n  Dubletten       0\n"
+             "  aussortiert     0\nGüte der Vorschläge\n  gültiges Datum  2 von 3\n  Gegenüber       2 von 3\n"
+             "  Titel           3 von 3\n  Umsortierung    1\n  doppelte Namen  1\n"_s);
+    QCOMPARE(programm.laufen({u"--bericht"_s, u"--gelernt"_s}).ausgabe, u"Profil: P\nNoch nichts gelernt.\n"_s);
+    {
+        Datenbank db(programm.katalog(p));
+        db.ausfuehren(
+            u"INSERT INTO gelernt VALUES ('stadtwerke nord','Stadtwerke Nord GmbH','Privat','Stammdaten','',3,'')"_s);
+    }
+    QCOMPARE(programm.laufen({u"--rechnungen"_s, u"--gelernt"_s, u"--anwenden"_s}).ausgabe,
+             u"Profil: P\nGelernte Zuordnungen, 1 Stück\n\n  3x  Stadtwerke Nord GmbH\n"
+             "        -> Privat/Stammdaten\n\nAuf die Warteschlange angewendet: 2 Dokumente\n"_s);
+}
+
+void TestKommandozeile::berichtigungen()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    Profil p = namens(u"P"_s);
+    programm.profileSchreiben({p});
+    {
+        Datenbank db(programm.katalog(p));
+        bereitesDokument(db, u"Müller, Anna"_s, u"Eingangsrechnungen"_s,
+                         u"Anna Mueller · Hauptstraße 5 · 01234 Musterstadt\nRechnung an Herrn Kunde"_s);
+        bereitesDokument(db, u"Stadtwerke"_s, u"Strom"_s, u"Hauptstraße 5\n01234 Musterstadt"_s);
+    }
+    QCOMPARE(programm.laufen({u"--gegenueber"_s}).ausgabe,
+             u"Profil: P\nIm Profil ist kein eigener Name hinterlegt.\n"_s);
+    QCOMPARE(programm.laufen({u"--rechnungen"_s}).ausgabe,
+             u"Profil: P\nIm Profil ist keine eigene Anschrift hinterlegt.\n"_s);
+    p.eigeneNamen = {u"Anna Müller"_s};
+    p.eigeneAnschriften = {u"Hauptstr. 5, nirgends"_s, u"Hauptstraße 5, 01234 Musterstadt"_s};
+    programm.profileSchreiben({p});
+    const QString tabelle = u"Profil: P\nRichtungsregel fuer Rechnungen\n  betrachtete Dokumente  2\n"
+                            "  mit Rechnungsrubrik    1\n  berichtigt             1\n"
+                            "    Eingangsrechnungen nach Ausgangsrechnungen\n"_s;
+    QCOMPARE(programm.laufen({u"--rechnungen"_s}).ausgabe,
+             tabelle + u"Nur gezeigt. Mit --anwenden wird es geschrieben.\n"_s);
+    QVERIFY(programm.laufen({u"--rechnungen"_s, u"--anwenden"_s}).ausgabe.startsWith(tabelle));
+    QCOMPARE(programm.laufen({u"--gegenueber"_s}).ausgabe,
+             u"Profil: P\nBetroffen: 1 Dokumente\nNur gezeigt. Mit --anwenden wird nachgefragt und geschrieben.\n"_s);
+    // No server answers here: the row must stay as it is.
+    QCOMPARE(programm.laufen({u"--gegenueber"_s, u"--anwenden"_s}).ausgabe,
+             u"Profil: P\nBetroffen: 1 Dokumente\n1 von 1\n\nGegenueber berichtigt\n  ersetzt  0\n  geleert  0\n"_s);
+    Datenbank db(programm.katalog(p));
+    const Zeile zeile = db.abfragen(u"SELECT * FROM dokumente WHERE id=1"_s).first();
+    QCOMPARE(zeile.text(u"gegenueber"), u"Müller, Anna"_s);
+    QCOMPARE(zeile.text(u"rubrik"), u"Ausgangsrechnungen"_s);
+    QCOMPARE(zeile.komma(u"konfidenz"), 0.9);
+}
+
+void TestKommandozeile::selbsttestLaesstAllesWieEsWar()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    const Profil p = namens(u"P"_s);
+    programm.profileSchreiben({p});
+    {
+        Datenbank db(programm.katalog(p));
+        for (int i = 0; i < 50; ++i)
+            bereitesDokument(db, u"Altername Selbsttest AG"_s, u"Strom"_s, u"Text"_s);
+    }
+    const QStringList vorher = auszug(programm.katalog(p));
+    const auto ende = programm.laufen({u"--selbsttest"_s});
+    QVERIFY2(ende.ausgabe.endsWith("\nSelbsttest bestanden\n"_L1), qPrintable(ende.ausgabe));
+    QVERIFY(ende.ausgabe.contains(u"\n=== Gedächtnis\n"_s) && ende.ausgabe.contains("\n=== Ausnahmen\n"_L1));
+    QCOMPARE(auszug(programm.katalog(p)), vorher);
+    {
+        Datenbank db(programm.katalog(p));
+        bereitesDokument(db, u"Eines"_s, u"zu"_s, u"viel"_s);
+    }
+    const QString abbruch = programm.laufen({u"--selbsttest"_s}).ausgabe;
+    QVERIFY(abbruch.contains("Abbruch. Das Profil"_L1));
+    QVERIFY(abbruch.endsWith(u"Der Selbsttest ist nur für kleine Probeprofile gedacht.\n"_s));
+}
+
+void TestKommandozeile::sprachenlos()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    programm.profileSchreiben({namens(u"P"_s)});
+    dateiSchreiben(programm.ordner() + u"/Sprachen/de.json"_s, "{\"Profil: \": \"Anders: \"}");
+    QProcessEnvironment umgebung = programm.prozess().processEnvironment();
+    umgebung.insert(u"LC_ALL"_s, u"en_GB.UTF-8"_s);
+    programm.prozess().setProcessEnvironment(umgebung);
+    QVERIFY(programm.laufen({u"--bericht"_s}).ausgabe.startsWith("Profil: P\n"_L1));
+}
+
+void TestKommandozeile::fensterUndHilfe()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    QCOMPARE(programm.laufen({u"--version"_s}).ausgabe, QStringLiteral("Quillmar " QUILLMAR_FASSUNG "\n"));
+    QVERIFY(programm.laufen({u"--help"_s}).ausgabe.contains("--analyse"_L1));
+    QProcessEnvironment umgebung = programm.prozess().processEnvironment();
+    umgebung.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    umgebung.insert(u"DISPLAY"_s, u":7777"_s);
+    programm.prozess().setProcessEnvironment(umgebung);
+    const auto ende = programm.laufen({});
+    QCOMPARE(ende.status, 1);
+    QVERIFY(ende.meldungen.contains("--analyse"_L1));
+}
+
+void TestKommandozeile::statuszeile()
+{
+    const QString zeile = Ausgabe::Statuszeile::zeile(u"Text lesen"_s, 0.5, u"12 von 24 gelesen"_s, u""_s, 100);
+    QCOMPARE(zeile, u"Text lesen  [##########..........]  12 von 24 gelesen"_s);
+    QCOMPARE(Ausgabe::Statuszeile::zeile(u"Text lesen"_s, 7, u"m"_s, u"r"_s, 20).size(), 19);
+}
+
+QTEST_GUILESS_MAIN(TestKommandozeile)
+#include "test_kommandozeile.moc"
