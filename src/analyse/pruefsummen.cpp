@@ -3,6 +3,7 @@
 #include "pfade.h"
 #include "sha256.h"
 
+#include <array>
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
@@ -66,14 +67,14 @@ void Pruefsummen::berechnen(const QList<Datei> &dateien, const std::function<boo
         }
         stelle.abmelden();
     };
-    std::vector<std::jthread> arbeiter;
+    std::array<std::jthread, faeden> arbeiter;
     // Lets the workers go when delivery throws; the threads are joined after it, in reverse order of declaration.
     struct Ausschalter {
         std::atomic<bool> &aus;
         ~Ausschalter() { aus = true; }
     };
-    for (int i = 0; i < faeden; ++i)
-        arbeiter.emplace_back(arbeiten);
+    for (std::jthread &einer : arbeiter)
+        einer = std::jthread(arbeiten);
     const Ausschalter ausschalter{aus};
     for (QList<Ergebnis> neue = stelle.abholen(); !neue.isEmpty(); neue = stelle.abholen())
         fertig(neue);

@@ -22,7 +22,7 @@ namespace
 {
 constexpr qsizetype mindestZeichen = 120;
 constexpr qint64 hoechstensAusgabe = 64LL * 1024 * 1024;
-constexpr qsizetype hoechstensBeschwerde = 64 * 1024;
+constexpr qsizetype hoechstensBeschwerde = 65536;
 constexpr rlim_t hoechstensSpeicher = 4ULL * 1024 * 1024 * 1024;
 constexpr auto scheibe = 50ms;
 

@@ -78,7 +78,7 @@ void lesen(const QJsonValue &wert, QList<T> &ziel)
 {
     pruefen(wert.isArray());
     ziel.clear();
-    for (const QJsonValue &element : wert.toArray()) {
+    for (const auto &element : wert.toArray()) {
         T eintrag = {};
         lesen(element, eintrag);
         ziel << eintrag;
@@ -173,7 +173,7 @@ std::optional<QList<Profil>> Profilformat::lesen(const QByteArray &text)
         return std::nullopt;
     try {
         QList<Profil> profile;
-        for (const QJsonValue &wert : dokument.array())
+        for (const auto &wert : dokument.array())
             profile << profilAus(wert);
         return profile;
     } catch (const Unlesbar &) {

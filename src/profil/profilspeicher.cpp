@@ -60,7 +60,7 @@ QString beiseiteLegen(const QString &datei)
 {
     const QString zeit = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HHmmss"_s);
     for (int n = 1; n < 100; ++n) {
-        const QString ziel = datei + u" unlesbar "_s + zeit + (n > 1 ? u" (%1)"_s.arg(n) : QString());
+        QString ziel = datei + u" unlesbar "_s + zeit + (n > 1 ? u" (%1)"_s.arg(n) : QString());
         if (QFile::copy(datei, ziel))
             return ziel;
     }
