@@ -84,16 +84,22 @@ Zeile zeileVon(sqlite3_stmt *a, const Zeile::Spalten &spalten)
 
 bool istBelegt(int code) { return (code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED; }
 
-/** Private letters: the file is made for the user alone, and one made otherwise is closed to others. */
+/**
+ * Private letters: a new file is made for the user alone. One that is there is never opened here: closing any
+ * descriptor of a file drops the locks that another connection of this process holds on it.
+ */
+void neuFuerDenBesitzer(const QString &pfad)
+{
+    const int griff = ::open(QFile::encodeName(pfad).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (griff >= 0)
+        ::close(griff);
+}
+
+/** Closes a catalogue that was made otherwise to others. Fails quietly: another owner, a file system without modes. */
 void nurFuerDenBesitzer(const QString &pfad)
 {
-    const QByteArray bytes = QFile::encodeName(pfad);
-    const int griff = ::open(bytes.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (griff < 0)
-        return;
-    // Ignored where it fails: another owner, or a file system without modes.
-    [[maybe_unused]] const int egal = ::fchmod(griff, 0600);
-    ::close(griff);
+    for (const QString &zusatz : {QString(), u"-wal"_s, u"-shm"_s})
+        [[maybe_unused]] const int egal = ::chmod(QFile::encodeName(pfad + zusatz).constData(), 0600);
 }
 } // namespace
 
@@ -106,7 +112,7 @@ Datenbank::Datenbank(const QString &pfad) : m_pfad(pfad)
     const QString ordner = QFileInfo(pfad).absolutePath();
     if (!QDir().mkpath(ordner))
         throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {ordner}));
-    nurFuerDenBesitzer(pfad);
+    neuFuerDenBesitzer(pfad);
     if (!griffOeffnen({}) && !zumLesenOeffnen())
         throw Fehler(Sprache::text(u"Datenbank lässt sich nicht öffnen: "_s) + pfad);
     if (!m_nurLesen)
@@ -155,6 +161,7 @@ void Datenbank::einrichten()
     m_nurLesen = !istBeschreibbar();
     if (abfragen(u"SELECT 1 FROM sqlite_master WHERE name='dokumente'"_s).isEmpty())
         throw Fehler(Sprache::text(u"Datenbank lässt sich nicht öffnen: "_s) + m_pfad);
+    nurFuerDenBesitzer(m_pfad);
     // From here on waiting is done in slices, outside the queue.
     sqlite3_busy_timeout(m_griff.get(), 0);
 }
