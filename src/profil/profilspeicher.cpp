@@ -29,8 +29,9 @@ void wiedererkennen(QList<Profil> &gespeichert, const QList<Profil> &stand)
         if (nachId(gespeichert, bekannt.id) != gespeichert.end())
             continue;
         const auto gleich = std::find_if(gespeichert.begin(), gespeichert.end(), [&](Profil p) {
+            const bool vergeben = nachId(stand, p.id) != stand.end();
             p.id = bekannt.id;
-            return p == bekannt;
+            return !vergeben && p == bekannt;
         });
         if (gleich != gespeichert.end())
             gleich->id = bekannt.id;
