@@ -1,6 +1,7 @@
 #include "lernspeicher.h"
 
 #include "datenbank.h"
+#include "stapel.h"
 #include "transaktion.h"
 #include "zeit.h"
 
@@ -11,6 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+/** A write whose failure must not go unnoticed. */
+void schreiben(Datenbank &db, const QString &sql, const QVariantList &parameter)
+{
+    Stapel stapel(db);
+    stapel.schreiben(sql, parameter);
+    stapel.abschliessen();
+}
+
 Eintrag eintragAus(const Zeile &zeile)
 {
     return {.schluessel = zeile.text(u"schluessel"),
@@ -48,9 +57,10 @@ qint64 eintragen(Datenbank &db, const QString &gegenueber, const Eintrag &eintra
                             zeile.text(u"ablage") == eintrag.ablage && zeile.text(u"rubrik") == eintrag.rubrik;
         if (gleich || zeile.ganz(u"id") == ausser)
             continue;
-        db.ausfuehren(u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
-                      "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
-                      {name, eintrag.zweig, eintrag.ablage, eintrag.rubrik, eintrag.schluessel, zeile.ganz(u"id")});
+        schreiben(db,
+                  u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
+                  "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
+                  {name, eintrag.zweig, eintrag.ablage, eintrag.rubrik, eintrag.schluessel, zeile.ganz(u"id")});
         ++anzahl;
     }
     return anzahl;
@@ -121,10 +131,11 @@ void Lernspeicher::gleichungMerken(const QString &von, const QString &nach)
     }
     const QList<Zeile> bisher = m_db.abfragen(u"SELECT anzahl, nach FROM namen WHERE von=?"_s, {von});
     const bool gleich = !bisher.isEmpty() && bisher.first().text(u"nach") == nach;
-    m_db.ausfuehren(u"INSERT INTO namen (von, nach, anzahl, zeit) VALUES (?,?,?,?)\n"
-                    "ON CONFLICT(von) DO UPDATE SET nach=excluded.nach,\n"
-                    "  anzahl=excluded.anzahl, zeit=excluded.zeit"_s,
-                    {von, nach, gleich ? bisher.first().ganz(u"anzahl") + 1 : 1, jetztIso()});
+    schreiben(m_db,
+              u"INSERT INTO namen (von, nach, anzahl, zeit) VALUES (?,?,?,?)\n"
+              "ON CONFLICT(von) DO UPDATE SET nach=excluded.nach,\n"
+              "  anzahl=excluded.anzahl, zeit=excluded.zeit"_s,
+              {von, nach, gleich ? bisher.first().ganz(u"anzahl") + 1 : 1, jetztIso()});
 }
 
 void Lernspeicher::zuordnungMerken(const QString &schluessel, const Dokument &dokument)
@@ -136,13 +147,13 @@ void Lernspeicher::zuordnungMerken(const QString &schluessel, const Dokument &do
         if (bisher.zweig == dokument.zweig && bisher.ablage == dokument.ablage && bisher.rubrik == dokument.rubrik)
             anzahl = bisher.anzahl + 1;
     }
-    m_db.ausfuehren(
-        u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl, zeit)\n"
-        "VALUES (?,?,?,?,?,?,?)\n"
-        "ON CONFLICT(schluessel) DO UPDATE SET\n"
-        "  anzeige=excluded.anzeige, zweig=excluded.zweig, ablage=excluded.ablage,\n"
-        "  rubrik=excluded.rubrik, anzahl=excluded.anzahl, zeit=excluded.zeit"_s,
-        {schluessel, dokument.gegenueber, dokument.zweig, dokument.ablage, dokument.rubrik, anzahl, jetztIso()});
+    schreiben(m_db,
+              u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl, zeit)\n"
+              "VALUES (?,?,?,?,?,?,?)\n"
+              "ON CONFLICT(schluessel) DO UPDATE SET\n"
+              "  anzeige=excluded.anzeige, zweig=excluded.zweig, ablage=excluded.ablage,\n"
+              "  rubrik=excluded.rubrik, anzahl=excluded.anzahl, zeit=excluded.zeit"_s,
+              {schluessel, dokument.gegenueber, dokument.zweig, dokument.ablage, dokument.rubrik, anzahl, jetztIso()});
 }
 
 qint64 Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
@@ -193,8 +204,8 @@ qint64 Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qi
         for (const Zeile &zeile : wartendeVon(m_db, gegenueber)) {
             if (zeile.ganz(u"id") == ausser)
                 continue;
-            m_db.ausfuehren(u"UPDATE dokumente SET gegenueber=?, ort_quelle='gelernt', gelernt_von=?\nWHERE id=?"_s,
-                            {nach, von, zeile.ganz(u"id")});
+            schreiben(m_db, u"UPDATE dokumente SET gegenueber=?, ort_quelle='gelernt', gelernt_von=?\nWHERE id=?"_s,
+                      {nach, von, zeile.ganz(u"id")});
             ++anzahl;
         }
     }
