@@ -1,0 +1,212 @@
+#include "datenbank.h"
+#include "lernspeicher.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+Dokument bestaetigt(const QString &gegenueber, const Ort &ort, qint64 id = 0)
+{
+    Dokument d;
+    d.id = id;
+    d.gegenueber = gegenueber;
+    d.zweig = ort.zweig;
+    d.ablage = ort.ablage;
+    d.rubrik = ort.rubrik;
+    return d;
+}
+
+const Ort strom = {u"Privat"_s, u"Wohnung"_s, u"Strom"_s};
+const Ort wasser = {u"Privat"_s, u"Wohnung"_s, u"Wasser"_s};
+} // namespace
+
+class TestLernspeicher : public QObject
+{
+    Q_OBJECT
+    std::unique_ptr<QTemporaryDir> m_ordner;
+    std::unique_ptr<Datenbank> m_db;
+
+    qint64 dokument(const QString &gegenueber, const QString &status = u"bereit"_s, bool ausgenommen = false,
+                    const Ort &ort = {u"alt"_s, u"alt"_s, u"alt"_s}) const
+    {
+        m_db->ausfuehren(u"INSERT INTO dokumente (gegenueber, status, ausgenommen, zweig, ablage, rubrik, ort_quelle)\n"
+                         "VALUES (?,?,?,?,?,?,'modell')"_s,
+                         {gegenueber, status, ausgenommen, ort.zweig, ort.ablage, ort.rubrik});
+        return m_db->abfragen(u"SELECT MAX(id) id FROM dokumente"_s).first().ganz(u"id");
+    }
+
+    /** Counterpart, place, source of the place, and what it was learned from. */
+    [[nodiscard]] QString stand(qint64 id) const
+    {
+        const Zeile z = m_db->abfragen(u"SELECT * FROM dokumente WHERE id=?"_s, {id}).first();
+        return z.text(u"gegenueber") + u": "_s + z.text(u"zweig") + u'/' + z.text(u"ablage") + u'/' +
+               z.text(u"rubrik") + u' ' + z.text(u"ort_quelle") + u' ' + z.text(u"gelernt_von");
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_db.reset();
+        m_ordner = std::make_unique<QTemporaryDir>();
+        m_db = std::make_unique<Datenbank>(m_ordner->filePath(u"k.db"_s));
+    }
+    void cleanupTestCase() { m_db.reset(); }
+
+    void eineZuordnungMerken()
+    {
+        Lernspeicher speicher(*m_db);
+        QCOMPARE(speicher.merken(bestaetigt(u"Stadtwerke Meißen GmbH"_s, strom), u"Stadtwerke Meissen"_s), 0);
+        const Eintrag eintrag{.schluessel = u"stadtwerke meissen"_s,
+                              .anzeige = u"Stadtwerke Meißen GmbH"_s,
+                              .zweig = strom.zweig,
+                              .ablage = strom.ablage,
+                              .rubrik = strom.rubrik,
+                              .anzahl = 1};
+        QVERIFY(speicher.alle() == QList{eintrag});
+        QVERIFY(speicher.gleichungen().isEmpty()); // the same key: no other name
+        QVERIFY(speicher.vorschlag(u"STADTWERKE MEISSEN"_s) == eintrag);
+        QVERIFY(speicher.vorschlag(u"Stadtwerke Meißen Gas und Wasser"_s) == eintrag);
+        QVERIFY(!speicher.vorschlag(u"Finanzamt Meißen"_s));
+        QVERIFY(!speicher.vorschlag(u"Sta"_s));
+    }
+
+    void wiederholteBestaetigungZaehltEinAndererOrtBeginntVonVorn()
+    {
+        Lernspeicher speicher(*m_db);
+        for (const Ort &ort : {strom, strom, strom})
+            speicher.merken(bestaetigt(u"Stadtwerke"_s, ort), u""_s);
+        QCOMPARE(speicher.alle().first().anzahl, 3);
+        speicher.merken(bestaetigt(u"STADTWERKE AG"_s, wasser), u""_s);
+        QCOMPARE(speicher.alle().size(), 1);
+        QCOMPARE(speicher.alle().first().anzahl, 1);
+        QCOMPARE(speicher.alle().first().anzeige, u"STADTWERKE AG"_s);
+        QCOMPARE(speicher.alle().first().ziel(), u"Privat/Wohnung/Wasser"_s);
+    }
+
+    void nichtsZuMerken()
+    {
+        Lernspeicher speicher(*m_db);
+        speicher.merken(bestaetigt(u"ab"_s, strom), u"cd"_s);
+        speicher.merken(bestaetigt(u""_s, strom), u"Stadtwerke"_s);
+        speicher.merken(bestaetigt(u"Finanzamt"_s, {}), u""_s);
+        QVERIFY(speicher.alle().isEmpty());
+        QVERIFY(speicher.gleichungen().isEmpty());
+    }
+
+    void wartendeBekommenDenOrt()
+    {
+        const qint64 variante = dokument(u"Stadtwerke"_s);
+        const qint64 langform = dokument(u"Stadtwerke Meißen Gas"_s);
+        const qint64 fremd = dokument(u"Finanzamt"_s);
+        const qint64 ausgenommen = dokument(u"Stadtwerke"_s, u"bereit"_s, true);
+        const qint64 zurueck = dokument(u"Stadtwerke"_s, u"zurueckgestellt"_s);
+        const qint64 selbst = dokument(u"Stadtwerke"_s);
+        const QString ohneAenderung = u": alt/alt/alt modell "_s;
+        Lernspeicher speicher(*m_db);
+        QCOMPARE(speicher.merken(bestaetigt(u"Stadtwerke Meißen"_s, strom, selbst), u"Stadtwerke Meißen"_s), 2);
+        QCOMPARE(stand(variante), u"Stadtwerke Meißen: Privat/Wohnung/Strom gelernt stadtwerke meissen"_s);
+        QCOMPARE(stand(langform), u"Stadtwerke Meißen Gas: Privat/Wohnung/Strom gelernt stadtwerke meissen"_s);
+        QCOMPARE(stand(fremd), u"Finanzamt"_s + ohneAenderung);
+        for (const qint64 id : {ausgenommen, zurueck, selbst})
+            QCOMPARE(stand(id), u"Stadtwerke"_s + ohneAenderung);
+        QCOMPARE(speicher.allesAnwenden(), 1); // the reviewed one waits still, its counterpart is known now
+        QCOMPARE(speicher.allesAnwenden(), 0);
+    }
+
+    void wasGleichBleibtWirdWederGeschriebenNochGezaehlt()
+    {
+        const qint64 gleich = dokument(u"Stadtwerke"_s, u"bereit"_s, false, strom);
+        Lernspeicher speicher(*m_db);
+        QCOMPARE(speicher.merken(bestaetigt(u"Stadtwerke"_s, strom), u"Stadtwerke"_s), 0);
+        QCOMPARE(stand(gleich), u"Stadtwerke: Privat/Wohnung/Strom modell "_s);
+    }
+
+    // Whichever was confirmed last: the more often confirmed place goes first.
+    void vonMehrerenEintraegenGiltDerBeste()
+    {
+        Lernspeicher speicher(*m_db);
+        for (int i = 0; i < 3; ++i)
+            speicher.merken(bestaetigt(u"Stadtwerke"_s, strom), u""_s);
+        const qint64 id = dokument(u"Stadtwerke Meißen Gas"_s);
+        QCOMPARE(speicher.merken(bestaetigt(u"Stadtwerke Meißen"_s, wasser), u""_s), 1);
+        QCOMPARE(stand(id), u"Stadtwerke Meißen Gas: Privat/Wohnung/Strom gelernt stadtwerke"_s);
+        speicher.merken(bestaetigt(u"Stadtwerke Meißen"_s, wasser), u""_s);
+        QCOMPARE(speicher.merken(bestaetigt(u"Stadtwerke Meißen"_s, wasser), u""_s), 1);
+        QCOMPARE(stand(id), u"Stadtwerke Meißen Gas: Privat/Wohnung/Wasser gelernt stadtwerke meissen"_s);
+    }
+
+    void namensgleichung()
+    {
+        const qint64 wartend = dokument(u"Telefon Beispiel AG"_s);
+        const qint64 laenger = dokument(u"Telefon Beispiel Nord"_s);
+        const qint64 ausgenommen = dokument(u"Telefon Beispiel"_s, u"bereit"_s, true);
+        Lernspeicher speicher(*m_db);
+        QCOMPARE(speicher.merken(bestaetigt(u"Fernsprech Muster"_s, {}), u"Telefon Beispiel GmbH"_s), 1);
+        QCOMPARE(stand(wartend), u"Fernsprech Muster: alt/alt/alt gelernt telefon beispiel"_s);
+        QCOMPARE(stand(laenger), u"Telefon Beispiel Nord: alt/alt/alt modell "_s);
+        QCOMPARE(stand(ausgenommen), u"Telefon Beispiel: alt/alt/alt modell "_s);
+        QCOMPARE(speicher.gleichwertig(u"TELEFON BEISPIEL AG"_s), u"Fernsprech Muster"_s);
+        QVERIFY(!speicher.gleichwertig(u"Fernsprech Muster"_s));
+        speicher.merken(bestaetigt(u"Fernsprech Muster"_s, {}), u"Telefon Beispiel"_s);
+        const Gleichung zweimal{.von = u"telefon beispiel"_s, .nach = u"Fernsprech Muster"_s, .anzahl = 2};
+        QVERIFY(speicher.gleichungen() == QList{zweimal});
+        speicher.merken(bestaetigt(u"Ganz Anders"_s, {}), u"Telefon Beispiel"_s);
+        QCOMPARE(speicher.gleichungen().first().anzahl, 1);
+    }
+
+    void eineNeueGleichungLoestIhreUmkehrungAb()
+    {
+        Lernspeicher speicher(*m_db);
+        speicher.merken(bestaetigt(u"Neuer Name"_s, {}), u"Alter Name"_s);
+        speicher.merken(bestaetigt(u"Alter Name GmbH"_s, {}), u"neuer name"_s);
+        const Gleichung zurueck{.von = u"neur name"_s, .nach = u"Alter Name GmbH"_s, .anzahl = 1};
+        QVERIFY(speicher.gleichungen() == QList{zurueck});
+    }
+
+    void umbenennenUndEinordnenZugleich()
+    {
+        const qint64 wartend = dokument(u"Altes Werk"_s);
+        const qint64 selbst = dokument(u"Altes Werk"_s);
+        Lernspeicher speicher(*m_db);
+        speicher.merken(bestaetigt(u"Neues Werk"_s, strom, selbst), u"Altes Werk"_s);
+        QCOMPARE(stand(wartend), u"Neues Werk: Privat/Wohnung/Strom gelernt neus werk"_s);
+        QCOMPARE(stand(selbst), u"Altes Werk: alt/alt/alt modell "_s);
+    }
+
+    void vergessen()
+    {
+        Lernspeicher speicher(*m_db);
+        speicher.merken(bestaetigt(u"Stadtwerke"_s, strom), u"Werkstadt"_s);
+        speicher.merken(bestaetigt(u"Finanzamt"_s, strom), u"Amt für Finanzen"_s);
+        speicher.vergessen(u"stadtwerke"_s);
+        speicher.gleichungVergessen(u"werkstadt"_s);
+        QCOMPARE(speicher.alle().size(), 1);
+        QCOMPARE(speicher.gleichungen().size(), 1);
+        speicher.leeren();
+        QVERIFY(speicher.alle().isEmpty() && speicher.gleichungen().isEmpty());
+    }
+
+    void nichtsBleibtHalb_data()
+    {
+        QTest::addColumn<QString>("ausloeser");
+        QTest::newRow("beim Angleichen") << u"BEFORE UPDATE ON dokumente BEGIN SELECT RAISE(ABORT,'voll'); END"_s;
+        QTest::newRow("Platte voll") << u"BEFORE UPDATE ON dokumente BEGIN SELECT RAISE(ROLLBACK,'voll'); END"_s;
+        QTest::newRow("beim Merken") << u"BEFORE INSERT ON gelernt BEGIN SELECT RAISE(ABORT,'voll'); END"_s;
+    }
+    void nichtsBleibtHalb()
+    {
+        QFETCH(QString, ausloeser);
+        const qint64 wartend = dokument(u"Altes Werk"_s);
+        QCOMPARE(m_db->ausfuehren(u"CREATE TRIGGER voll "_s + ausloeser), 0);
+        Lernspeicher speicher(*m_db);
+        QVERIFY_EXCEPTION_THROWN(speicher.merken(bestaetigt(u"Neues Werk"_s, strom), u"Altes Werk"_s), Fehler);
+        QVERIFY(speicher.alle().isEmpty() && speicher.gleichungen().isEmpty());
+        QCOMPARE(stand(wartend), u"Altes Werk: alt/alt/alt modell "_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestLernspeicher)
+#include "test_lernspeicher.moc"
