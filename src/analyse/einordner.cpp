@@ -2,6 +2,7 @@
 
 #include "datenbank.h"
 #include "dokument.h"
+#include "fehlertext.h"
 #include "lauf.h"
 #include "lernspeicher.h"
 #include "sprache.h"
@@ -137,9 +138,8 @@ void speichern(const Werkbank &bank, const Zeile &zeile, const Vorschlag &v, con
 /** The reason for a failure: why the document could not be read if that was it, else what the attempt ran into. */
 QString grund(const Zeile &zeile, const Fehler &f)
 {
-    const QString lesen = Sprache::text(u"Lesen nicht möglich"_s) + u": "_s;
-    const QString bisher = zeile.text(u"fehler");
-    return bisher.startsWith(lesen) ? bisher.mid(lesen.size()) : f.text();
+    const QString bisher = Fehlertext::grundDesLesens(zeile.text(u"fehler"));
+    return bisher.isNull() ? f.text() : bisher;
 }
 
 void scheitern(const Werkbank &bank, const Zeile &zeile, const Fehler &f, const QString &dauer)
@@ -147,9 +147,7 @@ void scheitern(const Werkbank &bank, const Zeile &zeile, const Fehler &f, const 
     Stapel stapel(bank.lauf.db());
     stapel.schreiben(u"UPDATE dokumente SET status='bereit', konfidenz=0, vorschlag=?, fehler=?, zeit=?\n"
                      "WHERE id=? AND status='neu'"_s,
-                     {zeile.text(u"dateiname"),
-                      Sprache::text(u"Einordnung nicht möglich"_s) + u": "_s + grund(zeile, f), dauer,
-                      zeile.ganz(u"id")});
+                     {zeile.text(u"dateiname"), Fehlertext::einordnen(grund(zeile, f)), dauer, zeile.ganz(u"id")});
     stapel.abschliessen();
 }
 

@@ -49,6 +49,11 @@ QList<qsizetype> anfaenge(const QByteArray &worte)
     stellen << worte.size() + 1;
     return stellen;
 }
+
+const char *hinterLeerraum(const char *stelle, const char *ende)
+{
+    return std::find_if_not(stelle, ende, [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; });
+}
 } // namespace
 
 Skizze::Skizze(const QString &text) : m_worte(worteVon(text)) {}
@@ -93,19 +98,23 @@ QString Skizze::json(const QList<quint64> &werte)
 
 std::optional<QList<quint64>> Skizze::ausJson(const QString &json)
 {
-    const QByteArray bytes = json.simplified().remove(u' ').toLatin1();
+    const QByteArray bytes = json.trimmed().toLatin1();
     if (bytes.size() < 2 || bytes.front() != '[' || bytes.back() != ']')
         return std::nullopt;
     QList<quint64> werte;
-    const char *stelle = bytes.constData() + 1;
     const char *const ende = bytes.constData() + bytes.size() - 1;
-    while (stelle < ende) {
+    const char *stelle = hinterLeerraum(bytes.constData() + 1, ende);
+    const bool leer = stelle == ende;
+    for (bool weiter = !leer; weiter;) {
         qint64 wert = 0;
         const auto [danach, fehler] = std::from_chars(stelle, ende, wert);
-        if (fehler != std::errc() || (danach < ende && *danach != ',') || danach + 1 == ende)
+        stelle = hinterLeerraum(danach, ende);
+        weiter = stelle < ende;
+        if (fehler != std::errc() || (weiter && *stelle != ','))
             return std::nullopt;
         werte << quint64(wert);
-        stelle = danach + 1;
+        if (weiter)
+            stelle = hinterLeerraum(stelle + 1, ende);
     }
     return werte;
 }

@@ -2,6 +2,7 @@
 
 #include "datenbank.h"
 #include "dubletten.h"
+#include "fehlertext.h"
 #include "lauf.h"
 #include "paare.h"
 #include "pfade.h"
@@ -48,7 +49,7 @@ Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad)
     } catch (const Fehler &f) {
         Gelesen gelesen;
         gelesen.id = id;
-        gelesen.fehler = Sprache::text(u"Lesen nicht möglich"_s) + u": "_s + f.text();
+        gelesen.fehler = Fehlertext::lesen(f.text());
         return gelesen;
     }
 }

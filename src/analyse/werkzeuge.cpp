@@ -196,11 +196,17 @@ QByteArray Werkzeuge::starten(const QString &name, const QStringList &argumente,
     const auto programm = pfad(name);
     if (!programm)
         throw Fehler(gefuellt(Sprache::text(u"Hilfsprogramm %@ nicht gefunden"_s), {name}));
+    return programmStarten(*programm, name, argumente, zeitgrenze, ende);
+}
+
+QByteArray Werkzeuge::programmStarten(const QString &pfad, const QString &name, const QStringList &argumente,
+                                      std::chrono::milliseconds zeitgrenze, const std::stop_token &ende)
+{
     QProcess prozess;
     prozess.setProcessEnvironment(umgebung());
     prozess.setStandardInputFile(QProcess::nullDevice());
     prozess.setChildProcessModifier([eltern = ::getpid()] { kindVorbereiten(eltern); });
-    prozess.start(*programm, argumente);
+    prozess.start(pfad, argumente);
     if (!prozess.waitForStarted(int(zeitgrenze.count())))
         throw Fehler(gefuellt(Sprache::text(u"Hilfsprogramm %@ lässt sich nicht starten"_s), {name}));
     const QByteArray beschwerde = abwarten(prozess, name, zeitgrenze, ende);

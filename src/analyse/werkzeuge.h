@@ -49,6 +49,9 @@ private:
  */
 QByteArray starten(const QString &name, const QStringList &argumente, std::chrono::milliseconds zeitgrenze,
                    const std::stop_token &ende = {});
+/** The same for the program at @p pfad, which messages call @p name. */
+QByteArray programmStarten(const QString &pfad, const QString &name, const QStringList &argumente,
+                           std::chrono::milliseconds zeitgrenze, const std::stop_token &ende = {});
 
 struct Text {
     QString text;
