@@ -1,0 +1,40 @@
+#pragma once
+
+#include "datenbank.h"
+#include "lauf.h"
+#include "testserver.h"
+
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+/** A catalogue, a profile with a small structure, and a model server that says what a test scripts. */
+class Pruefstand
+{
+public:
+    Pruefstand();
+
+    /** A document in the queue with its text; returns its id. */
+    qint64 dokument(const QString &dateiname, const QString &text, const QString &altOrdner = {}) const;
+    [[nodiscard]] Zeile zeile(qint64 id) const;
+    /** The named columns of a document, joined with "|". */
+    [[nodiscard]] QString werte(qint64 id, const QStringList &spalten) const;
+
+    /** A whole answer of the model for @p objekt. */
+    [[nodiscard]] static Testantwort antwort(const QJsonObject &objekt);
+    /** The usual proposal, with @p anders instead of or besides it. */
+    [[nodiscard]] static QJsonObject vorschlag(const QJsonObject &anders = {});
+    void modellSagt(const QList<Testantwort> &folge) { m_server.antworten("/api/generate", folge); }
+    /** The requests that the model got so far. */
+    [[nodiscard]] QList<QJsonObject> fragen() const;
+
+    [[nodiscard]] Lauf lauf(
+        std::function<bool()> halt = [] { return false; }, std::stop_token ende = {}) const;
+
+    [[nodiscard]] Datenbank &db() const { return *m_db; }
+    Profil profil;
+
+private:
+    QTemporaryDir m_ordner;
+    std::shared_ptr<Datenbank> m_db;
+    Testserver m_server;
+};

@@ -1,0 +1,236 @@
+#include "pdf.h"
+#include "satz.h"
+#include "werkzeuge.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using vorfuehrung::Schreibweise;
+
+namespace
+{
+void schreiben(const QString &pfad, const QByteArray &inhalt, bool ausfuehrbar = false)
+{
+    QFile datei(pfad);
+    QVERIFY(QDir().mkpath(QFileInfo(pfad).path()));
+    QVERIFY(datei.open(QIODevice::WriteOnly));
+    datei.write(inhalt);
+    if (ausfuehrbar)
+        datei.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+template <typename Arbeit>
+QString fehlerVon(Arbeit arbeit)
+{
+    try {
+        arbeit();
+    } catch (const Fehler &f) {
+        return f.text();
+    }
+    return {};
+}
+
+/** A page whose lines stand in large, clear print. */
+vorfuehrung::Seite seite(const QStringList &zeilen)
+{
+    return {.inhalt = vorfuehrung::seitenSatz(zeilen), .jpeg = {}, .bildgroesse = {}};
+}
+
+/** As many visible characters, blanks apart. */
+QStringList zeichen(int anzahl)
+{
+    QString zeile;
+    for (int i = 0; i < anzahl; ++i)
+        zeile += QString(i % 8 == 7 ? u"w "_s : u"w"_s);
+    return {zeile};
+}
+
+QStringList bilderordner() { return QDir::temp().entryList({u"ablage-*"_s}, QDir::Dirs); }
+} // namespace
+
+class TestWerkzeuge : public QObject
+{
+    Q_OBJECT
+    std::unique_ptr<QTemporaryDir> m_ordner;
+
+    [[nodiscard]] QByteArray laufen(const QByteArray &skript, std::chrono::milliseconds grenze = 30s,
+                                    const std::stop_token &ende = {}) const
+    {
+        const QString pfad = m_ordner->filePath(u"skript"_s);
+        schreiben(pfad, "#!/bin/sh\n" + skript, true);
+        return Werkzeuge::programmStarten(pfad, u"skript"_s, {m_ordner->path()}, grenze, ende);
+    }
+
+    /** The process that a script wrote down is gone. */
+    [[nodiscard]] bool kindIstTot() const
+    {
+        QFile datei(m_ordner->filePath(u"kind"_s));
+        return datei.open(QIODevice::ReadOnly) && ::kill(datei.readAll().trimmed().toInt(), 0) != 0;
+    }
+
+private Q_SLOTS:
+    void init() { m_ordner = std::make_unique<QTemporaryDir>(); }
+
+    void suchfolge()
+    {
+        const QString a = m_ordner->filePath(u"a"_s);
+        const QString b = m_ordner->filePath(u"b"_s);
+        const QString c = m_ordner->filePath(u"c"_s);
+        QVERIFY(QDir().mkpath(a + u"/tesseract"_s)); // a folder is no tool
+        schreiben(a + u"/pdftotext"_s, "");          // nor is what cannot be executed
+        for (const QString &ort : {b, c}) {
+            schreiben(ort + u"/pdftotext"_s, "", true);
+            schreiben(ort + u"/tesseract"_s, "", true);
+        }
+        QCOMPARE(Werkzeuge::pfadIn({a, b, c}, u"pdftotext"_s), b + u"/pdftotext"_s);
+        QCOMPARE(Werkzeuge::pfadIn({c, a, b}, u"tesseract"_s), c + u"/tesseract"_s);
+        QVERIFY(!Werkzeuge::pfadIn({a}, u"pdftotext"_s));
+        QVERIFY(!Werkzeuge::pfadIn({QString(), u"/fehlt"_s}, u"bin"_s));
+        QCOMPARE(Werkzeuge::suchorte().join(u':'), u"/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s);
+        QVERIFY(Werkzeuge::vollstaendig() == Werkzeuge::fehlende().isEmpty());
+        QCOMPARE(fehlerVon([] { Werkzeuge::starten(u"gibtesnicht"_s, {}, 1s); }),
+                 u"Hilfsprogramm gibtesnicht nicht gefunden"_s);
+    }
+
+    void ausgabeUndUmgebung()
+    {
+        QCOMPARE(laufen("echo laut >&2; cat; echo \"$1|$OMP_THREAD_LIMIT|$LC_ALL\""),
+                 m_ordner->path().toUtf8() + "|1|C\n");
+        QCOMPARE(laufen("head -c 1000000 /dev/zero").size(), 1000000);
+    }
+
+    void scheitern_data()
+    {
+        QTest::addColumn<QByteArray>("skript");
+        QTest::addColumn<int>("grenze");
+        QTest::addColumn<QString>("erwartet");
+        QTest::newRow("Status") << QByteArray("echo halb; exit 3") << 30000 << u"skript ist gescheitert"_s;
+        QTest::newRow("Signal") << QByteArray("kill -SEGV $$") << 30000 << u"skript ist gescheitert"_s;
+        QTest::newRow("zu langsam") << QByteArray("sleep 100") << 200 << u"skript hat zu lange gebraucht"_s;
+        QTest::newRow("stellt sich taub") << QByteArray("trap '' TERM INT HUP; while :; do sleep 1; done") << 200
+                                          << u"skript hat zu lange gebraucht"_s;
+        QTest::newRow("schwätzt") << QByteArray("exec cat /dev/zero") << 60000 << u"skript hat zu viel ausgegeben"_s;
+        QTest::newRow("klagt ohne Ende") << QByteArray("exec cat /dev/zero >&2") << 1000
+                                         << u"skript hat zu lange gebraucht"_s;
+        QTest::newRow("will zu viel Speicher")
+            << QByteArray("ulimit -v 8000000 || exit 4") << 30000 << u"skript ist gescheitert"_s;
+    }
+    void scheitern()
+    {
+        QFETCH(QByteArray, skript);
+        QFETCH(int, grenze);
+        QTEST(fehlerVon([&] { Q_UNUSED(laufen(skript, std::chrono::milliseconds(grenze))); }), "erwartet");
+    }
+
+    void keinProgramm()
+    {
+        const QString pfad = m_ordner->filePath(u"text"_s);
+        schreiben(pfad, "kein Programm");
+        QCOMPARE(fehlerVon([&] { Werkzeuge::programmStarten(pfad, u"text"_s, {}, 5s); }),
+                 u"Hilfsprogramm text lässt sich nicht starten"_s);
+    }
+
+    void auchDieKinderSterben()
+    {
+        const QByteArray skript = "sleep 100 &\necho $! > \"$1/kind\"\nwait";
+        QCOMPARE(fehlerVon([&] { Q_UNUSED(laufen(skript, 500ms)); }), u"skript hat zu lange gebraucht"_s);
+        QTRY_VERIFY(kindIstTot());
+    }
+
+    void dasEndeDesProgrammsBrichtAb()
+    {
+        std::stop_source ende;
+        const std::jthread halter([&] {
+            while (!QFile::exists(m_ordner->filePath(u"kind"_s)))
+                std::this_thread::sleep_for(5ms);
+            ende.request_stop();
+        });
+        QVERIFY_EXCEPTION_THROWN(
+            Q_UNUSED(laufen("sleep 100 & echo $! > \"$1/k\"; mv \"$1/k\" \"$1/kind\"; wait", 60s, ende.get_token())),
+            Werkzeuge::Abgebrochen);
+        QTRY_VERIFY(kindIstTot());
+    }
+
+    void textebeneAb120SichtbarenZeichen_data()
+    {
+        QTest::addColumn<int>("anzahl");
+        QTest::addColumn<bool>("textebene");
+        QTest::newRow("119") << 119 << false;
+        QTest::newRow("120") << 120 << true;
+    }
+    void textebeneAb120SichtbarenZeichen()
+    {
+        QFETCH(int, anzahl);
+        const QString pfad = m_ordner->filePath(u"Prüfung '$x'.pdf"_s);
+        schreiben(pfad.normalized(QString::NormalizationForm_D), vorfuehrung::pdf({seite(zeichen(anzahl))}));
+        const Werkzeuge::Text text = Werkzeuge::text(pfad, 2, u"deu"_s);
+        QTEST(text.textebene, "textebene");
+        QCOMPARE(text.text, text.text.trimmed());
+        QVERIFY(!text.text.isEmpty());
+        QVERIFY(bilderordner().isEmpty());
+    }
+
+    void nurDieErstenSeiten()
+    {
+        const QString pfad = m_ordner->filePath(u"a.pdf"_s);
+        QList<vorfuehrung::Seite> seiten;
+        for (const auto &wort : {u"ERSTES"_s, u"ZWEITES"_s, u"DRITTES"_s})
+            seiten << seite({u"# "_s + wort});
+        schreiben(pfad, vorfuehrung::pdf(seiten));
+        const Werkzeuge::Text text = Werkzeuge::text(pfad, 2, u"deu"_s);
+        QVERIFY(!text.textebene);
+        QVERIFY2(QRegularExpression(u"^ERSTES\\s+ZWEITES\\z"_s).match(text.text).hasMatch(), qPrintable(text.text));
+        schreiben(pfad, vorfuehrung::pdf({seite(zeichen(200)), seite({u"ZWEITES"_s}), seite({u"DRITTES"_s})}));
+        const QString ebene = Werkzeuge::text(pfad, 2, u"deu"_s).text;
+        QVERIFY(ebene.contains(u"ZWEITES"_s) && !ebene.contains(u"DRITTES"_s));
+    }
+
+    void leereSeite()
+    {
+        const QString pfad = m_ordner->filePath(u"leer.pdf"_s);
+        schreiben(pfad, vorfuehrung::pdf({seite({})}));
+        QCOMPARE(Werkzeuge::text(pfad, 2, u"deu"_s), (Werkzeuge::Text{}));
+    }
+
+    void warumEinDokumentNichtLesbarIst_data()
+    {
+        QTest::addColumn<QByteArray>("inhalt");
+        QTest::addColumn<QString>("sprache");
+        QTest::addColumn<QString>("erwartet");
+        const auto seiten = QList{seite(zeichen(30))};
+        const QString deu = u"deu"_s;
+        QTest::newRow("verschlüsselt") << vorfuehrung::pdf(seiten, Schreibweise::verschluesselt) << deu
+                                       << u"verschlüsselt"_s;
+        QTest::newRow("leer") << QByteArray() << deu << u"die Datei ist leer"_s;
+        QTest::newRow("kein PDF") << QByteArray("Guten Tag\n") << deu << u"die Datei ist beschädigt"_s;
+        QTest::newRow("nur der Anfang") << vorfuehrung::pdf(seiten).first(40) << deu << u"die Datei ist beschädigt"_s;
+        QTest::newRow("Sprache fehlt") << vorfuehrung::pdf(seiten) << u"xyz"_s
+                                       << u"Sprachdaten der Texterkennung fehlen"_s;
+    }
+    void warumEinDokumentNichtLesbarIst()
+    {
+        QFETCH(QByteArray, inhalt);
+        QFETCH(QString, sprache);
+        const QString pfad = m_ordner->filePath(u"a.pdf"_s);
+        schreiben(pfad, inhalt);
+        QTEST(fehlerVon([&] { Q_UNUSED(Werkzeuge::text(pfad, 2, sprache)); }), "erwartet");
+        QVERIFY(bilderordner().isEmpty());
+    }
+
+    void keineDatei()
+    {
+        QCOMPARE(fehlerVon([&] { Q_UNUSED(Werkzeuge::text(m_ordner->filePath(u"fehlt.pdf"_s), 2, u"deu"_s)); }),
+                 u"Datei nicht gefunden"_s);
+        QCOMPARE(fehlerVon([&] { Q_UNUSED(Werkzeuge::text(m_ordner->path(), 2, u"deu"_s)); }), u"keine Datei"_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestWerkzeuge)
+#include "test_werkzeuge.moc"
