@@ -104,8 +104,7 @@ std::optional<QList<quint64>> Skizze::ausJson(const QString &json)
     QList<quint64> werte;
     const char *const ende = bytes.constData() + bytes.size() - 1;
     const char *stelle = hinterLeerraum(bytes.constData() + 1, ende);
-    const bool leer = stelle == ende;
-    for (bool weiter = !leer; weiter;) {
+    for (bool weiter = stelle < ende; weiter;) {
         qint64 wert = 0;
         const auto [danach, fehler] = std::from_chars(stelle, ende, wert);
         stelle = hinterLeerraum(danach, ende);
