@@ -8,12 +8,43 @@
 #include <utility>
 
 class Datenbank;
+class Protokollbuch;
+
+/** What an action of the filing engine has to say beyond its success; shared, since the engine itself is a value. */
+struct Zaehler {
+    qint64 anzahl = 0;          ///< waiting documents that the learning memory adjusted; a 0 leaves it as it was
+    bool ohneProtokoll = false; ///< the session log could not be written
+    QString nach;               ///< where the document lies now
+};
 
 /** Carries out the user's decisions on reviewed documents; made anew for each action. */
 class Ablagewerk
 {
 public:
-    Ablagewerk(std::shared_ptr<Datenbank> db, Profil profil) : m_db(std::move(db)), m_profil(std::move(profil)) {}
+    /** @p buch is the session's log, null for none. */
+    Ablagewerk(std::shared_ptr<Datenbank> db, Profil profil, std::shared_ptr<Protokollbuch> buch = nullptr)
+        : mitgezogen(std::make_shared<Zaehler>()), m_db(std::move(db)), m_profil(std::move(profil)),
+          m_buch(std::move(buch))
+    {
+    }
+
+    std::shared_ptr<Zaehler> mitgezogen;
+
+    /** The wanted path, or the first numbered one that does not exist; there is no race: see Dateibewegung. */
+    [[nodiscard]] static QString eindeutig(const QString &pfad);
+
+    /**
+     * Files a reviewed document with the user's final values: moves or copies it under its new name, records it and
+     * learns from it. Throws Fehler; nothing has changed then, but that a vanished file is marked "fehlt".
+     */
+    void uebernehmen(const Dokument &dokument);
+    /** Sets a duplicate aside: into the duplicates folder, or when copying only by its status. Throws Fehler. */
+    void aussortieren(qint64 id);
+    /** Takes the newest movement back; returns its document. Throws Fehler. */
+    qint64 rueckgaengig();
+    /** Moves or copies a document as it is to @p ordner / @p name. Throws Fehler. */
+    void verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,
+                     const QString &aktion);
 
     [[nodiscard]] std::optional<Dokument> dokument(qint64 id) const;
     /** New file name of a document with its values as they stand; see Ziel::dateiname(). */
@@ -37,6 +68,13 @@ public:
     static Ausnahmenwechsel ausnahmenAnwenden(Datenbank &db, const Profil &profil);
 
 private:
+    [[nodiscard]] Dokument gespeichertes(qint64 id) const;
+    void zielPruefen() const;
+    void quellePruefen(const Dokument &dokument) const;
+    void bewegen(const Dokument &gespeichert, const QString &ordner, const QString &name, const QString &status,
+                 const QString &aktion, const Dokument *werte);
+
     std::shared_ptr<Datenbank> m_db;
     Profil m_profil;
+    std::shared_ptr<Protokollbuch> m_buch;
 };

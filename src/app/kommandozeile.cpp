@@ -2,6 +2,7 @@
 
 #include "ablagewerk.h"
 #include "ausgabe.h"
+#include "bewegungsgang.h"
 #include "datenbank.h"
 #include "profilspeicher.h"
 #include "sprache.h"
@@ -25,6 +26,16 @@ std::optional<Profil> profilWaehlen(const QList<Profil> &profile, const QStringL
     return treffer == profile.end() ? std::nullopt : std::optional(*treffer);
 }
 
+/** Finishes or takes back what a crash interrupted; what cannot be settled now stays noted for the next time. */
+void absturzKlaeren(const std::shared_ptr<Datenbank> &db, const Profil &profil)
+{
+    try {
+        Bewegungsgang::klaeren(db, profil);
+    } catch (const Fehler &f) {
+        Ausgabe::melden(inSprache(f));
+    }
+}
+
 std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil)
 {
     try {
@@ -32,6 +43,7 @@ std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil)
         if (db->nurLesen())
             Ausgabe::melden(
                 Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s));
+        absturzKlaeren(db, profil);
         return db;
     } catch (const Fehler &f) {
         drucken(Sprache::text(u"Datenbank nicht erreichbar"_s));
@@ -82,7 +94,7 @@ void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &
     if (argumente.contains("--rechnungen"_L1))
         return Kommandozeile::rechnungenBerichtigen(*db, profil, !anwenden);
     if (argumente.contains("--selbsttest"_L1))
-        return Kommandozeile::selbsttest(*db, profil);
+        return Kommandozeile::selbsttest(db, profil);
     if (argumente.contains("--analyse"_L1))
         Kommandozeile::analysieren(db, profil, argumente.contains("--erneut"_L1));
     const Ablagewerk werk(db, profil);

@@ -36,5 +36,5 @@ void gegenueberBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen);
 void rechnungenBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen);
 
 /** The built-in self-test; leaves the catalogue as it was. Refuses catalogues of more than 50 documents. */
-void selbsttest(Datenbank &db, const Profil &profil);
+void selbsttest(const std::shared_ptr<Datenbank> &db, const Profil &profil);
 } // namespace Kommandozeile

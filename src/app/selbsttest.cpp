@@ -3,6 +3,7 @@
 #include "datenbank.h"
 #include "kommandozeile.h"
 #include "lernspeicher.h"
+#include "selbstpruefung.h"
 #include "sprache.h"
 #include "text.h"
 #include "transaktion.h"
@@ -16,29 +17,6 @@ namespace
 {
 constexpr qint64 hoechstensDokumente = 50;
 
-/** Prints each check with its label and remembers what failed. */
-class Pruefung
-{
-public:
-    void block(const QString &name) { drucken(u"\n=== "_s + name); }
-    void pruefe(bool erfuellt, const QString &name)
-    {
-        drucken((erfuellt ? u"  ok      "_s : u"  FEHLER  "_s) + name);
-        if (!erfuellt)
-            m_gescheitert << name;
-    }
-    void ergebnis() const
-    {
-        if (m_gescheitert.isEmpty())
-            return drucken(Sprache::text(u"\nSelbsttest bestanden"_s));
-        drucken(Sprache::text(u"\nSelbsttest mit "_s) + QString::number(m_gescheitert.size()) +
-                Sprache::text(u" Fehlern: "_s) + m_gescheitert.join(u", "_s));
-    }
-
-private:
-    QStringList m_gescheitert;
-};
-
 Dokument bestaetigt(const QString &gegenueber)
 {
     Dokument d;
@@ -49,7 +27,7 @@ Dokument bestaetigt(const QString &gegenueber)
     return d;
 }
 
-void namensregeln(Pruefung &p)
+void namensregeln(Selbstpruefung &p)
 {
     using namespace Lernregeln;
     const QString kurz = u"Beispiel Telefon"_s;
@@ -68,7 +46,7 @@ void namensregeln(Pruefung &p)
     p.pruefe(!darfErsetzen(kurz, u"Musterbank"_s), Sprache::text(u"fremder Name wird nicht überschrieben"_s));
 }
 
-void zuordnungen(Pruefung &p, Lernspeicher &speicher)
+void zuordnungen(Selbstpruefung &p, Lernspeicher &speicher)
 {
     const auto eintrag = [&speicher] { return speicher.vorschlag(u"Selbsttestwerk Nord"_s); };
     const qsizetype vorher = speicher.alle().size();
@@ -83,7 +61,7 @@ void zuordnungen(Pruefung &p, Lernspeicher &speicher)
     p.pruefe(eintrag() && eintrag()->anzahl == 2, Sprache::text(u"zweite Bestätigung wird gezählt"_s));
 }
 
-void gleichungen(Pruefung &p, Lernspeicher &speicher)
+void gleichungen(Selbstpruefung &p, Lernspeicher &speicher)
 {
     const qsizetype vorher = speicher.gleichungen().size();
     speicher.merken(bestaetigt(u"Selbsttestwerk Süd GmbH"_s), u"Altername Selbsttest AG"_s);
@@ -94,7 +72,7 @@ void gleichungen(Pruefung &p, Lernspeicher &speicher)
              Sprache::text(u"Rechtsform stört die Gleichung nicht"_s));
 }
 
-void gedaechtnis(Pruefung &p, Datenbank &db)
+void gedaechtnis(Selbstpruefung &p, Datenbank &db)
 {
     p.block(Sprache::text(u"Gedächtnis"_s));
     // Rolled back at the end: nothing that is learned here stays.
@@ -105,7 +83,7 @@ void gedaechtnis(Pruefung &p, Datenbank &db)
     gleichungen(p, speicher);
 }
 
-void ausnahmeregeln(Pruefung &p)
+void ausnahmeregeln(Selbstpruefung &p)
 {
     const Ausnahmefilter filter({u"Fotos"_s, u""_s, u"privat/2019/Belege"_s, u"/Vorlagen/"_s});
     const auto trifft = [&](const QString &ordner, const QString &datei) { return filter.erste(ordner, datei); };
@@ -127,7 +105,7 @@ void ausnahmeregeln(Pruefung &p)
     p.pruefe(pfadregel && pfadregel->istPfad, Sprache::text(u"Pfadregel wird als Pfad erkannt"_s));
 }
 
-void ordnerwahl(Pruefung &p)
+void ordnerwahl(Selbstpruefung &p)
 {
     Profil profil;
     profil.quelle = u"/Volumes/Platte/Ablage"_s;
@@ -139,18 +117,20 @@ void ordnerwahl(Pruefung &p)
 }
 } // namespace
 
-void Kommandozeile::selbsttest(Datenbank &db, const Profil &profil)
+void Kommandozeile::selbsttest(const std::shared_ptr<Datenbank> &katalog, const Profil &profil)
 {
+    Datenbank &db = *katalog;
     const QList<Zeile> zeilen = db.abfragen(u"SELECT COUNT(*) n FROM dokumente"_s);
     const qint64 anzahl = zeilen.isEmpty() ? 0 : zeilen.first().ganz(u"n");
     if (anzahl > hoechstensDokumente)
         return drucken(gefuellt(Sprache::text(u"Abbruch. Das Profil %@ hat %@ Dokumente. Der Selbsttest ist nur für "
                                               "kleine Probeprofile gedacht."_s),
                                 {profil.name, QString::number(anzahl)}));
-    Pruefung p;
+    Selbstpruefung p;
     gedaechtnis(p, db);
     p.block(Sprache::text(u"Ausnahmen"_s));
     ausnahmeregeln(p);
     ordnerwahl(p);
+    betriebsartPruefen(p, katalog, profil);
     p.ergebnis();
 }

@@ -1,5 +1,7 @@
 #include "sha256.h"
 
+#include "dateigriff.h"
+
 #include <fcntl.h>
 #include <new>
 #include <openssl/evp.h>
@@ -15,23 +17,6 @@ const EVP_MD *verfahren()
     static const EVP_MD *const md = EVP_MD_fetch(nullptr, "SHA256", nullptr);
     return md;
 }
-
-class Griff
-{
-public:
-    explicit Griff(int nummer) : m_nummer(nummer) {}
-    ~Griff()
-    {
-        if (m_nummer >= 0)
-            ::close(m_nummer);
-    }
-    Griff(const Griff &) = delete;
-    Griff &operator=(const Griff &) = delete;
-    [[nodiscard]] int nummer() const { return m_nummer; }
-
-private:
-    int m_nummer;
-};
 
 constexpr size_t stueck = size_t{256} * 1024;
 } // namespace
@@ -68,7 +53,7 @@ QString Sha256::hex(const Wert &wert)
 QString sha256Datei(const QByteArray &pfad, const std::function<bool()> &abbruch)
 {
     // Without blocking, since a pipe may have taken the file's place.
-    const Griff datei(::open(pfad.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const Dateigriff datei(::open(pfad.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat s = {};
     if (datei.nummer() < 0 || ::fstat(datei.nummer(), &s) != 0 || !S_ISREG(s.st_mode))
         return {};

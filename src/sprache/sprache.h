@@ -1,14 +1,12 @@
 #pragma once
 
+#include "plattenfehler.h"
 #include "sprachsatz.h"
 
 #include <QHash>
 #include <QMutex>
 #include <QString>
 #include <atomic>
-
-/** Marks a literal that reaches the lookup later, through a variable: it belongs to the text catalogue all the same. */
-#define QUILLMAR_TEXT(literal) literal
 
 /**
  * Looks up what the user sees. The German text is the key, placeholders ("%@") included; they are filled afterwards.

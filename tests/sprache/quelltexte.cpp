@@ -27,7 +27,8 @@ QString entschluesselt(QString literal)
 
 void ausQuelle(const QString &roh, const QString &datei, Fund &fund)
 {
-    const QString quelltext = ohneKommentare(roh);
+    static const QRegularExpression vorverarbeitung(R"(^[ \t]*#.*$)"_L1, QRegularExpression::MultilineOption);
+    const QString quelltext = ohneKommentare(roh).remove(vorverarbeitung);
     static const QRegularExpression aufruf(R"(\b(?:Sprache::text|QUILLMAR_TEXT)\b)"_L1);
     static const QRegularExpression argument(
         R"RX(\s*\((?:\s*/\*\s*QUILLMAR_TEXT\s*\*/|((?:\s*u?"(?:[^"\\\n]|\\.)*"(?:_s)?)+)\s*\)))RX"_L1);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "dateibewegung.h"
+#include "dokument.h"
+#include "protokollzeile.h"
+
+class Datenbank;
+
+/** All that is needed to settle a movement that a crash has interrupted, and to record it. One line of the intent file.
+ */
+struct Absicht {
+    enum class Art {
+        Bewegung,   ///< von → nach, to be recorded as a movement
+        Ruecknahme, ///< a movement turned back: from its "nach" to its "von", or to the trash if it was a copy
+    };
+
+    Art art = Art::Bewegung;
+    QString vorgang;        ///< one movement's lines share it; the last one counts
+    Protokollzeile zeile;   ///< the movement; for a Ruecknahme the one that is turned back
+    QString status;         ///< status after the movement
+    qint64 protokollId = 0; ///< Bewegung: the newest row before; Ruecknahme: the row turned back, 0 if there is none
+    QString temporaer;
+    qint64 groesse = 0;
+    qint64 dateizeit = 0;
+    std::optional<Dokument> werte; ///< the user's final values
+    QString vorher;                ///< the counterpart before his correction
+    QString buch;                  ///< log file that is to hold the line; empty if none
+
+    [[nodiscard]] QByteArray json() const;
+    [[nodiscard]] static std::optional<Absicht> aus(const QByteArray &zeile);
+
+    /** Takes over what the file movement announces. */
+    void uebernehmen(const Dateibewegung::Schritt &schritt);
+};
+
+/** The intent file of a catalogue. */
+[[nodiscard]] QString absichtsdatei(const Datenbank &db);

@@ -1,0 +1,91 @@
+#include "aufzeichnung.h"
+
+#include "datenbank.h"
+#include "lernspeicher.h"
+#include "pfade.h"
+#include "transaktion.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/** A statement that must succeed for the record to be whole. */
+void muss(const Transaktion &transaktion, Datenbank &db, const QString &sql, const QVariantList &parameter)
+{
+    if (db.ausfuehren(sql, parameter) != 0)
+        transaktion.scheitern();
+}
+
+/** A row that still claims a place where its file no longer was, or this movement could not have taken it. */
+void platzFreimachen(const Transaktion &t, Datenbank &db, const QString &pfad, qint64 ausser)
+{
+    muss(t, db, u"UPDATE dokumente SET status='fehlt', pfad=NULL WHERE pfad=? AND id<>?"_s, {pfad, ausser});
+}
+
+void werteSchreiben(const Transaktion &t, Datenbank &db, const Dokument &d)
+{
+    muss(t, db,
+         u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?, jahr=?\nWHERE id=?"_s,
+         {d.datum, d.gegenueber, d.titel, d.zweig, d.ablage, d.rubrik, d.jahr, d.id});
+}
+
+void ortSchreiben(const Transaktion &t, Datenbank &db, qint64 id, const QString &status, const QString &pfad)
+{
+    platzFreimachen(t, db, pfad, id);
+    muss(t, db, u"UPDATE dokumente SET status=?, pfad=?, dateiname=? WHERE id=?"_s, {status, pfad, nameVon(pfad), id});
+}
+
+void ruecknahme(const Transaktion &t, Datenbank &db, const Absicht &a)
+{
+    if (a.protokollId == 0)
+        return;
+    muss(t, db, u"UPDATE protokoll SET rueckgaengig=1 WHERE id=?"_s, {a.protokollId});
+    ortSchreiben(t, db, a.zeile.dokument, a.status, a.zeile.von);
+}
+} // namespace
+
+qint64 Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
+{
+    Transaktion t(db);
+    qint64 angepasst = 0;
+    if (a.werte) {
+        werteSchreiben(t, db, *a.werte);
+        angepasst = Lernspeicher(db).merken(*a.werte, a.vorher);
+    }
+    const Protokollzeile &z = a.zeile;
+    muss(t, db,
+         u"INSERT INTO protokoll (dokument_id, zeit, aktion, von_pfad, nach_pfad, alt_status, kopiert)\n"
+         "VALUES (?,?,?,?,?,?,?)"_s,
+         {z.dokument, z.zeit, z.aktion, z.von, z.nach, z.altStatus, z.kopiert});
+    // A copying profile leaves the document where it was; so does a document that lay right already.
+    if (z.kopiert || z.von == z.nach)
+        muss(t, db, u"UPDATE dokumente SET status=? WHERE id=?"_s, {a.status, z.dokument});
+    else
+        ortSchreiben(t, db, z.dokument, a.status, z.nach);
+    t.abschliessen();
+    return angepasst;
+}
+
+void Aufzeichnung::ruecknahmen(Datenbank &db, const QList<Absicht> &absichten)
+{
+    Transaktion t(db);
+    for (const Absicht &a : absichten)
+        ruecknahme(t, db, a);
+    t.abschliessen();
+}
+
+bool Aufzeichnung::istErfolgt(Datenbank &db, const Absicht &a)
+{
+    if (a.art == Absicht::Art::Ruecknahme)
+        return a.protokollId == 0 ||
+               !db.abfragen(u"SELECT 1 FROM protokoll WHERE id=? AND rueckgaengig=1"_s, {a.protokollId}).isEmpty();
+    return !db.abfragen(u"SELECT 1 FROM protokoll WHERE id>? AND dokument_id=? AND von_pfad=? AND nach_pfad=?"_s,
+                        {a.protokollId, a.zeile.dokument, a.zeile.von, a.zeile.nach})
+                .isEmpty();
+}
+
+qint64 Aufzeichnung::neuesteZeile(Datenbank &db)
+{
+    const QList<Zeile> zeilen = db.abfragen(u"SELECT MAX(id) n FROM protokoll"_s);
+    return zeilen.isEmpty() ? 0 : zeilen.first().ganz(u"n");
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "absicht.h"
+
+class Datenbank;
+
+/** Writing of finished movements into the catalogue. */
+namespace Aufzeichnung
+{
+/**
+ * Records a movement with the values it was accepted with and what is learned from them, in one transaction. Returns
+ * how many waiting documents were adjusted. Throws Fehler; nothing is recorded then.
+ */
+qint64 bewegung(Datenbank &db, const Absicht &absicht);
+
+/** Records movements turned back, all in one transaction. Those without a row are passed over. Throws Fehler. */
+void ruecknahmen(Datenbank &db, const QList<Absicht> &absichten);
+
+/** The catalogue knows of the movement, or of its being turned back, already. */
+[[nodiscard]] bool istErfolgt(Datenbank &db, const Absicht &absicht);
+
+/** Id of the newest row of the movements, 0 if there is none. */
+[[nodiscard]] qint64 neuesteZeile(Datenbank &db);
+} // namespace Aufzeichnung

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "protokollzeile.h"
+
+#include <QStringList>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+class Datenbank;
+
+/** What turning a session back came to. */
+struct Bilanz {
+    qint64 zurueckgedreht = 0;
+    QStringList fehler; ///< a line for each movement that failed, in order
+    bool operator==(const Bilanz &) const = default;
+};
+
+/**
+ * The log of one session: a file in JSON Lines form, a header and a line for each movement. It is the record from which
+ * a session can be turned back, on another computer or without the catalogue too. Never rewritten, never deleted.
+ */
+class Protokollbuch
+{
+public:
+    /**
+     * A book in @p ordner, which is made if need be (not the target root it may lie in: a drive may not be mounted).
+     * Null when that fails. The file itself appears with the first line.
+     */
+    [[nodiscard]] static std::shared_ptr<Protokollbuch> anlegen(const QString &ordner, const Profil &profil);
+
+    /** Appends a movement, after ending a line that an earlier crash has torn. False when it could not be written. */
+    bool anhaengen(const Protokollzeile &zeile);
+
+    [[nodiscard]] const QString &datei() const { return m_datei; }
+    [[nodiscard]] QString ordner() const;
+    [[nodiscard]] const Protokollkopf &kopf() const { return m_kopf; }
+
+    /** Log files in @p ordner, newest first. */
+    [[nodiscard]] static QStringList dateien(const QString &ordner);
+    [[nodiscard]] static std::optional<Protokollkopf> kopf(const QString &datei);
+    /** Movements in the order of the file. Lines that are damaged or something else are passed over. */
+    [[nodiscard]] static QList<Protokollzeile> lesen(const QString &datei);
+
+    /** Appends to the book @p datei what a crash kept out of it; begins it if it is not there yet. */
+    static void nachtragen(const QString &datei, const Profil &profil, const Protokollzeile &zeile);
+
+    using Fortschritt = std::function<void(qint64 fertig, qint64 gesamt)>;
+    /**
+     * Turns all movements of a session back, newest first. @p db (may be null: only files are moved then) is changed
+     * where it knows the movement. What lies at neither or both ends, and what is turned back already, is passed over;
+     * a failure does not stop the rest.
+     */
+    [[nodiscard]] static Bilanz zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
+                                              const Fortschritt &fortschritt);
+
+private:
+    Protokollbuch(QString datei, Protokollkopf kopf) : m_datei(std::move(datei)), m_kopf(std::move(kopf)) {}
+
+    QString m_datei;
+    Protokollkopf m_kopf;
+    std::mutex m_schloss;
+};

@@ -1,0 +1,124 @@
+#include "protokollzeile.h"
+
+#include "zeit.h"
+
+#include <QDateTime>
+#include <QJsonDocument>
+#include <QSysInfo>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/** Reads required members; remembers whether one was missing or of another type. */
+class Leser
+{
+public:
+    explicit Leser(const QByteArray &zeile) : m_objekt(QJsonDocument::fromJson(zeile).object()) {}
+    [[nodiscard]] QString text(QLatin1StringView name)
+    {
+        const QJsonValue wert = m_objekt.value(name);
+        m_ganz = m_ganz && wert.isString();
+        return wert.toString();
+    }
+    [[nodiscard]] bool wahr(QLatin1StringView name)
+    {
+        const QJsonValue wert = m_objekt.value(name);
+        m_ganz = m_ganz && wert.isBool();
+        return wert.toBool();
+    }
+    [[nodiscard]] qint64 zahl(QLatin1StringView name)
+    {
+        const QJsonValue wert = m_objekt.value(name);
+        m_ganz = m_ganz && wert.isDouble() && std::floor(wert.toDouble()) == wert.toDouble();
+        return wert.toInteger();
+    }
+    [[nodiscard]] bool ganz() const { return m_ganz; }
+
+private:
+    QJsonObject m_objekt;
+    bool m_ganz = true;
+};
+
+QByteArray kompakt(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson(QJsonDocument::Compact); }
+} // namespace
+
+Protokollkopf Protokollkopf::fuer(const Profil &profil)
+{
+    return {.zeit = jetztIso(),
+            .profil = profil.name,
+            .quelle = profil.quelle,
+            .ziel = profil.zielWurzel,
+            .kopieren = profil.kopieren,
+            .namensVorlage = profil.namensVorlage,
+            .pfadVorlage = profil.pfadVorlage,
+            .rechner = QSysInfo::machineHostName()};
+}
+
+bool Protokollkopf::gleicheSitzung(const Protokollkopf &anderer) const
+{
+    Protokollkopf verglichen = anderer;
+    verglichen.zeit = zeit;
+    return verglichen == *this;
+}
+
+QByteArray Protokollkopf::json() const
+{
+    return kompakt({{u"art"_s, u"kopf"_s},
+                    {u"zeit"_s, zeit},
+                    {u"profil"_s, profil},
+                    {u"quelle"_s, quelle},
+                    {u"ziel"_s, ziel},
+                    {u"kopieren"_s, kopieren},
+                    {u"namensVorlage"_s, namensVorlage},
+                    {u"pfadVorlage"_s, pfadVorlage},
+                    {u"rechner"_s, rechner}});
+}
+
+std::optional<Protokollkopf> Protokollkopf::aus(const QByteArray &zeile)
+{
+    Leser leser(zeile);
+    const bool istKopf = leser.text("art"_L1) == u"kopf"_s;
+    const Protokollkopf kopf{.zeit = leser.text("zeit"_L1),
+                             .profil = leser.text("profil"_L1),
+                             .quelle = leser.text("quelle"_L1),
+                             .ziel = leser.text("ziel"_L1),
+                             .kopieren = leser.wahr("kopieren"_L1),
+                             .namensVorlage = leser.text("namensVorlage"_L1),
+                             .pfadVorlage = leser.text("pfadVorlage"_L1),
+                             .rechner = leser.text("rechner"_L1)};
+    return istKopf && leser.ganz() ? std::optional(kopf) : std::nullopt;
+}
+
+QString Protokollzeile::zeitKurz() const
+{
+    const QDateTime gelesen = QDateTime::fromString(zeit, Qt::ISODate);
+    return gelesen.isValid() ? gelesen.toLocalTime().toString(u"HH:mm:ss"_s) : zeit;
+}
+
+QByteArray Protokollzeile::json() const
+{
+    return kompakt({{u"art"_s, u"bewegung"_s},
+                    {u"zeit"_s, zeit},
+                    {u"aktion"_s, aktion},
+                    {u"dokument"_s, dokument},
+                    {u"von"_s, von},
+                    {u"nach"_s, nach},
+                    {u"altStatus"_s, altStatus},
+                    {u"kopiert"_s, kopiert}});
+}
+
+std::optional<Protokollzeile> Protokollzeile::aus(const QByteArray &zeile)
+{
+    Leser leser(zeile);
+    const bool istBewegung = leser.text("art"_L1) == u"bewegung"_s;
+    Protokollzeile gelesen{.zeit = leser.text("zeit"_L1),
+                           .aktion = leser.text("aktion"_L1),
+                           .dokument = leser.zahl("dokument"_L1),
+                           .von = leser.text("von"_L1),
+                           .nach = leser.text("nach"_L1),
+                           .altStatus = leser.text("altStatus"_L1),
+                           .kopiert = leser.wahr("kopiert"_L1)};
+    return istBewegung && leser.ganz() ? std::optional(std::move(gelesen)) : std::nullopt;
+}

@@ -1,0 +1,130 @@
+#include "rueckbau.h"
+
+#include "bewegungsgang.h"
+#include "datenbank.h"
+#include "pfade.h"
+#include "text.h"
+
+#include <QSet>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qsizetype hoechstensGruppe = 100;
+
+/** A copy goes only while its original is still there, and a moved file only to a free place. */
+bool endenStimmen(const Protokollzeile &z)
+{
+    if (!istVorhanden(z.nach))
+        return false;
+    if (z.von == z.nach)
+        return true;
+    return z.kopiert ? Dateibewegung::istGleich(z.von, z.nach) : !istVorhanden(z.von);
+}
+} // namespace
+
+Rueckbau::Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt)
+    : m_zeilen(Protokollbuch::lesen(datei)), m_db(std::move(db)), m_fortschritt(std::move(fortschritt))
+{
+    const auto kopf = Protokollbuch::kopf(datei);
+    m_herkunft = kopf ? kopf->quelle : QString();
+    // Newest first, so that a document moved twice ends at its first place.
+    std::reverse(m_zeilen.begin(), m_zeilen.end());
+    for (Protokollzeile &zeile : m_zeilen) {
+        zeile.von = nfc(zeile.von);
+        zeile.nach = nfc(zeile.nach);
+    }
+}
+
+Rueckbau::~Rueckbau() = default;
+
+Bilanz Rueckbau::ausfuehren()
+{
+    if (m_zeilen.isEmpty())
+        return {};
+    try {
+        if (m_db)
+            m_gang = std::make_unique<Bewegungsgang>(m_db, Profil());
+        QList<Protokollzeile> offene;
+        QSet<QString> orte;
+        for (const Protokollzeile &zeile : std::as_const(m_zeilen)) {
+            // Whether a movement can be taken back shows only when those after it at the same places are back.
+            const bool beruehrt = orte.contains(zeile.von) || orte.contains(zeile.nach);
+            if (offene.size() >= hoechstensGruppe || beruehrt) {
+                gruppe(std::exchange(offene, {}));
+                orte.clear();
+            }
+            offene << zeile;
+            orte << zeile.von << zeile.nach;
+        }
+        gruppe(offene);
+    } catch (const Fehler &f) {
+        m_bilanz.fehler << inSprache(f);
+    }
+    return m_bilanz;
+}
+
+void Rueckbau::gruppe(const QList<Protokollzeile> &zeilen)
+{
+    QList<Absicht> absichten;
+    for (const Protokollzeile &zeile : zeilen) {
+        if (auto absicht = pruefen(zeile))
+            absichten << std::move(*absicht);
+    }
+    const QStringList fehler = absichten.isEmpty() ? QStringList() : zuruecknehmen(absichten);
+    for (qsizetype i = 0; i < fehler.size(); ++i) {
+        if (fehler.at(i).isEmpty())
+            ++m_bilanz.zurueckgedreht;
+        else
+            m_bilanz.fehler << nameVon(absichten.at(i).zeile.nach) + u": "_s + fehler.at(i);
+    }
+    for (qsizetype i = 0; i < zeilen.size(); ++i)
+        m_fortschritt(++m_fertig, m_zeilen.size());
+}
+
+/** The intent to take @p zeile back; none when it is passed over. */
+std::optional<Absicht> Rueckbau::pruefen(const Protokollzeile &zeile) const
+{
+    Absicht absicht;
+    absicht.zeile = zeile;
+    absicht.status = zeile.altStatus.isEmpty() ? u"bereit"_s : zeile.altStatus;
+    if (!istDran(zeile, absicht.protokollId) || !endenStimmen(zeile))
+        return std::nullopt;
+    return absicht;
+}
+
+/** False when the catalogue knows the movement as turned back already, or the document has moved on since. */
+bool Rueckbau::istDran(const Protokollzeile &zeile, qint64 &protokollId) const
+{
+    if (!m_db || zeile.dokument <= 0)
+        return true;
+    const QList<Zeile> zeilen = m_db->abfragen(
+        u"SELECT p.id, p.rueckgaengig, d.pfad FROM protokoll p LEFT JOIN dokumente d ON d.id=p.dokument_id\n"
+        "WHERE p.dokument_id=? AND p.von_pfad=? AND p.nach_pfad=? ORDER BY p.rueckgaengig, p.id DESC LIMIT 1"_s,
+        {zeile.dokument, zeile.von, zeile.nach});
+    if (zeilen.isEmpty())
+        return true; // a log of another profile or computer: only the file moves
+    if (zeilen.first().ganz(u"rueckgaengig") == 1)
+        return false;
+    protokollId = zeilen.first().ganz(u"id");
+    return zeilen.first().text(u"pfad") == (zeile.kopiert ? zeile.von : zeile.nach);
+}
+
+QStringList Rueckbau::zuruecknehmen(const QList<Absicht> &absichten)
+{
+    if (m_gang)
+        return m_gang->zuruecknehmen(absichten, m_herkunft);
+    QStringList fehler;
+    for (const Absicht &absicht : absichten) {
+        try {
+            zuruecklegen(
+                absicht.zeile, m_herkunft, [](const Dateibewegung::Schritt &) {}, nullptr);
+            fehler << QString();
+        } catch (const Fehler &f) {
+            fehler << inSprache(f);
+        }
+    }
+    return fehler;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "absicht.h"
+#include "protokollbuch.h"
+
+class Bewegungsgang;
+
+/** The turning back of one whole session; see Protokollbuch::zurueckdrehen(). */
+class Rueckbau
+{
+public:
+    Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt);
+    ~Rueckbau();
+    Rueckbau(const Rueckbau &) = delete;
+    Rueckbau &operator=(const Rueckbau &) = delete;
+    [[nodiscard]] Bilanz ausfuehren();
+
+private:
+    void gruppe(const QList<Protokollzeile> &zeilen);
+    [[nodiscard]] std::optional<Absicht> pruefen(const Protokollzeile &zeile) const;
+    [[nodiscard]] bool istDran(const Protokollzeile &zeile, qint64 &protokollId) const;
+    [[nodiscard]] QStringList zuruecknehmen(const QList<Absicht> &absichten);
+
+    QList<Protokollzeile> m_zeilen;
+    QString m_herkunft;
+    std::shared_ptr<Datenbank> m_db;
+    std::unique_ptr<Bewegungsgang> m_gang;
+    Protokollbuch::Fortschritt m_fortschritt;
+    Bilanz m_bilanz;
+    qint64 m_fertig = 0;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "profil.h"
+
+#include <QStringList>
+#include <memory>
+
+class Datenbank;
+
+/** Prints each check of the self-test with its label and remembers what failed. */
+class Selbstpruefung
+{
+public:
+    void block(const QString &name);
+    void pruefe(bool erfuellt, const QString &name);
+    /** The closing line. */
+    void ergebnis() const;
+
+private:
+    QStringList m_gescheitert;
+};
+
+/**
+ * The block "Betriebsart": accepts all waiting documents in the profile's mode and turns the session back, with real
+ * files. Leaves documents, catalogue and folders as they were.
+ */
+void betriebsartPruefen(Selbstpruefung &p, const std::shared_ptr<Datenbank> &db, const Profil &profil);

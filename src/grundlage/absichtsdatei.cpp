@@ -1,0 +1,86 @@
+#include "absichtsdatei.h"
+
+#include "platte.h"
+#include "plattenfehler.h"
+
+#include <QFile>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+QString nichtBegonnen() { return QUILLMAR_TEXT(u"Die Bewegung lässt sich nicht vormerken und beginnt daher nicht"_s); }
+
+bool sperren(int griff, std::chrono::milliseconds wartezeit)
+{
+    const auto ende = std::chrono::steady_clock::now() + wartezeit;
+    while (::flock(griff, LOCK_EX | LOCK_NB) != 0) {
+        if (std::chrono::steady_clock::now() >= ende)
+            return false;
+        std::this_thread::sleep_for(5ms);
+    }
+    return true;
+}
+} // namespace
+
+std::optional<Absichtsdatei> Absichtsdatei::oeffnen(const QString &pfad, std::chrono::milliseconds wartezeit)
+{
+    const int griff =
+        ::open(QFile::encodeName(pfad).constData(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (griff < 0)
+        Platte::scheitern(nichtBegonnen(), errno);
+    Absichtsdatei datei(griff);
+    if (!sperren(griff, wartezeit))
+        return std::nullopt;
+    return datei;
+}
+
+Absichtsdatei::Absichtsdatei(Absichtsdatei &&andere) noexcept : m_griff(std::exchange(andere.m_griff, -1)) {}
+
+Absichtsdatei::~Absichtsdatei()
+{
+    if (m_griff >= 0)
+        ::close(m_griff);
+}
+
+QList<QByteArray> Absichtsdatei::zeilen() const
+{
+    QByteArray inhalt;
+    std::array<char, 65536> puffer = {};
+    for (off_t stelle = 0;;) {
+        const ssize_t n = ::pread(m_griff, puffer.data(), puffer.size(), stelle);
+        if (n <= 0)
+            break;
+        inhalt.append(puffer.data(), n);
+        stelle += n;
+    }
+    QList<QByteArray> zeilen = inhalt.split('\n');
+    zeilen.removeLast(); // empty, or torn by a crash while it was written: that movement did not begin
+    zeilen.removeAll(QByteArray());
+    return zeilen;
+}
+
+void Absichtsdatei::schreiben(const QList<QByteArray> &zeilen)
+{
+    const QByteArray bytes = zeilen.join('\n') + '\n';
+    const ssize_t n = ::write(m_griff, bytes.constData(), size_t(bytes.size()));
+    if (n != bytes.size())
+        Platte::scheitern(nichtBegonnen(), n < 0 ? errno : ENOSPC);
+    if (::fdatasync(m_griff) != 0)
+        Platte::scheitern(nichtBegonnen(), errno);
+}
+
+void Absichtsdatei::leeren(const QList<QByteArray> &bleibende)
+{
+    // If this does not reach the disk before a crash, the settling finds everything recorded already.
+    [[maybe_unused]] const int egal = ::ftruncate(m_griff, 0);
+    if (!bleibende.isEmpty())
+        schreiben(bleibende);
+}

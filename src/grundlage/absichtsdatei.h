@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <chrono>
+#include <optional>
+
+/**
+ * The file in which a movement is announced before it begins, one line each, and cleared when it is recorded. Whoever
+ * holds this object is the only one who moves files for the catalogue.
+ */
+class Absichtsdatei
+{
+public:
+    /** The lock and the open file; none when another holds it past @p wartezeit. Throws Plattenfehler if it cannot be
+     * made. */
+    [[nodiscard]] static std::optional<Absichtsdatei> oeffnen(const QString &pfad, std::chrono::milliseconds wartezeit);
+
+    Absichtsdatei(Absichtsdatei &&andere) noexcept;
+    Absichtsdatei &operator=(Absichtsdatei &&) = delete;
+    Absichtsdatei(const Absichtsdatei &) = delete;
+    Absichtsdatei &operator=(const Absichtsdatei &) = delete;
+    ~Absichtsdatei();
+
+    /** What an earlier holder left, line by line; a last line without its end does not count. */
+    [[nodiscard]] QList<QByteArray> zeilen() const;
+    /** Appends @p zeilen (each without line feed) and flushes them. Throws Plattenfehler. */
+    void schreiben(const QList<QByteArray> &zeilen);
+    /** Leaves only @p bleibende. */
+    void leeren(const QList<QByteArray> &bleibende = {});
+
+private:
+    explicit Absichtsdatei(int griff) : m_griff(griff) {}
+    int m_griff = -1;
+};

@@ -1,0 +1,269 @@
+#include "dateibewegung.h"
+
+#include "dateikopie.h"
+#include "pfade.h"
+#include "platte.h"
+#include "plattenfehler.h"
+#include "sha256.h"
+#include "text.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTextBoundaryFinder>
+#include <cerrno>
+#include <fcntl.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qsizetype hoechstensBytes = 255;
+
+QString nichtBewegt() { return QUILLMAR_TEXT(u"Die Datei ließ sich nicht bewegen"_s); }
+
+/** One movement on its way; see Dateibewegung::ausfuehren(). */
+class Vorgang
+{
+public:
+    Vorgang(const Dateibewegung::Auftrag &auftrag, const Dateibewegung::Ankuendigung &ankuendigung)
+        : m_auftrag(auftrag), m_ankuendigung(ankuendigung), m_quelle(aufDerPlatte(auftrag.von)),
+          m_ordner(plattenPfad(auftrag.ordner) + '/')
+    {
+        if (!Platte::angaben(m_quelle, m_vorher))
+            throw Plattenfehler(QUILLMAR_TEXT(u"Die Datei liegt nicht mehr am erwarteten Ort"_s));
+        if (!S_ISREG(m_vorher.st_mode))
+            throw Plattenfehler(QUILLMAR_TEXT(u"An der Stelle der Datei liegt jetzt etwas anderes"_s));
+    }
+
+    QString ausfuehren()
+    {
+        const QString wunsch = QDir::cleanPath(m_auftrag.ordner + u'/' + m_auftrag.name);
+        if (istQuelle(wunsch)) {
+            ankuendigen(m_auftrag.von, {});
+            return m_auftrag.von;
+        }
+        struct stat ziel = {};
+        const bool selberDatentraeger = ::stat(m_ordner.constData(), &ziel) == 0 && ziel.st_dev == m_vorher.st_dev;
+        // Bind mounts share a device number and yet refuse a rename, hence the second way out.
+        if (m_auftrag.art == Dateibewegung::Art::Verschieben && selberDatentraeger) {
+            if (const QString nach = umbenennen(m_quelle, {}); !nach.isNull())
+                return nach;
+        }
+        return ueberKopie();
+    }
+
+private:
+    /** Gives @p von the wanted name or the next free one; null when that is on another file system. */
+    QString umbenennen(const QByteArray &von, const QString &temporaer)
+    {
+        for (int n = 1;; ++n) {
+            const QString name = n == 1 ? m_auftrag.name : Dateibewegung::nummeriert(m_auftrag.name, n);
+            const QString nach = QDir::cleanPath(m_auftrag.ordner + u'/' + name);
+            if (istQuelle(nach))
+                return m_auftrag.von;
+            const bool belegt = istVorhanden(nach);
+            if (!belegt) {
+                ankuendigen(nach, temporaer);
+                const int fehler = versuchen(von, m_ordner + name.toUtf8());
+                if (fehler == 0)
+                    return nach;
+                if (fehler == EXDEV)
+                    return {};
+                if (fehler != EEXIST)
+                    Platte::scheitern(nichtBewegt(), fehler);
+            }
+            if (m_auftrag.nameArt == Dateibewegung::Name::Genau)
+                throw Plattenfehler(QUILLMAR_TEXT(u"Am Zielort liegt schon eine andere Datei"_s));
+        }
+    }
+
+    int versuchen(const QByteArray &von, const QByteArray &nach)
+    {
+        const int fehler = Platte::umbenennen(von, nach);
+        if (fehler != 0)
+            return fehler;
+        sichern(nach);
+        if (Platte::ordnerTeil(von) != Platte::ordnerTeil(nach))
+            sichern(von);
+        return 0;
+    }
+
+    void sichern(const QByteArray &pfad)
+    {
+        if (m_auftrag.spaeterSichern)
+            m_auftrag.spaeterSichern->insert(Platte::ordnerTeil(pfad));
+        else
+            Platte::ordnerSichern(pfad);
+    }
+
+    void ankuendigen(const QString &nach, const QString &temporaer)
+    {
+        m_ankuendigung({.nach = nach,
+                        .temporaer = temporaer,
+                        .groesse = qint64(m_vorher.st_size),
+                        .zeit = Platte::zeitVon(m_vorher)});
+    }
+
+    /** The wanted place is where the file lies already. */
+    [[nodiscard]] bool istQuelle(const QString &nach) const
+    {
+        const QByteArray platte = aufDerPlatte(nach);
+        struct stat s = {};
+        return platte == m_quelle || (Platte::angaben(platte, s) && s.st_nlink == 1 && s.st_dev == m_vorher.st_dev &&
+                                      s.st_ino == m_vorher.st_ino);
+    }
+
+    QString ueberKopie()
+    {
+        const bool verschieben = m_auftrag.art == Dateibewegung::Art::Verschieben;
+        // Found out before, not after a long copy.
+        if (verschieben && ::access(Platte::ordnerTeil(m_quelle).constData(), W_OK) != 0)
+            Platte::scheitern(nichtBewegt(), errno);
+        Dateikopie kopie(m_quelle, m_vorher, m_ordner);
+        ankuendigen(QDir::cleanPath(m_auftrag.ordner + u'/' + m_auftrag.name), kopie.name());
+        kopie.anlegen();
+        const QString nach = umbenennen(kopie.pfad(), kopie.name());
+        if (nach == m_auftrag.von)
+            return nach; // lies right under a numbered name; the copy goes with its object
+        kopie.behalten();
+        if (verschieben)
+            quelleLoesen(nach);
+        return nach;
+    }
+
+    void quelleLoesen(const QString &nach)
+    {
+        struct stat jetzt = {};
+        const bool dieselbe = Platte::angaben(m_quelle, jetzt) && Platte::unveraendert(m_vorher, jetzt);
+        if (dieselbe && ::unlink(m_quelle.constData()) == 0) {
+            Platte::ordnerSichern(m_quelle);
+            return;
+        }
+        const int fehler = dieselbe ? errno : EBUSY;
+        // The source stays, so the copy must not.
+        ::unlink(aufDerPlatte(nach).constData());
+        if (fehler == EBUSY)
+            throw Plattenfehler(nichtBewegt(), QUILLMAR_TEXT(u"sie wurde währenddessen verändert"_s));
+        Platte::scheitern(nichtBewegt(), fehler);
+    }
+
+    const Dateibewegung::Auftrag &m_auftrag;
+    const Dateibewegung::Ankuendigung &m_ankuendigung;
+    QByteArray m_quelle;
+    QByteArray m_ordner;
+    struct stat m_vorher = {};
+};
+} // namespace
+
+QString Dateibewegung::ausfuehren(const Auftrag &auftrag, const Ankuendigung &ankuendigung)
+{
+    return Vorgang(auftrag, ankuendigung).ausfuehren();
+}
+
+QString Dateibewegung::nummeriert(const QString &name, int n)
+{
+    const QString zusatz = u" (%1)"_s.arg(n);
+    const qsizetype punkt = name.lastIndexOf(u'.');
+    QString stamm = punkt <= 0 ? name : name.first(punkt);
+    const QString rest = zusatz + name.mid(stamm.size());
+    QTextBoundaryFinder grenzen(QTextBoundaryFinder::Grapheme, stamm);
+    grenzen.toEnd();
+    qsizetype ende = stamm.size();
+    while (ende > 0 && (stamm.first(ende) + rest).toUtf8().size() > hoechstensBytes)
+        ende = grenzen.toPreviousBoundary();
+    return stamm.first(std::max<qsizetype>(ende, 0)) + rest;
+}
+
+QString Dateibewegung::eindeutig(const QString &pfad)
+{
+    QString frei = pfad;
+    for (int n = 2; istVorhanden(frei); ++n)
+        frei = ordnerVon(pfad) + u'/' + nummeriert(nameVon(pfad), n);
+    return frei;
+}
+
+void Dateibewegung::ordnerAnlegen(const QString &ordner, const QString &wurzel)
+{
+    const QString unten = QDir::cleanPath(nfc(ordner));
+    const QString oben = QDir::cleanPath(nfc(wurzel));
+    if (!istOrdner(oben))
+        throw Plattenfehler(QUILLMAR_TEXT(u"Der Ordner ist nicht erreichbar. Ist der Datenträger eingehängt?"_s));
+    if (istOrdner(unten))
+        return;
+    QByteArray platte = plattenPfad(oben);
+    QString bisher = oben;
+    for (const QString &teil : QDir(oben).relativeFilePath(unten).split(u'/', Qt::SkipEmptyParts)) {
+        bisher += u'/' + teil;
+        platte = plattenPfad(bisher);
+        if (::mkdir(platte.constData(), 0777) == 0)
+            Platte::ordnerSichern(platte);
+        else if (errno != EEXIST || !istOrdner(bisher))
+            Platte::scheitern(QUILLMAR_TEXT(u"Der Ordner ließ sich nicht anlegen"_s), errno);
+    }
+}
+
+void Dateibewegung::inDenPapierkorb(const QString &pfad)
+{
+    // Without its parent folder the trash would be looked for in the working folder.
+    QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    const QByteArray platte = aufDerPlatte(pfad);
+    if (platte.isEmpty() || !QFile::moveToTrash(QString::fromUtf8(platte)))
+        throw Plattenfehler(QUILLMAR_TEXT(u"Die Kopie ließ sich nicht in den Papierkorb legen"_s));
+}
+
+bool Dateibewegung::istDieselbe(const QString &pfad, qint64 groesse, qint64 zeit)
+{
+    struct stat s = {};
+    constexpr qint64 groebsteUhr = 2000000000; // file systems that keep times to two seconds
+    return Platte::angaben(aufDerPlatte(pfad), s) && S_ISREG(s.st_mode) && s.st_size == groesse &&
+           std::abs(Platte::zeitVon(s) - zeit) <= groebsteUhr;
+}
+
+bool Dateibewegung::istLeer(const QString &pfad)
+{
+    struct stat s = {};
+    return Platte::angaben(aufDerPlatte(pfad), s) && S_ISREG(s.st_mode) && s.st_size == 0;
+}
+
+std::optional<Dateibewegung::Schritt> Dateibewegung::angabenVon(const QString &pfad)
+{
+    struct stat s = {};
+    if (!Platte::angaben(aufDerPlatte(pfad), s) || !S_ISREG(s.st_mode))
+        return std::nullopt;
+    return Schritt{.nach = {}, .temporaer = {}, .groesse = qint64(s.st_size), .zeit = Platte::zeitVon(s)};
+}
+
+void Dateibewegung::ordnerSichern(const QSet<QByteArray> &ordner)
+{
+    for (const QByteArray &einer : ordner)
+        Platte::ordnerSichern(einer);
+}
+
+bool Dateibewegung::istGleich(const QString &a, const QString &b)
+{
+    struct stat sa = {};
+    struct stat sb = {};
+    const QByteArray platteA = aufDerPlatte(a);
+    const QByteArray platteB = aufDerPlatte(b);
+    if (!Platte::angaben(platteA, sa) || !Platte::angaben(platteB, sb) || sa.st_size != sb.st_size)
+        return false;
+    const QString summe = sha256Datei(platteA);
+    return !summe.isNull() && summe == sha256Datei(platteB);
+}
+
+void Dateibewegung::temporaeresEntfernen(const QString &pfad, const QString &name)
+{
+    if (Dateikopie::istEigenerName(name))
+        ::unlink((plattenPfad(ordnerVon(pfad)) + '/' + name.toUtf8()).constData());
+}
+
+void Dateibewegung::quelleEntfernen(const QString &pfad)
+{
+    const QByteArray platte = aufDerPlatte(pfad);
+    if (platte.isEmpty())
+        return;
+    if (::unlink(platte.constData()) != 0)
+        Platte::scheitern(nichtBewegt(), errno);
+    Platte::ordnerSichern(platte);
+}

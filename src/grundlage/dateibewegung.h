@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+#include <functional>
+#include <optional>
+
+/**
+ * The one place that moves and copies the user's files. Nothing is ever overwritten; a failure leaves the source whole
+ * and no fragment; the source of a move goes only when the target is safe on its disk.
+ */
+namespace Dateibewegung
+{
+enum class Art { Verschieben, Kopieren };
+
+/** Told before every step that changes the disk, so that a crash can be settled afterwards. */
+struct Schritt {
+    QString nach;      ///< full path, NFC, that the file is about to get
+    QString temporaer; ///< name of the hidden file beside it that may be left behind; empty if none
+    qint64 groesse = 0;
+    qint64 zeit = 0; ///< modification time of the source in nanoseconds since 1970
+};
+using Ankuendigung = std::function<void(const Schritt &)>;
+
+/** How the target's name is to be taken. */
+enum class Name {
+    Eindeutig, ///< with the next free number: "Brief (2).pdf"
+    Genau,     ///< just this one; a taken one is a failure
+};
+
+struct Auftrag {
+    QString von;    ///< full path of the file
+    QString ordner; ///< full path of the existing target folder
+    QString name;   ///< wanted file name, NFC
+    Art art = Art::Verschieben;
+    Name nameArt = Name::Eindeutig;
+    QSet<QByteArray> *spaeterSichern = nullptr; ///< collects the folders that the caller flushes himself, many at once
+};
+
+/**
+ * Moves or copies a regular file; modification time and mode survive. @p ankuendigung is called before each attempt and
+ * may throw to prevent it. Returns the full path of the target, which is the source itself where it lies right already.
+ * Throws Fehler.
+ */
+QString ausfuehren(const Auftrag &auftrag, const Ankuendigung &ankuendigung);
+
+/** Full path of the wanted name, or of the first numbered one that does not exist in its folder. */
+[[nodiscard]] QString eindeutig(const QString &pfad);
+
+/** @p name with the counter @p n put before its extension, shortened to what a file system takes. */
+[[nodiscard]] QString nummeriert(const QString &name, int n);
+
+/**
+ * Makes a folder with its missing parents, flushed to the disk; existing ones are reused whatever the spelling of their
+ * umlauts. Only below @p wurzel, which must exist itself (a drive may not be mounted). Throws Fehler.
+ */
+void ordnerAnlegen(const QString &ordner, const QString &wurzel);
+
+/** Flushes folders that were collected. Throws Fehler. */
+void ordnerSichern(const QSet<QByteArray> &ordner);
+
+/** Puts a file into the user's trash. Throws Fehler when the trash does not take it; the file stays then. */
+void inDenPapierkorb(const QString &pfad);
+
+/** A regular file of that size and modification time lies at @p pfad. */
+[[nodiscard]] bool istDieselbe(const QString &pfad, qint64 groesse, qint64 zeit);
+/** An empty regular file lies at @p pfad. */
+[[nodiscard]] bool istLeer(const QString &pfad);
+/** Size and modification time of the regular file at @p pfad as a step; none if there is none. */
+[[nodiscard]] std::optional<Schritt> angabenVon(const QString &pfad);
+/** Two regular files of the same size and content. */
+[[nodiscard]] bool istGleich(const QString &a, const QString &b);
+/** Removes @p name in the folder of @p pfad if it is one of the temporary files of this program. */
+void temporaeresEntfernen(const QString &pfad, const QString &name);
+/** Removes the source of a move whose target is safe; used when a crash came in between. */
+void quelleEntfernen(const QString &pfad);
+} // namespace Dateibewegung

@@ -1,0 +1,98 @@
+#include "platte.h"
+
+#include "plattenfehler.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+bool nichtUnterstuetzt(int fehler)
+{
+    return fehler == EINVAL || fehler == ENOSYS || fehler == EOPNOTSUPP || fehler == ENOTSUP;
+}
+
+/** For file systems without renameat2: a second name that must be new, then the first one goes. */
+int ueberVerknuepfung(const QByteArray &von, const QByteArray &nach)
+{
+    if (::link(von.constData(), nach.constData()) != 0)
+        return errno;
+    return ::unlink(von.constData()) == 0 ? 0 : errno;
+}
+
+/** For file systems without links as well: an exclusive empty file takes the name, the rename goes over it. */
+int ueberPlatzhalter(const QByteArray &von, const QByteArray &nach)
+{
+    const Dateigriff platz(::open(nach.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!platz.offen())
+        return errno;
+    if (::rename(von.constData(), nach.constData()) == 0)
+        return 0;
+    const int fehler = errno;
+    ::unlink(nach.constData());
+    return fehler;
+}
+} // namespace
+
+QString Platte::ursache(int fehler)
+{
+    switch (fehler) {
+    case ENOSPC:
+    case EDQUOT:
+        return QUILLMAR_TEXT(u"kein Platz mehr auf dem Datenträger"_s);
+    case EACCES:
+    case EPERM:
+        return QUILLMAR_TEXT(u"keine Berechtigung"_s);
+    case EROFS:
+        return QUILLMAR_TEXT(u"der Datenträger ist schreibgeschützt"_s);
+    case ENOENT:
+        return QUILLMAR_TEXT(u"nicht gefunden"_s);
+    case EEXIST:
+        return QUILLMAR_TEXT(u"der Name ist schon vergeben"_s);
+    case ENAMETOOLONG:
+        return QUILLMAR_TEXT(u"der Name ist zu lang"_s);
+    case EFBIG:
+        return QUILLMAR_TEXT(u"die Datei ist zu groß für diesen Datenträger"_s);
+    case EIO:
+        return QUILLMAR_TEXT(u"der Datenträger meldet einen Fehler"_s);
+    default:
+        return QString::fromLocal8Bit(std::strerror(fehler));
+    }
+}
+
+void Platte::scheitern(const QString &satz, int fehler) { throw Plattenfehler(satz, ursache(fehler)); }
+
+bool Platte::angaben(const QByteArray &pfad, struct stat &s)
+{
+    return !pfad.isEmpty() && ::lstat(pfad.constData(), &s) == 0;
+}
+
+qint64 Platte::zeitVon(const struct stat &s) { return qint64(s.st_mtim.tv_sec) * 1000000000 + s.st_mtim.tv_nsec; }
+
+bool Platte::unveraendert(const struct stat &a, const struct stat &b)
+{
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size && zeitVon(a) == zeitVon(b);
+}
+
+QByteArray Platte::ordnerTeil(const QByteArray &pfad) { return pfad.first(pfad.lastIndexOf('/') + 1); }
+
+void Platte::ordnerSichern(const QByteArray &pfad)
+{
+    const Dateigriff ordner(::open(ordnerTeil(pfad).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (ordner.offen() && ::fsync(ordner.nummer()) != 0 && !nichtUnterstuetzt(errno) && errno != EROFS)
+        scheitern(QUILLMAR_TEXT(u"Der Ordner ließ sich nicht sichern"_s), errno);
+}
+
+int Platte::umbenennen(const QByteArray &von, const QByteArray &nach)
+{
+    if (::renameat2(AT_FDCWD, von.constData(), AT_FDCWD, nach.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (!nichtUnterstuetzt(errno))
+        return errno;
+    const int fehler = ueberVerknuepfung(von, nach);
+    return nichtUnterstuetzt(fehler) || fehler == EPERM ? ueberPlatzhalter(von, nach) : fehler;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "dateigriff.h"
+
+#include <QByteArray>
+#include <QString>
+#include <sys/stat.h>
+
+/** System calls on files with their failures in the user's words. Paths are bytes as on disk. */
+namespace Platte
+{
+/** What went wrong, from errno: "Kein Platz mehr auf dem Datenträger", … */
+[[nodiscard]] QString ursache(int fehler);
+/** Throws Plattenfehler: @p satz and the cause that errno names. */
+[[noreturn]] void scheitern(const QString &satz, int fehler);
+
+/** Without following a link. False if there is nothing. */
+[[nodiscard]] bool angaben(const QByteArray &pfad, struct stat &s);
+[[nodiscard]] qint64 zeitVon(const struct stat &s);
+/** Same file, unchanged since. */
+[[nodiscard]] bool unveraendert(const struct stat &a, const struct stat &b);
+
+/** Writes the folder of @p pfad through to the disk. What file systems do not support is passed over. */
+void ordnerSichern(const QByteArray &pfad);
+
+/** Gives @p von the name @p nach without overwriting: 0, or errno. EXDEV: on another file system. */
+[[nodiscard]] int umbenennen(const QByteArray &von, const QByteArray &nach);
+
+/** Where a file lies: folder, with "/" at its end. */
+[[nodiscard]] QByteArray ordnerTeil(const QByteArray &pfad);
+} // namespace Platte
