@@ -27,6 +27,11 @@ qint64 groesseVon(int ordner, const QByteArray &name)
     return ::fstatat(ordner, name.constData(), &s, AT_SYMLINK_NOFOLLOW) == 0 ? qint64(s.st_size) : 0;
 }
 
+QByteArray darin(const QByteArray &ordner, const QByteArray &name)
+{
+    return (ordner.endsWith('/') ? ordner : ordner + '/') + name;
+}
+
 /** Walks through the source folder; see Bestand::suchen(). */
 class Sucher
 {
@@ -44,17 +49,13 @@ public:
         ordner(plattenPfad(m_wurzel), {});
         auto &funde = m_ergebnis.funde;
         std::sort(funde.begin(), funde.end(), [](const auto &a, const auto &b) { return a.pfad < b.pfad; });
-        const auto doppelt =
-            std::unique(funde.begin(), funde.end(), [](const auto &a, const auto &b) { return a.pfad == b.pfad; });
-        m_ergebnis.doppelteNamen = funde.end() - doppelt;
-        funde.erase(doppelt, funde.end());
         return std::move(m_ergebnis);
     }
 
 private:
     void ordner(const QByteArray &platte, const QString &relativ)
     {
-        const QString voll = relativ.isEmpty() ? m_wurzel : m_wurzel + u'/' + relativ;
+        const QString voll = vollerPfad(relativ);
         if (m_halt() || isDublettenordner(voll))
             return;
         QList<QByteArray> tiefer;
@@ -64,7 +65,7 @@ private:
             if (e.art == Eintragsart::Ordner && m_mitUnterordnern)
                 tiefer << e.name;
             else if (e.art == Eintragsart::Datei || e.art == Eintragsart::Verweis)
-                datei(griff, e, voll, relativ);
+                datei(griff, e, platte, relativ);
         });
         m_ergebnis.unlesbareOrdner += gelesen ? 0 : 1;
         for (const QByteArray &name : tiefer)
@@ -77,10 +78,10 @@ private:
         if (text.isNull())
             ++m_ergebnis.unlesbareNamen;
         else
-            ordner(platte + '/' + name, relativ.isEmpty() ? text : relativ + u'/' + text);
+            ordner(darin(platte, name), relativ.isEmpty() ? text : relativ + u'/' + text);
     }
 
-    void datei(int griff, const Ordnereintrag &e, const QString &voll, const QString &relativ)
+    void datei(int griff, const Ordnereintrag &e, const QByteArray &ordner, const QString &relativ)
     {
         const QString name = nameVonPlatte(e.name);
         if (name.isNull()) {
@@ -93,9 +94,23 @@ private:
             ++m_ergebnis.verweise;
             return;
         }
+        const QString voll = vollerPfad(relativ);
         const QString pfad = voll == u"/"_s ? voll + name : voll + u'/' + name;
-        if (!m_eigene.contains(pfad))
+        if (!istErreichbar(pfad, darin(ordner, e.name)))
+            ++m_ergebnis.doppelteNamen;
+        else if (!m_eigene.contains(pfad))
             m_ergebnis.funde << Bestand::Fund{.pfad = pfad, .ordner = relativ, .groesse = groesseVon(griff, e.name)};
+    }
+
+    [[nodiscard]] QString vollerPfad(const QString &relativ) const
+    {
+        return relativ.isEmpty() ? m_wurzel : m_wurzel + u'/' + relativ;
+    }
+
+    /** Of two files or folders whose names have the same NFC form only one is what the path leads to later. */
+    [[nodiscard]] static bool istErreichbar(const QString &pfad, const QByteArray &platte)
+    {
+        return platte == pfad.toUtf8() || aufDerPlatte(pfad) == platte;
     }
 
     [[nodiscard]] bool isDublettenordner(const QString &voll) const

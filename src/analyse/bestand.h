@@ -21,7 +21,7 @@ struct Ergebnis {
     QList<Fund> funde; ///< ascending by path
     qsizetype unlesbareNamen = 0;
     qsizetype verweise = 0;
-    qsizetype doppelteNamen = 0; ///< the second of two names that differ only in NFC and NFD
+    qsizetype doppelteNamen = 0; ///< in the second of two paths that differ only in NFC and NFD
     qsizetype unlesbareOrdner = 0;
 };
 

@@ -122,6 +122,18 @@ private Q_SLOTS:
                               u"1 Dateien ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s}));
     }
 
+    void zwillingsordner()
+    {
+        datei("B\u00fcro/a.pdf", "erreichbar");
+        datei("Bu\u0308ro/a.pdf", "x");
+        datei("Bu\u0308ro/tief/b.pdf");
+        datei("Pru\u0308fung/c.pdf");
+        const Bestand::Ergebnis e = Bestand::suchen(m_profil, {}, weiter);
+        QCOMPARE(gefunden(), (QStringList{u"Büro/a.pdf"_s, u"Prüfung/c.pdf"_s}));
+        QCOMPARE(e.funde.first().groesse, 10);
+        QCOMPARE(e.doppelteNamen, 2);
+    }
+
     void ausnahmenUndEigenes()
     {
         for (const char *name : {"Fotos/a.pdf", "x/_Dubletten/b.pdf", "ziel/doppelt/tief/c.pdf", "ziel/doppelt2/d.pdf",
