@@ -98,14 +98,6 @@ private Q_SLOTS:
         const Eintrag *treffer = Lernregeln::vorschlag(alle, schluessel);
         QCOMPARE(treffer ? int(treffer - alle.constData()) : -1, erwartet);
     }
-
-    void ziel()
-    {
-        Eintrag e;
-        e.zweig = u"Privat"_s;
-        e.rubrik = u"Auto/Kfz"_s;
-        QCOMPARE(e.ziel(), u"Privat/Auto/Kfz"_s);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestLernregeln)
