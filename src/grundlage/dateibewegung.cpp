@@ -22,6 +22,16 @@ constexpr qsizetype hoechstensBytes = 255;
 
 QString nichtBewegt() { return QUILLMAR_TEXT(u"Die Datei ließ sich nicht bewegen"_s); }
 
+/** The source has gone and the target is safe: if this does not last, the source comes back, and nothing is lost. */
+void gegangenesSichern(const QByteArray &pfad)
+{
+    try {
+        Platte::ordnerSichern(pfad);
+    } catch (const Fehler &) {
+        // Failing now would undo a movement that is done.
+    }
+}
+
 /** One movement on its way; see Dateibewegung::ausfuehren(). */
 class Vorgang
 {
@@ -83,9 +93,15 @@ private:
         const int fehler = Platte::umbenennen(von, nach);
         if (fehler != 0)
             return fehler;
-        sichern(nach);
-        if (Platte::ordnerTeil(von) != Platte::ordnerTeil(nach))
-            sichern(von);
+        try {
+            sichern(nach);
+            if (Platte::ordnerTeil(von) != Platte::ordnerTeil(nach))
+                sichern(von);
+        } catch (const Fehler &) {
+            // Not sure to last, so not done: back, as if nothing had been.
+            Q_UNUSED(Platte::umbenennen(nach, von));
+            throw;
+        }
         return 0;
     }
 
@@ -137,7 +153,7 @@ private:
         struct stat jetzt = {};
         const bool dieselbe = Platte::angaben(m_quelle, jetzt) && Platte::unveraendert(m_vorher, jetzt);
         if (dieselbe && ::unlink(m_quelle.constData()) == 0) {
-            Platte::ordnerSichern(m_quelle);
+            gegangenesSichern(m_quelle);
             return;
         }
         const int fehler = dieselbe ? errno : EBUSY;
@@ -265,5 +281,5 @@ void Dateibewegung::quelleEntfernen(const QString &pfad)
         return;
     if (::unlink(platte.constData()) != 0)
         Platte::scheitern(nichtBewegt(), errno);
-    Platte::ordnerSichern(platte);
+    gegangenesSichern(platte);
 }

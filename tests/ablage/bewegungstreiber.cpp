@@ -1,0 +1,45 @@
+// bewegungstreiber FOLDER TARGET (move|copy) ACTION: one action on a prepared bench, for faults from outside.
+// Exit status 0 when it worked, 1 when it failed with a message, 3 when only the session log could not be written.
+// Calls access("/beginn") when the action begins.
+#include "fehler.h"
+#include "protokollbuch.h"
+#include "werkbank.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+int ausfuehren(Werkbank &bank, const QString &aktion)
+{
+    if (aktion == u"uebernehmen"_s) {
+        bank.uebernehmen(1, u"Stadtwerke Nord"_s);
+    } else if (aktion == u"aussortieren"_s) {
+        bank.aussortieren(1);
+    } else if (aktion == u"rueckgaengig"_s) {
+        bank.rueckgaengig();
+    } else if (aktion == u"sitzung"_s) {
+        const QStringList dateien = Protokollbuch::dateien(bank.profil().protokollOrdner);
+        const Bilanz bilanz = Protokollbuch::zurueckdrehen(dateien.value(0), bank.db(), [](qint64, qint64) {});
+        return bilanz.fehler.isEmpty() ? 0 : 1;
+    }
+    return bank.zaehler().ohneProtokoll ? 3 : 0;
+}
+} // namespace
+
+int main(int anzahl, char **argumente)
+{
+    const QCoreApplication programm(anzahl, argumente);
+    const QStringList liste = QCoreApplication::arguments();
+    try {
+        Werkbank bank(liste.at(1), liste.at(3) == u"copy"_s, liste.at(2));
+        [[maybe_unused]] const int marke = ::access("/beginn", F_OK);
+        return ausfuehren(bank, liste.at(4));
+    } catch (const Fehler &f) {
+        std::fprintf(stderr, "%s\n", f.what());
+        return 1;
+    }
+}

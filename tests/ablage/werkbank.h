@@ -1,0 +1,55 @@
+#pragma once
+
+#include "ablagewerk.h"
+#include "datenbank.h"
+
+#include <QMap>
+#include <QStringList>
+#include <memory>
+
+class Protokollbuch;
+
+/**
+ * A small place to file in: @p ordner with "quelle", "katalog.db" and the logs, and a target root that may lie on
+ * another file system. The same in the test and in the driver program.
+ */
+class Werkbank
+{
+public:
+    explicit Werkbank(const QString &ordner, bool kopieren = false, const QString &ziel = {});
+
+    /** Writes a file into the source folder and takes it into the catalogue, ready to be accepted. */
+    qint64 dokument(const QString &name, const QByteArray &inhalt, const QString &titel = QStringLiteral("Abschlag"));
+    void oeffnen();
+
+    void uebernehmen(qint64 id, const QString &gegenueber = {});
+    void aussortieren(qint64 id);
+    qint64 rueckgaengig();
+
+    [[nodiscard]] Dokument lesen(qint64 id) const;
+    [[nodiscard]] const Profil &profil() const { return m_profil; }
+    [[nodiscard]] const std::shared_ptr<Datenbank> &db() const { return m_db; }
+    [[nodiscard]] QString quelle(const QString &name) const { return m_profil.quelle + u'/' + name; }
+    [[nodiscard]] QString ziel(const QString &name) const;
+    [[nodiscard]] QString buchDatei() const;
+    /** Where the engine's last action put the document, and what it had to say. */
+    [[nodiscard]] const Zaehler &zaehler() const { return *m_zaehler; }
+
+    /** SHA-256 of every regular file below source, target, and trash, with how often it occurs. */
+    [[nodiscard]] QMap<QString, int> bestand() const;
+    /** Temporary files of the program that were left behind. */
+    [[nodiscard]] QStringList reste() const;
+    /** What does not agree between catalogue and disk; empty if all does. */
+    [[nodiscard]] QStringList widersprueche() const;
+
+private:
+    [[nodiscard]] Ablagewerk werk();
+    Profil m_profil;
+    QString m_ordner;
+    std::shared_ptr<Datenbank> m_db;
+    std::shared_ptr<Protokollbuch> m_buch;
+    std::shared_ptr<Zaehler> m_zaehler = std::make_shared<Zaehler>();
+};
+
+[[nodiscard]] QByteArray inhaltVon(const QString &pfad);
+void dateiSchreiben(const QString &pfad, const QByteArray &inhalt);
