@@ -59,7 +59,9 @@ void schreiben(Datenbank &db, QList<Gelesen> &fertige)
     Stapel stapel(db);
     for (const Gelesen &g : std::as_const(fertige)) {
         if (!g.fehler.isEmpty()) {
-            stapel.schreiben(u"UPDATE dokumente SET text_hash='', fehler=? WHERE id=?"_s, {g.fehler, g.id});
+            stapel.schreiben(u"UPDATE dokumente SET text_hash='', fehler=?\n"
+                             "WHERE id=? AND status IN ('neu','bereit')"_s,
+                             {g.fehler, g.id});
             continue;
         }
         stapel.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {g.id, g.text});

@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int blickabstand = 2000; // ms between two looks at whether the run has ended
+constexpr int blickabstand = 2000;    // ms between two looks at whether the run has ended
+constexpr int laengstesWarten = 1000; // ms for a run that is to end at once
 
 int meldeleitung[2] = {-1, -1};
 
@@ -25,7 +26,7 @@ void signalMelden(int nummer)
     [[maybe_unused]] const ssize_t egal = ::write(meldeleitung[1], &zeichen, 1);
 }
 
-/** Brings Ctrl+C and the wish of the system to end into the event loop. */
+/** Brings Ctrl+C, the closing of the terminal and the wish of the system to end into the event loop. */
 class Signale
 {
 public:
@@ -41,11 +42,15 @@ public:
         });
         std::signal(SIGINT, signalMelden);
         std::signal(SIGTERM, signalMelden);
+        m_alterHup = std::signal(SIGHUP, signalMelden);
+        if (m_alterHup == SIG_IGN) // started to go on when the terminal closes
+            std::signal(SIGHUP, SIG_IGN);
     }
     ~Signale()
     {
         std::signal(SIGINT, SIG_DFL);
         std::signal(SIGTERM, SIG_DFL);
+        std::signal(SIGHUP, m_alterHup);
         m_melder.reset();
         ::close(meldeleitung[0]);
         ::close(meldeleitung[1]);
@@ -55,6 +60,7 @@ public:
 
 private:
     std::unique_ptr<QSocketNotifier> m_melder;
+    void (*m_alterHup)(int) = SIG_DFL;
 };
 } // namespace
 
@@ -67,17 +73,20 @@ void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Prof
     Ausgabe::Statuszeile status;
     QObject::connect(&analyse, &Analyse::geaendert, &analyse,
                      [&] { status.zeigen(analyse.stufe(), analyse.anteil(), analyse.meldung(), analyse.restzeit()); });
+    QEventLoop schleife;
     bool gewarnt = false;
     const Signale signale([&](int nummer) {
-        if (gewarnt || nummer == SIGTERM)
-            return analyse.sofortBeenden();
+        if (gewarnt || nummer != SIGINT) {
+            analyse.sofortBeenden();
+            // Whatever the run waits for, a locked catalogue say.
+            return QTimer::singleShot(laengstesWarten, &schleife, &QEventLoop::quit);
+        }
         gewarnt = true;
         analyse.abbrechen();
         status.loeschen();
         Ausgabe::melden(Sprache::text(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein "
                                       "späterer Start setzt dort fort."_s));
     });
-    QEventLoop schleife;
     QTimer blick;
     QObject::connect(&blick, &QTimer::timeout, &schleife, [&] {
         if (!analyse.laeuft())

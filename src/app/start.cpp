@@ -4,13 +4,25 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+/** Were one of the three channels closed, the next file to be opened would take its place and be printed into. */
+void kanaeleOeffnen()
+{
+    int griff = 0;
+    while (griff >= 0 && griff <= STDERR_FILENO)
+        griff = ::open("/dev/null", O_RDWR); // NOLINT(android-cloexec-open): children need the channels too
+    if (griff >= 0)
+        ::close(griff);
+}
+
 /** Beside the program in the build tree, in its library folder once installed. */
 QString fensterProgramm()
 {
@@ -35,12 +47,15 @@ int fensterOeffnen(char **argumente)
 
 int main(int anzahl, char **argumente)
 {
+    kanaeleOeffnen();
     const QCoreApplication programm(anzahl, argumente);
     Sprache::vorbereiten();
     const QStringList liste = QCoreApplication::arguments();
     if (!Kommandozeile::istGemeint(liste))
         return fensterOeffnen(argumente);
     Sprache::nurDeutsch();
+    // A reader that has enough, such as head, must not end a command in the middle of its work.
+    std::signal(SIGPIPE, SIG_IGN);
     // Each line reaches the terminal, or the program that reads, at once.
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     Kommandozeile::laufen(liste);

@@ -82,5 +82,6 @@ std::optional<QString> Profil::regelFuer(const QString &ordner) const
         if (gewaehlt.startsWith(davor))
             return gewaehlt.mid(davor.size());
     }
-    return gewaehlt.mid(gewaehlt.lastIndexOf(u'/') + 1);
+    const QString name = gewaehlt.mid(gewaehlt.lastIndexOf(u'/') + 1);
+    return name.isEmpty() ? std::nullopt : std::optional(name); // the root of all folders has no name
 }

@@ -82,6 +82,6 @@ struct Profil {
     /** Merges spellings of one rubric (umlauts win over transliterations) and sorts. */
     [[nodiscard]] static QStringList vereinheitlichen(const QStringList &namen);
 
-    /** Exclusion rule for a folder that the user picked; none for the source folder itself. */
+    /** Exclusion rule for a folder that the user picked; none for the source folder itself and for "/". */
     [[nodiscard]] std::optional<QString> regelFuer(const QString &ordner) const;
 };

@@ -151,6 +151,11 @@ Profil profilAus(const QJsonValue &wert)
         if (objekt.contains(schluessel))
             lesen(objekt.value(schluessel), ziel);
     });
+    // A tool takes page 0 for all pages, and without a character no document could be classified.
+    if (profil.seiten < 1)
+        profil.seiten = Profil().seiten;
+    if (profil.maxZeichen < 1)
+        profil.maxZeichen = Profil().maxZeichen;
     return profil;
 }
 } // namespace

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void ganzerDurchgang();
     void abgeschossenUndFortgesetzt();
     void haltNachDemDokument();
+    void zweitesAnhaltenEndetSofort();
     void zweiterLaufNebenher();
     void herkunftFehlt();
     void ohneModellserverUndErneut();
@@ -192,6 +193,29 @@ void TestDurchgang::haltNachDemDokument()
     QVERIFY(gelesen > 0);
     QVERIFY(gelesen < anzahl(u"SELECT COUNT(*) n FROM dokumente"_s));
     QCOMPARE(anzahl(u"SELECT COUNT(*) n FROM dokumente WHERE status='bereit'"_s), 0);
+}
+
+void TestDurchgang::zweitesAnhaltenEndetSofort()
+{
+    QTemporaryDir ordner;
+    aufbauen(ordner.path(), false);
+    Programm programm(ordner.path() + u"/daten"_s, m_server.port());
+    programm.starten({u"--analyse"_s});
+    const Profil p = Profilformat::lesen(inhalt(programm.ordner() + u"/profile.json"_s))->first();
+    QTRY_VERIFY(QFile::exists(programm.katalog(p)));
+    Datenbank db(programm.katalog(p));
+    QTRY_VERIFY_WITH_TIMEOUT(!db.abfragen(u"SELECT 1 FROM texte LIMIT 1"_s).isEmpty(), 20000);
+    QCOMPARE(db.ausfuehren(u"BEGIN IMMEDIATE"_s), 0); // the run now waits for the catalogue
+    const pid_t kind = pid_t(programm.prozess().processId());
+    ::kill(kind, SIGINT);
+    QByteArray meldungen;
+    QTRY_VERIFY(
+        (meldungen += programm.prozess().readAllStandardError()).contains("Hält nach dem laufenden Dokument an."));
+    ::kill(kind, SIGINT);
+    QTRY_COMPARE_WITH_TIMEOUT(programm.prozess().state(), QProcess::NotRunning, 10000);
+    QCOMPARE(programm.prozess().exitCode(), 0);
+    QVERIFY(programm.prozess().readAllStandardOutput().contains("\nBestand\n"));
+    db.ausfuehren(u"ROLLBACK"_s);
 }
 
 void TestDurchgang::zweiterLaufNebenher()

@@ -74,6 +74,7 @@ private Q_SLOTS:
         QTest::newRow("außerhalb") << quelle << u"/ganz/woanders/Fotos"_s << u"Fotos"_s;
         QTest::newRow("nur gleicher Anfang") << u"/a/b"_s << u"/a/bc/x"_s << u"x"_s;
         QTest::newRow("keine Herkunft") << u""_s << u"/a/Fotos/"_s << u"Fotos"_s;
+        QTest::newRow("Wurzel gewählt") << u"/a"_s << u"/"_s << u"-"_s;
         QTest::newRow("Wurzel als Herkunft") << u"/"_s << u"/a/b"_s << u"a/b"_s;
         QTest::newRow("zerlegte Umlaute") << u"/Büro"_s << u"/Bu\u0308ro/O\u0308l"_s << u"Öl"_s;
     }

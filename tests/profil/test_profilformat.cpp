@@ -103,6 +103,17 @@ private Q_SLOTS:
         QCOMPARE(neu, objekt);
     }
 
+    void ohneSeitenOderZeichenGiltDieVorgabe()
+    {
+        const auto gelesen =
+            Profilformat::lesen(R"([{"seiten": 0, "maxZeichen": -1}, {"seiten": 1, "maxZeichen": 1}])");
+        QVERIFY(gelesen);
+        QCOMPARE(gelesen->first().seiten, 2);
+        QCOMPARE(gelesen->first().maxZeichen, 1400);
+        QCOMPARE(gelesen->last().seiten, 1);
+        QCOMPARE(gelesen->last().maxZeichen, 1);
+    }
+
     void unlesbar_data()
     {
         QTest::addColumn<QByteArray>("json");
