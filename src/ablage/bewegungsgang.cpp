@@ -2,6 +2,7 @@
 
 #include "aufzeichnung.h"
 #include "datenbank.h"
+#include "papierkorb.h"
 #include "pfade.h"
 #include "plattenfehler.h"
 #include "protokollbuch.h"
@@ -62,7 +63,7 @@ Lage lageKlaeren(const Absicht &a)
 {
     const Enden enden = endenVon(a);
     if (!a.temporaer.isEmpty())
-        Dateibewegung::temporaeresEntfernen(enden.nach, a.temporaer);
+        Dateibewegung::temporaeresEntfernen(a.temporaer);
     const bool amAnfang = Dateibewegung::istDieselbe(enden.von, a.groesse, a.dateizeit);
     if (enden.nach.isEmpty())
         return amAnfang ? Lage::NichtGeschehen : Lage::Geschehen;
@@ -242,7 +243,7 @@ void zuruecklegen(const Protokollzeile &zeile, const QString &herkunft, const Da
                   QSet<QByteArray> *spaeterSichern)
 {
     if (zeile.kopiert)
-        return Dateibewegung::inDenPapierkorb(zeile.nach);
+        return Papierkorb::hineinlegen(zeile.nach, ankuendigung);
     if (zeile.von == zeile.nach)
         return;
     if (istUnter(zeile.von, herkunft) && !istOrdner(herkunft))

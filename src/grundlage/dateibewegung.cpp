@@ -8,8 +8,6 @@
 #include "text.h"
 
 #include <QDir>
-#include <QFile>
-#include <QStandardPaths>
 #include <QTextBoundaryFinder>
 #include <cerrno>
 #include <fcntl.h>
@@ -137,9 +135,10 @@ private:
         if (verschieben && ::access(Platte::ordnerTeil(m_quelle).constData(), W_OK) != 0)
             Platte::scheitern(nichtBewegt(), errno);
         Dateikopie kopie(m_quelle, m_vorher, m_ordner);
-        ankuendigen(QDir::cleanPath(m_auftrag.ordner + u'/' + m_auftrag.name), kopie.name());
+        const QString temporaer = QDir::cleanPath(m_auftrag.ordner + u'/' + kopie.name());
+        ankuendigen(QDir::cleanPath(m_auftrag.ordner + u'/' + m_auftrag.name), temporaer);
         kopie.anlegen();
-        const QString nach = umbenennen(kopie.pfad(), kopie.name());
+        const QString nach = umbenennen(kopie.pfad(), temporaer);
         if (nach == m_auftrag.von)
             return nach; // lies right under a numbered name; the copy goes with its object
         kopie.behalten();
@@ -177,16 +176,16 @@ QString Dateibewegung::ausfuehren(const Auftrag &auftrag, const Ankuendigung &an
     return Vorgang(auftrag, ankuendigung).ausfuehren();
 }
 
-QString Dateibewegung::nummeriert(const QString &name, int n)
+QString Dateibewegung::nummeriert(const QString &name, int n, qsizetype reserve)
 {
-    const QString zusatz = u" (%1)"_s.arg(n);
+    const QString zusatz = n == 1 ? QString() : u" (%1)"_s.arg(n);
     const qsizetype punkt = name.lastIndexOf(u'.');
     QString stamm = punkt <= 0 ? name : name.first(punkt);
     const QString rest = zusatz + name.mid(stamm.size());
     QTextBoundaryFinder grenzen(QTextBoundaryFinder::Grapheme, stamm);
     grenzen.toEnd();
     qsizetype ende = stamm.size();
-    while (ende > 0 && (stamm.first(ende) + rest).toUtf8().size() > hoechstensBytes)
+    while (ende > 0 && (stamm.first(ende) + rest).toUtf8().size() > hoechstensBytes - reserve)
         ende = grenzen.toPreviousBoundary();
     return stamm.first(std::max<qsizetype>(ende, 0)) + rest;
 }
@@ -217,15 +216,6 @@ void Dateibewegung::ordnerAnlegen(const QString &ordner, const QString &wurzel)
         else if (errno != EEXIST || !istOrdner(bisher))
             Platte::scheitern(QUILLMAR_TEXT(u"Der Ordner ließ sich nicht anlegen"_s), errno);
     }
-}
-
-void Dateibewegung::inDenPapierkorb(const QString &pfad)
-{
-    // Without its parent folder the trash would be looked for in the working folder.
-    QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    const QByteArray platte = aufDerPlatte(pfad);
-    if (platte.isEmpty() || !QFile::moveToTrash(QString::fromUtf8(platte)))
-        throw Plattenfehler(QUILLMAR_TEXT(u"Die Kopie ließ sich nicht in den Papierkorb legen"_s));
 }
 
 bool Dateibewegung::istDieselbe(const QString &pfad, qint64 groesse, qint64 zeit)
@@ -268,10 +258,10 @@ bool Dateibewegung::istGleich(const QString &a, const QString &b)
     return !summe.isNull() && summe == sha256Datei(platteB);
 }
 
-void Dateibewegung::temporaeresEntfernen(const QString &pfad, const QString &name)
+void Dateibewegung::temporaeresEntfernen(const QString &pfad)
 {
-    if (Dateikopie::istEigenerName(name))
-        ::unlink((plattenPfad(ordnerVon(pfad)) + '/' + name.toUtf8()).constData());
+    if (Dateikopie::istEigenerName(nameVon(pfad)))
+        ::unlink(plattenPfad(pfad).constData());
 }
 
 void Dateibewegung::quelleEntfernen(const QString &pfad)

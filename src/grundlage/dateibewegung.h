@@ -17,7 +17,7 @@ enum class Art { Verschieben, Kopieren };
 /** Told before every step that changes the disk, so that a crash can be settled afterwards. */
 struct Schritt {
     QString nach;      ///< full path, NFC, that the file is about to get
-    QString temporaer; ///< name of the hidden file beside it that may be left behind; empty if none
+    QString temporaer; ///< full path of the hidden file beside it that may be left behind; empty if none
     qint64 groesse = 0;
     qint64 zeit = 0; ///< modification time of the source in nanoseconds since 1970
 };
@@ -48,8 +48,11 @@ QString ausfuehren(const Auftrag &auftrag, const Ankuendigung &ankuendigung);
 /** Full path of the wanted name, or of the first numbered one that does not exist in its folder. */
 [[nodiscard]] QString eindeutig(const QString &pfad);
 
-/** @p name with the counter @p n put before its extension, shortened to what a file system takes. */
-[[nodiscard]] QString nummeriert(const QString &name, int n);
+/**
+ * @p name with the counter @p n put before its extension (none for 1), shortened to what a file system takes, less
+ * @p reserve bytes.
+ */
+[[nodiscard]] QString nummeriert(const QString &name, int n, qsizetype reserve = 0);
 
 /**
  * Makes a folder with its missing parents, flushed to the disk; existing ones are reused whatever the spelling of their
@@ -60,9 +63,6 @@ void ordnerAnlegen(const QString &ordner, const QString &wurzel);
 /** Flushes folders that were collected. Throws Fehler. */
 void ordnerSichern(const QSet<QByteArray> &ordner);
 
-/** Puts a file into the user's trash. Throws Fehler when the trash does not take it; the file stays then. */
-void inDenPapierkorb(const QString &pfad);
-
 /** A regular file of that size and modification time lies at @p pfad. */
 [[nodiscard]] bool istDieselbe(const QString &pfad, qint64 groesse, qint64 zeit);
 /** An empty regular file lies at @p pfad. */
@@ -71,8 +71,8 @@ void inDenPapierkorb(const QString &pfad);
 [[nodiscard]] std::optional<Schritt> angabenVon(const QString &pfad);
 /** Two regular files of the same size and content. */
 [[nodiscard]] bool istGleich(const QString &a, const QString &b);
-/** Removes @p name in the folder of @p pfad if it is one of the temporary files of this program. */
-void temporaeresEntfernen(const QString &pfad, const QString &name);
+/** Removes the file at @p pfad if its name is one of a temporary file of this program. */
+void temporaeresEntfernen(const QString &pfad);
 /** Removes the source of a move whose target is safe; used when a crash came in between. */
 void quelleEntfernen(const QString &pfad);
 } // namespace Dateibewegung

@@ -121,6 +121,7 @@ void TestAbsturz::anJedemSystemaufruf_data()
         zeile(u"Rückgängig"_s, u"rueckgaengig"_s, false, false);
         zeile(u"Rückgängig über Datenträger"_s, u"rueckgaengig"_s, false, true);
         zeile(u"Kopie rückgängig"_s, u"rueckgaengig"_s, true, false);
+        zeile(u"Kopie rückgängig über Datenträger"_s, u"rueckgaengig"_s, true, true);
         zeile(u"Sitzung"_s, u"sitzung"_s, false, false);
     }
 }

@@ -293,7 +293,7 @@ void TestBewegungen::zweitesProgrammWaehrendDerKopie()
     dateiSchreiben(temporaer, "halb");
     Absicht absicht;
     absicht.vorgang = u"v"_s;
-    absicht.temporaer = nameVon(temporaer);
+    absicht.temporaer = temporaer;
     absicht.zeile = {.zeit = u"z"_s,
                      .aktion = u"a"_s,
                      .dokument = id,

@@ -109,7 +109,8 @@ QMap<QString, int> Werkbank::bestand() const
 
 QStringList Werkbank::reste() const
 {
-    QStringList reste = alleDateien(m_profil.quelle) + alleDateien(m_profil.zielWurzel);
+    const QStringList reste = alleDateien(m_profil.quelle) + alleDateien(m_profil.zielWurzel) +
+                              alleDateien(qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash/files"_s);
     return reste.filter(u"/.quillmar-"_s);
 }
 

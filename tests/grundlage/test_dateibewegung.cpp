@@ -1,4 +1,5 @@
 #include "dateibewegung.h"
+#include "papierkorb.h"
 #include "pfade.h"
 #include "plattenfehler.h"
 
@@ -274,14 +275,24 @@ void TestDateibewegung::ordner()
 
 void TestDateibewegung::papierkorb()
 {
-    // The data folder does not exist yet: the trash must not end up in the working folder.
     const QByteArray daten = qgetenv("XDG_DATA_HOME");
     qputenv("XDG_DATA_HOME", m_hier.filePath(u"frisch"_s).toUtf8());
     schreiben(m_von + u"/Kopie.pdf"_s, "Kopie");
-    Dateibewegung::inDenPapierkorb(m_von + u"/Kopie.pdf"_s);
+    Papierkorb::hineinlegen(m_von + u"/Kopie.pdf"_s, nichts);
     QCOMPARE(lesen(m_hier.filePath(u"frisch/Trash/files/Kopie.pdf"_s)), QByteArray("Kopie"));
     QVERIFY(!QFile::exists(m_von + u"/Kopie.pdf"_s));
-    QVERIFY_EXCEPTION_THROWN(Dateibewegung::inDenPapierkorb(m_von + u"/Kopie.pdf"_s), Plattenfehler);
+    QVERIFY(lesen(m_hier.filePath(u"frisch/Trash/info/Kopie.pdf.trashinfo"_s))
+                .startsWith("[Trash Info]\nPath=" + m_von.toUtf8() + "/Kopie.pdf\nDeletionDate=20"));
+    schreiben(m_von + u"/Kopie.pdf"_s, "zweite");
+    Papierkorb::hineinlegen(m_von + u"/Kopie.pdf"_s, nichts);
+    QCOMPARE(lesen(m_hier.filePath(u"frisch/Trash/files/Kopie (2).pdf"_s)), QByteArray("zweite"));
+    const QString lang = m_von + u'/' + QString(251, u'l') + u".pdf"_s;
+    schreiben(lang, "lang");
+    Papierkorb::hineinlegen(lang, nichts);
+    QVERIFY(!QFile::exists(lang));
+    QCOMPARE(namenIn(m_hier.filePath(u"frisch/Trash/files"_s)).size(), 3);
+    QCOMPARE(namenIn(m_hier.filePath(u"frisch/Trash/info"_s)).size(), 3);
+    QVERIFY_EXCEPTION_THROWN(Papierkorb::hineinlegen(m_von + u"/Kopie.pdf"_s, nichts), Plattenfehler);
     qputenv("XDG_DATA_HOME", daten);
 }
 

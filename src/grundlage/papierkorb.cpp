@@ -1,0 +1,82 @@
+#include "papierkorb.h"
+
+#include "dateigriff.h"
+#include "pfade.h"
+#include "platte.h"
+#include "plattenfehler.h"
+
+#include <QDateTime>
+#include <QStandardPaths>
+#include <QUrl>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const QString endung = u".trashinfo"_s;
+
+QString gescheitert() { return QUILLMAR_TEXT(u"Die Kopie ließ sich nicht in den Papierkorb legen"_s); }
+
+/** The trash folder with both its parts, for the user alone. */
+QString korb()
+{
+    const QString daten = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    Dateibewegung::ordnerAnlegen(daten, u"/"_s);
+    const QString ort = daten + u"/Trash"_s;
+    for (const QString &ordner : {ort, ort + u"/files"_s, ort + u"/info"_s}) {
+        if (::mkdir(plattenPfad(ordner).constData(), 0700) != 0 && errno != EEXIST)
+            Platte::scheitern(gescheitert(), errno);
+    }
+    return ort;
+}
+
+/** What is written about a file: where it was and when it went. */
+QByteArray vermerk(const QByteArray &platte)
+{
+    return "[Trash Info]\nPath=" + platte.toPercentEncoding("/") +
+           "\nDeletionDate=" + QDateTime::currentDateTime().toString(u"yyyy-MM-ddTHH:mm:ss"_s).toLatin1() + '\n';
+}
+
+/** Takes a name in the trash by writing its note, which must be new. False when the name is taken. */
+bool vermerken(const QString &datei, const QByteArray &text)
+{
+    const QByteArray platte = plattenPfad(datei);
+    const Dateigriff griff(::open(platte.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!griff.offen() && errno == EEXIST)
+        return false;
+    if (!griff.offen())
+        Platte::scheitern(gescheitert(), errno);
+    if (::write(griff.nummer(), text.constData(), size_t(text.size())) == text.size() && ::fsync(griff.nummer()) == 0)
+        return true;
+    const int fehler = errno;
+    ::unlink(platte.constData());
+    Platte::scheitern(gescheitert(), fehler);
+}
+} // namespace
+
+void Papierkorb::hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung)
+{
+    const QByteArray platte = aufDerPlatte(pfad);
+    if (platte.isEmpty())
+        Platte::scheitern(gescheitert(), ENOENT);
+    const QString ort = korb();
+    for (int n = 1;; ++n) {
+        // Shortened, since the note's name is longer by its ending.
+        const QString name = Dateibewegung::nummeriert(nameVon(pfad), n, endung.size());
+        const QString info = ort + u"/info/"_s + name + endung;
+        if (istVorhanden(ort + u"/files/"_s + name) || !vermerken(info, vermerk(platte)))
+            continue;
+        try {
+            Dateibewegung::ausfuehren(
+                {.von = pfad, .ordner = ort + u"/files"_s, .name = name, .nameArt = Dateibewegung::Name::Genau},
+                ankuendigung);
+            return;
+        } catch (const Fehler &) {
+            ::unlink(plattenPfad(info).constData());
+            throw;
+        }
+    }
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "dateibewegung.h"
+
+/** The user's trash, by the rules of freedesktop.org: his data folder's "Trash" with "files" and "info". */
+namespace Papierkorb
+{
+/**
+ * Puts a file into the trash; from another file system it is copied there, compared, and only then removed.
+ * @p ankuendigung as for Dateibewegung::ausfuehren(). Throws Fehler when that fails; the file stays where it is then.
+ */
+void hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung);
+} // namespace Papierkorb
