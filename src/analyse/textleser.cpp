@@ -1,5 +1,6 @@
 #include "textleser.h"
 
+#include "bilderordner.h"
 #include "datenbank.h"
 #include "dubletten.h"
 #include "fehlertext.h"
@@ -150,6 +151,7 @@ qsizetype aehnlicheVerbinden(Datenbank &db)
 void Textleser::textLesen(Lauf &lauf)
 {
     lauf.stufe(Sprache::text(u"Text lesen"_s));
+    Bilderordner::verwaisteEntfernen();
     alleLesen(lauf);
     if (lauf.sollHalten())
         return;

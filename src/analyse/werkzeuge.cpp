@@ -1,5 +1,6 @@
 #include "werkzeuge.h"
 
+#include "bilderordner.h"
 #include "pfade.h"
 #include "sprache.h"
 #include "text.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
-#include <QUuid>
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -81,34 +81,6 @@ QByteArray abwarten(QProcess &prozess, const QString &name, std::chrono::millise
     }
     return beschwerde;
 }
-
-/** A fresh folder for page images; gone with the object. */
-class Bilderordner
-{
-public:
-    Bilderordner() : m_ort(QDir::temp().filePath(u"ablage-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces)))
-    {
-        if (!QDir().mkdir(m_ort))
-            throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {m_ort}));
-        QFile::setPermissions(m_ort, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    ~Bilderordner() { QDir(m_ort).removeRecursively(); }
-    Bilderordner(const Bilderordner &) = delete;
-    Bilderordner &operator=(const Bilderordner &) = delete;
-
-    [[nodiscard]] QString praefix() const { return m_ort + u"/s"_s; }
-    [[nodiscard]] QStringList bilder() const
-    {
-        QStringList pfade;
-        for (const QString &name : QDir(m_ort).entryList({u"*.png"_s}, QDir::Files, QDir::Unsorted))
-            pfade << m_ort + u'/' + name;
-        pfade.sort();
-        return pfade;
-    }
-
-private:
-    QString m_ort;
-};
 
 QString texterkennung(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende)
 {

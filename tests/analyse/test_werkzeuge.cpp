@@ -1,3 +1,4 @@
+#include "bilderordner.h"
 #include "pdf.h"
 #include "satz.h"
 #include "werkzeuge.h"
@@ -8,6 +9,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -77,6 +81,33 @@ class TestWerkzeuge : public QObject
 
 private Q_SLOTS:
     void init() { m_ordner = std::make_unique<QTemporaryDir>(); }
+
+    /** Page images that a killed program left behind go; what is in use, fresh or something else stays. */
+    void verwaisteBilder()
+    {
+        const QByteArray vorher = qgetenv("TMPDIR");
+        qputenv("TMPDIR", m_ordner->path().toUtf8());
+        const auto ordner = [&](const QString &name, bool alt) {
+            const QString ort = m_ordner->filePath(name);
+            QVERIFY(QDir().mkpath(ort));
+            schreiben(ort + u"/s-1.png"_s, "x");
+            const struct timespec zeiten[2] = {{1000, 0}, {1000, 0}};
+            if (alt)
+                QVERIFY(::utimensat(AT_FDCWD, ort.toUtf8().constData(), zeiten, 0) == 0);
+        };
+        const QString id = u"6f1c0d2a-93b4-4e1f-8c55-1a2b3c4d5e6"_s;
+        ordner(u"ablage-"_s + id + u'1', true);
+        ordner(u"ablage-"_s + id + u'2', true);
+        ordner(u"ablage-"_s + id + u'3', false);
+        ordner(u"ablage-steuer"_s, true);
+        const int griff = ::open(m_ordner->filePath(u"ablage-"_s + id + u'2').toUtf8().constData(), O_RDONLY);
+        QVERIFY(::flock(griff, LOCK_EX | LOCK_NB) == 0);
+        Bilderordner::verwaisteEntfernen();
+        ::close(griff);
+        QCOMPARE(QDir(m_ordner->path()).entryList({u"ablage-*"_s}, QDir::Dirs, QDir::Name),
+                 (QStringList{u"ablage-"_s + id + u'2', u"ablage-"_s + id + u'3', u"ablage-steuer"_s}));
+        qputenv("TMPDIR", vorher);
+    }
 
     void suchfolge()
     {

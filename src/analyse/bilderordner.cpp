@@ -1,0 +1,58 @@
+#include "bilderordner.h"
+
+#include "fehler.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QUuid>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/** The folder's lock; not open when another holds it or it is not the user's own folder. */
+Dateigriff sperren(const QString &ort)
+{
+    Dateigriff griff(::open(QFile::encodeName(ort).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat s = {};
+    const bool eigener = griff.offen() && ::fstat(griff.nummer(), &s) == 0 && s.st_uid == ::getuid();
+    return eigener && ::flock(griff.nummer(), LOCK_EX | LOCK_NB) == 0 ? std::move(griff) : Dateigriff();
+}
+} // namespace
+
+Bilderordner::Bilderordner()
+    : m_ort(QDir::temp().filePath(u"ablage-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces)))
+{
+    if (::mkdir(QFile::encodeName(m_ort).constData(), 0700) != 0)
+        throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {m_ort}));
+    m_sperre = sperren(m_ort);
+}
+
+Bilderordner::~Bilderordner() { QDir(m_ort).removeRecursively(); }
+
+QStringList Bilderordner::bilder() const
+{
+    QStringList pfade;
+    for (const QString &name : QDir(m_ort).entryList({u"*.png"_s}, QDir::Files, QDir::Unsorted))
+        pfade << m_ort + u'/' + name;
+    pfade.sort();
+    return pfade;
+}
+
+void Bilderordner::verwaisteEntfernen()
+{
+    const QDir ablage = QDir::temp();
+    for (const QString &name : ablage.entryList({u"ablage-*"_s}, QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const bool unserName = !QUuid::fromString(name.mid(7)).isNull();
+        // A fresh one may be about to get its lock.
+        const bool alt = QFileInfo(ablage.filePath(name)).lastModified().secsTo(QDateTime::currentDateTime()) > 60;
+        if (unserName && alt && sperren(ablage.filePath(name)).offen())
+            QDir(ablage.filePath(name)).removeRecursively();
+    }
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "dateigriff.h"
+
+#include <QStringList>
+
+/**
+ * A fresh folder for page images in the system's temporary folder, for the user alone; gone with the object. Locked
+ * while it lives, so that what a killed program has left behind can be told from what is in use.
+ */
+class Bilderordner
+{
+public:
+    /** Throws Fehler when the folder cannot be made. */
+    Bilderordner();
+    ~Bilderordner();
+    Bilderordner(const Bilderordner &) = delete;
+    Bilderordner &operator=(const Bilderordner &) = delete;
+
+    /** Beginning of the images' paths. */
+    [[nodiscard]] QString praefix() const { return m_ort + QStringLiteral("/s"); }
+    /** The images, in the order of the pages. */
+    [[nodiscard]] QStringList bilder() const;
+
+    /** Removes the folders of this user that a killed program has left: they show pages of his letters. */
+    static void verwaisteEntfernen();
+
+private:
+    QString m_ort;
+    Dateigriff m_sperre;
+};
