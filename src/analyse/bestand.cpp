@@ -215,7 +215,7 @@ Bestand::Ergebnis Bestand::suchen(const Profil &profil, const QSet<QString> &eig
     return Sucher(profil, eigene, halt).suchen();
 }
 
-void Bestand::aufnehmen(Lauf &lauf)
+void Bestand::verzeichnen(Lauf &lauf)
 {
     lauf.stufe(Sprache::text(u"Bestand aufnehmen"_s));
     if (lauf.profil().quelle.isEmpty() || !istOrdner(QDir::cleanPath(lauf.profil().quelle)))
@@ -230,6 +230,11 @@ void Bestand::aufnehmen(Lauf &lauf)
     eintragen(lauf, ergebnis.funde);
     zurueckholen(lauf.db());
     ausgelassenesMelden(lauf, ergebnis);
+}
+
+void Bestand::aufnehmen(Lauf &lauf)
+{
+    verzeichnen(lauf);
     if (lauf.sollHalten())
         return;
     lauf.stufe(Sprache::text(u"Gleiche Dateien suchen"_s));

@@ -32,6 +32,9 @@ struct Ergebnis {
  */
 [[nodiscard]] Ergebnis suchen(const Profil &profil, const QSet<QString> &eigene, const std::function<bool()> &halt);
 
+/** First half of the stage: brings the catalogue up to what lies in the source folder. Throws as the stage does. */
+void verzeichnen(Lauf &lauf);
+
 /** The stage. Throws Fehler when the source folder is not there or the catalogue cannot be written. */
 void aufnehmen(Lauf &lauf);
 } // namespace Bestand

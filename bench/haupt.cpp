@@ -1,0 +1,47 @@
+#include "reihen.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <string_view>
+
+namespace
+{
+struct Reihe {
+    std::string_view name;
+    void (*messen)();
+};
+
+constexpr std::array<Reihe, 10> reihen = {{
+    {"lesen", Reihen::lesen},
+    {"erkennung", Reihen::erkennung},
+    {"pruefsummen", Reihen::pruefsummen},
+    {"bestand", Reihen::bestand},
+    {"skizzen", Reihen::skizzen},
+    {"paare", Reihen::paare},
+    {"paare-speicher", Reihen::paareSpeicher},
+    {"namen", Reihen::namen},
+    {"bericht", Reihen::bericht},
+    {"start", Reihen::start},
+}};
+} // namespace
+
+/** Measures the row that is named; without a name lists them. One row per process, so that none inherits memory. */
+int main(int anzahl, char **argumente)
+{
+    const QCoreApplication programm(anzahl, argumente);
+    const std::string_view gesucht = anzahl > 1 ? argumente[1] : "";
+    try {
+        for (const Reihe &reihe : reihen) {
+            if (gesucht.empty())
+                std::puts(reihe.name.data());
+            else if (reihe.name == gesucht)
+                reihe.messen();
+        }
+    } catch (const std::exception &e) {
+        std::fprintf(stderr, "bench: %s\n", e.what());
+        return 1;
+    }
+    return 0;
+}

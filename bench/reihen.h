@@ -1,0 +1,16 @@
+#pragma once
+
+/** The rows of the table; each prints its own. What they compare stands in docs/messungen.md. */
+namespace Reihen
+{
+void lesen();
+void erkennung();
+void pruefsummen();
+void bestand();
+void skizzen();
+void paare();
+void paareSpeicher();
+void namen();
+void bericht();
+void start();
+} // namespace Reihen
