@@ -15,26 +15,46 @@ constexpr qsizetype worteJeRun = 5;
 constexpr qsizetype kuerzesterSchluessel = 80;
 constexpr qsizetype laengsterSchluessel = 1500;
 
-bool gehoertZumVorigen(char32_t c) { return QChar::isMark(c) || c == 0x200C || c == 0x200D; }
+bool gehoertZumVorigen(char32_t c) { return c >= 0x300 && (QChar::isMark(c) || c == 0x200C || c == 0x200D); }
+
+/** Latin-1 and general punctuation: lower case goes letter by letter, and NFC has nothing to do. */
+bool istEinfach(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c.unicode() < 0x100 || (c.unicode() >= 0x2000 && c.unicode() < 0x20D0); });
+}
+
+char32_t klein(char32_t c)
+{
+    const bool gross = (c >= u'A' && c <= u'Z') || (c >= u'À' && c <= u'Þ' && c != u'×');
+    return gross ? c + 0x20 : c;
+}
 
 /** The words of @p text joined with single blanks. */
 QString worteVon(const QString &text)
 {
-    const QString vorlage = nfc(text.toLower());
-    QString ergebnis;
-    ergebnis.reserve(vorlage.size());
+    // Qt's lower case costs as much as all the digests of a text, so the usual text does without.
+    const QString vorlage = istEinfach(text) ? text : nfc(text.toLower());
+    // Every blank stands for at least one character that goes, so the words need no more room than the text.
+    QString ergebnis(vorlage.size(), Qt::Uninitialized);
+    QChar *const beginn = ergebnis.data();
+    QChar *ziel = beginn;
     bool imWort = false;
     for (qsizetype i = 0; i < vorlage.size(); ++i) {
         const bool paar = vorlage.at(i).isHighSurrogate() && i + 1 < vorlage.size();
-        const char32_t c = paar ? QChar::surrogateToUcs4(vorlage.at(i), vorlage.at(i + 1)) : vorlage.at(i).unicode();
+        const char32_t c =
+            paar ? QChar::surrogateToUcs4(vorlage.at(i), vorlage.at(i + 1)) : klein(vorlage.at(i).unicode());
         const bool bleibt = QChar::isLetterOrNumber(c) || (imWort && gehoertZumVorigen(c));
-        if (bleibt && !imWort && !ergebnis.isEmpty())
-            ergebnis += u' ';
+        if (bleibt && !imWort && ziel != beginn)
+            *ziel++ = u' ';
         if (bleibt)
-            ergebnis += QStringView(vorlage).mid(i, paar ? 2 : 1);
+            *ziel++ = paar ? vorlage.at(i) : QChar(char16_t(c));
+        if (bleibt && paar)
+            *ziel++ = vorlage.at(i + 1);
         imWort = bleibt;
         i += paar ? 1 : 0;
     }
+    ergebnis.truncate(ziel - beginn);
     return ergebnis;
 }
 
@@ -74,6 +94,7 @@ QList<quint64> Skizze::werte(qsizetype k) const
     const QByteArray bytes = m_worte.toUtf8();
     const QList<qsizetype> worte = bytes.isEmpty() ? QList<qsizetype>() : anfaenge(bytes);
     QList<quint64> werte;
+    werte.reserve(worte.size());
     Sha256 digest;
     for (qsizetype i = 0; i + worteJeRun < worte.size(); ++i) {
         const qsizetype laenge = worte.at(i + worteJeRun) - 1 - worte.at(i);
