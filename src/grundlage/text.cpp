@@ -1,6 +1,7 @@
 #include "text.h"
 
 #include <QTextBoundaryFinder>
+#include <QVarLengthArray>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -22,7 +23,8 @@ bool brauchtNfc(QStringView text)
 class Falter
 {
 public:
-    Falter(Faltung faltung, qsizetype laenge) : m_faltung(faltung) { m_ergebnis.reserve(laenge); }
+    /** @p laenge is that of the text; "ß" becomes two letters, a blank stands for at least one character. */
+    Falter(Faltung faltung, qsizetype laenge) : m_faltung(faltung), m_ergebnis(2 * laenge) {}
 
     void zeichen(char16_t c)
     {
@@ -38,19 +40,20 @@ public:
             m_luecke = true;
     }
 
-    [[nodiscard]] QString ergebnis() { return std::move(m_ergebnis); }
+    [[nodiscard]] QString ergebnis() const { return QStringView(m_ergebnis.constData(), m_laenge).toString(); }
 
 private:
     void anhaengen(char16_t c)
     {
-        if (m_luecke && !m_ergebnis.isEmpty())
-            m_ergebnis += u' ';
+        if (m_luecke && m_laenge > 0)
+            m_ergebnis[m_laenge++] = u' ';
         m_luecke = false;
-        m_ergebnis += QChar(c);
+        m_ergebnis[m_laenge++] = c;
     }
 
     Faltung m_faltung;
-    QString m_ergebnis;
+    QVarLengthArray<char16_t, 256> m_ergebnis;
+    qsizetype m_laenge = 0;
     char16_t m_vorher = 0;
     bool m_luecke = false;
 };
