@@ -19,15 +19,15 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int ordnerzahl = 200;
-constexpr int jeOrdner = 500;
+constexpr qint64 ordnerzahl = 200;
+constexpr qint64 jeOrdner = 500;
 
 void dateienAnlegen(const QString &quelle)
 {
-    for (int i = 0; i < ordnerzahl; ++i) {
+    for (qint64 i = 0; i < ordnerzahl; ++i) {
         const QString ordner = quelle + u"/Jahrgang %1/Eingang %2"_s.arg(1990 + i / 10).arg(i % 10);
         QDir().mkpath(ordner);
-        for (int j = 0; j < jeOrdner; ++j)
+        for (qint64 j = 0; j < jeOrdner; ++j)
             Probe::schreiben(ordner + u"/Müller, Rechnung vom 12. März %1.pdf"_s.arg(j), {});
     }
 }

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int anzahl = 400;
-constexpr quint64 kleinste = 1024 * 1024;
+constexpr quint64 kleinste = quint64{1024} * 1024;
 
 QList<Pruefsummen::Datei> dateienAnlegen(const QTemporaryDir &ordner)
 {
