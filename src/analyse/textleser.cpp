@@ -21,7 +21,7 @@ using std::chrono::steady_clock;
 
 namespace
 {
-constexpr auto schreibabstand = 300ms;
+constexpr auto schreibabstand = 1s;
 
 /** What the reading of one document gave. */
 struct Gelesen {
