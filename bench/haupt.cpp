@@ -13,7 +13,7 @@ struct Reihe {
     void (*messen)();
 };
 
-constexpr std::array<Reihe, 10> reihen = {{
+constexpr std::array<Reihe, 14> reihen = {{
     {"lesen", Reihen::lesen},
     {"erkennung", Reihen::erkennung},
     {"pruefsummen", Reihen::pruefsummen},
@@ -24,6 +24,10 @@ constexpr std::array<Reihe, 10> reihen = {{
     {"namen", Reihen::namen},
     {"bericht", Reihen::bericht},
     {"start", Reihen::start},
+    {"uebernehmen", Reihen::uebernehmen},
+    {"datentraeger", Reihen::datentraeger},
+    {"rueckbau", Reihen::rueckbau},
+    {"protokolle", Reihen::protokolle},
 }};
 } // namespace
 

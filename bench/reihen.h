@@ -13,4 +13,8 @@ void paareSpeicher();
 void namen();
 void bericht();
 void start();
+void uebernehmen();
+void datentraeger();
+void rueckbau();
+void protokolle();
 } // namespace Reihen

@@ -246,10 +246,13 @@ void zuruecklegen(const Protokollzeile &zeile, const QString &herkunft, const Da
         return Papierkorb::hineinlegen(zeile.nach, ankuendigung);
     if (zeile.von == zeile.nach)
         return;
-    if (istUnter(zeile.von, herkunft) && !istOrdner(herkunft))
-        throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {herkunft}));
     const QString ordner = ordnerVon(zeile.von);
-    Dateibewegung::ordnerAnlegen(ordner, u"/"_s);
+    // A folder that this group has used already needs no second look.
+    if (!spaeterSichern || !spaeterSichern->contains(plattenPfad(ordner) + '/')) {
+        if (istUnter(zeile.von, herkunft) && !istOrdner(herkunft))
+            throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {herkunft}));
+        Dateibewegung::ordnerAnlegen(ordner, u"/"_s);
+    }
     Dateibewegung::ausfuehren({.von = zeile.nach,
                                .ordner = ordner,
                                .name = nameVon(zeile.von),

@@ -47,7 +47,7 @@ public:
     QString ausfuehren()
     {
         const QString wunsch = QDir::cleanPath(m_auftrag.ordner + u'/' + m_auftrag.name);
-        if (istQuelle(wunsch)) {
+        if (istQuelle(aufDerPlatte(wunsch))) {
             ankuendigen(m_auftrag.von, {});
             return m_auftrag.von;
         }
@@ -68,10 +68,10 @@ private:
         for (int n = 1;; ++n) {
             const QString name = n == 1 ? m_auftrag.name : Dateibewegung::nummeriert(m_auftrag.name, n);
             const QString nach = QDir::cleanPath(m_auftrag.ordner + u'/' + name);
-            if (istQuelle(nach))
+            const QByteArray belegt = aufDerPlatte(nach);
+            if (istQuelle(belegt))
                 return m_auftrag.von;
-            const bool belegt = istVorhanden(nach);
-            if (!belegt) {
+            if (belegt.isEmpty()) {
                 ankuendigen(nach, temporaer);
                 const int fehler = versuchen(von, m_ordner + name.toUtf8());
                 if (fehler == 0)
@@ -119,10 +119,9 @@ private:
                         .zeit = Platte::zeitVon(m_vorher)});
     }
 
-    /** The wanted place is where the file lies already. */
-    [[nodiscard]] bool istQuelle(const QString &nach) const
+    /** What lies at @p platte is the file itself. */
+    [[nodiscard]] bool istQuelle(const QByteArray &platte) const
     {
-        const QByteArray platte = aufDerPlatte(nach);
         struct stat s = {};
         return platte == m_quelle || (Platte::angaben(platte, s) && s.st_nlink == 1 && s.st_dev == m_vorher.st_dev &&
                                       s.st_ino == m_vorher.st_ino);

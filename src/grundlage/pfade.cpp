@@ -20,17 +20,17 @@ bool gibtEs(const QByteArray &pfad)
     return ::lstat(pfad.constData(), &s) == 0;
 }
 
-/** The spelling of @p name in the folder @p ordner (ends in "/"); empty if no entry has that NFC form. */
+/** Another spelling of @p name in the folder @p ordner (ends in "/"); empty if no entry has that NFC form. */
 QByteArray schreibweise(const QByteArray &ordner, const QString &name)
 {
+    if (!std::any_of(name.begin(), name.end(), [](QChar c) { return c.unicode() >= 0x80; }))
+        return {};
     for (const auto form : {QString::NormalizationForm_C, QString::NormalizationForm_D}) {
         QByteArray bytes = name.normalized(form).toUtf8();
         if (gibtEs(ordner + bytes))
             return bytes;
     }
     // Mixed spellings are rare enough for a look at every entry.
-    if (!std::any_of(name.begin(), name.end(), [](QChar c) { return c.unicode() >= 0x80; }))
-        return {};
     const QString gesucht = nfc(name);
     QByteArray treffer;
     ordnerLesen(ordner, [&](int, const Ordnereintrag &e) {
@@ -38,6 +38,27 @@ QByteArray schreibweise(const QByteArray &ordner, const QString &name)
             treffer = e.name;
     });
     return treffer;
+}
+
+/** @p pfad in the spelling of the disk, as far as it exists; @p vorhanden when all of it does. */
+QByteArray aufgeloest(const QString &pfad, bool &vorhanden)
+{
+    QByteArray direkt = pfad.toUtf8();
+    while (direkt.size() > 1 && direkt.endsWith('/'))
+        direkt.chop(1);
+    vorhanden = !direkt.isEmpty() && gibtEs(direkt);
+    if (vorhanden || direkt.lastIndexOf('/') < 0 || direkt == "/")
+        return direkt;
+    const QString ganz = QString::fromUtf8(direkt);
+    const QString name = nameVon(ganz);
+    QByteArray ordner = aufgeloest(ordnerVon(ganz), vorhanden);
+    if (!ordner.endsWith('/'))
+        ordner += '/';
+    const bool ordnerDa = vorhanden;
+    vorhanden = ordnerDa && !direkt.startsWith(ordner) && gibtEs(ordner + name.toUtf8());
+    const QByteArray andere = ordnerDa && !vorhanden ? schreibweise(ordner, name) : QByteArray();
+    vorhanden = vorhanden || !andere.isEmpty();
+    return ordner + (andere.isEmpty() ? name.toUtf8() : andere);
 }
 
 Eintragsart artAusStat(int griff, const char *name)
@@ -75,25 +96,15 @@ struct OrdnerSchliesser {
 
 QByteArray plattenPfad(const QString &pfad)
 {
-    QByteArray direkt = pfad.toUtf8();
-    if (gibtEs(direkt))
-        return direkt;
-    QByteArray bisher = "/";
-    bool fehlt = false;
-    for (const QString &teil : pfad.split(u'/', Qt::SkipEmptyParts)) {
-        const QByteArray name = fehlt ? QByteArray() : schreibweise(bisher, teil);
-        fehlt = fehlt || name.isEmpty();
-        bisher += (name.isEmpty() ? teil.toUtf8() : name) + '/';
-    }
-    if (bisher.size() > 1)
-        bisher.chop(1);
-    return bisher;
+    bool vorhanden = false;
+    return aufgeloest(pfad, vorhanden);
 }
 
 QByteArray aufDerPlatte(const QString &pfad)
 {
-    QByteArray bytes = pfad.startsWith(u'/') ? plattenPfad(pfad) : QByteArray();
-    return !bytes.isEmpty() && gibtEs(bytes) ? bytes : QByteArray();
+    bool vorhanden = false;
+    QByteArray bytes = pfad.startsWith(u'/') ? aufgeloest(pfad, vorhanden) : QByteArray();
+    return vorhanden ? bytes : QByteArray();
 }
 
 bool istVorhanden(const QString &pfad) { return !aufDerPlatte(pfad).isEmpty(); }

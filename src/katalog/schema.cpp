@@ -43,6 +43,8 @@ const QList<QString> &schemaAnweisungen()
         // Serves the status counters and the search for waiting documents of one counterpart.
         u"CREATE INDEX IF NOT EXISTS i_zaehlen ON dokumente"
         "(ausgenommen, status, gegenueber, zweig, ablage, rubrik);"_s,
+        // Turning back a session asks for the movements of each of its documents.
+        u"CREATE INDEX IF NOT EXISTS i_bewegt ON protokoll(dokument_id);"_s,
     };
     return anweisungen;
 }
