@@ -35,7 +35,7 @@ QByteArray Absicht::json() const
 {
     QJsonObject o = {{u"ruecknahme"_s, art == Art::Ruecknahme},
                      {u"vorgang"_s, vorgang},
-                     {u"zeile"_s, objektAus(zeile.json())},
+                     {u"zeile"_s, zeile.objekt()},
                      {u"status"_s, status},
                      {u"protokoll"_s, protokollId},
                      {u"temporaer"_s, temporaer},

@@ -197,17 +197,13 @@ QString Protokollzeile::zeitKurz() const
     return gelesen.isValid() ? gelesen.toLocalTime().toString(u"HH:mm:ss"_s) : zeit;
 }
 
-QByteArray Protokollzeile::json() const
+QJsonObject Protokollzeile::objekt() const
 {
-    return kompakt({{u"art"_s, u"bewegung"_s},
-                    {u"zeit"_s, zeit},
-                    {u"aktion"_s, aktion},
-                    {u"dokument"_s, dokument},
-                    {u"von"_s, von},
-                    {u"nach"_s, nach},
-                    {u"altStatus"_s, altStatus},
-                    {u"kopiert"_s, kopiert}});
+    return {{u"art"_s, u"bewegung"_s}, {u"zeit"_s, zeit}, {u"aktion"_s, aktion},       {u"dokument"_s, dokument},
+            {u"von"_s, von},           {u"nach"_s, nach}, {u"altStatus"_s, altStatus}, {u"kopiert"_s, kopiert}};
 }
+
+QByteArray Protokollzeile::json() const { return kompakt(objekt()); }
 
 std::optional<Protokollzeile> Protokollzeile::aus(const QByteArray &zeile)
 {
