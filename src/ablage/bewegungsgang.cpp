@@ -65,8 +65,12 @@ Lage lageKlaeren(const Absicht &a)
     if (!a.temporaer.isEmpty())
         Dateibewegung::temporaeresEntfernen(a.temporaer);
     const bool amAnfang = Dateibewegung::istDieselbe(enden.von, a.groesse, a.dateizeit);
-    if (enden.nach.isEmpty())
-        return amAnfang ? Lage::NichtGeschehen : Lage::Geschehen;
+    if (enden.nach.isEmpty()) {
+        if (amAnfang)
+            return Lage::NichtGeschehen;
+        // Gone to the trash, unless its whole drive is.
+        return istOrdner(ordnerVon(enden.von)) ? Lage::Geschehen : Lage::Unklar;
+    }
     if (enden.von == enden.nach)
         return amAnfang ? Lage::Geschehen : Lage::NichtGeschehen;
     const bool amZiel = Dateibewegung::istDieselbe(enden.nach, a.groesse, a.dateizeit);
