@@ -163,6 +163,8 @@ qint64 Ablagewerk::rueckgaengig()
             betroffen && betroffen->pfad != (absicht.zeile.kopiert ? absicht.zeile.von : absicht.zeile.nach);
         if (weitergezogen || !istVorhanden(absicht.zeile.nach))
             throw Fehler(Sprache::text(u"Die Datei liegt nicht mehr am Zielort"_s));
+        if (!absicht.zeile.kopiert && absicht.zeile.von != absicht.zeile.nach && istVorhanden(absicht.zeile.von))
+            throw Fehler(Sprache::text(u"Am alten Platz liegt schon eine andere Datei"_s));
         const QString fehler = gang.zuruecknehmen({absicht}, m_profil.quelle).first();
         if (!fehler.isEmpty())
             throw Fehler(fehler);

@@ -62,9 +62,13 @@ void platzhalterEntfernen(const Absicht &a, const QString &pfad)
 Lage lageKlaeren(const Absicht &a)
 {
     const Enden enden = endenVon(a);
-    if (!a.temporaer.isEmpty())
-        Dateibewegung::temporaeresEntfernen(a.temporaer);
     const bool amAnfang = Dateibewegung::istDieselbe(enden.von, a.groesse, a.dateizeit);
+    const bool amZiel = !enden.nach.isEmpty() && Dateibewegung::istDieselbe(enden.nach, a.groesse, a.dateizeit);
+    // A temporary file may be the last copy: it goes only when the document is seen elsewhere.
+    if (!a.temporaer.isEmpty() && (amAnfang || (amZiel && enden.nach != a.temporaer)))
+        Dateibewegung::temporaeresEntfernen(a.temporaer);
+    if (enden.nach == a.temporaer && !enden.nach.isEmpty())
+        return amAnfang ? Lage::NichtGeschehen : Lage::Unklar;
     if (enden.nach.isEmpty()) {
         if (amAnfang)
             return Lage::NichtGeschehen;
@@ -73,7 +77,6 @@ Lage lageKlaeren(const Absicht &a)
     }
     if (enden.von == enden.nach)
         return amAnfang ? Lage::Geschehen : Lage::NichtGeschehen;
-    const bool amZiel = Dateibewegung::istDieselbe(enden.nach, a.groesse, a.dateizeit);
     const bool kopie = a.art == Absicht::Art::Bewegung && a.zeile.kopiert;
     if (amZiel && amAnfang) {
         if (!Dateibewegung::istGleich(enden.von, enden.nach))
@@ -88,7 +91,8 @@ Lage lageKlaeren(const Absicht &a)
         platzhalterEntfernen(a, enden.nach);
         return Lage::NichtGeschehen;
     }
-    const bool beideDa = istOrdner(ordnerVon(enden.von)) && istOrdner(ordnerVon(enden.nach));
+    const bool istRest = !a.temporaer.isEmpty() && istVorhanden(a.temporaer);
+    const bool beideDa = !istRest && istOrdner(ordnerVon(enden.von)) && istOrdner(ordnerVon(enden.nach));
     return beideDa ? Lage::NichtGeschehen : Lage::Unklar;
 }
 } // namespace
@@ -126,11 +130,15 @@ void Bewegungsgang::offenesKlaeren()
         absichten.insert(absicht->vorgang, *absicht);
     }
     for (const QString &vorgang : std::as_const(reihenfolge)) {
-        if (!geklaert(absichten.value(vorgang)))
-            m_offene << absichten.value(vorgang).json();
+        const Absicht absicht = absichten.value(vorgang);
+        try {
+            if (!geklaert(absicht))
+                m_offene << absicht.json();
+        } catch (const Fehler &) {
+            m_offene << absicht.json(); // tried again next time; it must not stop everything else
+        }
     }
-    if (!reihenfolge.isEmpty())
-        abschliessen();
+    abschliessen(); // a torn line goes as well, or it would swallow the next one
 }
 
 bool Bewegungsgang::geklaert(const Absicht &absicht)
@@ -190,7 +198,9 @@ Bewegungsgang::Ergebnis Bewegungsgang::bewegen(Absicht absicht, const Dateibeweg
     try {
         absicht.zeile.nach = Dateibewegung::ausfuehren(auftrag, ankuendigen);
     } catch (const Fehler &) {
-        abschliessen();
+        // If the file is not where it was, the intent stays, and the next opening looks where it is.
+        if (istVorhanden(absicht.zeile.von))
+            abschliessen();
         throw;
     }
     absicht.zeile.kopiert = absicht.zeile.kopiert && absicht.zeile.nach != absicht.zeile.von;

@@ -53,8 +53,11 @@ bool zeileAnhaengen(const QString &datei, const Protokollkopf &kopf, const QByte
         bytes.prepend(kopf.json() + '\n');
     else if (letztesByte(griff.nummer()) != '\n')
         bytes.prepend('\n');
-    const bool ganz = ::write(griff.nummer(), bytes.constData(), size_t(bytes.size())) == bytes.size();
-    return ganz && ::fdatasync(griff.nummer()) == 0;
+    if (::write(griff.nummer(), bytes.constData(), size_t(bytes.size())) == bytes.size())
+        return ::fdatasync(griff.nummer()) == 0;
+    // No torn line stays behind: a torn header would never be mended.
+    [[maybe_unused]] const int egal = ::ftruncate(griff.nummer(), s.st_size);
+    return false;
 }
 
 /** Calls @p nehmen with each line; stops when it returns false. Lines are read one by one: a log may be large. */

@@ -102,8 +102,9 @@ bool Rueckbau::istDran(const Protokollzeile &zeile, qint64 &protokollId) const
         return true;
     const QList<Zeile> zeilen = m_db->abfragen(
         u"SELECT p.id, p.rueckgaengig, d.pfad FROM protokoll p LEFT JOIN dokumente d ON d.id=p.dokument_id\n"
-        "WHERE p.dokument_id=? AND p.von_pfad=? AND p.nach_pfad=? ORDER BY p.rueckgaengig, p.id DESC LIMIT 1"_s,
-        {zeile.dokument, zeile.von, zeile.nach});
+        "WHERE p.dokument_id=? AND p.von_pfad=? AND p.nach_pfad=?\n"
+        "ORDER BY p.zeit<>?, p.rueckgaengig, p.id DESC LIMIT 1"_s, // a later session may have moved it there again
+        {zeile.dokument, zeile.von, zeile.nach, zeile.zeit});
     if (zeilen.isEmpty())
         return true; // a log of another profile or computer: only the file moves
     if (zeilen.first().ganz(u"rueckgaengig") == 1)

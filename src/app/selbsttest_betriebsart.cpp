@@ -25,7 +25,7 @@ public:
     explicit Katalogstand(Datenbank &db) : m_db(db)
     {
         for (const QString &tabelle : tabellen())
-            db.ausfuehren(u"CREATE TEMP TABLE probe_%1 AS SELECT * FROM main.%1"_s.arg(tabelle));
+            muss(u"CREATE TEMP TABLE probe_%1 AS SELECT * FROM main.%1"_s.arg(tabelle));
     }
     ~Katalogstand()
     {
@@ -38,16 +38,25 @@ public:
     void wiederherstellen()
     {
         Transaktion transaktion(m_db);
-        m_db.ausfuehren(u"INSERT OR REPLACE INTO main.dokumente SELECT * FROM temp.probe_dokumente"_s);
-        m_db.ausfuehren(u"DELETE FROM main.protokoll WHERE id NOT IN (SELECT id FROM temp.probe_protokoll)"_s);
+        muss(u"INSERT OR REPLACE INTO main.dokumente SELECT * FROM temp.probe_dokumente"_s);
+        muss(u"DELETE FROM main.protokoll WHERE rueckgaengig=1 AND id NOT IN (SELECT id FROM temp.probe_protokoll)\n"
+             "AND dokument_id IN (SELECT id FROM temp.probe_dokumente WHERE status='bereit')"_s);
         for (const QString &tabelle : {u"gelernt"_s, u"namen"_s}) {
-            m_db.ausfuehren(u"DELETE FROM main.%1"_s.arg(tabelle));
-            m_db.ausfuehren(u"INSERT INTO main.%1 SELECT * FROM temp.probe_%1"_s.arg(tabelle));
+            muss(u"DELETE FROM main.%1"_s.arg(tabelle));
+            muss(u"INSERT INTO main.%1 SELECT * FROM temp.probe_%1"_s.arg(tabelle));
         }
         transaktion.abschliessen();
     }
 
 private:
+    /** Half a snapshot or half a restoration would take learned rows away. */
+    void muss(const QString &sql)
+    {
+        if (m_db.ausfuehren(sql) != 0)
+            throw Fehler(Sprache::text(
+                u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+    }
+
     static QStringList tabellen() { return {u"dokumente"_s, u"protokoll"_s, u"gelernt"_s, u"namen"_s}; }
     Datenbank &m_db;
 };

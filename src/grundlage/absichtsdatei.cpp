@@ -32,8 +32,7 @@ bool sperren(int griff, std::chrono::milliseconds wartezeit)
 
 std::optional<Absichtsdatei> Absichtsdatei::oeffnen(const QString &pfad, std::chrono::milliseconds wartezeit)
 {
-    const int griff =
-        ::open(QFile::encodeName(pfad).constData(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | O_NOFOLLOW, 0600);
+    const int griff = ::open(QFile::encodeName(pfad).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
     if (griff < 0)
         Platte::scheitern(nichtBegonnen(), errno);
     Absichtsdatei datei(griff);
@@ -70,6 +69,7 @@ QList<QByteArray> Absichtsdatei::zeilen() const
 void Absichtsdatei::schreiben(const QList<QByteArray> &zeilen)
 {
     const QByteArray bytes = zeilen.join('\n') + '\n';
+    ::lseek(m_griff, 0, SEEK_END);
     const ssize_t n = ::write(m_griff, bytes.constData(), size_t(bytes.size()));
     if (n != bytes.size())
         Platte::scheitern(nichtBegonnen(), n < 0 ? errno : ENOSPC);
@@ -79,8 +79,10 @@ void Absichtsdatei::schreiben(const QList<QByteArray> &zeilen)
 
 void Absichtsdatei::leeren(const QList<QByteArray> &bleibende)
 {
-    // If this does not reach the disk before a crash, the settling finds everything recorded already.
-    [[maybe_unused]] const int egal = ::ftruncate(m_griff, 0);
-    if (!bleibende.isEmpty())
-        schreiben(bleibende);
+    // What stays is written before the rest goes. If this does not reach the disk before a crash, the settling finds
+    // everything recorded already.
+    const QByteArray bytes = bleibende.isEmpty() ? QByteArray() : bleibende.join('\n') + '\n';
+    if (::pwrite(m_griff, bytes.constData(), size_t(bytes.size()), 0) == bytes.size()) {
+        [[maybe_unused]] const int egal = ::ftruncate(m_griff, bytes.size());
+    }
 }

@@ -92,9 +92,11 @@ private:
         if (fehler != 0)
             return fehler;
         try {
-            sichern(nach);
+            // A copy must last before its source may go, so its folder is never left for later.
+            const bool spaeter = m_auftrag.spaeterSichern && von == m_quelle;
+            sichern(nach, spaeter);
             if (Platte::ordnerTeil(von) != Platte::ordnerTeil(nach))
-                sichern(von);
+                sichern(von, spaeter);
         } catch (const Fehler &) {
             // Not sure to last, so not done: back, as if nothing had been.
             Q_UNUSED(Platte::umbenennen(nach, von));
@@ -103,9 +105,9 @@ private:
         return 0;
     }
 
-    void sichern(const QByteArray &pfad)
+    void sichern(const QByteArray &pfad, bool spaeter)
     {
-        if (m_auftrag.spaeterSichern)
+        if (spaeter)
             m_auftrag.spaeterSichern->insert(Platte::ordnerTeil(pfad));
         else
             Platte::ordnerSichern(pfad);
@@ -135,7 +137,8 @@ private:
             Platte::scheitern(nichtBewegt(), errno);
         Dateikopie kopie(m_quelle, m_vorher, m_ordner);
         const QString temporaer = QDir::cleanPath(m_auftrag.ordner + u'/' + kopie.name());
-        ankuendigen(QDir::cleanPath(m_auftrag.ordner + u'/' + m_auftrag.name), temporaer);
+        // Its final name is announced once it is seen to be free.
+        ankuendigen(temporaer, temporaer);
         kopie.anlegen();
         const QString nach = umbenennen(kopie.pfad(), temporaer);
         if (nach == m_auftrag.von)

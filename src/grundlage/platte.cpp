@@ -16,14 +16,6 @@ bool nichtUnterstuetzt(int fehler)
     return fehler == EINVAL || fehler == ENOSYS || fehler == EOPNOTSUPP || fehler == ENOTSUP;
 }
 
-/** For file systems without renameat2: a second name that must be new, then the first one goes. */
-int ueberVerknuepfung(const QByteArray &von, const QByteArray &nach)
-{
-    if (::link(von.constData(), nach.constData()) != 0)
-        return errno;
-    return ::unlink(von.constData()) == 0 ? 0 : errno;
-}
-
 /** For file systems without links as well: an exclusive empty file takes the name, the rename goes over it. */
 int ueberPlatzhalter(const QByteArray &von, const QByteArray &nach)
 {
@@ -93,6 +85,14 @@ int Platte::umbenennen(const QByteArray &von, const QByteArray &nach)
         return 0;
     if (!nichtUnterstuetzt(errno))
         return errno;
-    const int fehler = ueberVerknuepfung(von, nach);
+    // Without it: a second name that must be new, then the first one goes.
+    if (::link(von.constData(), nach.constData()) == 0) {
+        if (::unlink(von.constData()) == 0)
+            return 0;
+        const int geblieben = errno;
+        ::unlink(nach.constData());
+        return geblieben;
+    }
+    const int fehler = errno;
     return nichtUnterstuetzt(fehler) || fehler == EPERM ? ueberPlatzhalter(von, nach) : fehler;
 }

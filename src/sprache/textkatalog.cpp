@@ -55,6 +55,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Ablageart",
     u"Absender oder Empfänger",
     u"Am Zielort liegt schon eine andere Datei",
+    u"Am alten Platz liegt schon eine andere Datei",
     u"An der Stelle der Datei liegt jetzt etwas anderes",
     u"Analyse abgeschlossen",
     u"Angehalten",

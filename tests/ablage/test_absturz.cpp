@@ -123,6 +123,11 @@ void TestAbsturz::anJedemSystemaufruf_data()
         zeile(u"Kopie rückgängig"_s, u"rueckgaengig"_s, true, false);
         zeile(u"Kopie rückgängig über Datenträger"_s, u"rueckgaengig"_s, true, true);
         zeile(u"Sitzung"_s, u"sitzung"_s, false, false);
+        if (eingriff == u"signal=KILL"_s) {
+            zeile(u"Sitzung über Datenträger"_s, u"sitzung"_s, false, true);
+            zeile(u"Sitzung von Kopien"_s, u"sitzung"_s, true, false);
+            zeile(u"Aussortieren"_s, u"aussortieren"_s, false, false);
+        }
     }
 }
 

@@ -301,6 +301,10 @@ void TestBewegungen::zweitesProgrammWaehrendDerKopie()
                      .nach = bank.profil().zielWurzel + u"/1.pdf"_s,
                      .altStatus = u"bereit"_s,
                      .kopiert = false};
+    const auto angaben = Dateibewegung::angabenVon(bank.quelle(u"1.pdf"_s));
+    QVERIFY(angaben);
+    absicht.groesse = angaben->groesse;
+    absicht.dateizeit = angaben->zeit;
     auto anderes = Absichtsdatei::oeffnen(absichtsdatei(*bank.db()), 0s);
     QVERIFY(anderes);
     anderes->schreiben({absicht.json(), "damaged line"});

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void sitzungZurueck_data();
     void sitzungZurueck();
     void mehrereBewegungenEinesDokuments();
+    void spaetereSitzungBleibt();
     void kopieNurMitOriginal();
     void ausgelassenesUndFehler();
     void fremdesProfil();
@@ -206,6 +207,28 @@ void TestProtokollbuch::mehrereBewegungenEinesDokuments()
     QCOMPARE(bilanz.zurueckgedreht, 2); // the movement undone before is passed over
     QCOMPARE(inhaltVon(bank.quelle(u"1.pdf"_s)), QByteArray("eins"));
     QCOMPARE(bank.lesen(id).status, u"bereit"_s);
+}
+
+/** Turning an old session back once more leaves alone what a later session has filed at the same place. */
+void TestProtokollbuch::spaetereSitzungBleibt()
+{
+    Werkbank bank(m_ordner->path());
+    const qint64 id = bank.dokument(u"1.pdf"_s, "eins");
+    bank.uebernehmen(id);
+    const QString erste = bank.buchDatei();
+    QCOMPARE(Protokollbuch::zurueckdrehen(erste, bank.db(), nichts).zurueckgedreht, 1);
+    bank.db()->ausfuehren(u"UPDATE protokoll SET zeit='2020-01-01T00:00:00Z'"_s);
+    QFile log(erste);
+    QVERIFY(log.open(QIODevice::ReadWrite));
+    Protokollzeile alt = Protokollbuch::lesen(erste).first();
+    alt.zeit = u"2020-01-01T00:00:00Z"_s;
+    log.resize(0);
+    log.write(alt.json() + '\n');
+    log.close();
+    bank.oeffnen();
+    bank.uebernehmen(id);
+    QCOMPARE(Protokollbuch::zurueckdrehen(erste, bank.db(), nichts), Bilanz());
+    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
 }
 
 /** A copy goes to the trash only while its original is where it was, unchanged. */
