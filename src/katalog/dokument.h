@@ -22,7 +22,8 @@ struct Dokument {
     double konfidenz = 0; ///< 0 to 1
     QString vorschlag;
     QString ortQuelle;
-    bool zweitmeinung = false;
+    bool zweitmeinung = false; ///< the larger model was asked
+    bool nachgeprueft = false; ///< and has answered
     QString gelerntVon;
     std::optional<qint64> aehnlichZu;
     double aehnlichkeit = 0; ///< 0 to 1

@@ -31,6 +31,8 @@ const QList<QString> &schemaAnweisungen()
         u"ALTER TABLE protokoll ADD COLUMN kopiert INTEGER DEFAULT 0;"_s,
         u"ALTER TABLE dokumente ADD COLUMN ausgenommen INTEGER DEFAULT 0;"_s,
         u"ALTER TABLE dokumente ADD COLUMN gelernt_von TEXT;"_s,
+        // Tells a second opinion that was given from one that was only asked for.
+        u"ALTER TABLE dokumente ADD COLUMN nachgeprueft INTEGER DEFAULT 0;"_s,
         u"CREATE TABLE IF NOT EXISTS namen (\n"
         "    von TEXT PRIMARY KEY, nach TEXT, anzahl INTEGER DEFAULT 1, zeit TEXT\n"
         ");"_s,

@@ -1,0 +1,71 @@
+#include "blick.h"
+
+#include "ablagewerk.h"
+#include "datenbank.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+std::optional<Dokument> wartendes(Datenbank &db, std::optional<qint64> id)
+{
+    if (!id)
+        return std::nullopt;
+    const QList<Zeile> zeilen =
+        db.abfragen(u"SELECT * FROM dokumente WHERE id=? AND status='bereit' AND ausgenommen=0"_s, {*id});
+    return zeilen.isEmpty() ? std::nullopt : std::optional(Dokument::aus(zeilen.first()));
+}
+
+std::optional<Dokument> gewaehltes(Datenbank &db, const Ablagewerk &werk, const Wunsch &wunsch)
+{
+    if (wunsch.art == Wunsch::Art::Weiter)
+        return werk.naechstes(wunsch.id, wunsch.richtung);
+    if (auto dieses = wartendes(db, wunsch.id))
+        return dieses;
+    if (auto sonst = wartendes(db, wunsch.sonst))
+        return sonst;
+    return werk.naechstes(std::nullopt, {});
+}
+
+Pruefstueck vollstaendig(Datenbank &db, const Ablagewerk &werk, const Dokument &dokument)
+{
+    Pruefstueck stueck{.dokument = dokument, .hatText = false, .aehnlich = std::nullopt};
+    stueck.hatText = !db.abfragen(u"SELECT 1 FROM texte WHERE dokument_id=? AND text<>''"_s, {dokument.id}).isEmpty();
+    if (dokument.aehnlichZu)
+        stueck.aehnlich = werk.dokument(*dokument.aehnlichZu);
+    return stueck;
+}
+
+/** What an accept shows next (the first waiting document but this one), then what the right arrow would. */
+QStringList folgende(Datenbank &db, qint64 id)
+{
+    QStringList pfade;
+    for (const Zeile &z :
+         db.abfragen(
+             u"SELECT pfad FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id<>? ORDER BY id LIMIT 1"_s,
+             {id}) +
+             db.abfragen(
+                 u"SELECT pfad FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id>? ORDER BY id LIMIT 1"_s,
+                 {id})) {
+        if (!pfade.contains(z.text(u"pfad")))
+            pfade << z.text(u"pfad");
+    }
+    return pfade;
+}
+} // namespace
+
+Blick Blick::auf(const std::shared_ptr<Datenbank> &db, const Profil &profil, const Wunsch &wunsch)
+{
+    const Ablagewerk werk(db, profil);
+    Blick blick;
+    if (const auto dokument = gewaehltes(*db, werk, wunsch)) {
+        blick.aktuelles = vollstaendig(*db, werk, *dokument);
+        blick.voraus = folgende(*db, dokument->id);
+    }
+    blick.zaehlwerk = werk.zaehlen();
+    const QList<Zeile> ruhende = db->abfragen(u"SELECT COUNT(*) n FROM dokumente WHERE ausgenommen=1"_s);
+    blick.ausgenommen = ruhende.isEmpty() ? 0 : ruhende.first().ganz(u"n");
+    blick.umkehrbar =
+        !db->abfragen(u"SELECT 1 FROM protokoll WHERE rueckgaengig=0 ORDER BY id DESC LIMIT 1"_s).isEmpty();
+    return blick;
+}

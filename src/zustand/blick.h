@@ -1,0 +1,51 @@
+#pragma once
+
+#include "dokument.h"
+#include "profil.h"
+#include "zaehlwerk.h"
+
+#include <QStringList>
+#include <memory>
+
+class Datenbank;
+
+/** A document under review, with what the catalogue knows about it beside its row. */
+struct Pruefstueck {
+    Dokument dokument;
+    bool hatText = false;             ///< some text was read
+    std::optional<Dokument> aehnlich; ///< the similar document; none if there is none or it is unknown
+    bool operator==(const Pruefstueck &) const = default;
+};
+
+/** Which document comes under review. */
+struct Wunsch {
+    enum class Art {
+        Behalten, ///< the one with @c id while it waits, else the first waiting one
+        Weiter,   ///< from @c id in @c richtung; see Ablagewerk::naechstes()
+        Dieses,   ///< the one with @c id if it waits, else the one with @c sonst while it waits, else the first
+    };
+    Art art = Art::Behalten;
+    std::optional<qint64> id;
+    QString richtung;
+    std::optional<qint64> sonst;
+
+    [[nodiscard]] static Wunsch behalten(std::optional<qint64> id) { return {Art::Behalten, id, {}, {}}; }
+    [[nodiscard]] static Wunsch weiter(std::optional<qint64> id, const QString &richtung)
+    {
+        return {Art::Weiter, id, richtung, {}};
+    }
+    [[nodiscard]] static Wunsch dieses(qint64 id, std::optional<qint64> sonst) { return {Art::Dieses, id, {}, sonst}; }
+};
+
+/** What the interface shows of a catalogue at one moment. */
+struct Blick {
+    Zaehlwerk zaehlwerk;
+    std::optional<Pruefstueck> aktuelles;
+    QStringList voraus;     ///< paths of the documents that are likely to come next
+    qint64 ausgenommen = 0; ///< documents that the exclusion rules cover
+    bool umkehrbar = false; ///< some movement can be taken back
+    bool operator==(const Blick &) const = default;
+
+    /** Looks into the catalogue. Blocks. */
+    [[nodiscard]] static Blick auf(const std::shared_ptr<Datenbank> &db, const Profil &profil, const Wunsch &wunsch);
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "dokument.h"
+#include "profil.h"
+
+#include <QMap>
+
+/** What the reviewer can change in a proposal, in the order of the review card. */
+enum class Feld { Datum, Gegenueber, Titel, Zweig, Ablage, Jahr, Rubrik };
+
+[[nodiscard]] QString feldwert(const Dokument &dokument, Feld feld);
+
+/** The reviewer's changes to one document that are not filed yet. They go before whatever is stored meanwhile. */
+class Entwurf
+{
+public:
+    /**
+     * Changes @p feld of @p dokument and what follows from it: the year follows the date until it is edited itself, and
+     * kind and category stay only where the new branch or kind has them. A value that is there already changes nothing.
+     */
+    void setzen(Dokument &dokument, Feld feld, const QString &wert, const Profil &profil);
+    /** All three levels at once. */
+    void ortSetzen(Dokument &dokument, const Ort &ort);
+
+    /** Puts the changes over a freshly read @p dokument. */
+    void anwenden(Dokument &dokument) const;
+    [[nodiscard]] bool leer() const { return m_werte.isEmpty(); }
+
+private:
+    void schreiben(Dokument &dokument, Feld feld, const QString &wert);
+
+    QMap<Feld, QString> m_werte;
+    bool m_jahrVonHand = false;
+};

@@ -1,0 +1,52 @@
+#include "oeffnung.h"
+
+#include "ablagewerk.h"
+#include "bewegungsgang.h"
+#include "datenbank.h"
+#include "hintergrund.h"
+#include "profilspeicher.h"
+#include "sprache.h"
+#include "text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/** Runs what may fail without keeping the catalogue from being used, and collects what it has to say. */
+void versuchen(QStringList &hinweise, const std::function<QStringList()> &arbeit)
+{
+    try {
+        hinweise += arbeit();
+    } catch (const Fehler &) {
+        hinweise << Hintergrund::fehlersatz();
+    }
+}
+} // namespace
+
+QStringList ausnahmenDurchsetzen(Datenbank &db, const Profil &profil)
+{
+    const auto wechsel = Ablagewerk::ausnahmenAnwenden(db, profil);
+    QStringList teile;
+    if (wechsel.ruhen >= 1)
+        teile << gefuellt(Sprache::text(u"%@ aus der Warteschlange genommen"_s), {QString::number(wechsel.ruhen)});
+    if (wechsel.zurueckgeholt >= 1)
+        teile << gefuellt(Sprache::text(u"%@ zurückgeholt"_s), {QString::number(wechsel.zurueckgeholt)});
+    return teile;
+}
+
+Oeffnung Oeffnung::von(const Profil &profil)
+{
+    Oeffnung o;
+    o.db = std::make_shared<Datenbank>(Profilspeicher::katalogDatei(profil));
+    if (o.db->nurLesen()) {
+        o.hinweise << Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
+    } else {
+        versuchen(o.hinweise, [&] {
+            Bewegungsgang::klaeren(o.db, profil);
+            return QStringList();
+        });
+        versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
+    }
+    o.blick = Blick::auf(o.db, profil, {});
+    return o;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "blick.h"
+
+/** A freshly opened catalogue with what the interface shows first. */
+struct Oeffnung {
+    std::shared_ptr<Datenbank> db;
+    QStringList hinweise;
+    Blick blick;
+
+    /**
+     * Opens or makes the profile's catalogue, settles what a crash left open and applies the exclusion rules. Blocks,
+     * up to a minute while another program holds the catalogue. Throws Fehler when it cannot be opened.
+     */
+    [[nodiscard]] static Oeffnung von(const Profil &profil);
+};
+
+/** Applies the exclusion rules; the sentences say what changed by it. Throws Fehler when the catalogue is not writable.
+ */
+[[nodiscard]] QStringList ausnahmenDurchsetzen(Datenbank &db, const Profil &profil);

@@ -1,0 +1,64 @@
+#include "profilsicherung.h"
+
+#include "hintergrund.h"
+#include "sprache.h"
+#include "text.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr auto geduldAmEnde = 1s;
+}
+
+Profilsicherung::Profilsicherung(QObject *vater) : QObject(vater) {}
+
+Profilsicherung::~Profilsicherung()
+{
+    if (m_laeuft)
+        Hintergrund::warten(geduldAmEnde);
+    if (m_dazu || (m_laeuft && m_wunsch != m_unterwegs))
+        Profilspeicher::sichern(m_wunsch, m_laeuft ? m_unterwegs : m_stand);
+}
+
+void Profilsicherung::sichern(const QList<Profil> &profile)
+{
+    m_wunsch = profile;
+    m_dazu = true;
+    // At the end of the event, so that a burst of changes is one saving.
+    QMetaObject::invokeMethod(this, &Profilsicherung::starten, Qt::QueuedConnection);
+}
+
+void Profilsicherung::starten()
+{
+    if (m_laeuft || !m_dazu)
+        return;
+    m_laeuft = true;
+    m_dazu = false;
+    m_unterwegs = m_wunsch;
+    imHintergrund(
+        this, [neu = m_unterwegs, stand = m_stand] { return Profilspeicher::sichern(neu, stand); },
+        [this](const Ausgang<Profilspeicher::Gesichert> &ausgang) {
+            m_laeuft = false;
+            ausliefern(ausgang.wert.value_or(Profilspeicher::Gesichert{}));
+        });
+}
+
+void Profilsicherung::ausliefern(const Profilspeicher::Gesichert &ergebnis)
+{
+    if (!ergebnis.beiseite.isEmpty())
+        Q_EMIT gemeldet(
+            gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
+                     {ergebnis.beiseite}));
+    if (!ergebnis.gelungen) {
+        Q_EMIT gemeldet(Sprache::text(u"Die Einstellungen ließen sich nicht speichern. Ist die Platte voll?"_s));
+        if (m_dazu)
+            starten();
+        return;
+    }
+    m_stand = m_dazu ? m_unterwegs : ergebnis.profile;
+    if (m_dazu)
+        return starten();
+    Q_EMIT gesichert(ergebnis.profile);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "profilspeicher.h"
+
+#include <QObject>
+
+/**
+ * Saves the profile list off the main thread, one saving after the other, each with all changes made until then.
+ * Nothing is lost at the end of the program: the destructor saves what is still open.
+ */
+class Profilsicherung : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Profilsicherung(QObject *vater = nullptr);
+    ~Profilsicherung() override;
+
+    /** The list as it is stored now. */
+    void standSetzen(const QList<Profil> &stand) { m_stand = stand; }
+    /** Saves @p profile soon; several calls in a row become one saving. */
+    void sichern(const QList<Profil> &profile);
+    [[nodiscard]] bool offen() const { return m_laeuft || m_dazu; }
+
+Q_SIGNALS:
+    /** All is saved; @p profile is the stored list, with what other programs have changed meanwhile. */
+    void gesichert(const QList<Profil> &profile);
+    /** The list could not be written, or an unreadable one was kept aside; a sentence for the user. */
+    void gemeldet(const QString &satz);
+
+private:
+    void starten();
+    void ausliefern(const Profilspeicher::Gesichert &ergebnis);
+
+    QList<Profil> m_stand;     ///< as stored, or as handed over by the saving before
+    QList<Profil> m_wunsch;    ///< as it shall be
+    QList<Profil> m_unterwegs; ///< as the running saving writes it
+    bool m_laeuft = false;
+    bool m_dazu = false; ///< something was changed since the running saving began
+};

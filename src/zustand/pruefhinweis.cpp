@@ -1,0 +1,94 @@
+#include "pruefhinweis.h"
+
+#include "fehlertext.h"
+#include "pfade.h"
+#include "sprache.h"
+#include "text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+using Art = Pruefhinweis::Art;
+
+class Sammlung
+{
+public:
+    Sammlung(const Pruefstueck &stueck, const Profil &profil)
+        : m_stueck(stueck), m_dokument(stueck.dokument), m_profil(profil)
+    {
+    }
+
+    QList<Pruefhinweis> alle()
+    {
+        zumText();
+        zumGegenueber();
+        zumOrt();
+        zurHerkunft();
+        zumAehnlichen();
+        return m_hinweise;
+    }
+
+private:
+    void dazu(Art art, const QString &text) { m_hinweise << Pruefhinweis{.art = art, .text = text}; }
+
+    void zumText()
+    {
+        if (m_dokument.fehler && !m_dokument.fehler->isEmpty())
+            dazu(Art::Fehler, Fehlertext::anzeige(*m_dokument.fehler));
+        if (!m_stueck.hatText)
+            dazu(Art::KeinText, Sprache::text(u"Kein Text erkannt. Bitte von Hand ausfüllen."_s));
+        else if (!m_dokument.hatTextebene)
+            dazu(Art::Texterkennung, Sprache::text(u"Per Texterkennung gelesen. Schreibweisen bitte prüfen."_s));
+    }
+
+    void zumGegenueber()
+    {
+        if (m_dokument.gegenueber.isEmpty() && m_stueck.hatText && !m_dokument.fehler)
+            dazu(Art::KeinGegenueber, Sprache::text(u"Kein Gegenüber gefunden. Im Dokument stand nur dein eigener "
+                                                    "Name, die andere Seite ließ sich nicht bestimmen."_s));
+    }
+
+    void zumOrt()
+    {
+        const auto heute = heutigerOrt(m_dokument, m_profil);
+        const Ort neu{.zweig = m_dokument.zweig, .ablage = m_dokument.ablage, .rubrik = m_dokument.rubrik};
+        if (heute && *heute != neu)
+            dazu(Art::AndererOrt, gefuellt(Sprache::text(u"Vorschlag weicht vom heutigen Ort ab. Bisher: %@/%@/%@"_s),
+                                           {heute->zweig, heute->ablage, heute->rubrik}));
+    }
+
+    void zurHerkunft()
+    {
+        if (m_dokument.ortQuelle == u"gelernt"_s)
+            dazu(Art::Gelernt, Sprache::text(u"Vorschlag stammt aus deiner eigenen Korrektur bei diesem Gegenüber. "
+                                             "Änderst du ihn hier, lernt das Programm um."_s));
+        if (m_dokument.zweitmeinung && m_dokument.nachgeprueft)
+            dazu(Art::Nachgeprueft, Sprache::text(u"Vom großen Modell nachgeprüft."_s));
+    }
+
+    void zumAehnlichen()
+    {
+        if (m_stueck.aehnlich)
+            dazu(Art::Aehnlich,
+                 gefuellt(Sprache::text(u"Sehr ähnlich zu %@, %@ Prozent Übereinstimmung."_s),
+                          {nameVon(m_stueck.aehnlich->pfad), QString::number(qRound(m_dokument.aehnlichkeit * 100))}));
+    }
+
+    const Pruefstueck &m_stueck;
+    const Dokument &m_dokument;
+    const Profil &m_profil;
+    QList<Pruefhinweis> m_hinweise;
+};
+} // namespace
+
+QList<Pruefhinweis> pruefhinweise(const Pruefstueck &stueck, const Profil &profil)
+{
+    return Sammlung(stueck, profil).alle();
+}
+
+std::optional<Ort> heutigerOrt(const Dokument &dokument, const Profil &profil)
+{
+    const Ort heute = profil.zerlegen(dokument.altOrdner);
+    return profil.kennt(heute) ? std::optional(heute) : std::nullopt;
+}

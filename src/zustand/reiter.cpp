@@ -1,0 +1,56 @@
+#include "reiter.h"
+
+#include "sprache.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct Eintrag {
+    Reiter reiter;
+    QString rohwert;
+    QString titel;
+    QString symbol;
+    QString hilfe;
+};
+
+const QList<Eintrag> &tabelle()
+{
+    static const QList<Eintrag> eintraege = {
+        {Reiter::einrichtung, u"einrichtung"_s, QUILLMAR_TEXT(u"Einrichtung"_s), u"slider.horizontal.3"_s,
+         QUILLMAR_TEXT(u"Vorbereitung: benötigte Programme, Herkunftsordner, Ausnahmen, Benennungsmuster und "
+                       "Zielstruktur festlegen"_s)},
+        {Reiter::ablauf, u"ablauf"_s, QUILLMAR_TEXT(u"Ablauf"_s), u"play.circle"_s,
+         QUILLMAR_TEXT(u"Den Durchgang starten und überwachen. Hier wird auch entschieden, ob Dateien verschoben oder "
+                       "kopiert werden"_s)},
+        {Reiter::pruefen, u"pruefen"_s, QUILLMAR_TEXT(u"Prüfen"_s), u"doc.text.magnifyingglass"_s,
+         QUILLMAR_TEXT(u"Jedes Dokument einzeln ansehen, den Vorschlag bestätigen oder ändern"_s)},
+        {Reiter::protokoll, u"protokoll"_s, QUILLMAR_TEXT(u"Protokoll"_s), u"clock.arrow.circlepath"_s,
+         QUILLMAR_TEXT(u"Sitzungsprotokolle ablegen, ansehen und eine ganze Sitzung rückgängig machen"_s)},
+    };
+    return eintraege;
+}
+
+const Eintrag &eintrag(Reiter reiter) { return tabelle().at(int(reiter)); }
+} // namespace
+
+const QList<Reiter> &alleReiter()
+{
+    static const QList<Reiter> alle = {Reiter::einrichtung, Reiter::ablauf, Reiter::pruefen, Reiter::protokoll};
+    return alle;
+}
+
+QString rohwert(Reiter reiter) { return eintrag(reiter).rohwert; }
+
+Reiter reiterAus(const QString &rohwert)
+{
+    for (const Eintrag &e : tabelle()) {
+        if (e.rohwert == rohwert)
+            return e.reiter;
+    }
+    return Reiter::einrichtung;
+}
+
+QString reiterTitel(Reiter reiter) { return Sprache::text(/* QUILLMAR_TEXT */ eintrag(reiter).titel); }
+QString reiterHilfe(Reiter reiter) { return Sprache::text(/* QUILLMAR_TEXT */ eintrag(reiter).hilfe); }
+QString reiterSymbol(Reiter reiter) { return eintrag(reiter).symbol; }

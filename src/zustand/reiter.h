@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/** The cards of the main window, in their order. */
+enum class Reiter { einrichtung, ablauf, pruefen, protokoll };
+
+[[nodiscard]] const QList<Reiter> &alleReiter();
+[[nodiscard]] QString rohwert(Reiter reiter);
+[[nodiscard]] Reiter reiterAus(const QString &rohwert); ///< `einrichtung` for anything else
+
+/** Title and help text in the user's language, and the name of the symbol. */
+[[nodiscard]] QString reiterTitel(Reiter reiter);
+[[nodiscard]] QString reiterHilfe(Reiter reiter);
+[[nodiscard]] QString reiterSymbol(Reiter reiter);

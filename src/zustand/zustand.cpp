@@ -1,0 +1,303 @@
+#include "zustand.h"
+
+#include "analyse.h"
+#include "datenbank.h"
+#include "einstellungen.h"
+#include "hintergrund.h"
+#include "oeffnung.h"
+#include "profilsicherung.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr auto schluesselTeilung = "teilung"_L1;
+constexpr double halbe = 0.5;
+constexpr double kleinsteTeilung = 0.25;
+constexpr double groessteTeilung = 0.75;
+constexpr auto geduldAmEnde = 1s;
+
+double gespeicherteTeilung()
+{
+    bool zahl = false;
+    const double wert = Einstellungen::wert(schluesselTeilung).toDouble(&zahl);
+    return zahl && std::isfinite(wert) ? std::clamp(wert, kleinsteTeilung, groessteTeilung) : halbe;
+}
+
+template <typename Liste>
+auto nachId(Liste &liste, const QUuid &id)
+{
+    return std::find_if(liste.begin(), liste.end(), [&](const Profil &p) { return p.id == id; });
+}
+} // namespace
+
+Zustand::Waehler Zustand::ordnerwaehler;
+Zustand::Waehler Zustand::protokollwaehler;
+
+Zustand::Zustand(QObject *vater)
+    : QObject(vater), m_profile(Profilspeicher::laden()), m_sicherung(new Profilsicherung(this)),
+      m_briefe(std::make_shared<Briefkasten>(this)), m_teilung(gespeicherteTeilung())
+{
+    m_sicherung->standSetzen(m_profile);
+    connect(m_sicherung, &Profilsicherung::gesichert, this, &Zustand::profileUebernehmen);
+    connect(m_sicherung, &Profilsicherung::gemeldet, this, [this](const QString &satz) { melden(satz); });
+}
+
+Zustand::~Zustand()
+{
+    m_briefe->schliessen();
+    m_halt.request_stop();
+    m_ladeende.request_stop();
+    for (const auto &lauf : m_auslaufende)
+        lauf->sofortBeenden();
+    if (m_analyse)
+        m_analyse->sofortBeenden();
+    m_analyse.reset();
+    m_auslaufende.clear();
+    Hintergrund::warten(geduldAmEnde);
+}
+
+void Zustand::beginnen(const QString &name)
+{
+    if (m_aktiv || m_oeffnet || m_profile.isEmpty())
+        return;
+    auto gewaehlt = std::find_if(m_profile.cbegin(), m_profile.cend(), [&](const Profil &p) { return p.name == name; });
+    if (gewaehlt == m_profile.cend()) {
+        if (!name.isEmpty())
+            melden(Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + name);
+        gewaehlt = m_profile.cbegin();
+    }
+    aktivieren(gewaehlt->id);
+}
+
+void Zustand::aktivieren(const QUuid &id)
+{
+    const auto gewaehlt = nachId(m_profile, id);
+    if (gewaehlt == m_profile.end() || (m_aktiv && m_aktiv->id == id && !m_oeffnet && m_db))
+        return;
+    // What was asked for meant a document of the other catalogue.
+    m_spaeter = {};
+    if (!m_db) {
+        m_aktiv = *gewaehlt;
+        Q_EMIT aktivGeaendert();
+    }
+    oeffnen(*gewaehlt);
+}
+
+void Zustand::oeffnen(const Profil &profil)
+{
+    m_oeffnet = true;
+    Q_EMIT oeffnetGeaendert();
+    imHintergrund(
+        this, [profil] { return Oeffnung::von(profil); },
+        [this, profil, nummer = ++m_oeffnung](const Ausgang<Oeffnung> &ausgang) {
+            if (nummer != m_oeffnung)
+                return; // another profile was chosen meanwhile
+            m_oeffnet = false;
+            if (ausgang.wert)
+                geoeffnet(profil.id, *ausgang.wert);
+            else
+                melden(ausgang.fehler);
+            Q_EMIT oeffnetGeaendert();
+        });
+}
+
+void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
+{
+    analyseAbloesen();
+    if (const auto gewaehlt = nachId(m_profile, id); gewaehlt != m_profile.end())
+        m_aktiv = *gewaehlt;
+    m_db = oeffnung.db;
+    m_buch.reset();
+    m_entwuerfe.clear();
+    m_rueckweg.reset();
+    m_bereitschaft.reset();
+    ++m_blickfrage;
+    analyseAnlegen();
+    Q_EMIT aktivGeaendert();
+    m_geschehen.clear();
+    melden(oeffnung.hinweise.join(u", "_s));
+    zeigen(oeffnung.blick);
+    bereitschaftPruefen();
+    modellPruefen();
+    protokollWaehlen(std::nullopt);
+    m_protokollDateien.clear();
+    protokolleListen();
+    Q_EMIT gelerntGeaendert();
+}
+
+void Zustand::analyseAnlegen()
+{
+    m_analyse = std::make_unique<Analyse>(m_db, *m_aktiv);
+    connect(m_analyse.get(), &Analyse::geaendert, this, &Zustand::laufGeaendert);
+    connect(m_analyse.get(), &Analyse::beendet, this, [this] {
+        if (!m_analyse->hinweise().isEmpty())
+            melden(m_analyse->hinweise().join(u", "_s));
+        aktualisieren();
+        Q_EMIT laufBeendet();
+    });
+    Q_EMIT laufGeaendert();
+}
+
+/** A run of the former profile finishes the document in hand; nobody waits for it. */
+void Zustand::analyseAbloesen()
+{
+    if (!m_analyse)
+        return;
+    m_analyse->disconnect(this);
+    if (m_analyse->laeuft()) {
+        m_analyse->abbrechen();
+        const Analyse *alt = m_analyse.get();
+        connect(
+            alt, &Analyse::beendet, this,
+            [this, alt] { std::erase_if(m_auslaufende, [alt](const auto &lauf) { return lauf.get() == alt; }); },
+            Qt::QueuedConnection);
+        m_auslaufende.push_back(std::move(m_analyse));
+    }
+    m_analyse.reset();
+}
+
+void Zustand::durchgangStarten(bool erneut)
+{
+    if (!kannHandeln())
+        return;
+    m_analyse->profilSetzen(*m_aktiv);
+    m_analyse->allesStarten(erneut);
+}
+
+void Zustand::durchgangAnhalten()
+{
+    if (m_analyse)
+        m_analyse->abbrechen();
+}
+
+void Zustand::neuesProfil()
+{
+    Profil neu;
+    neu.name = gefuellt(Sprache::text(u"Ablage %@"_s), {QString::number(m_profile.size() + 1)});
+    m_profile << neu;
+    sichern();
+    Q_EMIT profileGeaendert();
+    aktivieren(neu.id);
+    setzeReiter(Reiter::einrichtung);
+}
+
+void Zustand::profilAendern(const Profil &profil)
+{
+    if (!m_aktiv || m_aktiv->id != profil.id || *m_aktiv == profil)
+        return;
+    const Profil vorher = *m_aktiv;
+    m_aktiv = profil;
+    sichern();
+    Q_EMIT profileGeaendert();
+    if (m_stueck)
+        Q_EMIT angabenGeaendert();
+    bereitschaftPruefen();
+    if (vorher.modell != profil.modell)
+        modellPruefen();
+    if (vorher.protokollURL() != profil.protokollURL())
+        protokolleListen();
+}
+
+void Zustand::kopierenSetzen(bool kopieren)
+{
+    if (!m_aktiv)
+        return;
+    Profil neu = *m_aktiv;
+    neu.kopieren = kopieren;
+    profilAendern(neu);
+}
+
+void Zustand::sichern()
+{
+    if (m_aktiv) {
+        if (const auto stelle = nachId(m_profile, m_aktiv->id); stelle != m_profile.end())
+            *stelle = *m_aktiv;
+    }
+    m_sicherung->sichern(m_profile);
+}
+
+/** What other programs have changed meanwhile. A profile that one of them removed stays while it is in use here. */
+void Zustand::profileUebernehmen(const QList<Profil> &profile)
+{
+    if (profile == m_profile)
+        return;
+    m_profile = profile;
+    if (m_aktiv) {
+        if (const auto stelle = nachId(m_profile, m_aktiv->id); stelle != m_profile.end())
+            m_aktiv = *stelle;
+        else
+            m_profile << *m_aktiv;
+    }
+    Q_EMIT profileGeaendert();
+}
+
+void Zustand::bereitschaftPruefen()
+{
+    if (!m_aktiv)
+        return;
+    imHintergrund(
+        this, [profil = *m_aktiv] { return Bereitschaft::pruefen(profil); },
+        [this, nummer = ++m_bereitschaftsfrage](const Ausgang<Bereitschaft> &ausgang) {
+            if (nummer != m_bereitschaftsfrage || !ausgang.wert || m_bereitschaft == ausgang.wert)
+                return;
+            m_bereitschaft = ausgang.wert;
+            if (std::exchange(m_ersteWahl, false) && bereitZumStart())
+                setzeReiter(Reiter::pruefen);
+            Q_EMIT bereitschaftGeaendert();
+        });
+}
+
+void Zustand::melden(const QString &hinweis, Ton ton)
+{
+    m_hinweis = hinweis;
+    m_ton = hinweis.isEmpty() ? Ton::ruhig : ton;
+    Q_EMIT hinweisGeaendert();
+}
+
+void Zustand::ausnahmenAnwenden()
+{
+    if (!kannHandeln())
+        return;
+    imHintergrund(
+        this, [db = m_db, profil = *m_aktiv] { return ausnahmenDurchsetzen(*db, profil); },
+        [this, nummer = m_oeffnung](const Ausgang<QStringList> &ausgang) {
+            if (nummer != m_oeffnung)
+                return;
+            if (!ausgang.wert)
+                melden(ausgang.fehler);
+            else if (!ausgang.wert->isEmpty())
+                melden(ausgang.wert->join(u", "_s), Ton::gut);
+            aktualisieren();
+        });
+}
+
+void Zustand::setzeReiter(Reiter reiter)
+{
+    m_ersteWahl = false;
+    if (m_reiter == reiter)
+        return;
+    m_reiter = reiter;
+    Q_EMIT reiterGeaendert();
+}
+
+void Zustand::setzeTeilung(double teilung)
+{
+    const double neu = std::clamp(teilung, kleinsteTeilung, groessteTeilung);
+    if (neu == m_teilung)
+        return;
+    m_teilung = neu;
+    Einstellungen::setzen(schluesselTeilung, neu);
+    Q_EMIT teilungGeaendert();
+}
+
+std::optional<QString> Zustand::ordnerWaehlen(const QString &titel)
+{
+    return ordnerwaehler ? ordnerwaehler(titel) : std::nullopt;
+}

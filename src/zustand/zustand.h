@@ -1,0 +1,260 @@
+#pragma once
+
+#include "bereitschaft.h"
+#include "entwurf.h"
+#include "handlung.h"
+#include "modellstand.h"
+#include "protokollbuch.h"
+#include "pruefhinweis.h"
+#include "reiter.h"
+
+#include <QHash>
+#include <QObject>
+#include <memory>
+#include <stop_token>
+#include <vector>
+
+class Analyse;
+class Briefkasten;
+class Lernspeicher;
+struct Oeffnung;
+class Profilsicherung;
+
+/**
+ * The one observable state of the interactive program: the cards read its fields and call its operations, nothing else.
+ *
+ * Lives on the main thread; its fields change there only, and every change is told by a signal. Whatever waits for a
+ * disk, a catalogue, a server or another program runs elsewhere and its result comes back here, so no operation blocks.
+ * Failures never leave it: they become the notice.
+ */
+class Zustand : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Zustand(QObject *vater = nullptr);
+    /** Ends a run at once and waits at most a second or two for work under way; what is left is settled later. */
+    ~Zustand() override;
+
+    // Profiles
+    [[nodiscard]] const QList<Profil> &profile() const { return m_profile; }
+    [[nodiscard]] const std::optional<Profil> &aktiv() const { return m_aktiv; }
+    /** Opens the first profile, or the one called @p name; once it is known to be ready, on the review card. */
+    void beginnen(const QString &name = {});
+    /** Makes the profile with @p id active. If its catalogue does not open, the former profile stays. */
+    void aktivieren(const QUuid &id);
+    void neuesProfil();
+    /** The active profile with other settings: takes effect at once and is saved. */
+    void profilAendern(const Profil &profil);
+    void kopierenSetzen(bool kopieren);
+    void sichern();
+    /** A catalogue is being opened; the fields still belong to the former one. */
+    [[nodiscard]] bool oeffnet() const { return m_oeffnet; }
+    /** A profile is active and its catalogue open. */
+    [[nodiscard]] bool offen() const { return m_db && m_aktiv; }
+    [[nodiscard]] bool bereitZumStart() const { return m_bereitschaft && m_bereitschaft->vollstaendig(); }
+    /** None until it has been looked at. */
+    [[nodiscard]] const std::optional<Bereitschaft> &bereitschaft() const { return m_bereitschaft; }
+    void bereitschaftPruefen();
+
+    // Counts and the document under review
+    [[nodiscard]] const Zaehlwerk &zaehlwerk() const { return m_blick.zaehlwerk; }
+    [[nodiscard]] qint64 ausgenommen() const { return m_blick.ausgenommen; }
+    /** The document under review with the reviewer's changes; null if there is none. */
+    [[nodiscard]] const Dokument *aktuelles() const { return m_stueck ? &m_stueck->dokument : nullptr; }
+    [[nodiscard]] QList<Pruefhinweis> pruefhinweise() const;
+    [[nodiscard]] const Dokument *aehnliches() const;
+    /** The preview shows the similar document instead of the one under review. */
+    [[nodiscard]] bool partnerZeigen() const { return m_partnerZeigen; }
+    void setzePartnerZeigen(bool zeigen);
+    /** Paths of the documents that are likely to be shown next. */
+    [[nodiscard]] const QStringList &voraus() const { return m_blick.voraus; }
+    void feldSetzen(Feld feld, const QString &wert);
+    void altenOrtBehalten();
+    /** The date is empty or has its form. */
+    [[nodiscard]] bool datumGueltig() const;
+    /** New file name and the levels of the target folder below the target root, from the fields as they stand. */
+    [[nodiscard]] QString neuerName() const;
+    [[nodiscard]] QStringList zielpfad() const;
+    void aktualisieren();
+
+    // Deeds of the review. One at a time: another one asked for meanwhile is kept (one) and done afterwards.
+    void uebernehmen();
+    void zuruecklegen();
+    void aussortieren();
+    void rueckgaengig();
+    /** "weiter", "zurueck", or empty for the first waiting document. */
+    void weiter(const QString &richtung);
+    /** Takes back what the notice tells of. */
+    void zurueck();
+    void zurueckgestellteVorlegen();
+    void dublettenAusraeumen();
+    /** Stops a long deed after the document in hand. */
+    void anhalten();
+    [[nodiscard]] bool beschaeftigt() const { return m_beschaeftigt || m_rueckbauLaeuft; }
+    /** What a long deed is doing, for the user; empty if none. */
+    [[nodiscard]] const QString &vorgang() const { return m_vorgang; }
+    [[nodiscard]] double vorgangsanteil() const { return m_vorgangsanteil; }
+
+    // What was done and what is to be said
+    enum class Ton { ruhig, gut, warnung };
+    [[nodiscard]] const QString &hinweis() const { return m_hinweis; }
+    /** The last deed: what happened to which document. Empty after one that failed. */
+    [[nodiscard]] const QString &geschehen() const { return m_geschehen; }
+    [[nodiscard]] Ton ton() const { return m_ton; }
+    /** zurueck() has something to take back. */
+    [[nodiscard]] bool zurueckMoeglich() const { return m_rueckweg.has_value(); }
+    /** rueckgaengig() has something to take back. */
+    [[nodiscard]] bool umkehrbar() const { return m_blick.umkehrbar; }
+    void melden(const QString &hinweis, Ton ton = Ton::warnung);
+
+    // The analysis; null without an open catalogue
+    [[nodiscard]] const Analyse *analyse() const { return m_analyse.get(); }
+    void durchgangStarten(bool erneut = false);
+    void durchgangAnhalten();
+
+    // Learning memory
+    void gelerntVergessen(const QString &schluessel);
+    void gleichungVergessen(const QString &von);
+
+    // Model
+    [[nodiscard]] bool modellBereit() const { return m_modell.art == Modellstand::Art::bereit; }
+    [[nodiscard]] const QString &modellMeldung() const { return m_modell.meldung; }
+    [[nodiscard]] const Modellstand &modellstand() const { return m_modell; }
+    void modellPruefen();
+    void modellLaden();
+    void modellLadenAbbrechen();
+
+    // Session logs
+    [[nodiscard]] const QStringList &protokollDateien() const { return m_protokollDateien; }
+    [[nodiscard]] const std::optional<QString> &protokollDatei() const { return m_protokollDatei; }
+    [[nodiscard]] const std::optional<Protokollkopf> &protokollKopf() const { return m_protokollKopf; }
+    [[nodiscard]] const QList<Protokollzeile> &protokollZeilen() const { return m_protokollZeilen; }
+    [[nodiscard]] bool protokollLaedt() const { return m_protokollLaedt; }
+    [[nodiscard]] bool rueckbauLaeuft() const { return m_rueckbauLaeuft; }
+    [[nodiscard]] const QString &rueckbauMeldung() const { return m_rueckbauMeldung; }
+    [[nodiscard]] double rueckbauAnteil() const { return m_rueckbauAnteil; }
+    /** What went wrong in the last turning back, a line each. */
+    [[nodiscard]] const QStringList &rueckbauFehler() const { return m_rueckbauFehler; }
+    /** The running session's log; null before the first movement. */
+    [[nodiscard]] const Protokollbuch *laufendesBuch() const { return m_buch.get(); }
+    void protokolleListen();
+    void protokollWaehlen(const std::optional<QString> &datei);
+    void protokollDateiWaehlen();
+    void protokollZurueckdrehen();
+
+    void ausnahmenAnwenden();
+
+    // Interface
+    [[nodiscard]] Reiter reiter() const { return m_reiter; }
+    void setzeReiter(Reiter reiter);
+    /** Share of the first pane of a divided card, 0.25 to 0.75. */
+    [[nodiscard]] double teilung() const { return m_teilung; }
+    void setzeTeilung(double teilung);
+
+    /** Asks for a folder; none when cancelled. The interface (or a test) answers through the choosers below. */
+    [[nodiscard]] static std::optional<QString> ordnerWaehlen(const QString &titel);
+    using Waehler = std::function<std::optional<QString>(const QString &titel)>;
+    static Waehler ordnerwaehler;
+    static Waehler protokollwaehler;
+
+Q_SIGNALS:
+    void profileGeaendert(); ///< the list, or settings of the active profile
+    void aktivGeaendert();   ///< another profile
+    void oeffnetGeaendert();
+    void bereitschaftGeaendert();
+    void zaehlwerkGeaendert();
+    void aktuellesGeaendert(); ///< another document, or none
+    void angabenGeaendert();   ///< values of the same document, by the reviewer or from outside
+    void partnerZeigenGeaendert();
+    void vorausGeaendert();
+    void hinweisGeaendert(); ///< notice, deed or what can be taken back
+    void beschaeftigtGeaendert();
+    void vorgangGeaendert();
+    void laufGeaendert();
+    void laufBeendet();
+    void gelerntGeaendert();
+    void modellGeaendert();
+    void protokollDateienGeaendert();
+    void protokollGeaendert();
+    void rueckbauGeaendert();
+    void reiterGeaendert();
+    void teilungGeaendert();
+
+private:
+    using Tat = std::function<Geschehen(const Arbeitsplatz &)>;
+    struct Tatfolge;
+
+    void profileUebernehmen(const QList<Profil> &profile);
+    void oeffnen(const Profil &profil);
+    void geoeffnet(const QUuid &id, const Oeffnung &oeffnung);
+    void analyseAnlegen();
+    void analyseAbloesen();
+
+    [[nodiscard]] std::optional<qint64> dokumentId() const
+    {
+        return m_stueck ? std::optional(m_stueck->dokument.id) : std::nullopt;
+    }
+    [[nodiscard]] bool kannHandeln() const { return offen() && !m_oeffnet; }
+    void handeln(const Tat &tat, const Wunsch &danach, const QString &vorgang);
+    void tatFertig(const Tatfolge &folge);
+    void warten(std::function<void()> spaeter);
+    void freigeben();
+    void zeigen(const Blick &blick);
+    void stueckSetzen(std::optional<Pruefstueck> stueck);
+    void vorgangSetzen(const QString &text, double anteil);
+    void modellSetzen(const Modellstand &stand);
+    void lernenAendern(const std::function<void(Lernspeicher &)> &aenderung, const QString &erfolg);
+    void rueckbauFertig(const Bilanz &bilanz, qint64 gesamt);
+
+    QList<Profil> m_profile;
+    std::optional<Profil> m_aktiv;
+    std::shared_ptr<Datenbank> m_db;
+    std::unique_ptr<Analyse> m_analyse;
+    std::vector<std::unique_ptr<Analyse>> m_auslaufende; ///< runs of former profiles that finish their document
+    Profilsicherung *m_sicherung;
+    std::shared_ptr<Briefkasten> m_briefe;
+
+    quint64 m_oeffnung = 0; ///< counts the openings; what an earlier one asked for is not shown any more
+    bool m_oeffnet = false;
+    bool m_ersteWahl = true; ///< nobody has chosen a card yet
+    std::optional<Bereitschaft> m_bereitschaft;
+    quint64 m_bereitschaftsfrage = 0;
+
+    Blick m_blick;
+    std::optional<Pruefstueck> m_stueck; ///< m_blick's document with the reviewer's changes
+    QHash<qint64, Entwurf> m_entwuerfe;
+    bool m_partnerZeigen = false;
+
+    bool m_beschaeftigt = false;
+    bool m_blickt = false;
+    quint64 m_blickfrage = 0; ///< counts what changes the document under review; an older look is not shown any more
+    std::function<void()> m_spaeter; ///< the deed asked for meanwhile
+    QString m_vorgang;
+    double m_vorgangsanteil = 0;
+    std::stop_source m_halt;
+
+    QString m_hinweis;
+    QString m_geschehen;
+    Ton m_ton = Ton::ruhig;
+    std::optional<Rueckweg> m_rueckweg;
+
+    Modellstand m_modell;
+    quint64 m_modellfrage = 0;
+    std::stop_source m_ladeende;
+
+    std::shared_ptr<Protokollbuch> m_buch;
+    QStringList m_protokollDateien;
+    std::optional<QString> m_protokollDatei;
+    std::optional<Protokollkopf> m_protokollKopf;
+    QList<Protokollzeile> m_protokollZeilen;
+    bool m_protokollLaedt = false;
+    quint64 m_protokollfrage = 0;
+    bool m_rueckbauLaeuft = false;
+    QString m_rueckbauMeldung;
+    double m_rueckbauAnteil = 0;
+    QStringList m_rueckbauFehler;
+
+    Reiter m_reiter = Reiter::einrichtung;
+    double m_teilung;
+};

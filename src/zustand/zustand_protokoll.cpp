@@ -1,0 +1,117 @@
+#include "hintergrund.h"
+#include "sprache.h"
+#include "text.h"
+#include "zustand.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+struct Sitzung {
+    std::optional<Protokollkopf> kopf;
+    QList<Protokollzeile> zeilen;
+};
+} // namespace
+
+void Zustand::protokolleListen()
+{
+    const auto ordner = m_aktiv ? m_aktiv->protokollURL() : std::nullopt;
+    if (!ordner)
+        return;
+    imHintergrund(
+        this, [ordner = *ordner] { return Protokollbuch::dateien(ordner); },
+        [this, ordner](const Ausgang<QStringList> &ausgang) {
+            if (!m_aktiv || m_aktiv->protokollURL() != ordner)
+                return; // another folder was chosen meanwhile
+            m_protokollDateien = ausgang.wert.value_or(QStringList());
+            Q_EMIT protokollDateienGeaendert();
+        });
+}
+
+void Zustand::protokollWaehlen(const std::optional<QString> &datei)
+{
+    const quint64 nummer = ++m_protokollfrage;
+    m_protokollDatei = datei;
+    m_protokollKopf.reset();
+    m_protokollZeilen.clear();
+    m_protokollLaedt = datei.has_value();
+    m_rueckbauMeldung.clear();
+    m_rueckbauFehler.clear();
+    Q_EMIT protokollGeaendert();
+    Q_EMIT rueckbauGeaendert();
+    if (!datei)
+        return;
+    imHintergrund(
+        this,
+        [datei = *datei] { return Sitzung{.kopf = Protokollbuch::kopf(datei), .zeilen = Protokollbuch::lesen(datei)}; },
+        [this, nummer](const Ausgang<Sitzung> &ausgang) {
+            if (nummer != m_protokollfrage)
+                return;
+            const Sitzung sitzung = ausgang.wert.value_or(Sitzung{});
+            m_protokollKopf = sitzung.kopf;
+            m_protokollZeilen = sitzung.zeilen;
+            m_protokollLaedt = false;
+            Q_EMIT protokollGeaendert();
+        });
+}
+
+void Zustand::protokollDateiWaehlen()
+{
+    if (!protokollwaehler)
+        return;
+    if (const auto datei = protokollwaehler(Sprache::text(u"Protokolldatei einer früheren Sitzung wählen"_s)))
+        protokollWaehlen(datei);
+}
+
+void Zustand::protokollZurueckdrehen()
+{
+    if (!kannHandeln() || beschaeftigt() || !m_protokollDatei)
+        return;
+    m_rueckbauLaeuft = true;
+    m_rueckbauAnteil = 0;
+    m_rueckbauFehler.clear();
+    m_rueckbauMeldung = Sprache::text(u"Wird zurückgedreht"_s);
+    ++m_blickfrage;
+    Q_EMIT rueckbauGeaendert();
+    Q_EMIT beschaeftigtGeaendert();
+    const auto fortschritt = [this, briefe = m_briefe](qint64 fertig, qint64 gesamt) {
+        briefe->einwerfen([this, fertig, gesamt] {
+            m_rueckbauAnteil = gesamt > 0 ? double(fertig) / double(gesamt) : 0;
+            Q_EMIT rueckbauGeaendert();
+        });
+    };
+    imHintergrund(
+        this,
+        [datei = *m_protokollDatei, db = m_db, fortschritt] {
+            return Protokollbuch::zurueckdrehen(datei, db, fortschritt);
+        },
+        [this, gesamt = m_protokollZeilen.size()](const Ausgang<Bilanz> &ausgang) {
+            Bilanz bilanz = ausgang.wert.value_or(Bilanz{});
+            if (!ausgang.wert)
+                bilanz.fehler << ausgang.fehler;
+            rueckbauFertig(bilanz, gesamt);
+        });
+}
+
+void Zustand::rueckbauFertig(const Bilanz &bilanz, qint64 gesamt)
+{
+    const qint64 fehler = bilanz.fehler.size();
+    const qint64 uebersprungen = gesamt - bilanz.zurueckgedreht - fehler;
+    QStringList teile = {gefuellt(Sprache::text(u"%@ zurückgeholt"_s), {QString::number(bilanz.zurueckgedreht)})};
+    if (uebersprungen >= 1)
+        teile << gefuellt(Sprache::text(u"%@ übersprungen"_s), {QString::number(uebersprungen)});
+    if (fehler >= 1)
+        teile << gefuellt(Sprache::text(u"%@ Fehler"_s), {QString::number(fehler)});
+    m_rueckbauMeldung = teile.join(u", "_s);
+    m_rueckbauFehler = bilanz.fehler;
+    m_rueckbauLaeuft = false;
+    // What comes now is a session of its own.
+    if (m_buch && m_protokollDatei == m_buch->datei())
+        m_buch.reset();
+    m_rueckweg.reset();
+    m_geschehen.clear();
+    Q_EMIT rueckbauGeaendert();
+    Q_EMIT beschaeftigtGeaendert();
+    Q_EMIT hinweisGeaendert();
+    aktualisieren();
+}

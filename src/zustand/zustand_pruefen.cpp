@@ -1,0 +1,291 @@
+#include "einordnung.h"
+#include "hintergrund.h"
+#include "sprache.h"
+#include "ziel.h"
+#include "zustand.h"
+
+#include <QDir>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr auto merklich = 200ms; // what takes longer is named
+}
+
+/** One deed with all that belongs to it, as it comes back from the worker. */
+struct Zustand::Tatfolge {
+    Geschehen geschehen;
+    Blick blick;
+    std::optional<qint64> dokument; ///< the one that stood under review
+};
+
+QList<Pruefhinweis> Zustand::pruefhinweise() const
+{
+    return m_stueck && m_aktiv ? ::pruefhinweise(*m_stueck, *m_aktiv) : QList<Pruefhinweis>();
+}
+
+const Dokument *Zustand::aehnliches() const { return m_stueck && m_stueck->aehnlich ? &*m_stueck->aehnlich : nullptr; }
+
+void Zustand::setzePartnerZeigen(bool zeigen)
+{
+    const bool neu = zeigen && aehnliches();
+    if (neu == m_partnerZeigen)
+        return;
+    m_partnerZeigen = neu;
+    Q_EMIT partnerZeigenGeaendert();
+}
+
+void Zustand::feldSetzen(Feld feld, const QString &wert)
+{
+    if (!m_stueck || !m_aktiv || feldwert(m_stueck->dokument, feld) == wert)
+        return;
+    m_entwuerfe[m_stueck->dokument.id].setzen(m_stueck->dokument, feld, wert, *m_aktiv);
+    Q_EMIT angabenGeaendert();
+}
+
+void Zustand::altenOrtBehalten()
+{
+    if (!m_stueck || !m_aktiv)
+        return;
+    if (const auto ort = heutigerOrt(m_stueck->dokument, *m_aktiv)) {
+        m_entwuerfe[m_stueck->dokument.id].ortSetzen(m_stueck->dokument, *ort);
+        Q_EMIT angabenGeaendert();
+    }
+}
+
+bool Zustand::datumGueltig() const
+{
+    const QString datum = m_stueck ? m_stueck->dokument.datum.trimmed() : QString();
+    return datum.isEmpty() || Einordnung::istDatum(datum);
+}
+
+QString Zustand::neuerName() const
+{
+    return m_stueck && m_aktiv ? Ziel::dateiname(m_stueck->dokument, *m_aktiv) : QString();
+}
+
+QStringList Zustand::zielpfad() const
+{
+    if (!m_stueck || !m_aktiv || m_aktiv->zielWurzel.isEmpty())
+        return {};
+    const Dokument &d = m_stueck->dokument;
+    const QString ordner =
+        Ziel::ordner({.zweig = d.zweig, .ablage = d.ablage, .rubrik = d.rubrik}, d.jahr.trimmed(), *m_aktiv);
+    return ordner.mid(QDir::cleanPath(m_aktiv->zielWurzel).size()).split(u'/', Qt::SkipEmptyParts);
+}
+
+void Zustand::aktualisieren()
+{
+    if (!kannHandeln() || m_beschaeftigt || m_blickt)
+        return;
+    m_blickt = true;
+    const Wunsch wunsch = Wunsch::behalten(dokumentId());
+    imHintergrund(
+        this, [db = m_db, profil = *m_aktiv, wunsch] { return Blick::auf(db, profil, wunsch); },
+        [this, nummer = m_blickfrage](const Ausgang<Blick> &ausgang) {
+            m_blickt = false;
+            if (nummer == m_blickfrage && ausgang.wert)
+                zeigen(*ausgang.wert);
+        });
+}
+
+void Zustand::zeigen(const Blick &blick)
+{
+    const Blick vorher = std::exchange(m_blick, blick);
+    stueckSetzen(blick.aktuelles);
+    if (!(vorher.zaehlwerk == blick.zaehlwerk) || vorher.ausgenommen != blick.ausgenommen)
+        Q_EMIT zaehlwerkGeaendert();
+    if (vorher.voraus != blick.voraus)
+        Q_EMIT vorausGeaendert();
+    if (vorher.umkehrbar != blick.umkehrbar)
+        Q_EMIT hinweisGeaendert();
+}
+
+void Zustand::stueckSetzen(std::optional<Pruefstueck> stueck)
+{
+    if (stueck) {
+        if (const auto entwurf = m_entwuerfe.constFind(stueck->dokument.id); entwurf != m_entwuerfe.cend())
+            entwurf->anwenden(stueck->dokument);
+    }
+    if (stueck == m_stueck)
+        return;
+    const bool dasselbe = stueck && m_stueck && stueck->dokument.id == m_stueck->dokument.id;
+    m_stueck = std::move(stueck);
+    if (dasselbe)
+        return Q_EMIT angabenGeaendert();
+    m_partnerZeigen = false;
+    Q_EMIT aktuellesGeaendert();
+}
+
+void Zustand::uebernehmen()
+{
+    if (beschaeftigt())
+        return warten([this] { uebernehmen(); });
+    if (!m_stueck)
+        return;
+    const Dokument dokument = m_stueck->dokument;
+    const QString vorgang = m_aktiv && m_aktiv->kopieren ? Sprache::text(u"Datei wird kopiert"_s)
+                                                         : Sprache::text(u"Datei wird verschoben"_s);
+    handeln([dokument](const Arbeitsplatz &platz) { return Handlung::uebernehmen(platz, dokument); },
+            Wunsch::weiter(dokument.id, {}), vorgang);
+}
+
+void Zustand::zuruecklegen()
+{
+    if (beschaeftigt())
+        return warten([this] { zuruecklegen(); });
+    if (!m_stueck)
+        return;
+    handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::zuruecklegen(platz, d); },
+            Wunsch::weiter(m_stueck->dokument.id, {}), {});
+}
+
+void Zustand::aussortieren()
+{
+    if (beschaeftigt())
+        return warten([this] { aussortieren(); });
+    if (!m_stueck)
+        return;
+    handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::aussortieren(platz, d); },
+            Wunsch::weiter(m_stueck->dokument.id, {}), Sprache::text(u"Datei wird verschoben"_s));
+}
+
+void Zustand::rueckgaengig()
+{
+    if (beschaeftigt())
+        return warten([this] { rueckgaengig(); });
+    handeln([](const Arbeitsplatz &platz) { return Handlung::rueckgaengig(platz); }, {},
+            Sprache::text(u"Datei wird zurückgeholt"_s));
+}
+
+void Zustand::zurueck()
+{
+    if (beschaeftigt())
+        return warten([this] { zurueck(); });
+    if (!m_rueckweg)
+        return;
+    handeln([weg = *m_rueckweg](const Arbeitsplatz &platz) { return Handlung::zurueck(platz, weg); }, {},
+            Sprache::text(u"Datei wird zurückgeholt"_s));
+}
+
+void Zustand::weiter(const QString &richtung)
+{
+    if (beschaeftigt())
+        return warten([this, richtung] { weiter(richtung); });
+    if (!kannHandeln())
+        return;
+    m_beschaeftigt = true;
+    const Wunsch wunsch = Wunsch::weiter(dokumentId(), richtung);
+    imHintergrund(
+        this, [db = m_db, profil = *m_aktiv, wunsch] { return Blick::auf(db, profil, wunsch); },
+        [this, nummer = ++m_blickfrage](const Ausgang<Blick> &ausgang) {
+            if (nummer == m_blickfrage && ausgang.wert)
+                zeigen(*ausgang.wert);
+            freigeben();
+        });
+}
+
+void Zustand::zurueckgestellteVorlegen()
+{
+    if (beschaeftigt())
+        return warten([this] { zurueckgestellteVorlegen(); });
+    handeln([](const Arbeitsplatz &platz) { return Handlung::wiederVorlegen(platz); }, {}, {});
+}
+
+void Zustand::dublettenAusraeumen()
+{
+    if (beschaeftigt())
+        return warten([this] { dublettenAusraeumen(); });
+    const QString vorgang = Sprache::text(u"Dubletten werden beiseitegelegt"_s);
+    m_halt = {};
+    const auto fortschritt = [this, vorgang, briefe = m_briefe, halt = m_halt.get_token()](qint64 fertig,
+                                                                                           qint64 gesamt) {
+        briefe->einwerfen([this, vorgang, fertig, gesamt] {
+            if (m_beschaeftigt)
+                vorgangSetzen(vorgang, gesamt > 0 ? double(fertig) / double(gesamt) : 0);
+        });
+        return !halt.stop_requested();
+    };
+    handeln([fortschritt](const Arbeitsplatz &platz) { return Handlung::dublettenAusraeumen(platz, fortschritt); }, {},
+            vorgang);
+}
+
+void Zustand::anhalten() { m_halt.request_stop(); }
+
+void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorgang)
+{
+    if (!kannHandeln())
+        return;
+    m_beschaeftigt = true;
+    Q_EMIT beschaeftigtGeaendert();
+    const auto hier = dokumentId();
+    const auto arbeit = [platz = Arbeitsplatz{.db = m_db, .profil = *m_aktiv, .buch = m_buch}, tat, danach, hier] {
+        Tatfolge folge{.geschehen = tat(platz), .blick = {}, .dokument = hier};
+        const Geschehen &g = folge.geschehen;
+        Wunsch wunsch = Wunsch::behalten(hier);
+        if (g.wieder)
+            wunsch = Wunsch::dieses(*g.wieder, hier);
+        else if (g.gelungen && danach.art == Wunsch::Art::Weiter)
+            wunsch = danach;
+        folge.blick = Blick::auf(platz.db, platz.profil, wunsch);
+        return folge;
+    };
+    imHintergrund(this, arbeit, [this, nummer = ++m_blickfrage](const Ausgang<Tatfolge> &ausgang) {
+        if (nummer == m_blickfrage && ausgang.wert)
+            tatFertig(*ausgang.wert);
+        else if (!ausgang.fehler.isEmpty())
+            melden(ausgang.fehler);
+        freigeben();
+    });
+    if (!vorgang.isEmpty())
+        QTimer::singleShot(merklich, this, [this, vorgang, nummer = m_blickfrage] {
+            if (m_beschaeftigt && nummer == m_blickfrage && m_vorgang.isEmpty())
+                vorgangSetzen(vorgang, 0);
+        });
+}
+
+void Zustand::tatFertig(const Tatfolge &folge)
+{
+    const Geschehen &g = folge.geschehen;
+    const bool neuesBuch = g.buch != m_buch;
+    m_buch = g.buch;
+    if (g.gelungen && g.rueckweg && g.rueckweg->status != u"zurueckgestellt"_s)
+        m_entwuerfe.remove(g.rueckweg->dokument);
+    m_geschehen = g.text;
+    m_rueckweg = g.rueckweg;
+    melden(g.hinweise.join(u", "_s), g.gelungen ? Ton::gut : Ton::warnung);
+    if (g.gelungen && !g.text.isEmpty())
+        m_ton = Ton::gut;
+    zeigen(folge.blick);
+    Q_EMIT hinweisGeaendert();
+    if (neuesBuch)
+        protokolleListen();
+}
+
+void Zustand::warten(std::function<void()> spaeter)
+{
+    // The first one: what is pressed after it was meant for a document that nobody has seen yet.
+    if (!m_spaeter && !m_rueckbauLaeuft)
+        m_spaeter = std::move(spaeter);
+}
+
+void Zustand::freigeben()
+{
+    m_beschaeftigt = false;
+    vorgangSetzen({}, 0);
+    Q_EMIT beschaeftigtGeaendert();
+    if (const auto spaeter = std::exchange(m_spaeter, {}))
+        spaeter();
+}
+
+void Zustand::vorgangSetzen(const QString &text, double anteil)
+{
+    if (text == m_vorgang && anteil == m_vorgangsanteil)
+        return;
+    m_vorgang = text;
+    m_vorgangsanteil = anteil;
+    Q_EMIT vorgangGeaendert();
+}
