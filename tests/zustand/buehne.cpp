@@ -1,0 +1,78 @@
+#include "buehne.h"
+
+#include "profilspeicher.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+Buehne::Buehne(const QString &name)
+{
+    profil.name = name;
+    profil.quelle = m_ordner.filePath(u"Scans"_s);
+    profil.zielWurzel = m_ordner.filePath(u"Ablage"_s);
+    profil.zweige = {
+        {.name = u"Haushalt"_s,
+         .ablagen = {{.name = u"Jahresablage"_s, .mitJahr = true, .rubriken = {u"Strom"_s, u"Wasser"_s}},
+                     {.name = u"Stammdaten"_s, .mitJahr = false, .rubriken = {u"Verträge"_s}}}},
+        {.name = u"Verein"_s,
+         .ablagen = {{.name = u"Jahresablage"_s, .mitJahr = true, .rubriken = {u"Strom"_s, u"Spenden"_s}}}},
+    };
+    QDir().mkpath(profil.quelle);
+    QDir().mkpath(profil.zielWurzel);
+}
+
+void Buehne::profilSichern(const QList<Profil> &davor) const
+{
+    const QList<Profil> alte = Profilspeicher::laden();
+    Q_ASSERT(Profilspeicher::sichern(davor + QList{profil}, alte).gelungen);
+}
+
+Datenbank &Buehne::db()
+{
+    if (!m_db)
+        m_db = std::make_unique<Datenbank>(Profilspeicher::katalogDatei(profil));
+    return *m_db;
+}
+
+qint64 Buehne::dokument(const QString &dateiname, const std::function<void(Dokument &)> &aendern,
+                        const QByteArray &inhalt)
+{
+    QFile datei(quelle(dateiname));
+    if (datei.open(QIODevice::WriteOnly))
+        datei.write(inhalt.isEmpty() ? "%PDF-1.4 " + dateiname.toUtf8() : inhalt);
+    Dokument d;
+    d.pfad = quelle(dateiname);
+    d.dateiname = dateiname;
+    d.status = u"bereit"_s;
+    d.hatTextebene = true;
+    d.datum = u"2023-02-14"_s;
+    d.jahr = u"2023"_s;
+    d.gegenueber = u"Stadtwerke"_s;
+    d.titel = dateiname.chopped(4);
+    d.zweig = u"Haushalt"_s;
+    d.ablage = u"Jahresablage"_s;
+    d.rubrik = u"Strom"_s;
+    d.konfidenz = 0.9;
+    if (aendern)
+        aendern(d);
+    sql(u"INSERT INTO dokumente (pfad, dateiname, alt_ordner, status, hat_textebene, datum, gegenueber, titel, zweig,"
+        "ablage, rubrik, jahr, konfidenz, ort_quelle) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?)"_s,
+        {d.pfad, d.dateiname, d.altOrdner, d.status, d.hatTextebene, d.datum, d.gegenueber, d.titel, d.zweig, d.ablage,
+         d.rubrik, d.jahr, d.konfidenz, d.ortQuelle});
+    const qint64 id = db().abfragen(u"SELECT id FROM dokumente WHERE pfad=?"_s, {d.pfad}).first().ganz(u"id");
+    sql(u"INSERT INTO texte (dokument_id, text) VALUES (?,?)"_s, {id, u"Text"_s});
+    return id;
+}
+
+Dokument Buehne::lesen(qint64 id)
+{
+    return Dokument::aus(db().abfragen(u"SELECT * FROM dokumente WHERE id=?"_s, {id}).first());
+}
+
+void Buehne::sql(const QString &anweisung, const QVariantList &werte)
+{
+    if (db().ausfuehren(anweisung, werte) != 0)
+        qFatal("%s", qPrintable(anweisung));
+}

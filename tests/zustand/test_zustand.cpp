@@ -1,0 +1,478 @@
+#include "analyse.h"
+#include "buehne.h"
+#include "profilspeicher.h"
+#include "testserver.h"
+#include "zustand.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int merklich = 50; // ms that the main thread may stand still
+
+/** Another program that keeps the catalogue locked. */
+class Fremdsperre
+{
+public:
+    explicit Fremdsperre(const QString &katalog)
+    {
+        sqlite3_open(katalog.toUtf8().constData(), &m_griff);
+        sqlite3_exec(m_griff, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    }
+    ~Fremdsperre() { sqlite3_close(m_griff); }
+    Fremdsperre(const Fremdsperre &) = delete;
+    Fremdsperre &operator=(const Fremdsperre &) = delete;
+
+private:
+    sqlite3 *m_griff = nullptr;
+};
+
+bool liegt(const QString &pfad) { return QFile::exists(pfad); }
+} // namespace
+
+class TestZustand : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Buehne> m_b;
+    std::unique_ptr<Zustand> m_z;
+
+    void beginnen()
+    {
+        m_b->profilSichern();
+        m_z = std::make_unique<Zustand>();
+        m_z->beginnen();
+        QTRY_VERIFY(m_z->offen() && !m_z->oeffnet());
+        QTRY_VERIFY(m_z->bereitschaft());
+    }
+    [[nodiscard]] QString name() const { return m_z->aktuelles() ? m_z->aktuelles()->dateiname : QString(); }
+
+private Q_SLOTS:
+    void init()
+    {
+        QFile::remove(Profilspeicher::datei());
+        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
+        m_b = std::make_unique<Buehne>();
+    }
+    void cleanup()
+    {
+        m_z.reset();
+        m_b.reset();
+    }
+
+    void ohneProfilGeschiehtNichts()
+    {
+        Zustand z;
+        z.beginnen();
+        z.uebernehmen();
+        z.rueckgaengig();
+        z.weiter(u"weiter"_s);
+        z.dublettenAusraeumen();
+        z.protokollZurueckdrehen();
+        z.feldSetzen(Feld::Titel, u"x"_s);
+        z.durchgangStarten();
+        QVERIFY(!z.aktiv() && !z.offen() && !z.beschaeftigt() && z.hinweis().isEmpty());
+        QCOMPARE(z.reiter(), Reiter::einrichtung);
+        QCOMPARE(z.teilung(), 0.5);
+    }
+
+    void oeffnetAufDerPassendenKarte_data()
+    {
+        QTest::addColumn<bool>("ziel");
+        QTest::addColumn<Reiter>("karte");
+        QTest::newRow("eingerichtet") << true << Reiter::pruefen;
+        QTest::newRow("Ziel fehlt") << false << Reiter::einrichtung;
+    }
+    void oeffnetAufDerPassendenKarte()
+    {
+        QFETCH(bool, ziel);
+        QFETCH(Reiter, karte);
+        if (!ziel)
+            m_b->profil.zielWurzel += u"-weg"_s;
+        beginnen();
+        QCOMPARE(m_z->reiter(), karte);
+        QCOMPARE(m_z->bereitschaft()->ziel, ziel);
+    }
+
+    void uebernehmenUndLernen()
+    {
+        const qint64 a = m_b->dokument(u"a.pdf"_s);
+        const qint64 b = m_b->dokument(u"b.pdf"_s);
+        const qint64 c = m_b->dokument(u"c.pdf"_s, [](Dokument &d) { d.gegenueber = u"Andere"_s; });
+        beginnen();
+        QCOMPARE(name(), u"a.pdf"_s);
+        QCOMPARE(m_z->voraus(), QStringList{m_b->quelle(u"b.pdf"_s)});
+        m_z->feldSetzen(Feld::Titel, u"  Abschlag  "_s);
+        m_z->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Wasser"_s}));
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QCOMPARE(m_z->hinweis(), u"Gemerkt. 1 wartende Dokumente von Stadtwerke wurden angepasst."_s);
+        QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - Abschlag.pdf"_s);
+        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        const QString neu = m_b->ziel(u"Haushalt/Jahresablage/2023/Wasser/2023-02-14 Stadtwerke - Abschlag.pdf"_s);
+        QVERIFY(liegt(neu) && !liegt(m_b->quelle(u"a.pdf"_s)));
+        QCOMPARE(m_b->lesen(a).status, u"erledigt"_s);
+        QCOMPARE(m_b->lesen(a).titel, u"Abschlag"_s);
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QCOMPARE(m_z->hinweis(), QString());
+        QCOMPARE(m_z->zaehlwerk().erledigt, 2);
+        m_z->uebernehmen();
+        QTRY_VERIFY(!m_z->aktuelles());
+        QCOMPARE(m_b->lesen(b).status, u"erledigt"_s);
+        QCOMPARE(m_b->lesen(c).status, u"erledigt"_s);
+        // The newest movement comes back and under review, whatever stands there.
+        m_z->rueckgaengig();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QVERIFY(liegt(m_b->quelle(u"c.pdf"_s)));
+        m_z->uebernehmen();
+        QTRY_VERIFY(!m_z->aktuelles());
+        // All movements of one run stand in one log.
+        QTRY_COMPARE(m_z->protokollDateien().size(), 1);
+        m_z->protokollWaehlen(m_z->protokollDateien().first());
+        QTRY_COMPARE(m_z->protokollZeilen().size(), 4);
+        QCOMPARE(m_z->protokollKopf()->profil, u"Haushalt"_s);
+        m_z->protokollZurueckdrehen();
+        QVERIFY(m_z->rueckbauLaeuft());
+        QCOMPARE(m_z->rueckbauMeldung(), u"Wird zurückgedreht"_s);
+        QTRY_VERIFY(!m_z->rueckbauLaeuft());
+        QCOMPARE(m_z->rueckbauMeldung(), u"3 zurückgeholt, 1 übersprungen"_s);
+        QTRY_COMPARE(m_z->zaehlwerk().bereit, 3);
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+        QVERIFY(liegt(m_b->quelle(u"a.pdf"_s)) && liegt(m_b->quelle(u"b.pdf"_s)));
+    }
+
+    void jedeTatHatIhrenRueckweg_data()
+    {
+        QTest::addColumn<bool>("kopieren");
+        QTest::addColumn<QString>("taste");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("geschehen");
+        QTest::newRow("verschieben") << false << u"Eingabe"_s << u"erledigt"_s
+                                     << u"Einsortiert: 2023-02-14 Stadtwerke - a.pdf"_s;
+        QTest::newRow("kopieren") << true << u"Eingabe"_s << u"erledigt"_s
+                                  << u"Kopiert: 2023-02-14 Stadtwerke - a.pdf"_s;
+        QTest::newRow("zurückstellen") << false << u"Z"_s << u"zurueckgestellt"_s << u"Zurückgestellt: a.pdf"_s;
+        QTest::newRow("Dublette") << false << u"D"_s << u"aussortiert"_s << u"Als Dublette beiseitegelegt: a.pdf"_s;
+        QTest::newRow("Dublette kopierend") << true << u"D"_s << u"aussortiert"_s << u"Als Dublette vermerkt: a.pdf"_s;
+    }
+    void jedeTatHatIhrenRueckweg()
+    {
+        QFETCH(bool, kopieren);
+        QFETCH(QString, taste);
+        m_b->profil.kopieren = kopieren;
+        const qint64 a = m_b->dokument(u"a.pdf"_s);
+        m_b->dokument(u"b.pdf"_s);
+        beginnen();
+        QVERIFY(!m_z->zurueckMoeglich());
+        if (taste == u"Eingabe")
+            m_z->uebernehmen();
+        else
+            taste == u"Z" ? m_z->zuruecklegen() : m_z->aussortieren();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QTEST(m_b->lesen(a).status, "status");
+        QTEST(m_z->geschehen(), "geschehen");
+        QCOMPARE(liegt(m_b->quelle(u"a.pdf"_s)), kopieren || taste == u"Z");
+        QVERIFY(m_z->zurueckMoeglich());
+        m_z->zurueck();
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+        QCOMPARE(m_b->lesen(a).status, u"bereit"_s);
+        QVERIFY(liegt(m_b->quelle(u"a.pdf"_s)));
+        QVERIFY(!m_z->zurueckMoeglich());
+    }
+
+    void blaetternAendertNichts()
+    {
+        for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"c.pdf"_s})
+            m_b->dokument(n);
+        beginnen();
+        m_z->feldSetzen(Feld::Titel, u"Getippt"_s);
+        const QStringList weg = {u"weiter"_s, u"weiter"_s, u"weiter"_s, u"zurueck"_s, u""_s, u"weiter"_s};
+        const QStringList erwartet = {u"b.pdf"_s, u"c.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"b.pdf"_s};
+        for (qsizetype i = 0; i < weg.size(); ++i) {
+            m_z->weiter(weg.at(i));
+            QTRY_VERIFY(!m_z->beschaeftigt());
+            QCOMPARE(name(), erwartet.at(i));
+        }
+        m_z->weiter(u"zurueck"_s);
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+        QCOMPARE(m_z->aktuelles()->titel, u"Getippt"_s);
+        QCOMPARE(m_b->lesen(1).titel, u"a"_s);
+    }
+
+    void wasGetipptIstBleibt()
+    {
+        const qint64 id = m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        m_z->feldSetzen(Feld::Datum, u"2019-05-0"_s); // half typed: the year stays
+        QCOMPARE(m_z->aktuelles()->jahr, u"2023"_s);
+        QVERIFY(!m_z->datumGueltig());
+        m_z->uebernehmen();
+        QTRY_COMPARE(m_z->hinweis(), u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
+        m_z->feldSetzen(Feld::Datum, u"2019-05-03"_s);
+        QCOMPARE(m_z->aktuelles()->jahr, u"2019"_s);
+        m_b->sql(u"UPDATE dokumente SET titel='Modell', datum='2001-01-01', jahr='2001', gegenueber='Neu' WHERE id=?"_s,
+                 {id});
+        m_z->aktualisieren();
+        QTRY_COMPARE(m_z->aktuelles()->gegenueber, u"Neu"_s);
+        QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
+        QCOMPARE(m_z->aktuelles()->datum, u"2019-05-03"_s);
+        QCOMPARE(m_z->aktuelles()->jahr, u"2019"_s);
+        m_z->feldSetzen(Feld::Jahr, u"2020"_s);
+        m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited: it follows no more
+        QCOMPARE(m_z->aktuelles()->jahr, u"2020"_s);
+        m_z->feldSetzen(Feld::Zweig, u"Verein"_s); // has the kind and the category
+        QCOMPARE(m_z->aktuelles()->rubrik, u"Strom"_s);
+        m_z->feldSetzen(Feld::Rubrik, u"Spenden"_s);
+        m_z->feldSetzen(Feld::Zweig, u"Haushalt"_s); // the kind only
+        QCOMPARE(m_z->aktuelles()->ablage, u"Jahresablage"_s);
+        QCOMPARE(m_z->aktuelles()->rubrik, QString());
+        m_z->feldSetzen(Feld::Ablage, u"Stammdaten"_s);
+        m_z->feldSetzen(Feld::Zweig, u"Verein"_s); // neither
+        QCOMPARE(m_z->aktuelles()->ablage, QString());
+        // Another program took it out of the queue: it leaves the review.
+        m_b->sql(u"UPDATE dokumente SET ausgenommen=1 WHERE id=?"_s, {id});
+        m_z->aktualisieren();
+        QTRY_VERIFY(!m_z->aktuelles());
+    }
+
+    void alterOrt()
+    {
+        m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.altOrdner = u"Haushalt/Jahresablage/2021/Wasser"_s; });
+        beginnen();
+        const auto anders = [&] {
+            for (const Pruefhinweis &h : m_z->pruefhinweise()) {
+                if (h.art == Pruefhinweis::Art::AndererOrt)
+                    return h.text;
+            }
+            return QString();
+        };
+        QCOMPARE(anders(), u"Vorschlag weicht vom heutigen Ort ab. Bisher: Haushalt/Jahresablage/Wasser"_s);
+        m_z->altenOrtBehalten();
+        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        QCOMPARE(anders(), QString());
+    }
+
+    void ohneZielWirdNichtAbgelegt_data()
+    {
+        QTest::addColumn<QString>("ziel");
+        QTest::addColumn<QString>("grund");
+        QTest::newRow("keines") << QString() << u"Es ist noch kein Zielordner gewählt"_s;
+        QTest::newRow("verschwunden") << u"/nicht/da"_s << u"Der Zielordner ist nicht erreichbar: /nicht/da"_s;
+    }
+    void ohneZielWirdNichtAbgelegt()
+    {
+        QFETCH(QString, ziel);
+        m_b->profil.zielWurzel = ziel;
+        m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        m_z->uebernehmen();
+        QTRY_VERIFY(!m_z->beschaeftigt());
+        QTEST(m_z->hinweis(), "grund");
+        m_z->aussortieren();
+        QTRY_VERIFY(!m_z->beschaeftigt());
+        QTEST(m_z->hinweis(), "grund");
+        QCOMPARE(name(), u"a.pdf"_s);
+        QVERIFY(!m_z->laufendesBuch() && !QFile::exists(u"/nicht"_s));
+    }
+
+    void einProtokollDasNichtGehtHindertNicht()
+    {
+        QFile sperre(m_b->ordner() + u"/datei"_s);
+        QVERIFY(sperre.open(QIODevice::WriteOnly));
+        m_b->profil.protokollOrdner = sperre.fileName() + u"/Protokolle"_s;
+        const qint64 a = m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        m_z->uebernehmen();
+        QTRY_COMPARE(m_z->hinweis(),
+                     u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll."_s);
+        QCOMPARE(m_b->lesen(a).status, u"erledigt"_s);
+        QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - a.pdf"_s);
+    }
+
+    void andereBedingungenAnderesBuch()
+    {
+        for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"c.pdf"_s})
+            m_b->dokument(n);
+        beginnen();
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        const QString erstes = m_z->laufendesBuch()->datei();
+        m_z->kopierenSetzen(true);
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QVERIFY(liegt(m_b->quelle(u"b.pdf"_s)));
+        QVERIFY(m_z->laufendesBuch()->datei() != erstes);
+        QTRY_VERIFY(Profilspeicher::laden().first().kopieren);
+    }
+
+    void gesperrterKatalogHaeltNichtsAuf()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        m_b->dokument(u"b.pdf"_s);
+        beginnen();
+        auto sperre = std::make_unique<Fremdsperre>(Profilspeicher::katalogDatei(m_b->profil));
+        QElapsedTimer uhr;
+        uhr.start();
+        m_z->uebernehmen();
+        m_z->aktualisieren();
+        m_z->zuruecklegen(); // kept
+        QVERIFY(uhr.elapsed() < merklich);
+        QTRY_COMPARE(m_z->vorgang(), u"Datei wird verschoben"_s);
+        QCOMPARE(name(), u"a.pdf"_s);
+        sperre.reset();
+        QTRY_VERIFY(!m_z->aktuelles());
+        QCOMPARE(m_b->lesen(1).status, u"erledigt"_s);
+        QCOMPARE(m_b->lesen(2).status, u"zurueckgestellt"_s);
+        m_z->zurueckgestellteVorlegen();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+    }
+
+    void profilwechsel()
+    {
+        Buehne zweite(u"Verein"_s);
+        zweite.dokument(u"zweit.pdf"_s);
+        m_b->dokument(u"a.pdf"_s);
+        m_b->dokument(u"b.pdf"_s);
+        zweite.profilSichern({m_b->profil});
+        m_z = std::make_unique<Zustand>();
+        m_z->beginnen(u"Verein"_s);
+        QTRY_COMPARE(name(), u"zweit.pdf"_s);
+        m_z->aktivieren(m_b->profil.id);
+        m_z->uebernehmen(); // nothing of the profile that is being left
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+        QCOMPARE(zweite.lesen(1).status, u"bereit"_s);
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QVERIFY(m_z->laufendesBuch());
+        m_z->neuesProfil();
+        QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 3"_s);
+        QTRY_VERIFY(!m_z->oeffnet());
+        QVERIFY(!m_z->aktuelles() && !m_z->laufendesBuch() && !m_z->zurueckMoeglich());
+        QTRY_COMPARE(Profilspeicher::laden().size(), 3);
+        // A catalogue that is none leaves the one in use.
+        zweite.schliessen();
+        QFile kaputt(Profilspeicher::katalogDatei(zweite.profil));
+        QVERIFY(kaputt.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        kaputt.write(QByteArray(8192, 'x'));
+        kaputt.close();
+        m_z->aktivieren(m_b->profil.id);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        m_z->aktivieren(zweite.profil.id);
+        QTRY_VERIFY(!m_z->oeffnet());
+        QVERIFY(m_z->hinweis().startsWith(u"Datenbank lässt sich nicht öffnen: "_s));
+        QCOMPARE(m_z->aktiv()->name, u"Haushalt"_s);
+        QCOMPARE(name(), u"b.pdf"_s);
+    }
+
+    void dublettenAusraeumen()
+    {
+        beginnen();
+        m_z->dublettenAusraeumen();
+        QTRY_COMPARE(m_z->hinweis(), u"0 Dubletten nach _Dubletten verschoben"_s);
+        for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"weg.pdf"_s})
+            m_b->dokument(n, [](Dokument &d) { d.status = u"dublette"_s; });
+        QVERIFY(QFile::remove(m_b->quelle(u"weg.pdf"_s)));
+        m_z->dublettenAusraeumen();
+        QTRY_COMPARE(
+            m_z->hinweis(),
+            u"2 Dubletten nach _Dubletten verschoben, 1 nicht: Die Datei liegt nicht mehr am erwarteten Ort"_s);
+        QVERIFY(liegt(m_b->ziel(u"_Dubletten/b.pdf"_s)));
+        QCOMPARE(m_z->zaehlwerk().aussortiert, 2);
+    }
+
+    void ausnahmenMeldenNurAenderungen()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        Profil neu = *m_z->aktiv();
+        neu.ausnahmen = {u"a.pdf"_s};
+        m_z->profilAendern(neu);
+        m_z->ausnahmenAnwenden();
+        QTRY_COMPARE(m_z->hinweis(), u"1 aus der Warteschlange genommen"_s);
+        QTRY_COMPARE(m_z->ausgenommen(), 1);
+        QVERIFY(!m_z->aktuelles());
+        m_z->melden(u"bleibt"_s);
+        QSignalSpy hinweise(m_z.get(), &Zustand::hinweisGeaendert);
+        m_z->ausnahmenAnwenden();
+        QVERIFY(!hinweise.wait(200));
+        QCOMPARE(m_z->hinweis(), u"bleibt"_s);
+        neu.ausnahmen.clear();
+        m_z->profilAendern(neu);
+        m_z->ausnahmenAnwenden();
+        QTRY_COMPARE(m_z->hinweis(), u"1 zurückgeholt"_s);
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+    }
+
+    void modellTreffer_data()
+    {
+        QTest::addColumn<QStringList>("vorhandene");
+        QTest::addColumn<QString>("gesucht");
+        QTest::addColumn<QString>("treffer");
+        QTest::newRow("ohne Marke") << QStringList{u"andere:1b"_s, u"qwen3:7b"_s} << u"qwen3"_s << u"qwen3:7b"_s;
+        QTest::newRow("andere Marke") << QStringList{u"qwen3:latest"_s} << u"qwen3:7b"_s << QString();
+        QTest::newRow("nur ähnlich") << QStringList{u"qwen3-vl:4b"_s} << u"qwen3"_s << QString();
+    }
+    void modellTreffer()
+    {
+        QFETCH(QStringList, vorhandene);
+        QFETCH(QString, gesucht);
+        QTEST(Modellstand::treffer(vorhandene, gesucht).value_or(QString()), "treffer");
+    }
+
+    void modellPruefenUndLaden()
+    {
+        m_b->profil.modell = u"klein:1b"_s;
+        beginnen();
+        QTRY_COMPARE(m_z->modellMeldung(), u"Der Modellserver ollama läuft nicht"_s);
+        QVERIFY(!m_z->modellBereit());
+        Testserver server;
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+        server.antworten("/api/version", Testantwort::fest(200, "{}"));
+        server.antworten("/api/tags", {Testantwort::fest(200, R"({"models":[]})"),
+                                       Testantwort::fest(200, R"({"models":[{"name":"klein:1b"}]})")});
+        server.antworten("/api/pull", Testantwort::inStuecken(
+                                          {"{\"status\":\"pulling manifest\"}\n", "{\"status\":\"success\"}\n"}));
+        m_z->modellPruefen();
+        QTRY_COMPARE(m_z->modellMeldung(), u"Das Modell klein:1b fehlt noch"_s);
+        m_z->modellLaden();
+        QCOMPARE(m_z->modellMeldung(), u"Modell wird geladen"_s);
+        QTRY_COMPARE(m_z->modellMeldung(), u"Sprachmodell klein:1b einsatzbereit"_s);
+        QVERIFY(m_z->modellBereit());
+    }
+
+    void schliessenMittenImLauf()
+    {
+        Testserver server;
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+        server.antworten("/api/version", Testantwort::fest(200, "{}"));
+        server.antworten("/api/generate", Testantwort::stumm(std::chrono::seconds(60)));
+        m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        m_b->sql(u"UPDATE dokumente SET text_hash='x', sha256='x'"_s);
+        beginnen();
+        m_z->durchgangStarten();
+        QVERIFY(m_z->analyse()->laeuft());
+        QTRY_VERIFY(!server.anfragen().isEmpty() && server.anfragen().last().pfad == "/api/generate");
+        m_z->neuesProfil(); // the run goes on with its document, under no window's eyes
+        QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 2"_s);
+        QTRY_VERIFY(m_z->analyse() && !m_z->analyse()->laeuft());
+        QElapsedTimer uhr;
+        uhr.start();
+        m_z.reset();
+        QVERIFY(uhr.elapsed() < 3000);
+        QCOMPARE(m_b->lesen(1).status, u"neu"_s);
+        QCOMPARE(Profilspeicher::laden().size(), 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestZustand)
+#include "test_zustand.moc"
