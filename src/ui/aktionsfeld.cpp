@@ -1,0 +1,109 @@
+#include "aktionsfeld.h"
+
+#include "elidiertext.h"
+#include "flachknopf.h"
+#include "hauptknopf.h"
+#include "meldungszeile.h"
+#include "sprache.h"
+#include "stil.h"
+#include "zustand.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_uebernehmen(new Hauptknopf({}, this)),
+      m_zuruecklegen(new Flachknopf(u"zuruecklegen"_s, u"skip"_s, Sprache::text(u"Zurückstellen"_s),
+                                    Sprache::text(u"Überspringt dieses Dokument, ohne etwas zu verändern. Es kommt am "
+                                                  "Ende wieder. Taste: Z"_s),
+                                    this)),
+      m_aussortieren(new Flachknopf(u"aussortieren"_s, u"doc.on.doc"_s, Sprache::text(u"Dublette"_s), {}, this)),
+      m_vorheriges(new Flachknopf(u"vorheriges"_s, u"arrow.left"_s, Sprache::text(u"Vorheriges"_s),
+                                  Sprache::text(u"Ein Dokument zurück, ohne etwas zu verändern. Taste: Pfeil links"_s),
+                                  this)),
+      m_naechstes(new Flachknopf(u"naechstes"_s, u"arrow.right"_s, Sprache::text(u"Nächstes"_s),
+                                 Sprache::text(u"Ein Dokument weiter, ohne etwas zu verändern. Taste: Pfeil rechts"_s),
+                                 this)),
+      m_tasten(new Elidiertext(Qt::ElideRight, this)), m_meldung(new Meldungszeile(zustand, this))
+{
+    m_uebernehmen->setObjectName(u"uebernehmen"_s);
+    m_tasten->setObjectName(u"tasten"_s);
+    Stil::nebentext(m_tasten);
+    auto *reihe = new QHBoxLayout;
+    for (QWidget *knopf : QList<QWidget *>{m_uebernehmen, m_zuruecklegen, m_aussortieren})
+        reihe->addWidget(knopf);
+    reihe->addStretch(1);
+    reihe->addWidget(m_vorheriges);
+    reihe->addWidget(m_naechstes);
+    for (Flachknopf *knopf : {m_zuruecklegen, m_aussortieren, m_vorheriges, m_naechstes})
+        knopf->setzeHoch();
+    auto *spalte = new QVBoxLayout(this);
+    spalte->addLayout(reihe);
+    spalte->addWidget(m_tasten);
+    spalte->addWidget(m_meldung);
+    Stil::folgen(this, [this, reihe, spalte] {
+        spalte->setContentsMargins(abstand(20), abstand(10), abstand(20), abstand(6));
+        spalte->setSpacing(abstand(5));
+        reihe->setSpacing(abstand(6));
+        einpassen();
+    });
+    connect(m_uebernehmen, &QPushButton::clicked, m_zustand, &Zustand::uebernehmen);
+    connect(m_zuruecklegen, &QToolButton::clicked, m_zustand, &Zustand::zuruecklegen);
+    connect(m_aussortieren, &QToolButton::clicked, m_zustand, &Zustand::aussortieren);
+    connect(m_vorheriges, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"zurueck"_s); });
+    connect(m_naechstes, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"weiter"_s); });
+    connect(m_zustand, &Zustand::profileGeaendert, this, &Aktionsfeld::zeigen);
+    connect(m_zustand, &Zustand::aktivGeaendert, this, &Aktionsfeld::zeigen);
+    zeigen();
+    setzeTasten(false, {});
+}
+
+void Aktionsfeld::zeigen()
+{
+    const bool kopieren = m_zustand->aktiv() && m_zustand->aktiv()->kopieren;
+    m_uebernehmen->setText(kopieren ? Sprache::text(u"Übernehmen und kopieren"_s)
+                                    : Sprache::text(u"Übernehmen und weiter"_s));
+    m_uebernehmen->setAccessibleName(m_uebernehmen->text());
+    m_uebernehmen->setToolTip(
+        kopieren ? Sprache::text(u"Legt eine Kopie am Zielort an. Das Original bleibt liegen. Taste: Eingabe"_s)
+                 : Sprache::text(u"Benennt um und verschiebt an den Zielort. Taste: Eingabe"_s));
+    m_uebernehmen->setAccessibleDescription(m_uebernehmen->toolTip());
+    m_aussortieren->setzeHilfe(
+        Sprache::text(u"Dublette"_s),
+        kopieren ? Sprache::text(u"Behandelt das Dokument als Doppelstück und kopiert es nicht mit. Taste: D"_s)
+                 : Sprache::text(u"Verschiebt das Dokument in den Dublettenordner. Gelöscht wird nichts. Taste: D"_s));
+    einpassen();
+}
+
+void Aktionsfeld::setzeTasten(bool imFeld, const QString &hilfe)
+{
+    const QString imText = Sprache::text(u"Eingabe übernehmen · Esc verlässt das Feld"_s);
+    if (imFeld)
+        m_tasten->setzeText(hilfe.isEmpty() ? imText : hilfe + u" · "_s + imText);
+    else
+        m_tasten->setzeText(
+            Sprache::text(u"Eingabe übernehmen · Z zurückstellen · D Dublette · U rückgängig · Pfeile blättern"_s));
+}
+
+/** Narrower than its row, the flat buttons drop their words. */
+void Aktionsfeld::einpassen()
+{
+    for (Flachknopf *knopf : {m_zuruecklegen, m_aussortieren})
+        knopf->setzeMitText(true);
+    const QMargins raender = layout()->contentsMargins();
+    int breite = raender.left() + raender.right() + abstand(6) * 5;
+    for (const QWidget *knopf :
+         QList<const QWidget *>{m_uebernehmen, m_zuruecklegen, m_aussortieren, m_vorheriges, m_naechstes})
+        breite += knopf->sizeHint().width();
+    const bool mitText = breite <= width();
+    for (Flachknopf *knopf : {m_zuruecklegen, m_aussortieren})
+        knopf->setzeMitText(mitText);
+    m_meldung->setzeMitText(mitText);
+}
+
+void Aktionsfeld::resizeEvent(QResizeEvent *) { einpassen(); }
+
+void Aktionsfeld::paintEvent(QPaintEvent *) { QPainter(this).fillRect(0, 0, width(), 1, Stil::linie(palette())); }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+
+class Elidiertext;
+class Flachknopf;
+class Hauptknopf;
+class Meldungszeile;
+class Zustand;
+
+/** The deeds of the review: the filled button, skip, duplicate, arrows; the line of keys; what was done. */
+class Aktionsfeld : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Aktionsfeld(Zustand *zustand, QWidget *eltern = nullptr);
+
+    /** What the line of keys says: @p imFeld while a field has the focus, with its help if there is room nowhere else.
+     */
+    void setzeTasten(bool imFeld, const QString &hilfe);
+
+protected:
+    void resizeEvent(QResizeEvent *ereignis) override;
+    void paintEvent(QPaintEvent *ereignis) override;
+
+private:
+    void zeigen();
+    void einpassen();
+
+    Zustand *m_zustand;
+    Hauptknopf *m_uebernehmen;
+    Flachknopf *m_zuruecklegen;
+    Flachknopf *m_aussortieren;
+    Flachknopf *m_vorheriges;
+    Flachknopf *m_naechstes;
+    Elidiertext *m_tasten;
+    Meldungszeile *m_meldung;
+};

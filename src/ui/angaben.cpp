@@ -1,0 +1,331 @@
+#include "angaben.h"
+
+#include "sprache.h"
+#include "stil.h"
+#include "zustand.h"
+
+#include <QComboBox>
+#include <QDate>
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int datumszeichen = 12;
+constexpr int jahreszeichen = 6;
+constexpr int letzteSpalte = 3;
+
+struct Feldtext {
+    Feld feld;
+    QString name;
+    QString beschriftung;
+    QString hilfe;
+};
+
+const QList<Feldtext> &feldtexte()
+{
+    static const QList<Feldtext> texte = {
+        {Feld::Datum, u"datum"_s, QUILLMAR_TEXT(u"Datum"_s),
+         QUILLMAR_TEXT(u"Das Datum des Schreibens, nicht das des Scans. Vier Ziffern Jahr, dann Monat, dann Tag."_s)},
+        {Feld::Gegenueber, u"gegenueber"_s, QUILLMAR_TEXT(u"Gegenüber"_s),
+         QUILLMAR_TEXT(u"Die andere Seite, also wer schreibt oder an wen es geht. Niemals du selbst. Etwa Finanzamt "
+                       "Meißen oder Sparkasse."_s)},
+        {Feld::Titel, u"titel"_s, QUILLMAR_TEXT(u"Titel"_s),
+         QUILLMAR_TEXT(u"Worum es geht, in wenigen Worten. Etwa Steuerbescheid EkSt 2023."_s)},
+        {Feld::Zweig, u"zweig"_s, QUILLMAR_TEXT(u"Zweig"_s),
+         QUILLMAR_TEXT(u"Oberste Ebene der Ablage. Bestimmt, welche Rubriken zur Wahl stehen."_s)},
+        {Feld::Ablage, u"ablage"_s, QUILLMAR_TEXT(u"Ablage"_s),
+         QUILLMAR_TEXT(u"Jahresablage für laufende Vorgänge, Stammdaten für Dauerhaftes wie Verträge und Urkunden."_s)},
+        {Feld::Jahr, u"jahr"_s, QUILLMAR_TEXT(u"Jahr"_s),
+         QUILLMAR_TEXT(u"Zieht sich selbst aus dem Datum, lässt sich aber überschreiben."_s)},
+        {Feld::Rubrik, u"rubrik"_s, QUILLMAR_TEXT(u"Rubrik"_s),
+         QUILLMAR_TEXT(u"Der eigentliche Zielordner. Es stehen nur Rubriken zur Wahl, die es in deiner Ablage schon "
+                       "gibt."_s)},
+    };
+    return texte;
+}
+
+const Feldtext &feldtext(Feld feld) { return feldtexte().at(int(feld)); }
+QString beschriftung(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtext(feld).beschriftung); }
+QString hilfe(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtext(feld).hilfe); }
+
+QStringList namen(const QList<Zweig> &zweige)
+{
+    QStringList liste;
+    for (const Zweig &zweig : zweige)
+        liste << zweig.name;
+    return liste;
+}
+
+QStringList namen(const QList<Ablageart> &arten)
+{
+    QStringList liste;
+    for (const Ablageart &art : arten)
+        liste << art.name;
+    return liste;
+}
+
+QString erklaerung()
+{
+    return Sprache::text(u"Prüfen und bei Bedarf ändern. Eine Korrektur merkt sich das Programm für die nächsten "
+                         "Dokumente desselben Gegenübers."_s);
+}
+} // namespace
+
+Angaben::Angaben(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_titel(new QLabel(Sprache::text(u"Angaben"_s), this)),
+      m_erklaerung(new QLabel(this)), m_tag(new QLabel(this)), m_raster(new QGridLayout(this))
+{
+    m_raster->setContentsMargins(0, 0, 0, 0);
+    m_erklaerung->setWordWrap(true);
+    m_erklaerung->setTextFormat(Qt::PlainText);
+    m_erklaerung->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_tag->setTextFormat(Qt::PlainText);
+    m_tag->setObjectName(u"wochentag"_s);
+    textfeldBauen(Feld::Datum, datumszeichen);
+    textfeldBauen(Feld::Gegenueber, 0);
+    textfeldBauen(Feld::Titel, 0);
+    wahlBauen(Feld::Zweig);
+    wahlBauen(Feld::Ablage);
+    textfeldBauen(Feld::Jahr, jahreszeichen);
+    wahlBauen(Feld::Rubrik);
+    m_texte[Feld::Datum]->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
+    Stil::platzhalterFolgt(m_texte[Feld::Datum]);
+    Stil::schriftFolgt(m_titel, Schrift::Abschnitt);
+    Stil::nebentext(m_erklaerung);
+    Stil::nebentext(m_tag);
+    anordnen();
+    Stil::folgen(this, [this] { masse(); });
+    for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
+        connect(m_zustand, signal, this, &Angaben::zeigen);
+    zeigen();
+    erklaerungZeigen();
+}
+
+QStringList Angaben::beschriftungen()
+{
+    QStringList liste;
+    for (const Feldtext &text : feldtexte())
+        liste << beschriftung(text.feld);
+    return liste;
+}
+
+void Angaben::einrichten(Feld feld, QWidget *eingabe)
+{
+    eingabe->setObjectName(feldtext(feld).name);
+    eingabe->setAccessibleName(beschriftung(feld));
+    eingabe->setAccessibleDescription(hilfe(feld));
+    eingabe->setToolTip(hilfe(feld));
+    eingabe->installEventFilter(this);
+    auto *schild = new QLabel(beschriftung(feld), this);
+    schild->setBuddy(eingabe);
+    schild->setToolTip(hilfe(feld));
+    schild->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Stil::folgen(schild, [schild, this] { Stil::setzeTextfarbe(schild, Stil::nebenfarbe(palette())); });
+    m_schilder[feld] = schild;
+}
+
+void Angaben::textfeldBauen(Feld feld, int zeichen)
+{
+    auto *eingabe = new QLineEdit(this);
+    if (zeichen > 0)
+        m_zeichen[feld] = zeichen;
+    m_texte[feld] = eingabe;
+    einrichten(feld, eingabe);
+    connect(eingabe, &QLineEdit::textEdited, m_zustand,
+            [this, feld](const QString &text) { m_zustand->feldSetzen(feld, text); });
+}
+
+void Angaben::wahlBauen(Feld feld)
+{
+    auto *wahl = new QComboBox(this);
+    wahl->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    wahl->setMinimumContentsLength(8);
+    wahl->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    wahl->setMaxVisibleItems(20);
+    m_wahlen[feld] = wahl;
+    einrichten(feld, wahl);
+    connect(wahl, &QComboBox::activated, m_zustand,
+            [this, feld, wahl](int stelle) { m_zustand->feldSetzen(feld, wahl->itemData(stelle).toString()); });
+}
+
+void Angaben::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
+{
+    m_raster->addWidget(m_schilder[feld], zeile, spalte);
+    QWidget *eingabe = m_texte.contains(feld) ? static_cast<QWidget *>(m_texte[feld]) : m_wahlen[feld];
+    m_raster->addWidget(eingabe, zeile, spalte + 1, 1, breite, ausrichtung);
+}
+
+void Angaben::anordnen()
+{
+    while (QLayoutItem *teil = m_raster->takeAt(0))
+        delete teil;
+    m_erklaerung->setVisible(!m_dicht);
+    m_titel->setToolTip(m_dicht ? erklaerung() : QString());
+    m_raster->addWidget(m_titel, 0, 0, 1, letzteSpalte + 1);
+    m_raster->addWidget(m_erklaerung, 1, 0, 1, letzteSpalte + 1);
+    paarAnordnen(Feld::Datum, 2, 0, 1, Qt::AlignLeft);
+    m_raster->addWidget(m_tag, 2, 2, 1, 2);
+    paarAnordnen(Feld::Gegenueber, 3, 0, letzteSpalte);
+    paarAnordnen(Feld::Titel, 4, 0, letzteSpalte);
+    const int breite = m_dicht ? 1 : letzteSpalte;
+    paarAnordnen(Feld::Zweig, 5, 0, breite);
+    paarAnordnen(Feld::Ablage, m_dicht ? 5 : 6, m_dicht ? 2 : 0, breite);
+    paarAnordnen(Feld::Jahr, 7, 0, 1, Qt::AlignLeft);
+    paarAnordnen(Feld::Rubrik, m_dicht ? 7 : 8, m_dicht ? 2 : 0, breite);
+    m_raster->setColumnStretch(1, m_dicht ? 1 : 0);
+    m_raster->setColumnStretch(3, 1);
+    masse();
+}
+
+void Angaben::masse()
+{
+    m_raster->setHorizontalSpacing(abstand(12));
+    m_raster->setVerticalSpacing(abstand(8));
+    m_raster->setRowMinimumHeight(1, 0);
+    const QFontMetrics neben(Stil::schrift(Schrift::Neben));
+    m_erklaerung->setFixedHeight(2 * neben.lineSpacing());
+    for (QLineEdit *eingabe : std::as_const(m_texte))
+        eingabe->setMinimumHeight(abstand(30));
+    for (QComboBox *wahl : std::as_const(m_wahlen))
+        wahl->setMinimumHeight(abstand(30));
+    for (auto it = m_zeichen.begin(); it != m_zeichen.end(); ++it)
+        m_texte[it.key()]->setFixedWidth(fontMetrics().averageCharWidth() * it.value() + abstand(24));
+}
+
+void Angaben::setzeDicht(bool dicht)
+{
+    if (dicht == m_dicht)
+        return;
+    m_dicht = dicht;
+    anordnen();
+}
+
+void Angaben::setzeBeschriftungsbreite(int breite) { m_raster->setColumnMinimumWidth(0, breite); }
+
+int Angaben::volleHoehe() const
+{
+    const int zeile = std::max(abstand(30), m_texte[Feld::Titel]->sizeHint().height()) + abstand(8);
+    return m_titel->sizeHint().height() + m_erklaerung->height() + abstand(16) + int(feldtexte().size()) * zeile;
+}
+
+void Angaben::zeigen()
+{
+    const bool da = m_zustand->aktuelles() != nullptr;
+    setEnabled(da);
+    for (auto it = m_texte.begin(); it != m_texte.end(); ++it)
+        textZeigen(it.key());
+    wahlenZeigen();
+    tagZeigen();
+}
+
+void Angaben::textZeigen(Feld feld)
+{
+    const QString wert = m_zustand->aktuelles() ? feldwert(*m_zustand->aktuelles(), feld) : QString();
+    // Setting it anew would move the cursor and forget what can be undone.
+    if (m_texte[feld]->text() != wert)
+        m_texte[feld]->setText(wert);
+    if (!m_texte[feld]->hasFocus())
+        m_texte[feld]->setCursorPosition(0);
+}
+
+void Angaben::wahlenZeigen()
+{
+    const Dokument *d = m_zustand->aktuelles();
+    const auto &profil = m_zustand->aktiv();
+    if (!d || !profil)
+        return;
+    const Zweig *zweig = profil->zweig(d->zweig);
+    const Ablageart *art = profil->ablageart(d->zweig, d->ablage);
+    wahlZeigen(Feld::Zweig, namen(profil->zweige), d->zweig);
+    wahlZeigen(Feld::Ablage, zweig ? namen(zweig->ablagen) : QStringList(), d->ablage);
+    wahlZeigen(Feld::Rubrik, art ? art->rubriken : QStringList(), d->rubrik);
+}
+
+/** A value that the structure does not know any more is shown all the same: it is what would be filed. */
+void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &wert)
+{
+    QStringList werte = auswahl;
+    QStringList anzeige = auswahl;
+    if (!wert.isEmpty() && !werte.contains(wert)) {
+        werte << wert;
+        anzeige << wert;
+    }
+    const bool leerWaehlbar = feld == Feld::Rubrik;
+    if (leerWaehlbar || wert.isEmpty()) {
+        werte.prepend({});
+        anzeige.prepend(leerWaehlbar ? Sprache::text(u"ohne Rubrik"_s) : QString());
+    }
+    QComboBox *wahl = m_wahlen[feld];
+    QStringList jetzige;
+    for (int i = 0; i < wahl->count(); ++i)
+        jetzige << wahl->itemData(i).toString();
+    if (jetzige != werte || wahl->count() == 0) {
+        wahl->clear();
+        wahl->addItems(anzeige);
+        for (int i = 0; i < werte.size(); ++i)
+            wahl->setItemData(i, werte.at(i));
+    }
+    wahl->setCurrentIndex(int(werte.indexOf(wert)));
+}
+
+void Angaben::tagZeigen()
+{
+    const Dokument *d = m_zustand->aktuelles();
+    const QDate tag = d ? QDate::fromString(d->datum.trimmed(), Qt::ISODate) : QDate();
+    QString text = tag.isValid() ? QLocale().toString(tag, u"dddd"_s) : QString();
+    if (d && !m_zustand->datumGueltig())
+        text = Sprache::text(u"Bitte als JJJJ-MM-TT"_s);
+    else if (d && !tag.isValid() && !d->datum.trimmed().isEmpty())
+        text = Sprache::text(u"Diesen Tag gibt es nicht"_s);
+    m_tag->setText(text);
+    const bool falsch = !text.isEmpty() && !tag.isValid();
+    Stil::setzeTextfarbe(m_tag,
+                         falsch ? Stil::farbe(Stil::Bedeutung::Warnung, palette()) : Stil::nebenfarbe(palette()));
+    m_texte[Feld::Datum]->setAccessibleDescription(falsch ? text + u". "_s + hilfe(Feld::Datum) : hilfe(Feld::Datum));
+}
+
+bool Angaben::hatFokus() const
+{
+    const QWidget *fokus = focusWidget();
+    return fokus && fokus->hasFocus();
+}
+
+QString Angaben::hilfeImFokus() const
+{
+    for (const Feldtext &text : feldtexte()) {
+        const QWidget *eingabe =
+            m_texte.contains(text.feld) ? static_cast<QWidget *>(m_texte[text.feld]) : m_wahlen[text.feld];
+        if (eingabe->hasFocus())
+            return beschriftung(text.feld) + u": "_s + hilfe(text.feld);
+    }
+    return {};
+}
+
+void Angaben::erklaerungZeigen()
+{
+    const QString hilfe = hilfeImFokus();
+    m_erklaerung->setText(hilfe.isEmpty() ? erklaerung() : hilfe);
+}
+
+bool Angaben::eventFilter(QObject *objekt, QEvent *ereignis)
+{
+    if (ereignis->type() == QEvent::FocusIn || ereignis->type() == QEvent::FocusOut) {
+        // After the event: only then the focus is where it belongs.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                erklaerungZeigen();
+                Q_EMIT fokusGewechselt();
+            },
+            Qt::QueuedConnection);
+    }
+    return QWidget::eventFilter(objekt, ereignis);
+}

@@ -1,0 +1,98 @@
+#include "fenstermenue.h"
+
+#include "einstellungen.h"
+#include "fenstersprache.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+
+#include <QActionGroup>
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr auto schluesselSchrift = "schriftgroesse"_L1;
+
+double begrenzt(double punkte) { return std::clamp(punkte, Stil::kleinsteSchrift, Stil::groessteSchrift); }
+} // namespace
+
+void schriftgroesseAnwenden()
+{
+    bool zahl = false;
+    const double punkte = Einstellungen::wert(schluesselSchrift).toDouble(&zahl);
+    if (zahl && std::isfinite(punkte))
+        Stil::setzeSchriftgroesse(begrenzt(punkte));
+}
+
+Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(eltern), m_sprache(sprache)
+{
+    setObjectName(u"menue"_s);
+    schriftBauen();
+    sprachenBauen();
+    addSeparator();
+    QAction *beenden = addAction(Sprache::text(u"Beenden"_s));
+    beenden->setObjectName(u"beenden"_s);
+    beenden->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(beenden, &QAction::triggered, eltern->window(), &QWidget::close);
+}
+
+void Fenstermenue::schriftAendern(double punkte)
+{
+    const double neu = begrenzt(punkte);
+    Einstellungen::setzen(schluesselSchrift, neu);
+    Stil::setzeSchriftgroesse(neu);
+}
+
+void Fenstermenue::schriftBauen()
+{
+    QMenu *schrift = addMenu(Sprache::text(u"Schriftgröße"_s));
+    schrift->setObjectName(u"schriftgroesse"_s);
+    QAction *groesser = schrift->addAction(Sprache::text(u"Größer"_s));
+    groesser->setObjectName(u"schriftGroesser"_s);
+    groesser->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    QAction *kleiner = schrift->addAction(Sprache::text(u"Kleiner"_s));
+    kleiner->setObjectName(u"schriftKleiner"_s);
+    kleiner->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
+    connect(groesser, &QAction::triggered, this, [this] { schriftAendern(std::floor(Stil::schriftgroesse()) + 1); });
+    connect(kleiner, &QAction::triggered, this, [this] { schriftAendern(std::ceil(Stil::schriftgroesse()) - 1); });
+    schrift->addSeparator();
+    auto *gruppe = new QActionGroup(this);
+    for (int punkte = int(Stil::kleinsteSchrift); punkte <= int(Stil::groessteSchrift); ++punkte) {
+        QAction *wahl = schrift->addAction(gefuellt(Sprache::text(u"%@ Punkt"_s), {QString::number(punkte)}));
+        wahl->setCheckable(true);
+        wahl->setData(punkte);
+        gruppe->addAction(wahl);
+        connect(wahl, &QAction::triggered, this, [this, punkte] { schriftAendern(punkte); });
+    }
+    connect(schrift, &QMenu::aboutToShow, gruppe, [gruppe] {
+        for (QAction *wahl : gruppe->actions())
+            wahl->setChecked(qFuzzyCompare(wahl->data().toDouble(), Stil::schriftgroesse()));
+    });
+}
+
+void Fenstermenue::sprachenBauen()
+{
+    QMenu *sprachen = addMenu(Sprache::text(u"Sprache"_s));
+    sprachen->setObjectName(u"sprache"_s);
+    auto *gruppe = new QActionGroup(this);
+    const auto dazu = [&](const QString &kennung, const QString &name) {
+        QAction *wahl = sprachen->addAction(name);
+        wahl->setObjectName(u"sprache-"_s + kennung);
+        wahl->setCheckable(true);
+        wahl->setChecked(m_sprache->kennung() == kennung);
+        gruppe->addAction(wahl);
+        // Later: the menu goes down with the window's whole content.
+        connect(
+            wahl, &QAction::triggered, m_sprache, [sprache = m_sprache, kennung] { sprache->waehlen(kennung); },
+            Qt::QueuedConnection);
+    };
+    dazu({}, Sprache::text(u"Wie das System"_s));
+    dazu(u"de"_s, u"Deutsch"_s);
+    for (const Sprachsatz &satz : Sprache::verfuegbare()) {
+        if (satz.kennung != u"de"_s)
+            dazu(satz.kennung, satz.name);
+    }
+}

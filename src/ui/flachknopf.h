@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QToolButton>
+
+/** A flat button with icon and text that can drop its text, which stays as tool tip. */
+class Flachknopf : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    /** @p symbol names the icon, see Zeichen; @p titel may be shown beside it; @p hilfe says what it does. */
+    Flachknopf(const QString &name, const QString &symbol, const QString &titel, const QString &hilfe,
+               QWidget *eltern = nullptr);
+
+    void setzeMitText(bool mit);
+    void setzeHilfe(const QString &titel, const QString &hilfe);
+    /** As tall as a filled button. */
+    void setzeHoch();
+
+private:
+    bool m_hoch = false;
+};

@@ -1,0 +1,136 @@
+#include "fusszeile.h"
+
+#include "analyse.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zeichen.h"
+#include "zustand.h"
+
+#include <QLabel>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+namespace
+{
+constexpr int balkenlaenge = 120;
+
+QLabel *schild(const QString &name, QWidget *eltern)
+{
+    auto *schild = new QLabel(eltern);
+    schild->setObjectName(name);
+    schild->setTextFormat(Qt::PlainText);
+    Stil::nebentext(schild);
+    return schild;
+}
+} // namespace
+
+Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_zaehler(schild(u"zaehlwerk"_s, this)), m_lage(schild(u"lage"_s, this))
+{
+    const QString hilfe = Sprache::text(u"Einsortiert: fertig bearbeitet. Offen: wartet auf deine Prüfung. "
+                                        "Zurückgestellt: von dir übersprungen. In Analyse: noch nicht gelesen."_s);
+    m_zaehler->setToolTip(hilfe);
+    m_zaehler->setAccessibleDescription(hilfe);
+    connect(m_zustand, &Zustand::zaehlwerkGeaendert, this, &Fusszeile::zaehlenZeigen);
+    for (const auto signal : {&Zustand::laufGeaendert, &Zustand::modellGeaendert, &Zustand::vorgangGeaendert,
+                              &Zustand::oeffnetGeaendert, &Zustand::aktivGeaendert, &Zustand::rueckbauGeaendert})
+        connect(m_zustand, signal, this, &Fusszeile::lageZeigen);
+    zaehlenZeigen();
+    lageZeigen();
+    Stil::folgen(this, [this] {
+        updateGeometry();
+        anordnen();
+    });
+}
+
+void Fusszeile::zaehlenZeigen()
+{
+    const Zaehlwerk &z = m_zustand->zaehlwerk();
+    m_zaehler->setText(gefuellt(Sprache::text(u"%@ einsortiert · %@ offen · %@ zurückgestellt · %@ in Analyse"_s),
+                                {QString::number(z.erledigt), QString::number(z.bereit),
+                                 QString::number(z.zurueckgestellt), QString::number(z.neu)}));
+    anordnen();
+}
+
+void Fusszeile::lageZeigen()
+{
+    m_stufe.clear();
+    m_rest.clear();
+    m_anteil = -1;
+    m_warnung = false;
+    const Analyse *analyse = m_zustand->analyse();
+    if (m_zustand->oeffnet()) {
+        m_stufe = Sprache::text(u"Der Katalog wird geöffnet"_s);
+    } else if (m_zustand->rueckbauLaeuft()) {
+        m_stufe = m_zustand->rueckbauMeldung();
+        m_anteil = m_zustand->rueckbauAnteil();
+    } else if (!m_zustand->vorgang().isEmpty()) {
+        m_stufe = m_zustand->vorgang();
+        m_anteil = m_zustand->vorgangsanteil() > 0 ? m_zustand->vorgangsanteil() : -1;
+    } else if (analyse && analyse->laeuft()) {
+        m_stufe = analyse->stufe();
+        QStringList rest = {analyse->meldung(), analyse->restzeit()};
+        rest.removeAll(QString());
+        m_rest = rest.join(u" · "_s);
+        m_anteil = analyse->anteil();
+    } else if (m_zustand->modellstand().art == Modellstand::Art::serverFehlt ||
+               m_zustand->modellstand().art == Modellstand::Art::modellFehlt) {
+        m_stufe = m_zustand->modellMeldung();
+        m_warnung = true;
+    }
+    anordnen();
+    update();
+}
+
+/** When it gets narrow, the bar goes first, then the stage's name, then the right side. */
+void Fusszeile::anordnen()
+{
+    const int rand = abstand(12);
+    const int links = rand + m_zaehler->sizeHint().width();
+    const int frei = width() - links - abstand(24) - rand - (m_warnung ? Stil::zeichengroesse() + abstand(6) : 0);
+    const QFontMetrics mass(m_lage->font());
+    const QString ganz = m_rest.isEmpty() ? m_stufe : m_stufe + u"   "_s + m_rest;
+    const int balken = abstand(balkenlaenge + 8);
+    const bool mitBalken = m_anteil >= 0 && mass.horizontalAdvance(ganz) + balken <= frei;
+    QString text = ganz;
+    if (mass.horizontalAdvance(text) > frei && !m_rest.isEmpty())
+        text = m_rest;
+    if (mass.horizontalAdvance(text) > frei)
+        text.clear();
+    m_lage->setText(text);
+    m_lage->setToolTip(ganz);
+    const int breite = mass.horizontalAdvance(text) + 2;
+    const int rechts = width() - rand - (mitBalken ? balken : 0);
+    m_zaehler->setGeometry(rand, 1, links - rand, height() - 1);
+    m_lage->setGeometry(rechts - breite, 1, breite, height() - 1);
+    m_balkenX = mitBalken ? width() - rand - abstand(balkenlaenge) : 0;
+    update();
+}
+
+QSize Fusszeile::sizeHint() const { return {0, abstand(28)}; }
+
+void Fusszeile::resizeEvent(QResizeEvent *) { anordnen(); }
+
+void Fusszeile::paintEvent(QPaintEvent *)
+{
+    QPainter maler(this);
+    maler.fillRect(0, 0, width(), 1, Stil::linie(palette()));
+    maler.setRenderHint(QPainter::Antialiasing);
+    if (m_warnung && !m_lage->text().isEmpty()) {
+        const int kante = Stil::zeichengroesse();
+        Zeichen::malen(maler, QRect(m_lage->x() - kante - abstand(6), (height() - kante) / 2, kante, kante),
+                       u"exclamationmark.triangle"_s, palette());
+    }
+    if (m_balkenX == 0)
+        return;
+    const int dicke = abstand(6);
+    const QRectF rille(m_balkenX, (height() - dicke) / 2.0, abstand(balkenlaenge), dicke);
+    maler.setPen(Qt::NoPen);
+    maler.setBrush(Stil::rille(palette()));
+    maler.drawRoundedRect(rille, dicke / 2.0, dicke / 2.0);
+    maler.setBrush(Stil::akzentmarke(palette()));
+    maler.drawRoundedRect(QRectF(rille.topLeft(), QSizeF(rille.width() * m_anteil, dicke)), dicke / 2.0, dicke / 2.0);
+}

@@ -1,0 +1,56 @@
+#include "hauptknopf.h"
+
+#include "stil.h"
+
+#include <QPainter>
+
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int aufgehellt = 108; // percent, under the mouse
+constexpr int abgedunkelt = 115;
+} // namespace
+
+int knopfhoehe() { return abstand(36); }
+
+Hauptknopf::Hauptknopf(const QString &text, QWidget *eltern) : QPushButton(text, eltern)
+{
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::ArrowCursor);
+    setAttribute(Qt::WA_Hover);
+    Stil::folgen(this, [this] {
+        setFont(Stil::schrift(Schrift::Halbfett));
+        updateGeometry();
+    });
+}
+
+QSize Hauptknopf::sizeHint() const { return {fontMetrics().horizontalAdvance(text()) + 2 * abstand(20), knopfhoehe()}; }
+
+void Hauptknopf::paintEvent(QPaintEvent *)
+{
+    QPainter maler(this);
+    maler.setRenderHint(QPainter::Antialiasing);
+    QColor grund = Stil::akzent(palette());
+    QColor schrift = Stil::aufAkzent(palette());
+    if (!isEnabled()) {
+        grund = Stil::rille(palette());
+        schrift = Stil::nebenfarbe(palette(), grund);
+    } else if (isDown()) {
+        grund = grund.darker(abgedunkelt);
+    } else if (underMouse()) {
+        grund = schrift.lightness() > 127 ? grund.darker(aufgehellt) : grund.lighter(aufgehellt);
+    }
+    maler.setPen(Qt::NoPen);
+    maler.setBrush(grund);
+    maler.drawRoundedRect(rect(), 3, 3);
+    if (hasFocus()) {
+        maler.setBrush(Qt::NoBrush);
+        maler.setPen(QPen(schrift, 2));
+        maler.drawRoundedRect(rect().adjusted(3, 3, -3, -3), 2, 2);
+    }
+    maler.setPen(schrift);
+    maler.setFont(font());
+    maler.drawText(rect(), Qt::AlignCenter, text());
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QPushButton>
+
+/** The one filled button of a card, the one that goes on: drawn in the accent, with text that reads upon it. */
+class Hauptknopf : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    explicit Hauptknopf(const QString &text = {}, QWidget *eltern = nullptr);
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
+};
+
+/** Height of the buttons in the row of a filled one. */
+[[nodiscard]] int knopfhoehe();

@@ -1,0 +1,83 @@
+#include "leeransicht.h"
+
+#include "stil.h"
+#include "zeichen.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int kante = 56;
+}
+
+class Leeransicht::Bild : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    void setzen(const QString &symbol)
+    {
+        m_symbol = symbol;
+        update();
+    }
+    [[nodiscard]] QSize sizeHint() const override { return {abstand(kante), abstand(kante)}; }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter maler(this);
+        const QRect flaeche((width() - abstand(kante)) / 2, 0, abstand(kante), abstand(kante));
+        Zeichen::malen(maler, flaeche, m_symbol, palette(), Stil::nebenfarbe(palette()));
+    }
+
+private:
+    QString m_symbol;
+};
+
+Leeransicht::Leeransicht(QWidget *eltern)
+    : QWidget(eltern), m_bild(new Bild(this)), m_titel(new QLabel(this)), m_zeile(new QLabel(this)),
+      m_knopf(new QPushButton(this))
+{
+    auto *spalte = new QVBoxLayout(this);
+    spalte->addStretch(1);
+    for (QLabel *schild : {m_titel, m_zeile}) {
+        schild->setAlignment(Qt::AlignCenter);
+        schild->setTextFormat(Qt::PlainText);
+        schild->setWordWrap(true);
+    }
+    m_titel->setObjectName(u"leertitel"_s);
+    m_zeile->setObjectName(u"leerzeile"_s);
+    m_knopf->setObjectName(u"leerknopf"_s);
+    spalte->addWidget(m_bild);
+    spalte->addWidget(m_titel);
+    spalte->addWidget(m_zeile);
+    spalte->addWidget(m_knopf, 0, Qt::AlignHCenter);
+    spalte->addStretch(2); // a third down
+    connect(m_knopf, &QPushButton::clicked, this, &Leeransicht::gedrueckt);
+    Stil::schriftFolgt(m_titel, Schrift::Seitentitel);
+    Stil::nebentext(m_zeile);
+    Stil::folgen(this, [this, spalte] {
+        spalte->setContentsMargins(abstand(24), abstand(24), abstand(24), abstand(24));
+        spalte->setSpacing(abstand(8));
+        m_bild->setFixedHeight(abstand(kante) + abstand(6));
+        m_knopf->setMinimumHeight(abstand(30));
+    });
+}
+
+void Leeransicht::setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf)
+{
+    m_bild->setzen(symbol);
+    m_titel->setText(titel);
+    m_zeile->setText(zeile);
+    m_zeile->setVisible(!zeile.isEmpty());
+    m_knopf->setText(knopf);
+    m_knopf->setVisible(!knopf.isEmpty());
+    setAccessibleName(titel);
+    setAccessibleDescription(zeile);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+
+class Elidiertext;
+class Flachknopf;
+class Zustand;
+
+/** What was done last and what is to be said, at one fixed place; at its end what takes it back. */
+class Meldungszeile : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Meldungszeile(Zustand *zustand, QWidget *eltern = nullptr);
+    void setzeMitText(bool mit);
+
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
+
+private:
+    void zeigen();
+
+    Zustand *m_zustand;
+    Elidiertext *m_text;
+    Flachknopf *m_zurueck;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+class QAbstractButton;
+
+/** Two choices side by side of which one holds. The words can be dropped; they stay as tool tips then. */
+class Umschalter : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Wahl {
+        QString name; ///< of the object
+        QString titel;
+        QString hilfe;
+        QString symbol;
+    };
+    Umschalter(const Wahl &links, const Wahl &rechts, QWidget *eltern = nullptr);
+
+    /** The right choice holds. */
+    [[nodiscard]] bool rechts() const;
+    void setzeRechts(bool rechts);
+    void setzeMitText(bool mit);
+
+Q_SIGNALS:
+    /** The user has chosen. */
+    void gewaehlt(bool rechts);
+
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
+
+private:
+    class Haelfte;
+    Haelfte *m_links;
+    Haelfte *m_rechts;
+};

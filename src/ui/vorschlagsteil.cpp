@@ -1,0 +1,174 @@
+#include "vorschlagsteil.h"
+
+#include "balken.h"
+#include "elidiertext.h"
+#include "pfade.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "umbruchtext.h"
+#include "zustand.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+QString erklaerung() { return Sprache::text(u"Woher das Dokument kommt und wie es künftig heißen soll."_s); }
+
+QString hilfeSicherheit()
+{
+    return Sprache::text(u"Wie sicher sich das Modell bei diesem Vorschlag ist. Ein niedriger Wert heißt nicht falsch, "
+                         "nur genauer hinsehen."_s);
+}
+
+/** A row of widgets without margins. */
+QWidget *zeile(QWidget *eltern, const QList<QWidget *> &teile)
+{
+    auto *traeger = new QWidget(eltern);
+    auto *reihe = new QHBoxLayout(traeger);
+    reihe->setContentsMargins(0, 0, 0, 0);
+    for (QWidget *teil : teile)
+        reihe->addWidget(teil);
+    reihe->addStretch(1);
+    Stil::folgen(traeger, [reihe] { reihe->setSpacing(abstand(10)); });
+    return traeger;
+}
+} // namespace
+
+Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_raster(new QGridLayout(this)),
+      m_titel(new QLabel(Sprache::text(u"Vorschlag"_s), this)), m_erklaerung(new QLabel(erklaerung(), this)),
+      m_bisher(new Elidiertext(Qt::ElideMiddle)), m_bisherOrdner(new Elidiertext(Qt::ElideMiddle)),
+      m_neu(new QWidget(this)), m_name(new Umbruchtext(m_neu)), m_pfad(new Umbruchtext(m_neu)),
+      m_balken(new Balken(96)), m_prozent(new QLabel)
+{
+    m_bisherSchild = beschriftung(Sprache::text(u"Bisher"_s),
+                                  Sprache::text(u"So heißt die Datei heute und dort liegt sie. Solange du nicht "
+                                                "übernimmst, bleibt das auch so."_s));
+    m_neuSchild = beschriftung(Sprache::text(u"Neuer Name"_s),
+                               Sprache::text(u"So wird die Datei heißen und dorthin wandert sie, sobald du übernimmst. "
+                                             "Beides rechnet sich aus den Feldern darunter."_s));
+    m_sicherheitSchild = beschriftung(Sprache::text(u"Sicherheit"_s), hilfeSicherheit());
+    m_bisherZeile = zeile(this, {m_bisher, m_bisherOrdner});
+    m_sicherheit = zeile(this, {m_balken, m_prozent});
+    m_bisher->setObjectName(u"dateiname"_s);
+    m_bisherOrdner->setObjectName(u"altOrdner"_s);
+    m_name->setObjectName(u"neuerName"_s);
+    m_pfad->setObjectName(u"zielpfad"_s);
+    m_prozent->setObjectName(u"konfidenz"_s);
+    m_bisher->setToolTip(m_bisherSchild->toolTip());
+    m_name->setToolTip(m_neuSchild->toolTip());
+    m_pfad->setToolTip(m_neuSchild->toolTip());
+    m_erklaerung->setWordWrap(true);
+    m_prozent->setTextFormat(Qt::PlainText);
+    m_raster->setContentsMargins(0, 0, 0, 0);
+    auto *spalte = new QVBoxLayout(m_neu);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->setSpacing(0);
+    spalte->addWidget(m_name);
+    spalte->addWidget(m_pfad);
+    spalte->addStretch(1);
+    Stil::schriftFolgt(m_titel, Schrift::Abschnitt);
+    Stil::schriftFolgt(m_name, Schrift::Abschnitt);
+    Stil::nebentext(m_erklaerung);
+    Stil::nebentext(m_bisherOrdner);
+    anordnen();
+    Stil::folgen(this, [this] { masse(); });
+    for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
+        connect(m_zustand, signal, this, &Vorschlagsteil::zeigen);
+    zeigen();
+}
+
+QStringList Vorschlagsteil::beschriftungen()
+{
+    return {Sprache::text(u"Bisher"_s), Sprache::text(u"Neuer Name"_s), Sprache::text(u"Sicherheit"_s)};
+}
+
+QLabel *Vorschlagsteil::beschriftung(const QString &text, const QString &hilfe)
+{
+    auto *schild = new QLabel(text, this);
+    schild->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    schild->setToolTip(hilfe);
+    Stil::folgen(schild, [schild, this] { Stil::setzeTextfarbe(schild, Stil::nebenfarbe(palette())); });
+    return schild;
+}
+
+void Vorschlagsteil::anordnen()
+{
+    while (QLayoutItem *teil = m_raster->takeAt(0))
+        delete teil;
+    m_erklaerung->setVisible(!m_dicht);
+    m_titel->setToolTip(m_dicht ? erklaerung() : QString());
+    m_raster->addWidget(m_titel, 0, 0, 1, 2);
+    m_raster->addWidget(m_erklaerung, 1, 0, 1, 4);
+    m_raster->addWidget(m_bisherSchild, 2, 0);
+    m_raster->addWidget(m_bisherZeile, 2, 1, 1, 3);
+    m_raster->addWidget(m_neuSchild, 3, 0, Qt::AlignRight | Qt::AlignTop);
+    m_raster->addWidget(m_neu, 3, 1, 1, 3);
+    if (m_dicht) {
+        m_raster->addWidget(m_sicherheitSchild, 0, 2, Qt::AlignRight | Qt::AlignVCenter);
+        m_raster->addWidget(m_sicherheit, 0, 3);
+    } else {
+        m_raster->addWidget(m_sicherheitSchild, 4, 0);
+        m_raster->addWidget(m_sicherheit, 4, 1, 1, 3);
+    }
+    m_raster->setColumnStretch(1, 1);
+    masse();
+}
+
+void Vorschlagsteil::masse()
+{
+    m_raster->setHorizontalSpacing(abstand(12));
+    m_raster->setVerticalSpacing(abstand(m_dicht ? 4 : 8));
+    const int zeilenhoehe = QFontMetrics(Stil::schrift(Schrift::Abschnitt)).lineSpacing();
+    m_neu->setMinimumHeight(2 * zeilenhoehe + fontMetrics().lineSpacing() + 2);
+    // The first line of the larger name and its label stand on one line.
+    const int versatz = QFontMetrics(Stil::schrift(Schrift::Abschnitt)).ascent() - fontMetrics().ascent();
+    m_neuSchild->setContentsMargins(0, std::max(0, versatz), 0, 0);
+    Stil::setzeTextfarbe(m_pfad, Stil::verweis(palette()));
+}
+
+void Vorschlagsteil::setzeDicht(bool dicht)
+{
+    if (dicht == m_dicht)
+        return;
+    m_dicht = dicht;
+    anordnen();
+}
+
+void Vorschlagsteil::setzeBeschriftungsbreite(int breite) { m_raster->setColumnMinimumWidth(0, breite); }
+
+int Vorschlagsteil::volleHoehe() const
+{
+    return m_titel->sizeHint().height() + m_erklaerung->sizeHint().height() + 2 * fontMetrics().height() +
+           m_neu->minimumHeight() + 4 * abstand(8);
+}
+
+void Vorschlagsteil::zeigen()
+{
+    const Dokument *d = m_zustand->aktuelles();
+    m_bisher->setzeText(d ? nameVon(d->pfad) : QString());
+    const QString ordner = d ? d->altOrdner : QString();
+    m_bisherOrdner->setzeText(ordner.isEmpty() && d ? Sprache::text(u"im Herkunftsordner"_s) : ordner);
+    m_name->setzeText(m_zustand->neuerName());
+    m_pfad->setzeText(m_zustand->zielpfad().join(u" › "_s));
+    sicherheitZeigen();
+}
+
+void Vorschlagsteil::sicherheitZeigen()
+{
+    const Dokument *d = m_zustand->aktuelles();
+    const double anteil = d ? d->konfidenz : 0;
+    const QString zahl = QString::number(qRound(anteil * 100));
+    m_balken->setzeAnteil(anteil);
+    m_prozent->setText(gefuellt(Sprache::text(u"%@ Prozent"_s), {zahl}));
+    m_prozent->setAccessibleName(gefuellt(Sprache::text(u"Sicherheit %@ Prozent"_s), {zahl}));
+    m_prozent->setToolTip(hilfeSicherheit());
+    m_sicherheit->setToolTip(hilfeSicherheit());
+}
