@@ -1,0 +1,121 @@
+#include "dokumentlager.h"
+
+namespace
+{
+constexpr int hoechstzahl = 4;
+constexpr qint64 hoechsteBytes = qint64(320) << 20;
+} // namespace
+
+Dokumentlager::Dokumentlager(QObject *eltern) : QObject(eltern)
+{
+    connect(&m_werk, &Seitenwerk::geoeffnet, this, &Dokumentlager::aufnehmen);
+    connect(&m_werk, &Seitenwerk::gemalt, this, &Dokumentlager::bildAufnehmen);
+}
+
+void Dokumentlager::holen(const QString &pfad)
+{
+    vorziehen(pfad);
+    if (m_dokumente.contains(pfad))
+        nachsehen(pfad);
+    else
+        beginnen(pfad);
+    aufraeumen();
+}
+
+void Dokumentlager::vorziehen(const QString &pfad)
+{
+    m_reihenfolge.removeAll(pfad);
+    m_reihenfolge.prepend(pfad);
+}
+
+const Vorschaudokument *Dokumentlager::dokument(const QString &pfad) const
+{
+    const auto gefunden = m_dokumente.constFind(pfad);
+    return gefunden == m_dokumente.constEnd() ? nullptr : &*gefunden;
+}
+
+bool Dokumentlager::bestellen(const QString &pfad, int seite, const QSize &pixel, Seitenwerk::Vorrang vorrang)
+{
+    const auto dokument = m_dokumente.find(pfad);
+    if (dokument == m_dokumente.end() || dokument->befund != Vorschaubefund::Offen ||
+        dokument->bestellt.value(seite) == pixel)
+        return false;
+    const bool neu = !dokument->bestellt.contains(seite);
+    dokument->bestellt.insert(seite, pixel);
+    m_werk.malen(dokument->kennung, seite, pixel, vorrang);
+    return neu;
+}
+
+void Dokumentlager::ausduennen(const QString &pfad, int von, int bis)
+{
+    const auto dokument = m_dokumente.find(pfad);
+    if (dokument == m_dokumente.end())
+        return;
+    for (const int seite : dokument->bilder.keys()) {
+        if (seite > 0 && (seite < von || seite > bis)) {
+            dokument->bilder.remove(seite);
+            dokument->bestellt.remove(seite);
+        }
+    }
+}
+
+void Dokumentlager::beginnen(const QString &pfad)
+{
+    Vorschaudokument neues;
+    neues.kennung = m_werk.oeffnen(pfad);
+    m_pfade.insert(neues.kennung, pfad);
+    m_dokumente.insert(pfad, neues);
+}
+
+// The second number is told of only when the file is another than the one that is open.
+void Dokumentlager::nachsehen(const QString &pfad)
+{
+    const Vorschaudokument &bekanntes = m_dokumente[pfad];
+    if (bekanntes.befund != Vorschaubefund::Laedt)
+        m_pfade.insert(m_werk.oeffnen(pfad, bekanntes.stand), pfad);
+}
+
+void Dokumentlager::aufraeumen()
+{
+    qint64 bytes = 0;
+    for (int i = 0; i < m_reihenfolge.size(); ++i) {
+        bytes += m_dokumente.value(m_reihenfolge.at(i)).stand.groesse;
+        if (i < 2 || (i < hoechstzahl && bytes <= hoechsteBytes))
+            continue;
+        const QString pfad = m_reihenfolge.takeAt(i--);
+        for (const quint64 kennung : m_pfade.keys(pfad)) {
+            m_werk.schliessen(kennung);
+            m_pfade.remove(kennung);
+        }
+        m_dokumente.remove(pfad);
+    }
+}
+
+void Dokumentlager::aufnehmen(quint64 kennung, Vorschaubefund befund, const Dateistand &stand,
+                              const QList<QSizeF> &groessen)
+{
+    const QString pfad = m_pfade.value(kennung);
+    Vorschaudokument neues;
+    neues.kennung = kennung;
+    neues.befund = befund;
+    neues.stand = stand;
+    neues.groessen = groessen;
+    for (const quint64 andere : m_pfade.keys(pfad)) {
+        if (andere == kennung)
+            continue;
+        m_werk.schliessen(andere);
+        m_pfade.remove(andere);
+    }
+    m_dokumente.insert(pfad, neues);
+    Q_EMIT geoeffnet(pfad);
+}
+
+void Dokumentlager::bildAufnehmen(quint64 kennung, int seite, const QImage &bild)
+{
+    const QString pfad = m_pfade.value(kennung);
+    const auto dokument = m_dokumente.find(pfad);
+    if (dokument == m_dokumente.end() || dokument->kennung != kennung)
+        return;
+    dokument->bilder.insert(seite, bild);
+    Q_EMIT gemalt(pfad, seite);
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "seitenwerk.h"
+
+#include <QHash>
+#include <QImage>
+#include <QObject>
+#include <QStringList>
+
+/** A document of the preview as far as it is known by now. */
+struct Vorschaudokument {
+    quint64 kennung = 0;
+    Vorschaubefund befund = Vorschaubefund::Laedt;
+    Dateistand stand;
+    QList<QSizeF> groessen;     ///< of the pages, in points
+    QHash<int, QImage> bilder;  ///< what is drawn, in the size that was last asked for
+    QHash<int, QSize> bestellt; ///< sizes that were asked for; a page whose picture is null cannot be drawn
+};
+
+/**
+ * The few documents that the preview has open: the one on show, the next one and those just left, so that going back
+ * and forth needs no reading. Whether a file is still what was read is looked up each time it comes on show again.
+ */
+class Dokumentlager : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Dokumentlager(QObject *eltern = nullptr);
+
+    /** Has @p pfad read and opened, unless it is here; frees the one that was not asked for longest. */
+    void holen(const QString &pfad);
+
+    /** Counts as the last that was asked for. */
+    void vorziehen(const QString &pfad);
+
+    /** The document, or nullptr when it was not asked for. Valid until the next holen() or signal. */
+    [[nodiscard]] const Vorschaudokument *dokument(const QString &pfad) const;
+
+    /**
+     * Asks for a page of an open document in the size @p pixel, unless it is drawn or asked for so already. True when
+     * there is no picture of it at all and it had not been asked for.
+     */
+    bool bestellen(const QString &pfad, int seite, const QSize &pixel, Seitenwerk::Vorrang vorrang);
+
+    /** Frees the pictures of all pages of @p pfad but the first and those from @p von to @p bis. */
+    void ausduennen(const QString &pfad, int von, int bis);
+
+Q_SIGNALS:
+    void geoeffnet(const QString &pfad);
+    void gemalt(const QString &pfad, int seite);
+
+private:
+    void beginnen(const QString &pfad);
+    void nachsehen(const QString &pfad);
+    void aufraeumen();
+    void aufnehmen(quint64 kennung, Vorschaubefund befund, const Dateistand &stand, const QList<QSizeF> &groessen);
+    void bildAufnehmen(quint64 kennung, int seite, const QImage &bild);
+
+    Seitenwerk m_werk;
+    QHash<QString, Vorschaudokument> m_dokumente;
+    QHash<quint64, QString> m_pfade; ///< of all numbers that may still be told of
+    QStringList m_reihenfolge;       ///< last asked for first
+};

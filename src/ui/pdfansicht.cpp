@@ -1,0 +1,305 @@
+#include "pdfansicht.h"
+
+#include "pdfsteuerung.h"
+#include "sprache.h"
+#include "stil.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr double punkteJeZoll = 72;
+constexpr std::chrono::milliseconds geduld(200);
+
+// Larger pictures are not drawn but scaled up: A4 at 500 dots per inch.
+constexpr double groesstesBild = 24e6;
+
+constexpr QSizeF a4(595, 842);
+} // namespace
+
+PDFAnsicht::PDFAnsicht(PDFSteuerung *steuerung, QWidget *eltern)
+    : QAbstractScrollArea(eltern), m_steuerung(steuerung), m_groessen{a4}
+{
+    setFrameShape(QFrame::NoFrame);
+    // Always there, so that the width to fit does not depend on what is fitted to it.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setFocusPolicy(Qt::StrongFocus);
+    m_geduld.setSingleShot(true);
+    m_geduld.setInterval(geduld);
+    connect(&m_geduld, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
+    connect(&m_lager, &Dokumentlager::geoeffnet, this, &PDFAnsicht::geoeffnet);
+    connect(&m_lager, &Dokumentlager::gemalt, this, &PDFAnsicht::gemalt);
+    m_steuerung->setAnsicht(this);
+}
+
+QUrl PDFAnsicht::url() const { return m_pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(m_pfad); }
+
+void PDFAnsicht::setUrl(const QUrl &url)
+{
+    const QString pfad = url.toLocalFile();
+    if (pfad == m_pfad)
+        return;
+    m_pfad = pfad;
+    m_gemeldet = pfad.isEmpty();
+    if (!pfad.isEmpty())
+        m_lager.holen(pfad);
+    m_geduld.start();
+    geoeffnet(m_pfad);
+    nachOben();
+}
+
+void PDFAnsicht::vorausladen(const QString &pfad)
+{
+    m_voraus = pfad;
+    if (pfad.isEmpty() || pfad == m_pfad)
+        return;
+    if (!m_lager.dokument(pfad))
+        m_lager.holen(pfad);
+    if (!m_pfad.isEmpty())
+        m_lager.vorziehen(m_pfad);
+    ersteSeiteBestellen(pfad);
+}
+
+Vorschaubefund PDFAnsicht::befund() const
+{
+    const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
+    return dokument ? dokument->befund : Vorschaubefund::Laedt;
+}
+
+int PDFAnsicht::seiten() const { return befund() == Vorschaubefund::Offen ? int(m_groessen.size()) : 0; }
+
+int PDFAnsicht::seite() const { return 1 + m_ordnung.seiteBei(versatz().y() + viewport()->height() / 2); }
+
+double PDFAnsicht::massstab() const
+{
+    const int seite = this->seite() - 1;
+    return m_ordnung.seiten().value(seite).width() / (m_groessen.value(seite, a4).width() * raum().pixelJePunkt);
+}
+
+void PDFAnsicht::setZoom(const Zoom &zoom)
+{
+    m_zoom = zoom;
+    ordnen();
+}
+
+void PDFAnsicht::geoeffnet(const QString &pfad)
+{
+    if (pfad != m_pfad) {
+        if (pfad == m_voraus)
+            ersteSeiteBestellen(pfad);
+        return;
+    }
+    const Vorschaudokument *dokument = m_lager.dokument(pfad);
+    // Until the pages are known, one empty sheet as the last document had it.
+    m_groessen = dokument && !dokument->groessen.isEmpty() ? dokument->groessen : m_groessen.mid(0, 1);
+    ordnen();
+    Q_EMIT befundGeaendert();
+}
+
+void PDFAnsicht::gemalt(const QString &pfad, int seite)
+{
+    if (pfad == m_pfad)
+        viewport()->update(m_ordnung.seiten().value(seite).translated(-versatz()));
+}
+
+// The pages stay where they are seen: the point in the middle of the view is the same before and after.
+void PDFAnsicht::ordnen()
+{
+    const QPoint mitte = versatz() + viewport()->rect().center();
+    const int seite = m_ordnung.seiteBei(mitte.y());
+    const QRect vorher = m_ordnung.seiten().value(seite);
+    const bool amAnfang = versatz().y() == 0;
+    m_ordnung = Seitenordnung(m_groessen, m_zoom, raum());
+    leistenSetzen();
+    const QRect nachher = m_ordnung.seiten().value(seite);
+    if (!vorher.isEmpty() && !nachher.isEmpty()) {
+        const QPointF anteil(double(mitte.x() - vorher.x()) / vorher.width(),
+                             double(mitte.y() - vorher.y()) / vorher.height());
+        const QPointF ziel = nachher.topLeft() + QPointF(anteil.x() * nachher.width(), anteil.y() * nachher.height());
+        horizontalScrollBar()->setValue(int(std::lround(ziel.x())) - viewport()->width() / 2);
+        verticalScrollBar()->setValue(amAnfang ? 0 : int(std::lround(ziel.y())) - viewport()->height() / 2);
+    }
+    bestellen();
+    viewport()->update();
+    m_steuerung->standZeigen();
+}
+
+void PDFAnsicht::nachOben()
+{
+    verticalScrollBar()->setValue(0);
+    horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
+}
+
+void PDFAnsicht::leistenSetzen()
+{
+    const QSize flaeche = viewport()->size();
+    const QSize gesamt = m_ordnung.gesamt();
+    // A page key turns exactly one page where a whole page is shown.
+    verticalScrollBar()->setPageStep(flaeche.height() - 2 * raum().rand + raum().luecke);
+    verticalScrollBar()->setSingleStep(Stil::abstand(48));
+    verticalScrollBar()->setRange(0, std::max(0, gesamt.height() - flaeche.height()));
+    horizontalScrollBar()->setPageStep(flaeche.width());
+    horizontalScrollBar()->setSingleStep(Stil::abstand(48));
+    horizontalScrollBar()->setRange(0, std::max(0, gesamt.width() - flaeche.width()));
+}
+
+void PDFAnsicht::bestellen()
+{
+    if (befund() != Vorschaubefund::Offen)
+        return;
+    const auto [erste, letzte] = sichtbare();
+    m_lager.ausduennen(m_pfad, erste - 2, letzte + 2);
+    for (int seite = std::max(0, erste - 1); seite <= std::min(seiten() - 1, letzte + 1); ++seite) {
+        const bool zuSehen = seite >= erste && seite <= letzte;
+        const bool neu = m_lager.bestellen(m_pfad, seite, bildgroesse(m_ordnung.seiten().at(seite)),
+                                           zuSehen ? Seitenwerk::Sofort : Seitenwerk::Nachbar);
+        if (neu && zuSehen)
+            m_geduld.start();
+    }
+}
+
+void PDFAnsicht::ersteSeiteBestellen(const QString &pfad)
+{
+    const Vorschaudokument *dokument = m_lager.dokument(pfad);
+    if (!dokument || dokument->groessen.isEmpty())
+        return;
+    const Seitenordnung ordnung(dokument->groessen.mid(0, 1), m_zoom, raum());
+    m_lager.bestellen(pfad, 0, bildgroesse(ordnung.seiten().first()), Seitenwerk::Voraus);
+}
+
+Seitenraum PDFAnsicht::raum() const
+{
+    return {viewport()->size(), Stil::abstand(16), Stil::abstand(12), logicalDpiX() / punkteJeZoll};
+}
+
+QPoint PDFAnsicht::versatz() const { return {horizontalScrollBar()->value(), verticalScrollBar()->value()}; }
+
+QSize PDFAnsicht::bildgroesse(const QRect &seite) const
+{
+    const double wunsch = double(seite.width()) * seite.height() * devicePixelRatioF() * devicePixelRatioF();
+    const double faktor = devicePixelRatioF() * std::min(1.0, std::sqrt(groesstesBild / wunsch));
+    return (QSizeF(seite.size()) * faktor).toSize().expandedTo(QSize(1, 1));
+}
+
+std::pair<int, int> PDFAnsicht::sichtbare() const
+{
+    return {m_ordnung.seiteBei(versatz().y()), m_ordnung.seiteBei(versatz().y() + viewport()->height())};
+}
+
+bool PDFAnsicht::taste(const QKeyEvent *ereignis)
+{
+    QScrollBar *leiste = verticalScrollBar();
+    const bool zurueck = ereignis->modifiers() & Qt::ShiftModifier;
+    switch (ereignis->key()) {
+    case Qt::Key_PageUp:
+        leiste->triggerAction(QScrollBar::SliderPageStepSub);
+        return true;
+    case Qt::Key_PageDown:
+        leiste->triggerAction(QScrollBar::SliderPageStepAdd);
+        return true;
+    case Qt::Key_Home:
+        leiste->triggerAction(QScrollBar::SliderToMinimum);
+        return true;
+    case Qt::Key_End:
+        leiste->triggerAction(QScrollBar::SliderToMaximum);
+        return true;
+    case Qt::Key_Up:
+        leiste->triggerAction(QScrollBar::SliderSingleStepSub);
+        return true;
+    case Qt::Key_Down:
+        leiste->triggerAction(QScrollBar::SliderSingleStepAdd);
+        return true;
+    case Qt::Key_Space:
+        leiste->triggerAction(zurueck ? QScrollBar::SliderPageStepSub : QScrollBar::SliderPageStepAdd);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PDFAnsicht::resizeEvent(QResizeEvent *) { ordnen(); }
+
+void PDFAnsicht::scrollContentsBy(int, int)
+{
+    bestellen();
+    viewport()->update();
+    m_steuerung->standZeigen();
+}
+
+// The arrows to the left and right belong to the card, which turns to another document with them.
+void PDFAnsicht::keyPressEvent(QKeyEvent *ereignis)
+{
+    QScrollBar *leiste = horizontalScrollBar();
+    if (taste(ereignis))
+        return;
+    if (ereignis->modifiers() == Qt::ShiftModifier && ereignis->key() == Qt::Key_Left)
+        leiste->triggerAction(QScrollBar::SliderSingleStepSub);
+    else if (ereignis->modifiers() == Qt::ShiftModifier && ereignis->key() == Qt::Key_Right)
+        leiste->triggerAction(QScrollBar::SliderSingleStepAdd);
+    else
+        ereignis->ignore();
+}
+
+void PDFAnsicht::wheelEvent(QWheelEvent *ereignis)
+{
+    if (!(ereignis->modifiers() & Qt::ControlModifier)) {
+        QAbstractScrollArea::wheelEvent(ereignis);
+        return;
+    }
+    if (ereignis->angleDelta().y() > 0)
+        m_steuerung->groesser();
+    else if (ereignis->angleDelta().y() < 0)
+        m_steuerung->kleiner();
+}
+
+void PDFAnsicht::paintEvent(QPaintEvent *ereignis)
+{
+    QPainter maler(viewport());
+    maler.fillRect(ereignis->rect(), Stil::unterlage(palette()));
+    if (m_pfad.isEmpty())
+        return;
+    maler.setRenderHint(QPainter::SmoothPixmapTransform);
+    const auto [erste, letzte] = sichtbare();
+    for (int seite = erste; seite <= letzte && seite < m_ordnung.seiten().size(); ++seite)
+        seiteMalen(maler, seite, m_ordnung.seiten().at(seite).translated(-versatz()));
+}
+
+void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
+{
+    maler.fillRect(flaeche.adjusted(-1, -1, 1, 1), Stil::linie(palette()));
+    maler.fillRect(flaeche, Qt::white);
+    const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
+    const bool fertig = dokument && dokument->bilder.contains(seite);
+    const QImage bild = fertig ? dokument->bilder.value(seite) : QImage();
+    if (!bild.isNull())
+        maler.drawImage(flaeche, bild);
+    else if (fertig)
+        wartetext(maler, flaeche, Sprache::text(u"Diese Seite lässt sich nicht darstellen."_s));
+    else if (!m_geduld.isActive())
+        wartetext(maler, flaeche, Sprache::text(u"Wird geladen …"_s));
+    if (fertig && seite == 0)
+        sichtbarkeitMelden();
+}
+
+void PDFAnsicht::wartetext(QPainter &maler, const QRect &flaeche, const QString &text)
+{
+    maler.setPen(QColor(Qt::darkGray).darker());
+    maler.setFont(Stil::schrift(Stil::Schrift::Grund));
+    const QRect zuSehen = flaeche.intersected(viewport()->rect());
+    maler.drawText(zuSehen.adjusted(0, 0, 0, -zuSehen.height() / 3), Qt::AlignCenter | Qt::TextWordWrap, text);
+}
+
+void PDFAnsicht::sichtbarkeitMelden()
+{
+    if (std::exchange(m_gemeldet, true))
+        return;
+    // After the painting, when the picture is on its way to the screen.
+    QMetaObject::invokeMethod(
+        this, [this, pfad = m_pfad] { Q_EMIT seiteSichtbar(pfad); }, Qt::QueuedConnection);
+}

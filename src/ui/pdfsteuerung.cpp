@@ -1,0 +1,104 @@
+#include "pdfsteuerung.h"
+
+#include "einstellungen.h"
+#include "pdfansicht.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr double spielraum = 0.001;
+
+QString schluessel() { return u"vorschauZoom"_s; }
+
+Zoom gespeicherterZoom()
+{
+    const QVariant wert = Einstellungen::wert(schluessel());
+    if (wert.toString() == u"seite")
+        return {Zoom::Art::Seite, 1};
+    bool istZahl = false;
+    const double stufe = wert.toDouble(&istZahl);
+    if (istZahl && stufe >= PDFSteuerung::stufen.front() && stufe <= PDFSteuerung::stufen.back())
+        return {Zoom::Art::Stufe, stufe};
+    return {};
+}
+
+QVariant alsWert(const Zoom &zoom)
+{
+    switch (zoom.art) {
+    case Zoom::Art::Breite:
+        return u"breite"_s;
+    case Zoom::Art::Seite:
+        return u"seite"_s;
+    case Zoom::Art::Stufe:
+        break;
+    }
+    return zoom.stufe;
+}
+} // namespace
+
+PDFSteuerung::PDFSteuerung(QObject *eltern) : QObject(eltern), m_zoom(gespeicherterZoom()) {}
+
+double PDFSteuerung::stufeUeber(double massstab)
+{
+    const auto *stufe =
+        std::find_if(stufen.begin(), stufen.end(), [massstab](double stufe) { return stufe > massstab + spielraum; });
+    return stufe == stufen.end() ? stufen.back() : *stufe;
+}
+
+double PDFSteuerung::stufeUnter(double massstab)
+{
+    const auto stufe =
+        std::find_if(stufen.rbegin(), stufen.rend(), [massstab](double stufe) { return stufe < massstab - spielraum; });
+    return stufe == stufen.rend() ? stufen.front() : *stufe;
+}
+
+void PDFSteuerung::setAnsicht(PDFAnsicht *ansicht)
+{
+    m_ansicht = ansicht;
+    zoomSetzen(m_zoom);
+    standZeigen();
+}
+
+PDFAnsicht *PDFSteuerung::ansicht() const { return m_ansicht; }
+
+void PDFSteuerung::groesser()
+{
+    if (m_ansicht)
+        zoomSetzen({Zoom::Art::Stufe, stufeUeber(m_ansicht->massstab())});
+}
+
+void PDFSteuerung::kleiner()
+{
+    if (m_ansicht)
+        zoomSetzen({Zoom::Art::Stufe, stufeUnter(m_ansicht->massstab())});
+}
+
+void PDFSteuerung::breiteSetzen() { zoomSetzen({Zoom::Art::Breite, 1}); }
+
+void PDFSteuerung::ganzeSeiteSetzen() { zoomSetzen({Zoom::Art::Seite, 1}); }
+
+void PDFSteuerung::standZeigen()
+{
+    const int seiten = m_ansicht ? m_ansicht->seiten() : 0;
+    const int seite = m_ansicht ? m_ansicht->seite() : 1;
+    if (seiten == m_seiten && seite == m_seite)
+        return;
+    m_seiten = seiten;
+    m_seite = seite;
+    Q_EMIT geaendert();
+}
+
+void PDFSteuerung::zoomSetzen(const Zoom &zoom)
+{
+    if (m_ansicht)
+        m_ansicht->setZoom(zoom);
+    if (zoom != m_zoom) {
+        m_zoom = zoom;
+        Einstellungen::setzen(schluessel(), alsWert(zoom));
+    }
+    // The buttons show the mode again even where it was chosen a second time.
+    Q_EMIT geaendert();
+}

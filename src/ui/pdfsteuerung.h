@@ -1,0 +1,63 @@
+#pragma once
+
+#include "seitenordnung.h"
+
+#include <QObject>
+#include <QPointer>
+#include <array>
+
+class PDFAnsicht;
+
+/**
+ * Controls the preview of documents: zoom and the page on show. The zoom stays from document to document and over
+ * restarts of the program.
+ */
+class PDFSteuerung : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int seiten READ seiten NOTIFY geaendert)
+    Q_PROPERTY(int seite READ seite NOTIFY geaendert)
+    Q_PROPERTY(bool passtBreite READ passtBreite NOTIFY geaendert)
+
+public:
+    static constexpr std::array stufen{0.25, 0.4, 0.5, 0.65, 0.8, 1.0, 1.25, 1.6, 2.0, 2.5, 3.0, 4.0};
+
+    explicit PDFSteuerung(QObject *eltern = nullptr);
+
+    /** The first step above and the last below @p massstab; the outermost step where there is none. */
+    [[nodiscard]] static double stufeUeber(double massstab);
+    [[nodiscard]] static double stufeUnter(double massstab);
+
+    /** Takes control of @p ansicht, which may go at any time. */
+    void setAnsicht(PDFAnsicht *ansicht);
+    [[nodiscard]] PDFAnsicht *ansicht() const;
+
+    [[nodiscard]] int seiten() const { return m_seiten; } ///< 0: no document is open
+    [[nodiscard]] int seite() const { return m_seite; }   ///< from 1
+    [[nodiscard]] bool passtBreite() const { return m_zoom.art == Zoom::Art::Breite; }
+    [[nodiscard]] bool zeigtGanzeSeite() const { return m_zoom.art == Zoom::Art::Seite; }
+
+    /** One step up or down from the present scale, leaving fit-width mode. */
+    void groesser();
+    void kleiner();
+
+    /** Fits the width and goes on doing so when the view's size changes. */
+    void breiteSetzen();
+
+    /** Shows the whole page and goes on doing so when the view's size changes. */
+    void ganzeSeiteSetzen();
+
+    /** Reads page and page count from the view. */
+    void standZeigen();
+
+Q_SIGNALS:
+    void geaendert();
+
+private:
+    void zoomSetzen(const Zoom &zoom);
+
+    QPointer<PDFAnsicht> m_ansicht;
+    Zoom m_zoom;
+    int m_seiten = 0;
+    int m_seite = 1;
+};

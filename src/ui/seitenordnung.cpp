@@ -1,0 +1,50 @@
+#include "seitenordnung.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+constexpr int kleinsteSeite = 8;
+
+double massstab(const QSizeF &groesse, const Zoom &zoom, const Seitenraum &raum)
+{
+    const double breite = (raum.flaeche.width() - 2 * raum.rand) / groesse.width();
+    switch (zoom.art) {
+    case Zoom::Art::Breite:
+        return breite;
+    case Zoom::Art::Seite:
+        return std::min(breite, (raum.flaeche.height() - 2 * raum.rand) / groesse.height());
+    case Zoom::Art::Stufe:
+        break;
+    }
+    return zoom.stufe * raum.pixelJePunkt;
+}
+
+QSize pixel(const QSizeF &groesse, double massstab)
+{
+    return {std::max(kleinsteSeite, int(std::lround(groesse.width() * massstab))),
+            std::max(kleinsteSeite, int(std::lround(groesse.height() * massstab)))};
+}
+} // namespace
+
+Seitenordnung::Seitenordnung(const QList<QSizeF> &groessen, const Zoom &zoom, const Seitenraum &raum)
+{
+    int y = raum.rand;
+    int breiteste = 0;
+    for (const QSizeF &groesse : groessen) {
+        m_seiten << QRect(QPoint(0, y), pixel(groesse, massstab(groesse, zoom, raum)));
+        y += m_seiten.last().height() + raum.luecke;
+        breiteste = std::max(breiteste, m_seiten.last().width());
+    }
+    m_gesamt = {std::max(raum.flaeche.width(), breiteste + 2 * raum.rand), y - raum.luecke + raum.rand};
+    for (QRect &seite : m_seiten)
+        seite.moveLeft((m_gesamt.width() - seite.width()) / 2);
+}
+
+int Seitenordnung::seiteBei(int y) const
+{
+    const auto gefunden =
+        std::find_if(m_seiten.begin(), m_seiten.end(), [y](const QRect &seite) { return seite.bottom() >= y; });
+    return int(std::min<qsizetype>(gefunden - m_seiten.begin(), std::max<qsizetype>(m_seiten.size() - 1, 0)));
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "dateiinhalt.h"
+
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <QSizeF>
+#include <memory>
+
+class Malreihe;
+
+/** What has become of opening a document for the preview. */
+enum class Vorschaubefund { Laedt, Offen, Gesichert, Beschaedigt, Verschwunden, Unlesbar, ZuGross };
+
+/**
+ * Reads, opens and draws PDF files away from the main thread. Nothing here blocks: a drive that hangs and a document
+ * that keeps PDFium busy hold up no more than the pictures.
+ */
+class Seitenwerk : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Vorrang { Sofort, Voraus, Nachbar };
+
+    explicit Seitenwerk(QObject *eltern = nullptr);
+    ~Seitenwerk() override;
+
+    /**
+     * Reads and opens the file @p pfad; geoeffnet() tells the outcome under the returned number. When the file is still
+     * in the state @p bekannt, nothing is told.
+     */
+    quint64 oeffnen(const QString &pfad, const Dateistand &bekannt = {});
+
+    /** Draws a page (from 0) on white; gemalt() brings it. An earlier wish for the same page is forgotten. */
+    void malen(quint64 kennung, int seite, const QSize &pixel, Vorrang vorrang);
+
+    /** Frees the document; nothing is told of it any more. */
+    void schliessen(quint64 kennung);
+
+Q_SIGNALS:
+    /** @p groessen of the pages in points, as they are seen (turned); empty unless the document is open. */
+    void geoeffnet(quint64 kennung, Vorschaubefund befund, const Dateistand &stand, const QList<QSizeF> &groessen);
+
+    /** @p bild has the size that was asked for; it is null when the page cannot be drawn. */
+    void gemalt(quint64 kennung, int seite, const QImage &bild);
+
+private:
+    struct Briefkasten;
+
+    void gelesen(quint64 kennung, const Dateiinhalt &inhalt);
+    void dokumentOeffnen(quint64 kennung, const Dateiinhalt &inhalt);
+
+    std::shared_ptr<Briefkasten> m_briefkasten;
+    std::shared_ptr<Malreihe> m_reihe;
+    QSet<quint64> m_gewollte;
+    quint64 m_letzte = 0;
+};
