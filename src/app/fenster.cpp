@@ -1,7 +1,6 @@
-#include "hauptfenster.h"
+#include "quillmarapp.h"
 #include "sprache.h"
 
-#include <QApplication>
 #include <QStringList>
 #include <cstdio>
 #include <cstdlib>
@@ -55,12 +54,14 @@ int main(int anzahl, char **argumente)
         }
     }
     qInstallMessageHandler(beiMeldung);
-    const QApplication programm(anzahl, argumente);
-    QApplication::setApplicationName(u"quillmar"_s);
-    QApplication::setApplicationDisplayName(u"Quillmar"_s);
-    QApplication::setDesktopFileName(u"quillmar"_s);
-    QApplication::setApplicationVersion(QStringLiteral(QUILLMAR_FASSUNG));
-    Hauptfenster fenster;
-    fenster.show();
-    return QApplication::exec();
+    int ende = 0;
+    {
+        QuillmarApp programm(anzahl, argumente);
+        const QStringList liste = QuillmarApp::arguments();
+        const qsizetype stelle = liste.indexOf("--profil"_L1);
+        ende = programm.laufen(stelle < 0 ? QString() : liste.value(stelle + 1));
+    }
+    // Work that still waits for a disk or a server is left behind; what it leaves open is settled at the next start.
+    std::fflush(nullptr);
+    ::_exit(ende);
 }

@@ -44,10 +44,9 @@ Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
     spalte->addLayout(reihe);
     spalte->addWidget(m_tasten);
     spalte->addWidget(m_meldung);
-    Stil::folgen(this, [this, reihe, spalte] {
-        spalte->setContentsMargins(abstand(20), abstand(10), abstand(20), abstand(6));
+    m_reihe = reihe;
+    Stil::folgen(this, [this, spalte] {
         spalte->setSpacing(abstand(5));
-        reihe->setSpacing(abstand(6));
         einpassen();
     });
     connect(m_uebernehmen, &QPushButton::clicked, m_zustand, &Zustand::uebernehmen);
@@ -93,12 +92,14 @@ void Aktionsfeld::einpassen()
 {
     for (Flachknopf *knopf : {m_zuruecklegen, m_aussortieren})
         knopf->setzeMitText(true);
-    const QMargins raender = layout()->contentsMargins();
-    int breite = raender.left() + raender.right() + abstand(6) * 5;
+    const int rand = Stil::seitenrand(width());
+    layout()->setContentsMargins(rand, abstand(10), rand, abstand(6));
+    int breite = 2 * rand + abstand(6) * 5;
     for (const QWidget *knopf :
          QList<const QWidget *>{m_uebernehmen, m_zuruecklegen, m_aussortieren, m_vorheriges, m_naechstes})
         breite += knopf->sizeHint().width();
     const bool mitText = breite <= width();
+    m_reihe->setSpacing(mitText ? abstand(6) : 2);
     for (Flachknopf *knopf : {m_zuruecklegen, m_aussortieren})
         knopf->setzeMitText(mitText);
     m_meldung->setzeMitText(mitText);

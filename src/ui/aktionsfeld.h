@@ -5,6 +5,7 @@
 class Elidiertext;
 class Flachknopf;
 class Hauptknopf;
+class QHBoxLayout;
 class Meldungszeile;
 class Zustand;
 
@@ -29,6 +30,7 @@ private:
     void einpassen();
 
     Zustand *m_zustand;
+    QHBoxLayout *m_reihe = nullptr;
     Hauptknopf *m_uebernehmen;
     Flachknopf *m_zuruecklegen;
     Flachknopf *m_aussortieren;

@@ -2,6 +2,7 @@
 
 #include "sprache.h"
 #include "stil.h"
+#include "zeile.h"
 #include "zustand.h"
 
 #include <QComboBox>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using Stil::abstand;
@@ -80,10 +82,16 @@ QString erklaerung()
 } // namespace
 
 Angaben::Angaben(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_titel(new QLabel(Sprache::text(u"Angaben"_s), this)),
-      m_erklaerung(new QLabel(this)), m_tag(new QLabel(this)), m_raster(new QGridLayout(this))
+    : QWidget(eltern), m_zustand(zustand), m_kopf(new QWidget(this)),
+      m_titel(new QLabel(Sprache::text(u"Angaben"_s), m_kopf)), m_erklaerung(new QLabel(m_kopf)),
+      m_tag(new QLabel(this)), m_raster(new QGridLayout(this))
 {
     m_raster->setContentsMargins(0, 0, 0, 0);
+    auto *kopf = new QVBoxLayout(m_kopf);
+    kopf->setContentsMargins(0, 0, 0, 0);
+    kopf->setSpacing(2);
+    kopf->addWidget(m_titel);
+    kopf->addWidget(m_erklaerung);
     m_erklaerung->setWordWrap(true);
     m_erklaerung->setTextFormat(Qt::PlainText);
     m_erklaerung->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -96,6 +104,7 @@ Angaben::Angaben(Zustand *zustand, QWidget *eltern)
     wahlBauen(Feld::Ablage);
     textfeldBauen(Feld::Jahr, jahreszeichen);
     wahlBauen(Feld::Rubrik);
+    m_datumszeile = zeile(this, {m_texte[Feld::Datum], m_tag});
     m_texte[Feld::Datum]->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
     Stil::platzhalterFolgt(m_texte[Feld::Datum]);
     Stil::schriftFolgt(m_titel, Schrift::Abschnitt);
@@ -147,7 +156,7 @@ void Angaben::wahlBauen(Feld feld)
 {
     auto *wahl = new QComboBox(this);
     wahl->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    wahl->setMinimumContentsLength(8);
+    wahl->setMinimumContentsLength(4);
     wahl->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     wahl->setMaxVisibleItems(20);
     m_wahlen[feld] = wahl;
@@ -169,18 +178,18 @@ void Angaben::anordnen()
         delete teil;
     m_erklaerung->setVisible(!m_dicht);
     m_titel->setToolTip(m_dicht ? erklaerung() : QString());
-    m_raster->addWidget(m_titel, 0, 0, 1, letzteSpalte + 1);
-    m_raster->addWidget(m_erklaerung, 1, 0, 1, letzteSpalte + 1);
-    paarAnordnen(Feld::Datum, 2, 0, 1, Qt::AlignLeft);
-    m_raster->addWidget(m_tag, 2, 2, 1, 2);
+    m_raster->addWidget(m_kopf, 0, 0, 1, letzteSpalte + 1);
+    m_raster->addWidget(m_schilder[Feld::Datum], 2, 0);
+    m_raster->addWidget(m_datumszeile, 2, 1, 1, letzteSpalte);
     paarAnordnen(Feld::Gegenueber, 3, 0, letzteSpalte);
     paarAnordnen(Feld::Titel, 4, 0, letzteSpalte);
-    const int breite = m_dicht ? 1 : letzteSpalte;
+    const bool paarweise = m_dicht && !m_schmal;
+    const int breite = paarweise ? 1 : letzteSpalte;
     paarAnordnen(Feld::Zweig, 5, 0, breite);
-    paarAnordnen(Feld::Ablage, m_dicht ? 5 : 6, m_dicht ? 2 : 0, breite);
+    paarAnordnen(Feld::Ablage, paarweise ? 5 : 6, paarweise ? 2 : 0, breite);
     paarAnordnen(Feld::Jahr, 7, 0, 1, Qt::AlignLeft);
-    paarAnordnen(Feld::Rubrik, m_dicht ? 7 : 8, m_dicht ? 2 : 0, breite);
-    m_raster->setColumnStretch(1, m_dicht ? 1 : 0);
+    paarAnordnen(Feld::Rubrik, paarweise ? 7 : 8, paarweise ? 2 : 0, breite);
+    m_raster->setColumnStretch(1, paarweise ? 1 : 0);
     m_raster->setColumnStretch(3, 1);
     masse();
 }
@@ -189,22 +198,24 @@ void Angaben::masse()
 {
     m_raster->setHorizontalSpacing(abstand(12));
     m_raster->setVerticalSpacing(abstand(8));
-    m_raster->setRowMinimumHeight(1, 0);
     const QFontMetrics neben(Stil::schrift(Schrift::Neben));
     m_erklaerung->setFixedHeight(2 * neben.lineSpacing());
-    for (QLineEdit *eingabe : std::as_const(m_texte))
+    for (QLineEdit *eingabe : std::as_const(m_texte)) {
         eingabe->setMinimumHeight(abstand(30));
+        eingabe->setTextMargins(abstand(2), 0, 0, 0); // where a choice has its text
+    }
     for (QComboBox *wahl : std::as_const(m_wahlen))
         wahl->setMinimumHeight(abstand(30));
     for (auto it = m_zeichen.begin(); it != m_zeichen.end(); ++it)
         m_texte[it.key()]->setFixedWidth(fontMetrics().averageCharWidth() * it.value() + abstand(24));
 }
 
-void Angaben::setzeDicht(bool dicht)
+void Angaben::setzeDicht(bool dicht, bool schmal)
 {
-    if (dicht == m_dicht)
+    if (dicht == m_dicht && schmal == m_schmal)
         return;
     m_dicht = dicht;
+    m_schmal = schmal;
     anordnen();
 }
 
@@ -213,7 +224,7 @@ void Angaben::setzeBeschriftungsbreite(int breite) { m_raster->setColumnMinimumW
 int Angaben::volleHoehe() const
 {
     const int zeile = std::max(abstand(30), m_texte[Feld::Titel]->sizeHint().height()) + abstand(8);
-    return m_titel->sizeHint().height() + m_erklaerung->height() + abstand(16) + int(feldtexte().size()) * zeile;
+    return m_titel->sizeHint().height() + m_erklaerung->height() + abstand(10) + int(feldtexte().size()) * zeile;
 }
 
 void Angaben::zeigen()
@@ -261,7 +272,7 @@ void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &w
     const bool leerWaehlbar = feld == Feld::Rubrik;
     if (leerWaehlbar || wert.isEmpty()) {
         werte.prepend({});
-        anzeige.prepend(leerWaehlbar ? Sprache::text(u"ohne Rubrik"_s) : QString());
+        anzeige.prepend(leerWaehlbar ? Sprache::text(u"ohne Rubrik"_s) : Sprache::text(u"bitte wählen"_s));
     }
     QComboBox *wahl = m_wahlen[feld];
     QStringList jetzige;

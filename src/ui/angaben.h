@@ -20,7 +20,7 @@ public:
     explicit Angaben(Zustand *zustand, QWidget *eltern = nullptr);
 
     /** Short of height: no explanation, branch and kind share a row, year and category too. */
-    void setzeDicht(bool dicht);
+    void setzeDicht(bool dicht, bool schmal);
     /** Width of the column of labels. */
     void setzeBeschriftungsbreite(int breite);
     /** Height that it needs at least when it is not short of height. */
@@ -54,13 +54,16 @@ private:
     void erklaerungZeigen();
 
     Zustand *m_zustand;
+    QWidget *m_kopf;
     QLabel *m_titel;
     QLabel *m_erklaerung;
     QLabel *m_tag; ///< weekday of the date, or what is wrong with it
+    QWidget *m_datumszeile = nullptr;
     QGridLayout *m_raster;
     QMap<Feld, QLabel *> m_schilder;
     QMap<Feld, QLineEdit *> m_texte;
     QMap<Feld, QComboBox *> m_wahlen;
     QMap<Feld, int> m_zeichen; ///< width of short fields in characters
     bool m_dicht = false;
+    bool m_schmal = false; ///< nothing stands side by side
 };

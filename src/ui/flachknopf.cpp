@@ -4,6 +4,11 @@
 #include "stil.h"
 #include "zeichen.h"
 
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+
+using Stil::abstand;
+
 Flachknopf::Flachknopf(const QString &name, const QString &symbol, const QString &titel, const QString &hilfe,
                        QWidget *eltern)
     : QToolButton(eltern)
@@ -38,4 +43,32 @@ void Flachknopf::setzeHoch()
 {
     m_hoch = true;
     setFixedHeight(knopfhoehe());
+}
+
+QSize Flachknopf::sizeHint() const
+{
+    const int kante = iconSize().width();
+    const int hoehe = m_hoch ? knopfhoehe() : kante + abstand(12);
+    if (toolButtonStyle() == Qt::ToolButtonIconOnly)
+        return {kante + abstand(8), hoehe};
+    return {kante + abstand(6) + fontMetrics().horizontalAdvance(text()) + abstand(18), hoehe};
+}
+
+/** The platform's frame with our own distance between icon and text. */
+void Flachknopf::paintEvent(QPaintEvent *)
+{
+    QStylePainter maler(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    option.icon = {};
+    maler.drawComplexControl(QStyle::CC_ToolButton, option);
+    const bool mitText = toolButtonStyle() != Qt::ToolButtonIconOnly;
+    const int kante = iconSize().width();
+    const int x = mitText ? abstand(9) : (width() - kante) / 2;
+    icon().paint(&maler, QRect(x, (height() - kante) / 2, kante, kante), Qt::AlignCenter,
+                 isEnabled() ? QIcon::Normal : QIcon::Disabled, isChecked() ? QIcon::On : QIcon::Off);
+    if (mitText)
+        maler.drawItemText(rect().adjusted(x + kante + abstand(6), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                           palette(), isEnabled(), text(), QPalette::ButtonText);
 }

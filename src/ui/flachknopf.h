@@ -16,6 +16,11 @@ public:
     void setzeHilfe(const QString &titel, const QString &hilfe);
     /** As tall as a filled button. */
     void setzeHoch();
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
 
 private:
     bool m_hoch = false;

@@ -1,14 +1,138 @@
 #include "hauptfenster.h"
 
+#include "einstellungen.h"
+#include "fenstermenue.h"
+#include "fenstersprache.h"
+#include "fusszeile.h"
+#include "kopfleiste.h"
+#include "leeransicht.h"
+#include "pruefansicht.h"
+#include "reiter.h"
+#include "sprache.h"
+#include "zeichen.h"
+#include "zustand.h"
+
+#include <QCloseEvent>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
 constexpr QSize kleinste(1100, 700);
+constexpr QSize erste(1280, 860);
+constexpr auto auffrischung = 3s;
+constexpr auto schluesselOrt = "fenster"_L1;
+
+QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster)
+{
+    auto *knopf = new QToolButton(fenster);
+    knopf->setObjectName(u"menueknopf"_s);
+    knopf->setAutoRaise(true);
+    knopf->setFocusPolicy(Qt::TabFocus);
+    knopf->setIcon(Zeichen::icon(u"menu"_s));
+    knopf->setAccessibleName(Sprache::text(u"Menü"_s));
+    knopf->setToolTip(Sprache::text(u"Schriftgröße, Sprache, Beenden"_s));
+    knopf->setPopupMode(QToolButton::InstantPopup);
+    knopf->setStyleSheet(u"QToolButton::menu-indicator { image: none; }"_s);
+    knopf->setMenu(new Fenstermenue(sprache, knopf));
+    // Otherwise its shortcuts would only work while it is open.
+    fenster->addActions(knopf->menu()->actions());
+    return knopf;
 }
 
-Hauptfenster::Hauptfenster(QWidget *eltern) : QMainWindow(eltern)
+QWidget *leereKarte(Reiter reiter, QWidget *eltern)
 {
-    setWindowTitle(u"Quillmar"_s);
+    auto *karte = new Leeransicht(eltern);
+    karte->setzen(u"large.clock"_s, reiterTitel(reiter), reiterHilfe(reiter));
+    return karte;
+}
+} // namespace
+
+Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QString &profil, QWidget *eltern)
+    : QMainWindow(eltern), m_zustand(zustand), m_sprache(sprache), m_profil(profil)
+{
+    setObjectName(u"hauptfenster"_s);
     setMinimumSize(kleinste);
+    resize(erste);
+    restoreGeometry(Einstellungen::wert(schluesselOrt).toByteArray());
+    aufbauen();
+    connect(m_sprache, &Fenstersprache::gewechselt, this, &Hauptfenster::aufbauen);
+    connect(m_zustand, &Zustand::aktivGeaendert, this, &Hauptfenster::titelSetzen);
+    connect(m_zustand, &Zustand::profileGeaendert, this, &Hauptfenster::titelSetzen);
+    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
+        if (m_schliesst && !m_zustand->beschaeftigt())
+            close();
+    });
+    connect(&m_takt, &QTimer::timeout, m_zustand, &Zustand::aktualisieren);
+    m_takt.start(auffrischung);
+    titelSetzen();
+}
+
+Hauptfenster::~Hauptfenster() = default;
+
+/** The whole content, anew in every language: the state is elsewhere. */
+void Hauptfenster::aufbauen()
+{
+    const QList<QAction *> alte = actions();
+    for (QAction *aktion : alte)
+        removeAction(aktion);
+    auto *inhalt = new QWidget;
+    auto *spalte = new QVBoxLayout(inhalt);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->setSpacing(0);
+    auto *karten = new QStackedWidget(inhalt);
+    karten->setObjectName(u"karten"_s);
+    spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this), inhalt));
+    spalte->addWidget(karten, 1);
+    spalte->addWidget(new Fusszeile(m_zustand, inhalt));
+    karten->addWidget(leereKarte(Reiter::einrichtung, karten));
+    karten->addWidget(leereKarte(Reiter::ablauf, karten));
+    karten->addWidget(new PruefAnsicht(m_zustand, karten));
+    karten->addWidget(leereKarte(Reiter::protokoll, karten));
+    setCentralWidget(inhalt);
+    const auto zeigen = [this, karten] {
+        karten->setCurrentIndex(int(m_zustand->reiter()));
+        karten->currentWidget()->setFocus();
+    };
+    connect(m_zustand, &Zustand::reiterGeaendert, karten, zeigen);
+    zeigen();
+    for (const Reiter reiter : alleReiter()) {
+        auto *taste = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(reiter))), inhalt);
+        connect(taste, &QShortcut::activated, m_zustand, [this, reiter] { m_zustand->setzeReiter(reiter); });
+    }
+}
+
+void Hauptfenster::titelSetzen()
+{
+    const auto &aktiv = m_zustand->aktiv();
+    setWindowTitle(aktiv ? aktiv->name + u" – Quillmar"_s : u"Quillmar"_s);
+}
+
+void Hauptfenster::showEvent(QShowEvent *ereignis)
+{
+    QMainWindow::showEvent(ereignis);
+    if (std::exchange(m_begonnen, true))
+        return;
+    m_zustand->beginnen(m_profil);
+}
+
+/** A file that is being moved reaches its place first; asked twice, it is left
+ * to the settling at the next start. */
+void Hauptfenster::closeEvent(QCloseEvent *ereignis)
+{
+    Einstellungen::setzen(schluesselOrt, saveGeometry());
+    if (m_zustand->beschaeftigt() && !m_schliesst) {
+        m_schliesst = true;
+        m_zustand->anhalten();
+        m_zustand->melden(Sprache::text(u"Schließt, sobald die laufende Bewegung fertig ist"_s), Zustand::Ton::ruhig);
+        ereignis->ignore();
+        return;
+    }
+    m_takt.stop();
+    QMainWindow::closeEvent(ereignis);
 }

@@ -1,12 +1,34 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 
-/** The program's window. */
+class Fenstersprache;
+class Zustand;
+
+/** The program's window: top bar, four cards chosen by tabs, status line. */
 class Hauptfenster : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    explicit Hauptfenster(QWidget *eltern = nullptr);
+    /** @p profil: name of the profile to open with, empty for the first. Both
+     * others outlive the window. */
+    Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QString &profil = {}, QWidget *eltern = nullptr);
+    ~Hauptfenster() override;
+
+protected:
+    void showEvent(QShowEvent *ereignis) override;
+    void closeEvent(QCloseEvent *ereignis) override;
+
+private:
+    void aufbauen();
+    void titelSetzen();
+
+    Zustand *m_zustand;
+    Fenstersprache *m_sprache;
+    QString m_profil;
+    QTimer m_takt;
+    bool m_begonnen = false;
+    bool m_schliesst = false;
 };

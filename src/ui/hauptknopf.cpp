@@ -28,6 +28,11 @@ Hauptknopf::Hauptknopf(const QString &text, QWidget *eltern) : QPushButton(text,
 
 QSize Hauptknopf::sizeHint() const { return {fontMetrics().horizontalAdvance(text()) + 2 * abstand(20), knopfhoehe()}; }
 
+QSize Hauptknopf::minimumSizeHint() const
+{
+    return {fontMetrics().horizontalAdvance(text()) + 2 * abstand(6), knopfhoehe()};
+}
+
 void Hauptknopf::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);

@@ -10,7 +10,7 @@ class Hauptknopf : public QPushButton
 public:
     explicit Hauptknopf(const QString &text = {}, QWidget *eltern = nullptr);
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;

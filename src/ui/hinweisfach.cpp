@@ -50,6 +50,7 @@ void Hinweisfach::dazu(const Pruefhinweis &hinweis)
     }
     auto *feld = new Hinweisfeld(hinweis.istWarnung(), symbol, hinweis.text, knopf, this);
     m_spalte->addWidget(feld);
+    feld->show();
     if (hinweis.art == Art::AndererOrt) {
         feld->knopf()->setObjectName(u"altenOrtBehalten"_s);
         connect(feld, &Hinweisfeld::gedrueckt, m_zustand, &Zustand::altenOrtBehalten);

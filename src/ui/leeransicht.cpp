@@ -77,6 +77,7 @@ void Leeransicht::setzen(const QString &symbol, const QString &titel, const QStr
     m_zeile->setText(zeile);
     m_zeile->setVisible(!zeile.isEmpty());
     m_knopf->setText(knopf);
+    m_knopf->setMinimumWidth(m_knopf->fontMetrics().horizontalAdvance(knopf) + abstand(32));
     m_knopf->setVisible(!knopf.isEmpty());
     setAccessibleName(titel);
     setAccessibleDescription(zeile);

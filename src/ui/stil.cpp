@@ -84,6 +84,14 @@ int Stil::abstand(double pixel)
     return pixel > 0 ? std::max(1, gewachsen) : gewachsen;
 }
 
+int Stil::seitenrand(int breite) { return std::min(abstand(20), std::max(12, breite / 36)); }
+
+bool Stil::istSchmal(int breite)
+{
+    constexpr int zeichen = 42;
+    return breite < zeichen * QFontMetrics(schrift(Schrift::Grund)).averageCharWidth();
+}
+
 int Stil::zeichengroesse() { return abstand(16); }
 
 bool Stil::istDunkel(const QPalette &palette)

@@ -37,6 +37,12 @@ void setzeSchriftgroesse(double punkte);
 /** @p pixel of a drawing made for 10 pt at 96 dpi, grown with the base font; at least 1 for every positive length. */
 [[nodiscard]] int abstand(double pixel);
 
+/** Distance of a pane's content from its edge: 20, less where a pane of @p breite is narrow for the font. */
+[[nodiscard]] int seitenrand(int breite);
+
+/** A pane of @p breite holds so few characters that what stands side by side has to go below each other. */
+[[nodiscard]] bool istSchmal(int breite);
+
 /** Edge of an icon beside text of the base size (16 at 10 pt). */
 [[nodiscard]] int zeichengroesse();
 

@@ -19,6 +19,7 @@ QTextOption umbruch()
 Umbruchtext::Umbruchtext(QWidget *eltern) : QLabel(eltern)
 {
     setTextFormat(Qt::PlainText);
+    setWordWrap(true); // otherwise QLabel drops the height for width at every new text
     QSizePolicy regel(QSizePolicy::Expanding, QSizePolicy::Minimum);
     regel.setHeightForWidth(true);
     setSizePolicy(regel);

@@ -7,11 +7,12 @@
 #include "stil.h"
 #include "text.h"
 #include "umbruchtext.h"
+#include "zeile.h"
 #include "zustand.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using Stil::abstand;
@@ -27,23 +28,11 @@ QString hilfeSicherheit()
                          "nur genauer hinsehen."_s);
 }
 
-/** A row of widgets without margins. */
-QWidget *zeile(QWidget *eltern, const QList<QWidget *> &teile)
-{
-    auto *traeger = new QWidget(eltern);
-    auto *reihe = new QHBoxLayout(traeger);
-    reihe->setContentsMargins(0, 0, 0, 0);
-    for (QWidget *teil : teile)
-        reihe->addWidget(teil);
-    reihe->addStretch(1);
-    Stil::folgen(traeger, [reihe] { reihe->setSpacing(abstand(10)); });
-    return traeger;
-}
 } // namespace
 
 Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_raster(new QGridLayout(this)),
-      m_titel(new QLabel(Sprache::text(u"Vorschlag"_s), this)), m_erklaerung(new QLabel(erklaerung(), this)),
+    : QWidget(eltern), m_zustand(zustand), m_raster(new QGridLayout(this)), m_kopf(new QWidget(this)),
+      m_titel(new QLabel(Sprache::text(u"Vorschlag"_s), m_kopf)), m_erklaerung(new QLabel(erklaerung(), m_kopf)),
       m_bisher(new Elidiertext(Qt::ElideMiddle)), m_bisherOrdner(new Elidiertext(Qt::ElideMiddle)),
       m_neu(new QWidget(this)), m_name(new Umbruchtext(m_neu)), m_pfad(new Umbruchtext(m_neu)),
       m_balken(new Balken(96)), m_prozent(new QLabel)
@@ -68,6 +57,11 @@ Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
     m_erklaerung->setWordWrap(true);
     m_prozent->setTextFormat(Qt::PlainText);
     m_raster->setContentsMargins(0, 0, 0, 0);
+    auto *kopf = new QVBoxLayout(m_kopf);
+    kopf->setContentsMargins(0, 0, 0, 0);
+    kopf->setSpacing(2);
+    kopf->addWidget(m_titel);
+    kopf->addWidget(m_erklaerung);
     auto *spalte = new QVBoxLayout(m_neu);
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->setSpacing(0);
@@ -105,8 +99,7 @@ void Vorschlagsteil::anordnen()
         delete teil;
     m_erklaerung->setVisible(!m_dicht);
     m_titel->setToolTip(m_dicht ? erklaerung() : QString());
-    m_raster->addWidget(m_titel, 0, 0, 1, 2);
-    m_raster->addWidget(m_erklaerung, 1, 0, 1, 4);
+    m_raster->addWidget(m_kopf, 0, 0, 1, m_dicht ? 2 : 4);
     m_raster->addWidget(m_bisherSchild, 2, 0);
     m_raster->addWidget(m_bisherZeile, 2, 1, 1, 3);
     m_raster->addWidget(m_neuSchild, 3, 0, Qt::AlignRight | Qt::AlignTop);
@@ -118,6 +111,7 @@ void Vorschlagsteil::anordnen()
         m_raster->addWidget(m_sicherheitSchild, 4, 0);
         m_raster->addWidget(m_sicherheit, 4, 1, 1, 3);
     }
+    m_balken->setVisible(!m_schmal);
     m_raster->setColumnStretch(1, 1);
     masse();
 }
@@ -134,11 +128,12 @@ void Vorschlagsteil::masse()
     Stil::setzeTextfarbe(m_pfad, Stil::verweis(palette()));
 }
 
-void Vorschlagsteil::setzeDicht(bool dicht)
+void Vorschlagsteil::setzeDicht(bool dicht, bool schmal)
 {
-    if (dicht == m_dicht)
+    if (dicht == m_dicht && schmal == m_schmal)
         return;
     m_dicht = dicht;
+    m_schmal = schmal;
     anordnen();
 }
 

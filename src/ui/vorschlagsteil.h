@@ -18,7 +18,7 @@ public:
     explicit Vorschlagsteil(Zustand *zustand, QWidget *eltern = nullptr);
 
     /** Short of height: no explanation, certainty beside the title. */
-    void setzeDicht(bool dicht);
+    void setzeDicht(bool dicht, bool schmal);
     void setzeBeschriftungsbreite(int breite);
     [[nodiscard]] int volleHoehe() const;
     [[nodiscard]] static QStringList beschriftungen();
@@ -32,6 +32,7 @@ private:
 
     Zustand *m_zustand;
     QGridLayout *m_raster;
+    QWidget *m_kopf;
     QLabel *m_titel;
     QLabel *m_erklaerung;
     QLabel *m_bisherSchild;
@@ -47,4 +48,5 @@ private:
     Balken *m_balken;
     QLabel *m_prozent;
     bool m_dicht = false;
+    bool m_schmal = false; ///< nothing stands side by side
 };

@@ -1,0 +1,132 @@
+#include "analyse.h"
+#include "archiv.h"
+#include "beispielprofil.h"
+#include "buehnenbild.h"
+#include "fenstersprache.h"
+#include "hauptfenster.h"
+#include "modellserver.h"
+#include "profilspeicher.h"
+#include "sprache.h"
+#include "stil.h"
+#include "zustand.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QIcon>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int laengstens = 10'000; // ms
+constexpr int stille = 400;        // ms without anything that still moves
+
+/** The colours of a dark desktop; without a desktop none would be set. */
+QPalette dunkel()
+{
+    QPalette p(QColor(0x31363b), QColor(0x232629));
+    p.setColor(QPalette::Base, QColor(0x1b1e20));
+    p.setColor(QPalette::AlternateBase, QColor(0x232629));
+    p.setColor(QPalette::Text, QColor(0xfcfcfc));
+    p.setColor(QPalette::WindowText, QColor(0xfcfcfc));
+    p.setColor(QPalette::ButtonText, QColor(0xfcfcfc));
+    p.setColor(QPalette::Button, QColor(0x31363b));
+    p.setColor(QPalette::Highlight, QColor(0x2a72b0));
+    p.setColor(QPalette::HighlightedText, Qt::white);
+    p.setColor(QPalette::Link, QColor(0x3daee9));
+    p.setColor(QPalette::ToolTipBase, QColor(0x31363b));
+    p.setColor(QPalette::ToolTipText, QColor(0xfcfcfc));
+    return p;
+}
+
+QPalette hell()
+{
+    QPalette p(QColor(0xefefee), QColor(0xf4f4f3));
+    p.setColor(QPalette::Base, Qt::white);
+    p.setColor(QPalette::WindowText, QColor(0x232629));
+    p.setColor(QPalette::Text, QColor(0x232629));
+    p.setColor(QPalette::ButtonText, QColor(0x232629));
+    p.setColor(QPalette::Highlight, QColor(0x2a6ea8));
+    p.setColor(QPalette::HighlightedText, Qt::white);
+    p.setColor(QPalette::Link, QColor(0x2a6ea8));
+    return p;
+}
+
+bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, Fenstersprache &sprache, const QString &ordner)
+{
+    sprache.waehlen(bild.sprache);
+    QApplication::setPalette(bild.dunkel ? dunkel() : hell());
+    Stil::setzeSchriftgroesse(bild.punkte);
+    Hauptfenster fenster(&zustand, &sprache);
+    fenster.resize(bild.groesse);
+    fenster.show();
+    fenster.activateWindow();
+    ruhe();
+    if (bild.vorher)
+        bild.vorher(zustand, fenster);
+    ruhe();
+    return fenster.grab().save(ordner + u'/' + bild.name + u".png"_s);
+}
+
+void analysieren(Zustand &zustand)
+{
+    zustand.durchgangStarten();
+    while (zustand.analyse()->laeuft())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+} // namespace
+
+void laufenBis(const std::function<bool()> &fertig)
+{
+    QElapsedTimer uhr;
+    uhr.start();
+    while (!fertig() && uhr.elapsed() < laengstens)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void ruhe()
+{
+    QElapsedTimer uhr;
+    uhr.start();
+    laufenBis([&] { return uhr.elapsed() > stille; });
+}
+
+/** quillmar-bilder ORDNER [NAME...]: takes the pictures of the handbook with the sample archive. */
+int main(int anzahl, char **argumente)
+{
+    QTemporaryDir heim;
+    qputenv("XDG_DATA_HOME", heim.filePath(u"daten"_s).toUtf8());
+    qputenv("XDG_CONFIG_HOME", heim.filePath(u"einstellungen"_s).toUtf8());
+    const QApplication programm(anzahl, argumente);
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setFont(QFont(u"Noto Sans"_s, 10));
+    QIcon::setThemeName(u"breeze"_s);
+    const QStringList wuensche = QCoreApplication::arguments().mid(2);
+    const QString archiv = heim.filePath(u"Dokumente"_s);
+    vorfuehrung::archivSchreiben(archiv);
+    vorfuehrung::profilSchreiben(Profilspeicher::datei(), archiv);
+    vorfuehrung::Modellserver server(vorfuehrung::modellDerVorfuehrung());
+    if (!server.lauschen(0))
+        return 1;
+    qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+    Fenstersprache sprache;
+    Zustand zustand;
+    zustand.beginnen();
+    laufenBis([&] { return zustand.offen(); });
+    Profil profil = *zustand.aktiv();
+    profil.zweige = Profil::struktureinlesen(profil.zielWurzel, 2);
+    zustand.profilAendern(profil);
+    analysieren(zustand);
+    for (const Buehnenbild &bild : buehnenbilder()) {
+        const bool gewuenscht = wuensche.isEmpty() || wuensche.contains(bild.name);
+        if (gewuenscht && !aufnehmen(bild, zustand, sprache, QCoreApplication::arguments().value(1))) {
+            std::fprintf(stderr, "%s: not saved\n", qPrintable(bild.name));
+            return 1;
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <functional>
+
+class Hauptfenster;
+class Zustand;
+
+/** One picture of the window: how it is set up, and what is done before it is taken. */
+struct Buehnenbild {
+    QString name; ///< of the file, without ".png"
+    std::function<void(Zustand &, Hauptfenster &)> vorher = {};
+    QSize groesse = {1280, 860};
+    double punkte = 10;
+    bool dunkel = false;
+    QString sprache = QStringLiteral("de");
+};
+
+/** All pictures, in an order in which each one's state leads to the next. */
+[[nodiscard]] QList<Buehnenbild> buehnenbilder();
+
+/** Lets the event loop run until @p fertig, at most ten seconds. */
+void laufenBis(const std::function<bool()> &fertig);
+/** Lets it run until nothing is on its way any more: previews, looks into the catalogue. */
+void ruhe();

@@ -1,0 +1,271 @@
+#include "pruefansicht.h"
+
+#include "aktionsfeld.h"
+#include "analyse.h"
+#include "angaben.h"
+#include "hinweisfach.h"
+#include "leeransicht.h"
+#include "meldungszeile.h"
+#include "pfade.h"
+#include "sprache.h"
+#include "stil.h"
+#include "teiler.h"
+#include "text.h"
+#include "vorschau.h"
+#include "vorschlagsteil.h"
+#include "zustand.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
+{
+    setObjectName(u"pruefen"_s);
+    setFocusPolicy(Qt::ClickFocus);
+    m_vorschau = new Vorschau(this);
+    m_teiler = new Teiler(m_vorschau, vorschlagsseite(), this);
+    m_teiler->setzeAnteil(m_zustand->teilung());
+    m_stapel->addWidget(m_teiler);
+    m_stapel->addWidget(leerseite());
+    tastenBauen();
+    connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
+    connect(m_zustand, &Zustand::teilungGeaendert, this, [this] {
+        m_teiler->setzeAnteil(m_zustand->teilung());
+        anordnen();
+    });
+    connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand, [this] { m_zustand->setzePartnerZeigen(false); });
+    connect(m_angaben, &Angaben::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
+    connect(m_zustand, &Zustand::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
+    connect(m_zustand, &Zustand::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);
+    connect(m_zustand, &Zustand::partnerZeigenGeaendert, this, &PruefAnsicht::vorschauZeigen);
+    connect(m_zustand, &Zustand::vorausGeaendert, this, &PruefAnsicht::vorschauZeigen);
+    for (const auto signal :
+         {&Zustand::zaehlwerkGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert, &Zustand::aktivGeaendert})
+        connect(m_zustand, signal, this, &PruefAnsicht::leereZeigen);
+    dokumentZeigen();
+}
+
+QWidget *PruefAnsicht::vorschlagsseite()
+{
+    auto *seite = new QWidget(this);
+    auto *inhalt = new QWidget(seite);
+    m_vorschlag = new Vorschlagsteil(m_zustand, inhalt);
+    m_hinweise = new Hinweisfach(m_zustand, inhalt);
+    m_angaben = new Angaben(m_zustand, inhalt);
+    m_aktionen = new Aktionsfeld(m_zustand, seite);
+    m_rollen = new QScrollArea(seite);
+    m_rollen->setFrameShape(QFrame::NoFrame);
+    m_rollen->setWidgetResizable(true);
+    m_rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_rollen->setFocusPolicy(Qt::NoFocus);
+    m_rollen->setWidget(inhalt);
+    m_rollen->installEventFilter(this);
+    m_rollen->viewport()->setAutoFillBackground(false);
+    inhalt->setAutoFillBackground(false);
+    auto *spalte = new QVBoxLayout(inhalt);
+    spalte->addWidget(m_vorschlag);
+    spalte->addWidget(m_hinweise);
+    spalte->addStretch(1);
+    spalte->addWidget(m_angaben);
+    auto *aussen = new QVBoxLayout(seite);
+    aussen->setContentsMargins(0, 0, 0, 0);
+    aussen->setSpacing(0);
+    aussen->addWidget(m_rollen, 1);
+    aussen->addWidget(m_aktionen);
+    Stil::folgen(inhalt, [this, spalte] {
+        spalte->setSpacing(abstand(10));
+        int breite = 0;
+        for (const QString &text : Vorschlagsteil::beschriftungen() + Angaben::beschriftungen())
+            breite = std::max(breite, fontMetrics().horizontalAdvance(text) + 2);
+        m_vorschlag->setzeBeschriftungsbreite(breite);
+        m_angaben->setzeBeschriftungsbreite(breite);
+        anordnen();
+    });
+    return seite;
+}
+
+QWidget *PruefAnsicht::leerseite()
+{
+    auto *seite = new QWidget(this);
+    m_leere = new Leeransicht(seite);
+    auto *meldung = new Meldungszeile(m_zustand, seite);
+    auto *spalte = new QVBoxLayout(seite);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->addWidget(m_leere, 1);
+    spalte->addWidget(meldung);
+    Stil::folgen(seite, [spalte] { spalte->setContentsMargins(abstand(20), 0, abstand(20), abstand(8)); });
+    connect(m_leere, &Leeransicht::gedrueckt, this, &PruefAnsicht::leereTat);
+    return seite;
+}
+
+bool PruefAnsicht::imFeld() const { return m_angaben->hatFokus(); }
+
+void PruefAnsicht::taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld)
+{
+    auto *kurz = new QShortcut(tasten, this);
+    kurz->setContext(Qt::WidgetWithChildrenShortcut);
+    kurz->setAutoRepeat(false);
+    connect(kurz, &QShortcut::activated, this, [this, tat, auchImFeld] {
+        if (auchImFeld || !imFeld())
+            tat();
+    });
+}
+
+/** Letters act while no field has the focus: in a text they are text, in a
+ * choice they choose. */
+void PruefAnsicht::tastenBauen()
+{
+    taste(
+        QKeySequence(Qt::Key_Return), [this] { eingabe(); }, true);
+    taste(
+        QKeySequence(Qt::Key_Enter), [this] { eingabe(); }, true);
+    taste(
+        QKeySequence(Qt::Key_Escape), [this] { feldVerlassen(); }, true);
+    taste(
+        QKeySequence(Qt::Key_Z), [this] { m_zustand->zuruecklegen(); }, false);
+    taste(
+        QKeySequence(Qt::Key_D), [this] { m_zustand->aussortieren(); }, false);
+    taste(
+        QKeySequence(Qt::Key_U), [this] { m_zustand->rueckgaengig(); }, false);
+    taste(
+        QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { m_zustand->rueckgaengig(); }, false);
+    taste(
+        QKeySequence(Qt::Key_Left), [this] { m_zustand->weiter(u"zurueck"_s); }, false);
+    taste(
+        QKeySequence(Qt::Key_Right), [this] { m_zustand->weiter(u"weiter"_s); }, false);
+}
+
+/** Presses the button that has the focus, else accepts. */
+void PruefAnsicht::eingabe()
+{
+    auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
+    if (knopf && knopf->hasFocus())
+        knopf->click();
+    else
+        m_zustand->uebernehmen();
+}
+
+void PruefAnsicht::feldVerlassen()
+{
+    if (m_zustand->partnerZeigen() && !imFeld())
+        m_zustand->setzePartnerZeigen(false);
+    setFocus();
+}
+
+void PruefAnsicht::focusInEvent(QFocusEvent *ereignis)
+{
+    QWidget::focusInEvent(ereignis);
+    // The page is what the keys move when nothing else has the focus.
+    if (m_zustand->aktuelles())
+        m_vorschau->setFocus(ereignis->reason());
+}
+
+void PruefAnsicht::keyPressEvent(QKeyEvent *ereignis)
+{
+    if (!m_vorschau->taste(ereignis))
+        QWidget::keyPressEvent(ereignis);
+}
+
+void PruefAnsicht::dokumentZeigen()
+{
+    const bool da = m_zustand->aktuelles() != nullptr;
+    const bool fokusHier = isVisible() && focusWidget() && focusWidget()->hasFocus();
+    m_stapel->setCurrentIndex(da ? 0 : 1);
+    m_rollen->verticalScrollBar()->setValue(0);
+    leereZeigen();
+    vorschauZeigen();
+    // The single keys work at once: the focus starts outside the fields.
+    if (fokusHier || (isVisible() && !window()->focusWidget()))
+        da ? m_vorschau->setFocus() : setFocus();
+}
+
+void PruefAnsicht::vorschauZeigen()
+{
+    const Dokument *d = m_zustand->aktuelles();
+    const Dokument *aehnliches = m_zustand->aehnliches();
+    if (m_zustand->partnerZeigen() && aehnliches)
+        m_vorschau->partnerZeigen(aehnliches->pfad, nameVon(aehnliches->pfad));
+    else
+        m_vorschau->zeigen(d ? d->pfad : QString());
+    for (const QString &pfad : m_zustand->voraus())
+        m_vorschau->vorausladen(pfad);
+}
+
+void PruefAnsicht::leereZeigen()
+{
+    if (m_zustand->aktuelles())
+        return;
+    if (m_zustand->oeffnet())
+        return m_leere->setzen(u"large.clock"_s, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
+    if (!m_zustand->offen())
+        return m_leere->setzen(u"large.folder"_s, Sprache::text(u"Noch kein Profil"_s),
+                               Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
+                               Sprache::text(u"Zur Einrichtung"_s));
+    const Zaehlwerk &z = m_zustand->zaehlwerk();
+    const bool laeuft = m_zustand->analyse()->laeuft();
+    const QString offene = QString::number(z.neu);
+    QString zeile = Sprache::text(u"Alles einsortiert."_s);
+    QString knopf;
+    if (laeuft)
+        zeile = gefuellt(Sprache::text(u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
+                         {offene});
+    else if (z.neu > 0)
+        zeile = gefuellt(Sprache::text(u"%@ Dokumente warten darauf, gelesen zu werden."_s), {offene});
+    if (z.zurueckgestellt > 0)
+        knopf = gefuellt(Sprache::text(u"%@ Zurückgestellte wieder vorlegen"_s), {QString::number(z.zurueckgestellt)});
+    else if (!laeuft && z.neu > 0)
+        knopf = Sprache::text(u"Durchgang starten"_s);
+    m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), zeile, knopf);
+}
+
+void PruefAnsicht::leereTat()
+{
+    if (!m_zustand->offen())
+        return m_zustand->setzeReiter(Reiter::einrichtung);
+    if (m_zustand->zaehlwerk().zurueckgestellt > 0)
+        m_zustand->zurueckgestellteVorlegen();
+    else
+        m_zustand->durchgangStarten();
+}
+
+/** Sections that do not fit in height with one note get by with less. */
+void PruefAnsicht::anordnen()
+{
+    if (!m_aktionen || !m_teiler)
+        return;
+    const int einHinweis = fontMetrics().lineSpacing() + abstand(10);
+    const int bedarf =
+        m_vorschlag->volleHoehe() + m_angaben->volleHoehe() + einHinweis + abstand(12) * 2 + abstand(10) * 3;
+    m_dicht = bedarf > height() - m_aktionen->sizeHint().height();
+    const int breite = m_rollen->width();
+    m_vorschlag->setzeDicht(m_dicht, Stil::istSchmal(breite));
+    m_angaben->setzeDicht(m_dicht, Stil::istSchmal(breite));
+    const int rand = Stil::seitenrand(breite);
+    m_rollen->widget()->layout()->setContentsMargins(rand, abstand(12), rand, abstand(12));
+    tastenZeigen();
+}
+
+void PruefAnsicht::tastenZeigen()
+{
+    m_aktionen->setzeTasten(imFeld(), m_dicht ? m_angaben->hilfeImFokus() : QString());
+}
+
+/** The pane of the proposal has another size: the window's, or the divider was moved. */
+bool PruefAnsicht::eventFilter(QObject *objekt, QEvent *ereignis)
+{
+    if (objekt == m_rollen && ereignis->type() == QEvent::Resize)
+        anordnen();
+    return QWidget::eventFilter(objekt, ereignis);
+}

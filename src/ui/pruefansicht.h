@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QWidget>
+
+class Aktionsfeld;
+class Angaben;
+class Hinweisfach;
+class Leeransicht;
+class Meldungszeile;
+class QScrollArea;
+class QStackedLayout;
+class Teiler;
+class Vorschau;
+class Vorschlagsteil;
+class Zustand;
+
+/** The review card: the page on the left, the proposal on the right, one
+ * document after the other by the keyboard. */
+class PruefAnsicht : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PruefAnsicht(Zustand *zustand, QWidget *eltern = nullptr);
+
+    [[nodiscard]] Vorschau *vorschau() const { return m_vorschau; }
+
+protected:
+    void focusInEvent(QFocusEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
+    bool eventFilter(QObject *objekt, QEvent *ereignis) override;
+
+private:
+    QWidget *vorschlagsseite();
+    QWidget *leerseite();
+    void tastenBauen();
+    void taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld);
+    void eingabe();
+    void feldVerlassen();
+    void dokumentZeigen();
+    void vorschauZeigen();
+    void leereZeigen();
+    void leereTat();
+    void anordnen();
+    void tastenZeigen();
+    [[nodiscard]] bool imFeld() const;
+
+    Zustand *m_zustand;
+    QStackedLayout *m_stapel;
+    Teiler *m_teiler = nullptr;
+    Vorschau *m_vorschau = nullptr;
+    QScrollArea *m_rollen = nullptr;
+    Vorschlagsteil *m_vorschlag = nullptr;
+    Hinweisfach *m_hinweise = nullptr;
+    Angaben *m_angaben = nullptr;
+    Aktionsfeld *m_aktionen = nullptr;
+    Leeransicht *m_leere = nullptr;
+    bool m_dicht = false;
+};

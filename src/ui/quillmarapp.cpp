@@ -1,0 +1,54 @@
+#include "quillmarapp.h"
+
+#include "fenstermenue.h"
+#include "fenstersprache.h"
+#include "hauptfenster.h"
+#include "sprache.h"
+#include "zustand.h"
+
+#include <QFileDialog>
+#include <QIcon>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+std::optional<QString> ordnerFragen(const QString &titel)
+{
+    const QString ordner = QFileDialog::getExistingDirectory(QApplication::activeWindow(), titel);
+    return ordner.isEmpty() ? std::nullopt : std::optional(ordner);
+}
+
+std::optional<QString> protokollFragen(const QString &titel)
+{
+    const QString datei = QFileDialog::getOpenFileName(QApplication::activeWindow(), titel, {},
+                                                       Sprache::text(u"Sitzungsprotokolle (*.jsonl)"_s));
+    return datei.isEmpty() ? std::nullopt : std::optional(datei);
+}
+} // namespace
+
+QuillmarApp::QuillmarApp(int &anzahl, char **argumente) : QApplication(anzahl, argumente)
+{
+    setApplicationName(u"quillmar"_s);
+    setApplicationDisplayName(u"Quillmar"_s);
+    setDesktopFileName(u"quillmar"_s);
+    setApplicationVersion(QStringLiteral(QUILLMAR_FASSUNG));
+    QIcon::setFallbackThemeName(u"breeze"_s);
+    Zustand::ordnerwaehler = ordnerFragen;
+    Zustand::protokollwaehler = protokollFragen;
+}
+
+QuillmarApp::~QuillmarApp() = default;
+
+int QuillmarApp::laufen(const QString &profil)
+{
+    m_sprache = std::make_unique<Fenstersprache>();
+    schriftgroesseAnwenden();
+    m_zustand = std::make_unique<Zustand>();
+    m_fenster = std::make_unique<Hauptfenster>(m_zustand.get(), m_sprache.get(), profil);
+    m_fenster->show();
+    const int ende = exec();
+    m_fenster.reset();
+    m_zustand.reset();
+    return ende;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QApplication>
+#include <memory>
+
+class Fenstersprache;
+class Hauptfenster;
+class Zustand;
+
+/** The windowed application: the one state object, the language, the main
+ * window. */
+class QuillmarApp : public QApplication
+{
+    Q_OBJECT
+
+public:
+    QuillmarApp(int &anzahl, char **argumente);
+    ~QuillmarApp() override;
+
+    /** Opens the window with the profile called @p profil, the first one when
+     * empty. Returns the exit status. */
+    int laufen(const QString &profil);
+
+private:
+    std::unique_ptr<Zustand> m_zustand;
+    std::unique_ptr<Fenstersprache> m_sprache;
+    std::unique_ptr<Hauptfenster> m_fenster;
+};

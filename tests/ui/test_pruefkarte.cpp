@@ -1,0 +1,302 @@
+#include "buehne.h"
+#include "elidiertext.h"
+#include "fenstersprache.h"
+#include "hauptfenster.h"
+#include "pdf.h"
+#include "profilspeicher.h"
+#include "satz.h"
+#include "sprache.h"
+#include "umbruchtext.h"
+#include "zustand.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QByteArray brief(const QString &titel)
+{
+    vorfuehrung::Seite seite;
+    seite.inhalt = vorfuehrung::seitenSatz({u"# Stadtwerke"_s, titel, u"Sehr geehrte Damen und Herren,"_s});
+    return vorfuehrung::pdf({seite});
+}
+} // namespace
+
+/** The window on a stage of real files, moved by key events alone. */
+class TestPruefkarte : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Buehne> m_b;
+    std::unique_ptr<Zustand> m_z;
+    std::unique_ptr<Fenstersprache> m_sprache;
+    std::unique_ptr<Hauptfenster> m_fenster;
+
+    qint64 dokument(const QString &name, const std::function<void(Dokument &)> &aendern = {})
+    {
+        return m_b->dokument(name, aendern, brief(name));
+    }
+
+    void oeffnen()
+    {
+        m_b->profilSichern();
+        m_z = std::make_unique<Zustand>();
+        m_sprache = std::make_unique<Fenstersprache>();
+        m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
+        m_fenster->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
+        QTRY_VERIFY(m_z->offen() && m_z->bereitschaft());
+        QCOMPARE(m_z->reiter(), Reiter::pruefen);
+    }
+
+    template <typename T>
+    T *teil(const char *name)
+    {
+        T *gefunden = nullptr;
+        for (T *kandidat : m_fenster->findChildren<T *>(QString::fromLatin1(name))) {
+            if (kandidat->isVisible())
+                gefunden = kandidat;
+        }
+        if (!gefunden)
+            qFatal("%s is not there", name);
+        return gefunden;
+    }
+    [[nodiscard]] QString meldung() { return teil<Elidiertext>("hinweis")->ganzerText(); }
+    [[nodiscard]] QString tasten() { return teil<Elidiertext>("tasten")->ganzerText(); }
+    [[nodiscard]] QString neuerName() { return teil<Umbruchtext>("neuerName")->ganzerText(); }
+    [[nodiscard]] QString name() const { return m_z->aktuelles() ? m_z->aktuelles()->dateiname : QString(); }
+
+    void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), taste, dazu);
+        QTRY_VERIFY(!m_z->beschaeftigt());
+    }
+    /** By the Tab key alone. */
+    void insFeld(const char *feld)
+    {
+        for (int n = 0; n < 60 && QApplication::focusWidget()->objectName() != QLatin1String(feld); ++n)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(feld));
+    }
+    void tippen(const char *feld, const QString &text)
+    {
+        insFeld(feld);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        QFile::remove(Profilspeicher::datei());
+        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
+        Sprache::setzeGewaehlteKennung(u"de"_s);
+        m_b = std::make_unique<Buehne>();
+    }
+    void cleanup()
+    {
+        m_fenster.reset();
+        m_sprache.reset();
+        m_z.reset();
+        m_b.reset();
+    }
+
+    /** Thirty documents from the first look to the empty queue, every key answered by what happened to which one. */
+    void dreissigDokumenteOhneMaus()
+    {
+        constexpr int anzahl = 30;
+        QMap<QString, qint64> ids;
+        for (int n = 1; n <= anzahl; ++n) {
+            const QString datei = u"Scan_%1.pdf"_s.arg(n, 2, 10, QChar(u'0'));
+            ids[datei] = dokument(datei, [n](Dokument &d) { d.gegenueber = u"Firma %1"_s.arg(n % 7); });
+        }
+        oeffnen();
+        int einsortiert = 0;
+        int dubletten = 0;
+        int zurueckgestellt = 0;
+        for (int n = 1; n <= anzahl; ++n) {
+            const QString datei = u"Scan_%1.pdf"_s.arg(n, 2, 10, QChar(u'0'));
+            QTRY_COMPARE(name(), datei);
+            if (n % 10 == 0) {
+                druecken(Qt::Key_D);
+                QTRY_COMPARE(meldung(), u"Als Dublette beiseitegelegt: "_s + datei);
+                ++dubletten;
+            } else if (n % 7 == 0) {
+                druecken(Qt::Key_Z);
+                QTRY_COMPARE(meldung(), u"Zurückgestellt: "_s + datei);
+                ++zurueckgestellt;
+            } else {
+                if (n % 4 == 0)
+                    tippen("titel", u"Zudu %1"_s.arg(n)); // z, d and u are letters in a field
+                if (n % 9 == 0) {
+                    insFeld("rubrik");
+                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+                }
+                const QString erwartet = neuerName();
+                druecken(Qt::Key_Return);
+                QTRY_VERIFY2(meldung().startsWith(u"Einsortiert: "_s + erwartet), qPrintable(meldung()));
+                ++einsortiert;
+            }
+            if (n == 12) { // a slip: back, look around, and again
+                druecken(Qt::Key_Escape);
+                druecken(Qt::Key_U);
+                QTRY_COMPARE(meldung(), u"Zurückgeholt: Scan_12.pdf"_s);
+                QCOMPARE(name(), datei);
+                druecken(Qt::Key_Right);
+                QCOMPARE(name(), u"Scan_13.pdf"_s);
+                druecken(Qt::Key_Left);
+                QCOMPARE(name(), datei);
+                druecken(Qt::Key_Return);
+                QTRY_VERIFY(meldung().startsWith(u"Einsortiert: "_s));
+            }
+        }
+        QTRY_VERIFY(!m_z->aktuelles());
+        QCOMPARE(m_z->zaehlwerk().erledigt, einsortiert);
+        QCOMPARE(m_z->zaehlwerk().aussortiert, dubletten);
+        QCOMPARE(m_z->zaehlwerk().zurueckgestellt, zurueckgestellt);
+        QCOMPARE(m_b->lesen(ids[u"Scan_08.pdf"_s]).titel, u"Zudu 8"_s);
+        QCOMPARE(m_b->lesen(ids[u"Scan_09.pdf"_s]).rubrik, u"Wasser"_s);
+        for (const qint64 id : std::as_const(ids))
+            QVERIFY(QFile::exists(m_b->lesen(id).pfad));
+        // The skipped ones come again on request, and the last deed can still be taken back.
+        QCOMPARE(teil<QAbstractButton>("leerknopf")->text(),
+                 u"%1 Zurückgestellte wieder vorlegen"_s.arg(zurueckgestellt));
+        druecken(Qt::Key_U);
+        QTRY_COMPARE(name(), u"Scan_30.pdf"_s);
+        druecken(Qt::Key_D);
+        QTRY_VERIFY(!m_z->aktuelles());
+        insFeld("leerknopf");
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(name(), u"Scan_07.pdf"_s);
+    }
+
+    void tastenImFeld()
+    {
+        dokument(u"a.pdf"_s);
+        dokument(u"b.pdf"_s);
+        oeffnen();
+        QVERIFY(tasten().startsWith(u"Eingabe übernehmen · Z zurückstellen"_s));
+        tippen("datum", u"2019-05-0"_s);
+        QTRY_VERIFY(tasten().endsWith(u"Eingabe übernehmen · Esc verlässt das Feld"_s));
+        QCOMPARE(teil<QLabel>("wochentag")->text(), u"Bitte als JJJJ-MM-TT"_s);
+        druecken(Qt::Key_Return);
+        QCOMPARE(meldung(), u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_3);
+        QCOMPARE(teil<QLabel>("wochentag")->text(), u"Freitag"_s);
+        QCOMPARE(teil<QLineEdit>("jahr")->text(), u"2019"_s);
+        QCOMPARE(neuerName(), u"2019-05-03 Stadtwerke - a.pdf"_s);
+        QCOMPARE(teil<Umbruchtext>("zielpfad")->ganzerText(), u"Haushalt › Jahresablage › 2019 › Strom"_s);
+        // In a field Ctrl+Z takes the typing back; the arrows move the cursor.
+        tippen("titel", u"Neu"_s);
+        druecken(Qt::Key_Left);
+        QCOMPARE(name(), u"a.pdf"_s);
+        druecken(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(teil<QLineEdit>("titel")->text() != u"Neu"_s);
+        // In a choice a letter chooses.
+        insFeld("rubrik");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_W);
+        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        // What the analysis writes meanwhile does not move what is typed, nor the cursor in it.
+        tippen("gegenueber", u"Von Hand"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+        m_b->sql(u"UPDATE dokumente SET gegenueber='Modell', konfidenz=0.31"_s);
+        m_z->aktualisieren();
+        QTRY_COMPARE(teil<QLabel>("konfidenz")->text(), u"31 Prozent"_s);
+        QCOMPARE(teil<QLineEdit>("gegenueber")->text(), u"Von Hand"_s);
+        QCOMPARE(teil<QLineEdit>("gegenueber")->cursorPosition(), 0);
+        // Escape leaves the field; a key that is held down counts once.
+        druecken(Qt::Key_Escape);
+        QVERIFY(!qobject_cast<QLineEdit *>(QApplication::focusWidget()));
+        QKeyEvent gehalten(QEvent::KeyPress, Qt::Key_Z, Qt::NoModifier, u"z"_s, true);
+        QApplication::sendEvent(QApplication::focusWidget(), &gehalten);
+        QVERIFY(!m_z->beschaeftigt());
+        QCOMPARE(name(), u"a.pdf"_s);
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+    }
+
+    void schaltflaechen()
+    {
+        const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) {
+            d.altOrdner = u"Haushalt/Jahresablage/2021/Wasser"_s;
+            d.gegenueber = u"<b>Fett & Söhne</b>"_s;
+        });
+        const qint64 b = dokument(u"b.pdf"_s);
+        m_b->sql(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=0.861 WHERE id=?"_s, {b, a});
+        oeffnen();
+        QCOMPARE(teil<Umbruchtext>("neuerName")->textFormat(), Qt::PlainText);
+        QVERIFY(neuerName().contains(u"Fett & Söhne"_s));
+        QTest::mouseClick(teil<QAbstractButton>("altenOrtBehalten"), Qt::LeftButton);
+        QCOMPARE(teil<QComboBox>("rubrik")->currentText(), u"Wasser"_s);
+        QTest::mouseClick(teil<QAbstractButton>("partnerZeigen"), Qt::LeftButton);
+        QVERIFY(m_z->partnerZeigen());
+        QTest::mouseClick(teil<QAbstractButton>("zurueckZumDokument"), Qt::LeftButton);
+        QVERIFY(!m_z->partnerZeigen());
+        QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und weiter"_s);
+        QTest::mouseClick(teil<QAbstractButton>("kopieren"), Qt::LeftButton);
+        QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und kopieren"_s);
+        QTest::mouseClick(teil<QAbstractButton>("uebernehmen"), Qt::LeftButton);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
+        QTest::mouseClick(teil<QAbstractButton>("rueckgaengig"), Qt::LeftButton);
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+    }
+
+    void spracheImLaufenWechseln()
+    {
+        dokument(u"a.pdf"_s);
+        oeffnen();
+        tippen("titel", u"Von Hand"_s);
+        m_sprache->waehlen(u"en"_s);
+        QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
+        QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Accept and continue"_s);
+        QCOMPARE(teil<QLineEdit>("titel")->text(), u"Von Hand"_s);
+        QCOMPARE(teil<QLabel>("wochentag")->text(), u"Tuesday"_s);
+        m_sprache->waehlen(u"de"_s);
+        QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
+        QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und weiter"_s);
+    }
+
+    /** Nothing can have the focus without a name, in any card; Tab goes the way of the eye. */
+    void jedesBedienelementHatEinenNamen()
+    {
+        dokument(u"a.pdf"_s);
+        oeffnen();
+        for (const Reiter reiter : alleReiter()) {
+            m_z->setzeReiter(reiter);
+            QCoreApplication::processEvents();
+            for (QWidget *w : m_fenster->findChildren<QWidget *>()) {
+                if (!(w->focusPolicy() & Qt::TabFocus) || !w->isVisible() || w->focusProxy())
+                    continue;
+                QAccessibleInterface *schnittstelle = QAccessible::queryAccessibleInterface(w);
+                const QString sagt = schnittstelle ? schnittstelle->text(QAccessible::Name) : QString();
+                QVERIFY2(!sagt.isEmpty() && !w->objectName().isEmpty(),
+                         qPrintable(u"%1 '%2' %3"_s.arg(QString::fromLatin1(w->metaObject()->className()),
+                                                        w->objectName(), w->parentWidget()->objectName())));
+            }
+        }
+        m_z->setzeReiter(Reiter::pruefen);
+        QPoint vorher(0, 0);
+        for (const char *feld : {"datum", "gegenueber", "titel", "zweig", "ablage", "jahr", "rubrik", "uebernehmen"}) {
+            insFeld(feld);
+            const QPoint hier = QApplication::focusWidget()->mapToGlobal(QPoint(0, 0));
+            QVERIFY2(hier.y() > vorher.y() || (hier.y() == vorher.y() && hier.x() > vorher.x()), feld);
+            vorher = hier;
+        }
+        for (QLabel *schild : m_fenster->findChildren<QLabel *>()) {
+            if (schild->isVisible() && schild->textFormat() == Qt::AutoText && !schild->buddy())
+                QVERIFY2(!Qt::mightBeRichText(schild->text()), qPrintable(schild->text()));
+        }
+    }
+};
+
+QTEST_MAIN(TestPruefkarte)
+#include "test_pruefkarte.moc"
