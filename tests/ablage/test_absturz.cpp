@@ -160,6 +160,7 @@ void TestAbsturz::einmal(const QString &aktion, bool kopieren, bool anderer, con
     QTemporaryDir ordner;
     QTemporaryDir fern(u"/dev/shm/quillmar-XXXXXX"_s);
     const QString spur = ordner.filePath(u"spur"_s);
+    qputenv("XDG_DATA_HOME", ordner.filePath(u"daten"_s).toUtf8()); // a trash of its own, which stays small
     auto bank = std::make_unique<Werkbank>(ordner.path(), kopieren, anderer ? fern.path() : QString());
     vorbereiten(*bank, aktion);
     const auto vorher = bank->bestand();
