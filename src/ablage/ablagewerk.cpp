@@ -135,7 +135,7 @@ void Ablagewerk::bewegen(const Dokument &gespeichert, const QString &ordner, con
     if (werte)
         absicht.werte = *werte;
     try {
-        Bewegungsgang gang(m_db, m_profil);
+        Bewegungsgang gang(m_db);
         Dateibewegung::ordnerAnlegen(ordner, m_profil.zielWurzel);
         const auto art = m_profil.kopieren ? Dateibewegung::Art::Kopieren : Dateibewegung::Art::Verschieben;
         const auto ergebnis =
@@ -152,7 +152,7 @@ void Ablagewerk::bewegen(const Dokument &gespeichert, const QString &ordner, con
 qint64 Ablagewerk::rueckgaengig()
 {
     try {
-        Bewegungsgang gang(m_db, m_profil);
+        Bewegungsgang gang(m_db);
         const QList<Zeile> zeilen =
             m_db->abfragen(u"SELECT * FROM protokoll WHERE rueckgaengig=0 ORDER BY id DESC LIMIT 1"_s);
         if (zeilen.isEmpty())

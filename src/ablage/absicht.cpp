@@ -1,14 +1,16 @@
 #include "absicht.h"
 
 #include "datenbank.h"
+#include "jsonschreiber.h"
 
 #include <QJsonDocument>
+#include <QJsonObject>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-QJsonObject objektAus(const QByteArray &json) { return QJsonDocument::fromJson(json).object(); }
+QByteArray kompakt(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson(QJsonDocument::Compact); }
 
 QJsonObject werteJson(const Dokument &d)
 {
@@ -33,25 +35,31 @@ Dokument werteAus(const QJsonObject &o, qint64 id)
 
 QByteArray Absicht::json() const
 {
-    QJsonObject o = {{u"ruecknahme"_s, art == Art::Ruecknahme},
-                     {u"vorgang"_s, vorgang},
-                     {u"zeile"_s, zeile.objekt()},
-                     {u"status"_s, status},
-                     {u"protokoll"_s, protokollId},
-                     {u"temporaer"_s, temporaer},
-                     {u"groesse"_s, groesse},
-                     {u"dateizeit"_s, QString::number(dateizeit)},
-                     {u"vorher"_s, vorher},
-                     {u"buch"_s, buch}};
+    Jsonschreiber o;
+    o.wahr("ruecknahme", art == Art::Ruecknahme);
+    o.text("vorgang", vorgang);
+    o.roh("zeile", zeile.json());
+    o.text("status", status);
+    o.zahl("protokoll", protokollId);
+    o.zahl("groesse", groesse);
+    o.text("dateizeit", QString::number(dateizeit)); // too large for the numbers of some readers
+    if (!temporaer.isEmpty())
+        o.text("temporaer", temporaer);
     if (werte)
-        o.insert(u"werte"_s, werteJson(*werte));
-    return QJsonDocument(o).toJson(QJsonDocument::Compact);
+        o.roh("werte", kompakt(werteJson(*werte)));
+    if (!vorher.isEmpty())
+        o.text("vorher", vorher);
+    if (!buch.isEmpty())
+        o.text("buch", buch);
+    if (kopf)
+        o.roh("kopf", kopf->json());
+    return o.ende();
 }
 
 std::optional<Absicht> Absicht::aus(const QByteArray &text)
 {
-    const QJsonObject o = objektAus(text);
-    auto zeile = Protokollzeile::aus(QJsonDocument(o.value("zeile"_L1).toObject()).toJson(QJsonDocument::Compact));
+    const QJsonObject o = QJsonDocument::fromJson(text).object();
+    auto zeile = Protokollzeile::aus(kompakt(o.value("zeile"_L1).toObject()));
     if (!zeile || o.value("vorgang"_L1).toString().isEmpty())
         return std::nullopt;
     Absicht a;
@@ -64,10 +72,18 @@ std::optional<Absicht> Absicht::aus(const QByteArray &text)
     a.dateizeit = o.value("dateizeit"_L1).toString().toLongLong();
     a.vorher = o.value("vorher"_L1).toString();
     a.buch = o.value("buch"_L1).toString();
+    a.kopf = Protokollkopf::aus(kompakt(o.value("kopf"_L1).toObject()));
     if (o.contains("werte"_L1))
         a.werte = werteAus(o.value("werte"_L1).toObject(), zeile->dokument);
     a.zeile = std::move(*zeile);
     return a;
+}
+
+QString Absicht::ende() const
+{
+    if (art == Art::Bewegung)
+        return zeile.nach;
+    return zeile.kopiert ? QString() : zeile.von;
 }
 
 void Absicht::uebernehmen(const Dateibewegung::Schritt &schritt)

@@ -22,12 +22,17 @@ struct Absicht {
     QString temporaer;
     qint64 groesse = 0;
     qint64 dateizeit = 0;
-    std::optional<Dokument> werte; ///< the user's final values
-    QString vorher;                ///< the counterpart before his correction
-    QString buch;                  ///< log file that is to hold the line; empty if none
+    std::optional<Dokument> werte;     ///< the user's final values
+    QString vorher;                    ///< the counterpart before his correction
+    QString buch;                      ///< log file that is to hold the line; empty if none
+    std::optional<Protokollkopf> kopf; ///< header of that log
 
     [[nodiscard]] QByteArray json() const;
     [[nodiscard]] static std::optional<Absicht> aus(const QByteArray &zeile);
+
+    /** The two ends: where the file is before and where it goes; empty for the trash. */
+    [[nodiscard]] QString anfang() const { return art == Art::Bewegung ? zeile.von : zeile.nach; }
+    [[nodiscard]] QString ende() const;
 
     /** Takes over what the file movement announces. */
     void uebernehmen(const Dateibewegung::Schritt &schritt);

@@ -31,8 +31,12 @@ void werteSchreiben(const Transaktion &t, Datenbank &db, const Dokument &d)
 
 void ortSchreiben(const Transaktion &t, Datenbank &db, qint64 id, const QString &status, const QString &pfad)
 {
-    platzFreimachen(t, db, pfad, id);
-    muss(t, db, u"UPDATE dokumente SET status=?, pfad=?, dateiname=? WHERE id=?"_s, {status, pfad, nameVon(pfad), id});
+    const QString sql = u"UPDATE dokumente SET status=?, pfad=?, dateiname=? WHERE id=?"_s;
+    const QVariantList werte = {status, pfad, nameVon(pfad), id};
+    if (db.ausfuehren(sql, werte) == 0)
+        return;
+    platzFreimachen(t, db, pfad, id); // paths are unique, so this is what can stand in the way
+    muss(t, db, sql, werte);
 }
 
 void ruecknahme(const Transaktion &t, Datenbank &db, const Absicht &a)

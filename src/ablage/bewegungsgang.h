@@ -2,8 +2,9 @@
 
 #include "absicht.h"
 #include "absichtsdatei.h"
-#include "fehler.h"
+#include "insprache.h"
 
+#include <functional>
 #include <memory>
 
 class Datenbank;
@@ -17,10 +18,11 @@ class Bewegungsgang
 {
 public:
     /** Waits for another program that is moving. Throws Fehler when that takes over a minute. */
-    Bewegungsgang(std::shared_ptr<Datenbank> db, const Profil &profil);
+    explicit Bewegungsgang(const std::shared_ptr<Datenbank> &db);
 
     /** Settles what a crash has left open, if no one is moving at the moment. Throws Fehler. */
-    static void klaeren(const std::shared_ptr<Datenbank> &db, const Profil &profil);
+    static void klaeren(const std::shared_ptr<Datenbank> &db);
+    static void klaeren(const std::shared_ptr<Datenbank> &db, const Profil & /*egal*/) { klaeren(db); }
 
     struct Ergebnis {
         QString nach;              ///< where the file lies now
@@ -31,33 +33,22 @@ public:
     Ergebnis bewegen(Absicht absicht, const Dateibewegung::Auftrag &auftrag, Protokollbuch *buch);
 
     /**
-     * Turns movements back: announces all at once, takes each back, and records those that worked in one transaction.
-     * Returns a text for each that failed, empty for success, in the same order. @p herkunft is the source folder,
-     * which is never made itself. Throws Fehler when the catalogue cannot be written; the rest is settled at the next
-     * opening.
+     * Turns movements back together. Returns a text for each that failed, empty for success, in the same order; what
+     * failed lies where it was. @p herkunft is the source folder, which is never made itself; @p jeweils is called
+     * after each movement.
      */
-    QStringList zuruecknehmen(QList<Absicht> absichten, const QString &herkunft);
+    QStringList zuruecknehmen(const QList<Absicht> &absichten, const QString &herkunft,
+                              const std::function<void()> &jeweils = {});
 
 private:
-    Bewegungsgang(std::shared_ptr<Datenbank> db, const Profil &profil, Absichtsdatei datei);
+    Bewegungsgang(std::shared_ptr<Datenbank> db, Absichtsdatei datei);
     void offenesKlaeren();
     [[nodiscard]] bool geklaert(const Absicht &absicht);
-    void nachholen(const Absicht &absicht);
-    void ruecksetzen(const Absicht &absicht);
+    [[nodiscard]] bool nachgeholt(const Absicht &absicht);
+    [[nodiscard]] bool zurueckgesetzt(Absicht absicht);
     void abschliessen() { m_datei.leeren(m_offene); }
 
     std::shared_ptr<Datenbank> m_db;
-    Profil m_profil;
     Absichtsdatei m_datei;
-    QList<QByteArray> m_offene; ///< what cannot be settled yet, since a drive is not there
+    QList<QByteArray> m_offene; ///< what cannot be settled yet, since a drive is not there or a disk fails
 };
-
-/**
- * Takes one movement back: a copy to the trash, a moved file to its old place. @p ankuendigung as for
- * Dateibewegung::ausfuehren(). Throws Fehler.
- */
-void zuruecklegen(const Protokollzeile &zeile, const QString &herkunft, const Dateibewegung::Ankuendigung &ankuendigung,
-                  QSet<QByteArray> *spaeterSichern);
-
-/** The text of a failure in the user's language. */
-[[nodiscard]] QString inSprache(const Fehler &fehler);

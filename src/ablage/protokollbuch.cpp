@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -40,7 +41,16 @@ char letztesByte(int griff)
     return zeichen;
 }
 
-/** Appends a line to the file; begins it with @p kopf when it is empty or new. */
+/** Writes at the end of an open file of @p groesse bytes and flushes. Nothing torn stays behind on failure. */
+bool anfuegen(const Dateigriff &griff, off_t groesse, const QByteArray &bytes)
+{
+    if (::write(griff.nummer(), bytes.constData(), size_t(bytes.size())) == bytes.size())
+        return ::fdatasync(griff.nummer()) == 0;
+    [[maybe_unused]] const int egal = ::ftruncate(griff.nummer(), groesse);
+    return false;
+}
+
+/** Appends a line to the file; begins it with @p kopf when it has vanished meanwhile. */
 bool zeileAnhaengen(const QString &datei, const Protokollkopf &kopf, const QByteArray &zeile)
 {
     const QByteArray pfad = plattenPfad(datei);
@@ -53,11 +63,25 @@ bool zeileAnhaengen(const QString &datei, const Protokollkopf &kopf, const QByte
         bytes.prepend(kopf.json() + '\n');
     else if (letztesByte(griff.nummer()) != '\n')
         bytes.prepend('\n');
-    if (::write(griff.nummer(), bytes.constData(), size_t(bytes.size())) == bytes.size())
-        return ::fdatasync(griff.nummer()) == 0;
-    // No torn line stays behind: a torn header would never be mended.
-    [[maybe_unused]] const int egal = ::ftruncate(griff.nummer(), s.st_size);
-    return false;
+    return anfuegen(griff, s.st_size, bytes);
+}
+
+/** Begins a book with its first line, in @p datei or the next second that no other program has; none on failure. */
+std::optional<QString> beginnen(QString datei, const Protokollkopf &kopf, const QByteArray &zeile)
+{
+    for (;;) {
+        const QByteArray pfad = plattenPfad(datei);
+        const Dateigriff griff(::open(pfad.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        if (griff.offen()) {
+            if (anfuegen(griff, 0, kopf.json() + '\n' + zeile + '\n'))
+                return datei;
+            ::unlink(pfad.constData()); // made here just now, and no one has read of it
+            return std::nullopt;
+        }
+        if (errno != EEXIST)
+            return std::nullopt;
+        datei = freierName(ordnerVon(datei));
+    }
 }
 
 /** Calls @p nehmen with each line; stops when it returns false. Lines are read one by one: a log may be large. */
@@ -89,19 +113,33 @@ std::shared_ptr<Protokollbuch> Protokollbuch::anlegen(const QString &ordner, con
     return std::shared_ptr<Protokollbuch>(new Protokollbuch(freierName(ort), Protokollkopf::fuer(profil)));
 }
 
-QString Protokollbuch::ordner() const { return ordnerVon(m_datei); }
+QString Protokollbuch::datei() const
+{
+    const std::lock_guard sperre(m_schloss);
+    return m_datei;
+}
+
+QString Protokollbuch::ordner() const { return ordnerVon(datei()); }
 
 bool Protokollbuch::anhaengen(const Protokollzeile &zeile)
 {
     const std::lock_guard sperre(m_schloss);
-    return zeileAnhaengen(m_datei, m_kopf, zeile.json());
+    if (m_begonnen)
+        return zeileAnhaengen(m_datei, m_kopf, zeile.json());
+    const auto datei = beginnen(m_datei, m_kopf, zeile.json());
+    if (datei)
+        m_datei = *datei;
+    m_begonnen = datei.has_value();
+    return m_begonnen;
 }
 
-void Protokollbuch::nachtragen(const QString &datei, const Profil &profil, const Protokollzeile &zeile)
+bool Protokollbuch::nachtragen(const QString &datei, const Protokollkopf &kopf, const Protokollzeile &zeile)
 {
-    const QList<Protokollzeile> zeilen = lesen(datei);
-    if (!zeilen.contains(zeile) && istOrdner(ordnerVon(datei)))
-        zeileAnhaengen(datei, Protokollkopf::fuer(profil), zeile.json());
+    if (!istOrdner(ordnerVon(datei)))
+        return true;
+    if (Protokollbuch::kopf(datei) != kopf)
+        return beginnen(datei, kopf, zeile.json()).has_value();
+    return lesen(datei).contains(zeile) || zeileAnhaengen(datei, kopf, zeile.json());
 }
 
 QStringList Protokollbuch::dateien(const QString &ordner)

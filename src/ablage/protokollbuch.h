@@ -12,7 +12,8 @@ class Datenbank;
 /** What turning a session back came to. */
 struct Bilanz {
     qint64 zurueckgedreht = 0;
-    QStringList fehler; ///< a line for each movement that failed, in order
+    QStringList fehler;       ///< a line for each movement that failed, in order
+    qint64 uebersprungen = 0; ///< passed over: turned back already, vanished, or its old place is taken
     bool operator==(const Bilanz &) const = default;
 };
 
@@ -32,7 +33,8 @@ public:
     /** Appends a movement, after ending a line that an earlier crash has torn. False when it could not be written. */
     bool anhaengen(const Protokollzeile &zeile);
 
-    [[nodiscard]] const QString &datei() const { return m_datei; }
+    /** The file, or the name it is to have. With the first line it may move on to the next second that is free. */
+    [[nodiscard]] QString datei() const;
     [[nodiscard]] QString ordner() const;
     [[nodiscard]] const Protokollkopf &kopf() const { return m_kopf; }
 
@@ -42,14 +44,18 @@ public:
     /** Movements in the order of the file. Lines that are damaged or something else are passed over. */
     [[nodiscard]] static QList<Protokollzeile> lesen(const QString &datei);
 
-    /** Appends to the book @p datei what a crash kept out of it; begins it if it is not there yet. */
-    static void nachtragen(const QString &datei, const Profil &profil, const Protokollzeile &zeile);
+    /**
+     * Appends to the book @p datei what a crash kept out of it. If that book is not there or is another session's,
+     * begins one. False when it could not be written; a folder that is gone counts as done.
+     */
+    static bool nachtragen(const QString &datei, const Protokollkopf &kopf, const Protokollzeile &zeile);
 
     using Fortschritt = std::function<void(qint64 fertig, qint64 gesamt)>;
     /**
      * Turns all movements of a session back, newest first. @p db (may be null: only files are moved then) is changed
      * where it knows the movement. What lies at neither or both ends, and what is turned back already, is passed over;
-     * a failure does not stop the rest.
+     * a failure does not stop the rest, and what failed lies where it was. @p fortschritt is called after each
+     * movement.
      */
     [[nodiscard]] static Bilanz zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
                                               const Fortschritt &fortschritt);
@@ -59,5 +65,6 @@ private:
 
     QString m_datei;
     Protokollkopf m_kopf;
-    std::mutex m_schloss;
+    bool m_begonnen = false;
+    mutable std::mutex m_schloss;
 };

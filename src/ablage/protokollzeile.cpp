@@ -1,9 +1,11 @@
 #include "protokollzeile.h"
 
+#include "jsonschreiber.h"
 #include "zeit.h"
 
 #include <QDateTime>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QSysInfo>
 #include <charconv>
 #include <cmath>
@@ -140,8 +142,6 @@ private:
     QByteArrayView m_rest;
     unsigned m_felder = 0;
 };
-
-QByteArray kompakt(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson(QJsonDocument::Compact); }
 } // namespace
 
 Protokollkopf Protokollkopf::fuer(const Profil &profil)
@@ -165,15 +165,17 @@ bool Protokollkopf::gleicheSitzung(const Protokollkopf &anderer) const
 
 QByteArray Protokollkopf::json() const
 {
-    return kompakt({{u"art"_s, u"kopf"_s},
-                    {u"zeit"_s, zeit},
-                    {u"profil"_s, profil},
-                    {u"quelle"_s, quelle},
-                    {u"ziel"_s, ziel},
-                    {u"kopieren"_s, kopieren},
-                    {u"namensVorlage"_s, namensVorlage},
-                    {u"pfadVorlage"_s, pfadVorlage},
-                    {u"rechner"_s, rechner}});
+    Jsonschreiber o;
+    o.text("art", u"kopf"_s);
+    o.text("zeit", zeit);
+    o.text("profil", profil);
+    o.text("quelle", quelle);
+    o.text("ziel", ziel);
+    o.wahr("kopieren", kopieren);
+    o.text("namensVorlage", namensVorlage);
+    o.text("pfadVorlage", pfadVorlage);
+    o.text("rechner", rechner);
+    return o.ende();
 }
 
 std::optional<Protokollkopf> Protokollkopf::aus(const QByteArray &zeile)
@@ -197,13 +199,19 @@ QString Protokollzeile::zeitKurz() const
     return gelesen.isValid() ? gelesen.toLocalTime().toString(u"HH:mm:ss"_s) : zeit;
 }
 
-QJsonObject Protokollzeile::objekt() const
+QByteArray Protokollzeile::json() const
 {
-    return {{u"art"_s, u"bewegung"_s}, {u"zeit"_s, zeit}, {u"aktion"_s, aktion},       {u"dokument"_s, dokument},
-            {u"von"_s, von},           {u"nach"_s, nach}, {u"altStatus"_s, altStatus}, {u"kopiert"_s, kopiert}};
+    Jsonschreiber o;
+    o.text("art", u"bewegung"_s);
+    o.text("zeit", zeit);
+    o.text("aktion", aktion);
+    o.zahl("dokument", dokument);
+    o.text("von", von);
+    o.text("nach", nach);
+    o.text("altStatus", altStatus);
+    o.wahr("kopiert", kopiert);
+    return o.ende();
 }
-
-QByteArray Protokollzeile::json() const { return kompakt(objekt()); }
 
 std::optional<Protokollzeile> Protokollzeile::aus(const QByteArray &zeile)
 {

@@ -3,7 +3,7 @@
 #include "profil.h"
 
 #include <QByteArray>
-#include <QJsonObject>
+#include <optional>
 
 /** Header of a session log. */
 struct Protokollkopf {
@@ -40,7 +40,6 @@ struct Protokollzeile {
     /** The time of day in the local time zone, HH:mm:ss; the text itself when it is no time. */
     [[nodiscard]] QString zeitKurz() const;
 
-    [[nodiscard]] QJsonObject objekt() const;
     [[nodiscard]] QByteArray json() const;
     /** None for anything but a whole movement line. */
     [[nodiscard]] static std::optional<Protokollzeile> aus(const QByteArray &zeile);

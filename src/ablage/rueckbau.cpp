@@ -3,10 +3,12 @@
 #include "bewegungsgang.h"
 #include "datenbank.h"
 #include "pfade.h"
+#include "ruecknahme.h"
 #include "text.h"
 
 #include <QSet>
 #include <algorithm>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -17,8 +19,6 @@ constexpr qsizetype hoechstensGruppe = 100;
 /** A copy goes only while its original is still there, and a moved file only to a free place. */
 bool endenStimmen(const Protokollzeile &z)
 {
-    if (!istVorhanden(z.nach))
-        return false;
     if (z.von == z.nach)
         return true;
     return z.kopiert ? Dateibewegung::istGleich(z.von, z.nach) : !istVorhanden(z.von);
@@ -46,7 +46,7 @@ Bilanz Rueckbau::ausfuehren()
         return {};
     try {
         if (m_db)
-            m_gang = std::make_unique<Bewegungsgang>(m_db, Profil());
+            m_gang = std::make_unique<Bewegungsgang>(m_db);
         QList<Protokollzeile> offene;
         QSet<QString> orte;
         for (const Protokollzeile &zeile : std::as_const(m_zeilen)) {
@@ -70,8 +70,12 @@ void Rueckbau::gruppe(const QList<Protokollzeile> &zeilen)
 {
     QList<Absicht> absichten;
     for (const Protokollzeile &zeile : zeilen) {
-        if (auto absicht = pruefen(zeile))
+        if (auto absicht = pruefen(zeile)) {
             absichten << std::move(*absicht);
+        } else {
+            ++m_bilanz.uebersprungen;
+            weiter();
+        }
     }
     const QStringList fehler = absichten.isEmpty() ? QStringList() : zuruecknehmen(absichten);
     for (qsizetype i = 0; i < fehler.size(); ++i) {
@@ -80,18 +84,24 @@ void Rueckbau::gruppe(const QList<Protokollzeile> &zeilen)
         else
             m_bilanz.fehler << nameVon(absichten.at(i).zeile.nach) + u": "_s + fehler.at(i);
     }
-    for (qsizetype i = 0; i < zeilen.size(); ++i)
-        m_fortschritt(++m_fertig, m_zeilen.size());
 }
+
+void Rueckbau::weiter() { m_fortschritt(++m_fertig, m_zeilen.size()); }
 
 /** The intent to take @p zeile back; none when it is passed over. */
 std::optional<Absicht> Rueckbau::pruefen(const Protokollzeile &zeile) const
 {
     Absicht absicht;
+    absicht.art = Absicht::Art::Ruecknahme;
     absicht.zeile = zeile;
     absicht.status = zeile.altStatus.isEmpty() ? u"bereit"_s : zeile.altStatus;
+    const auto angaben = Dateibewegung::angabenVon(zeile.nach);
+    if (!angaben && !istVorhanden(zeile.nach))
+        return std::nullopt;
     if (!istDran(zeile, absicht.protokollId) || !endenStimmen(zeile))
         return std::nullopt;
+    if (angaben)
+        absicht.uebernehmen(*angaben);
     return absicht;
 }
 
@@ -101,22 +111,27 @@ bool Rueckbau::istDran(const Protokollzeile &zeile, qint64 &protokollId) const
     if (!m_db || zeile.dokument <= 0)
         return true;
     const QList<Zeile> zeilen = m_db->abfragen(
-        u"SELECT p.id, p.rueckgaengig, d.pfad FROM protokoll p LEFT JOIN dokumente d ON d.id=p.dokument_id\n"
-        "WHERE p.dokument_id=? AND p.von_pfad=? AND p.nach_pfad=?\n"
-        "ORDER BY p.zeit<>?, p.rueckgaengig, p.id DESC LIMIT 1"_s, // a later session may have moved it there again
-        {zeile.dokument, zeile.von, zeile.nach, zeile.zeit});
+        u"SELECT p.id, p.rueckgaengig, p.zeit, d.pfad FROM protokoll p LEFT JOIN dokumente d ON d.id=p.dokument_id\n"
+        "WHERE p.dokument_id=? AND p.von_pfad=? AND p.nach_pfad=?"_s,
+        {zeile.dokument, zeile.von, zeile.nach});
     if (zeilen.isEmpty())
         return true; // a log of another profile or computer: only the file moves
-    if (zeilen.first().ganz(u"rueckgaengig") == 1)
+    // A later session may have moved it there again: the row of the line's own time goes before.
+    const auto rang = [&zeile](const Zeile &z) {
+        return std::tuple(z.text(u"zeit") == zeile.zeit, z.ganz(u"rueckgaengig") == 0, z.ganz(u"id"));
+    };
+    const Zeile &eigene = *std::max_element(zeilen.begin(), zeilen.end(),
+                                            [&rang](const Zeile &a, const Zeile &b) { return rang(a) < rang(b); });
+    if (eigene.ganz(u"rueckgaengig") == 1)
         return false;
-    protokollId = zeilen.first().ganz(u"id");
-    return zeilen.first().text(u"pfad") == (zeile.kopiert ? zeile.von : zeile.nach);
+    protokollId = eigene.ganz(u"id");
+    return eigene.text(u"pfad") == (zeile.kopiert ? zeile.von : zeile.nach);
 }
 
 QStringList Rueckbau::zuruecknehmen(const QList<Absicht> &absichten)
 {
     if (m_gang)
-        return m_gang->zuruecknehmen(absichten, m_herkunft);
+        return m_gang->zuruecknehmen(absichten, m_herkunft, [this] { weiter(); });
     QStringList fehler;
     for (const Absicht &absicht : absichten) {
         try {
@@ -126,6 +141,7 @@ QStringList Rueckbau::zuruecknehmen(const QList<Absicht> &absichten)
         } catch (const Fehler &f) {
             fehler << inSprache(f);
         }
+        weiter();
     }
     return fehler;
 }

@@ -16,6 +16,7 @@ public:
     [[nodiscard]] Bilanz ausfuehren();
 
 private:
+    void weiter();
     void gruppe(const QList<Protokollzeile> &zeilen);
     [[nodiscard]] std::optional<Absicht> pruefen(const Protokollzeile &zeile) const;
     [[nodiscard]] bool istDran(const Protokollzeile &zeile, qint64 &protokollId) const;

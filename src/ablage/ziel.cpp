@@ -1,10 +1,10 @@
 #include "ziel.h"
 
+#include "dateibewegung.h"
 #include "text.h"
 #include "vorlage.h"
 
 #include <QDir>
-#include <QTextBoundaryFinder>
 
 using namespace Qt::StringLiterals;
 
@@ -57,7 +57,7 @@ QString Ziel::dateiname(const Dokument &dokument, const Profil &profil)
     QString name = nfc(Vorlage::fuellen(werte, profil.namensVorlage));
     // A rubric of two levels or a template brings separators and marks of its own.
     name.replace(u'/', u'-').remove(QChar(u'\0'));
-    return gekuerzt((name.isEmpty() ? u"unbenannt"_s : name) + u".pdf"_s);
+    return Dateibewegung::nummeriert((name.isEmpty() ? u"unbenannt"_s : name) + u".pdf"_s, 1);
 }
 
 QString Ziel::ordner(const Ort &ort, const QString &jahr, const Profil &profil)
@@ -74,19 +74,4 @@ QString Ziel::ordner(const Ort &ort, const QString &jahr, const Profil &profil)
         {Baustein::jahr, art->mitJahr ? jahr : QString()},
     };
     return unterZiel(profil, ohneSpruenge(Vorlage::fuellen(werte, profil.pfadVorlage)));
-}
-
-QString Ziel::gekuerzt(const QString &name, const QString &zusatz)
-{
-    const QString endung = name.mid(ohneEndung(name).size());
-    QString stamm = ohneEndung(name);
-    const qsizetype platz = hoechstensBytes - (zusatz + endung).toUtf8().size();
-    if (stamm.toUtf8().size() <= platz)
-        return stamm + zusatz + endung;
-    QTextBoundaryFinder grenzen(QTextBoundaryFinder::Grapheme, stamm);
-    qsizetype ende = 0;
-    for (qsizetype n = grenzen.toNextBoundary(); n >= 0 && stamm.first(n).toUtf8().size() <= platz;
-         n = grenzen.toNextBoundary())
-        ende = n;
-    return stamm.first(ende).trimmed() + zusatz + endung;
 }

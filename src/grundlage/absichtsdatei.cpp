@@ -7,27 +7,13 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
-#include <thread>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace
 {
 QString nichtBegonnen() { return QUILLMAR_TEXT(u"Die Bewegung lässt sich nicht vormerken und beginnt daher nicht"_s); }
-
-bool sperren(int griff, std::chrono::milliseconds wartezeit)
-{
-    const auto ende = std::chrono::steady_clock::now() + wartezeit;
-    while (::flock(griff, LOCK_EX | LOCK_NB) != 0) {
-        if (std::chrono::steady_clock::now() >= ende)
-            return false;
-        std::this_thread::sleep_for(5ms);
-    }
-    return true;
-}
 } // namespace
 
 std::optional<Absichtsdatei> Absichtsdatei::oeffnen(const QString &pfad, std::chrono::milliseconds wartezeit)
@@ -36,7 +22,7 @@ std::optional<Absichtsdatei> Absichtsdatei::oeffnen(const QString &pfad, std::ch
     if (griff < 0)
         Platte::scheitern(nichtBegonnen(), errno);
     Absichtsdatei datei(griff);
-    if (!sperren(griff, wartezeit))
+    if (!Platte::sperren(griff, wartezeit))
         return std::nullopt;
     return datei;
 }
@@ -69,12 +55,14 @@ QList<QByteArray> Absichtsdatei::zeilen() const
 void Absichtsdatei::schreiben(const QList<QByteArray> &zeilen)
 {
     const QByteArray bytes = zeilen.join('\n') + '\n';
-    ::lseek(m_griff, 0, SEEK_END);
+    const off_t ende = ::lseek(m_griff, 0, SEEK_END);
     const ssize_t n = ::write(m_griff, bytes.constData(), size_t(bytes.size()));
-    if (n != bytes.size())
-        Platte::scheitern(nichtBegonnen(), n < 0 ? errno : ENOSPC);
-    if (::fdatasync(m_griff) != 0)
-        Platte::scheitern(nichtBegonnen(), errno);
+    if (n == bytes.size() && ::fdatasync(m_griff) == 0)
+        return;
+    const int fehler = n < 0 || n == bytes.size() ? errno : ENOSPC;
+    // What did not begin is not announced, and a torn line would swallow the next one.
+    [[maybe_unused]] const int egal = ::ftruncate(m_griff, ende);
+    Platte::scheitern(nichtBegonnen(), fehler);
 }
 
 void Absichtsdatei::leeren(const QList<QByteArray> &bleibende)

@@ -25,7 +25,7 @@ public:
 
     /** What an earlier holder left, line by line; a last line without its end does not count. */
     [[nodiscard]] QList<QByteArray> zeilen() const;
-    /** Appends @p zeilen (each without line feed) and flushes them. Throws Plattenfehler. */
+    /** Appends @p zeilen (each without line feed) and flushes them. Throws Plattenfehler; none of them counts then. */
     void schreiben(const QList<QByteArray> &zeilen);
     /** Leaves only @p bleibende. */
     void leeren(const QList<QByteArray> &bleibende = {});

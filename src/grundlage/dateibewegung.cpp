@@ -35,10 +35,10 @@ class Vorgang
 {
 public:
     Vorgang(const Dateibewegung::Auftrag &auftrag, const Dateibewegung::Ankuendigung &ankuendigung)
-        : m_auftrag(auftrag), m_ankuendigung(ankuendigung), m_quelle(aufDerPlatte(auftrag.von)),
+        : m_auftrag(auftrag), m_ankuendigung(ankuendigung), m_quelle(aufDerPlatte(auftrag.von, m_vorher)),
           m_ordner(plattenPfad(auftrag.ordner) + '/')
     {
-        if (!Platte::angaben(m_quelle, m_vorher))
+        if (m_quelle.isEmpty())
             throw Plattenfehler(QUILLMAR_TEXT(u"Die Datei liegt nicht mehr am erwarteten Ort"_s));
         if (!S_ISREG(m_vorher.st_mode))
             throw Plattenfehler(QUILLMAR_TEXT(u"An der Stelle der Datei liegt jetzt etwas anderes"_s));
@@ -46,11 +46,6 @@ public:
 
     QString ausfuehren()
     {
-        const QString wunsch = QDir::cleanPath(m_auftrag.ordner + u'/' + m_auftrag.name);
-        if (istQuelle(aufDerPlatte(wunsch))) {
-            ankuendigen(m_auftrag.von, {});
-            return m_auftrag.von;
-        }
         struct stat ziel = {};
         const bool selberDatentraeger = ::stat(m_ordner.constData(), &ziel) == 0 && ziel.st_dev == m_vorher.st_dev;
         // Bind mounts share a device number and yet refuse a rename, hence the second way out.
@@ -58,7 +53,8 @@ public:
             if (const QString nach = umbenennen(m_quelle, {}); !nach.isNull())
                 return nach;
         }
-        return ueberKopie();
+        const QByteArray belegt = aufDerPlatte(pfadFuer(1), ziel);
+        return istQuelle(belegt, ziel) ? bleiben() : ueberKopie();
     }
 
 private:
@@ -66,14 +62,14 @@ private:
     QString umbenennen(const QByteArray &von, const QString &temporaer)
     {
         for (int n = 1;; ++n) {
-            const QString name = n == 1 ? m_auftrag.name : Dateibewegung::nummeriert(m_auftrag.name, n);
-            const QString nach = QDir::cleanPath(m_auftrag.ordner + u'/' + name);
-            const QByteArray belegt = aufDerPlatte(nach);
-            if (istQuelle(belegt))
-                return m_auftrag.von;
+            const QString nach = pfadFuer(n);
+            struct stat s = {};
+            const QByteArray belegt = aufDerPlatte(nach, s);
+            if (istQuelle(belegt, s))
+                return bleiben();
             if (belegt.isEmpty()) {
                 ankuendigen(nach, temporaer);
-                const int fehler = versuchen(von, m_ordner + name.toUtf8());
+                const int fehler = versuchen(von, m_ordner + nameVon(nach).toUtf8());
                 if (fehler == 0)
                     return nach;
                 if (fehler == EXDEV)
@@ -121,12 +117,24 @@ private:
                         .zeit = Platte::zeitVon(m_vorher)});
     }
 
-    /** What lies at @p platte is the file itself. */
-    [[nodiscard]] bool istQuelle(const QByteArray &platte) const
+    /** Full path of the wanted name with the counter @p n. */
+    [[nodiscard]] QString pfadFuer(int n) const
     {
-        struct stat s = {};
-        return platte == m_quelle || (Platte::angaben(platte, s) && s.st_nlink == 1 && s.st_dev == m_vorher.st_dev &&
-                                      s.st_ino == m_vorher.st_ino);
+        const QString name = n == 1 ? m_auftrag.name : Dateibewegung::nummeriert(m_auftrag.name, n);
+        return QDir::cleanPath(m_auftrag.ordner + u'/' + name);
+    }
+
+    /** What lies at @p platte (empty: nothing) is the file itself. */
+    [[nodiscard]] bool istQuelle(const QByteArray &platte, const struct stat &s) const
+    {
+        return platte == m_quelle ||
+               (!platte.isEmpty() && s.st_nlink == 1 && s.st_dev == m_vorher.st_dev && s.st_ino == m_vorher.st_ino);
+    }
+
+    QString bleiben()
+    {
+        ankuendigen(m_auftrag.von, {});
+        return m_auftrag.von;
     }
 
     QString ueberKopie()
@@ -152,24 +160,23 @@ private:
     void quelleLoesen(const QString &nach)
     {
         struct stat jetzt = {};
-        const bool dieselbe = Platte::angaben(m_quelle, jetzt) && Platte::unveraendert(m_vorher, jetzt);
-        if (dieselbe && ::unlink(m_quelle.constData()) == 0) {
-            gegangenesSichern(m_quelle);
+        // Whoever has changed, replaced or removed it since: what lies there now is not what was moved, and the copy
+        // may be all that is left of that.
+        if (!Platte::angaben(m_quelle, jetzt) || !Platte::unveraendert(m_vorher, jetzt))
             return;
-        }
-        const int fehler = dieselbe ? errno : EBUSY;
+        if (::unlink(m_quelle.constData()) == 0)
+            return gegangenesSichern(m_quelle);
+        const int fehler = errno;
         // The source stays, so the copy must not.
         ::unlink(aufDerPlatte(nach).constData());
-        if (fehler == EBUSY)
-            throw Plattenfehler(nichtBewegt(), QUILLMAR_TEXT(u"sie wurde währenddessen verändert"_s));
         Platte::scheitern(nichtBewegt(), fehler);
     }
 
     const Dateibewegung::Auftrag &m_auftrag;
     const Dateibewegung::Ankuendigung &m_ankuendigung;
+    struct stat m_vorher = {}; // filled while the next one is found
     QByteArray m_quelle;
     QByteArray m_ordner;
-    struct stat m_vorher = {};
 };
 } // namespace
 
@@ -182,14 +189,17 @@ QString Dateibewegung::nummeriert(const QString &name, int n, qsizetype reserve)
 {
     const QString zusatz = n == 1 ? QString() : u" (%1)"_s.arg(n);
     const qsizetype punkt = name.lastIndexOf(u'.');
-    QString stamm = punkt <= 0 ? name : name.first(punkt);
+    const QString stamm = punkt <= 0 ? name : name.first(punkt);
     const QString rest = zusatz + name.mid(stamm.size());
+    const qsizetype platz = hoechstensBytes - reserve - rest.toUtf8().size();
+    if (stamm.toUtf8().size() <= platz)
+        return stamm + rest;
     QTextBoundaryFinder grenzen(QTextBoundaryFinder::Grapheme, stamm);
     grenzen.toEnd();
     qsizetype ende = stamm.size();
-    while (ende > 0 && (stamm.first(ende) + rest).toUtf8().size() > hoechstensBytes - reserve)
+    while (ende > 0 && stamm.first(ende).toUtf8().size() > platz)
         ende = grenzen.toPreviousBoundary();
-    return stamm.first(std::max<qsizetype>(ende, 0)) + rest;
+    return stamm.first(std::max<qsizetype>(ende, 0)).trimmed() + rest;
 }
 
 QString Dateibewegung::eindeutig(const QString &pfad)
@@ -224,20 +234,20 @@ bool Dateibewegung::istDieselbe(const QString &pfad, qint64 groesse, qint64 zeit
 {
     struct stat s = {};
     constexpr qint64 groebsteUhr = 2000000000; // file systems that keep times to two seconds
-    return Platte::angaben(aufDerPlatte(pfad), s) && S_ISREG(s.st_mode) && s.st_size == groesse &&
+    return !aufDerPlatte(pfad, s).isEmpty() && S_ISREG(s.st_mode) && s.st_size == groesse &&
            std::abs(Platte::zeitVon(s) - zeit) <= groebsteUhr;
 }
 
 bool Dateibewegung::istLeer(const QString &pfad)
 {
     struct stat s = {};
-    return Platte::angaben(aufDerPlatte(pfad), s) && S_ISREG(s.st_mode) && s.st_size == 0;
+    return !aufDerPlatte(pfad, s).isEmpty() && S_ISREG(s.st_mode) && s.st_size == 0;
 }
 
 std::optional<Dateibewegung::Schritt> Dateibewegung::angabenVon(const QString &pfad)
 {
     struct stat s = {};
-    if (!Platte::angaben(aufDerPlatte(pfad), s) || !S_ISREG(s.st_mode))
+    if (aufDerPlatte(pfad, s).isEmpty() || !S_ISREG(s.st_mode))
         return std::nullopt;
     return Schritt{.nach = {}, .temporaer = {}, .groesse = qint64(s.st_size), .zeit = Platte::zeitVon(s)};
 }
@@ -252,12 +262,20 @@ bool Dateibewegung::istGleich(const QString &a, const QString &b)
 {
     struct stat sa = {};
     struct stat sb = {};
-    const QByteArray platteA = aufDerPlatte(a);
-    const QByteArray platteB = aufDerPlatte(b);
-    if (!Platte::angaben(platteA, sa) || !Platte::angaben(platteB, sb) || sa.st_size != sb.st_size)
+    const QByteArray platteA = aufDerPlatte(a, sa);
+    const QByteArray platteB = aufDerPlatte(b, sb);
+    if (platteA.isEmpty() || platteB.isEmpty() || sa.st_size != sb.st_size)
         return false;
     const QString summe = sha256Datei(platteA);
     return !summe.isNull() && summe == sha256Datei(platteB);
+}
+
+bool Dateibewegung::sindZweiNamen(const QString &a, const QString &b)
+{
+    struct stat sa = {};
+    struct stat sb = {};
+    return !aufDerPlatte(a, sa).isEmpty() && !aufDerPlatte(b, sb).isEmpty() && sa.st_dev == sb.st_dev &&
+           sa.st_ino == sb.st_ino && sa.st_nlink > 1;
 }
 
 void Dateibewegung::temporaeresEntfernen(const QString &pfad)

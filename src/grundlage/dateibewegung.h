@@ -49,8 +49,8 @@ QString ausfuehren(const Auftrag &auftrag, const Ankuendigung &ankuendigung);
 [[nodiscard]] QString eindeutig(const QString &pfad);
 
 /**
- * @p name with the counter @p n put before its extension (none for 1), shortened to what a file system takes, less
- * @p reserve bytes.
+ * @p name with the counter @p n put before its extension (none for 1); what comes before is shortened at a character,
+ * so that the whole fits into the 255 bytes of a file system, less @p reserve.
  */
 [[nodiscard]] QString nummeriert(const QString &name, int n, qsizetype reserve = 0);
 
@@ -71,6 +71,8 @@ void ordnerSichern(const QSet<QByteArray> &ordner);
 [[nodiscard]] std::optional<Schritt> angabenVon(const QString &pfad);
 /** Two regular files of the same size and content. */
 [[nodiscard]] bool istGleich(const QString &a, const QString &b);
+/** Two names (hard links) of one file; not one name on two ways. */
+[[nodiscard]] bool sindZweiNamen(const QString &a, const QString &b);
 /** Removes the file at @p pfad if its name is one of a temporary file of this program. */
 void temporaeresEntfernen(const QString &pfad);
 /** Removes the source of a move whose target is safe; used when a crash came in between. */

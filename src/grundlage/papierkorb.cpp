@@ -57,7 +57,7 @@ bool vermerken(const QString &datei, const QByteArray &text)
 }
 } // namespace
 
-void Papierkorb::hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung)
+QString Papierkorb::hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung)
 {
     const QByteArray platte = aufDerPlatte(pfad);
     if (platte.isEmpty())
@@ -70,13 +70,22 @@ void Papierkorb::hineinlegen(const QString &pfad, const Dateibewegung::Ankuendig
         if (istVorhanden(ort + u"/files/"_s + name) || !vermerken(info, vermerk(platte)))
             continue;
         try {
-            Dateibewegung::ausfuehren(
+            return Dateibewegung::ausfuehren(
                 {.von = pfad, .ordner = ort + u"/files"_s, .name = name, .nameArt = Dateibewegung::Name::Genau},
                 ankuendigung);
-            return;
         } catch (const Fehler &) {
             ::unlink(plattenPfad(info).constData());
             throw;
         }
     }
+}
+
+void Papierkorb::zurueckholen(const QString &imKorb, const QString &pfad,
+                              const Dateibewegung::Ankuendigung &ankuendigung)
+{
+    Dateibewegung::ausfuehren(
+        {.von = imKorb, .ordner = ordnerVon(pfad), .name = nameVon(pfad), .nameArt = Dateibewegung::Name::Genau},
+        ankuendigung);
+    const QString korb = ordnerVon(ordnerVon(imKorb));
+    ::unlink(plattenPfad(korb + u"/info/"_s + nameVon(imKorb) + endung).constData());
 }

@@ -7,7 +7,10 @@ namespace Papierkorb
 {
 /**
  * Puts a file into the trash; from another file system it is copied there, compared, and only then removed.
- * @p ankuendigung as for Dateibewegung::ausfuehren(). Throws Fehler when that fails; the file stays where it is then.
+ * @p ankuendigung as for Dateibewegung::ausfuehren(). Returns its full path there. Throws Fehler when that
+ * fails; the file stays where it is then.
  */
-void hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung);
+QString hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung);
+/** Takes a file out of the trash again, from @p imKorb to @p pfad, which must be free. Throws Fehler. */
+void zurueckholen(const QString &imKorb, const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung);
 } // namespace Papierkorb

@@ -14,49 +14,92 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-bool gibtEs(const QByteArray &pfad)
+constexpr qsizetype hoechstensMischungen = 6;
+
+bool gibtEs(const QByteArray &pfad, struct stat &s) { return ::lstat(pfad.constData(), &s) == 0; }
+
+bool istAscii(const QString &text)
 {
-    struct stat s = {};
-    return ::lstat(pfad.constData(), &s) == 0;
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-/** Another spelling of @p name in the folder @p ordner (ends in "/"); empty if no entry has that NFC form. */
-QByteArray schreibweise(const QByteArray &ordner, const QString &name)
+bool istZerlegbar(QChar c) { return c.decompositionTag() == QChar::Canonical; }
+
+/** Letters with one mark and the usual punctuation: written whole or as letter and mark, and in no third way. */
+bool istEinfach(QChar c)
 {
-    if (!std::any_of(name.begin(), name.end(), [](QChar c) { return c.unicode() >= 0x80; }))
+    constexpr char16_t auchAlsEinheit = 0xc5; // Å is also the sign of the ångström
+    const char16_t u = c.unicode();
+    return u < 0x80 || (u < 0x180 && u != auchAlsEinheit) || (u >= 0x2010 && u < 0x20d0);
+}
+
+/** All spellings of the NFC @p name; none when there are too many to be tried one by one. */
+QStringList schreibweisen(const QString &name)
+{
+    if (!std::all_of(name.begin(), name.end(), istEinfach) ||
+        std::count_if(name.begin(), name.end(), istZerlegbar) > hoechstensMischungen)
         return {};
-    for (const auto form : {QString::NormalizationForm_C, QString::NormalizationForm_D}) {
-        QByteArray bytes = name.normalized(form).toUtf8();
-        if (gibtEs(ordner + bytes))
-            return bytes;
+    QStringList alle{QString()};
+    for (const QChar c : name) {
+        const qsizetype bisher = alle.size();
+        for (qsizetype i = 0; i < bisher; ++i) {
+            if (istZerlegbar(c))
+                alle << alle.at(i) + c.decomposition();
+            alle[i] += c;
+        }
     }
-    // Mixed spellings are rare enough for a look at every entry.
-    const QString gesucht = nfc(name);
+    return alle;
+}
+
+/** The entry of the folder @p ordner (ends in "/") whose NFC form is @p name, found by looking at every entry. */
+QByteArray inDerListe(const QByteArray &ordner, const QString &name)
+{
     QByteArray treffer;
     ordnerLesen(ordner, [&](int, const Ordnereintrag &e) {
-        if (treffer.isEmpty() && nameVonPlatte(e.name) == gesucht)
+        if (treffer.isEmpty() && nameVonPlatte(e.name) == name)
             treffer = e.name;
     });
     return treffer;
 }
 
-/** @p pfad in the spelling of the disk, as far as it exists; @p vorhanden when all of it does. */
-QByteArray aufgeloest(const QString &pfad, bool &vorhanden)
+/** The spelling that @p name has in the folder @p ordner (ends in "/"); empty if no entry has that NFC form. */
+QByteArray schreibweise(const QByteArray &ordner, const QString &name, struct stat &s)
 {
-    QByteArray direkt = pfad.toUtf8();
-    while (direkt.size() > 1 && direkt.endsWith('/'))
-        direkt.chop(1);
-    vorhanden = !direkt.isEmpty() && gibtEs(direkt);
-    if (vorhanden || direkt.lastIndexOf('/') < 0 || direkt == "/")
+    if (istAscii(name))
+        return {};
+    const QString gesucht = nfc(name);
+    const QStringList moegliche = schreibweisen(gesucht);
+    for (const QString &eine : moegliche) {
+        QByteArray bytes = eine.toUtf8();
+        if (gibtEs(ordner + bytes, s))
+            return bytes;
+    }
+    const QByteArray treffer = moegliche.isEmpty() ? inDerListe(ordner, gesucht) : QByteArray();
+    return !treffer.isEmpty() && gibtEs(ordner + treffer, s) ? treffer : QByteArray();
+}
+
+QByteArray ohneSchraegstrich(QByteArray pfad)
+{
+    while (pfad.size() > 1 && pfad.endsWith('/'))
+        pfad.chop(1);
+    return pfad;
+}
+
+/** @p pfad in the spelling of the disk, as far as it exists; @p vorhanden when all of it does. */
+QByteArray aufgeloest(const QString &pfad, bool &vorhanden, struct stat &s)
+{
+    const QByteArray direkt = ohneSchraegstrich(pfad.toUtf8());
+    vorhanden = !direkt.isEmpty() && gibtEs(direkt, s);
+    if (vorhanden || direkt.lastIndexOf('/') < 0 || direkt == "/" || istAscii(pfad))
         return direkt;
     const QString ganz = QString::fromUtf8(direkt);
     const QString name = nameVon(ganz);
-    QByteArray ordner = aufgeloest(ordnerVon(ganz), vorhanden);
+    QByteArray ordner = aufgeloest(ordnerVon(ganz), vorhanden, s);
     if (!ordner.endsWith('/'))
         ordner += '/';
     const bool ordnerDa = vorhanden;
-    vorhanden = ordnerDa && !direkt.startsWith(ordner) && gibtEs(ordner + name.toUtf8());
-    const QByteArray andere = ordnerDa && !vorhanden ? schreibweise(ordner, name) : QByteArray();
+    vorhanden = ordnerDa && !direkt.startsWith(ordner) && gibtEs(ordner + name.toUtf8(), s);
+    const QByteArray andere = ordnerDa && !vorhanden ? schreibweise(ordner, name, s) : QByteArray();
     vorhanden = vorhanden || !andere.isEmpty();
     return ordner + (andere.isEmpty() ? name.toUtf8() : andere);
 }
@@ -96,14 +139,23 @@ struct OrdnerSchliesser {
 
 QByteArray plattenPfad(const QString &pfad)
 {
+    if (istAscii(pfad)) // has only one spelling
+        return ohneSchraegstrich(pfad.toLatin1());
     bool vorhanden = false;
-    return aufgeloest(pfad, vorhanden);
+    struct stat s = {};
+    return aufgeloest(pfad, vorhanden, s);
 }
 
 QByteArray aufDerPlatte(const QString &pfad)
 {
+    struct stat s = {};
+    return aufDerPlatte(pfad, s);
+}
+
+QByteArray aufDerPlatte(const QString &pfad, struct stat &angaben)
+{
     bool vorhanden = false;
-    QByteArray bytes = pfad.startsWith(u'/') ? aufgeloest(pfad, vorhanden) : QByteArray();
+    QByteArray bytes = pfad.startsWith(u'/') ? aufgeloest(pfad, vorhanden, angaben) : QByteArray();
     return vorhanden ? bytes : QByteArray();
 }
 
@@ -112,8 +164,10 @@ bool istVorhanden(const QString &pfad) { return !aufDerPlatte(pfad).isEmpty(); }
 bool istOrdner(const QString &pfad)
 {
     struct stat s = {};
-    const QByteArray bytes = aufDerPlatte(pfad);
-    return !bytes.isEmpty() && ::stat(bytes.constData(), &s) == 0 && S_ISDIR(s.st_mode);
+    const QByteArray bytes = aufDerPlatte(pfad, s);
+    if (bytes.isEmpty())
+        return false;
+    return S_ISDIR(s.st_mode) || (S_ISLNK(s.st_mode) && ::stat(bytes.constData(), &s) == 0 && S_ISDIR(s.st_mode));
 }
 
 bool ordnerLesen(const QByteArray &ordner, const std::function<void(int, const Ordnereintrag &)> &besuch)

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <functional>
 
+struct stat;
+
 /**
  * Paths are kept in NFC, but a Linux file system takes NFC and NFD names apart. Everything that opens, reads, tests or
  * moves a file asks aufDerPlatte() for the name that the entry really has.
@@ -12,6 +14,8 @@
 
 /** The bytes of the existing entry whose NFC form is @p pfad (absolute); empty if there is none. */
 [[nodiscard]] QByteArray aufDerPlatte(const QString &pfad);
+/** The same with what lstat() says of the entry; @p angaben counts only when there is one. */
+[[nodiscard]] QByteArray aufDerPlatte(const QString &pfad, struct stat &angaben);
 
 /** An entry (of whatever kind, a dead link too) exists at @p pfad in NFC or NFD spelling. */
 [[nodiscard]] bool istVorhanden(const QString &pfad);

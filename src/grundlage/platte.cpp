@@ -6,8 +6,11 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <thread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -95,4 +98,15 @@ int Platte::umbenennen(const QByteArray &von, const QByteArray &nach)
     }
     const int fehler = errno;
     return nichtUnterstuetzt(fehler) || fehler == EPERM ? ueberPlatzhalter(von, nach) : fehler;
+}
+
+bool Platte::sperren(int griff, std::chrono::milliseconds wartezeit)
+{
+    const auto ende = std::chrono::steady_clock::now() + wartezeit;
+    while (::flock(griff, LOCK_EX | LOCK_NB) != 0) {
+        if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= ende)
+            return false;
+        std::this_thread::sleep_for(5ms);
+    }
+    return true;
 }

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <chrono>
 #include <sys/stat.h>
 
 /** System calls on files with their failures in the user's words. Paths are bytes as on disk. */
@@ -25,6 +26,9 @@ void ordnerSichern(const QByteArray &pfad);
 
 /** Gives @p von the name @p nach without overwriting: 0, or errno. EXDEV: on another file system. */
 [[nodiscard]] int umbenennen(const QByteArray &von, const QByteArray &nach);
+
+/** The exclusive lock (flock) on the open file @p griff; false when another holds it past @p wartezeit. */
+[[nodiscard]] bool sperren(int griff, std::chrono::milliseconds wartezeit);
 
 /** Where a file lies: folder, with "/" at its end. */
 [[nodiscard]] QByteArray ordnerTeil(const QByteArray &pfad);

@@ -1,28 +1,11 @@
 #include "sperrdatei.h"
 
+#include "platte.h"
+
 #include <QFile>
-#include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
-#include <thread>
 #include <unistd.h>
 #include <utility>
-
-using namespace std::chrono_literals;
-
-namespace
-{
-bool sperren(int griff, std::chrono::milliseconds wartezeit)
-{
-    const auto ende = std::chrono::steady_clock::now() + wartezeit;
-    while (::flock(griff, LOCK_EX | LOCK_NB) != 0) {
-        if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= ende)
-            return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
-} // namespace
 
 std::optional<Sperrdatei> Sperrdatei::nehmen(const QString &pfad, std::chrono::milliseconds wartezeit)
 {
@@ -30,7 +13,7 @@ std::optional<Sperrdatei> Sperrdatei::nehmen(const QString &pfad, std::chrono::m
     if (griff < 0)
         return std::nullopt;
     Sperrdatei sperre(griff);
-    if (!sperren(griff, wartezeit))
+    if (!Platte::sperren(griff, wartezeit))
         return std::nullopt;
     return sperre;
 }

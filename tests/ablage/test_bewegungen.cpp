@@ -31,6 +31,24 @@ QString fehlerBei(Arbeit arbeit)
     }
     return {};
 }
+
+/** What is announced before the file @p von of a document is renamed to @p nach. */
+Absicht absichtFuer(qint64 id, const QString &von, const QString &nach)
+{
+    Absicht absicht;
+    absicht.vorgang = u"v"_s;
+    absicht.zeile = {.zeit = u"z"_s,
+                     .aktion = u"a"_s,
+                     .dokument = id,
+                     .von = von,
+                     .nach = nach,
+                     .altStatus = u"bereit"_s,
+                     .kopiert = false};
+    const auto angaben = Dateibewegung::angabenVon(von).value_or(Dateibewegung::Schritt());
+    absicht.groesse = angaben.groesse;
+    absicht.dateizeit = angaben.zeit;
+    return absicht;
+}
 } // namespace
 
 /** The road of a document there and back, in both modes. */
@@ -53,7 +71,10 @@ private Q_SLOTS:
     void alterPlatzBesetzt();
     void nfdAufDerPlatte();
     void katalogVoll();
+    void katalogVollBeimRueckgaengig();
+    void kopieWirdZumEinzigen();
     void protokollNichtSchreibbar();
+    void gleicheDateiAmZiel();
     void zweitesProgrammWaehrendDerKopie();
     void katalogGesperrt();
     void verlassenerPlatzImKatalog();
@@ -274,14 +295,84 @@ void TestBewegungen::katalogVoll()
     }
 }
 
+/** A failed undo leaves the document filed, so that the next one does not take back another movement. */
+void TestBewegungen::katalogVollBeimRueckgaengig()
+{
+    for (const bool kopieren : {false, true}) {
+        QTemporaryDir ordner;
+        Werkbank bank(ordner.path(), kopieren);
+        const qint64 eins = bank.dokument(u"1.pdf"_s, "eins");
+        const qint64 zwei = bank.dokument(u"2.pdf"_s, "zwei", u"Zwei"_s);
+        bank.uebernehmen(eins);
+        bank.uebernehmen(zwei);
+        const auto vorher = bank.bestand();
+        bank.db()->ausfuehren(u"CREATE TEMP TRIGGER voll BEFORE UPDATE ON main.protokoll\n"
+                              "BEGIN SELECT RAISE(ABORT, 'full'); END"_s);
+        QVERIFY(!fehlerBei([&] { bank.rueckgaengig(); }).isEmpty());
+        QCOMPARE(bank.bestand(), vorher);
+        QCOMPARE(bank.widersprueche(), QStringList());
+        bank.db()->ausfuehren(u"DROP TRIGGER temp.voll"_s);
+        QCOMPARE(bank.rueckgaengig(), zwei);
+        QCOMPARE(bank.lesen(eins).status, u"erledigt"_s);
+        QCOMPARE(bank.widersprueche(), QStringList());
+    }
+}
+
+/** The record fails and the original has changed meanwhile: the copy may be all there is of it, and is recorded later.
+ */
+void TestBewegungen::kopieWirdZumEinzigen()
+{
+    Werkbank bank(m_ordner->path(), true);
+    const qint64 id = bank.dokument(u"1.pdf"_s, "eins");
+    bank.db()->ausfuehren(u"CREATE TEMP TRIGGER voll BEFORE INSERT ON main.protokoll\n"
+                          "BEGIN SELECT RAISE(ABORT, 'full'); END"_s);
+    Datenbank anderes(m_ordner->filePath(u"katalog.db"_s));
+    anderes.ausfuehren(u"BEGIN IMMEDIATE"_s);
+    std::jthread veraenderer([&] {
+        while (!QFile::exists(bank.ziel(abschlag)))
+            std::this_thread::sleep_for(5ms);
+        dateiSchreiben(bank.quelle(u"1.pdf"_s), "neu gescannt");
+        anderes.ausfuehren(u"COMMIT"_s);
+    });
+    QVERIFY(!fehlerBei([&] { bank.uebernehmen(id); }).isEmpty());
+    veraenderer.join();
+    QCOMPARE(inhaltVon(bank.ziel(abschlag)), QByteArray("eins"));
+    QCOMPARE(inhaltVon(bank.quelle(u"1.pdf"_s)), QByteArray("neu gescannt"));
+    bank.db()->ausfuehren(u"DROP TRIGGER temp.voll"_s);
+    bank.oeffnen();
+    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank.widersprueche(), QStringList());
+}
+
 void TestBewegungen::protokollNichtSchreibbar()
 {
     Werkbank bank(m_ordner->path());
     const qint64 id = bank.dokument(u"1.pdf"_s, "eins");
-    QVERIFY(QDir().mkpath(bank.buchDatei())); // a folder in the file's place
+    QVERIFY(QDir(bank.profil().protokollOrdner).removeRecursively());
+    dateiSchreiben(bank.profil().protokollOrdner, "a file in the folder's place");
     bank.uebernehmen(id);
     QVERIFY(bank.zaehler().ohneProtokoll);
     QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+}
+
+/** Between announcement and settling someone has put the same bytes at the target: both stay, nothing has happened. */
+void TestBewegungen::gleicheDateiAmZiel()
+{
+    Werkbank bank(m_ordner->path());
+    const qint64 id = bank.dokument(u"1.pdf"_s, "eins");
+    const QString von = bank.quelle(u"1.pdf"_s);
+    const QString nach = bank.profil().zielWurzel + u"/1.pdf"_s;
+    {
+        auto datei = Absichtsdatei::oeffnen(absichtsdatei(*bank.db()), 0s);
+        QVERIFY(datei);
+        datei->schreiben({absichtFuer(id, von, nach).json()});
+    }
+    QCOMPARE(QProcess::execute(u"cp"_s, {u"-p"_s, von, nach}), 0);
+    bank.oeffnen();
+    QCOMPARE(inhaltVon(von), QByteArray("eins"));
+    QCOMPARE(inhaltVon(nach), QByteArray("eins"));
+    QCOMPARE(bank.lesen(id).status, u"bereit"_s);
+    QVERIFY(inhaltVon(absichtsdatei(*bank.db())).isEmpty());
 }
 
 /** While another program moves, opening settles nothing; its temporary file stays. */
@@ -291,20 +382,8 @@ void TestBewegungen::zweitesProgrammWaehrendDerKopie()
     const qint64 id = bank.dokument(u"1.pdf"_s, "eins");
     const QString temporaer = bank.profil().zielWurzel + u"/.quillmar-6f1c0d2a-93b4-4e1f-8c55-1a2b3c4d5e6f"_s;
     dateiSchreiben(temporaer, "halb");
-    Absicht absicht;
-    absicht.vorgang = u"v"_s;
+    Absicht absicht = absichtFuer(id, bank.quelle(u"1.pdf"_s), bank.profil().zielWurzel + u"/1.pdf"_s);
     absicht.temporaer = temporaer;
-    absicht.zeile = {.zeit = u"z"_s,
-                     .aktion = u"a"_s,
-                     .dokument = id,
-                     .von = bank.quelle(u"1.pdf"_s),
-                     .nach = bank.profil().zielWurzel + u"/1.pdf"_s,
-                     .altStatus = u"bereit"_s,
-                     .kopiert = false};
-    const auto angaben = Dateibewegung::angabenVon(bank.quelle(u"1.pdf"_s));
-    QVERIFY(angaben);
-    absicht.groesse = angaben->groesse;
-    absicht.dateizeit = angaben->zeit;
     auto anderes = Absichtsdatei::oeffnen(absichtsdatei(*bank.db()), 0s);
     QVERIFY(anderes);
     anderes->schreiben({absicht.json(), "damaged line"});

@@ -80,29 +80,6 @@ private Q_SLOTS:
         QTEST(Ziel::dateiname(d, p), "erwartet");
     }
 
-    void hoechstens255Bytes_data()
-    {
-        QTest::addColumn<QString>("stamm");
-        QTest::addColumn<QString>("zusatz");
-        QTest::addColumn<QString>("erwartet"); // what remains of the stem
-        QTest::newRow("passt") << QString(251, u'x') << u""_s << QString(251, u'x');
-        QTest::newRow("eins zu viel") << QString(252, u'x') << u""_s << QString(251, u'x');
-        QTest::newRow("Umlaute zu zwei Bytes") << QString(130, u'ü') << u""_s << QString(125, u'ü');
-        QTest::newRow("Platz für die Zahl") << QString(130, u'ü') << u" (12)"_s << QString(123, u'ü');
-        QTest::newRow("kein halbes Zeichen")
-            << QString(248, u'x') + u"👨‍👩‍👧"_s << u""_s << QString(248, u'x');
-        QTest::newRow("kein Leerzeichen am Schnitt") << QString(250, u'x') + u" yz"_s << u""_s << QString(250, u'x');
-    }
-    void hoechstens255Bytes()
-    {
-        QFETCH(QString, stamm);
-        QFETCH(QString, zusatz);
-        QFETCH(QString, erwartet);
-        const QString name = Ziel::gekuerzt(stamm + u".pdf"_s, zusatz);
-        QCOMPARE(name, erwartet + zusatz + u".pdf"_s);
-        QVERIFY(name.toUtf8().size() <= 255);
-    }
-
     void einLangerNamePasstInsDateisystem()
     {
         Profil p = profil();

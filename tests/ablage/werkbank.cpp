@@ -53,7 +53,7 @@ Werkbank::Werkbank(const QString &ordner, bool kopieren, const QString &ziel) : 
 void Werkbank::oeffnen()
 {
     m_db = std::make_shared<Datenbank>(m_ordner + u"/katalog.db"_s);
-    Bewegungsgang::klaeren(m_db, m_profil);
+    Bewegungsgang::klaeren(m_db);
     m_buch = Protokollbuch::anlegen(m_profil.protokollOrdner, m_profil);
 }
 

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void falscheQuelle();
     void ohneAnkuendigungKeineBewegung();
     void veraendertWaehrendDesKopierens();
+    void ersetztNachDemKopieren();
     void ordner();
     void papierkorb();
 
@@ -132,6 +133,11 @@ void TestDateibewegung::nummeriert_data()
     QTest::newRow("Punkt vorn") << u".pdf"_s << 2 << u".pdf (2)"_s;
     QTest::newRow("zu lang") << QString(251, u'a') + u".pdf"_s << 12 << QString(246, u'a') + u" (12).pdf"_s;
     QTest::newRow("am Zeichen") << QString(125, u'ä') + u".pdf"_s << 2 << QString(123, u'ä') + u" (2).pdf"_s;
+    QTest::newRow("passt gerade") << QString(251, u'x') + u".pdf"_s << 1 << QString(251, u'x') + u".pdf"_s;
+    QTest::newRow("kein halbes Zeichen") << QString(248, u'x') + u"👨‍👩‍👧.pdf"_s << 1
+                                         << QString(248, u'x') + u".pdf"_s;
+    QTest::newRow("kein Leerzeichen am Schnitt")
+        << QString(250, u'x') + u" yz.pdf"_s << 1 << QString(250, u'x') + u".pdf"_s;
 }
 
 void TestDateibewegung::nummeriert()
@@ -258,6 +264,25 @@ void TestDateibewegung::veraendertWaehrendDesKopierens()
         Plattenfehler);
     QCOMPARE(lesen(m_von + u"/a"_s), QByteArray("nachher, und zwar länger"));
     QCOMPARE(namenIn(m_nach), QStringList());
+}
+
+/** What another program has put in the source's place meanwhile is not removed, and the copy of the document stays. */
+void TestDateibewegung::ersetztNachDemKopieren()
+{
+    if (!andererDatentraeger(m_dort.path(), m_hier.path()))
+        QSKIP("there is no second file system at /dev/shm");
+    schreiben(m_von + u"/a"_s, "Brief");
+    int aufruf = 0;
+    const auto ersetzen = [&](const Dateibewegung::Schritt &) {
+        if (++aufruf != 2)
+            return;
+        QFile::remove(m_von + u"/a"_s);
+        schreiben(m_von + u"/a"_s, "ein anderer Brief");
+    };
+    QCOMPARE(Dateibewegung::ausfuehren({.von = m_von + u"/a"_s, .ordner = m_dort.path(), .name = u"e"_s}, ersetzen),
+             m_dort.filePath(u"e"_s));
+    QCOMPARE(lesen(m_dort.filePath(u"e"_s)), QByteArray("Brief"));
+    QCOMPARE(lesen(m_von + u"/a"_s), QByteArray("ein anderer Brief"));
 }
 
 void TestDateibewegung::ordner()

@@ -1,0 +1,193 @@
+#include "ruecknahme.h"
+
+#include "aufzeichnung.h"
+#include "insprache.h"
+#include "klaerung.h"
+#include "papierkorb.h"
+#include "pfade.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <QDir>
+#include <QUuid>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+bool istUnter(const QString &pfad, const QString &ordner)
+{
+    return !ordner.isEmpty() && pfad.startsWith(QDir::cleanPath(ordner) + u'/');
+}
+} // namespace
+
+Ruecknahme::Ruecknahme(Datenbank &db, Absichtsdatei &datei, const QList<Absicht> &absichten, QString herkunft)
+    : m_db(db), m_datei(datei), m_herkunft(std::move(herkunft))
+{
+    const QString kennung = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    m_posten.reserve(absichten.size());
+    for (const Absicht &absicht : absichten) {
+        m_posten.append({.absicht = absicht, .imKorb = {}, .fehler = {}});
+        Absicht &eigene = m_posten.last().absicht;
+        eigene.art = Absicht::Art::Ruecknahme;
+        eigene.vorgang = kennung + u' ' + QString::number(m_posten.size());
+        if (eigene.dateizeit != 0)
+            continue; // the caller has looked already
+        if (const auto angaben = Dateibewegung::angabenVon(eigene.zeile.nach))
+            eigene.uebernehmen(*angaben);
+    }
+}
+
+QStringList Ruecknahme::ausfuehren(const std::function<void()> &jeweils)
+{
+    vormerken();
+    for (Posten &posten : m_posten) {
+        if (posten.fehler.isEmpty())
+            zuruecklegen(posten);
+        if (jeweils)
+            jeweils();
+    }
+    sichern();
+    aufzeichnen();
+    QStringList fehler;
+    for (const Posten &posten : std::as_const(m_posten))
+        fehler << posten.fehler;
+    return fehler;
+}
+
+void Ruecknahme::vormerken()
+{
+    QList<QByteArray> zeilen;
+    for (const Posten &posten : std::as_const(m_posten))
+        zeilen << posten.absicht.json();
+    try {
+        m_datei.schreiben(zeilen);
+    } catch (const Fehler &f) {
+        for (Posten &posten : m_posten)
+            posten.fehler = inSprache(f);
+    }
+}
+
+void Ruecknahme::zuruecklegen(Posten &posten)
+{
+    Absicht &absicht = posten.absicht;
+    // Announced already, but for the temporary file that a copy across disks needs.
+    const auto ankuendigen = [&](const Dateibewegung::Schritt &schritt) {
+        if (schritt.temporaer == absicht.temporaer)
+            return;
+        absicht.uebernehmen(schritt);
+        m_datei.schreiben({absicht.json()});
+    };
+    try {
+        posten.imKorb = ::zuruecklegen(absicht.zeile, m_herkunft, ankuendigen, &m_ordner);
+        posten.zurueck = true;
+    } catch (const Fehler &f) {
+        posten.fehler = inSprache(f);
+        if (!Klaerung::istUnberuehrt(absicht))
+            m_offene << absicht.json();
+    }
+}
+
+void Ruecknahme::sichern()
+{
+    QHash<QByteArray, QString> gescheitert;
+    for (const QByteArray &ordner : std::as_const(m_ordner)) {
+        try {
+            Dateibewegung::ordnerSichern({ordner});
+        } catch (const Fehler &f) {
+            gescheitert.insert(ordner, inSprache(f));
+        }
+    }
+    if (gescheitert.isEmpty())
+        return;
+    for (Posten &posten : m_posten) {
+        const Protokollzeile &z = posten.absicht.zeile;
+        for (const QString &pfad : {z.von, z.nach}) {
+            const QString fehler = gescheitert.value(plattenPfad(ordnerVon(pfad)) + '/');
+            if (posten.zurueck && !z.kopiert && !fehler.isEmpty())
+                umkehren(posten, fehler);
+        }
+    }
+}
+
+void Ruecknahme::aufzeichnen()
+{
+    // A log of another profile or computer has no rows here.
+    const auto istVerzeichnet = [](const Posten &p) { return p.zurueck && p.absicht.protokollId != 0; };
+    QList<Absicht> verzeichnete;
+    for (const Posten &posten : std::as_const(m_posten)) {
+        if (istVerzeichnet(posten))
+            verzeichnete << posten.absicht;
+    }
+    if (verzeichnete.isEmpty())
+        return;
+    try {
+        Aufzeichnung::ruecknahmen(m_db, verzeichnete);
+    } catch (const Fehler &f) {
+        for (Posten &posten : m_posten) {
+            if (istVerzeichnet(posten))
+                umkehren(posten, inSprache(f));
+        }
+    }
+}
+
+/** Back to where the catalogue says it is. The intent stays in any case: the next settling sees what has lasted. */
+void Ruecknahme::umkehren(Posten &posten, const QString &fehler)
+{
+    posten.zurueck = false;
+    posten.fehler = fehler;
+    const Protokollzeile z = posten.absicht.zeile;
+    const auto ankuendigung = nurZwischendatei(m_datei, posten.absicht);
+    QSet<QByteArray> ungesichert; // its folders may be the ones that cannot be flushed
+    try {
+        if (z.kopiert)
+            Papierkorb::zurueckholen(posten.imKorb, z.nach, ankuendigung);
+        else
+            Dateibewegung::ausfuehren({.von = z.von,
+                                       .ordner = ordnerVon(z.nach),
+                                       .name = nameVon(z.nach),
+                                       .nameArt = Dateibewegung::Name::Genau,
+                                       .spaeterSichern = &ungesichert},
+                                      ankuendigung);
+    } catch (const Fehler &) {
+        // It lies at one of both ends, and the intent names them.
+    }
+    m_offene << posten.absicht.json();
+}
+
+QString zuruecklegen(const Protokollzeile &zeile, const QString &herkunft,
+                     const Dateibewegung::Ankuendigung &ankuendigung, QSet<QByteArray> *spaeterSichern)
+{
+    if (zeile.kopiert)
+        return Papierkorb::hineinlegen(zeile.nach, ankuendigung);
+    if (zeile.von == zeile.nach)
+        return {};
+    const QString ordner = ordnerVon(zeile.von);
+    // A folder that this group has used already needs no second look.
+    if (!spaeterSichern || !spaeterSichern->contains(plattenPfad(ordner) + '/')) {
+        if (istUnter(zeile.von, herkunft) && !istOrdner(herkunft))
+            throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {herkunft}));
+        Dateibewegung::ordnerAnlegen(ordner, u"/"_s);
+    }
+    Dateibewegung::ausfuehren({.von = zeile.nach,
+                               .ordner = ordner,
+                               .name = nameVon(zeile.von),
+                               .nameArt = Dateibewegung::Name::Genau,
+                               .spaeterSichern = spaeterSichern},
+                              ankuendigung);
+    return {};
+}
+
+Dateibewegung::Ankuendigung nurZwischendatei(Absichtsdatei &datei, Absicht &absicht)
+{
+    return [&datei, &absicht](const Dateibewegung::Schritt &schritt) {
+        if (schritt.temporaer.isEmpty())
+            return;
+        absicht.temporaer = schritt.temporaer;
+        try {
+            datei.schreiben({absicht.json()});
+        } catch (const Fehler &) {
+            // Only a crash at this very moment would leave a hidden file; the document goes back all the same.
+        }
+    };
+}
