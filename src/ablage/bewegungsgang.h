@@ -22,7 +22,6 @@ public:
 
     /** Settles what a crash has left open, if no one is moving at the moment. Throws Fehler. */
     static void klaeren(const std::shared_ptr<Datenbank> &db);
-    static void klaeren(const std::shared_ptr<Datenbank> &db, const Profil & /*egal*/) { klaeren(db); }
 
     struct Ergebnis {
         QString nach;              ///< where the file lies now

@@ -27,10 +27,10 @@ std::optional<Profil> profilWaehlen(const QList<Profil> &profile, const QStringL
 }
 
 /** Finishes or takes back what a crash interrupted; what cannot be settled now stays noted for the next time. */
-void absturzKlaeren(const std::shared_ptr<Datenbank> &db, const Profil &profil)
+void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 {
     try {
-        Bewegungsgang::klaeren(db, profil);
+        Bewegungsgang::klaeren(db);
     } catch (const Fehler &f) {
         Ausgabe::melden(inSprache(f));
     }
@@ -43,7 +43,7 @@ std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil)
         if (db->nurLesen())
             Ausgabe::melden(
                 Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s));
-        absturzKlaeren(db, profil);
+        absturzKlaeren(db);
         return db;
     } catch (const Fehler &f) {
         drucken(Sprache::text(u"Datenbank nicht erreichbar"_s));

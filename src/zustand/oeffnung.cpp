@@ -42,7 +42,7 @@ Oeffnung Oeffnung::von(const Profil &profil)
         o.hinweise << Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
     } else {
         versuchen(o.hinweise, [&] {
-            Bewegungsgang::klaeren(o.db, profil);
+            Bewegungsgang::klaeren(o.db);
             return QStringList();
         });
         versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
