@@ -78,7 +78,7 @@ private Q_SLOTS:
                  u"id, pfad, dateiname, alt_ordner, groesse, sha256, seiten, status, hat_textebene, text_hash, skizze, "
                  "datum, gegenueber, titel, zweig, ablage, rubrik, jahr, konfidenz, vorschlag, dublette_von, "
                  "aehnlich_zu, aehnlichkeit, fehler, zeit, modell_zweig, modell_ablage, modell_rubrik, ort_quelle, "
-                 "zweitmeinung, ausgenommen, gelernt_von"_s);
+                 "zweitmeinung, ausgenommen, gelernt_von, nachgeprueft"_s);
         QCOMPARE(spalten(db, u"texte"_s), u"dokument_id, text"_s);
         QCOMPARE(spalten(db, u"protokoll"_s),
                  u"id, dokument_id, zeit, aktion, von_pfad, nach_pfad, alt_status, rueckgaengig, kopiert"_s);

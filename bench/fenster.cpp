@@ -1,0 +1,306 @@
+#include "fenster.h"
+
+#include "analyse.h"
+#include "beispielprofil.h"
+#include "datenbank.h"
+#include "fenstersprache.h"
+#include "hauptfenster.h"
+#include "kommando.h"
+#include "messung.h"
+#include "modellserver.h"
+#include "pfade.h"
+#include "probe.h"
+#include "profilspeicher.h"
+#include "pruefansicht.h"
+#include "stapel.h"
+#include "umbruchtext.h"
+#include "vorschau.h"
+#include "zustand.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <future>
+#include <stdexcept>
+#include <thread>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int alle = 100'000;
+constexpr int wartende = 20'000;
+constexpr int eingaben = 100;
+constexpr int blick = 700; // ms that somebody who is quick looks at a page
+constexpr int laengstens = 20'000;
+constexpr int analysierte = 200;
+
+struct Ziffern {
+    double mitte = 0;
+    double schlimmste = 0;
+};
+
+Ziffern ziffern(QList<double> werte)
+{
+    std::sort(werte.begin(), werte.end());
+    return {.mitte = werte.at(werte.size() / 2), .schlimmste = werte.last()};
+}
+
+double millisekunden(const QElapsedTimer &uhr) { return double(uhr.nsecsElapsed()) / 1e6; }
+
+void bis(const std::function<bool()> &fertig)
+{
+    QElapsedTimer uhr;
+    uhr.start();
+    while (!fertig()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 5);
+        if (uhr.elapsed() > laengstens)
+            throw std::runtime_error("the window does not answer");
+    }
+}
+
+void warten(int dauer)
+{
+    bool vorbei = false;
+    QTimer::singleShot(dauer, [&] { vorbei = true; });
+    bis([&] { return vorbei; });
+}
+
+/** A home of its own with one profile; the catalogue is filled before the window opens it. */
+class Heim
+{
+public:
+    Heim()
+    {
+        qputenv("XDG_DATA_HOME", m_ordner.filePath(u"daten"_s).toUtf8());
+        qputenv("XDG_CONFIG_HOME", m_ordner.filePath(u"einstellungen"_s).toUtf8());
+        qputenv("OLLAMA_HOST", "127.0.0.1:9");
+        profil.quelle = m_ordner.filePath(u"Scans"_s);
+        profil.zielWurzel = m_ordner.filePath(u"Ablage"_s);
+        profil.zweige = {
+            {.name = u"Privat"_s, .ablagen = {{.name = u"Post"_s, .mitJahr = false, .rubriken = {u"Briefe"_s}}}}};
+        QDir().mkpath(profil.quelle);
+        QDir().mkpath(profil.zielWurzel);
+    }
+
+    void sichern() const { Profilspeicher::sichern({profil}, Profilspeicher::laden()); }
+
+    void belegen(const QStringList &ersteWartende) const
+    {
+        Datenbank db(Profilspeicher::katalogDatei(profil));
+        const QStringList namen = Probe::namen(2000);
+        Stapel stapel(db);
+        for (int i = 1; i <= alle; ++i) {
+            const int stelle = i - (alle - wartende) - 1;
+            const QString pfad = ersteWartende.value(stelle, profil.quelle + u"/%1.pdf"_s.arg(i));
+            stapel.schreiben(
+                u"INSERT INTO dokumente (id, pfad, dateiname, alt_ordner, status, hat_textebene, datum, gegenueber,\n"
+                "titel, zweig, ablage, rubrik, jahr, konfidenz)\n"
+                "VALUES (?,?,?,'',?,1,'2024-05-17',?,?,'Privat','Post','Briefe','2024',0.9)"_s,
+                {i, pfad, nameVon(pfad), stelle >= 0 ? u"bereit"_s : u"erledigt"_s, namen.at(i % namen.size()),
+                 u"Brief %1"_s.arg(i)});
+        }
+        stapel.abschliessen();
+    }
+
+    Profil profil;
+
+private:
+    QTemporaryDir m_ordner;
+};
+
+/** The window as the program opens it. */
+struct Fenster {
+    Zustand zustand;
+    Fenstersprache sprache;
+    Hauptfenster fenster{&zustand, &sprache};
+
+    explicit Fenster()
+    {
+        fenster.resize(1280, 860);
+        fenster.show();
+        bis([&] { return zustand.offen() && zustand.bereitschaft(); });
+        if (zustand.aktuelles())
+            bis([] { return QApplication::focusWidget() != nullptr; });
+    }
+    [[nodiscard]] Vorschau *vorschau() const { return fenster.findChild<PruefAnsicht *>()->vorschau(); }
+    static void druecken(Qt::Key taste) { QTest::keyClick(QApplication::focusWidget(), taste); }
+};
+
+/** The demonstration server in a thread of its own: its work is not the window's. */
+class Servierer
+{
+public:
+    Servierer()
+    {
+        std::promise<quint16> port;
+        m_faden = std::thread([this, &port] {
+            vorfuehrung::Modellserver server(vorfuehrung::modellDerVorfuehrung());
+            QEventLoop schleife;
+            m_schleife = &schleife;
+            const bool hoert = server.lauschen(0);
+            port.set_value(hoert ? server.port() : 0);
+            schleife.exec();
+        });
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(port.get_future().get()));
+    }
+    ~Servierer()
+    {
+        QMetaObject::invokeMethod(m_schleife, &QEventLoop::quit, Qt::QueuedConnection);
+        m_faden.join();
+    }
+    Servierer(const Servierer &) = delete;
+    Servierer &operator=(const Servierer &) = delete;
+
+private:
+    std::thread m_faden;
+    QEventLoop *m_schleife = nullptr;
+};
+
+/** Letters and colour scans in turn, as they come from a scanner. */
+QStringList gemischt(const QString &ordner, int anzahl)
+{
+    const QStringList texte = Probe::textPdfs(ordner, anzahl / 2);
+    QDir().mkpath(ordner + u"/s"_s);
+    const QStringList bilder = Probe::scans(ordner + u"/s"_s, anzahl - anzahl / 2);
+    QStringList liste;
+    for (int i = 0; i < anzahl; ++i)
+        liste << (i % 2 == 0 ? texte.value(i / 2) : bilder.value(i / 2));
+    return liste;
+}
+
+int startMessen()
+{
+    int anzahl = 1;
+    char name[] = "quillmar";
+    char *argumente[] = {name, nullptr};
+    const QApplication programm(anzahl, argumente);
+    {
+        const Fenster f;
+        // Usable: the first page or the empty card has been drawn.
+        f.fenster.findChild<PruefAnsicht *>()->repaint();
+    }
+    std::fflush(nullptr);
+    ::_exit(0);
+}
+} // namespace
+
+void Fensterreihen::eingabe()
+{
+    int anzahl = 1;
+    char name[] = "quillmar";
+    char *argumente[] = {name, nullptr};
+    const QApplication programm(anzahl, argumente);
+    const Heim heim;
+    heim.sichern();
+    const QStringList dateien = gemischt(heim.profil.quelle, eingaben + 2);
+    heim.belegen(dateien);
+    Fenster f;
+    QString sichtbar;
+    QObject::connect(f.vorschau(), &Vorschau::seiteSichtbar, [&](const QString &pfad) { sichtbar = pfad; });
+    bis([&] { return f.zustand.aktuelles() && sichtbar == f.zustand.aktuelles()->pfad; });
+    QList<double> zeiten;
+    for (int i = 0; i < eingaben; ++i) {
+        warten(blick);
+        const QString vorher = sichtbar;
+        QElapsedTimer uhr;
+        uhr.start();
+        Fenster::druecken(Qt::Key_Return);
+        bis([&] { return sichtbar != vorher; });
+        zeiten << millisekunden(uhr);
+        bis([&] { return !f.zustand.beschaeftigt(); });
+    }
+    const Ziffern z = ziffern(zeiten);
+    Messung::drucken("Return to the next page, median of 100", z.mitte, "ms", 100);
+    Messung::drucken("Return to the next page, worst of 100", z.schlimmste, "ms", 200);
+}
+
+void Fensterreihen::taste()
+{
+    int anzahl = 1;
+    char name[] = "quillmar";
+    char *argumente[] = {name, nullptr};
+    const QApplication programm(anzahl, argumente);
+    const Heim heim;
+    heim.sichern();
+    heim.belegen(Probe::textPdfs(heim.profil.quelle, 2));
+    Fenster f;
+    bis([&] { return f.zustand.aktuelles() != nullptr; });
+    warten(blick);
+    auto *titel = f.fenster.findChild<QLineEdit *>(u"titel"_s);
+    auto *neuerName = f.fenster.findChild<Umbruchtext *>(u"neuerName"_s);
+    titel->setFocus();
+    titel->clear();
+    QList<double> zeiten;
+    for (int i = 0; i < 60; ++i) {
+        const QString vorher = neuerName->ganzerText();
+        QElapsedTimer uhr;
+        uhr.start();
+        Fenster::druecken(Qt::Key_A);
+        bis([&] { return neuerName->ganzerText() != vorher; });
+        neuerName->window()->repaint();
+        zeiten << millisekunden(uhr);
+    }
+    Messung::drucken("keystroke until name and path are drawn, worst", ziffern(zeiten).schlimmste, "ms", 16);
+}
+
+void Fensterreihen::schleife()
+{
+    int anzahl = 1;
+    char name[] = "quillmar";
+    char *argumente[] = {name, nullptr};
+    const QApplication programm(anzahl, argumente);
+    Heim heim;
+    heim.profil.modell = vorfuehrung::modellDerVorfuehrung();
+    heim.sichern();
+    Probe::textPdfs(heim.profil.quelle, analysierte);
+    const Servierer server;
+    Fenster f;
+    QTimer ticker;
+    QElapsedTimer uhr;
+    double laengste = 0;
+    QObject::connect(&ticker, &QTimer::timeout, [&] {
+        laengste = std::max(laengste, millisekunden(uhr));
+        uhr.restart();
+    });
+    ticker.setTimerType(Qt::PreciseTimer);
+    ticker.start(1);
+    uhr.start();
+    f.zustand.durchgangStarten();
+    while (f.zustand.analyse()->laeuft())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    Messung::drucken("longest block of the loop, 200 documents", laengste, "ms", 50);
+}
+
+int Fensterreihen::startVoll() { return startMessen(); }
+
+int Fensterreihen::startLeer() { return startMessen(); }
+
+void Fensterreihen::fensterstart()
+{
+    constexpr int runden = 15;
+    const Heim voll;
+    voll.sichern();
+    QFile::remove(Profilspeicher::datei());
+    voll.sichern();
+    voll.belegen(Probe::textPdfs(voll.profil.quelle, 2));
+    const QByteArray daten = qgetenv("XDG_DATA_HOME");
+    const Heim leer; // its home holds from now on
+    leer.sichern();
+    const QByteArray leereDaten = qgetenv("XDG_DATA_HOME");
+    const auto lauf = [](const QByteArray &heim, const char *art) {
+        return [heim, art] {
+            qputenv("XDG_DATA_HOME", heim);
+            return Messung::dauer([&] { Kommando::laufen({QUILLMAR_FENSTERBENCH, art}); });
+        };
+    };
+    const auto paar = Messung::paarweise(runden, lauf(daten, "--voll"), lauf(leereDaten, "--leer"));
+    Messung::drucken("start to usable window, 100,000 documents", paar, 1.5);
+}
