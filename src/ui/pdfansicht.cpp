@@ -66,6 +66,14 @@ void PDFAnsicht::vorausladen(const QString &pfad)
     ersteSeiteBestellen(pfad);
 }
 
+bool PDFAnsicht::istBereit(const QString &pfad) const
+{
+    const Vorschaudokument *dokument = m_lager.dokument(pfad);
+    if (!dokument || dokument->befund == Vorschaubefund::Laedt)
+        return false;
+    return dokument->befund != Vorschaubefund::Offen || dokument->bilder.contains(0);
+}
+
 Vorschaubefund PDFAnsicht::befund() const
 {
     const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
@@ -175,7 +183,9 @@ void PDFAnsicht::ersteSeiteBestellen(const QString &pfad)
 
 Seitenraum PDFAnsicht::raum() const
 {
-    return {viewport()->size(), Stil::abstand(16), Stil::abstand(12), logicalDpiX() / punkteJeZoll};
+    // As much between two pages as around them: where a whole page is shown, nothing of the next one is.
+    const int rand = Stil::abstand(16);
+    return {viewport()->size(), rand, rand, logicalDpiX() / punkteJeZoll};
 }
 
 QPoint PDFAnsicht::versatz() const { return {horizontalScrollBar()->value(), verticalScrollBar()->value()}; }
@@ -268,7 +278,20 @@ void PDFAnsicht::paintEvent(QPaintEvent *ereignis)
     const auto [erste, letzte] = sichtbare();
     for (int seite = erste; seite <= letzte && seite < m_ordnung.seiten().size(); ++seite)
         seiteMalen(maler, seite, m_ordnung.seiten().at(seite).translated(-versatz()));
+    if (hasFocus())
+        fokusMalen(maler);
 }
+
+void PDFAnsicht::fokusMalen(QPainter &maler)
+{
+    const int staerke = Stil::abstand(2);
+    maler.setPen(QPen(Stil::akzentmarke(palette()), staerke, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    maler.drawRect(QRectF(viewport()->rect()).adjusted(staerke / 2.0, staerke / 2.0, -staerke / 2.0, -staerke / 2.0));
+}
+
+void PDFAnsicht::focusInEvent(QFocusEvent *) { viewport()->update(); }
+
+void PDFAnsicht::focusOutEvent(QFocusEvent *) { viewport()->update(); }
 
 void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
 {

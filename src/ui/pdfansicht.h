@@ -27,6 +27,9 @@ public:
     /** Has the first page of the file @p pfad drawn, so that setUrl() shows it at once. */
     void vorausladen(const QString &pfad);
 
+    /** The first page of @p pfad is drawn, or it is known why it cannot be. */
+    [[nodiscard]] bool istBereit(const QString &pfad) const;
+
     /** How the file on show is; "Laedt" without one. */
     [[nodiscard]] Vorschaubefund befund() const;
 
@@ -52,6 +55,8 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
     void wheelEvent(QWheelEvent *ereignis) override;
+    void focusInEvent(QFocusEvent *ereignis) override;
+    void focusOutEvent(QFocusEvent *ereignis) override;
 
 private:
     void geoeffnet(const QString &pfad);
@@ -63,6 +68,7 @@ private:
     void ersteSeiteBestellen(const QString &pfad);
     void seiteMalen(QPainter &maler, int seite, const QRect &flaeche);
     void wartetext(QPainter &maler, const QRect &flaeche, const QString &text);
+    void fokusMalen(QPainter &maler);
     void sichtbarkeitMelden();
     [[nodiscard]] Seitenraum raum() const;
     [[nodiscard]] QPoint versatz() const;

@@ -17,7 +17,7 @@ struct Zoom {
 struct Seitenraum {
     QSize flaeche;
     int rand = 16;
-    int luecke = 12;           ///< between two pages
+    int luecke = 16;           ///< between two pages
     double pixelJePunkt = 1.0; ///< at scale 1
 };
 

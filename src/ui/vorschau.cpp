@@ -23,6 +23,7 @@ namespace
 constexpr int zeilenhoehe = 40;
 constexpr int knopfkante = 28;
 constexpr int lesbarerName = 90; ///< as drawn for 10 pt
+constexpr int kuerzesterName = 40;
 
 // Sign of the similar document beside its name.
 QLabel *partnerzeichen()
@@ -151,6 +152,8 @@ void Vorschau::zeigen(const QString &pfad)
 
 void Vorschau::vorausladen(const QString &pfad) { m_ansicht->vorausladen(pfad); }
 
+bool Vorschau::istBereit(const QString &pfad) const { return m_ansicht->istBereit(pfad); }
+
 void Vorschau::partnerZeigen(const QString &pfad, const QString &name)
 {
     m_partnerPfad = pfad;
@@ -221,19 +224,22 @@ void Vorschau::reihenfarbeSetzen()
     m_zeile->setPalette(farben);
 }
 
-// What is less needed gives way: first the words of the button back, then the page display.
+// What is less needed gives way: first the words of the button back, then the page display, at last the zoom, which the
+// wheel has as well. The way back is always there.
 void Vorschau::platzVerteilen()
 {
-    const int knoepfe = 4 * Stil::abstand(knopfkante + 2) + Stil::abstand(8 + 12);
-    int platz = width() - knoepfe;
+    const bool partner = !m_partnerPfad.isEmpty();
+    int platz = width() - 4 * Stil::abstand(knopfkante + 2) - Stil::abstand(8 + 12);
     const int seiten = m_seiten->sizeHint().width() + Stil::abstand(4);
-    if (!m_partnerPfad.isEmpty()) {
-        platz -= Stil::abstand(lesbarerName + 16 + 6 + 6 + 8 + 8);
+    if (partner) {
+        platz -= Stil::abstand(16 + 6 + 6 + 8 + 8);
         m_zurueck->setzeMitText(true);
-        m_zurueck->setzeMitText(platz >= m_zurueck->sizeHint().width() + seiten);
+        m_zurueck->setzeMitText(platz >= m_zurueck->sizeHint().width() + Stil::abstand(lesbarerName) + seiten);
         platz -= m_zurueck->sizeHint().width();
     }
-    m_seiten->setVisible(platz >= seiten);
+    for (Flachknopf *knopf : zoomknoepfe())
+        knopf->setVisible(!partner || platz >= Stil::abstand(kuerzesterName));
+    m_seiten->setVisible(platz >= seiten + (partner ? Stil::abstand(lesbarerName) : 0));
 }
 
 void Vorschau::resizeEvent(QResizeEvent *) { platzVerteilen(); }

@@ -27,6 +27,9 @@ public:
     /** Has @p pfad read and its first page drawn, so that zeigen() shows it within a frame. Empty: nothing. */
     void vorausladen(const QString &pfad);
 
+    /** The first page of @p pfad is drawn, or it is known why it cannot be. */
+    [[nodiscard]] bool istBereit(const QString &pfad) const;
+
     /** Shows @p pfad under @p name in place of the document. */
     void partnerZeigen(const QString &pfad, const QString &name);
     void partnerBeenden();

@@ -1,0 +1,282 @@
+#include "archiv.h"
+#include "einstellungen.h"
+#include "elidiertext.h"
+#include "leeransicht.h"
+#include "pdfansicht.h"
+#include "pdfsteuerung.h"
+#include "vorschau.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QLayout>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QtTest>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int geduld = 20000; // a page under the sanitizers on a busy machine
+
+QString seitenanzeige(const Vorschau &vorschau) { return vorschau.findChild<QLabel *>(u"seite"_s)->text(); }
+
+QString satz(const Vorschau &vorschau)
+{
+    const auto *leer = vorschau.findChild<Leeransicht *>();
+    return leer->isVisible() ? leer->accessibleName() : QString();
+}
+
+// Something dark stands on white in the middle of the view.
+bool zeigtSchrift(Vorschau &vorschau)
+{
+    const QImage bild = vorschau.findChild<PDFAnsicht *>()->viewport()->grab().toImage();
+    int dunkle = 0;
+    int weisse = 0;
+    for (int y = 0; y < bild.height(); ++y) {
+        for (int x = bild.width() / 4; x < bild.width() * 3 / 4; ++x) {
+            const int helligkeit = qGray(bild.pixel(x, y));
+            dunkle += helligkeit < 100;
+            weisse += helligkeit > 240;
+        }
+    }
+    return dunkle > 100 && weisse > dunkle;
+}
+
+bool tippen(Vorschau &vorschau, int taste)
+{
+    QKeyEvent ereignis(QEvent::KeyPress, taste, Qt::NoModifier);
+    return vorschau.taste(&ereignis);
+}
+
+void klicken(Vorschau &vorschau, const QString &knopf)
+{
+    QTest::mouseClick(vorschau.findChild<QToolButton *>(knopf), Qt::LeftButton);
+}
+} // namespace
+
+class VorschauTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_ordner;
+    std::unique_ptr<Vorschau> m_vorschau;
+
+    [[nodiscard]] QString pfad(const QString &name) const
+    {
+        return vorfuehrung::quelleVon(m_ordner.path()) + u'/' + name;
+    }
+    [[nodiscard]] QString brief() const { return pfad(u"Urkunden/Meisterbrief.pdf"_s); }
+    [[nodiscard]] QString vertrag() const { return pfad(u"Verträge/Mietvertrag Atelier.pdf"_s); }
+
+    void zeigenUndWarten(const QString &datei)
+    {
+        QSignalSpy sichtbar(m_vorschau.get(), &Vorschau::seiteSichtbar);
+        m_vorschau->zeigen(datei);
+        QTRY_COMPARE_WITH_TIMEOUT(sichtbar.size(), 1, geduld);
+        QCOMPARE(sichtbar.first().first().toString(), datei);
+    }
+
+private Q_SLOTS:
+    void initTestCase() { vorfuehrung::archivSchreiben(m_ordner.path()); }
+
+    void init()
+    {
+        Einstellungen::entfernen(u"vorschauZoom"_s);
+        m_vorschau = std::make_unique<Vorschau>();
+        // As narrow as a pane may become, which a window of its own may not.
+        m_vorschau->layout()->setSizeConstraint(QLayout::SetNoConstraint);
+        m_vorschau->resize(600, 700);
+        m_vorschau->show();
+    }
+
+    void cleanup() { m_vorschau.reset(); }
+
+    void stufen_data()
+    {
+        QTest::addColumn<double>("massstab");
+        QTest::addColumn<double>("groesser");
+        QTest::addColumn<double>("kleiner");
+        QTest::newRow("frei") << 0.7 << 0.8 << 0.65;
+        QTest::newRow("auf einer Stufe") << 1.0 << 1.25 << 0.8;
+        QTest::newRow("fast auf einer Stufe") << 1.0005 << 1.25 << 0.8;
+        QTest::newRow("größte") << 4.0 << 4.0 << 3.0;
+        QTest::newRow("kleinste") << 0.25 << 0.4 << 0.25;
+        QTest::newRow("darüber") << 9.0 << 4.0 << 4.0;
+        QTest::newRow("darunter") << 0.1 << 0.25 << 0.25;
+    }
+
+    void stufen()
+    {
+        QFETCH(const double, massstab);
+        QTEST(PDFSteuerung::stufeUeber(massstab), "groesser");
+        QTEST(PDFSteuerung::stufeUnter(massstab), "kleiner");
+    }
+
+    void jedeDatei_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("anzeige");
+        QTest::addColumn<QString>("satz");
+        const QString keiner;
+        QTest::newRow("eine Seite") << u"Urkunden/Meisterbrief.pdf"_s << u"1 Seite"_s << keiner;
+        QTest::newRow("mehrere") << u"Verträge/Mietvertrag Atelier.pdf"_s << u"Seite 1 von 4"_s << keiner;
+        QTest::newRow("Anführungszeichen") << u"Büro/Wartung \"Lichtblick\" 'eilig'.pdf"_s << u"1 Seite"_s << keiner;
+        QTest::newRow("zerlegte Umlaute") << u"Fotos Übergabe/Protokoll Räume.pdf"_s << u"1 Seite"_s << keiner;
+        QTest::newRow("Zeilenumbruch, Prozent") << u"Inbox/eins\nzwei #3 %41.pdf"_s << u"1 Seite"_s << keiner;
+        QTest::newRow("Kennwort") << u"Inbox/geschützt.pdf"_s << keiner << u"Mit Kennwort geschützt"_s;
+        QTest::newRow("beschädigt") << u"Inbox/defekt.pdf"_s << keiner << u"Datei beschädigt"_s;
+        QTest::newRow("leere Datei") << u"Inbox/nichts.pdf"_s << keiner << u"Datei beschädigt"_s;
+        QTest::newRow("verschwunden") << u"Inbox/weg.pdf"_s << keiner << u"Datei nicht gefunden"_s;
+        QTest::newRow("Ordner") << u"Inbox"_s << keiner << u"Datei nicht lesbar"_s;
+        QTest::newRow("Leitung ohne Schreiber") << u"Inbox/leitung.pdf"_s << keiner << u"Datei nicht lesbar"_s;
+    }
+
+    void jedeDatei()
+    {
+        QFETCH(const QString, name);
+        QFETCH(const QString, satz);
+        QFile::copy(brief(), pfad(u"Inbox/eins\nzwei #3 %41.pdf"_s));
+        QVERIFY(QFile(pfad(u"Inbox/nichts.pdf"_s)).open(QIODevice::WriteOnly));
+        ::mkfifo(QFile::encodeName(pfad(u"Inbox/leitung.pdf"_s)).constData(), 0600);
+        zeigenUndWarten(pfad(name));
+        QTEST(seitenanzeige(*m_vorschau), "anzeige");
+        QCOMPARE(::satz(*m_vorschau), satz);
+        QVERIFY(!satz.isEmpty() || zeigtSchrift(*m_vorschau));
+        m_vorschau->zeigen({});
+        QCOMPARE(::satz(*m_vorschau), u"Keine Vorschau"_s);
+    }
+
+    void vorausgeladenesStehtSofortDa()
+    {
+        zeigenUndWarten(vertrag());
+        m_vorschau->vorausladen(brief());
+        QTRY_VERIFY_WITH_TIMEOUT(m_vorschau->istBereit(brief()), geduld);
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 1 von 4"_s);
+        // No event is handled between showing and looking.
+        m_vorschau->zeigen(brief());
+        QVERIFY(zeigtSchrift(*m_vorschau));
+        QCOMPARE(seitenanzeige(*m_vorschau), u"1 Seite"_s);
+    }
+
+    void schnellesBlaettern()
+    {
+        QSignalSpy sichtbar(m_vorschau.get(), &Vorschau::seiteSichtbar);
+        const QStringList dateien{vertrag(),
+                                  pfad(u"Inbox/scan0001.pdf"_s),
+                                  pfad(u"Inbox/scan0002.pdf"_s),
+                                  pfad(u"Inbox/defekt.pdf"_s),
+                                  pfad(u"Inbox/IMG_2041.pdf"_s),
+                                  brief()};
+        for (const QString &datei : dateien) {
+            m_vorschau->zeigen(datei);
+            m_vorschau->vorausladen(vertrag());
+            QCoreApplication::processEvents();
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(!sichtbar.isEmpty() && sichtbar.last().first() == brief(), geduld);
+        QCOMPARE(seitenanzeige(*m_vorschau), u"1 Seite"_s);
+        QVERIFY(zeigtSchrift(*m_vorschau));
+    }
+
+    // Coming back to a document shows what the file is now, not what it was.
+    void veraenderteDatei()
+    {
+        const QString datei = pfad(u"Inbox/wechselnd.pdf"_s);
+        QVERIFY(QFile::copy(brief(), datei));
+        zeigenUndWarten(datei);
+        QCOMPARE(seitenanzeige(*m_vorschau), u"1 Seite"_s);
+        zeigenUndWarten(vertrag());
+        QVERIFY(QFile::remove(datei) && QFile::copy(vertrag(), datei));
+        m_vorschau->zeigen(datei);
+        QTRY_COMPARE_WITH_TIMEOUT(seitenanzeige(*m_vorschau), u"Seite 1 von 4"_s, geduld);
+        zeigenUndWarten(vertrag());
+        QVERIFY(QFile::remove(datei));
+        m_vorschau->zeigen(datei);
+        QTRY_COMPARE_WITH_TIMEOUT(satz(*m_vorschau), u"Datei nicht gefunden"_s, geduld);
+    }
+
+    void zoomBleibt()
+    {
+        const auto *ansicht = m_vorschau->findChild<PDFAnsicht *>();
+        zeigenUndWarten(vertrag());
+        QVERIFY(m_vorschau->steuerung()->passtBreite());
+        const double breit = ansicht->massstab();
+        m_vorschau->resize(400, 700);
+        QVERIFY(ansicht->massstab() < breit * 0.75);
+
+        const double vorher = ansicht->massstab();
+        klicken(*m_vorschau, u"groesser"_s);
+        QVERIFY(!m_vorschau->steuerung()->passtBreite());
+        QVERIFY(qAbs(ansicht->massstab() - PDFSteuerung::stufeUeber(vorher)) < 0.005);
+        m_vorschau->resize(600, 700);
+        zeigenUndWarten(brief());
+        QVERIFY(qAbs(ansicht->massstab() - PDFSteuerung::stufeUeber(vorher)) < 0.005);
+
+        // The next start of the program.
+        const Vorschau neue;
+        QVERIFY(!neue.steuerung()->passtBreite());
+        klicken(*m_vorschau, u"breiteSetzen"_s);
+        const Vorschau neuere;
+        QVERIFY(neuere.steuerung()->passtBreite());
+    }
+
+    void blaettern()
+    {
+        zeigenUndWarten(vertrag());
+        klicken(*m_vorschau, u"ganzeSeite"_s);
+        QVERIFY(tippen(*m_vorschau, Qt::Key_PageDown));
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 2 von 4"_s);
+        QVERIFY(tippen(*m_vorschau, Qt::Key_Space));
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 3 von 4"_s);
+        QVERIFY(tippen(*m_vorschau, Qt::Key_End));
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 4 von 4"_s);
+        QVERIFY(!tippen(*m_vorschau, Qt::Key_Left));
+        // The page on show stays on show when its size changes.
+        klicken(*m_vorschau, u"breiteSetzen"_s);
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 4 von 4"_s);
+        QVERIFY(tippen(*m_vorschau, Qt::Key_Home));
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 1 von 4"_s);
+        zeigenUndWarten(brief());
+        QVERIFY(!satz(*m_vorschau).isEmpty() || tippen(*m_vorschau, Qt::Key_PageDown));
+    }
+
+    void aehnlichesDokumentUndZurueck()
+    {
+        QSignalSpy zurueck(m_vorschau.get(), &Vorschau::zurueckZumDokument);
+        zeigenUndWarten(brief());
+        const auto *knopf = m_vorschau->findChild<QToolButton *>(u"zurueckZumDokument"_s);
+        QVERIFY(!knopf->isVisible());
+        m_vorschau->partnerZeigen(vertrag(), u"<b>Mietvertrag</b>.pdf"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(seitenanzeige(*m_vorschau), u"Seite 1 von 4"_s, geduld);
+        QCOMPARE(m_vorschau->findChild<Elidiertext *>(u"partnerName"_s)->accessibleName(), u"<b>Mietvertrag</b>.pdf"_s);
+        // Even in a pane that has room for nothing else.
+        for (const int breite : {600, 300, 170}) {
+            m_vorschau->resize(breite, 700);
+            QCoreApplication::processEvents();
+            QVERIFY(knopf->isVisible() && knopf->mapTo(m_vorschau.get(), knopf->rect().bottomRight()).x() < breite);
+        }
+        m_vorschau->zeigen(brief());
+        QVERIFY2(knopf->isVisible(), "the refresh must not end the look at the similar document");
+        klicken(*m_vorschau, u"zurueckZumDokument"_s);
+        QCOMPARE(zurueck.size(), 1);
+        QCOMPARE(seitenanzeige(*m_vorschau), u"1 Seite"_s);
+        QVERIFY(!knopf->isVisible());
+    }
+
+    void endetMittenInDerArbeit()
+    {
+        for (int i = 0; i < 10; ++i) {
+            Vorschau vorschau;
+            vorschau.show();
+            vorschau.zeigen(pfad(u"Inbox/scan0001.pdf"_s));
+            vorschau.vorausladen(pfad(u"Inbox/scan0002.pdf"_s));
+            QTest::qWait(i * 3);
+        }
+    }
+};
+
+QTEST_MAIN(VorschauTest)
+#include "test_vorschau.moc"
