@@ -59,6 +59,18 @@ void Dokumentlager::ausduennen(const QString &pfad, int von, int bis)
     }
 }
 
+void Dokumentlager::verlassen(const QString &pfad)
+{
+    ausduennen(pfad, 0, 0);
+    const auto dokument = m_dokumente.find(pfad);
+    if (dokument == m_dokumente.end())
+        return;
+    m_werk.abbestellen(dokument->kennung);
+    dokument->bestellt.clear();
+    if (dokument->bilder.contains(0))
+        dokument->bestellt.insert(0, dokument->bilder.value(0).size());
+}
+
 void Dokumentlager::beginnen(const QString &pfad)
 {
     Vorschaudokument neues;

@@ -43,6 +43,9 @@ public:
      */
     bool bestellen(const QString &pfad, int seite, const QSize &pixel, Seitenwerk::Vorrang vorrang);
 
+    /** @p pfad is no longer on show: forgets what is not drawn yet and all pictures but that of the first page. */
+    void verlassen(const QString &pfad);
+
     /** Frees the pictures of all pages of @p pfad but the first and those from @p von to @p bis. */
     void ausduennen(const QString &pfad, int von, int bis);
 

@@ -33,6 +33,13 @@ void Malreihe::verwerfen(quint64 kennung)
     m_auftraege.removeIf([kennung](const Malauftrag &auftrag) { return auftrag.kennung == kennung; });
 }
 
+void Malreihe::seitenVerwerfen(quint64 kennung)
+{
+    const std::lock_guard halter(m_sperre);
+    m_auftraege.removeIf(
+        [kennung](const Malauftrag &auftrag) { return auftrag.kennung == kennung && auftrag.seite >= 0; });
+}
+
 void Malreihe::beenden(std::chrono::milliseconds geduld)
 {
     std::unique_lock halter(m_sperre);

@@ -42,8 +42,9 @@ public:
 
     void auftragen(Malauftrag auftrag);
 
-    /** Drops what is asked for @p kennung and not yet begun. */
+    /** Drops what is asked for @p kennung and not yet begun: everything, or the pages alone. */
     void verwerfen(quint64 kennung);
+    void seitenVerwerfen(quint64 kennung);
 
     /** Drops everything and waits at most @p geduld for the piece in hand. A thread that hangs is left to itself. */
     void beenden(std::chrono::milliseconds geduld);

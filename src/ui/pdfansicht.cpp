@@ -45,6 +45,7 @@ void PDFAnsicht::setUrl(const QUrl &url)
     const QString pfad = url.toLocalFile();
     if (pfad == m_pfad)
         return;
+    m_lager.verlassen(m_pfad);
     m_pfad = pfad;
     m_gemeldet = pfad.isEmpty();
     if (!pfad.isEmpty())
@@ -262,9 +263,11 @@ void PDFAnsicht::wheelEvent(QWheelEvent *ereignis)
         QAbstractScrollArea::wheelEvent(ereignis);
         return;
     }
-    if (ereignis->angleDelta().y() > 0)
+    // A touchpad turns the wheel in many small pieces.
+    m_rad += ereignis->angleDelta().y();
+    for (; m_rad >= QWheelEvent::DefaultDeltasPerStep; m_rad -= QWheelEvent::DefaultDeltasPerStep)
         m_steuerung->groesser();
-    else if (ereignis->angleDelta().y() < 0)
+    for (; m_rad <= -QWheelEvent::DefaultDeltasPerStep; m_rad += QWheelEvent::DefaultDeltasPerStep)
         m_steuerung->kleiner();
 }
 

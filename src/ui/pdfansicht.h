@@ -83,5 +83,6 @@ private:
     QList<QSizeF> m_groessen;
     Seitenordnung m_ordnung;
     QTimer m_geduld; ///< runs while nothing is said yet about a page that is not there
+    int m_rad = 0;   ///< turned with Ctrl, in eighths of a degree, as far as it made no step yet
     bool m_gemeldet = true;
 };

@@ -147,6 +147,8 @@ void Seitenwerk::malen(quint64 kennung, int seite, const QSize &pixel, Vorrang v
     m_reihe->auftragen({vorrang, kennung, seite, malen});
 }
 
+void Seitenwerk::abbestellen(quint64 kennung) { m_reihe->seitenVerwerfen(kennung); }
+
 void Seitenwerk::schliessen(quint64 kennung)
 {
     m_gewollte.remove(kennung);

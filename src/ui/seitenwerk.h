@@ -37,6 +37,9 @@ public:
     /** Draws a page (from 0) on white; gemalt() brings it. An earlier wish for the same page is forgotten. */
     void malen(quint64 kennung, int seite, const QSize &pixel, Vorrang vorrang);
 
+    /** Forgets the pages of the document that are not begun. */
+    void abbestellen(quint64 kennung);
+
     /** Frees the document; nothing is told of it any more. */
     void schliessen(quint64 kennung);
 

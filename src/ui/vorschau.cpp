@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QStackedLayout>
 #include <QUrl>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -183,7 +184,11 @@ bool Vorschau::taste(QKeyEvent *ereignis)
     return m_stapel->currentWidget() == m_ansicht && m_ansicht->taste(ereignis);
 }
 
-void Vorschau::anzeigen(const QString &pfad) { m_ansicht->setUrl(pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(pfad)); }
+void Vorschau::anzeigen(const QString &pfad)
+{
+    m_satzGemeldet = false;
+    m_ansicht->setUrl(pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(pfad));
+}
 
 void Vorschau::befundZeigen()
 {
@@ -193,13 +198,17 @@ void Vorschau::befundZeigen()
     if (!seiten) {
         const Vorschausatz satz = pfad.isEmpty() ? satzOhneDokument() : vorschausatz(befund);
         m_leer->setzen(satz.zeichen, satz.titel, satz.zeile);
-        if (!pfad.isEmpty())
+        if (!pfad.isEmpty() && !std::exchange(m_satzGemeldet, true))
             QMetaObject::invokeMethod(
                 this, [this, pfad] { Q_EMIT seiteSichtbar(pfad); }, Qt::QueuedConnection);
     }
     m_stapel->setCurrentWidget(seiten ? static_cast<QWidget *>(m_ansicht) : m_leer);
-    for (Flachknopf *knopf : zoomknoepfe())
+    for (Flachknopf *knopf : zoomknoepfe()) {
+        // A button that is switched off hands the focus to the next best widget, and be it a text field.
+        if (!seiten && knopf->hasFocus())
+            m_leer->setFocus();
         knopf->setEnabled(seiten);
+    }
     standZeigen();
 }
 

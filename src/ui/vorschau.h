@@ -77,4 +77,5 @@ private:
     QStackedLayout *m_stapel;
     QString m_pfad;
     QString m_partnerPfad;
+    bool m_satzGemeldet = false;
 };
