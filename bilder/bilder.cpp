@@ -99,6 +99,7 @@ void ruhe()
 int main(int anzahl, char **argumente)
 {
     QTemporaryDir heim;
+    qputenv("HOME", heim.path().toUtf8());
     qputenv("XDG_DATA_HOME", heim.filePath(u"daten"_s).toUtf8());
     qputenv("XDG_CONFIG_HOME", heim.filePath(u"einstellungen"_s).toUtf8());
     const QApplication programm(anzahl, argumente);

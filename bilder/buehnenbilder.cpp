@@ -44,6 +44,9 @@ void hinweise(Zustand &zustand, Hauptfenster &fenster)
 QList<Buehnenbild> buehnenbilder()
 {
     return {
+        {.name = u"ablauf"_s, .vorher = [](Zustand &zustand, Hauptfenster &) { zustand.setzeReiter(Reiter::ablauf); }},
+        {.name = u"ablauf-dunkel"_s, .dunkel = true},
+        {.name = u"ablauf-schrift18"_s, .groesse = klein, .punkte = 18},
         {.name = u"pruefen"_s,
          .vorher =
              [](Zustand &zustand, Hauptfenster &fenster) {

@@ -20,17 +20,20 @@ using namespace std::chrono_literals;
 struct Analyse::Verbindung {
     std::mutex schloss;
     std::condition_variable ende;
-    Analyse *ziel = nullptr; ///< none once the object is gone
-    Laufstand neuester;
-    bool unterwegs = false; ///< a notice is on its way to the main thread and will take the newest state along
+    Analyse *ziel = nullptr;      ///< none once the object is gone
+    QList<Laufstand> ausstehende; ///< the newest state of each stage since the last delivery
+    bool unterwegs = false;       ///< a notice is on its way to the main thread and will take them along
     bool fertig = false;
     std::atomic<bool> abbrechen = false;
 
-    /** Hands the newest state to the main thread; states that come faster than it takes them are skipped. */
+    /** Hands the state to the main thread; states of one stage that come faster than it takes them are skipped. */
     void melden(const std::shared_ptr<Verbindung> &selbst, const Laufstand &stand)
     {
         const std::lock_guard sperre(schloss);
-        neuester = stand;
+        if (!ausstehende.isEmpty() && ausstehende.last().stufe == stand.stufe)
+            ausstehende.last() = stand;
+        else
+            ausstehende << stand;
         if (!ziel || unterwegs)
             return;
         unterwegs = true;
@@ -42,11 +45,13 @@ struct Analyse::Verbindung {
     {
         std::unique_lock sperre(schloss);
         unterwegs = false;
-        const Laufstand stand = neuester;
+        const QList<Laufstand> staende = std::exchange(ausstehende, {});
         Analyse *const empfaenger = ziel;
         sperre.unlock();
-        if (empfaenger && empfaenger->m_laeuft)
-            empfaenger->standSetzen(stand);
+        for (const Laufstand &stand : staende) {
+            if (empfaenger && empfaenger->m_laeuft)
+                empfaenger->standSetzen(stand);
+        }
     }
 
     void abmelden(const Laufstand &stand, const QStringList &hinweise)
@@ -65,13 +70,13 @@ namespace
 constexpr auto laengstesWarten = 900ms;
 
 /** The stages one after the other; each looks for the wish to stop by itself. */
-void stufen(Lauf &lauf)
+void stufen(Lauf &lauf, bool nurLesen)
 {
     Bestand::aufnehmen(lauf);
     if (lauf.sollHalten())
         return;
     Textleser::textLesen(lauf);
-    if (lauf.sollHalten())
+    if (nurLesen || lauf.sollHalten())
         return;
     Einordner::einordnen(lauf);
     if (!lauf.sollHalten() && lauf.profil().zweitmeinung)
@@ -79,7 +84,7 @@ void stufen(Lauf &lauf)
 }
 
 /** One whole run; tells the state in which it ended. */
-Laufstand durchgang(Lauf &lauf, bool erneut)
+Laufstand durchgang(Lauf &lauf, bool erneut, bool nurLesen)
 {
     const auto angehalten = [](const QString &grund) {
         return Laufstand{.stufe = Sprache::text(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
@@ -93,7 +98,7 @@ Laufstand durchgang(Lauf &lauf, bool erneut)
             return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));
         if (erneut)
             Wiedervorlage::oeffnen(lauf.db());
-        stufen(lauf);
+        stufen(lauf, nurLesen);
     } catch (const Fehler &f) {
         return angehalten(f.text());
     } catch (const std::exception &f) {
@@ -133,7 +138,7 @@ void Analyse::abbrechen()
 
 void Analyse::sofortBeenden() { m_faden.request_stop(); }
 
-void Analyse::allesStarten(bool erneut)
+void Analyse::allesStarten(bool erneut, bool nurLesen)
 {
     if (m_laeuft)
         return;
@@ -142,13 +147,14 @@ void Analyse::allesStarten(bool erneut)
     m_stand = {};
     m_verbindung = std::make_shared<Verbindung>();
     m_verbindung->ziel = this;
-    m_faden = std::jthread([v = m_verbindung, db = m_db, profil = m_profil, erneut](const std::stop_token &ende) {
-        Lauf lauf(
-            db, profil, [v] { return v->abbrechen.load(); }, ende,
-            [v](const Laufstand &stand) { v->melden(v, stand); });
-        const Laufstand stand = durchgang(lauf, erneut);
-        v->abmelden(stand, lauf.hinweise());
-    });
+    m_faden =
+        std::jthread([v = m_verbindung, db = m_db, profil = m_profil, erneut, nurLesen](const std::stop_token &ende) {
+            Lauf lauf(
+                db, profil, [v] { return v->abbrechen.load(); }, ende,
+                [v](const Laufstand &stand) { v->melden(v, stand); });
+            const Laufstand stand = durchgang(lauf, erneut, nurLesen);
+            v->abmelden(stand, lauf.hinweise());
+        });
     Q_EMIT geaendert();
 }
 

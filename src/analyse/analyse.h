@@ -23,9 +23,9 @@ public:
 
     /**
      * Starts a run on the profile as set; ignored while one is active. Returns at once. @p erneut first reopens the
-     * documents that failed.
+     * documents that failed; @p nurLesen ends it before the model is asked.
      */
-    void allesStarten(bool erneut = false);
+    void allesStarten(bool erneut = false, bool nurLesen = false);
     /** Asks the run to stop after the document in hand. */
     void abbrechen();
     /** Ends the run at once, as the end of the program does. */

@@ -1,5 +1,6 @@
 #include "hauptfenster.h"
 
+#include "ablaufansicht.h"
 #include "einstellungen.h"
 #include "fenstermenue.h"
 #include "fenstersprache.h"
@@ -91,7 +92,7 @@ void Hauptfenster::aufbauen()
     spalte->addWidget(karten, 1);
     spalte->addWidget(new Fusszeile(m_zustand, inhalt));
     karten->addWidget(leereKarte(Reiter::einrichtung, karten));
-    karten->addWidget(leereKarte(Reiter::ablauf, karten));
+    karten->addWidget(new AblaufAnsicht(m_zustand, karten));
     karten->addWidget(new PruefAnsicht(m_zustand, karten));
     karten->addWidget(leereKarte(Reiter::protokoll, karten));
     setCentralWidget(inhalt);

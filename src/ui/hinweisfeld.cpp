@@ -1,12 +1,12 @@
 #include "hinweisfeld.h"
 
+#include "knopf.h"
 #include "stil.h"
 #include "umbruchtext.h"
 #include "zeichen.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 using Stil::abstand;
@@ -24,7 +24,7 @@ Hinweisfeld::Hinweisfeld(bool warnung, const QString &symbol, const QString &tex
     auto *zeile = new QHBoxLayout(this);
     zeile->addWidget(m_text, 1, Qt::AlignVCenter);
     if (!knopf.isEmpty()) {
-        m_knopf = new QPushButton(knopf, this);
+        m_knopf = new Knopf({}, knopf, this);
         zeile->addWidget(m_knopf, 0, Qt::AlignVCenter);
         connect(m_knopf, &QPushButton::clicked, this, &Hinweisfeld::gedrueckt);
     }

@@ -1,11 +1,11 @@
 #include "leeransicht.h"
 
+#include "knopf.h"
 #include "stil.h"
 #include "zeichen.h"
 
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -42,7 +42,7 @@ private:
 
 Leeransicht::Leeransicht(QWidget *eltern)
     : QWidget(eltern), m_bild(new Bild(this)), m_titel(new QLabel(this)), m_zeile(new QLabel(this)),
-      m_knopf(new QPushButton(this))
+      m_knopf(new Knopf(u"leerknopf"_s, {}, this))
 {
     auto *spalte = new QVBoxLayout(this);
     spalte->addStretch(1);
@@ -53,7 +53,6 @@ Leeransicht::Leeransicht(QWidget *eltern)
     }
     m_titel->setObjectName(u"leertitel"_s);
     m_zeile->setObjectName(u"leerzeile"_s);
-    m_knopf->setObjectName(u"leerknopf"_s);
     spalte->addWidget(m_bild);
     spalte->addWidget(m_titel);
     spalte->addWidget(m_zeile);
@@ -66,7 +65,6 @@ Leeransicht::Leeransicht(QWidget *eltern)
         spalte->setContentsMargins(abstand(24), abstand(24), abstand(24), abstand(24));
         spalte->setSpacing(abstand(8));
         m_bild->setFixedHeight(abstand(kante) + abstand(6));
-        m_knopf->setMinimumHeight(abstand(30));
     });
 }
 
@@ -77,7 +75,7 @@ void Leeransicht::setzen(const QString &symbol, const QString &titel, const QStr
     m_zeile->setText(zeile);
     m_zeile->setVisible(!zeile.isEmpty());
     m_knopf->setText(knopf);
-    m_knopf->setMinimumWidth(m_knopf->fontMetrics().horizontalAdvance(knopf) + abstand(32));
+    m_knopf->updateGeometry();
     m_knopf->setVisible(!knopf.isEmpty());
     setAccessibleName(titel);
     setAccessibleDescription(zeile);

@@ -79,6 +79,15 @@ QImage bildDesThemas(const Zeichenzeile &zeile, int kante, const QColor &farbe)
     return bild;
 }
 
+// A theme drawn for small sizes only would stand lost in a large font: then our own drawing is taken.
+bool hatThema(const Zeichenzeile &zeile, int kante)
+{
+    if (!*zeile.thema || !QIcon::hasThemeIcon(QString::fromLatin1(zeile.thema)))
+        return false;
+    const QSize groesse = QIcon::fromTheme(QString::fromLatin1(zeile.thema)).actualSize(QSize(kante, kante));
+    return std::max(groesse.width(), groesse.height()) >= kante * 9 / 10;
+}
+
 QPixmap gemalt(const Zeichenzeile &zeile, int kante, const QColor &farbe)
 {
     const QString schluessel =
@@ -86,8 +95,8 @@ QPixmap gemalt(const Zeichenzeile &zeile, int kante, const QColor &farbe)
     QPixmap fertig;
     if (QPixmapCache::find(schluessel, &fertig))
         return fertig;
-    const bool imThema = *zeile.thema && QIcon::hasThemeIcon(QString::fromLatin1(zeile.thema));
-    fertig = QPixmap::fromImage(imThema ? bildDesThemas(zeile, kante, farbe) : eigenesBild(zeile, kante, farbe));
+    fertig = QPixmap::fromImage(hatThema(zeile, kante) ? bildDesThemas(zeile, kante, farbe)
+                                                       : eigenesBild(zeile, kante, farbe));
     QPixmapCache::insert(schluessel, fertig);
     return fertig;
 }

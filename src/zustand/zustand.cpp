@@ -120,6 +120,8 @@ void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
     m_bereitschaft.reset();
     ++m_blickfrage;
     analyseAnlegen();
+    m_nacharbeit = {};
+    Q_EMIT nacharbeitGeaendert();
     Q_EMIT aktivGeaendert();
     m_geschehen.clear();
     melden(oeffnung.hinweise.join(u", "_s));
@@ -129,52 +131,8 @@ void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
     protokollWaehlen(std::nullopt);
     m_protokollDateien.clear();
     protokolleListen();
+    nacharbeitLesen();
     Q_EMIT gelerntGeaendert();
-}
-
-void Zustand::analyseAnlegen()
-{
-    m_analyse = std::make_unique<Analyse>(m_db, *m_aktiv);
-    connect(m_analyse.get(), &Analyse::geaendert, this, &Zustand::laufGeaendert);
-    connect(m_analyse.get(), &Analyse::beendet, this, [this] {
-        if (!m_analyse->hinweise().isEmpty())
-            melden(m_analyse->hinweise().join(u", "_s));
-        aktualisieren();
-        Q_EMIT laufBeendet();
-    });
-    Q_EMIT laufGeaendert();
-}
-
-/** A run of the former profile finishes the document in hand; nobody waits for it. */
-void Zustand::analyseAbloesen()
-{
-    if (!m_analyse)
-        return;
-    m_analyse->disconnect(this);
-    if (m_analyse->laeuft()) {
-        m_analyse->abbrechen();
-        const Analyse *alt = m_analyse.get();
-        connect(
-            alt, &Analyse::beendet, this,
-            [this, alt] { std::erase_if(m_auslaufende, [alt](const auto &lauf) { return lauf.get() == alt; }); },
-            Qt::QueuedConnection);
-        m_auslaufende.push_back(std::move(m_analyse));
-    }
-    m_analyse.reset();
-}
-
-void Zustand::durchgangStarten(bool erneut)
-{
-    if (!kannHandeln())
-        return;
-    m_analyse->profilSetzen(*m_aktiv);
-    m_analyse->allesStarten(erneut);
-}
-
-void Zustand::durchgangAnhalten()
-{
-    if (m_analyse)
-        m_analyse->abbrechen();
 }
 
 void Zustand::neuesProfil()

@@ -3,7 +3,9 @@
 #include "bereitschaft.h"
 #include "entwurf.h"
 #include "handlung.h"
+#include "laufbild.h"
 #include "modellstand.h"
+#include "nacharbeit.h"
 #include "protokollbuch.h"
 #include "pruefhinweis.h"
 #include "reiter.h"
@@ -110,8 +112,19 @@ public:
 
     // The analysis; null without an open catalogue
     [[nodiscard]] const Analyse *analyse() const { return m_analyse.get(); }
-    void durchgangStarten(bool erneut = false);
+    enum class Durchgang {
+        ganz,
+        erneut,   ///< what failed before is tried again
+        nurLesen, ///< without the model
+    };
+    void durchgangStarten(Durchgang art = Durchgang::ganz);
     void durchgangAnhalten();
+    [[nodiscard]] const Laufbild &laufbild() const { return m_laufbild; }
+    /** What the runs left to look after; read anew by nacharbeitLesen(). */
+    [[nodiscard]] const Nacharbeit &nacharbeit() const { return m_nacharbeit; }
+    void nacharbeitLesen();
+    /** Opens one failed document again and starts a run. */
+    void erneutVersuchen(qint64 id);
 
     // Learning memory
     void gelerntVergessen(const QString &schluessel);
@@ -173,8 +186,10 @@ Q_SIGNALS:
     void vorgangGeaendert();
     void laufGeaendert();
     void laufBeendet();
+    void nacharbeitGeaendert();
     void gelerntGeaendert();
     void modellGeaendert();
+    void modellGeprueft(); ///< a check has ended, with whatever result
     void protokollDateienGeaendert();
     void protokollGeaendert();
     void rueckbauGeaendert();
@@ -190,6 +205,7 @@ private:
     void geoeffnet(const QUuid &id, const Oeffnung &oeffnung);
     void analyseAnlegen();
     void analyseAbloesen();
+    void laufFertig();
 
     [[nodiscard]] std::optional<qint64> dokumentId() const
     {
@@ -212,6 +228,9 @@ private:
     std::shared_ptr<Datenbank> m_db;
     std::unique_ptr<Analyse> m_analyse;
     std::vector<std::unique_ptr<Analyse>> m_auslaufende; ///< runs of former profiles that finish their document
+    Laufbild m_laufbild;
+    Nacharbeit m_nacharbeit;
+    bool m_liestNacharbeit = false;
     Profilsicherung *m_sicherung;
     std::shared_ptr<Briefkasten> m_briefe;
 

@@ -19,12 +19,15 @@ void Zustand::modellPruefen()
 {
     // A model that is being fetched is looked at when it has come.
     if (!m_aktiv || m_modell.art == Modellstand::Art::laedt)
-        return;
+        return Q_EMIT modellGeprueft();
     imHintergrund(
         this, [modell = m_aktiv->modell] { return Modellstand::pruefen(modell); },
         [this, nummer = ++m_modellfrage](const Ausgang<Modellstand> &ausgang) {
-            if (nummer == m_modellfrage && ausgang.wert)
+            if (nummer != m_modellfrage)
+                return;
+            if (ausgang.wert)
                 modellSetzen(*ausgang.wert);
+            Q_EMIT modellGeprueft();
         });
 }
 

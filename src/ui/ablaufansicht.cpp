@@ -1,0 +1,339 @@
+#include "ablaufansicht.h"
+
+#include "analyse.h"
+#include "hauptknopf.h"
+#include "knopf.h"
+#include "kurzpfad.h"
+#include "leeransicht.h"
+#include "nacharbeitsliste.h"
+#include "sprache.h"
+#include "startfrage.h"
+#include "stil.h"
+#include "stufenliste.h"
+#include "text.h"
+#include "umbruchtext.h"
+#include "zahlenreihe.h"
+#include "zeichen.h"
+#include "zustand.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int spaltenbreite = 880;
+
+QString stufenvorschau(int stufe, const Profil &profil)
+{
+    switch (stufe) {
+    case 0:
+        return profil.mitUnterordnern
+                   ? gefuellt(Sprache::text(u"Sucht die PDF-Dateien in %@ und den Ordnern darunter."_s),
+                              {kurzpfad(profil.quelle)})
+                   : gefuellt(Sprache::text(u"Sucht die PDF-Dateien in %@."_s), {kurzpfad(profil.quelle)});
+    case 1:
+        return gefuellt(Sprache::text(u"Die ersten %@ Seiten, wo nötig per Texterkennung."_s),
+                        {QString::number(profil.seiten)});
+    case 2:
+        return gefuellt(Sprache::text(u"%@ schlägt Datum, Gegenüber, Titel und Ort vor."_s), {profil.modell});
+    default:
+        return profil.zweitmeinung && !profil.modellGross.isEmpty()
+                   ? gefuellt(Sprache::text(u"%@ sieht sich an, was unsicher ist."_s), {profil.modellGross})
+                   : Sprache::text(u"Ist in diesem Profil ausgeschaltet."_s);
+    }
+}
+} // namespace
+
+AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_leere(new Leeransicht(this))
+{
+    setObjectName(u"ablauf"_s);
+    setFocusPolicy(Qt::ClickFocus);
+    auto *rollen = new QScrollArea(this);
+    rollen->setFrameShape(QFrame::NoFrame);
+    rollen->setWidgetResizable(true);
+    rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    rollen->setFocusPolicy(Qt::NoFocus);
+    rollen->setWidget(spalteBauen());
+    rollen->viewport()->setAutoFillBackground(false);
+    rollen->widget()->setAutoFillBackground(false);
+    m_stapel->addWidget(rollen);
+    m_stapel->addWidget(m_leere);
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { m_zustand->setzeReiter(Reiter::einrichtung); });
+    verbinden();
+    zeigen();
+}
+
+QWidget *AblaufAnsicht::kopf()
+{
+    auto *traeger = new QWidget(this);
+    m_titel = new QLabel(traeger);
+    m_titel->setObjectName(u"lauftitel"_s);
+    m_titel->setTextFormat(Qt::PlainText);
+    m_unterzeile = new Umbruchtext(traeger);
+    m_unterzeile->setObjectName(u"laufzeile"_s);
+    m_starten = new Hauptknopf(Sprache::text(u"Durchgang starten"_s), traeger);
+    m_starten->setObjectName(u"durchgangStarten"_s);
+    m_pruefen = new Hauptknopf({}, traeger);
+    m_pruefen->setObjectName(u"vorschlaegePruefen"_s);
+    m_anhalten = new Knopf(u"durchgangAnhalten"_s, {}, traeger, Knopf::Hoehe::Haupt);
+    m_anhalten->setText(Sprache::text(u"Anhalten"_s));
+    m_anhalten->setIcon(Zeichen::icon(u"stop"_s));
+    auto *worte = new QVBoxLayout;
+    worte->addWidget(m_titel);
+    worte->addWidget(m_unterzeile);
+    auto *reihe = new QHBoxLayout(traeger);
+    reihe->setContentsMargins(0, 0, 0, 0);
+    reihe->addLayout(worte, 1);
+    for (QWidget *teil : QList<QWidget *>{m_anhalten, m_pruefen, m_starten})
+        reihe->addWidget(teil, 0, Qt::AlignTop);
+    Stil::schriftFolgt(m_titel, Schrift::Seitentitel);
+    Stil::nebentext(m_unterzeile);
+    Stil::folgen(traeger, [reihe, worte] {
+        reihe->setSpacing(abstand(8));
+        worte->setSpacing(abstand(2));
+    });
+    return traeger;
+}
+
+QWidget *AblaufAnsicht::spalteBauen()
+{
+    auto *inhalt = new QWidget(this);
+    auto *mitte = new QWidget(inhalt);
+    auto *spalte = new QVBoxLayout(mitte);
+    m_frage = new Startfrage(m_zustand, mitte);
+    m_zahlen = new Zahlenreihe(mitte);
+    m_stufen = new Stufenliste(mitte);
+    for (QWidget *teil : QList<QWidget *>{kopf(), m_frage, m_zahlen, m_stufen})
+        spalte->addWidget(teil);
+    listenBauen(spalte);
+    spalte->addStretch(1);
+    auto *aussen = new QHBoxLayout(inhalt);
+    aussen->setContentsMargins(0, 0, 0, 0);
+    aussen->addStretch(1);
+    aussen->addWidget(mitte, 1000);
+    aussen->addStretch(1);
+    Stil::folgen(mitte, [mitte, spalte] {
+        mitte->setMaximumWidth(abstand(spaltenbreite) + 2 * abstand(24));
+        spalte->setContentsMargins(abstand(24), abstand(28), abstand(24), abstand(24));
+        spalte->setSpacing(abstand(16));
+    });
+    return inhalt;
+}
+
+void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
+{
+    m_alleErneut = new Knopf(u"alleErneut"_s, Sprache::text(u"Alle erneut versuchen"_s), this);
+    m_alleErneut->setIcon(Zeichen::icon(u"reload"_s));
+    m_gescheiterte = new Nacharbeitsliste(u"gescheiterte"_s, m_alleErneut, Sprache::text(u"Erneut versuchen"_s), this);
+    m_ausraeumen = new Knopf(u"dublettenAusraeumen"_s, {}, this);
+    m_dubletten = new Nacharbeitsliste(u"dubletten"_s, m_ausraeumen, {}, this);
+    spalte->addWidget(m_gescheiterte);
+    spalte->addWidget(m_dubletten);
+    connect(m_alleErneut, &QPushButton::clicked, m_zustand,
+            [this] { m_zustand->durchgangStarten(Zustand::Durchgang::erneut); });
+    connect(m_gescheiterte, &Nacharbeitsliste::gedrueckt, m_zustand, &Zustand::erneutVersuchen);
+    connect(m_ausraeumen, &QPushButton::clicked, m_zustand, &Zustand::dublettenAusraeumen);
+}
+
+void AblaufAnsicht::verbinden()
+{
+    connect(m_starten, &QPushButton::clicked, this, &AblaufAnsicht::starten);
+    connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::pruefen); });
+    connect(m_anhalten, &QPushButton::clicked, this, [this] { laeuft() ? m_zustand->durchgangAnhalten() : starten(); });
+    connect(m_frage, &Startfrage::erneutPruefen, this, &AblaufAnsicht::starten);
+    connect(m_frage, &Startfrage::nurLesen, m_zustand,
+            [this] { m_zustand->durchgangStarten(Zustand::Durchgang::nurLesen); });
+    connect(m_zustand, &Zustand::modellGeprueft, this, &AblaufAnsicht::gefragt);
+    for (const auto signal :
+         {&Zustand::laufGeaendert, &Zustand::zaehlwerkGeaendert, &Zustand::profileGeaendert, &Zustand::aktivGeaendert,
+          &Zustand::bereitschaftGeaendert, &Zustand::nacharbeitGeaendert, &Zustand::beschaeftigtGeaendert})
+        connect(m_zustand, signal, this, &AblaufAnsicht::zeigen);
+    connect(m_zustand, &Zustand::zaehlwerkGeaendert, this, [this] {
+        if (isVisible())
+            m_zustand->nacharbeitLesen();
+    });
+}
+
+void AblaufAnsicht::showEvent(QShowEvent *ereignis)
+{
+    QWidget::showEvent(ereignis);
+    m_zustand->nacharbeitLesen();
+    m_zustand->bereitschaftPruefen();
+}
+
+void AblaufAnsicht::focusInEvent(QFocusEvent *ereignis)
+{
+    QWidget::focusInEvent(ereignis);
+    if (m_starten->isVisible() && m_starten->isEnabled())
+        m_starten->setFocus();
+    else if (m_pruefen->isVisible())
+        m_pruefen->setFocus();
+}
+
+bool AblaufAnsicht::laeuft() const { return m_zustand->analyse() && m_zustand->analyse()->laeuft(); }
+
+void AblaufAnsicht::zeigen()
+{
+    m_stapel->setCurrentIndex(m_zustand->offen() ? 0 : 1);
+    if (!m_zustand->offen())
+        return m_leere->setzen(u"large.play"_s, Sprache::text(u"Noch kein Profil"_s),
+                               Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
+                               Sprache::text(u"Zur Einrichtung"_s));
+    kopfZeigen();
+    knoepfeZeigen();
+    zahlenZeigen();
+    stufenZeigen();
+    listenZeigen();
+}
+
+QString AblaufAnsicht::fehlendes() const
+{
+    const auto &b = m_zustand->bereitschaft();
+    if (!b || b->vollstaendig())
+        return {};
+    QStringList teile;
+    if (!b->fehlendeWerkzeuge.isEmpty())
+        teile << b->fehlendeWerkzeuge.join(u", "_s);
+    if (!b->quelle)
+        teile << Sprache::text(u"Herkunftsordner"_s);
+    if (!b->ziel)
+        teile << Sprache::text(u"Zielordner"_s);
+    if (!b->struktur)
+        teile << Sprache::text(u"Struktur der Ablage"_s);
+    if (!b->namen)
+        teile << Sprache::text(u"Namensmuster"_s);
+    return gefuellt(Sprache::text(u"Es fehlt noch: %@. Das geht auf der Karte Einrichtung."_s), {teile.join(u", "_s)});
+}
+
+QString AblaufAnsicht::unterzeile() const
+{
+    const Profil &profil = *m_zustand->aktiv();
+    if (!laeuft() && !m_zustand->bereitZumStart())
+        return fehlendes();
+    if (laeuft() && m_zustand->analyse()->abbrechenGewuenscht())
+        return Sprache::text(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein späterer "
+                             "Start setzt dort fort."_s);
+    const QString weg =
+        gefuellt(Sprache::text(u"Von %@ nach %@."_s), {kurzpfad(profil.quelle), kurzpfad(profil.zielWurzel)});
+    if (laeuft())
+        return weg + u' ' + Sprache::text(u"Du kannst nebenher prüfen."_s);
+    return weg + u' ' +
+           (profil.kopieren ? Sprache::text(u"Kopiert wird erst, was du beim Prüfen übernimmst."_s)
+                            : Sprache::text(u"Verschoben wird erst, was du beim Prüfen übernimmst."_s));
+}
+
+void AblaufAnsicht::kopfZeigen()
+{
+    QString titel = Sprache::text(u"Bereit für den Durchgang"_s);
+    if (laeuft())
+        titel = Sprache::text(u"Der Durchgang läuft"_s);
+    else if (!m_zustand->bereitZumStart())
+        titel = Sprache::text(u"Noch nicht eingerichtet"_s);
+    else if (m_zustand->laufbild().gelaufen())
+        titel = m_zustand->analyse()->stufe();
+    m_titel->setText(titel);
+    m_unterzeile->setzeText(unterzeile());
+}
+
+/** One filled button: before the run the start, while it runs and after it the review of what is there. */
+void AblaufAnsicht::knoepfeZeigen()
+{
+    const qint64 wartend = m_zustand->zaehlwerk().bereit;
+    const bool pruefbar = wartend > 0 && (laeuft() || m_zustand->laufbild().gelaufen());
+    m_pruefen->setText(gefuellt(Sprache::text(u"%@ Vorschläge prüfen"_s), {QString::number(wartend)}));
+    m_pruefen->setVisible(pruefbar);
+    m_pruefen->updateGeometry();
+    m_starten->setVisible(!laeuft() && !pruefbar);
+    m_starten->setEnabled(m_zustand->bereitZumStart() && !m_willStarten);
+    m_starten->setToolTip(fehlendes());
+    m_anhalten->setVisible(laeuft() || pruefbar);
+    m_anhalten->setText(laeuft() ? Sprache::text(u"Anhalten"_s) : Sprache::text(u"Erneut starten"_s));
+    m_anhalten->setIcon(Zeichen::icon(laeuft() ? u"stop"_s : u"play.circle"_s));
+    m_anhalten->updateGeometry();
+    m_anhalten->setEnabled(laeuft() ? !m_zustand->analyse()->abbrechenGewuenscht()
+                                    : m_zustand->bereitZumStart() && !m_willStarten);
+    m_alleErneut->setEnabled(!laeuft());
+    m_gescheiterte->setzeBedienbar(!laeuft());
+    if (laeuft())
+        m_frage->hide();
+}
+
+void AblaufAnsicht::stufenZeigen()
+{
+    QList<Stufenbild> stufen = m_zustand->laufbild().stufen();
+    for (int n = 0; n < stufen.size(); ++n) {
+        if (stufen.at(n).meldung.isEmpty())
+            stufen[n].meldung = stufenvorschau(n, *m_zustand->aktiv());
+    }
+    m_stufen->zeigen(stufen, m_zustand->analyse()->restzeit(), m_zustand->analyse()->anteil());
+}
+
+void AblaufAnsicht::zahlenZeigen()
+{
+    const Zaehlwerk &z = m_zustand->zaehlwerk();
+    const qint64 gescheitert = m_zustand->nacharbeit().gescheiterte.size();
+    QList<Zahlenreihe::Zahl> zahlen = {
+        {.wert = z.bereit, .was = Sprache::text(u"bereit zur Prüfung"_s), .betont = true},
+        {.wert = z.neu, .was = Sprache::text(u"in Analyse"_s)},
+        {.wert = z.erledigt, .was = Sprache::text(u"einsortiert"_s)},
+        {.wert = z.zurueckgestellt, .was = Sprache::text(u"zurückgestellt"_s)},
+        {.wert = z.dubletten, .was = Sprache::text(u"Dubletten"_s)},
+        {.wert = gescheitert, .was = Sprache::text(u"ohne Vorschlag"_s), .betont = false, .warnung = gescheitert > 0},
+    };
+    if (m_zustand->ausgenommen() > 0)
+        zahlen << Zahlenreihe::Zahl{.wert = m_zustand->ausgenommen(), .was = Sprache::text(u"ausgenommen"_s)};
+    m_zahlen->zeigen(zahlen);
+}
+
+void AblaufAnsicht::listenZeigen()
+{
+    const Nacharbeit &n = m_zustand->nacharbeit();
+    QList<Nacharbeitsliste::Zeile> gescheiterte;
+    for (const auto &g : n.gescheiterte)
+        gescheiterte << Nacharbeitsliste::Zeile{.id = g.id, .name = g.name, .bemerkung = g.grund};
+    QList<Nacharbeitsliste::Zeile> dubletten;
+    for (const auto &d : n.dubletten)
+        dubletten << Nacharbeitsliste::Zeile{
+            .id = d.id,
+            .name = d.name,
+            .bemerkung = d.bytegleich ? gefuellt(Sprache::text(u"gleich wie %@"_s), {d.original})
+                                      : gefuellt(Sprache::text(u"gleicher Text wie %@"_s), {d.original})};
+    m_gescheiterte->zeigen(gefuellt(Sprache::text(u"%@ ohne Vorschlag"_s), {QString::number(gescheiterte.size())}),
+                           gescheiterte);
+    m_dubletten->zeigen(gefuellt(Sprache::text(u"%@ Dubletten"_s), {QString::number(dubletten.size())}), dubletten);
+    m_ausraeumen->setText(m_zustand->aktiv()->kopieren ? Sprache::text(u"Nicht mitkopieren"_s)
+                                                       : gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s),
+                                                                  {m_zustand->aktiv()->dublettenOrdner}));
+    m_ausraeumen->updateGeometry();
+    m_ausraeumen->setEnabled(!m_zustand->beschaeftigt());
+}
+
+/** Looks for the model server first: without it every document would fail on its own. */
+void AblaufAnsicht::starten()
+{
+    if (m_willStarten)
+        return;
+    m_willStarten = true;
+    m_frage->hide();
+    knoepfeZeigen();
+    m_zustand->modellPruefen();
+}
+
+void AblaufAnsicht::gefragt()
+{
+    if (!std::exchange(m_willStarten, false))
+        return;
+    if (m_zustand->modellBereit())
+        m_zustand->durchgangStarten();
+    else
+        m_frage->fragen();
+    knoepfeZeigen();
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QWidget>
+
+class Elidiertext;
+class Hauptknopf;
+class Knopf;
+class Leeransicht;
+class Nacharbeitsliste;
+class QLabel;
+class QScrollArea;
+class QStackedLayout;
+class QVBoxLayout;
+class Startfrage;
+class Stufenliste;
+class Umbruchtext;
+class Zahlenreihe;
+class Zustand;
+
+/** The run card: start and stop, the stages, what is counted, and what is left to look after. */
+class AblaufAnsicht : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit AblaufAnsicht(Zustand *zustand, QWidget *eltern = nullptr);
+
+protected:
+    void showEvent(QShowEvent *ereignis) override;
+    void focusInEvent(QFocusEvent *ereignis) override;
+
+private:
+    QWidget *kopf();
+    QWidget *spalteBauen();
+    void listenBauen(QVBoxLayout *spalte);
+    void verbinden();
+    void zeigen();
+    void kopfZeigen();
+    void knoepfeZeigen();
+    void stufenZeigen();
+    void zahlenZeigen();
+    void listenZeigen();
+    void starten();
+    void gefragt();
+    [[nodiscard]] bool laeuft() const;
+    [[nodiscard]] QString unterzeile() const;
+    [[nodiscard]] QString fehlendes() const;
+
+    Zustand *m_zustand;
+    QStackedLayout *m_stapel;
+    Leeransicht *m_leere;
+    QLabel *m_titel = nullptr;
+    Umbruchtext *m_unterzeile = nullptr;
+    Hauptknopf *m_starten = nullptr;
+    Hauptknopf *m_pruefen = nullptr;
+    Knopf *m_anhalten = nullptr;
+    Startfrage *m_frage = nullptr;
+    Zahlenreihe *m_zahlen = nullptr;
+    Stufenliste *m_stufen = nullptr;
+    Knopf *m_alleErneut = nullptr;
+    Knopf *m_ausraeumen = nullptr;
+    Nacharbeitsliste *m_gescheiterte = nullptr;
+    Nacharbeitsliste *m_dubletten = nullptr;
+    bool m_willStarten = false; ///< waits for the answer of the model server
+};

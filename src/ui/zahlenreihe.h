@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+/** Figures in a row, each above what it counts. */
+class Zahlenreihe : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Zahl {
+        qint64 wert = 0;
+        QString was;
+        bool betont = false;  ///< in the accent
+        bool warnung = false; ///< with the warning mark
+    };
+    explicit Zahlenreihe(QWidget *eltern = nullptr);
+
+    void zeigen(const QList<Zahl> &zahlen);
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
+
+private:
+    QList<Zahl> m_zahlen;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+#include <chrono>
+
+/** One of the four stages of a run, as the run card shows it. */
+struct Stufenbild {
+    enum class Stand { offen, laeuft, fertig };
+    Stand stand = Stand::offen;
+    QString name;
+    QString meldung;                   ///< the last message of each of its steps
+    std::chrono::milliseconds dauer{}; ///< of a stage that is done
+    bool operator==(const Stufenbild &) const = default;
+};
+
+/** Makes a picture of the whole run out of what the run publishes step by step. */
+class Laufbild
+{
+public:
+    using Zeitpunkt = std::chrono::steady_clock::time_point;
+
+    Laufbild();
+    void beginnen(Zeitpunkt jetzt);
+    /** A step (its name in the user's language) has published @p meldung. Names that are no step are passed over. */
+    void nehmen(const QString &schritt, const QString &meldung, Zeitpunkt jetzt);
+    /** The run has ended; @p abgeschlossen: it was not stopped. */
+    void enden(bool abgeschlossen, Zeitpunkt jetzt);
+
+    [[nodiscard]] const QList<Stufenbild> &stufen() const { return m_stufen; }
+    /** A run has been seen. */
+    [[nodiscard]] bool gelaufen() const { return m_gelaufen; }
+    /** How long the last run took, or has taken until now. */
+    [[nodiscard]] std::chrono::milliseconds dauer(Zeitpunkt jetzt) const;
+
+private:
+    void stufeBeginnen(int stufe, Zeitpunkt jetzt);
+
+    QList<Stufenbild> m_stufen;
+    int m_stufe = -1;
+    QString m_schritt;
+    QStringList m_fruehere; ///< last messages of earlier steps of the same stage
+    Zeitpunkt m_beginn;
+    Zeitpunkt m_stufenbeginn;
+    Zeitpunkt m_ende;
+    bool m_gelaufen = false;
+    bool m_laeuft = false;
+};

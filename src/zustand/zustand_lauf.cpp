@@ -1,0 +1,97 @@
+#include "analyse.h"
+#include "datenbank.h"
+#include "hintergrund.h"
+#include "wiedervorlage.h"
+#include "zustand.h"
+
+using namespace Qt::StringLiterals;
+using std::chrono::steady_clock;
+
+void Zustand::analyseAnlegen()
+{
+    m_analyse = std::make_unique<Analyse>(m_db, *m_aktiv);
+    m_laufbild = {};
+    connect(m_analyse.get(), &Analyse::geaendert, this, [this] {
+        m_laufbild.nehmen(m_analyse->stufe(), m_analyse->meldung(), steady_clock::now());
+        Q_EMIT laufGeaendert();
+    });
+    connect(m_analyse.get(), &Analyse::beendet, this, &Zustand::laufFertig);
+    Q_EMIT laufGeaendert();
+}
+
+void Zustand::laufFertig()
+{
+    m_laufbild.enden(!m_analyse->abbrechenGewuenscht() && m_analyse->anteil() >= 1, steady_clock::now());
+    if (!m_analyse->hinweise().isEmpty())
+        melden(m_analyse->hinweise().join(u", "_s));
+    aktualisieren();
+    nacharbeitLesen();
+    Q_EMIT laufGeaendert();
+    Q_EMIT laufBeendet();
+}
+
+/** A run of the former profile finishes the document in hand; nobody waits for it. */
+void Zustand::analyseAbloesen()
+{
+    if (!m_analyse)
+        return;
+    m_analyse->disconnect(this);
+    if (m_analyse->laeuft()) {
+        m_analyse->abbrechen();
+        const Analyse *alt = m_analyse.get();
+        connect(
+            alt, &Analyse::beendet, this,
+            [this, alt] { std::erase_if(m_auslaufende, [alt](const auto &lauf) { return lauf.get() == alt; }); },
+            Qt::QueuedConnection);
+        m_auslaufende.push_back(std::move(m_analyse));
+    }
+    m_analyse.reset();
+}
+
+void Zustand::durchgangStarten(Durchgang art)
+{
+    if (!kannHandeln() || m_analyse->laeuft())
+        return;
+    m_laufbild.beginnen(steady_clock::now());
+    m_analyse->profilSetzen(*m_aktiv);
+    m_analyse->allesStarten(art == Durchgang::erneut, art == Durchgang::nurLesen);
+}
+
+void Zustand::durchgangAnhalten()
+{
+    if (m_analyse)
+        m_analyse->abbrechen();
+}
+
+void Zustand::erneutVersuchen(qint64 id)
+{
+    if (!kannHandeln() || m_analyse->laeuft())
+        return;
+    imHintergrund(
+        this, [db = m_db, id] { return Wiedervorlage::oeffnen(*db, id); },
+        [this, nummer = m_oeffnung](const Ausgang<qint64> &ausgang) {
+            if (nummer != m_oeffnung)
+                return;
+            if (!ausgang.wert)
+                return melden(ausgang.fehler);
+            nacharbeitLesen();
+            durchgangStarten();
+        });
+}
+
+void Zustand::nacharbeitLesen()
+{
+    if (!kannHandeln() || std::exchange(m_liestNacharbeit, true))
+        return;
+    imHintergrund(
+        this, [db = m_db] { return Nacharbeit::lesen(*db); },
+        [this, nummer = m_oeffnung](const Ausgang<Nacharbeit> &ausgang) {
+            m_liestNacharbeit = false;
+            if (nummer != m_oeffnung)
+                return nacharbeitLesen();
+            if (!ausgang.wert || *ausgang.wert == m_nacharbeit)
+                return;
+            m_nacharbeit = *ausgang.wert;
+            Q_EMIT nacharbeitGeaendert();
+        });
+}
