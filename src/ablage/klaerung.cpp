@@ -51,7 +51,7 @@ Klaerung::Lage Klaerung::lage(const Absicht &a)
     if (a.anfang() == a.ende() || (amAnfang && (inDenKorb || unvollendet)))
         return amAnfang && !inDenKorb && !unvollendet ? Lage::Geschehen : Lage::NichtGeschehen;
     if (unvollendet)
-        return Lage::Unklar;
+        return keinEnde(a, rest);
     if (inDenKorb) // gone there, unless its whole drive is
         return istOrdner(ordnerVon(a.anfang())) ? Lage::Geschehen : Lage::Unklar;
     if (amZiel)
@@ -64,7 +64,8 @@ Klaerung::Lage Klaerung::lage(const Absicht &a)
 
 bool Klaerung::istUnberuehrt(const Absicht &a)
 {
-    return Dateibewegung::istDieselbe(a.anfang(), a.groesse, a.dateizeit) &&
-           (a.ende().isEmpty() || a.ende() == a.anfang() ||
-            !Dateibewegung::istDieselbe(a.ende(), a.groesse, a.dateizeit));
+    const bool rest = !a.temporaer.isEmpty() && istVorhanden(a.temporaer);
+    const bool amZiel =
+        a.ende() != a.anfang() && !a.ende().isEmpty() && Dateibewegung::istDieselbe(a.ende(), a.groesse, a.dateizeit);
+    return istVorhanden(a.anfang()) && !rest && !amZiel;
 }

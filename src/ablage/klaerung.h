@@ -17,6 +17,6 @@ enum class Lage {
  */
 [[nodiscard]] Lage lage(const Absicht &absicht);
 
-/** The file lies where it was before, and nothing of it where it was to go. */
+/** A file lies where it was before, and nothing of it where it was to go. */
 [[nodiscard]] bool istUnberuehrt(const Absicht &absicht);
 } // namespace Klaerung

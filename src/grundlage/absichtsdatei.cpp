@@ -41,7 +41,9 @@ QList<QByteArray> Absichtsdatei::zeilen() const
     std::array<char, 65536> puffer = {};
     for (off_t stelle = 0;;) {
         const ssize_t n = ::pread(m_griff, puffer.data(), puffer.size(), stelle);
-        if (n <= 0)
+        if (n < 0) // taken for empty, what stands there would be cleared
+            Platte::scheitern(QUILLMAR_TEXT(u"Die vorgemerkten Bewegungen lassen sich nicht lesen"_s), errno);
+        if (n == 0)
             break;
         inhalt.append(puffer.data(), n);
         stelle += n;

@@ -23,7 +23,8 @@ public:
     Absichtsdatei &operator=(const Absichtsdatei &) = delete;
     ~Absichtsdatei();
 
-    /** What an earlier holder left, line by line; a last line without its end does not count. */
+    /** What an earlier holder left, line by line; a last line without its end does not count. Throws
+     * Plattenfehler. */
     [[nodiscard]] QList<QByteArray> zeilen() const;
     /** Appends @p zeilen (each without line feed) and flushes them. Throws Plattenfehler; none of them counts then. */
     void schreiben(const QList<QByteArray> &zeilen);

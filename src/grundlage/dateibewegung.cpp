@@ -54,7 +54,11 @@ public:
                 return nach;
         }
         const QByteArray belegt = aufDerPlatte(pfadFuer(1), ziel);
-        return istQuelle(belegt, ziel) ? bleiben() : ueberKopie();
+        if (istQuelle(belegt, ziel))
+            return bleiben();
+        if (!belegt.isEmpty() && m_auftrag.nameArt == Dateibewegung::Name::Genau)
+            nameBelegt();
+        return ueberKopie();
     }
 
 private:
@@ -64,7 +68,9 @@ private:
         for (int n = 1;; ++n) {
             const QString nach = pfadFuer(n);
             struct stat s = {};
-            const QByteArray belegt = aufDerPlatte(nach, s);
+            // Whoever wants just this name has looked whether it is free; the renaming does it again.
+            const bool genau = m_auftrag.nameArt == Dateibewegung::Name::Genau;
+            const QByteArray belegt = genau ? QByteArray() : aufDerPlatte(nach, s);
             if (istQuelle(belegt, s))
                 return bleiben();
             if (belegt.isEmpty()) {
@@ -77,9 +83,14 @@ private:
                 if (fehler != EEXIST)
                     Platte::scheitern(nichtBewegt(), fehler);
             }
-            if (m_auftrag.nameArt == Dateibewegung::Name::Genau)
-                throw Plattenfehler(QUILLMAR_TEXT(u"Am Zielort liegt schon eine andere Datei"_s));
+            if (genau)
+                nameBelegt();
         }
+    }
+
+    [[noreturn]] static void nameBelegt()
+    {
+        throw Plattenfehler(QUILLMAR_TEXT(u"Am Zielort liegt schon eine andere Datei"_s));
     }
 
     int versuchen(const QByteArray &von, const QByteArray &nach)

@@ -26,7 +26,7 @@ using Ankuendigung = std::function<void(const Schritt &)>;
 /** How the target's name is to be taken. */
 enum class Name {
     Eindeutig, ///< with the next free number: "Brief (2).pdf"
-    Genau,     ///< just this one; a taken one is a failure
+    Genau,     ///< just this one; a taken one is a failure. Its other spellings are the caller's to look for
 };
 
 struct Auftrag {

@@ -62,7 +62,7 @@ QByteArray inDerListe(const QByteArray &ordner, const QString &name)
     return treffer;
 }
 
-/** The spelling that @p name has in the folder @p ordner (ends in "/"); empty if no entry has that NFC form. */
+/** Another spelling of @p name in the folder @p ordner (ends in "/"); empty if no other entry has that NFC form. */
 QByteArray schreibweise(const QByteArray &ordner, const QString &name, struct stat &s)
 {
     if (istAscii(name))
@@ -71,7 +71,7 @@ QByteArray schreibweise(const QByteArray &ordner, const QString &name, struct st
     const QStringList moegliche = schreibweisen(gesucht);
     for (const QString &eine : moegliche) {
         QByteArray bytes = eine.toUtf8();
-        if (gibtEs(ordner + bytes, s))
+        if (eine != name && gibtEs(ordner + bytes, s))
             return bytes;
     }
     const QByteArray treffer = moegliche.isEmpty() ? inDerListe(ordner, gesucht) : QByteArray();

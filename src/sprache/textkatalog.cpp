@@ -159,6 +159,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Die andere Seite, also wer schreibt oder an wen es geht. Niemals du selbst. Etwa Finanzamt Meißen oder Sparkasse.",
     u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@",
     u"Die ersten %@ Seiten, wo nötig per Texterkennung.",
+    u"Die vorgemerkten Bewegungen lassen sich nicht lesen",
     u"Diese Seite lässt sich nicht darstellen.",
     u"Diesen Tag gibt es nicht",
     u"Dir fehlt das Recht, sie zu öffnen, oder das Laufwerk meldet einen Fehler.",

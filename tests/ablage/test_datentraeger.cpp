@@ -17,6 +17,7 @@ class TestDatentraeger : public QObject
 private Q_SLOTS:
     void gescheitert_data();
     void gescheitert();
+    void sitzungMitSchreibgeschuetztemOrdner();
     void vieleProgrammeAufEinenNamen();
 };
 
@@ -68,6 +69,37 @@ void TestDatentraeger::gescheitert()
     QCOMPARE(bank.bestand(), vorher);
     QCOMPARE(bank.lesen(1).status, u"bereit"_s);
     QCOMPARE(bank.lesen(1).gegenueber, u"Stadtwerke"_s);
+    QCOMPARE(bank.widersprueche(), QStringList());
+}
+
+/** What lies in a read-only folder has a failure line and stays; the rest of the session is turned back. */
+void TestDatentraeger::sitzungMitSchreibgeschuetztemOrdner()
+{
+    if (QProcess::execute(u"unshare"_s, {u"-Urm"_s, u"true"_s}) != 0)
+        QSKIP("user namespaces are not allowed here");
+    QTemporaryDir ordner;
+    Werkbank bank(ordner.path());
+    bank.uebernehmen(bank.dokument(u"1.pdf"_s, "eins"));
+    const qint64 wasser = bank.dokument(u"2.pdf"_s, "zwei");
+    bank.db()->ausfuehren(u"UPDATE dokumente SET rubrik='Wasser' WHERE id=?"_s, {wasser});
+    bank.uebernehmen(wasser);
+    bank.uebernehmen(bank.dokument(u"3.pdf"_s, "drei"));
+    const auto vorher = bank.bestand();
+    QProcess prozess;
+    prozess.start(u"unshare"_s,
+                  {u"-Urm"_s, u"sh"_s, u"-c"_s,
+                   u"mount --bind \"$1\" \"$1\" && mount -o remount,ro,bind \"$1\" && shift && exec \"$@\""_s, u"sh"_s,
+                   bank.profil().zielWurzel + u"/Privat/Stammdaten/Wasser"_s, QStringLiteral(QUILLMAR_TREIBER),
+                   ordner.path(), bank.profil().zielWurzel, u"move"_s, u"sitzung"_s});
+    QVERIFY(prozess.waitForFinished(60000));
+    QCOMPARE(QString::fromUtf8(prozess.readAllStandardError()),
+             u"2024-03-05 Stadtwerke - Abschlag.pdf: Die Datei ließ sich nicht bewegen: "
+             "der Datenträger ist schreibgeschützt\n"_s);
+    QCOMPARE(prozess.exitCode(), 1);
+    bank.oeffnen();
+    QCOMPARE(bank.bestand(), vorher);
+    QCOMPARE(bank.lesen(wasser).status, u"erledigt"_s);
+    QVERIFY(QFile::exists(bank.quelle(u"1.pdf"_s)) && QFile::exists(bank.quelle(u"3.pdf"_s)));
     QCOMPARE(bank.widersprueche(), QStringList());
 }
 
