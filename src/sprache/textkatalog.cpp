@@ -184,6 +184,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Erneut prüfen",
     u"Erneut starten",
     u"Erneut versuchen",
+    u"Erst wird noch eine Sitzung zurückgedreht",
     u"Es fehlt noch: %@. Das geht auf der Karte Einrichtung.",
     u"Es gibt nichts rückgängig zu machen",
     u"Es ist noch kein Zielordner gewählt",

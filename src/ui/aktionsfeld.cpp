@@ -87,6 +87,14 @@ void Aktionsfeld::setzeTasten(bool imFeld, const QString &hilfe)
             Sprache::text(u"Eingabe übernehmen · Z zurückstellen · D Dublette · U rückgängig · Pfeile blättern"_s));
 }
 
+void Aktionsfeld::setzeDicht(bool dicht) { m_meldung->setzeZweizeilig(!dicht); }
+
+int Aktionsfeld::volleHoehe() const
+{
+    return abstand(16) + knopfhoehe() + 2 * abstand(5) + m_tasten->sizeHint().height() + knopfhoehe() +
+           m_tasten->sizeHint().height();
+}
+
 /** Narrower than its row, the flat buttons drop their words. */
 void Aktionsfeld::einpassen()
 {

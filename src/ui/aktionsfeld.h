@@ -21,6 +21,11 @@ public:
      */
     void setzeTasten(bool imFeld, const QString &hilfe);
 
+    /** Short of height: deed and notice share a line. */
+    void setzeDicht(bool dicht);
+    /** Height when it is not short of height. */
+    [[nodiscard]] int volleHoehe() const;
+
 protected:
     void resizeEvent(QResizeEvent *ereignis) override;
     void paintEvent(QPaintEvent *ereignis) override;

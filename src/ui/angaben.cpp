@@ -189,8 +189,8 @@ void Angaben::anordnen()
     paarAnordnen(Feld::Ablage, paarweise ? 5 : 6, paarweise ? 2 : 0, breite);
     paarAnordnen(Feld::Jahr, 7, 0, 1, Qt::AlignLeft);
     paarAnordnen(Feld::Rubrik, paarweise ? 7 : 8, paarweise ? 2 : 0, breite);
-    m_raster->setColumnStretch(1, paarweise ? 1 : 0);
-    m_raster->setColumnStretch(3, 1);
+    m_raster->setColumnStretch(1, paarweise ? 2 : 0);
+    m_raster->setColumnStretch(3, 3);
     masse();
 }
 

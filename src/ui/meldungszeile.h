@@ -14,6 +14,8 @@ class Meldungszeile : public QWidget
 public:
     explicit Meldungszeile(Zustand *zustand, QWidget *eltern = nullptr);
     void setzeMitText(bool mit);
+    /** Deed and notice on a line each; otherwise both on one, where the end may be left out. */
+    void setzeZweizeilig(bool zweizeilig);
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
@@ -23,5 +25,7 @@ private:
 
     Zustand *m_zustand;
     Elidiertext *m_text;
+    Elidiertext *m_zweite;
     Flachknopf *m_zurueck;
+    bool m_zweizeilig = false;
 };

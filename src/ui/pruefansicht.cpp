@@ -248,10 +248,11 @@ void PruefAnsicht::anordnen()
     const int einHinweis = fontMetrics().lineSpacing() + abstand(10);
     const int bedarf =
         m_vorschlag->volleHoehe() + m_angaben->volleHoehe() + einHinweis + abstand(12) * 2 + abstand(10) * 3;
-    m_dicht = bedarf > height() - m_aktionen->sizeHint().height();
+    m_dicht = bedarf > height() - m_aktionen->volleHoehe();
     const int breite = m_rollen->width();
     m_vorschlag->setzeDicht(m_dicht, Stil::istSchmal(breite));
     m_angaben->setzeDicht(m_dicht, Stil::istSchmal(breite));
+    m_aktionen->setzeDicht(m_dicht);
     const int rand = Stil::seitenrand(breite);
     m_rollen->widget()->layout()->setContentsMargins(rand, abstand(12), rand, abstand(12));
     tastenZeigen();

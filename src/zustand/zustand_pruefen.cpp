@@ -267,8 +267,10 @@ void Zustand::tatFertig(const Tatfolge &folge)
 
 void Zustand::warten(std::function<void()> spaeter)
 {
+    if (m_rueckbauLaeuft) // takes too long for a key to be remembered
+        return melden(Sprache::text(u"Erst wird noch eine Sitzung zurückgedreht"_s));
     // The first one: what is pressed after it was meant for a document that nobody has seen yet.
-    if (!m_spaeter && !m_rueckbauLaeuft)
+    if (!m_spaeter)
         m_spaeter = std::move(spaeter);
 }
 

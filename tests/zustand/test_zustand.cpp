@@ -262,6 +262,39 @@ private Q_SLOTS:
         QCOMPARE(anders(), QString());
     }
 
+    void hinweiseNachIhrerBedingung_data()
+    {
+        using Art = Pruefhinweis::Art;
+        QTest::addColumn<QString>("aenderung");
+        QTest::addColumn<QList<Art>>("arten");
+        QTest::newRow("nichts") << QString() << QList<Art>{};
+        QTest::newRow("Texterkennung") << u"hat_textebene=0"_s << QList<Art>{Art::Texterkennung};
+        QTest::newRow("gelernt") << u"ort_quelle='gelernt'"_s << QList<Art>{Art::Gelernt};
+        QTest::newRow("nachgeprüft") << u"zweitmeinung=1, nachgeprueft=1"_s << QList<Art>{Art::Nachgeprueft};
+        QTest::newRow("nur gefragt") << u"zweitmeinung=1"_s << QList<Art>{};
+        QTest::newRow("ohne Gegenüber") << u"gegenueber=''"_s << QList<Art>{Art::KeinGegenueber};
+        QTest::newRow("Ort unbekannt") << u"alt_ordner='Sonst/Wo'"_s << QList<Art>{};
+        QTest::newRow("gescheitert, ohne Text")
+            << u"fehler='Einordnung nicht möglich: verschlüsselt', gegenueber='', id=id+100"_s
+            << QList<Art>{Art::Fehler, Art::KeinText};
+        QTest::newRow("alles zusammen")
+            << u"hat_textebene=0, gegenueber='', alt_ordner='Verein/Jahresablage/2020/Spenden', ort_quelle='gelernt', aehnlich_zu=id"_s
+            << QList<Art>{Art::Texterkennung, Art::KeinGegenueber, Art::AndererOrt, Art::Gelernt, Art::Aehnlich};
+    }
+    void hinweiseNachIhrerBedingung()
+    {
+        QFETCH(QString, aenderung);
+        QFETCH(QList<Pruefhinweis::Art>, arten);
+        m_b->dokument(u"a.pdf"_s);
+        if (!aenderung.isEmpty())
+            m_b->sql(u"UPDATE dokumente SET "_s + aenderung);
+        beginnen();
+        QList<Pruefhinweis::Art> gefunden;
+        for (const Pruefhinweis &h : m_z->pruefhinweise())
+            gefunden << h.art;
+        QCOMPARE(gefunden, arten);
+    }
+
     void ohneZielWirdNichtAbgelegt_data()
     {
         QTest::addColumn<QString>("ziel");
