@@ -13,6 +13,7 @@
 #include "zeichen.h"
 #include "zustand.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -27,6 +28,7 @@ namespace
 constexpr QSize kleinste(1100, 700);
 constexpr QSize erste(1280, 860);
 constexpr auto auffrischung = 3s;
+constexpr auto laengstesWarten = 300ms; // for a catalogue that is slow to open
 constexpr auto schluesselOrt = "fenster"_L1;
 
 QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster)
@@ -95,6 +97,9 @@ void Hauptfenster::aufbauen()
     karten->addWidget(new AblaufAnsicht(m_zustand, karten));
     karten->addWidget(new PruefAnsicht(m_zustand, karten));
     karten->addWidget(leereKarte(Reiter::protokoll, karten));
+    // Which card is the first one shows only when the profile has been looked at: until then none flashes up.
+    karten->setVisible(m_gewaehlt);
+    m_karten = karten;
     setCentralWidget(inhalt);
     const auto zeigen = [this, karten] {
         karten->setCurrentIndex(int(m_zustand->reiter()));
@@ -120,6 +125,20 @@ void Hauptfenster::showEvent(QShowEvent *ereignis)
     if (std::exchange(m_begonnen, true))
         return;
     m_zustand->beginnen(m_profil);
+    if (!m_zustand->oeffnet())
+        return ersteKarteZeigen();
+    connect(m_zustand, &Zustand::bereitschaftGeaendert, this, &Hauptfenster::ersteKarteZeigen);
+    connect(m_zustand, &Zustand::reiterGeaendert, this, &Hauptfenster::ersteKarteZeigen);
+    QTimer::singleShot(laengstesWarten, this, &Hauptfenster::ersteKarteZeigen);
+}
+
+void Hauptfenster::ersteKarteZeigen()
+{
+    if (std::exchange(m_gewaehlt, true))
+        return;
+    m_karten->show();
+    m_karten->setCurrentIndex(int(m_zustand->reiter()));
+    m_karten->currentWidget()->setFocus();
 }
 
 /** A file that is being moved reaches its place first; asked twice, it is left
@@ -136,4 +155,7 @@ void Hauptfenster::closeEvent(QCloseEvent *ereignis)
     }
     m_takt.stop();
     QMainWindow::closeEvent(ereignis);
+    // The program ends with this window, whatever other one is open.
+    QMetaObject::invokeMethod(
+        qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 class Fenstersprache;
+class QStackedWidget;
 class Zustand;
 
 /** The program's window: top bar, four cards chosen by tabs, status line. */
@@ -23,12 +25,15 @@ protected:
 
 private:
     void aufbauen();
+    void ersteKarteZeigen();
     void titelSetzen();
 
     Zustand *m_zustand;
     Fenstersprache *m_sprache;
     QString m_profil;
     QTimer m_takt;
+    QPointer<QStackedWidget> m_karten;
     bool m_begonnen = false;
+    bool m_gewaehlt = false; ///< the first card is on show
     bool m_schliesst = false;
 };
