@@ -1,6 +1,8 @@
+#include "diagnose.h"
 #include "quillmarapp.h"
 #include "sprache.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <cstdio>
 #include <cstdlib>
@@ -45,7 +47,8 @@ int main(int anzahl, char **argumente)
     for (int i = 1; i < anzahl; ++i) {
         const QByteArrayView argument(argumente[i]);
         if (argument == "--version") {
-            sagen(stdout, QStringLiteral("Quillmar ") + QStringLiteral(QUILLMAR_FASSUNG));
+            const QCoreApplication programm(anzahl, argumente);
+            sagen(stdout, Diagnose::zeilen().join(u'\n'));
             return 0;
         }
         if (argument == "--help") {

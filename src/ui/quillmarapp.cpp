@@ -1,5 +1,6 @@
 #include "quillmarapp.h"
 
+#include "einzelfenster.h"
 #include "fenstermenue.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
@@ -34,6 +35,7 @@ QuillmarApp::QuillmarApp(int &anzahl, char **argumente) : QApplication(anzahl, a
     setDesktopFileName(u"quillmar"_s);
     setApplicationVersion(QStringLiteral(QUILLMAR_FASSUNG));
     QIcon::setFallbackThemeName(u"breeze"_s);
+    setWindowIcon(QIcon::fromTheme(u"quillmar"_s, QIcon(u":/quillmar.svg"_s)));
     Zustand::ordnerwaehler = ordnerFragen;
     Zustand::protokollwaehler = protokollFragen;
 }
@@ -42,6 +44,10 @@ QuillmarApp::~QuillmarApp() = default;
 
 int QuillmarApp::laufen(const QString &profil)
 {
+    m_einzeln = std::make_unique<Einzelfenster>();
+    if (!m_einzeln->anmelden(profil))
+        return 0;
+    connect(m_einzeln.get(), &Einzelfenster::geweckt, this, &QuillmarApp::nachVorn);
     m_sprache = std::make_unique<Fenstersprache>();
     schriftgroesseAnwenden();
     m_zustand = std::make_unique<Zustand>();
@@ -51,4 +57,18 @@ int QuillmarApp::laufen(const QString &profil)
     m_fenster.reset();
     m_zustand.reset();
     return ende;
+}
+
+void QuillmarApp::nachVorn(const QString &profil)
+{
+    if (!m_fenster)
+        return;
+    for (const Profil &p : m_zustand->profile()) {
+        if (!profil.isEmpty() && p.name == profil)
+            m_zustand->aktivieren(p.id);
+    }
+    m_fenster->setWindowState(m_fenster->windowState() & ~Qt::WindowMinimized);
+    m_fenster->show();
+    m_fenster->raise();
+    m_fenster->activateWindow();
 }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <memory>
 
+class Einzelfenster;
 class Fenstersprache;
 class Hauptfenster;
 class Zustand;
@@ -17,11 +18,17 @@ public:
     QuillmarApp(int &anzahl, char **argumente);
     ~QuillmarApp() override;
 
-    /** Opens the window with the profile called @p profil, the first one when
-     * empty. Returns the exit status. */
+    /**
+     * Opens the window with the profile called @p profil, the first one when
+     * empty. Returns the exit
+     * status, at once when the user has a window already, which then comes to the front.
+     */
     int laufen(const QString &profil);
 
 private:
+    void nachVorn(const QString &profil);
+
+    std::unique_ptr<Einzelfenster> m_einzeln;
     std::unique_ptr<Zustand> m_zustand;
     std::unique_ptr<Fenstersprache> m_sprache;
     std::unique_ptr<Hauptfenster> m_fenster;
