@@ -2,6 +2,7 @@
 
 #include "einstellungen.h"
 #include "fenstersprache.h"
+#include "handbuchfenster.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -33,6 +34,14 @@ Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(elt
     schriftBauen();
     sprachenBauen();
     addSeparator();
+    QAction *handbuch = addAction(Sprache::text(u"Handbuch"_s));
+    handbuch->setObjectName(u"handbuch"_s);
+    handbuch->setShortcut(QKeySequence(Qt::Key_F1));
+    connect(handbuch, &QAction::triggered, this, [this, fenster = eltern->window()] {
+        if (!m_handbuch)
+            m_handbuch = new Handbuchfenster(fenster);
+        m_handbuch->zeigen();
+    });
     QAction *beenden = addAction(Sprache::text(u"Beenden"_s));
     beenden->setObjectName(u"beenden"_s);
     beenden->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));

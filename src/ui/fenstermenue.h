@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QMenu>
+#include <QPointer>
 
 class Fenstersprache;
+class Handbuchfenster;
 
 /** The menu at the right end of the top bar. */
 class Fenstermenue : public QMenu
@@ -18,6 +20,7 @@ private:
     void schriftAendern(double punkte);
 
     Fenstersprache *m_sprache;
+    QPointer<Handbuchfenster> m_handbuch;
 };
 
 /** Takes the stored font size over into the running program; without one the desktop's. */

@@ -1,0 +1,70 @@
+#include "handbuchfenster.h"
+
+#include "sprache.h"
+#include "stil.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QShortcut>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+namespace
+{
+/** Beside the language files, installed and in the build tree. */
+QString handbuchordner() { return Sprache::mitgelieferterOrdner() + u"/../Handbuch"_s; }
+
+/** A heading the way links name it. */
+QString marke(const QString &ueberschrift)
+{
+    static const QRegularExpression anderes(u"[^\\w -]"_s, QRegularExpression::UseUnicodePropertiesOption);
+    return ueberschrift.toLower().remove(anderes).replace(u' ', u'-');
+}
+} // namespace
+
+Handbuchfenster::Handbuchfenster(QWidget *eltern) : QWidget(eltern, Qt::Window), m_text(new QTextBrowser(this))
+{
+    setObjectName(u"handbuch"_s);
+    setWindowTitle(Sprache::text(u"Handbuch"_s));
+    auto *spalte = new QVBoxLayout(this);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->addWidget(m_text);
+    m_text->setObjectName(u"handbuchtext"_s);
+    m_text->setAccessibleName(windowTitle());
+    m_text->setOpenLinks(false);
+    m_text->setFrameShape(QFrame::NoFrame);
+    m_text->setSearchPaths({handbuchordner()});
+    m_text->document()->setDocumentMargin(abstand(24));
+    connect(m_text, &QTextBrowser::anchorClicked, this, &Handbuchfenster::verweisFolgen);
+    auto *zu = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(zu, &QShortcut::activated, this, &QWidget::close);
+    resize(abstand(860), abstand(760));
+}
+
+void Handbuchfenster::zeigen(const QString &kapitel)
+{
+    QFile datei(handbuchordner() + u"/handbuch.md"_s);
+    m_text->setMarkdown(datei.open(QIODevice::ReadOnly)
+                            ? QString::fromUtf8(datei.readAll())
+                            : Sprache::text(u"Das Handbuch fehlt: Die Installation ist unvollständig"_s));
+    show();
+    raise();
+    activateWindow();
+    verweisFolgen(QUrl(u'#' + kapitel));
+}
+
+/** Only places in the handbook itself: nothing here opens a page of the network. */
+void Handbuchfenster::verweisFolgen(const QUrl &ziel)
+{
+    for (QTextBlock absatz = m_text->document()->begin(); absatz.isValid(); absatz = absatz.next()) {
+        if (absatz.blockFormat().headingLevel() == 0 || marke(absatz.text()) != ziel.fragment(QUrl::FullyDecoded))
+            continue;
+        m_text->moveCursor(QTextCursor::End); // so that the heading comes to the top
+        m_text->setTextCursor(QTextCursor(absatz));
+        return;
+    }
+}
