@@ -15,8 +15,28 @@ using Stil::abstand;
 
 namespace
 {
+constexpr int bildbreite = 780;
+
 /** Beside the language files, installed and in the build tree. */
 QString handbuchordner() { return Sprache::mitgelieferterOrdner() + u"/../Handbuch"_s; }
+
+/** Pictures no wider than the text. */
+class Lesetext : public QTextBrowser
+{
+public:
+    using QTextBrowser::QTextBrowser;
+
+protected:
+    QVariant loadResource(int art, const QUrl &name) override
+    {
+        const QVariant geladen = QTextBrowser::loadResource(art, name);
+        if (art != QTextDocument::ImageResource)
+            return geladen;
+        const QImage bild = QImage::fromData(geladen.toByteArray());
+        const int breite = abstand(bildbreite);
+        return bild.width() > breite ? bild.scaledToWidth(breite, Qt::SmoothTransformation) : bild;
+    }
+};
 
 /** A heading the way links name it. */
 QString marke(const QString &ueberschrift)
@@ -26,7 +46,7 @@ QString marke(const QString &ueberschrift)
 }
 } // namespace
 
-Handbuchfenster::Handbuchfenster(QWidget *eltern) : QWidget(eltern, Qt::Window), m_text(new QTextBrowser(this))
+Handbuchfenster::Handbuchfenster(QWidget *eltern) : QWidget(eltern, Qt::Window), m_text(new Lesetext(this))
 {
     setObjectName(u"handbuch"_s);
     setWindowTitle(Sprache::text(u"Handbuch"_s));

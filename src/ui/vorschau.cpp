@@ -59,6 +59,10 @@ Vorschau::Vorschau(QWidget *eltern)
     m_stapel->addWidget(m_ansicht);
     m_stapel->addWidget(m_leer);
     m_ansicht->setObjectName(u"vorschau"_s);
+    // The row stands above the page: from the page Tab goes on to the next pane.
+    const QList<QWidget *> folge = {m_kleiner, m_groesser, m_breite, m_ganzeSeite, m_zurueck, m_ansicht};
+    for (qsizetype n = 1; n < folge.size(); ++n)
+        setTabOrder(folge.at(n - 1), folge.at(n));
     verbinden();
     beschriften();
     befundZeigen();
@@ -94,10 +98,6 @@ void Vorschau::zeileAufbauen()
     m_seiten->setTextFormat(Qt::PlainText);
     m_seiten->setMinimumWidth(1);
     Stil::nebentext(m_seiten);
-    // The row stands above the page: from the page Tab goes on to the next pane.
-    const QList<QWidget *> folge = {m_kleiner, m_groesser, m_breite, m_ganzeSeite, m_zurueck, m_ansicht};
-    for (qsizetype n = 1; n < folge.size(); ++n)
-        setTabOrder(folge.at(n - 1), folge.at(n));
     Stil::folgen(this, [this, reihe] {
         m_zeile->setFixedHeight(Stil::abstand(zeilenhoehe));
         for (Flachknopf *knopf : zoomknoepfe())

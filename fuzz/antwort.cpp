@@ -1,0 +1,30 @@
+#include "einordnung.h"
+#include "fehler.h"
+#include "ollama.h"
+#include "pruefziel.h"
+
+using namespace Qt::StringLiterals;
+
+/** Whatever a model says: no place that the profile lacks, no certainty outside 0 to 1, no date of another form. */
+void pruefen(const QByteArray &eingabe)
+{
+    static const Profil profil = [] {
+        Profil p;
+        p.zweige = {
+            {.name = u"Privat"_s, .ablagen = {{.name = u"Jahresablage"_s, .mitJahr = true, .rubriken = {u"Strom"_s}}}}};
+        return p;
+    }();
+    try {
+        const Einordnungsergebnis e =
+            Einordnung::auswerten(Ollama::objektAus(QString::fromUtf8(eingabe)), u"Scan.pdf"_s, profil);
+        verlangen(e.konfidenz >= 0 && e.konfidenz <= 1);
+        verlangen(e.datum.isEmpty() || Einordnung::istDatum(e.datum));
+        verlangen(e.zweig.isEmpty() || profil.zweig(e.zweig));
+        verlangen(e.ablage.isEmpty() || profil.ablageart(e.zweig, e.ablage));
+        verlangen(e.rubrik.isEmpty() || profil.kennt(e.ort()));
+    } catch (const Fehler &) {
+        // said to the user; that is what it is for
+    }
+    QString fehler;
+    static_cast<void>(Ollama::fortschritt(eingabe, fehler));
+}

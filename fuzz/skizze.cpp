@@ -1,0 +1,14 @@
+#include "skizze.h"
+#include "pruefziel.h"
+
+/** A stored sketch of any text, and the sketch of any text: at most 64 values, the same after storing. */
+void pruefen(const QByteArray &eingabe)
+{
+    const QString text = QString::fromUtf8(eingabe);
+    static_cast<void>(Skizze::ausJson(text));
+    const Skizze skizze(text);
+    const QList<quint64> werte = skizze.werte();
+    verlangen(werte.size() <= Skizze::umfang);
+    verlangen(Skizze::ausJson(Skizze::json(werte)) == werte);
+    static_cast<void>(skizze.textHash());
+}
