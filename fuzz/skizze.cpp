@@ -9,6 +9,8 @@ void pruefen(const QByteArray &eingabe)
     const Skizze skizze(text);
     const QList<quint64> werte = skizze.werte();
     verlangen(werte.size() <= Skizze::umfang);
-    verlangen(Skizze::ausJson(Skizze::json(werte)) == werte);
+    const auto noch = Skizze::ausJson(Skizze::json(werte));
+    // Qt compares empty lists by memcmp with null pointers, which the sanitizer does not like.
+    verlangen(noch && noch->size() == werte.size() && (werte.isEmpty() || *noch == werte));
     static_cast<void>(skizze.textHash());
 }
