@@ -11,6 +11,7 @@
 #include "zustand.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QIcon>
 #include <QStyleFactory>
@@ -24,6 +25,12 @@ namespace
 {
 constexpr int laengstens = 10'000; // ms
 constexpr int stille = 400;        // ms without anything that still moves
+
+void gesperrt(QPalette &p, const QColor &farbe)
+{
+    for (const auto rolle : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        p.setColor(QPalette::Disabled, rolle, farbe);
+}
 
 /** The colours of a dark desktop; without a desktop none would be set. */
 QPalette dunkel()
@@ -40,6 +47,7 @@ QPalette dunkel()
     p.setColor(QPalette::Link, QColor(0x3daee9));
     p.setColor(QPalette::ToolTipBase, QColor(0x31363b));
     p.setColor(QPalette::ToolTipText, QColor(0xfcfcfc));
+    gesperrt(p, QColor(0x767a7e));
     return p;
 }
 
@@ -53,6 +61,7 @@ QPalette hell()
     p.setColor(QPalette::Highlight, QColor(0x2a6ea8));
     p.setColor(QPalette::HighlightedText, Qt::white);
     p.setColor(QPalette::Link, QColor(0x2a6ea8));
+    gesperrt(p, QColor(0x9a9c9e));
     return p;
 }
 
@@ -69,7 +78,9 @@ bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, Fenstersprache &sprach
     if (bild.vorher)
         bild.vorher(zustand, fenster);
     ruhe();
-    return fenster.grab().save(ordner + u'/' + bild.name + u".png"_s);
+    auto *anderes = bild.fenster.isEmpty() ? nullptr : fenster.findChild<QDialog *>(bild.fenster);
+    QWidget &ziel = anderes ? static_cast<QWidget &>(*anderes) : fenster;
+    return ziel.grab().save(ordner + u'/' + bild.name + u".png"_s);
 }
 
 void analysieren(Zustand &zustand)

@@ -15,6 +15,7 @@ struct Buehnenbild {
     double punkte = 10;
     bool dunkel = false;
     QString sprache = QStringLiteral("de");
+    QString fenster = {}; ///< name of the other window that is taken instead
 };
 
 /** All pictures, in an order in which each one's state leads to the next. */

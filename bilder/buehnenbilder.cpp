@@ -4,6 +4,8 @@
 #include "zustand.h"
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QFile>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +40,38 @@ void hinweise(Zustand &zustand, Hauptfenster &fenster)
                        u"Festsetzungsbescheid über die Erstattung von Grunderwerbsnebenkosten und Erschließung"_s);
     if (auto *feld = fenster.findChild<QLineEdit *>(u"titel"_s))
         feld->setFocus();
+}
+/** A running session of some length, with a step taken back and a file that somebody has put elsewhere. */
+void protokoll(Zustand &zustand, Hauptfenster &)
+{
+    const auto fertig = [&] { return !zustand.beschaeftigt(); };
+    if (!zustand.laufendesBuch() || Protokollbuch::lesen(zustand.laufendesBuch()->datei()).size() < 8) {
+        zustand.zurueckgestellteVorlegen();
+        laufenBis(fertig);
+        for (int n = 0; n < 12 && zustand.aktuelles(); ++n)
+            uebernehmen(zustand);
+        zustand.rueckgaengig();
+        laufenBis(fertig);
+        const QList<Protokollzeile> zeilen = Protokollbuch::lesen(zustand.laufendesBuch()->datei());
+        QFile::remove(zeilen.value(2).nach);
+    }
+    zustand.setzeReiter(Reiter::protokoll);
+    if (zustand.protokollDatei() != zustand.laufendesBuch()->datei())
+        zustand.protokollWaehlen(zustand.laufendesBuch()->datei());
+}
+
+void protokollfrage(Zustand &zustand, Hauptfenster &fenster)
+{
+    protokoll(zustand, fenster);
+    ruhe();
+    if (auto *knopf = fenster.findChild<QAbstractButton *>(u"sitzungZurueckdrehen"_s))
+        knopf->click();
+}
+
+void info(Zustand &, Hauptfenster &fenster)
+{
+    if (auto *eintrag = fenster.findChild<QAction *>(u"info"_s))
+        eintrag->trigger();
 }
 } // namespace
 
@@ -77,5 +111,17 @@ QList<Buehnenbild> buehnenbilder()
                      laufenBis([&] { return !zustand.beschaeftigt(); });
                  }
              }},
+        {.name = u"protokoll"_s, .vorher = protokoll},
+        {.name = u"protokoll-dunkel"_s, .vorher = protokoll, .dunkel = true},
+        {.name = u"protokoll-schrift18"_s, .vorher = protokoll, .groesse = klein, .punkte = 18},
+        {.name = u"protokoll-englisch"_s, .vorher = protokoll, .groesse = klein, .punkte = 9, .sprache = u"en"_s},
+        {.name = u"protokoll-frage"_s, .vorher = protokollfrage, .dunkel = true},
+        {.name = u"info"_s, .vorher = info, .fenster = u"info"_s},
+        {.name = u"info-dunkel-englisch"_s,
+         .vorher = info,
+         .punkte = 13,
+         .dunkel = true,
+         .sprache = u"en"_s,
+         .fenster = u"info"_s},
     };
 }

@@ -42,6 +42,9 @@ Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(elt
             m_handbuch = new Handbuchfenster(fenster);
         m_handbuch->zeigen();
     });
+    QAction *info = addAction(Sprache::text(u"Info"_s));
+    info->setObjectName(u"info"_s);
+    connect(info, &QAction::triggered, this, &Fenstermenue::infoGewuenscht);
     QAction *beenden = addAction(Sprache::text(u"Beenden"_s));
     beenden->setObjectName(u"beenden"_s);
     beenden->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));

@@ -14,6 +14,9 @@ class Fenstermenue : public QMenu
 public:
     Fenstermenue(Fenstersprache *sprache, QWidget *eltern);
 
+Q_SIGNALS:
+    void infoGewuenscht();
+
 private:
     void schriftBauen();
     void sprachenBauen();

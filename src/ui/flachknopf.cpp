@@ -51,7 +51,8 @@ QSize Flachknopf::sizeHint() const
     const int hoehe = m_hoch ? knopfhoehe() : kante + abstand(12);
     if (toolButtonStyle() == Qt::ToolButtonIconOnly)
         return {kante + abstand(8), hoehe};
-    return {kante + abstand(6) + fontMetrics().horizontalAdvance(text()) + abstand(18), hoehe};
+    const int zeichen = icon().isNull() ? 0 : kante + abstand(6);
+    return {zeichen + fontMetrics().horizontalAdvance(text()) + abstand(18), hoehe};
 }
 
 /** The platform's frame with our own distance between icon and text. */
@@ -69,6 +70,6 @@ void Flachknopf::paintEvent(QPaintEvent *)
     icon().paint(&maler, QRect(x, (height() - kante) / 2, kante, kante), Qt::AlignCenter,
                  isEnabled() ? QIcon::Normal : QIcon::Disabled, isChecked() ? QIcon::On : QIcon::Off);
     if (mitText)
-        maler.drawItemText(rect().adjusted(x + kante + abstand(6), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                           palette(), isEnabled(), text(), QPalette::ButtonText);
+        maler.drawItemText(rect().adjusted(icon().isNull() ? x : x + kante + abstand(6), 0, 0, 0),
+                           Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), text(), QPalette::ButtonText);
 }

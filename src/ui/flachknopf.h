@@ -8,7 +8,8 @@ class Flachknopf : public QToolButton
     Q_OBJECT
 
 public:
-    /** @p symbol names the icon, see Zeichen; @p titel may be shown beside it; @p hilfe says what it does. */
+    /** @p symbol names the icon, see Zeichen; empty: none. @p titel may be shown beside it; @p hilfe says what it does.
+     */
     Flachknopf(const QString &name, const QString &symbol, const QString &titel, const QString &hilfe,
                QWidget *eltern = nullptr);
 

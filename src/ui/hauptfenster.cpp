@@ -1,12 +1,15 @@
 #include "hauptfenster.h"
 
 #include "ablaufansicht.h"
+#include "aktualisierung.h"
 #include "einstellungen.h"
 #include "fenstermenue.h"
 #include "fenstersprache.h"
 #include "fusszeile.h"
+#include "infofenster.h"
 #include "kopfleiste.h"
 #include "leeransicht.h"
+#include "protokollansicht.h"
 #include "pruefansicht.h"
 #include "reiter.h"
 #include "sprache.h"
@@ -31,7 +34,7 @@ constexpr auto auffrischung = 3s;
 constexpr auto laengstesWarten = 300ms; // for a catalogue that is slow to open
 constexpr auto schluesselOrt = "fenster"_L1;
 
-QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster)
+QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster, const std::function<void()> &info)
 {
     auto *knopf = new QToolButton(fenster);
     knopf->setObjectName(u"menueknopf"_s);
@@ -39,10 +42,12 @@ QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster)
     knopf->setFocusPolicy(Qt::TabFocus);
     knopf->setIcon(Zeichen::icon(u"menu"_s));
     knopf->setAccessibleName(Sprache::text(u"Menü"_s));
-    knopf->setToolTip(Sprache::text(u"Schriftgröße, Sprache, Beenden"_s));
+    knopf->setToolTip(Sprache::text(u"Schriftgröße, Sprache, Info, Beenden"_s));
     knopf->setPopupMode(QToolButton::InstantPopup);
     knopf->setStyleSheet(u"QToolButton::menu-indicator { image: none; }"_s);
-    knopf->setMenu(new Fenstermenue(sprache, knopf));
+    auto *menue = new Fenstermenue(sprache, knopf);
+    knopf->setMenu(menue);
+    QObject::connect(menue, &Fenstermenue::infoGewuenscht, fenster, info);
     // Otherwise its shortcuts would only work while it is open.
     fenster->addActions(knopf->menu()->actions());
     return knopf;
@@ -57,7 +62,8 @@ QWidget *leereKarte(Reiter reiter, QWidget *eltern)
 } // namespace
 
 Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QString &profil, QWidget *eltern)
-    : QMainWindow(eltern), m_zustand(zustand), m_sprache(sprache), m_profil(profil)
+    : QMainWindow(eltern), m_zustand(zustand), m_sprache(sprache), m_profil(profil),
+      m_aktualisierung(new Aktualisierung(this))
 {
     setObjectName(u"hauptfenster"_s);
     setMinimumSize(kleinste);
@@ -73,6 +79,7 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     });
     connect(&m_takt, &QTimer::timeout, m_zustand, &Zustand::aktualisieren);
     m_takt.start(auffrischung);
+    connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Hauptfenster::updateMelden);
     titelSetzen();
 }
 
@@ -90,13 +97,14 @@ void Hauptfenster::aufbauen()
     spalte->setSpacing(0);
     auto *karten = new QStackedWidget(inhalt);
     karten->setObjectName(u"karten"_s);
-    spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this), inhalt));
+    const auto info = [this] { Infofenster::oeffnen(m_zustand, m_aktualisierung, m_sprache, this); };
+    spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info), inhalt));
     spalte->addWidget(karten, 1);
     spalte->addWidget(new Fusszeile(m_zustand, inhalt));
     karten->addWidget(leereKarte(Reiter::einrichtung, karten));
     karten->addWidget(new AblaufAnsicht(m_zustand, karten));
     karten->addWidget(new PruefAnsicht(m_zustand, karten));
-    karten->addWidget(leereKarte(Reiter::protokoll, karten));
+    karten->addWidget(new ProtokollAnsicht(m_zustand, karten));
     // Which card is the first one shows only when the profile has been looked at: until then none flashes up.
     karten->setVisible(m_gewaehlt);
     m_karten = karten;
@@ -125,6 +133,7 @@ void Hauptfenster::showEvent(QShowEvent *ereignis)
     if (std::exchange(m_begonnen, true))
         return;
     m_zustand->beginnen(m_profil);
+    m_aktualisierung->beimStart();
     if (!m_zustand->oeffnet())
         return ersteKarteZeigen();
     connect(m_zustand, &Zustand::bereitschaftGeaendert, this, &Hauptfenster::ersteKarteZeigen);
@@ -139,6 +148,14 @@ void Hauptfenster::ersteKarteZeigen()
     m_karten->show();
     m_karten->setCurrentIndex(int(m_zustand->reiter()));
     m_karten->currentWidget()->setFocus();
+}
+
+/** A newer version is told of, everything else in the info window only. */
+void Hauptfenster::updateMelden()
+{
+    const auto &ergebnis = m_aktualisierung->ergebnis();
+    if (!m_aktualisierung->laeuft() && ergebnis && ergebnis->art == Aktualisierung::Ergebnis::Art::neuereDa)
+        m_zustand->melden(Aktualisierung::satz(*ergebnis), Zustand::Ton::ruhig);
 }
 
 /** A file that is being moved reaches its place first; asked twice, it is left

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QTimer>
 
+class Aktualisierung;
 class Fenstersprache;
 class QStackedWidget;
 class Zustand;
@@ -27,10 +28,12 @@ private:
     void aufbauen();
     void ersteKarteZeigen();
     void titelSetzen();
+    void updateMelden();
 
     Zustand *m_zustand;
     Fenstersprache *m_sprache;
     QString m_profil;
+    Aktualisierung *m_aktualisierung;
     QTimer m_takt;
     QPointer<QStackedWidget> m_karten;
     bool m_begonnen = false;

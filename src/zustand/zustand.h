@@ -153,6 +153,8 @@ public:
     [[nodiscard]] const Protokollbuch *laufendesBuch() const { return m_buch.get(); }
     void protokolleListen();
     void protokollWaehlen(const std::optional<QString> &datei);
+    /** Reads on in the shown log, to which the running session may have added. */
+    void protokollAuffrischen();
     void protokollDateiWaehlen();
     void protokollZurueckdrehen();
 
@@ -221,7 +223,7 @@ private:
     void vorgangSetzen(const QString &text, double anteil);
     void modellSetzen(const Modellstand &stand);
     void lernenAendern(const std::function<void(Lernspeicher &)> &aenderung, const QString &erfolg);
-    void rueckbauFertig(const Bilanz &bilanz, qint64 gesamt);
+    void rueckbauFertig(const Bilanz &bilanz);
 
     QList<Profil> m_profile;
     std::optional<Profil> m_aktiv;

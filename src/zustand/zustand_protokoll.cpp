@@ -10,6 +10,11 @@ namespace
 struct Sitzung {
     std::optional<Protokollkopf> kopf;
     QList<Protokollzeile> zeilen;
+
+    static Sitzung von(const QString &datei)
+    {
+        return {.kopf = Protokollbuch::kopf(datei), .zeilen = Protokollbuch::lesen(datei)};
+    }
 };
 } // namespace
 
@@ -42,8 +47,7 @@ void Zustand::protokollWaehlen(const std::optional<QString> &datei)
     if (!datei)
         return;
     imHintergrund(
-        this,
-        [datei = *datei] { return Sitzung{.kopf = Protokollbuch::kopf(datei), .zeilen = Protokollbuch::lesen(datei)}; },
+        this, [datei = *datei] { return Sitzung::von(datei); },
         [this, nummer](const Ausgang<Sitzung> &ausgang) {
             if (nummer != m_protokollfrage)
                 return;
@@ -51,6 +55,22 @@ void Zustand::protokollWaehlen(const std::optional<QString> &datei)
             m_protokollKopf = sitzung.kopf;
             m_protokollZeilen = sitzung.zeilen;
             m_protokollLaedt = false;
+            Q_EMIT protokollGeaendert();
+        });
+}
+
+void Zustand::protokollAuffrischen()
+{
+    if (!m_protokollDatei || m_protokollLaedt)
+        return;
+    imHintergrund(
+        this, [datei = *m_protokollDatei] { return Sitzung::von(datei); },
+        [this, nummer = m_protokollfrage](const Ausgang<Sitzung> &ausgang) {
+            // Lines are only ever added.
+            if (nummer != m_protokollfrage || !ausgang.wert || ausgang.wert->zeilen.size() <= m_protokollZeilen.size())
+                return;
+            m_protokollKopf = ausgang.wert->kopf;
+            m_protokollZeilen = ausgang.wert->zeilen;
             Q_EMIT protokollGeaendert();
         });
 }
@@ -85,21 +105,20 @@ void Zustand::protokollZurueckdrehen()
         [datei = *m_protokollDatei, db = m_db, fortschritt] {
             return Protokollbuch::zurueckdrehen(datei, db, fortschritt);
         },
-        [this, gesamt = m_protokollZeilen.size()](const Ausgang<Bilanz> &ausgang) {
+        [this](const Ausgang<Bilanz> &ausgang) {
             Bilanz bilanz = ausgang.wert.value_or(Bilanz{});
             if (!ausgang.wert)
                 bilanz.fehler << ausgang.fehler;
-            rueckbauFertig(bilanz, gesamt);
+            rueckbauFertig(bilanz);
         });
 }
 
-void Zustand::rueckbauFertig(const Bilanz &bilanz, qint64 gesamt)
+void Zustand::rueckbauFertig(const Bilanz &bilanz)
 {
     const qint64 fehler = bilanz.fehler.size();
-    const qint64 uebersprungen = gesamt - bilanz.zurueckgedreht - fehler;
     QStringList teile = {gefuellt(Sprache::text(u"%@ zurückgeholt"_s), {QString::number(bilanz.zurueckgedreht)})};
-    if (uebersprungen >= 1)
-        teile << gefuellt(Sprache::text(u"%@ übersprungen"_s), {QString::number(uebersprungen)});
+    if (bilanz.uebersprungen >= 1)
+        teile << gefuellt(Sprache::text(u"%@ übersprungen"_s), {QString::number(bilanz.uebersprungen)});
     if (fehler >= 1)
         teile << gefuellt(Sprache::text(u"%@ Fehler"_s), {QString::number(fehler)});
     m_rueckbauMeldung = teile.join(u", "_s);

@@ -1,0 +1,131 @@
+#include "bewegungsmodell.h"
+
+#include "kurzpfad.h"
+#include "pfade.h"
+#include "sprache.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QString unter(const QString &pfad, const QString &ordner)
+{
+    return !ordner.isEmpty() && pfad.startsWith(ordner + u'/') ? pfad.mid(ordner.size() + 1) : kurzpfad(pfad);
+}
+} // namespace
+
+QString standwort(Bewegungsstand stand)
+{
+    switch (stand) {
+    case Bewegungsstand::zurueck:
+        return Sprache::text(u"zurückgedreht"_s);
+    case Bewegungsstand::verschwunden:
+        return Sprache::text(u"nicht gefunden"_s);
+    case Bewegungsstand::fehler:
+        return Sprache::text(u"Fehler"_s);
+    case Bewegungsstand::unbekannt:
+    case Bewegungsstand::amZiel:
+        break;
+    }
+    return {};
+}
+
+QString standsymbol(Bewegungsstand stand)
+{
+    switch (stand) {
+    case Bewegungsstand::amZiel:
+        return u"checkmark.circle"_s;
+    case Bewegungsstand::zurueck:
+        return u"arrow.uturn.backward"_s;
+    case Bewegungsstand::verschwunden:
+        return u"questionmark.circle"_s;
+    case Bewegungsstand::fehler:
+        return u"xmark.circle"_s;
+    case Bewegungsstand::unbekannt:
+        break;
+    }
+    return {};
+}
+
+Bewegungsmodell::Bewegungsmodell(QObject *vater) : QAbstractListModel(vater)
+{
+    connect(&m_staende, &Bewegungsstaende::erkannt, this,
+            [this](qsizetype von, qsizetype bis) { Q_EMIT dataChanged(index(int(von)), index(int(bis))); });
+}
+
+void Bewegungsmodell::setzen(const QList<Protokollzeile> &zeilen, const QString &quelle, const QString &ziel)
+{
+    const qsizetype bisher = m_zeilen.size();
+    const bool fortsetzung = bisher > 0 && zeilen.size() > bisher && zeilen.first() == m_zeilen.first() &&
+                             zeilen.at(bisher - 1) == m_zeilen.last();
+    if (fortsetzung)
+        beginInsertRows({}, int(bisher), int(zeilen.size()) - 1);
+    else
+        beginResetModel();
+    m_zeilen = zeilen;
+    m_quelle = quelle;
+    m_ziel = ziel;
+    fortsetzung ? m_staende.fortsetzen(zeilen) : m_staende.setzen(zeilen);
+    fortsetzung ? endInsertRows() : endResetModel();
+}
+
+void Bewegungsmodell::setzeGescheiterte(const QStringList &fehler)
+{
+    m_gescheiterte.clear();
+    for (const QString &zeile : fehler) {
+        const qsizetype ende = zeile.indexOf(u": "_s);
+        m_gescheiterte.insert(zeile.left(ende), zeile.mid(ende + 2));
+    }
+}
+
+int Bewegungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.isValid() ? 0 : int(m_zeilen.size()); }
+
+/** What could not be turned back still lies where the movement brought it. */
+Bewegungsstand Bewegungsmodell::stand(int stelle) const
+{
+    const Bewegungsstand stand = m_staende.stand(stelle);
+    const bool gescheitert = stand == Bewegungsstand::amZiel && !m_gescheiterte.isEmpty() &&
+                             m_gescheiterte.contains(nameVon(m_zeilen.at(stelle).nach));
+    return gescheitert ? Bewegungsstand::fehler : stand;
+}
+
+QString Bewegungsmodell::ansage(int stelle) const
+{
+    const Bewegungsstand s = stand(stelle);
+    const QString wort = s == Bewegungsstand::amZiel ? Sprache::text(u"am Ziel"_s) : standwort(s);
+    const QString zeilen = data(index(stelle), Von).toString() + u", "_s + data(index(stelle), Nach).toString();
+    return wort.isEmpty() ? zeilen : wort + u": "_s + zeilen;
+}
+
+QString Bewegungsmodell::hilfe(int stelle) const
+{
+    const Protokollzeile &z = m_zeilen.at(stelle);
+    QStringList teile = {z.zeitKurz() + u"  "_s + z.aktion, Sprache::text(u"Von: "_s) + z.von,
+                         Sprache::text(u"Nach: "_s) + z.nach};
+    if (stand(stelle) == Bewegungsstand::fehler)
+        teile << m_gescheiterte.value(nameVon(z.nach), Sprache::text(u"Der Ordner lässt sich nicht lesen"_s));
+    return u"<qt>"_s + teile.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s;
+}
+
+QVariant Bewegungsmodell::data(const QModelIndex &index, int rolle) const
+{
+    const int stelle = index.row();
+    if (!index.isValid() || stelle >= m_zeilen.size())
+        return {};
+    switch (rolle) {
+    case Von:
+        return Sprache::text(u"Von: "_s) + unter(m_zeilen.at(stelle).von, m_quelle);
+    case Nach:
+        return Sprache::text(u"Nach: "_s) + unter(m_zeilen.at(stelle).nach, m_ziel);
+    case Stand:
+        return int(stand(stelle));
+    case Qt::DisplayRole:
+        return QVariant(data(index, Von).toString() + u'\n' + data(index, Nach).toString());
+    case Qt::AccessibleTextRole:
+        return ansage(stelle);
+    case Qt::ToolTipRole:
+        return hilfe(stelle);
+    default:
+        return {};
+    }
+}

@@ -1,0 +1,291 @@
+#include "infofenster.h"
+
+#include "aktualisierung.h"
+#include "bestandteile.h"
+#include "dateiverwaltung.h"
+#include "elidiertext.h"
+#include "fenstersprache.h"
+#include "flachknopf.h"
+#include "hintergrund.h"
+#include "knopf.h"
+#include "kurzpfad.h"
+#include "pfade.h"
+#include "programmordner.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "umbruchtext.h"
+#include "zeichen.h"
+#include "zeile.h"
+#include "zustand.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int breite = 600;
+constexpr int bildkante = 64;
+
+struct Ordnerzeile {
+    QString name; ///< of the control
+    QString was;
+    QString pfad;
+};
+
+QList<Ordnerzeile> ordnerzeilen(const Zustand &zustand)
+{
+    const auto protokolle = zustand.aktiv() ? zustand.aktiv()->protokollURL() : std::nullopt;
+    return {{.name = u"programmordner"_s,
+             .was = Sprache::text(u"Einstellungen und Verzeichnis"_s),
+             .pfad = programmOrdner()},
+            {.name = u"sprachordner"_s, .was = Sprache::text(u"Eigene Sprachen"_s), .pfad = Sprache::eigenerOrdner()},
+            {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokolle.value_or(QString())}};
+}
+
+QLabel *schild(const QString &text, QWidget *eltern, Schrift art = Schrift::Grund)
+{
+    auto *neu = new QLabel(text, eltern);
+    neu->setTextFormat(Qt::PlainText);
+    neu->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    Stil::schriftFolgt(neu, art);
+    return neu;
+}
+
+QLabel *nebenschild(const QString &text, QWidget *eltern)
+{
+    auto *neu = schild(text, eltern);
+    Stil::folgen(neu, [neu, eltern] { Stil::setzeTextfarbe(neu, Stil::nebenfarbe(eltern->palette())); });
+    return neu;
+}
+
+QVBoxLayout *abschnitt(QWidget *traeger, const QString &titel)
+{
+    auto *spalte = new QVBoxLayout(traeger);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    if (!titel.isEmpty())
+        spalte->addWidget(schild(titel, traeger, Schrift::Abschnitt));
+    Stil::folgen(traeger, [spalte] { spalte->setSpacing(abstand(6)); });
+    return spalte;
+}
+
+/** Opens a folder that is there; whether it is, is found out elsewhere: a drive may be slow. */
+Flachknopf *ordnerknopf(const Ordnerzeile &zeile, QWidget *eltern)
+{
+    auto *knopf = new Flachknopf(zeile.name + u"Oeffnen"_s, u"arrow.up.forward.app"_s, {},
+                                 Sprache::text(u"Öffnet diesen Ordner"_s), eltern);
+    knopf->setAccessibleName(gefuellt(Sprache::text(u"Ordner öffnen: %@"_s), {zeile.was}));
+    knopf->setEnabled(false);
+    QObject::connect(knopf, &QToolButton::clicked, knopf,
+                     [ordner = zeile.pfad] { Dateiverwaltung::ordnerOeffnen(ordner); });
+    imHintergrund(
+        knopf, [pfad = zeile.pfad] { return !pfad.isEmpty() && istOrdner(pfad); },
+        [knopf](const Ausgang<bool> &da) { knopf->setEnabled(da.wert.value_or(false)); });
+    return knopf;
+}
+} // namespace
+
+void Infofenster::oeffnen(Zustand *zustand, Aktualisierung *aktualisierung, Fenstersprache *sprache, QWidget *fenster)
+{
+    auto *info = fenster->findChild<Infofenster *>();
+    if (!info || !info->isVisible()) {
+        info = new Infofenster(zustand, aktualisierung, fenster);
+        connect(sprache, &Fenstersprache::gewechselt, info, &Infofenster::aufbauen);
+    }
+    info->show();
+    info->raise();
+    info->activateWindow();
+}
+
+Infofenster::Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidget *fenster)
+    : QDialog(fenster), m_zustand(zustand), m_aktualisierung(aktualisierung)
+{
+    setObjectName(u"info"_s);
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto *rahmen = new QVBoxLayout(this);
+    rahmen->setContentsMargins(0, 0, 0, 0);
+    rahmen->setSizeConstraint(QLayout::SetFixedSize);
+    connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Infofenster::ergebnisZeigen);
+    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert})
+        connect(m_zustand, signal, this, &Infofenster::aufbauen);
+    aufbauen();
+}
+
+/** Everything anew: another language, another profile. */
+void Infofenster::aufbauen()
+{
+    setWindowTitle(Sprache::text(u"Info zu Quillmar"_s));
+    auto *inhalt = new QWidget(this);
+    auto *spalte = new QVBoxLayout(inhalt);
+    for (QWidget *teil : QList<QWidget *>{kopf(inhalt), updateteil(inhalt), ordner(inhalt), teile(inhalt)})
+        spalte->addWidget(teil);
+    spalte->addStretch(1);
+    spalte->addWidget(fuss(inhalt));
+    Stil::folgen(inhalt, [inhalt, spalte] {
+        inhalt->setFixedWidth(abstand(breite));
+        spalte->setContentsMargins(abstand(24), abstand(20), abstand(24), abstand(16));
+        spalte->setSpacing(abstand(20));
+    });
+    if (m_inhalt)
+        m_inhalt->deleteLater();
+    layout()->addWidget(inhalt);
+    m_inhalt = inhalt;
+    ergebnisZeigen();
+    m_suchen->setFocus();
+}
+
+QWidget *Infofenster::kopf(QWidget *eltern)
+{
+    auto *traeger = new QWidget(eltern);
+    auto *bild = new QLabel(traeger);
+    auto *worte = new QVBoxLayout;
+    auto *wofuer = new Umbruchtext(traeger);
+    wofuer->setzeText(Sprache::text(u"Liest gescannte Briefe, schlägt Namen und Ordner vor, legt ab."_s));
+    auto *fassung = schild(gefuellt(Sprache::text(u"Version %@"_s), {Aktualisierung::eigeneFassung()}), traeger);
+    fassung->setObjectName(u"fassung"_s);
+    worte->addWidget(schild(u"Quillmar"_s, traeger, Schrift::Seitentitel));
+    worte->addWidget(zeile(traeger, {fassung, schild(Sprache::text(u"© 2026, MIT-Lizenz"_s), traeger)}));
+    worte->addWidget(wofuer);
+    auto *reihe = new QHBoxLayout(traeger);
+    reihe->setContentsMargins(0, 0, 0, 0);
+    reihe->addWidget(bild, 0, Qt::AlignTop);
+    reihe->addLayout(worte, 1);
+    Stil::nebentext(wofuer);
+    Stil::folgen(traeger, [bild, reihe, worte] {
+        bild->setPixmap(QIcon(u":/quillmar.svg"_s).pixmap(abstand(bildkante), abstand(bildkante)));
+        reihe->setSpacing(abstand(16));
+        worte->setSpacing(abstand(4));
+    });
+    return traeger;
+}
+
+QWidget *Infofenster::updateteil(QWidget *eltern)
+{
+    auto *traeger = new QWidget(eltern);
+    auto *spalte = abschnitt(traeger, {});
+    m_suchen = new Knopf(u"updateSuchen"_s, Sprache::text(u"Nach Update suchen"_s), traeger);
+    m_suchen->setIcon(Zeichen::icon(u"reload"_s));
+    m_marke = new QLabel(traeger);
+    m_ergebnis = new Umbruchtext(traeger);
+    m_ergebnis->setObjectName(u"updateErgebnis"_s);
+    m_laden = new Flachknopf(
+        u"updateLaden"_s, u"arrow.up.forward.app"_s, Sprache::text(u"Zur Seite"_s),
+        gefuellt(Sprache::text(u"Öffnet %@ im Browser"_s), {Aktualisierung::ladeseite().toDisplayString()}), traeger);
+    m_laden->setzeMitText(true);
+    auto *reihe = zeile(traeger, {m_suchen, m_marke, m_ergebnis, m_laden});
+    static_cast<QHBoxLayout *>(reihe->layout())->setStretch(2, 1000);
+    auto *beimStart = new QCheckBox(Sprache::text(u"Beim Start nach Updates suchen"_s), traeger);
+    beimStart->setObjectName(u"beimStartPruefen"_s);
+    beimStart->setChecked(Aktualisierung::beimStartPruefen());
+    auto *erklaerung = new Umbruchtext(traeger);
+    erklaerung->setzeText(
+        Sprache::text(u"Abgerufen wird eine einzige öffentliche Datei. Über dich wird nichts gesendet."_s));
+    beimStart->setAccessibleDescription(erklaerung->ganzerText());
+    for (QWidget *teil : QList<QWidget *>{reihe, beimStart, erklaerung})
+        spalte->addWidget(teil);
+    Stil::nebentext(erklaerung);
+    connect(m_suchen, &QPushButton::clicked, m_aktualisierung, &Aktualisierung::pruefen);
+    connect(m_laden, &QToolButton::clicked, this, [] { QDesktopServices::openUrl(Aktualisierung::ladeseite()); });
+    connect(beimStart, &QCheckBox::toggled, this, &Aktualisierung::setzeBeimStartPruefen);
+    return traeger;
+}
+
+void Infofenster::ergebnisZeigen()
+{
+    const auto &ergebnis = m_aktualisierung->ergebnis();
+    const bool laeuft = m_aktualisierung->laeuft();
+    m_suchen->setEnabled(!laeuft);
+    QString text;
+    QString symbol;
+    if (laeuft) {
+        text = Sprache::text(u"Wird gesucht …"_s);
+    } else if (ergebnis) {
+        text = Aktualisierung::satz(*ergebnis);
+        symbol = ergebnis->art == Aktualisierung::Ergebnis::Art::fehlgeschlagen ? u"exclamationmark.triangle"_s
+                                                                                : u"checkmark.circle"_s;
+    }
+    const bool neuere = !laeuft && ergebnis && ergebnis->art == Aktualisierung::Ergebnis::Art::neuereDa;
+    if (neuere)
+        symbol = u"info.circle"_s;
+    m_marke->setPixmap(symbol.isEmpty() ? QPixmap()
+                                        : Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
+    m_ergebnis->setzeText(text);
+    m_laden->setVisible(neuere);
+}
+
+QWidget *Infofenster::ordner(QWidget *eltern)
+{
+    auto *traeger = new QWidget(eltern);
+    auto *spalte = abschnitt(traeger, Sprache::text(u"Ordner"_s));
+    auto *raster = new QGridLayout;
+    raster->setColumnStretch(1, 1);
+    const QList<Ordnerzeile> zeilen = ordnerzeilen(*m_zustand);
+    for (int n = 0; n < zeilen.size(); ++n) {
+        auto *pfad = new Elidiertext(Qt::ElideMiddle, traeger);
+        pfad->setzeText(zeilen.at(n).pfad.isEmpty() ? Sprache::text(u"noch kein Zielordner"_s)
+                                                    : kurzpfad(zeilen.at(n).pfad));
+        raster->addWidget(nebenschild(zeilen.at(n).was, traeger), n, 0, Qt::AlignRight | Qt::AlignVCenter);
+        raster->addWidget(pfad, n, 1);
+        raster->addWidget(ordnerknopf(zeilen.at(n), traeger), n, 2);
+    }
+    spalte->addLayout(raster);
+    Stil::folgen(traeger, [raster] {
+        raster->setHorizontalSpacing(abstand(12));
+        raster->setVerticalSpacing(0);
+    });
+    return traeger;
+}
+
+QWidget *Infofenster::teile(QWidget *eltern)
+{
+    auto *traeger = new QWidget(eltern);
+    auto *spalte = abschnitt(traeger, Sprache::text(u"Bestandteile"_s));
+    auto *raster = new QGridLayout;
+    raster->setColumnStretch(0, 1);
+    int reihe = 0;
+    for (const Bestandteil &teil : bestandteile()) {
+        raster->addWidget(schild(teil.name, traeger), reihe, 0);
+        raster->addWidget(nebenschild(teil.fassung, traeger), reihe, 1);
+        raster->addWidget(nebenschild(teil.lizenz, traeger), reihe, 2);
+        ++reihe;
+    }
+    spalte->addLayout(raster);
+    Stil::folgen(traeger, [raster] {
+        raster->setHorizontalSpacing(abstand(20));
+        raster->setVerticalSpacing(abstand(3));
+    });
+    return traeger;
+}
+
+QWidget *Infofenster::fuss(QWidget *eltern)
+{
+    auto *kopieren =
+        new Flachknopf(u"angabenKopieren"_s, u"doc.on.doc.copy"_s, Sprache::text(u"Angaben kopieren"_s),
+                       Sprache::text(u"Version und Bestandteile als Text, etwa für eine Fehlermeldung"_s), eltern);
+    kopieren->setzeMitText(true);
+    auto *schliessen = new Knopf(u"schliessen"_s, Sprache::text(u"Schließen"_s), eltern);
+    auto *traeger = zeile(eltern, {kopieren});
+    static_cast<QHBoxLayout *>(traeger->layout())->addWidget(schliessen);
+    // The words of the flat button begin where everything else does.
+    Stil::folgen(traeger, [traeger] { traeger->layout()->setContentsMargins(-abstand(9), 0, 0, 0); });
+    connect(kopieren, &QToolButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(angaben()); });
+    connect(schliessen, &QPushButton::clicked, this, &QDialog::close);
+    return traeger;
+}
+
+QString Infofenster::angaben() const
+{
+    QStringList zeilen = {u"Quillmar "_s + Aktualisierung::eigeneFassung(), QSysInfo::prettyProductName()};
+    for (const Bestandteil &teil : bestandteile())
+        zeilen << QStringList{teil.name, teil.fassung, teil.lizenz}.filter(QRegularExpression(u"."_s)).join(u", "_s);
+    return zeilen.join(u'\n') + u'\n';
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDialog>
+
+class Aktualisierung;
+class Fenstersprache;
+class Flachknopf;
+class Knopf;
+class QCheckBox;
+class QLabel;
+class QVBoxLayout;
+class Umbruchtext;
+class Zustand;
+
+/** What the program is: version, licence, update, the folders it uses, what it is made of. */
+class Infofenster : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /** Opens it beside @p fenster, or brings the one to the front that is open already. */
+    static void oeffnen(Zustand *zustand, Aktualisierung *aktualisierung, Fenstersprache *sprache, QWidget *fenster);
+
+private:
+    Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidget *fenster);
+    void aufbauen();
+    QWidget *kopf(QWidget *eltern);
+    QWidget *updateteil(QWidget *eltern);
+    QWidget *ordner(QWidget *eltern);
+    QWidget *teile(QWidget *eltern);
+    QWidget *fuss(QWidget *eltern);
+    void ergebnisZeigen();
+    [[nodiscard]] QString angaben() const;
+
+    Zustand *m_zustand;
+    Aktualisierung *m_aktualisierung;
+    QWidget *m_inhalt = nullptr;
+    Knopf *m_suchen = nullptr;
+    QLabel *m_marke = nullptr;
+    Umbruchtext *m_ergebnis = nullptr;
+    Flachknopf *m_laden = nullptr;
+};

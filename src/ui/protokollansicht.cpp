@@ -1,0 +1,204 @@
+#include "protokollansicht.h"
+
+#include "bewegungsliste.h"
+#include "bewegungsmodell.h"
+#include "leeransicht.h"
+#include "rueckbaufeld.h"
+#include "sitzungskopf.h"
+#include "sitzungsseite.h"
+#include "sprache.h"
+#include "stil.h"
+#include "teiler.h"
+#include "text.h"
+#include "zustand.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QShortcut>
+#include <QStackedLayout>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
+{
+    setObjectName(u"protokoll"_s);
+    setFocusPolicy(Qt::ClickFocus);
+    m_sitzungen = new Sitzungsseite(m_zustand, this);
+    m_teiler = new Teiler(m_sitzungen, sitzungsteil(), this);
+    m_teiler->setzeAnteil(m_zustand->teilung());
+    auto *leere = new Leeransicht(this);
+    leere->setzen(u"large.clock"_s, Sprache::text(u"Noch kein Profil"_s),
+                  Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
+                  Sprache::text(u"Zur Einrichtung"_s));
+    connect(leere, &Leeransicht::gedrueckt, m_zustand, [this] { m_zustand->setzeReiter(Reiter::einrichtung); });
+    m_stapel->addWidget(m_teiler);
+    m_stapel->addWidget(leere);
+    tastenBauen();
+    verbinden();
+    zeigen();
+    sitzungZeigen();
+}
+
+/** The right side; its action area is there without a session too, for the last step. */
+QWidget *ProtokollAnsicht::sitzungsteil()
+{
+    auto *seite = new QWidget(this);
+    m_rechts = new QStackedWidget(seite);
+    auto *leere = new Leeransicht(m_rechts);
+    leere->setzen(u"large.clock"_s, Sprache::text(u"Keine Sitzung gewählt"_s),
+                  Sprache::text(u"Wähle links ein Protokoll aus. Hier steht dann jede einzelne Bewegung dieser "
+                                "Sitzung, bevor du entscheidest."_s));
+    m_rechts->addWidget(leere);
+    m_rechts->addWidget(bewegungsteil());
+    m_rueckbau = new Rueckbaufeld(m_zustand, seite);
+    m_rueckbau->installEventFilter(this);
+    m_sitzung->installEventFilter(this);
+    auto *spalte = new QVBoxLayout(seite);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->setSpacing(0);
+    spalte->addWidget(m_rechts, 1);
+    spalte->addWidget(m_rueckbau);
+    return seite;
+}
+
+QWidget *ProtokollAnsicht::bewegungsteil()
+{
+    m_sitzung = new QWidget(m_rechts);
+    auto *titel = new QLabel(Sprache::text(u"Sitzung"_s), m_sitzung);
+    m_erklaerung = new QLabel(Sprache::text(u"Unter diesen Bedingungen wurde gearbeitet."_s), m_sitzung);
+    m_erklaerung->setWordWrap(true);
+    m_kopf = new Sitzungskopf(m_sitzung);
+    auto *bewegungen = new QLabel(Sprache::text(u"Bewegungen"_s), m_sitzung);
+    m_anzahl = new QLabel(m_sitzung);
+    m_anzahl->setObjectName(u"bewegungsAnzahl"_s);
+    m_anzahl->setTextFormat(Qt::PlainText);
+    m_liste = new Bewegungsliste(m_sitzung);
+    auto *reihe = new QHBoxLayout;
+    reihe->addWidget(bewegungen, 0, Qt::AlignBaseline);
+    reihe->addWidget(m_anzahl, 1, Qt::AlignBaseline);
+    auto *spalte = new QVBoxLayout(m_sitzung);
+    spalte->addWidget(titel);
+    spalte->addWidget(m_erklaerung);
+    spalte->addWidget(m_kopf);
+    spalte->addLayout(reihe);
+    spalte->addWidget(m_liste, 1);
+    for (QLabel *schild : {titel, bewegungen})
+        Stil::schriftFolgt(schild, Schrift::Abschnitt);
+    Stil::nebentext(m_erklaerung);
+    Stil::nebentext(m_anzahl);
+    Stil::folgen(m_sitzung, [reihe, spalte] {
+        reihe->setContentsMargins(0, abstand(10), 0, abstand(4));
+        reihe->setSpacing(abstand(12));
+        spalte->setSpacing(abstand(3));
+    });
+    return m_sitzung;
+}
+
+void ProtokollAnsicht::tastenBauen()
+{
+    for (const QKeySequence &tasten : {QKeySequence(Qt::Key_U), QKeySequence(Qt::CTRL | Qt::Key_Z)}) {
+        auto *kurz = new QShortcut(tasten, this);
+        kurz->setContext(Qt::WidgetWithChildrenShortcut);
+        kurz->setAutoRepeat(false);
+        connect(kurz, &QShortcut::activated, m_zustand, &Zustand::rueckgaengig);
+    }
+}
+
+void ProtokollAnsicht::verbinden()
+{
+    connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
+    connect(m_zustand, &Zustand::teilungGeaendert, this, [this] { m_teiler->setzeAnteil(m_zustand->teilung()); });
+    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::oeffnetGeaendert})
+        connect(m_zustand, signal, this, &ProtokollAnsicht::zeigen);
+    connect(m_zustand, &Zustand::protokollGeaendert, this, &ProtokollAnsicht::sitzungZeigen);
+    connect(m_zustand, &Zustand::rueckbauGeaendert, this, [this] {
+        if (!m_zustand->rueckbauLaeuft())
+            m_liste->modell()->setzeGescheiterte(m_zustand->rueckbauFehler());
+    });
+    connect(m_zustand, &Zustand::protokollDateienGeaendert, m_liste->modell(), &Bewegungsmodell::veralten);
+    // Whatever was done, files may lie elsewhere now.
+    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
+        if (m_zustand->beschaeftigt() || !isVisible())
+            return;
+        m_liste->modell()->veralten();
+        m_zustand->protokollAuffrischen();
+    });
+}
+
+void ProtokollAnsicht::showEvent(QShowEvent *ereignis)
+{
+    QWidget::showEvent(ereignis);
+    m_sitzungen->auffrischen();
+}
+
+void ProtokollAnsicht::focusInEvent(QFocusEvent *ereignis)
+{
+    QWidget::focusInEvent(ereignis);
+    if (m_zustand->offen())
+        m_sitzungen->zurAuswahl();
+}
+
+/** Return presses the button that has the focus, as on the other cards. */
+void ProtokollAnsicht::keyPressEvent(QKeyEvent *ereignis)
+{
+    auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
+    const bool eingabe = ereignis->key() == Qt::Key_Return || ereignis->key() == Qt::Key_Enter;
+    if (eingabe && !ereignis->isAutoRepeat() && knopf && knopf->hasFocus())
+        knopf->click();
+    else
+        QWidget::keyPressEvent(ereignis);
+}
+
+void ProtokollAnsicht::zeigen() { m_stapel->setCurrentIndex(m_zustand->aktiv() ? 0 : 1); }
+
+QString ProtokollAnsicht::anzahl() const
+{
+    const qsizetype zeilen = m_zustand->protokollZeilen().size();
+    if (m_zustand->protokollLaedt())
+        return Sprache::text(u"Wird gelesen …"_s);
+    if (zeilen == 0)
+        return Sprache::text(u"In dieser Datei steht keine lesbare Bewegung."_s);
+    return gefuellt(Sprache::text(u"%@ Einträge, älteste zuerst."_s), {QString::number(zeilen)});
+}
+
+void ProtokollAnsicht::sitzungZeigen()
+{
+    const Protokollkopf kopf = m_zustand->protokollKopf().value_or(Protokollkopf{});
+    m_rechts->setCurrentIndex(m_zustand->protokollDatei() ? 1 : 0);
+    m_kopf->zeigen(m_zustand->protokollKopf());
+    m_anzahl->setText(anzahl());
+    m_liste->modell()->setzen(m_zustand->protokollZeilen(), kopf.quelle, kopf.ziel);
+    anordnen();
+}
+
+/** Both action areas begin at one height; where few movements would fit, the header takes less. */
+void ProtokollAnsicht::anordnen()
+{
+    if (!m_rueckbau || !m_liste)
+        return;
+    constexpr int bewegungen = 4; // rows that are to be seen beside the whole header
+    const int zeilenhoehe = fontMetrics().height();
+    // Of the room of both areas, lest one made smaller would make the other larger again.
+    const int raum = m_teiler->height() - m_kopf->volleHoehe() - 13 * zeilenhoehe;
+    const bool dicht = raum < bewegungen * 2 * zeilenhoehe;
+    m_kopf->setzeDicht(dicht);
+    m_rueckbau->setzeDicht(dicht);
+    m_erklaerung->setVisible(!dicht);
+    const int rand = Stil::seitenrand(m_sitzung->width());
+    m_sitzung->layout()->setContentsMargins(rand, abstand(12), rand / 2, 0);
+    m_sitzungen->setzeFuss(m_rueckbau->height(), m_rueckbau->knopfmitte());
+}
+
+bool ProtokollAnsicht::eventFilter(QObject *objekt, QEvent *ereignis)
+{
+    const bool gelegt = ereignis->type() == QEvent::Resize || ereignis->type() == QEvent::LayoutRequest;
+    if (gelegt && (objekt == m_rueckbau || objekt == m_sitzung))
+        anordnen();
+    return QWidget::eventFilter(objekt, ereignis);
+}

@@ -1,0 +1,116 @@
+#include "protokollordner.h"
+
+#include "elidiertext.h"
+#include "flachknopf.h"
+#include "hintergrund.h"
+#include "hinweisfeld.h"
+#include "knopf.h"
+#include "kurzpfad.h"
+#include "sprache.h"
+#include "stil.h"
+#include "zustand.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+Protokollordner::Protokollordner(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_ort(new Elidiertext(Qt::ElideMiddle, this)),
+      m_pfad(new Elidiertext(Qt::ElideMiddle, this)),
+      m_warnung(new Hinweisfeld(true, u"exclamationmark.triangle"_s,
+                                Sprache::text(u"In diesen Ordner lässt sich nicht schreiben, oder er ist nicht da. "
+                                              "Wähle einen anderen, oder schließe das Laufwerk an."_s),
+                                {}, this))
+{
+    const QString hilfe =
+        Sprache::text(u"Leer bedeutet: ein Unterordner _Protokolle direkt neben der Ablage. Dann bleiben Protokoll und "
+                      "Dateien zusammen, auch an einem anderen Rechner."_s);
+    auto *titel = new QLabel(Sprache::text(u"Ordner für die Protokolle"_s), this);
+    titel->setToolTip(hilfe);
+    m_ort->setObjectName(u"protokollOrdner"_s);
+    m_ort->setAccessibleDescription(hilfe);
+    auto *waehlen = new Knopf(u"protokollOrdnerWaehlen"_s, Sprache::text(u"Wählen …"_s), this);
+    waehlen->setAccessibleName(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s));
+    waehlen->setAccessibleDescription(hilfe);
+    waehlen->setToolTip(hilfe);
+    m_standard = new Flachknopf(u"protokollOrdnerStandard"_s, u"undo"_s, Sprache::text(u"Standardort"_s),
+                                Sprache::text(u"Stellt den Standardort neben der Ablage wieder her"_s), this);
+    auto *worte = new QVBoxLayout;
+    worte->setSpacing(0);
+    worte->addStretch(1);
+    worte->addWidget(m_ort);
+    worte->addWidget(m_pfad);
+    worte->addStretch(1);
+    auto *reihe = new QHBoxLayout;
+    reihe->addLayout(worte, 1);
+    reihe->addWidget(waehlen);
+    reihe->addWidget(m_standard);
+    auto *spalte = new QVBoxLayout(this);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->addWidget(titel);
+    spalte->addLayout(reihe);
+    spalte->addWidget(m_warnung);
+    m_warnung->setObjectName(u"protokollOrtWarnung"_s);
+    m_warnung->hide();
+    connect(waehlen, &QPushButton::clicked, this, &Protokollordner::waehlen);
+    connect(m_standard, &QToolButton::clicked, this, [this] { setzen({}); });
+    connect(m_zustand, &Zustand::profileGeaendert, this, &Protokollordner::zeigen);
+    connect(m_zustand, &Zustand::aktivGeaendert, this, &Protokollordner::zeigen);
+    Stil::schriftFolgt(titel, Schrift::Abschnitt);
+    Stil::nebentext(m_pfad);
+    Stil::folgen(this, [reihe, spalte] {
+        reihe->setSpacing(abstand(8));
+        spalte->setSpacing(abstand(6));
+    });
+    zeigen();
+}
+
+void Protokollordner::zeigen()
+{
+    if (!m_zustand->aktiv())
+        return;
+    const Profil &profil = *m_zustand->aktiv();
+    const auto ort = profil.protokollURL();
+    const bool eigener = !profil.protokollOrdner.isEmpty();
+    QString text = Sprache::text(u"noch kein Zielordner"_s);
+    if (eigener)
+        text = Sprache::text(u"Eigener Ort gewählt"_s);
+    else if (ort)
+        text = Sprache::text(u"Standard: "_s) + kurzpfad(*ort);
+    m_ort->setzeText(text);
+    m_pfad->setzeText(eigener ? kurzpfad(*ort) : QString());
+    m_pfad->setVisible(eigener);
+    m_standard->setEnabled(eigener);
+    pruefen();
+}
+
+void Protokollordner::pruefen()
+{
+    if (!m_zustand->aktiv())
+        return;
+    imHintergrund(
+        this, [profil = *m_zustand->aktiv()] { return protokollort(profil); },
+        [this, nummer = ++m_frage](const Ausgang<Protokollort> &ausgang) {
+            if (nummer == m_frage)
+                m_warnung->setVisible(ausgang.wert == Protokollort::unbrauchbar);
+        });
+}
+
+void Protokollordner::waehlen()
+{
+    if (const auto ordner = Zustand::ordnerWaehlen(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s)))
+        setzen(*ordner);
+}
+
+/** Saved at once; the state object reads the list of another folder by itself. */
+void Protokollordner::setzen(const QString &ordner)
+{
+    if (!m_zustand->aktiv())
+        return;
+    Profil profil = *m_zustand->aktiv();
+    profil.protokollOrdner = ordner;
+    m_zustand->profilAendern(profil);
+}

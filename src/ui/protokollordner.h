@@ -1,0 +1,34 @@
+#pragma once
+
+#include "protokollort.h"
+
+#include <QWidget>
+
+class Elidiertext;
+class Flachknopf;
+class QLabel;
+class Umbruchtext;
+class Zustand;
+
+/** Where the session logs go: the profile's own folder or the default place beside the target. */
+class Protokollordner : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Protokollordner(Zustand *zustand, QWidget *eltern = nullptr);
+    /** Looks again whether logs can be written there. */
+    void pruefen();
+
+private:
+    void zeigen();
+    void waehlen();
+    void setzen(const QString &ordner);
+
+    Zustand *m_zustand;
+    Elidiertext *m_ort;
+    Elidiertext *m_pfad;
+    QWidget *m_warnung;
+    Flachknopf *m_standard = nullptr;
+    quint64 m_frage = 0;
+};

@@ -1,0 +1,265 @@
+#include "rueckbaufeld.h"
+
+#include "balken.h"
+#include "elidiertext.h"
+#include "hauptknopf.h"
+#include "knopf.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "umbruchtext.h"
+#include "zeichen.h"
+#include "zeile.h"
+#include "zustand.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QShortcut>
+#include <QStackedLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int fehlerzeilen = 4;
+
+Knopf *knopf(const QString &name, const QString &text, const QString &hilfe, QWidget *eltern)
+{
+    auto *neu = new Knopf(name, text, eltern, Knopf::Hoehe::Haupt);
+    neu->setToolTip(hilfe);
+    neu->setAccessibleDescription(hilfe);
+    return neu;
+}
+
+/** A mark of the size of an icon beside text. */
+QLabel *zeichenschild(const QString &symbol, QWidget *eltern)
+{
+    auto *schild = new QLabel(eltern);
+    Stil::folgen(schild, [schild, symbol] {
+        schild->setPixmap(Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
+    });
+    return schild;
+}
+} // namespace
+
+Rueckbaufeld::Rueckbaufeld(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_erklaerung(new Umbruchtext(this)), m_fehler(new QPlainTextEdit(this)),
+      m_stapel(new QStackedLayout), m_marke(new QLabel(this)), m_meldung(new Elidiertext(Qt::ElideRight, this))
+{
+    setObjectName(u"rueckbau"_s);
+    m_erklaerung->setzeText(
+        Sprache::text(u"Dreht alle Bewegungen der gewählten Sitzung um, jüngste zuerst. Verschobene Dateien gehen an "
+                      "ihren alten Platz zurück, Kopien wandern in den Papierkorb."_s));
+    m_fehler->setObjectName(u"rueckbauFehler"_s);
+    m_fehler->setAccessibleName(Sprache::text(u"Was sich nicht zurückdrehen ließ"_s));
+    m_fehler->setReadOnly(true);
+    m_fehler->setTabChangesFocus(true);
+    m_fehler->setFrameShape(QFrame::NoFrame);
+    m_fehler->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_meldung->setObjectName(u"rueckbauMeldung"_s);
+    m_stapel->addWidget(knopfseite());
+    m_stapel->addWidget(frageseite());
+    m_stapel->addWidget(laufseite());
+    auto *spalte = new QVBoxLayout(this);
+    spalte->addWidget(m_erklaerung);
+    spalte->addWidget(m_fehler);
+    spalte->addLayout(m_stapel);
+    auto *meldung = new QHBoxLayout;
+    meldung->addWidget(m_marke);
+    meldung->addWidget(m_meldung, 1);
+    spalte->addLayout(meldung);
+    Stil::nebentext(m_erklaerung);
+    Stil::folgen(this, [this, spalte, meldung] {
+        spalte->setSpacing(abstand(8));
+        meldung->setSpacing(abstand(6));
+        m_fehler->setFixedHeight(fehlerzeilen * QFontMetrics(Stil::schrift(Schrift::Grund)).lineSpacing() +
+                                 abstand(10));
+    });
+    verbinden();
+    zeigen();
+    meldungZeigen();
+}
+
+QWidget *Rueckbaufeld::knopfseite()
+{
+    m_zurueckdrehen = knopf(u"sitzungZurueckdrehen"_s, Sprache::text(u"Sitzung zurückdrehen"_s),
+                            Sprache::text(u"Fragt noch einmal nach, bevor irgendetwas geschieht"_s), this);
+    m_zurueckdrehen->setIcon(Zeichen::icon(u"undo"_s));
+    m_letzten = knopf(u"letztenSchrittZurueck"_s, Sprache::text(u"Letzten Schritt zurück"_s),
+                      Sprache::text(u"Dreht nur die allerletzte Bewegung um, unabhängig von der Auswahl"_s), this);
+    return reihe({m_zurueckdrehen, m_letzten});
+}
+
+/** Side by side, or below each other where there is no room for that; the rest of the room at the end. */
+QWidget *Rueckbaufeld::reihe(const QList<QWidget *> &teile)
+{
+    auto *traeger = new QWidget(this);
+    auto *reihe = new QBoxLayout(QBoxLayout::LeftToRight, traeger);
+    reihe->setContentsMargins(0, 0, 0, 0);
+    for (QWidget *teil : teile)
+        reihe->addWidget(teil);
+    reihe->addStretch(1);
+    m_reihen << reihe;
+    return traeger;
+}
+
+void Rueckbaufeld::einpassen()
+{
+    const int rand = Stil::seitenrand(width());
+    layout()->setContentsMargins(rand, abstand(10), rand, abstand(6));
+    for (QBoxLayout *reihe : std::as_const(m_reihen)) {
+        int breite = 2 * rand + abstand(10);
+        for (int n = 0; n < reihe->count(); ++n)
+            breite += reihe->itemAt(n)->sizeHint().width();
+        reihe->setDirection(breite > width() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+        reihe->setSpacing(breite > width() ? abstand(4) : abstand(10));
+    }
+}
+
+void Rueckbaufeld::setzeDicht(bool dicht)
+{
+    m_dicht = dicht;
+    zeigen();
+}
+
+int Rueckbaufeld::knopfmitte() const { return m_stapel->geometry().center().y(); }
+
+QWidget *Rueckbaufeld::frageseite()
+{
+    m_frage = new QLabel(this);
+    m_frage->setObjectName(u"rueckbauFrage"_s);
+    m_frage->setTextFormat(Qt::PlainText);
+    m_frage->setWordWrap(true);
+    Stil::schriftFolgt(m_frage, Schrift::Halbfett);
+    m_ja = knopf(u"jaZurueckdrehen"_s, Sprache::text(u"Ja, zurückdrehen"_s),
+                 Sprache::text(u"Führt die Rückabwicklung jetzt aus"_s), this);
+    m_nein =
+        knopf(u"rueckbauAbbrechen"_s, Sprache::text(u"Abbrechen"_s), Sprache::text(u"Lässt alles, wie es ist"_s), this);
+    auto *worte = zeile(this, {zeichenschild(u"exclamationmark.triangle"_s, this), m_frage});
+    static_cast<QHBoxLayout *>(worte->layout())->setStretch(1, 1000); // it wraps before it pushes the buttons out
+    auto *seite = reihe({worte, zeile(this, {m_ja, m_nein})});
+    auto *esc = new QShortcut(Qt::Key_Escape, seite);
+    esc->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(esc, &QShortcut::activated, this, &Rueckbaufeld::abbrechen);
+    return seite;
+}
+
+QWidget *Rueckbaufeld::laufseite()
+{
+    m_lauf = new QLabel(this);
+    m_lauf->setObjectName(u"rueckbauLauf"_s);
+    m_lauf->setTextFormat(Qt::PlainText);
+    m_balken = new Balken(0, this);
+    m_balken->setAccessibleName(Sprache::text(u"Fortschritt"_s));
+    auto *seite = zeile(this, {m_lauf, m_balken});
+    static_cast<QHBoxLayout *>(seite->layout())->setStretch(1, 1000);
+    return seite;
+}
+
+void Rueckbaufeld::verbinden()
+{
+    connect(m_zurueckdrehen, &QPushButton::clicked, this, &Rueckbaufeld::fragen);
+    connect(m_letzten, &QPushButton::clicked, m_zustand, &Zustand::rueckgaengig);
+    connect(m_ja, &QPushButton::clicked, this, &Rueckbaufeld::bestaetigen);
+    connect(m_nein, &QPushButton::clicked, this, &Rueckbaufeld::abbrechen);
+    // Another session, or this one with more movements: what was asked is not what would be done.
+    connect(m_zustand, &Zustand::protokollGeaendert, this, [this] {
+        if (m_stapel->currentIndex() == Frage)
+            abbrechen();
+    });
+    for (const auto signal :
+         {&Zustand::protokollGeaendert, &Zustand::rueckbauGeaendert, &Zustand::beschaeftigtGeaendert,
+          &Zustand::zaehlwerkGeaendert, &Zustand::hinweisGeaendert})
+        connect(m_zustand, signal, this, &Rueckbaufeld::zeigen);
+    for (const auto signal : {&Zustand::rueckbauGeaendert, &Zustand::hinweisGeaendert, &Zustand::vorgangGeaendert})
+        connect(m_zustand, signal, this, &Rueckbaufeld::meldungZeigen);
+}
+
+void Rueckbaufeld::fragen()
+{
+    m_frage->setText(gefuellt(Sprache::text(u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
+                              {QString::number(m_zustand->protokollZeilen().size())}));
+    m_ja->setAccessibleDescription(m_frage->text());
+    m_nein->setAccessibleDescription(m_frage->text());
+    seiteSetzen(Frage);
+    einpassen();
+    m_nein->setFocus();
+}
+
+void Rueckbaufeld::bestaetigen()
+{
+    seiteSetzen(Knoepfe);
+    m_zustand->protokollZurueckdrehen();
+}
+
+void Rueckbaufeld::abbrechen()
+{
+    const bool fokus = m_ja->hasFocus() || m_nein->hasFocus();
+    seiteSetzen(Knoepfe);
+    if (fokus)
+        m_zurueckdrehen->setFocus();
+}
+
+void Rueckbaufeld::seiteSetzen(Seite seite)
+{
+    if (m_stapel->currentIndex() != seite)
+        m_stapel->setCurrentIndex(seite);
+}
+
+void Rueckbaufeld::zeigen()
+{
+    const bool laeuft = m_zustand->rueckbauLaeuft();
+    const bool frei = m_zustand->offen() && !m_zustand->beschaeftigt();
+    m_zurueckdrehen->setEnabled(frei && !m_zustand->protokollLaedt() && !m_zustand->protokollZeilen().isEmpty());
+    m_letzten->setEnabled(frei && m_zustand->umkehrbar());
+    m_lauf->setText(m_zustand->rueckbauMeldung() + u" …"_s);
+    m_balken->setzeAnteil(m_zustand->rueckbauAnteil());
+    if (laeuft)
+        seiteSetzen(Lauf);
+    else if (m_stapel->currentIndex() == Lauf)
+        seiteSetzen(Knoepfe);
+    const QString fehler = m_zustand->rueckbauFehler().join(u'\n');
+    if (m_fehler->toPlainText() != fehler)
+        m_fehler->setPlainText(fehler);
+    m_fehler->setVisible(!fehler.isEmpty());
+    m_erklaerung->setVisible(fehler.isEmpty() && !m_dicht);
+    m_zurueckdrehen->setToolTip(m_dicht ? m_erklaerung->ganzerText() : m_zurueckdrehen->accessibleDescription());
+}
+
+QString Rueckbaufeld::meldungssymbol() const
+{
+    const bool gedreht = !m_zustand->rueckbauMeldung().isEmpty() && !m_zustand->rueckbauLaeuft();
+    if (!m_zustand->rueckbauFehler().isEmpty() || (!gedreht && m_zustand->ton() == Zustand::Ton::warnung))
+        return u"exclamationmark.triangle"_s;
+    return gedreht || m_zustand->ton() == Zustand::Ton::gut ? u"checkmark.circle"_s : QString();
+}
+
+/** What the turning back came to, else what was done or is to be said last. */
+void Rueckbaufeld::meldungZeigen()
+{
+    QStringList teile = {m_zustand->geschehen(), m_zustand->hinweis()};
+    if (!m_zustand->vorgang().isEmpty())
+        teile = QStringList{m_zustand->vorgang() + u" …"_s};
+    if (!m_zustand->rueckbauLaeuft())
+        teile.prepend(m_zustand->rueckbauMeldung());
+    teile.removeAll(QString());
+    const QString text = teile.join(u" · "_s);
+    const bool neu = text != m_meldung->ganzerText();
+    m_meldung->setzeText(text);
+    const QString symbol = text.isEmpty() || !m_zustand->vorgang().isEmpty() ? QString() : meldungssymbol();
+    m_marke->setPixmap(Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
+    m_marke->setVisible(!symbol.isEmpty());
+    if (neu && QAccessible::isActive()) {
+        QAccessibleEvent ereignis(m_meldung, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&ereignis);
+    }
+}
+
+void Rueckbaufeld::resizeEvent(QResizeEvent *) { einpassen(); }
+
+void Rueckbaufeld::paintEvent(QPaintEvent *) { QPainter(this).fillRect(0, 0, width(), 1, Stil::linie(palette())); }

@@ -1,0 +1,299 @@
+#include "sitzungsseite.h"
+
+#include "elidiertext.h"
+#include "flachknopf.h"
+#include "protokollordner.h"
+#include "sitzungszeile.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "umbruchtext.h"
+#include "zeichen.h"
+#include "zeile.h"
+#include "zustand.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int schub = 30; // rows at the beginning, and that one press adds
+
+QLabel *abschnitt(const QString &text, QWidget *eltern)
+{
+    auto *schild = new QLabel(text, eltern);
+    Stil::schriftFolgt(schild, Schrift::Abschnitt);
+    return schild;
+}
+
+QWidget *nochNichts(QWidget *eltern)
+{
+    auto *zeichen = new QLabel(eltern);
+    auto *text = new Elidiertext(Qt::ElideRight, eltern);
+    text->setzeText(Sprache::text(u"Noch nichts bewegt, daher noch kein Protokoll"_s));
+    auto *traeger = zeile(eltern, {zeichen, text});
+    traeger->setToolTip(Sprache::text(u"Die Datei entsteht erst mit der ersten Umbenennung, damit keine leeren "
+                                      "Protokolle herumliegen."_s) +
+                        u' ' + Sprache::text(u"Wird angelegt, sobald die erste Datei bewegt wird."_s));
+    text->setAccessibleDescription(traeger->toolTip());
+    Stil::folgen(zeichen, [zeichen] {
+        zeichen->setPixmap(Zeichen::icon(u"info.circle"_s).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
+    });
+    return traeger;
+}
+} // namespace
+
+Sitzungsseite::Sitzungsseite(Zustand *zustand, QWidget *eltern) : QWidget(eltern), m_zustand(zustand), m_gezeigte(schub)
+{
+    auto *rollen = new QScrollArea(this);
+    rollen->setFrameShape(QFrame::NoFrame);
+    rollen->setWidgetResizable(true);
+    rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    rollen->setFocusPolicy(Qt::NoFocus);
+    rollen->setWidget(inhalt());
+    rollen->viewport()->setAutoFillBackground(false);
+    rollen->widget()->setAutoFillBackground(false);
+    auto *aussen = new QVBoxLayout(this);
+    aussen->setContentsMargins(0, 0, 0, 0);
+    aussen->setSpacing(0);
+    aussen->addWidget(rollen, 1);
+    aussen->addWidget(fuss());
+    connect(&m_bilder, &Sitzungsbilder::gelesen, this, &Sitzungsseite::bildZeigen);
+    for (const auto signal : {&Zustand::protokollDateienGeaendert, &Zustand::aktivGeaendert})
+        connect(m_zustand, signal, this, &Sitzungsseite::zeigen);
+    connect(m_zustand, &Zustand::protokollGeaendert, this, &Sitzungsseite::auswahlZeigen);
+    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
+        if (!m_zustand->beschaeftigt() && isVisible())
+            zeigen();
+    });
+    zeigen();
+}
+
+QWidget *Sitzungsseite::inhalt()
+{
+    auto *traeger = new QWidget(this);
+    auto *spalte = new QVBoxLayout(traeger);
+    m_ordner = new Protokollordner(m_zustand, traeger);
+    spalte->addWidget(m_ordner);
+    laufendeBauen(spalte);
+    fruehereBauen(spalte);
+    spalte->addStretch(1);
+    Stil::folgen(traeger, [spalte] { spalte->setSpacing(abstand(16)); });
+    return traeger;
+}
+
+void Sitzungsseite::laufendeBauen(QVBoxLayout *spalte)
+{
+    auto *teil = new QVBoxLayout;
+    auto *erklaerung = new Umbruchtext(this);
+    erklaerung->setzeText(Sprache::text(u"Jede Sitzung schreibt eine eigene Protokolldatei. Sie hält jede Bewegung "
+                                        "fest und dient als Sicherung für das Rückgängigmachen."_s));
+    m_nochNichts = nochNichts(this);
+    m_nochNichts->setObjectName(u"nochNichtsBewegt"_s);
+    teil->addWidget(abschnitt(Sprache::text(u"Laufende Sitzung"_s), this));
+    teil->addWidget(erklaerung);
+    teil->addWidget(m_nochNichts);
+    m_laufende = neueZeile(teil);
+    spalte->addLayout(teil);
+    Stil::nebentext(erklaerung);
+    Stil::folgen(this, [teil] { teil->setSpacing(abstand(4)); });
+}
+
+void Sitzungsseite::fruehereBauen(QVBoxLayout *spalte)
+{
+    m_liste = new QVBoxLayout;
+    m_anzahl = new QLabel(this);
+    m_anzahl->setObjectName(u"protokollAnzahl"_s);
+    m_anzahl->setTextFormat(Qt::PlainText);
+    m_mehr = new Flachknopf(u"sitzungen-mehr"_s, u"plus"_s, {}, Sprache::text(u"Zeigt weitere Zeilen"_s), this);
+    m_mehr->setzeMitText(true);
+    m_liste->addWidget(abschnitt(Sprache::text(u"Frühere Sitzungen"_s), this));
+    m_liste->addWidget(m_anzahl);
+    m_liste->addWidget(m_mehr, 0, Qt::AlignLeft);
+    spalte->addLayout(m_liste);
+    connect(m_mehr, &QToolButton::clicked, this, [this] {
+        m_gezeigte += schub;
+        zeigen();
+    });
+    Stil::nebentext(m_anzahl);
+    Stil::folgen(m_anzahl, [this] { m_liste->setSpacing(abstand(2)); });
+}
+
+QWidget *Sitzungsseite::fuss()
+{
+    auto *oeffnen = new Flachknopf(
+        u"protokollOeffnen"_s, u"folder.open"_s, Sprache::text(u"Andere Datei öffnen …"_s),
+        Sprache::text(
+            u"Eine Protokolldatei von irgendwo öffnen, auch von einem anderen Rechner oder aus einer Sicherung"_s),
+        this);
+    auto *auffrischen = new Flachknopf(u"protokolleAuffrischen"_s, u"reload"_s, Sprache::text(u"Liste auffrischen"_s),
+                                       Sprache::text(u"Liest den Protokollordner noch einmal ein"_s), this);
+    m_fussknoepfe = {oeffnen, auffrischen};
+    for (Flachknopf *knopf : std::as_const(m_fussknoepfe))
+        knopf->setzeHoch();
+    m_fuss = zeile(this, {oeffnen, auffrischen});
+    connect(oeffnen, &QToolButton::clicked, m_zustand, &Zustand::protokollDateiWaehlen);
+    connect(auffrischen, &QToolButton::clicked, this, &Sitzungsseite::auffrischen);
+    return m_fuss;
+}
+
+Sitzungszeile *Sitzungsseite::neueZeile(QVBoxLayout *spalte)
+{
+    auto *neu = new Sitzungszeile(this);
+    connect(neu, &Sitzungszeile::gewaehlt, m_zustand, [this](const QString &datei) {
+        if (m_zustand->protokollDatei() != datei)
+            m_zustand->protokollWaehlen(datei);
+    });
+    spalte->addWidget(neu);
+    return neu;
+}
+
+void Sitzungsseite::auffrischen()
+{
+    m_zustand->protokolleListen();
+    m_zustand->protokollAuffrischen();
+    m_ordner->pruefen();
+}
+
+/** The log of the running session; empty before the first movement. */
+QString Sitzungsseite::laufende() const
+{
+    return m_zustand->laufendesBuch() ? m_zustand->laufendesBuch()->datei() : QString();
+}
+
+QStringList Sitzungsseite::fruehere() const
+{
+    QStringList dateien = m_zustand->protokollDateien();
+    dateien.removeAll(laufende());
+    return dateien;
+}
+
+void Sitzungsseite::zeigen()
+{
+    laufendeZeigen();
+    fruehereZeigen();
+    auswahlZeigen();
+    bilderLesen();
+}
+
+void Sitzungsseite::laufendeZeigen()
+{
+    const QString datei = laufende();
+    m_nochNichts->setVisible(datei.isEmpty());
+    m_laufende->setVisible(!datei.isEmpty());
+    if (m_laufende->datei() != datei)
+        m_laufende->setzen(datei, 0);
+}
+
+void Sitzungsseite::fruehereZeigen()
+{
+    const QStringList dateien = fruehere();
+    const int anzahl = std::min<int>(m_gezeigte, int(dateien.size()));
+    while (m_zeilen.size() < anzahl) {
+        m_liste->removeWidget(m_mehr);
+        m_zeilen << neueZeile(m_liste);
+        m_liste->addWidget(m_mehr, 0, Qt::AlignLeft);
+    }
+    for (int n = 0; n < m_zeilen.size(); ++n) {
+        m_zeilen.at(n)->setVisible(n < anzahl);
+        if (n < anzahl && m_zeilen.at(n)->datei() != dateien.at(n)) {
+            m_zeilen.at(n)->setzen(dateien.at(n), n + 1);
+            bildZeigen(dateien.at(n));
+        }
+    }
+    QString text =
+        gefuellt(Sprache::text(u"%@ Protokolle gefunden, neueste zuerst."_s), {QString::number(dateien.size())});
+    if (m_zustand->protokollDateien().isEmpty())
+        text = Sprache::text(u"Im Protokollordner liegt noch nichts."_s);
+    else if (dateien.isEmpty())
+        text = Sprache::text(u"Im Protokollordner liegt nur die laufende Sitzung."_s);
+    m_anzahl->setText(text);
+    const qsizetype rest = dateien.size() - anzahl;
+    m_mehr->setzeHilfe(gefuellt(Sprache::text(u"%@ weitere zeigen"_s), {QString::number(rest)}),
+                       Sprache::text(u"Zeigt weitere Zeilen"_s));
+    m_mehr->setVisible(rest > 0);
+    m_mehr->updateGeometry();
+}
+
+QList<Sitzungszeile *> Sitzungsseite::alleZeilen() const { return QList{m_laufende} + m_zeilen; }
+
+/** Nobody sees them in another card, and a log may be long. */
+void Sitzungsseite::bilderLesen()
+{
+    if (!isVisible())
+        return;
+    QStringList dateien;
+    for (const Sitzungszeile *zeile : alleZeilen()) {
+        if (!zeile->isHidden())
+            dateien << zeile->datei();
+    }
+    m_bilder.lesen(dateien);
+}
+
+void Sitzungsseite::bildZeigen(const QString &datei)
+{
+    const auto bild = m_bilder.bild(datei);
+    for (Sitzungszeile *zeile : alleZeilen()) {
+        if (bild && zeile->datei() == datei)
+            zeile->bildZeigen(*bild, zeile == m_laufende);
+    }
+}
+
+void Sitzungsseite::auswahlZeigen()
+{
+    for (Sitzungszeile *zeile : alleZeilen())
+        zeile->setzeGewaehlt(m_zustand->protokollDatei() == zeile->datei());
+}
+
+void Sitzungsseite::zurAuswahl()
+{
+    Sitzungszeile *ziel = nullptr;
+    for (Sitzungszeile *zeile : alleZeilen()) {
+        if (!zeile->isHidden() && (!ziel || m_zustand->protokollDatei() == zeile->datei()))
+            ziel = zeile;
+    }
+    if (ziel)
+        ziel->fokusNehmen();
+}
+
+void Sitzungsseite::setzeFuss(int hoehe, int mitte)
+{
+    m_fuss->setFixedHeight(hoehe);
+    m_fussmitte = mitte;
+    fussEinpassen();
+    update();
+}
+
+/** Narrower than their row, the buttons drop their words. */
+void Sitzungsseite::fussEinpassen()
+{
+    const int rand = Stil::seitenrand(width());
+    const int versatz = 2 * m_fussmitte - m_fuss->height();
+    m_fuss->layout()->setContentsMargins(rand - abstand(9), std::max(0, versatz), rand, std::max(0, -versatz));
+    int breite = 2 * rand;
+    for (Flachknopf *knopf : std::as_const(m_fussknoepfe)) {
+        knopf->setzeMitText(true);
+        breite += knopf->sizeHint().width() + abstand(10);
+    }
+    for (Flachknopf *knopf : std::as_const(m_fussknoepfe))
+        knopf->setzeMitText(breite <= width());
+}
+
+void Sitzungsseite::resizeEvent(QResizeEvent *)
+{
+    const int rand = Stil::seitenrand(width());
+    auto *rollen = findChild<QScrollArea *>();
+    rollen->widget()->layout()->setContentsMargins(rand, abstand(12), rand, abstand(12));
+    fussEinpassen();
+}
+
+void Sitzungsseite::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(0, m_fuss->y(), width(), 1, Stil::linie(palette()));
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "sitzungsbilder.h"
+
+#include <QWidget>
+
+class Flachknopf;
+class Protokollordner;
+class QLabel;
+class QVBoxLayout;
+class Sitzungszeile;
+class Umbruchtext;
+class Zustand;
+
+/** Left side of the log card: the log folder, the running session, earlier sessions. */
+class Sitzungsseite : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Sitzungsseite(Zustand *zustand, QWidget *eltern = nullptr);
+    /** Reads everything that is shown anew. */
+    void auffrischen();
+    /** Gives the focus to the chosen session, else to the newest. */
+    void zurAuswahl();
+    /** The area with the two buttons is as tall as the one on the other side, its row at @p mitte. */
+    void setzeFuss(int hoehe, int mitte);
+
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
+
+private:
+    QWidget *inhalt();
+    QWidget *fuss();
+    void laufendeBauen(QVBoxLayout *spalte);
+    void fruehereBauen(QVBoxLayout *spalte);
+    void zeigen();
+    void laufendeZeigen();
+    void fruehereZeigen();
+    void bilderLesen();
+    void bildZeigen(const QString &datei);
+    void auswahlZeigen();
+    void fussEinpassen();
+    Sitzungszeile *neueZeile(QVBoxLayout *spalte);
+    [[nodiscard]] QString laufende() const;
+    [[nodiscard]] QStringList fruehere() const;
+    [[nodiscard]] QList<Sitzungszeile *> alleZeilen() const;
+
+    Zustand *m_zustand;
+    Sitzungsbilder m_bilder;
+    Protokollordner *m_ordner = nullptr;
+    QWidget *m_nochNichts = nullptr;
+    Sitzungszeile *m_laufende = nullptr;
+    QLabel *m_anzahl = nullptr;
+    QVBoxLayout *m_liste = nullptr;
+    QList<Sitzungszeile *> m_zeilen;
+    Flachknopf *m_mehr = nullptr;
+    QWidget *m_fuss = nullptr;
+    QList<Flachknopf *> m_fussknoepfe;
+    int m_fussmitte = 0;
+    int m_gezeigte;
+};

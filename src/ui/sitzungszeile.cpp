@@ -1,0 +1,130 @@
+#include "sitzungszeile.h"
+
+#include "dateiverwaltung.h"
+#include "elidiertext.h"
+#include "flachknopf.h"
+#include "pfade.h"
+#include "sitzungsbilder.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zeichen.h"
+
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QMouseEvent>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+QString zeitpunkt(const QDateTime &zeit) { return QLocale().toString(zeit, Sprache::text(u"d. MMMM yyyy, HH:mm"_s)); }
+
+QString unterzeile(const Sitzungsbild &bild, bool laufend)
+{
+    const QString anzahl = QLocale().toString(bild.bewegungen);
+    if (bild.bewegungen > 0 && bild.zurueckgedreht)
+        return gefuellt(Sprache::text(u"%@ Bewegungen, alle zurückgedreht"_s), {anzahl});
+    if (laufend && bild.zuletzt.isValid())
+        return gefuellt(Sprache::text(u"%@ Bewegungen, zuletzt um %@"_s),
+                        {anzahl, QLocale().toString(bild.zuletzt.time(), u"HH:mm"_s)});
+    return gefuellt(Sprache::text(u"%@ Bewegungen"_s), {anzahl});
+}
+} // namespace
+
+Sitzungszeile::Sitzungszeile(QWidget *eltern)
+    : QWidget(eltern), m_marke(new Flachknopf({}, u"circle"_s, {}, {}, this)),
+      m_titel(new Elidiertext(Qt::ElideRight, this)), m_unterzeile(new Elidiertext(Qt::ElideRight, this)),
+      m_ansehen(new Flachknopf({}, {}, Sprache::text(u"Ansehen"_s), {}, this)),
+      m_finden(new Flachknopf({}, u"arrow.up.forward.app"_s, {}, {}, this))
+{
+    m_ansehen->setzeMitText(true);
+    m_marke->setFocusPolicy(Qt::NoFocus); // the button beside it does the same
+    for (Elidiertext *text : {m_titel, m_unterzeile})
+        text->setTextInteractionFlags(Qt::NoTextInteraction); // a click anywhere chooses
+    auto *worte = new QVBoxLayout;
+    worte->addWidget(m_titel);
+    worte->addWidget(m_unterzeile);
+    worte->setSpacing(0);
+    auto *reihe = new QHBoxLayout(this);
+    reihe->addWidget(m_marke);
+    reihe->addLayout(worte, 1);
+    reihe->addWidget(m_ansehen);
+    reihe->addWidget(m_finden);
+    const auto waehlen = [this] { Q_EMIT gewaehlt(m_datei); };
+    connect(m_marke, &QToolButton::clicked, this, waehlen);
+    connect(m_ansehen, &QToolButton::clicked, this, waehlen);
+    connect(m_finden, &QToolButton::clicked, this, [this] { Dateiverwaltung::zeigen(m_datei); });
+    Stil::folgen(this, [this, reihe] {
+        reihe->setContentsMargins(abstand(6), abstand(4), abstand(6), abstand(4));
+        reihe->setSpacing(abstand(8));
+        setzeGewaehlt(m_gewaehlt);
+    });
+}
+
+void Sitzungszeile::setzen(const QString &datei, int nummer)
+{
+    m_datei = datei;
+    m_titel->setzeText(nameVon(datei));
+    m_unterzeile->setzeText({});
+    const QString ende = u'-' + QString::number(nummer);
+    m_marke->setObjectName(u"sitzung"_s + ende);
+    m_ansehen->setObjectName(u"ansehen"_s + ende);
+    m_finden->setObjectName(u"finden"_s + ende);
+    knoepfeBenennen();
+}
+
+void Sitzungszeile::bildZeigen(const Sitzungsbild &bild, bool laufend)
+{
+    m_titel->setzeText(bild.beginn.isValid() ? zeitpunkt(bild.beginn) : nameVon(m_datei));
+    m_unterzeile->setzeText(unterzeile(bild, laufend));
+    knoepfeBenennen();
+}
+
+/** Read aloud, each of them says which session it means. */
+void Sitzungszeile::knoepfeBenennen()
+{
+    const QString welche = u": "_s + m_titel->ganzerText();
+    m_marke->setzeHilfe({}, Sprache::text(u"Zeigt den Inhalt dieser Datei rechts an"_s));
+    m_marke->setAccessibleName(Sprache::text(u"Sitzung"_s) + welche);
+    m_ansehen->setzeHilfe(Sprache::text(u"Ansehen"_s),
+                          Sprache::text(u"Zeigt diese Sitzung rechts an, damit du vor dem Zurückdrehen siehst, was "
+                                        "darin steht"_s));
+    m_ansehen->setAccessibleName(Sprache::text(u"Ansehen"_s) + welche);
+    m_finden->setzeHilfe({}, Sprache::text(u"Diese Protokolldatei in der Dateiverwaltung zeigen"_s));
+    m_finden->setAccessibleName(m_finden->toolTip() + welche);
+}
+
+void Sitzungszeile::setzeGewaehlt(bool gewaehlt)
+{
+    m_gewaehlt = gewaehlt;
+    m_marke->setIcon(
+        Zeichen::icon(gewaehlt ? u"largecircle.fill.circle"_s : u"circle"_s, palette().color(QPalette::WindowText)));
+    m_titel->setFont(Stil::schrift(gewaehlt ? Schrift::Halbfett : Schrift::Grund));
+    m_unterzeile->setFont(Stil::schrift(Schrift::Neben));
+    Stil::setzeTextfarbe(m_unterzeile, gewaehlt ? Stil::nebenfarbe(palette(), Stil::auswahlgrund(palette()))
+                                                : Stil::nebenfarbe(palette()));
+    update();
+}
+
+void Sitzungszeile::fokusNehmen() { m_ansehen->setFocus(); }
+
+void Sitzungszeile::mouseReleaseEvent(QMouseEvent *ereignis)
+{
+    if (ereignis->button() == Qt::LeftButton && rect().contains(ereignis->position().toPoint()))
+        Q_EMIT gewaehlt(m_datei);
+}
+
+void Sitzungszeile::paintEvent(QPaintEvent *)
+{
+    if (!m_gewaehlt)
+        return;
+    QPainter maler(this);
+    maler.setRenderHint(QPainter::Antialiasing);
+    maler.setPen(Qt::NoPen);
+    maler.setBrush(Stil::auswahlgrund(palette()));
+    maler.drawRoundedRect(rect(), 3, 3);
+}

@@ -1,0 +1,26 @@
+#include "bestandteile.h"
+
+#include "sprache.h"
+
+#include <openssl/crypto.h>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+QList<Bestandteil> bestandteile()
+{
+    return {
+        {.name = u"Qt"_s, .fassung = QString::fromLatin1(qVersion()), .lizenz = u"LGPL 3"_s},
+        {.name = Sprache::text(u"PDFium, in Qt PDF"_s), .fassung = {}, .lizenz = u"BSD, Apache 2.0"_s},
+        {.name = u"SQLite"_s,
+         .fassung = QString::fromLatin1(sqlite3_libversion()),
+         .lizenz = Sprache::text(u"gemeinfrei"_s)},
+        {.name = u"OpenSSL"_s,
+         .fassung = QString::fromLatin1(OpenSSL_version(OPENSSL_VERSION_STRING)),
+         .lizenz = u"Apache 2.0"_s},
+        {.name = Sprache::text(u"Breeze, Symbole"_s), .fassung = {}, .lizenz = u"LGPL 3"_s},
+        {.name = Sprache::text(u"poppler-utils, als Programm"_s), .fassung = {}, .lizenz = u"GPL 2, GPL 3"_s},
+        {.name = Sprache::text(u"tesseract, als Programm"_s), .fassung = {}, .lizenz = u"Apache 2.0"_s},
+        {.name = Sprache::text(u"ollama, als Programm"_s), .fassung = {}, .lizenz = u"MIT"_s},
+    };
+}

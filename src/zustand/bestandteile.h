@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/** A program or library that the program is made of or calls. */
+struct Bestandteil {
+    QString name;
+    QString fassung; ///< of what is in use now; empty where it is not known
+    QString lizenz;
+};
+
+/** In the user's language. */
+[[nodiscard]] QList<Bestandteil> bestandteile();

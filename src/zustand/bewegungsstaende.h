@@ -1,0 +1,59 @@
+#pragma once
+
+#include "protokollzeile.h"
+
+#include <QObject>
+
+/** Where the file of a movement is found today. */
+enum class Bewegungsstand {
+    unbekannt, ///< not looked at yet
+    amZiel,
+    zurueck, ///< at its old place; a copy that is gone again
+    verschwunden,
+    fehler, ///< the disk does not say
+};
+
+/** Looks at the disk; blocks as long as that takes. */
+[[nodiscard]] Bewegungsstand bewegungsstand(const Protokollzeile &zeile);
+
+/**
+ * Finds out where the files of a session are, away from the main thread, and only of the movements that somebody looks
+ * at: a session may have a hundred thousand of them, and the target a slow network drive.
+ */
+class Bewegungsstaende : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /** Another session; nothing is known of it yet. */
+    void setzen(const QList<Protokollzeile> &zeilen);
+    /** The same session with more movements at its end. */
+    void fortsetzen(const QList<Protokollzeile> &zeilen);
+    /** Files may have moved: what is known is told until it has been looked at again. */
+    void veralten();
+    /** The movements from @p von to @p bis (included) are in view; only the last call counts. */
+    void ansehen(qsizetype von, qsizetype bis);
+    [[nodiscard]] Bewegungsstand stand(qsizetype stelle) const;
+
+Q_SIGNALS:
+    /** Something was found out about the movements from @p von to @p bis. */
+    void erkannt(qsizetype von, qsizetype bis);
+
+private:
+    struct Eintrag {
+        Bewegungsstand stand = Bewegungsstand::unbekannt;
+        bool frisch = false;
+    };
+    void weiter();
+    void eintragen(const QList<qsizetype> &stellen, const QList<Bewegungsstand> &staende);
+
+    QList<Protokollzeile> m_zeilen;
+    QList<Eintrag> m_eintraege;
+    qsizetype m_von = 0;
+    qsizetype m_bis = -1;
+    quint64 m_sitzung = 0; ///< what was asked for an earlier one is not told any more
+    quint64 m_ansicht = 0; ///< counts veralten()
+    bool m_unterwegs = false;
+};

@@ -1,0 +1,20 @@
+#include "protokollort.h"
+
+#include "pfade.h"
+
+#include <unistd.h>
+
+Protokollort protokollort(const Profil &profil)
+{
+    const auto ordner = profil.protokollURL();
+    if (!ordner)
+        return Protokollort::keiner;
+    QString ort = *ordner;
+    // Of a drive that is not mounted the target root is missing; it is never made.
+    if (profil.protokollOrdner.isEmpty() && !istOrdner(profil.zielWurzel))
+        return Protokollort::unbrauchbar;
+    while (!istVorhanden(ort) && ort != ordnerVon(ort))
+        ort = ordnerVon(ort);
+    const bool offen = istOrdner(ort) && ::access(plattenPfad(ort).constData(), W_OK | X_OK) == 0;
+    return offen ? Protokollort::brauchbar : Protokollort::unbrauchbar;
+}

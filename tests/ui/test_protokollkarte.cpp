@@ -1,0 +1,356 @@
+#include "aktualisierung.h"
+#include "bewegungsliste.h"
+#include "bewegungsmodell.h"
+#include "buehne.h"
+#include "elidiertext.h"
+#include "fenstersprache.h"
+#include "hauptfenster.h"
+#include "infofenster.h"
+#include "profilspeicher.h"
+#include "programmordner.h"
+#include "sprache.h"
+#include "umbruchtext.h"
+#include "zustand.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/** Log card and info window on a stage of real files. */
+class TestProtokollkarte : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void ordnerGeoeffnet(const QUrl &url) { m_geoeffnet << url.toLocalFile(); }
+
+private:
+    std::unique_ptr<Buehne> m_b;
+    std::unique_ptr<Zustand> m_z;
+    std::unique_ptr<Fenstersprache> m_sprache;
+    std::unique_ptr<Hauptfenster> m_fenster;
+    QStringList m_geoeffnet;
+
+    void oeffnen(bool mitProfil = true)
+    {
+        if (mitProfil)
+            m_b->profilSichern();
+        m_z = std::make_unique<Zustand>();
+        m_sprache = std::make_unique<Fenstersprache>();
+        m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
+        m_fenster->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
+        QTRY_VERIFY(!mitProfil || (m_z->offen() && m_z->bereitschaft()));
+    }
+    void uebernehmen(int anzahl)
+    {
+        for (int n = 0; n < anzahl; ++n) {
+            QTRY_VERIFY(m_z->aktuelles() && !m_z->beschaeftigt());
+            m_z->uebernehmen();
+            QTRY_VERIFY(!m_z->beschaeftigt());
+        }
+    }
+
+    template <typename T>
+    static T *suchen(const char *name)
+    {
+        for (QWidget *fenster : QApplication::topLevelWidgets()) {
+            for (T *kandidat : fenster->findChildren<T *>(QString::fromLatin1(name))) {
+                if (kandidat->isVisible())
+                    return kandidat;
+            }
+        }
+        return nullptr;
+    }
+    template <typename T>
+    static T *teil(const char *name)
+    {
+        auto *gefunden = suchen<T>(name);
+        if (!gefunden)
+            qFatal("%s is not there", name);
+        return gefunden;
+    }
+    static bool sichtbar(const char *name) { return suchen<QWidget>(name) != nullptr; }
+    void klicken(const char *name) { QTest::mouseClick(teil<QAbstractButton>(name), Qt::LeftButton); }
+    static void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), taste, dazu);
+    }
+    /** By the Tab key alone. */
+    static void aufKnopf(const char *name)
+    {
+        for (int n = 0; n < 60 && QApplication::focusWidget()->objectName() != QLatin1String(name); ++n)
+            druecken(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(name));
+    }
+    static QString fokus()
+    {
+        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    }
+    Bewegungsmodell *modell() { return teil<Bewegungsliste>("bewegungen")->modell(); }
+    Bewegungsstand stand(int zeile)
+    {
+        return Bewegungsstand(modell()->index(zeile).data(Bewegungsmodell::Stand).toInt());
+    }
+    QString meldung() { return teil<Elidiertext>("rueckbauMeldung")->ganzerText(); }
+
+    /** A log from elsewhere, of files that are not here. */
+    QString fremdesProtokoll(int zeilen)
+    {
+        QFile datei(m_b->ordner() + u"/fremd.jsonl"_s);
+        if (!datei.open(QIODevice::WriteOnly))
+            qFatal("not written");
+        Protokollkopf kopf = Protokollkopf::fuer(m_b->profil);
+        kopf.rechner = u"anderswo"_s;
+        kopf.quelle = u"/fremd/Scans"_s;
+        datei.write(kopf.json() + '\n');
+        for (int n = 0; n < zeilen; ++n)
+            datei.write(Protokollzeile{.zeit = u"2025-01-31T14:05:09Z"_s,
+                                       .aktion = u"einsortiert"_s,
+                                       .dokument = 0,
+                                       .von = u"/fremd/Scans/Scan_%1.pdf"_s.arg(n),
+                                       .nach = u"/fremd/Ablage/Haushalt/Jahresablage/Brief %1.pdf"_s.arg(n),
+                                       .altStatus = u"bereit"_s,
+                                       .kopiert = false}
+                            .json() +
+                        '\n');
+        return datei.fileName();
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        QFile::remove(Profilspeicher::datei());
+        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nichts");
+        QDesktopServices::setUrlHandler(u"file"_s, this, "ordnerGeoeffnet");
+        Sprache::setzeGewaehlteKennung(u"de"_s);
+        m_geoeffnet.clear();
+        m_b = std::make_unique<Buehne>();
+    }
+    void cleanupTestCase() { QDesktopServices::unsetUrlHandler(u"file"_s); }
+    void cleanup()
+    {
+        m_fenster.reset();
+        m_sprache.reset();
+        m_z.reset();
+        m_b.reset();
+        Zustand::ordnerwaehler = nullptr;
+        Zustand::protokollwaehler = nullptr;
+    }
+
+    /** From the first look to the session turned back, by keys alone. */
+    void sitzungZurueckdrehen()
+    {
+        for (const QString &name : {u"a.pdf"_s, u"b.pdf"_s, u"c.pdf"_s})
+            m_b->dokument(name);
+        oeffnen();
+        m_z->setzeReiter(Reiter::protokoll);
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"Im Protokollordner liegt noch nichts."_s);
+        QCOMPARE(teil<QLabel>("leertitel")->text(), u"Keine Sitzung gewählt"_s);
+        QVERIFY(teil<QWidget>("nochNichtsBewegt")->toolTip().startsWith(u"Die Datei entsteht erst"_s));
+        QVERIFY(!teil<QAbstractButton>("sitzungZurueckdrehen")->isEnabled());
+        uebernehmen(3);
+        QTRY_COMPARE(fokus(), u"protokoll"_s);
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"Im Protokollordner liegt nur die laufende Sitzung."_s);
+        aufKnopf("ansehen-0");
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(teil<QLabel>("bewegungsAnzahl")->text(), u"3 Einträge, älteste zuerst."_s);
+        QTRY_COMPARE(stand(2), Bewegungsstand::amZiel);
+        QCOMPARE(modell()->index(0).data().toString(),
+                 u"Von: a.pdf\nNach: Haushalt/Jahresablage/2023/Strom/2023-02-14 Stadtwerke - a.pdf"_s);
+        // The last step goes back; what the user moved himself is not found.
+        druecken(Qt::Key_U);
+        QTRY_COMPARE(stand(2), Bewegungsstand::zurueck);
+        QVERIFY(QFile::remove(modell()->zeile(1).nach));
+        aufKnopf("protokolleAuffrischen");
+        druecken(Qt::Key_Space);
+        QTRY_COMPARE(stand(1), Bewegungsstand::verschwunden);
+        QCOMPARE(stand(0), Bewegungsstand::amZiel);
+        // Asked and left.
+        aufKnopf("sitzungZurueckdrehen");
+        druecken(Qt::Key_Return);
+        QCOMPARE(teil<QLabel>("rueckbauFrage")->text(), u"3 Bewegungen werden zurückgedreht. Sicher?"_s);
+        QCOMPARE(fokus(), u"rueckbauAbbrechen"_s);
+        druecken(Qt::Key_Escape);
+        QCOMPARE(fokus(), u"sitzungZurueckdrehen"_s);
+        druecken(Qt::Key_Return);
+        druecken(Qt::Key_Return); // on "Abbrechen"
+        QVERIFY(!m_z->rueckbauLaeuft() && QFile::exists(modell()->zeile(0).nach));
+        // Asked and confirmed.
+        druecken(Qt::Key_Return);
+        druecken(Qt::Key_Tab, Qt::ShiftModifier);
+        QCOMPARE(fokus(), u"jaZurueckdrehen"_s);
+        druecken(Qt::Key_Return);
+        QTRY_VERIFY(meldung().startsWith(u"1 zurückgeholt, 2 übersprungen"_s));
+        QTRY_COMPARE(stand(0), Bewegungsstand::zurueck);
+        QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
+        QVERIFY(!sichtbar("rueckbauFehler"));
+        // Its log is an earlier session's now, the next movement begins another.
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokolle gefunden, neueste zuerst."_s);
+        QVERIFY(sichtbar("nochNichtsBewegt"));
+    }
+
+    /** A failure stands below, with its reason, and at its movement. */
+    void wasSichNichtZurueckdrehenLiess()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        oeffnen();
+        uebernehmen(1);
+        m_z->setzeReiter(Reiter::protokoll);
+        m_z->protokollWaehlen(m_z->laufendesBuch()->datei());
+        QTRY_COMPARE(modell()->rowCount(), 1);
+        QVERIFY(QDir(m_b->profil.quelle).removeRecursively());
+        QFile sperre(m_b->profil.quelle); // where the old folder would have to be made again
+        QVERIFY(sperre.open(QIODevice::WriteOnly));
+        klicken("sitzungZurueckdrehen");
+        klicken("jaZurueckdrehen");
+        QTRY_COMPARE(meldung(), u"0 zurückgeholt, 1 Fehler"_s);
+        const QString zeile = teil<QPlainTextEdit>("rueckbauFehler")->toPlainText();
+        QVERIFY2(zeile.startsWith(u"2023-02-14 Stadtwerke - a.pdf: "_s), qPrintable(zeile));
+        QTRY_COMPARE(stand(0), Bewegungsstand::fehler);
+        QVERIFY(modell()->index(0).data(Qt::ToolTipRole).toString().contains(zeile.mid(zeile.indexOf(u": "_s) + 2)));
+        QVERIFY(QFile::exists(modell()->zeile(0).nach));
+    }
+
+    /** Another session is another question; whatever is chosen, it is that one which is shown. */
+    void fruehereUndFremdeSitzungen()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        oeffnen();
+        uebernehmen(1);
+        const QString eigene = m_z->laufendesBuch()->datei();
+        m_z.reset();
+        m_fenster.reset();
+        oeffnen();
+        m_z->setzeReiter(Reiter::protokoll);
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokolle gefunden, neueste zuerst."_s);
+        klicken("ansehen-1");
+        QTRY_COMPARE(modell()->rowCount(), 1);
+        klicken("finden-1");
+        QTRY_COMPARE(m_geoeffnet, QStringList{QFileInfo(eigene).path()}); // no file manager on the bus
+        klicken("sitzungZurueckdrehen");
+        Zustand::protokollwaehler = [this](const QString &) { return fremdesProtokoll(2); };
+        klicken("protokollOeffnen");
+        QVERIFY(!sichtbar("rueckbauFrage"));
+        QTRY_COMPARE(modell()->rowCount(), 2);
+        QVERIFY(teil<QWidget>("sitzungskopf")->findChild<Elidiertext *>());
+        QCOMPARE(m_z->protokollKopf()->rechner, u"anderswo"_s);
+        QTRY_COMPARE(stand(1), Bewegungsstand::verschwunden);
+        klicken("sitzungZurueckdrehen");
+        klicken("jaZurueckdrehen");
+        QTRY_VERIFY(meldung().startsWith(u"0 zurückgeholt, 2 übersprungen"_s));
+        // What is no log has neither header nor movements, and nothing to turn back.
+        Zustand::protokollwaehler = [this](const QString &) { return m_b->ziel(u"Haushalt"_s); };
+        klicken("protokollOeffnen");
+        QTRY_COMPARE(teil<QLabel>("bewegungsAnzahl")->text(), u"In dieser Datei steht keine lesbare Bewegung."_s);
+        QVERIFY(!teil<QAbstractButton>("sitzungZurueckdrehen")->isEnabled());
+    }
+
+    /** Of a hundred thousand movements only those are looked at on the disk that somebody sees. */
+    void hunderttausendBewegungen()
+    {
+        constexpr int viele = 100'000;
+        oeffnen();
+        m_z->setzeReiter(Reiter::protokoll);
+        const QString datei = fremdesProtokoll(viele);
+        QElapsedTimer uhr;
+        qint64 laengste = 0;
+        QTimer schlag;
+        connect(&schlag, &QTimer::timeout, this, [&] { laengste = std::max(laengste, uhr.restart()); });
+        uhr.start();
+        schlag.start(0);
+        m_z->protokollWaehlen(datei);
+        QTRY_COMPARE_WITH_TIMEOUT(modell()->rowCount(), viele, 60'000);
+        QTRY_COMPARE(stand(0), Bewegungsstand::verschwunden);
+        teil<Bewegungsliste>("bewegungen")->scrollToBottom();
+        QTRY_COMPARE(stand(viele - 1), Bewegungsstand::verschwunden);
+        QCOMPARE(stand(viele / 2), Bewegungsstand::unbekannt);
+        qInfo("longest turn of the event loop: %lld ms", static_cast<long long>(laengste));
+    }
+
+    void protokollordner()
+    {
+        oeffnen();
+        m_z->setzeReiter(Reiter::protokoll);
+        QVERIFY(teil<Elidiertext>("protokollOrdner")->ganzerText().startsWith(u"Standard: "_s));
+        const QString eigener = m_b->ordner() + u"/Logbuch"_s;
+        QVERIFY(QDir().mkpath(eigener));
+        QVERIFY(QFile::copy(fremdesProtokoll(1), eigener + u"/Protokoll.jsonl"_s));
+        QString gefragt;
+        Zustand::ordnerwaehler = [&](const QString &titel) {
+            gefragt = titel;
+            return eigener;
+        };
+        klicken("protokollOrdnerWaehlen");
+        QCOMPARE(gefragt, u"Ordner für die Sitzungsprotokolle wählen"_s);
+        QCOMPARE(teil<Elidiertext>("protokollOrdner")->ganzerText(), u"Eigener Ort gewählt"_s);
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokolle gefunden, neueste zuerst."_s);
+        QTRY_COMPARE(Profilspeicher::laden().first().protokollOrdner, eigener);
+        // A place where nothing can be written says so.
+        Zustand::ordnerwaehler = [this](const QString &) { return m_b->ordner() + u"/fremd.jsonl/darin"_s; };
+        klicken("protokollOrdnerWaehlen");
+        QTRY_VERIFY(sichtbar("protokollOrtWarnung"));
+        klicken("protokollOrdnerStandard");
+        QTRY_VERIFY(!sichtbar("protokollOrtWarnung"));
+        QCOMPARE(m_z->aktiv()->protokollOrdner, QString());
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"Im Protokollordner liegt noch nichts."_s);
+    }
+
+    void ohneProfil()
+    {
+        oeffnen(false);
+        m_z->setzeReiter(Reiter::protokoll);
+        QCOMPARE(teil<QLabel>("leertitel")->text(), u"Noch kein Profil"_s);
+        klicken("leerknopf");
+        QCOMPARE(m_z->reiter(), Reiter::einrichtung);
+    }
+
+    void infofenster()
+    {
+        oeffnen();
+        auto *eintrag = m_fenster->findChild<QAction *>(u"info"_s);
+        QVERIFY(eintrag);
+        eintrag->trigger();
+        eintrag->trigger();
+        QCOMPARE(m_fenster->findChildren<Infofenster *>().size(), 1);
+        auto *info = m_fenster->findChild<Infofenster *>();
+        QVERIFY(info->isVisible() && !info->isModal());
+        QCOMPARE(teil<QLabel>("fassung")->text(), u"Version "_s + Aktualisierung::eigeneFassung());
+        for (QWidget *w : info->findChildren<QWidget *>()) {
+            if (!(w->focusPolicy() & Qt::TabFocus) || !w->isVisible())
+                continue;
+            const QString sagt = QAccessible::queryAccessibleInterface(w)->text(QAccessible::Name);
+            QVERIFY2(!sagt.isEmpty() && !w->objectName().isEmpty(), w->metaObject()->className());
+        }
+        QTRY_VERIFY(teil<QAbstractButton>("programmordnerOeffnen")->isEnabled());
+        klicken("programmordnerOeffnen");
+        QCOMPARE(m_geoeffnet, QStringList{programmOrdner()});
+        QVERIFY(!teil<QAbstractButton>("protokolleOeffnen")->isEnabled()); // it is not there yet
+        klicken("angabenKopieren");
+        QVERIFY(QApplication::clipboard()->text().contains(u"Qt, "_s + QString::fromLatin1(qVersion())));
+        QVERIFY(!teil<QCheckBox>("beimStartPruefen")->isChecked());
+        teil<QCheckBox>("beimStartPruefen")->click();
+        QVERIFY(Aktualisierung::beimStartPruefen());
+        teil<QCheckBox>("beimStartPruefen")->click();
+        QVERIFY(!Aktualisierung::beimStartPruefen());
+        m_sprache->waehlen(u"en"_s);
+        QTRY_COMPARE(teil<QAbstractButton>("updateSuchen")->text(), u"Look for an update"_s);
+        klicken("schliessen");
+        QTRY_VERIFY(!m_fenster->findChild<Infofenster *>());
+    }
+};
+
+QTEST_MAIN(TestProtokollkarte)
+#include "test_protokollkarte.moc"
