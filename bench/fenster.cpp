@@ -11,6 +11,7 @@
 #include "pfade.h"
 #include "probe.h"
 #include "profilspeicher.h"
+#include "protokollbuch.h"
 #include "pruefansicht.h"
 #include "stapel.h"
 #include "umbruchtext.h"
@@ -22,6 +23,8 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLineEdit>
+#include <QListView>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -176,6 +179,26 @@ QStringList gemischt(const QString &ordner, int anzahl)
     return liste;
 }
 
+/** A session that has moved a hundred thousand files, none of them there. */
+QString langesProtokoll(const Profil &profil)
+{
+    QFile datei(profil.quelle + u"/lang.jsonl"_s);
+    if (!datei.open(QIODevice::WriteOnly))
+        throw std::runtime_error("the log cannot be written");
+    datei.write(Protokollkopf::fuer(profil).json() + '\n');
+    for (int n = 0; n < alle; ++n)
+        datei.write(Protokollzeile{.zeit = u"2025-01-31T14:05:09Z"_s,
+                                   .aktion = u"einsortiert"_s,
+                                   .dokument = n + 1,
+                                   .von = profil.quelle + u"/Scan_%1.pdf"_s.arg(n),
+                                   .nach = profil.zielWurzel + u"/Privat/Post/Briefe/Brief %1.pdf"_s.arg(n),
+                                   .altStatus = u"bereit"_s,
+                                   .kopiert = false}
+                        .json() +
+                    '\n');
+    return datei.fileName();
+}
+
 int startMessen()
 {
     int anzahl = 1;
@@ -277,6 +300,40 @@ void Fensterreihen::schleife()
     while (f.zustand.analyse()->laeuft())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     Messung::drucken("longest block of the loop, 200 documents", laengste, "ms", 50);
+}
+
+void Fensterreihen::protokollkarte()
+{
+    int anzahl = 1;
+    char name[] = "quillmar";
+    char *argumente[] = {name, nullptr};
+    const QApplication programm(anzahl, argumente);
+    const Heim heim;
+    heim.sichern();
+    const QString log = langesProtokoll(heim.profil);
+    Fenster f;
+    f.zustand.setzeReiter(Reiter::protokoll);
+    warten(blick);
+    auto *liste = f.fenster.findChild<QListView *>(u"bewegungen"_s);
+    QTimer ticker;
+    QElapsedTimer uhr;
+    double laengste = 0;
+    QObject::connect(&ticker, &QTimer::timeout, [&] {
+        laengste = std::max(laengste, millisekunden(uhr));
+        uhr.restart();
+    });
+    ticker.setTimerType(Qt::PreciseTimer);
+    ticker.start(1);
+    uhr.start();
+    f.zustand.protokollWaehlen(log);
+    bis([&] { return liste->model()->rowCount() == alle; });
+    for (int n = 0; n <= 100; ++n) {
+        liste->verticalScrollBar()->setValue(liste->verticalScrollBar()->maximum() / 100 * n);
+        warten(16);
+    }
+    f.zustand.protokollWaehlen(std::nullopt);
+    warten(blick);
+    Messung::drucken("log card, 100,000 movements, longest block", laengste, "ms", 50);
 }
 
 int Fensterreihen::startVoll() { return startMessen(); }

@@ -6,6 +6,7 @@ namespace Fensterreihen
 void eingabe();
 void taste();
 void schleife();
+void protokollkarte();
 void fensterstart();
 /** The child processes of fensterstart(): end as soon as the window can be used. */
 int startVoll();

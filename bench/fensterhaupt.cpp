@@ -12,10 +12,11 @@ struct Reihe {
     void (*messen)();
 };
 
-constexpr std::array<Reihe, 4> reihen = {{
+constexpr std::array<Reihe, 5> reihen = {{
     {"eingabe", Fensterreihen::eingabe},
     {"taste", Fensterreihen::taste},
     {"schleife", Fensterreihen::schleife},
+    {"protokollkarte", Fensterreihen::protokollkarte},
     {"fensterstart", Fensterreihen::fensterstart},
 }};
 } // namespace

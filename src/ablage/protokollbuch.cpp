@@ -188,7 +188,7 @@ QList<Protokollzeile> Protokollbuch::lesen(const QString &datei)
 }
 
 Bilanz Protokollbuch::zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
-                                    const Fortschritt &fortschritt)
+                                    const Fortschritt &fortschritt, const std::stop_token &ende)
 {
-    return Rueckbau(datei, db, fortschritt).ausfuehren();
+    return Rueckbau(datei, db, fortschritt, ende).ausfuehren();
 }

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 
 class Datenbank;
 
@@ -55,10 +56,10 @@ public:
      * Turns all movements of a session back, newest first. @p db (may be null: only files are moved then) is changed
      * where it knows the movement. What lies at neither or both ends, and what is turned back already, is passed over;
      * a failure does not stop the rest, and what failed lies where it was. @p fortschritt is called after each
-     * movement.
+     * movement. Once @p ende wants it, the movements in hand are finished and the rest is passed over.
      */
     [[nodiscard]] static Bilanz zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
-                                              const Fortschritt &fortschritt);
+                                              const Fortschritt &fortschritt, const std::stop_token &ende = {});
 
 private:
     Protokollbuch(QString datei, Protokollkopf kopf) : m_datei(std::move(datei)), m_kopf(std::move(kopf)) {}

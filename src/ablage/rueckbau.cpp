@@ -25,8 +25,10 @@ bool endenStimmen(const Protokollzeile &z)
 }
 } // namespace
 
-Rueckbau::Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt)
-    : m_zeilen(Protokollbuch::lesen(datei)), m_db(std::move(db)), m_fortschritt(std::move(fortschritt))
+Rueckbau::Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt,
+                   std::stop_token ende)
+    : m_zeilen(Protokollbuch::lesen(datei)), m_db(std::move(db)), m_fortschritt(std::move(fortschritt)),
+      m_ende(std::move(ende))
 {
     const auto kopf = Protokollbuch::kopf(datei);
     m_herkunft = kopf ? kopf->quelle : QString();
@@ -68,6 +70,10 @@ Bilanz Rueckbau::ausfuehren()
 
 void Rueckbau::gruppe(const QList<Protokollzeile> &zeilen)
 {
+    if (m_ende.stop_requested()) {
+        m_bilanz.uebersprungen += zeilen.size();
+        return;
+    }
     QList<Absicht> absichten;
     for (const Protokollzeile &zeile : zeilen) {
         if (auto absicht = pruefen(zeile)) {

@@ -9,7 +9,8 @@ class Bewegungsgang;
 class Rueckbau
 {
 public:
-    Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt);
+    Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt,
+             std::stop_token ende = {});
     ~Rueckbau();
     Rueckbau(const Rueckbau &) = delete;
     Rueckbau &operator=(const Rueckbau &) = delete;
@@ -27,6 +28,7 @@ private:
     std::shared_ptr<Datenbank> m_db;
     std::unique_ptr<Bewegungsgang> m_gang;
     Protokollbuch::Fortschritt m_fortschritt;
+    std::stop_token m_ende;
     Bilanz m_bilanz;
     qint64 m_fertig = 0;
 };

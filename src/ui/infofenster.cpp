@@ -3,6 +3,7 @@
 #include "aktualisierung.h"
 #include "bestandteile.h"
 #include "dateiverwaltung.h"
+#include "diagnose.h"
 #include "elidiertext.h"
 #include "fenstersprache.h"
 #include "flachknopf.h"
@@ -268,24 +269,28 @@ QWidget *Infofenster::teile(QWidget *eltern)
 
 QWidget *Infofenster::fuss(QWidget *eltern)
 {
-    auto *kopieren =
-        new Flachknopf(u"angabenKopieren"_s, u"doc.on.doc.copy"_s, Sprache::text(u"Angaben kopieren"_s),
-                       Sprache::text(u"Version und Bestandteile als Text, etwa für eine Fehlermeldung"_s), eltern);
+    auto *kopieren = new Flachknopf(
+        u"angabenKopieren"_s, u"doc.on.doc.copy"_s, Sprache::text(u"Angaben kopieren"_s),
+        Sprache::text(u"Fassungen des Programms und seiner Helfer als Text, etwa für eine Fehlermeldung"_s), eltern);
     kopieren->setzeMitText(true);
     auto *schliessen = new Knopf(u"schliessen"_s, Sprache::text(u"Schließen"_s), eltern);
     auto *traeger = zeile(eltern, {kopieren});
     static_cast<QHBoxLayout *>(traeger->layout())->addWidget(schliessen);
     // The words of the flat button begin where everything else does.
     Stil::folgen(traeger, [traeger] { traeger->layout()->setContentsMargins(-abstand(9), 0, 0, 0); });
-    connect(kopieren, &QToolButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(angaben()); });
+    connect(kopieren, &QToolButton::clicked, this, [kopieren] { angabenKopieren(kopieren); });
     connect(schliessen, &QPushButton::clicked, this, &QDialog::close);
     return traeger;
 }
 
-QString Infofenster::angaben() const
+/** The programs are asked for their versions, which takes a moment. */
+void Infofenster::angabenKopieren(Flachknopf *knopf)
 {
-    QStringList zeilen = {u"Quillmar "_s + Aktualisierung::eigeneFassung(), QSysInfo::prettyProductName()};
-    for (const Bestandteil &teil : bestandteile())
-        zeilen << QStringList{teil.name, teil.fassung, teil.lizenz}.filter(QRegularExpression(u"."_s)).join(u", "_s);
-    return zeilen.join(u'\n') + u'\n';
+    knopf->setEnabled(false);
+    imHintergrund(knopf, Diagnose::zeilen, [knopf](const Ausgang<QStringList> &zeilen) {
+        QGuiApplication::clipboard()->setText(zeilen.wert.value_or(QStringList{zeilen.fehler}).join(u'\n') + u'\n');
+        knopf->setEnabled(true);
+        knopf->setzeHilfe(Sprache::text(u"Kopiert"_s), knopf->toolTip());
+        knopf->updateGeometry();
+    });
 }

@@ -30,7 +30,7 @@ private:
     QWidget *teile(QWidget *eltern);
     QWidget *fuss(QWidget *eltern);
     void ergebnisZeigen();
-    [[nodiscard]] QString angaben() const;
+    static void angabenKopieren(Flachknopf *knopf);
 
     Zustand *m_zustand;
     Aktualisierung *m_aktualisierung;

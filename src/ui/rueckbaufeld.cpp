@@ -156,7 +156,11 @@ QWidget *Rueckbaufeld::laufseite()
     m_lauf->setTextFormat(Qt::PlainText);
     m_balken = new Balken(0, this);
     m_balken->setAccessibleName(Sprache::text(u"Fortschritt"_s));
-    auto *seite = zeile(this, {m_lauf, m_balken});
+    m_anhalten = knopf(u"rueckbauAnhalten"_s, Sprache::text(u"Anhalten"_s),
+                       Sprache::text(u"Hört nach den Bewegungen auf, die gerade im Gang sind. Der Rest bleibt, wie er "
+                                     "ist."_s),
+                       this);
+    auto *seite = zeile(this, {m_lauf, m_balken, m_anhalten});
     static_cast<QHBoxLayout *>(seite->layout())->setStretch(1, 1000);
     return seite;
 }
@@ -167,6 +171,10 @@ void Rueckbaufeld::verbinden()
     connect(m_letzten, &QPushButton::clicked, m_zustand, &Zustand::rueckgaengig);
     connect(m_ja, &QPushButton::clicked, this, &Rueckbaufeld::bestaetigen);
     connect(m_nein, &QPushButton::clicked, this, &Rueckbaufeld::abbrechen);
+    connect(m_anhalten, &QPushButton::clicked, m_zustand, [this] {
+        m_anhalten->setEnabled(false);
+        m_zustand->anhalten();
+    });
     // Another session, or this one with more movements: what was asked is not what would be done.
     connect(m_zustand, &Zustand::protokollGeaendert, this, [this] {
         if (m_stapel->currentIndex() == Frage)
@@ -193,8 +201,12 @@ void Rueckbaufeld::fragen()
 
 void Rueckbaufeld::bestaetigen()
 {
-    seiteSetzen(Knoepfe);
+    const bool fokus = m_ja->hasFocus();
     m_zustand->protokollZurueckdrehen();
+    if (!m_zustand->rueckbauLaeuft())
+        seiteSetzen(Knoepfe);
+    else if (fokus)
+        m_anhalten->setFocus();
 }
 
 void Rueckbaufeld::abbrechen()
@@ -219,10 +231,16 @@ void Rueckbaufeld::zeigen()
     m_letzten->setEnabled(frei && m_zustand->umkehrbar());
     m_lauf->setText(m_zustand->rueckbauMeldung() + u" …"_s);
     m_balken->setzeAnteil(m_zustand->rueckbauAnteil());
-    if (laeuft)
+    if (laeuft && m_stapel->currentIndex() != Lauf) {
+        m_anhalten->setEnabled(true);
         seiteSetzen(Lauf);
-    else if (m_stapel->currentIndex() == Lauf)
+    }
+    if (!laeuft && m_stapel->currentIndex() == Lauf) {
+        const bool fokus = m_anhalten->hasFocus();
         seiteSetzen(Knoepfe);
+        if (fokus)
+            m_zurueckdrehen->setFocus();
+    }
     const QString fehler = m_zustand->rueckbauFehler().join(u'\n');
     if (m_fehler->toPlainText() != fehler)
         m_fehler->setPlainText(fehler);

@@ -55,6 +55,7 @@ private:
     Knopf *m_nein = nullptr;
     QLabel *m_lauf = nullptr;
     Balken *m_balken = nullptr;
+    Knopf *m_anhalten = nullptr;
     QLabel *m_marke;
     Elidiertext *m_meldung;
     QList<QBoxLayout *> m_reihen; ///< turned upright where they are too wide

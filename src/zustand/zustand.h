@@ -91,7 +91,7 @@ public:
     void zurueck();
     void zurueckgestellteVorlegen();
     void dublettenAusraeumen();
-    /** Stops a long deed after the document in hand. */
+    /** Stops a long deed, or the turning back of a session, after what is in hand. */
     void anhalten();
     [[nodiscard]] bool beschaeftigt() const { return m_beschaeftigt || m_rueckbauLaeuft; }
     /** What a long deed is doing, for the user; empty if none. */

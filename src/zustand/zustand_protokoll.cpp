@@ -89,6 +89,7 @@ void Zustand::protokollZurueckdrehen()
         return;
     m_rueckbauLaeuft = true;
     m_rueckbauAnteil = 0;
+    m_halt = std::stop_source();
     m_rueckbauFehler.clear();
     m_rueckbauMeldung = Sprache::text(u"Wird zurückgedreht"_s);
     ++m_blickfrage;
@@ -102,8 +103,8 @@ void Zustand::protokollZurueckdrehen()
     };
     imHintergrund(
         this,
-        [datei = *m_protokollDatei, db = m_db, fortschritt] {
-            return Protokollbuch::zurueckdrehen(datei, db, fortschritt);
+        [datei = *m_protokollDatei, db = m_db, fortschritt, ende = m_halt.get_token()] {
+            return Protokollbuch::zurueckdrehen(datei, db, fortschritt, ende);
         },
         [this](const Ausgang<Bilanz> &ausgang) {
             Bilanz bilanz = ausgang.wert.value_or(Bilanz{});

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void sitzungZurueck();
     void einTeilScheitert_data();
     void einTeilScheitert();
+    void angehalten();
     void mehrereBewegungenEinesDokuments();
     void spaetereSitzungBleibt();
     void kopieNurMitOriginal();
@@ -257,6 +258,21 @@ void TestProtokollbuch::einTeilScheitert()
     QCOMPARE(Protokollbuch::zurueckdrehen(buch, bank.db(), nichts).zurueckgedreht, 100);
     QCOMPARE(bank.bestand(), vorher);
     QCOMPARE(bank.widersprueche(), QStringList());
+}
+
+/** What is in hand is finished; the next turning back takes the rest. */
+void TestProtokollbuch::angehalten()
+{
+    Werkbank bank(m_ordner->path(), false);
+    constexpr int anzahl = 110;
+    for (int i = 0; i < anzahl; ++i)
+        bank.uebernehmen(bank.dokument(u"%1.pdf"_s.arg(i), QByteArray::number(i)));
+    std::stop_source halt;
+    const auto anhalten = [&halt](qint64, qint64) { halt.request_stop(); };
+    const Bilanz bilanz = Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), anhalten, halt.get_token());
+    QCOMPARE(bilanz, (Bilanz{.zurueckgedreht = 100, .fehler = {}, .uebersprungen = 10}));
+    QCOMPARE(bank.widersprueche(), QStringList());
+    QCOMPARE(Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts).zurueckgedreht, 10);
 }
 
 void TestProtokollbuch::mehrereBewegungenEinesDokuments()
