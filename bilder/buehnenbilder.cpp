@@ -32,6 +32,31 @@ void uebernehmen(Zustand &zustand)
 
 void pruefen(Zustand &zustand, Hauptfenster &) { aufsuchen(zustand, u"trom"_s); }
 
+std::function<void(Zustand &, Hauptfenster &)> abschnitt(Abschnitt welcher)
+{
+    return [welcher](Zustand &zustand, Hauptfenster &) {
+        zustand.setzeReiter(Reiter::einrichtung);
+        zustand.setzeAbschnitt(welcher);
+        laufenBis([&] { return zustand.einrichtung().programme && zustand.einrichtung().quelle; });
+    };
+}
+
+/** The structure as it was before someone made one folder and removed another. */
+void strukturWechsel(Zustand &zustand, Hauptfenster &fenster)
+{
+    Profil vorher = *zustand.aktiv();
+    for (Ablageart &art : vorher.zweige.first().ablagen) {
+        if (art.rubriken.size() > 1) {
+            art.rubriken.removeFirst();
+            art.rubriken << u"Zeitschriften"_s;
+            break;
+        }
+    }
+    zustand.profilAendern(vorher);
+    zustand.strukturEinlesen();
+    abschnitt(Abschnitt::ziel)(zustand, fenster);
+}
+
 /** A document with all the notes that can stand together. */
 void hinweise(Zustand &zustand, Hauptfenster &fenster)
 {
@@ -103,6 +128,38 @@ QList<Buehnenbild> buehnenbilder()
                  }
                  zustand.setzePartnerZeigen(true);
              }},
+        {.name = u"einrichtung-programme"_s, .vorher = abschnitt(Abschnitt::programme)},
+        {.name = u"einrichtung-herkunft"_s,
+         .vorher =
+             [](Zustand &zustand, Hauptfenster &fenster) {
+                 Q_UNUSED(zustand.ausnahmeAufnehmen(u"Fotos"_s));
+                 abschnitt(Abschnitt::herkunft)(zustand, fenster);
+             }},
+        {.name = u"einrichtung"_s, .vorher = strukturWechsel},
+        {.name = u"einrichtung-namen"_s,
+         .vorher =
+             [](Zustand &zustand, Hauptfenster &fenster) {
+                 Profil profil = *zustand.aktiv();
+                 profil.pfadVorlage += u"/{monat}"_s;
+                 zustand.profilAendern(profil);
+                 abschnitt(Abschnitt::namen)(zustand, fenster);
+             }},
+        {.name = u"einrichtung-eigentuemer"_s, .vorher = abschnitt(Abschnitt::eigentuemer)},
+        {.name = u"einrichtung-modell"_s, .vorher = abschnitt(Abschnitt::modell)},
+        {.name = u"einrichtung-gelernt"_s, .vorher = abschnitt(Abschnitt::gelernt)},
+        {.name = u"einrichtung-sprache"_s, .vorher = abschnitt(Abschnitt::oberflaeche)},
+        {.name = u"einrichtung-dunkel"_s, .vorher = abschnitt(Abschnitt::modell), .dunkel = true},
+        {.name = u"einrichtung-klein-englisch"_s,
+         .vorher = abschnitt(Abschnitt::namen),
+         .groesse = klein,
+         .punkte = 11,
+         .sprache = u"en"_s},
+        {.name = u"einrichtung-schrift18"_s,
+         .vorher = abschnitt(Abschnitt::namen),
+         .groesse = klein,
+         .punkte = 18,
+         .dunkel = true},
+        {.name = u"einrichtung-schrift9"_s, .vorher = abschnitt(Abschnitt::ziel), .punkte = 9},
         {.name = u"pruefen-leer"_s,
          .vorher =
              [](Zustand &zustand, Hauptfenster &) {
@@ -123,5 +180,18 @@ QList<Buehnenbild> buehnenbilder()
          .dunkel = true,
          .sprache = u"en"_s,
          .fenster = u"info"_s},
+        {.name = u"erststart"_s,
+         .vorher =
+             [](Zustand &zustand, Hauptfenster &) {
+                 zustand.setzeReiter(Reiter::einrichtung);
+                 zustand.profilEntfernen(zustand.aktiv()->id);
+             }},
+        {.name = u"einrichtung-neu"_s,
+         .vorher =
+             [](Zustand &zustand, Hauptfenster &) {
+                 zustand.neuesProfil();
+                 zustand.setzeAbschnitt(Abschnitt::herkunft);
+                 laufenBis([&] { return zustand.offen() && zustand.einrichtung().programme; });
+             }},
     };
 }

@@ -32,10 +32,9 @@ Http::Anfrage anfrage(const Ollama::Basis &basis, const QByteArray &pfad, std::c
 
 QByteArray json(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson(QJsonDocument::Compact); }
 
-/** A model that the server only passes on to another computer. */
 void nurAufDiesemRechner(const QString &modell)
 {
-    if (modell.endsWith("-cloud"_L1) || modell.endsWith(":cloud"_L1))
+    if (Ollama::rechnetAnderswo(modell))
         throw Fehler(gefuellt(Sprache::text(u"Das Modell %@ rechnet nicht auf diesem Rechner und wird nicht benutzt"_s),
                               {modell}));
 }
@@ -156,12 +155,27 @@ QString Ollama::fortschritt(const QByteArray &zeile, QString &fehler)
     return status + u' ' + QString::number(qint64(prozent)) + Sprache::text(u" Prozent"_s);
 }
 
+std::pair<qint64, qint64> Ollama::menge(const QByteArray &zeile)
+{
+    const QJsonObject objekt = QJsonDocument::fromJson(zeile).object();
+    const qint64 gesamt = objekt.value("total"_L1).toInteger();
+    return gesamt > 0 ? std::pair(std::clamp(objekt.value("completed"_L1).toInteger(), qint64(0), gesamt), gesamt)
+                      : std::pair(qint64(0), qint64(0));
+}
+
+bool Ollama::rechnetAnderswo(const QString &modell)
+{
+    return modell.endsWith("-cloud"_L1) || modell.endsWith(":cloud"_L1);
+}
+
 QString Ollama::laden(const QString &modell, const std::function<void(const QString &)> &meldung,
-                      const std::stop_token &ende) const
+                      const std::stop_token &ende, const std::function<void(qint64, qint64)> &menge) const
 {
     nurAufDiesemRechner(modell);
     QString fehler;
     Zeilenleser zeilen([&](const QByteArray &zeile) {
+        if (const auto [fertig, gesamt] = Ollama::menge(zeile); menge && gesamt > 0)
+            menge(fertig, gesamt);
         if (const QString text = fortschritt(zeile, fehler); !text.isEmpty())
             meldung(text);
     });
@@ -186,7 +200,7 @@ QJsonObject Ollama::fragen(const QString &modell, const QString &prompt, std::ch
                       {u"stream"_s, false},
                       {u"format"_s, u"json"_s},
                       {u"think"_s, false},
-                      {u"options"_s, QJsonObject{{u"temperature"_s, 0}, {u"num_ctx"_s, 8192}}}});
+                      {u"options"_s, QJsonObject{{u"temperature"_s, 0}, {u"num_ctx"_s, kontext}}}});
     const QJsonObject antwort = QJsonDocument::fromJson(Http::senden(a).koerper).object();
     if (antwort.value("response"_L1).isString())
         return objektAus(antwort.value("response"_L1).toString());

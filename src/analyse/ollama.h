@@ -15,6 +15,9 @@
 class Ollama
 {
 public:
+    /** Tokens of question and answer together that a model is given room for. */
+    static constexpr int kontext = 8192;
+
     /** Where the server is reached: always a loopback address. */
     struct Basis {
         QString rechner = QStringLiteral("127.0.0.1");
@@ -38,11 +41,13 @@ public:
     [[nodiscard]] QStringList modelle(const std::stop_token &ende = {}) const;
 
     /**
-     * Has the server fetch a model. @p meldung is called on the calling thread with each progress text. Returns the
-     * last error that the server named, empty if none. Throws Fehler when the transfer fails or is silent for an hour.
+     * Has the server fetch a model. @p meldung is called on the calling thread with each progress text, @p menge before
+     * it with the bytes of the part under way, where the server tells them. Returns the last error that the server
+     * named, empty if none. Throws Fehler when the transfer fails or is silent for an hour.
      */
     QString laden(const QString &modell, const std::function<void(const QString &)> &meldung,
-                  const std::stop_token &ende = {}) const;
+                  const std::stop_token &ende = {},
+                  const std::function<void(qint64 fertig, qint64 gesamt)> &menge = {}) const;
 
     /**
      * The model's answer to @p prompt as a JSON object. @p zeitgrenze limits the whole request. Throws Fehler when the
@@ -53,6 +58,10 @@ public:
 
     /** Progress text of one line of a pull, empty for a line without a status; its error goes to @p fehler. */
     [[nodiscard]] static QString fortschritt(const QByteArray &zeile, QString &fehler);
+    /** Bytes done and bytes in all of such a line; 0 of 0 where it does not tell. */
+    [[nodiscard]] static std::pair<qint64, qint64> menge(const QByteArray &zeile);
+    /** A model that the server only passes on to another computer; it is never used. */
+    [[nodiscard]] static bool rechnetAnderswo(const QString &modell);
     /** The object that a model's answer holds, freed of thinking, prose and fences. Throws Fehler. */
     [[nodiscard]] static QJsonObject objektAus(const QString &antwort);
 

@@ -28,6 +28,13 @@ void schriftgroesseAnwenden()
         Stil::setzeSchriftgroesse(begrenzt(punkte));
 }
 
+void schriftgroesseWaehlen(double punkte)
+{
+    const double neu = begrenzt(punkte);
+    Einstellungen::setzen(schluesselSchrift, neu);
+    Stil::setzeSchriftgroesse(neu);
+}
+
 Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(eltern), m_sprache(sprache)
 {
     setObjectName(u"menue"_s);
@@ -51,13 +58,6 @@ Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(elt
     connect(beenden, &QAction::triggered, eltern->window(), &QWidget::close);
 }
 
-void Fenstermenue::schriftAendern(double punkte)
-{
-    const double neu = begrenzt(punkte);
-    Einstellungen::setzen(schluesselSchrift, neu);
-    Stil::setzeSchriftgroesse(neu);
-}
-
 void Fenstermenue::schriftBauen()
 {
     QMenu *schrift = addMenu(Sprache::text(u"Schriftgröße"_s));
@@ -68,8 +68,8 @@ void Fenstermenue::schriftBauen()
     QAction *kleiner = schrift->addAction(Sprache::text(u"Kleiner"_s));
     kleiner->setObjectName(u"schriftKleiner"_s);
     kleiner->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
-    connect(groesser, &QAction::triggered, this, [this] { schriftAendern(std::floor(Stil::schriftgroesse()) + 1); });
-    connect(kleiner, &QAction::triggered, this, [this] { schriftAendern(std::ceil(Stil::schriftgroesse()) - 1); });
+    connect(groesser, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::floor(Stil::schriftgroesse()) + 1); });
+    connect(kleiner, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::ceil(Stil::schriftgroesse()) - 1); });
     schrift->addSeparator();
     auto *gruppe = new QActionGroup(this);
     for (int punkte = int(Stil::kleinsteSchrift); punkte <= int(Stil::groessteSchrift); ++punkte) {
@@ -77,7 +77,7 @@ void Fenstermenue::schriftBauen()
         wahl->setCheckable(true);
         wahl->setData(punkte);
         gruppe->addAction(wahl);
-        connect(wahl, &QAction::triggered, this, [this, punkte] { schriftAendern(punkte); });
+        connect(wahl, &QAction::triggered, this, [punkte] { schriftgroesseWaehlen(punkte); });
     }
     connect(schrift, &QMenu::aboutToShow, gruppe, [gruppe] {
         for (QAction *wahl : gruppe->actions())

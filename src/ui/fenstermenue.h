@@ -20,11 +20,13 @@ Q_SIGNALS:
 private:
     void schriftBauen();
     void sprachenBauen();
-    void schriftAendern(double punkte);
 
     Fenstersprache *m_sprache;
     QPointer<Handbuchfenster> m_handbuch;
 };
+
+/** Sets and stores the font size, within its bounds. */
+void schriftgroesseWaehlen(double punkte);
 
 /** Takes the stored font size over into the running program; without one the desktop's. */
 void schriftgroesseAnwenden();

@@ -2,13 +2,13 @@
 
 #include "ablaufansicht.h"
 #include "aktualisierung.h"
+#include "einrichtungsansicht.h"
 #include "einstellungen.h"
 #include "fenstermenue.h"
 #include "fenstersprache.h"
 #include "fusszeile.h"
 #include "infofenster.h"
 #include "kopfleiste.h"
-#include "leeransicht.h"
 #include "protokollansicht.h"
 #include "pruefansicht.h"
 #include "reiter.h"
@@ -52,13 +52,6 @@ QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster, const std::fu
     fenster->addActions(knopf->menu()->actions());
     return knopf;
 }
-
-QWidget *leereKarte(Reiter reiter, QWidget *eltern)
-{
-    auto *karte = new Leeransicht(eltern);
-    karte->setzen(u"large.clock"_s, reiterTitel(reiter), reiterHilfe(reiter));
-    return karte;
-}
 } // namespace
 
 Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QString &profil, QWidget *eltern)
@@ -101,7 +94,7 @@ void Hauptfenster::aufbauen()
     spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info), inhalt));
     spalte->addWidget(karten, 1);
     spalte->addWidget(new Fusszeile(m_zustand, inhalt));
-    karten->addWidget(leereKarte(Reiter::einrichtung, karten));
+    karten->addWidget(new EinrichtungsAnsicht(m_zustand, m_sprache, karten));
     karten->addWidget(new AblaufAnsicht(m_zustand, karten));
     karten->addWidget(new PruefAnsicht(m_zustand, karten));
     karten->addWidget(new ProtokollAnsicht(m_zustand, karten));

@@ -9,21 +9,31 @@
 
 #include <QFileDialog>
 #include <QIcon>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+/** The desktop's own dialog speaks the desktop's language; in another one ours is used. */
+QFileDialog::Options dialogart()
+{
+    const bool wieDasSystem = QLocale::system().name().startsWith(Sprache::wirksameKennung());
+    return wieDasSystem ? QFileDialog::Options() : QFileDialog::DontUseNativeDialog;
+}
+
 std::optional<QString> ordnerFragen(const QString &titel)
 {
-    const QString ordner = QFileDialog::getExistingDirectory(QApplication::activeWindow(), titel);
+    const QString ordner = QFileDialog::getExistingDirectory(QApplication::activeWindow(), titel, {},
+                                                             dialogart() | QFileDialog::ShowDirsOnly);
     return ordner.isEmpty() ? std::nullopt : std::optional(ordner);
 }
 
 std::optional<QString> protokollFragen(const QString &titel)
 {
-    const QString datei = QFileDialog::getOpenFileName(QApplication::activeWindow(), titel, {},
-                                                       Sprache::text(u"Sitzungsprotokolle (*.jsonl)"_s));
+    const QString datei =
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), titel, {},
+                                     Sprache::text(u"Sitzungsprotokolle (*.jsonl)"_s), nullptr, dialogart());
     return datei.isEmpty() ? std::nullopt : std::optional(datei);
 }
 } // namespace

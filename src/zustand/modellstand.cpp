@@ -19,11 +19,12 @@ std::optional<QString> Modellstand::treffer(const QStringList &vorhandene, const
 Modellstand Modellstand::pruefen(const QString &gesucht)
 {
     const Ollama server;
-    if (!server.erreichbar())
-        return {.art = Art::serverFehlt,
-                .meldung = Sprache::text(u"Der Modellserver ollama läuft nicht"_s),
-                .vorhandene = {}};
     Modellstand stand;
+    if (!server.erreichbar()) {
+        stand.art = Art::serverFehlt;
+        stand.meldung = Sprache::text(u"Der Modellserver ollama läuft nicht"_s);
+        return stand;
+    }
     stand.vorhandene = server.modelle();
     const auto gefunden = treffer(stand.vorhandene, gesucht);
     stand.art = gefunden ? Art::bereit : Art::modellFehlt;

@@ -10,6 +10,13 @@ struct Modellstand {
     Art art = Art::unbekannt;
     QString meldung;        ///< for the user
     QStringList vorhandene; ///< the installed models, in the server's order
+    QString laedtModell;    ///< the model that is being fetched, empty if none
+    QString ladetext;       ///< how far that is, in the server's words
+    qint64 geladen = 0;     ///< bytes of the part under way
+    qint64 ladegroesse = 0; ///< all bytes of it; 0: not known
+    QString restzeit;       ///< for the user; empty: not known
+    QString ladefehler;     ///< why the last fetching failed; empty if it did not
+    QString fehlermodell;   ///< which model that was
     bool operator==(const Modellstand &) const = default;
 
     /** The first of @p vorhandene that @p gesucht means: the same name, or the name without a tag under any tag. */

@@ -42,9 +42,11 @@ Zustand::Waehler Zustand::protokollwaehler;
 
 Zustand::Zustand(QObject *vater)
     : QObject(vater), m_profile(Profilspeicher::laden()), m_sicherung(new Profilsicherung(this)),
-      m_briefe(std::make_shared<Briefkasten>(this)), m_teilung(gespeicherteTeilung())
+      m_briefe(std::make_shared<Briefkasten>(this)), m_ladebriefe(std::make_shared<Briefkasten>(this)),
+      m_teilung(gespeicherteTeilung())
 {
     m_sicherung->standSetzen(m_profile);
+    einrichtungFolgen();
     connect(m_sicherung, &Profilsicherung::gesichert, this, &Zustand::profileUebernehmen);
     connect(m_sicherung, &Profilsicherung::gemeldet, this, [this](const QString &satz) { melden(satz); });
 }
@@ -52,8 +54,10 @@ Zustand::Zustand(QObject *vater)
 Zustand::~Zustand()
 {
     m_briefe->schliessen();
+    m_ladebriefe->schliessen();
     m_halt.request_stop();
     m_ladeende.request_stop();
+    m_zaehlende.request_stop();
     for (const auto &lauf : m_auslaufende)
         lauf->sofortBeenden();
     if (m_analyse)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "abschnitt.h"
 #include "bereitschaft.h"
+#include "einrichtungsstand.h"
 #include "entwurf.h"
 #include "handlung.h"
 #include "laufbild.h"
@@ -9,9 +11,12 @@
 #include "protokollbuch.h"
 #include "pruefhinweis.h"
 #include "reiter.h"
+#include "vorlagenmangel.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QObject>
+#include <QTimer>
 #include <memory>
 #include <stop_token>
 #include <vector>
@@ -136,6 +141,8 @@ public:
     [[nodiscard]] const Modellstand &modellstand() const { return m_modell; }
     void modellPruefen();
     void modellLaden();
+    /** The same for the larger model; the other one stays usable meanwhile. */
+    void modellGrossLaden();
     void modellLadenAbbrechen();
 
     // Session logs
@@ -159,6 +166,38 @@ public:
     void protokollZurueckdrehen();
 
     void ausnahmenAnwenden();
+
+    // Setting up
+    [[nodiscard]] const Einrichtungsstand &einrichtung() const { return m_einrichtung; }
+    /** Looks anew at programs, folders and the learning memory. Happens by itself when the setup card is chosen. */
+    void einrichtungPruefen();
+    /** The section that is shown. */
+    [[nodiscard]] Abschnitt abschnitt() const { return m_abschnitt; }
+    void setzeAbschnitt(Abschnitt abschnitt);
+    [[nodiscard]] Abschnittsstand abschnittsstand(Abschnitt abschnitt) const;
+    /** The section to go on with behind @p von; none when nothing is missing anywhere else. */
+    [[nodiscard]] std::optional<Abschnitt> naechsterAbschnitt(Abschnitt von) const;
+    /** Why no run can be started, for the user; empty when one can. */
+    [[nodiscard]] QString starthindernis() const;
+    /** Takes the tree below the target root into the profile and notes what is new or gone. */
+    void strukturEinlesen();
+    /** Adds an exclusion rule, or the one for a folder that the user picks. Returns why it was not added, or nothing.
+     */
+    [[nodiscard]] QString ausnahmeAufnehmen(const QString &regel);
+    [[nodiscard]] QString ausnahmeWaehlen();
+    void ausnahmeEntfernen(const QString &regel);
+    void allesVergessen();
+    /** What the templates make of a waiting document, as they stand. */
+    [[nodiscard]] Beispiel beispiel() const;
+    void anderesBeispiel();
+    /** Some filing kind of the structure has a rubric of that name. */
+    [[nodiscard]] bool kenntRubrik(const QString &rubrik) const;
+    /** Makes the folder for own languages with its template; spracheVorbereitet() tells where it is. */
+    void spracheVorbereiten();
+    /** Where profiles and catalogues are kept. */
+    [[nodiscard]] static QString datenordner();
+    /** Takes the profile out of the list; its catalogue stays. */
+    void profilEntfernen(const QUuid &id);
 
     // Interface
     [[nodiscard]] Reiter reiter() const { return m_reiter; }
@@ -190,6 +229,11 @@ Q_SIGNALS:
     void laufBeendet();
     void nacharbeitGeaendert();
     void gelerntGeaendert();
+    void gelerntGelesen(); ///< the lists of what was learned
+    void einrichtungGeaendert();
+    void strukturGeaendert();
+    void abschnittGeaendert();
+    void spracheVorbereitet(const QString &ordner);
     void modellGeaendert();
     void modellGeprueft(); ///< a check has ended, with whatever result
     void protokollDateienGeaendert();
@@ -201,6 +245,7 @@ Q_SIGNALS:
 private:
     using Tat = std::function<Geschehen(const Arbeitsplatz &)>;
     struct Tatfolge;
+    struct Ladeausgang;
 
     void profileUebernehmen(const QList<Profil> &profile);
     void oeffnen(const Profil &profil);
@@ -224,6 +269,16 @@ private:
     void modellSetzen(const Modellstand &stand);
     void lernenAendern(const std::function<void(Lernspeicher &)> &aenderung, const QString &erfolg);
     void rueckbauFertig(const Bilanz &bilanz);
+    void ladenBeginnen(const QString &modell);
+    void ladenMelden(const QString &text, qint64 fertig, qint64 gesamt);
+    void geladen(const Ladeausgang &ausgang);
+    void einrichtungFolgen();
+    void quelleVerfolgen();
+    void quelleZaehlen();
+    void strukturEingelesen(const std::optional<QList<Zweig>> &zweige);
+    void strukturOrdnen();
+    void gelerntLesen();
+    void profilSchliessen();
 
     QList<Profil> m_profile;
     std::optional<Profil> m_aktiv;
@@ -263,6 +318,18 @@ private:
     Modellstand m_modell;
     quint64 m_modellfrage = 0;
     std::stop_source m_ladeende;
+    QElapsedTimer m_ladebeginn; ///< of the part under way
+    qint64 m_ladeanfang = 0;    ///< bytes that were there already when it began
+    std::shared_ptr<Briefkasten> m_ladebriefe;
+
+    Einrichtungsstand m_einrichtung;
+    Abschnitt m_abschnitt = Abschnitt::programme;
+    QList<Zweig> m_strukturVorher;                 ///< before the last reading; empty: nothing to compare with
+    std::optional<QList<Zweig>> m_strukturGezeigt; ///< that the lines were made from
+    QTimer m_zaehltakt;
+    QStringList m_zaehlschluessel; ///< what the count was asked for
+    quint64 m_zaehlfrage = 0;
+    std::stop_source m_zaehlende;
 
     std::shared_ptr<Protokollbuch> m_buch;
     QStringList m_protokollDateien;

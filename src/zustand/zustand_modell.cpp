@@ -1,11 +1,20 @@
 #include "hintergrund.h"
 #include "lernspeicher.h"
 #include "ollama.h"
+#include "restzeit.h"
 #include "sprache.h"
 #include "text.h"
 #include "zustand.h"
 
 using namespace Qt::StringLiterals;
+
+/** What the fetching of a model came to. */
+struct Zustand::Ladeausgang {
+    Modellstand stand;
+    QString gesucht; ///< the model that @c stand tells of
+    QString fehler;
+    bool gescheitert = false; ///< the transfer itself, not the server's doing
+};
 
 void Zustand::modellSetzen(const Modellstand &stand)
 {
@@ -18,53 +27,110 @@ void Zustand::modellSetzen(const Modellstand &stand)
 void Zustand::modellPruefen()
 {
     // A model that is being fetched is looked at when it has come.
-    if (!m_aktiv || m_modell.art == Modellstand::Art::laedt)
+    if (!m_aktiv || !m_modell.laedtModell.isEmpty())
         return Q_EMIT modellGeprueft();
     imHintergrund(
         this, [modell = m_aktiv->modell] { return Modellstand::pruefen(modell); },
         [this, nummer = ++m_modellfrage](const Ausgang<Modellstand> &ausgang) {
             if (nummer != m_modellfrage)
                 return;
-            if (ausgang.wert)
-                modellSetzen(*ausgang.wert);
+            if (ausgang.wert) {
+                Modellstand stand = *ausgang.wert;
+                stand.ladefehler = m_modell.ladefehler;
+                stand.fehlermodell = m_modell.fehlermodell;
+                modellSetzen(stand);
+            }
             Q_EMIT modellGeprueft();
         });
 }
 
 void Zustand::modellLaden()
 {
-    if (!m_aktiv || m_modell.art == Modellstand::Art::laedt)
+    if (m_aktiv)
+        ladenBeginnen(m_aktiv->modell);
+}
+
+void Zustand::modellGrossLaden()
+{
+    if (m_aktiv)
+        ladenBeginnen(m_aktiv->modellGross);
+}
+
+void Zustand::ladenBeginnen(const QString &modell)
+{
+    if (modell.isEmpty() || !m_modell.laedtModell.isEmpty())
         return;
     m_ladeende = {};
     ++m_modellfrage;
-    modellSetzen({.art = Modellstand::Art::laedt,
-                  .meldung = Sprache::text(u"Modell wird geladen"_s),
-                  .vorhandene = m_modell.vorhandene});
-    const auto melder = [this, briefe = m_briefe](const QString &text) {
-        briefe->einwerfen([this, text] {
-            if (m_modell.art == Modellstand::Art::laedt)
-                modellSetzen({.art = Modellstand::Art::laedt, .meldung = text, .vorhandene = m_modell.vorhandene});
-        });
+    Modellstand stand = m_modell;
+    stand.laedtModell = modell;
+    stand.ladetext = Sprache::text(u"Modell wird geladen"_s);
+    stand.ladefehler.clear();
+    if (modell == m_aktiv->modell) {
+        stand.art = Modellstand::Art::laedt;
+        stand.meldung = stand.ladetext;
+    }
+    modellSetzen(stand);
+    const auto menge = std::make_shared<std::pair<qint64, qint64>>();
+    const auto melder = [this, briefe = m_ladebriefe, menge](const QString &text) {
+        briefe->einwerfen([this, text, m = *menge] { ladenMelden(text, m.first, m.second); });
     };
     imHintergrund(
         this,
-        [modell = m_aktiv->modell, melder, ende = m_ladeende.get_token()] {
-            const QString serverfehler = Ollama().laden(modell, melder, ende);
-            Modellstand stand = Modellstand::pruefen(modell);
-            if (stand.art == Modellstand::Art::modellFehlt && !serverfehler.isEmpty())
-                stand.meldung += u": "_s + serverfehler;
-            return stand;
+        [modell, gesucht = m_aktiv->modell, melder, menge, ende = m_ladeende.get_token()] {
+            Ladeausgang ausgang{.stand = {}, .gesucht = gesucht, .fehler = {}, .gescheitert = false};
+            try {
+                ausgang.fehler = Ollama().laden(modell, melder, ende, [menge](qint64 fertig, qint64 gesamt) {
+                    *menge = {fertig, gesamt};
+                });
+            } catch (const Fehler &) {
+                // Whether the model is there is looked at all the same, and the cause is told with it.
+                ausgang.gescheitert = true;
+                ausgang.fehler = gefuellt(Sprache::text(u"Laden fehlgeschlagen: %@"_s), {Hintergrund::fehlersatz()});
+            }
+            ausgang.stand = Modellstand::pruefen(gesucht);
+            return ausgang;
         },
-        [this, ende = m_ladeende.get_token()](const Ausgang<Modellstand> &ausgang) {
-            Modellstand stand = ausgang.wert.value_or(
-                Modellstand{.art = Modellstand::Art::modellFehlt,
-                            .meldung = gefuellt(Sprache::text(u"Laden fehlgeschlagen: %@"_s), {ausgang.fehler}),
-                            .vorhandene = m_modell.vorhandene});
-            modellSetzen(stand);
-            // Stopped by the user, or another model was chosen meanwhile: say what is there now.
-            if (ende.stop_requested())
-                modellPruefen();
+        [this](const Ausgang<Ladeausgang> &ausgang) {
+            if (ausgang.wert)
+                geladen(*ausgang.wert);
         });
+}
+
+void Zustand::ladenMelden(const QString &text, qint64 fertig, qint64 gesamt)
+{
+    if (m_modell.laedtModell.isEmpty())
+        return;
+    Modellstand stand = m_modell;
+    stand.ladetext = text;
+    if (stand.art == Modellstand::Art::laedt)
+        stand.meldung = text;
+    if (gesamt != stand.ladegroesse) {
+        m_ladebeginn.start();
+        m_ladeanfang = fertig;
+    }
+    stand.geladen = fertig;
+    stand.ladegroesse = gesamt;
+    stand.restzeit = restzeitText(std::chrono::milliseconds(m_ladebeginn.isValid() ? m_ladebeginn.elapsed() : 0),
+                                  fertig - m_ladeanfang, gesamt - m_ladeanfang);
+    modellSetzen(stand);
+}
+
+void Zustand::geladen(const Ladeausgang &ausgang)
+{
+    Modellstand stand = ausgang.stand;
+    const QString modell = m_modell.laedtModell;
+    const bool abgebrochen = m_ladeende.stop_requested();
+    if (!abgebrochen && !ausgang.fehler.isEmpty() && !Modellstand::treffer(stand.vorhandene, modell)) {
+        stand.ladefehler = ausgang.fehler;
+        stand.fehlermodell = modell;
+        if (m_aktiv && modell == m_aktiv->modell)
+            stand.meldung = ausgang.gescheitert ? ausgang.fehler : stand.meldung + u": "_s + ausgang.fehler;
+    }
+    modellSetzen(stand);
+    // Another profile or model may have been chosen meanwhile: say what is there now.
+    if (abgebrochen || (m_aktiv && ausgang.gesucht != m_aktiv->modell))
+        modellPruefen();
 }
 
 void Zustand::modellLadenAbbrechen() { m_ladeende.request_stop(); }

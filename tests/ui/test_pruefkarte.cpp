@@ -92,6 +92,18 @@ private:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(QApplication::focusWidget(), text);
     }
+    void benannt()
+    {
+        for (QWidget *w : m_fenster->findChildren<QWidget *>()) {
+            if (!(w->focusPolicy() & Qt::TabFocus) || !w->isVisible() || w->focusProxy())
+                continue;
+            QAccessibleInterface *schnittstelle = QAccessible::queryAccessibleInterface(w);
+            const QString sagt = schnittstelle ? schnittstelle->text(QAccessible::Name) : QString();
+            QVERIFY2(!sagt.isEmpty() && !w->objectName().isEmpty(),
+                     qPrintable(u"%1 '%2' %3"_s.arg(QString::fromLatin1(w->metaObject()->className()), w->objectName(),
+                                                    w->parentWidget()->objectName())));
+        }
+    }
 
 private Q_SLOTS:
     void init()
@@ -273,14 +285,9 @@ private Q_SLOTS:
         for (const Reiter reiter : alleReiter()) {
             m_z->setzeReiter(reiter);
             QCoreApplication::processEvents();
-            for (QWidget *w : m_fenster->findChildren<QWidget *>()) {
-                if (!(w->focusPolicy() & Qt::TabFocus) || !w->isVisible() || w->focusProxy())
-                    continue;
-                QAccessibleInterface *schnittstelle = QAccessible::queryAccessibleInterface(w);
-                const QString sagt = schnittstelle ? schnittstelle->text(QAccessible::Name) : QString();
-                QVERIFY2(!sagt.isEmpty() && !w->objectName().isEmpty(),
-                         qPrintable(u"%1 '%2' %3"_s.arg(QString::fromLatin1(w->metaObject()->className()),
-                                                        w->objectName(), w->parentWidget()->objectName())));
+            for (const Abschnitt abschnitt : alleAbschnitte()) {
+                m_z->setzeAbschnitt(abschnitt);
+                benannt();
             }
         }
         m_z->setzeReiter(Reiter::pruefen);

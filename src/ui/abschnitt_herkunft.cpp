@@ -1,0 +1,207 @@
+#include "abschnitte.h"
+#include "abschnittsseite.h"
+#include "marktext.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zustand.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QStringListModel>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+namespace
+{
+constexpr int sichtbareRegeln = 6;
+
+/** Where the documents come from, and what of it is left alone. */
+class Herkunft : public Abschnittsseite
+{
+public:
+    Herkunft(Zustand *zustand, QWidget *eltern)
+        : Abschnittsseite(zustand, Abschnitt::herkunft,
+                          Sprache::text(u"Der Ordner mit den Scans. Gelesen wird er nur, bis du einen Vorschlag "
+                                        "übernimmst."_s),
+                          eltern)
+    {
+        ordnerBauen();
+        ausnahmenBauen();
+        abschliessen();
+        connect(zustand, &Zustand::zaehlwerkGeaendert, this, [this] { ruhendeZeigen(); });
+        folgen([this] { zeigen(); });
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent *ereignis) override
+    {
+        if (ereignis->key() == Qt::Key_Delete && m_liste->hasFocus())
+            entfernen();
+        else
+            Abschnittsseite::keyPressEvent(ereignis);
+    }
+
+private:
+    void ordnerBauen()
+    {
+        QWidget *zeile = nullptr;
+        QLineEdit *quelle =
+            ordnerfeld(u"quelle"_s, &Profil::quelle, Sprache::text(u"Herkunftsordner mit den Scans wählen"_s), &zeile);
+        reihe(Sprache::text(u"Herkunftsordner"_s), Sprache::text(u"Der Ordner, in dem die gescannten PDF liegen."_s),
+              quelle, zeile);
+        m_fund = marktext();
+        m_fund->setObjectName(u"quelle-stand"_s);
+        darunter(m_fund);
+        m_tiefer = new QCheckBox(Sprache::text(u"Unterordner mitlesen"_s), this);
+        m_tiefer->setObjectName(u"mitUnterordnern"_s);
+        connect(m_tiefer, &QCheckBox::clicked, this,
+                [this](bool an) { aendern([an](Profil &p) { p.mitUnterordnern = an; }); });
+        darunter(m_tiefer);
+    }
+
+    void ausnahmenBauen()
+    {
+        auto *erklaerung = marktext();
+        erklaerung->erklaeren(
+            Sprache::text(u"Ausnahmen wirken sofort auf die ganze Warteschlange. Nimmst du eine Regel wieder heraus, "
+                          "kehren die Dokumente von selbst zurück."_s));
+        titel(Sprache::text(u"Ausnahmen"_s), erklaerung);
+        m_neue = new QLineEdit(this);
+        m_neue->setObjectName(u"neueAusnahme"_s);
+        m_neue->setPlaceholderText(Sprache::text(u"etwa Fotos oder privat/2019"_s));
+        Stil::platzhalterFolgt(m_neue);
+        feldmass(m_neue);
+        m_dazu = knopf(u"ausnahmeHinzufuegen"_s, Sprache::text(u"Hinzufügen"_s));
+        QPushButton *ordner = knopf(u"ausnahmeWaehlen"_s, Sprache::text(u"Ordner wählen …"_s));
+        auto *zeile = new QWidget(this);
+        auto *waagrecht = new QHBoxLayout(zeile);
+        waagrecht->setContentsMargins(0, 0, 0, 0);
+        waagrecht->addWidget(m_neue, 1);
+        waagrecht->addWidget(m_dazu);
+        waagrecht->addWidget(ordner);
+        reihe(Sprache::text(u"Neue Ausnahme"_s),
+              Sprache::text(u"Ein Name trifft jeden Ordner, der so heißt, und jede Datei, deren Name ihn enthält. Mit "
+                            "Schrägstrich trifft er genau diese Folge von Ordnern."_s),
+              m_neue, zeile);
+        m_beschwerde = marktext();
+        m_beschwerde->setObjectName(u"ausnahme-stand"_s);
+        darunter(m_beschwerde);
+        listeBauen();
+        connect(m_dazu, &QPushButton::clicked, this, [this] { hinzufuegen(); });
+        connect(m_neue, &QLineEdit::returnPressed, this, [this] { hinzufuegen(); });
+        connect(m_neue, &QLineEdit::textEdited, this, [this] { beschweren({}); });
+        connect(ordner, &QPushButton::clicked, this, [this] { beschweren(this->zustand()->ausnahmeWaehlen()); });
+        beschweren({});
+    }
+
+    void listeBauen()
+    {
+        m_regeln = new QStringListModel(this);
+        m_liste = new QListView(this);
+        m_liste->setObjectName(u"ausnahmen"_s);
+        m_liste->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        m_liste->setUniformItemSizes(true);
+        m_liste->setTabKeyNavigation(false);
+        m_liste->setModel(m_regeln);
+        m_entfernen = knopf(u"ausnahmeEntfernen"_s, Sprache::text(u"Entfernen"_s),
+                            Sprache::text(u"Nimmt die gewählte Ausnahme heraus. Taste: Entf"_s));
+        connect(m_entfernen, &QPushButton::clicked, this, [this] { entfernen(); });
+        connect(m_liste->selectionModel(), &QItemSelectionModel::currentChanged, this,
+                [this] { m_entfernen->setEnabled(m_liste->currentIndex().isValid()); });
+        auto *zeile = new QWidget(this);
+        auto *waagrecht = new QHBoxLayout(zeile);
+        waagrecht->setContentsMargins(0, 0, 0, 0);
+        waagrecht->addWidget(m_liste, 1);
+        waagrecht->addWidget(m_entfernen, 0, Qt::AlignTop);
+        reihe(Sprache::text(u"Ausgenommen"_s), {}, m_liste, zeile);
+        Stil::folgen(m_liste, [this] {
+            m_liste->setFixedHeight(sichtbareRegeln * (m_liste->fontMetrics().height() + abstand(4)) + abstand(6));
+        });
+        m_ruhende = marktext();
+        m_ruhende->setObjectName(u"ruhende"_s);
+        darunter(m_ruhende);
+    }
+
+    void hinzufuegen()
+    {
+        const QString satz = zustand()->ausnahmeAufnehmen(m_neue->text());
+        beschweren(satz);
+        if (satz.isEmpty())
+            m_neue->clear();
+    }
+
+    void entfernen()
+    {
+        if (m_liste->currentIndex().isValid())
+            zustand()->ausnahmeEntfernen(m_liste->currentIndex().data().toString());
+    }
+
+    void beschweren(const QString &satz)
+    {
+        m_beschwerde->setzen(satz.isEmpty() ? QString() : u"exclamationmark.triangle"_s,
+                             satz.isEmpty() ? Sprache::text(u"Ein bloßer Name gilt überall, ein Pfad nur dort."_s)
+                                            : satz);
+    }
+
+    void zeigen()
+    {
+        m_tiefer->setChecked(profil().mitUnterordnern);
+        if (m_regeln->stringList() != profil().ausnahmen)
+            m_regeln->setStringList(profil().ausnahmen);
+        m_entfernen->setEnabled(m_liste->currentIndex().isValid());
+        fundZeigen();
+        ruhendeZeigen();
+    }
+
+    void fundZeigen()
+    {
+        const auto &bereit = zustand()->bereitschaft();
+        const auto &quelle = zustand()->einrichtung().quelle;
+        if (profil().quelle.isEmpty())
+            return m_fund->erklaeren(Sprache::text(u"Noch nicht gewählt. Hier liegen die Scans, die einen Namen "
+                                                   "brauchen."_s));
+        if (bereit && !bereit->quelle)
+            return m_fund->setzen(
+                u"exclamationmark.triangle"_s,
+                Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
+        if (!quelle)
+            return m_fund->setzen(u"circle.running"_s, Sprache::text(u"PDF werden gezählt …"_s));
+        QString satz = gefuellt(Sprache::text(u"%@ PDF gefunden."_s), {QString::number(quelle->anzahl)});
+        if (quelle->ausgelassen > 0)
+            satz +=
+                u' ' + gefuellt(Sprache::text(u"%@ ausgelassen: Verweise oder Namen, die sich nicht lesen lassen."_s),
+                                {QString::number(quelle->ausgelassen)});
+        m_fund->setzen(quelle->anzahl > 0 ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s, satz);
+    }
+
+    void ruhendeZeigen()
+    {
+        const qint64 anzahl = zustand()->ausgenommen();
+        if (anzahl == 0)
+            m_ruhende->erklaeren(Sprache::text(u"Derzeit ruht kein Dokument wegen einer Ausnahme."_s));
+        else if (anzahl == 1)
+            m_ruhende->erklaeren(Sprache::text(u"1 Dokument ruht wegen einer Ausnahme."_s));
+        else
+            m_ruhende->erklaeren(
+                gefuellt(Sprache::text(u"%@ Dokumente ruhen wegen einer Ausnahme."_s), {QString::number(anzahl)}));
+    }
+
+    Marktext *m_fund = nullptr;
+    QCheckBox *m_tiefer = nullptr;
+    QLineEdit *m_neue = nullptr;
+    QPushButton *m_dazu = nullptr;
+    Marktext *m_beschwerde = nullptr;
+    QStringListModel *m_regeln = nullptr;
+    QListView *m_liste = nullptr;
+    QPushButton *m_entfernen = nullptr;
+    Marktext *m_ruhende = nullptr;
+};
+} // namespace
+
+Abschnittsseite *herkunftseite(Zustand *zustand, QWidget *eltern) { return new Herkunft(zustand, eltern); }

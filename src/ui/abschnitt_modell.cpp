@@ -1,0 +1,323 @@
+#include "abschnitte.h"
+#include "abschnittsseite.h"
+#include "balken.h"
+#include "flachknopf.h"
+#include "marktext.h"
+#include "ollama.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zustand.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+namespace
+{
+constexpr int modellzeichen = 22;
+constexpr int zahlzeichen = 8;
+constexpr int meisteSeiten = 50;
+constexpr int meisteZeichen = 20'000;
+constexpr int zeichenschritt = 100;
+constexpr double knapp = 0.9;
+
+/** The models with what is known about them, how much is read, and whether the question still fits. */
+class Modell : public Abschnittsseite
+{
+public:
+    Modell(Zustand *zustand, QWidget *eltern)
+        : Abschnittsseite(zustand, Abschnitt::modell,
+                          Sprache::text(u"Womit die Dokumente eingeordnet werden. Alles läuft auf diesem Rechner, kein "
+                                        "Text verlässt ihn."_s),
+                          eltern)
+    {
+        serverBauen();
+        m_klein = modellBauen(u"modell"_s, &Profil::modell, Sprache::text(u"Sprachmodell"_s),
+                              Sprache::text(u"Schlägt für jedes Dokument Datum, Gegenüber, Titel und Ort vor."_s));
+        ladeteilBauen();
+        m_zweitmeinung = new QCheckBox(Sprache::text(u"Zweitmeinung für strittige Fälle einholen"_s), this);
+        m_zweitmeinung->setObjectName(u"zweitmeinung"_s);
+        connect(m_zweitmeinung, &QCheckBox::clicked, this,
+                [this](bool an) { aendern([an](Profil &p) { p.zweitmeinung = an; }); });
+        darunter(m_zweitmeinung);
+        m_gross = modellBauen(u"modellGross"_s, &Profil::modellGross, Sprache::text(u"Großes Modell"_s),
+                              Sprache::text(u"Prüft nach, wo sich das Sprachmodell nicht sicher war."_s));
+        leseteilBauen();
+        abschliessen();
+        connect(zustand, &Zustand::modellGeaendert, this, [this] { zeigen(); });
+        folgen([this] { zeigen(); });
+    }
+
+private:
+    struct Modellwahl {
+        QString Profil::*feld;
+        QComboBox *wahl;
+        Marktext *stand;
+        QPushButton *laden;
+    };
+
+    void serverBauen()
+    {
+        m_server = marktext();
+        m_server->setObjectName(u"modellstand"_s);
+        Flachknopf *pruefen = flachknopf(u"modellPruefen"_s, Sprache::text(u"Erneut prüfen"_s),
+                                         Sprache::text(u"Fragt den Modellserver noch einmal"_s), u"reload"_s);
+        connect(pruefen, &QToolButton::clicked, zustand(), &Zustand::modellPruefen);
+        auto *zeile = new QWidget(this);
+        auto *waagrecht = new QHBoxLayout(zeile);
+        waagrecht->setContentsMargins(0, 0, 0, 0);
+        waagrecht->addWidget(m_server, 1);
+        waagrecht->addWidget(pruefen);
+        reihe(Sprache::text(u"Modellserver"_s), {}, pruefen, zeile);
+        pruefen->setAccessibleName(pruefen->text());
+        pruefen->setToolTip(Sprache::text(u"Fragt den Modellserver noch einmal"_s));
+    }
+
+    Modellwahl modellBauen(const QString &name, QString Profil::*feld, const QString &beschriftung,
+                           const QString &hilfe)
+    {
+        Modellwahl w{.feld = feld, .wahl = new QComboBox(this), .stand = marktext(), .laden = nullptr};
+        w.wahl->setObjectName(name);
+        w.wahl->setEditable(true);
+        w.wahl->setInsertPolicy(QComboBox::NoInsert);
+        w.wahl->lineEdit()->setObjectName(name + u"-eingabe"_s);
+        w.wahl->lineEdit()->setAccessibleName(beschriftung);
+        w.stand->setObjectName(name + u"-stand"_s);
+        w.laden = knopf(name + u"-laden"_s, Sprache::text(u"Modell laden"_s),
+                        Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s));
+        w.laden->setAccessibleName(beschriftung + u": "_s + w.laden->text());
+        connect(w.laden, &QPushButton::clicked, zustand(),
+                feld == &Profil::modell ? &Zustand::modellLaden : &Zustand::modellGrossLaden);
+        const auto setzen = [this, feld, wahl = w.wahl] {
+            const QString text = wahl->currentText().trimmed();
+            if (!Ollama::rechnetAnderswo(text) && (!text.isEmpty() || feld != &Profil::modell))
+                aendern([&](Profil &p) { p.*feld = text; });
+            zeigen();
+        };
+        connect(w.wahl, &QComboBox::activated, this, setzen);
+        connect(w.wahl->lineEdit(), &QLineEdit::editingFinished, this, setzen);
+        auto *rechts = new QWidget(this);
+        auto *waagrecht = new QHBoxLayout(rechts);
+        waagrecht->setContentsMargins(0, 0, 0, 0);
+        waagrecht->addWidget(w.stand, 1);
+        waagrecht->addWidget(w.laden);
+        reihe(beschriftung, hilfe, w.wahl, daneben(w.wahl, modellzeichen, rechts));
+        return w;
+    }
+
+    void ladeteilBauen()
+    {
+        m_ladeteil = new QWidget(this);
+        auto *spalte = new QVBoxLayout(m_ladeteil);
+        spalte->setContentsMargins(0, 0, 0, 0);
+        auto *zeile = new QHBoxLayout;
+        m_balken = new Balken(0, m_ladeteil);
+        Flachknopf *abbrechen = flachknopf(u"modellLadenAbbrechen"_s, Sprache::text(u"Abbrechen"_s),
+                                           Sprache::text(u"Was schon da ist, bleibt für das nächste Mal"_s), u"stop"_s);
+        connect(abbrechen, &QToolButton::clicked, zustand(), &Zustand::modellLadenAbbrechen);
+        zeile->addWidget(m_balken, 1);
+        zeile->addWidget(abbrechen);
+        m_menge = new Marktext(m_ladeteil);
+        m_menge->setObjectName(u"modell-menge"_s);
+        spalte->addLayout(zeile);
+        spalte->addWidget(m_menge);
+        Stil::folgen(m_ladeteil, [zeile] { zeile->setSpacing(abstand(12)); });
+        darunter(m_ladeteil);
+    }
+
+    void leseteilBauen()
+    {
+        auto *erklaerung = marktext();
+        erklaerung->erklaeren(
+            Sprache::text(u"Mehr Seiten und Zeichen machen Vorschläge etwas sicherer und den Durchgang "
+                          "deutlich langsamer."_s));
+        titel(Sprache::text(u"Lesen"_s), erklaerung);
+        m_seiten = zahl(u"seiten"_s, &Profil::seiten, meisteSeiten, 1, Sprache::text(u"Seiten"_s),
+                        Sprache::text(u"So viele Seiten je Dokument werden gelesen."_s));
+        m_zeichen =
+            zahl(u"maxZeichen"_s, &Profil::maxZeichen, meisteZeichen, zeichenschritt, Sprache::text(u"Zeichen"_s),
+                 Sprache::text(u"So viele Zeichen davon bekommt das Modell höchstens."_s));
+        auto *platz = marktext();
+        platz->erklaeren(Sprache::text(u"Die Anweisung zählt deine Zweige, Ablagen und Rubriken auf. Wird sie zu lang, "
+                                       "sieht das Modell nicht mehr alle."_s));
+        titel(Sprache::text(u"Platz im Modell"_s), platz);
+        m_platz = marktext();
+        m_platz->setObjectName(u"platz"_s);
+        reihe(Sprache::text(u"Anweisung"_s), {}, m_platz);
+    }
+
+    QSpinBox *zahl(const QString &name, int Profil::*feld, int groesste, int schritt, const QString &beschriftung,
+                   const QString &hilfe)
+    {
+        auto *eingabe = new QSpinBox(this);
+        eingabe->setObjectName(name);
+        eingabe->setRange(1, groesste);
+        eingabe->setSingleStep(schritt);
+        connect(eingabe, &QSpinBox::valueChanged, this,
+                [this, feld](int wert) { aendern([&](Profil &p) { p.*feld = wert; }); });
+        auto *text = marktext();
+        text->erklaeren(hilfe);
+        reihe(beschriftung, hilfe, eingabe, daneben(eingabe, zahlzeichen, text));
+        return eingabe;
+    }
+
+    void zeigen()
+    {
+        const Modellstand &stand = zustand()->modellstand();
+        const bool server = stand.art != Modellstand::Art::serverFehlt;
+        if (stand.art == Modellstand::Art::unbekannt)
+            m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+        else
+            m_server->setzen(server ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s,
+                             server ? Sprache::text(u"ollama läuft"_s)
+                                    : Sprache::text(u"ollama läuft nicht. Was zu tun ist, steht unter Programme."_s));
+        modellZeigen(m_klein);
+        modellZeigen(m_gross);
+        m_zweitmeinung->setChecked(profil().zweitmeinung);
+        m_gross.wahl->setEnabled(profil().zweitmeinung);
+        if (!profil().zweitmeinung) {
+            m_gross.stand->erklaeren(Sprache::text(u"Wird nicht gefragt."_s));
+            m_gross.laden->hide();
+        }
+        m_ladeteil->setVisible(!stand.laedtModell.isEmpty());
+        fortschrittZeigen(stand);
+        zahlZeigen(m_seiten, profil().seiten);
+        zahlZeigen(m_zeichen, profil().maxZeichen);
+        platzZeigen();
+    }
+
+    static void zahlZeigen(QSpinBox *eingabe, int wert)
+    {
+        const QSignalBlocker still(eingabe);
+        // A number from a file may lie outside of what is offered here, and is kept.
+        eingabe->setMaximum(std::max(eingabe->maximum(), wert));
+        eingabe->setValue(wert);
+    }
+
+    void modellZeigen(const Modellwahl &w)
+    {
+        const Modellstand &stand = zustand()->modellstand();
+        const QString &gewaehlt = profil().*w.feld;
+        wahlZeigen(w, stand.vorhandene, gewaehlt);
+        const bool da = Modellstand::treffer(stand.vorhandene, gewaehlt).has_value();
+        const bool kommt = stand.laedtModell == gewaehlt && !gewaehlt.isEmpty();
+        w.laden->setVisible(!da && !kommt && !gewaehlt.isEmpty());
+        w.laden->setEnabled(stand.art != Modellstand::Art::serverFehlt && stand.laedtModell.isEmpty());
+        if (Ollama::rechnetAnderswo(w.wahl->currentText()))
+            w.stand->setzen(u"exclamationmark.triangle"_s,
+                            gefuellt(Sprache::text(u"Das Modell %@ rechnet nicht auf diesem Rechner und wird nicht "
+                                                   "benutzt"_s),
+                                     {w.wahl->currentText()}));
+        else if (gewaehlt.isEmpty())
+            w.stand->erklaeren(Sprache::text(u"Keines gewählt."_s));
+        else if (kommt)
+            w.stand->setzen(u"circle.running"_s, ladewort(stand));
+        else if (da)
+            w.stand->setzen(u"checkmark.circle"_s, Sprache::text(u"einsatzbereit"_s));
+        else
+            fehlendesZeigen(w, stand, gewaehlt);
+    }
+
+    static void fehlendesZeigen(const Modellwahl &w, const Modellstand &stand, const QString &gewaehlt)
+    {
+        if (stand.art == Modellstand::Art::serverFehlt || stand.art == Modellstand::Art::unbekannt)
+            return w.stand->erklaeren(Sprache::text(u"Ob es da ist, weiß nur der Modellserver."_s));
+        QString satz = gefuellt(Sprache::text(u"Das Modell %@ fehlt noch"_s), {gewaehlt});
+        if (stand.fehlermodell == gewaehlt && !stand.ladefehler.isEmpty())
+            satz += u": "_s + stand.ladefehler;
+        w.stand->setzen(u"exclamationmark.triangle"_s, satz);
+    }
+
+    static QString ladewort(const Modellstand &stand)
+    {
+        if (stand.ladegroesse <= 0)
+            return Sprache::text(u"wird geladen"_s);
+        return gefuellt(Sprache::text(u"wird geladen, %@ %"_s),
+                        {QString::number(stand.geladen * 100 / stand.ladegroesse)});
+    }
+
+    /** The list is left alone while someone types into it. */
+    static void wahlZeigen(const Modellwahl &w, const QStringList &vorhandene, const QString &gewaehlt)
+    {
+        QStringList namen;
+        for (const QString &name : vorhandene) {
+            if (!Ollama::rechnetAnderswo(name))
+                namen << name;
+        }
+        if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
+            namen.prepend(gewaehlt);
+        QStringList jetzige;
+        for (int i = 0; i < w.wahl->count(); ++i)
+            jetzige << w.wahl->itemText(i);
+        const bool tippt = w.wahl->lineEdit()->hasFocus() && w.wahl->lineEdit()->isModified();
+        if (tippt)
+            return;
+        const QSignalBlocker still(w.wahl);
+        if (jetzige != namen) {
+            w.wahl->clear();
+            w.wahl->addItems(namen);
+        }
+        w.wahl->setCurrentIndex(int(namen.indexOf(gewaehlt)));
+        if (!Ollama::rechnetAnderswo(w.wahl->currentText()) || w.wahl->currentIndex() >= 0)
+            w.wahl->setEditText(gewaehlt);
+    }
+
+    void fortschrittZeigen(const Modellstand &stand)
+    {
+        m_balken->setzeAnteil(stand.ladegroesse > 0 ? double(stand.geladen) / double(stand.ladegroesse) : 0);
+        QStringList teile;
+        if (stand.ladegroesse > 0)
+            teile << gefuellt(Sprache::text(u"%@ von %@"_s), {QLocale().formattedDataSize(stand.geladen, 1),
+                                                              QLocale().formattedDataSize(stand.ladegroesse, 1)});
+        else
+            teile << stand.ladetext;
+        if (!stand.restzeit.isEmpty())
+            teile << stand.restzeit;
+        m_menge->erklaeren(teile.join(u" · "_s) + u". "_s +
+                           Sprache::text(u"Du kannst inzwischen weiter einrichten."_s));
+    }
+
+    void platzZeigen()
+    {
+        const double anteil = platzImModell(profil());
+        const QString prozent = QString::number(qRound(anteil * 100));
+        const QString rubriken = QString::number(zustand()->einrichtung().zahlen.rubriken);
+        if (anteil > 1)
+            m_platz->setzen(u"exclamationmark.triangle"_s,
+                            gefuellt(Sprache::text(u"Braucht mit Rubriken: %@ etwa %@ Prozent dessen, was das Modell "
+                                                   "fasst. Lass weniger Zeichen lesen oder fasse Rubriken zusammen."_s),
+                                     {rubriken, prozent}));
+        else if (anteil > knapp)
+            m_platz->setzen(u"info.circle"_s,
+                            gefuellt(Sprache::text(u"Belegt etwa %@ Prozent dessen, was das Modell fasst. Das ist "
+                                                   "knapp."_s),
+                                     {prozent}));
+        else
+            m_platz->setzen(
+                u"checkmark.circle"_s,
+                gefuellt(Sprache::text(u"Belegt etwa %@ Prozent dessen, was das Modell fasst."_s), {prozent}));
+    }
+
+    Marktext *m_server = nullptr;
+    Modellwahl m_klein{};
+    Modellwahl m_gross{};
+    QWidget *m_ladeteil = nullptr;
+    Balken *m_balken = nullptr;
+    Marktext *m_menge = nullptr;
+    QCheckBox *m_zweitmeinung = nullptr;
+    QSpinBox *m_seiten = nullptr;
+    QSpinBox *m_zeichen = nullptr;
+    Marktext *m_platz = nullptr;
+};
+} // namespace
+
+Abschnittsseite *modellseite(Zustand *zustand, QWidget *eltern) { return new Modell(zustand, eltern); }

@@ -1,0 +1,109 @@
+#include "abschnitte.h"
+#include "abschnittsseite.h"
+#include "fenstermenue.h"
+#include "fenstersprache.h"
+#include "marktext.h"
+#include "sprache.h"
+#include "stil.h"
+#include "zustand.h"
+
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int sprachzeichen = 22;
+constexpr int zahlzeichen = 8;
+
+/** Language and font size of the window. */
+class Oberflaeche : public Abschnittsseite
+{
+public:
+    Oberflaeche(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern)
+        : Abschnittsseite(zustand, Abschnitt::oberflaeche,
+                          Sprache::text(u"Gilt für das ganze Fenster und alle Profile, sofort und ohne Neustart."_s),
+                          eltern),
+          m_sprache(sprache)
+    {
+        spracheBauen();
+        schriftBauen();
+        ordnerBauen();
+        abschliessen();
+    }
+
+private:
+    void spracheBauen()
+    {
+        auto *wahl = new QComboBox(this);
+        wahl->setObjectName(u"sprache"_s);
+        wahl->addItem(Sprache::text(u"Wie das System"_s), QString());
+        wahl->addItem(u"Deutsch"_s, u"de"_s);
+        for (const Sprachsatz &satz : Sprache::verfuegbare()) {
+            if (satz.kennung != "de"_L1)
+                wahl->addItem(satz.name, satz.kennung);
+        }
+        wahl->setCurrentIndex(std::max(0, wahl->findData(m_sprache->kennung())));
+        // Later: the choice goes down with the window's whole content.
+        connect(wahl, &QComboBox::activated, m_sprache, [sprache = m_sprache, wahl](int stelle) {
+            const QString kennung = wahl->itemData(stelle).toString();
+            QMetaObject::invokeMethod(
+                sprache, [sprache, kennung] { sprache->waehlen(kennung); }, Qt::QueuedConnection);
+        });
+        auto *text = marktext();
+        text->erklaeren(Sprache::text(u"Auch Dateidialoge, Zahlen und Daten richten sich danach."_s));
+        reihe(Sprache::text(u"Sprache"_s), Sprache::text(u"Sprache des Fensters."_s), wahl,
+              daneben(wahl, sprachzeichen, text));
+    }
+
+    void schriftBauen()
+    {
+        auto *groesse = new QSpinBox(this);
+        groesse->setObjectName(u"schriftgroesse-wahl"_s);
+        groesse->setRange(int(Stil::kleinsteSchrift), int(Stil::groessteSchrift));
+        groesse->setSuffix(u" pt"_s);
+        connect(groesse, &QSpinBox::valueChanged, this, [](int punkte) { schriftgroesseWaehlen(punkte); });
+        Stil::folgen(groesse, [groesse] {
+            const QSignalBlocker still(groesse);
+            groesse->setValue(qRound(Stil::schriftgroesse()));
+        });
+        auto *text = marktext();
+        text->erklaeren(Sprache::text(u"Überall auch mit Strg und Plus oder Minus."_s));
+        reihe(Sprache::text(u"Schriftgröße"_s), Sprache::text(u"Grundgröße der Schrift in Punkt."_s), groesse,
+              daneben(groesse, zahlzeichen, text));
+    }
+
+    void ordnerBauen()
+    {
+        auto *erklaerung = marktext();
+        erklaerung->erklaeren(Sprache::text(
+            u"Im Ordner liegt die Vorlage _Vorlage.json mit allen Texten des Programms. Übersetze sie und "
+            "speichere sie unter einem anderen Namen, etwa fr.json: Dann steht die Sprache oben zur "
+            "Wahl."_s));
+        titel(Sprache::text(u"Eigene Sprachen"_s), erklaerung);
+        QPushButton *oeffnen = knopf(u"eigeneSprachen"_s, Sprache::text(u"Ordner für eigene Sprachen öffnen"_s),
+                                     Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s), u"folder"_s);
+        auto *zeile = new QWidget(this);
+        auto *waagrecht = new QHBoxLayout(zeile);
+        waagrecht->setContentsMargins(0, 0, 0, 0);
+        waagrecht->addWidget(oeffnen);
+        waagrecht->addStretch(1);
+        darunter(zeile);
+        connect(oeffnen, &QPushButton::clicked, zustand(), &Zustand::spracheVorbereiten);
+        connect(zustand(), &Zustand::spracheVorbereitet, this,
+                [](const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); });
+    }
+
+    Fenstersprache *m_sprache;
+};
+} // namespace
+
+Abschnittsseite *oberflaechenseite(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern)
+{
+    return new Oberflaeche(zustand, sprache, eltern);
+}

@@ -1,0 +1,171 @@
+#include "abschnitte.h"
+#include "abschnittsseite.h"
+#include "flachknopf.h"
+#include "marktext.h"
+#include "ocrsprachen.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zustand.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+namespace
+{
+constexpr int sprachzeichen = 22;
+
+/** The programs that do the reading, and the model server. */
+class Programme : public Abschnittsseite
+{
+public:
+    Programme(Zustand *zustand, QWidget *eltern)
+        : Abschnittsseite(zustand, Abschnitt::programme,
+                          Sprache::text(u"Womit die Dokumente gelesen werden. Alles läuft auf diesem Rechner."_s),
+                          eltern)
+    {
+        for (const QString &name : {u"pdftotext"_s, u"pdftoppm"_s, u"tesseract"_s})
+            werkzeugBauen(name);
+        Flachknopf *pruefen = flachknopf(u"programmePruefen"_s, Sprache::text(u"Erneut prüfen"_s),
+                                         Sprache::text(u"Sieht noch einmal nach, was installiert ist"_s), u"reload"_s);
+        connect(pruefen, &QToolButton::clicked, zustand, [zustand] {
+            zustand->einrichtungPruefen();
+            zustand->modellPruefen();
+        });
+        auto *zeile = new QWidget(this);
+        auto *waagrecht = new QHBoxLayout(zeile);
+        waagrecht->setContentsMargins(0, 0, 0, 0);
+        waagrecht->addWidget(pruefen);
+        waagrecht->addStretch(1);
+        darunter(zeile);
+        spracheBauen();
+        serverBauen();
+        abschliessen();
+        connect(zustand, &Zustand::modellGeaendert, this, [this] { serverZeigen(); });
+        folgen([this] { zeigen(); });
+    }
+
+private:
+    void werkzeugBauen(const QString &name)
+    {
+        Marktext *text = marktext();
+        text->setObjectName(u"werkzeug-"_s + name);
+        m_werkzeuge << text;
+        reihe(name, werkzeughilfe(name), text);
+    }
+
+    static QString werkzeughilfe(const QString &name)
+    {
+        if (name == "pdftotext"_L1)
+            return Sprache::text(u"Holt den Text aus PDF, die schon welchen enthalten."_s);
+        if (name == "pdftoppm"_L1)
+            return Sprache::text(u"Macht aus den Seiten eines Scans Bilder für die Texterkennung."_s);
+        return Sprache::text(u"Erkennt den Text auf den Bildern."_s);
+    }
+
+    void spracheBauen()
+    {
+        auto *erklaerung = marktext();
+        erklaerung->erklaeren(Sprache::text(u"Die Texterkennung liest nur Sprachen gut, deren Daten installiert "
+                                            "sind."_s));
+        titel(Sprache::text(u"Texterkennung"_s), erklaerung);
+        m_sprache = new QComboBox(this);
+        m_sprache->setObjectName(u"ocrSprache"_s);
+        m_sprachstand = marktext();
+        m_sprachstand->setObjectName(u"ocrSprache-stand"_s);
+        connect(m_sprache, &QComboBox::activated, this, [this](int stelle) {
+            aendern([&](Profil &p) { p.ocrSprache = m_sprache->itemData(stelle).toString(); });
+        });
+        reihe(Sprache::text(u"Sprache der Scans"_s), Sprache::text(u"Die Sprache, in der deine Briefe meist sind."_s),
+              m_sprache, daneben(m_sprache, sprachzeichen, m_sprachstand));
+    }
+
+    void serverBauen()
+    {
+        auto *erklaerung = marktext();
+        erklaerung->erklaeren(Sprache::text(u"Er rechnet das Sprachmodell, das Namen und Ordner vorschlägt."_s));
+        titel(Sprache::text(u"Modellserver"_s), erklaerung);
+        m_server = marktext();
+        m_server->setObjectName(u"modellserver"_s);
+        reihe(u"ollama"_s, {}, m_server);
+        m_rat = marktext();
+        m_rat->setObjectName(u"modellserver-rat"_s);
+        darunter(m_rat);
+    }
+
+    void zeigen()
+    {
+        const auto &programme = zustand()->einrichtung().programme;
+        for (int i = 0; i < m_werkzeuge.size(); ++i) {
+            if (programme)
+                werkzeugZeigen(*m_werkzeuge.at(i), programme->werkzeuge.at(i));
+            else
+                m_werkzeuge.at(i)->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+        }
+        sprachenZeigen(programme ? programme->sprachen : QStringList());
+        serverZeigen();
+    }
+
+    static void werkzeugZeigen(Marktext &text, const Programmstand::Werkzeug &w)
+    {
+        if (w.pfad.isEmpty())
+            text.setzen(u"exclamationmark.triangle"_s,
+                        gefuellt(Sprache::text(u"Nicht gefunden. Installiere das Paket %@."_s), {w.paket}));
+        else
+            text.setzen(u"checkmark.circle"_s, w.pfad);
+    }
+
+    void sprachenZeigen(const QStringList &installierte)
+    {
+        const QStringList auswahl = Ocrsprachen::auswahl(installierte, profil().ocrSprache);
+        QStringList jetzige;
+        for (int i = 0; i < m_sprache->count(); ++i)
+            jetzige << m_sprache->itemData(i).toString();
+        if (jetzige != auswahl) {
+            m_sprache->clear();
+            for (const QString &code : auswahl)
+                m_sprache->addItem(Ocrsprachen::name(code), code);
+        }
+        m_sprache->setCurrentIndex(int(auswahl.indexOf(profil().ocrSprache)));
+        const auto &programme = zustand()->einrichtung().programme;
+        if (!programme || installierte.isEmpty())
+            return m_sprachstand->erklaeren(Sprache::text(u"Noch keine Sprachen gefunden."_s));
+        if (programme->kann(profil().ocrSprache))
+            return m_sprachstand->erklaeren(
+                gefuellt(Sprache::text(u"Installiert: %@."_s), {Ocrsprachen::namen(installierte).join(u", "_s)}));
+        m_sprachstand->setzen(
+            u"exclamationmark.triangle"_s,
+            gefuellt(Sprache::text(u"%@ ist nicht installiert, Scans bleiben ungelesen. Installiere das Paket %@."_s),
+                     {Ocrsprachen::name(profil().ocrSprache), Ocrsprachen::paket(profil().ocrSprache)}));
+    }
+
+    void serverZeigen()
+    {
+        switch (zustand()->modellstand().art) {
+        case Modellstand::Art::unbekannt:
+            m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+            return m_rat->erklaeren({});
+        case Modellstand::Art::serverFehlt:
+            m_server->setzen(u"exclamationmark.triangle"_s, zustand()->modellMeldung());
+            return m_rat->erklaeren(
+                Sprache::text(u"Starte ihn mit „ollama serve“. Fehlt er ganz, installiere das Programm ollama und "
+                              "prüfe dann erneut."_s));
+        default:
+            m_server->setzen(u"checkmark.circle"_s, Sprache::text(u"Der Modellserver läuft."_s));
+            m_rat->erklaeren(zustand()->modellMeldung());
+        }
+    }
+
+    QList<Marktext *> m_werkzeuge;
+    QComboBox *m_sprache = nullptr;
+    Marktext *m_sprachstand = nullptr;
+    Marktext *m_server = nullptr;
+    Marktext *m_rat = nullptr;
+};
+} // namespace
+
+Abschnittsseite *programmseite(Zustand *zustand, QWidget *eltern) { return new Programme(zustand, eltern); }

@@ -1,0 +1,178 @@
+#include "abschnittsliste.h"
+
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zeichen.h"
+#include "zustand.h"
+
+#include <QPainter>
+#include <QStandardItemModel>
+#include <QStyledItemDelegate>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int rolleZeile = Qt::UserRole;
+constexpr int rolleSymbol = Qt::UserRole + 1;
+
+QString symbol(Abschnittsstand::Lage lage)
+{
+    switch (lage) {
+    case Abschnittsstand::Lage::fehlt:
+    case Abschnittsstand::Lage::offen:
+        return u"circle"_s;
+    case Abschnittsstand::Lage::gestoert:
+    case Abschnittsstand::Lage::warnung:
+        return u"exclamationmark.triangle"_s;
+    case Abschnittsstand::Lage::prueft:
+        return u"circle.running"_s;
+    case Abschnittsstand::Lage::gut:
+        return u"checkmark.circle"_s;
+    case Abschnittsstand::Lage::ohne:
+        break;
+    }
+    return {};
+}
+
+QString spracheUndSchrift()
+{
+    const QString punkte = gefuellt(Sprache::text(u"%@ Punkt"_s), {QString::number(qRound(Stil::schriftgroesse()))});
+    for (const Sprachsatz &satz : Sprache::verfuegbare()) {
+        if (satz.kennung == Sprache::wirksameKennung())
+            return satz.name + u", "_s + punkte;
+    }
+    return u"Deutsch, "_s + punkte;
+}
+
+/** The mark in words, for who cannot see it. */
+QString wort(Abschnittsstand::Lage lage)
+{
+    switch (lage) {
+    case Abschnittsstand::Lage::fehlt:
+    case Abschnittsstand::Lage::offen:
+        return Sprache::text(u"fehlt noch"_s);
+    case Abschnittsstand::Lage::gestoert:
+    case Abschnittsstand::Lage::warnung:
+        return Sprache::text(u"Achtung"_s);
+    case Abschnittsstand::Lage::gut:
+        return Sprache::text(u"fertig"_s);
+    case Abschnittsstand::Lage::prueft:
+    case Abschnittsstand::Lage::ohne:
+        break;
+    }
+    return {};
+}
+
+class Zeilenmaler : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override
+    {
+        const int text = QFontMetrics(Stil::schrift(Schrift::Halbfett)).height() +
+                         QFontMetrics(Stil::schrift(Schrift::Neben)).height();
+        return {abstand(100), text + abstand(12)};
+    }
+
+    void paint(QPainter *maler, const QStyleOptionViewItem &option, const QModelIndex &stelle) const override
+    {
+        const bool gewaehlt = option.state & QStyle::State_Selected;
+        const QPalette &palette = option.palette;
+        QColor grund = palette.color(QPalette::Window);
+        maler->save();
+        maler->setRenderHint(QPainter::Antialiasing);
+        if (gewaehlt) {
+            grund = Stil::auswahlgrund(palette);
+            maler->setPen(Qt::NoPen);
+            maler->setBrush(grund);
+            maler->drawRoundedRect(option.rect, 3, 3);
+        }
+        if (option.state & QStyle::State_HasFocus && gewaehlt) {
+            maler->setPen(QPen(Stil::akzentmarke(palette), 2));
+            maler->setBrush(Qt::NoBrush);
+            maler->drawRoundedRect(option.rect.adjusted(1, 1, -1, -1), 3, 3);
+        }
+        const int kante = Stil::zeichengroesse();
+        const QRect flaeche = option.rect;
+        Zeichen::malen(*maler, QRect(flaeche.x() + abstand(10), flaeche.center().y() - kante / 2, kante, kante),
+                       stelle.data(rolleSymbol).toString(), palette);
+        texteMalen(*maler, flaeche.adjusted(abstand(20) + kante, abstand(6), -abstand(8), -abstand(6)), stelle,
+                   {palette.color(QPalette::WindowText), Stil::nebenfarbe(palette, grund)}, gewaehlt);
+        maler->restore();
+    }
+
+private:
+    static void texteMalen(QPainter &maler, const QRect &flaeche, const QModelIndex &stelle,
+                           const std::pair<QColor, QColor> &farben, bool gewaehlt)
+    {
+        const auto schreiben = [&](Schrift art, const QColor &farbe, const QString &text, Qt::Alignment wo) {
+            maler.setFont(Stil::schrift(art));
+            maler.setPen(farbe);
+            maler.drawText(flaeche, int(wo), maler.fontMetrics().elidedText(text, Qt::ElideMiddle, flaeche.width()));
+        };
+        schreiben(gewaehlt ? Schrift::Halbfett : Schrift::Grund, farben.first, stelle.data().toString(),
+                  Qt::AlignLeft | Qt::AlignTop);
+        schreiben(Schrift::Neben, farben.second, stelle.data(rolleZeile).toString(), Qt::AlignLeft | Qt::AlignBottom);
+    }
+};
+} // namespace
+
+Abschnittsliste::Abschnittsliste(Zustand *zustand, QWidget *eltern)
+    : QListView(eltern), m_zustand(zustand), m_zeilen(new QStandardItemModel(this))
+{
+    setObjectName(u"abschnitte"_s);
+    setAccessibleName(Sprache::text(u"Abschnitte der Einrichtung"_s));
+    setFrameShape(QFrame::NoFrame);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setUniformItemSizes(true);
+    setTabKeyNavigation(false);
+    viewport()->setAutoFillBackground(false);
+    setItemDelegate(new Zeilenmaler(this));
+    for (const Abschnitt abschnitt : alleAbschnitte())
+        m_zeilen->appendRow(new QStandardItem(abschnittTitel(abschnitt)));
+    setModel(m_zeilen);
+    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert, &Zustand::bereitschaftGeaendert,
+                              &Zustand::einrichtungGeaendert, &Zustand::strukturGeaendert, &Zustand::modellGeaendert,
+                              &Zustand::gelerntGelesen, &Zustand::zaehlwerkGeaendert})
+        connect(m_zustand, signal, this, &Abschnittsliste::zeigen);
+    connect(m_zustand, &Zustand::abschnittGeaendert, this, &Abschnittsliste::waehlen);
+    Stil::folgen(this, [this] {
+        setSpacing(1);
+        scheduleDelayedItemsLayout();
+        m_fenster = spracheUndSchrift();
+        zeigen();
+    });
+    waehlen();
+}
+
+void Abschnittsliste::zeigen()
+{
+    for (const Abschnitt abschnitt : alleAbschnitte()) {
+        Abschnittsstand stand = m_zustand->abschnittsstand(abschnitt);
+        if (abschnitt == Abschnitt::oberflaeche)
+            stand.zeile = m_fenster;
+        QStandardItem *zeile = m_zeilen->item(int(abschnitt));
+        zeile->setData(stand.zeile, rolleZeile);
+        zeile->setData(symbol(stand.lage), rolleSymbol);
+        zeile->setToolTip(stand.zeile.toHtmlEscaped());
+        QStringList teile = {zeile->text(), wort(stand.lage), stand.zeile};
+        teile.removeAll(QString());
+        zeile->setData(teile.join(u", "_s), Qt::AccessibleTextRole);
+    }
+}
+
+void Abschnittsliste::waehlen() { setCurrentIndex(m_zeilen->index(int(m_zustand->abschnitt()), 0)); }
+
+void Abschnittsliste::currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher)
+{
+    QListView::currentChanged(jetzt, vorher);
+    if (jetzt.isValid())
+        m_zustand->setzeAbschnitt(Abschnitt(jetzt.row()));
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QListView>
+
+class QStandardItemModel;
+class Zustand;
+
+/** The sections of the setup card: a mark for the state of each, its title and one line of what is set. */
+class Abschnittsliste : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit Abschnittsliste(Zustand *zustand, QWidget *eltern = nullptr);
+
+protected:
+    void currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher) override;
+
+private:
+    void zeigen();
+    void waehlen();
+
+    Zustand *m_zustand;
+    QStandardItemModel *m_zeilen;
+    QString m_fenster; ///< language and font size, which are no business of the state object
+};

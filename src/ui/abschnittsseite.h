@@ -1,0 +1,78 @@
+#pragma once
+
+#include "abschnitt.h"
+#include "profil.h"
+
+#include <QWidget>
+#include <functional>
+
+class Flachknopf;
+class Marktext;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class Zustand;
+
+/** One section of the setup card: title, explanation, and rows of a label and what belongs to it. */
+class Abschnittsseite : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /** Widest label, and the width that the column of labels has in all sections. */
+    [[nodiscard]] int beschriftungsbreite() const;
+    void setzeBeschriftungsbreite(int breite);
+    /** What stands beside the button that goes on; empty for nothing. */
+    [[nodiscard]] virtual QString fussnote() const { return {}; }
+
+protected:
+    Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QString &erklaerung, QWidget *eltern);
+
+    [[nodiscard]] Zustand *zustand() const { return m_zustand; }
+    [[nodiscard]] const Profil &profil() const;
+    /** Changes the active profile; it is saved with that. */
+    void aendern(const std::function<void(Profil &)> &aenderung) const;
+    /** Calls @p zeigen now and whenever the profile, or what is known about it, changes. */
+    void folgen(const std::function<void()> &zeigen);
+
+    /** A further title inside the section. @p rechts stands at the end of its line. */
+    void titel(const QString &text, Marktext *erklaerung = nullptr, QWidget *rechts = nullptr);
+    /** A row; @p eingabe gets name, help and label, @p teil is what is laid out (by default the same). */
+    void reihe(const QString &beschriftung, const QString &hilfe, QWidget *eingabe, QWidget *teil = nullptr);
+    /** A row below, without a label. */
+    void darunter(QWidget *teil);
+    void ueberAlles(QWidget *teil, int streckung = 0);
+    /** Gives a part laid over the whole width another share of the height that is left over. */
+    void strecken(QWidget *teil, int streckung);
+    void abschliessen();
+
+    [[nodiscard]] Marktext *marktext();
+    enum class Rand { weg, bleibt }; ///< blanks at the ends of what is typed
+    /** A line edit whose text is the profile's @p feld; @p mangel says what is wrong with a text that is not stored. */
+    QLineEdit *textfeld(const QString &name, QString Profil::*feld,
+                        const std::function<QString(const QString &)> &mangel = {}, Marktext *beschwerde = nullptr,
+                        const QString &hilfe = {}, Rand rand = Rand::weg);
+    /** A line edit for a folder, and the row with its button "Wählen …". */
+    QLineEdit *ordnerfeld(const QString &name, QString Profil::*feld, const QString &frage, QWidget **teil);
+    QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe = {}, const QString &symbol = {});
+    Flachknopf *flachknopf(const QString &name, const QString &text, const QString &hilfe, const QString &symbol);
+    /** A little more room before the next row. */
+    void luecke();
+    /** A field of @p zeichen characters and what stands beside it. */
+    QWidget *daneben(QWidget *feld, int zeichen, QWidget *text);
+
+private:
+    Zustand *m_zustand;
+    QGridLayout *m_raster;
+    QList<QLabel *> m_schilder;
+    int m_zeile = 0;
+    int m_breite = 0;
+};
+
+/** Distance of the content from the pane's edge, the same as below it. */
+[[nodiscard]] int abschnittsrand();
+
+/** Height and text margin of a field, as they are in all cards; follows the font. */
+void feldmass(QWidget *feld);

@@ -1,0 +1,197 @@
+#include "einrichtungsansicht.h"
+
+#include "abschnitte.h"
+#include "abschnittsliste.h"
+#include "abschnittsseite.h"
+#include "erststart.h"
+#include "hauptknopf.h"
+#include "marktext.h"
+#include "profilleiste.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zustand.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedLayout>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+
+namespace
+{
+constexpr int listenbreite = 300;
+constexpr double hoechstenAnteil = 0.32; // of the list where the font is large
+
+QScrollArea *rollbar(QWidget *inhalt, QWidget *eltern)
+{
+    auto *rollen = new QScrollArea(eltern);
+    rollen->setFrameShape(QFrame::NoFrame);
+    rollen->setWidgetResizable(true);
+    rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    rollen->setFocusPolicy(Qt::NoFocus);
+    rollen->setWidget(inhalt);
+    rollen->viewport()->setAutoFillBackground(false);
+    inhalt->setAutoFillBackground(false);
+    return rollen;
+}
+} // namespace
+
+EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
+{
+    setObjectName(u"einrichtung"_s);
+    setFocusPolicy(Qt::ClickFocus);
+    auto *erststart = new Erststart(Zustand::datenordner(), this);
+    connect(erststart, &Erststart::anlegen, m_zustand, &Zustand::neuesProfil);
+    auto *inhalt = new QWidget(this);
+    auto *waagrecht = new QHBoxLayout(inhalt);
+    waagrecht->setContentsMargins(0, 0, 0, 0);
+    waagrecht->setSpacing(1);
+    waagrecht->addWidget(linkeSeite());
+    waagrecht->addWidget(rechteSeite(sprache), 1);
+    m_stapel->addWidget(erststart);
+    m_stapel->addWidget(inhalt);
+    for (const auto signal :
+         {&Zustand::aktivGeaendert, &Zustand::profileGeaendert, &Zustand::abschnittGeaendert,
+          &Zustand::bereitschaftGeaendert, &Zustand::einrichtungGeaendert, &Zustand::strukturGeaendert,
+          &Zustand::modellGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert, &Zustand::zaehlwerkGeaendert})
+        connect(m_zustand, signal, this, &EinrichtungsAnsicht::zeigen);
+    Stil::folgen(this, [this] { beschriftungenAusrichten(); });
+    zeigen();
+}
+
+QWidget *EinrichtungsAnsicht::linkeSeite()
+{
+    m_links = new QWidget(this);
+    m_liste = new Abschnittsliste(m_zustand, m_links);
+    auto *profil = new Profilleiste(m_zustand, m_links);
+    auto *spalte = new QVBoxLayout(m_links);
+    spalte->addWidget(m_liste, 1);
+    spalte->addWidget(profil);
+    Stil::folgen(m_links, [spalte] {
+        spalte->setContentsMargins(abstand(12), abstand(14), abstand(12), abstand(8));
+        spalte->setSpacing(abstand(8));
+    });
+    return m_links;
+}
+
+QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
+{
+    auto *seite = new QWidget(this);
+    m_seiten = new QStackedWidget(seite);
+    seitenBauen(sprache); // before the button below: Tab goes through them in the order of their making
+    m_fuss = new QWidget(seite);
+    m_weiter = new Hauptknopf({}, m_fuss);
+    m_weiter->setObjectName(u"weiter"_s);
+    m_grund = new Marktext(m_fuss);
+    m_grund->setObjectName(u"weiter-grund"_s);
+    auto *reihe = new QHBoxLayout(m_fuss);
+    reihe->addWidget(m_weiter);
+    reihe->addWidget(m_grund, 1);
+    auto *spalte = new QVBoxLayout(seite);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->setSpacing(0);
+    spalte->addWidget(m_seiten, 1);
+    spalte->addWidget(m_fuss);
+    connect(m_weiter, &QPushButton::clicked, this, &EinrichtungsAnsicht::weiter);
+    Stil::folgen(m_fuss, [reihe] {
+        reihe->setContentsMargins(abschnittsrand(), abstand(10), abschnittsrand(), abstand(10));
+        reihe->setSpacing(abstand(16));
+    });
+    return seite;
+}
+
+void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
+{
+    const QList<Abschnittsseite *> seiten = {
+        programmseite(m_zustand, this),    herkunftseite(m_zustand, this),
+        zielseite(m_zustand, this),        namenseite(m_zustand, this),
+        eigentuemerseite(m_zustand, this), modellseite(m_zustand, this),
+        gelerntseite(m_zustand, this),     oberflaechenseite(m_zustand, sprache, this),
+    };
+    for (const Abschnitt abschnitt : alleAbschnitte()) {
+        Abschnittsseite *seite = seiten.at(int(abschnitt));
+        m_abschnitte[abschnitt] = seite;
+        m_seiten->addWidget(rollbar(seite, m_seiten));
+    }
+}
+
+/** One column of labels in all sections, so that nothing jumps from one to the next. */
+void EinrichtungsAnsicht::beschriftungenAusrichten()
+{
+    int breite = 0;
+    for (const Abschnittsseite *seite : std::as_const(m_abschnitte))
+        breite = std::max(breite, seite->beschriftungsbreite());
+    for (Abschnittsseite *seite : std::as_const(m_abschnitte))
+        seite->setzeBeschriftungsbreite(breite);
+    resizeEvent(nullptr);
+}
+
+void EinrichtungsAnsicht::resizeEvent(QResizeEvent *)
+{
+    m_links->setFixedWidth(std::min(abstand(listenbreite), int(width() * hoechstenAnteil)));
+}
+
+void EinrichtungsAnsicht::zeigen()
+{
+    const bool da = m_zustand->aktiv().has_value();
+    const bool gewechselt = m_stapel->currentIndex() != (da ? 1 : 0);
+    m_stapel->setCurrentIndex(da ? 1 : 0);
+    setFocusProxy(da ? static_cast<QWidget *>(m_liste) : m_stapel->widget(0));
+    if (gewechselt && isVisible())
+        setFocus();
+    m_seiten->setCurrentIndex(int(m_zustand->abschnitt()));
+    if (da)
+        weiterZeigen();
+    update();
+}
+
+void EinrichtungsAnsicht::showEvent(QShowEvent *ereignis)
+{
+    QWidget::showEvent(ereignis);
+    if (m_zustand->aktiv())
+        weiterZeigen();
+}
+
+void EinrichtungsAnsicht::weiterZeigen()
+{
+    if (!isVisible())
+        return; // a run tells of its progress many times a second
+    const auto naechster = m_zustand->naechsterAbschnitt(m_zustand->abschnitt());
+    const QString hindernis = naechster ? QString() : m_zustand->starthindernis();
+    const QString fussnote = m_abschnitte[m_zustand->abschnitt()]->fussnote();
+    m_weiter->setText(naechster ? gefuellt(Sprache::text(u"Weiter zu %@"_s), {abschnittTitel(*naechster)})
+                                : Sprache::text(u"Durchgang starten"_s));
+    m_weiter->setAccessibleName(m_weiter->text());
+    m_weiter->setEnabled(hindernis.isEmpty());
+    m_weiter->updateGeometry();
+    m_grund->erklaeren(hindernis.isEmpty() ? fussnote : hindernis);
+    m_weiter->setAccessibleDescription(m_grund->text());
+}
+
+void EinrichtungsAnsicht::weiter()
+{
+    if (const auto naechster = m_zustand->naechsterAbschnitt(m_zustand->abschnitt())) {
+        m_zustand->setzeAbschnitt(*naechster);
+        return;
+    }
+    if (!m_zustand->starthindernis().isEmpty())
+        return;
+    m_zustand->durchgangStarten();
+    m_zustand->setzeReiter(Reiter::ablauf);
+}
+
+void EinrichtungsAnsicht::paintEvent(QPaintEvent *)
+{
+    if (!m_zustand->aktiv())
+        return;
+    QPainter maler(this);
+    maler.fillRect(m_links->width(), 0, 1, height(), Stil::linie(palette()));
+    maler.fillRect(m_links->width(), height() - m_fuss->height(), width(), 1, Stil::linie(palette()));
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "abschnitt.h"
+
+#include <QMap>
+#include <QWidget>
+
+class Abschnittsliste;
+class Abschnittsseite;
+class Fenstersprache;
+class Hauptknopf;
+class Marktext;
+class QStackedLayout;
+class QStackedWidget;
+class Zustand;
+
+/** The setup card: the sections, the chosen one, and the button that goes on; before the first profile what to begin
+ * with. */
+class EinrichtungsAnsicht : public QWidget
+{
+    Q_OBJECT
+
+public:
+    EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern = nullptr);
+
+protected:
+    void showEvent(QShowEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
+    void paintEvent(QPaintEvent *ereignis) override;
+
+private:
+    QWidget *linkeSeite();
+    QWidget *rechteSeite(Fenstersprache *sprache);
+    void seitenBauen(Fenstersprache *sprache);
+    void beschriftungenAusrichten();
+    void zeigen();
+    void weiterZeigen();
+    void weiter();
+
+    Zustand *m_zustand;
+    QStackedLayout *m_stapel;
+    QWidget *m_links = nullptr;
+    QWidget *m_fuss = nullptr;
+    Abschnittsliste *m_liste = nullptr;
+    QStackedWidget *m_seiten = nullptr;
+    QMap<Abschnitt, Abschnittsseite *> m_abschnitte;
+    Hauptknopf *m_weiter = nullptr;
+    Marktext *m_grund = nullptr;
+};

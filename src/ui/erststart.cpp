@@ -1,0 +1,69 @@
+#include "erststart.h"
+
+#include "hauptknopf.h"
+#include "kurzpfad.h"
+#include "sprache.h"
+#include "stil.h"
+#include "text.h"
+#include "zeichen.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using Stil::abstand;
+using Stil::Schrift;
+
+namespace
+{
+constexpr int kante = 56;
+
+QLabel *zeile(const QString &text, QVBoxLayout *spalte, QWidget *eltern)
+{
+    auto *schild = new QLabel(text, eltern);
+    schild->setTextFormat(Qt::PlainText);
+    schild->setWordWrap(true);
+    schild->setAlignment(Qt::AlignCenter);
+    spalte->addWidget(schild);
+    return schild;
+}
+} // namespace
+
+Erststart::Erststart(const QString &datenordner, QWidget *eltern)
+    : QWidget(eltern), m_bild(new QWidget(this)), m_knopf(new Hauptknopf(Sprache::text(u"Erstes Profil anlegen"_s)))
+{
+    setObjectName(u"erststart"_s);
+    auto *spalte = new QVBoxLayout(this);
+    spalte->addStretch(1);
+    spalte->addWidget(m_bild);
+    Stil::schriftFolgt(zeile(Sprache::text(u"Aus einem Stapel Scans wird eine geordnete Ablage"_s), spalte, this),
+                       Schrift::Seitentitel);
+    zeile(Sprache::text(u"Quillmar liest gescannte Briefe auf diesem Rechner, schlägt Name und Ordner vor und legt ab, "
+                        "sobald du zustimmst."_s),
+          spalte, this);
+    m_knopf->setObjectName(u"erstesProfil"_s);
+    m_knopf->setAccessibleName(m_knopf->text());
+    spalte->addSpacing(12);
+    spalte->addWidget(m_knopf, 0, Qt::AlignHCenter);
+    spalte->addSpacing(12);
+    for (const QString &text :
+         {gefuellt(Sprache::text(u"Einstellungen und Katalog liegen in %@."_s), {kurzpfad(datenordner)}),
+          Sprache::text(u"Deine Dokumente bleiben, wo sie sind, bis du den ersten Vorschlag übernimmst."_s)})
+        Stil::nebentext(zeile(text, spalte, this));
+    spalte->addStretch(2); // a third down
+    setFocusProxy(m_knopf);
+    connect(m_knopf, &QPushButton::clicked, this, &Erststart::anlegen);
+    Stil::folgen(this, [this, spalte] {
+        spalte->setContentsMargins(abstand(24), abstand(24), abstand(24), abstand(24));
+        spalte->setSpacing(abstand(6));
+        m_bild->setFixedHeight(abstand(kante + 10));
+    });
+}
+
+void Erststart::paintEvent(QPaintEvent *)
+{
+    QPainter maler(this);
+    const QRect flaeche((width() - abstand(kante)) / 2, m_bild->y(), abstand(kante), abstand(kante));
+    Zeichen::malen(maler, flaeche, u"large.folder"_s, palette(), Stil::nebenfarbe(palette()));
+}

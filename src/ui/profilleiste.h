@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+class Flachknopf;
+class QLineEdit;
+class Rueckfrage;
+class Zustand;
+
+/** Renames or removes the active profile; what it asks takes the place of its buttons. */
+class Profilleiste : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Profilleiste(Zustand *zustand, QWidget *eltern = nullptr);
+
+protected:
+    void keyPressEvent(QKeyEvent *ereignis) override;
+
+private:
+    void namensfeldBauen();
+    void umbenennen();
+    void nameUebernehmen();
+    void entfernenFragen();
+    void schliessen();
+
+    Zustand *m_zustand;
+    Flachknopf *m_umbenennen;
+    Flachknopf *m_entfernen;
+    QWidget *m_namensteil;
+    QLineEdit *m_name;
+    Rueckfrage *m_frage;
+};

@@ -1,0 +1,117 @@
+#include "strukturmodell.h"
+
+#include "sprache.h"
+#include "zeichen.h"
+
+using namespace Qt::StringLiterals;
+using Wechsel = Strukturzeile::Wechsel;
+
+namespace
+{
+enum Spalte { name, jahre, wechsel, spalten };
+
+QString jahresordner(const Strukturzeile &zeile)
+{
+    if (zeile.ebene != 1)
+        return {};
+    return zeile.mitJahr ? Sprache::text(u"mit Jahren"_s) : Sprache::text(u"ohne Jahre"_s);
+}
+
+QString wort(Wechsel w)
+{
+    switch (w) {
+    case Wechsel::neu:
+        return Sprache::text(u"neu"_s);
+    case Wechsel::entfallen:
+        return Sprache::text(u"entfallen"_s);
+    case Wechsel::gleich:
+        break;
+    }
+    return {};
+}
+
+QVariant symbol(Wechsel w)
+{
+    if (w == Wechsel::gleich)
+        return {};
+    return Zeichen::icon(w == Wechsel::neu ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s);
+}
+} // namespace
+
+void Strukturmodell::setzen(const QList<Strukturzeile> &zeilen)
+{
+    beginResetModel();
+    m_knoten.clear();
+    m_wurzeln.clear();
+    m_knoten.reserve(zeilen.size());
+    QList<int> ueber; // the newest node of each level
+    for (const Strukturzeile &zeile : zeilen) {
+        const int nummer = int(m_knoten.size());
+        ueber.resize(zeile.ebene);
+        const int elter = ueber.isEmpty() ? -1 : ueber.last();
+        QList<int> &kin = elter < 0 ? m_wurzeln : m_knoten[elter].kinder;
+        const int platz = int(kin.size());
+        kin << nummer;
+        m_knoten << Knoten{.zeile = zeile, .elter = elter, .platz = platz, .kinder = {}};
+        ueber << nummer;
+    }
+    endResetModel();
+}
+
+const QList<int> &Strukturmodell::kinder(const QModelIndex &eltern) const
+{
+    return eltern.isValid() ? m_knoten.at(int(eltern.internalId())).kinder : m_wurzeln;
+}
+
+QModelIndex Strukturmodell::index(int zeile, int spalte, const QModelIndex &eltern) const
+{
+    if (!hasIndex(zeile, spalte, eltern))
+        return {};
+    return createIndex(zeile, spalte, quintptr(kinder(eltern).at(zeile)));
+}
+
+QModelIndex Strukturmodell::parent(const QModelIndex &kind) const
+{
+    const int elter = kind.isValid() ? m_knoten.at(int(kind.internalId())).elter : -1;
+    return elter < 0 ? QModelIndex() : createIndex(m_knoten.at(elter).platz, 0, quintptr(elter));
+}
+
+int Strukturmodell::rowCount(const QModelIndex &eltern) const
+{
+    return eltern.column() > 0 ? 0 : int(kinder(eltern).size());
+}
+
+int Strukturmodell::columnCount(const QModelIndex &) const { return spalten; }
+
+QVariant Strukturmodell::data(const QModelIndex &stelle, int rolle) const
+{
+    if (!stelle.isValid())
+        return {};
+    const Strukturzeile &zeile = m_knoten.at(int(stelle.internalId())).zeile;
+    if (rolle == Qt::DecorationRole && stelle.column() == wechsel)
+        return symbol(zeile.wechsel);
+    if (rolle != Qt::DisplayRole)
+        return {};
+    switch (stelle.column()) {
+    case name:
+        return zeile.name;
+    case jahre:
+        return jahresordner(zeile);
+    default:
+        return wort(zeile.wechsel);
+    }
+}
+
+QVariant Strukturmodell::headerData(int spalte, Qt::Orientation richtung, int rolle) const
+{
+    if (richtung != Qt::Horizontal || rolle != Qt::DisplayRole)
+        return {};
+    switch (spalte) {
+    case name:
+        return Sprache::text(u"Zweig, Ablage, Rubrik"_s);
+    case jahre:
+        return Sprache::text(u"Jahresordner"_s);
+    default:
+        return Sprache::text(u"Seit dem letzten Einlesen"_s);
+    }
+}

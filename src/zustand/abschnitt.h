@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/** The sections of the setup card, in their order. */
+enum class Abschnitt { programme, herkunft, ziel, namen, eigentuemer, modell, gelernt, oberflaeche };
+
+[[nodiscard]] const QList<Abschnitt> &alleAbschnitte();
+/** The raw word, and the title in the user's language. */
+[[nodiscard]] QString rohwert(Abschnitt abschnitt);
+[[nodiscard]] QString abschnittTitel(Abschnitt abschnitt);
+
+/** How far a section is, and one line of what is set in it. */
+struct Abschnittsstand {
+    enum class Lage {
+        ohne,     ///< nothing can be missing here
+        prueft,   ///< being looked at
+        fehlt,    ///< not set yet, and no run without it
+        gestoert, ///< set, but not there; no run without it
+        offen,    ///< not set yet; a run works without it, but less well
+        warnung,  ///< set, but something is to be looked at
+        gut,
+    };
+    Lage lage = Lage::ohne;
+    QString zeile;
+    bool operator==(const Abschnittsstand &) const = default;
+
+    [[nodiscard]] bool hindert() const { return lage == Lage::fehlt || lage == Lage::gestoert; }
+};

@@ -1,0 +1,155 @@
+#include "einrichtungsstand.h"
+
+#include "bestand.h"
+#include "datenbank.h"
+#include "einordnung.h"
+#include "lernspeicher.h"
+#include "ollama.h"
+#include "sprache.h"
+#include "werkzeuge.h"
+#include "ziel.h"
+
+#include <QDir>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+constexpr double zeichenJeToken = 3; // German with the tokenizers of common models: 3.1 to 3.8
+constexpr int tokenDerAntwort = 300;
+constexpr int zeichenDesRahmens = 300; // file name and what stands around the text
+
+QStringList ebenen(const QString &ordner, const Profil &profil)
+{
+    const QString wurzel = QDir::cleanPath(profil.zielWurzel);
+    return (profil.zielWurzel.isEmpty() ? ordner : ordner.mid(wurzel.size())).split(u'/', Qt::SkipEmptyParts);
+}
+
+QStringList ort(const Dokument &d, const Profil &profil)
+{
+    if (profil.zielWurzel.isEmpty())
+        return {};
+    return ebenen(Ziel::ordner({.zweig = d.zweig, .ablage = d.ablage, .rubrik = d.rubrik}, d.jahr, profil), profil);
+}
+
+/** A place that the structure knows, so that the example shows all levels. */
+void ortErfinden(Dokument &d, const Profil &profil)
+{
+    for (const Zweig &zweig : profil.zweige) {
+        for (const Ablageart &art : zweig.ablagen) {
+            if (art.rubriken.isEmpty() || !d.rubrik.isEmpty())
+                continue;
+            d.zweig = zweig.name;
+            d.ablage = art.name;
+            d.rubrik = art.rubriken.first();
+        }
+    }
+}
+
+Dokument erfundenes(const Profil &profil)
+{
+    Dokument d;
+    d.dateiname = u"Scan_0042.pdf"_s;
+    d.datum = u"2024-03-01"_s;
+    d.jahr = u"2024"_s;
+    d.gegenueber = Sprache::text(u"Stadtwerke Musterstadt"_s);
+    d.titel = Sprache::text(u"Jahresabrechnung Strom"_s);
+    ortErfinden(d, profil);
+    return d;
+}
+} // namespace
+
+bool Programmstand::kann(const QString &sprache) const
+{
+    const QStringList teile = sprache.split(u'+', Qt::SkipEmptyParts);
+    return !teile.isEmpty() &&
+           std::all_of(teile.begin(), teile.end(), [this](const QString &teil) { return sprachen.contains(teil); });
+}
+
+QStringList Programmstand::sprachenAus(const QByteArray &ausgabe)
+{
+    QStringList codes;
+    for (const QString &zeile : QString::fromUtf8(ausgabe).split(u'\n', Qt::SkipEmptyParts)) {
+        const QString code = zeile.trimmed();
+        // The first line is a heading; "script/Latin" and "osd" are no languages.
+        if (!code.isEmpty() && !code.contains(u' ') && !code.contains(u'/') && code != "osd"_L1)
+            codes << code;
+    }
+    codes.sort();
+    codes.removeDuplicates();
+    return codes;
+}
+
+Programmstand Programmstand::pruefen()
+{
+    Programmstand stand;
+    for (const auto &[name, paket] :
+         {std::pair(u"pdftotext"_s, u"poppler-utils"_s), std::pair(u"pdftoppm"_s, u"poppler-utils"_s),
+          std::pair(u"tesseract"_s, u"tesseract-ocr"_s)})
+        stand.werkzeuge << Werkzeug{.name = name, .paket = paket, .pfad = Werkzeuge::pfad(name).value_or(QString())};
+    try {
+        stand.sprachen = sprachenAus(Werkzeuge::starten(u"tesseract"_s, {u"--list-langs"_s}, 10s));
+    } catch (const Fehler &) {
+        return stand; // that it is missing or broken shows in the list being empty
+    }
+    return stand;
+}
+
+Quellstand Quellstand::zaehlen(const Profil &profil, const std::function<bool()> &halt)
+{
+    const Bestand::Ergebnis ergebnis = Bestand::suchen(profil, {}, halt);
+    return {.anzahl = ergebnis.funde.size(),
+            .ausgelassen = ergebnis.verweise + ergebnis.unlesbareNamen + ergebnis.doppelteNamen};
+}
+
+Beispiel Beispiel::fuer(const Profil &profil, const std::optional<Dokument> &dokument)
+{
+    const Dokument d = dokument.value_or(erfundenes(profil));
+    Dokument ohneTitel = d;
+    ohneTitel.titel.clear();
+    Dokument ohneRubrik = d;
+    ohneRubrik.rubrik.clear();
+    return {.echt = dokument.has_value(),
+            .dokument = d.dateiname,
+            .name = Ziel::dateiname(d, profil),
+            .ort = ::ort(d, profil),
+            .ohneTitel = Ziel::dateiname(ohneTitel, profil),
+            .ohneRubrik = ::ort(ohneRubrik, profil)};
+}
+
+std::optional<Dokument> Beispiel::naechstes(Datenbank &db, qint64 id)
+{
+    for (const qint64 ab : {id, qint64(0)}) {
+        const QList<Zeile> zeilen =
+            db.abfragen(u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id>?\n"
+                        "AND titel<>'' AND rubrik<>'' ORDER BY id LIMIT 1"_s,
+                        {ab});
+        if (!zeilen.isEmpty())
+            return Dokument::aus(zeilen.first());
+    }
+    return std::nullopt;
+}
+
+Gelerntes Gelerntes::lesen(Datenbank &db)
+{
+    const Lernspeicher speicher(db);
+    return {.zuordnungen = speicher.alle(), .gleichungen = speicher.gleichungen()};
+}
+
+double platzImModell(const Profil &profil)
+{
+    const auto zeichen = double(Einordnung::anweisung(profil).size() + profil.maxZeichen + zeichenDesRahmens);
+    return (zeichen / zeichenJeToken + tokenDerAntwort) / Ollama::kontext;
+}
+
+QString ordnernamenmangel(const QString &name)
+{
+    const QString sauber = name.trimmed();
+    if (sauber.isEmpty())
+        return Sprache::text(u"Der Ordner braucht einen Namen."_s);
+    if (sauber.contains(u'/') || sauber == "."_L1 || sauber == ".."_L1)
+        return Sprache::text(u"Nur ein Name, kein Pfad."_s);
+    return {};
+}

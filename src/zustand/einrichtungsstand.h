@@ -1,0 +1,89 @@
+#pragma once
+
+#include "dokument.h"
+#include "lernregeln.h"
+#include "struktur_vergleich.h"
+
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+class Datenbank;
+
+/** The programs that read PDF files, and the languages of the text recognition. */
+struct Programmstand {
+    struct Werkzeug {
+        QString name;
+        QString paket; ///< to install where it is missing
+        QString pfad;  ///< empty: not found
+        bool operator==(const Werkzeug &) const = default;
+    };
+    QList<Werkzeug> werkzeuge;
+    QStringList sprachen; ///< codes of tesseract, ascending; empty when it cannot be asked
+    bool operator==(const Programmstand &) const = default;
+
+    /** All parts of "deu+eng" are installed. */
+    [[nodiscard]] bool kann(const QString &sprache) const;
+    /** Blocks: starts tesseract. */
+    [[nodiscard]] static Programmstand pruefen();
+    /** The codes in what `tesseract --list-langs` prints, without those of scripts and orientation. */
+    [[nodiscard]] static QStringList sprachenAus(const QByteArray &ausgabe);
+};
+
+/** How many PDF files the source folder holds, without what an exclusion covers. */
+struct Quellstand {
+    qsizetype anzahl = 0;
+    qsizetype ausgelassen = 0; ///< links, and names that cannot be read
+    bool operator==(const Quellstand &) const = default;
+
+    /** Walks through the folder; blocks. */
+    [[nodiscard]] static Quellstand zaehlen(const Profil &profil, const std::function<bool()> &halt);
+};
+
+/** What a name and a path template make of one document. */
+struct Beispiel {
+    bool echt = false; ///< a document that waits for review; otherwise an invented one
+    QString dokument;  ///< its present file name
+    QString name;
+    QStringList ort; ///< levels below the target root
+    QString ohneTitel;
+    QStringList ohneRubrik;
+
+    /** Pure. Without @p dokument with an invented one. */
+    [[nodiscard]] static Beispiel fuer(const Profil &profil, const std::optional<Dokument> &dokument);
+    /** The next waiting document behind @p id that has all its fields, from the start again behind the last. Blocks. */
+    [[nodiscard]] static std::optional<Dokument> naechstes(Datenbank &db, qint64 id);
+};
+
+/** What the learning memory holds, most confirmed first. */
+struct Gelerntes {
+    QList<Eintrag> zuordnungen;
+    QList<Gleichung> gleichungen;
+    bool operator==(const Gelerntes &) const = default;
+
+    /** Blocks. */
+    [[nodiscard]] static Gelerntes lesen(Datenbank &db);
+};
+
+/** The facts of the setup card that have to be looked up. */
+struct Einrichtungsstand {
+    std::optional<Programmstand> programme; ///< none until looked at
+    std::optional<Quellstand> quelle;       ///< none while it is being counted or there is no folder
+    bool zaehlt = false;
+    bool liestStruktur = false;
+    QString strukturmeldung;       ///< why the last reading brought nothing; empty if it did
+    bool geradeGelesen = false;    ///< the structure was read in this session
+    QList<Strukturzeile> struktur; ///< with what is new or gone since the reading before
+    Strukturzahlen zahlen;
+    Gelerntes gelerntes;
+    std::optional<Dokument> beispiel;
+};
+
+/**
+ * Which share of the model's context a question with this profile's structure fills, 1 being all of it. An estimate
+ * on the safe side: the server tells nobody how it cuts text into tokens.
+ */
+[[nodiscard]] double platzImModell(const Profil &profil);
+
+/** Why @p name cannot be the name of a folder, for the user; empty when it can. */
+[[nodiscard]] QString ordnernamenmangel(const QString &name);

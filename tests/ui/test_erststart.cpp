@@ -1,0 +1,247 @@
+#include "analyse.h"
+#include "buehne.h"
+#include "fenstersprache.h"
+#include "hauptfenster.h"
+#include "marktext.h"
+#include "modellserver.h"
+#include "pdf.h"
+#include "profilspeicher.h"
+#include "satz.h"
+#include "sprache.h"
+#include "umbruchtext.h"
+#include "zustand.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDirIterator>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+void brief(const QString &pfad, const QString &betreff)
+{
+    vorfuehrung::Seite seite;
+    seite.inhalt = vorfuehrung::seitenSatz(
+        {u"# Stadtwerke Meißen"_s, u"14.02.2023"_s, betreff, u"Sehr geehrte Frau Muster,"_s,
+         u"anbei erhalten Sie die Abrechnung für das vergangene Jahr mit allen Beträgen und dem neuen Abschlag, der ab "
+         u"dem "
+         "kommenden Monat gilt. Bitte prüfen Sie die Angaben und bewahren Sie dieses Schreiben gut auf."_s});
+    QFile datei(pfad);
+    QVERIFY(datei.open(QIODevice::WriteOnly));
+    datei.write(vorfuehrung::pdf({seite}));
+}
+} // namespace
+
+/** The setup card with real keys and the mouse. */
+class TestErststart : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Buehne> m_b;
+    std::unique_ptr<Zustand> m_z;
+    std::unique_ptr<Fenstersprache> m_sprache;
+    std::unique_ptr<Hauptfenster> m_fenster;
+
+    void oeffnen()
+    {
+        m_z = std::make_unique<Zustand>();
+        m_sprache = std::make_unique<Fenstersprache>();
+        m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
+        m_fenster->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
+    }
+    void mitProfil(Abschnitt abschnitt)
+    {
+        m_b->profilSichern();
+        oeffnen();
+        QTRY_VERIFY(m_z->offen() && m_z->bereitschaft());
+        m_z->setzeReiter(Reiter::einrichtung);
+        m_z->setzeAbschnitt(abschnitt);
+    }
+    template <typename T>
+    T *teil(const QString &name)
+    {
+        for (T *kandidat : m_fenster->findChildren<T *>(name)) {
+            if (kandidat->isVisible())
+                return kandidat;
+        }
+        qFatal("%s is not there", qPrintable(name));
+    }
+    [[nodiscard]] QString satz(const QString &name) { return teil<Marktext>(name)->text(); }
+    void klicken(const QString &name) { QTest::mouseClick(teil<QAbstractButton>(name), Qt::LeftButton); }
+    void taste(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    void tippen(const QString &feld, const QString &text)
+    {
+        auto *eingabe = teil<QWidget>(feld);
+        eingabe->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(eingabe, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(eingabe, text);
+    }
+    [[nodiscard]] QString weiter() { return teil<QAbstractButton>(u"weiter"_s)->text(); }
+    [[nodiscard]] static bool imFokus(const QString &name)
+    {
+        return QApplication::focusWidget() && QApplication::focusWidget()->objectName() == name;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        QFile::remove(Profilspeicher::datei());
+        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
+        Sprache::setzeGewaehlteKennung(u"de"_s);
+        m_b = std::make_unique<Buehne>();
+    }
+    void cleanup()
+    {
+        Zustand::ordnerwaehler = {};
+        m_fenster.reset();
+        m_sprache.reset();
+        m_z.reset();
+        m_b.reset();
+    }
+
+    /** From nothing to the first filed document, with no knowledge but what the window says. */
+    void vomErstenStartZumErstenDokument()
+    {
+        vorfuehrung::Modellserver server(Profil().modell);
+        QVERIFY(server.lauschen(0));
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+        for (const QString &betreff : {u"Jahresabrechnung Strom"_s, u"Abschlag Wasser"_s})
+            brief(m_b->quelle(betreff + u".pdf"_s), betreff);
+        QDir().mkpath(m_b->ziel(u"Haushalt/Jahresablage/2023/Strom"_s));
+        oeffnen();
+        QTRY_VERIFY(imFokus(u"erstesProfil"_s));
+        taste(Qt::Key_Space);
+        QTRY_VERIFY(m_z->offen());
+        QTRY_VERIFY(imFokus(u"abschnitte"_s));
+        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::programme).lage, Abschnittsstand::Lage::gut);
+        QTRY_VERIFY(m_z->modellBereit());
+
+        QCOMPARE(weiter(), u"Weiter zu Herkunft"_s);
+        klicken(u"weiter"_s);
+        Zustand::ordnerwaehler = [this](const QString &) { return m_b->profil.quelle; };
+        klicken(u"quelle-waehlen"_s);
+        QTRY_COMPARE(satz(u"quelle-stand"_s), u"2 PDF gefunden."_s);
+
+        QTRY_COMPARE(weiter(), u"Weiter zu Ziel"_s);
+        klicken(u"weiter"_s);
+        tippen(u"zielWurzel"_s, m_b->profil.zielWurzel);
+        QTRY_COMPARE(satz(u"zielWurzel-stand"_s), u"Ordner gefunden."_s);
+        klicken(u"strukturEinlesen"_s);
+        auto *baum = teil<QTreeView>(u"struktur"_s);
+        QTRY_COMPARE(baum->model()->rowCount(), 1);
+        QCOMPARE(baum->indexBelow(baum->indexBelow(baum->model()->index(0, 0))).data().toString(), u"Strom"_s);
+
+        QTRY_COMPARE(weiter(), u"Weiter zu Eigentümer"_s);
+        klicken(u"weiter"_s);
+        tippen(u"eigeneNamen"_s, u"Anna Muster"_s);
+        QCOMPARE(m_z->aktiv()->eigeneNamen, QStringList{u"Anna Muster"_s});
+        for (const Abschnitt abschnitt : alleAbschnitte())
+            QVERIFY2(!m_z->abschnittsstand(abschnitt).hindert(), qPrintable(abschnittTitel(abschnitt)));
+
+        QTRY_COMPARE(weiter(), u"Durchgang starten"_s);
+        QTRY_VERIFY(teil<QAbstractButton>(u"weiter"_s)->isEnabled());
+        klicken(u"weiter"_s);
+        QCOMPARE(m_z->reiter(), Reiter::ablauf);
+        QTRY_VERIFY_WITH_TIMEOUT(!m_z->analyse()->laeuft() && m_z->zaehlwerk().bereit == 2, 30000);
+        QTest::keyClick(m_fenster.get(), Qt::Key_3, Qt::ControlModifier);
+        QTRY_VERIFY(m_z->aktuelles());
+        const QString name = teil<Umbruchtext>(u"neuerName"_s)->ganzerText();
+        taste(Qt::Key_Return);
+        QTRY_COMPARE(m_z->zaehlwerk().erledigt, 1);
+        QDirIterator abgelegte(m_b->profil.zielWurzel, {name}, QDir::Files, QDirIterator::Subdirectories);
+        QVERIFY(abgelegte.hasNext());
+    }
+
+    void beschwerdeStehtAmFeld()
+    {
+        mitProfil(Abschnitt::ziel);
+        tippen(u"auffangOrdner"_s, u"a/b"_s);
+        QCOMPARE(satz(u"auffangOrdner-stand"_s), u"Nur ein Name, kein Pfad."_s);
+        QCOMPARE(m_z->aktiv()->auffangOrdner, u"a"_s);
+        taste(Qt::Key_Tab);
+        QCOMPARE(teil<QLineEdit>(u"auffangOrdner"_s)->text(), u"a"_s);
+        QCOMPARE(satz(u"auffangOrdner-stand"_s), u"Je Zweig, für alles ohne passende Rubrik."_s);
+        tippen(u"zielWurzel"_s, u"/nirgends"_s);
+        QTRY_VERIFY(satz(u"zielWurzel-stand"_s).startsWith(u"Diesen Ordner gibt es nicht"_s));
+        QTRY_COMPARE(Profilspeicher::laden().first().zielWurzel, u"/nirgends"_s);
+    }
+
+    void tabGehtDenWegDesAuges()
+    {
+        mitProfil(Abschnitt::ziel);
+        teil<QWidget>(u"abschnitte"_s)->setFocus();
+        QStringList weg;
+        for (int n = 0; n < 12 && !weg.contains(u"weiter"_s); ++n) {
+            taste(Qt::Key_Tab);
+            weg << QApplication::focusWidget()->objectName();
+        }
+        QCOMPARE(weg, (QStringList{u"profilUmbenennen"_s, u"profilEntfernen"_s, u"zielWurzel"_s,
+                                   u"zielWurzel-waehlen"_s, u"auffangOrdner"_s, u"dublettenOrdner"_s,
+                                   u"betriebsart-verschieben"_s, u"strukturEinlesen"_s, u"struktur"_s, u"weiter"_s}));
+    }
+
+    void bausteineUndBeispiel()
+    {
+        m_b->dokument(u"Scan.pdf"_s, [](Dokument &d) { d.titel = u"Abschlag"_s; });
+        mitProfil(Abschnitt::namen);
+        tippen(u"namensVorlage"_s, u"{datum} "_s);
+        klicken(u"namensVorlage-titel"_s);
+        QVERIFY(imFokus(u"namensVorlage"_s));
+        QTRY_COMPARE(teil<Umbruchtext>(u"beispiel-name"_s)->ganzerText(), u"2023-02-14 Abschlag.pdf"_s);
+        QCOMPARE(teil<Umbruchtext>(u"beispiel-ohneTitel"_s)->ganzerText(), u"2023-02-14.pdf"_s);
+        tippen(u"pfadVorlage"_s, u"{zweig}/{monat}"_s);
+        QVERIFY(satz(u"pfadVorlage-stand"_s).startsWith(u"{monat} bleibt im Ordner immer leer"_s));
+        klicken(u"pfadVorlage-entfernen"_s);
+        QCOMPARE(m_z->aktiv()->pfadVorlage, u"{zweig}"_s);
+        QCOMPARE(teil<Umbruchtext>(u"beispiel-ort"_s)->ganzerText(), u"Haushalt"_s);
+    }
+
+    void umbenennenUndEntfernenMitDerTastatur()
+    {
+        mitProfil(Abschnitt::gelernt);
+        auto *umbenennen = teil<QAbstractButton>(u"profilUmbenennen"_s);
+        umbenennen->setFocus();
+        taste(Qt::Key_Space);
+        QVERIFY(imFokus(u"profilname"_s));
+        QTest::keyClicks(QApplication::focusWidget(), u"Neu <b>"_s);
+        taste(Qt::Key_Return);
+        QCOMPARE(m_z->aktiv()->name, u"Neu <b>"_s);
+        teil<QAbstractButton>(u"profilEntfernen"_s)->setFocus();
+        taste(Qt::Key_Space);
+        QVERIFY(imFokus(u"profilEntfernenJa-abbrechen"_s));
+        taste(Qt::Key_Escape);
+        QVERIFY(m_z->aktiv());
+        klicken(u"profilEntfernen"_s);
+        klicken(u"profilEntfernenJa"_s);
+        QVERIFY(!m_z->aktiv());
+        QTRY_VERIFY(teil<QAbstractButton>(u"erstesProfil"_s)->isVisible());
+        QVERIFY(QFile::exists(Profilspeicher::katalogDatei(m_b->profil)));
+    }
+
+    /** A long tree is shown whole, and what has changed is told apart. */
+    void grosseStruktur()
+    {
+        for (int n = 0; n < 5000; ++n)
+            m_b->profil.zweige.first().ablagen.first().rubriken << u"Rubrik %1"_s.arg(n);
+        mitProfil(Abschnitt::ziel);
+        auto *baum = teil<QTreeView>(u"struktur"_s);
+        const QModelIndex art = baum->model()->index(0, 0, baum->model()->index(0, 0));
+        QCOMPARE(baum->model()->rowCount(art), 5002);
+        QCOMPARE(art.siblingAtColumn(1).data().toString(), u"mit Jahren"_s);
+        QCOMPARE(baum->model()->parent(baum->model()->index(4711, 0, art)), art);
+        QDir().mkpath(m_b->ziel(u"Haushalt/Jahresablage/2024/Strom"_s));
+        klicken(u"strukturEinlesen"_s);
+        QTRY_COMPARE(m_z->einrichtung().zahlen.entfallen, 5000 + 1 + 1 + 2);
+        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::ziel).zeile, u"0 neu, 5004 entfallen"_s);
+    }
+};
+
+QTEST_MAIN(TestErststart)
+#include "test_erststart.moc"

@@ -1,0 +1,272 @@
+#include "buehne.h"
+#include "profilspeicher.h"
+#include "testserver.h"
+#include "zustand.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Lage = Abschnittsstand::Lage;
+using Wechsel = Strukturzeile::Wechsel;
+
+namespace
+{
+void schreiben(const QString &pfad)
+{
+    QDir().mkpath(QFileInfo(pfad).path());
+    QFile datei(pfad);
+    QVERIFY(datei.open(QIODevice::WriteOnly));
+    datei.write("%PDF-1.4");
+}
+} // namespace
+
+/** What the setup card is told and what it has done, with real folders, a real catalogue and a real server. */
+class TestEinrichtung : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Buehne> m_b;
+    std::unique_ptr<Zustand> m_z;
+
+    void beginnen()
+    {
+        m_b->profilSichern();
+        m_z = std::make_unique<Zustand>();
+        m_z->beginnen();
+        QTRY_VERIFY(m_z->offen() && !m_z->oeffnet());
+        QTRY_VERIFY(m_z->bereitschaft());
+        m_z->setzeReiter(Reiter::einrichtung);
+    }
+    void aendern(const std::function<void(Profil &)> &aenderung)
+    {
+        Profil neu = *m_z->aktiv();
+        aenderung(neu);
+        m_z->profilAendern(neu);
+    }
+    void einlesen()
+    {
+        m_z->strukturEinlesen();
+        QTRY_VERIFY(!m_z->einrichtung().liestStruktur);
+    }
+    [[nodiscard]] QStringList mitWechsel(Wechsel wechsel) const
+    {
+        QStringList namen;
+        for (const Strukturzeile &zeile : m_z->einrichtung().struktur) {
+            if (zeile.wechsel == wechsel)
+                namen << zeile.name;
+        }
+        return namen;
+    }
+    [[nodiscard]] qsizetype gezaehlt() const { return m_z->einrichtung().quelle.value_or(Quellstand{-1, 0}).anzahl; }
+
+private Q_SLOTS:
+    void init()
+    {
+        QFile::remove(Profilspeicher::datei());
+        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
+        m_b = std::make_unique<Buehne>();
+    }
+    void cleanup()
+    {
+        Zustand::ordnerwaehler = {};
+        m_z.reset();
+        m_b.reset();
+    }
+
+    void programmeUndSprachen()
+    {
+        beginnen();
+        QTRY_VERIFY(m_z->einrichtung().programme);
+        QCOMPARE(m_z->einrichtung().programme->werkzeuge.size(), 3);
+        QVERIFY(QFile::exists(m_z->einrichtung().programme->werkzeuge.last().pfad));
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::programme).lage, Lage::gut);
+        aendern([](Profil &p) { p.ocrSprache = u"deu+tlh"_s; });
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::programme).lage, Lage::warnung);
+        QCOMPARE(
+            Programmstand::sprachenAus("List of available languages in \"/x\" (4):\nosd\neng\ndeu\nscript/Latin\n"),
+            (QStringList{u"deu"_s, u"eng"_s}));
+    }
+
+    void strukturMitNeuemUndEntfallenem()
+    {
+        m_b->profil.zweige.clear();
+        beginnen();
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::ziel).lage, Lage::fehlt);
+        einlesen();
+        QVERIFY(m_z->einrichtung().strukturmeldung.startsWith(u"Hier liegt noch keine Struktur."_s));
+        for (const QString &ordner : {u"Haus/Jahre/2023/Strom"_s, u"Haus/Jahre/2024/Gas"_s, u"Haus/Fest/Urkunden"_s})
+            QDir().mkpath(m_b->ziel(ordner));
+        einlesen();
+        QCOMPARE(m_z->einrichtung().zahlen,
+                 (Strukturzahlen{.zweige = 1, .ablagen = 2, .rubriken = 3, .neu = 0, .entfallen = 0}));
+        QVERIFY(m_z->kenntRubrik(u"Gas"_s));
+        QDir().mkpath(m_b->ziel(u"Verein/Fest/Satzung"_s));
+        QDir(m_b->ziel(u"Haus/Jahre/2024/Gas"_s)).removeRecursively();
+        einlesen();
+        QCOMPARE(mitWechsel(Wechsel::neu), (QStringList{u"Verein"_s, u"Fest"_s, u"Satzung"_s}));
+        QCOMPARE(mitWechsel(Wechsel::entfallen), QStringList{u"Gas"_s});
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::ziel).zeile, u"1 neu, 1 entfallen"_s);
+        QVERIFY(!m_z->kenntRubrik(u"Gas"_s));
+        QTRY_COMPARE(Profilspeicher::laden().first().zweige.size(), 2);
+        // A drive that is not there takes nothing away.
+        const QList<Zweig> bekannte = m_z->aktiv()->zweige;
+        QVERIFY(QDir().rename(m_b->profil.zielWurzel, m_b->profil.zielWurzel + u"-weg"_s));
+        einlesen();
+        QCOMPARE(m_z->einrichtung().strukturmeldung, u"Der Zielordner ist nicht erreichbar."_s);
+        QDir().mkpath(m_b->profil.zielWurzel);
+        einlesen();
+        QVERIFY(m_z->einrichtung().strukturmeldung.endsWith(u"Die bisherige gilt weiter."_s));
+        QCOMPARE(m_z->aktiv()->zweige, bekannte);
+    }
+
+    void zaehltUndNimmtAus()
+    {
+        const qint64 a = m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.altOrdner = u"Fotos"_s; });
+        m_b->dokument(u"b.pdf"_s);
+        schreiben(m_b->quelle(u"Fotos/2020/c.pdf"_s));
+        schreiben(m_b->quelle(u"privat/d.pdf"_s));
+        beginnen();
+        QTRY_COMPARE(gezaehlt(), 4);
+        QCOMPARE(m_z->ausnahmeAufnehmen(u" /Fotos/ "_s), QString());
+        QTRY_COMPARE(m_z->ausgenommen(), 1);
+        QTRY_COMPARE(gezaehlt(), 3);
+        QCOMPARE(m_z->ausnahmeAufnehmen(u"fotos"_s), u"fotos steht schon in der Liste"_s);
+        QCOMPARE(m_z->ausnahmeAufnehmen(u" // "_s), QString());
+        Zustand::ordnerwaehler = [this](const QString &) { return m_b->profil.quelle; };
+        QCOMPARE(m_z->ausnahmeWaehlen(), u"Das ist der Herkunftsordner selbst. Dann bliebe nichts zu lesen."_s);
+        Zustand::ordnerwaehler = [this](const QString &) { return m_b->quelle(u"privat"_s); };
+        QCOMPARE(m_z->ausnahmeWaehlen(), QString());
+        QCOMPARE(m_z->aktiv()->ausnahmen.last(), u"privat"_s);
+        QTRY_COMPARE(gezaehlt(), 2);
+        m_z->ausnahmeEntfernen(m_z->aktiv()->ausnahmen.first());
+        QTRY_COMPARE(m_z->ausgenommen(), 0);
+        QTRY_COMPARE(gezaehlt(), 3);
+        QCOMPARE(m_b->lesen(a).status, u"bereit"_s);
+        aendern([](Profil &p) { p.mitUnterordnern = false; });
+        QTRY_COMPARE(gezaehlt(), 2);
+        aendern([this](Profil &p) { p.quelle = m_b->quelle(u"nirgends"_s); });
+        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::herkunft).lage, Lage::gestoert);
+    }
+
+    void profilEntfernenLaesstDenKatalog()
+    {
+        Profil anderes;
+        anderes.name = u"Anderes"_s;
+        m_b->dokument(u"a.pdf"_s);
+        m_b->schliessen();
+        m_b->profilSichern({anderes});
+        m_z = std::make_unique<Zustand>();
+        m_z->beginnen(u"Haushalt"_s);
+        QTRY_VERIFY(m_z->offen() && m_z->aktuelles());
+        m_z->profilEntfernen(m_b->profil.id);
+        QTRY_VERIFY(m_z->offen() && m_z->aktiv()->name == u"Anderes"_s);
+        QVERIFY(!m_z->aktuelles());
+        QVERIFY(QFile::exists(Profilspeicher::katalogDatei(m_b->profil)));
+        QTRY_COMPARE(Profilspeicher::laden().size(), 1);
+        m_z->profilEntfernen(anderes.id);
+        QVERIFY(!m_z->aktiv() && !m_z->offen() && !m_z->analyse());
+        QTRY_VERIFY(Profilspeicher::laden().isEmpty());
+        QCOMPARE(m_z->zaehlwerk(), Zaehlwerk());
+        m_z->neuesProfil();
+        QTRY_VERIFY(m_z->offen());
+        QCOMPARE(m_z->naechsterAbschnitt(Abschnitt::programme), Abschnitt::herkunft);
+        QVERIFY(m_z->starthindernis().contains(u"Herkunft"_s));
+    }
+
+    void gelerntes()
+    {
+        m_b->sql(u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl) VALUES "
+                 "('bank','Bank','Haushalt','Stammdaten','Verträge',3),('stadt','Stadt','Verein','','',1)"_s);
+        m_b->sql(u"INSERT INTO namen (von, nach, anzahl) VALUES ('alt','Neu',2)"_s);
+        beginnen();
+        QTRY_COMPARE(m_z->einrichtung().gelerntes.zuordnungen.size(), 2);
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::gelernt).zeile, u"2 Zuordnungen, 1 Namen"_s);
+        m_z->gelerntVergessen(u"bank"_s);
+        QTRY_COMPARE(m_z->einrichtung().gelerntes.zuordnungen.size(), 1);
+        m_z->allesVergessen();
+        QTRY_VERIFY(m_z->einrichtung().gelerntes == Gelerntes());
+    }
+
+    void beispielAusDerWarteschlange()
+    {
+        const qint64 a = m_b->dokument(u"a.pdf"_s);
+        m_b->dokument(u"b.pdf"_s, [](Dokument &d) { d.titel.clear(); });
+        m_b->dokument(u"c.pdf"_s);
+        beginnen();
+        QTRY_VERIFY(m_z->beispiel().echt);
+        QCOMPARE(m_z->einrichtung().beispiel->id, a);
+        aendern([](Profil &p) { p.namensVorlage = u"{titel}, {gegenueber}"_s; });
+        QCOMPARE(m_z->beispiel().name, u"a, Stadtwerke.pdf"_s);
+        QCOMPARE(m_z->beispiel().ort, (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Strom"_s}));
+        QCOMPARE(m_z->beispiel().ohneRubrik, (QStringList{u"Haushalt"_s, u"prüfen"_s}));
+        m_z->anderesBeispiel();
+        QTRY_COMPARE(m_z->beispiel().dokument, u"c.pdf"_s);
+        m_z->anderesBeispiel();
+        QTRY_COMPARE(m_z->beispiel().dokument, u"a.pdf"_s);
+    }
+
+    void grossesModellLaden()
+    {
+        m_b->profil.modell = u"klein:1b"_s;
+        m_b->profil.modellGross = u"gross:9b"_s;
+        Testserver server;
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+        server.antworten("/api/version", Testantwort::fest(200, "{}"));
+        server.antworten("/api/tags", Testantwort::fest(200, R"({"models":[{"name":"klein:1b"}]})"));
+        server.antworten("/api/pull",
+                         Testantwort::inStuecken({"{\"status\":\"pulling\",\"total\":4000,\"completed\":1000}\n",
+                                                  "{\"error\":\"no space left\"}\n"}));
+        beginnen();
+        QTRY_VERIFY(m_z->modellBereit());
+        QList<Modellstand> gesehen;
+        connect(m_z.get(), &Zustand::modellGeaendert, this, [&] { gesehen << m_z->modellstand(); });
+        m_z->modellGrossLaden();
+        QVERIFY(m_z->modellBereit()); // the other one stays usable
+        QTRY_COMPARE(m_z->modellstand().ladefehler, u"no space left"_s);
+        QCOMPARE(m_z->modellstand().fehlermodell, u"gross:9b"_s);
+        QVERIFY(m_z->modellstand().laedtModell.isEmpty() && m_z->modellBereit());
+        QVERIFY(std::any_of(gesehen.cbegin(), gesehen.cend(),
+                            [](const Modellstand &s) { return s.geladen == 1000 && s.ladegroesse == 4000; }));
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::modell).lage, Lage::gut);
+        Zweig viele{.name = u"Viele"_s, .ablagen = {{.name = u"Art"_s, .mitJahr = false, .rubriken = {}}}};
+        for (int n = 0; n < 5000; ++n)
+            viele.ablagen.first().rubriken << u"Rubrik %1"_s.arg(n);
+        aendern([&](Profil &p) { p.zweige << viele; });
+        QVERIFY(platzImModell(*m_z->aktiv()) > 1);
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::modell).lage, Lage::warnung);
+    }
+
+    void vorlagen_data()
+    {
+        QTest::addColumn<QString>("vorlage");
+        QTest::addColumn<bool>("istPfad");
+        QTest::addColumn<QStringList>("bloecke");
+        QTest::addColumn<QString>("ohneErsten");
+        QTest::newRow("in Ordnung") << u"{datum} {gegenueber} - {titel}"_s << false << QStringList{} << QString();
+        QTest::newRow("unbekannt") << u"{datum} - {Titel}"_s << false << QStringList{u"{Titel}"_s} << u"{datum}"_s;
+        QTest::newRow("vorn") << u"{ort} - {titel}"_s << false << QStringList{u"{ort}"_s} << u"{titel}"_s;
+        QTest::newRow("leer im Pfad") << u"{zweig}/{monat}/{rubrik}"_s << true << QStringList{u"{monat}"_s}
+                                      << u"{zweig}/{rubrik}"_s;
+        QTest::newRow("offen") << u"{datum} {titel"_s << false << QStringList{QString()} << QString();
+        QTest::newRow("leer") << u" "_s << false << QStringList{QString()} << QString();
+        QTest::newRow("leerer Pfad") << QString() << true << QStringList{} << QString();
+    }
+    void vorlagen()
+    {
+        QFETCH(QString, vorlage);
+        QFETCH(bool, istPfad);
+        QFETCH(QStringList, bloecke);
+        QStringList gefunden;
+        for (const Vorlagenmangel &mangel : vorlagenmaengel(vorlage, istPfad))
+            gefunden << mangel.block;
+        QCOMPARE(gefunden, bloecke);
+        if (!gefunden.isEmpty() && !gefunden.first().isEmpty())
+            QTEST(ohneBlock(vorlage, gefunden.first()), "ohneErsten");
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEinrichtung)
+#include "test_einrichtung.moc"
