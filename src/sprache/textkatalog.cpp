@@ -243,6 +243,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Diese Seite lässt sich nicht darstellen.",
     u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar.",
     u"Diesen Tag gibt es nicht",
+    u"Dieses Dokument wurde inzwischen schon bearbeitet",
     u"Dir fehlt das Recht, sie zu öffnen, oder das Laufwerk meldet einen Fehler.",
     u"Dokument",
     u"Dokument unbekannt",

@@ -9,6 +9,7 @@
 #include <QDate>
 #include <QEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -328,6 +329,20 @@ void Angaben::erklaerungZeigen()
 
 bool Angaben::eventFilter(QObject *objekt, QEvent *ereignis)
 {
+    const bool wahl = qobject_cast<QComboBox *>(objekt) != nullptr;
+    // Scrolling past a choice must not change it unnoticed.
+    if (wahl && ereignis->type() == QEvent::Wheel) {
+        ereignis->ignore();
+        return true;
+    }
+    // In a choice the letters choose, also those that are keys of the card.
+    if (wahl && ereignis->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent *>(ereignis)->modifiers() == Qt::NoModifier &&
+        !static_cast<QKeyEvent *>(ereignis)->text().trimmed().isEmpty() &&
+        static_cast<QKeyEvent *>(ereignis)->text().at(0).isLetterOrNumber()) {
+        ereignis->accept();
+        return true;
+    }
     if (ereignis->type() == QEvent::FocusIn || ereignis->type() == QEvent::FocusOut) {
         // After the event: only then the focus is where it belongs.
         QMetaObject::invokeMethod(

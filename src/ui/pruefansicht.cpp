@@ -199,8 +199,10 @@ void PruefAnsicht::vorschauZeigen()
         m_vorschau->partnerZeigen(aehnliches->pfad, nameVon(aehnliches->pfad));
     else
         m_vorschau->zeigen(d ? d->pfad : QString());
-    for (const QString &pfad : m_zustand->voraus())
-        m_vorschau->vorausladen(pfad);
+    // The likeliest last: its first page is the one that is ready.
+    const QStringList voraus = m_zustand->voraus();
+    for (auto pfad = voraus.crbegin(); pfad != voraus.crend(); ++pfad)
+        m_vorschau->vorausladen(*pfad);
 }
 
 void PruefAnsicht::leereZeigen()

@@ -73,10 +73,12 @@ void QuillmarApp::nachVorn(const QString &profil)
 {
     if (!m_fenster)
         return;
-    for (const Profil &p : m_zustand->profile()) {
-        if (!profil.isEmpty() && p.name == profil)
-            m_zustand->aktivieren(p.id);
-    }
+    const auto &liste = m_zustand->profile();
+    const auto p = std::find_if(liste.begin(), liste.end(), [&](const Profil &eines) { return eines.name == profil; });
+    if (p != liste.end())
+        m_zustand->aktivieren(p->id);
+    else if (!profil.isEmpty())
+        m_zustand->melden(Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + profil);
     m_fenster->setWindowState(m_fenster->windowState() & ~Qt::WindowMinimized);
     m_fenster->show();
     m_fenster->raise();

@@ -41,10 +41,11 @@ void Entwurf::setzen(Dokument &dokument, Feld feld, const QString &wert, const P
     if (feldwert(dokument, feld) == wert)
         return;
     schreiben(dokument, feld, wert);
+    const QString tag = wert.trimmed();
     if (feld == Feld::Jahr)
         m_jahrVonHand = true;
-    if (feld == Feld::Datum && !m_jahrVonHand && (wert.isEmpty() || Einordnung::istDatum(wert)))
-        schreiben(dokument, Feld::Jahr, wert.left(4));
+    if (feld == Feld::Datum && !m_jahrVonHand && (tag.isEmpty() || Einordnung::istDatum(tag)))
+        schreiben(dokument, Feld::Jahr, tag.left(4));
     if (feld != Feld::Zweig && feld != Feld::Ablage)
         return;
     const Ablageart *art = profil.ablageart(dokument.zweig, dokument.ablage);

@@ -79,6 +79,14 @@ QString aktuellerName(const Ablagewerk &werk, qint64 id)
     return dokument ? nameVon(dokument->pfad) : QString();
 }
 
+/** Another program may have handled the document since it was shown. */
+void wartetNoch(const Arbeitsplatz &platz, qint64 id)
+{
+    const auto dokument = Ablagewerk(platz.db, platz.profil).dokument(id);
+    if (dokument && dokument->status != u"bereit"_s)
+        throw Fehler(Sprache::text(u"Dieses Dokument wurde inzwischen schon bearbeitet"_s));
+}
+
 void statusZurueck(const Arbeitsplatz &platz, const Rueckweg &weg, Geschehen &g)
 {
     schreiben(*platz.db, u"UPDATE dokumente SET status='bereit' WHERE id=? AND status=?"_s, {weg.dokument, weg.status});
@@ -114,6 +122,7 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
             *feld = nfc(feld->trimmed());
         if (!dokument.datum.isEmpty() && !Einordnung::istDatum(dokument.datum))
             throw Fehler(Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s));
+        wartetNoch(platz, dokument.id);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.uebernehmen(dokument);
         zaehlerMelden(*werk.mitgezogen, dokument.gegenueber, g);
@@ -127,6 +136,7 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
 Geschehen Handlung::zuruecklegen(const Arbeitsplatz &platz, const Dokument &dokument)
 {
     return gefasst(platz, [&](Geschehen &g) {
+        wartetNoch(platz, dokument.id);
         schreiben(*platz.db, u"UPDATE dokumente SET status='zurueckgestellt' WHERE id=?"_s, {dokument.id});
         g.text = gefuellt(Sprache::text(u"Zurückgestellt: %@"_s), {nameVon(dokument.pfad)});
         g.rueckweg = Rueckweg{.dokument = dokument.id, .status = u"zurueckgestellt"_s};
@@ -136,6 +146,7 @@ Geschehen Handlung::zuruecklegen(const Arbeitsplatz &platz, const Dokument &doku
 Geschehen Handlung::aussortieren(const Arbeitsplatz &platz, const Dokument &dokument)
 {
     return gefasst(platz, [&](Geschehen &g) {
+        wartetNoch(platz, dokument.id);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.aussortieren(dokument.id);
         zaehlerMelden(*werk.mitgezogen, {}, g);

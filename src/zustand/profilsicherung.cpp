@@ -18,8 +18,9 @@ Profilsicherung::~Profilsicherung()
 {
     if (m_laeuft)
         Hintergrund::warten(geduldAmEnde);
-    if (m_dazu || (m_laeuft && m_wunsch != m_unterwegs))
-        Profilspeicher::sichern(m_wunsch, m_laeuft ? m_unterwegs : m_stand);
+    // What failed is tried once more; to repeat what was saved but not reported yet does no harm.
+    if (m_dazu || m_laeuft || m_gescheitert)
+        Profilspeicher::sichern(m_wunsch, m_stand);
 }
 
 void Profilsicherung::sichern(const QList<Profil> &profile)
@@ -51,6 +52,7 @@ void Profilsicherung::ausliefern(const Profilspeicher::Gesichert &ergebnis)
         Q_EMIT gemeldet(
             gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
                      {ergebnis.beiseite}));
+    m_gescheitert = !ergebnis.gelungen;
     if (!ergebnis.gelungen) {
         Q_EMIT gemeldet(Sprache::text(u"Die Einstellungen ließen sich nicht speichern. Ist die Platte voll?"_s));
         if (m_dazu)

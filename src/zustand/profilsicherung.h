@@ -36,5 +36,6 @@ private:
     QList<Profil> m_wunsch;    ///< as it shall be
     QList<Profil> m_unterwegs; ///< as the running saving writes it
     bool m_laeuft = false;
-    bool m_dazu = false; ///< something was changed since the running saving began
+    bool m_gescheitert = false; ///< the last saving
+    bool m_dazu = false;        ///< something was changed since the running saving began
 };

@@ -48,7 +48,11 @@ Zustand::Zustand(QObject *vater)
     m_sicherung->standSetzen(m_profile);
     einrichtungFolgen();
     connect(m_sicherung, &Profilsicherung::gesichert, this, &Zustand::profileUebernehmen);
-    connect(m_sicherung, &Profilsicherung::gemeldet, this, [this](const QString &satz) { melden(satz); });
+    connect(m_sicherung, &Profilsicherung::gemeldet, this, [this](const QString &satz) {
+        if (m_oeffnet)
+            m_vorab << satz;
+        melden(satz);
+    });
 }
 
 Zustand::~Zustand()
@@ -74,7 +78,7 @@ void Zustand::beginnen(const QString &name)
     auto gewaehlt = std::find_if(m_profile.cbegin(), m_profile.cend(), [&](const Profil &p) { return p.name == name; });
     if (gewaehlt == m_profile.cend()) {
         if (!name.isEmpty())
-            melden(Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + name);
+            m_vorab << Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + name;
         gewaehlt = m_profile.cbegin();
     }
     aktivieren(gewaehlt->id);
@@ -114,9 +118,12 @@ void Zustand::oeffnen(const Profil &profil)
 
 void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
 {
+    const auto gewaehlt = nachId(m_profile, id);
+    if (gewaehlt == m_profile.end()) // another program has removed it meanwhile
+        return melden(Sprache::text(u"Profil nicht gefunden"_s));
     analyseAbloesen();
-    if (const auto gewaehlt = nachId(m_profile, id); gewaehlt != m_profile.end())
-        m_aktiv = *gewaehlt;
+    m_spaeter = {}; // meant a document of the other catalogue
+    m_aktiv = *gewaehlt;
     m_db = oeffnung.db;
     m_buch.reset();
     m_entwuerfe.clear();
@@ -128,7 +135,7 @@ void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
     Q_EMIT nacharbeitGeaendert();
     Q_EMIT aktivGeaendert();
     m_geschehen.clear();
-    melden(oeffnung.hinweise.join(u", "_s));
+    melden((std::exchange(m_vorab, {}) + oeffnung.hinweise).join(u", "_s));
     zeigen(oeffnung.blick);
     bereitschaftPruefen();
     modellPruefen();

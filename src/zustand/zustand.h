@@ -311,6 +311,7 @@ private:
     std::stop_source m_halt;
 
     QString m_hinweis;
+    QStringList m_vorab; ///< said before the opening under way had its own say
     QString m_geschehen;
     Ton m_ton = Ton::ruhig;
     std::optional<Rueckweg> m_rueckweg;

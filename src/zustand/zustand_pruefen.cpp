@@ -213,7 +213,11 @@ void Zustand::dublettenAusraeumen()
             vorgang);
 }
 
-void Zustand::anhalten() { m_halt.request_stop(); }
+void Zustand::anhalten()
+{
+    m_spaeter = {}; // nothing new begins
+    m_halt.request_stop();
+}
 
 void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorgang)
 {
@@ -236,6 +240,9 @@ void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorga
     imHintergrund(this, arbeit, [this, nummer = ++m_blickfrage](const Ausgang<Tatfolge> &ausgang) {
         if (nummer == m_blickfrage && ausgang.wert)
             tatFertig(*ausgang.wert);
+        else if (ausgang.wert) // of the profile that was left meanwhile
+            melden((QStringList{ausgang.wert->geschehen.text} + ausgang.wert->geschehen.hinweise).join(u' '),
+                   ausgang.wert->geschehen.gelungen ? Ton::gut : Ton::warnung);
         else if (!ausgang.fehler.isEmpty())
             melden(ausgang.fehler);
         freigeben();

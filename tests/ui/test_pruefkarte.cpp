@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -252,6 +253,16 @@ private Q_SLOTS:
         QVERIFY(m_z->partnerZeigen());
         QTest::mouseClick(teil<QAbstractButton>("zurueckZumDokument"), Qt::LeftButton);
         QVERIFY(!m_z->partnerZeigen());
+        m_z->setzePartnerZeigen(true);
+        QVERIFY(teil<QAbstractButton>("zurueckZumDokument"));
+        m_z->setzePartnerZeigen(false);
+        QVERIFY(!m_fenster->findChild<QAbstractButton *>(u"zurueckZumDokument"_s)->isVisible());
+        // Scrolling over a choice changes nothing.
+        auto *rubrik = teil<QComboBox>("rubrik");
+        QWheelEvent rad(QPointF(5, 5), rubrik->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton,
+                        Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(rubrik, &rad);
+        QCOMPARE(rubrik->currentText(), u"Wasser"_s);
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und weiter"_s);
         QTest::mouseClick(teil<QAbstractButton>("kopieren"), Qt::LeftButton);
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und kopieren"_s);

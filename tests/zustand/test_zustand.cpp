@@ -218,8 +218,9 @@ private Q_SLOTS:
         QVERIFY(!m_z->datumGueltig());
         m_z->uebernehmen();
         QTRY_COMPARE(m_z->hinweis(), u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
-        m_z->feldSetzen(Feld::Datum, u"2019-05-03"_s);
+        m_z->feldSetzen(Feld::Datum, u" 2019-05-03 "_s); // as it is pasted
         QCOMPARE(m_z->aktuelles()->jahr, u"2019"_s);
+        m_z->feldSetzen(Feld::Datum, u"2019-05-03"_s);
         m_b->sql(u"UPDATE dokumente SET titel='Modell', datum='2001-01-01', jahr='2001', gegenueber='Neu' WHERE id=?"_s,
                  {id});
         m_z->aktualisieren();
