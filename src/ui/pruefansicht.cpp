@@ -195,10 +195,12 @@ void PruefAnsicht::vorschauZeigen()
 {
     const Dokument *d = m_zustand->aktuelles();
     const Dokument *aehnliches = m_zustand->aehnliches();
-    if (m_zustand->partnerZeigen() && aehnliches)
+    if (m_zustand->partnerZeigen() && aehnliches) {
         m_vorschau->partnerZeigen(aehnliches->pfad, nameVon(aehnliches->pfad));
-    else
+    } else {
         m_vorschau->zeigen(d ? d->pfad : QString());
+        m_vorschau->partnerBeenden();
+    }
     // The likeliest last: its first page is the one that is ready.
     const QStringList voraus = m_zustand->voraus();
     for (auto pfad = voraus.crbegin(); pfad != voraus.crend(); ++pfad)

@@ -149,7 +149,7 @@ QList<Flachknopf *> Vorschau::zoomknoepfe() const { return {m_kleiner, m_groesse
 void Vorschau::zeigen(const QString &pfad)
 {
     if (pfad == m_pfad)
-        return partnerBeenden();
+        return;
     m_pfad = pfad;
     partnerBeenden();
     anzeigen(pfad);
