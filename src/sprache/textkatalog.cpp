@@ -87,6 +87,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"%@ von %@",
     u"%@ von %@ gelesen",
     u"%@ von %@ verglichen",
+    u"%@ wartet nicht mehr auf Prüfung",
     u"%@ weitere zeigen",
     u"%@ wird geladen",
     u"%@ zurückgeholt",

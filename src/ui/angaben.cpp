@@ -115,6 +115,12 @@ Angaben::Angaben(Zustand *zustand, QWidget *eltern)
     Stil::folgen(this, [this] { masse(); });
     for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
         connect(m_zustand, signal, this, &Angaben::zeigen);
+    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, &Angaben::festhalten);
+    connect(m_zustand, &Zustand::aktuellesGeaendert, this, [this] {
+        // An open list belongs to the document before.
+        for (QComboBox *wahl : std::as_const(m_wahlen))
+            wahl->hidePopup();
+    });
     zeigen();
     erklaerungZeigen();
 }
@@ -236,6 +242,13 @@ void Angaben::zeigen()
         textZeigen(it.key());
     wahlenZeigen();
     tagZeigen();
+}
+
+/** While the document is being filed nothing can be typed that would be dropped. */
+void Angaben::festhalten()
+{
+    for (QLineEdit *eingabe : std::as_const(m_texte))
+        eingabe->setReadOnly(m_zustand->angabenFest());
 }
 
 void Angaben::textZeigen(Feld feld)

@@ -52,6 +52,7 @@ private:
     void wahlZeigen(Feld feld, const QStringList &auswahl, const QString &wert);
     void tagZeigen();
     void erklaerungZeigen();
+    void festhalten();
 
     Zustand *m_zustand;
     QWidget *m_kopf;

@@ -22,23 +22,53 @@ Hinweisfach::Hinweisfach(Zustand *zustand, QWidget *eltern)
     zeigen();
 }
 
+/** A note that stays keeps its field, and with it the focus of its button. */
 void Hinweisfach::zeigen()
 {
     const QList<Pruefhinweis> hinweise = m_zustand->pruefhinweise();
     if (hinweise == m_gezeigte)
         return;
-    m_gezeigte = hinweise;
-    while (QLayoutItem *teil = m_spalte->takeAt(0)) {
-        teil->widget()->hide();
-        teil->widget()->deleteLater();
-        delete teil;
+    QList<Hinweisfeld *> felder(hinweise.size(), nullptr);
+    for (qsizetype n = 0; n < m_gezeigte.size(); ++n) {
+        const qsizetype stelle = hinweise.indexOf(m_gezeigte.at(n));
+        if (stelle >= 0 && !felder.at(stelle))
+            felder[stelle] = m_felder.at(n);
+        else
+            entfernen(m_felder.at(n));
     }
-    for (const Pruefhinweis &hinweis : hinweise)
-        dazu(hinweis);
+    for (qsizetype n = 0; n < hinweise.size(); ++n) {
+        if (!felder.at(n))
+            felder[n] = neues(hinweise.at(n));
+        m_spalte->insertWidget(int(n), felder.at(n));
+        felder.at(n)->show();
+    }
+    m_gezeigte = hinweise;
+    m_felder = felder;
+    tabReihe();
     updateGeometry();
 }
 
-void Hinweisfach::dazu(const Pruefhinweis &hinweis)
+void Hinweisfach::entfernen(Hinweisfeld *feld)
+{
+    if (feld->knopf() && feld->knopf()->hasFocus())
+        Q_EMIT fokusGehtVerloren();
+    m_spalte->removeWidget(feld);
+    feld->hide();
+    feld->deleteLater();
+}
+
+void Hinweisfach::tabReihe()
+{
+    QWidget *vorher = this;
+    for (const Hinweisfeld *feld : std::as_const(m_felder)) {
+        if (!feld->knopf())
+            continue;
+        setTabOrder(vorher, feld->knopf());
+        vorher = feld->knopf();
+    }
+}
+
+Hinweisfeld *Hinweisfach::neues(const Pruefhinweis &hinweis)
 {
     QString symbol = hinweis.istWarnung() ? u"exclamationmark.triangle"_s : u"info.circle"_s;
     QString knopf;
@@ -49,8 +79,6 @@ void Hinweisfach::dazu(const Pruefhinweis &hinweis)
         knopf = Sprache::text(u"Ansehen"_s);
     }
     auto *feld = new Hinweisfeld(hinweis.istWarnung(), symbol, hinweis.text, knopf, this);
-    m_spalte->addWidget(feld);
-    feld->show();
     if (hinweis.art == Art::AndererOrt) {
         feld->knopf()->setObjectName(u"altenOrtBehalten"_s);
         connect(feld, &Hinweisfeld::gedrueckt, m_zustand, &Zustand::altenOrtBehalten);
@@ -59,4 +87,5 @@ void Hinweisfach::dazu(const Pruefhinweis &hinweis)
         feld->knopf()->setToolTip(Sprache::text(u"Zeigt das ähnliche Dokument in der Vorschau"_s));
         connect(feld, &Hinweisfeld::gedrueckt, m_zustand, [this] { m_zustand->setzePartnerZeigen(true); });
     }
+    return feld;
 }

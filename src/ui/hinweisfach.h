@@ -4,10 +4,11 @@
 
 #include <QWidget>
 
+class Hinweisfeld;
 class QVBoxLayout;
 class Zustand;
 
-/** The notes on the proposal, warnings first. */
+/** The notes on the proposal, warnings first. Tab goes through their buttons from top to bottom. */
 class Hinweisfach : public QWidget
 {
     Q_OBJECT
@@ -15,11 +16,18 @@ class Hinweisfach : public QWidget
 public:
     explicit Hinweisfach(Zustand *zustand, QWidget *eltern = nullptr);
 
+Q_SIGNALS:
+    /** The note whose button has the focus is about to go. */
+    void fokusGehtVerloren();
+
 private:
     void zeigen();
-    void dazu(const Pruefhinweis &hinweis);
+    void entfernen(Hinweisfeld *feld);
+    [[nodiscard]] Hinweisfeld *neues(const Pruefhinweis &hinweis);
+    void tabReihe();
 
     Zustand *m_zustand;
     QVBoxLayout *m_spalte;
     QList<Pruefhinweis> m_gezeigte;
+    QList<Hinweisfeld *> m_felder; ///< of m_gezeigte
 };

@@ -27,7 +27,13 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using Stil::abstand;
+
+namespace
+{
+constexpr auto wortpause = 700ms; // longer than between two letters of a word
+}
 
 PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
@@ -47,6 +53,7 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     });
     connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand, [this] { m_zustand->setzePartnerZeigen(false); });
     connect(m_angaben, &Angaben::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
+    connect(m_hinweise, &Hinweisfach::fokusGehtVerloren, m_vorschau, [this] { m_vorschau->setFocus(); });
     connect(m_zustand, &Zustand::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
     connect(m_zustand, &Zustand::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);
     connect(m_zustand, &Zustand::partnerZeigenGeaendert, this, &PruefAnsicht::vorschauZeigen);
@@ -118,13 +125,12 @@ void PruefAnsicht::taste(const QKeySequence &tasten, const std::function<void()>
     kurz->setContext(Qt::WidgetWithChildrenShortcut);
     kurz->setAutoRepeat(false);
     connect(kurz, &QShortcut::activated, this, [this, tat, auchImFeld] {
-        if (auchImFeld || !imFeld())
+        if ((auchImFeld || !imFeld()) && !ruht())
             tat();
     });
 }
 
-/** Letters act while no field has the focus: in a text they are text, in a
- * choice they choose. */
+/** Letters act while no field has the focus: in a text they are text, in a choice they choose. */
 void PruefAnsicht::tastenBauen()
 {
     taste(
@@ -145,6 +151,15 @@ void PruefAnsicht::tastenBauen()
         QKeySequence(Qt::Key_Left), [this] { m_zustand->weiter(u"zurueck"_s); }, false);
     taste(
         QKeySequence(Qt::Key_Right), [this] { m_zustand->weiter(u"weiter"_s); }, false);
+}
+
+/** The document was taken away in the middle of a word: what is still typed of it is not meant for the next one. */
+bool PruefAnsicht::ruht()
+{
+    if (m_ruhe.hasExpired())
+        return false;
+    m_ruhe.setRemainingTime(wortpause);
+    return true;
 }
 
 /** Presses the button that has the focus, else accepts. */
@@ -181,6 +196,8 @@ void PruefAnsicht::keyPressEvent(QKeyEvent *ereignis)
 void PruefAnsicht::dokumentZeigen()
 {
     const bool da = m_zustand->aktuelles() != nullptr;
+    if (imFeld() && !m_zustand->beschaeftigt())
+        m_ruhe.setRemainingTime(wortpause);
     const bool fokusHier = isVisible() && focusWidget() && focusWidget()->hasFocus();
     m_stapel->setCurrentIndex(da ? 0 : 1);
     m_rollen->verticalScrollBar()->setValue(0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QWidget>
 
 class Aktionsfeld;
@@ -14,8 +15,7 @@ class Vorschau;
 class Vorschlagsteil;
 class Zustand;
 
-/** The review card: the page on the left, the proposal on the right, one
- * document after the other by the keyboard. */
+/** The review card: the page on the left, the proposal on the right, one document after the other by the keyboard. */
 class PruefAnsicht : public QWidget
 {
     Q_OBJECT
@@ -44,6 +44,7 @@ private:
     void anordnen();
     void tastenZeigen();
     [[nodiscard]] bool imFeld() const;
+    [[nodiscard]] bool ruht();
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;
@@ -56,4 +57,5 @@ private:
     Aktionsfeld *m_aktionen = nullptr;
     Leeransicht *m_leere = nullptr;
     bool m_dicht = false;
+    QDeadlineTimer m_ruhe; ///< until then keys are the rest of a word that was typed
 };

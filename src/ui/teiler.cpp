@@ -18,6 +18,15 @@ constexpr double mitte = 0.5;
 constexpr double schritt = 0.02; // of one press of an arrow key
 constexpr int griffbreite = 11;
 constexpr int zugweg = 10; // pixels until a press becomes a drag
+
+/** The last of @p teil and what is in it, by the Tab key. */
+QWidget *letzterIn(QWidget *teil)
+{
+    QWidget *letzter = teil;
+    for (QWidget *w = teil->nextInFocusChain(); teil->isAncestorOf(w); w = w->nextInFocusChain())
+        letzter = w;
+    return letzter;
+}
 } // namespace
 
 /** The strip to take hold of; it lies over the line, so that both panes reach it. */
@@ -104,8 +113,7 @@ Teiler::Teiler(QWidget *links, QWidget *rechts, QWidget *eltern)
     links->setParent(this);
     rechts->setParent(this);
     m_griff = new Griff(this);
-    setTabOrder(m_links, m_griff);
-    setTabOrder(m_griff, m_rechts);
+    setTabOrder(letzterIn(m_links), m_griff);
 }
 
 void Teiler::setzeAnteil(double anteil)

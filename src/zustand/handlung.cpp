@@ -103,6 +103,13 @@ bool istNeueste(Datenbank &db, qint64 dokument)
 }
 } // namespace
 
+QString Geschehen::allesGesagte() const
+{
+    QStringList saetze = QStringList{text} + hinweise;
+    saetze.removeAll(QString());
+    return saetze.join(u", "_s);
+}
+
 std::shared_ptr<Protokollbuch> Handlung::buchBereitstellen(const Arbeitsplatz &platz)
 {
     const auto ordner = platz.profil.protokollURL();

@@ -28,6 +28,9 @@ struct Geschehen {
     std::shared_ptr<Protokollbuch> buch; ///< the session's log from now on
     std::optional<Rueckweg> rueckweg;
     std::optional<qint64> wieder; ///< the document that came back
+
+    /** What happened and what else is to be said, as one line. */
+    [[nodiscard]] QString allesGesagte() const;
 };
 
 /** How far a long deed is; returns false to stop it after the document in hand. */

@@ -126,7 +126,6 @@ void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
     m_aktiv = *gewaehlt;
     m_db = oeffnung.db;
     m_buch.reset();
-    m_entwuerfe.clear();
     m_rueckweg.reset();
     m_bereitschaft.reset();
     ++m_blickfrage;

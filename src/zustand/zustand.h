@@ -99,6 +99,8 @@ public:
     /** Stops a long deed, or the turning back of a session, after what is in hand. */
     void anhalten();
     [[nodiscard]] bool beschaeftigt() const { return m_beschaeftigt || m_rueckbauLaeuft; }
+    /** The document under review is being filed, skipped or set aside: changes to its fields would come too late. */
+    [[nodiscard]] bool angabenFest() const { return m_angabenFest; }
     /** What a long deed is doing, for the user; empty if none. */
     [[nodiscard]] const QString &vorgang() const { return m_vorgang; }
     [[nodiscard]] double vorgangsanteil() const { return m_vorgangsanteil; }
@@ -264,6 +266,9 @@ private:
     void warten(std::function<void()> spaeter);
     void freigeben();
     void zeigen(const Blick &blick);
+    void auffrischen(const Blick &blick);
+    /** The drafts of the active profile. */
+    [[nodiscard]] QHash<qint64, Entwurf> &entwuerfe() { return m_entwuerfe[m_aktiv ? m_aktiv->id : QUuid()]; }
     void stueckSetzen(std::optional<Pruefstueck> stueck);
     void vorgangSetzen(const QString &text, double anteil);
     void modellSetzen(const Modellstand &stand);
@@ -298,11 +303,12 @@ private:
     quint64 m_bereitschaftsfrage = 0;
 
     Blick m_blick;
-    std::optional<Pruefstueck> m_stueck; ///< m_blick's document with the reviewer's changes
-    QHash<qint64, Entwurf> m_entwuerfe;
+    std::optional<Pruefstueck> m_stueck;              ///< m_blick's document with the reviewer's changes
+    QHash<QUuid, QHash<qint64, Entwurf>> m_entwuerfe; ///< by profile and document
     bool m_partnerZeigen = false;
 
     bool m_beschaeftigt = false;
+    bool m_angabenFest = false;
     bool m_blickt = false;
     quint64 m_blickfrage = 0; ///< counts what changes the document under review; an older look is not shown any more
     std::function<void()> m_spaeter; ///< the deed asked for meanwhile

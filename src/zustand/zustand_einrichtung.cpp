@@ -291,6 +291,7 @@ void Zustand::profilEntfernen(const QUuid &id)
     if (beschaeftigt() || m_oeffnet)
         return melden(Sprache::text(u"Das geht erst, wenn fertig ist, was gerade läuft"_s));
     m_profile.erase(stelle);
+    m_entwuerfe.remove(id);
     const bool warAktiv = m_aktiv && m_aktiv->id == id;
     if (warAktiv)
         profilSchliessen();
@@ -311,7 +312,6 @@ void Zustand::profilSchliessen()
     m_aktiv.reset();
     m_db.reset();
     m_buch.reset();
-    m_entwuerfe.clear();
     m_rueckweg.reset();
     m_bereitschaft.reset();
     m_geschehen.clear();

@@ -1,6 +1,7 @@
 #include "einordnung.h"
 #include "hintergrund.h"
 #include "sprache.h"
+#include "text.h"
 #include "ziel.h"
 #include "zustand.h"
 
@@ -19,7 +20,6 @@ constexpr auto merklich = 200ms; // what takes longer is named
 struct Zustand::Tatfolge {
     Geschehen geschehen;
     Blick blick;
-    std::optional<qint64> dokument; ///< the one that stood under review
 };
 
 QList<Pruefhinweis> Zustand::pruefhinweise() const
@@ -42,16 +42,17 @@ void Zustand::feldSetzen(Feld feld, const QString &wert)
 {
     if (!m_stueck || !m_aktiv || feldwert(m_stueck->dokument, feld) == wert)
         return;
-    m_entwuerfe[m_stueck->dokument.id].setzen(m_stueck->dokument, feld, wert, *m_aktiv);
+    if (!m_angabenFest)
+        entwuerfe()[m_stueck->dokument.id].setzen(m_stueck->dokument, feld, wert, *m_aktiv);
     Q_EMIT angabenGeaendert();
 }
 
 void Zustand::altenOrtBehalten()
 {
-    if (!m_stueck || !m_aktiv)
+    if (!m_stueck || !m_aktiv || m_angabenFest)
         return;
     if (const auto ort = heutigerOrt(m_stueck->dokument, *m_aktiv)) {
-        m_entwuerfe[m_stueck->dokument.id].ortSetzen(m_stueck->dokument, *ort);
+        entwuerfe()[m_stueck->dokument.id].ortSetzen(m_stueck->dokument, *ort);
         Q_EMIT angabenGeaendert();
     }
 }
@@ -88,8 +89,19 @@ void Zustand::aktualisieren()
         [this, nummer = m_blickfrage](const Ausgang<Blick> &ausgang) {
             m_blickt = false;
             if (nummer == m_blickfrage && ausgang.wert)
-                zeigen(*ausgang.wert);
+                auffrischen(*ausgang.wert);
         });
+}
+
+/** Nobody here did anything: when the document under review is gone all the same, that is said. */
+void Zustand::auffrischen(const Blick &blick)
+{
+    const auto vorher = m_stueck;
+    const bool durchRegel = blick.ausgenommen > m_blick.ausgenommen; // has its own notice
+    zeigen(blick);
+    if (vorher && dokumentId() != vorher->dokument.id && !durchRegel)
+        melden(gefuellt(Sprache::text(u"%@ wartet nicht mehr auf Prüfung"_s), {vorher->dokument.dateiname}),
+               Ton::ruhig);
 }
 
 void Zustand::zeigen(const Blick &blick)
@@ -107,7 +119,8 @@ void Zustand::zeigen(const Blick &blick)
 void Zustand::stueckSetzen(std::optional<Pruefstueck> stueck)
 {
     if (stueck) {
-        if (const auto entwurf = m_entwuerfe.constFind(stueck->dokument.id); entwurf != m_entwuerfe.cend())
+        const auto &entwuerfe = this->entwuerfe();
+        if (const auto entwurf = entwuerfe.constFind(stueck->dokument.id); entwurf != entwuerfe.cend())
             entwurf->anwenden(stueck->dokument);
     }
     if (stueck == m_stueck)
@@ -178,6 +191,7 @@ void Zustand::weiter(const QString &richtung)
     if (!kannHandeln())
         return;
     m_beschaeftigt = true;
+    Q_EMIT beschaeftigtGeaendert();
     const Wunsch wunsch = Wunsch::weiter(dokumentId(), richtung);
     imHintergrund(
         this, [db = m_db, profil = *m_aktiv, wunsch] { return Blick::auf(db, profil, wunsch); },
@@ -224,10 +238,11 @@ void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorga
     if (!kannHandeln())
         return;
     m_beschaeftigt = true;
+    m_angabenFest = danach.art == Wunsch::Art::Weiter;
     Q_EMIT beschaeftigtGeaendert();
     const auto hier = dokumentId();
     const auto arbeit = [platz = Arbeitsplatz{.db = m_db, .profil = *m_aktiv, .buch = m_buch}, tat, danach, hier] {
-        Tatfolge folge{.geschehen = tat(platz), .blick = {}, .dokument = hier};
+        Tatfolge folge{.geschehen = tat(platz), .blick = {}};
         const Geschehen &g = folge.geschehen;
         Wunsch wunsch = Wunsch::behalten(hier);
         if (g.wieder)
@@ -241,8 +256,7 @@ void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorga
         if (nummer == m_blickfrage && ausgang.wert)
             tatFertig(*ausgang.wert);
         else if (ausgang.wert) // of the profile that was left meanwhile
-            melden((QStringList{ausgang.wert->geschehen.text} + ausgang.wert->geschehen.hinweise).join(u' '),
-                   ausgang.wert->geschehen.gelungen ? Ton::gut : Ton::warnung);
+            melden(ausgang.wert->geschehen.allesGesagte(), ausgang.wert->geschehen.gelungen ? Ton::gut : Ton::warnung);
         else if (!ausgang.fehler.isEmpty())
             melden(ausgang.fehler);
         freigeben();
@@ -260,7 +274,7 @@ void Zustand::tatFertig(const Tatfolge &folge)
     const bool neuesBuch = g.buch != m_buch;
     m_buch = g.buch;
     if (g.gelungen && g.rueckweg && g.rueckweg->status != u"zurueckgestellt"_s)
-        m_entwuerfe.remove(g.rueckweg->dokument);
+        entwuerfe().remove(g.rueckweg->dokument);
     m_geschehen = g.text;
     m_rueckweg = g.rueckweg;
     melden(g.hinweise.join(u", "_s), g.gelungen ? Ton::gut : Ton::warnung);
@@ -284,6 +298,7 @@ void Zustand::warten(std::function<void()> spaeter)
 void Zustand::freigeben()
 {
     m_beschaeftigt = false;
+    m_angabenFest = false;
     vorgangSetzen({}, 0);
     Q_EMIT beschaeftigtGeaendert();
     if (const auto spaeter = std::exchange(m_spaeter, {}))

@@ -10,6 +10,7 @@
 #include "zustand.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
@@ -236,6 +237,60 @@ private Q_SLOTS:
         QTRY_COMPARE(name(), u"b.pdf"_s);
     }
 
+    /** An open list takes Return for itself, and does not outlive its document. */
+    void offeneWahl()
+    {
+        const qint64 a = dokument(u"a.pdf"_s);
+        dokument(u"b.pdf"_s);
+        oeffnen();
+        insFeld("rubrik");
+        auto *rubrik = teil<QComboBox>("rubrik");
+        rubrik->showPopup();
+        QTRY_VERIFY(rubrik->view()->isVisible());
+        QTest::keyClick(rubrik->view(), Qt::Key_Down);
+        QTest::keyClick(rubrik->view(), Qt::Key_Return);
+        QTRY_VERIFY(!rubrik->view()->isVisible());
+        QCOMPARE(name(), u"a.pdf"_s);
+        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        rubrik->showPopup();
+        QTRY_VERIFY(rubrik->view()->isVisible());
+        m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {a});
+        m_z->aktualisieren();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QTRY_VERIFY(!rubrik->view()->isVisible());
+    }
+
+    /** What is typed belongs to the document that was seen, or to none. */
+    void tippenUndWechsel()
+    {
+        const qint64 a = dokument(u"a.pdf"_s);
+        const qint64 b = dokument(u"b.pdf"_s);
+        dokument(u"c.pdf"_s);
+        oeffnen();
+        // Another program takes the document away in the middle of a word.
+        tippen("titel", u"Zu"_s);
+        m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {a});
+        m_z->aktualisieren();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QCOMPARE(meldung(), u"a.pdf wartet nicht mehr auf Prüfung"_s);
+        QTest::keyClicks(QApplication::focusWidget(), u"zud"_s);
+        druecken(Qt::Key_Return);
+        QCOMPARE(name(), u"b.pdf"_s);
+        QTest::qWait(800);
+        // While a slow deed runs nothing can be typed that would be dropped.
+        tippen("titel", u"Fertig"_s);
+        m_b->sql(u"BEGIN IMMEDIATE"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTest::keyClicks(QApplication::focusWidget(), u" zu spaet"_s);
+        QCOMPARE(teil<QLineEdit>("titel")->text(), u"Fertig"_s);
+        QVERIFY(m_z->beschaeftigt());
+        m_b->sql(u"COMMIT"_s);
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QCOMPARE(m_b->lesen(b).titel, u"Fertig"_s);
+        tippen("titel", u"Weiter"_s);
+        QCOMPARE(teil<QLineEdit>("titel")->text(), u"Weiter"_s);
+    }
+
     void schaltflaechen()
     {
         const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) {
@@ -247,8 +302,10 @@ private Q_SLOTS:
         oeffnen();
         QCOMPARE(teil<Umbruchtext>("neuerName")->textFormat(), Qt::PlainText);
         QVERIFY(neuerName().contains(u"Fett & Söhne"_s));
-        QTest::mouseClick(teil<QAbstractButton>("altenOrtBehalten"), Qt::LeftButton);
+        insFeld("altenOrtBehalten");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
         QCOMPARE(teil<QComboBox>("rubrik")->currentText(), u"Wasser"_s);
+        QVERIFY(tasten().contains(u"Z zurückstellen"_s)); // the button has gone, and the focus into no field
         QTest::mouseClick(teil<QAbstractButton>("partnerZeigen"), Qt::LeftButton);
         QVERIFY(m_z->partnerZeigen());
         QTest::mouseClick(teil<QAbstractButton>("zurueckZumDokument"), Qt::LeftButton);
@@ -291,7 +348,7 @@ private Q_SLOTS:
     /** Nothing can have the focus without a name, in any card; Tab goes the way of the eye. */
     void jedesBedienelementHatEinenNamen()
     {
-        dokument(u"a.pdf"_s);
+        const qint64 a = dokument(u"a.pdf"_s);
         oeffnen();
         for (const Reiter reiter : alleReiter()) {
             m_z->setzeReiter(reiter);
@@ -302,8 +359,14 @@ private Q_SLOTS:
             }
         }
         m_z->setzeReiter(Reiter::pruefen);
+        // Notes that come later stand in the row of the Tab key where they are seen.
+        m_b->sql(u"UPDATE dokumente SET alt_ordner='Haushalt/Jahresablage/2021/Wasser', aehnlich_zu=? WHERE id=?"_s,
+                 {dokument(u"b.pdf"_s), a});
+        m_z->aktualisieren();
+        QTRY_VERIFY(m_fenster->findChild<QAbstractButton *>(u"partnerZeigen"_s));
         QPoint vorher(0, 0);
-        for (const char *feld : {"datum", "gegenueber", "titel", "zweig", "ablage", "jahr", "rubrik", "uebernehmen"}) {
+        for (const char *feld : {"altenOrtBehalten", "partnerZeigen", "datum", "gegenueber", "titel", "zweig", "ablage",
+                                 "jahr", "rubrik", "uebernehmen"}) {
             insFeld(feld);
             const QPoint hier = QApplication::focusWidget()->mapToGlobal(QPoint(0, 0));
             QVERIFY2(hier.y() > vorher.y() || (hier.y() == vorher.y() && hier.x() > vorher.x()), feld);

@@ -381,8 +381,15 @@ private Q_SLOTS:
         m_z = std::make_unique<Zustand>();
         m_z->beginnen(u"Verein"_s);
         QTRY_COMPARE(name(), u"zweit.pdf"_s);
+        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
         m_z->aktivieren(m_b->profil.id);
         m_z->uebernehmen(); // nothing of the profile that is being left
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+        QCOMPARE(m_z->aktuelles()->titel, u"a"_s); // not the other profile's draft for the same number
+        m_z->aktivieren(zweite.profil.id);
+        QTRY_COMPARE(name(), u"zweit.pdf"_s);
+        QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
+        m_z->aktivieren(m_b->profil.id);
         QTRY_COMPARE(name(), u"a.pdf"_s);
         QCOMPARE(zweite.lesen(1).status, u"bereit"_s);
         m_z->uebernehmen();
