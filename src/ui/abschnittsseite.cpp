@@ -2,6 +2,7 @@
 
 #include "flachknopf.h"
 #include "marktext.h"
+#include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"
@@ -134,6 +135,7 @@ void Abschnittsseite::reihe(const QString &beschriftung, const QString &hilfe, Q
     eingabe->setAccessibleName(beschriftung);
     eingabe->setAccessibleDescription(hilfe);
     eingabe->setToolTip(hilfe);
+    radsperre(eingabe);
     m_schilder << schild;
     m_raster->addWidget(schild, m_zeile, 0, Qt::AlignTop);
     m_raster->addWidget(teil ? teil : eingabe, m_zeile++, 1);

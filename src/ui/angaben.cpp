@@ -1,5 +1,6 @@
 #include "angaben.h"
 
+#include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zeile.h"
@@ -168,6 +169,7 @@ void Angaben::wahlBauen(Feld feld)
     wahl->setMaxVisibleItems(20);
     m_wahlen[feld] = wahl;
     einrichten(feld, wahl);
+    radsperre(wahl);
     connect(wahl, &QComboBox::activated, m_zustand,
             [this, feld, wahl](int stelle) { m_zustand->feldSetzen(feld, wahl->itemData(stelle).toString()); });
 }
@@ -343,11 +345,6 @@ void Angaben::erklaerungZeigen()
 bool Angaben::eventFilter(QObject *objekt, QEvent *ereignis)
 {
     const bool wahl = qobject_cast<QComboBox *>(objekt) != nullptr;
-    // Scrolling past a choice must not change it unnoticed.
-    if (wahl && ereignis->type() == QEvent::Wheel) {
-        ereignis->ignore();
-        return true;
-    }
     // In a choice the letters choose, also those that are keys of the card.
     if (wahl && ereignis->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent *>(ereignis)->modifiers() == Qt::NoModifier &&

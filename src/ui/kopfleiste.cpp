@@ -1,5 +1,6 @@
 #include "kopfleiste.h"
 
+#include "radsperre.h"
 #include "reiterknopf.h"
 #include "sprache.h"
 #include "stil.h"
@@ -74,6 +75,7 @@ void Kopfleiste::profilwahlBauen()
     const QString hilfe = Sprache::text(u"Ein Profil bündelt Herkunft, Ziel, Benennungsmuster und Struktur. So lässt "
                                         "sich dieselbe App für mehrere Ablagen verwenden."_s);
     m_profil = new QComboBox(this);
+    radsperre(m_profil);
     m_profil->setObjectName(u"aktiv"_s);
     m_profil->setAccessibleName(Sprache::text(u"Profil"_s));
     m_profil->setAccessibleDescription(hilfe);
