@@ -17,6 +17,7 @@ namespace
 {
 constexpr qint64 hoechstens = 64LL * 1024;
 constexpr int umleitungen = 3;
+constexpr int laengsteFassung = 40; // it is shown
 constexpr auto schluesselBeimStart = "beimStartPruefen"_L1;
 
 QUrl seite(const QString &pfad)
@@ -130,7 +131,7 @@ Aktualisierung::Ergebnis Aktualisierung::auswerten() const
     if (!heil || alles.size() > hoechstens)
         return {};
     const QJsonValue fassung = QJsonDocument::fromJson(alles).object().value("version"_L1);
-    if (!fassung.isString())
+    if (!fassung.isString() || fassung.toString().size() > laengsteFassung)
         return {};
     if (istNeuer(fassung.toString(), eigeneFassung()))
         return {.art = Ergebnis::Art::neuereDa, .fassung = fassung.toString()};

@@ -146,6 +146,7 @@ private Q_SLOTS:
         QTest::newRow("viel zu viel") << antwort(gefuelltAuf(5'000'000)) << Art::fehlgeschlagen << QString();
         QTest::newRow("kein JSON") << antwort("<html>") << Art::fehlgeschlagen << QString();
         QTest::newRow("kein Text") << antwort("{\"version\": 99}") << Art::fehlgeschlagen << QString();
+        QTest::newRow("zu lange Nummer") << antwort(fassung(QByteArray(41, '9'))) << Art::fehlgeschlagen << QString();
         QTest::newRow("ohne Fassung") << antwort("{}") << Art::fehlgeschlagen << QString();
         QTest::newRow("404") << antwort(fassung("99.1"), "404 Not Found") << Art::fehlgeschlagen << QString();
         QTest::newRow("203") << antwort(fassung("99.1"), "203 Other") << Art::fehlgeschlagen << QString();
