@@ -13,7 +13,6 @@
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
-using Stil::abstand;
 
 namespace
 {

@@ -24,10 +24,11 @@ QColor schwarzOderWeiss(const QColor &grund)
 // The first blend on the way from one colour to the other that stands out enough; the end of the way if none does.
 QColor ersteMischung(const QColor &ziel, const QColor &start, double anteil, const QColor &grund, double verhaeltnis)
 {
-    for (; anteil < 1; anteil += schritt) {
+    while (anteil < 1) {
         const QColor farbe = Farbrechnung::mischung(ziel, start, anteil);
         if (Farbrechnung::kontrast(farbe, grund) >= verhaeltnis)
             return farbe;
+        anteil += schritt;
     }
     return ziel;
 }

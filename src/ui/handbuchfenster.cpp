@@ -29,7 +29,7 @@ public:
 protected:
     QVariant loadResource(int art, const QUrl &name) override
     {
-        const QVariant geladen = QTextBrowser::loadResource(art, name);
+        QVariant geladen = QTextBrowser::loadResource(art, name);
         if (art != QTextDocument::ImageResource)
             return geladen;
         const QImage bild = QImage::fromData(geladen.toByteArray());
