@@ -214,7 +214,7 @@ void Angaben::masse()
         eingabe->setTextMargins(abstand(2), 0, 0, 0); // where a choice has its text
     }
     for (QComboBox *wahl : std::as_const(m_wahlen))
-        wahl->setMinimumHeight(abstand(30));
+        wahl->setFixedHeight(abstand(30)); // by itself it does not shrink with the font
     for (auto it = m_zeichen.begin(); it != m_zeichen.end(); ++it)
         m_texte[it.key()]->setFixedWidth(fontMetrics().averageCharWidth() * it.value() + abstand(24));
 }

@@ -25,6 +25,19 @@ QLabel *schild(const QString &name, QWidget *eltern)
     Stil::nebentext(schild);
     return schild;
 }
+
+QString symbolFuer(Zustand::Ton ton)
+{
+    switch (ton) {
+    case Zustand::Ton::gut:
+        return u"checkmark.circle"_s;
+    case Zustand::Ton::warnung:
+        return u"exclamationmark.triangle"_s;
+    case Zustand::Ton::ruhig:
+        break;
+    }
+    return {};
+}
 } // namespace
 
 Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
@@ -38,6 +51,12 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
     for (const auto signal : {&Zustand::laufGeaendert, &Zustand::modellGeaendert, &Zustand::vorgangGeaendert,
                               &Zustand::oeffnetGeaendert, &Zustand::aktivGeaendert, &Zustand::rueckbauGeaendert})
         connect(m_zustand, signal, this, &Fusszeile::lageZeigen);
+    connect(m_zustand, &Zustand::hinweisGeaendert, this, &Fusszeile::notieren);
+    connect(m_zustand, &Zustand::reiterGeaendert, this, &Fusszeile::notizVergessen);
+    connect(m_zustand, &Zustand::laufGeaendert, this, [this] {
+        if (m_zustand->analyse() && m_zustand->analyse()->laeuft())
+            m_notiz.clear();
+    });
     zaehlenZeigen();
     lageZeigen();
     Stil::folgen(this, [this] {
@@ -60,7 +79,7 @@ void Fusszeile::lageZeigen()
     m_stufe.clear();
     m_rest.clear();
     m_anteil = -1;
-    m_warnung = false;
+    m_symbol.clear();
     const Analyse *analyse = m_zustand->analyse();
     if (m_zustand->oeffnet()) {
         m_stufe = Sprache::text(u"Der Katalog wird geöffnet"_s);
@@ -76,13 +95,32 @@ void Fusszeile::lageZeigen()
         rest.removeAll(QString());
         m_rest = rest.join(u" · "_s);
         m_anteil = analyse->anteil();
+    } else if (!m_notiz.isEmpty()) {
+        m_stufe = m_notiz;
+        m_symbol = symbolFuer(m_zustand->ton());
     } else if (m_zustand->modellstand().art == Modellstand::Art::serverFehlt ||
                m_zustand->modellstand().art == Modellstand::Art::modellFehlt) {
         m_stufe = m_zustand->modellMeldung();
-        m_warnung = true;
+        m_symbol = symbolFuer(Zustand::Ton::warnung);
     }
     anordnen();
     update();
+}
+
+/** Review and log say it themselves. */
+void Fusszeile::notieren()
+{
+    const Reiter reiter = m_zustand->reiter();
+    if (reiter != Reiter::einrichtung && reiter != Reiter::ablauf)
+        return;
+    m_notiz = m_zustand->meldungen().value(0);
+    lageZeigen();
+}
+
+void Fusszeile::notizVergessen()
+{
+    m_notiz.clear();
+    lageZeigen();
 }
 
 /** When it gets narrow, the bar goes first, then the stage's name, then the right side. */
@@ -90,7 +128,8 @@ void Fusszeile::anordnen()
 {
     const int rand = abstand(12);
     const int links = rand + m_zaehler->sizeHint().width();
-    const int frei = width() - links - abstand(24) - rand - (m_warnung ? Stil::zeichengroesse() + abstand(6) : 0);
+    const int frei =
+        width() - links - abstand(24) - rand - (m_symbol.isEmpty() ? 0 : Stil::zeichengroesse() + abstand(6));
     const QFontMetrics mass(m_lage->font());
     const QString ganz = m_rest.isEmpty() ? m_stufe : m_stufe + u"   "_s + m_rest;
     const int balken = abstand(balkenlaenge + 8);
@@ -99,7 +138,7 @@ void Fusszeile::anordnen()
     if (mass.horizontalAdvance(text) > frei && !m_rest.isEmpty())
         text = m_rest;
     if (mass.horizontalAdvance(text) > frei)
-        text.clear();
+        text = m_stufe == m_notiz ? mass.elidedText(text, Qt::ElideRight, std::max(0, frei)) : QString();
     m_lage->setText(text);
     m_lage->setToolTip(ganz);
     const int breite = mass.horizontalAdvance(text) + 2;
@@ -119,10 +158,10 @@ void Fusszeile::paintEvent(QPaintEvent *)
     QPainter maler(this);
     maler.fillRect(0, 0, width(), 1, Stil::linie(palette()));
     maler.setRenderHint(QPainter::Antialiasing);
-    if (m_warnung && !m_lage->text().isEmpty()) {
+    if (!m_symbol.isEmpty() && !m_lage->text().isEmpty()) {
         const int kante = Stil::zeichengroesse();
-        Zeichen::malen(maler, QRect(m_lage->x() - kante - abstand(6), (height() - kante) / 2, kante, kante),
-                       u"exclamationmark.triangle"_s, palette());
+        Zeichen::malen(maler, QRect(m_lage->x() - kante - abstand(6), (height() - kante) / 2, kante, kante), m_symbol,
+                       palette());
     }
     if (m_balkenX == 0)
         return;

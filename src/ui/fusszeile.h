@@ -23,6 +23,8 @@ protected:
 private:
     void zaehlenZeigen();
     void lageZeigen();
+    void notieren();
+    void notizVergessen();
     void anordnen();
 
     Zustand *m_zustand;
@@ -31,6 +33,7 @@ private:
     QString m_stufe;
     QString m_rest;
     double m_anteil = -1; ///< 0 to 1; below 0: no bar
-    bool m_warnung = false;
-    int m_balkenX = 0; ///< 0: the bar has no room
+    QString m_symbol;     ///< of the mark; empty: none
+    QString m_notiz;      ///< what was said while a card was chosen that has no place for notices
+    int m_balkenX = 0;    ///< 0: the bar has no room
 };

@@ -17,7 +17,9 @@
 #include "zustand.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -64,11 +66,14 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     restoreGeometry(Einstellungen::wert(schluesselOrt).toByteArray());
     aufbauen();
     connect(m_sprache, &Fenstersprache::gewechselt, this, &Hauptfenster::aufbauen);
+    connect(m_sprache, &Fenstersprache::gewechselt, m_zustand, &Zustand::modellPruefen); // says it in the new one
     connect(m_zustand, &Zustand::aktivGeaendert, this, &Hauptfenster::titelSetzen);
     connect(m_zustand, &Zustand::profileGeaendert, this, &Hauptfenster::titelSetzen);
     connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
-        if (m_schliesst && !m_zustand->beschaeftigt())
+        if (m_schliesst && !m_zustand->beschaeftigt()) {
+            m_zustand->anhalten(); // what was asked for meanwhile
             close();
+        }
     });
     connect(&m_takt, &QTimer::timeout, m_zustand, &Zustand::aktualisieren);
     m_takt.start(auffrischung);
@@ -141,6 +146,17 @@ void Hauptfenster::ersteKarteZeigen()
     m_karten->show();
     m_karten->setCurrentIndex(int(m_zustand->reiter()));
     m_karten->currentWidget()->setFocus();
+}
+
+/** What nobody else takes comes here: Return presses the button that has the focus, whatever the platform thinks. */
+void Hauptfenster::keyPressEvent(QKeyEvent *ereignis)
+{
+    const bool eingabe = ereignis->key() == Qt::Key_Return || ereignis->key() == Qt::Key_Enter;
+    auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
+    if (eingabe && !ereignis->isAutoRepeat() && knopf && !qobject_cast<QCheckBox *>(knopf))
+        knopf->click();
+    else
+        QMainWindow::keyPressEvent(ereignis);
 }
 
 /** A newer version is told of, everything else in the info window only. */

@@ -23,6 +23,7 @@ public:
 protected:
     void showEvent(QShowEvent *ereignis) override;
     void closeEvent(QCloseEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
     void aufbauen();

@@ -76,6 +76,7 @@ void Kopfleiste::profilwahlBauen()
                                         "sich dieselbe App für mehrere Ablagen verwenden."_s);
     m_profil = new QComboBox(this);
     radsperre(m_profil);
+    m_profil->setFocusPolicy(Qt::TabFocus); // chosen by the mouse, the keys stay with the card
     m_profil->setObjectName(u"aktiv"_s);
     m_profil->setAccessibleName(Sprache::text(u"Profil"_s));
     m_profil->setAccessibleDescription(hilfe);

@@ -51,8 +51,7 @@ void Meldungszeile::setzeZweizeilig(bool zweizeilig)
 
 void Meldungszeile::zeigen()
 {
-    QStringList teile = {m_zustand->geschehen(), m_zustand->hinweis()};
-    teile.removeAll(QString());
+    QStringList teile = m_zustand->meldungen();
     // What is going on goes before what is done.
     if (!m_zustand->vorgang().isEmpty())
         teile = {m_zustand->vorgang() + u" …"_s};

@@ -33,7 +33,21 @@ using Stil::abstand;
 namespace
 {
 constexpr auto wortpause = 700ms; // longer than between two letters of a word
+
+bool ohneDokumente(const Zustand &zustand) { return zustand.zaehlwerk() == Zaehlwerk{} && zustand.ausgenommen() == 0; }
+
+QString leerzeile(const Zustand &zustand)
+{
+    const QString offene = QString::number(zustand.zaehlwerk().neu);
+    if (zustand.analyse()->laeuft())
+        return gefuellt(Sprache::text(u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
+                        {offene});
+    if (zustand.zaehlwerk().neu > 0)
+        return gefuellt(Sprache::text(u"%@ Dokumente warten darauf, gelesen zu werden."_s), {offene});
+    return ohneDokumente(zustand) ? Sprache::text(u"Hier gibt es noch keine Dokumente."_s)
+                                  : Sprache::text(u"Alles einsortiert."_s);
 }
+} // namespace
 
 PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
@@ -58,9 +72,10 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     connect(m_zustand, &Zustand::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);
     connect(m_zustand, &Zustand::partnerZeigenGeaendert, this, &PruefAnsicht::vorschauZeigen);
     connect(m_zustand, &Zustand::vorausGeaendert, this, &PruefAnsicht::vorschauZeigen);
-    for (const auto signal :
-         {&Zustand::zaehlwerkGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert, &Zustand::aktivGeaendert})
+    for (const auto signal : {&Zustand::zaehlwerkGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert,
+                              &Zustand::aktivGeaendert, &Zustand::bereitschaftGeaendert})
         connect(m_zustand, signal, this, &PruefAnsicht::leereZeigen);
+    connect(m_zustand, &Zustand::modellGeprueft, this, &PruefAnsicht::modellGeprueft);
     dokumentZeigen();
 }
 
@@ -113,7 +128,10 @@ QWidget *PruefAnsicht::leerseite()
     spalte->addWidget(m_leere, 1);
     spalte->addWidget(meldung);
     Stil::folgen(seite, [spalte] { spalte->setContentsMargins(abstand(20), 0, abstand(20), abstand(8)); });
-    connect(m_leere, &Leeransicht::gedrueckt, this, &PruefAnsicht::leereTat);
+    connect(m_leere, &Leeransicht::gedrueckt, this, [this] {
+        if (m_leereTat)
+            m_leereTat();
+    });
     return seite;
 }
 
@@ -228,37 +246,48 @@ void PruefAnsicht::leereZeigen()
 {
     if (m_zustand->aktuelles())
         return;
+    m_leereTat = [this] { m_zustand->setzeReiter(Reiter::einrichtung); };
     if (m_zustand->oeffnet())
         return m_leere->setzen(u"large.clock"_s, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
     if (!m_zustand->offen())
         return m_leere->setzen(u"large.folder"_s, Sprache::text(u"Noch kein Profil"_s),
                                Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
                                Sprache::text(u"Zur Einrichtung"_s));
-    const Zaehlwerk &z = m_zustand->zaehlwerk();
-    const bool laeuft = m_zustand->analyse()->laeuft();
-    const QString offene = QString::number(z.neu);
-    QString zeile = Sprache::text(u"Alles einsortiert."_s);
-    QString knopf;
-    if (laeuft)
-        zeile = gefuellt(Sprache::text(u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
-                         {offene});
-    else if (z.neu > 0)
-        zeile = gefuellt(Sprache::text(u"%@ Dokumente warten darauf, gelesen zu werden."_s), {offene});
-    if (z.zurueckgestellt > 0)
-        knopf = gefuellt(Sprache::text(u"%@ Zurückgestellte wieder vorlegen"_s), {QString::number(z.zurueckgestellt)});
-    else if (!laeuft && z.neu > 0)
-        knopf = Sprache::text(u"Durchgang starten"_s);
-    m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), zeile, knopf);
+    m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand),
+                    naechsterSchritt());
 }
 
-void PruefAnsicht::leereTat()
+/** The one thing to go on with, as the words of the button; empty if there is none. */
+QString PruefAnsicht::naechsterSchritt()
 {
-    if (!m_zustand->offen())
-        return m_zustand->setzeReiter(Reiter::einrichtung);
-    if (m_zustand->zaehlwerk().zurueckgestellt > 0)
-        m_zustand->zurueckgestellteVorlegen();
-    else
+    const Zaehlwerk &z = m_zustand->zaehlwerk();
+    if (z.zurueckgestellt > 0) {
+        m_leereTat = [this] { m_zustand->zurueckgestellteVorlegen(); };
+        return gefuellt(Sprache::text(u"%@ Zurückgestellte wieder vorlegen"_s), {QString::number(z.zurueckgestellt)});
+    }
+    if (m_zustand->analyse()->laeuft() || (z.neu == 0 && !ohneDokumente(*m_zustand)))
+        return {};
+    if (!m_zustand->bereitZumStart())
+        return Sprache::text(u"Zur Einrichtung"_s);
+    m_leereTat = [this] { durchgangErbitten(); };
+    return Sprache::text(u"Durchgang starten"_s);
+}
+
+/** Without the model every document would fail on its own. */
+void PruefAnsicht::durchgangErbitten()
+{
+    m_willStarten = true;
+    m_zustand->modellPruefen();
+}
+
+void PruefAnsicht::modellGeprueft()
+{
+    if (!std::exchange(m_willStarten, false))
+        return;
+    if (m_zustand->modellBereit())
         m_zustand->durchgangStarten();
+    else
+        m_zustand->melden(m_zustand->modellMeldung());
 }
 
 /** Sections that do not fit in height with one note get by with less. */

@@ -2,6 +2,7 @@
 
 #include <QDeadlineTimer>
 #include <QWidget>
+#include <functional>
 
 class Aktionsfeld;
 class Angaben;
@@ -40,7 +41,9 @@ private:
     void dokumentZeigen();
     void vorschauZeigen();
     void leereZeigen();
-    void leereTat();
+    [[nodiscard]] QString naechsterSchritt();
+    void durchgangErbitten();
+    void modellGeprueft();
     void anordnen();
     void tastenZeigen();
     [[nodiscard]] bool imFeld() const;
@@ -56,6 +59,8 @@ private:
     Angaben *m_angaben = nullptr;
     Aktionsfeld *m_aktionen = nullptr;
     Leeransicht *m_leere = nullptr;
+    std::function<void()> m_leereTat; ///< of the button of the empty state
+    bool m_willStarten = false;       ///< a run, as soon as it is known whether the model is there
     bool m_dicht = false;
     QDeadlineTimer m_ruhe; ///< until then keys are the rest of a word that was typed
 };

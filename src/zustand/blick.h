@@ -46,6 +46,11 @@ struct Blick {
     bool umkehrbar = false; ///< some movement can be taken back
     bool operator==(const Blick &) const = default;
 
+    [[nodiscard]] std::optional<qint64> id() const
+    {
+        return aktuelles ? std::optional(aktuelles->dokument.id) : std::nullopt;
+    }
+
     /** Looks into the catalogue. Blocks. */
     [[nodiscard]] static Blick auf(const std::shared_ptr<Datenbank> &db, const Profil &profil, const Wunsch &wunsch);
 };

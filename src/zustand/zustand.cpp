@@ -121,6 +121,9 @@ void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
     const auto gewaehlt = nachId(m_profile, id);
     if (gewaehlt == m_profile.end()) // another program has removed it meanwhile
         return melden(Sprache::text(u"Profil nicht gefunden"_s));
+    if (m_analyse && m_analyse->laeuft())
+        m_vorab << gefuellt(Sprache::text(u"Der Durchgang von %@ wurde angehalten, der nächste Start setzt ihn fort"_s),
+                            {m_aktiv->name});
     analyseAbloesen();
     m_spaeter = {}; // meant a document of the other catalogue
     m_aktiv = *gewaehlt;
@@ -225,8 +228,16 @@ void Zustand::bereitschaftPruefen()
 void Zustand::melden(const QString &hinweis, Ton ton)
 {
     m_hinweis = hinweis;
+    m_hinweisIstNeuer = true;
     m_ton = hinweis.isEmpty() ? Ton::ruhig : ton;
     Q_EMIT hinweisGeaendert();
+}
+
+QStringList Zustand::meldungen() const
+{
+    QStringList beide = m_hinweisIstNeuer ? QStringList{m_hinweis, m_geschehen} : QStringList{m_geschehen, m_hinweis};
+    beide.removeAll(QString());
+    return beide;
 }
 
 void Zustand::ausnahmenAnwenden()

@@ -111,6 +111,8 @@ public:
     /** The last deed: what happened to which document. Empty after one that failed. */
     [[nodiscard]] const QString &geschehen() const { return m_geschehen; }
     [[nodiscard]] Ton ton() const { return m_ton; }
+    /** Deed and notice, the newer one first, without what is empty; ton() is the first one's. */
+    [[nodiscard]] QStringList meldungen() const;
     /** zurueck() has something to take back. */
     [[nodiscard]] bool zurueckMoeglich() const { return m_rueckweg.has_value(); }
     /** rueckgaengig() has something to take back. */
@@ -317,7 +319,8 @@ private:
     std::stop_source m_halt;
 
     QString m_hinweis;
-    QStringList m_vorab; ///< said before the opening under way had its own say
+    bool m_hinweisIstNeuer = false; ///< than the deed
+    QStringList m_vorab;            ///< said before the opening under way had its own say
     QString m_geschehen;
     Ton m_ton = Ton::ruhig;
     std::optional<Rueckweg> m_rueckweg;

@@ -253,6 +253,8 @@ void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorga
         return folge;
     };
     imHintergrund(this, arbeit, [this, nummer = ++m_blickfrage](const Ausgang<Tatfolge> &ausgang) {
+        if (!ausgang.wert || !ausgang.wert->geschehen.gelungen)
+            m_spaeter = {}; // why comes first; the next key may meet another document than it was meant for
         if (nummer == m_blickfrage && ausgang.wert)
             tatFertig(*ausgang.wert);
         else if (ausgang.wert) // of the profile that was left meanwhile
@@ -277,7 +279,11 @@ void Zustand::tatFertig(const Tatfolge &folge)
         entwuerfe().remove(g.rueckweg->dokument);
     m_geschehen = g.text;
     m_rueckweg = g.rueckweg;
-    melden(g.hinweise.join(u", "_s), g.gelungen ? Ton::gut : Ton::warnung);
+    // Another document stands there now: it is not the one that this is about.
+    const bool verlassen = m_angabenFest && m_stueck && folge.blick.id() != dokumentId();
+    const QString woran = !g.gelungen && verlassen ? m_stueck->dokument.dateiname + u": "_s : QString();
+    melden(woran + g.hinweise.join(u", "_s), g.gelungen ? Ton::gut : Ton::warnung);
+    m_hinweisIstNeuer = false;
     if (g.gelungen && !g.text.isEmpty())
         m_ton = Ton::gut;
     zeigen(folge.blick);

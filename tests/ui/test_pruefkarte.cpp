@@ -1,3 +1,4 @@
+#include "analyse.h"
 #include "buehne.h"
 #include "elidiertext.h"
 #include "fenstersprache.h"
@@ -343,6 +344,36 @@ private Q_SLOTS:
         QTRY_COMPARE(name(), u"a.pdf"_s);
     }
 
+    /** No run without the model, and the reason where it was asked for; the top bar takes Return, but not the keys. */
+    void leereKarteUndKopfleiste()
+    {
+        oeffnen();
+        QCOMPARE(teil<QLabel>("leerzeile")->text(), u"Hier gibt es noch keine Dokumente."_s);
+        const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        m_z->aktualisieren();
+        QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"1 Dokumente warten darauf, gelesen zu werden."_s);
+        insFeld("leerknopf");
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(meldung(), u"Der Modellserver ollama läuft nicht"_s);
+        QVERIFY(!m_z->analyse()->laeuft());
+        QCOMPARE(m_b->lesen(a).status, u"neu"_s);
+        auto *profil = teil<QComboBox>("aktiv");
+        QTest::mouseClick(profil, Qt::LeftButton);
+        QTRY_VERIFY(profil->view()->isVisible());
+        QTest::keyClick(profil->view(), Qt::Key_Return);
+        QTRY_VERIFY(!profil->view()->isVisible());
+        QVERIFY(!profil->hasFocus());
+        insFeld("neuesProfil");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 2"_s);
+        QTRY_VERIFY(!m_z->oeffnet());
+        // Cards without a place for notices have them in the status line.
+        m_z->dublettenAusraeumen();
+        QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Es ist noch kein Zielordner gewählt"_s);
+        m_z->setzeReiter(Reiter::pruefen);
+        QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Der Modellserver ollama läuft nicht"_s);
+    }
+
     void spracheImLaufenWechseln()
     {
         dokument(u"a.pdf"_s);
@@ -353,6 +384,7 @@ private Q_SLOTS:
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Accept and continue"_s);
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Von Hand"_s);
         QCOMPARE(teil<QLabel>("wochentag")->text(), u"Tuesday"_s);
+        QTRY_COMPARE(teil<QLabel>("lage")->text(), u"The model server ollama is not running"_s);
         m_sprache->waehlen(u"de"_s);
         QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und weiter"_s);

@@ -319,6 +319,33 @@ private Q_SLOTS:
         QVERIFY(!m_z->laufendesBuch() && !QFile::exists(u"/nicht"_s));
     }
 
+    /** The notice stands beside another document then. */
+    void wasScheiterteNenntSeinDokument()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        const qint64 b = m_b->dokument(u"b.pdf"_s);
+        m_b->dokument(u"c.pdf"_s);
+        QVERIFY(QFile::remove(m_b->quelle(u"a.pdf"_s)));
+        beginnen();
+        m_z->uebernehmen();
+        m_z->uebernehmen(); // not of the document that nobody has seen yet
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QVERIFY(!m_z->beschaeftigt());
+        QCOMPARE(m_z->hinweis(), u"a.pdf: Die Datei liegt nicht mehr am erwarteten Ort"_s);
+        m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {b});
+        m_z->zuruecklegen();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QCOMPARE(m_z->hinweis(), u"b.pdf: Dieses Dokument wurde inzwischen schon bearbeitet"_s);
+        // What came last is said first, with its mark.
+        m_z->zuruecklegen();
+        QTRY_VERIFY(!m_z->aktuelles());
+        m_z->melden(u"Neu"_s);
+        QCOMPARE(m_z->meldungen(), (QStringList{u"Neu"_s, u"Zurückgestellt: c.pdf"_s}));
+        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
+        m_z->zurueck();
+        QTRY_COMPARE(m_z->meldungen(), QStringList{u"Wieder zur Prüfung: c.pdf"_s});
+    }
+
     void einProtokollDasNichtGehtHindertNicht()
     {
         QFile sperre(m_b->ordner() + u"/datei"_s);
@@ -506,6 +533,7 @@ private Q_SLOTS:
         m_z->neuesProfil(); // the run goes on with its document, under no window's eyes
         QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 2"_s);
         QTRY_VERIFY(m_z->analyse() && !m_z->analyse()->laeuft());
+        QCOMPARE(m_z->hinweis(), u"Der Durchgang von Haushalt wurde angehalten, der nächste Start setzt ihn fort"_s);
         QElapsedTimer uhr;
         uhr.start();
         m_z.reset();
