@@ -27,8 +27,26 @@ void Profilsicherung::sichern(const QList<Profil> &profile)
 {
     m_wunsch = profile;
     m_dazu = true;
+    ++m_fassung;
     // At the end of the event, so that a burst of changes is one saving.
     QMetaObject::invokeMethod(this, &Profilsicherung::starten, Qt::QueuedConnection);
+}
+
+void Profilsicherung::nachlesen()
+{
+    if (offen() || m_gescheitert)
+        return;
+    const auto lesen = [stand = m_stand] {
+        const QList<Profil> gelesen = Profilspeicher::laden();
+        return gelesen == stand ? QList<Profil>() : gelesen;
+    };
+    imHintergrund(this, lesen, [this, fassung = m_fassung](const Ausgang<QList<Profil>> &ausgang) {
+        // An empty list may be one that cannot be read.
+        if (fassung != m_fassung || offen() || !ausgang.wert || ausgang.wert->isEmpty())
+            return;
+        m_stand = *ausgang.wert;
+        Q_EMIT gesichert(m_stand);
+    });
 }
 
 void Profilsicherung::starten()

@@ -20,6 +20,8 @@ public:
     void standSetzen(const QList<Profil> &stand) { m_stand = stand; }
     /** Saves @p profile soon; several calls in a row become one saving. */
     void sichern(const QList<Profil> &profile);
+    /** Looks for what other programs have stored meanwhile; gesichert() tells of it. Nothing while a saving is open. */
+    void nachlesen();
     [[nodiscard]] bool offen() const { return m_laeuft || m_dazu; }
 
 Q_SIGNALS:
@@ -35,6 +37,7 @@ private:
     QList<Profil> m_stand;     ///< as stored, or as handed over by the saving before
     QList<Profil> m_wunsch;    ///< as it shall be
     QList<Profil> m_unterwegs; ///< as the running saving writes it
+    quint64 m_fassung = 0;     ///< counts the wishes; what was read before the last one is old
     bool m_laeuft = false;
     bool m_gescheitert = false; ///< the last saving
     bool m_dazu = false;        ///< something was changed since the running saving began

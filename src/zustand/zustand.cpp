@@ -166,13 +166,19 @@ void Zustand::profilAendern(const Profil &profil)
     const Profil vorher = *m_aktiv;
     m_aktiv = profil;
     sichern();
+    profilFolgen(vorher);
+}
+
+/** Whatever depends on the settings of the active profile, which were @p vorher. */
+void Zustand::profilFolgen(const Profil &vorher)
+{
     Q_EMIT profileGeaendert();
     if (m_stueck)
         Q_EMIT angabenGeaendert();
     bereitschaftPruefen();
-    if (vorher.modell != profil.modell)
+    if (vorher.modell != m_aktiv->modell)
         modellPruefen();
-    if (vorher.protokollURL() != profil.protokollURL())
+    if (vorher.protokollURL() != m_aktiv->protokollURL())
         protokolleListen();
 }
 
@@ -200,12 +206,15 @@ void Zustand::profileUebernehmen(const QList<Profil> &profile)
     if (profile == m_profile)
         return;
     m_profile = profile;
+    const auto vorher = m_aktiv;
     if (m_aktiv) {
         if (const auto stelle = nachId(m_profile, m_aktiv->id); stelle != m_profile.end())
             m_aktiv = *stelle;
         else
             m_profile << *m_aktiv;
     }
+    if (vorher != m_aktiv)
+        return profilFolgen(*vorher);
     Q_EMIT profileGeaendert();
 }
 

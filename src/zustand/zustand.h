@@ -252,6 +252,7 @@ private:
     struct Ladeausgang;
 
     void profileUebernehmen(const QList<Profil> &profile);
+    void profilFolgen(const Profil &vorher);
     void oeffnen(const Profil &profil);
     void geoeffnet(const QUuid &id, const Oeffnung &oeffnung);
     void analyseAnlegen();

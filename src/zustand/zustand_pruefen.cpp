@@ -1,5 +1,6 @@
 #include "einordnung.h"
 #include "hintergrund.h"
+#include "profilsicherung.h"
 #include "sprache.h"
 #include "text.h"
 #include "ziel.h"
@@ -80,6 +81,7 @@ QStringList Zustand::zielpfad() const
 
 void Zustand::aktualisieren()
 {
+    m_sicherung->nachlesen();
     if (!kannHandeln() || m_beschaeftigt || m_blickt)
         return;
     m_blickt = true;

@@ -376,6 +376,24 @@ private Q_SLOTS:
         QTRY_VERIFY(Profilspeicher::laden().first().kopieren);
     }
 
+    /** Another program has stored other settings: the next document goes where they say, and what is set here stays. */
+    void einstellungenEinesAnderenProgramms()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        Profil anders = m_b->profil;
+        anders.pfadVorlage = u"{jahr}/{zweig}"_s;
+        QVERIFY(Profilspeicher::sichern({anders}, {m_b->profil}).gelungen);
+        m_z->aktualisieren();
+        QTRY_COMPARE(m_z->zielpfad(), (QStringList{u"2023"_s, u"Haushalt"_s}));
+        m_z->aktualisieren(); // reads while the settings are changed here
+        m_z->kopierenSetzen(true);
+        m_z->aktualisieren();
+        QTRY_VERIFY(Profilspeicher::laden().first().kopieren);
+        QVERIFY(m_z->aktiv()->kopieren);
+        QCOMPARE(m_z->aktiv()->pfadVorlage, anders.pfadVorlage);
+    }
+
     void gesperrterKatalogHaeltNichtsAuf()
     {
         m_b->dokument(u"a.pdf"_s);
