@@ -57,8 +57,10 @@ void Hinweisfach::entfernen(Hinweisfeld *feld)
     feld->deleteLater();
 }
 
+/** The row begins where this widget stands in it; Qt puts nothing behind one that takes no focus. */
 void Hinweisfach::tabReihe()
 {
+    setFocusPolicy(Qt::TabFocus);
     QWidget *vorher = this;
     for (const Hinweisfeld *feld : std::as_const(m_felder)) {
         if (!feld->knopf())
@@ -66,6 +68,7 @@ void Hinweisfach::tabReihe()
         setTabOrder(vorher, feld->knopf());
         vorher = feld->knopf();
     }
+    setFocusPolicy(Qt::NoFocus);
 }
 
 Hinweisfeld *Hinweisfach::neues(const Pruefhinweis &hinweis)

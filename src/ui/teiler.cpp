@@ -23,8 +23,10 @@ constexpr int zugweg = 10; // pixels until a press becomes a drag
 QWidget *letzterIn(QWidget *teil)
 {
     QWidget *letzter = teil;
-    for (QWidget *w = teil->nextInFocusChain(); teil->isAncestorOf(w); w = w->nextInFocusChain())
-        letzter = w;
+    for (QWidget *w = teil->nextInFocusChain(); teil->isAncestorOf(w); w = w->nextInFocusChain()) {
+        if (w->focusPolicy() != Qt::NoFocus) // Qt puts nothing behind one that takes none
+            letzter = w;
+    }
     return letzter;
 }
 } // namespace

@@ -411,9 +411,11 @@ private Q_SLOTS:
         m_z->aktualisieren();
         QTRY_VERIFY(m_fenster->findChild<QAbstractButton *>(u"partnerZeigen"_s));
         QPoint vorher(0, 0);
+        insFeld("teilung");
         for (const char *feld : {"altenOrtBehalten", "partnerZeigen", "datum", "gegenueber", "titel", "zweig", "ablage",
                                  "jahr", "rubrik", "uebernehmen"}) {
-            insFeld(feld);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(feld));
             const QPoint hier = QApplication::focusWidget()->mapToGlobal(QPoint(0, 0));
             QVERIFY2(hier.y() > vorher.y() || (hier.y() == vorher.y() && hier.x() > vorher.x()), feld);
             vorher = hier;
