@@ -174,8 +174,9 @@ void Hauptfenster::closeEvent(QCloseEvent *ereignis)
     Einstellungen::setzen(schluesselOrt, saveGeometry());
     if (m_zustand->beschaeftigt() && !m_schliesst) {
         m_schliesst = true;
-        m_zustand->anhalten();
-        m_zustand->melden(Sprache::text(u"Schließt, sobald die laufende Bewegung fertig ist"_s), Zustand::Ton::ruhig);
+        const QString grund = Sprache::text(u"Schließt, sobald die laufende Bewegung fertig ist"_s);
+        m_zustand->anhalten(grund);
+        m_zustand->melden(grund, Zustand::Ton::ruhig);
         ereignis->ignore();
         return;
     }

@@ -290,6 +290,14 @@ void PruefAnsicht::modellGeprueft()
         m_zustand->melden(m_zustand->modellMeldung());
 }
 
+/** Returns how wide the sections are at least then. */
+int PruefAnsicht::teileSetzen(bool schmal)
+{
+    m_vorschlag->setzeDicht(m_dicht, schmal);
+    m_angaben->setzeDicht(m_dicht, schmal);
+    return std::max(m_vorschlag->minimumSizeHint().width(), m_angaben->minimumSizeHint().width());
+}
+
 /** Sections that do not fit in height with one note get by with less. */
 void PruefAnsicht::anordnen()
 {
@@ -300,10 +308,11 @@ void PruefAnsicht::anordnen()
         m_vorschlag->volleHoehe() + m_angaben->volleHoehe() + einHinweis + abstand(12) * 2 + abstand(10) * 3;
     m_dicht = bedarf > height() - m_aktionen->volleHoehe();
     const int breite = m_rollen->width();
-    m_vorschlag->setzeDicht(m_dicht, Stil::istSchmal(breite));
-    m_angaben->setzeDicht(m_dicht, Stil::istSchmal(breite));
-    m_aktionen->setzeDicht(m_dicht);
     const int rand = Stil::seitenrand(breite);
+    const int platz = breite - 2 * rand - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    if (Stil::istSchmal(breite) || teileSetzen(false) > platz)
+        teileSetzen(true);
+    m_aktionen->setzeDicht(m_dicht);
     m_rollen->widget()->layout()->setContentsMargins(rand, abstand(12), rand, abstand(12));
     tastenZeigen();
 }

@@ -45,6 +45,7 @@ private:
     void durchgangErbitten();
     void modellGeprueft();
     void anordnen();
+    int teileSetzen(bool schmal);
     void tastenZeigen();
     [[nodiscard]] bool imFeld() const;
     [[nodiscard]] bool ruht();

@@ -96,8 +96,8 @@ public:
     void zurueck();
     void zurueckgestellteVorlegen();
     void dublettenAusraeumen();
-    /** Stops a long deed, or the turning back of a session, after what is in hand. */
-    void anhalten();
+    /** Stops a long deed, or the turning back of a session, after what is in hand; meanwhile @p vorgang is told. */
+    void anhalten(const QString &vorgang = {});
     [[nodiscard]] bool beschaeftigt() const { return m_beschaeftigt || m_rueckbauLaeuft; }
     /** The document under review is being filed, skipped or set aside: changes to its fields would come too late. */
     [[nodiscard]] bool angabenFest() const { return m_angabenFest; }

@@ -229,10 +229,12 @@ void Zustand::dublettenAusraeumen()
             vorgang);
 }
 
-void Zustand::anhalten()
+void Zustand::anhalten(const QString &vorgang)
 {
     m_spaeter = {}; // nothing new begins
     m_halt.request_stop();
+    if (m_beschaeftigt && !vorgang.isEmpty())
+        vorgangSetzen(vorgang, 0);
 }
 
 void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorgang)

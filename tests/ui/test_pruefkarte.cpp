@@ -7,6 +7,7 @@
 #include "profilspeicher.h"
 #include "satz.h"
 #include "sprache.h"
+#include "stil.h"
 #include "umbruchtext.h"
 #include "zustand.h"
 
@@ -17,6 +18,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QSpinBox>
 #include <QTest>
 #include <QWheelEvent>
@@ -309,6 +311,17 @@ private Q_SLOTS:
         QCOMPARE(m_b->lesen(b).titel, u"Fertig"_s);
         tippen("titel", u"Weiter"_s);
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Weiter"_s);
+        // The window waits for what is in hand, says so, and begins nothing new.
+        dokument(u"d.pdf"_s);
+        m_b->sql(u"BEGIN IMMEDIATE"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(!m_fenster->close());
+        QCOMPARE(meldung(), u"Schließt, sobald die laufende Bewegung fertig ist …"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        m_b->sql(u"COMMIT"_s);
+        QTRY_VERIFY(!m_fenster->isVisible());
+        QCOMPARE(m_b->lesen(3).status, u"erledigt"_s);
+        QVERIFY(!m_z->beschaeftigt());
     }
 
     void schaltflaechen()
@@ -372,6 +385,38 @@ private Q_SLOTS:
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Es ist noch kein Zielordner gewählt"_s);
         m_z->setzeReiter(Reiter::pruefen);
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Der Modellserver ollama läuft nicht"_s);
+    }
+
+    void nichtsWirdAbgeschnitten_data()
+    {
+        QTest::addColumn<int>("punkte");
+        QTest::addColumn<QSize>("fenster");
+        for (const int punkte : {9, 14, 18}) {
+            for (const QSize &fenster : {QSize(1100, 700), QSize(1280, 860), QSize(1600, 1000)})
+                QTest::addRow("%d Punkt, %d", punkte, fenster.width()) << punkte << fenster;
+        }
+    }
+    void nichtsWirdAbgeschnitten()
+    {
+        QFETCH(int, punkte);
+        QFETCH(QSize, fenster);
+        const qint64 a =
+            dokument(u"a.pdf"_s, [](Dokument &d) { d.altOrdner = u"Haushalt/Jahresablage/2021/Wasser"_s; });
+        m_b->sql(u"UPDATE dokumente SET aehnlich_zu=id, konfidenz=1 WHERE id=?"_s, {a});
+        const auto vorher = qScopeGuard([groesse = Stil::schriftgroesse()] { Stil::setzeSchriftgroesse(groesse); });
+        Stil::setzeSchriftgroesse(Stil::groessteSchrift);
+        oeffnen();
+        Stil::setzeSchriftgroesse(punkte); // nothing keeps the size that it had
+        m_fenster->resize(fenster);
+        QTRY_COMPARE(m_fenster->size(), fenster);
+        QCoreApplication::processEvents();
+        const QWidget *seite = teil<QWidget>("hinweise")->parentWidget()->parentWidget();
+        for (const char *name : {"neuerName", "zielpfad", "konfidenz", "altenOrtBehalten", "partnerZeigen", "titel",
+                                 "zweig", "ablage", "jahr", "rubrik"}) {
+            const auto *stueck = teil<QWidget>(name);
+            QVERIFY2(stueck->mapTo(seite, QPoint(stueck->width(), 0)).x() <= seite->width(), name);
+        }
+        QVERIFY(teil<QComboBox>("rubrik")->height() <= 2 * QFontMetrics(teil<QComboBox>("rubrik")->font()).height());
     }
 
     void spracheImLaufenWechseln()
