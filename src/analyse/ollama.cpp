@@ -121,6 +121,18 @@ bool Ollama::erreichbar(const std::stop_token &ende) const
     }
 }
 
+std::optional<QString> Ollama::fassung(const std::stop_token &ende) const
+{
+    constexpr qsizetype hoechstens = 40;
+    try {
+        const Http::Antwort antwort = Http::senden(anfrage(m_basis, "/api/version", 4s, ende));
+        const QString text = QJsonDocument::fromJson(antwort.koerper).object().value("version"_L1).toString();
+        return text.simplified().left(hoechstens);
+    } catch (const Fehler &) {
+        return std::nullopt; // as above
+    }
+}
+
 QStringList Ollama::modelle(const std::stop_token &ende) const
 {
     try {

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <stop_token>
 
 /**
@@ -37,6 +38,8 @@ public:
 
     /** A server answers, whatever it says. */
     [[nodiscard]] bool erreichbar(const std::stop_token &ende = {}) const;
+    /** What the server says its version is, empty where it says none; no value when no server answers. */
+    [[nodiscard]] std::optional<QString> fassung(const std::stop_token &ende = {}) const;
     /** Names of the installed models in the server's order; empty on any failure. */
     [[nodiscard]] QStringList modelle(const std::stop_token &ende = {}) const;
 

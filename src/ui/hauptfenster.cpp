@@ -9,6 +9,7 @@
 #include "fusszeile.h"
 #include "infofenster.h"
 #include "kopfleiste.h"
+#include "laufnachricht.h"
 #include "protokollansicht.h"
 #include "pruefansicht.h"
 #include "reiter.h"
@@ -78,6 +79,7 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     connect(&m_takt, &QTimer::timeout, m_zustand, &Zustand::aktualisieren);
     m_takt.start(auffrischung);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Hauptfenster::updateMelden);
+    connect(new Laufnachricht(m_zustand, this), &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
     titelSetzen();
 }
 
@@ -117,6 +119,14 @@ void Hauptfenster::aufbauen()
         auto *taste = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(reiter))), inhalt);
         connect(taste, &QShortcut::activated, m_zustand, [this, reiter] { m_zustand->setzeReiter(reiter); });
     }
+}
+
+void Hauptfenster::nachVorn()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
 }
 
 void Hauptfenster::titelSetzen()

@@ -19,6 +19,8 @@ public:
      * others outlive the window. */
     Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QString &profil = {}, QWidget *eltern = nullptr);
     ~Hauptfenster() override;
+    /** Before all others, as far as the window manager allows. */
+    void nachVorn();
 
 protected:
     void showEvent(QShowEvent *ereignis) override;

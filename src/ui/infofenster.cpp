@@ -126,15 +126,22 @@ void Infofenster::aufbauen()
 {
     setWindowTitle(Sprache::text(u"Info zu Quillmar"_s));
     auto *inhalt = new QWidget(this);
-    auto *spalte = new QVBoxLayout(inhalt);
+    auto *aussen = new QVBoxLayout(inhalt);
+    auto *spalte = new QVBoxLayout;
     for (QWidget *teil : QList<QWidget *>{kopf(inhalt), updateteil(inhalt), ordner(inhalt), teile(inhalt)})
         spalte->addWidget(teil);
-    spalte->addStretch(1);
-    spalte->addWidget(fuss(inhalt));
-    Stil::folgen(inhalt, [inhalt, spalte] {
+    aussen->addLayout(spalte);
+    aussen->addStretch(1);
+    QWidget *unten = fuss(inhalt);
+    aussen->addWidget(unten);
+    Stil::folgen(inhalt, [inhalt, aussen, spalte, unten] {
         inhalt->setFixedWidth(abstand(breite));
-        spalte->setContentsMargins(abstand(24), abstand(20), abstand(24), abstand(16));
-        spalte->setSpacing(abstand(20));
+        aussen->setContentsMargins(0, abstand(20), 0, abstand(16));
+        spalte->setContentsMargins(abstand(24), 0, abstand(24), 0);
+        // The words of the flat button begin where everything else does.
+        unten->layout()->setContentsMargins(abstand(24) - abstand(9), 0, abstand(24), 0);
+        for (QVBoxLayout *reihe : {aussen, spalte})
+            reihe->setSpacing(abstand(20));
     });
     if (m_inhalt)
         m_inhalt->deleteLater();
@@ -253,18 +260,36 @@ QWidget *Infofenster::teile(QWidget *eltern)
     auto *raster = new QGridLayout;
     raster->setColumnStretch(0, 1);
     int reihe = 0;
+    QHash<QString, QLabel *> erfragte;
     for (const Bestandteil &teil : bestandteile()) {
+        auto *fassung = nebenschild(teil.helfer.isEmpty() ? teil.fassung : u"…"_s, traeger);
+        if (!teil.helfer.isEmpty()) {
+            fassung->setObjectName(u"fassung-"_s + teil.helfer);
+            erfragte.insert(teil.helfer, fassung);
+        }
         raster->addWidget(schild(teil.name, traeger), reihe, 0);
-        raster->addWidget(nebenschild(teil.fassung, traeger), reihe, 1);
+        raster->addWidget(fassung, reihe, 1);
         raster->addWidget(nebenschild(teil.lizenz, traeger), reihe, 2);
         ++reihe;
     }
     spalte->addLayout(raster);
+    fassungenLesen(traeger, erfragte);
     Stil::folgen(traeger, [raster] {
         raster->setHorizontalSpacing(abstand(20));
         raster->setVerticalSpacing(abstand(3));
     });
     return traeger;
+}
+
+/** The programs are started for it, so the window is there before them. */
+void Infofenster::fassungenLesen(QWidget *traeger, const QHash<QString, QLabel *> &schilder)
+{
+    imHintergrund(traeger, Diagnose::helfer, [schilder](const Ausgang<QList<Diagnose::Helfer>> &ausgang) {
+        for (const Diagnose::Helfer &einer : ausgang.wert.value_or(QList<Diagnose::Helfer>())) {
+            if (QLabel *schild = schilder.value(einer.name))
+                schild->setText(einer.fassung);
+        }
+    });
 }
 
 QWidget *Infofenster::fuss(QWidget *eltern)
@@ -276,8 +301,6 @@ QWidget *Infofenster::fuss(QWidget *eltern)
     auto *schliessen = new Knopf(u"schliessen"_s, Sprache::text(u"Schließen"_s), eltern);
     auto *traeger = zeile(eltern, {kopieren});
     static_cast<QHBoxLayout *>(traeger->layout())->addWidget(schliessen);
-    // The words of the flat button begin where everything else does.
-    Stil::folgen(traeger, [traeger] { traeger->layout()->setContentsMargins(-abstand(9), 0, 0, 0); });
     connect(kopieren, &QToolButton::clicked, this, [kopieren] { angabenKopieren(kopieren); });
     connect(schliessen, &QPushButton::clicked, this, &QDialog::close);
     return traeger;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QHash>
 
 class Aktualisierung;
 class Fenstersprache;
@@ -31,6 +32,7 @@ private:
     QWidget *fuss(QWidget *eltern);
     void ergebnisZeigen();
     static void angabenKopieren(Flachknopf *knopf);
+    static void fassungenLesen(QWidget *traeger, const QHash<QString, QLabel *> &schilder);
 
     Zustand *m_zustand;
     Aktualisierung *m_aktualisierung;

@@ -79,8 +79,5 @@ void QuillmarApp::nachVorn(const QString &profil)
         m_zustand->aktivieren(p->id);
     else if (!profil.isEmpty())
         m_zustand->melden(Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + profil);
-    m_fenster->setWindowState(m_fenster->windowState() & ~Qt::WindowMinimized);
-    m_fenster->show();
-    m_fenster->raise();
-    m_fenster->activateWindow();
+    m_fenster->nachVorn();
 }

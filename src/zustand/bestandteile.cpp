@@ -19,8 +19,14 @@ QList<Bestandteil> bestandteile()
          .fassung = QString::fromLatin1(OpenSSL_version(OPENSSL_VERSION_STRING)),
          .lizenz = u"Apache 2.0"_s},
         {.name = Sprache::text(u"Breeze, Symbole"_s), .fassung = {}, .lizenz = u"LGPL 3"_s},
-        {.name = Sprache::text(u"poppler-utils, als Programm"_s), .fassung = {}, .lizenz = u"GPL 2, GPL 3"_s},
-        {.name = Sprache::text(u"tesseract, als Programm"_s), .fassung = {}, .lizenz = u"Apache 2.0"_s},
-        {.name = Sprache::text(u"ollama, als Programm"_s), .fassung = {}, .lizenz = u"MIT"_s},
+        {.name = Sprache::text(u"poppler-utils, als Programm"_s),
+         .fassung = {},
+         .lizenz = u"GPL 2, GPL 3"_s,
+         .helfer = u"pdftotext"_s},
+        {.name = Sprache::text(u"tesseract, als Programm"_s),
+         .fassung = {},
+         .lizenz = u"Apache 2.0"_s,
+         .helfer = u"tesseract"_s},
+        {.name = Sprache::text(u"ollama, als Programm"_s), .fassung = {}, .lizenz = u"MIT"_s, .helfer = u"ollama"_s},
     };
 }

@@ -8,6 +8,7 @@ struct Bestandteil {
     QString name;
     QString fassung; ///< of what is in use now; empty where it is not known
     QString lizenz;
+    QString helfer = {}; ///< the program that tells the version, as Diagnose::helfer() names it
 };
 
 /** In the user's language. */

@@ -6,6 +6,7 @@
 #include "werkzeuge.h"
 
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSysInfo>
 #include <sqlite3.h>
 
@@ -15,7 +16,7 @@ namespace
 {
 constexpr int geduld = 3000; // ms for a tool that is asked for its version
 
-/** The first line that @p pfad says about itself; the tools write it to either channel. */
+/** The version that the program at @p pfad tells in its first line; the tools write it to either channel. */
 QString fassung(const QString &pfad, const QString &argument)
 {
     QProcess prozess;
@@ -26,33 +27,45 @@ QString fassung(const QString &pfad, const QString &argument)
         prozess.waitForFinished(geduld);
         return Sprache::text(u"antwortet nicht"_s);
     }
-    return QString::fromUtf8(prozess.readAll()).section(u'\n', 0, 0).trimmed();
+    static const QRegularExpression zahl(u"\\d+(\\.\\d+)+\\S*"_s);
+    const QString zeile = QString::fromUtf8(prozess.readAll()).section(u'\n', 0, 0).trimmed();
+    const auto treffer = zahl.match(zeile);
+    return treffer.hasMatch() ? treffer.captured() : zeile;
 }
 
-QString werkzeug(const QString &name, const QString &argument)
+Diagnose::Helfer werkzeug(const QString &name, const QString &argument)
 {
     const auto pfad = Werkzeuge::pfad(name);
-    return name + u": "_s +
-           (pfad ? fassung(*pfad, argument) + u" ("_s + *pfad + u')' : Sprache::text(u"nicht gefunden"_s));
+    if (!pfad)
+        return {.name = name, .fassung = Sprache::text(u"nicht gefunden"_s)};
+    return {.name = name, .fassung = fassung(*pfad, argument), .dazu = *pfad};
 }
 
-QString modellserver()
+Diagnose::Helfer modellserver()
 {
     const Ollama server;
-    if (!server.erreichbar())
-        return Sprache::text(u"Der Modellserver ollama läuft nicht"_s);
-    return gefuellt(Sprache::text(u"Modellserver: läuft, %@ Modelle"_s), {QString::number(server.modelle().size())});
+    const auto fassung = server.fassung();
+    if (!fassung)
+        return {.name = u"ollama"_s, .fassung = Sprache::text(u"läuft nicht"_s)};
+    return {.name = u"ollama"_s,
+            .fassung = fassung->isEmpty() ? Sprache::text(u"läuft"_s) : *fassung,
+            .dazu = gefuellt(Sprache::text(u"Modelle: %@"_s), {QString::number(server.modelle().size())})};
 }
 } // namespace
 
+QList<Diagnose::Helfer> Diagnose::helfer()
+{
+    return {werkzeug(u"pdftotext"_s, u"-v"_s), werkzeug(u"pdftoppm"_s, u"-v"_s),
+            werkzeug(u"tesseract"_s, u"--version"_s), modellserver()};
+}
+
 QStringList Diagnose::zeilen()
 {
-    return {QStringLiteral("Quillmar ") + QStringLiteral(QUILLMAR_FASSUNG),
-            u"Qt "_s + QString::fromLatin1(qVersion()),
-            u"SQLite "_s + QString::fromLatin1(sqlite3_libversion()),
-            QSysInfo::prettyProductName() + u", "_s + QSysInfo::currentCpuArchitecture(),
-            werkzeug(u"pdftotext"_s, u"-v"_s),
-            werkzeug(u"pdftoppm"_s, u"-v"_s),
-            werkzeug(u"tesseract"_s, u"--version"_s),
-            modellserver()};
+    QStringList zeilen = {QStringLiteral("Quillmar ") + QStringLiteral(QUILLMAR_FASSUNG),
+                          u"Qt "_s + QString::fromLatin1(qVersion()),
+                          u"SQLite "_s + QString::fromLatin1(sqlite3_libversion()),
+                          QSysInfo::prettyProductName() + u", "_s + QSysInfo::currentCpuArchitecture()};
+    for (const Helfer &einer : helfer())
+        zeilen << einer.name + u' ' + einer.fassung + (einer.dazu.isEmpty() ? QString() : u" ("_s + einer.dazu + u')');
+    return zeilen;
 }

@@ -14,6 +14,14 @@ struct Stufenbild {
     bool operator==(const Stufenbild &) const = default;
 };
 
+/** What a run came to. */
+struct Laufende {
+    std::chrono::milliseconds dauer{};
+    bool abgeschlossen = false; ///< it was not stopped
+    qint64 bereit = 0;          ///< documents that wait for review
+    qint64 gescheitert = 0;     ///< documents without a proposal
+};
+
 /** Makes a picture of the whole run out of what the run publishes step by step. */
 class Laufbild
 {

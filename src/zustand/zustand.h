@@ -129,6 +129,8 @@ public:
     void durchgangStarten(Durchgang art = Durchgang::ganz);
     void durchgangAnhalten();
     [[nodiscard]] const Laufbild &laufbild() const { return m_laufbild; }
+    /** What the last run came to. */
+    [[nodiscard]] const Laufende &laufende() const { return m_laufende; }
     /** What the runs left to look after; read anew by nacharbeitLesen(). */
     [[nodiscard]] const Nacharbeit &nacharbeit() const { return m_nacharbeit; }
     void nacharbeitLesen();
@@ -230,7 +232,7 @@ Q_SIGNALS:
     void beschaeftigtGeaendert();
     void vorgangGeaendert();
     void laufGeaendert();
-    void laufBeendet();
+    void laufBeendet(); ///< and what it came to is known
     void nacharbeitGeaendert();
     void gelerntGeaendert();
     void gelerntGelesen(); ///< the lists of what was learned
@@ -258,6 +260,7 @@ private:
     void analyseAnlegen();
     void analyseAbloesen();
     void laufFertig();
+    void laufendeLesen(Laufende ende);
 
     [[nodiscard]] std::optional<qint64> dokumentId() const
     {
@@ -294,6 +297,7 @@ private:
     std::unique_ptr<Analyse> m_analyse;
     std::vector<std::unique_ptr<Analyse>> m_auslaufende; ///< runs of former profiles that finish their document
     Laufbild m_laufbild;
+    Laufende m_laufende;
     Nacharbeit m_nacharbeit;
     bool m_liestNacharbeit = false;
     Profilsicherung *m_sicherung;

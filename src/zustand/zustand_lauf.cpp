@@ -21,13 +21,31 @@ void Zustand::analyseAnlegen()
 
 void Zustand::laufFertig()
 {
-    m_laufbild.enden(!m_analyse->abbrechenGewuenscht() && m_analyse->anteil() >= 1, steady_clock::now());
+    const bool abgeschlossen = !m_analyse->abbrechenGewuenscht() && m_analyse->anteil() >= 1;
+    m_laufbild.enden(abgeschlossen, steady_clock::now());
     if (!m_analyse->hinweise().isEmpty())
         melden(m_analyse->hinweise().join(u", "_s));
     aktualisieren();
     nacharbeitLesen();
     Q_EMIT laufGeaendert();
-    Q_EMIT laufBeendet();
+    laufendeLesen({.dauer = m_laufbild.dauer(steady_clock::now()), .abgeschlossen = abgeschlossen});
+}
+
+void Zustand::laufendeLesen(Laufende ende)
+{
+    imHintergrund(
+        this,
+        [db = m_db, ende]() mutable {
+            ende.bereit = Zaehlwerk::zaehlen(*db).bereit;
+            ende.gescheitert = Nacharbeit::lesen(*db).gescheiterte.size();
+            return ende;
+        },
+        [this, nummer = m_oeffnung](const Ausgang<Laufende> &ausgang) {
+            if (nummer != m_oeffnung || !ausgang.wert)
+                return;
+            m_laufende = *ausgang.wert;
+            Q_EMIT laufBeendet();
+        });
 }
 
 /** A run of the former profile finishes the document in hand; nobody waits for it. */

@@ -340,6 +340,11 @@ private Q_SLOTS:
         QVERIFY(!teil<QAbstractButton>("protokolleOeffnen")->isEnabled()); // it is not there yet
         klicken("angabenKopieren");
         QTRY_VERIFY(QApplication::clipboard()->text().contains(u"Qt "_s + QString::fromLatin1(qVersion())));
+        QTRY_VERIFY(teil<QLabel>("fassung-pdftotext")->text() != u"…"_s);
+        const QString angaben = QApplication::clipboard()->text();
+        QVERIFY2(angaben.contains(u"\npdftotext "_s + teil<QLabel>("fassung-pdftotext")->text()), qPrintable(angaben));
+        QVERIFY(teil<QLabel>("fassung-tesseract")->text().contains(u'.'));
+        QCOMPARE(teil<QLabel>("fassung-ollama")->text(), u"läuft nicht"_s);
         QVERIFY(!teil<QCheckBox>("beimStartPruefen")->isChecked());
         teil<QCheckBox>("beimStartPruefen")->click();
         QVERIFY(Aktualisierung::beimStartPruefen());
