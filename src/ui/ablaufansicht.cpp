@@ -86,19 +86,19 @@ QWidget *AblaufAnsicht::kopf()
     m_anhalten = new Knopf(u"durchgangAnhalten"_s, {}, traeger, Knopf::Hoehe::Haupt);
     m_anhalten->setText(Sprache::text(u"Anhalten"_s));
     m_anhalten->setIcon(Zeichen::icon(u"stop"_s));
-    auto *worte = new QVBoxLayout;
-    worte->addWidget(m_titel);
-    worte->addWidget(m_unterzeile);
-    auto *reihe = new QHBoxLayout(traeger);
-    reihe->setContentsMargins(0, 0, 0, 0);
-    reihe->addLayout(worte, 1);
+    auto *reihe = new QHBoxLayout;
+    reihe->addWidget(m_titel, 1);
     for (QWidget *teil : QList<QWidget *>{m_anhalten, m_pruefen, m_starten})
-        reihe->addWidget(teil, 0, Qt::AlignTop);
+        reihe->addWidget(teil);
+    auto *spalte = new QVBoxLayout(traeger);
+    spalte->setContentsMargins(0, 0, 0, 0);
+    spalte->addLayout(reihe);
+    spalte->addWidget(m_unterzeile);
     Stil::schriftFolgt(m_titel, Schrift::Seitentitel);
     Stil::nebentext(m_unterzeile);
-    Stil::folgen(traeger, [reihe, worte] {
+    Stil::folgen(traeger, [reihe, spalte] {
         reihe->setSpacing(abstand(8));
-        worte->setSpacing(abstand(2));
+        spalte->setSpacing(abstand(4));
     });
     return traeger;
 }

@@ -47,7 +47,8 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
                                         "Zurückgestellt: von dir übersprungen. In Analyse: noch nicht gelesen."_s);
     m_zaehler->setToolTip(hilfe);
     m_zaehler->setAccessibleDescription(hilfe);
-    connect(m_zustand, &Zustand::zaehlwerkGeaendert, this, &Fusszeile::zaehlenZeigen);
+    for (const auto signal : {&Zustand::zaehlwerkGeaendert, &Zustand::aktivGeaendert})
+        connect(m_zustand, signal, this, &Fusszeile::zaehlenZeigen);
     for (const auto signal : {&Zustand::laufGeaendert, &Zustand::modellGeaendert, &Zustand::vorgangGeaendert,
                               &Zustand::oeffnetGeaendert, &Zustand::aktivGeaendert, &Zustand::rueckbauGeaendert})
         connect(m_zustand, signal, this, &Fusszeile::lageZeigen);
@@ -67,6 +68,7 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
 
 void Fusszeile::zaehlenZeigen()
 {
+    m_zaehler->setVisible(m_zustand->aktiv().has_value());
     const Zaehlwerk &z = m_zustand->zaehlwerk();
     m_zaehler->setText(gefuellt(Sprache::text(u"%@ einsortiert · %@ offen · %@ zurückgestellt · %@ in Analyse"_s),
                                 {QString::number(z.erledigt), QString::number(z.bereit),

@@ -13,6 +13,9 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
+
 private:
     Hoehe m_hoehe;
 };

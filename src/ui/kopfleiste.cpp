@@ -117,7 +117,9 @@ void Kopfleiste::aktivZeigen()
 {
     const auto &aktiv = m_zustand->aktiv();
     m_profil->setCurrentIndex(aktiv ? m_profil->findData(aktiv->id) : -1);
-    m_profil->setVisible(!m_zustand->profile().isEmpty());
+    // Where there is none, the setup card has the one button for the first profile.
+    for (QWidget *teil : QList<QWidget *>{m_profil, m_neu})
+        teil->setVisible(!m_zustand->profile().isEmpty());
     m_art->setVisible(aktiv.has_value());
     if (aktiv)
         m_art->setzeRechts(aktiv->kopieren);
@@ -162,7 +164,8 @@ int Kopfleiste::breiteBei(int stufe)
     stufeSetzen(stufe);
     const int rechts =
         (m_art->isVisibleTo(this) ? m_art->sizeHint().width() + abstand(4) : 0) + m_menue->sizeHint().width();
-    return profilbreite(stufe) + m_neu->sizeHint().width() + reiterbreite() + rechts + abstand(12) * 2 + abstand(8) * 3;
+    const int neu = m_neu->isVisibleTo(this) ? m_neu->sizeHint().width() : 0;
+    return profilbreite(stufe) + neu + reiterbreite() + rechts + abstand(12) * 2 + abstand(8) * 3;
 }
 
 void Kopfleiste::setzen(QWidget *teil, int x, int breite) const

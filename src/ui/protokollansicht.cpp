@@ -192,7 +192,7 @@ void ProtokollAnsicht::anordnen()
     m_erklaerung->setVisible(!dicht);
     const int rand = Stil::seitenrand(m_sitzung->width());
     m_sitzung->layout()->setContentsMargins(rand, abstand(12), rand / 2, 0);
-    m_sitzungen->setzeFuss(m_rueckbau->height(), m_rueckbau->knopfmitte());
+    m_sitzungen->setzeFuss(m_rueckbau->height(), m_rueckbau->knopfoben(), m_rueckbau->gestapelt());
 }
 
 bool ProtokollAnsicht::eventFilter(QObject *objekt, QEvent *ereignis)

@@ -127,7 +127,14 @@ void Rueckbaufeld::setzeDicht(bool dicht)
     zeigen();
 }
 
-int Rueckbaufeld::knopfmitte() const { return m_stapel->geometry().center().y(); }
+bool Rueckbaufeld::gestapelt() const { return m_reihen.first()->direction() == QBoxLayout::TopToBottom; }
+
+/** By reckoning: while the question is on show the buttons are not laid out. */
+int Rueckbaufeld::knopfoben() const
+{
+    const QRect flaeche = m_stapel->geometry();
+    return flaeche.top() + (gestapelt() ? 0 : (flaeche.height() - knopfhoehe()) / 2);
+}
 
 QWidget *Rueckbaufeld::frageseite()
 {

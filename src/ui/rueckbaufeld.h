@@ -21,8 +21,10 @@ public:
     explicit Rueckbaufeld(Zustand *zustand, QWidget *eltern = nullptr);
     /** With little height the explanation becomes a tool tip. */
     void setzeDicht(bool dicht);
-    /** Middle of the row of buttons. */
-    [[nodiscard]] int knopfmitte() const;
+    /** Upper edge of the first button. */
+    [[nodiscard]] int knopfoben() const;
+    /** There is no room for the buttons side by side. */
+    [[nodiscard]] bool gestapelt() const;
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;

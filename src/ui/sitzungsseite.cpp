@@ -135,9 +135,13 @@ QWidget *Sitzungsseite::fuss()
     auto *auffrischen = new Flachknopf(u"protokolleAuffrischen"_s, u"reload"_s, Sprache::text(u"Liste auffrischen"_s),
                                        Sprache::text(u"Liest den Protokollordner noch einmal ein"_s), this);
     m_fussknoepfe = {oeffnen, auffrischen};
-    for (Flachknopf *knopf : std::as_const(m_fussknoepfe))
+    m_fuss = new QWidget(this);
+    m_fussreihe = new QBoxLayout(QBoxLayout::LeftToRight, m_fuss);
+    for (Flachknopf *knopf : std::as_const(m_fussknoepfe)) {
         knopf->setzeHoch();
-    m_fuss = zeile(this, {oeffnen, auffrischen});
+        m_fussreihe->addWidget(knopf, 0, Qt::AlignLeft | Qt::AlignTop);
+    }
+    m_fussreihe->addStretch(1);
     connect(oeffnen, &QToolButton::clicked, m_zustand, &Zustand::protokollDateiWaehlen);
     connect(auffrischen, &QToolButton::clicked, this, &Sitzungsseite::auffrischen);
     return m_fuss;
@@ -262,27 +266,30 @@ void Sitzungsseite::zurAuswahl()
         ziel->fokusNehmen();
 }
 
-void Sitzungsseite::setzeFuss(int hoehe, int mitte)
+void Sitzungsseite::setzeFuss(int hoehe, int oben, bool gestapelt)
 {
     m_fuss->setFixedHeight(hoehe);
-    m_fussmitte = mitte;
+    m_fussoben = oben;
+    m_fussGestapelt = gestapelt;
     fussEinpassen();
     update();
 }
 
-/** Narrower than their row, the buttons drop their words. */
+/** Narrower than their row, the buttons stand below each other as those beside do, else they drop their words. */
 void Sitzungsseite::fussEinpassen()
 {
     const int rand = Stil::seitenrand(width());
-    const int versatz = 2 * m_fussmitte - m_fuss->height();
-    m_fuss->layout()->setContentsMargins(rand - abstand(9), std::max(0, versatz), rand, std::max(0, -versatz));
+    m_fussreihe->setContentsMargins(rand - abstand(9), m_fussoben, rand, 0);
     int breite = 2 * rand;
     for (Flachknopf *knopf : std::as_const(m_fussknoepfe)) {
         knopf->setzeMitText(true);
         breite += knopf->sizeHint().width() + abstand(10);
     }
     for (Flachknopf *knopf : std::as_const(m_fussknoepfe))
-        knopf->setzeMitText(breite <= width());
+        knopf->setzeMitText(breite <= width() || m_fussGestapelt);
+    const bool stapeln = breite > width() && m_fussGestapelt;
+    m_fussreihe->setDirection(stapeln ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_fussreihe->setSpacing(stapeln ? abstand(4) : abstand(10));
 }
 
 void Sitzungsseite::resizeEvent(QResizeEvent *)

@@ -6,6 +6,7 @@
 
 class Flachknopf;
 class Protokollordner;
+class QBoxLayout;
 class QLabel;
 class QVBoxLayout;
 class Sitzungszeile;
@@ -23,8 +24,9 @@ public:
     void auffrischen();
     /** Gives the focus to the chosen session, else to the newest. */
     void zurAuswahl();
-    /** The area with the two buttons is as tall as the one on the other side, its row at @p mitte. */
-    void setzeFuss(int hoehe, int mitte);
+    /** The area with the two buttons is as tall as the one on the other side; its buttons begin at @p oben, @p
+     * gestapelt below each other where there is no room beside. */
+    void setzeFuss(int hoehe, int oben, bool gestapelt);
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
@@ -57,7 +59,9 @@ private:
     QList<Sitzungszeile *> m_zeilen;
     Flachknopf *m_mehr = nullptr;
     QWidget *m_fuss = nullptr;
+    QBoxLayout *m_fussreihe = nullptr;
     QList<Flachknopf *> m_fussknoepfe;
-    int m_fussmitte = 0;
+    int m_fussoben = 0;
+    bool m_fussGestapelt = false;
     int m_gezeigte;
 };

@@ -82,6 +82,7 @@ void Sitzungszeile::bildZeigen(const Sitzungsbild &bild, bool laufend)
     m_titel->setzeText(bild.beginn.isValid() ? zeitpunkt(bild.beginn) : nameVon(m_datei));
     m_unterzeile->setzeText(unterzeile(bild, laufend));
     knoepfeBenennen();
+    einpassen();
 }
 
 /** Read aloud, each of them says which session it means. */
@@ -109,6 +110,22 @@ void Sitzungszeile::setzeGewaehlt(bool gewaehlt)
                                                 : Stil::nebenfarbe(palette()));
     update();
 }
+
+/** What a session is comes before the word on the button. */
+void Sitzungszeile::einpassen()
+{
+    const int worte = std::max(m_titel->sizeHint().width(), m_unterzeile->sizeHint().width());
+    m_ansehen->setIcon({});
+    m_ansehen->setzeMitText(true);
+    const int breite = m_marke->sizeHint().width() + worte + m_ansehen->sizeHint().width() +
+                       m_finden->sizeHint().width() + 3 * abstand(8) + 2 * abstand(6);
+    if (breite <= width())
+        return;
+    m_ansehen->setIcon(Zeichen::icon(u"doc.text.magnifyingglass"_s));
+    m_ansehen->setzeMitText(false);
+}
+
+void Sitzungszeile::resizeEvent(QResizeEvent *) { einpassen(); }
 
 void Sitzungszeile::fokusNehmen() { m_ansehen->setFocus(); }
 

@@ -27,10 +27,12 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
     void mouseReleaseEvent(QMouseEvent *ereignis) override;
 
 private:
     void knoepfeBenennen();
+    void einpassen();
 
     QString m_datei;
     bool m_gewaehlt = false;
