@@ -2,18 +2,14 @@
 
 #include "analyse.h"
 #include "beispielprofil.h"
-#include "datenbank.h"
-#include "fenstersprache.h"
-#include "hauptfenster.h"
+#include "fensterbuehne.h"
 #include "kommando.h"
 #include "messung.h"
 #include "modellserver.h"
-#include "pfade.h"
 #include "probe.h"
 #include "profilspeicher.h"
 #include "protokollbuch.h"
 #include "pruefansicht.h"
-#include "stapel.h"
 #include "umbruchtext.h"
 #include "vorschau.h"
 #include "zustand.h"
@@ -25,9 +21,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QScrollBar>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
 #include <algorithm>
 #include <future>
 #include <stdexcept>
@@ -35,14 +28,11 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace Fensterbuehne;
 
 namespace
 {
-constexpr int alle = 100'000;
-constexpr int wartende = 20'000;
 constexpr int eingaben = 100;
-constexpr int blick = 700; // ms that somebody who is quick looks at a page
-constexpr int laengstens = 20'000;
 constexpr int analysierte = 200;
 
 struct Ziffern {
@@ -55,87 +45,6 @@ Ziffern ziffern(QList<double> werte)
     std::sort(werte.begin(), werte.end());
     return {.mitte = werte.at(werte.size() / 2), .schlimmste = werte.last()};
 }
-
-double millisekunden(const QElapsedTimer &uhr) { return double(uhr.nsecsElapsed()) / 1e6; }
-
-void bis(const std::function<bool()> &fertig)
-{
-    QElapsedTimer uhr;
-    uhr.start();
-    while (!fertig()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 5);
-        if (uhr.elapsed() > laengstens)
-            throw std::runtime_error("the window does not answer");
-    }
-}
-
-void warten(int dauer)
-{
-    bool vorbei = false;
-    QTimer::singleShot(dauer, [&] { vorbei = true; });
-    bis([&] { return vorbei; });
-}
-
-/** A home of its own with one profile; the catalogue is filled before the window opens it. */
-class Heim
-{
-public:
-    Heim()
-    {
-        qputenv("XDG_DATA_HOME", m_ordner.filePath(u"daten"_s).toUtf8());
-        qputenv("XDG_CONFIG_HOME", m_ordner.filePath(u"einstellungen"_s).toUtf8());
-        qputenv("OLLAMA_HOST", "127.0.0.1:9");
-        profil.quelle = m_ordner.filePath(u"Scans"_s);
-        profil.zielWurzel = m_ordner.filePath(u"Ablage"_s);
-        profil.zweige = {
-            {.name = u"Privat"_s, .ablagen = {{.name = u"Post"_s, .mitJahr = false, .rubriken = {u"Briefe"_s}}}}};
-        QDir().mkpath(profil.quelle);
-        QDir().mkpath(profil.zielWurzel);
-    }
-
-    void sichern() const { Profilspeicher::sichern({profil}, Profilspeicher::laden()); }
-
-    void belegen(const QStringList &ersteWartende) const
-    {
-        Datenbank db(Profilspeicher::katalogDatei(profil));
-        const QStringList namen = Probe::namen(2000);
-        Stapel stapel(db);
-        for (int i = 1; i <= alle; ++i) {
-            const int stelle = i - (alle - wartende) - 1;
-            const QString pfad = ersteWartende.value(stelle, profil.quelle + u"/%1.pdf"_s.arg(i));
-            stapel.schreiben(
-                u"INSERT INTO dokumente (id, pfad, dateiname, alt_ordner, status, hat_textebene, datum, gegenueber,\n"
-                "titel, zweig, ablage, rubrik, jahr, konfidenz)\n"
-                "VALUES (?,?,?,'',?,1,'2024-05-17',?,?,'Privat','Post','Briefe','2024',0.9)"_s,
-                {i, pfad, nameVon(pfad), stelle >= 0 ? u"bereit"_s : u"erledigt"_s, namen.at(i % namen.size()),
-                 u"Brief %1"_s.arg(i)});
-        }
-        stapel.abschliessen();
-    }
-
-    Profil profil;
-
-private:
-    QTemporaryDir m_ordner;
-};
-
-/** The window as the program opens it. */
-struct Fenster {
-    Zustand zustand;
-    Fenstersprache sprache;
-    Hauptfenster fenster{&zustand, &sprache};
-
-    explicit Fenster()
-    {
-        fenster.resize(1280, 860);
-        fenster.show();
-        bis([&] { return zustand.offen() && zustand.bereitschaft(); });
-        if (zustand.aktuelles())
-            bis([] { return QApplication::focusWidget() != nullptr; });
-    }
-    [[nodiscard]] Vorschau *vorschau() const { return fenster.findChild<PruefAnsicht *>()->vorschau(); }
-    static void druecken(Qt::Key taste) { QTest::keyClick(QApplication::focusWidget(), taste); }
-};
 
 /** The demonstration server in a thread of its own: its work is not the window's. */
 class Servierer
@@ -286,20 +195,11 @@ void Fensterreihen::schleife()
     Probe::textPdfs(heim.profil.quelle, analysierte);
     const Servierer server;
     Fenster f;
-    QTimer ticker;
-    QElapsedTimer uhr;
-    double laengste = 0;
-    QObject::connect(&ticker, &QTimer::timeout, [&] {
-        laengste = std::max(laengste, millisekunden(uhr));
-        uhr.restart();
-    });
-    ticker.setTimerType(Qt::PreciseTimer);
-    ticker.start(1);
-    uhr.start();
+    Schleifenwache wache;
     f.zustand.durchgangStarten();
     while (f.zustand.analyse()->laeuft())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    Messung::drucken("longest block of the loop, 200 documents", laengste, "ms", 50);
+    Messung::drucken("longest block of the loop, 200 documents", wache.laengste(), "ms", 50);
 }
 
 void Fensterreihen::protokollkarte()
@@ -315,25 +215,19 @@ void Fensterreihen::protokollkarte()
     f.zustand.setzeReiter(Reiter::protokoll);
     warten(blick);
     auto *liste = f.fenster.findChild<QListView *>(u"bewegungen"_s);
-    QTimer ticker;
-    QElapsedTimer uhr;
-    double laengste = 0;
-    QObject::connect(&ticker, &QTimer::timeout, [&] {
-        laengste = std::max(laengste, millisekunden(uhr));
-        uhr.restart();
-    });
-    ticker.setTimerType(Qt::PreciseTimer);
-    ticker.start(1);
-    uhr.start();
+    Schleifenwache wache;
     f.zustand.protokollWaehlen(log);
     bis([&] { return liste->model()->rowCount() == alle; });
+    warten(blick);
+    Messung::drucken("log of 100,000: opening, longest block", wache.laengste(), "ms", 50);
     for (int n = 0; n <= 100; ++n) {
         liste->verticalScrollBar()->setValue(liste->verticalScrollBar()->maximum() / 100 * n);
         warten(16);
     }
+    Messung::drucken("log of 100,000: scrolling, longest block", wache.laengste(), "ms", 50);
     f.zustand.protokollWaehlen(std::nullopt);
     warten(blick);
-    Messung::drucken("log card, 100,000 movements, longest block", laengste, "ms", 50);
+    Messung::drucken("log of 100,000: closing, longest block", wache.laengste(), "ms", 50);
 }
 
 int Fensterreihen::startVoll() { return startMessen(); }

@@ -7,6 +7,7 @@ void eingabe();
 void taste();
 void schleife();
 void protokollkarte();
+void einrichtungskarte();
 void fensterstart();
 /** The child processes of fensterstart(): end as soon as the window can be used. */
 int startVoll();

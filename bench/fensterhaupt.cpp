@@ -12,11 +12,12 @@ struct Reihe {
     void (*messen)();
 };
 
-constexpr std::array<Reihe, 5> reihen = {{
+constexpr std::array<Reihe, 6> reihen = {{
     {"eingabe", Fensterreihen::eingabe},
     {"taste", Fensterreihen::taste},
     {"schleife", Fensterreihen::schleife},
     {"protokollkarte", Fensterreihen::protokollkarte},
+    {"einrichtungskarte", Fensterreihen::einrichtungskarte},
     {"fensterstart", Fensterreihen::fensterstart},
 }};
 } // namespace

@@ -1,9 +1,11 @@
 #include "analyse.h"
 #include "archiv.h"
 #include "beispielprofil.h"
+#include "bremse.h"
 #include "buehnenbild.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
+#include "kaestchenstil.h"
 #include "modellserver.h"
 #include "profilspeicher.h"
 #include "sprache.h"
@@ -23,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int laengstens = 10'000; // ms
+constexpr int laengstens = 30'000; // ms
 constexpr int stille = 400;        // ms without anything that still moves
 
 void gesperrt(QPalette &p, const QColor &farbe)
@@ -80,16 +82,23 @@ bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, Fenstersprache &sprach
     ruhe();
     auto *anderes = bild.fenster.isEmpty() ? nullptr : fenster.findChild<QDialog *>(bild.fenster);
     QWidget &ziel = anderes ? static_cast<QWidget &>(*anderes) : fenster;
-    return ziel.grab().save(ordner + u'/' + bild.name + u".png"_s);
+    return ziel.grab().save(ordner + u'/' + bild.name + u".png"_s, "PNG", 0);
 }
 
+/** Before the pictures that show what an analysis has found. */
 void analysieren(Zustand &zustand)
 {
+    if (zustand.laufbild().gelaufen() && !zustand.analyse()->laeuft())
+        return;
+    bremse().loslassen();
     zustand.durchgangStarten();
     while (zustand.analyse()->laeuft())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
+Bremse *vorDemServer = nullptr;
 } // namespace
+
+Bremse &bremse() { return *vorDemServer; }
 
 void laufenBis(const std::function<bool()> &fertig)
 {
@@ -109,12 +118,13 @@ void ruhe()
 /** quillmar-bilder ORDNER [NAME...]: takes the pictures of the handbook with the sample archive. */
 int main(int anzahl, char **argumente)
 {
-    QTemporaryDir heim;
+    const QTemporaryDir heim(QDir::tempPath() + u"/anna-XXXXXX"_s); // its path is to be seen in some pictures
     qputenv("HOME", heim.path().toUtf8());
     qputenv("XDG_DATA_HOME", heim.filePath(u"daten"_s).toUtf8());
     qputenv("XDG_CONFIG_HOME", heim.filePath(u"einstellungen"_s).toUtf8());
     const QApplication programm(anzahl, argumente);
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    Kaestchenstil::anwenden();
     QApplication::setFont(QFont(u"Noto Sans"_s, 10));
     QIcon::setThemeName(u"breeze"_s);
     const QStringList wuensche = QCoreApplication::arguments().mid(2);
@@ -124,7 +134,11 @@ int main(int anzahl, char **argumente)
     vorfuehrung::Modellserver server(vorfuehrung::modellDerVorfuehrung());
     if (!server.lauschen(0))
         return 1;
-    qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+    Bremse bremse(server.port());
+    vorDemServer = &bremse;
+    if (!bremse.listen(QHostAddress::LocalHost))
+        return 1;
+    qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(bremse.serverPort()));
     Fenstersprache sprache;
     Zustand zustand;
     zustand.beginnen();
@@ -132,10 +146,13 @@ int main(int anzahl, char **argumente)
     Profil profil = *zustand.aktiv();
     profil.zweige = Profil::struktureinlesen(profil.zielWurzel, 2);
     zustand.profilAendern(profil);
-    analysieren(zustand);
+    bool analysiert = false;
     for (const Buehnenbild &bild : buehnenbilder()) {
-        const bool gewuenscht = wuensche.isEmpty() || wuensche.contains(bild.name);
-        if (gewuenscht && !aufnehmen(bild, zustand, sprache, QCoreApplication::arguments().value(1))) {
+        if (!wuensche.isEmpty() && !wuensche.contains(bild.name))
+            continue;
+        if (!bild.unanalysiert && !std::exchange(analysiert, true))
+            analysieren(zustand);
+        if (!aufnehmen(bild, zustand, sprache, QCoreApplication::arguments().value(1))) {
             std::fprintf(stderr, "%s: not saved\n", qPrintable(bild.name));
             return 1;
         }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 
+class Bremse;
 class Hauptfenster;
 class Zustand;
 
@@ -15,13 +16,16 @@ struct Buehnenbild {
     double punkte = 10;
     bool dunkel = false;
     QString sprache = QStringLiteral("de");
-    QString fenster = {}; ///< name of the other window that is taken instead
+    QString fenster = {};      ///< name of the other window that is taken instead
+    bool unanalysiert = false; ///< before the documents have been analysed
 };
 
 /** All pictures, in an order in which each one's state leads to the next. */
 [[nodiscard]] QList<Buehnenbild> buehnenbilder();
 
-/** Lets the event loop run until @p fertig, at most ten seconds. */
+/** What stands between the program and its model server. */
+[[nodiscard]] Bremse &bremse();
+/** Lets the event loop run until @p fertig, at most half a minute. */
 void laufenBis(const std::function<bool()> &fertig);
 /** Lets it run until nothing is on its way any more: previews, looks into the catalogue. */
 void ruhe();

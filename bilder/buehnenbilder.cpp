@@ -1,6 +1,8 @@
 #include "buehnenbild.h"
 
+#include "bremse.h"
 #include "hauptfenster.h"
+#include "programmordner.h"
 #include "zustand.h"
 
 #include <QAbstractButton>
@@ -32,9 +34,58 @@ void uebernehmen(Zustand &zustand)
 
 void pruefen(Zustand &zustand, Hauptfenster &) { aufsuchen(zustand, u"trom"_s); }
 
+/** The model server runs or not, and the program has noticed. */
+void serverDa(Zustand &zustand, bool da)
+{
+    qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(da ? bremse().serverPort() : 9));
+    zustand.modellPruefen();
+    laufenBis([&] {
+        const Modellstand::Art art = zustand.modellstand().art;
+        return art != Modellstand::Art::unbekannt && (art == Modellstand::Art::serverFehlt) != da;
+    });
+}
+
+void druecken(const Hauptfenster &fenster, const QString &name)
+{
+    for (auto *knopf : fenster.findChildren<QAbstractButton *>(name)) {
+        if (knopf->isVisible())
+            return knopf->click();
+    }
+}
+
+void ablauf(Zustand &zustand, Hauptfenster &)
+{
+    zustand.setzeReiter(Reiter::ablauf);
+    serverDa(zustand, true);
+}
+
+/** A start that finds no model server. */
+void startfrage(Zustand &zustand, Hauptfenster &fenster)
+{
+    zustand.setzeReiter(Reiter::ablauf);
+    serverDa(zustand, false);
+    ruhe();
+    druecken(fenster, u"durchgangStarten"_s);
+    laufenBis([&] { return zustand.modellstand().art == Modellstand::Art::serverFehlt; });
+}
+
+/** A run that has come to the model and stays there. */
+void laufend(Zustand &zustand, Hauptfenster &fenster)
+{
+    constexpr int beantwortet = 17;
+    ablauf(zustand, fenster);
+    if (bremse().gehalten() > 0)
+        return;
+    bremse().halten(beantwortet);
+    zustand.durchgangStarten();
+    laufenBis([&] { return bremse().gehalten() > 0; });
+    zustand.aktualisieren();
+}
+
 std::function<void(Zustand &, Hauptfenster &)> abschnitt(Abschnitt welcher)
 {
     return [welcher](Zustand &zustand, Hauptfenster &) {
+        serverDa(zustand, true);
         zustand.setzeReiter(Reiter::einrichtung);
         zustand.setzeAbschnitt(welcher);
         laufenBis([&] { return zustand.einrichtung().programme && zustand.einrichtung().quelle; });
@@ -55,6 +106,63 @@ void strukturWechsel(Zustand &zustand, Hauptfenster &fenster)
     zustand.profilAendern(vorher);
     zustand.strukturEinlesen();
     abschnitt(Abschnitt::ziel)(zustand, fenster);
+}
+
+/** A model that is not there yet comes slowly. */
+void modellKommt(Zustand &zustand, Hauptfenster &fenster)
+{
+    abschnitt(Abschnitt::modell)(zustand, fenster);
+    if (!zustand.modellstand().laedtModell.isEmpty())
+        return;
+    Profil profil = *zustand.aktiv();
+    profil.modell = u"qwen3:4b"_s;
+    zustand.profilAendern(profil);
+    laufenBis([&] { return zustand.modellstand().art == Modellstand::Art::modellFehlt; });
+    zustand.modellLaden();
+    laufenBis([&] { return zustand.modellstand().geladen > 0; });
+}
+
+/** Nothing is where it should be. */
+void maengel(Zustand &zustand, Abschnitt welcher)
+{
+    zustand.modellLadenAbbrechen();
+    laufenBis([&] { return zustand.modellstand().laedtModell.isEmpty(); });
+    Profil profil = *zustand.aktiv();
+    profil.ocrSprache = u"fra"_s;
+    profil.pfadVorlage = u"{zweig}/{monat}"_s;
+    profil.namensVorlage = u"{datum} {gegenueber"_s;
+    profil.eigeneNamen.clear();
+    if (!profil.zielWurzel.endsWith(u"/alt"_s))
+        profil.zielWurzel += u"/alt"_s;
+    zustand.profilAendern(profil);
+    zustand.setzeReiter(Reiter::einrichtung);
+    zustand.setzeAbschnitt(welcher);
+    serverDa(zustand, false);
+    zustand.einrichtungPruefen();
+}
+
+/** The same section as it looks to others: dark and large, English and small. */
+QList<Buehnenbild> varianten(const QString &name, const std::function<void(Zustand &, Hauptfenster &)> &vorher,
+                             bool unanalysiert = false)
+{
+    return {{.name = name, .vorher = vorher, .unanalysiert = unanalysiert},
+            {.name = name + u"-dunkel-schrift18"_s,
+             .vorher = vorher,
+             .groesse = klein,
+             .punkte = 18,
+             .dunkel = true,
+             .unanalysiert = unanalysiert},
+            {.name = name + u"-englisch-schrift9"_s,
+             .vorher = vorher,
+             .groesse = klein,
+             .punkte = 9,
+             .sprache = u"en"_s,
+             .unanalysiert = unanalysiert},
+            {.name = name + u"-dunkel-englisch"_s,
+             .vorher = vorher,
+             .dunkel = true,
+             .sprache = u"en"_s,
+             .unanalysiert = unanalysiert}};
 }
 
 /** A document with all the notes that can stand together. */
@@ -89,8 +197,41 @@ void protokollfrage(Zustand &zustand, Hauptfenster &fenster)
 {
     protokoll(zustand, fenster);
     ruhe();
-    if (auto *knopf = fenster.findChild<QAbstractButton *>(u"sitzungZurueckdrehen"_s))
-        knopf->click();
+    druecken(fenster, u"sitzungZurueckdrehen"_s);
+}
+
+/** A long session of files that are elsewhere by now; taking it back lasts a while all the same. */
+void rueckbau(Zustand &zustand, Hauptfenster &)
+{
+    constexpr int viele = 60'000;
+    QFile datei(programmOrdner() + u"/Protokoll 2026-11-02 192014.jsonl"_s);
+    if (zustand.rueckbauLaeuft() || !datei.open(QIODevice::WriteOnly))
+        return;
+    const Profil &profil = *zustand.aktiv();
+    datei.write(Protokollkopf::fuer(profil).json() + '\n');
+    for (int n = 0; n < viele; ++n)
+        datei.write(Protokollzeile{.zeit = u"2026-11-02T18:20:14Z"_s,
+                                   .aktion = u"einsortiert"_s,
+                                   .dokument = 0,
+                                   .von = profil.quelle + u"/Scan_%1.pdf"_s.arg(n),
+                                   .nach = profil.zielWurzel + u"/Privat/Stammdaten/Brief %1.pdf"_s.arg(n),
+                                   .altStatus = u"bereit"_s,
+                                   .kopiert = false}
+                        .json() +
+                    '\n');
+    datei.close();
+    zustand.setzeReiter(Reiter::protokoll);
+    zustand.protokollWaehlen(datei.fileName());
+    laufenBis([&] { return zustand.protokollZeilen().size() == viele; });
+    zustand.protokollZurueckdrehen();
+    laufenBis([&] { return zustand.rueckbauAnteil() > 0.2 || !zustand.rueckbauLaeuft(); });
+}
+
+/** Back to the state in which the profile was shown at first. */
+void genesen(Zustand &zustand)
+{
+    zustand.anhalten();
+    laufenBis([&] { return !zustand.beschaeftigt(); });
 }
 
 void info(Zustand &, Hauptfenster &fenster)
@@ -98,14 +239,71 @@ void info(Zustand &, Hauptfenster &fenster)
     if (auto *eintrag = fenster.findChild<QAction *>(u"info"_s))
         eintrag->trigger();
 }
-} // namespace
+void allesZuruecklegen(Zustand &zustand, Hauptfenster &)
+{
+    zustand.setzeReiter(Reiter::pruefen);
+    for (int n = 0; n < 100 && zustand.aktuelles(); ++n) {
+        zustand.zuruecklegen();
+        laufenBis([&] { return !zustand.beschaeftigt(); });
+    }
+}
 
-QList<Buehnenbild> buehnenbilder()
+void ausnahme(Zustand &zustand, Hauptfenster &fenster)
+{
+    if (!zustand.aktiv()->ausnahmen.contains(u"Fotos"_s))
+        Q_UNUSED(zustand.ausnahmeAufnehmen(u"Fotos"_s));
+    abschnitt(Abschnitt::herkunft)(zustand, fenster);
+}
+
+void monatImOrdner(Zustand &zustand, Hauptfenster &fenster)
+{
+    Profil profil = *zustand.aktiv();
+    profil.pfadVorlage = u"{zweig}/{ablage}/{jahr}/{rubrik}/{monat}"_s;
+    zustand.profilAendern(profil);
+    abschnitt(Abschnitt::namen)(zustand, fenster);
+}
+
+/** As it was before monatImOrdner(). */
+void eigentuemer(Zustand &zustand, Hauptfenster &fenster)
+{
+    Profil profil = *zustand.aktiv();
+    profil.pfadVorlage = u"{zweig}/{ablage}/{jahr}/{rubrik}"_s;
+    zustand.profilAendern(profil);
+    abschnitt(Abschnitt::eigentuemer)(zustand, fenster);
+}
+
+/** Something to be learned: a name corrected, and some documents taken over. */
+void gelernt(Zustand &zustand, Hauptfenster &fenster)
+{
+    if (zustand.zaehlwerk().erledigt < 4) {
+        aufsuchen(zustand, u"trom"_s);
+        zustand.feldSetzen(Feld::Gegenueber, u"Elbtal Energie"_s);
+        uebernehmen(zustand);
+        for (int n = 0; n < 3; ++n)
+            uebernehmen(zustand);
+    }
+    abschnitt(Abschnitt::gelernt)(zustand, fenster);
+}
+
+void erststart(Zustand &zustand, Hauptfenster &)
+{
+    genesen(zustand);
+    zustand.setzeReiter(Reiter::einrichtung);
+    if (zustand.aktiv())
+        zustand.profilEntfernen(zustand.aktiv()->id);
+}
+
+void neuesProfil(Zustand &zustand, Hauptfenster &)
+{
+    if (!zustand.aktiv())
+        zustand.neuesProfil();
+    zustand.setzeAbschnitt(Abschnitt::herkunft);
+    laufenBis([&] { return zustand.offen() && zustand.einrichtung().programme; });
+}
+
+QList<Buehnenbild> pruefbilder()
 {
     return {
-        {.name = u"ablauf"_s, .vorher = [](Zustand &zustand, Hauptfenster &) { zustand.setzeReiter(Reiter::ablauf); }},
-        {.name = u"ablauf-dunkel"_s, .dunkel = true},
-        {.name = u"ablauf-schrift18"_s, .groesse = klein, .punkte = 18},
         {.name = u"pruefen"_s,
          .vorher =
              [](Zustand &zustand, Hauptfenster &fenster) {
@@ -128,70 +326,62 @@ QList<Buehnenbild> buehnenbilder()
                  }
                  zustand.setzePartnerZeigen(true);
              }},
-        {.name = u"einrichtung-programme"_s, .vorher = abschnitt(Abschnitt::programme)},
-        {.name = u"einrichtung-herkunft"_s,
-         .vorher =
-             [](Zustand &zustand, Hauptfenster &fenster) {
-                 Q_UNUSED(zustand.ausnahmeAufnehmen(u"Fotos"_s));
-                 abschnitt(Abschnitt::herkunft)(zustand, fenster);
-             }},
-        {.name = u"einrichtung"_s, .vorher = strukturWechsel},
-        {.name = u"einrichtung-namen"_s,
-         .vorher =
-             [](Zustand &zustand, Hauptfenster &fenster) {
-                 Profil profil = *zustand.aktiv();
-                 profil.pfadVorlage += u"/{monat}"_s;
-                 zustand.profilAendern(profil);
-                 abschnitt(Abschnitt::namen)(zustand, fenster);
-             }},
-        {.name = u"einrichtung-eigentuemer"_s, .vorher = abschnitt(Abschnitt::eigentuemer)},
-        {.name = u"einrichtung-modell"_s, .vorher = abschnitt(Abschnitt::modell)},
-        {.name = u"einrichtung-gelernt"_s, .vorher = abschnitt(Abschnitt::gelernt)},
-        {.name = u"einrichtung-sprache"_s, .vorher = abschnitt(Abschnitt::oberflaeche)},
-        {.name = u"einrichtung-dunkel"_s, .vorher = abschnitt(Abschnitt::modell), .dunkel = true},
-        {.name = u"einrichtung-klein-englisch"_s,
-         .vorher = abschnitt(Abschnitt::namen),
-         .groesse = klein,
-         .punkte = 11,
-         .sprache = u"en"_s},
-        {.name = u"einrichtung-schrift18"_s,
-         .vorher = abschnitt(Abschnitt::namen),
-         .groesse = klein,
-         .punkte = 18,
-         .dunkel = true},
-        {.name = u"einrichtung-schrift9"_s, .vorher = abschnitt(Abschnitt::ziel), .punkte = 9},
-        {.name = u"pruefen-leer"_s,
-         .vorher =
-             [](Zustand &zustand, Hauptfenster &) {
-                 for (int n = 0; n < 100 && zustand.aktuelles(); ++n) {
-                     zustand.zuruecklegen();
-                     laufenBis([&] { return !zustand.beschaeftigt(); });
-                 }
-             }},
-        {.name = u"protokoll"_s, .vorher = protokoll},
-        {.name = u"protokoll-dunkel"_s, .vorher = protokoll, .dunkel = true},
-        {.name = u"protokoll-schrift18"_s, .vorher = protokoll, .groesse = klein, .punkte = 18},
-        {.name = u"protokoll-englisch"_s, .vorher = protokoll, .groesse = klein, .punkte = 9, .sprache = u"en"_s},
-        {.name = u"protokoll-frage"_s, .vorher = protokollfrage, .dunkel = true},
-        {.name = u"info"_s, .vorher = info, .fenster = u"info"_s},
-        {.name = u"info-dunkel-englisch"_s,
-         .vorher = info,
-         .punkte = 13,
-         .dunkel = true,
-         .sprache = u"en"_s,
-         .fenster = u"info"_s},
-        {.name = u"erststart"_s,
-         .vorher =
-             [](Zustand &zustand, Hauptfenster &) {
-                 zustand.setzeReiter(Reiter::einrichtung);
-                 zustand.profilEntfernen(zustand.aktiv()->id);
-             }},
-        {.name = u"einrichtung-neu"_s,
-         .vorher =
-             [](Zustand &zustand, Hauptfenster &) {
-                 zustand.neuesProfil();
-                 zustand.setzeAbschnitt(Abschnitt::herkunft);
-                 laufenBis([&] { return zustand.offen() && zustand.einrichtung().programme; });
-             }},
     };
+}
+
+QList<Buehnenbild> einrichtungsbilder()
+{
+    QList<Buehnenbild> alle = varianten(u"einrichtung-programme"_s, abschnitt(Abschnitt::programme));
+    alle += varianten(u"einrichtung-herkunft"_s, ausnahme);
+    alle += varianten(u"einrichtung"_s, strukturWechsel);
+    alle += varianten(u"einrichtung-namen"_s, monatImOrdner);
+    alle += varianten(u"einrichtung-eigentuemer"_s, eigentuemer);
+    alle += varianten(u"einrichtung-modell"_s, abschnitt(Abschnitt::modell));
+    alle += varianten(u"einrichtung-gelernt"_s, gelernt);
+    alle += varianten(u"einrichtung-sprache"_s, abschnitt(Abschnitt::oberflaeche));
+    return alle;
+}
+
+QList<Buehnenbild> infobilder()
+{
+    QList<Buehnenbild> alle = varianten(u"info"_s, info);
+    for (Buehnenbild &bild : alle)
+        bild.fenster = u"info"_s;
+    return alle;
+}
+
+/** The profile is spoilt from here on. */
+QList<Buehnenbild> maengelbilder()
+{
+    QList<Buehnenbild> alle = varianten(u"einrichtung-laden"_s, modellKommt);
+    const QList<QPair<QString, Abschnitt>> welche = {{u"programme"_s, Abschnitt::programme},
+                                                     {u"ziel"_s, Abschnitt::ziel},
+                                                     {u"namen"_s, Abschnitt::namen},
+                                                     {u"modell"_s, Abschnitt::modell}};
+    for (const auto &[name, abschnitt] : welche)
+        alle += varianten(u"maengel-"_s + name, [abschnitt](Zustand &zustand, Hauptfenster &) {
+            genesen(zustand);
+            maengel(zustand, abschnitt);
+        });
+    return alle;
+}
+} // namespace
+
+QList<Buehnenbild> buehnenbilder()
+{
+    QList<Buehnenbild> alle = varianten(u"ablauf-bereit"_s, ablauf, true);
+    alle += varianten(u"ablauf-frage"_s, startfrage, true);
+    alle += varianten(u"ablauf-laeuft"_s, laufend, true);
+    alle += varianten(u"ablauf"_s, ablauf);
+    alle += pruefbilder();
+    alle += einrichtungsbilder();
+    alle += QList<Buehnenbild>{{.name = u"pruefen-leer"_s, .vorher = allesZuruecklegen}};
+    alle += varianten(u"protokoll"_s, protokoll);
+    alle += varianten(u"protokoll-frage"_s, protokollfrage);
+    alle += varianten(u"protokoll-rueckbau"_s, rueckbau);
+    alle += infobilder();
+    alle += maengelbilder();
+    alle += varianten(u"erststart"_s, erststart);
+    alle += varianten(u"einrichtung-neu"_s, neuesProfil);
+    return alle;
 }

@@ -87,7 +87,7 @@ void stufen(Lauf &lauf, bool nurLesen)
 Laufstand durchgang(Lauf &lauf, bool erneut, bool nurLesen)
 {
     const auto angehalten = [](const QString &grund) {
-        return Laufstand{.stufe = Sprache::text(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
+        return Laufstand{.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
     };
     try {
         if (lauf.db().nurLesen())
@@ -106,7 +106,7 @@ Laufstand durchgang(Lauf &lauf, bool erneut, bool nurLesen)
     }
     if (lauf.sollHalten())
         return angehalten({});
-    return {.stufe = Sprache::text(u"Analyse abgeschlossen"_s), .meldung = {}, .restzeit = {}, .anteil = 1};
+    return {.stufe = QUILLMAR_TEXT(u"Analyse abgeschlossen"_s), .meldung = {}, .restzeit = {}, .anteil = 1};
 }
 } // namespace
 
@@ -126,6 +126,8 @@ Analyse::~Analyse()
     if (!m_verbindung->ende.wait_for(sperre, laengstesWarten, [this] { return m_verbindung->fertig; }))
         m_faden.detach();
 }
+
+QString Analyse::stufe() const { return Sprache::text(/* QUILLMAR_TEXT */ m_stand.stufe); }
 
 bool Analyse::abbrechenGewuenscht() const { return m_verbindung && m_verbindung->abbrechen; }
 

@@ -35,7 +35,10 @@ public:
 
     [[nodiscard]] bool laeuft() const { return m_laeuft; }
     [[nodiscard]] bool abbrechenGewuenscht() const;
-    [[nodiscard]] const QString &stufe() const { return m_stand.stufe; }
+    /** The stage, for the user: in the language of now, while messages stay as they were published. */
+    [[nodiscard]] QString stufe() const;
+    /** Its German name, whatever the language. */
+    [[nodiscard]] const QString &stufenname() const { return m_stand.stufe; }
     [[nodiscard]] const QString &meldung() const { return m_stand.meldung; }
     [[nodiscard]] double anteil() const { return m_stand.anteil; }
     [[nodiscard]] const QString &restzeit() const { return m_stand.restzeit; }

@@ -217,7 +217,7 @@ Bestand::Ergebnis Bestand::suchen(const Profil &profil, const QSet<QString> &eig
 
 void Bestand::verzeichnen(Lauf &lauf)
 {
-    lauf.stufe(Sprache::text(u"Bestand aufnehmen"_s));
+    lauf.stufe(QUILLMAR_TEXT(u"Bestand aufnehmen"_s));
     if (lauf.profil().quelle.isEmpty() || !istOrdner(QDir::cleanPath(lauf.profil().quelle)))
         throw Fehler(
             gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {lauf.profil().quelle}));
@@ -237,7 +237,7 @@ void Bestand::aufnehmen(Lauf &lauf)
     verzeichnen(lauf);
     if (lauf.sollHalten())
         return;
-    lauf.stufe(Sprache::text(u"Gleiche Dateien suchen"_s));
+    lauf.stufe(QUILLMAR_TEXT(u"Gleiche Dateien suchen"_s));
     pruefsummenBilden(lauf);
     if (lauf.sollHalten())
         return;

@@ -179,7 +179,7 @@ std::optional<QString> nachfragen(const Gegenpruefung &pruefung, const QString &
 
 void Einordner::einordnen(Lauf &lauf)
 {
-    lauf.stufe(Sprache::text(u"Dokumente einordnen"_s));
+    lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
     const QList<Zeile> offene = lauf.db().abfragen(
         u"SELECT id FROM dokumente WHERE status='neu' AND vorschlag IS NULL AND ausgenommen=0 ORDER BY id"_s);
     const Werkbank bank(lauf);

@@ -13,7 +13,7 @@ class Datenbank;
 
 /** What a run publishes about itself. */
 struct Laufstand {
-    QString stufe;
+    QString stufe; ///< its German name: a run may outlast the choice of a language
     QString meldung;
     QString restzeit;
     double anteil = 0; ///< of the current stage, 0 to 1
@@ -39,6 +39,7 @@ public:
     /** The program ends: also the document in hand is given up, and stays open for the next run. */
     [[nodiscard]] const std::stop_token &ende() const { return m_ende; }
 
+    /** @p name in German. */
     void stufe(const QString &name);
     void meldung(const QString &text);
     /** Publishes @p text and how far the stage is. */

@@ -150,12 +150,12 @@ qsizetype aehnlicheVerbinden(Datenbank &db)
 
 void Textleser::textLesen(Lauf &lauf)
 {
-    lauf.stufe(Sprache::text(u"Text lesen"_s));
+    lauf.stufe(QUILLMAR_TEXT(u"Text lesen"_s));
     Bilderordner::verwaisteEntfernen();
     alleLesen(lauf);
     if (lauf.sollHalten())
         return;
-    lauf.stufe(Sprache::text(u"Ähnliche Dokumente suchen"_s));
+    lauf.stufe(QUILLMAR_TEXT(u"Ähnliche Dokumente suchen"_s));
     const qsizetype textgleiche = textgleicheMarkieren(lauf.db());
     const qsizetype paare = aehnlicheVerbinden(lauf.db());
     lauf.fortschritt(gefuellt(Sprache::text(u"%@ textgleiche Dubletten, %@ ähnliche Paare"_s),

@@ -91,7 +91,7 @@ void Zweitmeinung::einholen(Lauf &lauf)
 {
     if (lauf.profil().modellGross.isEmpty())
         return;
-    lauf.stufe(Sprache::text(u"Strittige Fälle nachprüfen"_s));
+    lauf.stufe(QUILLMAR_TEXT(u"Strittige Fälle nachprüfen"_s));
     const QList<Zeile> offene = lauf.db().abfragen(
         u"SELECT id FROM dokumente WHERE status='bereit' AND (zweitmeinung IS NULL OR zweitmeinung=0)\n"
         "AND (ort_quelle='umsortierung' OR konfidenz < 0.75)\n"

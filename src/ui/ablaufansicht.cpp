@@ -270,6 +270,7 @@ void AblaufAnsicht::stufenZeigen()
 {
     QList<Stufenbild> stufen = m_zustand->laufbild().stufen();
     for (int n = 0; n < stufen.size(); ++n) {
+        stufen[n].name = Sprache::text(/* QUILLMAR_TEXT */ stufen.at(n).name);
         if (stufen.at(n).meldung.isEmpty())
             stufen[n].meldung = stufenvorschau(n, *m_zustand->aktiv());
     }

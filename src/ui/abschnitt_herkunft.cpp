@@ -53,8 +53,8 @@ private:
         QWidget *zeile = nullptr;
         QLineEdit *quelle =
             ordnerfeld(u"quelle"_s, &Profil::quelle, Sprache::text(u"Herkunftsordner mit den Scans wählen"_s), &zeile);
-        reihe(Sprache::text(u"Herkunftsordner"_s), Sprache::text(u"Der Ordner, in dem die gescannten PDF liegen."_s),
-              quelle, zeile);
+        reihe(alsBeschriftung(Sprache::text(u"Herkunftsordner"_s)),
+              Sprache::text(u"Der Ordner, in dem die gescannten PDF liegen."_s), quelle, zeile);
         m_fund = marktext();
         m_fund->setObjectName(u"quelle-stand"_s);
         darunter(m_fund);

@@ -61,7 +61,8 @@ private:
         QWidget *zeile = nullptr;
         QLineEdit *wurzel = ordnerfeld(u"zielWurzel"_s, &Profil::zielWurzel,
                                        Sprache::text(u"Zielordner wählen, in dem deine Ablage liegt"_s), &zeile);
-        reihe(Sprache::text(u"Zielordner"_s), Sprache::text(u"Der oberste Ordner deiner Ablage."_s), wurzel, zeile);
+        reihe(alsBeschriftung(Sprache::text(u"Zielordner"_s)), Sprache::text(u"Der oberste Ordner deiner Ablage."_s),
+              wurzel, zeile);
         m_wurzelstand = marktext();
         m_wurzelstand->setObjectName(u"zielWurzel-stand"_s);
         darunter(m_wurzelstand);
@@ -88,7 +89,9 @@ private:
                                  Sprache::text(u"Am alten Platz bleibt nichts."_s), waagrecht, false);
         m_kopieren = artknopf(u"betriebsart-kopieren"_s, Sprache::text(u"Kopieren"_s),
                               Sprache::text(u"Die Originale bleiben unberührt liegen."_s), waagrecht, true);
+        Stil::folgen(zeile, [waagrecht] { waagrecht->setSpacing(abstand(16)); });
         waagrecht->addStretch(1);
+        kippen(waagrecht);
         const QString name = m_verschieben->accessibleName();
         reihe(Sprache::text(u"Betriebsart"_s), {}, m_verschieben, zeile);
         m_verschieben->setAccessibleName(name);
@@ -105,9 +108,14 @@ private:
         schild->setTextFormat(Qt::PlainText);
         Stil::nebentext(schild);
         schild->setMinimumWidth(1); // cut off rather than widening the window
-        zeile->addWidget(knopf);
-        zeile->addWidget(schild);
-        zeile->addSpacing(16);
+        auto *paar = new QHBoxLayout;
+        paar->addWidget(knopf);
+        paar->addWidget(schild, 1);
+        zeile->addLayout(paar);
+        Stil::folgen(knopf, [knopf, paar] {
+            knopf->setMinimumHeight(abstand(30));
+            paar->setSpacing(abstand(8));
+        });
         connect(knopf, &QRadioButton::clicked, this, [this, kopieren] { zustand()->kopierenSetzen(kopieren); });
         return knopf;
     }

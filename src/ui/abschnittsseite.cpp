@@ -1,6 +1,7 @@
 #include "abschnittsseite.h"
 
 #include "flachknopf.h"
+#include "knopf.h"
 #include "marktext.h"
 #include "radsperre.h"
 #include "sprache.h"
@@ -35,12 +36,14 @@ QWidget *nebeneinander(QWidget *eltern, QWidget *links, QWidget *rechts, int str
     auto *traeger = new QWidget(eltern);
     auto *reihe = new QHBoxLayout(traeger);
     reihe->setContentsMargins(0, 0, 0, 0);
-    reihe->addWidget(links, streckungLinks);
+    reihe->addWidget(links, streckungLinks, streckungLinks > 0 ? Qt::Alignment() : Qt::AlignLeft);
     reihe->addWidget(rechts, streckungLinks > 0 ? 0 : 1);
     Stil::folgen(traeger, [reihe] { reihe->setSpacing(abstand(8)); });
     return traeger;
 }
 } // namespace
+
+QString alsBeschriftung(const QString &text) { return text.left(1).toUpper() + text.mid(1); }
 
 int abschnittsrand() { return std::min(abstand(24), groessterRand); }
 
@@ -121,27 +124,61 @@ void Abschnittsseite::reihe(const QString &beschriftung, const QString &hilfe, Q
     schild->setTextFormat(Qt::PlainText);
     schild->setBuddy(eingabe);
     schild->setToolTip(hilfe);
-    schild->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    const bool istText = qobject_cast<QLabel *>(eingabe) || qobject_cast<Marktext *>(eingabe);
-    const auto ausrichten = [schild, eingabe, istText = istText && !teil, this] {
-        Stil::setzeTextfarbe(schild, Stil::nebenfarbe(palette()));
-        // On the line of the text beside it.
-        const int hoehe = schild->fontMetrics().height();
-        const int versatz =
-            istText ? eingabe->fontMetrics().ascent() - schild->fontMetrics().ascent() : (abstand(30) - hoehe) / 2;
-        schild->setContentsMargins(0, std::max(0, versatz), 0, 0);
-    };
-    Stil::folgen(schild, ausrichten);
     eingabe->setAccessibleName(beschriftung);
     eingabe->setAccessibleDescription(hilfe);
     eingabe->setToolTip(hilfe);
     radsperre(eingabe);
-    m_schilder << schild;
-    m_raster->addWidget(schild, m_zeile, 0, Qt::AlignTop);
-    m_raster->addWidget(teil ? teil : eingabe, m_zeile++, 1);
+    const bool istText = !teil && (qobject_cast<QLabel *>(eingabe) || qobject_cast<Marktext *>(eingabe));
+    const Reihe neue{
+        .schild = schild, .teil = teil ? teil : eingabe, .text = istText ? eingabe : nullptr, .zeile = m_zeile};
+    m_reihen << neue;
+    m_zeile += 2;
+    legen(neue);
+    Stil::folgen(schild, [this, neue] { ausrichten(neue); });
 }
 
-void Abschnittsseite::darunter(QWidget *teil) { m_raster->addWidget(teil, m_zeile++, 1); }
+/** The label on the line of what stands beside it. */
+void Abschnittsseite::ausrichten(const Reihe &reihe) const
+{
+    const QFontMetrics mass = reihe.schild->fontMetrics();
+    const int versatz =
+        reihe.text ? reihe.text->fontMetrics().ascent() - mass.ascent() : (abstand(30) - mass.height()) / 2;
+    Stil::setzeTextfarbe(reihe.schild, Stil::nebenfarbe(palette()));
+    reihe.schild->setContentsMargins(0, m_eng ? 0 : std::max(0, versatz), 0, 0);
+}
+
+void Abschnittsseite::darunter(QWidget *teil)
+{
+    m_reihen << Reihe{.schild = nullptr, .teil = teil, .text = nullptr, .zeile = m_zeile};
+    m_zeile += 2;
+    legen(m_reihen.last());
+}
+
+void Abschnittsseite::legen(const Reihe &reihe)
+{
+    m_raster->removeWidget(reihe.teil);
+    m_raster->addWidget(reihe.teil, reihe.zeile + 1, m_eng ? 0 : 1, 1, m_eng ? 2 : 1);
+    if (!reihe.schild)
+        return;
+    m_raster->removeWidget(reihe.schild);
+    reihe.schild->setAlignment((m_eng ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignTop);
+    m_raster->addWidget(reihe.schild, reihe.zeile + (m_eng ? 0 : 1), 0, 1, m_eng ? 2 : 1, Qt::AlignTop);
+}
+
+void Abschnittsseite::setzeEng(bool eng)
+{
+    if (eng == m_eng)
+        return;
+    m_eng = eng;
+    for (const Reihe &reihe : std::as_const(m_reihen)) {
+        legen(reihe);
+        if (reihe.schild)
+            ausrichten(reihe);
+    }
+    for (QBoxLayout *reihe : std::as_const(m_kippende))
+        reihe->setDirection(eng ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    setzeBeschriftungsbreite(m_breite);
+}
 
 void Abschnittsseite::ueberAlles(QWidget *teil, int streckung)
 {
@@ -164,12 +201,18 @@ void Abschnittsseite::abschliessen() { m_raster->setRowStretch(m_zeile, 1); }
 int Abschnittsseite::beschriftungsbreite() const
 {
     int breite = 0;
-    for (const QLabel *schild : m_schilder)
-        breite = std::max(breite, schild->fontMetrics().horizontalAdvance(schild->text()) + 2);
+    for (const Reihe &reihe : m_reihen) {
+        if (reihe.schild)
+            breite = std::max(breite, reihe.schild->fontMetrics().horizontalAdvance(reihe.schild->text()) + 2);
+    }
     return breite;
 }
 
-void Abschnittsseite::setzeBeschriftungsbreite(int breite) { m_raster->setColumnMinimumWidth(0, breite); }
+void Abschnittsseite::setzeBeschriftungsbreite(int breite)
+{
+    m_breite = breite;
+    m_raster->setColumnMinimumWidth(0, m_eng ? 0 : breite);
+}
 
 QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
                                      const std::function<QString(const QString &)> &mangel, Marktext *beschwerde,
@@ -225,18 +268,11 @@ QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*fel
 QPushButton *Abschnittsseite::knopf(const QString &name, const QString &text, const QString &hilfe,
                                     const QString &symbol)
 {
-    auto *k = new QPushButton(text, this);
-    k->setObjectName(name);
+    auto *k = new Knopf(name, text, this);
     k->setToolTip(hilfe);
     k->setAccessibleDescription(hilfe);
     if (!symbol.isEmpty())
         k->setIcon(Zeichen::icon(symbol));
-    Stil::folgen(k, [k] {
-        k->setIconSize({Stil::zeichengroesse(), Stil::zeichengroesse()});
-        k->setMinimumHeight(abstand(30));
-        const int zeichen = k->icon().isNull() ? 0 : Stil::zeichengroesse() + abstand(4);
-        k->setMinimumWidth(k->fontMetrics().horizontalAdvance(k->text()) + zeichen + abstand(26));
-    });
     return k;
 }
 
@@ -261,5 +297,7 @@ QWidget *Abschnittsseite::daneben(QWidget *feld, int zeichen, QWidget *text)
         feld->setMinimumHeight(abstand(30));
         feld->setFixedWidth(feld->fontMetrics().averageCharWidth() * zeichen + abstand(24));
     });
-    return nebeneinander(this, feld, text, 0);
+    QWidget *zeile = nebeneinander(this, feld, text, 0);
+    kippen(static_cast<QBoxLayout *>(zeile->layout()));
+    return zeile;
 }

@@ -8,6 +8,7 @@
 
 class Flachknopf;
 class Marktext;
+class QBoxLayout;
 class QComboBox;
 class QGridLayout;
 class QLabel;
@@ -24,6 +25,8 @@ public:
     /** Widest label, and the width that the column of labels has in all sections. */
     [[nodiscard]] int beschriftungsbreite() const;
     void setzeBeschriftungsbreite(int breite);
+    /** With little room for the font, labels stand above what they name and explanations below it. */
+    void setzeEng(bool eng);
     /** What stands beside the button that goes on; empty for nothing. */
     [[nodiscard]] virtual QString fussnote() const { return {}; }
 
@@ -62,14 +65,30 @@ protected:
     void luecke();
     /** A field of @p zeichen characters and what stands beside it. */
     QWidget *daneben(QWidget *feld, int zeichen, QWidget *text);
+    /** What stands side by side in @p reihe goes below each other where there is little room. */
+    void kippen(QBoxLayout *reihe) { m_kippende << reihe; }
 
 private:
+    struct Reihe {
+        QLabel *schild; ///< null for a row without
+        QWidget *teil;
+        QWidget *text; ///< the part itself where it is text alone
+        int zeile;     ///< of the label where it stands above; the part is in the next one
+    };
+    void legen(const Reihe &reihe);
+    void ausrichten(const Reihe &reihe) const;
+
     Zustand *m_zustand;
     QGridLayout *m_raster;
-    QList<QLabel *> m_schilder;
+    QList<Reihe> m_reihen;
+    QList<QBoxLayout *> m_kippende;
     int m_zeile = 0;
     int m_breite = 0;
+    bool m_eng = false;
 };
+
+/** A word that stands inside sentences too, and so begins small in some languages. */
+[[nodiscard]] QString alsBeschriftung(const QString &text);
 
 /** Distance of the content from the pane's edge, the same as below it. */
 [[nodiscard]] int abschnittsrand();

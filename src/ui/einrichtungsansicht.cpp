@@ -26,6 +26,7 @@ using Stil::abstand;
 namespace
 {
 constexpr int listenbreite = 300;
+constexpr int wenigeZeichen = 72;        // in a line of a section: fewer, and nothing stands beside a field
 constexpr double hoechstenAnteil = 0.32; // of the list where the font is large
 
 QScrollArea *rollbar(QWidget *inhalt, QWidget *eltern)
@@ -135,7 +136,11 @@ void EinrichtungsAnsicht::beschriftungenAusrichten()
 
 void EinrichtungsAnsicht::resizeEvent(QResizeEvent *)
 {
-    m_links->setFixedWidth(std::min(abstand(listenbreite), int(width() * hoechstenAnteil)));
+    const int links = std::min(abstand(listenbreite), int(width() * hoechstenAnteil));
+    m_links->setFixedWidth(links);
+    const bool eng = width() - links < wenigeZeichen * fontMetrics().averageCharWidth();
+    for (Abschnittsseite *seite : std::as_const(m_abschnitte))
+        seite->setzeEng(eng);
 }
 
 void EinrichtungsAnsicht::zeigen()

@@ -100,8 +100,8 @@ void Fusszeile::lageZeigen()
     } else if (!m_notiz.isEmpty()) {
         m_stufe = m_notiz;
         m_symbol = symbolFuer(m_zustand->ton());
-    } else if (m_zustand->modellstand().art == Modellstand::Art::serverFehlt ||
-               m_zustand->modellstand().art == Modellstand::Art::modellFehlt) {
+    } else if (m_zustand->aktiv() && (m_zustand->modellstand().art == Modellstand::Art::serverFehlt ||
+                                      m_zustand->modellstand().art == Modellstand::Art::modellFehlt)) {
         m_stufe = m_zustand->modellMeldung();
         m_symbol = symbolFuer(Zustand::Ton::warnung);
     }

@@ -4,6 +4,7 @@
 #include "fenstermenue.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
+#include "kaestchenstil.h"
 #include "sprache.h"
 #include "zustand.h"
 
@@ -44,6 +45,7 @@ QuillmarApp::QuillmarApp(int &anzahl, char **argumente) : QApplication(anzahl, a
     setApplicationDisplayName(u"Quillmar"_s);
     setDesktopFileName(u"quillmar"_s);
     setApplicationVersion(QStringLiteral(QUILLMAR_FASSUNG));
+    Kaestchenstil::anwenden();
     QIcon::setFallbackThemeName(u"breeze"_s);
     setWindowIcon(QIcon::fromTheme(u"quillmar"_s, QIcon(u":/quillmar.svg"_s)));
     Zustand::ordnerwaehler = ordnerFragen;

@@ -112,6 +112,11 @@ void Rueckbaufeld::einpassen()
 {
     const int rand = Stil::seitenrand(width());
     layout()->setContentsMargins(rand, abstand(10), rand, abstand(6));
+    // The question in one line where there is room for it beside its answers.
+    const int worte = m_frage->fontMetrics().horizontalAdvance(m_frage->text()) + 4;
+    const int daneben =
+        2 * rand + Stil::zeichengroesse() + m_ja->sizeHint().width() + m_nein->sizeHint().width() + 4 * abstand(10);
+    m_frage->setMinimumWidth(worte + daneben <= width() ? worte : 0);
     for (QBoxLayout *reihe : std::as_const(m_reihen)) {
         int breite = 2 * rand + abstand(10);
         for (int n = 0; n < reihe->count(); ++n)
@@ -129,10 +134,10 @@ void Rueckbaufeld::setzeDicht(bool dicht)
 
 bool Rueckbaufeld::gestapelt() const { return m_reihen.first()->direction() == QBoxLayout::TopToBottom; }
 
-/** By reckoning: while the question is on show the buttons are not laid out. */
+/** By reckoning from the page on show, since the others are not laid out. */
 int Rueckbaufeld::knopfoben() const
 {
-    const QRect flaeche = m_stapel->geometry();
+    const QRect flaeche = m_stapel->currentWidget()->geometry();
     return flaeche.top() + (gestapelt() ? 0 : (flaeche.height() - knopfhoehe()) / 2);
 }
 

@@ -27,7 +27,7 @@ const QList<Schritt> &schritte()
 int stufeVon(const QString &schritt)
 {
     for (const Schritt &s : schritte()) {
-        if (Sprache::text(/* QUILLMAR_TEXT */ s.name) == schritt)
+        if (s.name == schritt)
             return s.stufe;
     }
     return -1;
@@ -38,8 +38,7 @@ Laufbild::Laufbild()
 {
     for (const Schritt &s : schritte()) {
         if (s.stufe == m_stufen.size())
-            m_stufen << Stufenbild{
-                .stand = {}, .name = Sprache::text(/* QUILLMAR_TEXT */ s.name), .meldung = {}, .dauer = {}};
+            m_stufen << Stufenbild{.stand = {}, .name = s.name, .meldung = {}, .dauer = {}};
     }
 }
 

@@ -8,7 +8,7 @@
 struct Stufenbild {
     enum class Stand { offen, laeuft, fertig };
     Stand stand = Stand::offen;
-    QString name;
+    QString name;                      ///< in German; to be looked up
     QString meldung;                   ///< the last message of each of its steps
     std::chrono::milliseconds dauer{}; ///< of a stage that is done
     bool operator==(const Stufenbild &) const = default;
@@ -30,7 +30,7 @@ public:
 
     Laufbild();
     void beginnen(Zeitpunkt jetzt);
-    /** A step (its name in the user's language) has published @p meldung. Names that are no step are passed over. */
+    /** A step (its German name) has published @p meldung. Names that are no step are passed over. */
     void nehmen(const QString &schritt, const QString &meldung, Zeitpunkt jetzt);
     /** The run has ended; @p abgeschlossen: it was not stopped. */
     void enden(bool abgeschlossen, Zeitpunkt jetzt);

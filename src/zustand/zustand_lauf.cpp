@@ -12,7 +12,7 @@ void Zustand::analyseAnlegen()
     m_analyse = std::make_unique<Analyse>(m_db, *m_aktiv);
     m_laufbild = {};
     connect(m_analyse.get(), &Analyse::geaendert, this, [this] {
-        m_laufbild.nehmen(m_analyse->stufe(), m_analyse->meldung(), steady_clock::now());
+        m_laufbild.nehmen(m_analyse->stufenname(), m_analyse->meldung(), steady_clock::now());
         Q_EMIT laufGeaendert();
     });
     connect(m_analyse.get(), &Analyse::beendet, this, &Zustand::laufFertig);
