@@ -68,7 +68,8 @@ void Profilleiste::namensfeldBauen()
     spalte->addWidget(zeile(m_namensteil, {fertig, lassen}));
     connect(m_name, &QLineEdit::textChanged, fertig,
             [fertig](const QString &text) { fertig->setEnabled(!text.trimmed().isEmpty()); });
-    connect(m_name, &QLineEdit::returnPressed, this, &Profilleiste::nameUebernehmen);
+    // Only when the key has been dealt with: it would press the button that has the focus then.
+    connect(m_name, &QLineEdit::returnPressed, this, &Profilleiste::nameUebernehmen, Qt::QueuedConnection);
     connect(fertig, &QPushButton::clicked, this, &Profilleiste::nameUebernehmen);
     connect(lassen, &QPushButton::clicked, this, &Profilleiste::schliessen);
     Stil::folgen(m_namensteil, [this, spalte, fertig, lassen] {
