@@ -9,6 +9,13 @@ namespace
 constexpr QStringView nichtGelesen = u"Lesen nicht möglich";
 constexpr QStringView nichtEingeordnet = u"Einordnung nicht möglich";
 
+/** A reason that a run in German has stored; one in another language, or with a name in it, stays as it is. */
+QString uebersetzt(const QString &rest)
+{
+    const QString strich = u": "_s;
+    return rest.startsWith(strich) ? strich + Sprache::text(/* QUILLMAR_TEXT */ rest.mid(strich.size())) : rest;
+}
+
 QString mitGrund(QStringView anfang, const QString &grund) { return anfang.toString() + u": "_s + grund; }
 } // namespace
 
@@ -25,8 +32,8 @@ QString Fehlertext::grundDesLesens(const QString &fehler)
 QString Fehlertext::anzeige(const QString &fehler)
 {
     if (fehler.startsWith(nichtGelesen))
-        return Sprache::text(u"Lesen nicht möglich"_s) + fehler.mid(nichtGelesen.size());
+        return Sprache::text(u"Lesen nicht möglich"_s) + uebersetzt(fehler.mid(nichtGelesen.size()));
     if (fehler.startsWith(nichtEingeordnet))
-        return Sprache::text(u"Einordnung nicht möglich"_s) + fehler.mid(nichtEingeordnet.size());
+        return Sprache::text(u"Einordnung nicht möglich"_s) + uebersetzt(fehler.mid(nichtEingeordnet.size()));
     return fehler;
 }

@@ -14,6 +14,6 @@ namespace Fehlertext
 /** The reason behind the beginning of a failed reading; a null text for anything else. */
 [[nodiscard]] QString grundDesLesens(const QString &fehler);
 
-/** A stored text for the user: its beginning in the user's language, its reason in that of the run. */
+/** A stored text for the user: its beginning in the user's language, its reason too where it is known. */
 [[nodiscard]] QString anzeige(const QString &fehler);
 } // namespace Fehlertext

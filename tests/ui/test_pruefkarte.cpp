@@ -422,9 +422,11 @@ private Q_SLOTS:
     void spracheImLaufenWechseln()
     {
         dokument(u"a.pdf"_s);
+        m_b->sql(u"UPDATE dokumente SET fehler='Einordnung nicht möglich: kein Text'"_s);
         oeffnen();
         tippen("titel", u"Von Hand"_s);
         m_sprache->waehlen(u"en"_s);
+        QCOMPARE(m_z->pruefhinweise().first().text, u"Cannot be classified: no text"_s);
         QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Accept and continue"_s);
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Von Hand"_s);
