@@ -14,6 +14,7 @@
 #include "pruefansicht.h"
 #include "reiter.h"
 #include "sprache.h"
+#include "tastentakt.h"
 #include "zeichen.h"
 #include "zustand.h"
 
@@ -163,7 +164,7 @@ void Hauptfenster::keyPressEvent(QKeyEvent *ereignis)
 {
     const bool eingabe = ereignis->key() == Qt::Key_Return || ereignis->key() == Qt::Key_Enter;
     auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
-    if (eingabe && !ereignis->isAutoRepeat() && knopf && !qobject_cast<QCheckBox *>(knopf))
+    if (eingabe && !Tastentakt::derAnwendung()->gehalten() && knopf && !qobject_cast<QCheckBox *>(knopf))
         knopf->click();
     else
         QMainWindow::keyPressEvent(ereignis);

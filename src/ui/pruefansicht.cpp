@@ -9,6 +9,7 @@
 #include "pfade.h"
 #include "sprache.h"
 #include "stil.h"
+#include "tastentakt.h"
 #include "teiler.h"
 #include "text.h"
 #include "vorschau.h"
@@ -139,11 +140,12 @@ bool PruefAnsicht::imFeld() const { return m_angaben->hatFokus(); }
 
 void PruefAnsicht::taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld)
 {
+    (void)Tastentakt::derAnwendung(); // has to see the keys from the first one on
     auto *kurz = new QShortcut(tasten, this);
     kurz->setContext(Qt::WidgetWithChildrenShortcut);
     kurz->setAutoRepeat(false);
     connect(kurz, &QShortcut::activated, this, [this, tat, auchImFeld] {
-        if ((auchImFeld || !imFeld()) && !ruht())
+        if (!Tastentakt::derAnwendung()->gehalten() && (auchImFeld || !imFeld()) && !ruht())
             tat();
     });
 }

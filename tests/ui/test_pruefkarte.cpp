@@ -255,6 +255,16 @@ private Q_SLOTS:
         QApplication::sendEvent(QApplication::focusWidget(), &gehalten);
         QVERIFY(!m_z->beschaeftigt());
         QCOMPARE(name(), u"a.pdf"_s);
+        // So does one whose repeats come as strokes of their own, without time between release and press.
+        constexpr ulong zeit = 1000;
+        QKeyEvent los(QEvent::KeyRelease, Qt::Key_Right, Qt::NoModifier);
+        los.setTimestamp(zeit);
+        QApplication::sendEvent(QApplication::focusWidget(), &los);
+        qt_sendShortcutOverrideEvent(QApplication::focusWidget(), zeit, Qt::Key_Right, Qt::NoModifier);
+        QVERIFY(!m_z->beschaeftigt());
+        qt_sendShortcutOverrideEvent(QApplication::focusWidget(), zeit + 80, Qt::Key_Right, Qt::NoModifier);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        druecken(Qt::Key_Left);
         druecken(Qt::Key_Return);
         QTRY_COMPARE(name(), u"b.pdf"_s);
     }
