@@ -506,6 +506,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Rubrik für eingehende",
     u"Rubriken: %@",
     u"Rückgängig",
+    u"Rückgängig machen legt in dieser Betriebsart die Kopie in den Papierkorb, das Original bleibt ohnehin unangetastet.",
     u"Sachgruppe innerhalb der Ablage",
     u"Schließen",
     u"Schließt, sobald die laufende Bewegung fertig ist",

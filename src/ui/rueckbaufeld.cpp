@@ -45,6 +45,18 @@ QLabel *zeichenschild(const QString &symbol, QWidget *eltern)
     });
     return schild;
 }
+
+QString erklaerung(const std::optional<Protokollkopf> &kopf)
+{
+    const QString satz =
+        Sprache::text(u"Dreht alle Bewegungen der gewählten Sitzung um, jüngste zuerst. Verschobene Dateien gehen an "
+                      "ihren alten Platz zurück, Kopien wandern in den Papierkorb."_s);
+    if (!kopf || !kopf->kopieren)
+        return satz;
+    return satz + u' ' +
+           Sprache::text(u"Rückgängig machen legt in dieser Betriebsart die Kopie in den Papierkorb, das Original "
+                         "bleibt ohnehin unangetastet."_s);
+}
 } // namespace
 
 Rueckbaufeld::Rueckbaufeld(Zustand *zustand, QWidget *eltern)
@@ -52,9 +64,6 @@ Rueckbaufeld::Rueckbaufeld(Zustand *zustand, QWidget *eltern)
       m_stapel(new QStackedLayout), m_marke(new QLabel(this)), m_meldung(new Elidiertext(Qt::ElideRight, this))
 {
     setObjectName(u"rueckbau"_s);
-    m_erklaerung->setzeText(
-        Sprache::text(u"Dreht alle Bewegungen der gewählten Sitzung um, jüngste zuerst. Verschobene Dateien gehen an "
-                      "ihren alten Platz zurück, Kopien wandern in den Papierkorb."_s));
     m_fehler->setObjectName(u"rueckbauFehler"_s);
     m_fehler->setAccessibleName(Sprache::text(u"Was sich nicht zurückdrehen ließ"_s));
     m_fehler->setReadOnly(true);
@@ -257,6 +266,7 @@ void Rueckbaufeld::zeigen()
     if (m_fehler->toPlainText() != fehler)
         m_fehler->setPlainText(fehler);
     m_fehler->setVisible(!fehler.isEmpty());
+    m_erklaerung->setzeText(erklaerung(m_zustand->protokollKopf()));
     m_erklaerung->setVisible(fehler.isEmpty() && !m_dicht);
     m_zurueckdrehen->setToolTip(m_dicht ? m_erklaerung->ganzerText() : m_zurueckdrehen->accessibleDescription());
 }
