@@ -638,6 +638,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"am alten Platz liegt nichts mehr",
     u"antwortet nicht",
     u"ausgenommen",
+    u"aussortiert",
     u"bereit zur Prüfung",
     u"bestätigt",
     u"bitte wählen",

@@ -14,7 +14,6 @@
 #include "umbruchtext.h"
 #include "zahlenreihe.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -137,21 +136,20 @@ void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
     m_dubletten = new Nacharbeitsliste(u"dubletten"_s, m_ausraeumen, {}, this);
     spalte->addWidget(m_gescheiterte);
     spalte->addWidget(m_dubletten);
-    connect(m_alleErneut, &QPushButton::clicked, m_zustand,
-            [this] { m_zustand->durchgangStarten(Zustand::Durchgang::erneut); });
+    connect(m_alleErneut, &QPushButton::clicked, m_zustand, [this] { starten(Zustand::Durchgang::erneut); });
     connect(m_gescheiterte, &Nacharbeitsliste::gedrueckt, m_zustand, &Zustand::erneutVersuchen);
     connect(m_ausraeumen, &QPushButton::clicked, m_zustand, &Zustand::dublettenAusraeumen);
 }
 
 void AblaufAnsicht::verbinden()
 {
-    connect(m_starten, &QPushButton::clicked, this, &AblaufAnsicht::starten);
+    connect(m_starten, &QPushButton::clicked, this, [this] { starten(); });
     connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::pruefen); });
     connect(m_anhalten, &QPushButton::clicked, this, [this] { laeuft() ? m_zustand->durchgangAnhalten() : starten(); });
-    connect(m_frage, &Startfrage::erneutPruefen, this, &AblaufAnsicht::starten);
+    connect(m_frage, &Startfrage::erneutPruefen, this, [this] { starten(m_fraglich); });
     connect(m_frage, &Startfrage::nurLesen, m_zustand,
             [this] { m_zustand->durchgangStarten(Zustand::Durchgang::nurLesen); });
-    connect(m_zustand, &Zustand::modellGeprueft, this, &AblaufAnsicht::gefragt);
+    connect(m_zustand, &Zustand::startFraglich, this, &AblaufAnsicht::fragen);
     for (const auto signal :
          {&Zustand::laufGeaendert, &Zustand::zaehlwerkGeaendert, &Zustand::profileGeaendert, &Zustand::aktivGeaendert,
           &Zustand::bereitschaftGeaendert, &Zustand::nacharbeitGeaendert, &Zustand::beschaeftigtGeaendert})
@@ -252,15 +250,15 @@ void AblaufAnsicht::knoepfeZeigen()
     m_pruefen->setVisible(pruefbar);
     m_pruefen->updateGeometry();
     m_starten->setVisible(!laeuft() && !pruefbar);
-    m_starten->setEnabled(m_zustand->bereitZumStart() && !m_willStarten);
+    m_starten->setEnabled(m_zustand->bereitZumStart() && !m_zustand->startErbeten());
     m_starten->setToolTip(fehlendes());
     m_anhalten->setVisible(laeuft() || pruefbar);
     m_anhalten->setText(laeuft() ? Sprache::text(u"Anhalten"_s) : Sprache::text(u"Erneut starten"_s));
     m_anhalten->setIcon(Zeichen::icon(laeuft() ? u"stop"_s : u"play.circle"_s));
     m_anhalten->updateGeometry();
     m_anhalten->setEnabled(laeuft() ? !m_zustand->analyse()->abbrechenGewuenscht()
-                                    : m_zustand->bereitZumStart() && !m_willStarten);
-    m_alleErneut->setEnabled(!laeuft());
+                                    : m_zustand->bereitZumStart() && !m_zustand->startErbeten());
+    m_alleErneut->setEnabled(!laeuft() && !m_zustand->startErbeten());
     m_gescheiterte->setzeBedienbar(!laeuft());
     if (laeuft())
         m_frage->hide();
@@ -289,6 +287,8 @@ void AblaufAnsicht::zahlenZeigen()
         {.wert = z.dubletten, .was = Sprache::text(u"Dubletten"_s)},
         {.wert = gescheitert, .was = Sprache::text(u"ohne Vorschlag"_s), .betont = false, .warnung = gescheitert > 0},
     };
+    if (z.aussortiert > 0)
+        zahlen << Zahlenreihe::Zahl{.wert = z.aussortiert, .was = Sprache::text(u"aussortiert"_s)};
     if (m_zustand->ausgenommen() > 0)
         zahlen << Zahlenreihe::Zahl{.wert = m_zustand->ausgenommen(), .was = Sprache::text(u"ausgenommen"_s)};
     m_zahlen->zeigen(zahlen);
@@ -317,24 +317,15 @@ void AblaufAnsicht::listenZeigen()
     m_ausraeumen->setEnabled(!m_zustand->beschaeftigt());
 }
 
-/** Looks for the model server first: without it every document would fail on its own. */
-void AblaufAnsicht::starten()
+/** Without the model server every document would fail on its own. */
+void AblaufAnsicht::starten(Zustand::Durchgang art)
 {
-    if (m_willStarten)
-        return;
-    m_willStarten = true;
     m_frage->hide();
-    knoepfeZeigen();
-    m_zustand->modellPruefen();
+    m_zustand->durchgangErbitten(art);
 }
 
-void AblaufAnsicht::gefragt()
+void AblaufAnsicht::fragen(Zustand::Durchgang art)
 {
-    if (!std::exchange(m_willStarten, false))
-        return;
-    if (m_zustand->modellBereit())
-        m_zustand->durchgangStarten();
-    else
-        m_frage->fragen();
-    knoepfeZeigen();
+    m_fraglich = art;
+    m_frage->fragen();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "zustand.h"
+
 #include <QWidget>
 
 class Elidiertext;
@@ -15,7 +17,6 @@ class Startfrage;
 class Stufenliste;
 class Umbruchtext;
 class Zahlenreihe;
-class Zustand;
 
 /** The run card: start and stop, the stages, what is counted, and what is left to look after. */
 class AblaufAnsicht : public QWidget
@@ -40,8 +41,8 @@ private:
     void stufenZeigen();
     void zahlenZeigen();
     void listenZeigen();
-    void starten();
-    void gefragt();
+    void starten(Zustand::Durchgang art = Zustand::Durchgang::ganz);
+    void fragen(Zustand::Durchgang art);
     [[nodiscard]] bool laeuft() const;
     [[nodiscard]] QString unterzeile() const;
     [[nodiscard]] QString fehlendes() const;
@@ -61,5 +62,5 @@ private:
     Knopf *m_ausraeumen = nullptr;
     Nacharbeitsliste *m_gescheiterte = nullptr;
     Nacharbeitsliste *m_dubletten = nullptr;
-    bool m_willStarten = false; ///< waits for the answer of the model server
+    Zustand::Durchgang m_fraglich = Zustand::Durchgang::ganz; ///< the run that the question is about
 };

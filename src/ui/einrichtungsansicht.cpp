@@ -188,8 +188,8 @@ void EinrichtungsAnsicht::weiter()
     }
     if (!m_zustand->starthindernis().isEmpty())
         return;
-    m_zustand->durchgangStarten();
     m_zustand->setzeReiter(Reiter::ablauf);
+    m_zustand->durchgangErbitten();
 }
 
 void EinrichtungsAnsicht::paintEvent(QPaintEvent *)

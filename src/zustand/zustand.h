@@ -127,6 +127,10 @@ public:
         nurLesen, ///< without the model
     };
     void durchgangStarten(Durchgang art = Durchgang::ganz);
+    /** Starts one if the model can be asked, else tells so by startFraglich(): every document would fail by itself. */
+    void durchgangErbitten(Durchgang art = Durchgang::ganz);
+    /** It is being looked whether the model is there. */
+    [[nodiscard]] bool startErbeten() const { return m_erbeten.has_value(); }
     void durchgangAnhalten();
     [[nodiscard]] const Laufbild &laufbild() const { return m_laufbild; }
     /** What the last run came to. */
@@ -232,7 +236,8 @@ Q_SIGNALS:
     void beschaeftigtGeaendert();
     void vorgangGeaendert();
     void laufGeaendert();
-    void laufBeendet(); ///< and what it came to is known
+    void startFraglich(Zustand::Durchgang art); ///< the run asked for would have no model
+    void laufBeendet();                         ///< and what it came to is known
     void nacharbeitGeaendert();
     void gelerntGeaendert();
     void gelerntGelesen(); ///< the lists of what was learned
@@ -259,6 +264,7 @@ private:
     void geoeffnet(const QUuid &id, const Oeffnung &oeffnung);
     void analyseAnlegen();
     void analyseAbloesen();
+    void erbetenesStarten();
     void laufFertig();
     void laufendeLesen(Laufende ende);
 
@@ -298,6 +304,7 @@ private:
     std::vector<std::unique_ptr<Analyse>> m_auslaufende; ///< runs of former profiles that finish their document
     Laufbild m_laufbild;
     Laufende m_laufende;
+    std::optional<Durchgang> m_erbeten;
     Nacharbeit m_nacharbeit;
     bool m_liestNacharbeit = false;
     Profilsicherung *m_sicherung;

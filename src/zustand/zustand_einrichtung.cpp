@@ -37,6 +37,7 @@ void Zustand::einrichtungFolgen()
     m_zaehltakt.setInterval(bisZumZaehlen);
     connect(&m_zaehltakt, &QTimer::timeout, this, &Zustand::quelleZaehlen);
     connect(this, &Zustand::gelerntGeaendert, this, &Zustand::gelerntLesen);
+    connect(this, &Zustand::modellGeprueft, this, &Zustand::erbetenesStarten);
     connect(this, &Zustand::profileGeaendert, this, [this] {
         quelleVerfolgen();
         strukturOrdnen();

@@ -51,6 +51,7 @@ void Zustand::laufendeLesen(Laufende ende)
 /** A run of the former profile finishes the document in hand; nobody waits for it. */
 void Zustand::analyseAbloesen()
 {
+    m_erbeten.reset();
     if (!m_analyse)
         return;
     m_analyse->disconnect(this);
@@ -75,6 +76,27 @@ void Zustand::durchgangStarten(Durchgang art)
     m_analyse->allesStarten(art == Durchgang::erneut, art == Durchgang::nurLesen);
 }
 
+void Zustand::durchgangErbitten(Durchgang art)
+{
+    if (!kannHandeln() || m_analyse->laeuft() || m_erbeten)
+        return;
+    m_erbeten = art;
+    Q_EMIT laufGeaendert();
+    modellPruefen();
+}
+
+void Zustand::erbetenesStarten()
+{
+    const auto art = std::exchange(m_erbeten, std::nullopt);
+    if (!art)
+        return;
+    if (modellBereit())
+        durchgangStarten(*art);
+    else
+        Q_EMIT startFraglich(*art);
+    Q_EMIT laufGeaendert();
+}
+
 void Zustand::durchgangAnhalten()
 {
     if (m_analyse)
@@ -93,7 +115,7 @@ void Zustand::erneutVersuchen(qint64 id)
             if (!ausgang.wert)
                 return melden(ausgang.fehler);
             nacharbeitLesen();
-            durchgangStarten();
+            durchgangErbitten();
         });
 }
 

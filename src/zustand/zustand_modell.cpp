@@ -131,6 +131,8 @@ void Zustand::geladen(const Ladeausgang &ausgang)
     // Another profile or model may have been chosen meanwhile: say what is there now.
     if (abgebrochen || (m_aktiv && ausgang.gesucht != m_aktiv->modell))
         modellPruefen();
+    else
+        Q_EMIT modellGeprueft();
 }
 
 void Zustand::modellLadenAbbrechen() { m_ladeende.request_stop(); }

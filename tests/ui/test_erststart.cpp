@@ -167,6 +167,30 @@ private Q_SLOTS:
         QCOMPARE(pdfUnter(quelle) + pdfUnter(ziel), alle);
     }
 
+    /** A model server that has gone since: the run does not begin, and the card says what can be done. */
+    void keinDurchgangOhneModellserver()
+    {
+        auto server = std::make_unique<vorfuehrung::Modellserver>(m_b->profil.modell);
+        QVERIFY(server->lauschen(0));
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server->port()));
+        m_b->profil.eigeneNamen = QStringList{u"Anna Muster"_s};
+        m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        mitProfil(Abschnitt::programme);
+        QTRY_COMPARE(weiter(), u"Durchgang starten"_s);
+        QTRY_VERIFY(teil<QAbstractButton>(u"weiter"_s)->isEnabled());
+        server.reset();
+        klicken(u"weiter"_s);
+        QCOMPARE(m_z->reiter(), Reiter::ablauf);
+        QTRY_VERIFY(imFokus(u"modellPruefen"_s));
+        QVERIFY(!m_z->analyse()->laeuft() && !m_z->laufbild().gelaufen());
+        taste(Qt::Key_Space); // still none
+        QTRY_VERIFY(!m_z->startErbeten());
+        QTRY_VERIFY(imFokus(u"modellPruefen"_s));
+        klicken(u"nurLesen"_s);
+        QTRY_VERIFY(m_z->laufbild().gelaufen() && !m_z->analyse()->laeuft());
+        QCOMPARE(m_z->laufbild().stufen().at(2).stand, Stufenbild::Stand::offen);
+    }
+
     void beschwerdeStehtAmFeld()
     {
         mitProfil(Abschnitt::ziel);
