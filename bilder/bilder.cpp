@@ -69,7 +69,6 @@ QPalette hell()
 
 bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, Fenstersprache &sprache, const QString &ordner)
 {
-    sprache.waehlen(bild.sprache);
     QApplication::setPalette(bild.dunkel ? dunkel() : hell());
     Stil::setzeSchriftgroesse(bild.punkte);
     Hauptfenster fenster(&zustand, &sprache);
@@ -150,6 +149,7 @@ int main(int anzahl, char **argumente)
     for (const Buehnenbild &bild : buehnenbilder()) {
         if (!wuensche.isEmpty() && !wuensche.contains(bild.name))
             continue;
+        sprache.waehlen(bild.sprache);
         if (!bild.unanalysiert && !std::exchange(analysiert, true))
             analysieren(zustand);
         if (!aufnehmen(bild, zustand, sprache, QCoreApplication::arguments().value(1))) {

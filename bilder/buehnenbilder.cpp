@@ -203,7 +203,7 @@ void protokollfrage(Zustand &zustand, Hauptfenster &fenster)
 /** A long session of files that are elsewhere by now; taking it back lasts a while all the same. */
 void rueckbau(Zustand &zustand, Hauptfenster &)
 {
-    constexpr int viele = 60'000;
+    constexpr int viele = 200'000;
     QFile datei(programmOrdner() + u"/Protokoll 2026-11-02 192014.jsonl"_s);
     if (zustand.rueckbauLaeuft() || !datei.open(QIODevice::WriteOnly))
         return;
@@ -297,6 +297,7 @@ void neuesProfil(Zustand &zustand, Hauptfenster &)
 {
     if (!zustand.aktiv())
         zustand.neuesProfil();
+    serverDa(zustand, true);
     zustand.setzeAbschnitt(Abschnitt::herkunft);
     laufenBis([&] { return zustand.offen() && zustand.einrichtung().programme; });
 }

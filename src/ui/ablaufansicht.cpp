@@ -78,13 +78,14 @@ QWidget *AblaufAnsicht::kopf()
     m_titel->setTextFormat(Qt::PlainText);
     m_unterzeile = new Umbruchtext(traeger);
     m_unterzeile->setObjectName(u"laufzeile"_s);
-    m_starten = new Hauptknopf(Sprache::text(u"Durchgang starten"_s), traeger);
-    m_starten->setObjectName(u"durchgangStarten"_s);
-    m_pruefen = new Hauptknopf({}, traeger);
-    m_pruefen->setObjectName(u"vorschlaegePruefen"_s);
+    // In the order in which they stand: Tab goes through them in the order of their making.
     m_anhalten = new Knopf(u"durchgangAnhalten"_s, {}, traeger, Knopf::Hoehe::Haupt);
     m_anhalten->setText(Sprache::text(u"Anhalten"_s));
     m_anhalten->setIcon(Zeichen::icon(u"stop"_s));
+    m_pruefen = new Hauptknopf({}, traeger);
+    m_pruefen->setObjectName(u"vorschlaegePruefen"_s);
+    m_starten = new Hauptknopf(Sprache::text(u"Durchgang starten"_s), traeger);
+    m_starten->setObjectName(u"durchgangStarten"_s);
     auto *reihe = new QHBoxLayout;
     reihe->addWidget(m_titel, 1);
     for (QWidget *teil : QList<QWidget *>{m_anhalten, m_pruefen, m_starten})
