@@ -1,17 +1,10 @@
 #include "fenster.h"
+#include "reihe.h"
 
 #include <array>
-#include <cstdio>
-#include <exception>
-#include <string_view>
 
 namespace
 {
-struct Reihe {
-    std::string_view name;
-    void (*messen)();
-};
-
 constexpr std::array<Reihe, 6> reihen = {{
     {"eingabe", Fensterreihen::eingabe},
     {"taste", Fensterreihen::taste},
@@ -30,16 +23,5 @@ int main(int anzahl, char **argumente)
         return Fensterreihen::startVoll();
     if (gesucht == "--leer")
         return Fensterreihen::startLeer();
-    try {
-        for (const Reihe &reihe : reihen) {
-            if (gesucht.empty())
-                std::puts(reihe.name.data());
-            else if (reihe.name == gesucht)
-                reihe.messen();
-        }
-    } catch (const std::exception &e) {
-        std::fprintf(stderr, "bench: %s\n", e.what());
-        return 1;
-    }
-    return 0;
+    return reiheMessen(reihen, gesucht);
 }

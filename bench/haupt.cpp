@@ -1,18 +1,11 @@
+#include "reihe.h"
 #include "reihen.h"
 
 #include <QCoreApplication>
 #include <array>
-#include <cstdio>
-#include <exception>
-#include <string_view>
 
 namespace
 {
-struct Reihe {
-    std::string_view name;
-    void (*messen)();
-};
-
 constexpr std::array<Reihe, 14> reihen = {{
     {"lesen", Reihen::lesen},
     {"erkennung", Reihen::erkennung},
@@ -36,16 +29,5 @@ int main(int anzahl, char **argumente)
 {
     const QCoreApplication programm(anzahl, argumente);
     const std::string_view gesucht = anzahl > 1 ? argumente[1] : "";
-    try {
-        for (const Reihe &reihe : reihen) {
-            if (gesucht.empty())
-                std::puts(reihe.name.data());
-            else if (reihe.name == gesucht)
-                reihe.messen();
-        }
-    } catch (const std::exception &e) {
-        std::fprintf(stderr, "bench: %s\n", e.what());
-        return 1;
-    }
-    return 0;
+    return reiheMessen(reihen, gesucht);
 }
