@@ -26,7 +26,7 @@ using Stil::abstand;
 namespace
 {
 constexpr int listenbreite = 300;
-constexpr int wenigeZeichen = 72;        // in a line of a section: fewer, and nothing stands beside a field
+constexpr int wenigeZeichen = 84;        // in a line of a section: fewer, and nothing stands beside a field
 constexpr double hoechstenAnteil = 0.32; // of the list where the font is large
 
 QScrollArea *rollbar(QWidget *inhalt, QWidget *eltern)
@@ -138,7 +138,17 @@ void EinrichtungsAnsicht::resizeEvent(QResizeEvent *)
 {
     const int links = std::min(abstand(listenbreite), int(width() * hoechstenAnteil));
     m_links->setFixedWidth(links);
-    const bool eng = width() - links < wenigeZeichen * fontMetrics().averageCharWidth();
+    const int breite = width() - links;
+    const bool eng = breite < wenigeZeichen * fontMetrics().averageCharWidth();
+    setzeEng(eng);
+    // In some languages words are longer.
+    const auto zuBreit = [breite](const QWidget *seite) { return seite->minimumSizeHint().width() > breite; };
+    if (!eng && std::any_of(m_abschnitte.begin(), m_abschnitte.end(), zuBreit))
+        setzeEng(true);
+}
+
+void EinrichtungsAnsicht::setzeEng(bool eng)
+{
     for (Abschnittsseite *seite : std::as_const(m_abschnitte))
         seite->setzeEng(eng);
 }

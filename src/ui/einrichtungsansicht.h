@@ -33,6 +33,7 @@ private:
     QWidget *rechteSeite(Fenstersprache *sprache);
     void seitenBauen(Fenstersprache *sprache);
     void beschriftungenAusrichten();
+    void setzeEng(bool eng);
     void zeigen();
     void weiterZeigen();
     void weiter();

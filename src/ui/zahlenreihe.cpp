@@ -13,6 +13,9 @@ using Stil::Schrift;
 Zahlenreihe::Zahlenreihe(QWidget *eltern) : QWidget(eltern)
 {
     setObjectName(u"zahlen"_s);
+    QSizePolicy regel(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    regel.setHeightForWidth(true);
+    setSizePolicy(regel);
     Stil::folgen(this, [this] { updateGeometry(); });
 }
 
@@ -27,37 +30,67 @@ void Zahlenreihe::zeigen(const QList<Zahl> &zahlen)
     update();
 }
 
-QSize Zahlenreihe::sizeHint() const
+/** Of one row of figures with what they count. */
+int Zahlenreihe::zeilenhoehe()
 {
-    return {abstand(600), QFontMetrics(Stil::schrift(Schrift::Zahl)).lineSpacing() +
-                              QFontMetrics(Stil::schrift(Schrift::Neben)).lineSpacing()};
+    return QFontMetrics(Stil::schrift(Schrift::Zahl)).lineSpacing() +
+           QFontMetrics(Stil::schrift(Schrift::Neben)).lineSpacing();
+}
+
+/** Where each figure begins; what has no room beside the others goes on in another row. */
+QList<QPoint> Zahlenreihe::orte(int breite) const
+{
+    const QFontMetrics gross(Stil::schrift(Schrift::Zahl));
+    const QFontMetrics klein(Stil::schrift(Schrift::Neben));
+    QList<int> breiten;
+    int summe = 0;
+    for (const Zahl &zahl : m_zahlen) {
+        const int marke = zahl.warnung ? abstand(6) + Stil::zeichengroesse() : 0;
+        breiten << std::max(klein.horizontalAdvance(zahl.was),
+                            gross.horizontalAdvance(QLocale().toString(zahl.wert)) + marke);
+        summe += breiten.last();
+    }
+    const int frei = (breite - summe) / std::max<int>(1, int(breiten.size()));
+    const int luecke = std::clamp(frei, abstand(10), abstand(33));
+    QList<QPoint> orte;
+    QPoint ort;
+    for (const int eine : breiten) {
+        if (ort.x() > 0 && ort.x() + eine > breite)
+            ort = {0, ort.y() + zeilenhoehe() + abstand(8)};
+        orte << ort;
+        ort.rx() += eine + luecke;
+    }
+    return orte;
+}
+
+QSize Zahlenreihe::sizeHint() const { return {abstand(600), zeilenhoehe()}; }
+
+int Zahlenreihe::heightForWidth(int breite) const
+{
+    return m_zahlen.isEmpty() ? zeilenhoehe() : orte(breite).last().y() + zeilenhoehe();
 }
 
 void Zahlenreihe::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);
+    const QList<QPoint> stellen = orte(width());
+    for (int n = 0; n < m_zahlen.size(); ++n)
+        malen(maler, m_zahlen.at(n), stellen.at(n));
+}
+
+void Zahlenreihe::malen(QPainter &maler, const Zahl &zahl, QPoint ort) const
+{
     const QFontMetrics gross(Stil::schrift(Schrift::Zahl));
-    const QFontMetrics klein(Stil::schrift(Schrift::Neben));
-    int summe = 0;
-    for (const Zahl &zahl : m_zahlen)
-        summe += klein.horizontalAdvance(zahl.was);
-    const int frei = (width() - summe) / std::max<int>(1, int(m_zahlen.size()));
-    int x = 0;
-    for (const Zahl &zahl : m_zahlen) {
-        const QString ziffern = QLocale().toString(zahl.wert);
-        maler.setFont(Stil::schrift(Schrift::Zahl));
-        maler.setPen(zahl.betont ? Stil::akzentmarke(palette()) : palette().color(QPalette::WindowText));
-        maler.drawText(x, gross.ascent(), ziffern);
-        if (zahl.warnung) {
-            const int kante = Stil::zeichengroesse();
-            Zeichen::malen(
-                maler,
-                QRect(x + gross.horizontalAdvance(ziffern) + abstand(6), (gross.height() - kante) / 2, kante, kante),
-                u"exclamationmark.triangle"_s, palette());
-        }
-        maler.setFont(Stil::schrift(Schrift::Neben));
-        maler.setPen(Stil::nebenfarbe(palette()));
-        maler.drawText(x, gross.lineSpacing() + klein.ascent(), zahl.was);
-        x += klein.horizontalAdvance(zahl.was) + std::clamp(frei, abstand(10), abstand(33));
+    const QString ziffern = QLocale().toString(zahl.wert);
+    maler.setFont(Stil::schrift(Schrift::Zahl));
+    maler.setPen(zahl.betont ? Stil::akzentmarke(palette()) : palette().color(QPalette::WindowText));
+    maler.drawText(ort + QPoint(0, gross.ascent()), ziffern);
+    if (zahl.warnung) {
+        const int kante = Stil::zeichengroesse();
+        const QPoint marke(gross.horizontalAdvance(ziffern) + abstand(6), (gross.height() - kante) / 2);
+        Zeichen::malen(maler, QRect(ort + marke, QSize(kante, kante)), u"exclamationmark.triangle"_s, palette());
     }
+    maler.setFont(Stil::schrift(Schrift::Neben));
+    maler.setPen(Stil::nebenfarbe(palette()));
+    maler.drawText(ort + QPoint(0, gross.lineSpacing() + maler.fontMetrics().ascent()), zahl.was);
 }

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-/** Figures in a row, each above what it counts. */
+/** Figures in a row, or more where it is narrow, each above what it counts. */
 class Zahlenreihe : public QWidget
 {
     Q_OBJECT
@@ -19,10 +19,15 @@ public:
     void zeigen(const QList<Zahl> &zahlen);
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+    [[nodiscard]] int heightForWidth(int breite) const override;
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
 
 private:
+    [[nodiscard]] static int zeilenhoehe();
+    [[nodiscard]] QList<QPoint> orte(int breite) const;
+    void malen(QPainter &maler, const Zahl &zahl, QPoint ort) const;
+
     QList<Zahl> m_zahlen;
 };

@@ -7,6 +7,7 @@
 #include "modellserver.h"
 #include "profilspeicher.h"
 #include "sprache.h"
+#include "stil.h"
 #include "umbruchtext.h"
 #include "zustand.h"
 
@@ -15,6 +16,8 @@
 #include <QDirIterator>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
+#include <QScrollArea>
 #include <QTest>
 #include <QTreeView>
 
@@ -217,6 +220,30 @@ private Q_SLOTS:
         QCOMPARE(weg, (QStringList{u"profilUmbenennen"_s, u"profilEntfernen"_s, u"zielWurzel"_s,
                                    u"zielWurzel-waehlen"_s, u"auffangOrdner"_s, u"dublettenOrdner"_s,
                                    u"betriebsart-verschieben"_s, u"strukturEinlesen"_s, u"struktur"_s, u"weiter"_s}));
+    }
+
+    /** At every font size each section keeps to the width of its pane. */
+    void nichtsWirdAbgeschnitten()
+    {
+        const auto zurueck = qScopeGuard([vorher = Stil::schriftgroesse()] { Stil::setzeSchriftgroesse(vorher); });
+        mitProfil(Abschnitt::programme);
+        for (const QString &sprache : {u"de"_s, u"en"_s}) {
+            m_sprache->waehlen(sprache);
+            for (double punkte = Stil::kleinsteSchrift; punkte <= Stil::groessteSchrift; ++punkte) {
+                Stil::setzeSchriftgroesse(punkte);
+                m_fenster->resize(1100, 700);
+                for (const Abschnitt abschnitt : alleAbschnitte()) {
+                    m_z->setzeAbschnitt(abschnitt);
+                    QCoreApplication::processEvents();
+                    auto *rollen = qobject_cast<QScrollArea *>(
+                        teil<QWidget>(u"abschnitt-"_s + rohwert(abschnitt))->parentWidget()->parentWidget());
+                    QVERIFY(rollen);
+                    QVERIFY2(rollen->widget()->minimumSizeHint().width() <= rollen->viewport()->width(),
+                             qPrintable(u"%1, %2 pt: %3"_s.arg(sprache).arg(punkte).arg(abschnittTitel(abschnitt))));
+                }
+                QCOMPARE(m_fenster->size(), QSize(1100, 700));
+            }
+        }
     }
 
     void bausteineUndBeispiel()
