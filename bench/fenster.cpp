@@ -91,7 +91,9 @@ QStringList gemischt(const QString &ordner, int anzahl)
 /** A session that has moved a hundred thousand files, none of them there. */
 QString langesProtokoll(const Profil &profil)
 {
-    QFile datei(profil.quelle + u"/lang.jsonl"_s);
+    const QString ordner = profil.protokollURL().value();
+    QDir().mkpath(ordner);
+    QFile datei(ordner + u"/Protokoll 2025-01-31 150509.jsonl"_s);
     if (!datei.open(QIODevice::WriteOnly))
         throw std::runtime_error("the log cannot be written");
     datei.write(Protokollkopf::fuer(profil).json() + '\n');
@@ -212,10 +214,12 @@ void Fensterreihen::protokollkarte()
     heim.sichern();
     const QString log = langesProtokoll(heim.profil);
     Fenster f;
-    f.zustand.setzeReiter(Reiter::protokoll);
-    warten(blick);
     auto *liste = f.fenster.findChild<QListView *>(u"bewegungen"_s);
     Schleifenwache wache;
+    f.zustand.setzeReiter(Reiter::protokoll);
+    bis([&] { return f.zustand.protokollDateien().size() == 1; });
+    warten(blick);
+    Messung::drucken("log of 100,000: listing, longest block", wache.laengste(), "ms", 50);
     f.zustand.protokollWaehlen(log);
     bis([&] { return liste->model()->rowCount() == alle; });
     warten(blick);

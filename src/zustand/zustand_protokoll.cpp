@@ -16,6 +16,12 @@ struct Sitzung {
         return {.kopf = Protokollbuch::kopf(datei), .zeilen = Protokollbuch::lesen(datei)};
     }
 };
+
+/** To free a hundred thousand lines takes a while, so it is done elsewhere. */
+void fortgeben(QList<Protokollzeile> zeilen)
+{
+    Q_UNUSED(QtConcurrent::run(&Hintergrund::faeden(), [zeilen = std::move(zeilen)]() mutable { zeilen.clear(); }));
+}
 } // namespace
 
 void Zustand::protokolleListen()
@@ -38,12 +44,13 @@ void Zustand::protokollWaehlen(const std::optional<QString> &datei)
     const quint64 nummer = ++m_protokollfrage;
     m_protokollDatei = datei;
     m_protokollKopf.reset();
-    m_protokollZeilen.clear();
+    QList<Protokollzeile> alte = std::exchange(m_protokollZeilen, {});
     m_protokollLaedt = datei.has_value();
     m_rueckbauMeldung.clear();
     m_rueckbauFehler.clear();
     Q_EMIT protokollGeaendert();
     Q_EMIT rueckbauGeaendert();
+    fortgeben(std::move(alte));
     if (!datei)
         return;
     imHintergrund(
@@ -64,14 +71,18 @@ void Zustand::protokollAuffrischen()
     if (!m_protokollDatei || m_protokollLaedt)
         return;
     imHintergrund(
-        this, [datei = *m_protokollDatei] { return Sitzung::von(datei); },
+        this,
+        [datei = *m_protokollDatei, bisher = m_protokollZeilen.size()] {
+            Sitzung sitzung = Sitzung::von(datei);
+            return sitzung.zeilen.size() > bisher ? sitzung : Sitzung{}; // lines are only ever added
+        },
         [this, nummer = m_protokollfrage](const Ausgang<Sitzung> &ausgang) {
-            // Lines are only ever added.
             if (nummer != m_protokollfrage || !ausgang.wert || ausgang.wert->zeilen.size() <= m_protokollZeilen.size())
                 return;
             m_protokollKopf = ausgang.wert->kopf;
-            m_protokollZeilen = ausgang.wert->zeilen;
+            QList<Protokollzeile> alte = std::exchange(m_protokollZeilen, ausgang.wert->zeilen);
             Q_EMIT protokollGeaendert();
+            fortgeben(std::move(alte));
         });
 }
 
