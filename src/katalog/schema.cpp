@@ -45,6 +45,8 @@ const QList<QString> &schemaAnweisungen()
         // Serves the status counters and the search for waiting documents of one counterpart.
         u"CREATE INDEX IF NOT EXISTS i_zaehlen ON dokumente"
         "(ausgenommen, status, gegenueber, zweig, ablage, rubrik);"_s,
+        // Serves the search for the next waiting document: without it all that are filed already would be passed by.
+        u"CREATE INDEX IF NOT EXISTS i_wartet ON dokumente(status, ausgenommen);"_s,
         // Turning back a session asks for the movements of each of its documents.
         u"CREATE INDEX IF NOT EXISTS i_bewegt ON protokoll(dokument_id);"_s,
     };
