@@ -89,7 +89,9 @@ void analysieren(Zustand &zustand)
 {
     if (zustand.laufbild().gelaufen() && !zustand.analyse()->laeuft())
         return;
+    qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(bremse().serverPort()));
     bremse().loslassen();
+    zustand.modellPruefen();
     zustand.durchgangStarten();
     while (zustand.analyse()->laeuft())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

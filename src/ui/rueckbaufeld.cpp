@@ -217,7 +217,7 @@ void Rueckbaufeld::fragen()
     m_nein->setAccessibleDescription(m_frage->text());
     seiteSetzen(Frage);
     einpassen();
-    m_nein->setFocus();
+    m_nein->setFocus(Qt::ShortcutFocusReason); // a focus that is to be seen
 }
 
 void Rueckbaufeld::bestaetigen()

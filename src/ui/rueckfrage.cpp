@@ -36,7 +36,7 @@ void Rueckfrage::fragen(const QString &text)
     m_text->setzeText(text);
     m_tun->setAccessibleDescription(text);
     show();
-    m_lassen->setFocus();
+    m_lassen->setFocus(Qt::ShortcutFocusReason); // a focus that is to be seen
 }
 
 void Rueckfrage::keyPressEvent(QKeyEvent *ereignis)

@@ -50,5 +50,5 @@ void Startfrage::fragen()
     m_hinweis->show();
     show();
     if (auto *erneut = findChild<Knopf *>(u"modellPruefen"_s))
-        erneut->setFocus();
+        erneut->setFocus(Qt::ShortcutFocusReason); // a focus that is to be seen
 }
