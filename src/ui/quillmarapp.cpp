@@ -1,10 +1,10 @@
 #include "quillmarapp.h"
 
 #include "einzelfenster.h"
-#include "fenstermenue.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
 #include "kaestchenstil.h"
+#include "schriftgroesse.h"
 #include "sprache.h"
 #include "zustand.h"
 
