@@ -25,13 +25,15 @@ QString zeitpunkt(const QDateTime &zeit) { return QLocale().toString(zeit, Sprac
 
 QString unterzeile(const Sitzungsbild &bild, bool laufend)
 {
-    const QString anzahl = QLocale().toString(bild.bewegungen);
+    const QString anzahl = bild.bewegungen == 1
+                               ? Sprache::text(u"1 Bewegung"_s)
+                               : gefuellt(Sprache::text(u"%@ Bewegungen"_s), {QLocale().toString(bild.bewegungen)});
     if (bild.bewegungen > 0 && bild.zurueckgedreht)
-        return gefuellt(Sprache::text(u"%@ Bewegungen, alle zurückgedreht"_s), {anzahl});
+        return gefuellt(Sprache::text(u"%@, zurückgedreht"_s), {anzahl});
     if (laufend && bild.zuletzt.isValid())
-        return gefuellt(Sprache::text(u"%@ Bewegungen, zuletzt um %@"_s),
+        return gefuellt(Sprache::text(u"%@, zuletzt um %@"_s),
                         {anzahl, QLocale().toString(bild.zuletzt.time(), u"HH:mm"_s)});
-    return gefuellt(Sprache::text(u"%@ Bewegungen"_s), {anzahl});
+    return anzahl;
 }
 } // namespace
 
