@@ -203,6 +203,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?",
     u"Der Katalog wird geöffnet",
     u"Der Modellserver antwortet nicht rechtzeitig",
+    u"Der Modellserver hat aufgehört, bevor es da war",
     u"Der Modellserver läuft.",
     u"Der Modellserver ollama läuft nicht",
     u"Der Ordner %@ lässt sich nicht anlegen",

@@ -284,6 +284,7 @@ private:
     void stueckSetzen(std::optional<Pruefstueck> stueck);
     void vorgangSetzen(const QString &text, double anteil);
     void modellSetzen(const Modellstand &stand);
+    [[nodiscard]] Modellstand mitLadestand(const Modellstand &gefunden) const;
     void lernenAendern(const std::function<void(Lernspeicher &)> &aenderung, const QString &erfolg);
     void rueckbauFertig(const Bilanz &bilanz);
     void ladenBeginnen(const QString &modell);

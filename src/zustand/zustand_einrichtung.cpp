@@ -155,7 +155,7 @@ void Zustand::strukturEingelesen(const std::optional<QList<Zweig>> &zweige)
 {
     if (!zweige) {
         m_einrichtung.strukturmeldung = Sprache::text(u"Der Zielordner ist nicht erreichbar."_s);
-        return;
+        return bereitschaftPruefen();
     }
     if (zweige->isEmpty()) {
         m_einrichtung.strukturmeldung =
@@ -167,7 +167,7 @@ void Zustand::strukturEingelesen(const std::optional<QList<Zweig>> &zweige)
     }
     m_strukturVorher = m_aktiv->zweige;
     m_strukturGezeigt.reset();
-    m_einrichtung.geradeGelesen = true;
+    m_einrichtung.geradeGelesen = !m_strukturVorher.isEmpty();
     Profil neu = *m_aktiv;
     neu.zweige = *zweige;
     if (neu == *m_aktiv)

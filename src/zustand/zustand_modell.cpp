@@ -26,22 +26,32 @@ void Zustand::modellSetzen(const Modellstand &stand)
 
 void Zustand::modellPruefen()
 {
-    // A model that is being fetched is looked at when it has come.
-    if (!m_aktiv || !m_modell.laedtModell.isEmpty())
+    if (!m_aktiv)
         return Q_EMIT modellGeprueft();
     imHintergrund(
         this, [modell = m_aktiv->modell] { return Modellstand::pruefen(modell); },
         [this, nummer = ++m_modellfrage](const Ausgang<Modellstand> &ausgang) {
             if (nummer != m_modellfrage)
                 return;
-            if (ausgang.wert) {
-                Modellstand stand = *ausgang.wert;
-                stand.ladefehler = m_modell.ladefehler;
-                stand.fehlermodell = m_modell.fehlermodell;
-                modellSetzen(stand);
-            }
+            if (ausgang.wert)
+                modellSetzen(mitLadestand(*ausgang.wert));
             Q_EMIT modellGeprueft();
         });
+}
+
+/** What was found out just now, while a fetching goes on or after one that failed. */
+Modellstand Zustand::mitLadestand(const Modellstand &gefunden) const
+{
+    Modellstand stand = m_modell;
+    stand.art = gefunden.art;
+    stand.meldung = gefunden.meldung;
+    stand.vorhandene = gefunden.vorhandene;
+    const bool kommt = m_aktiv && !stand.laedtModell.isEmpty() && stand.laedtModell == m_aktiv->modell;
+    if (kommt && stand.art != Modellstand::Art::bereit) {
+        stand.art = Modellstand::Art::laedt;
+        stand.meldung = stand.ladetext;
+    }
+    return stand;
 }
 
 void Zustand::modellLaden()
@@ -61,7 +71,6 @@ void Zustand::ladenBeginnen(const QString &modell)
     if (modell.isEmpty() || !m_modell.laedtModell.isEmpty())
         return;
     m_ladeende = {};
-    ++m_modellfrage;
     Modellstand stand = m_modell;
     stand.laedtModell = modell;
     stand.ladetext = Sprache::text(u"Modell wird geladen"_s);
@@ -118,14 +127,18 @@ void Zustand::ladenMelden(const QString &text, qint64 fertig, qint64 gesamt)
 
 void Zustand::geladen(const Ladeausgang &ausgang)
 {
+    ++m_modellfrage; // an answer from before the model was there
     Modellstand stand = ausgang.stand;
     const QString modell = m_modell.laedtModell;
     const bool abgebrochen = m_ladeende.stop_requested();
-    if (!abgebrochen && !ausgang.fehler.isEmpty() && !Modellstand::treffer(stand.vorhandene, modell)) {
-        stand.ladefehler = ausgang.fehler;
+    QString fehler = ausgang.fehler;
+    if (fehler.isEmpty() && stand.art != Modellstand::Art::serverFehlt)
+        fehler = Sprache::text(u"Der Modellserver hat aufgehört, bevor es da war"_s);
+    if (!abgebrochen && !fehler.isEmpty() && !Modellstand::treffer(stand.vorhandene, modell)) {
+        stand.ladefehler = fehler;
         stand.fehlermodell = modell;
         if (m_aktiv && modell == m_aktiv->modell)
-            stand.meldung = ausgang.gescheitert ? ausgang.fehler : stand.meldung + u": "_s + ausgang.fehler;
+            stand.meldung = ausgang.gescheitert ? fehler : stand.meldung + u": "_s + fehler;
     }
     modellSetzen(stand);
     // Another profile or model may have been chosen meanwhile: say what is there now.

@@ -8,6 +8,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using Lage = Abschnittsstand::Lage;
 using Wechsel = Strukturzeile::Wechsel;
 
@@ -102,6 +103,7 @@ private Q_SLOTS:
         einlesen();
         QCOMPARE(m_z->einrichtung().zahlen,
                  (Strukturzahlen{.zweige = 1, .ablagen = 2, .rubriken = 3, .neu = 0, .entfallen = 0}));
+        QVERIFY(!m_z->einrichtung().geradeGelesen); // the first time there is nothing that could have stayed the same
         QVERIFY(m_z->kenntRubrik(u"Gas"_s));
         QDir().mkpath(m_b->ziel(u"Verein/Fest/Satzung"_s));
         QDir(m_b->ziel(u"Haus/Jahre/2024/Gas"_s)).removeRecursively();
@@ -116,6 +118,7 @@ private Q_SLOTS:
         QVERIFY(QDir().rename(m_b->profil.zielWurzel, m_b->profil.zielWurzel + u"-weg"_s));
         einlesen();
         QCOMPARE(m_z->einrichtung().strukturmeldung, u"Der Zielordner ist nicht erreichbar."_s);
+        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::ziel).lage, Lage::gestoert);
         QDir().mkpath(m_b->profil.zielWurzel);
         einlesen();
         QVERIFY(m_z->einrichtung().strukturmeldung.endsWith(u"Die bisherige gilt weiter."_s));
@@ -237,6 +240,37 @@ private Q_SLOTS:
         aendern([&](Profil &p) { p.zweige << viele; });
         QVERIFY(platzImModell(*m_z->aktiv()) > 1);
         QCOMPARE(m_z->abschnittsstand(Abschnitt::modell).lage, Lage::warnung);
+    }
+
+    /** While a model is being fetched, which may take hours, another one is chosen: what is known is about that one. */
+    void modellWechselnWaehrendGeladenWird()
+    {
+        m_b->profil.modell = u"klein:1b"_s;
+        m_b->profil.modellGross = u"gross:9b"_s;
+        Testserver server;
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+        server.antworten("/api/version", Testantwort::fest(200, "{}"));
+        server.antworten("/api/tags",
+                         Testantwort::fest(200, R"({"models":[{"name":"klein:1b"},{"name":"mittel:4b"}]})"));
+        server.antworten("/api/pull",
+                         Testantwort::stumm(60s, "HTTP/1.1 200 OK\r\n\r\n{\"status\":\"pulling manifest\"}\n"));
+        beginnen();
+        QTRY_VERIFY(m_z->modellBereit());
+        m_z->modellGrossLaden();
+        QTRY_COMPARE(m_z->modellstand().ladetext, u"pulling manifest"_s);
+        const auto waehlen = [this](const QString &modell) { aendern([&](Profil &p) { p.modell = modell; }); };
+        waehlen(u"fehlt:1b"_s);
+        QTRY_VERIFY(!m_z->modellBereit());
+        QSignalSpy fraglich(m_z.get(), &Zustand::startFraglich);
+        m_z->durchgangErbitten();
+        QTRY_COMPARE(fraglich.size(), 1); // instead of failing document by document
+        waehlen(u"mittel:4b"_s);
+        QTRY_VERIFY(m_z->modellBereit());
+        waehlen(u"gross:9b"_s);
+        QTRY_COMPARE(m_z->modellstand().art, Modellstand::Art::laedt);
+        QCOMPARE(m_z->modellstand().laedtModell, u"gross:9b"_s);
+        m_z->modellLadenAbbrechen();
+        QTRY_COMPARE(m_z->modellstand().art, Modellstand::Art::modellFehlt);
     }
 
     void vorlagen_data()

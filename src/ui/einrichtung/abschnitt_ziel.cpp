@@ -163,7 +163,9 @@ private:
         if (profil().zielWurzel.isEmpty())
             m_wurzelstand->erklaeren(Sprache::text(u"Noch nicht gewählt. Hierhin wandern die Dokumente, die du "
                                                    "übernimmst."_s));
-        else if (bereit && !da)
+        else if (!bereit)
+            m_wurzelstand->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+        else if (!da)
             m_wurzelstand->setzen(
                 u"exclamationmark.triangle"_s,
                 Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
