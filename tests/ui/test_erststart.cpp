@@ -192,6 +192,17 @@ private Q_SLOTS:
         klicken(u"nurLesen"_s);
         QTRY_VERIFY(m_z->laufbild().gelaufen() && !m_z->analyse()->laeuft());
         QCOMPARE(m_z->laufbild().stufen().at(2).stand, Stufenbild::Stand::offen);
+        QTRY_VERIFY(imFokus(u"durchgangStarten"_s)); // not the choice of the profile: the next key would change that
+        taste(Qt::Key_Space);
+        QTRY_VERIFY(imFokus(u"modellPruefen"_s));
+        m_z->neuesProfil(); // which the question is not about
+        QTRY_VERIFY(m_z->offen() && m_z->aktiv()->id != m_b->profil.id);
+        m_z->setzeReiter(Reiter::ablauf);
+        QVERIFY(!m_fenster->findChild<QWidget *>(u"nurLesen"_s)->isVisible());
+        QTRY_COMPARE(teil<QAbstractButton>(u"durchgangStarten"_s)->text(), u"Zur Einrichtung"_s);
+        klicken(u"durchgangStarten"_s);
+        QCOMPARE(m_z->reiter(), Reiter::einrichtung);
+        QCOMPARE(m_z->abschnitt(), Abschnitt::herkunft);
     }
 
     void beschwerdeStehtAmFeld()

@@ -20,6 +20,7 @@
 #include <QScrollArea>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using Stil::abstand;
@@ -144,13 +145,19 @@ void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
 
 void AblaufAnsicht::verbinden()
 {
-    connect(m_starten, &QPushButton::clicked, this, [this] { starten(); });
+    connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
     connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::pruefen); });
     connect(m_anhalten, &QPushButton::clicked, this, [this] { laeuft() ? m_zustand->durchgangAnhalten() : starten(); });
-    connect(m_frage, &Startfrage::erneutPruefen, this, [this] { starten(m_fraglich); });
-    connect(m_frage, &Startfrage::nurLesen, m_zustand,
-            [this] { m_zustand->durchgangStarten(Zustand::Durchgang::nurLesen); });
+    connect(m_frage, &Startfrage::erneutPruefen, this, [this] {
+        setFocus();
+        starten(m_fraglich);
+    });
+    connect(m_frage, &Startfrage::nurLesen, this, [this] {
+        setFocus();
+        m_zustand->durchgangStarten(Zustand::Durchgang::nurLesen);
+    });
     connect(m_zustand, &Zustand::startFraglich, this, &AblaufAnsicht::fragen);
+    connect(m_zustand, &Zustand::aktivGeaendert, m_frage, &QWidget::hide); // it was about the other profile
     for (const auto signal :
          {&Zustand::laufGeaendert, &Zustand::zaehlwerkGeaendert, &Zustand::profileGeaendert, &Zustand::aktivGeaendert,
           &Zustand::bereitschaftGeaendert, &Zustand::nacharbeitGeaendert, &Zustand::beschaeftigtGeaendert})
@@ -179,6 +186,34 @@ void AblaufAnsicht::focusInEvent(QFocusEvent *ereignis)
 
 bool AblaufAnsicht::laeuft() const { return m_zustand->analyse() && m_zustand->analyse()->laeuft(); }
 
+/** Known to be; while that is being looked at, nothing is offered yet. */
+bool AblaufAnsicht::eingerichtet() const { return !m_zustand->bereitschaft() || m_zustand->bereitZumStart(); }
+
+/** To the first section without which no run begins. */
+void AblaufAnsicht::zurEinrichtung()
+{
+    const QList<Abschnitt> &alle = alleAbschnitte();
+    const auto fehlt = [this](Abschnitt abschnitt) { return m_zustand->abschnittsstand(abschnitt).hindert(); };
+    if (const auto erster = std::find_if(alle.begin(), alle.end(), fehlt); erster != alle.end())
+        m_zustand->setzeAbschnitt(*erster);
+    m_zustand->setzeReiter(Reiter::einrichtung);
+}
+
+/**
+ * A button that gives way to another hands it the focus too. Left to itself that would wander, to the choice of the
+ * profile for one, where the next key would end the run.
+ */
+void AblaufAnsicht::fokusHalten()
+{
+    const QList<QPushButton *> reihe = {m_starten, m_anhalten, m_pruefen};
+    if (std::any_of(reihe.begin(), reihe.end(), [](const QPushButton *knopf) { return knopf->hasFocus(); }))
+        return;
+    const auto ziel = std::find_if(reihe.begin(), reihe.end(), [this](const QPushButton *knopf) {
+        return knopf->isVisible() && knopf->isEnabled() && !(knopf == m_anhalten && laeuft()); // no key stops unasked
+    });
+    ziel != reihe.end() ? (*ziel)->setFocus() : setFocus();
+}
+
 void AblaufAnsicht::zeigen()
 {
     m_stapel->setCurrentIndex(m_zustand->offen() ? 0 : 1);
@@ -186,11 +221,14 @@ void AblaufAnsicht::zeigen()
         return m_leere->setzen(u"large.play"_s, Sprache::text(u"Noch kein Profil"_s),
                                Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
                                Sprache::text(u"Zur Einrichtung"_s));
+    const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     kopfZeigen();
     knoepfeZeigen();
     zahlenZeigen();
     stufenZeigen();
     listenZeigen();
+    if (fokus)
+        fokusHalten();
 }
 
 QString AblaufAnsicht::fehlendes() const
@@ -251,7 +289,10 @@ void AblaufAnsicht::knoepfeZeigen()
     m_pruefen->setVisible(pruefbar);
     m_pruefen->updateGeometry();
     m_starten->setVisible(!laeuft() && !pruefbar);
-    m_starten->setEnabled(m_zustand->bereitZumStart() && !m_zustand->startErbeten());
+    m_starten->setText(eingerichtet() ? Sprache::text(u"Durchgang starten"_s) : Sprache::text(u"Zur Einrichtung"_s));
+    m_starten->setAccessibleName(m_starten->text());
+    m_starten->updateGeometry();
+    m_starten->setEnabled(m_zustand->bereitschaft() && !m_zustand->startErbeten());
     m_starten->setToolTip(fehlendes());
     m_anhalten->setVisible(laeuft() || pruefbar);
     m_anhalten->setText(laeuft() ? Sprache::text(u"Anhalten"_s) : Sprache::text(u"Erneut starten"_s));

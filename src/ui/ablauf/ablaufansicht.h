@@ -43,7 +43,10 @@ private:
     void listenZeigen();
     void starten(Zustand::Durchgang art = Zustand::Durchgang::ganz);
     void fragen(Zustand::Durchgang art);
+    void zurEinrichtung();
+    void fokusHalten();
     [[nodiscard]] bool laeuft() const;
+    [[nodiscard]] bool eingerichtet() const;
     [[nodiscard]] QString unterzeile() const;
     [[nodiscard]] QString fehlendes() const;
 
