@@ -174,8 +174,15 @@ void Hauptfenster::keyPressEvent(QKeyEvent *ereignis)
 void Hauptfenster::updateMelden()
 {
     const auto &ergebnis = m_aktualisierung->ergebnis();
-    if (!m_aktualisierung->laeuft() && ergebnis && ergebnis->art == Aktualisierung::Ergebnis::Art::neuereDa)
-        m_zustand->melden(Aktualisierung::satz(*ergebnis), Zustand::Ton::ruhig);
+    if (m_aktualisierung->laeuft() || !ergebnis || ergebnis->art != Aktualisierung::Ergebnis::Art::neuereDa)
+        return;
+    // Behind what the opening of the catalogue had to say, which weighs more.
+    const QString satz = Aktualisierung::satz(*ergebnis);
+    const QString bisher = m_zustand->hinweis();
+    if (bisher.isEmpty())
+        m_zustand->melden(satz, Zustand::Ton::ruhig);
+    else if (!bisher.contains(satz))
+        m_zustand->melden(bisher + u", "_s + satz, m_zustand->ton());
 }
 
 /** A file that is being moved reaches its place first; asked twice, it is left

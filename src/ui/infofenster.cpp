@@ -43,14 +43,19 @@ struct Ordnerzeile {
     QString pfad;
 };
 
+/** Of the active profile; empty if there is none. */
+QString protokollordner(const Zustand &zustand)
+{
+    return zustand.aktiv() ? zustand.aktiv()->protokollURL().value_or(QString()) : QString();
+}
+
 QList<Ordnerzeile> ordnerzeilen(const Zustand &zustand)
 {
-    const auto protokolle = zustand.aktiv() ? zustand.aktiv()->protokollURL() : std::nullopt;
     return {{.name = u"programmordner"_s,
              .was = Sprache::text(u"Einstellungen und Verzeichnis"_s),
              .pfad = programmOrdner()},
             {.name = u"sprachordner"_s, .was = Sprache::text(u"Eigene Sprachen"_s), .pfad = Sprache::eigenerOrdner()},
-            {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokolle.value_or(QString())}};
+            {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokollordner(zustand)}};
 }
 
 QLabel *schild(const QString &text, QWidget *eltern, Schrift art = Schrift::Grund)
@@ -117,13 +122,17 @@ Infofenster::Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidg
     rahmen->setSizeConstraint(QLayout::SetFixedSize);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Infofenster::ergebnisZeigen);
     for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, &Infofenster::aufbauen);
+        connect(m_zustand, signal, this, [this] {
+            if (m_protokolle != protokollordner(*m_zustand))
+                aufbauen();
+        });
     aufbauen();
 }
 
 /** Everything anew: another language, another profile. */
 void Infofenster::aufbauen()
 {
+    m_protokolle = protokollordner(*m_zustand);
     setWindowTitle(Sprache::text(u"Info zu Quillmar"_s));
     auto *inhalt = new QWidget(this);
     auto *aussen = new QVBoxLayout(inhalt);

@@ -37,6 +37,7 @@ private:
     Zustand *m_zustand;
     Aktualisierung *m_aktualisierung;
     QWidget *m_inhalt = nullptr;
+    QString m_protokolle; ///< the folder that is shown
     Knopf *m_suchen = nullptr;
     QLabel *m_marke = nullptr;
     Umbruchtext *m_ergebnis = nullptr;

@@ -27,8 +27,10 @@ void fortgeben(QList<Protokollzeile> zeilen)
 void Zustand::protokolleListen()
 {
     const auto ordner = m_aktiv ? m_aktiv->protokollURL() : std::nullopt;
-    if (!ordner)
-        return;
+    if (!ordner) {
+        m_protokollDateien.clear(); // those of the folder that was chosen before
+        return Q_EMIT protokollDateienGeaendert();
+    }
     imHintergrund(
         this, [ordner = *ordner] { return Protokollbuch::dateien(ordner); },
         [this, ordner](const Ausgang<QStringList> &ausgang) {

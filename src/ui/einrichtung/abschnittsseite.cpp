@@ -31,6 +31,19 @@ QString ausgeschrieben(const QString &pfad)
     return sauber == "~"_L1 || sauber.startsWith("~/"_L1) ? QDir::homePath() + sauber.mid(1) : sauber;
 }
 
+QString bereinigt(const QString &text, Abschnittsseite::Rand rand)
+{
+    switch (rand) {
+    case Abschnittsseite::Rand::weg:
+        return text.trimmed();
+    case Abschnittsseite::Rand::pfad:
+        return ausgeschrieben(text);
+    case Abschnittsseite::Rand::bleibt:
+        break;
+    }
+    return text;
+}
+
 QWidget *nebeneinander(QWidget *eltern, QWidget *links, QWidget *rechts, int streckungLinks)
 {
     auto *traeger = new QWidget(eltern);
@@ -230,7 +243,7 @@ QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
     };
     connect(eingabe, &QLineEdit::textEdited, this, [this, feld, pruefen, rand](const QString &text) {
         if (pruefen(text))
-            aendern([&](Profil &p) { p.*feld = rand == Rand::weg ? ausgeschrieben(text) : text; });
+            aendern([&](Profil &p) { p.*feld = bereinigt(text, rand); });
     });
     folgen([this, eingabe, feld, pruefen] {
         const QString wert = profil().*feld;
@@ -253,7 +266,7 @@ QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
 
 QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*feld, const QString &frage, QWidget **teil)
 {
-    QLineEdit *eingabe = textfeld(name, feld);
+    QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::pfad);
     QPushButton *waehlen = knopf(name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), frage);
     connect(waehlen, &QPushButton::clicked, this, [this, eingabe, feld, frage] {
         if (const auto ordner = Zustand::ordnerWaehlen(frage)) {

@@ -22,6 +22,12 @@ class Abschnittsseite : public QWidget
     Q_OBJECT
 
 public:
+    enum class Rand {
+        weg,
+        pfad,
+        bleibt
+    }; ///< blanks at the ends of what is typed; in a path "~" is spelled out as well
+
     /** Widest label, and the width that the column of labels has in all sections. */
     [[nodiscard]] int beschriftungsbreite() const;
     void setzeBeschriftungsbreite(int breite);
@@ -52,7 +58,6 @@ protected:
     void abschliessen();
 
     [[nodiscard]] Marktext *marktext();
-    enum class Rand { weg, bleibt }; ///< blanks at the ends of what is typed
     /** A line edit whose text is the profile's @p feld; @p mangel says what is wrong with a text that is not stored. */
     QLineEdit *textfeld(const QString &name, QString Profil::*feld,
                         const std::function<QString(const QString &)> &mangel = {}, Marktext *beschwerde = nullptr,
