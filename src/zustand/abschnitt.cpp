@@ -80,6 +80,8 @@ Abschnittsstand ziel(const Zustand &z)
         return {.lage = Lage::gestoert, .zeile = Sprache::text(u"Ordner nicht erreichbar"_s)};
     if (z.aktiv()->zweige.isEmpty())
         return {.lage = Lage::fehlt, .zeile = Sprache::text(u"Struktur noch nicht eingelesen"_s)};
+    if (z.einrichtung().strukturAlt)
+        return {.lage = Lage::warnung, .zeile = Sprache::text(u"Struktur neu einlesen"_s)};
     const Strukturzahlen &s = z.einrichtung().zahlen;
     if (s.neu > 0 || s.entfallen > 0)
         return {.lage = s.entfallen > 0 ? Lage::warnung : Lage::gut,

@@ -72,6 +72,7 @@ struct Einrichtungsstand {
     bool zaehlt = false;
     bool liestStruktur = false;
     QString strukturmeldung;       ///< why the last reading brought nothing; empty if it did
+    bool strukturAlt = false;      ///< the structure was read below a target root that was chosen before
     bool geradeGelesen = false;    ///< the structure was read in this session
     QList<Strukturzeile> struktur; ///< with what is new or gone since the reading before
     Strukturzahlen zahlen;

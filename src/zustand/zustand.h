@@ -123,8 +123,9 @@ public:
     [[nodiscard]] const Analyse *analyse() const { return m_analyse.get(); }
     enum class Durchgang {
         ganz,
-        erneut,   ///< what failed before is tried again
-        nurLesen, ///< without the model
+        erneut,      ///< what failed before is tried again
+        nurLesen,    ///< without the model
+        erneutLesen, ///< both
     };
     void durchgangStarten(Durchgang art = Durchgang::ganz);
     /** Starts one if the model can be asked, else tells so by startFraglich(): every document would fail by itself. */
@@ -348,6 +349,7 @@ private:
     Einrichtungsstand m_einrichtung;
     Abschnitt m_abschnitt = Abschnitt::programme;
     QList<Zweig> m_strukturVorher;                 ///< before the last reading; empty: nothing to compare with
+    QString m_strukturwurzel;                      ///< below which the structure was read, as far as is known
     std::optional<QList<Zweig>> m_strukturGezeigt; ///< that the lines were made from
     QTimer m_zaehltakt;
     QStringList m_zaehlschluessel; ///< what the count was asked for

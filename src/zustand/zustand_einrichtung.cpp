@@ -40,6 +40,8 @@ void Zustand::einrichtungFolgen()
     connect(this, &Zustand::modellGeprueft, this, &Zustand::erbetenesStarten);
     connect(this, &Zustand::profileGeaendert, this, [this] {
         quelleVerfolgen();
+        m_einrichtung.strukturAlt = m_aktiv && !m_aktiv->zweige.isEmpty() && !m_aktiv->zielWurzel.isEmpty() &&
+                                    QDir::cleanPath(m_aktiv->zielWurzel) != m_strukturwurzel;
         strukturOrdnen();
     });
     connect(this, &Zustand::reiterGeaendert, this, [this] {
@@ -56,6 +58,7 @@ void Zustand::einrichtungFolgen()
         m_einrichtung.programme = std::move(programme);
         m_strukturVorher.clear();
         m_strukturGezeigt.reset();
+        m_strukturwurzel = m_aktiv ? QDir::cleanPath(m_aktiv->zielWurzel) : QString();
         m_zaehlschluessel.clear();
         strukturOrdnen();
         einrichtungPruefen();
@@ -165,6 +168,8 @@ void Zustand::strukturEingelesen(const std::optional<QList<Zweig>> &zweige)
                 : Sprache::text(u"Hier liegt keine Struktur. Die bisherige gilt weiter."_s);
         return;
     }
+    m_strukturwurzel = QDir::cleanPath(m_aktiv->zielWurzel);
+    m_einrichtung.strukturAlt = false;
     m_strukturVorher = m_aktiv->zweige;
     m_strukturGezeigt.reset();
     m_einrichtung.geradeGelesen = !m_strukturVorher.isEmpty();

@@ -123,6 +123,18 @@ private Q_SLOTS:
         einlesen();
         QVERIFY(m_z->einrichtung().strukturmeldung.endsWith(u"Die bisherige gilt weiter."_s));
         QCOMPARE(m_z->aktiv()->zweige, bekannte);
+        // Another root has another structure, which nobody has read yet.
+        const QString wurzel = m_b->profil.zielWurzel;
+        aendern([&](Profil &p) { p.zielWurzel = m_b->ziel(u"Verein"_s); });
+        QVERIFY(m_z->einrichtung().strukturAlt);
+        aendern([&](Profil &p) { p.zielWurzel = wurzel; });
+        QVERIFY(!m_z->einrichtung().strukturAlt);
+        const QString andere = m_b->ordner() + u"/andere"_s;
+        QDir().mkpath(andere + u"/Amt/Akten/Bescheide"_s);
+        aendern([&](Profil &p) { p.zielWurzel = andere; });
+        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::ziel).zeile, u"Struktur neu einlesen"_s);
+        einlesen();
+        QVERIFY(!m_z->einrichtung().strukturAlt && m_z->kenntRubrik(u"Bescheide"_s));
     }
 
     void zaehltUndNimmtAus()

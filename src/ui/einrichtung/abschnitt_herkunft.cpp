@@ -97,6 +97,11 @@ private:
         connect(m_neue, &QLineEdit::returnPressed, this, [this] { hinzufuegen(); });
         connect(m_neue, &QLineEdit::textEdited, this, [this] { beschweren({}); });
         connect(ordner, &QPushButton::clicked, this, [this] { beschweren(this->zustand()->ausnahmeWaehlen()); });
+        // What was typed for one profile is not meant for another.
+        connect(this->zustand(), &Zustand::aktivGeaendert, m_neue, [this] {
+            m_neue->clear();
+            beschweren({});
+        });
         beschweren({});
     }
 

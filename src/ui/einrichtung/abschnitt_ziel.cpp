@@ -183,6 +183,10 @@ private:
             return m_zahlen->setzen(u"circle.running"_s, Sprache::text(u"Ordner werden gelesen …"_s));
         if (!e.strukturmeldung.isEmpty())
             return m_zahlen->setzen(u"exclamationmark.triangle"_s, e.strukturmeldung);
+        if (e.strukturAlt)
+            return m_zahlen->setzen(
+                u"exclamationmark.triangle"_s,
+                Sprache::text(u"Die Struktur stammt aus dem bisherigen Zielordner. Lies sie neu ein."_s));
         if (z.rubriken == 0 && z.ablagen == 0)
             return m_zahlen->erklaeren(Sprache::text(u"Noch nicht eingelesen. Ohne Struktur weiß das Modell nicht, "
                                                      "wohin."_s));
