@@ -73,7 +73,8 @@ void Zustand::durchgangStarten(Durchgang art)
         return;
     m_laufbild.beginnen(steady_clock::now());
     m_analyse->profilSetzen(*m_aktiv);
-    m_analyse->allesStarten(art == Durchgang::erneut, art == Durchgang::nurLesen);
+    m_analyse->allesStarten(art == Durchgang::erneut || art == Durchgang::erneutLesen,
+                            art == Durchgang::nurLesen || art == Durchgang::erneutLesen);
 }
 
 void Zustand::durchgangErbitten(Durchgang art)

@@ -178,6 +178,7 @@ private Q_SLOTS:
         qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server->port()));
         m_b->profil.eigeneNamen = QStringList{u"Anna Muster"_s};
         m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        m_b->dokument(u"b.pdf"_s, [](Dokument &d) { d.fehler = u"Einordnung nicht möglich"_s; });
         mitProfil(Abschnitt::programme);
         QTRY_COMPARE(weiter(), u"Durchgang starten"_s);
         QTRY_VERIFY(teil<QAbstractButton>(u"weiter"_s)->isEnabled());
@@ -192,7 +193,15 @@ private Q_SLOTS:
         klicken(u"nurLesen"_s);
         QTRY_VERIFY(m_z->laufbild().gelaufen() && !m_z->analyse()->laeuft());
         QCOMPARE(m_z->laufbild().stufen().at(2).stand, Stufenbild::Stand::offen);
-        QTRY_VERIFY(imFokus(u"durchgangStarten"_s)); // not the choice of the profile: the next key would change that
+        // Not the choice of the profile: the next key would change that.
+        QTRY_VERIFY(imFokus(u"vorschlaegePruefen"_s) || imFokus(u"durchgangStarten"_s));
+        QTRY_COMPARE(m_z->nacharbeit().gescheiterte.size(), 1);
+        klicken(u"alleErneut"_s);
+        QTRY_VERIFY(imFokus(u"modellPruefen"_s));
+        klicken(u"nurLesen"_s);
+        QTRY_VERIFY(m_z->nacharbeit().gescheiterte.isEmpty()); // opened again, and waits for the model
+        QTRY_VERIFY(!m_z->analyse()->laeuft());
+        QTRY_VERIFY(imFokus(u"durchgangStarten"_s));
         taste(Qt::Key_Space);
         QTRY_VERIFY(imFokus(u"modellPruefen"_s));
         m_z->neuesProfil(); // which the question is not about

@@ -154,7 +154,8 @@ void AblaufAnsicht::verbinden()
     });
     connect(m_frage, &Startfrage::nurLesen, this, [this] {
         setFocus();
-        m_zustand->durchgangStarten(Zustand::Durchgang::nurLesen);
+        m_zustand->durchgangStarten(m_fraglich == Zustand::Durchgang::erneut ? Zustand::Durchgang::erneutLesen
+                                                                             : Zustand::Durchgang::nurLesen);
     });
     connect(m_zustand, &Zustand::startFraglich, this, &AblaufAnsicht::fragen);
     connect(m_zustand, &Zustand::aktivGeaendert, m_frage, &QWidget::hide); // it was about the other profile
