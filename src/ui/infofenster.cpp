@@ -51,11 +51,10 @@ QString protokollordner(const Zustand &zustand)
 
 QList<Ordnerzeile> ordnerzeilen(const Zustand &zustand)
 {
-    return {{.name = u"programmordner"_s,
-             .was = Sprache::text(u"Einstellungen und Katalog"_s),
-             .pfad = programmOrdner()},
-            {.name = u"sprachordner"_s, .was = Sprache::text(u"Eigene Sprachen"_s), .pfad = Sprache::eigenerOrdner()},
-            {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokollordner(zustand)}};
+    return {
+        {.name = u"programmordner"_s, .was = Sprache::text(u"Einstellungen und Katalog"_s), .pfad = programmOrdner()},
+        {.name = u"sprachordner"_s, .was = Sprache::text(u"Eigene Sprachen"_s), .pfad = Sprache::eigenerOrdner()},
+        {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokollordner(zustand)}};
 }
 
 QLabel *schild(const QString &text, QWidget *eltern, Schrift art = Schrift::Grund)
