@@ -557,6 +557,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Struktur einlesen",
     u"Struktur neu einlesen",
     u"Struktur noch nicht eingelesen",
+    u"Sucht die PDF-Dateien im Herkunftsordner.",
     u"Sucht die PDF-Dateien in %@ und den Ordnern darunter.",
     u"Sucht die PDF-Dateien in %@.",
     u"Text lesen",

@@ -34,6 +34,8 @@ QString stufenvorschau(int stufe, const Profil &profil)
 {
     switch (stufe) {
     case 0:
+        if (profil.quelle.isEmpty())
+            return Sprache::text(u"Sucht die PDF-Dateien im Herkunftsordner."_s);
         return profil.mitUnterordnern
                    ? gefuellt(Sprache::text(u"Sucht die PDF-Dateien in %@ und den Ordnern darunter."_s),
                               {kurzpfad(profil.quelle)})
