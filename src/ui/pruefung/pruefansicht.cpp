@@ -72,7 +72,7 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     connect(m_zustand, &Zustand::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
     connect(m_zustand, &Zustand::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);
     connect(m_zustand, &Zustand::partnerZeigenGeaendert, this, &PruefAnsicht::vorschauZeigen);
-    connect(m_zustand, &Zustand::vorausGeaendert, this, &PruefAnsicht::vorschauZeigen);
+    connect(m_zustand, &Zustand::vorausGeaendert, this, &PruefAnsicht::vorausladen);
     for (const auto signal : {&Zustand::zaehlwerkGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert,
                               &Zustand::aktivGeaendert, &Zustand::bereitschaftGeaendert})
         connect(m_zustand, signal, this, &PruefAnsicht::leereZeigen);
@@ -223,6 +223,7 @@ void PruefAnsicht::dokumentZeigen()
     m_rollen->verticalScrollBar()->setValue(0);
     leereZeigen();
     vorschauZeigen();
+    vorausladen();
     // The single keys work at once: the focus starts outside the fields.
     if (fokusHier || (isVisible() && !window()->focusWidget()))
         da ? m_vorschau->setFocus() : setFocus();
@@ -238,6 +239,10 @@ void PruefAnsicht::vorschauZeigen()
         m_vorschau->zeigen(d ? d->pfad : QString());
         m_vorschau->partnerBeenden();
     }
+}
+
+void PruefAnsicht::vorausladen()
+{
     // The likeliest last: its first page is the one that is ready.
     const QStringList voraus = m_zustand->voraus();
     for (auto pfad = voraus.crbegin(); pfad != voraus.crend(); ++pfad)
