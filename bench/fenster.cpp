@@ -112,10 +112,7 @@ QString langesProtokoll(const Profil &profil)
 
 int startMessen()
 {
-    int anzahl = 1;
-    char name[] = "quillmar";
-    char *argumente[] = {name, nullptr};
-    const QApplication programm(anzahl, argumente);
+    const Anwendung anwendung;
     {
         const Fenster f;
         // Usable: the first page or the empty card has been drawn.
@@ -128,10 +125,7 @@ int startMessen()
 
 void Fensterreihen::eingabe()
 {
-    int anzahl = 1;
-    char name[] = "quillmar";
-    char *argumente[] = {name, nullptr};
-    const QApplication programm(anzahl, argumente);
+    const Anwendung anwendung;
     const Heim heim;
     heim.sichern();
     const QStringList dateien = gemischt(heim.profil.quelle, eingaben + 2);
@@ -158,10 +152,7 @@ void Fensterreihen::eingabe()
 
 void Fensterreihen::taste()
 {
-    int anzahl = 1;
-    char name[] = "quillmar";
-    char *argumente[] = {name, nullptr};
-    const QApplication programm(anzahl, argumente);
+    const Anwendung anwendung;
     const Heim heim;
     heim.sichern();
     heim.belegen(Probe::textPdfs(heim.profil.quelle, 2));
@@ -187,10 +178,7 @@ void Fensterreihen::taste()
 
 void Fensterreihen::schleife()
 {
-    int anzahl = 1;
-    char name[] = "quillmar";
-    char *argumente[] = {name, nullptr};
-    const QApplication programm(anzahl, argumente);
+    const Anwendung anwendung;
     Heim heim;
     heim.profil.modell = vorfuehrung::modellDerVorfuehrung();
     heim.sichern();
@@ -206,10 +194,7 @@ void Fensterreihen::schleife()
 
 void Fensterreihen::protokollkarte()
 {
-    int anzahl = 1;
-    char name[] = "quillmar";
-    char *argumente[] = {name, nullptr};
-    const QApplication programm(anzahl, argumente);
+    const Anwendung anwendung;
     const Heim heim;
     heim.sichern();
     const QString log = langesProtokoll(heim.profil);

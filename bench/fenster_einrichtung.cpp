@@ -68,10 +68,7 @@ void tippen(Fenster &f, Abschnitt abschnitt, const QString &feld)
 
 void Fensterreihen::einrichtungskarte()
 {
-    int anzahl = 1;
-    char name[] = "quillmar";
-    char *argumente[] = {name, nullptr};
-    const QApplication programm(anzahl, argumente);
+    const Anwendung anwendung;
     const Heim heim;
     heim.sichern();
     anlegen(heim.profil);

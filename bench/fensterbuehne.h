@@ -5,6 +5,7 @@
 #include "profil.h"
 #include "zustand.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -23,6 +24,14 @@ constexpr int blick = 700; // ms that somebody who is quick looks at a page
 /** Lets the event loop run until @p fertig; throws when that takes too long. */
 void bis(const std::function<bool()> &fertig);
 void warten(int dauer);
+
+/** The application, for rows that are no whole process of their own. */
+struct Anwendung {
+    int anzahl = 1;
+    char name[9] = "quillmar";
+    char *argumente[2] = {name, nullptr};
+    QApplication programm{anzahl, argumente};
+};
 
 /** A home of its own with one profile; the catalogue is filled before the window opens it. */
 class Heim

@@ -1,11 +1,12 @@
 #include "fusszeile.h"
 
 #include "analyse.h"
+#include "balken.h"
+#include "meldungszeile.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -24,19 +25,6 @@ QLabel *schild(const QString &name, QWidget *eltern)
     schild->setTextFormat(Qt::PlainText);
     Stil::nebentext(schild);
     return schild;
-}
-
-QString symbolFuer(Zustand::Ton ton)
-{
-    switch (ton) {
-    case Zustand::Ton::gut:
-        return u"checkmark.circle"_s;
-    case Zustand::Ton::warnung:
-        return u"exclamationmark.triangle"_s;
-    case Zustand::Ton::ruhig:
-        break;
-    }
-    return {};
 }
 } // namespace
 
@@ -99,11 +87,11 @@ void Fusszeile::lageZeigen()
         m_anteil = analyse->anteil();
     } else if (!m_notiz.isEmpty()) {
         m_stufe = m_notiz;
-        m_symbol = symbolFuer(m_zustand->ton());
+        m_symbol = tonzeichen(m_zustand->ton());
     } else if (m_zustand->aktiv() && (m_zustand->modellstand().art == Modellstand::Art::serverFehlt ||
                                       m_zustand->modellstand().art == Modellstand::Art::modellFehlt)) {
         m_stufe = m_zustand->modellMeldung();
-        m_symbol = symbolFuer(Zustand::Ton::warnung);
+        m_symbol = tonzeichen(Zustand::Ton::warnung);
     }
     anordnen();
     update();
@@ -168,10 +156,6 @@ void Fusszeile::paintEvent(QPaintEvent *)
     if (m_balkenX == 0)
         return;
     const int dicke = abstand(6);
-    const QRectF rille(m_balkenX, (height() - dicke) / 2.0, abstand(balkenlaenge), dicke);
-    maler.setPen(Qt::NoPen);
-    maler.setBrush(Stil::rille(palette()));
-    maler.drawRoundedRect(rille, dicke / 2.0, dicke / 2.0);
-    maler.setBrush(Stil::akzentmarke(palette()));
-    maler.drawRoundedRect(QRectF(rille.topLeft(), QSizeF(rille.width() * m_anteil, dicke)), dicke / 2.0, dicke / 2.0);
+    Balken::malen(maler, QRectF(m_balkenX, (height() - dicke) / 2.0, abstand(balkenlaenge), dicke), m_anteil,
+                  palette());
 }

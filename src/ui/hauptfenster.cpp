@@ -163,7 +163,7 @@ void Hauptfenster::ersteKarteZeigen()
 void Hauptfenster::keyPressEvent(QKeyEvent *ereignis)
 {
     const bool eingabe = ereignis->key() == Qt::Key_Return || ereignis->key() == Qt::Key_Enter;
-    auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
+    auto *knopf = knopfImFokus(this);
     if (eingabe && !Tastentakt::derAnwendung()->gehalten() && knopf && !qobject_cast<QCheckBox *>(knopf))
         knopf->click();
     else
@@ -185,8 +185,7 @@ void Hauptfenster::updateMelden()
         m_zustand->melden(bisher + u", "_s + satz, m_zustand->ton());
 }
 
-/** A file that is being moved reaches its place first; asked twice, it is left
- * to the settling at the next start. */
+/** A file that is being moved reaches its place first; asked twice, it is left to the settling at the next start. */
 void Hauptfenster::closeEvent(QCloseEvent *ereignis)
 {
     Einstellungen::setzen(schluesselOrt, saveGeometry());

@@ -4,6 +4,8 @@
 #include "sprache.h"
 #include "text.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -36,15 +38,26 @@ void Profilsicherung::nachlesen()
 {
     if (offen() || m_gescheitert)
         return;
-    const auto lesen = [stand = m_stand] {
-        const QList<Profil> gelesen = Profilspeicher::laden();
-        return gelesen == stand ? QList<Profil>() : gelesen;
+    struct Gelesen {
+        QDateTime von; // the file is never changed in place
+        QList<Profil> profile;
     };
-    imHintergrund(this, lesen, [this, fassung = m_fassung](const Ausgang<QList<Profil>> &ausgang) {
-        // An empty list may be one that cannot be read.
-        if (fassung != m_fassung || offen() || !ausgang.wert || ausgang.wert->isEmpty())
+    const auto lesen = [stand = m_stand, bekannt = m_gelesenVon] {
+        Gelesen gelesen{.von = QFileInfo(Profilspeicher::datei()).lastModified(), .profile = {}};
+        if (gelesen.von != bekannt)
+            gelesen.profile = Profilspeicher::laden();
+        if (gelesen.profile == stand)
+            gelesen.profile.clear();
+        return gelesen;
+    };
+    imHintergrund(this, lesen, [this, fassung = m_fassung](const Ausgang<Gelesen> &ausgang) {
+        if (fassung != m_fassung || offen() || !ausgang.wert)
             return;
-        m_stand = *ausgang.wert;
+        m_gelesenVon = ausgang.wert->von;
+        // An empty list may be one that cannot be read.
+        if (ausgang.wert->profile.isEmpty())
+            return;
+        m_stand = ausgang.wert->profile;
         Q_EMIT gesichert(m_stand);
     });
 }

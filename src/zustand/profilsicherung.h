@@ -2,6 +2,7 @@
 
 #include "profilspeicher.h"
 
+#include <QDateTime>
 #include <QObject>
 
 /**
@@ -37,6 +38,7 @@ private:
     QList<Profil> m_stand;     ///< as stored, or as handed over by the saving before
     QList<Profil> m_wunsch;    ///< as it shall be
     QList<Profil> m_unterwegs; ///< as the running saving writes it
+    QDateTime m_gelesenVon;    ///< when the file was written that nachlesen() has read last
     quint64 m_fassung = 0;     ///< counts the wishes; what was read before the last one is old
     bool m_laeuft = false;
     bool m_gescheitert = false; ///< the last saving

@@ -267,6 +267,7 @@ private:
     void analyseAbloesen();
     void erbetenesStarten();
     void laufFertig();
+    void nacharbeitSetzen(const Nacharbeit &nacharbeit);
     void laufendeLesen(Laufende ende);
 
     [[nodiscard]] std::optional<qint64> dokumentId() const

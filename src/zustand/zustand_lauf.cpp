@@ -26,7 +26,6 @@ void Zustand::laufFertig()
     if (!m_analyse->hinweise().isEmpty())
         melden(m_analyse->hinweise().join(u", "_s));
     aktualisieren();
-    nacharbeitLesen();
     Q_EMIT laufGeaendert();
     laufendeLesen({.dauer = m_laufbild.dauer(steady_clock::now()), .abgeschlossen = abgeschlossen});
 }
@@ -34,16 +33,14 @@ void Zustand::laufFertig()
 void Zustand::laufendeLesen(Laufende ende)
 {
     imHintergrund(
-        this,
-        [db = m_db, ende]() mutable {
-            ende.bereit = Zaehlwerk::zaehlen(*db).bereit;
-            ende.gescheitert = Nacharbeit::lesen(*db).gescheiterte.size();
-            return ende;
-        },
-        [this, nummer = m_oeffnung](const Ausgang<Laufende> &ausgang) {
+        this, [db = m_db] { return std::pair(Zaehlwerk::zaehlen(*db).bereit, Nacharbeit::lesen(*db)); },
+        [this, ende, nummer = m_oeffnung](const Ausgang<std::pair<qint64, Nacharbeit>> &ausgang) {
             if (nummer != m_oeffnung || !ausgang.wert)
                 return;
-            m_laufende = *ausgang.wert;
+            nacharbeitSetzen(ausgang.wert->second);
+            m_laufende = ende;
+            m_laufende.bereit = ausgang.wert->first;
+            m_laufende.gescheitert = m_nacharbeit.gescheiterte.size();
             Q_EMIT laufBeendet();
         });
 }
@@ -130,9 +127,15 @@ void Zustand::nacharbeitLesen()
             m_liestNacharbeit = false;
             if (nummer != m_oeffnung)
                 return nacharbeitLesen();
-            if (!ausgang.wert || *ausgang.wert == m_nacharbeit)
-                return;
-            m_nacharbeit = *ausgang.wert;
-            Q_EMIT nacharbeitGeaendert();
+            if (ausgang.wert)
+                nacharbeitSetzen(*ausgang.wert);
         });
+}
+
+void Zustand::nacharbeitSetzen(const Nacharbeit &nacharbeit)
+{
+    if (nacharbeit == m_nacharbeit)
+        return;
+    m_nacharbeit = nacharbeit;
+    Q_EMIT nacharbeitGeaendert();
 }

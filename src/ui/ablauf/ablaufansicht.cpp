@@ -6,6 +6,7 @@
 #include "kurzpfad.h"
 #include "leeransicht.h"
 #include "nacharbeitsliste.h"
+#include "rollbereich.h"
 #include "sprache.h"
 #include "startfrage.h"
 #include "stil.h"
@@ -58,15 +59,7 @@ AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
 {
     setObjectName(u"ablauf"_s);
     setFocusPolicy(Qt::ClickFocus);
-    auto *rollen = new QScrollArea(this);
-    rollen->setFrameShape(QFrame::NoFrame);
-    rollen->setWidgetResizable(true);
-    rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    rollen->setFocusPolicy(Qt::NoFocus);
-    rollen->setWidget(spalteBauen());
-    rollen->viewport()->setAutoFillBackground(false);
-    rollen->widget()->setAutoFillBackground(false);
-    m_stapel->addWidget(rollen);
+    m_stapel->addWidget(rollbereich(spalteBauen(), this));
     m_stapel->addWidget(m_leere);
     connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { m_zustand->setzeReiter(Reiter::einrichtung); });
     verbinden();
@@ -195,9 +188,7 @@ bool AblaufAnsicht::eingerichtet() const { return !m_zustand->bereitschaft() || 
 /** To the first section without which no run begins. */
 void AblaufAnsicht::zurEinrichtung()
 {
-    const QList<Abschnitt> &alle = alleAbschnitte();
-    const auto fehlt = [this](Abschnitt abschnitt) { return m_zustand->abschnittsstand(abschnitt).hindert(); };
-    if (const auto erster = std::find_if(alle.begin(), alle.end(), fehlt); erster != alle.end())
+    if (const auto erster = m_zustand->naechsterAbschnitt(alleAbschnitte().last()))
         m_zustand->setzeAbschnitt(*erster);
     m_zustand->setzeReiter(Reiter::einrichtung);
 }
@@ -362,15 +353,16 @@ void AblaufAnsicht::listenZeigen()
     m_ausraeumen->setEnabled(!m_zustand->beschaeftigt());
 }
 
-/** Without the model server every document would fail on its own. */
 void AblaufAnsicht::starten(Zustand::Durchgang art)
 {
     m_frage->hide();
     m_zustand->durchgangErbitten(art);
 }
 
+/** Wherever the run was asked for: here stands what can be done. */
 void AblaufAnsicht::fragen(Zustand::Durchgang art)
 {
     m_fraglich = art;
+    m_zustand->setzeReiter(Reiter::ablauf);
     m_frage->fragen();
 }

@@ -5,13 +5,25 @@
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QGridLayout>
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
 using Stil::abstand;
+
+QString tonzeichen(Zustand::Ton ton)
+{
+    switch (ton) {
+    case Zustand::Ton::gut:
+        return u"checkmark.circle"_s;
+    case Zustand::Ton::warnung:
+        return u"exclamationmark.triangle"_s;
+    case Zustand::Ton::ruhig:
+        break;
+    }
+    return {};
+}
 
 Meldungszeile::Meldungszeile(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_text(new Elidiertext(Qt::ElideRight, this)),
@@ -67,11 +79,10 @@ void Meldungszeile::zeigen()
 
 void Meldungszeile::paintEvent(QPaintEvent *)
 {
-    if (m_text->ganzerText().isEmpty() || m_zustand->ton() == Zustand::Ton::ruhig || !m_zustand->vorgang().isEmpty())
+    if (m_text->ganzerText().isEmpty() || !m_zustand->vorgang().isEmpty())
         return;
     QPainter maler(this);
     const int kante = Stil::zeichengroesse();
-    const QString symbol =
-        m_zustand->ton() == Zustand::Ton::gut ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s;
-    Zeichen::malen(maler, QRect(0, m_text->geometry().center().y() - kante / 2, kante, kante), symbol, palette());
+    Zeichen::malen(maler, QRect(0, m_text->geometry().center().y() - kante / 2, kante, kante),
+                   tonzeichen(m_zustand->ton()), palette());
 }

@@ -1,7 +1,9 @@
 #include "tastentakt.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QShortcut>
 
 namespace
 {
@@ -30,4 +32,22 @@ bool Tastentakt::eventFilter(QObject *, QEvent *ereignis)
     const quint64 vorher = m_losgelassen.value(taste->key());
     m_gehalten = taste->isAutoRepeat() || (vorher > 0 && zeit >= vorher && zeit - vorher < keineHand);
     return false;
+}
+
+void kurztaste(const QKeySequence &tasten, QWidget *karte, const std::function<void()> &tat)
+{
+    const Tastentakt *takt = Tastentakt::derAnwendung(); // has to see the keys from the first one on
+    auto *kurz = new QShortcut(tasten, karte);
+    kurz->setContext(Qt::WidgetWithChildrenShortcut);
+    kurz->setAutoRepeat(false);
+    QObject::connect(kurz, &QShortcut::activated, karte, [takt, tat] {
+        if (!takt->gehalten())
+            tat();
+    });
+}
+
+QAbstractButton *knopfImFokus(const QWidget *teil)
+{
+    auto *knopf = qobject_cast<QAbstractButton *>(teil->focusWidget());
+    return knopf && knopf->hasFocus() ? knopf : nullptr;
 }

@@ -1,7 +1,11 @@
 #pragma once
 
 #include <QHash>
+#include <QKeySequence>
 #include <QObject>
+#include <functional>
+
+class QAbstractButton;
 
 /**
  * Tells a key that is held down from one that is pressed anew. QKeyEvent::isAutoRepeat() alone does not: under X11 a
@@ -26,3 +30,9 @@ private:
     QHash<int, quint64> m_losgelassen; ///< by key, in milliseconds of the platform
     bool m_gehalten = false;
 };
+
+/** @p tat for @p tasten while @p karte or something in it has the focus; once, however long they are held. */
+void kurztaste(const QKeySequence &tasten, QWidget *karte, const std::function<void()> &tat);
+
+/** The button below @p teil that has the focus; null if another widget has it. */
+[[nodiscard]] QAbstractButton *knopfImFokus(const QWidget *teil);

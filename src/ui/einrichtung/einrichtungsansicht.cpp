@@ -7,6 +7,7 @@
 #include "hauptknopf.h"
 #include "marktext.h"
 #include "profilleiste.h"
+#include "rollbereich.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -28,19 +29,6 @@ namespace
 constexpr int listenbreite = 300;
 constexpr int wenigeZeichen = 84;        // in a line of a section: fewer, and nothing stands beside a field
 constexpr double hoechstenAnteil = 0.32; // of the list where the font is large
-
-QScrollArea *rollbar(QWidget *inhalt, QWidget *eltern)
-{
-    auto *rollen = new QScrollArea(eltern);
-    rollen->setFrameShape(QFrame::NoFrame);
-    rollen->setWidgetResizable(true);
-    rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    rollen->setFocusPolicy(Qt::NoFocus);
-    rollen->setWidget(inhalt);
-    rollen->viewport()->setAutoFillBackground(false);
-    inhalt->setAutoFillBackground(false);
-    return rollen;
-}
 } // namespace
 
 EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern)
@@ -119,7 +107,7 @@ void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
     for (const Abschnitt abschnitt : alleAbschnitte()) {
         Abschnittsseite *seite = seiten.at(int(abschnitt));
         m_abschnitte[abschnitt] = seite;
-        m_seiten->addWidget(rollbar(seite, m_seiten));
+        m_seiten->addWidget(rollbereich(seite, m_seiten));
     }
 }
 

@@ -8,14 +8,12 @@
 #include "sitzungsseite.h"
 #include "sprache.h"
 #include "stil.h"
+#include "tastentakt.h"
 #include "teiler.h"
 #include "text.h"
 #include "zustand.h"
 
-#include <QAbstractButton>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QShortcut>
 #include <QStackedLayout>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -102,12 +100,8 @@ QWidget *ProtokollAnsicht::bewegungsteil()
 
 void ProtokollAnsicht::tastenBauen()
 {
-    for (const QKeySequence &tasten : {QKeySequence(Qt::Key_U), QKeySequence(Qt::CTRL | Qt::Key_Z)}) {
-        auto *kurz = new QShortcut(tasten, this);
-        kurz->setContext(Qt::WidgetWithChildrenShortcut);
-        kurz->setAutoRepeat(false);
-        connect(kurz, &QShortcut::activated, m_zustand, &Zustand::rueckgaengig);
-    }
+    for (const QKeySequence &tasten : {QKeySequence(Qt::Key_U), QKeySequence(Qt::CTRL | Qt::Key_Z)})
+        kurztaste(tasten, this, [this] { m_zustand->rueckgaengig(); });
 }
 
 void ProtokollAnsicht::verbinden()
@@ -142,17 +136,6 @@ void ProtokollAnsicht::focusInEvent(QFocusEvent *ereignis)
     QWidget::focusInEvent(ereignis);
     if (m_zustand->offen())
         m_sitzungen->zurAuswahl();
-}
-
-/** Return presses the button that has the focus, as on the other cards. */
-void ProtokollAnsicht::keyPressEvent(QKeyEvent *ereignis)
-{
-    auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
-    const bool eingabe = ereignis->key() == Qt::Key_Return || ereignis->key() == Qt::Key_Enter;
-    if (eingabe && !ereignis->isAutoRepeat() && knopf && knopf->hasFocus())
-        knopf->click();
-    else
-        QWidget::keyPressEvent(ereignis);
 }
 
 void ProtokollAnsicht::zeigen() { m_stapel->setCurrentIndex(m_zustand->aktiv() ? 0 : 1); }

@@ -25,7 +25,6 @@ public:
 protected:
     void showEvent(QShowEvent *ereignis) override;
     void focusInEvent(QFocusEvent *ereignis) override;
-    void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
     QWidget *sitzungsteil();

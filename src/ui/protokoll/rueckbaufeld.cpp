@@ -4,15 +4,15 @@
 #include "elidiertext.h"
 #include "hauptknopf.h"
 #include "knopf.h"
+#include "meldungszeile.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "umbruchtext.h"
 #include "zeichen.h"
+#include "zeichenschild.h"
 #include "zeile.h"
-#include "zustand.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -34,16 +34,6 @@ Knopf *knopf(const QString &name, const QString &text, const QString &hilfe, QWi
     neu->setToolTip(hilfe);
     neu->setAccessibleDescription(hilfe);
     return neu;
-}
-
-/** A mark of the size of an icon beside text. */
-QLabel *zeichenschild(const QString &symbol, QWidget *eltern)
-{
-    auto *schild = new QLabel(eltern);
-    Stil::folgen(schild, [schild, symbol] {
-        schild->setPixmap(Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
-    });
-    return schild;
 }
 
 QString erklaerung(const std::optional<Protokollkopf> &kopf)
@@ -274,30 +264,25 @@ void Rueckbaufeld::zeigen()
 QString Rueckbaufeld::meldungssymbol() const
 {
     const bool gedreht = !m_zustand->rueckbauMeldung().isEmpty() && !m_zustand->rueckbauLaeuft();
-    if (!m_zustand->rueckbauFehler().isEmpty() || (!gedreht && m_zustand->ton() == Zustand::Ton::warnung))
-        return u"exclamationmark.triangle"_s;
-    return gedreht || m_zustand->ton() == Zustand::Ton::gut ? u"checkmark.circle"_s : QString();
+    if (!m_zustand->rueckbauFehler().isEmpty())
+        return tonzeichen(Zustand::Ton::warnung);
+    return tonzeichen(gedreht ? Zustand::Ton::gut : m_zustand->ton());
 }
 
 /** What the turning back came to, else what was done or is to be said last. */
 void Rueckbaufeld::meldungZeigen()
 {
-    QStringList teile = {m_zustand->geschehen(), m_zustand->hinweis()};
+    QStringList teile = m_zustand->meldungen();
     if (!m_zustand->vorgang().isEmpty())
         teile = QStringList{m_zustand->vorgang() + u" …"_s};
     if (!m_zustand->rueckbauLaeuft())
         teile.prepend(m_zustand->rueckbauMeldung());
     teile.removeAll(QString());
     const QString text = teile.join(u" · "_s);
-    const bool neu = text != m_meldung->ganzerText();
     m_meldung->setzeText(text);
     const QString symbol = text.isEmpty() || !m_zustand->vorgang().isEmpty() ? QString() : meldungssymbol();
     m_marke->setPixmap(Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
     m_marke->setVisible(!symbol.isEmpty());
-    if (neu && QAccessible::isActive()) {
-        QAccessibleEvent ereignis(m_meldung, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&ereignis);
-    }
 }
 
 void Rueckbaufeld::resizeEvent(QResizeEvent *) { einpassen(); }

@@ -3,12 +3,13 @@
 #include "elidiertext.h"
 #include "flachknopf.h"
 #include "protokollordner.h"
+#include "rollbereich.h"
 #include "sitzungszeile.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "umbruchtext.h"
-#include "zeichen.h"
+#include "zeichenschild.h"
 #include "zeile.h"
 #include "zustand.h"
 
@@ -34,35 +35,23 @@ QLabel *abschnitt(const QString &text, QWidget *eltern)
 
 QWidget *nochNichts(QWidget *eltern)
 {
-    auto *zeichen = new QLabel(eltern);
     auto *text = new Elidiertext(Qt::ElideRight, eltern);
     text->setzeText(Sprache::text(u"Noch nichts bewegt, daher noch kein Protokoll"_s));
-    auto *traeger = zeile(eltern, {zeichen, text});
+    auto *traeger = zeile(eltern, {zeichenschild(u"info.circle"_s, eltern), text});
     traeger->setToolTip(Sprache::text(u"Die Datei entsteht erst mit der ersten Umbenennung, damit keine leeren "
                                       "Protokolle herumliegen."_s) +
                         u' ' + Sprache::text(u"Wird angelegt, sobald die erste Datei bewegt wird."_s));
     text->setAccessibleDescription(traeger->toolTip());
-    Stil::folgen(zeichen, [zeichen] {
-        zeichen->setPixmap(Zeichen::icon(u"info.circle"_s).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
-    });
     return traeger;
 }
 } // namespace
 
 Sitzungsseite::Sitzungsseite(Zustand *zustand, QWidget *eltern) : QWidget(eltern), m_zustand(zustand), m_gezeigte(schub)
 {
-    auto *rollen = new QScrollArea(this);
-    rollen->setFrameShape(QFrame::NoFrame);
-    rollen->setWidgetResizable(true);
-    rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    rollen->setFocusPolicy(Qt::NoFocus);
-    rollen->setWidget(inhalt());
-    rollen->viewport()->setAutoFillBackground(false);
-    rollen->widget()->setAutoFillBackground(false);
     auto *aussen = new QVBoxLayout(this);
     aussen->setContentsMargins(0, 0, 0, 0);
     aussen->setSpacing(0);
-    aussen->addWidget(rollen, 1);
+    aussen->addWidget(rollbereich(inhalt(), this), 1);
     aussen->addWidget(fuss());
     connect(&m_bilder, &Sitzungsbilder::gelesen, this, &Sitzungsseite::bildZeigen);
     for (const auto signal : {&Zustand::protokollDateienGeaendert, &Zustand::aktivGeaendert})

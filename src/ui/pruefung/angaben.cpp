@@ -84,18 +84,8 @@ QString erklaerung()
 } // namespace
 
 Angaben::Angaben(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_kopf(new QWidget(this)),
-      m_titel(new QLabel(Sprache::text(u"Angaben"_s), m_kopf)), m_erklaerung(new QLabel(m_kopf)),
-      m_tag(new QLabel(this)), m_raster(new QGridLayout(this))
+    : Pruefabschnitt(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_zustand(zustand), m_tag(new QLabel(this))
 {
-    m_raster->setContentsMargins(0, 0, 0, 0);
-    auto *kopf = new QVBoxLayout(m_kopf);
-    kopf->setContentsMargins(0, 0, 0, 0);
-    kopf->setSpacing(2);
-    kopf->addWidget(m_titel);
-    kopf->addWidget(m_erklaerung);
-    m_erklaerung->setWordWrap(true);
-    m_erklaerung->setTextFormat(Qt::PlainText);
     m_erklaerung->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_tag->setTextFormat(Qt::PlainText);
     m_tag->setObjectName(u"wochentag"_s);
@@ -109,8 +99,6 @@ Angaben::Angaben(Zustand *zustand, QWidget *eltern)
     m_datumszeile = zeile(this, {m_texte[Feld::Datum], m_tag});
     m_texte[Feld::Datum]->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
     Stil::platzhalterFolgt(m_texte[Feld::Datum]);
-    Stil::schriftFolgt(m_titel, Schrift::Abschnitt);
-    Stil::nebentext(m_erklaerung);
     Stil::nebentext(m_tag);
     anordnen();
     Stil::folgen(this, [this] { masse(); });
@@ -130,22 +118,19 @@ QStringList Angaben::beschriftungen()
 {
     QStringList liste;
     for (const Feldtext &text : feldtexte())
-        liste << beschriftung(text.feld);
+        liste << ::beschriftung(text.feld);
     return liste;
 }
 
 void Angaben::einrichten(Feld feld, QWidget *eingabe)
 {
     eingabe->setObjectName(feldtext(feld).name);
-    eingabe->setAccessibleName(beschriftung(feld));
+    eingabe->setAccessibleName(::beschriftung(feld));
     eingabe->setAccessibleDescription(hilfe(feld));
     eingabe->setToolTip(hilfe(feld));
     eingabe->installEventFilter(this);
-    auto *schild = new QLabel(beschriftung(feld), this);
+    QLabel *schild = Pruefabschnitt::beschriftung(::beschriftung(feld), hilfe(feld), Qt::AlignVCenter);
     schild->setBuddy(eingabe);
-    schild->setToolTip(hilfe(feld));
-    schild->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Stil::folgen(schild, [schild, this] { Stil::setzeTextfarbe(schild, Stil::nebenfarbe(palette())); });
     m_schilder[feld] = schild;
 }
 
@@ -183,11 +168,7 @@ void Angaben::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Ali
 
 void Angaben::anordnen()
 {
-    while (QLayoutItem *teil = m_raster->takeAt(0))
-        delete teil;
-    m_erklaerung->setVisible(!m_dicht);
-    m_titel->setToolTip(m_dicht ? erklaerung() : QString());
-    m_raster->addWidget(m_kopf, 0, 0, 1, letzteSpalte + 1);
+    kopfAnordnen(letzteSpalte + 1);
     m_raster->addWidget(m_schilder[Feld::Datum], 2, 0);
     m_raster->addWidget(m_datumszeile, 2, 1, 1, letzteSpalte);
     paarAnordnen(Feld::Gegenueber, 3, 0, letzteSpalte);
@@ -218,17 +199,6 @@ void Angaben::masse()
     for (auto it = m_zeichen.begin(); it != m_zeichen.end(); ++it)
         m_texte[it.key()]->setFixedWidth(fontMetrics().averageCharWidth() * it.value() + abstand(24));
 }
-
-void Angaben::setzeDicht(bool dicht, bool schmal)
-{
-    if (dicht == m_dicht && schmal == m_schmal)
-        return;
-    m_dicht = dicht;
-    m_schmal = schmal;
-    anordnen();
-}
-
-void Angaben::setzeBeschriftungsbreite(int breite) { m_raster->setColumnMinimumWidth(0, breite); }
 
 int Angaben::volleHoehe() const
 {
@@ -331,7 +301,7 @@ QString Angaben::hilfeImFokus() const
         const QWidget *eingabe =
             m_texte.contains(text.feld) ? static_cast<QWidget *>(m_texte[text.feld]) : m_wahlen[text.feld];
         if (eingabe->hasFocus())
-            return beschriftung(text.feld) + u": "_s + hilfe(text.feld);
+            return ::beschriftung(text.feld) + u": "_s + hilfe(text.feld);
     }
     return {};
 }

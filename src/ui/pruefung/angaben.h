@@ -1,28 +1,23 @@
 #pragma once
 
 #include "entwurf.h"
+#include "pruefabschnitt.h"
 
 #include <QMap>
-#include <QWidget>
 
 class QComboBox;
-class QGridLayout;
 class QLabel;
 class QLineEdit;
 class Zustand;
 
 /** The fields of the proposal. What is typed goes to the state object at every keystroke. */
-class Angaben : public QWidget
+class Angaben : public Pruefabschnitt
 {
     Q_OBJECT
 
 public:
     explicit Angaben(Zustand *zustand, QWidget *eltern = nullptr);
 
-    /** Short of height: no explanation, branch and kind share a row, year and category too. */
-    void setzeDicht(bool dicht, bool schmal);
-    /** Width of the column of labels. */
-    void setzeBeschriftungsbreite(int breite);
     /** Height that it needs at least when it is not short of height. */
     [[nodiscard]] int volleHoehe() const;
 
@@ -43,7 +38,8 @@ private:
     void textfeldBauen(Feld feld, int zeichen);
     void wahlBauen(Feld feld);
     void einrichten(Feld feld, QWidget *eingabe);
-    void anordnen();
+    /** Short of height, branch and kind share a row, year and category too. */
+    void anordnen() override;
     void paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung = {});
     void masse();
     void zeigen();
@@ -55,16 +51,10 @@ private:
     void festhalten();
 
     Zustand *m_zustand;
-    QWidget *m_kopf;
-    QLabel *m_titel;
-    QLabel *m_erklaerung;
     QLabel *m_tag; ///< weekday of the date, or what is wrong with it
     QWidget *m_datumszeile = nullptr;
-    QGridLayout *m_raster;
     QMap<Feld, QLabel *> m_schilder;
     QMap<Feld, QLineEdit *> m_texte;
     QMap<Feld, QComboBox *> m_wahlen;
     QMap<Feld, int> m_zeichen; ///< width of short fields in characters
-    bool m_dicht = false;
-    bool m_schmal = false; ///< nothing stands side by side
 };

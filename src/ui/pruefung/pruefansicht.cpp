@@ -7,6 +7,7 @@
 #include "leeransicht.h"
 #include "meldungszeile.h"
 #include "pfade.h"
+#include "rollbereich.h"
 #include "sprache.h"
 #include "stil.h"
 #include "tastentakt.h"
@@ -23,7 +24,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -76,7 +76,6 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     for (const auto signal : {&Zustand::zaehlwerkGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert,
                               &Zustand::aktivGeaendert, &Zustand::bereitschaftGeaendert})
         connect(m_zustand, signal, this, &PruefAnsicht::leereZeigen);
-    connect(m_zustand, &Zustand::modellGeprueft, this, &PruefAnsicht::modellGeprueft);
     dokumentZeigen();
 }
 
@@ -88,15 +87,8 @@ QWidget *PruefAnsicht::vorschlagsseite()
     m_hinweise = new Hinweisfach(m_zustand, inhalt);
     m_angaben = new Angaben(m_zustand, inhalt);
     m_aktionen = new Aktionsfeld(m_zustand, seite);
-    m_rollen = new QScrollArea(seite);
-    m_rollen->setFrameShape(QFrame::NoFrame);
-    m_rollen->setWidgetResizable(true);
-    m_rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_rollen->setFocusPolicy(Qt::NoFocus);
-    m_rollen->setWidget(inhalt);
+    m_rollen = rollbereich(inhalt, seite);
     m_rollen->installEventFilter(this);
-    m_rollen->viewport()->setAutoFillBackground(false);
-    inhalt->setAutoFillBackground(false);
     auto *spalte = new QVBoxLayout(inhalt);
     spalte->addWidget(m_vorschlag);
     spalte->addWidget(m_hinweise);
@@ -140,12 +132,8 @@ bool PruefAnsicht::imFeld() const { return m_angaben->hatFokus(); }
 
 void PruefAnsicht::taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld)
 {
-    (void)Tastentakt::derAnwendung(); // has to see the keys from the first one on
-    auto *kurz = new QShortcut(tasten, this);
-    kurz->setContext(Qt::WidgetWithChildrenShortcut);
-    kurz->setAutoRepeat(false);
-    connect(kurz, &QShortcut::activated, this, [this, tat, auchImFeld] {
-        if (!Tastentakt::derAnwendung()->gehalten() && (auchImFeld || !imFeld()) && !ruht())
+    kurztaste(tasten, this, [this, tat, auchImFeld] {
+        if ((auchImFeld || !imFeld()) && !ruht())
             tat();
     });
 }
@@ -185,8 +173,7 @@ bool PruefAnsicht::ruht()
 /** Presses the button that has the focus, else accepts. */
 void PruefAnsicht::eingabe()
 {
-    auto *knopf = qobject_cast<QAbstractButton *>(focusWidget());
-    if (knopf && knopf->hasFocus())
+    if (auto *knopf = knopfImFokus(this))
         knopf->click();
     else
         m_zustand->uebernehmen();
@@ -276,25 +263,8 @@ QString PruefAnsicht::naechsterSchritt()
         return {};
     if (!m_zustand->bereitZumStart())
         return Sprache::text(u"Zur Einrichtung"_s);
-    m_leereTat = [this] { durchgangErbitten(); };
+    m_leereTat = [this] { m_zustand->durchgangErbitten(); };
     return Sprache::text(u"Durchgang starten"_s);
-}
-
-/** Without the model every document would fail on its own. */
-void PruefAnsicht::durchgangErbitten()
-{
-    m_willStarten = true;
-    m_zustand->modellPruefen();
-}
-
-void PruefAnsicht::modellGeprueft()
-{
-    if (!std::exchange(m_willStarten, false))
-        return;
-    if (m_zustand->modellBereit())
-        m_zustand->durchgangStarten();
-    else
-        m_zustand->melden(m_zustand->modellMeldung());
 }
 
 /** Returns how wide the sections are at least then. */

@@ -43,8 +43,6 @@ private:
     void vorausladen();
     void leereZeigen();
     [[nodiscard]] QString naechsterSchritt();
-    void durchgangErbitten();
-    void modellGeprueft();
     void anordnen();
     int teileSetzen(bool schmal);
     void tastenZeigen();
@@ -62,7 +60,6 @@ private:
     Aktionsfeld *m_aktionen = nullptr;
     Leeransicht *m_leere = nullptr;
     std::function<void()> m_leereTat; ///< of the button of the empty state
-    bool m_willStarten = false;       ///< a run, as soon as it is known whether the model is there
     bool m_dicht = false;
     QDeadlineTimer m_ruhe; ///< until then keys are the rest of a word that was typed
 };

@@ -20,8 +20,6 @@ using Stil::Schrift;
 
 namespace
 {
-QString erklaerung() { return Sprache::text(u"Woher das Dokument kommt und wie es künftig heißen soll."_s); }
-
 QString hilfeSicherheit()
 {
     return Sprache::text(u"Wie sicher sich das Modell bei diesem Vorschlag ist. Ein niedriger Wert heißt nicht falsch, "
@@ -31,19 +29,21 @@ QString hilfeSicherheit()
 } // namespace
 
 Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_raster(new QGridLayout(this)), m_kopf(new QWidget(this)),
-      m_titel(new QLabel(Sprache::text(u"Vorschlag"_s), m_kopf)), m_erklaerung(new QLabel(erklaerung(), m_kopf)),
-      m_bisher(new Elidiertext(Qt::ElideMiddle)), m_bisherOrdner(new Elidiertext(Qt::ElideMiddle)),
+    : Pruefabschnitt(Sprache::text(u"Vorschlag"_s),
+                     Sprache::text(u"Woher das Dokument kommt und wie es künftig heißen soll."_s), eltern),
+      m_zustand(zustand), m_bisher(new Elidiertext(Qt::ElideMiddle)), m_bisherOrdner(new Elidiertext(Qt::ElideMiddle)),
       m_neu(new QWidget(this)), m_name(new Umbruchtext(m_neu)), m_pfad(new Umbruchtext(m_neu)),
       m_balken(new Balken(96)), m_prozent(new QLabel)
 {
     m_bisherSchild = beschriftung(Sprache::text(u"Bisher"_s),
                                   Sprache::text(u"So heißt die Datei heute und dort liegt sie. Solange du nicht "
-                                                "übernimmst, bleibt das auch so."_s));
+                                                "übernimmst, bleibt das auch so."_s),
+                                  Qt::AlignTop);
     m_neuSchild = beschriftung(Sprache::text(u"Neuer Name"_s),
                                Sprache::text(u"So wird die Datei heißen und dorthin wandert sie, sobald du übernimmst. "
-                                             "Beides rechnet sich aus den Feldern darunter."_s));
-    m_sicherheitSchild = beschriftung(Sprache::text(u"Sicherheit"_s), hilfeSicherheit());
+                                             "Beides rechnet sich aus den Feldern darunter."_s),
+                               Qt::AlignTop);
+    m_sicherheitSchild = beschriftung(Sprache::text(u"Sicherheit"_s), hilfeSicherheit(), Qt::AlignTop);
     m_bisherZeile = zeile(this, {m_bisher, m_bisherOrdner});
     m_sicherheit = zeile(this, {m_balken, m_prozent});
     m_bisher->setObjectName(u"dateiname"_s);
@@ -54,23 +54,14 @@ Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
     m_bisher->setToolTip(m_bisherSchild->toolTip());
     m_name->setToolTip(m_neuSchild->toolTip());
     m_pfad->setToolTip(m_neuSchild->toolTip());
-    m_erklaerung->setWordWrap(true);
     m_prozent->setTextFormat(Qt::PlainText);
-    m_raster->setContentsMargins(0, 0, 0, 0);
-    auto *kopf = new QVBoxLayout(m_kopf);
-    kopf->setContentsMargins(0, 0, 0, 0);
-    kopf->setSpacing(2);
-    kopf->addWidget(m_titel);
-    kopf->addWidget(m_erklaerung);
     auto *spalte = new QVBoxLayout(m_neu);
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->setSpacing(0);
     spalte->addWidget(m_name);
     spalte->addWidget(m_pfad);
     spalte->addStretch(1);
-    Stil::schriftFolgt(m_titel, Schrift::Abschnitt);
     Stil::schriftFolgt(m_name, Schrift::Abschnitt);
-    Stil::nebentext(m_erklaerung);
     Stil::nebentext(m_bisherOrdner);
     anordnen();
     Stil::folgen(this, [this] { masse(); });
@@ -84,22 +75,9 @@ QStringList Vorschlagsteil::beschriftungen()
     return {Sprache::text(u"Bisher"_s), Sprache::text(u"Neuer Name"_s), Sprache::text(u"Sicherheit"_s)};
 }
 
-QLabel *Vorschlagsteil::beschriftung(const QString &text, const QString &hilfe)
-{
-    auto *schild = new QLabel(text, this);
-    schild->setAlignment(Qt::AlignRight | Qt::AlignTop);
-    schild->setToolTip(hilfe);
-    Stil::folgen(schild, [schild, this] { Stil::setzeTextfarbe(schild, Stil::nebenfarbe(palette())); });
-    return schild;
-}
-
 void Vorschlagsteil::anordnen()
 {
-    while (QLayoutItem *teil = m_raster->takeAt(0))
-        delete teil;
-    m_erklaerung->setVisible(!m_dicht);
-    m_titel->setToolTip(m_dicht ? erklaerung() : QString());
-    m_raster->addWidget(m_kopf, 0, 0, 1, m_dicht ? 2 : 4);
+    kopfAnordnen(m_dicht ? 2 : 4);
     m_raster->addWidget(m_bisherSchild, 2, 0);
     m_raster->addWidget(m_bisherZeile, 2, 1, 1, 3);
     m_raster->addWidget(m_neuSchild, 3, 0, Qt::AlignRight | Qt::AlignTop);
@@ -127,17 +105,6 @@ void Vorschlagsteil::masse()
     m_neuSchild->setContentsMargins(0, std::max(0, versatz), 0, 0);
     Stil::setzeTextfarbe(m_pfad, Stil::verweis(palette()));
 }
-
-void Vorschlagsteil::setzeDicht(bool dicht, bool schmal)
-{
-    if (dicht == m_dicht && schmal == m_schmal)
-        return;
-    m_dicht = dicht;
-    m_schmal = schmal;
-    anordnen();
-}
-
-void Vorschlagsteil::setzeBeschriftungsbreite(int breite) { m_raster->setColumnMinimumWidth(0, breite); }
 
 int Vorschlagsteil::volleHoehe() const
 {

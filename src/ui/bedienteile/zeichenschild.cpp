@@ -1,0 +1,15 @@
+#include "zeichenschild.h"
+
+#include "stil.h"
+#include "zeichen.h"
+
+#include <QLabel>
+
+QLabel *zeichenschild(const QString &symbol, QWidget *eltern)
+{
+    auto *schild = new QLabel(eltern);
+    Stil::folgen(schild, [schild, symbol] {
+        schild->setPixmap(Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
+    });
+    return schild;
+}
