@@ -1,15 +1,11 @@
 #include "analyse.h"
 #include "archiv.h"
-#include "buehne.h"
-#include "fenstersprache.h"
-#include "hauptfenster.h"
+#include "fensterprobe.h"
 #include "marktext.h"
 #include "modellserver.h"
 #include "profilspeicher.h"
-#include "sprache.h"
 #include "stil.h"
 #include "umbruchtext.h"
-#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -39,44 +35,18 @@ qint64 pdfUnter(const QString &ordner)
 } // namespace
 
 /** The setup card with real keys and the mouse. */
-class TestErststart : public QObject
+class TestErststart : public Fensterprobe
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<Buehne> m_b;
-    std::unique_ptr<Zustand> m_z;
-    std::unique_ptr<Fenstersprache> m_sprache;
-    std::unique_ptr<Hauptfenster> m_fenster;
-
-    void oeffnen()
-    {
-        m_z = std::make_unique<Zustand>();
-        m_sprache = std::make_unique<Fenstersprache>();
-        m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
-        m_fenster->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
-    }
     void mitProfil(Abschnitt abschnitt)
     {
-        m_b->profilSichern();
         oeffnen();
-        QTRY_VERIFY(m_z->offen() && m_z->bereitschaft());
         m_z->setzeReiter(Reiter::einrichtung);
         m_z->setzeAbschnitt(abschnitt);
     }
-    template <typename T>
-    T *teil(const QString &name)
-    {
-        for (T *kandidat : m_fenster->findChildren<T *>(name)) {
-            if (kandidat->isVisible())
-                return kandidat;
-        }
-        qFatal("%s is not there", qPrintable(name));
-    }
     [[nodiscard]] QString satz(const QString &name) { return teil<Marktext>(name)->text(); }
-    void klicken(const QString &name) { QTest::mouseClick(teil<QAbstractButton>(name), Qt::LeftButton); }
-    void taste(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
     void tippen(const QString &feld, const QString &text)
     {
         auto *eingabe = teil<QWidget>(feld);
@@ -85,28 +55,9 @@ private:
         QTest::keyClicks(eingabe, text);
     }
     [[nodiscard]] QString weiter() { return teil<QAbstractButton>(u"weiter"_s)->text(); }
-    [[nodiscard]] static bool imFokus(const QString &name)
-    {
-        return QApplication::focusWidget() && QApplication::focusWidget()->objectName() == name;
-    }
+    [[nodiscard]] static bool imFokus(const QString &name) { return fokus() == name; }
 
 private Q_SLOTS:
-    void init()
-    {
-        QFile::remove(Profilspeicher::datei());
-        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
-        Sprache::setzeGewaehlteKennung(u"de"_s);
-        m_b = std::make_unique<Buehne>();
-    }
-    void cleanup()
-    {
-        Zustand::ordnerwaehler = {};
-        m_fenster.reset();
-        m_sprache.reset();
-        m_z.reset();
-        m_b.reset();
-    }
-
     /** From nothing to the first filed document of the sample archive, by what the window says alone. */
     void vomErstenStartZumErstenDokument()
     {
@@ -119,9 +70,9 @@ private Q_SLOTS:
         const QString ziel = vorfuehrung::zielVon(archiv);
         const qint64 alle = pdfUnter(quelle);
         const qint64 anzahl = alle - pdfUnter(quelle + u"/_Dubletten"_s); // what was set aside before stays there
-        oeffnen();
+        oeffnen(false);
         QTRY_VERIFY(imFokus(u"erstesProfil"_s));
-        taste(Qt::Key_Space);
+        druecken(Qt::Key_Space);
         QTRY_VERIFY(m_z->offen());
         QTRY_VERIFY(imFokus(u"abschnitte"_s));
         QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::programme).lage, Abschnittsstand::Lage::gut);
@@ -162,7 +113,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_z->aktuelles());
         const QString alterPfad = m_z->aktuelles()->pfad;
         const QString name = teil<Umbruchtext>(u"neuerName"_s)->ganzerText();
-        taste(Qt::Key_Return);
+        druecken(Qt::Key_Return);
         QTRY_COMPARE(m_z->zaehlwerk().erledigt, 1);
         QDirIterator abgelegte(ziel, {name}, QDir::Files, QDirIterator::Subdirectories);
         QVERIFY(abgelegte.hasNext());
@@ -187,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(m_z->reiter(), Reiter::ablauf);
         QTRY_VERIFY(imFokus(u"modellPruefen"_s));
         QVERIFY(!m_z->analyse()->laeuft() && !m_z->laufbild().gelaufen());
-        taste(Qt::Key_Space); // still none
+        druecken(Qt::Key_Space); // still none
         QTRY_VERIFY(!m_z->startErbeten());
         QTRY_VERIFY(imFokus(u"modellPruefen"_s));
         klicken(u"nurLesen"_s);
@@ -202,7 +153,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_z->nacharbeit().gescheiterte.isEmpty()); // opened again, and waits for the model
         QTRY_VERIFY(!m_z->analyse()->laeuft());
         QTRY_VERIFY(imFokus(u"durchgangStarten"_s));
-        taste(Qt::Key_Space);
+        druecken(Qt::Key_Space);
         QTRY_VERIFY(imFokus(u"modellPruefen"_s));
         m_z->neuesProfil(); // which the question is not about
         QTRY_VERIFY(m_z->offen() && m_z->aktiv()->id != m_b->profil.id);
@@ -220,7 +171,7 @@ private Q_SLOTS:
         tippen(u"auffangOrdner"_s, u"a/b"_s);
         QCOMPARE(satz(u"auffangOrdner-stand"_s), u"Nur ein Name, kein Pfad."_s);
         QCOMPARE(m_z->aktiv()->auffangOrdner, u"a"_s);
-        taste(Qt::Key_Tab);
+        druecken(Qt::Key_Tab);
         QCOMPARE(teil<QLineEdit>(u"auffangOrdner"_s)->text(), u"a"_s);
         QCOMPARE(satz(u"auffangOrdner-stand"_s), u"Je Zweig, für alles ohne passende Rubrik."_s);
         tippen(u"zielWurzel"_s, u"/nirgends"_s);
@@ -234,7 +185,7 @@ private Q_SLOTS:
         teil<QWidget>(u"abschnitte"_s)->setFocus();
         QStringList weg;
         for (int n = 0; n < 12 && !weg.contains(u"weiter"_s); ++n) {
-            taste(Qt::Key_Tab);
+            druecken(Qt::Key_Tab);
             weg << QApplication::focusWidget()->objectName();
         }
         QCOMPARE(weg, (QStringList{u"profilUmbenennen"_s, u"profilEntfernen"_s, u"zielWurzel"_s,
@@ -287,15 +238,15 @@ private Q_SLOTS:
         mitProfil(Abschnitt::gelernt);
         auto *umbenennen = teil<QAbstractButton>(u"profilUmbenennen"_s);
         umbenennen->setFocus();
-        taste(Qt::Key_Space);
+        druecken(Qt::Key_Space);
         QVERIFY(imFokus(u"profilname"_s));
         QTest::keyClicks(QApplication::focusWidget(), u"Neu <b>"_s);
-        taste(Qt::Key_Return);
+        druecken(Qt::Key_Return);
         QTRY_COMPARE(m_z->aktiv()->name, u"Neu <b>"_s);
         teil<QAbstractButton>(u"profilEntfernen"_s)->setFocus();
-        taste(Qt::Key_Space);
+        druecken(Qt::Key_Space);
         QVERIFY(imFokus(u"profilEntfernenJa-abbrechen"_s));
-        taste(Qt::Key_Escape);
+        druecken(Qt::Key_Escape);
         QVERIFY(m_z->aktiv());
         klicken(u"profilEntfernen"_s);
         klicken(u"profilEntfernenJa"_s);

@@ -1,16 +1,13 @@
 #include "aktualisierung.h"
 #include "bewegungsliste.h"
 #include "bewegungsmodell.h"
-#include "buehne.h"
 #include "elidiertext.h"
-#include "fenstersprache.h"
-#include "hauptfenster.h"
+#include "fensterprobe.h"
 #include "infofenster.h"
 #include "profilspeicher.h"
 #include "programmordner.h"
 #include "sprache.h"
 #include "umbruchtext.h"
-#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -28,7 +25,7 @@
 using namespace Qt::StringLiterals;
 
 /** Log card and info window on a stage of real files. */
-class TestProtokollkarte : public QObject
+class TestProtokollkarte : public Fensterprobe
 {
     Q_OBJECT
 
@@ -36,23 +33,8 @@ public Q_SLOTS:
     void ordnerGeoeffnet(const QUrl &url) { m_geoeffnet << url.toLocalFile(); }
 
 private:
-    std::unique_ptr<Buehne> m_b;
-    std::unique_ptr<Zustand> m_z;
-    std::unique_ptr<Fenstersprache> m_sprache;
-    std::unique_ptr<Hauptfenster> m_fenster;
     QStringList m_geoeffnet;
 
-    void oeffnen(bool mitProfil = true)
-    {
-        if (mitProfil)
-            m_b->profilSichern();
-        m_z = std::make_unique<Zustand>();
-        m_sprache = std::make_unique<Fenstersprache>();
-        m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
-        m_fenster->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
-        QTRY_VERIFY(!mitProfil || (m_z->offen() && m_z->bereitschaft()));
-    }
     void uebernehmen(int anzahl)
     {
         for (int n = 0; n < anzahl; ++n) {
@@ -62,42 +44,7 @@ private:
         }
     }
 
-    template <typename T>
-    static T *suchen(const char *name)
-    {
-        for (QWidget *fenster : QApplication::topLevelWidgets()) {
-            for (T *kandidat : fenster->findChildren<T *>(QString::fromLatin1(name))) {
-                if (kandidat->isVisible())
-                    return kandidat;
-            }
-        }
-        return nullptr;
-    }
-    template <typename T>
-    static T *teil(const char *name)
-    {
-        auto *gefunden = suchen<T>(name);
-        if (!gefunden)
-            qFatal("%s is not there", name);
-        return gefunden;
-    }
     static bool sichtbar(const char *name) { return suchen<QWidget>(name) != nullptr; }
-    void klicken(const char *name) { QTest::mouseClick(teil<QAbstractButton>(name), Qt::LeftButton); }
-    static void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier)
-    {
-        QTest::keyClick(QApplication::focusWidget(), taste, dazu);
-    }
-    /** By the Tab key alone. */
-    static void aufKnopf(const char *name)
-    {
-        for (int n = 0; n < 60 && QApplication::focusWidget()->objectName() != QLatin1String(name); ++n)
-            druecken(Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(name));
-    }
-    static QString fokus()
-    {
-        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-    }
     Bewegungsmodell *modell() { return teil<Bewegungsliste>("bewegungen")->modell(); }
     Bewegungsstand stand(int zeile)
     {
@@ -131,25 +78,12 @@ private:
 private Q_SLOTS:
     void init()
     {
-        QFile::remove(Profilspeicher::datei());
-        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
+        Fensterprobe::init();
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nichts");
         QDesktopServices::setUrlHandler(u"file"_s, this, "ordnerGeoeffnet");
-        Sprache::setzeGewaehlteKennung(u"de"_s);
         m_geoeffnet.clear();
-        m_b = std::make_unique<Buehne>();
     }
     void cleanupTestCase() { QDesktopServices::unsetUrlHandler(u"file"_s); }
-    void cleanup()
-    {
-        m_fenster.reset();
-        m_sprache.reset();
-        m_z.reset();
-        m_b.reset();
-        Zustand::ordnerwaehler = nullptr;
-        Zustand::protokollwaehler = nullptr;
-    }
-
     /** From the first look to the session turned back, by keys alone. */
     void sitzungZurueckdrehen()
     {
@@ -164,7 +98,7 @@ private Q_SLOTS:
         uebernehmen(3);
         QTRY_COMPARE(fokus(), u"protokoll"_s);
         QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"Im Protokollordner liegt nur die laufende Sitzung."_s);
-        aufKnopf("ansehen-0");
+        mitTabZu("ansehen-0");
         druecken(Qt::Key_Return);
         QTRY_COMPARE(teil<QLabel>("bewegungsAnzahl")->text(), u"3 Einträge, älteste zuerst."_s);
         QTRY_COMPARE(stand(2), Bewegungsstand::amZiel);
@@ -174,12 +108,12 @@ private Q_SLOTS:
         druecken(Qt::Key_U);
         QTRY_COMPARE(stand(2), Bewegungsstand::zurueck);
         QVERIFY(QFile::remove(modell()->zeile(1).nach));
-        aufKnopf("protokolleAuffrischen");
+        mitTabZu("protokolleAuffrischen");
         druecken(Qt::Key_Space);
         QTRY_COMPARE(stand(1), Bewegungsstand::verschwunden);
         QCOMPARE(stand(0), Bewegungsstand::amZiel);
         // Asked and left.
-        aufKnopf("sitzungZurueckdrehen");
+        mitTabZu("sitzungZurueckdrehen");
         druecken(Qt::Key_Return);
         QCOMPARE(teil<QLabel>("rueckbauFrage")->text(), u"3 Bewegungen werden zurückgedreht. Sicher?"_s);
         QCOMPARE(fokus(), u"rueckbauAbbrechen"_s);

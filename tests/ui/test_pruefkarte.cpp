@@ -1,15 +1,11 @@
 #include "analyse.h"
-#include "buehne.h"
 #include "elidiertext.h"
-#include "fenstersprache.h"
-#include "hauptfenster.h"
+#include "fensterprobe.h"
 #include "pdf.h"
-#include "profilspeicher.h"
 #include "satz.h"
 #include "sprache.h"
 #include "stil.h"
 #include "umbruchtext.h"
-#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -36,16 +32,11 @@ QByteArray brief(const QString &titel)
 } // namespace
 
 /** The window on a stage of real files, moved by key events alone. */
-class TestPruefkarte : public QObject
+class TestPruefkarte : public Fensterprobe
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<Buehne> m_b;
-    std::unique_ptr<Zustand> m_z;
-    std::unique_ptr<Fenstersprache> m_sprache;
-    std::unique_ptr<Hauptfenster> m_fenster;
-
     qint64 dokument(const QString &name, const std::function<void(Dokument &)> &aendern = {})
     {
         return m_b->dokument(name, aendern, brief(name));
@@ -53,48 +44,21 @@ private:
 
     void oeffnen()
     {
-        m_b->profilSichern();
-        m_z = std::make_unique<Zustand>();
-        m_sprache = std::make_unique<Fenstersprache>();
-        m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
-        m_fenster->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
-        QTRY_VERIFY(m_z->offen() && m_z->bereitschaft());
+        Fensterprobe::oeffnen();
         QCOMPARE(m_z->reiter(), Reiter::pruefen);
-    }
-
-    template <typename T>
-    T *teil(const char *name)
-    {
-        T *gefunden = nullptr;
-        for (T *kandidat : m_fenster->findChildren<T *>(QString::fromLatin1(name))) {
-            if (kandidat->isVisible())
-                gefunden = kandidat;
-        }
-        if (!gefunden)
-            qFatal("%s is not there", name);
-        return gefunden;
     }
     [[nodiscard]] QString meldung() { return teil<Elidiertext>("hinweis")->ganzerText(); }
     [[nodiscard]] QString tasten() { return teil<Elidiertext>("tasten")->ganzerText(); }
     [[nodiscard]] QString neuerName() { return teil<Umbruchtext>("neuerName")->ganzerText(); }
-    [[nodiscard]] QString name() const { return m_z->aktuelles() ? m_z->aktuelles()->dateiname : QString(); }
 
     void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier)
     {
-        QTest::keyClick(QApplication::focusWidget(), taste, dazu);
+        Fensterprobe::druecken(taste, dazu);
         QTRY_VERIFY(!m_z->beschaeftigt());
-    }
-    /** By the Tab key alone. */
-    void insFeld(const char *feld)
-    {
-        for (int n = 0; n < 20 && QApplication::focusWidget()->objectName() != QLatin1String(feld); ++n)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(feld));
     }
     void tippen(const char *feld, const QString &text)
     {
-        insFeld(feld);
+        mitTabZu(feld);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(QApplication::focusWidget(), text);
     }
@@ -130,21 +94,6 @@ private:
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        QFile::remove(Profilspeicher::datei());
-        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
-        Sprache::setzeGewaehlteKennung(u"de"_s);
-        m_b = std::make_unique<Buehne>();
-    }
-    void cleanup()
-    {
-        m_fenster.reset();
-        m_sprache.reset();
-        m_z.reset();
-        m_b.reset();
-    }
-
     /** Thirty documents from the first look to the empty queue, every key answered by what happened to which one. */
     void dreissigDokumenteOhneMaus()
     {
@@ -173,7 +122,7 @@ private Q_SLOTS:
                 if (n % 4 == 0)
                     tippen("titel", u"Zudu %1"_s.arg(n)); // z, d and u are letters in a field
                 if (n % 9 == 0) {
-                    insFeld("rubrik");
+                    mitTabZu("rubrik");
                     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
                 }
                 const QString erwartet = neuerName();
@@ -209,7 +158,7 @@ private Q_SLOTS:
         QTRY_COMPARE(name(), u"Scan_30.pdf"_s);
         druecken(Qt::Key_D);
         QTRY_VERIFY(!m_z->aktuelles());
-        insFeld("leerknopf");
+        mitTabZu("leerknopf");
         druecken(Qt::Key_Return);
         QTRY_COMPARE(name(), u"Scan_07.pdf"_s);
     }
@@ -237,7 +186,7 @@ private Q_SLOTS:
         druecken(Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(teil<QLineEdit>("titel")->text() != u"Neu"_s);
         // In a choice a letter chooses.
-        insFeld("rubrik");
+        mitTabZu("rubrik");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_W);
         QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
         // What the analysis writes meanwhile does not move what is typed, nor the cursor in it.
@@ -275,7 +224,7 @@ private Q_SLOTS:
         const qint64 a = dokument(u"a.pdf"_s);
         dokument(u"b.pdf"_s);
         oeffnen();
-        insFeld("rubrik");
+        mitTabZu("rubrik");
         auto *rubrik = teil<QComboBox>("rubrik");
         rubrik->showPopup();
         QTRY_VERIFY(rubrik->view()->isVisible());
@@ -345,7 +294,7 @@ private Q_SLOTS:
         oeffnen();
         QCOMPARE(teil<Umbruchtext>("neuerName")->textFormat(), Qt::PlainText);
         QVERIFY(neuerName().contains(u"Fett & Söhne"_s));
-        insFeld("altenOrtBehalten");
+        mitTabZu("altenOrtBehalten");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
         QCOMPARE(teil<QComboBox>("rubrik")->currentText(), u"Wasser"_s);
         QVERIFY(tasten().contains(u"Z zurückstellen"_s)); // the button has gone, and the focus into no field
@@ -375,7 +324,7 @@ private Q_SLOTS:
         const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
         m_z->aktualisieren();
         QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"1 Dokumente warten darauf, gelesen zu werden."_s);
-        insFeld("leerknopf");
+        mitTabZu("leerknopf");
         druecken(Qt::Key_Return);
         // What can be done about it is asked on the run card.
         QTRY_COMPARE(m_z->reiter(), Reiter::ablauf);
@@ -389,7 +338,7 @@ private Q_SLOTS:
         QTest::keyClick(profil->view(), Qt::Key_Return);
         QTRY_VERIFY(!profil->view()->isVisible());
         QVERIFY(!profil->hasFocus());
-        insFeld("neuesProfil");
+        mitTabZu("neuesProfil");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 2"_s);
         QTRY_VERIFY(!m_z->oeffnet());
@@ -471,7 +420,7 @@ private Q_SLOTS:
         m_z->aktualisieren();
         QTRY_VERIFY(m_fenster->findChild<QAbstractButton *>(u"partnerZeigen"_s));
         QPoint vorher(0, 0);
-        insFeld("teilung");
+        mitTabZu("teilung");
         for (const char *feld : {"altenOrtBehalten", "partnerZeigen", "datum", "gegenueber", "titel", "zweig", "ablage",
                                  "jahr", "rubrik", "uebernehmen"}) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);

@@ -1,7 +1,6 @@
-#include "buehne.h"
 #include "profilspeicher.h"
 #include "testserver.h"
-#include "zustand.h"
+#include "zustandsprobe.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -24,21 +23,14 @@ void schreiben(const QString &pfad)
 } // namespace
 
 /** What the setup card is told and what it has done, with real folders, a real catalogue and a real server. */
-class TestEinrichtung : public QObject
+class TestEinrichtung : public Zustandsprobe
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<Buehne> m_b;
-    std::unique_ptr<Zustand> m_z;
-
     void beginnen()
     {
-        m_b->profilSichern();
-        m_z = std::make_unique<Zustand>();
-        m_z->beginnen();
-        QTRY_VERIFY(m_z->offen() && !m_z->oeffnet());
-        QTRY_VERIFY(m_z->bereitschaft());
+        Zustandsprobe::beginnen();
         m_z->setzeReiter(Reiter::einrichtung);
     }
     void aendern(const std::function<void(Profil &)> &aenderung)
@@ -64,19 +56,6 @@ private:
     [[nodiscard]] qsizetype gezaehlt() const { return m_z->einrichtung().quelle.value_or(Quellstand{-1, 0}).anzahl; }
 
 private Q_SLOTS:
-    void init()
-    {
-        QFile::remove(Profilspeicher::datei());
-        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
-        m_b = std::make_unique<Buehne>();
-    }
-    void cleanup()
-    {
-        Zustand::ordnerwaehler = {};
-        m_z.reset();
-        m_b.reset();
-    }
-
     void programmeUndSprachen()
     {
         beginnen();

@@ -1,8 +1,7 @@
 #include "analyse.h"
-#include "buehne.h"
 #include "profilspeicher.h"
 #include "testserver.h"
-#include "zustand.h"
+#include "zustandsprobe.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -43,37 +42,11 @@ bool gefragt(const Testserver &server, const QByteArray &pfad)
 }
 } // namespace
 
-class TestZustand : public QObject
+class TestZustand : public Zustandsprobe
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<Buehne> m_b;
-    std::unique_ptr<Zustand> m_z;
-
-    void beginnen()
-    {
-        m_b->profilSichern();
-        m_z = std::make_unique<Zustand>();
-        m_z->beginnen();
-        QTRY_VERIFY(m_z->offen() && !m_z->oeffnet());
-        QTRY_VERIFY(m_z->bereitschaft());
-    }
-    [[nodiscard]] QString name() const { return m_z->aktuelles() ? m_z->aktuelles()->dateiname : QString(); }
-
 private Q_SLOTS:
-    void init()
-    {
-        QFile::remove(Profilspeicher::datei());
-        qputenv("OLLAMA_HOST", "127.0.0.1:9"); // nothing listens there
-        m_b = std::make_unique<Buehne>();
-    }
-    void cleanup()
-    {
-        m_z.reset();
-        m_b.reset();
-    }
-
     void ohneProfilGeschiehtNichts()
     {
         Zustand z;
