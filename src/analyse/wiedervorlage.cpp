@@ -16,10 +16,10 @@ qint64 Wiedervorlage::oeffnen(Datenbank &db, std::optional<qint64> id)
     for (const Zeile &zeile : gescheiterte) {
         if (id && *id != zeile.ganz(u"id"))
             continue;
-        stapel.schreiben(
-            u"UPDATE dokumente SET status='neu', fehler=NULL, vorschlag=NULL, zweitmeinung=NULL, nachgeprueft=0\n"
-            "WHERE id=? AND status='bereit'"_s,
-            {zeile.ganz(u"id")});
+        stapel.schreiben(u"UPDATE dokumente SET status='neu', fehler=NULL, vorschlag=NULL, zweitmeinung=NULL\n"
+                         "WHERE id=? AND status='bereit'"_s,
+                         {zeile.ganz(u"id")});
+        stapel.schreiben(u"DELETE FROM nachgeprueft WHERE dokument_id=?"_s, {zeile.ganz(u"id")});
         if (zeile.text(u"text").isEmpty())
             stapel.schreiben(u"UPDATE dokumente SET text_hash=NULL WHERE id=?"_s, {zeile.ganz(u"id")});
         ++anzahl;

@@ -55,10 +55,10 @@ std::optional<Eintrag> gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
 void speichern(Datenbank &db, qint64 id, const Einordnungsergebnis &e, const std::optional<Eintrag> &gelernt)
 {
     Stapel stapel(db);
-    stapel.schreiben(
-        u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
-        "jahr=?, konfidenz=?, zweitmeinung=1, nachgeprueft=1, fehler=NULL WHERE id=? AND status='bereit'"_s,
-        {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
+    stapel.schreiben(u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
+                     "jahr=?, konfidenz=?, zweitmeinung=1, fehler=NULL WHERE id=? AND status='bereit'"_s,
+                     {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
+    stapel.schreiben(u"INSERT OR IGNORE INTO nachgeprueft (dokument_id) VALUES (?)"_s, {id});
     if (gelernt)
         stapel.schreiben(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von=? WHERE id=? AND status='bereit'"_s,
                          {gelernt->schluessel, id});

@@ -95,11 +95,19 @@ void neuFuerDenBesitzer(const QString &pfad)
         ::close(griff);
 }
 
-/** Closes a catalogue that was made otherwise to others. Fails quietly: another owner, a file system without modes. */
+/**
+ * Closes a catalogue that was made otherwise to others; what its owner may do stays as it is. Fails quietly: another
+ * owner, a file system without modes.
+ */
 void nurFuerDenBesitzer(const QString &pfad)
 {
-    for (const QString &zusatz : {QString(), u"-wal"_s, u"-shm"_s})
-        [[maybe_unused]] const int egal = ::chmod(QFile::encodeName(pfad + zusatz).constData(), 0600);
+    constexpr mode_t andere = S_IRWXG | S_IRWXO;
+    for (const QString &zusatz : {QString(), u"-wal"_s, u"-shm"_s}) {
+        const QByteArray platte = QFile::encodeName(pfad + zusatz);
+        struct stat s = {};
+        if (::stat(platte.constData(), &s) == 0 && (s.st_mode & andere) != 0) [[maybe_unused]]
+            const int egal = ::chmod(platte.constData(), s.st_mode & 07777 & ~andere);
+    }
 }
 } // namespace
 
@@ -170,6 +178,18 @@ void Datenbank::anlegen()
 {
     for (const QString &sql : schemaAnweisungen())
         ausfuehren(sql);
+    if (abfragen(u"SELECT 1 FROM sqlite_master WHERE name='nachgeprueft'"_s).isEmpty())
+        nachgeprueftAnlegen();
+}
+
+/** All or nothing, and once: also where two programs open the same catalogue, the second one finds the table. */
+void Datenbank::nachgeprueftAnlegen()
+{
+    QString anweisungen = u"BEGIN IMMEDIATE;"_s + schemaNachgeprueft();
+    if (!abfragen(u"SELECT 1 FROM pragma_table_info('dokumente') WHERE name='nachgeprueft'"_s).isEmpty())
+        anweisungen += u"INSERT INTO nachgeprueft SELECT id FROM dokumente WHERE nachgeprueft=1;"_s;
+    if (ausfuehren(anweisungen + u"COMMIT;"_s) != SQLITE_OK && sqlite3_get_autocommit(m_griff.get()) == 0)
+        ausfuehren(u"ROLLBACK"_s);
 }
 
 bool Datenbank::istBeschreibbar()
@@ -178,8 +198,11 @@ bool Datenbank::istBeschreibbar()
     if (::statvfs(QFile::encodeName(m_pfad).constData(), &platte) == 0 &&
         platte.f_bavail * platte.f_frsize < mindestPlatz)
         return false;
-    const int code = ausfuehren(u"BEGIN IMMEDIATE"_s);
-    if (code == SQLITE_OK)
+    // A file that may only be read is opened all the same, and even a transaction begins on it.
+    if (sqlite3_db_readonly(m_griff.get(), "main") == 1)
+        return false;
+    const int code = ausfuehren(u"BEGIN IMMEDIATE; UPDATE dokumente SET status=status WHERE id=0;"_s);
+    if (sqlite3_get_autocommit(m_griff.get()) == 0)
         ausfuehren(u"ROLLBACK"_s);
     return code == SQLITE_OK || istBelegt(code);
 }

@@ -68,6 +68,7 @@ private:
     bool zumLesenOeffnen();
     void einrichten();
     void anlegen();
+    void nachgeprueftAnlegen();
     [[nodiscard]] bool istBeschreibbar();
     [[nodiscard]] Anweisung vorbereiten(const QString &sql, const QVariantList &parameter);
     void zurueckgeben(const QString &sql, Anweisung anweisung);

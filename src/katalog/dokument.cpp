@@ -21,7 +21,6 @@ Dokument Dokument::aus(const Zeile &zeile)
         .vorschlag = zeile.text(u"vorschlag"),
         .ortQuelle = zeile.text(u"ort_quelle"),
         .zweitmeinung = zeile.ganz(u"zweitmeinung") == 1,
-        .nachgeprueft = zeile.ganz(u"nachgeprueft") == 1,
         .gelerntVon = zeile.text(u"gelernt_von"),
         .aehnlichZu = aehnlich == 0 ? std::nullopt : std::optional(aehnlich),
         .aehnlichkeit = zeile.komma(u"aehnlichkeit"),

@@ -23,7 +23,6 @@ struct Dokument {
     QString vorschlag;
     QString ortQuelle;
     bool zweitmeinung = false; ///< the larger model was asked
-    bool nachgeprueft = false; ///< and has answered
     QString gelerntVon;
     std::optional<qint64> aehnlichZu;
     double aehnlichkeit = 0; ///< 0 to 1

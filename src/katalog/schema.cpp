@@ -31,8 +31,6 @@ const QList<QString> &schemaAnweisungen()
         u"ALTER TABLE protokoll ADD COLUMN kopiert INTEGER DEFAULT 0;"_s,
         u"ALTER TABLE dokumente ADD COLUMN ausgenommen INTEGER DEFAULT 0;"_s,
         u"ALTER TABLE dokumente ADD COLUMN gelernt_von TEXT;"_s,
-        // Tells a second opinion that was given from one that was only asked for.
-        u"ALTER TABLE dokumente ADD COLUMN nachgeprueft INTEGER DEFAULT 0;"_s,
         u"CREATE TABLE IF NOT EXISTS namen (\n"
         "    von TEXT PRIMARY KEY, nach TEXT, anzahl INTEGER DEFAULT 1, zeit TEXT\n"
         ");"_s,
@@ -49,6 +47,38 @@ const QList<QString> &schemaAnweisungen()
         u"CREATE INDEX IF NOT EXISTS i_wartet ON dokumente(status, ausgenommen);"_s,
         // Turning back a session asks for the movements of each of its documents.
         u"CREATE INDEX IF NOT EXISTS i_bewegt ON protokoll(dokument_id);"_s,
+        // The state of the file whose digest is stored; geprueft = 0: noted without having read it.
+        u"CREATE TABLE IF NOT EXISTS dateistand (\n"
+        "    dokument_id INTEGER PRIMARY KEY, groesse INTEGER, geaendert INTEGER, geprueft INTEGER DEFAULT 1\n"
+        ");"_s,
+        // Where a document was whose path another one has now.
+        u"CREATE TABLE IF NOT EXISTS fruehere_pfade (\n"
+        "    id INTEGER PRIMARY KEY, dokument_id INTEGER, pfad TEXT, zeit TEXT\n"
+        ");"_s,
+        // Failed since the file was not there: tried again by itself when it is.
+        u"CREATE TABLE IF NOT EXISTS abwesend (dokument_id INTEGER PRIMARY KEY);"_s,
+        // Deeds of the review that are more than one movement or none; what they did to which document.
+        u"CREATE TABLE IF NOT EXISTS taten (\n"
+        "    id INTEGER PRIMARY KEY, zeit TEXT, art TEXT, bis_protokoll INTEGER, zurueck INTEGER DEFAULT 0\n"
+        ");"_s,
+        u"CREATE TABLE IF NOT EXISTS tatposten (\n"
+        "    id INTEGER PRIMARY KEY, tat_id INTEGER, dokument_id INTEGER,\n"
+        "    alt_status TEXT, neu_status TEXT, protokoll_id INTEGER\n"
+        ");"_s,
+        u"CREATE INDEX IF NOT EXISTS i_tatposten ON tatposten(tat_id);"_s,
+        u"CREATE INDEX IF NOT EXISTS i_tatbewegung ON tatposten(protokoll_id);"_s,
+        // Movements and deeds that could not be taken back once; the next time they are passed over.
+        u"CREATE TABLE IF NOT EXISTS uebergangen (art TEXT, id INTEGER, PRIMARY KEY (art, id));"_s,
+        // Names on disk that are not what their path in form C says, percent-encoded.
+        u"CREATE TABLE IF NOT EXISTS schreibweisen (protokoll_id INTEGER PRIMARY KEY, name TEXT);"_s,
+        // Up to which movement the user knows that what was filed below a target root lies elsewhere.
+        u"CREATE TABLE IF NOT EXISTS umgezogen (ziel TEXT PRIMARY KEY, bis_protokoll INTEGER, zeit TEXT);"_s,
     };
     return anweisungen;
+}
+
+const QString &schemaNachgeprueft()
+{
+    static const QString anweisung = u"CREATE TABLE nachgeprueft (dokument_id INTEGER PRIMARY KEY);"_s;
+    return anweisung;
 }

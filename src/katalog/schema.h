@@ -8,3 +8,9 @@
  * There is no schema version: a column that is already there makes its statement fail, and that is meant.
  */
 [[nodiscard]] const QList<QString> &schemaAnweisungen();
+
+/**
+ * Makes the table of the documents to whose second question the larger model has answered. Version 0.1.0 kept that in a
+ * column of dokumente, which is read once, when this table is made.
+ */
+[[nodiscard]] const QString &schemaNachgeprueft();

@@ -63,7 +63,7 @@ private:
         if (m_dokument.ortQuelle == u"gelernt"_s)
             dazu(Art::Gelernt, Sprache::text(u"Vorschlag stammt aus deiner eigenen Korrektur bei diesem Gegenüber. "
                                              "Änderst du ihn hier, lernt das Programm um."_s));
-        if (m_dokument.zweitmeinung && m_dokument.nachgeprueft)
+        if (m_dokument.zweitmeinung && m_stueck.nachgeprueft)
             dazu(Art::Nachgeprueft, Sprache::text(u"Vom großen Modell nachgeprüft."_s));
     }
 

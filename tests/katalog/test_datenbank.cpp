@@ -78,15 +78,15 @@ private Q_SLOTS:
                  u"id, pfad, dateiname, alt_ordner, groesse, sha256, seiten, status, hat_textebene, text_hash, skizze, "
                  "datum, gegenueber, titel, zweig, ablage, rubrik, jahr, konfidenz, vorschlag, dublette_von, "
                  "aehnlich_zu, aehnlichkeit, fehler, zeit, modell_zweig, modell_ablage, modell_rubrik, ort_quelle, "
-                 "zweitmeinung, ausgenommen, gelernt_von, nachgeprueft"_s);
+                 "zweitmeinung, ausgenommen, gelernt_von"_s);
         QCOMPARE(spalten(db, u"texte"_s), u"dokument_id, text"_s);
         QCOMPARE(spalten(db, u"protokoll"_s),
                  u"id, dokument_id, zeit, aktion, von_pfad, nach_pfad, alt_status, rueckgaengig, kopiert"_s);
         QCOMPARE(spalten(db, u"namen"_s), u"von, nach, anzahl, zeit"_s);
         QCOMPARE(spalten(db, u"gelernt"_s), u"schluessel, anzeige, zweig, ablage, rubrik, anzahl, zeit"_s);
         QCOMPARE(werte(db, u"SELECT name w FROM sqlite_master WHERE name LIKE 'i\\_%' ESCAPE '\\' ORDER BY name"_s),
-                 (QStringList{u"i_ausgenommen"_s, u"i_bewegt"_s, u"i_sha"_s, u"i_status"_s, u"i_thash"_s, u"i_wartet"_s,
-                              u"i_zaehlen"_s}));
+                 (QStringList{u"i_ausgenommen"_s, u"i_bewegt"_s, u"i_sha"_s, u"i_status"_s, u"i_tatbewegung"_s,
+                              u"i_tatposten"_s, u"i_thash"_s, u"i_wartet"_s, u"i_zaehlen"_s}));
     }
 
     void verbindung()
@@ -124,6 +124,26 @@ private Q_SLOTS:
         }
         Datenbank wieder(m_pfad);
         QCOMPARE(abzug(wieder), nachher);
+    }
+
+    /** Version 0.1.0 had one more column: its meaning is taken over once, and the column never read again. */
+    void nachgeprueftZiehtUm()
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(m_pfad).path()));
+        mitSqlite(m_pfad, altesSchema);
+        mitSqlite(m_pfad, "ALTER TABLE dokumente ADD COLUMN nachgeprueft INTEGER DEFAULT 0;"
+                          "UPDATE dokumente SET nachgeprueft=1;"
+                          "INSERT INTO dokumente (pfad) VALUES ('/b.pdf');");
+        const QString gezogen = u"SELECT dokument_id w FROM nachgeprueft"_s;
+        {
+            Datenbank db(m_pfad);
+            QCOMPARE(db.abfragen(gezogen).size(), 1);
+            QCOMPARE(db.abfragen(gezogen).first().ganz(u"w"), 1);
+            QCOMPARE(db.ausfuehren(u"DELETE FROM nachgeprueft"_s), 0);
+            QCOMPARE(spalten(db, u"dokumente"_s).count(u"nachgeprueft"_s), 1);
+        }
+        Datenbank wieder(m_pfad);
+        QVERIFY(wieder.abfragen(gezogen).isEmpty());
     }
 
     void parameter_data()
