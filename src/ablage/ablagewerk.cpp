@@ -3,13 +3,17 @@
 #include "ausnahmefilter.h"
 #include "bewegungsgang.h"
 #include "datenbank.h"
+#include "herkunft.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "sprache.h"
 #include "stapel.h"
 #include "text.h"
+#include "transaktion.h"
+#include "wiedererkennung.h"
 #include "zeit.h"
 #include "ziel.h"
+#include "zielwurzel.h"
 
 #include <QDir>
 
@@ -22,19 +26,11 @@ std::optional<Dokument> erstes(const QList<Zeile> &zeilen)
     return zeilen.isEmpty() ? std::nullopt : std::optional(Dokument::aus(zeilen.first()));
 }
 
-Absicht ruecknahmeAus(const Zeile &zeile)
+bool istBearbeitet(const QString &status) { return status == u"erledigt"_s || status == u"aussortiert"_s; }
+
+[[noreturn]] void schonBearbeitet()
 {
-    Absicht a;
-    a.protokollId = zeile.ganz(u"id");
-    a.zeile = {.zeit = zeile.text(u"zeit"),
-               .aktion = zeile.text(u"aktion"),
-               .dokument = zeile.ganz(u"dokument_id"),
-               .von = zeile.text(u"von_pfad"),
-               .nach = zeile.text(u"nach_pfad"),
-               .altStatus = zeile.text(u"alt_status"),
-               .kopiert = zeile.ganz(u"kopiert") == 1};
-    a.status = a.zeile.altStatus.isEmpty() ? u"bereit"_s : a.zeile.altStatus;
-    return a;
+    throw Fehler(Sprache::text(u"Dieses Dokument wurde inzwischen schon bearbeitet"_s));
 }
 
 struct Aenderung {
@@ -58,35 +54,73 @@ QString Ablagewerk::eindeutig(const QString &pfad) { return Dateibewegung::einde
 
 void Ablagewerk::uebernehmen(const Dokument &dokument)
 {
-    const Dokument gespeichert = gespeichertes(dokument.id);
-    zielPruefen();
-    Dokument endgueltig = dokument;
-    endgueltig.dateiname = gespeichert.dateiname;
-    bewegen(gespeichert, zielordner(dokument.zweig, dokument.ablage, dokument.rubrik, dokument.jahr),
-            dateiname(endgueltig), u"erledigt"_s, u"einsortiert"_s, &dokument);
+    const auto ordner = [&](const Dokument &) {
+        return zielordner(dokument.zweig, dokument.ablage, dokument.rubrik, dokument.jahr);
+    };
+    const auto name = [&](const Dokument &gespeichert) {
+        Dokument endgueltig = dokument;
+        endgueltig.dateiname = gespeichert.dateiname;
+        return dateiname(endgueltig);
+    };
+    bewegen({.id = dokument.id,
+             .gesehen = dokument.status,
+             .status = u"erledigt"_s,
+             .aktion = u"einsortiert"_s,
+             .ordner = ordner,
+             .name = name,
+             .werte = &dokument});
 }
 
-void Ablagewerk::aussortieren(qint64 id)
+void Ablagewerk::aussortieren(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
+{
+    if (m_profil.kopieren)
+        return nurVermerken(id, gesehen, tat);
+    bewegen({.id = id,
+             .gesehen = gesehen,
+             .status = u"aussortiert"_s,
+             .aktion = u"dublette"_s,
+             .ordner = [this](const Dokument &d) { return dublettenordner(d); },
+             .name = [](const Dokument &d) { return Dateibewegung::nummeriert(d.dateiname, 1); },
+             .tat = tat ? tat->id : 0});
+}
+
+QString Ablagewerk::dublettenordner(const Dokument &dokument) const
+{
+    return QDir::cleanPath(m_profil.zielWurzel + u'/' + m_profil.dublettenOrdner + u'/' + dokument.altOrdner);
+}
+
+/** A copying profile leaves the file where it is. */
+void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
 {
     const Dokument gespeichert = gespeichertes(id);
-    if (m_profil.kopieren) {
-        if (m_db->ausfuehren(u"UPDATE dokumente SET status='aussortiert' WHERE id=?"_s, {id}) != 0)
-            throw Fehler(Sprache::text(
-                u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+    if ((!gesehen.isEmpty() && gesehen != gespeichert.status) || istBearbeitet(gespeichert.status))
+        schonBearbeitet();
+    const QString neu = u"aussortiert"_s;
+    if (!tat) {
+        mitgezogen->tat = Taten::statusWechseln(*m_db, u"aussortiert"_s, id, gespeichert.status, neu);
+        if (!mitgezogen->tat)
+            schonBearbeitet();
         return;
     }
-    zielPruefen();
-    const QString ordner =
-        QDir::cleanPath(m_profil.zielWurzel + u'/' + m_profil.dublettenOrdner + u'/' + gespeichert.altOrdner);
-    bewegen(gespeichert, ordner, gespeichert.dateiname, u"aussortiert"_s, u"dublette"_s, nullptr);
+    Transaktion t(*m_db);
+    if (m_db->ausfuehren(u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s, {neu, id, gespeichert.status}) !=
+        0)
+        t.scheitern();
+    if (m_db->geaendert() == 0)
+        schonBearbeitet();
+    Taten::eintragen(*m_db, tat->id, {.dokument = id, .altStatus = gespeichert.status, .neuStatus = neu});
+    t.abschliessen();
 }
 
 void Ablagewerk::verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,
                              const QString &aktion)
 {
-    const Dokument gespeichert = gespeichertes(id);
-    zielPruefen();
-    bewegen(gespeichert, ordner, name, status, aktion, nullptr);
+    bewegen({.id = id,
+             .gesehen = {},
+             .status = status,
+             .aktion = aktion,
+             .ordner = [&](const Dokument &) { return ordner; },
+             .name = [&](const Dokument &) { return name; }});
 }
 
 Dokument Ablagewerk::gespeichertes(qint64 id) const
@@ -97,78 +131,93 @@ Dokument Ablagewerk::gespeichertes(qint64 id) const
     return *gefunden;
 }
 
-/** Folders are made below the target root; the root itself never: its drive may not be there. */
-void Ablagewerk::zielPruefen() const
-{
-    if (m_profil.zielWurzel.isEmpty())
-        throw Fehler(Sprache::text(u"Es ist noch kein Zielordner gewählt"_s));
-    if (!istOrdner(QDir::cleanPath(m_profil.zielWurzel)))
-        throw Fehler(gefuellt(Sprache::text(u"Der Zielordner ist nicht erreichbar: %@"_s), {m_profil.zielWurzel}));
-}
-
 /** A vanished file is marked, unless its whole drive is gone. */
 void Ablagewerk::quellePruefen(const Dokument &dokument) const
 {
     if (istVorhanden(dokument.pfad))
         return;
-    const QString herkunft = QDir::cleanPath(m_profil.quelle);
-    if (!m_profil.quelle.isEmpty() && dokument.pfad.startsWith(herkunft + u'/') && !istOrdner(herkunft))
+    if (Herkunft::istUnerreichbarFuer(*m_db, m_profil, dokument.pfad))
         throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {m_profil.quelle}));
     m_db->ausfuehren(u"UPDATE dokumente SET status='fehlt' WHERE id=?"_s, {dokument.id});
     throw Fehler(Sprache::text(u"Die Datei liegt nicht mehr am erwarteten Ort"_s));
 }
 
-void Ablagewerk::bewegen(const Dokument &gespeichert, const QString &ordner, const QString &name, const QString &status,
-                         const QString &aktion, const Dokument *werte)
+/** What the user has seen a proposal for is what is moved, and nothing else. */
+void Ablagewerk::inhaltPruefen(const Dokument &dokument) const
 {
-    quellePruefen(gespeichert);
-    Absicht absicht;
-    absicht.zeile = {.zeit = jetztIso(),
-                     .aktion = aktion,
-                     .dokument = gespeichert.id,
-                     .von = gespeichert.pfad,
-                     .nach = {},
-                     .altStatus = gespeichert.status,
-                     .kopiert = m_profil.kopieren};
-    absicht.status = status;
-    absicht.vorher = gespeichert.gegenueber;
-    if (werte)
-        absicht.werte = *werte;
+    if (Wiedererkennung::istDieselbe(*m_db, dokument.id, dokument.pfad))
+        return;
+    Wiedererkennung::ersetzen(*m_db, dokument.id);
+    throw Fehler(Sprache::text(u"Unter diesem Namen liegt inzwischen eine andere Datei. Der nächste Durchgang liest "
+                               "sie neu"_s));
+}
+
+void Ablagewerk::bewegen(const Vorhaben &vorhaben)
+{
+    Q_UNUSED(gespeichertes(vorhaben.id));
+    Zielwurzel::pruefen(*m_db, m_profil);
     try {
         Bewegungsgang gang(m_db);
-        Dateibewegung::ordnerAnlegen(ordner, m_profil.zielWurzel);
-        const auto art = m_profil.kopieren ? Dateibewegung::Art::Kopieren : Dateibewegung::Art::Verschieben;
-        const auto ergebnis =
-            gang.bewegen(absicht, {.von = gespeichert.pfad, .ordner = ordner, .name = name, .art = art}, m_buch.get());
-        if (ergebnis.angepasst > 0)
-            mitgezogen->anzahl = ergebnis.angepasst;
-        mitgezogen->ohneProtokoll = !ergebnis.protokolliert;
-        mitgezogen->nach = ergebnis.nach;
+        // Read again: while this one waited for its turn, another program may have handled the document.
+        const Dokument gespeichert = gespeichertes(vorhaben.id);
+        const bool andersGesehen = !vorhaben.gesehen.isEmpty() && vorhaben.gesehen != gespeichert.status;
+        if (andersGesehen || (vorhaben.werte && istBearbeitet(gespeichert.status)))
+            schonBearbeitet();
+        quellePruefen(gespeichert);
+        const auto angesehen = Dateibewegung::angabenVon(gespeichert.pfad);
+        inhaltPruefen(gespeichert);
+        ausfuehren(vorhaben, gespeichert, angesehen, gang);
     } catch (const Fehler &f) {
         throw Fehler(inSprache(f));
     }
 }
 
+void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
+                            const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang)
+{
+    Absicht absicht;
+    absicht.zeile = {.zeit = jetztIso(),
+                     .aktion = vorhaben.aktion,
+                     .dokument = gespeichert.id,
+                     .von = gespeichert.pfad,
+                     .nach = {},
+                     .altStatus = gespeichert.status,
+                     .kopiert = m_profil.kopieren,
+                     .vonName = {}};
+    absicht.status = vorhaben.status;
+    absicht.vorher = gespeichert.gegenueber;
+    absicht.tat = vorhaben.tat;
+    if (vorhaben.werte)
+        absicht.werte = *vorhaben.werte;
+    const Dateibewegung::Auftrag auftrag{.von = gespeichert.pfad,
+                                         .ordner = vorhaben.ordner(gespeichert),
+                                         .name = vorhaben.name(gespeichert),
+                                         .art = m_profil.kopieren ? Dateibewegung::Art::Kopieren
+                                                                  : Dateibewegung::Art::Verschieben,
+                                         .erwartet = angesehen};
+    Dateibewegung::ordnerAnlegen(auftrag.ordner, m_profil.zielWurzel);
+    const auto ergebnis = gang.bewegen(absicht, auftrag, m_buch.get());
+    if (ergebnis.angepasst > 0)
+        mitgezogen->anzahl = ergebnis.angepasst;
+    mitgezogen->ohneProtokoll = mitgezogen->ohneProtokoll || !ergebnis.protokolliert;
+    mitgezogen->nach = ergebnis.nach;
+    mitgezogen->tat = Taten::Tat{.bewegung = true, .id = ergebnis.protokollId};
+}
+
 qint64 Ablagewerk::rueckgaengig()
 {
     try {
-        Bewegungsgang gang(m_db);
-        const QList<Zeile> zeilen =
-            m_db->abfragen(u"SELECT * FROM protokoll WHERE rueckgaengig=0 ORDER BY id DESC LIMIT 1"_s);
-        if (zeilen.isEmpty())
-            throw Fehler(Sprache::text(u"Es gibt nichts rückgängig zu machen"_s));
-        const Absicht absicht = ruecknahmeAus(zeilen.first());
-        const auto betroffen = dokument(absicht.zeile.dokument);
-        const bool weitergezogen =
-            betroffen && betroffen->pfad != (absicht.zeile.kopiert ? absicht.zeile.von : absicht.zeile.nach);
-        if (weitergezogen || !istVorhanden(absicht.zeile.nach))
-            throw Fehler(Sprache::text(u"Die Datei liegt nicht mehr am Zielort"_s));
-        if (!absicht.zeile.kopiert && absicht.zeile.von != absicht.zeile.nach && istVorhanden(absicht.zeile.von))
-            throw Fehler(Sprache::text(u"Am alten Platz liegt schon eine andere Datei"_s));
-        const QString fehler = gang.zuruecknehmen({absicht}, m_profil.quelle).first();
-        if (!fehler.isEmpty())
-            throw Fehler(fehler);
-        return absicht.zeile.dokument;
+        return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle);
+    } catch (const Fehler &f) {
+        throw Fehler(inSprache(f));
+    }
+}
+
+Zurueckgenommen Ablagewerk::tatZurueck(const std::optional<Taten::Tat> &diese,
+                                       const Tatruecknahme::Fortschritt &fortschritt)
+{
+    try {
+        return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
     } catch (const Fehler &f) {
         throw Fehler(inSprache(f));
     }

@@ -1,20 +1,25 @@
 #pragma once
 
+#include "dateibewegung.h"
 #include "dokument.h"
 #include "profil.h"
+#include "tatruecknahme.h"
 #include "zaehlwerk.h"
 
+#include <functional>
 #include <memory>
 #include <utility>
 
+class Bewegungsgang;
 class Datenbank;
 class Protokollbuch;
 
 /** What an action of the filing engine has to say beyond its success; shared, since the engine itself is a value. */
 struct Zaehler {
-    qint64 anzahl = 0;          ///< waiting documents that the learning memory adjusted; a 0 leaves it as it was
-    bool ohneProtokoll = false; ///< the session log could not be written
-    QString nach;               ///< where the document lies now
+    qint64 anzahl = 0;             ///< waiting documents that the learning memory adjusted; a 0 leaves it as it was
+    bool ohneProtokoll = false;    ///< the session log could not be written; once true it stays so
+    QString nach;                  ///< where the document lies now
+    std::optional<Taten::Tat> tat; ///< the last deed, to take back just that one
 };
 
 /** Carries out the user's decisions on reviewed documents; made anew for each action. */
@@ -35,13 +40,22 @@ public:
 
     /**
      * Files a reviewed document with the user's final values: moves or copies it under its new name, records it and
-     * learns from it. Throws Fehler; nothing has changed then, but that a vanished file is marked "fehlt".
+     * learns from it. Its status (empty: any) is the one that the user saw; another program may have handled it since.
+     *
+     * Throws Fehler; nothing has changed then, but that a vanished file is marked "fehlt", and that another file which
+     * lies there by now is taken in as a document of its own.
      */
     void uebernehmen(const Dokument &dokument);
-    /** Sets a duplicate aside: into the duplicates folder, or when copying only by its status. Throws Fehler. */
-    void aussortieren(qint64 id);
-    /** Takes the newest movement back; returns its document. Throws Fehler. */
+    /**
+     * Sets a document aside: into the duplicates folder, or when copying only by its status. @p gesehen as above;
+     * @p tat is the deed of many that it is part of. Throws Fehler as above.
+     */
+    void aussortieren(qint64 id, const QString &gesehen = {}, const std::optional<Taten::Tat> &tat = {});
+    /** Takes the newest movement back; returns its document. What cannot be is told once, then passed over. */
     qint64 rueckgaengig();
+    /** Takes the newest deed of the review back, a movement or not; see Tatruecknahme. Throws Fehler. */
+    Zurueckgenommen tatZurueck(const std::optional<Taten::Tat> &diese = {},
+                               const Tatruecknahme::Fortschritt &fortschritt = {});
     /** Moves or copies a document as it is to @p ordner / @p name. Throws Fehler. */
     void verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,
                      const QString &aktion);
@@ -68,11 +82,25 @@ public:
     static Ausnahmenwechsel ausnahmenAnwenden(Datenbank &db, const Profil &profil);
 
 private:
+    /** A movement that is wanted; where to is found out once the document is locked. */
+    struct Vorhaben {
+        qint64 id = 0;
+        QString gesehen; ///< status that the user saw; empty: any
+        QString status;
+        QString aktion;
+        std::function<QString(const Dokument &gespeichert)> ordner;
+        std::function<QString(const Dokument &gespeichert)> name;
+        const Dokument *werte = nullptr;
+        qint64 tat = 0;
+    };
     [[nodiscard]] Dokument gespeichertes(qint64 id) const;
-    void zielPruefen() const;
+    [[nodiscard]] QString dublettenordner(const Dokument &dokument) const;
     void quellePruefen(const Dokument &dokument) const;
-    void bewegen(const Dokument &gespeichert, const QString &ordner, const QString &name, const QString &status,
-                 const QString &aktion, const Dokument *werte);
+    void inhaltPruefen(const Dokument &dokument) const;
+    void nurVermerken(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat);
+    void bewegen(const Vorhaben &vorhaben);
+    void ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
+                    const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang);
 
     std::shared_ptr<Datenbank> m_db;
     Profil m_profil;

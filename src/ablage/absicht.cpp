@@ -41,6 +41,8 @@ QByteArray Absicht::json() const
     o.roh("zeile", zeile.json());
     o.text("status", status);
     o.zahl("protokoll", protokollId);
+    if (tat != 0)
+        o.zahl("tat", tat);
     o.zahl("groesse", groesse);
     o.text("dateizeit", QString::number(dateizeit)); // too large for the numbers of some readers
     if (!temporaer.isEmpty())
@@ -67,6 +69,7 @@ std::optional<Absicht> Absicht::aus(const QByteArray &text)
     a.vorgang = o.value("vorgang"_L1).toString();
     a.status = o.value("status"_L1).toString();
     a.protokollId = o.value("protokoll"_L1).toInteger();
+    a.tat = o.value("tat"_L1).toInteger();
     a.temporaer = o.value("temporaer"_L1).toString();
     a.groesse = o.value("groesse"_L1).toInteger();
     a.dateizeit = o.value("dateizeit"_L1).toString().toLongLong();
@@ -83,7 +86,7 @@ QString Absicht::ende() const
 {
     if (art == Art::Bewegung)
         return zeile.nach;
-    return zeile.kopiert ? QString() : zeile.von;
+    return zeile.kopiert && zeile.von != zeile.nach ? QString() : zeile.von;
 }
 
 void Absicht::uebernehmen(const Dateibewegung::Schritt &schritt)

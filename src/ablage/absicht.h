@@ -23,6 +23,7 @@ struct Absicht {
     qint64 groesse = 0;
     qint64 dateizeit = 0;
     std::optional<Dokument> werte;     ///< the user's final values
+    qint64 tat = 0;                    ///< deed of many movements that this one is part of; 0 if none
     QString vorher;                    ///< the counterpart before his correction
     QString buch;                      ///< log file that is to hold the line; empty if none
     std::optional<Protokollkopf> kopf; ///< header of that log

@@ -3,7 +3,10 @@
 #include "datenbank.h"
 #include "lernspeicher.h"
 #include "pfade.h"
+#include "stapel.h"
+#include "taten.h"
 #include "transaktion.h"
+#include "wiedererkennung.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,10 +19,13 @@ void muss(const Transaktion &transaktion, Datenbank &db, const QString &sql, con
         transaktion.scheitern();
 }
 
-/** A row that still claims a place where its file no longer was, or this movement could not have taken it. */
-void platzFreimachen(const Transaktion &t, Datenbank &db, const QString &pfad, qint64 ausser)
+/** Rows that still claim a place where their file no longer was, or this movement could not have taken it. */
+void platzFreimachen(Datenbank &db, const QString &pfad, qint64 ausser)
 {
-    muss(t, db, u"UPDATE dokumente SET status='fehlt', pfad=NULL WHERE pfad=? AND id<>?"_s, {pfad, ausser});
+    Stapel stapel(db);
+    for (const Zeile &z : db.abfragen(u"SELECT id FROM dokumente WHERE pfad=? AND id<>?"_s, {pfad, ausser}))
+        Wiedererkennung::pfadFreigeben(stapel, z.ganz(u"id"));
+    stapel.abschliessen();
 }
 
 void werteSchreiben(const Transaktion &t, Datenbank &db, const Dokument &d)
@@ -35,7 +41,7 @@ void ortSchreiben(const Transaktion &t, Datenbank &db, qint64 id, const QString 
     const QVariantList werte = {status, pfad, nameVon(pfad), id};
     if (db.ausfuehren(sql, werte) == 0)
         return;
-    platzFreimachen(t, db, pfad, id); // paths are unique, so this is what can stand in the way
+    platzFreimachen(db, pfad, id); // paths are unique, so this is what can stand in the way
     muss(t, db, sql, werte);
 }
 
@@ -46,28 +52,44 @@ void ruecknahme(const Transaktion &t, Datenbank &db, const Absicht &a)
     muss(t, db, u"UPDATE protokoll SET rueckgaengig=1 WHERE id=?"_s, {a.protokollId});
     ortSchreiben(t, db, a.zeile.dokument, a.status, a.zeile.von);
 }
+
+/** What a movement brings along that has tables of its own. */
+void beiwerk(const Transaktion &t, Datenbank &db, const Absicht &a, qint64 protokollId)
+{
+    if (!a.zeile.vonName.isEmpty())
+        muss(t, db, u"INSERT OR REPLACE INTO schreibweisen (protokoll_id, name) VALUES (?,?)"_s,
+             {protokollId, QString::fromLatin1(a.zeile.vonName.toPercentEncoding())});
+    if (a.tat != 0)
+        Taten::eintragen(db, a.tat,
+                         {.dokument = a.zeile.dokument,
+                          .altStatus = a.zeile.altStatus,
+                          .neuStatus = a.status,
+                          .protokollId = protokollId});
+}
 } // namespace
 
-qint64 Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
+Aufzeichnung::Ergebnis Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
 {
     Transaktion t(db);
-    qint64 angepasst = 0;
+    Ergebnis ergebnis;
     if (a.werte) {
         werteSchreiben(t, db, *a.werte);
-        angepasst = Lernspeicher(db).merken(*a.werte, a.vorher);
+        ergebnis.angepasst = Lernspeicher(db).merken(*a.werte, a.vorher);
     }
     const Protokollzeile &z = a.zeile;
     muss(t, db,
          u"INSERT INTO protokoll (dokument_id, zeit, aktion, von_pfad, nach_pfad, alt_status, kopiert)\n"
          "VALUES (?,?,?,?,?,?,?)"_s,
          {z.dokument, z.zeit, z.aktion, z.von, z.nach, z.altStatus, z.kopiert});
+    ergebnis.protokollId = neuesteZeile(db);
+    beiwerk(t, db, a, ergebnis.protokollId);
     // A copying profile leaves the document where it was; so does a document that lay right already.
     if (z.kopiert || z.von == z.nach)
         muss(t, db, u"UPDATE dokumente SET status=? WHERE id=?"_s, {a.status, z.dokument});
     else
         ortSchreiben(t, db, z.dokument, a.status, z.nach);
     t.abschliessen();
-    return angepasst;
+    return ergebnis;
 }
 
 void Aufzeichnung::ruecknahmen(Datenbank &db, const QList<Absicht> &absichten)

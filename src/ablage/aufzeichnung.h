@@ -7,11 +7,15 @@ class Datenbank;
 /** Writing of finished movements into the catalogue. */
 namespace Aufzeichnung
 {
+struct Ergebnis {
+    qint64 protokollId = 0; ///< its row
+    qint64 angepasst = 0;   ///< waiting documents that the learning memory adjusted
+};
 /**
- * Records a movement with the values it was accepted with and what is learned from them, in one transaction. Returns
- * how many waiting documents were adjusted. Throws Fehler; nothing is recorded then.
+ * Records a movement with the values it was accepted with and what is learned from them, in one transaction. Throws
+ * Fehler; nothing is recorded then.
  */
-qint64 bewegung(Datenbank &db, const Absicht &absicht);
+Ergebnis bewegung(Datenbank &db, const Absicht &absicht);
 
 /** Records movements turned back, all in one transaction. Those without a row are passed over. Throws Fehler. */
 void ruecknahmen(Datenbank &db, const QList<Absicht> &absichten);

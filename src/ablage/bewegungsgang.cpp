@@ -36,12 +36,20 @@ Bewegungsgang::Bewegungsgang(std::shared_ptr<Datenbank> db, Absichtsdatei datei)
 
 Bewegungsgang::Bewegungsgang(const std::shared_ptr<Datenbank> &db) : Bewegungsgang(db, dateiNehmen(*db)) {}
 
-void Bewegungsgang::klaeren(const std::shared_ptr<Datenbank> &db)
+QStringList Bewegungsgang::klaeren(const std::shared_ptr<Datenbank> &db)
 {
     if (db->nurLesen() || !istVorhanden(absichtsdatei(*db)))
-        return;
-    if (auto datei = Absichtsdatei::oeffnen(absichtsdatei(*db), 0s))
-        const Bewegungsgang gang(db, std::move(*datei));
+        return {};
+    auto datei = Absichtsdatei::oeffnen(absichtsdatei(*db), 0s);
+    if (!datei)
+        return {};
+    const Bewegungsgang gang(db, std::move(*datei));
+    QStringList namen;
+    for (const QByteArray &zeile : gang.m_offene) {
+        if (const auto absicht = Absicht::aus(zeile))
+            namen << nameVon(absicht->anfang());
+    }
+    return namen;
 }
 
 void Bewegungsgang::offenesKlaeren()
@@ -110,7 +118,8 @@ bool Bewegungsgang::zurueckgesetzt(Absicht absicht)
             Dateibewegung::ausfuehren({.von = z.nach,
                                        .ordner = ordnerVon(z.von),
                                        .name = nameVon(z.von),
-                                       .nameArt = Dateibewegung::Name::Genau},
+                                       .nameArt = Dateibewegung::Name::Genau,
+                                       .plattenname = z.vonName},
                                       nurZwischendatei(m_datei, absicht));
             return true;
         }
@@ -129,6 +138,7 @@ Bewegungsgang::Ergebnis Bewegungsgang::bewegen(Absicht absicht, const Dateibeweg
 {
     absicht.vorgang = QUuid::createUuid().toString(QUuid::WithoutBraces);
     absicht.protokollId = Aufzeichnung::neuesteZeile(*m_db);
+    absicht.zeile.vonName = Dateibewegung::andererPlattenname(absicht.zeile.von);
     if (buch) {
         absicht.buch = buch->datei();
         absicht.kopf = buch->kopf();
@@ -150,7 +160,9 @@ Bewegungsgang::Ergebnis Bewegungsgang::bewegen(Absicht absicht, const Dateibeweg
     absicht.zeile.kopiert = absicht.zeile.kopiert && absicht.zeile.nach != absicht.zeile.von;
     Ergebnis ergebnis{.nach = absicht.zeile.nach};
     try {
-        ergebnis.angepasst = Aufzeichnung::bewegung(*m_db, absicht);
+        const auto verzeichnet = Aufzeichnung::bewegung(*m_db, absicht);
+        ergebnis.protokollId = verzeichnet.protokollId;
+        ergebnis.angepasst = verzeichnet.angepasst;
     } catch (const Fehler &) {
         if (zurueckgesetzt(absicht))
             abschliessen();

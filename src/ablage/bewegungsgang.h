@@ -20,11 +20,15 @@ public:
     /** Waits for another program that is moving. Throws Fehler when that takes over a minute. */
     explicit Bewegungsgang(const std::shared_ptr<Datenbank> &db);
 
-    /** Settles what a crash has left open, if no one is moving at the moment. Throws Fehler. */
-    static void klaeren(const std::shared_ptr<Datenbank> &db);
+    /**
+     * Settles what a crash has left open, if no one is moving at the moment. Returns the names of the files of which it
+     * cannot be told yet what has become of their movement. Throws Fehler.
+     */
+    static QStringList klaeren(const std::shared_ptr<Datenbank> &db);
 
     struct Ergebnis {
         QString nach;              ///< where the file lies now
+        qint64 protokollId = 0;    ///< its row in the catalogue
         qint64 angepasst = 0;      ///< waiting documents that the learning memory adjusted
         bool protokolliert = true; ///< the session log has its line, or there is none
     };

@@ -27,11 +27,23 @@ Lage beideEnden(const Absicht &a, bool kopiePubliziert)
     return Lage::Geschehen;
 }
 
-/** No file like the announced one lies at either end. */
-Lage keinEnde(const Absicht &a, bool rest)
+/** No file like the announced one lies at either end: it may have been changed since, or be gone with its drive. */
+Lage keinEnde(const Absicht &a, bool rest, bool unvollendet)
 {
-    const bool beideDa = !rest && istOrdner(ordnerVon(a.anfang())) && istOrdner(ordnerVon(a.ende()));
-    return beideDa ? Lage::NichtGeschehen : Lage::Unklar;
+    if (rest || !istOrdner(ordnerVon(a.anfang())) || !istOrdner(ordnerVon(a.ende())))
+        return Lage::Unklar;
+    const bool etwasAmAnfang = istVorhanden(a.anfang());
+    const bool etwasAmZiel = !unvollendet && istVorhanden(a.ende());
+    if (etwasAmAnfang && etwasAmZiel)
+        return Lage::Unklar;
+    return etwasAmZiel ? Lage::Geschehen : Lage::NichtGeschehen;
+}
+
+/** A published copy that somebody has changed since, while its original still lies there. */
+bool istVeraenderteKopie(const Absicht &a, bool kopiePubliziert)
+{
+    return a.art == Absicht::Art::Bewegung && kopiePubliziert && istVorhanden(a.ende()) &&
+           !Dateibewegung::istLeer(a.ende());
 }
 } // namespace
 
@@ -50,14 +62,16 @@ Klaerung::Lage Klaerung::lage(const Absicht &a)
         Dateibewegung::temporaeresEntfernen(a.temporaer);
     if (a.anfang() == a.ende() || (amAnfang && (inDenKorb || unvollendet)))
         return amAnfang && !inDenKorb && !unvollendet ? Lage::Geschehen : Lage::NichtGeschehen;
-    if (unvollendet)
-        return keinEnde(a, rest);
+    if (inDenKorb && istVorhanden(a.anfang())) // changed since, but not gone
+        return Lage::NichtGeschehen;
     if (inDenKorb) // gone there, unless its whole drive is
         return istOrdner(ordnerVon(a.anfang())) ? Lage::Geschehen : Lage::Unklar;
     if (amZiel)
         return amAnfang ? beideEnden(a, kopiePubliziert) : Lage::Geschehen;
     if (!amAnfang)
-        return keinEnde(a, rest);
+        return keinEnde(a, rest, unvollendet);
+    if (istVeraenderteKopie(a, kopiePubliziert))
+        return a.zeile.kopiert ? Lage::Geschehen : Lage::Unklar;
     platzhalterEntfernen(a);
     return Lage::NichtGeschehen;
 }

@@ -5,6 +5,7 @@
 #include "fehler.h"
 #include "pfade.h"
 #include "rueckbau.h"
+#include "text.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -102,7 +103,7 @@ std::shared_ptr<Protokollbuch> Protokollbuch::anlegen(const QString &ordner, con
 {
     const QString ort = QDir::cleanPath(ordner);
     const QString ziel = QDir::cleanPath(profil.zielWurzel);
-    const bool imZiel = !profil.zielWurzel.isEmpty() && (ort + u'/').startsWith(ziel + u'/');
+    const bool imZiel = !profil.zielWurzel.isEmpty() && (nfc(ort) == nfc(ziel) || liegtUnter(ort, ziel));
     try {
         Dateibewegung::ordnerAnlegen(ort, imZiel ? ziel : u"/"_s);
     } catch (const Fehler &) {
@@ -188,7 +189,8 @@ QList<Protokollzeile> Protokollbuch::lesen(const QString &datei)
 }
 
 Bilanz Protokollbuch::zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
-                                    const Fortschritt &fortschritt, const std::stop_token &ende)
+                                    const Fortschritt &fortschritt, const std::stop_token &ende,
+                                    const QStringList &grenzen)
 {
-    return Rueckbau(datei, db, fortschritt, ende).ausfuehren();
+    return Rueckbau(datei, db, fortschritt, ende, grenzen).ausfuehren();
 }

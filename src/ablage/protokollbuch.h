@@ -57,9 +57,13 @@ public:
      * where it knows the movement. What lies at neither or both ends, and what is turned back already, is passed over;
      * a failure does not stop the rest, and what failed lies where it was. @p fortschritt is called after each
      * movement. Once @p ende wants it, the movements in hand are finished and the rest is passed over.
+     *
+     * Lines that the catalogue does not know move only documents (".pdf"), and only between the source and the target
+     * that the header names; where there is no header, between the folders @p grenzen.
      */
     [[nodiscard]] static Bilanz zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
-                                              const Fortschritt &fortschritt, const std::stop_token &ende = {});
+                                              const Fortschritt &fortschritt, const std::stop_token &ende = {},
+                                              const QStringList &grenzen = {});
 
 private:
     Protokollbuch(QString datei, Protokollkopf kopf) : m_datei(std::move(datei)), m_kopf(std::move(kopf)) {}

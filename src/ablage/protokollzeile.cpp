@@ -1,6 +1,8 @@
 #include "protokollzeile.h"
 
 #include "jsonschreiber.h"
+#include "pfade.h"
+#include "text.h"
 #include "zeit.h"
 
 #include <QDateTime>
@@ -36,6 +38,11 @@ public:
         const QJsonValue wert = m_objekt.value(name);
         m_ganz = m_ganz && wert.isDouble() && std::floor(wert.toDouble()) == wert.toDouble();
         return wert.toInteger();
+    }
+    /** An optional member, percent-encoded. */
+    [[nodiscard]] QByteArray bytes(QLatin1StringView name) const
+    {
+        return QByteArray::fromPercentEncoding(m_objekt.value(name).toString().toLatin1());
     }
     [[nodiscard]] bool ganz() const { return m_ganz; }
 
@@ -210,6 +217,8 @@ QByteArray Protokollzeile::json() const
     o.text("nach", nach);
     o.text("altStatus", altStatus);
     o.wahr("kopiert", kopiert);
+    if (!vonName.isEmpty())
+        o.text("vonName", QString::fromLatin1(vonName.toPercentEncoding()));
     return o.ende();
 }
 
@@ -227,6 +236,10 @@ std::optional<Protokollzeile> Protokollzeile::aus(const QByteArray &zeile)
                            .von = leser.text("von"_L1),
                            .nach = leser.text("nach"_L1),
                            .altStatus = leser.text("altStatus"_L1),
-                           .kopiert = leser.wahr("kopiert"_L1)};
+                           .kopiert = leser.wahr("kopiert"_L1),
+                           .vonName = leser.bytes("vonName"_L1)};
+    // A name of its own is only another spelling of the one that the line has anyhow.
+    if (gelesen.vonName.contains('/') || nameVonPlatte(gelesen.vonName) != nfc(nameVon(gelesen.von)))
+        gelesen.vonName.clear();
     return istBewegung && leser.ganz() ? std::optional(std::move(gelesen)) : std::nullopt;
 }

@@ -35,6 +35,7 @@ struct Protokollzeile {
     QString nach;
     QString altStatus;
     bool kopiert = false; ///< the source stayed at "von"
+    QByteArray vonName{}; ///< bytes of the name at "von" on disk where they are not those of "von"; else empty
     bool operator==(const Protokollzeile &) const = default;
 
     /** The time of day in the local time zone, HH:mm:ss; the text itself when it is no time. */

@@ -1,14 +1,14 @@
 #include "rueckbau.h"
 
 #include "bewegungsgang.h"
-#include "datenbank.h"
+#include "bewegungspruefung.h"
 #include "pfade.h"
 #include "ruecknahme.h"
 #include "text.h"
 
+#include <QDir>
 #include <QSet>
 #include <algorithm>
-#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -16,22 +16,17 @@ namespace
 {
 constexpr qsizetype hoechstensGruppe = 100;
 
-/** A copy goes only while its original is still there, and a moved file only to a free place. */
-bool endenStimmen(const Protokollzeile &z)
-{
-    if (z.von == z.nach)
-        return true;
-    return z.kopiert ? Dateibewegung::istGleich(z.von, z.nach) : !istVorhanden(z.von);
-}
+bool istPdf(const QString &pfad) { return pfad.endsWith(".pdf"_L1, Qt::CaseInsensitive); }
 } // namespace
 
 Rueckbau::Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt,
-                   std::stop_token ende)
+                   std::stop_token ende, const QStringList &grenzen)
     : m_zeilen(Protokollbuch::lesen(datei)), m_db(std::move(db)), m_fortschritt(std::move(fortschritt)),
       m_ende(std::move(ende))
 {
     const auto kopf = Protokollbuch::kopf(datei);
     m_herkunft = kopf ? kopf->quelle : QString();
+    m_grenzen = kopf ? QStringList{kopf->quelle, kopf->ziel} : grenzen;
     // Newest first, so that a document moved twice ends at its first place.
     std::reverse(m_zeilen.begin(), m_zeilen.end());
     for (Protokollzeile &zeile : m_zeilen) {
@@ -97,41 +92,34 @@ void Rueckbau::weiter() { m_fortschritt(++m_fertig, m_zeilen.size()); }
 /** The intent to take @p zeile back; none when it is passed over. */
 std::optional<Absicht> Rueckbau::pruefen(const Protokollzeile &zeile) const
 {
+    const auto stand =
+        m_db && zeile.dokument > 0 ? Bewegungspruefung::verzeichnet(*m_db, zeile) : Bewegungspruefung::Verzeichnet();
+    if (stand.zurueck || (stand.protokollId == 0 && !istErlaubt(zeile)) ||
+        !Bewegungspruefung::hindernis(zeile, stand).isEmpty())
+        return std::nullopt;
     Absicht absicht;
     absicht.art = Absicht::Art::Ruecknahme;
     absicht.zeile = zeile;
+    if (absicht.zeile.vonName.isEmpty())
+        absicht.zeile.vonName = stand.vonName;
+    absicht.protokollId = stand.protokollId;
     absicht.status = zeile.altStatus.isEmpty() ? u"bereit"_s : zeile.altStatus;
-    const auto angaben = Dateibewegung::angabenVon(zeile.nach);
-    if (!angaben && !istVorhanden(zeile.nach))
-        return std::nullopt;
-    if (!istDran(zeile, absicht.protokollId) || !endenStimmen(zeile))
-        return std::nullopt;
-    if (angaben)
+    if (const auto angaben = Dateibewegung::angabenVon(zeile.nach))
         absicht.uebernehmen(*angaben);
     return absicht;
 }
 
-/** False when the catalogue knows the movement as turned back already, or the document has moved on since. */
-bool Rueckbau::istDran(const Protokollzeile &zeile, qint64 &protokollId) const
+/**
+ * What the catalogue does not know comes from elsewhere, and could name any file: only documents are moved, and only
+ * between the two folders that the log's header names, or without one those of the active profile.
+ */
+bool Rueckbau::istErlaubt(const Protokollzeile &zeile) const
 {
-    if (!m_db || zeile.dokument <= 0)
-        return true;
-    const QList<Zeile> zeilen = m_db->abfragen(
-        u"SELECT p.id, p.rueckgaengig, p.zeit, d.pfad FROM protokoll p LEFT JOIN dokumente d ON d.id=p.dokument_id\n"
-        "WHERE p.dokument_id=? AND p.von_pfad=? AND p.nach_pfad=?"_s,
-        {zeile.dokument, zeile.von, zeile.nach});
-    if (zeilen.isEmpty())
-        return true; // a log of another profile or computer: only the file moves
-    // A later session may have moved it there again: the row of the line's own time goes before.
-    const auto rang = [&zeile](const Zeile &z) {
-        return std::tuple(z.text(u"zeit") == zeile.zeit, z.ganz(u"rueckgaengig") == 0, z.ganz(u"id"));
+    const auto darin = [this](const QString &pfad) {
+        return std::any_of(m_grenzen.cbegin(), m_grenzen.cend(),
+                           [&](const QString &ordner) { return liegtUnter(QDir::cleanPath(pfad), ordner); });
     };
-    const Zeile &eigene = *std::max_element(zeilen.begin(), zeilen.end(),
-                                            [&rang](const Zeile &a, const Zeile &b) { return rang(a) < rang(b); });
-    if (eigene.ganz(u"rueckgaengig") == 1)
-        return false;
-    protokollId = eigene.ganz(u"id");
-    return eigene.text(u"pfad") == (zeile.kopiert ? zeile.von : zeile.nach);
+    return istPdf(zeile.von) && istPdf(zeile.nach) && darin(zeile.von) && darin(zeile.nach);
 }
 
 QStringList Rueckbau::zuruecknehmen(const QList<Absicht> &absichten)

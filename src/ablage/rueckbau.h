@@ -10,7 +10,7 @@ class Rueckbau
 {
 public:
     Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt,
-             std::stop_token ende = {});
+             std::stop_token ende, const QStringList &grenzen);
     ~Rueckbau();
     Rueckbau(const Rueckbau &) = delete;
     Rueckbau &operator=(const Rueckbau &) = delete;
@@ -20,11 +20,12 @@ private:
     void weiter();
     void gruppe(const QList<Protokollzeile> &zeilen);
     [[nodiscard]] std::optional<Absicht> pruefen(const Protokollzeile &zeile) const;
-    [[nodiscard]] bool istDran(const Protokollzeile &zeile, qint64 &protokollId) const;
+    [[nodiscard]] bool istErlaubt(const Protokollzeile &zeile) const;
     [[nodiscard]] QStringList zuruecknehmen(const QList<Absicht> &absichten);
 
     QList<Protokollzeile> m_zeilen;
     QString m_herkunft;
+    QStringList m_grenzen; ///< folders between which lines that the catalogue does not know may move files
     std::shared_ptr<Datenbank> m_db;
     std::unique_ptr<Bewegungsgang> m_gang;
     Protokollbuch::Fortschritt m_fortschritt;

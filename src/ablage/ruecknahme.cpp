@@ -1,6 +1,7 @@
 #include "ruecknahme.h"
 
 #include "aufzeichnung.h"
+#include "bewegungspruefung.h"
 #include "insprache.h"
 #include "klaerung.h"
 #include "papierkorb.h"
@@ -8,18 +9,9 @@
 #include "sprache.h"
 #include "text.h"
 
-#include <QDir>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-bool istUnter(const QString &pfad, const QString &ordner)
-{
-    return !ordner.isEmpty() && pfad.startsWith(QDir::cleanPath(ordner) + u'/');
-}
-} // namespace
 
 Ruecknahme::Ruecknahme(Datenbank &db, Absichtsdatei &datei, const QList<Absicht> &absichten, QString herkunft)
     : m_db(db), m_datei(datei), m_herkunft(std::move(herkunft))
@@ -140,9 +132,9 @@ void Ruecknahme::umkehren(Posten &posten, const QString &fehler)
     const auto ankuendigung = nurZwischendatei(m_datei, posten.absicht);
     QSet<QByteArray> ungesichert; // its folders may be the ones that cannot be flushed
     try {
-        if (z.kopiert)
+        if (z.kopiert && !posten.imKorb.isEmpty())
             Papierkorb::zurueckholen(posten.imKorb, z.nach, ankuendigung);
-        else
+        else if (!Bewegungspruefung::istOhneWeg(z))
             Dateibewegung::ausfuehren({.von = z.von,
                                        .ordner = ordnerVon(z.nach),
                                        .name = nameVon(z.nach),
@@ -158,14 +150,15 @@ void Ruecknahme::umkehren(Posten &posten, const QString &fehler)
 QString zuruecklegen(const Protokollzeile &zeile, const QString &herkunft,
                      const Dateibewegung::Ankuendigung &ankuendigung, QSet<QByteArray> *spaeterSichern)
 {
+    // One entry at both ends is the only file that there is.
+    if (Bewegungspruefung::istOhneWeg(zeile))
+        return {};
     if (zeile.kopiert)
         return Papierkorb::hineinlegen(zeile.nach, ankuendigung);
-    if (zeile.von == zeile.nach)
-        return {};
     const QString ordner = ordnerVon(zeile.von);
     // A folder that this group has used already needs no second look.
     if (!spaeterSichern || !spaeterSichern->contains(plattenPfad(ordner) + '/')) {
-        if (istUnter(zeile.von, herkunft) && !istOrdner(herkunft))
+        if (liegtUnter(zeile.von, herkunft) && !istOrdner(herkunft))
             throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {herkunft}));
         Dateibewegung::ordnerAnlegen(ordner, u"/"_s);
     }
@@ -173,6 +166,7 @@ QString zuruecklegen(const Protokollzeile &zeile, const QString &herkunft,
                                .ordner = ordner,
                                .name = nameVon(zeile.von),
                                .nameArt = Dateibewegung::Name::Genau,
+                               .plattenname = zeile.vonName,
                                .spaeterSichern = spaeterSichern},
                               ankuendigung);
     return {};

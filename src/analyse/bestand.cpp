@@ -1,16 +1,23 @@
 #include "bestand.h"
 
+#include "abgleich.h"
 #include "ausnahmefilter.h"
 #include "datenbank.h"
 #include "dubletten.h"
+#include "herkunft.h"
 #include "lauf.h"
+#include "originale.h"
 #include "pfade.h"
+#include "platte.h"
 #include "pruefsummen.h"
 #include "sprache.h"
 #include "stapel.h"
 #include "text.h"
+#include "wiedererkennung.h"
+#include "zielwurzel.h"
 
 #include <QDir>
+#include <QHash>
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -21,11 +28,45 @@ namespace
 {
 bool istPdf(const QString &name) { return name.endsWith(".pdf"_L1, Qt::CaseInsensitive); }
 
-qint64 groesseVon(int ordner, const QByteArray &name)
+/** The folders in which something of the program's own lies, by what they are: a link or a bind mount may lead there.
+ */
+class Zweitwege
 {
-    struct stat s = {};
-    return ::fstatat(ordner, name.constData(), &s, AT_SYMLINK_NOFOLLOW) == 0 ? qint64(s.st_size) : 0;
-}
+public:
+    explicit Zweitwege(const Bestand::Eigenes &eigenes) : m_eigenes(eigenes)
+    {
+        QSet<QString> ordner;
+        for (const QSet<QString> *pfade : {&eigenes.kopien, &eigenes.abgelegt}) {
+            for (const QString &pfad : *pfade)
+                ordner.insert(ordnerVon(pfad));
+        }
+        for (const QString &einer : std::as_const(ordner)) {
+            if (const auto kennung = kennungVon(einer))
+                m_ordner.insert(*kennung, einer);
+        }
+    }
+
+    /** The name under which the catalogue knows the folder @p platte; empty if it knows nothing in it. */
+    [[nodiscard]] QString bekannterName(const QByteArray &platte) const
+    {
+        struct stat s = {};
+        if (m_ordner.isEmpty() || ::stat(platte.constData(), &s) != 0)
+            return {};
+        return m_ordner.value({.geraet = quint64(s.st_dev), .nummer = quint64(s.st_ino)});
+    }
+
+    /** The file @p name with @p angaben in the folder known as @p ordner is one of the program's own. */
+    [[nodiscard]] bool istEigenes(const QString &ordner, const QString &name, const struct stat &angaben) const
+    {
+        const QString pfad = ordner == u"/"_s ? ordner + name : ordner + u'/' + name;
+        return !ordner.isEmpty() && (m_eigenes.kopien.contains(pfad) || m_eigenes.abgelegt.contains(pfad)) &&
+               kennungVon(pfad) == Kennung{.geraet = quint64(angaben.st_dev), .nummer = quint64(angaben.st_ino)};
+    }
+
+private:
+    const Bestand::Eigenes &m_eigenes;
+    QHash<Kennung, QString> m_ordner;
+};
 
 QByteArray darin(const QByteArray &ordner, const QByteArray &name)
 {
@@ -36,12 +77,14 @@ QByteArray darin(const QByteArray &ordner, const QByteArray &name)
 class Sucher
 {
 public:
-    Sucher(const Profil &profil, const QSet<QString> &eigene, const std::function<bool()> &halt)
+    Sucher(const Profil &profil, const Bestand::Eigenes &eigenes, const std::function<bool()> &halt)
         : m_wurzel(QDir::cleanPath(nfc(profil.quelle))), m_mitUnterordnern(profil.mitUnterordnern),
-          m_ausnahmen(profil.ausnahmen), m_eigene(eigene), m_halt(halt)
+          m_ausnahmen(profil.ausnahmen), m_kopien(eigenes.kopien), m_zweitwege(eigenes), m_halt(halt)
     {
-        if (!profil.zielWurzel.isEmpty() && !profil.dublettenOrdner.isEmpty())
-            m_dubletten = QDir::cleanPath(nfc(profil.zielWurzel + u'/' + profil.dublettenOrdner)) + u'/';
+        if (profil.zielWurzel.isEmpty() || profil.dublettenOrdner.isEmpty())
+            return;
+        m_dubletten = QDir::cleanPath(nfc(profil.zielWurzel + u'/' + profil.dublettenOrdner)) + u'/';
+        m_dublettenkennung = kennungVon(m_dubletten.chopped(1));
     }
 
     [[nodiscard]] Bestand::Ergebnis suchen()
@@ -56,8 +99,9 @@ private:
     void ordner(const QByteArray &platte, const QString &relativ)
     {
         const QString voll = vollerPfad(relativ);
-        if (m_halt() || isDublettenordner(voll))
+        if (m_halt() || isDublettenordner(voll, platte))
             return;
+        m_bekanntAls = m_zweitwege.bekannterName(platte);
         QList<QByteArray> tiefer;
         const bool gelesen = ordnerLesen(platte, [&](int griff, const Ordnereintrag &e) {
             if (e.name.startsWith('.'))
@@ -96,15 +140,18 @@ private:
         }
         const QString voll = vollerPfad(relativ);
         const QString pfad = voll == u"/"_s ? voll + name : voll + u'/' + name;
+        struct stat s = {};
         if (!istErreichbar(pfad, darin(ordner, e.name)))
             ++m_ergebnis.doppelteNamen;
-        else if (!m_eigene.contains(pfad))
-            m_ergebnis.funde << Bestand::Fund{.pfad = pfad, .ordner = relativ, .groesse = groesseVon(griff, e.name)};
+        else if (!m_kopien.contains(pfad) && ::fstatat(griff, e.name.constData(), &s, AT_SYMLINK_NOFOLLOW) == 0 &&
+                 !m_zweitwege.istEigenes(m_bekanntAls, name, s))
+            m_ergebnis.funde << Bestand::Fund{
+                .pfad = pfad, .ordner = relativ, .groesse = qint64(s.st_size), .geaendert = Platte::zeitVon(s)};
     }
 
     [[nodiscard]] QString vollerPfad(const QString &relativ) const
     {
-        return relativ.isEmpty() ? m_wurzel : m_wurzel + u'/' + relativ;
+        return relativ.isEmpty() ? m_wurzel : (m_wurzel == u"/"_s ? QString() : m_wurzel) + u'/' + relativ;
     }
 
     /** Of two files or folders whose names have the same NFC form only one is what the path leads to later. */
@@ -113,51 +160,51 @@ private:
         return platte == pfad.toUtf8() || aufDerPlatte(pfad) == platte;
     }
 
-    [[nodiscard]] bool isDublettenordner(const QString &voll) const
+    [[nodiscard]] bool isDublettenordner(const QString &voll, const QByteArray &platte) const
     {
         const QString mitStrich = voll + u'/';
-        return mitStrich.contains("/_Dubletten/"_L1) || (!m_dubletten.isEmpty() && mitStrich.startsWith(m_dubletten));
+        if (mitStrich.contains("/_Dubletten/"_L1) || (!m_dubletten.isEmpty() && mitStrich.startsWith(m_dubletten)))
+            return true;
+        struct stat s = {};
+        return m_dublettenkennung && ::stat(platte.constData(), &s) == 0 &&
+               *m_dublettenkennung == Kennung{.geraet = quint64(s.st_dev), .nummer = quint64(s.st_ino)};
     }
 
     QString m_wurzel;
     bool m_mitUnterordnern;
     Ausnahmefilter m_ausnahmen;
-    const QSet<QString> &m_eigene;
+    const QSet<QString> &m_kopien;
+    Zweitwege m_zweitwege;
     const std::function<bool()> &m_halt;
     QString m_dubletten;
+    std::optional<Kennung> m_dublettenkennung;
+    QString m_bekanntAls; ///< the folder that is being read, as the catalogue knows it; empty if it does not
     Bestand::Ergebnis m_ergebnis;
 };
 
-/** Copies that the program has made and not taken back: they may lie in the source folder if the target does. */
-QSet<QString> eigeneKopien(Datenbank &db)
+/**
+ * Marked duplicates whose file is there while their original is not any more: documents of their own again. While the
+ * target folder cannot be reached, the originals in it are taken to be there.
+ */
+void verwaisteDublettenFreigeben(Lauf &lauf)
 {
-    QSet<QString> pfade;
-    db.durchlaufen(u"SELECT nach_pfad FROM protokoll WHERE kopiert=1 AND rueckgaengig=0"_s, {},
-                   [&](const Zeile &zeile) { pfade.insert(zeile.text(u"nach_pfad")); });
-    return pfade;
-}
-
-/** Documents that had vanished and are back go on where they were. */
-void zurueckholen(Datenbank &db)
-{
-    Stapel stapel(db);
-    for (const Zeile &zeile : db.abfragen(u"SELECT id, pfad FROM dokumente WHERE status='fehlt' AND ausgenommen=0"_s)) {
-        if (istVorhanden(zeile.text(u"pfad")))
-            stapel.schreiben(u"UPDATE dokumente SET status=CASE WHEN vorschlag IS NULL THEN 'neu' ELSE 'bereit' END\n"
-                             "WHERE id=? AND status='fehlt'"_s,
-                             {zeile.ganz(u"id")});
+    const Profil &profil = lauf.profil();
+    const bool zielDa = istOrdner(QDir::cleanPath(profil.zielWurzel)) && !Zielwurzel::istAndere(lauf.db(), profil);
+    const QList<Zeile> dubletten = lauf.db().abfragen(u"SELECT d.id, d.pfad, d.dublette_von, o.pfad AS original,\n"
+                                                      "o.id IS NOT NULL AND o.ausgenommen=0 AS bekannt,\n"
+                                                      "CASE WHEN d.aehnlichkeit>=1 THEN d.sha256 IS NOT o.sha256\n"
+                                                      "ELSE d.text_hash IS NOT o.text_hash END AS anders\n"
+                                                      "FROM dokumente d LEFT JOIN dokumente o ON o.id=d.dublette_von\n"
+                                                      "WHERE d.status='dublette' AND d.ausgenommen=0"_s);
+    for (const Zeile &z : dubletten) {
+        if (lauf.sollHalten())
+            return;
+        const bool ungewiss = !zielDa && !liegtUnter(z.text(u"original"), profil.quelle);
+        const bool hatOriginal = z.ganz(u"bekannt") == 1 && z.ganz(u"anders") == 0 &&
+                                 (ungewiss || !Originale::orte(lauf.db(), z.ganz(u"dublette_von")).isEmpty());
+        if (!hatOriginal && istVorhanden(z.text(u"pfad")))
+            Originale::freigeben(lauf.db(), z.ganz(u"id"));
     }
-    stapel.abschliessen();
-}
-
-void eintragen(Lauf &lauf, const QList<Bestand::Fund> &funde)
-{
-    Stapel stapel(lauf.db());
-    for (const Bestand::Fund &fund : funde) {
-        stapel.schreiben(u"INSERT OR IGNORE INTO dokumente (pfad, dateiname, alt_ordner, groesse)\nVALUES (?,?,?,?)"_s,
-                         {fund.pfad, nameVon(fund.pfad), fund.ordner, fund.groesse});
-    }
-    stapel.abschliessen();
 }
 
 void ausgelassenesMelden(Lauf &lauf, const Bestand::Ergebnis &e)
@@ -177,7 +224,7 @@ void pruefsummenBilden(Lauf &lauf)
 {
     QList<Pruefsummen::Datei> dateien;
     lauf.db().durchlaufen(
-        u"SELECT id, pfad, groesse FROM dokumente WHERE sha256 IS NULL AND ausgenommen=0"_s, {},
+        u"SELECT id, pfad, groesse FROM dokumente WHERE sha256 IS NULL AND pfad IS NOT NULL AND ausgenommen=0"_s, {},
         [&](const Zeile &z) { dateien << Pruefsummen::Datei{.id = z.ganz(u"id"), .pfad = z.text(u"pfad")}; });
     qsizetype fertig = 0;
     Pruefsummen::berechnen(
@@ -186,8 +233,10 @@ void pruefsummenBilden(Lauf &lauf)
             Stapel stapel(lauf.db());
             for (const Pruefsummen::Ergebnis &e : neue) {
                 // Without a digest the next run tries again.
-                if (!e.sha256.isNull())
-                    stapel.schreiben(u"UPDATE dokumente SET sha256=? WHERE id=?"_s, {e.sha256, e.id});
+                if (e.sha256.isNull())
+                    continue;
+                stapel.schreiben(u"UPDATE dokumente SET sha256=? WHERE id=?"_s, {e.sha256, e.id});
+                Wiedererkennung::notieren(stapel, e.id, e.groesse, e.geaendert, true);
             }
             stapel.abschliessen();
             fertig += neue.size();
@@ -197,38 +246,48 @@ void pruefsummenBilden(Lauf &lauf)
         });
 }
 
-qsizetype gleicheMarkieren(Datenbank &db)
+/** The source folder is not there, or only the empty one that its drive is mounted on. */
+[[noreturn]] void nichtErreichbar(const Lauf &lauf)
 {
-    Dubletten::Gruppen gruppen;
-    db.durchlaufen(
-        u"SELECT id, pfad, sha256 FROM dokumente WHERE sha256 IS NOT NULL AND status='neu' AND ausgenommen=0\n"
-        "ORDER BY id"_s,
-        {}, [&](const Zeile &z) {
-            gruppen[z.text(u"sha256")] << Dubletten::Mitglied{.id = z.ganz(u"id"), .pfad = z.text(u"pfad")};
-        });
-    return Dubletten::dublettenMarkieren(db, gruppen, 1.0);
+    throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {lauf.profil().quelle}));
 }
 } // namespace
 
-Bestand::Ergebnis Bestand::suchen(const Profil &profil, const QSet<QString> &eigene, const std::function<bool()> &halt)
+Bestand::Ergebnis Bestand::suchen(const Profil &profil, const Eigenes &eigenes, const std::function<bool()> &halt)
 {
-    return Sucher(profil, eigene, halt).suchen();
+    return Sucher(profil, eigenes, halt).suchen();
+}
+
+Bestand::Eigenes Bestand::eigenesVon(Datenbank &db, const QString &quelle)
+{
+    Eigenes eigenes;
+    db.durchlaufen(u"SELECT nach_pfad FROM protokoll WHERE kopiert=1 AND rueckgaengig=0"_s, {},
+                   [&](const Zeile &zeile) { eigenes.kopien.insert(zeile.text(u"nach_pfad")); });
+    db.durchlaufen(u"SELECT pfad FROM dokumente WHERE pfad IS NOT NULL"_s, {}, [&](const Zeile &zeile) {
+        if (const QString pfad = zeile.text(u"pfad"); !liegtUnter(pfad, quelle))
+            eigenes.abgelegt.insert(pfad);
+    });
+    return eigenes;
 }
 
 void Bestand::verzeichnen(Lauf &lauf)
 {
     lauf.stufe(QUILLMAR_TEXT(u"Bestand aufnehmen"_s));
-    if (lauf.profil().quelle.isEmpty() || !istOrdner(QDir::cleanPath(lauf.profil().quelle)))
-        throw Fehler(
-            gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {lauf.profil().quelle}));
+    if (lauf.profil().quelle.isEmpty())
+        throw Fehler(Sprache::text(u"Es ist noch kein Herkunftsordner gewählt"_s));
+    if (!istOrdner(QDir::cleanPath(lauf.profil().quelle)))
+        nichtErreichbar(lauf);
     const auto halt = [&lauf] { return lauf.sollHalten(); };
-    const Ergebnis ergebnis = suchen(lauf.profil(), eigeneKopien(lauf.db()), halt);
+    const Eigenes eigenes = eigenesVon(lauf.db(), lauf.profil().quelle);
+    const Ergebnis ergebnis = suchen(lauf.profil(), eigenes, halt);
     if (lauf.sollHalten())
         return;
+    if (ergebnis.funde.isEmpty() && Herkunft::istLeererEinhaengepunkt(lauf.db(), lauf.profil()))
+        nichtErreichbar(lauf);
     lauf.fortschritt(gefuellt(Sprache::text(u"%@ PDF-Dateien gefunden"_s), {QString::number(ergebnis.funde.size())}), 0,
                      1);
-    eintragen(lauf, ergebnis.funde);
-    zurueckholen(lauf.db());
+    Abgleich::eintragen(lauf, ergebnis.funde);
+    verwaisteDublettenFreigeben(lauf);
     ausgelassenesMelden(lauf, ergebnis);
 }
 
@@ -241,7 +300,7 @@ void Bestand::aufnehmen(Lauf &lauf)
     pruefsummenBilden(lauf);
     if (lauf.sollHalten())
         return;
-    lauf.fortschritt(gefuellt(Sprache::text(u"%@ byte-identische Dubletten gefunden"_s),
-                              {QString::number(gleicheMarkieren(lauf.db()))}),
-                     1, 1);
+    const qsizetype gleiche = Dubletten::dublettenMarkieren(lauf.db(), Dubletten::gruppen(lauf.db(), u"sha256"_s), 1.0);
+    lauf.fortschritt(gefuellt(Sprache::text(u"%@ byte-identische Dubletten gefunden"_s), {QString::number(gleiche)}), 1,
+                     1);
 }

@@ -5,6 +5,7 @@
 #include <QSet>
 #include <functional>
 
+class Datenbank;
 class Lauf;
 
 /** The first stage: which PDF files there are, and which of them are the same to the byte. */
@@ -14,6 +15,13 @@ struct Fund {
     QString pfad;   ///< full path, NFC
     QString ordner; ///< relative to the source folder, NFC
     qint64 groesse = 0;
+    qint64 geaendert = 0; ///< modification time, nanoseconds since 1970
+};
+
+/** What the program itself has put somewhere: a walk that comes there, on whatever way, leaves it out. */
+struct Eigenes {
+    QSet<QString> kopien;   ///< paths of copies that were made and not taken back
+    QSet<QString> abgelegt; ///< paths of documents that lie outside the source folder
 };
 
 /** What a walk through the source folder found, and what it had to leave out. */
@@ -27,10 +35,12 @@ struct Ergebnis {
 
 /**
  * The PDF files of the profile's source folder, without hidden entries, links, what an exclusion covers, the
- * duplicates folders, and the copies in @p eigene that the program has made itself. Stops early when @p halt turns
- * true.
+ * duplicates folders, and what the program has put there itself. Stops early when @p halt turns true.
  */
-[[nodiscard]] Ergebnis suchen(const Profil &profil, const QSet<QString> &eigene, const std::function<bool()> &halt);
+[[nodiscard]] Ergebnis suchen(const Profil &profil, const Eigenes &eigenes, const std::function<bool()> &halt);
+
+/** Copies that were made and not taken back, and documents that lie outside the folder @p quelle. */
+[[nodiscard]] Eigenes eigenesVon(Datenbank &db, const QString &quelle);
 
 /** First half of the stage: brings the catalogue up to what lies in the source folder. Throws as the stage does. */
 void verzeichnen(Lauf &lauf);

@@ -12,6 +12,8 @@ namespace Dubletten
 struct Mitglied {
     qint64 id = 0;
     QString pfad;
+    bool neu = true; ///< may be marked; else the catalogue knew it before
+    bool da = true;  ///< its file is there
 };
 using Gruppen = QMap<QString, QList<Mitglied>>; ///< by the hash that the members share
 
@@ -22,8 +24,15 @@ using Gruppen = QMap<QString, QList<Mitglied>>; ///< by the hash that the member
 [[nodiscard]] bool istBesser(const Mitglied &a, const Mitglied &b);
 
 /**
- * Marks all but the best member of each group as duplicates of the best one, with the similarity @p guete (0 to 1).
- * Returns how many members that were. Throws Fehler when the catalogue cannot be written.
+ * Marks all new members but the best member of each group as duplicates of that one, with the similarity @p guete (0 to
+ * 1). One whose file is there goes before one whose file is not, and one that the catalogue knew before new ones.
+ * Returns how many members were marked. Throws Fehler when the catalogue cannot be written.
  */
 qsizetype dublettenMarkieren(Datenbank &db, const Gruppen &gruppen, double guete);
+
+/**
+ * New documents with those that share their hash and whose file is there, whatever has become of these: groups of at
+ * least two with one new member at least. @p spalte is "sha256" or "text_hash". Looks at the disk.
+ */
+[[nodiscard]] Gruppen gruppen(Datenbank &db, const QString &spalte);
 } // namespace Dubletten

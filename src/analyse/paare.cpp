@@ -117,10 +117,13 @@ private:
 };
 } // namespace
 
-QList<Paare::Paar> Paare::finden(QList<Abdruck> abdruecke)
+QList<Paare::Paar> Paare::finden(QList<Abdruck> abdruecke, const Eignung &taugt)
 {
     abdruecke.removeIf([](const Abdruck &a) { return a.werte.size() < mindestWerte; });
-    std::sort(abdruecke.begin(), abdruecke.end(), [](const Abdruck &a, const Abdruck &b) { return a.id < b.id; });
+    std::sort(abdruecke.begin(), abdruecke.end(),
+              [](const Abdruck &a, const Abdruck &b) { return a.neu != b.neu ? b.neu : a.id < b.id; });
+    const auto bekannte =
+        quint32(std::count_if(abdruecke.begin(), abdruecke.end(), [](const Abdruck &a) { return !a.neu; }));
     std::vector<Werte> mengen;
     std::vector<qint64> ids;
     {
@@ -133,11 +136,14 @@ QList<Paare::Paar> Paare::finden(QList<Abdruck> abdruecke)
     }
     Verzeichnis verzeichnis(mengen);
     QList<Paar> paare;
-    for (quint32 i = 0; i < mengen.size(); ++i) {
+    for (quint32 i = 0; i < bekannte; ++i)
+        verzeichnis.aufnehmen(i);
+    for (quint32 i = bekannte; i < mengen.size(); ++i) {
         for (const quint32 j : verzeichnis.kandidaten(mengen[i])) {
             if (!groessePasst(mengen[i].size(), mengen[j].size()))
                 continue;
-            if (const double wert = jaccard(mengen[i], mengen[j]); wert >= schwelle) {
+            const double wert = jaccard(mengen[i], mengen[j]);
+            if (wert >= schwelle && (j >= bekannte || !taugt || taugt(ids[i], ids[j]))) {
                 paare << Paar{.id = ids[i], .partner = ids[j], .aehnlichkeit = wert};
                 break;
             }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <functional>
 
 /** Finding of similar documents by their sketches. */
 namespace Paare
@@ -11,18 +12,21 @@ constexpr qsizetype mindestWerte = 16; ///< a smaller sketch takes no part
 struct Abdruck {
     qint64 id = 0;
     QList<quint64> werte; ///< distinct, in any order
+    bool neu = true;      ///< a partner is looked for; else it only serves as one
 };
 
 struct Paar {
     qint64 id = 0;      ///< the later document
-    qint64 partner = 0; ///< the earlier document, the one with the smallest id that is similar
+    qint64 partner = 0; ///< the one with the smallest id that is similar, known ones first
     double aehnlichkeit = 0;
     bool operator==(const Paar &) const = default;
 };
 
 /**
- * For every document the first earlier one that is similar, ascending by id. Exact: a set-similarity join whose index
+ * For every new document the first similar one among the known ones and the new ones before it, by id. @p taugt (may be
+ * empty) tells whether a known document may be the partner of another one. Exact: a set-similarity join whose index
  * holds of each sketch only the rarest values, just as many as two similar sketches must share at least one of.
  */
-[[nodiscard]] QList<Paar> finden(QList<Abdruck> abdruecke);
+using Eignung = std::function<bool(qint64 id, qint64 partner)>;
+[[nodiscard]] QList<Paar> finden(QList<Abdruck> abdruecke, const Eignung &taugt = {});
 } // namespace Paare

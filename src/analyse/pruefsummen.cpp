@@ -1,5 +1,6 @@
 #include "pruefsummen.h"
 
+#include "dateibewegung.h"
 #include "pfade.h"
 #include "sha256.h"
 
@@ -61,9 +62,12 @@ void Pruefsummen::berechnen(const QList<Datei> &dateien, const std::function<boo
     const auto sollHalten = [&] { return aus.load(std::memory_order_relaxed) || halt(); };
     const auto arbeiten = [&] {
         for (qsizetype i = naechste++; i < dateien.size() && !sollHalten(); i = naechste++) {
+            // What changes while it is read has another state afterwards, and is read again next time.
+            const auto stand = Dateibewegung::angabenVon(dateien.at(i).pfad).value_or(Dateibewegung::Schritt());
             const QString summe = sha256Datei(aufDerPlatte(dateien.at(i).pfad), sollHalten);
             if (!sollHalten())
-                stelle.abgeben({.id = dateien.at(i).id, .sha256 = summe});
+                stelle.abgeben(
+                    {.id = dateien.at(i).id, .sha256 = summe, .groesse = stand.groesse, .geaendert = stand.zeit});
         }
         stelle.abmelden();
     };

@@ -13,7 +13,9 @@ struct Datei {
 };
 struct Ergebnis {
     qint64 id = 0;
-    QString sha256; ///< 64 hexadecimal characters; null when the file could not be read
+    QString sha256;       ///< 64 hexadecimal characters; null when the file could not be read
+    qint64 groesse = 0;   ///< bytes, when its reading began
+    qint64 geaendert = 0; ///< nanoseconds since 1970, when its reading began
 };
 
 /**

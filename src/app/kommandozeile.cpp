@@ -30,7 +30,9 @@ std::optional<Profil> profilWaehlen(const QList<Profil> &profile, const QStringL
 void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 {
     try {
-        Bewegungsgang::klaeren(db);
+        for (const QString &name : Bewegungsgang::klaeren(db))
+            Ausgabe::melden(
+                gefuellt(Sprache::text(u"Nach einem Absturz noch ungeklärt, wo diese Datei liegt: %@"_s), {name}));
     } catch (const Fehler &f) {
         Ausgabe::melden(inSprache(f));
     }

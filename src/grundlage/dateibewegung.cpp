@@ -40,7 +40,7 @@ public:
     {
         if (m_quelle.isEmpty())
             throw Plattenfehler(QUILLMAR_TEXT(u"Die Datei liegt nicht mehr am erwarteten Ort"_s));
-        if (!S_ISREG(m_vorher.st_mode))
+        if (!S_ISREG(m_vorher.st_mode) || (auftrag.erwartet && !istErwartete(*auftrag.erwartet)))
             throw Plattenfehler(QUILLMAR_TEXT(u"An der Stelle der Datei liegt jetzt etwas anderes"_s));
     }
 
@@ -62,6 +62,17 @@ public:
     }
 
 private:
+    [[nodiscard]] bool istErwartete(const Dateibewegung::Schritt &angaben) const
+    {
+        return angaben.groesse == qint64(m_vorher.st_size) && angaben.zeit == Platte::zeitVon(m_vorher);
+    }
+
+    /** The bytes that the name gets on disk. */
+    [[nodiscard]] QByteArray plattenname(const QString &nach) const
+    {
+        return m_auftrag.plattenname.isEmpty() ? nameVon(nach).toUtf8() : m_auftrag.plattenname;
+    }
+
     /** Gives @p von the wanted name or the next free one; null when that is on another file system. */
     QString umbenennen(const QByteArray &von, const QString &temporaer)
     {
@@ -75,7 +86,7 @@ private:
                 return bleiben();
             if (belegt.isEmpty()) {
                 ankuendigen(nach, temporaer);
-                const int fehler = versuchen(von, m_ordner + nameVon(nach).toUtf8());
+                const int fehler = versuchen(von, m_ordner + plattenname(nach));
                 if (fehler == 0)
                     return nach;
                 if (fehler == EXDEV)
@@ -279,6 +290,26 @@ bool Dateibewegung::istGleich(const QString &a, const QString &b)
         return false;
     const QString summe = sha256Datei(platteA);
     return !summe.isNull() && summe == sha256Datei(platteB);
+}
+
+bool Dateibewegung::istDerselbeEintrag(const QString &a, const QString &b)
+{
+    struct stat sa = {};
+    struct stat sb = {};
+    const QByteArray platteA = aufDerPlatte(a, sa);
+    const QByteArray platteB = aufDerPlatte(b, sb);
+    if (platteA.isEmpty() || platteB.isEmpty() || sa.st_dev != sb.st_dev || sa.st_ino != sb.st_ino)
+        return platteA.isEmpty() && nfc(a) == nfc(b);
+    // Two hard links may share a folder, but not a name in it.
+    const auto name = [](const QByteArray &platte) { return platte.mid(platte.lastIndexOf('/') + 1); };
+    return sa.st_nlink == 1 || (name(platteA) == name(platteB) && kennungVon(ordnerVon(a)) == kennungVon(ordnerVon(b)));
+}
+
+QByteArray Dateibewegung::andererPlattenname(const QString &pfad)
+{
+    const QByteArray platte = aufDerPlatte(pfad);
+    const QByteArray name = platte.mid(platte.lastIndexOf('/') + 1);
+    return name == nameVon(pfad).toUtf8() ? QByteArray() : name;
 }
 
 bool Dateibewegung::sindZweiNamen(const QString &a, const QString &b)

@@ -35,6 +35,8 @@ struct Auftrag {
     QString name;   ///< wanted file name, NFC
     Art art = Art::Verschieben;
     Name nameArt = Name::Eindeutig;
+    QByteArray plattenname = {};                ///< for Name::Genau: the bytes on disk where they are not the name's
+    std::optional<Schritt> erwartet = {};       ///< what was looked at; another file in its place is not moved
     QSet<QByteArray> *spaeterSichern = nullptr; ///< collects the folders that the caller flushes himself, many at once
 };
 
@@ -71,6 +73,10 @@ void ordnerSichern(const QSet<QByteArray> &ordner);
 [[nodiscard]] std::optional<Schritt> angabenVon(const QString &pfad);
 /** Two regular files of the same size and content. */
 [[nodiscard]] bool istGleich(const QString &a, const QString &b);
+/** One entry of one folder, on one way or on two: what is done to the one is done to the other. */
+[[nodiscard]] bool istDerselbeEintrag(const QString &a, const QString &b);
+/** The name of the entry at @p pfad as it lies on disk, if it is not that of @p pfad; else empty. */
+[[nodiscard]] QByteArray andererPlattenname(const QString &pfad);
 /** Two names (hard links) of one file; not one name on two ways. */
 [[nodiscard]] bool sindZweiNamen(const QString &a, const QString &b);
 /** Removes the file at @p pfad if its name is one of a temporary file of this program. */

@@ -2,6 +2,7 @@
 
 #include "text.h"
 
+#include <QDir>
 #include <QFile>
 #include <QStringDecoder>
 #include <algorithm>
@@ -168,6 +169,23 @@ bool istOrdner(const QString &pfad)
     if (bytes.isEmpty())
         return false;
     return S_ISDIR(s.st_mode) || (S_ISLNK(s.st_mode) && ::stat(bytes.constData(), &s) == 0 && S_ISDIR(s.st_mode));
+}
+
+bool liegtUnter(const QString &pfad, const QString &ordner)
+{
+    if (ordner.isEmpty())
+        return false;
+    const QString oben = QDir::cleanPath(nfc(ordner));
+    return nfc(pfad).startsWith(oben == u"/"_s ? oben : oben + u'/');
+}
+
+std::optional<Kennung> kennungVon(const QString &pfad)
+{
+    struct stat s = {};
+    const QByteArray bytes = aufDerPlatte(pfad);
+    if (bytes.isEmpty() || ::stat(bytes.constData(), &s) != 0)
+        return std::nullopt;
+    return Kennung{.geraet = quint64(s.st_dev), .nummer = quint64(s.st_ino)};
 }
 
 bool ordnerLesen(const QByteArray &ordner, const std::function<void(int, const Ordnereintrag &)> &besuch)

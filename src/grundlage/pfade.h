@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHashFunctions>
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 struct stat;
 
@@ -22,6 +24,19 @@ struct stat;
 
 /** A folder (or a link to one) that can be entered exists at @p pfad. */
 [[nodiscard]] bool istOrdner(const QString &pfad);
+
+/** @p pfad lies somewhere below the folder @p ordner, by their texts in form C. False for an empty @p ordner. */
+[[nodiscard]] bool liegtUnter(const QString &pfad, const QString &ordner);
+
+/** What a folder or file is, whatever way leads there: device and inode. */
+struct Kennung {
+    quint64 geraet = 0;
+    quint64 nummer = 0;
+    bool operator==(const Kennung &) const = default;
+    friend size_t qHash(const Kennung &k, size_t seed = 0) noexcept { return qHashMulti(seed, k.geraet, k.nummer); }
+};
+/** Of the existing entry at @p pfad, links followed; none if there is nothing. */
+[[nodiscard]] std::optional<Kennung> kennungVon(const QString &pfad);
 
 /** The wanted @p pfad as bytes, each existing leading component in the spelling that it has on disk. */
 [[nodiscard]] QByteArray plattenPfad(const QString &pfad);

@@ -2,6 +2,7 @@
 
 #include "ablagewerk.h"
 #include "datenbank.h"
+#include "taten.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,8 +30,9 @@ std::optional<Dokument> gewaehltes(Datenbank &db, const Ablagewerk &werk, const 
 
 Pruefstueck vollstaendig(Datenbank &db, const Ablagewerk &werk, const Dokument &dokument)
 {
-    Pruefstueck stueck{.dokument = dokument, .hatText = false, .aehnlich = std::nullopt};
+    Pruefstueck stueck{.dokument = dokument, .aehnlich = std::nullopt};
     stueck.hatText = !db.abfragen(u"SELECT 1 FROM texte WHERE dokument_id=? AND text<>''"_s, {dokument.id}).isEmpty();
+    stueck.nachgeprueft = !db.abfragen(u"SELECT 1 FROM nachgeprueft WHERE dokument_id=?"_s, {dokument.id}).isEmpty();
     if (dokument.aehnlichZu)
         stueck.aehnlich = werk.dokument(*dokument.aehnlichZu);
     return stueck;
@@ -65,7 +67,7 @@ Blick Blick::auf(const std::shared_ptr<Datenbank> &db, const Profil &profil, con
     blick.zaehlwerk = werk.zaehlen();
     const QList<Zeile> ruhende = db->abfragen(u"SELECT COUNT(*) n FROM dokumente WHERE ausgenommen=1"_s);
     blick.ausgenommen = ruhende.isEmpty() ? 0 : ruhende.first().ganz(u"n");
-    blick.umkehrbar =
-        !db->abfragen(u"SELECT 1 FROM protokoll WHERE rueckgaengig=0 ORDER BY id DESC LIMIT 1"_s).isEmpty();
+    blick.umkehrbar = Taten::gibtEs(*db);
+    blick.bewegt = Taten::letzteBewegung(*db).has_value();
     return blick;
 }

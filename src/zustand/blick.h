@@ -13,6 +13,7 @@ class Datenbank;
 struct Pruefstueck {
     Dokument dokument;
     bool hatText = false;             ///< some text was read
+    bool nachgeprueft = false;        ///< the larger model was asked and has answered
     std::optional<Dokument> aehnlich; ///< the similar document; none if there is none or it is unknown
     bool operator==(const Pruefstueck &) const = default;
 };
@@ -43,7 +44,8 @@ struct Blick {
     std::optional<Pruefstueck> aktuelles;
     QStringList voraus;     ///< paths of the documents that are likely to come next
     qint64 ausgenommen = 0; ///< documents that the exclusion rules cover
-    bool umkehrbar = false; ///< some movement can be taken back
+    bool umkehrbar = false; ///< some deed of the review can be taken back
+    bool bewegt = false;    ///< some movement can be taken back
     bool operator==(const Blick &) const = default;
 
     [[nodiscard]] std::optional<qint64> id() const

@@ -4,10 +4,12 @@
 #include "datenbank.h"
 #include "einordnung.h"
 #include "hintergrund.h"
+#include "originale.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "sprache.h"
 #include "text.h"
+#include "zielwurzel.h"
 
 #include <QDir>
 
@@ -15,26 +17,11 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/** Folders are made below the target root, the root itself never; asked before a log folder is made in it. */
-void zielPruefen(const Profil &profil)
-{
-    if (profil.zielWurzel.isEmpty())
-        throw Fehler(Sprache::text(u"Es ist noch kein Zielordner gewählt"_s));
-    if (!istOrdner(QDir::cleanPath(profil.zielWurzel)))
-        throw Fehler(gefuellt(Sprache::text(u"Der Zielordner ist nicht erreichbar: %@"_s), {profil.zielWurzel}));
-}
-
-void schreiben(Datenbank &db, const QString &sql, const QVariantList &parameter)
-{
-    if (db.ausfuehren(sql, parameter) != 0)
-        throw Fehler(
-            Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
-}
-
 /** The engine with the session's log; a log that cannot be made is told and hinders nothing. */
 Ablagewerk werkMitBuch(const Arbeitsplatz &platz, Geschehen &g)
 {
-    zielPruefen(platz.profil);
+    // Before a log folder is made in it.
+    Zielwurzel::pruefen(*platz.db, platz.profil);
     g.buch = Handlung::buchBereitstellen(platz);
     if (!g.buch)
         g.hinweise << Sprache::text(
@@ -58,6 +45,9 @@ Geschehen gefasst(const Arbeitsplatz &platz, const std::function<void(Geschehen 
     try {
         tat(g);
         g.gelungen = true;
+    } catch (const AndererZielordner &f) {
+        g = nichts(g.buch, f.text());
+        g.zielFraglich = true;
     } catch (...) {
         g = nichts(g.buch, Hintergrund::fehlersatz());
     }
@@ -79,28 +69,68 @@ QString aktuellerName(const Ablagewerk &werk, qint64 id)
     return dokument ? nameVon(dokument->pfad) : QString();
 }
 
-/** Another program may have handled the document since it was shown. */
-void wartetNoch(const Arbeitsplatz &platz, qint64 id)
+/** Tells what was taken back; the name where it is one document. */
+void ruecknahmeMelden(const Arbeitsplatz &platz, const Zurueckgenommen &z, Geschehen &g)
 {
-    const auto dokument = Ablagewerk(platz.db, platz.profil).dokument(id);
-    if (dokument && dokument->status != u"bereit"_s)
-        throw Fehler(Sprache::text(u"Dieses Dokument wurde inzwischen schon bearbeitet"_s));
+    g.wieder = z.dokumente.first();
+    const qsizetype anzahl = z.dokumente.size();
+    const QString was = anzahl == 1 ? aktuellerName(Ablagewerk(platz.db, platz.profil), *g.wieder)
+                                    : gefuellt(Sprache::text(u"%@ Dokumente"_s), {QString::number(anzahl)});
+    const auto erstes = Ablagewerk(platz.db, platz.profil).dokument(*g.wieder);
+    const bool wartet = erstes && erstes->status == u"bereit"_s;
+    g.text = gefuellt(z.bewegt ? Sprache::text(u"Zurückgeholt: %@"_s)
+                      : wartet ? Sprache::text(u"Wieder zur Prüfung: %@"_s)
+                               : Sprache::text(u"Zurückgenommen: %@"_s),
+                      {was});
+    if (!z.fehler.isEmpty())
+        g.hinweise << gefuellt(Sprache::text(u"%@ nicht: %@"_s),
+                               {QString::number(z.fehler.size()), z.fehler.constFirst()});
 }
 
-void statusZurueck(const Arbeitsplatz &platz, const Rueckweg &weg, Geschehen &g)
+Geschehen tatZurueck(const Arbeitsplatz &platz, const std::optional<Taten::Tat> &diese,
+                     const Handlungsfortschritt &fortschritt)
 {
-    schreiben(*platz.db, u"UPDATE dokumente SET status='bereit' WHERE id=? AND status=?"_s, {weg.dokument, weg.status});
-    g.wieder = weg.dokument;
-    g.text = gefuellt(Sprache::text(u"Wieder zur Prüfung: %@"_s),
-                      {aktuellerName(Ablagewerk(platz.db, platz.profil), weg.dokument)});
+    return gefasst(platz, [&](Geschehen &g) {
+        ruecknahmeMelden(platz, Ablagewerk(platz.db, platz.profil).tatZurueck(diese, fortschritt), g);
+    });
 }
 
-bool istNeueste(Datenbank &db, qint64 dokument)
-{
-    const QList<Zeile> zeilen =
-        db.abfragen(u"SELECT dokument_id FROM protokoll WHERE rueckgaengig=0 ORDER BY id DESC LIMIT 1"_s);
-    return !zeilen.isEmpty() && zeilen.first().ganz(u"dokument_id") == dokument;
-}
+/** Setting all duplicates aside, as far as it has come. */
+struct Ausraeumung {
+    qint64 anzahl = 0;
+    qint64 wiederNeu = 0; ///< whose original is not what it was any more
+    QStringList fehler;
+
+    void eines(Ablagewerk &werk, Datenbank &db, qint64 id, const Taten::Tat &tat)
+    {
+        try {
+            if (!Originale::istNochDublette(db, id)) {
+                Originale::freigeben(db, id);
+                ++wiederNeu;
+                return;
+            }
+            werk.aussortieren(id, u"dublette"_s, tat);
+            ++anzahl;
+        } catch (const Fehler &f) {
+            fehler << f.text(); // one that cannot be moved does not keep the others from it
+        }
+    }
+
+    void melden(const Profil &profil, Geschehen &g) const
+    {
+        const QString zahl = QString::number(anzahl);
+        g.hinweise.prepend(profil.kopieren ? gefuellt(Sprache::text(u"%@ Dubletten werden nicht mitkopiert"_s), {zahl})
+                                           : gefuellt(Sprache::text(u"%@ Dubletten nach %@ verschoben"_s),
+                                                      {zahl, profil.dublettenOrdner}));
+        if (wiederNeu > 0)
+            g.hinweise << gefuellt(Sprache::text(u"%@ sind keine Dubletten mehr: Das Original fehlt oder hat sich "
+                                                 "geändert. Der nächste Durchgang liest sie neu"_s),
+                                   {QString::number(wiederNeu)});
+        if (!fehler.isEmpty())
+            g.hinweise << gefuellt(Sprache::text(u"%@ nicht: %@"_s),
+                                   {QString::number(fehler.size()), fehler.constFirst()});
+    }
+};
 } // namespace
 
 QString Geschehen::allesGesagte() const
@@ -129,57 +159,58 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
             *feld = nfc(feld->trimmed());
         if (!dokument.datum.isEmpty() && !Einordnung::istDatum(dokument.datum))
             throw Fehler(Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s));
-        wartetNoch(platz, dokument.id);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.uebernehmen(dokument);
         zaehlerMelden(*werk.mitgezogen, dokument.gegenueber, g);
         const QString name = nameVon(werk.mitgezogen->nach);
         g.text = platz.profil.kopieren ? gefuellt(Sprache::text(u"Kopiert: %@"_s), {name})
                                        : gefuellt(Sprache::text(u"Einsortiert: %@"_s), {name});
-        g.rueckweg = Rueckweg{.dokument = dokument.id, .status = {}};
+        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat, .eingeordnet = dokument.id};
     });
 }
 
 Geschehen Handlung::zuruecklegen(const Arbeitsplatz &platz, const Dokument &dokument)
 {
     return gefasst(platz, [&](Geschehen &g) {
-        wartetNoch(platz, dokument.id);
-        schreiben(*platz.db, u"UPDATE dokumente SET status='zurueckgestellt' WHERE id=?"_s, {dokument.id});
+        const QString neu = u"zurueckgestellt"_s;
+        const auto tat = Taten::statusWechseln(*platz.db, neu, dokument.id, u"bereit"_s, neu);
+        if (!tat)
+            throw Fehler(Sprache::text(u"Dieses Dokument wurde inzwischen schon bearbeitet"_s));
         g.text = gefuellt(Sprache::text(u"Zurückgestellt: %@"_s), {nameVon(dokument.pfad)});
-        g.rueckweg = Rueckweg{.dokument = dokument.id, .status = u"zurueckgestellt"_s};
+        g.rueckweg = Rueckweg{.tat = *tat, .eingeordnet = {}};
     });
 }
 
 Geschehen Handlung::aussortieren(const Arbeitsplatz &platz, const Dokument &dokument)
 {
     return gefasst(platz, [&](Geschehen &g) {
-        wartetNoch(platz, dokument.id);
         Ablagewerk werk = werkMitBuch(platz, g);
-        werk.aussortieren(dokument.id);
+        werk.aussortieren(dokument.id, u"bereit"_s);
         zaehlerMelden(*werk.mitgezogen, {}, g);
         const bool nurStatus = platz.profil.kopieren;
         g.text = nurStatus ? gefuellt(Sprache::text(u"Als Dublette vermerkt: %@"_s), {nameVon(dokument.pfad)})
                            : gefuellt(Sprache::text(u"Als Dublette beiseitegelegt: %@"_s), {nameVon(dokument.pfad)});
-        g.rueckweg = Rueckweg{.dokument = dokument.id, .status = nurStatus ? u"aussortiert"_s : QString()};
+        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat, .eingeordnet = {}};
     });
 }
 
-Geschehen Handlung::rueckgaengig(const Arbeitsplatz &platz)
+Geschehen Handlung::rueckgaengig(const Arbeitsplatz &platz, const Handlungsfortschritt &fortschritt)
+{
+    return tatZurueck(platz, std::nullopt, fortschritt);
+}
+
+Geschehen Handlung::zurueck(const Arbeitsplatz &platz, const Rueckweg &weg, const Handlungsfortschritt &fortschritt)
+{
+    return tatZurueck(platz, weg.tat, fortschritt);
+}
+
+Geschehen Handlung::letzterSchrittZurueck(const Arbeitsplatz &platz)
 {
     return gefasst(platz, [&](Geschehen &g) {
         Ablagewerk werk(platz.db, platz.profil);
-        g.wieder = werk.rueckgaengig();
-        g.text = gefuellt(Sprache::text(u"Zurückgeholt: %@"_s), {aktuellerName(werk, *g.wieder)});
+        const qint64 dokument = werk.rueckgaengig();
+        ruecknahmeMelden(platz, {.dokumente = {dokument}, .bewegt = true, .fehler = {}}, g);
     });
-}
-
-Geschehen Handlung::zurueck(const Arbeitsplatz &platz, const Rueckweg &weg)
-{
-    if (!weg.status.isEmpty())
-        return gefasst(platz, [&](Geschehen &g) { statusZurueck(platz, weg, g); });
-    if (!istNeueste(*platz.db, weg.dokument))
-        return nichts(platz.buch, Sprache::text(u"Inzwischen wurde schon etwas anderes bewegt"_s));
-    return rueckgaengig(platz);
 }
 
 Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlungsfortschritt &fortschritt)
@@ -188,31 +219,29 @@ Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlun
         Ablagewerk werk = werkMitBuch(platz, g);
         const QList<Zeile> zeilen =
             platz.db->abfragen(u"SELECT id FROM dokumente WHERE status='dublette' AND ausgenommen=0"_s);
-        qint64 anzahl = 0;
-        QStringList fehler;
-        for (qsizetype i = 0; i < zeilen.size() && fortschritt(i, zeilen.size()); ++i) {
-            try {
-                werk.aussortieren(zeilen.at(i).ganz(u"id"));
-                ++anzahl;
-            } catch (const Fehler &f) {
-                fehler << f.text(); // one that cannot be moved does not keep the others from it
-            }
-        }
-        const QString zahl = QString::number(anzahl);
-        g.hinweise.prepend(
-            platz.profil.kopieren
-                ? gefuellt(Sprache::text(u"%@ Dubletten werden nicht mitkopiert"_s), {zahl})
-                : gefuellt(Sprache::text(u"%@ Dubletten nach %@ verschoben"_s), {zahl, platz.profil.dublettenOrdner}));
-        if (!fehler.isEmpty())
-            g.hinweise << gefuellt(Sprache::text(u"%@ nicht: %@"_s),
-                                   {QString::number(fehler.size()), fehler.constFirst()});
+        const Taten::Tat tat = Taten::beginnen(*platz.db, u"dubletten"_s);
+        Ausraeumung a;
+        for (qsizetype i = 0; i < zeilen.size() && fortschritt(i, zeilen.size()); ++i)
+            a.eines(werk, *platz.db, zeilen.at(i).ganz(u"id"), tat);
+        a.melden(platz.profil, g);
+        zaehlerMelden(*werk.mitgezogen, {}, g);
+        if (a.anzahl > 0)
+            g.rueckweg = Rueckweg{.tat = tat, .eingeordnet = {}};
     });
 }
 
 Geschehen Handlung::wiederVorlegen(const Arbeitsplatz &platz)
 {
-    return gefasst(platz, [&](Geschehen &) {
-        schreiben(*platz.db, u"UPDATE dokumente SET status='bereit' WHERE status=? AND ausgenommen=0"_s,
-                  {u"zurueckgestellt"_s});
+    return gefasst(platz, [&](Geschehen &g) {
+        if (const auto tat = Taten::alleWechseln(*platz.db, u"vorgelegt"_s, u"zurueckgestellt"_s, u"bereit"_s))
+            g.rueckweg = Rueckweg{.tat = *tat, .eingeordnet = {}};
+    });
+}
+
+Geschehen Handlung::zielBestaetigen(const Arbeitsplatz &platz)
+{
+    return gefasst(platz, [&](Geschehen &g) {
+        Zielwurzel::bestaetigen(*platz.db, platz.profil);
+        g.hinweise << Sprache::text(u"Der Zielordner gilt, jetzt kannst du weiter einsortieren"_s);
     });
 }

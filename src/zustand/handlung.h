@@ -1,6 +1,7 @@
 #pragma once
 
 #include "blick.h"
+#include "taten.h"
 
 #include <functional>
 
@@ -15,8 +16,8 @@ struct Arbeitsplatz {
 
 /** How exactly one deed is taken back. */
 struct Rueckweg {
-    qint64 dokument = 0;
-    QString status; ///< only the status was changed, to this one; empty: a file was moved or copied
+    Taten::Tat tat;
+    std::optional<qint64> eingeordnet; ///< the document that was accepted by it
     bool operator==(const Rueckweg &) const = default;
 };
 
@@ -28,6 +29,7 @@ struct Geschehen {
     std::shared_ptr<Protokollbuch> buch; ///< the session's log from now on
     std::optional<Rueckweg> rueckweg;
     std::optional<qint64> wieder; ///< the document that came back
+    bool zielFraglich = false;    ///< refused since nothing of what was filed lies in the target folder
 
     /** What happened and what else is to be said, as one line. */
     [[nodiscard]] QString allesGesagte() const;
@@ -45,12 +47,17 @@ namespace Handlung
 [[nodiscard]] Geschehen uebernehmen(const Arbeitsplatz &platz, Dokument dokument);
 [[nodiscard]] Geschehen zuruecklegen(const Arbeitsplatz &platz, const Dokument &dokument);
 [[nodiscard]] Geschehen aussortieren(const Arbeitsplatz &platz, const Dokument &dokument);
+/** Takes the newest deed back, whatever kind it was; all of it, what fails apart. */
+[[nodiscard]] Geschehen rueckgaengig(const Arbeitsplatz &platz, const Handlungsfortschritt &fortschritt = {});
+/** Takes exactly the deed back that gave @p weg; refuses when another one came after it. */
+[[nodiscard]] Geschehen zurueck(const Arbeitsplatz &platz, const Rueckweg &weg,
+                                const Handlungsfortschritt &fortschritt = {});
 /** Takes the newest movement back. */
-[[nodiscard]] Geschehen rueckgaengig(const Arbeitsplatz &platz);
-/** Takes exactly the deed back that gave @p weg; refuses when another movement came after it. */
-[[nodiscard]] Geschehen zurueck(const Arbeitsplatz &platz, const Rueckweg &weg);
+[[nodiscard]] Geschehen letzterSchrittZurueck(const Arbeitsplatz &platz);
 /** Sets all waiting duplicates aside; what fails is passed over. */
 [[nodiscard]] Geschehen dublettenAusraeumen(const Arbeitsplatz &platz, const Handlungsfortschritt &fortschritt);
+/** The user says that the target folder is right although nothing of what was filed lies there; see Zielwurzel. */
+[[nodiscard]] Geschehen zielBestaetigen(const Arbeitsplatz &platz);
 /** Skipped documents wait again. */
 [[nodiscard]] Geschehen wiederVorlegen(const Arbeitsplatz &platz);
 

@@ -42,8 +42,11 @@ Oeffnung Oeffnung::von(const Profil &profil)
         o.hinweise << Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
     } else {
         versuchen(o.hinweise, [&] {
-            Bewegungsgang::klaeren(o.db);
-            return QStringList();
+            const QStringList ungeklaert = Bewegungsgang::klaeren(o.db);
+            return ungeklaert.isEmpty()
+                       ? QStringList()
+                       : QStringList{gefuellt(Sprache::text(u"%@ Bewegungen nach einem Absturz noch ungeklärt: %@"_s),
+                                              {QString::number(ungeklaert.size()), ungeklaert.join(u", "_s)})};
         });
         versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
     }

@@ -89,13 +89,18 @@ public:
     void uebernehmen();
     void zuruecklegen();
     void aussortieren();
+    /** Takes the last deed back, whatever kind it was. */
     void rueckgaengig();
+    /** Takes the last movement back. */
+    void letztenSchrittZurueck();
     /** "weiter", "zurueck", or empty for the first waiting document. */
     void weiter(const QString &richtung);
     /** Takes back what the notice tells of. */
     void zurueck();
     void zurueckgestellteVorlegen();
     void dublettenAusraeumen();
+    /** The target folder is right as it is; what was filed there was moved elsewhere by hand. */
+    void zielBestaetigen();
     /** Stops a long deed, or the turning back of a session, after what is in hand; meanwhile @p vorgang is told. */
     void anhalten(const QString &vorgang = {});
     [[nodiscard]] bool beschaeftigt() const { return m_beschaeftigt || m_rueckbauLaeuft; }
@@ -117,6 +122,8 @@ public:
     [[nodiscard]] bool zurueckMoeglich() const { return m_rueckweg.has_value(); }
     /** rueckgaengig() has something to take back. */
     [[nodiscard]] bool umkehrbar() const { return m_blick.umkehrbar; }
+    /** letztenSchrittZurueck() has something to take back. */
+    [[nodiscard]] bool hatBewegung() const { return m_blick.bewegt; }
     void melden(const QString &hinweis, Ton ton = Ton::warnung);
 
     // The analysis; null without an open catalogue
@@ -238,7 +245,8 @@ Q_SIGNALS:
     void vorgangGeaendert();
     void laufGeaendert();
     void startFraglich(Zustand::Durchgang art); ///< the run asked for would have no model
-    void laufBeendet();                         ///< and what it came to is known
+    void zielFraglich(); ///< a deed was refused: of what was filed last nothing lies in the target folder
+    void laufBeendet();  ///< and what it came to is known
     void nacharbeitGeaendert();
     void gelerntGeaendert();
     void gelerntGelesen(); ///< the lists of what was learned
@@ -276,6 +284,7 @@ private:
     }
     [[nodiscard]] bool kannHandeln() const { return offen() && !m_oeffnet; }
     void handeln(const Tat &tat, const Wunsch &danach, const QString &vorgang);
+    [[nodiscard]] std::function<bool(qint64, qint64)> vorgangMelder(const QString &vorgang);
     void tatFertig(const Tatfolge &folge);
     void warten(std::function<void()> spaeter);
     void freigeben();

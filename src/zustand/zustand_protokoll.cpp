@@ -116,8 +116,9 @@ void Zustand::protokollZurueckdrehen()
     };
     imHintergrund(
         this,
-        [datei = *m_protokollDatei, db = m_db, fortschritt, ende = m_halt.get_token()] {
-            return Protokollbuch::zurueckdrehen(datei, db, fortschritt, ende);
+        [datei = *m_protokollDatei, db = m_db, fortschritt, ende = m_halt.get_token(),
+         grenzen = QStringList{m_aktiv->quelle, m_aktiv->zielWurzel}] {
+            return Protokollbuch::zurueckdrehen(datei, db, fortschritt, ende, grenzen);
         },
         [this](const Ausgang<Bilanz> &ausgang) {
             Bilanz bilanz = ausgang.wert.value_or(Bilanz{});

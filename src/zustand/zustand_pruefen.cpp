@@ -172,7 +172,17 @@ void Zustand::rueckgaengig()
 {
     if (beschaeftigt())
         return warten([this] { rueckgaengig(); });
-    handeln([](const Arbeitsplatz &platz) { return Handlung::rueckgaengig(platz); }, {},
+    const QString vorgang = Sprache::text(u"Datei wird zurückgeholt"_s);
+    handeln(
+        [melder = vorgangMelder(vorgang)](const Arbeitsplatz &platz) { return Handlung::rueckgaengig(platz, melder); },
+        {}, vorgang);
+}
+
+void Zustand::letztenSchrittZurueck()
+{
+    if (beschaeftigt())
+        return warten([this] { letztenSchrittZurueck(); });
+    handeln([](const Arbeitsplatz &platz) { return Handlung::letzterSchrittZurueck(platz); }, {},
             Sprache::text(u"Datei wird zurückgeholt"_s));
 }
 
@@ -182,8 +192,10 @@ void Zustand::zurueck()
         return warten([this] { zurueck(); });
     if (!m_rueckweg)
         return;
-    handeln([weg = *m_rueckweg](const Arbeitsplatz &platz) { return Handlung::zurueck(platz, weg); }, {},
-            Sprache::text(u"Datei wird zurückgeholt"_s));
+    const QString vorgang = Sprache::text(u"Datei wird zurückgeholt"_s);
+    handeln([weg = *m_rueckweg, melder = vorgangMelder(vorgang)](
+                const Arbeitsplatz &platz) { return Handlung::zurueck(platz, weg, melder); },
+            {}, vorgang);
 }
 
 void Zustand::weiter(const QString &richtung)
@@ -216,17 +228,30 @@ void Zustand::dublettenAusraeumen()
     if (beschaeftigt())
         return warten([this] { dublettenAusraeumen(); });
     const QString vorgang = Sprache::text(u"Dubletten werden beiseitegelegt"_s);
+    handeln([melder = vorgangMelder(vorgang)](
+                const Arbeitsplatz &platz) { return Handlung::dublettenAusraeumen(platz, melder); },
+            {}, vorgang);
+}
+
+void Zustand::zielBestaetigen()
+{
+    if (beschaeftigt())
+        return warten([this] { zielBestaetigen(); });
+    handeln([](const Arbeitsplatz &platz) { return Handlung::zielBestaetigen(platz); }, {}, {});
+}
+
+/** Tells how far a deed of many movements is, and stops it once that is wanted. */
+std::function<bool(qint64, qint64)> Zustand::vorgangMelder(const QString &vorgang)
+{
     m_halt = {};
-    const auto fortschritt = [this, vorgang, briefe = m_briefe, halt = m_halt.get_token()](qint64 fertig,
-                                                                                           qint64 gesamt) {
-        briefe->einwerfen([this, vorgang, fertig, gesamt] {
-            if (m_beschaeftigt)
-                vorgangSetzen(vorgang, gesamt > 0 ? double(fertig) / double(gesamt) : 0);
-        });
+    return [this, vorgang, briefe = m_briefe, halt = m_halt.get_token()](qint64 fertig, qint64 gesamt) {
+        if (gesamt > 1)
+            briefe->einwerfen([this, vorgang, fertig, gesamt] {
+                if (m_beschaeftigt)
+                    vorgangSetzen(vorgang, double(fertig) / double(gesamt));
+            });
         return !halt.stop_requested();
     };
-    handeln([fortschritt](const Arbeitsplatz &platz) { return Handlung::dublettenAusraeumen(platz, fortschritt); }, {},
-            vorgang);
 }
 
 void Zustand::anhalten(const QString &vorgang)
@@ -279,8 +304,8 @@ void Zustand::tatFertig(const Tatfolge &folge)
     const Geschehen &g = folge.geschehen;
     const bool neuesBuch = g.buch != m_buch;
     m_buch = g.buch;
-    if (g.gelungen && g.rueckweg && g.rueckweg->status != u"zurueckgestellt"_s)
-        entwuerfe().remove(g.rueckweg->dokument);
+    if (g.gelungen && g.rueckweg && g.rueckweg->eingeordnet)
+        entwuerfe().remove(*g.rueckweg->eingeordnet);
     m_geschehen = g.text;
     m_rueckweg = g.rueckweg;
     // Another document stands there now: it is not the one that this is about.
@@ -292,6 +317,8 @@ void Zustand::tatFertig(const Tatfolge &folge)
         m_ton = Ton::gut;
     zeigen(folge.blick);
     Q_EMIT hinweisGeaendert();
+    if (g.zielFraglich)
+        Q_EMIT zielFraglich();
     if (neuesBuch)
         protokolleListen();
 }

@@ -5,6 +5,7 @@
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "werkbank.h"
+#include "zielwurzel.h"
 
 #include <QDir>
 #include <QProcess>
@@ -413,16 +414,27 @@ void TestBewegungen::katalogGesperrt()
 }
 
 /** A filed document was deleted by hand and its place is taken again: its row must not stand in the way. */
+/** Nothing of what was filed lies in the target any more: it may be the empty folder below a drive. */
 void TestBewegungen::verlassenerPlatzImKatalog()
 {
     Werkbank bank(m_ordner->path());
     const qint64 alt = bank.dokument(u"1.pdf"_s, "eins");
     const qint64 neu = bank.dokument(u"2.pdf"_s, "zwei");
     bank.uebernehmen(alt);
+    const auto vorher = bank.lesen(alt);
     QFile::remove(bank.ziel(abschlag));
+    QVERIFY(fehlerBei([&] { bank.uebernehmen(neu); }).contains(u"Datenträger eingehängt"_s));
+    QVERIFY(fehlerBei([&] { bank.aussortieren(neu); }).contains(u"Datenträger eingehängt"_s));
+    QCOMPARE(bank.lesen(neu).status, u"bereit"_s);
+    QCOMPARE(bank.lesen(alt), vorher);
+    QVERIFY(QFile::exists(bank.quelle(u"2.pdf"_s)));
+
+    Zielwurzel::bestaetigen(*bank.db(), bank.profil());
     bank.uebernehmen(neu);
     QCOMPARE(bank.lesen(neu).pfad, bank.ziel(abschlag));
-    QCOMPARE(bank.lesen(alt).status, u"fehlt"_s);
+    QCOMPARE(bank.lesen(alt).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(alt).pfad, QString());
+    QCOMPARE(bank.db()->abfragen(u"SELECT pfad FROM fruehere_pfade"_s).first().text(u"pfad"), vorher.pfad);
     QCOMPARE(bank.rueckgaengig(), neu);
     // The first movement must not take the other document's file.
     QVERIFY(!fehlerBei([&] { bank.rueckgaengig(); }).isEmpty());

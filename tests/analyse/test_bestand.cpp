@@ -39,7 +39,7 @@ class TestBestand : public QObject
     [[nodiscard]] QStringList gefunden(const QSet<QString> &eigene = {}) const
     {
         QStringList pfade;
-        for (const Bestand::Fund &f : Bestand::suchen(m_profil, eigene, weiter).funde)
+        for (const Bestand::Fund &f : Bestand::suchen(m_profil, {.kopien = eigene, .abgelegt = {}}, weiter).funde)
             pfade << f.pfad.mid(m_profil.quelle.size() + 1);
         return pfade;
     }
@@ -173,10 +173,10 @@ private Q_SLOTS:
 
     void zurueckgekehrteUndEigeneKopien()
     {
-        datei("da.pdf");
-        datei("fertig.pdf");
+        datei("da.pdf", "da");
+        datei("fertig.pdf", "fertig");
         datei("kopie.pdf");
-        datei("zurueckgenommen.pdf");
+        datei("zurueckgenommen.pdf", "fertig");
         {
             Datenbank db(m_ordner->filePath(u"k.db"_s));
             const QString q = m_profil.quelle;

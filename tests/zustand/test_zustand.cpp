@@ -251,7 +251,8 @@ private Q_SLOTS:
         QTest::newRow("nichts") << QString() << QList<Art>{};
         QTest::newRow("Texterkennung") << u"hat_textebene=0"_s << QList<Art>{Art::Texterkennung};
         QTest::newRow("gelernt") << u"ort_quelle='gelernt'"_s << QList<Art>{Art::Gelernt};
-        QTest::newRow("nachgeprüft") << u"zweitmeinung=1, nachgeprueft=1"_s << QList<Art>{Art::Nachgeprueft};
+        QTest::newRow("nachgeprüft") << u"zweitmeinung=1; INSERT INTO nachgeprueft SELECT id FROM dokumente"_s
+                                     << QList<Art>{Art::Nachgeprueft};
         QTest::newRow("nur gefragt") << u"zweitmeinung=1"_s << QList<Art>{};
         QTest::newRow("ohne Gegenüber") << u"gegenueber=''"_s << QList<Art>{Art::KeinGegenueber};
         QTest::newRow("Ort unbekannt") << u"alt_ordner='Sonst/Wo'"_s << QList<Art>{};
@@ -445,8 +446,12 @@ private Q_SLOTS:
         beginnen();
         m_z->dublettenAusraeumen();
         QTRY_COMPARE(m_z->hinweis(), u"0 Dubletten nach _Dubletten verschoben"_s);
+        const QByteArray inhalt = "gleich";
+        const qint64 original = m_b->dokument(u"o.pdf"_s, {}, inhalt);
         for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"weg.pdf"_s})
-            m_b->dokument(n, [](Dokument &d) { d.status = u"dublette"_s; });
+            m_b->dokument(
+                n, [](Dokument &d) { d.status = u"dublette"_s; }, inhalt);
+        m_b->sql(u"UPDATE dokumente SET dublette_von=?, aehnlichkeit=1 WHERE status='dublette'"_s, {original});
         QVERIFY(QFile::remove(m_b->quelle(u"weg.pdf"_s)));
         m_z->dublettenAusraeumen();
         QTRY_COMPARE(

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "profil.h"
+
+class Datenbank;
+
+/** The source folder: whether it is there, or only the empty folder that its drive is mounted on. */
+namespace Herkunft
+{
+/** Some PDF file lies in the folder @p ordner or, if wanted, below it, whatever its name or kind. Blocks. */
+[[nodiscard]] bool hatPdf(const QString &ordner, bool mitUnterordnern);
+
+/**
+ * The catalogue knows at least @p mindestens documents below the source folder that are not filed yet, none of them is
+ * there, and the folder holds no PDF file at all: its drive counts as gone. Blocks.
+ */
+[[nodiscard]] bool istLeererEinhaengepunkt(Datenbank &db, const Profil &profil, qsizetype mindestens = 1);
+
+/** The file @p pfad is missing since the whole source folder is. */
+[[nodiscard]] bool istUnerreichbarFuer(Datenbank &db, const Profil &profil, const QString &pfad);
+} // namespace Herkunft

@@ -1,0 +1,191 @@
+#include "tatruecknahme.h"
+
+#include "bewegungsgang.h"
+#include "bewegungspruefung.h"
+#include "datenbank.h"
+#include "sprache.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr qsizetype hoechstensGruppe = 100;
+
+/** The intent to take a movement back, and what stands against it. */
+struct Vorhaben {
+    Absicht absicht;
+    QString hindernis; ///< empty if nothing does
+};
+
+Protokollzeile zeileAus(const Zeile &z)
+{
+    return {.zeit = z.text(u"zeit"),
+            .aktion = z.text(u"aktion"),
+            .dokument = z.ganz(u"dokument_id"),
+            .von = z.text(u"von_pfad"),
+            .nach = z.text(u"nach_pfad"),
+            .altStatus = z.text(u"alt_status"),
+            .kopiert = z.ganz(u"kopiert") == 1,
+            .vonName = {}};
+}
+
+std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
+{
+    const QList<Zeile> zeilen = db.abfragen(u"SELECT * FROM protokoll WHERE id=?"_s, {protokollId});
+    if (zeilen.isEmpty())
+        return std::nullopt;
+    Vorhaben v;
+    v.absicht.art = Absicht::Art::Ruecknahme;
+    v.absicht.protokollId = protokollId;
+    v.absicht.zeile = zeileAus(zeilen.first());
+    v.absicht.status = v.absicht.zeile.altStatus.isEmpty() ? u"bereit"_s : v.absicht.zeile.altStatus;
+    const auto stand = Bewegungspruefung::stand(db, protokollId);
+    v.absicht.zeile.vonName = stand.vonName;
+    v.hindernis = Bewegungspruefung::hindernis(v.absicht.zeile, stand);
+    return v;
+}
+
+[[noreturn]] void nichtsDa() { throw Fehler(Sprache::text(u"Es gibt nichts rückgängig zu machen"_s)); }
+
+/** One deed on its way back. */
+class Ruecknehmer
+{
+public:
+    Ruecknehmer(Bewegungsgang &gang, Datenbank &db, QString herkunft, const Taten::Tat &tat)
+        : m_gang(gang), m_db(db), m_herkunft(std::move(herkunft)), m_tat(tat), m_posten(Taten::offene(db, tat))
+    {
+    }
+
+    [[nodiscard]] bool istLeer() const { return m_posten.isEmpty(); }
+
+    /** Why nothing of it can be taken back; empty if something can. */
+    [[nodiscard]] QString hindernis() const
+    {
+        QString grund;
+        for (const Taten::Posten &p : m_posten) {
+            const auto v = p.protokollId == 0 ? std::nullopt : vorhaben(m_db, p.protokollId);
+            if (!v || v->hindernis.isEmpty())
+                return {};
+            if (grund.isEmpty())
+                grund = v->hindernis;
+        }
+        return grund;
+    }
+
+    [[nodiscard]] Zurueckgenommen ausfuehren(const Tatruecknahme::Fortschritt &fortschritt)
+    {
+        nurStatus();
+        bewegungen(fortschritt);
+        if (m_ergebnis.dokumente.isEmpty() && !m_ergebnis.fehler.isEmpty())
+            throw Fehler(m_ergebnis.fehler.first());
+        if (Taten::offene(m_db, m_tat).isEmpty())
+            Taten::schliessen(m_db, m_tat);
+        return std::move(m_ergebnis);
+    }
+
+private:
+    void nurStatus()
+    {
+        QList<Taten::Posten> status;
+        std::copy_if(m_posten.cbegin(), m_posten.cend(), std::back_inserter(status),
+                     [](const Taten::Posten &p) { return p.protokollId == 0; });
+        Taten::statusZurueck(m_db, status);
+        for (const Taten::Posten &p : std::as_const(status))
+            m_ergebnis.dokumente.prepend(p.dokument);
+    }
+
+    void bewegungen(const Tatruecknahme::Fortschritt &fortschritt)
+    {
+        QList<Absicht> gruppe;
+        qint64 fertig = 0;
+        for (const Taten::Posten &p : std::as_const(m_posten)) {
+            if (fortschritt && !fortschritt(fertig++, m_posten.size()))
+                break;
+            const auto v = p.protokollId == 0 ? std::nullopt : vorhaben(m_db, p.protokollId);
+            if (!v)
+                continue;
+            if (v->hindernis.isEmpty())
+                gruppe << v->absicht;
+            else
+                m_ergebnis.fehler << v->hindernis;
+            if (gruppe.size() >= hoechstensGruppe)
+                zuruecknehmen(std::exchange(gruppe, {}));
+        }
+        zuruecknehmen(gruppe);
+    }
+
+    void zuruecknehmen(const QList<Absicht> &gruppe)
+    {
+        if (gruppe.isEmpty())
+            return;
+        const QStringList fehler = m_gang.zuruecknehmen(gruppe, m_herkunft);
+        for (qsizetype i = 0; i < fehler.size(); ++i) {
+            if (!fehler.at(i).isEmpty()) {
+                m_ergebnis.fehler << fehler.at(i);
+                continue;
+            }
+            m_ergebnis.bewegt = true;
+            m_ergebnis.dokumente.prepend(gruppe.at(i).zeile.dokument);
+        }
+    }
+
+    Bewegungsgang &m_gang;
+    Datenbank &m_db;
+    QString m_herkunft;
+    Taten::Tat m_tat;
+    QList<Taten::Posten> m_posten;
+    Zurueckgenommen m_ergebnis;
+};
+
+/** The first time the reason is told, from then on the deed is passed over while it lasts. */
+void uebergehenOderMelden(Datenbank &db, const Taten::Tat &tat, const QString &hindernis)
+{
+    if (Taten::istUebergangen(db, tat))
+        return;
+    Taten::uebergehen(db, tat);
+    throw Fehler(hindernis);
+}
+} // namespace
+
+Zurueckgenommen Tatruecknahme::letzte(const std::shared_ptr<Datenbank> &db, const QString &herkunft,
+                                      const std::optional<Taten::Tat> &diese, const Fortschritt &fortschritt)
+{
+    Bewegungsgang gang(db);
+    Taten::Folge folge(*db);
+    while (const auto tat = folge.naechste()) {
+        Ruecknehmer ruecknehmer(gang, *db, herkunft, *tat);
+        if (ruecknehmer.istLeer()) { // taken back on other ways
+            Taten::schliessen(*db, *tat);
+            continue;
+        }
+        if (diese && *tat != *diese)
+            throw Fehler(Sprache::text(u"Inzwischen wurde schon etwas anderes bewegt"_s));
+        if (const QString hindernis = ruecknehmer.hindernis(); !hindernis.isEmpty()) {
+            uebergehenOderMelden(*db, *tat, hindernis);
+            continue;
+        }
+        return ruecknehmer.ausfuehren(fortschritt);
+    }
+    nichtsDa();
+}
+
+qint64 Tatruecknahme::letzteBewegung(const std::shared_ptr<Datenbank> &db, const QString &herkunft)
+{
+    Bewegungsgang gang(db);
+    for (auto id = Taten::letzteBewegung(*db); id; id = Taten::letzteBewegung(*db, *id)) {
+        const auto v = vorhaben(*db, *id);
+        if (!v)
+            continue;
+        if (!v->hindernis.isEmpty()) {
+            uebergehenOderMelden(*db, {.bewegung = true, .id = *id}, v->hindernis);
+            continue;
+        }
+        const QString fehler = gang.zuruecknehmen({v->absicht}, herkunft).first();
+        if (!fehler.isEmpty())
+            throw Fehler(fehler);
+        return v->absicht.zeile.dokument;
+    }
+    nichtsDa();
+}

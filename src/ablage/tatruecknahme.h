@@ -1,0 +1,30 @@
+#pragma once
+
+#include "taten.h"
+
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+/** What taking a deed back came to. */
+struct Zurueckgenommen {
+    QList<qint64> dokumente; ///< what waits, or is a duplicate, again; first the one to be shown
+    bool bewegt = false;     ///< files went back
+    QStringList fehler;      ///< a text for each item that stays as it is
+};
+
+/** Taking back of the deeds of the review, newest first. */
+namespace Tatruecknahme
+{
+using Fortschritt = std::function<bool(qint64 fertig, qint64 gesamt)>;
+
+/**
+ * Takes the newest deed back, or only @p diese if it is the newest. What cannot be taken back is told by a Fehler once
+ * and passed over the next time. Throws Fehler; nothing has changed then.
+ */
+[[nodiscard]] Zurueckgenommen letzte(const std::shared_ptr<Datenbank> &db, const QString &herkunft,
+                                     const std::optional<Taten::Tat> &diese = {}, const Fortschritt &fortschritt = {});
+
+/** The same for movements alone, whatever deed they are part of. Returns the document. */
+[[nodiscard]] qint64 letzteBewegung(const std::shared_ptr<Datenbank> &db, const QString &herkunft);
+} // namespace Tatruecknahme

@@ -1,0 +1,81 @@
+#include "originale.h"
+
+#include "dateibewegung.h"
+#include "datenbank.h"
+#include "pfade.h"
+#include "skizze.h"
+#include "stapel.h"
+#include "wiedererkennung.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr double bytegleich = 1.0;
+
+std::optional<QString> text(Datenbank &db, qint64 id)
+{
+    const QList<Zeile> zeilen = db.abfragen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {id});
+    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"text"));
+}
+
+bool hatDieselbenBytes(const QStringList &orte, const QString &pfad)
+{
+    return std::any_of(orte.begin(), orte.end(), [&](const QString &ort) {
+        return !Dateibewegung::istDerselbeEintrag(ort, pfad) && Dateibewegung::istGleich(ort, pfad);
+    });
+}
+} // namespace
+
+QStringList Originale::orte(Datenbank &db, qint64 id)
+{
+    QStringList alle;
+    for (const Zeile &z : db.abfragen(u"SELECT pfad FROM dokumente WHERE id=? AND pfad IS NOT NULL\n"
+                                      "UNION SELECT nach_pfad FROM protokoll\n"
+                                      "WHERE dokument_id=? AND kopiert=1 AND rueckgaengig=0"_s,
+                                      {id, id})) {
+        if (istVorhanden(z.text(u"pfad")))
+            alle << z.text(u"pfad");
+    }
+    return alle;
+}
+
+bool Originale::habenGleicheWorte(Datenbank &db, qint64 a, qint64 b)
+{
+    const auto textA = text(db, a);
+    const auto textB = text(db, b);
+    return !textA || !textB || *textA == *textB || Skizze::normalisiert(*textA) == Skizze::normalisiert(*textB);
+}
+
+bool Originale::istNochDublette(Datenbank &db, qint64 id)
+{
+    const QList<Zeile> zeilen =
+        db.abfragen(u"SELECT d.pfad, d.aehnlichkeit, d.dublette_von FROM dokumente d\n"
+                    "JOIN dokumente o ON o.id=d.dublette_von AND o.ausgenommen=0 WHERE d.id=?"_s,
+                    {id});
+    if (zeilen.isEmpty())
+        return false;
+    const Zeile &z = zeilen.first();
+    if (!istVorhanden(z.text(u"pfad")))
+        return true; // what is not there cannot be compared; whoever sets it aside finds out
+    const qint64 original = z.ganz(u"dublette_von");
+    const QStringList dort = orte(db, original);
+    if (z.komma(u"aehnlichkeit") >= bytegleich)
+        return hatDieselbenBytes(dort, z.text(u"pfad"));
+    // The texts were read from files that may have been replaced since.
+    return !dort.isEmpty() && habenGleicheWorte(db, id, original) &&
+           Wiedererkennung::istDieselbe(db, id, z.text(u"pfad")) &&
+           std::any_of(dort.begin(), dort.end(),
+                       [&](const QString &ort) { return Wiedererkennung::istDieselbe(db, original, ort); });
+}
+
+void Originale::freigeben(Datenbank &db, qint64 id)
+{
+    Stapel stapel(db);
+    stapel.schreiben(u"UPDATE dokumente SET status=CASE WHEN vorschlag IS NULL THEN 'neu' ELSE 'bereit' END,\n"
+                     "dublette_von=NULL, aehnlichkeit=NULL WHERE id=? AND status='dublette'"_s,
+                     {id});
+    stapel.abschliessen();
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class Datenbank;
+
+/** Duplicates and the documents that they repeat. */
+namespace Originale
+{
+/**
+ * Where a document's content lies: its own file, and copies of it that were filed and not taken back. Only what is
+ * there; blocks while it looks.
+ */
+[[nodiscard]] QStringList orte(Datenbank &db, qint64 id);
+
+/**
+ * Document @p id, marked as a duplicate, still repeats its original: that is there, is not excluded, and has the same
+ * bytes, or the same words where only the text was compared. Throws Fehler when a file cannot be read.
+ */
+[[nodiscard]] bool istNochDublette(Datenbank &db, qint64 id);
+
+/** A duplicate waits to be looked at as a document of its own again. Throws Fehler. */
+void freigeben(Datenbank &db, qint64 id);
+
+/** The whole stored texts of two documents have the same words; where one has none, that does not decide: true. */
+[[nodiscard]] bool habenGleicheWorte(Datenbank &db, qint64 a, qint64 b);
+} // namespace Originale
