@@ -132,6 +132,7 @@ void Ablagewerk::bewegen(const Dokument &gespeichert, const QString &ordner, con
                      .kopiert = m_profil.kopieren};
     absicht.status = status;
     absicht.vorher = gespeichert.gegenueber;
+    absicht.profil = m_profil;
     if (werte)
         absicht.werte = *werte;
     try {

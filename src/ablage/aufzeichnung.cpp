@@ -54,7 +54,7 @@ qint64 Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
     qint64 angepasst = 0;
     if (a.werte) {
         werteSchreiben(t, db, *a.werte);
-        angepasst = Lernspeicher(db).merken(*a.werte, a.vorher);
+        angepasst = Lernspeicher(db, a.profil).merken(*a.werte, a.vorher);
     }
     const Protokollzeile &z = a.zeile;
     muss(t, db,

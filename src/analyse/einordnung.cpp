@@ -113,10 +113,24 @@ Einordnungsergebnis Einordnung::auswerten(const QJsonObject &antwort, const QStr
     return e;
 }
 
+bool Einordnung::sagtNichts(const QJsonObject &antwort, const Einordnungsergebnis &ergebnis)
+{
+    // The date of the result may be that of the file name.
+    return ergebnis.gegenueber.isEmpty() && ergebnis.titel.isEmpty() && ergebnis.zweig.isEmpty() &&
+           !istDatum(textAus(antwort, u"datum"_s));
+}
+
 bool Einordnung::istDatum(const QString &text)
 {
     static const QRegularExpression form(u"^\\d{4}-\\d{2}-\\d{2}\\z"_s);
     return form.match(text).hasMatch();
+}
+
+bool Einordnung::istTag(const QString &text, const QDate &heute)
+{
+    constexpr int fruehestes = 1900;
+    const QDate tag = istDatum(text) ? QDate::fromString(text, Qt::ISODate) : QDate();
+    return tag.isValid() && tag.year() >= fruehestes && tag.year() <= heute.year() + 1;
 }
 
 QString Einordnung::datumAusName(const QString &name)

@@ -61,13 +61,16 @@ void schreiben(Datenbank &db, QList<Gelesen> &fertige)
     for (const Gelesen &g : std::as_const(fertige)) {
         if (!g.fehler.isEmpty()) {
             stapel.schreiben(u"UPDATE dokumente SET text_hash='', fehler=?\n"
-                             "WHERE id=? AND status IN ('neu','bereit')"_s,
+                             "WHERE id=? AND status IN ('neu','bereit') AND ausgenommen=0"_s,
                              {g.fehler, g.id});
             continue;
         }
-        stapel.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {g.id, g.text});
-        stapel.schreiben(u"UPDATE dokumente SET text_hash=?, hat_textebene=?, skizze=? WHERE id=?"_s,
-                         {g.textHash, g.textebene, g.skizze, g.id});
+        const int geschrieben =
+            stapel.schreiben(u"UPDATE dokumente SET text_hash=?, hat_textebene=?, skizze=? WHERE id=?\n"
+                             "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                             {g.textHash, g.textebene, g.skizze, g.id});
+        if (geschrieben > 0)
+            stapel.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {g.id, g.text});
     }
     stapel.abschliessen();
     fertige.clear();
@@ -81,16 +84,28 @@ void herkunftPruefen(const Lauf &lauf)
             gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {lauf.profil().quelle}));
 }
 
+/** Where the document lies now; none if it is not to be read any more. */
+std::optional<QString> jetzigerPfad(Datenbank &db, qint64 id)
+{
+    const QList<Zeile> zeilen = db.abfragen(u"SELECT pfad FROM dokumente WHERE id=? AND text_hash IS NULL\n"
+                                            "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                                            {id});
+    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"pfad"));
+}
+
 void alleLesen(Lauf &lauf)
 {
     const QList<Zeile> offene = lauf.db().abfragen(
-        u"SELECT id, pfad FROM dokumente WHERE text_hash IS NULL AND status IN ('neu','bereit') AND ausgenommen=0\n"
+        u"SELECT id FROM dokumente WHERE text_hash IS NULL AND status IN ('neu','bereit') AND ausgenommen=0\n"
         "ORDER BY id"_s);
     QList<Gelesen> fertige;
     auto geschrieben = steady_clock::now();
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
+        const auto pfad = jetzigerPfad(lauf.db(), offene.at(i).ganz(u"id"));
+        if (!pfad)
+            continue; // handled or excluded since the list was made
         try {
-            fertige << lesen(lauf, offene.at(i).ganz(u"id"), offene.at(i).text(u"pfad"));
+            fertige << lesen(lauf, offene.at(i).ganz(u"id"), *pfad);
         } catch (const Werkzeuge::Abgebrochen &) {
             break; // the program ends; the document in hand stays open
         }

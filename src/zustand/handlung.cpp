@@ -129,6 +129,9 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
             *feld = nfc(feld->trimmed());
         if (!dokument.datum.isEmpty() && !Einordnung::istDatum(dokument.datum))
             throw Fehler(Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s));
+        if (!dokument.datum.isEmpty() && !Einordnung::istTag(dokument.datum, QDate::currentDate()))
+            throw Fehler(Sprache::text(
+                u"Diesen Tag gibt es nicht, oder er liegt nicht zwischen 1900 und dem Ende des nächsten Jahres"_s));
         wartetNoch(platz, dokument.id);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.uebernehmen(dokument);

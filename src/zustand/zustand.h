@@ -130,6 +130,10 @@ public:
     void durchgangStarten(Durchgang art = Durchgang::ganz);
     /** Starts one if the model can be asked, else tells so by startFraglich(): every document would fail by itself. */
     void durchgangErbitten(Durchgang art = Durchgang::ganz);
+    /** Of what failed before it reopens only @p nurDies, if that is given. */
+    void durchgangErbitten(Durchgang art, std::optional<qint64> nurDies);
+    /** The one document that the run asked for last is to try again, if it was asked for one. */
+    [[nodiscard]] std::optional<qint64> erbetenesDokument() const { return m_erneutNur; }
     /** It is being looked whether the model is there. */
     [[nodiscard]] bool startErbeten() const { return m_erbeten.has_value(); }
     void durchgangAnhalten();
@@ -308,6 +312,7 @@ private:
     Laufbild m_laufbild;
     Laufende m_laufende;
     std::optional<Durchgang> m_erbeten;
+    std::optional<qint64> m_erneutNur; ///< of the run asked for
     Nacharbeit m_nacharbeit;
     bool m_liestNacharbeit = false;
     Profilsicherung *m_sicherung;

@@ -61,7 +61,7 @@ void Zustand::altenOrtBehalten()
 bool Zustand::datumGueltig() const
 {
     const QString datum = m_stueck ? m_stueck->dokument.datum.trimmed() : QString();
-    return datum.isEmpty() || Einordnung::istDatum(datum);
+    return datum.isEmpty() || Einordnung::istTag(datum, QDate::currentDate());
 }
 
 QString Zustand::neuerName() const
