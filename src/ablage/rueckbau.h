@@ -18,12 +18,16 @@ public:
 
 private:
     void weiter();
-    void gruppe(const QList<Protokollzeile> &zeilen);
-    [[nodiscard]] std::optional<Absicht> pruefen(const Protokollzeile &zeile) const;
-    [[nodiscard]] bool istDran(const Protokollzeile &zeile, qint64 &protokollId) const;
+    struct Eintrag {
+        qsizetype stelle = 0; ///< in the log
+        Protokollzeile zeile;
+    };
+    void gruppe(const QList<Eintrag> &eintraege);
+    [[nodiscard]] QString pruefen(const Protokollzeile &zeile, Absicht &absicht) const;
+    [[nodiscard]] QString hindernis(const Protokollzeile &zeile, qint64 &protokollId) const;
     [[nodiscard]] QStringList zuruecknehmen(const QList<Absicht> &absichten);
 
-    QList<Protokollzeile> m_zeilen;
+    QList<Eintrag> m_eintraege; ///< newest first
     QString m_herkunft;
     std::shared_ptr<Datenbank> m_db;
     std::unique_ptr<Bewegungsgang> m_gang;

@@ -37,7 +37,7 @@ Ablagewerk werkMitBuch(const Arbeitsplatz &platz, Geschehen &g)
     zielPruefen(platz.profil);
     g.buch = Handlung::buchBereitstellen(platz);
     if (!g.buch)
-        g.hinweise << Sprache::text(
+        g.warnungen << Sprache::text(
             u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll."_s);
     return {platz.db, platz.profil, g.buch};
 }
@@ -70,7 +70,7 @@ void zaehlerMelden(const Zaehler &zaehler, const QString &gegenueber, Geschehen 
         g.hinweise.prepend(gefuellt(Sprache::text(u"Gemerkt. %@ wartende Dokumente von %@ wurden angepasst."_s),
                                     {QString::number(zaehler.anzahl), gegenueber}));
     if (zaehler.ohneProtokoll && g.buch)
-        g.hinweise << Sprache::text(u"Die Bewegung ließ sich nicht ins Protokoll schreiben"_s);
+        g.warnungen << Sprache::text(u"Die Bewegung ließ sich nicht ins Protokoll schreiben"_s);
 }
 
 QString aktuellerName(const Ablagewerk &werk, qint64 id)
@@ -105,7 +105,7 @@ bool istNeueste(Datenbank &db, qint64 dokument)
 
 QString Geschehen::allesGesagte() const
 {
-    QStringList saetze = QStringList{text} + hinweise;
+    QStringList saetze = warnungen + QStringList{text} + hinweise;
     saetze.removeAll(QString());
     return saetze.join(u", "_s);
 }
@@ -127,11 +127,16 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
     return gefasst(platz, [&](Geschehen &g) {
         for (QString *feld : {&dokument.datum, &dokument.gegenueber, &dokument.titel, &dokument.jahr})
             *feld = nfc(feld->trimmed());
+<<<<<<< HEAD
         if (!dokument.datum.isEmpty() && !Einordnung::istDatum(dokument.datum))
             throw Fehler(Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s));
         if (!dokument.datum.isEmpty() && !Einordnung::istTag(dokument.datum, QDate::currentDate()))
             throw Fehler(Sprache::text(
                 u"Diesen Tag gibt es nicht, oder er liegt nicht zwischen 1900 und dem Ende des nächsten Jahres"_s));
+=======
+        if (const QString mangel = Einordnung::datumsmangel(dokument.datum); !mangel.isEmpty())
+            throw Fehler(mangel);
+>>>>>>> 9422e11 (Review: too early keys, drafts, days, old place; undo says why)
         wartetNoch(platz, dokument.id);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.uebernehmen(dokument);
@@ -140,6 +145,7 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
         g.text = platz.profil.kopieren ? gefuellt(Sprache::text(u"Kopiert: %@"_s), {name})
                                        : gefuellt(Sprache::text(u"Einsortiert: %@"_s), {name});
         g.rueckweg = Rueckweg{.dokument = dokument.id, .status = {}};
+        g.uebernommen = dokument.id;
     });
 }
 
