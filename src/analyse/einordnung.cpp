@@ -13,7 +13,7 @@ namespace
 {
 /** Without a date or a known rubric the model cannot have been sure. */
 constexpr double hoechstensUnvollstaendig = 0.4;
-constexpr int erstesJahr = 1900;
+constexpr int fruehestes = 1900; ///< year that a document may be of
 
 QString zweignamen(const Profil &profil)
 {
@@ -129,28 +129,23 @@ bool Einordnung::istDatum(const QString &text)
     return form.match(text).hasMatch();
 }
 
-<<<<<<< HEAD
 bool Einordnung::istTag(const QString &text, const QDate &heute)
 {
-    constexpr int fruehestes = 1900;
     const QDate tag = istDatum(text) ? QDate::fromString(text, Qt::ISODate) : QDate();
     return tag.isValid() && tag.year() >= fruehestes && tag.year() <= heute.year() + 1;
-=======
+}
+
 QString Einordnung::datumsmangel(const QString &text)
 {
-    if (text.isEmpty())
+    const QDate heute = QDate::currentDate();
+    if (text.isEmpty() || istTag(text, heute))
         return {};
     if (!istDatum(text))
         return Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
-    const QDate tag = QDate::fromString(text, Qt::ISODate);
-    if (!tag.isValid())
-        return Sprache::text(u"Diesen Tag gibt es nicht"_s);
-    const int letztes = QDate::currentDate().year() + 1;
-    return tag.year() >= erstesJahr && tag.year() <= letztes
-               ? QString()
-               : gefuellt(Sprache::text(u"Das Jahr liegt nicht zwischen %@ und %@"_s),
-                          {QString::number(erstesJahr), QString::number(letztes)});
->>>>>>> 9422e11 (Review: too early keys, drafts, days, old place; undo says why)
+    return QDate::fromString(text, Qt::ISODate).isValid()
+               ? gefuellt(Sprache::text(u"Das Jahr liegt nicht zwischen %@ und %@"_s),
+                          {QString::number(fruehestes), QString::number(heute.year() + 1)})
+               : Sprache::text(u"Diesen Tag gibt es nicht"_s);
 }
 
 QString Einordnung::datumAusName(const QString &name)

@@ -39,13 +39,11 @@ namespace Einordnung
 /** Has the form of a date, JJJJ-MM-TT; not checked against the calendar. */
 [[nodiscard]] bool istDatum(const QString &text);
 
-<<<<<<< HEAD
 /** A day that there is, from 1900 to the end of the year after @p heute: what a document may be filed under. */
 [[nodiscard]] bool istTag(const QString &text, const QDate &heute);
-=======
+
 /** Why @p text cannot be the date of a document that is filed, for the user; empty for a day, and for no date. */
 [[nodiscard]] QString datumsmangel(const QString &text);
->>>>>>> 9422e11 (Review: too early keys, drafts, days, old place; undo says why)
 
 /** The first date of the 20th or 21st century in a file name, as JJJJ-MM-TT; empty if there is none. */
 [[nodiscard]] QString datumAusName(const QString &name);

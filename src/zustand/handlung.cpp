@@ -127,16 +127,8 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
     return gefasst(platz, [&](Geschehen &g) {
         for (QString *feld : {&dokument.datum, &dokument.gegenueber, &dokument.titel, &dokument.jahr})
             *feld = nfc(feld->trimmed());
-<<<<<<< HEAD
-        if (!dokument.datum.isEmpty() && !Einordnung::istDatum(dokument.datum))
-            throw Fehler(Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s));
-        if (!dokument.datum.isEmpty() && !Einordnung::istTag(dokument.datum, QDate::currentDate()))
-            throw Fehler(Sprache::text(
-                u"Diesen Tag gibt es nicht, oder er liegt nicht zwischen 1900 und dem Ende des nächsten Jahres"_s));
-=======
         if (const QString mangel = Einordnung::datumsmangel(dokument.datum); !mangel.isEmpty())
             throw Fehler(mangel);
->>>>>>> 9422e11 (Review: too early keys, drafts, days, old place; undo says why)
         wartetNoch(platz, dokument.id);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.uebernehmen(dokument);

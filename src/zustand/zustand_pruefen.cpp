@@ -61,12 +61,7 @@ void Zustand::altenOrtBehalten()
 
 QString Zustand::datumsmangel() const
 {
-<<<<<<< HEAD
-    const QString datum = m_stueck ? m_stueck->dokument.datum.trimmed() : QString();
-    return datum.isEmpty() || Einordnung::istTag(datum, QDate::currentDate());
-=======
     return m_stueck ? Einordnung::datumsmangel(m_stueck->dokument.datum.trimmed()) : QString();
->>>>>>> 9422e11 (Review: too early keys, drafts, days, old place; undo says why)
 }
 
 QString Zustand::neuerName() const

@@ -278,22 +278,11 @@ void Angaben::tagZeigen()
 {
     const Dokument *d = m_zustand->aktuelles();
     const QString datum = d ? d->datum.trimmed() : QString();
-<<<<<<< HEAD
-    const QDate tag = QDate::fromString(datum, Qt::ISODate);
-    const bool falsch = !m_zustand->datumGueltig();
-    QString text = tag.isValid() ? QLocale().toString(tag, u"dddd"_s) : QString();
-    if (falsch && !Einordnung::istDatum(datum))
-        text = Sprache::text(u"Bitte als JJJJ-MM-TT"_s);
-    else if (falsch)
-        text = tag.isValid() ? Sprache::text(u"Nur von 1900 bis Ende nächsten Jahres"_s)
-                             : Sprache::text(u"Diesen Tag gibt es nicht"_s);
-=======
     const QString mangel = m_zustand->datumsmangel();
     const bool falsch = !mangel.isEmpty();
     QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
     if (falsch && !Einordnung::istDatum(datum))
         text = Sprache::text(u"Bitte als JJJJ-MM-TT"_s);
->>>>>>> 9422e11 (Review: too early keys, drafts, days, old place; undo says why)
     m_tag->setText(text);
     Stil::setzeTextfarbe(m_tag,
                          falsch ? Stil::farbe(Stil::Bedeutung::Warnung, palette()) : Stil::nebenfarbe(palette()));
