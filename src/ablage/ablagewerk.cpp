@@ -187,6 +187,7 @@ void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeicher
     absicht.status = vorhaben.status;
     absicht.vorher = gespeichert.gegenueber;
     absicht.tat = vorhaben.tat;
+    absicht.profil = m_profil;
     if (vorhaben.werte)
         absicht.werte = *vorhaben.werte;
     const Dateibewegung::Auftrag auftrag{.von = gespeichert.pfad,

@@ -74,7 +74,7 @@ Aufzeichnung::Ergebnis Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
     Ergebnis ergebnis;
     if (a.werte) {
         werteSchreiben(t, db, *a.werte);
-        ergebnis.angepasst = Lernspeicher(db).merken(*a.werte, a.vorher);
+        ergebnis.angepasst = Lernspeicher(db, a.profil).merken(*a.werte, a.vorher);
     }
     const Protokollzeile &z = a.zeile;
     muss(t, db,

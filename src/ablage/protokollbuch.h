@@ -10,11 +10,18 @@
 
 class Datenbank;
 
+/** Why a movement of a session was not turned back. */
+struct Rueckbaubefund {
+    qsizetype stelle = -1; ///< of its line among Protokollbuch::lesen(); -1: of the session as a whole
+    QString grund;         ///< in the user's language
+    bool operator==(const Rueckbaubefund &) const = default;
+};
+
 /** What turning a session back came to. */
 struct Bilanz {
     qint64 zurueckgedreht = 0;
-    QStringList fehler;       ///< a line for each movement that failed, in order
-    qint64 uebersprungen = 0; ///< passed over: turned back already, vanished, or its old place is taken
+    QList<Rueckbaubefund> fehler;        ///< movements that failed, in order
+    QList<Rueckbaubefund> uebersprungen; ///< passed over: turned back already, vanished, or its old place is taken
     bool operator==(const Bilanz &) const = default;
 };
 

@@ -4,6 +4,7 @@
 #include "bewegungspruefung.h"
 #include "pfade.h"
 #include "ruecknahme.h"
+#include "sprache.h"
 #include "text.h"
 
 #include <QDir>
@@ -21,83 +22,88 @@ bool istPdf(const QString &pfad) { return pfad.endsWith(".pdf"_L1, Qt::CaseInsen
 
 Rueckbau::Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt,
                    std::stop_token ende, const QStringList &grenzen)
-    : m_zeilen(Protokollbuch::lesen(datei)), m_db(std::move(db)), m_fortschritt(std::move(fortschritt)),
-      m_ende(std::move(ende))
+    : m_db(std::move(db)), m_fortschritt(std::move(fortschritt)), m_ende(std::move(ende))
 {
     const auto kopf = Protokollbuch::kopf(datei);
     m_herkunft = kopf ? kopf->quelle : QString();
     m_grenzen = kopf ? QStringList{kopf->quelle, kopf->ziel} : grenzen;
-    // Newest first, so that a document moved twice ends at its first place.
-    std::reverse(m_zeilen.begin(), m_zeilen.end());
-    for (Protokollzeile &zeile : m_zeilen) {
+    for (Protokollzeile &zeile : Protokollbuch::lesen(datei)) {
         zeile.von = nfc(zeile.von);
         zeile.nach = nfc(zeile.nach);
+        m_eintraege << Eintrag{.stelle = m_eintraege.size(), .zeile = std::move(zeile)};
     }
+    // Newest first, so that a document moved twice ends at its first place.
+    std::reverse(m_eintraege.begin(), m_eintraege.end());
 }
 
 Rueckbau::~Rueckbau() = default;
 
 Bilanz Rueckbau::ausfuehren()
 {
-    if (m_zeilen.isEmpty())
+    if (m_eintraege.isEmpty())
         return {};
     try {
         if (m_db)
             m_gang = std::make_unique<Bewegungsgang>(m_db);
-        QList<Protokollzeile> offene;
+        QList<Eintrag> offene;
         QSet<QString> orte;
-        for (const Protokollzeile &zeile : std::as_const(m_zeilen)) {
+        for (const Eintrag &eintrag : std::as_const(m_eintraege)) {
+            const Protokollzeile &zeile = eintrag.zeile;
             // Whether a movement can be taken back shows only when those after it at the same places are back.
             const bool beruehrt = orte.contains(zeile.von) || orte.contains(zeile.nach);
             if (offene.size() >= hoechstensGruppe || beruehrt) {
                 gruppe(std::exchange(offene, {}));
                 orte.clear();
             }
-            offene << zeile;
+            offene << eintrag;
             orte << zeile.von << zeile.nach;
         }
         gruppe(offene);
     } catch (const Fehler &f) {
-        m_bilanz.fehler << inSprache(f);
+        m_bilanz.fehler << Rueckbaubefund{.stelle = -1, .grund = inSprache(f)};
     }
     return m_bilanz;
 }
 
-void Rueckbau::gruppe(const QList<Protokollzeile> &zeilen)
+void Rueckbau::gruppe(const QList<Eintrag> &eintraege)
 {
-    if (m_ende.stop_requested()) {
-        m_bilanz.uebersprungen += zeilen.size();
-        return;
-    }
+    const bool angehalten = m_ende.stop_requested();
     QList<Absicht> absichten;
-    for (const Protokollzeile &zeile : zeilen) {
-        if (auto absicht = pruefen(zeile)) {
-            absichten << std::move(*absicht);
-        } else {
-            ++m_bilanz.uebersprungen;
+    QList<qsizetype> stellen;
+    for (const Eintrag &eintrag : eintraege) {
+        Absicht absicht;
+        const QString grund = angehalten ? Sprache::text(u"Angehalten, bevor diese Bewegung an der Reihe war"_s)
+                                         : pruefen(eintrag.zeile, absicht);
+        if (!grund.isEmpty()) {
+            m_bilanz.uebersprungen << Rueckbaubefund{.stelle = eintrag.stelle, .grund = grund};
             weiter();
+            continue;
         }
+        absichten << std::move(absicht);
+        stellen << eintrag.stelle;
     }
     const QStringList fehler = absichten.isEmpty() ? QStringList() : zuruecknehmen(absichten);
     for (qsizetype i = 0; i < fehler.size(); ++i) {
         if (fehler.at(i).isEmpty())
             ++m_bilanz.zurueckgedreht;
         else
-            m_bilanz.fehler << nameVon(absichten.at(i).zeile.nach) + u": "_s + fehler.at(i);
+            m_bilanz.fehler << Rueckbaubefund{.stelle = stellen.at(i), .grund = fehler.at(i)};
     }
 }
 
-void Rueckbau::weiter() { m_fortschritt(++m_fertig, m_zeilen.size()); }
+void Rueckbau::weiter() { m_fortschritt(++m_fertig, m_eintraege.size()); }
 
-/** The intent to take @p zeile back; none when it is passed over. */
-std::optional<Absicht> Rueckbau::pruefen(const Protokollzeile &zeile) const
+/** Makes the intent to take @p zeile back. Returns why it is passed over, or nothing. */
+QString Rueckbau::pruefen(const Protokollzeile &zeile, Absicht &absicht) const
 {
     const auto stand =
         m_db && zeile.dokument > 0 ? Bewegungspruefung::verzeichnet(*m_db, zeile) : Bewegungspruefung::Verzeichnet();
-    if (stand.zurueck || (stand.protokollId == 0 && !istErlaubt(zeile)) ||
-        !Bewegungspruefung::hindernis(zeile, stand).isEmpty())
-        return std::nullopt;
-    Absicht absicht;
+    if (stand.zurueck)
+        return Sprache::text(u"Diese Bewegung ist schon zurückgedreht"_s);
+    if (stand.protokollId == 0 && !istErlaubt(zeile))
+        return Sprache::text(u"Nur PDF-Dateien zwischen Herkunfts- und Zielordner werden zurückbewegt"_s);
+    if (QString grund = Bewegungspruefung::hindernis(zeile, stand); !grund.isEmpty())
+        return grund;
     absicht.art = Absicht::Art::Ruecknahme;
     absicht.zeile = zeile;
     if (absicht.zeile.vonName.isEmpty())
@@ -106,7 +112,7 @@ std::optional<Absicht> Rueckbau::pruefen(const Protokollzeile &zeile) const
     absicht.status = zeile.altStatus.isEmpty() ? u"bereit"_s : zeile.altStatus;
     if (const auto angaben = Dateibewegung::angabenVon(zeile.nach))
         absicht.uebernehmen(*angaben);
-    return absicht;
+    return {};
 }
 
 /**

@@ -18,12 +18,16 @@ public:
 
 private:
     void weiter();
-    void gruppe(const QList<Protokollzeile> &zeilen);
-    [[nodiscard]] std::optional<Absicht> pruefen(const Protokollzeile &zeile) const;
+    struct Eintrag {
+        qsizetype stelle = 0; ///< in the log
+        Protokollzeile zeile;
+    };
+    void gruppe(const QList<Eintrag> &eintraege);
+    [[nodiscard]] QString pruefen(const Protokollzeile &zeile, Absicht &absicht) const;
     [[nodiscard]] bool istErlaubt(const Protokollzeile &zeile) const;
     [[nodiscard]] QStringList zuruecknehmen(const QList<Absicht> &absichten);
 
-    QList<Protokollzeile> m_zeilen;
+    QList<Eintrag> m_eintraege; ///< newest first
     QString m_herkunft;
     QStringList m_grenzen; ///< folders between which lines that the catalogue does not know may move files
     std::shared_ptr<Datenbank> m_db;

@@ -54,14 +54,14 @@ struct Analyse::Verbindung {
         }
     }
 
-    void abmelden(const Laufstand &stand, const QStringList &hinweise)
+    void abmelden(const Laufstand &stand, const Lauffazit &fazit)
     {
         const std::lock_guard sperre(schloss);
         fertig = true;
         ende.notify_all();
         if (ziel)
             QMetaObject::invokeMethod(
-                ziel, [z = ziel, stand, hinweise] { z->schluss(stand, hinweise); }, Qt::QueuedConnection);
+                ziel, [z = ziel, stand, fazit] { z->schluss(stand, fazit); }, Qt::QueuedConnection);
     }
 };
 
@@ -70,13 +70,16 @@ namespace
 constexpr auto laengstesWarten = 900ms;
 
 /** The stages one after the other; each looks for the wish to stop by itself. */
-void stufen(Lauf &lauf, bool nurLesen)
+void stufen(Lauf &lauf, const Laufauftrag &auftrag)
 {
     Bestand::aufnehmen(lauf);
     if (lauf.sollHalten())
         return;
+    // Not before: the inventory may refuse the run, and what failed would have lost its reason for nothing.
+    if (auftrag.erneut)
+        Wiedervorlage::oeffnen(lauf.db(), auftrag.nurDies);
     Textleser::textLesen(lauf);
-    if (nurLesen || lauf.sollHalten())
+    if (auftrag.nurLesen || lauf.sollHalten())
         return;
     Einordner::einordnen(lauf);
     if (!lauf.sollHalten() && lauf.profil().zweitmeinung)
@@ -84,7 +87,7 @@ void stufen(Lauf &lauf, bool nurLesen)
 }
 
 /** One whole run; tells the state in which it ended. */
-Laufstand durchgang(Lauf &lauf, bool erneut, bool nurLesen)
+Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag)
 {
     const auto angehalten = [](const QString &grund) {
         return Laufstand{.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
@@ -96,9 +99,7 @@ Laufstand durchgang(Lauf &lauf, bool erneut, bool nurLesen)
         const auto sperre = Sperrdatei::nehmen(lauf.db().pfad() + u".lauf"_s, 0ms);
         if (!sperre)
             return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));
-        if (erneut)
-            Wiedervorlage::oeffnen(lauf.db());
-        stufen(lauf, nurLesen);
+        stufen(lauf, auftrag);
     } catch (const Fehler &f) {
         return angehalten(f.text());
     } catch (const std::exception &f) {
@@ -140,23 +141,22 @@ void Analyse::abbrechen()
 
 void Analyse::sofortBeenden() { m_faden.request_stop(); }
 
-void Analyse::allesStarten(bool erneut, bool nurLesen)
+void Analyse::allesStarten(const Laufauftrag &auftrag)
 {
     if (m_laeuft)
         return;
     m_laeuft = true;
-    m_hinweise.clear();
+    m_fazit = {};
     m_stand = {};
     m_verbindung = std::make_shared<Verbindung>();
     m_verbindung->ziel = this;
-    m_faden =
-        std::jthread([v = m_verbindung, db = m_db, profil = m_profil, erneut, nurLesen](const std::stop_token &ende) {
-            Lauf lauf(
-                db, profil, [v] { return v->abbrechen.load(); }, ende,
-                [v](const Laufstand &stand) { v->melden(v, stand); });
-            const Laufstand stand = durchgang(lauf, erneut, nurLesen);
-            v->abmelden(stand, lauf.hinweise());
-        });
+    m_faden = std::jthread([v = m_verbindung, db = m_db, profil = m_profil, auftrag](const std::stop_token &ende) {
+        Lauf lauf(
+            db, profil, [v] { return v->abbrechen.load(); }, ende,
+            [v](const Laufstand &stand) { v->melden(v, stand); });
+        const Laufstand stand = durchgang(lauf, auftrag);
+        v->abmelden(stand, lauf.fazit());
+    });
     Q_EMIT geaendert();
 }
 
@@ -166,15 +166,15 @@ void Analyse::standSetzen(const Laufstand &stand)
     Q_EMIT geaendert();
 }
 
-void Analyse::schluss(const Laufstand &stand, const QStringList &hinweise)
+void Analyse::schluss(const Laufstand &stand, const Lauffazit &fazit)
 {
     // The last counts stay readable unless the end has something to say itself.
     const QString meldung = stand.meldung.isEmpty() ? m_stand.meldung : stand.meldung;
     m_stand = stand;
     m_stand.meldung = meldung;
-    m_hinweise = hinweise;
+    m_fazit = fazit;
     if (!stand.meldung.isEmpty())
-        m_hinweise << stand.meldung;
+        m_fazit.hinweise << stand.meldung;
     m_laeuft = false;
     Q_EMIT geaendert();
     Q_EMIT beendet();

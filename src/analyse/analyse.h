@@ -4,7 +4,15 @@
 
 #include <QObject>
 #include <memory>
+#include <optional>
 #include <thread>
+
+/** What a run is to do beyond the usual. */
+struct Laufauftrag {
+    bool erneut = false;           ///< reopen what failed before, once it is certain that the run takes place
+    std::optional<qint64> nurDies; ///< of the failed documents reopen only this one
+    bool nurLesen = false;         ///< end before the model is asked
+};
 
 /**
  * Runs the whole analysis of a profile's source folder as one job in the background and publishes its progress. All
@@ -22,10 +30,9 @@ public:
     ~Analyse() override;
 
     /**
-     * Starts a run on the profile as set; ignored while one is active. Returns at once. @p erneut first reopens the
-     * documents that failed; @p nurLesen ends it before the model is asked.
+     * Starts a run on the profile as set; ignored while one is active. Returns at once.
      */
-    void allesStarten(bool erneut = false, bool nurLesen = false);
+    void allesStarten(const Laufauftrag &auftrag = {});
     /** Asks the run to stop after the document in hand. */
     void abbrechen();
     /** Ends the run at once, as the end of the program does. */
@@ -42,8 +49,9 @@ public:
     [[nodiscard]] const QString &meldung() const { return m_stand.meldung; }
     [[nodiscard]] double anteil() const { return m_stand.anteil; }
     [[nodiscard]] const QString &restzeit() const { return m_stand.restzeit; }
-    /** What the last run has to say beyond its results: what was left out, why it ended early. */
-    [[nodiscard]] const QStringList &hinweise() const { return m_hinweise; }
+    /** What the last run has to say beyond its results. */
+    [[nodiscard]] const Lauffazit &fazit() const { return m_fazit; }
+    [[nodiscard]] const QStringList &hinweise() const { return m_fazit.hinweise; }
 
 Q_SIGNALS:
     void geaendert();
@@ -53,12 +61,12 @@ Q_SIGNALS:
 private:
     struct Verbindung;
     void standSetzen(const Laufstand &stand);
-    void schluss(const Laufstand &stand, const QStringList &hinweise);
+    void schluss(const Laufstand &stand, const Lauffazit &fazit);
 
     std::shared_ptr<Datenbank> m_db;
     Profil m_profil;
     Laufstand m_stand;
-    QStringList m_hinweise;
+    Lauffazit m_fazit;
     bool m_laeuft = false;
     std::shared_ptr<Verbindung> m_verbindung;
     std::jthread m_faden;

@@ -3,11 +3,13 @@
 #include "datenbank.h"
 #include "dokument.h"
 #include "fehlertext.h"
+#include "http.h"
 #include "lauf.h"
 #include "lernspeicher.h"
 #include "sprache.h"
 #include "stapel.h"
 #include "text.h"
+#include "transaktion.h"
 #include "werkzeuge.h"
 #include "ziel.h"
 
@@ -47,8 +49,8 @@ void gegenueberPruefen(const Werkbank &bank, Einordnungsergebnis &e, const QStri
         return;
     e.gegenueber.clear();
     try {
-        e.gegenueber =
-            nachfragen(bank.gegenpruefung, text, bank.lauf.profil(), bank.ollama, bank.lauf.ende()).value_or(QString());
+        const auto name = nachfragen(bank.gegenpruefung, text, bank.lauf.profil(), bank.ollama, bank.lauf.ende());
+        e.gegenueber = name.value_or(QString());
     } catch (const Werkzeuge::Abgebrochen &) {
         throw;
     } catch (const Fehler &) {
@@ -91,20 +93,25 @@ Vorschlag vorschlagen(const Werkbank &bank, const Zeile &zeile)
     const QString dateiname = zeile.text(u"dateiname");
     if (text.isEmpty())
         throw Fehler(Sprache::text(u"kein Text"_s));
-    const QJsonObject antwort = bank.ollama.fragen(
-        profil.modell, Einordnung::frage(bank.anweisung, dateiname, text, profil.maxZeichen), 300s, bank.lauf.ende());
+    const std::stop_token &ende = bank.lauf.ende();
+    const QString frage = Einordnung::frage(bank.anweisung, dateiname, text, profil.maxZeichen);
+    const QJsonObject antwort = bank.ollama.fragen(bank.ollama.hiesiges(profil.modell, ende), frage, 300s, ende);
     Vorschlag v;
     v.ergebnis = Einordnung::auswerten(antwort, dateiname, profil);
-    if (const auto rubrik = bank.richtung.berichtigt(v.ergebnis.rubrik, text, profil)) {
-        v.ergebnis.rubrik = *rubrik;
-        v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensNachRegel);
-    }
+    Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, text, profil);
     gegenueberPruefen(bank, v.ergebnis, text);
     v.modellOrt = v.ergebnis.ort();
+    return v;
+}
+
+/** What the user has taught, and last of all what the owner's address proves. */
+void wissenAnwenden(const Werkbank &bank, const Zeile &zeile, Vorschlag &v)
+{
+    const Profil &profil = bank.lauf.profil();
     gelerntesAnwenden(bank.lauf.db(), v);
+    Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, zeile.text(u"text"), profil);
     if (v.ortQuelle.isEmpty())
         v.ortQuelle = ortQuelle(profil, zeile.text(u"alt_ordner"), v.ergebnis.ort());
-    return v;
 }
 
 Dokument mitErgebnis(const Zeile &zeile, const Einordnungsergebnis &e)
@@ -120,19 +127,23 @@ Dokument mitErgebnis(const Zeile &zeile, const Einordnungsergebnis &e)
     return d;
 }
 
-void speichern(const Werkbank &bank, const Zeile &zeile, const Vorschlag &v, const QString &dauer)
+void speichern(const Werkbank &bank, const Zeile &zeile, Vorschlag v, const QString &dauer)
 {
+    // One transaction, so that nothing is taught between the looking up and the storing.
+    Transaktion transaktion(bank.lauf.db());
+    wissenAnwenden(bank, zeile, v);
     const Einordnungsergebnis &e = v.ergebnis;
     const QString name = Ziel::dateiname(mitErgebnis(zeile, e), bank.lauf.profil());
     Stapel stapel(bank.lauf.db());
     stapel.schreiben(u"UPDATE dokumente SET status='bereit', datum=?, gegenueber=?, titel=?, zweig=?,\n"
                      "ablage=?, rubrik=?, jahr=?, konfidenz=?, vorschlag=?, zeit=?,\n"
                      "modell_zweig=?, modell_ablage=?, modell_rubrik=?, ort_quelle=?,\n"
-                     "gelernt_von=? WHERE id=? AND status='neu'"_s,
+                     "gelernt_von=? WHERE id=? AND status='neu' AND ausgenommen=0"_s,
                      {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, name, dauer,
                       v.modellOrt.zweig, v.modellOrt.ablage, v.modellOrt.rubrik, v.ortQuelle, v.gelerntVon,
                       zeile.ganz(u"id")});
     stapel.abschliessen();
+    transaktion.abschliessen();
 }
 
 /** The reason for a failure: why the document could not be read if that was it, else what the attempt ran into. */
@@ -142,13 +153,27 @@ QString grund(const Zeile &zeile, const Fehler &f)
     return bisher.isNull() ? f.text() : bisher;
 }
 
+/** What concerns every document, and not only the one in hand. */
+void hindernisMelden(const Werkbank &bank, const Fehler &f)
+{
+    if (dynamic_cast<const Http::Unerreichbar *>(&f))
+        bank.lauf.hindernis(Laufhindernis::Art::ServerWeg);
+    else if (dynamic_cast<const ModellAnderswo *>(&f))
+        bank.lauf.hindernis(Laufhindernis::Art::ModellAnderswo, bank.lauf.profil().modell);
+}
+
 void scheitern(const Werkbank &bank, const Zeile &zeile, const Fehler &f, const QString &dauer)
 {
+    const QString warum = grund(zeile, f);
+    hindernisMelden(bank, f);
     Stapel stapel(bank.lauf.db());
-    stapel.schreiben(u"UPDATE dokumente SET status='bereit', konfidenz=0, vorschlag=?, fehler=?, zeit=?\n"
-                     "WHERE id=? AND status='neu'"_s,
-                     {zeile.text(u"dateiname"), Fehlertext::einordnen(grund(zeile, f)), dauer, zeile.ganz(u"id")});
+    const int geschrieben =
+        stapel.schreiben(u"UPDATE dokumente SET status='bereit', konfidenz=0, vorschlag=?, fehler=?, zeit=?\n"
+                         "WHERE id=? AND status='neu' AND ausgenommen=0"_s,
+                         {zeile.text(u"dateiname"), Fehlertext::einordnen(warum), dauer, zeile.ganz(u"id")});
     stapel.abschliessen();
+    if (geschrieben > 0)
+        bank.lauf.gescheitert(warum);
 }
 
 void einesEinordnen(const Werkbank &bank, const Zeile &zeile)
@@ -172,9 +197,20 @@ void einesEinordnen(const Werkbank &bank, const Zeile &zeile)
 std::optional<QString> nachfragen(const Gegenpruefung &pruefung, const QString &text, const Profil &profil,
                                   const Ollama &ollama, const std::stop_token &ende)
 {
-    const QJsonObject antwort = ollama.fragen(profil.modell, Gegenpruefung::frage(text, profil), 300s, ende);
+    const QString modell = ollama.hiesiges(profil.modell, ende);
+    const QJsonObject antwort = ollama.fragen(modell, Gegenpruefung::frage(text, profil), 300s, ende);
     const QString name = nfc(antwort.value("gegenueber"_L1).toString()).trimmed();
     return name.isEmpty() || pruefung.istEigen(name) ? std::nullopt : std::optional(name);
+}
+
+void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnungsergebnis &e, const QString &text,
+                                    const Profil &profil)
+{
+    const auto rubrik = richtung.berichtigt(e.rubrik, text, profil);
+    if (!rubrik)
+        return;
+    e.rubrik = *rubrik;
+    e.konfidenz = std::max(e.konfidenz, mindestensNachRegel);
 }
 
 void Einordner::einordnen(Lauf &lauf)
@@ -184,9 +220,10 @@ void Einordner::einordnen(Lauf &lauf)
         u"SELECT id FROM dokumente WHERE status='neu' AND vorschlag IS NULL AND ausgenommen=0 ORDER BY id"_s);
     const Werkbank bank(lauf);
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
-        const QList<Zeile> zeilen = lauf.db().abfragen(
-            u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id WHERE d.id=?"_s,
-            {offene.at(i).ganz(u"id")});
+        const QList<Zeile> zeilen =
+            lauf.db().abfragen(u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id\n"
+                               "WHERE d.id=? AND d.status='neu' AND d.vorschlag IS NULL AND d.ausgenommen=0"_s,
+                               {offene.at(i).ganz(u"id")});
         try {
             if (!zeilen.isEmpty())
                 einesEinordnen(bank, zeilen.first());

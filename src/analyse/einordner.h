@@ -20,6 +20,10 @@ namespace Einordner
 constexpr double mindestensNachRegel = 0.9; ///< confidence once the invoice rule has spoken
 constexpr double mindestensGelernt = 0.85;  ///< confidence of a place that the user has taught
 
+/** Gives @p e the invoice rubric that the owner's address in @p text proves. */
+void richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnungsergebnis &e, const QString &text,
+                         const Profil &profil);
+
 /** The stage. Throws Fehler when the catalogue cannot be written. */
 void einordnen(Lauf &lauf);
 } // namespace Einordner

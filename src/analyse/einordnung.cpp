@@ -1,7 +1,9 @@
 #include "einordnung.h"
 
+#include "sprache.h"
 #include "text.h"
 
+#include <QDate>
 #include <QRegularExpression>
 #include <algorithm>
 
@@ -11,6 +13,7 @@ namespace
 {
 /** Without a date or a known rubric the model cannot have been sure. */
 constexpr double hoechstensUnvollstaendig = 0.4;
+constexpr int fruehestes = 1900; ///< year that a document may be of
 
 QString zweignamen(const Profil &profil)
 {
@@ -113,10 +116,36 @@ Einordnungsergebnis Einordnung::auswerten(const QJsonObject &antwort, const QStr
     return e;
 }
 
+bool Einordnung::sagtNichts(const QJsonObject &antwort, const Einordnungsergebnis &ergebnis)
+{
+    // The date of the result may be that of the file name.
+    return ergebnis.gegenueber.isEmpty() && ergebnis.titel.isEmpty() && ergebnis.zweig.isEmpty() &&
+           !istDatum(textAus(antwort, u"datum"_s));
+}
+
 bool Einordnung::istDatum(const QString &text)
 {
     static const QRegularExpression form(u"^\\d{4}-\\d{2}-\\d{2}\\z"_s);
     return form.match(text).hasMatch();
+}
+
+bool Einordnung::istTag(const QString &text, const QDate &heute)
+{
+    const QDate tag = istDatum(text) ? QDate::fromString(text, Qt::ISODate) : QDate();
+    return tag.isValid() && tag.year() >= fruehestes && tag.year() <= heute.year() + 1;
+}
+
+QString Einordnung::datumsmangel(const QString &text)
+{
+    const QDate heute = QDate::currentDate();
+    if (text.isEmpty() || istTag(text, heute))
+        return {};
+    if (!istDatum(text))
+        return Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
+    return QDate::fromString(text, Qt::ISODate).isValid()
+               ? gefuellt(Sprache::text(u"Das Jahr liegt nicht zwischen %@ und %@"_s),
+                          {QString::number(fruehestes), QString::number(heute.year() + 1)})
+               : Sprache::text(u"Diesen Tag gibt es nicht"_s);
 }
 
 QString Einordnung::datumAusName(const QString &name)

@@ -2,6 +2,7 @@
 
 #include "profil.h"
 
+#include <QDate>
 #include <QJsonObject>
 
 /** One checked classification. Texts are trimmed; the place holds only levels that the profile knows. */
@@ -32,8 +33,17 @@ namespace Einordnung
 /** Checks the model's answer against form and structure; @p altName is the document's present file name. */
 [[nodiscard]] Einordnungsergebnis auswerten(const QJsonObject &antwort, const QString &altName, const Profil &profil);
 
+/** @p antwort, of which @p ergebnis was made, has neither date nor counterpart nor title nor a place that is known. */
+[[nodiscard]] bool sagtNichts(const QJsonObject &antwort, const Einordnungsergebnis &ergebnis);
+
 /** Has the form of a date, JJJJ-MM-TT; not checked against the calendar. */
 [[nodiscard]] bool istDatum(const QString &text);
+
+/** A day that there is, from 1900 to the end of the year after @p heute: what a document may be filed under. */
+[[nodiscard]] bool istTag(const QString &text, const QDate &heute);
+
+/** Why @p text cannot be the date of a document that is filed, for the user; empty for a day, and for no date. */
+[[nodiscard]] QString datumsmangel(const QString &text);
 
 /** The first date of the 20th or 21st century in a file name, as JJJJ-MM-TT; empty if there is none. */
 [[nodiscard]] QString datumAusName(const QString &name);

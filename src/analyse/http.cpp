@@ -71,7 +71,7 @@ void verbinden(QTcpSocket &leitung, const Http::Anfrage &a, const Uhr &uhr)
             return;
         // Waiting in vain gives the attempt up, so the next slice begins a new one: the server may just be busy.
         if (leitung.error() != QAbstractSocket::SocketTimeoutError)
-            throw Fehler(Sprache::text(u"Der Modellserver ollama läuft nicht"_s));
+            throw Http::Unerreichbar();
         uhr.pruefen();
     }
 }
@@ -89,6 +89,8 @@ bool warten(QTcpSocket &leitung, const Uhr &uhr)
     return true;
 }
 } // namespace
+
+Http::Unerreichbar::Unerreichbar() : Fehler(Sprache::text(u"Der Modellserver ollama läuft nicht"_s)) {}
 
 Http::Antwort Http::senden(const Anfrage &anfrage)
 {

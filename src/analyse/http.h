@@ -1,5 +1,7 @@
 #pragma once
 
+#include "fehler.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
@@ -26,12 +28,19 @@ struct Anfrage {
     std::stop_token ende;
 };
 
+/** Nobody listens at the server's address. */
+class Unerreichbar : public Fehler
+{
+public:
+    Unerreichbar();
+};
+
 struct Antwort {
     int status = 0;
     QByteArray koerper;
 };
 
-/** Throws Fehler when there is no connection, no complete answer in time, or too long a one. */
+/** Throws Unerreichbar when nobody listens, another Fehler when no complete answer comes in time, or too long a one. */
 Antwort senden(const Anfrage &anfrage);
 
 /** Takes an answer apart as its bytes come. Throws Fehler at what is no HTTP. */

@@ -1,6 +1,26 @@
 #include "lauf.h"
 
+#include "ollama.h"
 #include "restzeit.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+QString Laufhindernis::satz() const
+{
+    switch (art) {
+    case Art::ModellFehlt:
+        return gefuellt(Sprache::text(u"Das Modell %@ fehlt. Damit wurde nichts nachgeprüft."_s), {modell});
+    case Art::ModellAnderswo:
+        return ModellAnderswo::satz(modell) + u'.';
+    case Art::ServerWeg:
+        break;
+    }
+    return Sprache::text(u"Der Modellserver ollama läuft nicht mehr. Was danach kam, blieb unbeantwortet."_s);
+}
 
 Lauf::Lauf(std::shared_ptr<Datenbank> db, Profil profil, std::function<bool()> halt, std::stop_token ende,
            Melden melden)
@@ -28,4 +48,23 @@ void Lauf::fortschritt(const QString &text, qsizetype fertig, qsizetype gesamt)
     m_stand.anteil = gesamt > 0 ? double(fertig) / double(gesamt) : 1;
     m_stand.restzeit = restzeitText(std::chrono::steady_clock::now() - m_beginn, fertig, gesamt);
     m_melden(m_stand);
+}
+
+void Lauf::hindernis(Laufhindernis::Art art, const QString &modell)
+{
+    const Laufhindernis neu{.art = art, .modell = modell};
+    if (!m_fazit.hindernisse.contains(neu))
+        m_fazit.hindernisse << neu;
+    if (!m_fazit.behinderte.contains(m_stand.stufe))
+        m_fazit.behinderte << m_stand.stufe;
+}
+
+void Lauf::gescheitert(const QString &grund)
+{
+    auto &liste = m_fazit.gescheiterte;
+    const auto bekannt = std::find_if(liste.begin(), liste.end(), [&](const auto &g) { return g.first == grund; });
+    if (bekannt == liste.end())
+        liste << std::pair(grund, 1);
+    else
+        ++bekannt->second;
 }

@@ -11,6 +11,29 @@
 
 class Datenbank;
 
+/** What keeps a run from having its questions answered, whatever the document; the user is told once. */
+struct Laufhindernis {
+    enum class Art {
+        ServerWeg,      ///< nobody listens at the model server's address
+        ModellFehlt,    ///< the server does not have the larger model
+        ModellAnderswo, ///< the model would be computed on another computer
+    };
+    Art art = Art::ServerWeg;
+    QString modell;
+    bool operator==(const Laufhindernis &) const = default;
+
+    /** For the user. */
+    [[nodiscard]] QString satz() const;
+};
+
+/** What a run has to say when it is over. */
+struct Lauffazit {
+    QStringList hinweise;                        ///< what was left out, why it ended early
+    QList<Laufhindernis> hindernisse;            ///< each once
+    QStringList behinderte;                      ///< German names of the stages that met one
+    QList<std::pair<QString, int>> gescheiterte; ///< documents without a proposal by reason, in the order met
+};
+
 /** What a run publishes about itself. */
 struct Laufstand {
     QString stufe; ///< its German name: a run may outlast the choice of a language
@@ -45,8 +68,13 @@ public:
     /** Publishes @p text and how far the stage is. */
     void fortschritt(const QString &text, qsizetype fertig, qsizetype gesamt);
     /** Something that the user should know when the run is over, such as entries that were left out. */
-    void hinweis(const QString &text) { m_hinweise << text; }
-    [[nodiscard]] const QStringList &hinweise() const { return m_hinweise; }
+    void hinweis(const QString &text) { m_fazit.hinweise << text; }
+    /** The stage has met @p art, perhaps not for the first time. */
+    void hindernis(Laufhindernis::Art art, const QString &modell = {});
+    /** A document has got no proposal for @p grund. */
+    void gescheitert(const QString &grund);
+    [[nodiscard]] const QStringList &hinweise() const { return m_fazit.hinweise; }
+    [[nodiscard]] const Lauffazit &fazit() const { return m_fazit; }
 
 private:
     std::shared_ptr<Datenbank> m_db;
@@ -55,6 +83,6 @@ private:
     std::stop_token m_ende;
     Melden m_melden;
     Laufstand m_stand;
-    QStringList m_hinweise;
+    Lauffazit m_fazit;
     std::chrono::steady_clock::time_point m_beginn;
 };

@@ -8,6 +8,7 @@
 #include <QHostAddress>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <QUrl>
 #include <algorithm>
 
@@ -34,9 +35,8 @@ QByteArray json(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson
 
 void nurAufDiesemRechner(const QString &modell)
 {
-    if (Ollama::rechnetAnderswo(modell))
-        throw Fehler(gefuellt(Sprache::text(u"Das Modell %@ rechnet nicht auf diesem Rechner und wird nicht benutzt"_s),
-                              {modell}));
+    if (Modellverzeichnis::heisstAnderswo(modell))
+        throw ModellAnderswo(modell);
 }
 
 /** Cuts a stream into lines; a line may come in pieces and end inside a character. */
@@ -67,6 +67,81 @@ private:
     QByteArray m_rest;
 };
 
+/** A setting of the form of OLLAMA_HOST, taken apart as the server's own programs do it. */
+struct Adresse {
+    QString schema = u"http"_s;
+    QString rechner;
+    quint16 port = 0;
+    QByteArray pfad; ///< encoded, without "/" at its end
+    bool lesbar = true;
+};
+
+QString ohneKlammern(const QString &rechner)
+{
+    const bool geklammert = rechner.startsWith(u'[') && rechner.endsWith(u']');
+    return geklammert ? rechner.mid(1, rechner.size() - 2) : rechner;
+}
+
+/** A name, or an address of either kind; an address of the sixth version without brackets has no port behind it. */
+void rechnerUndPort(const QString &text, int ueblich, Adresse &adresse)
+{
+    const qsizetype trenner = text.lastIndexOf(u':');
+    const bool mitPort =
+        trenner >= 0 && trenner > text.lastIndexOf(u']') && (text.startsWith(u'[') || text.indexOf(u':') == trenner);
+    adresse.rechner = ohneKlammern(mitPort ? text.first(trenner) : text);
+    bool gut = true;
+    const int port = mitPort ? QStringView(text).mid(trenner + 1).toInt(&gut) : ueblich;
+    const bool moeglich = gut && port >= 0 && port <= 65535;
+    adresse.port = quint16(moeglich ? port : ueblich);
+    static const QRegularExpression form(u"^[A-Za-z0-9._:%-]*\\z"_s);
+    adresse.lesbar = moeglich && form.match(adresse.rechner).hasMatch();
+}
+
+Adresse adresseAus(const QString &einstellung)
+{
+    static const QRegularExpression raender(u"^[\"']+|[\"']+$"_s);
+    QString text = einstellung.trimmed().remove(raender).trimmed();
+    Adresse adresse;
+    int ueblich = 11434;
+    if (const qsizetype schema = text.indexOf("://"_L1); schema >= 0) {
+        adresse.schema = text.first(schema);
+        text = text.mid(schema + 3);
+        ueblich = adresse.schema == u"https"_s ? 443 : 80; // a full address without a port means that of its scheme
+    }
+    const qsizetype strich = text.indexOf(u'/');
+    rechnerUndPort(strich < 0 ? text : text.first(strich), ueblich, adresse);
+    if (strich >= 0)
+        adresse.pfad = QUrl::toPercentEncoding(text.mid(strich), "/%");
+    while (adresse.pfad.endsWith('/'))
+        adresse.pfad.chop(1);
+    return adresse;
+}
+
+/** What stands for this computer as the address by which it is reached. */
+QString hier(const QString &rechner)
+{
+    const QHostAddress adresse(rechner);
+    if (rechner.isEmpty() || rechner.compare("localhost"_L1, Qt::CaseInsensitive) == 0 ||
+        adresse == QHostAddress(QHostAddress::AnyIPv4))
+        return u"127.0.0.1"_s;
+    if (adresse == QHostAddress(QHostAddress::AnyIPv6))
+        return u"::1"_s;
+    return adresse.isNull() ? rechner : adresse.toString();
+}
+
+/** The server says itself that more was to come; an answer that says nothing of it counts as whole. */
+bool istAbgeschnitten(const QJsonObject &antwort)
+{
+    return !antwort.value("done"_L1).toBool(true) || antwort.value("done_reason"_L1).toString() == u"length"_s;
+}
+
+[[noreturn]] void fehlerWerfen(const QString &fehlerDesServers)
+{
+    if (fehlerDesServers.contains("not found"_L1, Qt::CaseInsensitive))
+        throw ModellFehlt(fehlerDesServers);
+    throw Fehler(fehlerDesServers);
+}
+
 QString ohneNachdenken(const QString &antwort)
 {
     const qsizetype auf = antwort.indexOf("<think>"_L1);
@@ -75,38 +150,37 @@ QString ohneNachdenken(const QString &antwort)
 }
 } // namespace
 
-Ollama::Ollama() : m_basis(basisAus(qEnvironmentVariable("OLLAMA_HOST"))) {}
+ModellAnderswo::ModellAnderswo(const QString &modell) : Fehler(satz(modell)) {}
 
-Ollama::Basis Ollama::basisAus(const QString &einstellung, bool *fremd)
+QString ModellAnderswo::satz(const QString &modell)
 {
-    QString text = einstellung.trimmed();
-    // As the server itself reads it: a full address without a port means that of HTTP.
-    const int ueblich = text.contains("://"_L1) ? 80 : 11434;
-    if (ueblich != 80)
-        text.prepend("http://"_L1);
-    const QUrl url(text);
-    QString rechner = url.host();
-    if (rechner.isEmpty() || rechner == u"0.0.0.0"_s || rechner.compare("localhost"_L1, Qt::CaseInsensitive) == 0)
-        rechner = u"127.0.0.1"_s;
-    else if (rechner == u"::"_s)
-        rechner = u"::1"_s;
-    const bool leer = einstellung.trimmed().isEmpty();
-    const bool brauchbar = url.isValid() && url.scheme() == u"http"_s && QHostAddress(rechner).isLoopback();
-    if (fremd)
-        *fremd = !leer && !brauchbar;
-    if (leer || !brauchbar)
-        return {};
-    QByteArray pfad = url.path(QUrl::FullyEncoded).toLatin1();
-    while (pfad.endsWith('/'))
-        pfad.chop(1);
-    return {.rechner = rechner, .port = quint16(url.port(ueblich)), .pfad = pfad};
+    return gefuellt(Sprache::text(u"Das Modell %@ rechnet nicht auf diesem Rechner und wird nicht benutzt"_s),
+                    {modell});
 }
 
-bool Ollama::umgebungNenntFremdenRechner()
+Ollama::Ollama() : m_basis(basisAus(qEnvironmentVariable("OLLAMA_HOST"))) {}
+
+Ollama::Basis Ollama::basisAus(const QString &einstellung, Einstellung *urteil)
 {
-    bool fremd = false;
-    Q_UNUSED(basisAus(qEnvironmentVariable("OLLAMA_HOST"), &fremd));
-    return fremd;
+    const Adresse adresse = adresseAus(einstellung);
+    const QString rechner = hier(adresse.rechner);
+    Einstellung ergebnis = Einstellung::Brauchbar;
+    if (!adresse.lesbar || adresse.schema != u"http"_s)
+        ergebnis = Einstellung::Unlesbar;
+    else if (!QHostAddress(rechner).isLoopback())
+        ergebnis = Einstellung::Fremd;
+    if (urteil)
+        *urteil = ergebnis;
+    if (adresse.schema != u"http"_s || !QHostAddress(rechner).isLoopback())
+        return {};
+    return {.rechner = rechner, .port = adresse.port, .pfad = adresse.pfad};
+}
+
+Ollama::Einstellung Ollama::umgebung()
+{
+    Einstellung urteil = Einstellung::Brauchbar;
+    Q_UNUSED(basisAus(qEnvironmentVariable("OLLAMA_HOST"), &urteil));
+    return urteil;
 }
 
 bool Ollama::erreichbar(const std::stop_token &ende) const
@@ -133,18 +207,26 @@ std::optional<QString> Ollama::fassung(const std::stop_token &ende) const
     }
 }
 
+Modellverzeichnis Ollama::verzeichnis(const std::stop_token &ende) const
+{
+    return Modellverzeichnis::aus(Http::senden(anfrage(m_basis, "/api/tags", 10s, ende)).koerper);
+}
+
+QString Ollama::hiesiges(const QString &gesucht, const std::stop_token &ende) const
+{
+    nurAufDiesemRechner(gesucht);
+    const Modellverzeichnis liste = verzeichnis(ende);
+    const QString name = liste.treffer(gesucht).value_or(gesucht);
+    if (liste.rechnetAnderswo(gesucht) || liste.rechnetAnderswo(name))
+        throw ModellAnderswo(name);
+    return name;
+}
+
 QStringList Ollama::modelle(const std::stop_token &ende) const
 {
     try {
-        const Http::Antwort antwort = Http::senden(anfrage(m_basis, "/api/tags", 10s, ende));
-        const QJsonValue liste = QJsonDocument::fromJson(antwort.koerper).object().value("models"_L1);
-        QStringList namen;
-        for (const QJsonValue modell : liste.toArray()) {
-            if (!modell.toObject().value("name"_L1).isString())
-                return {};
-            namen << modell.toObject().value("name"_L1).toString();
-        }
-        return namen;
+        const Modellverzeichnis liste = verzeichnis(ende);
+        return liste.vollstaendig() ? liste.namen() : QStringList();
     } catch (const Fehler &) {
         return {}; // as above
     }
@@ -173,11 +255,6 @@ std::pair<qint64, qint64> Ollama::menge(const QByteArray &zeile)
     const qint64 gesamt = objekt.value("total"_L1).toInteger();
     return gesamt > 0 ? std::pair(std::clamp(objekt.value("completed"_L1).toInteger(), qint64(0), gesamt), gesamt)
                       : std::pair(qint64(0), qint64(0));
-}
-
-bool Ollama::rechnetAnderswo(const QString &modell)
-{
-    return modell.endsWith("-cloud"_L1) || modell.endsWith(":cloud"_L1);
 }
 
 QString Ollama::laden(const QString &modell, const std::function<void(const QString &)> &meldung,
@@ -214,11 +291,13 @@ QJsonObject Ollama::fragen(const QString &modell, const QString &prompt, std::ch
                       {u"think"_s, false},
                       {u"options"_s, QJsonObject{{u"temperature"_s, 0}, {u"num_ctx"_s, kontext}}}});
     const QJsonObject antwort = QJsonDocument::fromJson(Http::senden(a).koerper).object();
+    if (istAbgeschnitten(antwort))
+        throw Fehler(Sprache::text(u"Antwort des Modells abgeschnitten"_s));
     if (antwort.value("response"_L1).isString())
         return objektAus(antwort.value("response"_L1).toString());
     // The status is not looked at: an unknown model, say, is told by the body.
     if (const QString fehler = antwort.value("error"_L1).toString(); !fehler.isEmpty())
-        throw Fehler(ersteZeichen(fehler.simplified(), 200));
+        fehlerWerfen(ersteZeichen(fehler.simplified(), 200));
     throw Fehler(Sprache::text(u"Antwort des Modells nicht lesbar"_s));
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "fehler.h"
+#include "modellverzeichnis.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
@@ -8,6 +11,21 @@
 #include <functional>
 #include <optional>
 #include <stop_token>
+
+/** A model that the server only passes on to another computer; it is never used. */
+class ModellAnderswo : public Fehler
+{
+public:
+    explicit ModellAnderswo(const QString &modell);
+    [[nodiscard]] static QString satz(const QString &modell);
+};
+
+/** The server has no such model. */
+class ModellFehlt : public Fehler
+{
+public:
+    using Fehler::Fehler;
+};
 
 /**
  * Client of the ollama model server on this computer. A small value without state of its own; may be used from any
@@ -31,15 +49,23 @@ public:
     Ollama();
     explicit Ollama(Basis basis) : m_basis(std::move(basis)) {}
 
-    /** Reads a setting of the form of OLLAMA_HOST; @p fremd becomes true when it names another computer. */
-    [[nodiscard]] static Basis basisAus(const QString &einstellung, bool *fremd = nullptr);
-    /** The setting in the environment names another computer and is passed over. */
-    [[nodiscard]] static bool umgebungNenntFremdenRechner();
+    /** What a setting of the form of OLLAMA_HOST is worth. */
+    enum class Einstellung {
+        Brauchbar,
+        Fremd,    ///< names another computer and is passed over
+        Unlesbar, ///< is passed over, in its port at least
+    };
+    /** Reads such a setting as the server's own programs do. */
+    [[nodiscard]] static Basis basisAus(const QString &einstellung, Einstellung *urteil = nullptr);
+    /** That of the setting in the environment. */
+    [[nodiscard]] static Einstellung umgebung();
 
     /** A server answers, whatever it says. */
     [[nodiscard]] bool erreichbar(const std::stop_token &ende = {}) const;
     /** What the server says its version is, empty where it says none; no value when no server answers. */
     [[nodiscard]] std::optional<QString> fassung(const std::stop_token &ende = {}) const;
+    /** What the server lists. Throws Fehler when it cannot be asked; any answer that is no list means no models. */
+    [[nodiscard]] Modellverzeichnis verzeichnis(const std::stop_token &ende = {}) const;
     /** Names of the installed models in the server's order; empty on any failure. */
     [[nodiscard]] QStringList modelle(const std::stop_token &ende = {}) const;
 
@@ -53,8 +79,16 @@ public:
                   const std::function<void(qint64 fertig, qint64 gesamt)> &menge = {}) const;
 
     /**
+     * The name under which the model @p gesucht is to be asked: the installed one that it means, or itself. To be
+     * called before any text is sent to it. Throws ModellAnderswo for a model that another computer would compute,
+     * another Fehler when the server cannot be asked about it.
+     */
+    [[nodiscard]] QString hiesiges(const QString &gesucht, const std::stop_token &ende = {}) const;
+
+    /**
      * The model's answer to @p prompt as a JSON object. @p zeitgrenze limits the whole request. Throws Fehler when the
-     * transfer fails, or with "Antwort des Modells nicht lesbar", or with the server's own error.
+     * transfer fails, or with "Antwort des Modells nicht lesbar", or with the server's own error, ModellFehlt when that
+     * says that there is no such model.
      */
     [[nodiscard]] QJsonObject fragen(const QString &modell, const QString &prompt, std::chrono::milliseconds zeitgrenze,
                                      const std::stop_token &ende = {}) const;
@@ -63,8 +97,6 @@ public:
     [[nodiscard]] static QString fortschritt(const QByteArray &zeile, QString &fehler);
     /** Bytes done and bytes in all of such a line; 0 of 0 where it does not tell. */
     [[nodiscard]] static std::pair<qint64, qint64> menge(const QByteArray &zeile);
-    /** A model that the server only passes on to another computer; it is never used. */
-    [[nodiscard]] static bool rechnetAnderswo(const QString &modell);
     /** The object that a model's answer holds, freed of thinking, prose and fences. Throws Fehler. */
     [[nodiscard]] static QJsonObject objektAus(const QString &antwort);
 

@@ -7,6 +7,7 @@
 #include "stapel.h"
 #include "wiedererkennung.h"
 
+#include <QSet>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,13 @@ std::optional<QString> text(Datenbank &db, qint64 id)
 {
     const QList<Zeile> zeilen = db.abfragen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {id});
     return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"text"));
+}
+
+QSet<quint64> skizze(Datenbank &db, qint64 id)
+{
+    const QList<Zeile> zeilen = db.abfragen(u"SELECT skizze FROM dokumente WHERE id=?"_s, {id});
+    const auto werte = zeilen.isEmpty() ? std::nullopt : Skizze::ausJson(zeilen.first().text(u"skizze"));
+    return werte ? QSet<quint64>(werte->begin(), werte->end()) : QSet<quint64>();
 }
 
 bool hatDieselbenBytes(const QStringList &orte, const QString &pfad)
@@ -78,4 +86,13 @@ void Originale::freigeben(Datenbank &db, qint64 id)
                      "dublette_von=NULL, aehnlichkeit=NULL WHERE id=? AND status='dublette'"_s,
                      {id});
     stapel.abschliessen();
+}
+
+double Originale::aehnlichkeit(Datenbank &db, qint64 a, qint64 b)
+{
+    const QSet<quint64> links = skizze(db, a);
+    const QSet<quint64> rechts = skizze(db, b);
+    const qsizetype gemeinsam = (QSet<quint64>(links) &= rechts).size();
+    const qsizetype alle = links.size() + rechts.size() - gemeinsam;
+    return alle == 0 ? 0 : double(gemeinsam) / double(alle);
 }

@@ -25,4 +25,6 @@ void freigeben(Datenbank &db, qint64 id);
 
 /** The whole stored texts of two documents have the same words; where one has none, that does not decide: true. */
 [[nodiscard]] bool habenGleicheWorte(Datenbank &db, qint64 a, qint64 b);
+/** Jaccard index of the words of two documents, as far as their sketches tell; 0 where one has none. */
+[[nodiscard]] double aehnlichkeit(Datenbank &db, qint64 a, qint64 b);
 } // namespace Originale

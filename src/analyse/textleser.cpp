@@ -4,7 +4,9 @@
 #include "datenbank.h"
 #include "dubletten.h"
 #include "fehlertext.h"
+#include "herkunft.h"
 #include "lauf.h"
+#include "originale.h"
 #include "paare.h"
 #include "pfade.h"
 #include "skizze.h"
@@ -13,6 +15,8 @@
 #include "text.h"
 #include "werkzeuge.h"
 
+#include <QDir>
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +26,7 @@ using std::chrono::steady_clock;
 namespace
 {
 constexpr auto schreibabstand = 1s;
+constexpr double textgleich = 0.99; // similarity of documents with the same words
 
 /** What the reading of one document gave. */
 struct Gelesen {
@@ -30,7 +35,8 @@ struct Gelesen {
     bool textebene = false;
     QString textHash;
     QString skizze;
-    QString fehler; ///< empty when it was read
+    QString fehler;        ///< empty when it was read
+    bool abwesend = false; ///< its file was not there
 };
 
 Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad)
@@ -51,6 +57,7 @@ Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad)
         Gelesen gelesen;
         gelesen.id = id;
         gelesen.fehler = Fehlertext::lesen(f.text());
+        gelesen.abwesend = !istVorhanden(pfad);
         return gelesen;
     }
 }
@@ -61,13 +68,19 @@ void schreiben(Datenbank &db, QList<Gelesen> &fertige)
     for (const Gelesen &g : std::as_const(fertige)) {
         if (!g.fehler.isEmpty()) {
             stapel.schreiben(u"UPDATE dokumente SET text_hash='', fehler=?\n"
-                             "WHERE id=? AND status IN ('neu','bereit')"_s,
+                             "WHERE id=? AND status IN ('neu','bereit') AND ausgenommen=0"_s,
                              {g.fehler, g.id});
+            // Tried again by itself once an inventory finds the file.
+            if (g.abwesend)
+                stapel.schreiben(u"INSERT OR IGNORE INTO abwesend (dokument_id) VALUES (?)"_s, {g.id});
             continue;
         }
-        stapel.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {g.id, g.text});
-        stapel.schreiben(u"UPDATE dokumente SET text_hash=?, hat_textebene=?, skizze=? WHERE id=?"_s,
-                         {g.textHash, g.textebene, g.skizze, g.id});
+        const int geschrieben =
+            stapel.schreiben(u"UPDATE dokumente SET text_hash=?, hat_textebene=?, skizze=? WHERE id=?\n"
+                             "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                             {g.textHash, g.textebene, g.skizze, g.id});
+        if (geschrieben > 0)
+            stapel.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {g.id, g.text});
     }
     stapel.abschliessen();
     fertige.clear();
@@ -76,21 +89,33 @@ void schreiben(Datenbank &db, QList<Gelesen> &fertige)
 /** A drive that was pulled out is no fault of the documents: nothing is marked then. */
 void herkunftPruefen(const Lauf &lauf)
 {
-    if (!istOrdner(lauf.profil().quelle))
-        throw Fehler(
-            gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {lauf.profil().quelle}));
+    const Profil &profil = lauf.profil();
+    if (!istOrdner(QDir::cleanPath(profil.quelle)) || Herkunft::istLeererEinhaengepunkt(lauf.db(), profil))
+        throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {profil.quelle}));
+}
+
+/** Where the document lies now; none if it is not to be read any more. */
+std::optional<QString> jetzigerPfad(Datenbank &db, qint64 id)
+{
+    const QList<Zeile> zeilen = db.abfragen(u"SELECT pfad FROM dokumente WHERE id=? AND text_hash IS NULL\n"
+                                            "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                                            {id});
+    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"pfad"));
 }
 
 void alleLesen(Lauf &lauf)
 {
     const QList<Zeile> offene = lauf.db().abfragen(
-        u"SELECT id, pfad FROM dokumente WHERE text_hash IS NULL AND status IN ('neu','bereit') AND ausgenommen=0\n"
+        u"SELECT id FROM dokumente WHERE text_hash IS NULL AND status IN ('neu','bereit') AND ausgenommen=0\n"
         "ORDER BY id"_s);
     QList<Gelesen> fertige;
     auto geschrieben = steady_clock::now();
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
+        const auto pfad = jetzigerPfad(lauf.db(), offene.at(i).ganz(u"id"));
+        if (!pfad)
+            continue; // handled or excluded since the list was made
         try {
-            fertige << lesen(lauf, offene.at(i).ganz(u"id"), offene.at(i).text(u"pfad"));
+            fertige << lesen(lauf, offene.at(i).ganz(u"id"), *pfad);
         } catch (const Werkzeuge::Abgebrochen &) {
             break; // the program ends; the document in hand stays open
         }
@@ -108,41 +133,89 @@ void alleLesen(Lauf &lauf)
     schreiben(lauf.db(), fertige);
 }
 
-qsizetype textgleicheMarkieren(Datenbank &db)
+/** Parts a group of one hash by the whole texts; who has no stored text goes with the first. */
+QList<QList<Dubletten::Mitglied>> nachWortlaut(Datenbank &db, const QList<Dubletten::Mitglied> &gruppe)
 {
-    Dubletten::Gruppen gruppen;
-    db.durchlaufen(u"SELECT id, pfad, text_hash FROM dokumente\n"
-                   "WHERE status='neu' AND text_hash IS NOT NULL AND text_hash!='' AND ausgenommen=0 ORDER BY id"_s,
-                   {}, [&](const Zeile &z) {
-                       gruppen[z.text(u"text_hash")]
-                           << Dubletten::Mitglied{.id = z.ganz(u"id"), .pfad = z.text(u"pfad")};
-                   });
-    return Dubletten::dublettenMarkieren(db, gruppen, 0.99);
+    QList<QList<Dubletten::Mitglied>> teile;
+    for (const Dubletten::Mitglied &m : gruppe) {
+        const auto passend = std::find_if(teile.begin(), teile.end(), [&](const auto &teil) {
+            return Originale::habenGleicheWorte(db, teil.first().id, m.id);
+        });
+        if (passend == teile.end())
+            teile << QList<Dubletten::Mitglied>{m};
+        else
+            *passend << m;
+    }
+    return teile;
 }
 
+/** What the comparison of the hashes gave. */
+struct Textvergleich {
+    qsizetype dubletten = 0;
+    QList<QPair<qint64, qint64>> gleicherAnfang; ///< new document and the one whose text begins like its own
+};
+
+Textvergleich textgleicheMarkieren(Datenbank &db)
+{
+    Textvergleich v;
+    Dubletten::Gruppen gruppen;
+    const Dubletten::Gruppen nachHash = Dubletten::gruppen(db, u"text_hash"_s);
+    for (auto gruppe = nachHash.cbegin(); gruppe != nachHash.cend(); ++gruppe) {
+        const auto teile = nachWortlaut(db, gruppe.value());
+        for (const auto &teil : teile) {
+            gruppen.insert(gruppe.key() + QString::number(gruppen.size()), teil);
+            if (teil.first().neu && teil.first().id != teile.first().first().id)
+                v.gleicherAnfang << qMakePair(teil.first().id, teile.first().first().id);
+        }
+    }
+    v.dubletten = Dubletten::dublettenMarkieren(db, gruppen, textgleich);
+    return v;
+}
+
+/** Documents with a sketch, and which of them are new; empty when no new one is among them. */
 QList<Paare::Abdruck> abdruecke(Datenbank &db)
 {
     QList<Paare::Abdruck> liste;
-    db.durchlaufen(u"SELECT id, skizze FROM dokumente WHERE status='neu' AND skizze IS NOT NULL AND ausgenommen=0"_s,
-                   {}, [&](const Zeile &z) {
-                       // What does not parse counts as no sketch.
-                       if (auto werte = Skizze::ausJson(z.text(u"skizze")))
-                           liste << Paare::Abdruck{.id = z.ganz(u"id"), .werte = std::move(*werte)};
-                   });
+    const auto sammeln = [&](const QString &bedingung, bool neu) {
+        db.durchlaufen(u"SELECT id, skizze FROM dokumente WHERE skizze IS NOT NULL AND ausgenommen=0 AND "_s +
+                           bedingung,
+                       {}, [&](const Zeile &z) {
+                           // What does not parse counts as no sketch.
+                           if (auto werte = Skizze::ausJson(z.text(u"skizze")))
+                               liste << Paare::Abdruck{.id = z.ganz(u"id"), .werte = std::move(*werte), .neu = neu};
+                       });
+    };
+    sammeln(u"status='neu'"_s, true);
+    if (!liste.isEmpty())
+        sammeln(u"status IN ('bereit','erledigt','zurueckgestellt')"_s, false);
     return liste;
 }
 
-/** Number of documents that were linked to an earlier one. */
-qsizetype aehnlicheVerbinden(Datenbank &db)
+int verbinden(Stapel &stapel, qint64 id, qint64 partner, double aehnlichkeit)
 {
+    return stapel.schreiben(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=?\n"
+                            "WHERE id=? AND status='neu' AND aehnlich_zu IS NULL"_s,
+                            {partner, std::round(aehnlichkeit * 1000) / 1000, id});
+}
+
+/** A known document serves as a partner while its file is there, and does not point at the new one itself. */
+bool taugtAlsPartner(Datenbank &db, qint64 id, qint64 partner)
+{
+    return !Originale::orte(db, partner).isEmpty() &&
+           db.abfragen(u"SELECT 1 FROM dokumente WHERE id=? AND aehnlich_zu=?"_s, {partner, id}).isEmpty();
+}
+
+/** Number of documents that were linked to another one. */
+qsizetype aehnlicheVerbinden(Datenbank &db, const Textvergleich &texte)
+{
+    const QList<Paare::Paar> paare =
+        Paare::finden(abdruecke(db), [&db](qint64 id, qint64 partner) { return taugtAlsPartner(db, id, partner); });
     Stapel stapel(db);
     qsizetype anzahl = 0;
-    for (const Paare::Paar &paar : Paare::finden(abdruecke(db))) {
-        const double gerundet = std::round(paar.aehnlichkeit * 1000) / 1000;
-        anzahl += stapel.schreiben(
-            u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=?\nWHERE id=? AND aehnlich_zu IS NULL"_s,
-            {paar.partner, gerundet, paar.id});
-    }
+    for (const Paare::Paar &paar : paare)
+        anzahl += verbinden(stapel, paar.id, paar.partner, paar.aehnlichkeit);
+    for (const auto &[id, partner] : texte.gleicherAnfang)
+        anzahl += verbinden(stapel, id, partner, Originale::aehnlichkeit(db, id, partner));
     stapel.abschliessen();
     return anzahl;
 }
@@ -156,9 +229,9 @@ void Textleser::textLesen(Lauf &lauf)
     if (lauf.sollHalten())
         return;
     lauf.stufe(QUILLMAR_TEXT(u"Ähnliche Dokumente suchen"_s));
-    const qsizetype textgleiche = textgleicheMarkieren(lauf.db());
-    const qsizetype paare = aehnlicheVerbinden(lauf.db());
+    const Textvergleich texte = textgleicheMarkieren(lauf.db());
+    const qsizetype paare = aehnlicheVerbinden(lauf.db(), texte);
     lauf.fortschritt(gefuellt(Sprache::text(u"%@ textgleiche Dubletten, %@ ähnliche Paare"_s),
-                              {QString::number(textgleiche), QString::number(paare)}),
+                              {QString::number(texte.dubletten), QString::number(paare)}),
                      1, 1);
 }

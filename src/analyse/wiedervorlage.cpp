@@ -5,6 +5,27 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+/** Second opinions that were asked for and never given. */
+qint64 zweitfragenOeffnen(Datenbank &db, Stapel &stapel, std::optional<qint64> id)
+{
+    qint64 anzahl = 0;
+    for (const Zeile &zeile : db.abfragen(u"SELECT dokument_id FROM zweitfragen"_s)) {
+        const qint64 dokument = zeile.ganz(u"dokument_id");
+        if (id && *id != dokument)
+            continue;
+        const int offen = stapel.schreiben(u"UPDATE dokumente SET zweitmeinung=0\n"
+                                           "WHERE id=? AND status='bereit' AND ausgenommen=0 AND zweitmeinung=1"_s,
+                                           {dokument});
+        if (offen > 0)
+            stapel.schreiben(u"DELETE FROM zweitfragen WHERE dokument_id=?"_s, {dokument});
+        anzahl += offen;
+    }
+    return anzahl;
+}
+} // namespace
+
 qint64 Wiedervorlage::oeffnen(Datenbank &db, std::optional<qint64> id)
 {
     Stapel stapel(db);
@@ -24,6 +45,7 @@ qint64 Wiedervorlage::oeffnen(Datenbank &db, std::optional<qint64> id)
             stapel.schreiben(u"UPDATE dokumente SET text_hash=NULL WHERE id=?"_s, {zeile.ganz(u"id")});
         ++anzahl;
     }
+    anzahl += zweitfragenOeffnen(db, stapel, id);
     stapel.abschliessen();
     return anzahl;
 }

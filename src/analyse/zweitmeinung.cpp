@@ -1,14 +1,15 @@
 #include "zweitmeinung.h"
 
 #include "datenbank.h"
-#include "einordnung.h"
-#include "gegenpruefung.h"
+#include "einordner.h"
+#include "http.h"
 #include "lauf.h"
 #include "lernspeicher.h"
-#include "ollama.h"
 #include "sprache.h"
 #include "stapel.h"
+#include "transaktion.h"
 #include "werkzeuge.h"
+#include "zeit.h"
 
 #include <optional>
 
@@ -17,23 +18,34 @@ using namespace std::chrono_literals;
 
 namespace
 {
-/** The larger model's checked answer; none when there is no text or it failed. */
-std::optional<Einordnungsergebnis> antwort(const Lauf &lauf, const QString &anweisung, const Zeile &zeile)
-{
-    const Profil &profil = lauf.profil();
-    const QString text = zeile.text(u"text");
-    const QString dateiname = zeile.text(u"dateiname");
-    if (text.isEmpty())
-        return std::nullopt;
-    try {
-        const QJsonObject objekt = Ollama().fragen(
-            profil.modellGross, Einordnung::frage(anweisung, dateiname, text, profil.maxZeichen), 600s, lauf.ende());
-        return Einordnung::auswerten(objekt, dateiname, profil);
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
-    } catch (const Fehler &) {
-        return std::nullopt; // the first proposal stays
+/** What stays the same for all documents of the stage. */
+struct Werkbank {
+    Lauf &lauf;
+    Ollama ollama;
+    QString anweisung;
+    Gegenpruefung gegenpruefung;
+    Rechnungsrichtung richtung;
+    qsizetype beantwortet = 0;
+
+    explicit Werkbank(Lauf &l)
+        : lauf(l), anweisung(Einordnung::anweisung(l.profil())), gegenpruefung(l.profil()),
+          richtung(l.profil().eigeneAnschriften)
+    {
     }
+};
+
+/** The larger model's checked answer. Throws Fehler when there is none. */
+Einordnungsergebnis antwort(const Werkbank &bank, const Zeile &zeile)
+{
+    const Profil &profil = bank.lauf.profil();
+    const std::stop_token &ende = bank.lauf.ende();
+    const QString dateiname = zeile.text(u"dateiname");
+    const QString frage = Einordnung::frage(bank.anweisung, dateiname, zeile.text(u"text"), profil.maxZeichen);
+    const QJsonObject objekt = bank.ollama.fragen(bank.ollama.hiesiges(profil.modellGross, ende), frage, 600s, ende);
+    Einordnungsergebnis ergebnis = Einordnung::auswerten(objekt, dateiname, profil);
+    if (Einordnung::sagtNichts(objekt, ergebnis))
+        throw Fehler(Sprache::text(u"Antwort des Modells nicht lesbar"_s));
+    return ergebnis;
 }
 
 /** What the user has taught goes before what any model says. Returns the entry that gave the place. */
@@ -52,64 +64,111 @@ std::optional<Eintrag> gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
     return eintrag;
 }
 
-void speichern(Datenbank &db, qint64 id, const Einordnungsergebnis &e, const std::optional<Eintrag> &gelernt)
+/** False when the document was taught, handled or excluded since it was read: then nothing is stored. */
+bool ergebnisSchreiben(Datenbank &db, qint64 id, const Einordnungsergebnis &e, const std::optional<Eintrag> &gelernt)
 {
     Stapel stapel(db);
-    stapel.schreiben(u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
-                     "jahr=?, konfidenz=?, zweitmeinung=1, fehler=NULL WHERE id=? AND status='bereit'"_s,
-                     {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
-    stapel.schreiben(u"INSERT OR IGNORE INTO nachgeprueft (dokument_id) VALUES (?)"_s, {id});
-    if (gelernt)
-        stapel.schreiben(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von=? WHERE id=? AND status='bereit'"_s,
+    const int geschrieben = stapel.schreiben(
+        u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
+        "jahr=?, konfidenz=?, zweitmeinung=1, fehler=NULL WHERE id=? AND status='bereit'\n"
+        "AND ausgenommen=0 AND (ort_quelle IS NULL OR ort_quelle<>'gelernt')"_s,
+        {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
+    if (geschrieben > 0)
+        stapel.schreiben(u"INSERT OR IGNORE INTO nachgeprueft (dokument_id) VALUES (?)"_s, {id});
+    if (geschrieben > 0 && gelernt)
+        stapel.schreiben(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
                          {gelernt->schluessel, id});
+    if (geschrieben > 0)
+        stapel.schreiben(u"DELETE FROM zweitfragen WHERE dokument_id=?"_s, {id});
     stapel.abschliessen();
+    return geschrieben > 0;
 }
 
-void nurVermerken(Datenbank &db, qint64 id)
+bool speichern(const Werkbank &bank, const Zeile &zeile, Einordnungsergebnis ergebnis)
+{
+    Datenbank &db = bank.lauf.db();
+    // One transaction, so that nothing is taught between the looking up and the storing.
+    Transaktion transaktion(db);
+    if (bank.gegenpruefung.istEigen(ergebnis.gegenueber))
+        ergebnis.gegenueber = zeile.text(u"gegenueber");
+    const auto gelernt = gelerntesAnwenden(db, ergebnis);
+    Einordner::richtungBerichtigen(bank.richtung, ergebnis, zeile.text(u"text"), bank.lauf.profil());
+    const bool geschrieben = ergebnisSchreiben(db, zeile.ganz(u"id"), ergebnis, gelernt);
+    transaktion.abschliessen();
+    return geschrieben;
+}
+
+/** The document is not asked about again by itself; @p unbeantwortet: but where the user wishes it. */
+void nurVermerken(Datenbank &db, qint64 id, bool unbeantwortet)
 {
     Stapel stapel(db);
-    stapel.schreiben(u"UPDATE dokumente SET zweitmeinung=1 WHERE id=?"_s, {id});
+    const int geschrieben = stapel.schreiben(
+        u"UPDATE dokumente SET zweitmeinung=1 WHERE id=? AND status='bereit' AND ausgenommen=0"_s, {id});
+    if (geschrieben > 0 && unbeantwortet)
+        stapel.schreiben(u"INSERT OR REPLACE INTO zweitfragen (dokument_id, zeit) VALUES (?,?)"_s, {id, jetztIso()});
     stapel.abschliessen();
 }
 
-void einesNachpruefen(const Lauf &lauf, const QString &anweisung, const Gegenpruefung &pruefung, const Zeile &zeile)
+void einesNachpruefen(Werkbank &bank, const Zeile &zeile)
 {
-    const qint64 id = zeile.ganz(u"id");
-    auto ergebnis = antwort(lauf, anweisung, zeile);
-    if (!ergebnis) {
-        nurVermerken(lauf.db(), id);
-        return;
+    if (zeile.text(u"text").isEmpty())
+        return nurVermerken(bank.lauf.db(), zeile.ganz(u"id"), false);
+    std::optional<Einordnungsergebnis> ergebnis;
+    try {
+        ergebnis = antwort(bank, zeile);
+    } catch (const Werkzeuge::Abgebrochen &) {
+        throw;
+    } catch (const ModellFehlt &) {
+        throw;
+    } catch (const ModellAnderswo &) {
+        throw;
+    } catch (const Fehler &f) {
+        // The first proposal stays.
+        if (dynamic_cast<const Http::Unerreichbar *>(&f))
+            bank.lauf.hindernis(Laufhindernis::Art::ServerWeg);
+        return nurVermerken(bank.lauf.db(), zeile.ganz(u"id"), true);
     }
-    if (pruefung.istEigen(ergebnis->gegenueber))
-        ergebnis->gegenueber = zeile.text(u"gegenueber");
-    const auto gelernt = gelerntesAnwenden(lauf.db(), *ergebnis);
-    speichern(lauf.db(), id, *ergebnis, gelernt);
+    bank.beantwortet += speichern(bank, zeile, *ergebnis) ? 1 : 0;
+}
+
+const QString nochZuFragen = u"d.status='bereit' AND (d.zweitmeinung IS NULL OR d.zweitmeinung=0)\n"
+                             "AND (d.ort_quelle='umsortierung' OR d.konfidenz < 0.75)\n"
+                             "AND (d.ort_quelle IS NULL OR d.ort_quelle<>'gelernt') AND d.ausgenommen=0"_s;
+
+void alleNachpruefen(Werkbank &bank)
+{
+    Lauf &lauf = bank.lauf;
+    const QList<Zeile> offene =
+        lauf.db().abfragen(u"SELECT d.id FROM dokumente d WHERE "_s + nochZuFragen + u" ORDER BY d.id"_s);
+    for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
+        // Read again: an hour may have passed since, and the user was not idle.
+        const QList<Zeile> zeilen = lauf.db().abfragen(
+            u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id WHERE d.id=? AND "_s +
+                nochZuFragen,
+            {offene.at(i).ganz(u"id")});
+        if (!zeilen.isEmpty())
+            einesNachpruefen(bank, zeilen.first());
+        lauf.fortschritt(QString::number(bank.beantwortet) + Sprache::text(u" von "_s) +
+                             QString::number(offene.size()) + Sprache::text(u" nachgeprüft"_s),
+                         i + 1, offene.size());
+    }
 }
 } // namespace
 
 void Zweitmeinung::einholen(Lauf &lauf)
 {
-    if (lauf.profil().modellGross.isEmpty())
+    const QString modell = lauf.profil().modellGross;
+    if (modell.isEmpty())
         return;
     lauf.stufe(QUILLMAR_TEXT(u"Strittige Fälle nachprüfen"_s));
-    const QList<Zeile> offene = lauf.db().abfragen(
-        u"SELECT id FROM dokumente WHERE status='bereit' AND (zweitmeinung IS NULL OR zweitmeinung=0)\n"
-        "AND (ort_quelle='umsortierung' OR konfidenz < 0.75)\n"
-        "AND (ort_quelle IS NULL OR ort_quelle<>'gelernt') AND ausgenommen=0 ORDER BY id"_s);
-    const QString anweisung = Einordnung::anweisung(lauf.profil());
-    const Gegenpruefung pruefung(lauf.profil());
-    for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
-        const QList<Zeile> zeilen = lauf.db().abfragen(
-            u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id WHERE d.id=?"_s,
-            {offene.at(i).ganz(u"id")});
-        try {
-            if (!zeilen.isEmpty() && zeilen.first().text(u"status") == u"bereit"_s)
-                einesNachpruefen(lauf, anweisung, pruefung, zeilen.first());
-        } catch (const Werkzeuge::Abgebrochen &) {
-            return; // the program ends; the document in hand stays open
-        }
-        lauf.fortschritt(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(offene.size()) +
-                             Sprache::text(u" nachgeprüft"_s),
-                         i + 1, offene.size());
+    Werkbank bank(lauf);
+    try {
+        alleNachpruefen(bank);
+    } catch (const Werkzeuge::Abgebrochen &) {
+        return; // the program ends; the document in hand stays open
+    } catch (const ModellFehlt &) {
+        lauf.hindernis(Laufhindernis::Art::ModellFehlt, modell);
+    } catch (const ModellAnderswo &) {
+        lauf.hindernis(Laufhindernis::Art::ModellAnderswo, modell);
     }
 }

@@ -61,9 +61,9 @@ void Kommandozeile::bericht(Datenbank &db, const Ablagewerk &werk)
             Sprache::text(u"\n  doppelte Namen  "_s) + QString::number(g.anzahl - g.namen.size()));
 }
 
-void Kommandozeile::gelernt(Datenbank &db, bool anwenden)
+void Kommandozeile::gelernt(Datenbank &db, const Profil &profil, bool anwenden)
 {
-    Lernspeicher speicher(db);
+    Lernspeicher speicher(db, profil);
     const QList<Eintrag> eintraege = speicher.alle();
     if (eintraege.isEmpty()) {
         drucken(Sprache::text(u"Noch nichts gelernt."_s));

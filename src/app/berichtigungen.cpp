@@ -4,6 +4,7 @@
 #include "kommandozeile.h"
 #include "sprache.h"
 #include "stapel.h"
+#include "transaktion.h"
 
 using namespace Qt::StringLiterals;
 using Ausgabe::drucken;
@@ -23,7 +24,7 @@ QList<Zeile> eigeneAlsGegenueber(Datenbank &db, const Gegenpruefung &pruefung)
     QList<Zeile> zeilen;
     db.durchlaufen(u"SELECT d.id, d.gegenueber, d.konfidenz, t.text FROM dokumente d\n"
                    "JOIN texte t ON t.dokument_id = d.id\n"
-                   "WHERE d.status IN ('bereit','zurueckgestellt')"_s,
+                   "WHERE d.status IN ('bereit','zurueckgestellt') AND d.ausgenommen=0"_s,
                    {}, [&](const Zeile &zeile) {
                        if (pruefung.istEigen(zeile.text(u"gegenueber")))
                            zeilen << zeile;
@@ -31,17 +32,33 @@ QList<Zeile> eigeneAlsGegenueber(Datenbank &db, const Gegenpruefung &pruefung)
     return zeilen;
 }
 
+bool wartetNoch(Datenbank &db, qint64 id, const QString &gegenueber)
+{
+    return !db.abfragen(u"SELECT 1 FROM dokumente WHERE id=? AND gegenueber=? AND ausgenommen=0\n"
+                        "AND status IN ('bereit','zurueckgestellt')"_s,
+                        {id, gegenueber})
+                .isEmpty();
+}
+
 void einesNachfragen(Datenbank &db, const Gegenpruefung &pruefung, const Profil &profil, const Zeile &zeile,
                      Nachfragebilanz &bilanz)
 {
+    const qint64 id = zeile.ganz(u"id");
+    if (!wartetNoch(db, id, zeile.text(u"gegenueber")))
+        return;
     const auto name = nachfragen(pruefung, zeile.text(u"text"), profil, Ollama());
+    // Whoever handled or corrected the document during the question knew better.
+    Transaktion transaktion(db);
+    if (!wartetNoch(db, id, zeile.text(u"gegenueber")))
+        return;
     Stapel stapel(db);
     if (name)
-        stapel.schreiben(u"UPDATE dokumente SET gegenueber=? WHERE id=?"_s, {*name, zeile.ganz(u"id")});
+        stapel.schreiben(u"UPDATE dokumente SET gegenueber=? WHERE id=?"_s, {*name, id});
     else
         stapel.schreiben(u"UPDATE dokumente SET gegenueber='', konfidenz=? WHERE id=?"_s,
-                         {konfidenzOhneGegenueber, zeile.ganz(u"id")});
+                         {konfidenzOhneGegenueber, id});
     stapel.abschliessen();
+    transaktion.abschliessen();
     ++(name ? bilanz.ersetzt : bilanz.geleert);
 }
 
@@ -64,7 +81,7 @@ Richtungsbilanz richtungenPruefen(Datenbank &db, const Profil &profil)
     const Rechnungsrichtung richtung(profil.eigeneAnschriften);
     db.durchlaufen(u"SELECT d.id, d.rubrik, d.konfidenz, t.text FROM dokumente d\n"
                    "JOIN texte t ON t.dokument_id = d.id\n"
-                   "WHERE d.status IN ('bereit','zurueckgestellt')"_s,
+                   "WHERE d.status IN ('bereit','zurueckgestellt') AND d.ausgenommen=0"_s,
                    {}, [&](const Zeile &z) {
                        const QString alt = z.text(u"rubrik");
                        ++bilanz.betrachtet;
@@ -80,8 +97,9 @@ void richtungenSchreiben(Datenbank &db, const QList<Berichtigung> &liste)
 {
     Stapel stapel(db);
     for (const Berichtigung &b : liste)
-        stapel.schreiben(u"UPDATE dokumente SET rubrik=?, konfidenz=? WHERE id=?"_s,
-                         {b.neu, std::max(b.konfidenz, Einordner::mindestensNachRegel), b.id});
+        stapel.schreiben(u"UPDATE dokumente SET rubrik=?, konfidenz=? WHERE id=? AND rubrik=? AND ausgenommen=0\n"
+                         "AND status IN ('bereit','zurueckgestellt')"_s,
+                         {b.neu, std::max(b.konfidenz, Einordner::mindestensNachRegel), b.id, b.alt});
     stapel.abschliessen();
 }
 } // namespace

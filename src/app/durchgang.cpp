@@ -3,6 +3,7 @@
 #include "kommandozeile.h"
 #include "ollama.h"
 #include "sprache.h"
+#include "text.h"
 
 #include <QEventLoop>
 #include <QSocketNotifier>
@@ -15,7 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int blickabstand = 2000;    // ms between two looks at whether the run has ended
 constexpr int laengstesWarten = 1000; // ms for a run that is to end at once
 
 int meldeleitung[2] = {-1, -1};
@@ -62,13 +62,38 @@ private:
     std::unique_ptr<QSocketNotifier> m_melder;
     void (*m_alterHup)(int) = SIG_DFL;
 };
+void umgebungMelden()
+{
+    const auto urteil = Ollama::umgebung();
+    if (urteil == Ollama::Einstellung::Fremd)
+        Ausgabe::melden(
+            Sprache::text(u"OLLAMA_HOST nennt einen anderen Rechner und wird nicht beachtet: Texte bleiben hier"_s));
+    else if (urteil == Ollama::Einstellung::Unlesbar)
+        Ausgabe::melden(gefuellt(
+            Sprache::text(u"OLLAMA_HOST ist nicht lesbar: %@. Gefragt wird der Modellserver auf diesem Rechner."_s),
+            {qEnvironmentVariable("OLLAMA_HOST")}));
+}
+
+/** What the run has to say: one line for each kind of failure, with what can be done. */
+void fazitMelden(const Lauffazit &fazit)
+{
+    for (const QString &hinweis : fazit.hinweise)
+        Ausgabe::melden(hinweis);
+    for (const Laufhindernis &h : fazit.hindernisse) {
+        const bool gesagt = h.art == Laufhindernis::Art::ServerWeg && !fazit.gescheiterte.isEmpty();
+        if (!gesagt)
+            Ausgabe::melden(h.satz());
+    }
+    for (const auto &[grund, anzahl] : fazit.gescheiterte)
+        Ausgabe::melden(
+            gefuellt(Sprache::text(u"%@ ohne Vorschlag: %@. Noch einmal versuchen mit --analyse --erneut"_s),
+                     {QString::number(anzahl), grund}));
+}
 } // namespace
 
 void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Profil &profil, bool erneut)
 {
-    if (Ollama::umgebungNenntFremdenRechner())
-        Ausgabe::melden(
-            Sprache::text(u"OLLAMA_HOST nennt einen anderen Rechner und wird nicht beachtet: Texte bleiben hier"_s));
+    umgebungMelden();
     Analyse analyse(db, profil);
     Ausgabe::Statuszeile status;
     QObject::connect(&analyse, &Analyse::geaendert, &analyse,
@@ -87,15 +112,9 @@ void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Prof
         Ausgabe::melden(Sprache::text(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein "
                                       "späterer Start setzt dort fort."_s));
     });
-    QTimer blick;
-    QObject::connect(&blick, &QTimer::timeout, &schleife, [&] {
-        if (!analyse.laeuft())
-            schleife.quit();
-    });
-    analyse.allesStarten(erneut);
-    blick.start(blickabstand);
+    QObject::connect(&analyse, &Analyse::beendet, &schleife, &QEventLoop::quit);
+    analyse.allesStarten({.erneut = erneut, .nurDies = {}, .nurLesen = false});
     schleife.exec();
     status.loeschen();
-    for (const QString &hinweis : analyse.hinweise())
-        Ausgabe::melden(hinweis);
+    fazitMelden(analyse.fazit());
 }

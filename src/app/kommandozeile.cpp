@@ -90,7 +90,7 @@ void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &
 {
     const bool anwenden = argumente.contains("--anwenden"_L1);
     if (argumente.contains("--gelernt"_L1))
-        return Kommandozeile::gelernt(*db, anwenden);
+        return Kommandozeile::gelernt(*db, profil, anwenden);
     if (argumente.contains("--gegenueber"_L1))
         return Kommandozeile::gegenueberBerichtigen(*db, profil, !anwenden);
     if (argumente.contains("--rechnungen"_L1))

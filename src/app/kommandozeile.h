@@ -25,7 +25,7 @@ void bestandDrucken(const Ablagewerk &werk);
 /** Quality of the waiting proposals; prints nothing when none waits. */
 void bericht(Datenbank &db, const Ablagewerk &werk);
 /** Learned places, and with @p anwenden their application to the waiting documents. */
-void gelernt(Datenbank &db, bool anwenden);
+void gelernt(Datenbank &db, const Profil &profil, bool anwenden);
 
 /** Runs the analysis to its end or to the second Ctrl+C; @p erneut first reopens what failed. */
 void analysieren(const std::shared_ptr<Datenbank> &db, const Profil &profil, bool erneut);

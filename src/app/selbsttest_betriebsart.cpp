@@ -166,8 +166,8 @@ bool rueckweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_p
     const Ablagewerk werk(db, profil);
     const bool ganz = bilanz.fehler.isEmpty() && bilanz.zurueckgedreht == proben.size();
     p.pruefe(ganz, Sprache::text(u"die Sitzung ist zurückgedreht"_s));
-    for (const QString &zeile : bilanz.fehler)
-        Ausgabe::melden(zeile);
+    for (const Rueckbaubefund &befund : bilanz.fehler)
+        Ausgabe::melden(nameVon(Protokollbuch::lesen(protokoll).value(befund.stelle).nach) + u": "_s + befund.grund);
     p.pruefe(alle(proben, [&](const Probe &q) { return sha256Datei(aufDerPlatte(q.vorher.pfad)) == q.summe; }),
              Sprache::text(u"jede Datei liegt unverändert am alten Platz"_s));
     p.pruefe(alle(proben,

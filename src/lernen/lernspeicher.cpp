@@ -46,25 +46,6 @@ QList<Zeile> wartendeVon(Datenbank &db, const QString &gegenueber)
                        "WHERE status='bereit' AND ausgenommen=0 AND gegenueber=?"_s,
                        {gegenueber});
 }
-
-/** Gives the waiting documents of @p gegenueber the place of @p eintrag; returns how many changed. */
-qint64 eintragen(Datenbank &db, const QString &gegenueber, const Eintrag &eintrag, qint64 ausser)
-{
-    const QString name = Lernregeln::darfErsetzen(eintrag.anzeige, gegenueber) ? eintrag.anzeige : gegenueber;
-    qint64 anzahl = 0;
-    for (const Zeile &zeile : wartendeVon(db, gegenueber)) {
-        const bool gleich = name == gegenueber && zeile.text(u"zweig") == eintrag.zweig &&
-                            zeile.text(u"ablage") == eintrag.ablage && zeile.text(u"rubrik") == eintrag.rubrik;
-        if (gleich || zeile.ganz(u"id") == ausser)
-            continue;
-        schreiben(db,
-                  u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
-                  "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
-                  {name, eintrag.zweig, eintrag.ablage, eintrag.rubrik, eintrag.schluessel, zeile.ganz(u"id")});
-        ++anzahl;
-    }
-    return anzahl;
-}
 } // namespace
 
 QList<Eintrag> Lernspeicher::alle() const
@@ -188,9 +169,41 @@ qint64 Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QString 
         if (!nurSchluessel.isEmpty() && !Lernregeln::passt(nurSchluessel, schluessel))
             continue;
         if (const Eintrag *bester = Lernregeln::vorschlag(eintraege, schluessel))
-            anzahl += eintragen(m_db, gegenueber, *bester, ausser);
+            anzahl += eintragen(gegenueber, *bester, ausser);
     }
     transaktion.abschliessen();
+    return anzahl;
+}
+
+/** The taught rubric, or the invoice rubric that the document's text proves in its stead. */
+QString Lernspeicher::rubrikFuer(qint64 dokument, const QString &gelernte) const
+{
+    if (m_richtung.istLeer() || !Rechnungsrichtung::istRechnungsrubrik(gelernte, m_profil))
+        return gelernte;
+    for (const Zeile &zeile : m_db.abfragen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {dokument}))
+        return m_richtung.berichtigt(gelernte, zeile.text(u"text"), m_profil).value_or(gelernte);
+    return gelernte;
+}
+
+/** Gives the waiting documents of @p gegenueber the place of @p eintrag; returns how many changed. */
+qint64 Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser)
+{
+    const QString name = Lernregeln::darfErsetzen(eintrag.anzeige, gegenueber) ? eintrag.anzeige : gegenueber;
+    qint64 anzahl = 0;
+    for (const Zeile &zeile : wartendeVon(m_db, gegenueber)) {
+        const qint64 id = zeile.ganz(u"id");
+        if (id == ausser)
+            continue;
+        const QString rubrik = rubrikFuer(id, eintrag.rubrik);
+        if (name == gegenueber && zeile.text(u"zweig") == eintrag.zweig && zeile.text(u"ablage") == eintrag.ablage &&
+            zeile.text(u"rubrik") == rubrik)
+            continue;
+        schreiben(m_db,
+                  u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
+                  "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
+                  {name, eintrag.zweig, eintrag.ablage, rubrik, eintrag.schluessel, id});
+        ++anzahl;
+    }
     return anzahl;
 }
 

@@ -2,6 +2,7 @@
 
 #include "dokument.h"
 #include "lernregeln.h"
+#include "rechnungsrichtung.h"
 
 #include <optional>
 
@@ -14,7 +15,11 @@ class Datenbank;
 class Lernspeicher
 {
 public:
-    explicit Lernspeicher(Datenbank &db) : m_db(db) {}
+    /** With @p profil, what the owner's address proves of an invoice goes before a taught place. */
+    explicit Lernspeicher(Datenbank &db, const Profil &profil = {})
+        : m_db(db), m_profil(profil), m_richtung(profil.eigeneAnschriften)
+    {
+    }
 
     /** All places, most confirmed first. */
     [[nodiscard]] QList<Eintrag> alle() const;
@@ -52,5 +57,10 @@ private:
     void zuordnungMerken(const QString &schluessel, const Dokument &dokument);
     qint64 aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);
 
+    qint64 eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser);
+    [[nodiscard]] QString rubrikFuer(qint64 dokument, const QString &gelernte) const;
+
     Datenbank &m_db;
+    Profil m_profil;
+    Rechnungsrichtung m_richtung;
 };

@@ -71,6 +71,13 @@ Ort Profil::zerlegen(const QString &ordner) const
     return ort;
 }
 
+QString Profil::jahrIn(const QString &ordner) const
+{
+    const QStringList teile = nfc(ordner).split(u'/', Qt::SkipEmptyParts);
+    const Ablageart *art = ablageart(teile.value(0), teile.value(1));
+    return art && art->mitJahr && istJahr(teile.value(2)) ? teile.value(2) : QString();
+}
+
 std::optional<QString> Profil::regelFuer(const QString &ordner) const
 {
     const QString gewaehlt = QDir::cleanPath(nfc(ordner));

@@ -72,6 +72,8 @@ struct Profil {
 
     /** Splits a folder below the root of the tree into its levels; the year folder of a kind with years is left out. */
     [[nodiscard]] Ort zerlegen(const QString &ordner) const;
+    /** The year folder that zerlegen() leaves out; empty if there is none. */
+    [[nodiscard]] QString jahrIn(const QString &ordner) const;
 
     /**
      * Reads the structure of the tree below @p ziel. @p tiefe 2 also takes rubrics on the second level below a filing

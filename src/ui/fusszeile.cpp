@@ -89,6 +89,7 @@ void Fusszeile::lageZeigen()
         m_stufe = m_notiz;
         m_symbol = tonzeichen(m_zustand->ton());
     } else if (m_zustand->aktiv() && (m_zustand->modellstand().art == Modellstand::Art::serverFehlt ||
+                                      m_zustand->modellstand().art == Modellstand::Art::modellAnderswo ||
                                       m_zustand->modellstand().art == Modellstand::Art::modellFehlt)) {
         m_stufe = m_zustand->modellMeldung();
         m_symbol = tonzeichen(Zustand::Ton::warnung);

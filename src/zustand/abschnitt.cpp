@@ -120,6 +120,9 @@ Abschnittsstand modell(const Zustand &z)
         return {.lage = Lage::gestoert, .zeile = Sprache::text(u"Modellserver läuft nicht"_s)};
     case Modellstand::Art::modellFehlt:
         return {.lage = Lage::gestoert, .zeile = gefuellt(Sprache::text(u"%@ fehlt"_s), {z.aktiv()->modell})};
+    case Modellstand::Art::modellAnderswo:
+        return {.lage = Lage::gestoert,
+                .zeile = gefuellt(Sprache::text(u"%@ rechnet nicht hier"_s), {z.aktiv()->modell})};
     case Modellstand::Art::laedt:
     case Modellstand::Art::unbekannt:
         break;

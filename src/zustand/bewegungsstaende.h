@@ -10,7 +10,8 @@ enum class Bewegungsstand {
     amZiel,
     zurueck, ///< at its old place; a copy that is gone again
     verschwunden,
-    fehler, ///< the disk does not say
+    fehler,       ///< the disk does not say, or it could not be turned back
+    uebersprungen ///< at its new place, and passed over when its session was turned back
 };
 
 /** Looks at the disk; blocks as long as that takes. */

@@ -55,11 +55,15 @@ void Entwurf::setzen(Dokument &dokument, Feld feld, const QString &wert, const P
         schreiben(dokument, Feld::Rubrik, {});
 }
 
-void Entwurf::ortSetzen(Dokument &dokument, const Ort &ort)
+void Entwurf::ortSetzen(Dokument &dokument, const Ort &ort, const QString &jahr)
 {
     schreiben(dokument, Feld::Zweig, ort.zweig);
     schreiben(dokument, Feld::Ablage, ort.ablage);
     schreiben(dokument, Feld::Rubrik, ort.rubrik);
+    if (jahr.isEmpty())
+        return;
+    schreiben(dokument, Feld::Jahr, jahr);
+    m_jahrVonHand = true;
 }
 
 void Entwurf::anwenden(Dokument &dokument) const

@@ -19,8 +19,8 @@ public:
      * kind and category stay only where the new branch or kind has them. A value that is there already changes nothing.
      */
     void setzen(Dokument &dokument, Feld feld, const QString &wert, const Profil &profil);
-    /** All three levels at once. */
-    void ortSetzen(Dokument &dokument, const Ort &ort);
+    /** All three levels at once, and the year unless @p jahr is empty. */
+    void ortSetzen(Dokument &dokument, const Ort &ort, const QString &jahr);
 
     /** Puts the changes over a freshly read @p dokument. */
     void anwenden(Dokument &dokument) const;

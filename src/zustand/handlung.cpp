@@ -24,7 +24,7 @@ Ablagewerk werkMitBuch(const Arbeitsplatz &platz, Geschehen &g)
     Zielwurzel::pruefen(*platz.db, platz.profil);
     g.buch = Handlung::buchBereitstellen(platz);
     if (!g.buch)
-        g.hinweise << Sprache::text(
+        g.warnungen << Sprache::text(
             u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll."_s);
     return {platz.db, platz.profil, g.buch};
 }
@@ -60,7 +60,7 @@ void zaehlerMelden(const Zaehler &zaehler, const QString &gegenueber, Geschehen 
         g.hinweise.prepend(gefuellt(Sprache::text(u"Gemerkt. %@ wartende Dokumente von %@ wurden angepasst."_s),
                                     {QString::number(zaehler.anzahl), gegenueber}));
     if (zaehler.ohneProtokoll && g.buch)
-        g.hinweise << Sprache::text(u"Die Bewegung ließ sich nicht ins Protokoll schreiben"_s);
+        g.warnungen << Sprache::text(u"Die Bewegung ließ sich nicht ins Protokoll schreiben"_s);
 }
 
 QString aktuellerName(const Ablagewerk &werk, qint64 id)
@@ -72,6 +72,8 @@ QString aktuellerName(const Ablagewerk &werk, qint64 id)
 /** Tells what was taken back; the name where it is one document. */
 void ruecknahmeMelden(const Arbeitsplatz &platz, const Zurueckgenommen &z, Geschehen &g)
 {
+    if (z.dokumente.isEmpty())
+        return; // stopped before the first one
     g.wieder = z.dokumente.first();
     const qsizetype anzahl = z.dokumente.size();
     const QString was = anzahl == 1 ? aktuellerName(Ablagewerk(platz.db, platz.profil), *g.wieder)
@@ -135,7 +137,7 @@ struct Ausraeumung {
 
 QString Geschehen::allesGesagte() const
 {
-    QStringList saetze = QStringList{text} + hinweise;
+    QStringList saetze = warnungen + QStringList{text} + hinweise;
     saetze.removeAll(QString());
     return saetze.join(u", "_s);
 }
@@ -157,15 +159,16 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
     return gefasst(platz, [&](Geschehen &g) {
         for (QString *feld : {&dokument.datum, &dokument.gegenueber, &dokument.titel, &dokument.jahr})
             *feld = nfc(feld->trimmed());
-        if (!dokument.datum.isEmpty() && !Einordnung::istDatum(dokument.datum))
-            throw Fehler(Sprache::text(u"Das Datum hat nicht die Form JJJJ-MM-TT"_s));
+        if (const QString mangel = Einordnung::datumsmangel(dokument.datum); !mangel.isEmpty())
+            throw Fehler(mangel);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.uebernehmen(dokument);
         zaehlerMelden(*werk.mitgezogen, dokument.gegenueber, g);
         const QString name = nameVon(werk.mitgezogen->nach);
         g.text = platz.profil.kopieren ? gefuellt(Sprache::text(u"Kopiert: %@"_s), {name})
                                        : gefuellt(Sprache::text(u"Einsortiert: %@"_s), {name});
-        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat, .eingeordnet = dokument.id};
+        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat};
+        g.uebernommen = dokument.id;
     });
 }
 
@@ -177,7 +180,7 @@ Geschehen Handlung::zuruecklegen(const Arbeitsplatz &platz, const Dokument &doku
         if (!tat)
             throw Fehler(Sprache::text(u"Dieses Dokument wurde inzwischen schon bearbeitet"_s));
         g.text = gefuellt(Sprache::text(u"Zurückgestellt: %@"_s), {nameVon(dokument.pfad)});
-        g.rueckweg = Rueckweg{.tat = *tat, .eingeordnet = {}};
+        g.rueckweg = Rueckweg{.tat = *tat};
     });
 }
 
@@ -190,7 +193,7 @@ Geschehen Handlung::aussortieren(const Arbeitsplatz &platz, const Dokument &doku
         const bool nurStatus = platz.profil.kopieren;
         g.text = nurStatus ? gefuellt(Sprache::text(u"Als Dublette vermerkt: %@"_s), {nameVon(dokument.pfad)})
                            : gefuellt(Sprache::text(u"Als Dublette beiseitegelegt: %@"_s), {nameVon(dokument.pfad)});
-        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat, .eingeordnet = {}};
+        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat};
     });
 }
 
@@ -226,7 +229,7 @@ Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlun
         a.melden(platz.profil, g);
         zaehlerMelden(*werk.mitgezogen, {}, g);
         if (a.anzahl > 0)
-            g.rueckweg = Rueckweg{.tat = tat, .eingeordnet = {}};
+            g.rueckweg = Rueckweg{.tat = tat};
     });
 }
 
@@ -234,7 +237,7 @@ Geschehen Handlung::wiederVorlegen(const Arbeitsplatz &platz)
 {
     return gefasst(platz, [&](Geschehen &g) {
         if (const auto tat = Taten::alleWechseln(*platz.db, u"vorgelegt"_s, u"zurueckgestellt"_s, u"bereit"_s))
-            g.rueckweg = Rueckweg{.tat = *tat, .eingeordnet = {}};
+            g.rueckweg = Rueckweg{.tat = *tat};
     });
 }
 

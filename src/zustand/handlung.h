@@ -17,7 +17,6 @@ struct Arbeitsplatz {
 /** How exactly one deed is taken back. */
 struct Rueckweg {
     Taten::Tat tat;
-    std::optional<qint64> eingeordnet; ///< the document that was accepted by it
     bool operator==(const Rueckweg &) const = default;
 };
 
@@ -26,9 +25,11 @@ struct Geschehen {
     bool gelungen = false;
     QString text;                        ///< what happened to which document; empty when nothing did
     QStringList hinweise;                ///< what else is to be said, or why it failed
+    QStringList warnungen;               ///< what went wrong beside a deed that was done; said first
     std::shared_ptr<Protokollbuch> buch; ///< the session's log from now on
     std::optional<Rueckweg> rueckweg;
-    std::optional<qint64> wieder; ///< the document that came back
+    std::optional<qint64> wieder;      ///< the document that came back
+    std::optional<qint64> uebernommen; ///< was filed with the reviewer's changes
     bool zielFraglich = false;    ///< refused since nothing of what was filed lies in the target folder
 
     /** What happened and what else is to be said, as one line. */

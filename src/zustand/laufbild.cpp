@@ -89,6 +89,14 @@ void Laufbild::enden(bool abgeschlossen, Zeitpunkt jetzt)
     letzte.stand = abgeschlossen ? Stufenbild::Stand::fertig : Stufenbild::Stand::offen;
 }
 
+void Laufbild::offenLassen(const QStringList &schritte)
+{
+    for (const QString &schritt : schritte) {
+        if (const int stufe = stufeVon(schritt); stufe >= 0)
+            m_stufen[stufe].stand = Stufenbild::Stand::offen;
+    }
+}
+
 std::chrono::milliseconds Laufbild::dauer(Zeitpunkt jetzt) const
 {
     return m_gelaufen ? duration_cast<milliseconds>((m_laeuft ? jetzt : m_ende) - m_beginn) : milliseconds();

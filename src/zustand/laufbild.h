@@ -35,6 +35,9 @@ public:
     /** The run has ended; @p abgeschlossen: it was not stopped. */
     void enden(bool abgeschlossen, Zeitpunkt jetzt);
 
+    /** These stages (by the German names of their steps) have come to their end without doing what they were for. */
+    void offenLassen(const QStringList &schritte);
+
     [[nodiscard]] const QList<Stufenbild> &stufen() const { return m_stufen; }
     /** A run has been seen. */
     [[nodiscard]] bool gelaufen() const { return m_gelaufen; }

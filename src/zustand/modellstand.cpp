@@ -4,16 +4,17 @@
 #include "sprache.h"
 #include "text.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 std::optional<QString> Modellstand::treffer(const QStringList &vorhandene, const QString &gesucht)
 {
-    const auto gefunden = std::find_if(vorhandene.begin(), vorhandene.end(), [&](const QString &name) {
-        return name == gesucht || name.startsWith(gesucht + u':');
-    });
-    return gefunden == vorhandene.end() ? std::nullopt : std::optional(*gefunden);
+    return Modellverzeichnis::treffer(vorhandene, gesucht);
+}
+
+bool Modellstand::rechnetAnderswo(const QString &modell) const
+{
+    return verzeichnis.rechnetAnderswo(modell) ||
+           verzeichnis.rechnetAnderswo(treffer(vorhandene, modell).value_or(modell));
 }
 
 Modellstand Modellstand::pruefen(const QString &gesucht)
@@ -25,7 +26,17 @@ Modellstand Modellstand::pruefen(const QString &gesucht)
         stand.meldung = Sprache::text(u"Der Modellserver ollama läuft nicht"_s);
         return stand;
     }
-    stand.vorhandene = server.modelle();
+    try {
+        stand.verzeichnis = server.verzeichnis();
+    } catch (const Fehler &) {
+        stand.verzeichnis = {}; // a server that does not tell its models has none
+    }
+    stand.vorhandene = stand.verzeichnis.vollstaendig() ? stand.verzeichnis.namen() : QStringList();
+    if (stand.rechnetAnderswo(gesucht)) {
+        stand.art = Art::modellAnderswo;
+        stand.meldung = ModellAnderswo::satz(gesucht);
+        return stand;
+    }
     const auto gefunden = treffer(stand.vorhandene, gesucht);
     stand.art = gefunden ? Art::bereit : Art::modellFehlt;
     stand.meldung = gefunden ? gefuellt(Sprache::text(u"Sprachmodell %@ einsatzbereit"_s), {*gefunden})

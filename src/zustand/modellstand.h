@@ -1,24 +1,29 @@
 #pragma once
 
+#include "modellverzeichnis.h"
+
 #include <QString>
 #include <QStringList>
 #include <optional>
 
 /** What is known about the model server and the model of a profile. */
 struct Modellstand {
-    enum class Art { unbekannt, serverFehlt, modellFehlt, laedt, bereit };
+    enum class Art { unbekannt, serverFehlt, modellFehlt, modellAnderswo, laedt, bereit };
     Art art = Art::unbekannt;
-    QString meldung;        ///< for the user
-    QStringList vorhandene; ///< the installed models, in the server's order
-    QString laedtModell;    ///< the model that is being fetched, empty if none
-    QString ladetext;       ///< how far that is, in the server's words
-    qint64 geladen = 0;     ///< bytes of the part under way
-    qint64 ladegroesse = 0; ///< all bytes of it; 0: not known
-    QString restzeit;       ///< for the user; empty: not known
-    QString ladefehler;     ///< why the last fetching failed; empty if it did not
-    QString fehlermodell;   ///< which model that was
+    QString meldung;               ///< for the user
+    QStringList vorhandene;        ///< the installed models, in the server's order
+    Modellverzeichnis verzeichnis; ///< the same with what the server tells of each
+    QString laedtModell;           ///< the model that is being fetched, empty if none
+    QString ladetext;              ///< how far that is, in the server's words
+    qint64 geladen = 0;            ///< bytes of the part under way
+    qint64 ladegroesse = 0;        ///< all bytes of it; 0: not known
+    QString restzeit;              ///< for the user; empty: not known
+    QString ladefehler;            ///< why the last fetching failed; empty if it did not
+    QString fehlermodell;          ///< which model that was
     bool operator==(const Modellstand &) const = default;
 
+    /** @p modell, or the installed one that it means, would be computed on another computer: it is never used. */
+    [[nodiscard]] bool rechnetAnderswo(const QString &modell) const;
     /** The first of @p vorhandene that @p gesucht means: the same name, or the name without a tag under any tag. */
     [[nodiscard]] static std::optional<QString> treffer(const QStringList &vorhandene, const QString &gesucht);
     /** Asks the server. Blocks. */

@@ -22,5 +22,8 @@ Nacharbeit Nacharbeit::lesen(Datenbank &db)
                                 .name = nameVon(z.text(u"pfad")),
                                 .original = nameVon(z.text(u"original")),
                                 .bytegleich = z.ganz(u"gleich") == 1};
+    for (const Zeile &z : db.abfragen(u"SELECT COUNT(*) n FROM zweitfragen z JOIN dokumente d ON d.id=z.dokument_id\n"
+                                      "WHERE d.status='bereit' AND d.zweitmeinung=1 AND d.ausgenommen=0"_s))
+        n.unbeantwortet = z.ganz(u"n");
     return n;
 }

@@ -24,6 +24,7 @@ struct Nacharbeit {
     };
     QList<Gescheitertes> gescheiterte;
     QList<Dublette> dubletten;
+    qint64 unbeantwortet = 0; ///< waiting documents whose second opinion was asked for in vain
     bool operator==(const Nacharbeit &) const = default;
 
     /** Reads it from the catalogue. Blocks. */

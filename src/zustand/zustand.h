@@ -78,14 +78,20 @@ public:
     [[nodiscard]] const QStringList &voraus() const { return m_blick.voraus; }
     void feldSetzen(Feld feld, const QString &wert);
     void altenOrtBehalten();
-    /** The date is empty or has its form. */
-    [[nodiscard]] bool datumGueltig() const;
+    /** Why the date cannot be filed, for the user; empty for a day and for none. */
+    [[nodiscard]] QString datumsmangel() const;
+    [[nodiscard]] bool datumGueltig() const { return datumsmangel().isEmpty(); }
     /** New file name and the levels of the target folder below the target root, from the fields as they stand. */
     [[nodiscard]] QString neuerName() const;
     [[nodiscard]] QStringList zielpfad() const;
     void aktualisieren();
 
-    // Deeds of the review. One at a time: another one asked for meanwhile is kept (one) and done afterwards.
+    /** The document under review has not been on the screen yet. Told by whoever shows it; false without a window. */
+    [[nodiscard]] bool ungesehen() const { return m_ungesehen; }
+    void setzeUngesehen(bool ungesehen);
+
+    // Deeds of the review, one at a time. Looking around, and what takes back, is kept (one) while another one is under
+    // way; filing, skipping and setting aside are not, nor are they done before the document was seen.
     void uebernehmen();
     void zuruecklegen();
     void aussortieren();
@@ -137,6 +143,10 @@ public:
     void durchgangStarten(Durchgang art = Durchgang::ganz);
     /** Starts one if the model can be asked, else tells so by startFraglich(): every document would fail by itself. */
     void durchgangErbitten(Durchgang art = Durchgang::ganz);
+    /** Of what failed before it reopens only @p nurDies, if that is given. */
+    void durchgangErbitten(Durchgang art, std::optional<qint64> nurDies);
+    /** The one document that the run asked for last is to try again, if it was asked for one. */
+    [[nodiscard]] std::optional<qint64> erbetenesDokument() const { return m_erneutNur; }
     /** It is being looked whether the model is there. */
     [[nodiscard]] bool startErbeten() const { return m_erbeten.has_value(); }
     void durchgangAnhalten();
@@ -172,8 +182,10 @@ public:
     [[nodiscard]] bool rueckbauLaeuft() const { return m_rueckbauLaeuft; }
     [[nodiscard]] const QString &rueckbauMeldung() const { return m_rueckbauMeldung; }
     [[nodiscard]] double rueckbauAnteil() const { return m_rueckbauAnteil; }
-    /** What went wrong in the last turning back, a line each. */
-    [[nodiscard]] const QStringList &rueckbauFehler() const { return m_rueckbauFehler; }
+    /** Of what rueckbauMeldung() says. */
+    [[nodiscard]] Ton rueckbauTon() const { return m_rueckbauTon; }
+    /** What the last turning back of the shown log came to. */
+    [[nodiscard]] const Bilanz &rueckbauBilanz() const { return m_rueckbauBilanz; }
     /** The running session's log; null before the first movement. */
     [[nodiscard]] const Protokollbuch *laufendesBuch() const { return m_buch.get(); }
     void protokolleListen();
@@ -240,6 +252,8 @@ Q_SIGNALS:
     void angabenGeaendert();   ///< values of the same document, by the reviewer or from outside
     void partnerZeigenGeaendert();
     void vorausGeaendert();
+    void ungesehenGeaendert();
+    void zuFruehGedrueckt(); ///< a deed came before its document was seen, and was not done
     void hinweisGeaendert(); ///< notice, deed or what can be taken back
     void beschaeftigtGeaendert();
     void vorgangGeaendert();
@@ -287,6 +301,7 @@ private:
     [[nodiscard]] std::function<bool(qint64, qint64)> vorgangMelder(const QString &vorgang);
     void tatFertig(const Tatfolge &folge);
     void warten(std::function<void()> spaeter);
+    [[nodiscard]] bool zuFrueh();
     void freigeben();
     void zeigen(const Blick &blick);
     void auffrischen(const Blick &blick);
@@ -317,6 +332,7 @@ private:
     Laufbild m_laufbild;
     Laufende m_laufende;
     std::optional<Durchgang> m_erbeten;
+    std::optional<qint64> m_erneutNur; ///< of the run asked for
     Nacharbeit m_nacharbeit;
     bool m_liestNacharbeit = false;
     Profilsicherung *m_sicherung;
@@ -332,6 +348,7 @@ private:
     std::optional<Pruefstueck> m_stueck;              ///< m_blick's document with the reviewer's changes
     QHash<QUuid, QHash<qint64, Entwurf>> m_entwuerfe; ///< by profile and document
     bool m_partnerZeigen = false;
+    bool m_ungesehen = false;
 
     bool m_beschaeftigt = false;
     bool m_angabenFest = false;
@@ -376,7 +393,9 @@ private:
     bool m_rueckbauLaeuft = false;
     QString m_rueckbauMeldung;
     double m_rueckbauAnteil = 0;
-    QStringList m_rueckbauFehler;
+    Ton m_rueckbauTon = Ton::ruhig;
+    Bilanz m_rueckbauBilanz;
+    QString m_rueckbauDatei; ///< the log that is being turned back
 
     Reiter m_reiter = Reiter::einrichtung;
     double m_teilung;

@@ -1,7 +1,6 @@
 #include "analyse.h"
 #include "datenbank.h"
 #include "hintergrund.h"
-#include "wiedervorlage.h"
 #include "zustand.h"
 
 using namespace Qt::StringLiterals;
@@ -23,6 +22,7 @@ void Zustand::laufFertig()
 {
     const bool abgeschlossen = !m_analyse->abbrechenGewuenscht() && m_analyse->anteil() >= 1;
     m_laufbild.enden(abgeschlossen, steady_clock::now());
+    m_laufbild.offenLassen(m_analyse->fazit().behinderte);
     if (!m_analyse->hinweise().isEmpty())
         melden(m_analyse->hinweise().join(u", "_s));
     aktualisieren();
@@ -70,14 +70,18 @@ void Zustand::durchgangStarten(Durchgang art)
         return;
     m_laufbild.beginnen(steady_clock::now());
     m_analyse->profilSetzen(*m_aktiv);
-    m_analyse->allesStarten(art == Durchgang::erneut || art == Durchgang::erneutLesen,
-                            art == Durchgang::nurLesen || art == Durchgang::erneutLesen);
+    m_analyse->allesStarten({.erneut = art == Durchgang::erneut || art == Durchgang::erneutLesen,
+                             .nurDies = std::exchange(m_erneutNur, std::nullopt),
+                             .nurLesen = art == Durchgang::nurLesen || art == Durchgang::erneutLesen});
 }
 
-void Zustand::durchgangErbitten(Durchgang art)
+void Zustand::durchgangErbitten(Durchgang art) { durchgangErbitten(art, std::nullopt); }
+
+void Zustand::durchgangErbitten(Durchgang art, std::optional<qint64> nurDies)
 {
     if (!kannHandeln() || m_analyse->laeuft() || m_erbeten)
         return;
+    m_erneutNur = nurDies;
     m_erbeten = art;
     Q_EMIT laufGeaendert();
     modellPruefen();
@@ -101,21 +105,7 @@ void Zustand::durchgangAnhalten()
         m_analyse->abbrechen();
 }
 
-void Zustand::erneutVersuchen(qint64 id)
-{
-    if (!kannHandeln() || m_analyse->laeuft())
-        return;
-    imHintergrund(
-        this, [db = m_db, id] { return Wiedervorlage::oeffnen(*db, id); },
-        [this, nummer = m_oeffnung](const Ausgang<qint64> &ausgang) {
-            if (nummer != m_oeffnung)
-                return;
-            if (!ausgang.wert)
-                return melden(ausgang.fehler);
-            nacharbeitLesen();
-            durchgangErbitten();
-        });
-}
+void Zustand::erneutVersuchen(qint64 id) { durchgangErbitten(Durchgang::erneut, id); }
 
 void Zustand::nacharbeitLesen()
 {

@@ -46,6 +46,7 @@ Modellstand Zustand::mitLadestand(const Modellstand &gefunden) const
     stand.art = gefunden.art;
     stand.meldung = gefunden.meldung;
     stand.vorhandene = gefunden.vorhandene;
+    stand.verzeichnis = gefunden.verzeichnis;
     const bool kommt = m_aktiv && !stand.laedtModell.isEmpty() && stand.laedtModell == m_aktiv->modell;
     if (kommt && stand.art != Modellstand::Art::bereit) {
         stand.art = Modellstand::Art::laedt;

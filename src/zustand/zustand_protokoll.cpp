@@ -49,7 +49,7 @@ void Zustand::protokollWaehlen(const std::optional<QString> &datei)
     QList<Protokollzeile> alte = std::exchange(m_protokollZeilen, {});
     m_protokollLaedt = datei.has_value();
     m_rueckbauMeldung.clear();
-    m_rueckbauFehler.clear();
+    m_rueckbauBilanz = {};
     Q_EMIT protokollGeaendert();
     Q_EMIT rueckbauGeaendert();
     fortgeben(std::move(alte));
@@ -103,7 +103,8 @@ void Zustand::protokollZurueckdrehen()
     m_rueckbauLaeuft = true;
     m_rueckbauAnteil = 0;
     m_halt = std::stop_source();
-    m_rueckbauFehler.clear();
+    m_rueckbauBilanz = {};
+    m_rueckbauDatei = *m_protokollDatei;
     m_rueckbauMeldung = Sprache::text(u"Wird zurückgedreht"_s);
     ++m_blickfrage;
     Q_EMIT rueckbauGeaendert();
@@ -123,7 +124,7 @@ void Zustand::protokollZurueckdrehen()
         [this](const Ausgang<Bilanz> &ausgang) {
             Bilanz bilanz = ausgang.wert.value_or(Bilanz{});
             if (!ausgang.wert)
-                bilanz.fehler << ausgang.fehler;
+                bilanz.fehler << Rueckbaubefund{.stelle = -1, .grund = ausgang.fehler};
             rueckbauFertig(bilanz);
         });
 }
@@ -132,12 +133,15 @@ void Zustand::rueckbauFertig(const Bilanz &bilanz)
 {
     const qint64 fehler = bilanz.fehler.size();
     QStringList teile = {gefuellt(Sprache::text(u"%@ zurückgeholt"_s), {QString::number(bilanz.zurueckgedreht)})};
-    if (bilanz.uebersprungen >= 1)
-        teile << gefuellt(Sprache::text(u"%@ übersprungen"_s), {QString::number(bilanz.uebersprungen)});
+    if (!bilanz.uebersprungen.isEmpty())
+        teile << gefuellt(Sprache::text(u"%@ übersprungen"_s), {QString::number(bilanz.uebersprungen.size())});
     if (fehler >= 1)
         teile << gefuellt(Sprache::text(u"%@ Fehler"_s), {QString::number(fehler)});
     m_rueckbauMeldung = teile.join(u", "_s);
-    m_rueckbauFehler = bilanz.fehler;
+    m_rueckbauTon = fehler >= 1 || !bilanz.uebersprungen.isEmpty() ? Ton::warnung : Ton::gut;
+    // Its entries are numbers of lines: another log that was chosen meanwhile has other lines.
+    if (m_protokollDatei == m_rueckbauDatei)
+        m_rueckbauBilanz = bilanz;
     m_rueckbauLaeuft = false;
     // What comes now is a session of its own.
     if (m_buch && m_protokollDatei == m_buch->datei())

@@ -53,15 +53,15 @@ void Zustand::altenOrtBehalten()
     if (!m_stueck || !m_aktiv || m_angabenFest)
         return;
     if (const auto ort = heutigerOrt(m_stueck->dokument, *m_aktiv)) {
-        entwuerfe()[m_stueck->dokument.id].ortSetzen(m_stueck->dokument, *ort);
+        Dokument &dokument = m_stueck->dokument;
+        entwuerfe()[dokument.id].ortSetzen(dokument, *ort, m_aktiv->jahrIn(dokument.altOrdner));
         Q_EMIT angabenGeaendert();
     }
 }
 
-bool Zustand::datumGueltig() const
+QString Zustand::datumsmangel() const
 {
-    const QString datum = m_stueck ? m_stueck->dokument.datum.trimmed() : QString();
-    return datum.isEmpty() || Einordnung::istDatum(datum);
+    return m_stueck ? Einordnung::datumsmangel(m_stueck->dokument.datum.trimmed()) : QString();
 }
 
 QString Zustand::neuerName() const
@@ -135,11 +135,27 @@ void Zustand::stueckSetzen(std::optional<Pruefstueck> stueck)
     Q_EMIT aktuellesGeaendert();
 }
 
+void Zustand::setzeUngesehen(bool ungesehen)
+{
+    if (ungesehen == m_ungesehen)
+        return;
+    m_ungesehen = ungesehen;
+    Q_EMIT ungesehenGeaendert();
+}
+
+/** A deed on a document that nobody can have looked at is a key that was pressed once too often: it is not kept. */
+bool Zustand::zuFrueh()
+{
+    if (m_rueckbauLaeuft)
+        warten({});
+    else if (m_beschaeftigt || m_ungesehen)
+        Q_EMIT zuFruehGedrueckt();
+    return beschaeftigt() || m_ungesehen || !m_stueck;
+}
+
 void Zustand::uebernehmen()
 {
-    if (beschaeftigt())
-        return warten([this] { uebernehmen(); });
-    if (!m_stueck)
+    if (zuFrueh())
         return;
     const Dokument dokument = m_stueck->dokument;
     const QString vorgang = m_aktiv && m_aktiv->kopieren ? Sprache::text(u"Datei wird kopiert"_s)
@@ -150,9 +166,7 @@ void Zustand::uebernehmen()
 
 void Zustand::zuruecklegen()
 {
-    if (beschaeftigt())
-        return warten([this] { zuruecklegen(); });
-    if (!m_stueck)
+    if (zuFrueh())
         return;
     handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::zuruecklegen(platz, d); },
             Wunsch::weiter(m_stueck->dokument.id, {}), {});
@@ -160,9 +174,7 @@ void Zustand::zuruecklegen()
 
 void Zustand::aussortieren()
 {
-    if (beschaeftigt())
-        return warten([this] { aussortieren(); });
-    if (!m_stueck)
+    if (zuFrueh())
         return;
     handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::aussortieren(platz, d); },
             Wunsch::weiter(m_stueck->dokument.id, {}), Sprache::text(u"Datei wird verschoben"_s));
@@ -304,16 +316,17 @@ void Zustand::tatFertig(const Tatfolge &folge)
     const Geschehen &g = folge.geschehen;
     const bool neuesBuch = g.buch != m_buch;
     m_buch = g.buch;
-    if (g.gelungen && g.rueckweg && g.rueckweg->eingeordnet)
-        entwuerfe().remove(*g.rueckweg->eingeordnet);
+    if (g.uebernommen)
+        entwuerfe().remove(*g.uebernommen); // whatever else is done with a document, what was typed stays
     m_geschehen = g.text;
     m_rueckweg = g.rueckweg;
     // Another document stands there now: it is not the one that this is about.
     const bool verlassen = m_angabenFest && m_stueck && folge.blick.id() != dokumentId();
     const QString woran = !g.gelungen && verlassen ? m_stueck->dokument.dateiname + u": "_s : QString();
-    melden(woran + g.hinweise.join(u", "_s), g.gelungen ? Ton::gut : Ton::warnung);
-    m_hinweisIstNeuer = false;
-    if (g.gelungen && !g.text.isEmpty())
+    const bool gut = g.gelungen && g.warnungen.isEmpty();
+    melden(woran + (g.warnungen + g.hinweise).join(u", "_s), gut ? Ton::gut : Ton::warnung);
+    m_hinweisIstNeuer = !g.warnungen.isEmpty();
+    if (gut && !g.text.isEmpty())
         m_ton = Ton::gut;
     zeigen(folge.blick);
     Q_EMIT hinweisGeaendert();

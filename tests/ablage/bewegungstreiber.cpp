@@ -24,8 +24,8 @@ int ausfuehren(Werkbank &bank, const QString &aktion)
     } else if (aktion == u"sitzung"_s) {
         const QStringList dateien = Protokollbuch::dateien(bank.profil().protokollOrdner);
         const Bilanz bilanz = Protokollbuch::zurueckdrehen(dateien.value(0), bank.db(), [](qint64, qint64) {});
-        for (const QString &zeile : bilanz.fehler)
-            std::fprintf(stderr, "%s\n", qPrintable(zeile));
+        for (const Rueckbaubefund &befund : bilanz.fehler)
+            std::fprintf(stderr, "%s\n", qPrintable(befund.grund));
         return bilanz.fehler.isEmpty() ? 0 : 1;
     }
     return bank.zaehler().ohneProtokoll ? 3 : 0;

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <thread>
 #include <unistd.h>
 
@@ -14,7 +15,13 @@ namespace
 {
 void nichts(qint64, qint64) {}
 
-Bilanz uebersprungen(qint64 anzahl) { return {.zurueckgedreht = 0, .fehler = {}, .uebersprungen = anzahl}; }
+/** Passed over for nothing but @p grund, and nothing else done. */
+bool nurUebersprungen(const Bilanz &bilanz, qsizetype anzahl, const QString &grund)
+{
+    const auto &u = bilanz.uebersprungen;
+    return bilanz.zurueckgedreht == 0 && bilanz.fehler.isEmpty() && u.size() == anzahl &&
+           std::all_of(u.begin(), u.end(), [&](const Rueckbaubefund &b) { return b.grund == grund; });
+}
 
 Protokollzeile zeile(int nummer)
 {
@@ -220,7 +227,7 @@ void TestProtokollbuch::sitzungZurueck()
         QCOMPARE(QDir(bank.ziel(QString())).entryList(QDir::Files).size(), anzahl - fertig);
         gemeldet << fertig;
     });
-    QCOMPARE(bilanz.fehler, QStringList());
+    QVERIFY(bilanz.fehler.isEmpty());
     QCOMPARE(bilanz.zurueckgedreht, anzahl);
     QCOMPARE(gemeldet.size(), anzahl);
     for (const Dokument &d : std::as_const(vorher)) {
@@ -228,7 +235,8 @@ void TestProtokollbuch::sitzungZurueck()
         QVERIFY(QFile::exists(d.pfad));
     }
     QVERIFY(QDir(bank.ziel(QString())).entryList(QDir::Files).isEmpty());
-    QCOMPARE(Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts), uebersprungen(anzahl));
+    QVERIFY(nurUebersprungen(Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts), anzahl,
+                             u"Die Datei liegt nicht mehr am Zielort"_s));
     QCOMPARE(bank.widersprueche(), QStringList());
 }
 
@@ -248,7 +256,7 @@ void TestProtokollbuch::einTeilScheitert()
     const Bilanz bilanz = Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts);
     QCOMPARE(bilanz.zurueckgedreht, 10);
     QCOMPARE(bilanz.fehler.size(), 100);
-    QVERIFY(bilanz.fehler.first().startsWith(u"2024-03-05 Stadtwerke - Abschlag"_s));
+    QCOMPARE(bilanz.fehler.first().stelle, 109); // the newest one
     QCOMPARE(QDir(bank.ziel(QString())).entryList(QDir::Files).size(), 100);
     QCOMPARE(bank.widersprueche(), QStringList());
     bank.db()->ausfuehren(u"DROP TRIGGER temp.voll"_s);
@@ -270,7 +278,10 @@ void TestProtokollbuch::angehalten()
     std::stop_source halt;
     const auto anhalten = [&halt](qint64, qint64) { halt.request_stop(); };
     const Bilanz bilanz = Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), anhalten, halt.get_token());
-    QCOMPARE(bilanz, (Bilanz{.zurueckgedreht = 100, .fehler = {}, .uebersprungen = 10}));
+    QCOMPARE(bilanz.zurueckgedreht, 100);
+    QCOMPARE(bilanz.uebersprungen.size(), 10);
+    QCOMPARE(bilanz.uebersprungen.first(),
+             (Rueckbaubefund{.stelle = 9, .grund = u"Angehalten, bevor diese Bewegung an der Reihe war"_s}));
     QCOMPARE(bank.widersprueche(), QStringList());
     QCOMPARE(Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts).zurueckgedreht, 10);
 }
@@ -308,7 +319,8 @@ void TestProtokollbuch::spaetereSitzungBleibt()
     log.close();
     bank.oeffnen();
     bank.uebernehmen(id);
-    QCOMPARE(Protokollbuch::zurueckdrehen(erste, bank.db(), nichts), uebersprungen(1));
+    QVERIFY(nurUebersprungen(Protokollbuch::zurueckdrehen(erste, bank.db(), nichts), 1,
+                             u"Diese Bewegung ist schon zurückgedreht"_s));
     QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
 }
 
@@ -326,7 +338,7 @@ void TestProtokollbuch::kopieNurMitOriginal()
     QVERIFY(QFile::rename(bank.quelle(u"1.pdf"_s), ziel));
     dateiSchreiben(bank.quelle(u"2.pdf"_s), "neu gescannt");
     const Bilanz bilanz = Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts);
-    QCOMPARE(bilanz, uebersprungen(2));
+    QVERIFY(nurUebersprungen(bilanz, 2, u"Das Original fehlt oder ist nicht mehr wie die Kopie"_s));
     QCOMPARE(inhaltVon(ziel), QByteArray("eins"));
     QCOMPARE(inhaltVon(bank.ziel(u"2024-03-05 Stadtwerke - Zwei.pdf"_s)), QByteArray("zwei"));
 }
@@ -344,7 +356,9 @@ void TestProtokollbuch::ausgelassenesUndFehler()
     const Bilanz bilanz = Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts);
     QCOMPARE(bilanz.zurueckgedreht, 1);
     QCOMPARE(bilanz.fehler.size(), 1);
-    QVERIFY(bilanz.fehler.first().startsWith("2024-03-05 Stadtwerke - a.pdf: "_L1));
+    QCOMPARE(bilanz.fehler.first().stelle, 0);
+    QCOMPARE(bilanz.uebersprungen, (QList<Rueckbaubefund>{{2, u"Die Datei liegt nicht mehr am Zielort"_s},
+                                                          {1, u"Am alten Platz liegt schon eine andere Datei"_s}}));
     QCOMPARE(inhaltVon(bank.quelle(u"2.pdf"_s)), QByteArray("besetzt"));
     QCOMPARE(inhaltVon(bank.quelle(u"4.pdf"_s)), QByteArray("4.pdf"));
 }
@@ -370,7 +384,8 @@ void TestProtokollbuch::ohneKatalog()
     QCOMPARE(Protokollbuch::zurueckdrehen(bank.buchDatei(), nullptr, nichts).zurueckgedreht, 1);
     QVERIFY(QFile::exists(bank.quelle(u"1.pdf"_s)));
     dateiSchreiben(m_ordner->filePath(u"fern.jsonl"_s), zeile(1).json() + '\n' + zeile(2).json() + '\n');
-    QCOMPARE(Protokollbuch::zurueckdrehen(m_ordner->filePath(u"fern.jsonl"_s), nullptr, nichts), uebersprungen(2));
+    QCOMPARE(Protokollbuch::zurueckdrehen(m_ordner->filePath(u"fern.jsonl"_s), nullptr, nichts).uebersprungen.size(),
+             2);
 }
 
 QTEST_GUILESS_MAIN(TestProtokollbuch)

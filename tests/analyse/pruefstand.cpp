@@ -1,5 +1,6 @@
 #include "pruefstand.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +17,7 @@ Pruefstand::Pruefstand() : m_db(std::make_shared<Datenbank>(m_ordner.filePath(u"
     profil.modellGross = u"gross"_s;
     profil.eigeneNamen = QStringList{u"Anna Muster"_s};
     profil.eigeneAnschriften = QStringList{u"Weg 100, 12345 Ort"_s};
-    qputenv("OLLAMA_HOST", m_server.adresse().toUtf8());
+    qputenv("OLLAMA_HOST", m_server->adresse().toUtf8());
 }
 
 qint64 Pruefstand::dokument(const QString &dateiname, const QString &text, const QString &altOrdner) const
@@ -68,9 +69,26 @@ QJsonObject Pruefstand::vorschlag(const QJsonObject &anders)
 QList<QJsonObject> Pruefstand::fragen() const
 {
     QList<QJsonObject> liste;
-    for (const Testanfrage &anfrage : m_server.anfragen())
-        liste << QJsonDocument::fromJson(anfrage.rumpf).object();
+    for (const Testanfrage &anfrage : m_server ? m_server->anfragen() : m_fruehere) {
+        if (anfrage.pfad == "/api/generate")
+            liste << QJsonDocument::fromJson(anfrage.rumpf).object();
+    }
     return liste;
+}
+
+void Pruefstand::serverListet(const QList<QJsonObject> &modelle)
+{
+    QJsonArray liste;
+    for (const QJsonObject &modell : modelle)
+        liste << modell;
+    m_server->antworten("/api/tags", Testantwort::fest(200, QJsonDocument(QJsonObject{{u"models"_s, liste}}).toJson()));
+}
+
+void Pruefstand::serverStirbt()
+{
+    if (m_server)
+        m_fruehere = m_server->anfragen();
+    m_server.reset();
 }
 
 Lauf Pruefstand::lauf(std::function<bool()> halt, std::stop_token ende) const

@@ -23,7 +23,11 @@ public:
     [[nodiscard]] static Testantwort antwort(const QJsonObject &objekt);
     /** The usual proposal, with @p anders instead of or besides it. */
     [[nodiscard]] static QJsonObject vorschlag(const QJsonObject &anders = {});
-    void modellSagt(const QList<Testantwort> &folge) { m_server.antworten("/api/generate", folge); }
+    void modellSagt(const QList<Testantwort> &folge) { m_server->antworten("/api/generate", folge); }
+    /** What the server lists, one object per model; without this it lists nothing. */
+    void serverListet(const QList<QJsonObject> &modelle);
+    /** Nobody listens any more where the server was. */
+    void serverStirbt();
     /** The requests that the model got so far. */
     [[nodiscard]] QList<QJsonObject> fragen() const;
 
@@ -36,5 +40,6 @@ public:
 private:
     QTemporaryDir m_ordner;
     std::shared_ptr<Datenbank> m_db;
-    Testserver m_server;
+    std::unique_ptr<Testserver> m_server = std::make_unique<Testserver>();
+    QList<Testanfrage> m_fruehere; ///< that the dead server got
 };

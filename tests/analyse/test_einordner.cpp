@@ -193,6 +193,50 @@ private Q_SLOTS:
                  u"neu|NULL|NULL|NULL"_s);
     }
 
+    void keinTextVerlaesstDenRechner()
+    {
+        const qint64 id = m_stand->dokument(u"a.pdf"_s, u"Text"_s);
+        m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag())});
+        m_stand->serverListet({{{u"name"_s, u"Klein:latest"_s}, {u"remote_host"_s, u"https://example.org"_s}}});
+        Lauf lauf = m_stand->lauf();
+        Einordner::einordnen(lauf);
+        QVERIFY(m_stand->fragen().isEmpty());
+        QCOMPARE(
+            m_stand->zeile(id).text(u"fehler"),
+            u"Einordnung nicht möglich: Das Modell klein rechnet nicht auf diesem Rechner und wird nicht benutzt"_s);
+        QCOMPARE(lauf.fazit().hindernisse.size(), 1);
+    }
+
+    void dasInstallierteModellWirdGefragt()
+    {
+        m_stand->dokument(u"a.pdf"_s, u"Text"_s);
+        m_stand->serverListet({{{u"name"_s, u"gross:1"_s}}, {{u"name"_s, u"klein:4b"_s}}});
+        m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag({{u"gegenueber"_s, u"Anna Muster"_s}}))});
+        einordnen();
+        QCOMPARE(m_stand->fragen().size(), 2);
+        for (const QJsonObject &frage : m_stand->fragen())
+            QCOMPARE(frage.value("model"_L1), u"klein:4b"_s);
+    }
+
+    // Each document fails with its reason; that the server has gone is told once, and each reason is counted.
+    void derServerStirbtMittendrin()
+    {
+        for (int i = 0; i < 4; ++i)
+            m_stand->dokument(QString::number(i), i == 3 ? QString() : u"Text"_s);
+        m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag())});
+        Lauf lauf = m_stand->lauf([this] {
+            if (!m_stand->fragen().isEmpty())
+                m_stand->serverStirbt();
+            return false;
+        });
+        Einordner::einordnen(lauf);
+        const Lauffazit &fazit = lauf.fazit();
+        QCOMPARE(fazit.hindernisse, QList<Laufhindernis>{Laufhindernis{}});
+        QCOMPARE(fazit.gescheiterte,
+                 (QList<std::pair<QString, int>>{{u"Der Modellserver ollama läuft nicht"_s, 2}, {u"kein Text"_s, 1}}));
+        QCOMPARE(m_stand->db().abfragen(u"SELECT id FROM dokumente WHERE status='bereit'"_s).size(), 4);
+    }
+
     void wasDerMenschInzwischenTatBleibt()
     {
         const qint64 id = m_stand->dokument(u"a.pdf"_s, u"Text"_s);

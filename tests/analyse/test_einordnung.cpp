@@ -155,6 +155,22 @@ private Q_SLOTS:
         for (const auto &falsch : {u""_s, u"2023-1-1"_s, u"2023-01-01\n"_s, u" 2023-01-01"_s, u"٢٠٢٣-٠١-٠١"_s})
             QVERIFY2(!Einordnung::istDatum(falsch), qPrintable(falsch));
     }
+
+    void istTag_data()
+    {
+        QTest::addColumn<QString>("datum");
+        QTest::addColumn<bool>("erwartet");
+        for (const auto &gut : {u"1900-01-01"_s, u"2024-02-29"_s, u"2027-12-31"_s})
+            QTest::newRow(qPrintable(gut)) << gut << true;
+        for (const auto &falsch : {u""_s, u"0000-00-00"_s, u"9999-99-99"_s, u"2024-13-45"_s, u"2024-02-30"_s,
+                                   u"1899-12-31"_s, u"2028-01-01"_s, u"2024-1-1"_s})
+            QTest::newRow(qPrintable(u"nicht "_s + falsch)) << falsch << false;
+    }
+    void istTag()
+    {
+        QFETCH(QString, datum);
+        QTEST(Einordnung::istTag(datum, QDate(2026, 11, 22)), "erwartet");
+    }
 };
 
 QTEST_GUILESS_MAIN(TestEinordnung)

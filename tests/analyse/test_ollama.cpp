@@ -98,33 +98,77 @@ private Q_SLOTS:
         QTEST(fehler, "fehler");
     }
 
+    void wasAnderswoRechnet_data()
+    {
+        QTest::addColumn<QByteArray>("liste");
+        QTest::addColumn<QString>("modell");
+        QTest::addColumn<bool>("anderswo");
+        const QByteArray entfernt =
+            R"({"models": [{"name": "klein:latest"},)"
+            R"({"name": "hausmodell:latest", "remote_host": "https://example.org", "remote_model": "gross"},)"
+            R"({"name": "anna/Alias:v1", "remote_model": "gross"}, {"model": "namenlos", "remote_host": "x"}]})";
+        QTest::newRow("hiesiges") << entfernt << u"klein"_s << false;
+        QTest::newRow("unbekanntes") << entfernt << u"gross"_s << false;
+        QTest::newRow("unter hiesigem Namen") << entfernt << u"hausmodell:latest"_s << true;
+        QTest::newRow("ohne Zusatz") << entfernt << u"hausmodell"_s << true;
+        QTest::newRow("andere Schreibweise") << entfernt << u"HausModell:Latest"_s << true;
+        QTest::newRow("ausgeschrieben") << entfernt << u"registry.ollama.ai/library/hausmodell"_s << true;
+        QTest::newRow("mit Besitzer") << entfernt << u"Anna/alias:V1"_s << true;
+        QTest::newRow("anderer Zusatz") << entfernt << u"hausmodell:v2"_s << false;
+        QTest::newRow("nur als Modell genannt") << entfernt << u"namenlos"_s << true;
+        QTest::newRow("dem Namen nach") << QByteArray() << u"qwen3:480B-Cloud"_s << true;
+        QTest::newRow("dem Namen nach, als Zusatz") << QByteArray("[]") << u"qwen3:CLOUD "_s << true;
+        QTest::newRow("heißt nur ähnlich") << QByteArray("{}") << u"cloudy:4b"_s << false;
+        QTest::newRow("Angaben ohne Inhalt")
+            << QByteArray(R"({"models": [{"name": "a", "remote_host": "", "remote_model": null}]})") << u"a"_s << false;
+        QTest::newRow("keine Liste") << QByteArray("<html>") << u"hausmodell"_s << false;
+    }
+
+    void wasAnderswoRechnet()
+    {
+        QFETCH(QByteArray, liste);
+        QFETCH(QString, modell);
+        QTEST(Modellverzeichnis::aus(liste).rechnetAnderswo(modell), "anderswo");
+    }
+
     void woDerServerIst_data()
     {
         QTest::addColumn<QString>("einstellung");
         QTest::addColumn<QString>("rechner");
         QTest::addColumn<int>("port");
         QTest::addColumn<QByteArray>("pfad");
-        QTest::addColumn<bool>("fremd");
+        QTest::addColumn<Ollama::Einstellung>("urteil");
+        constexpr auto gut = Ollama::Einstellung::Brauchbar;
+        constexpr auto fremd = Ollama::Einstellung::Fremd;
+        constexpr auto unlesbar = Ollama::Einstellung::Unlesbar;
         const QString hier = u"127.0.0.1"_s;
-        QTest::newRow("keine") << QString() << hier << 11434 << QByteArray("") << false;
-        QTest::newRow("Blanks") << u"  "_s << hier << 11434 << QByteArray("") << false;
-        QTest::newRow("Adresse") << hier << hier << 11434 << QByteArray("") << false;
-        QTest::newRow("anderer Anschluss") << u"127.0.0.1:8080"_s << hier << 8080 << QByteArray("") << false;
-        QTest::newRow("nur Anschluss") << u":8080"_s << hier << 8080 << QByteArray("") << false;
-        QTest::newRow("Name") << u"localhost:8080"_s << hier << 8080 << QByteArray("") << false;
-        QTest::newRow("anderer Name für hier") << u"127.0.0.2"_s << u"127.0.0.2"_s << 11434 << QByteArray("") << false;
-        QTest::newRow("alle Schnittstellen") << u"0.0.0.0:8080"_s << hier << 8080 << QByteArray("") << false;
-        QTest::newRow("alle, sechste Fassung") << u"[::]:8080"_s << u"::1"_s << 8080 << QByteArray("") << false;
-        QTest::newRow("hier, sechste Fassung") << u"[::1]"_s << u"::1"_s << 11434 << QByteArray("") << false;
+        QTest::newRow("keine") << QString() << hier << 11434 << QByteArray("") << gut;
+        QTest::newRow("Blanks") << u"  "_s << hier << 11434 << QByteArray("") << gut;
+        QTest::newRow("Adresse") << hier << hier << 11434 << QByteArray("") << gut;
+        QTest::newRow("anderer Anschluss") << u"127.0.0.1:8080"_s << hier << 8080 << QByteArray("") << gut;
+        QTest::newRow("nur Anschluss") << u":8080"_s << hier << 8080 << QByteArray("") << gut;
+        QTest::newRow("Name") << u"localhost:8080"_s << hier << 8080 << QByteArray("") << gut;
+        QTest::newRow("anderer Name für hier") << u"127.0.0.2"_s << u"127.0.0.2"_s << 11434 << QByteArray("") << gut;
+        QTest::newRow("alle Schnittstellen") << u"0.0.0.0:8080"_s << hier << 8080 << QByteArray("") << gut;
+        QTest::newRow("alle, sechste Fassung") << u"[::]:8080"_s << u"::1"_s << 8080 << QByteArray("") << gut;
+        QTest::newRow("hier, sechste Fassung") << u"[::1]"_s << u"::1"_s << 11434 << QByteArray("") << gut;
         QTest::newRow("ganze Adresse") << u"http://127.0.0.1:8080/vor/satz/"_s << hier << 8080
-                                       << QByteArray("/vor/satz") << false;
-        QTest::newRow("ganze Adresse ohne Anschluss") << u"http://localhost"_s << hier << 80 << QByteArray("") << false;
-        QTest::newRow("fremder Rechner") << u"192.168.1.5:8080"_s << hier << 11434 << QByteArray("") << true;
-        QTest::newRow("fremder Name") << u"localhost.example.org"_s << hier << 11434 << QByteArray("") << true;
+                                       << QByteArray("/vor/satz") << gut;
+        QTest::newRow("ganze Adresse ohne Anschluss") << u"http://localhost"_s << hier << 80 << QByteArray("") << gut;
+        QTest::newRow("fremder Rechner") << u"192.168.1.5:8080"_s << hier << 11434 << QByteArray("") << fremd;
+        QTest::newRow("fremder Name") << u"localhost.example.org"_s << hier << 11434 << QByteArray("") << fremd;
         QTest::newRow("fremd hinter dem Klammeraffen")
-            << u"http://127.0.0.1@example.org"_s << hier << 11434 << QByteArray("") << true;
-        QTest::newRow("verschlüsselt") << u"https://127.0.0.1:8080"_s << hier << 11434 << QByteArray("") << true;
-        QTest::newRow("kein Anschluss") << u"127.0.0.1:99999"_s << hier << 11434 << QByteArray("") << true;
+            << u"http://127.0.0.1@example.org"_s << hier << 11434 << QByteArray("") << unlesbar;
+        QTest::newRow("verschlüsselt") << u"https://127.0.0.1:8080"_s << hier << 11434 << QByteArray("") << unlesbar;
+        QTest::newRow("kein Anschluss") << u"127.0.0.1:99999"_s << hier << 11434 << QByteArray("") << unlesbar;
+        QTest::newRow("Wort als Anschluss") << u"127.0.0.1:x/y"_s << hier << 11434 << QByteArray("/y") << unlesbar;
+        QTest::newRow("Leerzeichen im Namen") << u"my host"_s << hier << 11434 << QByteArray("") << unlesbar;
+        QTest::newRow("alle, ohne Klammern") << u"::"_s << u"::1"_s << 11434 << QByteArray("") << gut;
+        QTest::newRow("hier, ohne Klammern") << u"::1"_s << u"::1"_s << 11434 << QByteArray("") << gut;
+        QTest::newRow("lange Form von hier") << u"[0:0:0:0:0:0:0:1]:80"_s << u"::1"_s << 80 << QByteArray("") << gut;
+        QTest::newRow("in Anführungszeichen") << u" \"127.0.0.1:8080\" "_s << hier << 8080 << QByteArray("") << gut;
+        QTest::newRow("in einfachen") << u"'[::1]:8080'"_s << u"::1"_s << 8080 << QByteArray("") << gut;
+        QTest::newRow("fremd ohne Klammern") << u"2001:db8::1"_s << hier << 11434 << QByteArray("") << fremd;
     }
 
     void woDerServerIst()
@@ -133,12 +177,12 @@ private Q_SLOTS:
         QFETCH(QString, rechner);
         QFETCH(int, port);
         QFETCH(QByteArray, pfad);
-        bool fremd = false;
-        const Ollama::Basis basis = Ollama::basisAus(einstellung, &fremd);
+        auto urteil = Ollama::Einstellung::Unlesbar;
+        const Ollama::Basis basis = Ollama::basisAus(einstellung, &urteil);
         QCOMPARE(basis.rechner, rechner);
         QCOMPARE(int(basis.port), port);
         QCOMPARE(basis.pfad, pfad);
-        QTEST(fremd, "fremd");
+        QTEST(urteil, "urteil");
     }
 };
 

@@ -188,6 +188,11 @@ private Q_SLOTS:
                              "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n"}}}
             << abgerissen;
         QTest::newRow("kein HTTP") << Testantwort{{{Testschritt::Art::Senden, "<html>\r\n\r\n"}}} << keinHttp;
+        const QString gekuerzt = u"Antwort des Modells abgeschnitten"_s;
+        QTest::newRow("noch nicht zu Ende")
+            << Testantwort::fest(200, QByteArray(gut).replace("true", "false")) << gekuerzt;
+        QTest::newRow("am Ende des Platzes")
+            << Testantwort::fest(200, QByteArray(gut).replace("true", "true, \"done_reason\": \"length\"")) << gekuerzt;
         QTest::newRow("Länge keine Zahl")
             << Testantwort{{{Testschritt::Art::Senden, "HTTP/1.1 200 OK\r\nContent-Length: viel\r\n\r\n{}"}}}
             << keinHttp;
@@ -365,13 +370,35 @@ private Q_SLOTS:
 
     void einModellAnderswoWirdNichtGefragt()
     {
-        for (const QString &modell : {u"gpt-oss:120b-cloud"_s, u"qwen3:cloud"_s}) {
+        for (const QString &modell : {u"gpt-oss:120b-cloud"_s, u"qwen3:Cloud"_s}) {
             const QString erwartet =
                 u"Das Modell "_s + modell + u" rechnet nicht auf diesem Rechner und wird nicht benutzt"_s;
             QCOMPARE(fehlerVon([&] { Q_UNUSED(ollama().fragen(modell, u"p"_s, 1s)); }), erwartet);
             QCOMPARE(fehlerVon([&] { ollama().laden(modell, [](const QString &) {}); }), erwartet);
         }
         QCOMPARE(m_server->verbindungen(), 0);
+    }
+
+    // Only a server that cannot be asked keeps the text back; one that has nothing to say of the model does not.
+    void unterWelchemNamenGefragtWird()
+    {
+        const auto name = [&](const Testantwort &liste, const QString &gesucht) {
+            m_server->antworten("/api/tags", liste);
+            try {
+                return ollama().hiesiges(gesucht);
+            } catch (const Fehler &f) {
+                return u"! "_s + f.text();
+            }
+        };
+        const auto liste =
+            Testantwort::fest(200, R"({"models": [{"name": "qwen3:4b"}, {"name": "haus:v1", "remote_host": "x"}]})");
+        QCOMPARE(name(liste, u"qwen3"_s), u"qwen3:4b"_s);
+        QCOMPARE(name(liste, u"anderes"_s), u"anderes"_s);
+        QCOMPARE(name(liste, u"haus"_s),
+                 u"! Das Modell haus:v1 rechnet nicht auf diesem Rechner und wird nicht benutzt"_s);
+        for (const auto &egal : {Testantwort::fest(404, {}), Testantwort::fest(200, {}), Testantwort::fest(500, "[]")})
+            QCOMPARE(name(egal, u"haus"_s), u"haus"_s);
+        QCOMPARE(name(Testantwort::keine(), u"haus"_s), u"! "_s + abgerissen);
     }
 
     void dasEndeDesProgrammsBrichtAb()

@@ -1,5 +1,6 @@
 #include "lernspeicher.h"
 #include "pruefstand.h"
+#include "wiedervorlage.h"
 #include "zweitmeinung.h"
 
 #include "einordnung.h"
@@ -15,10 +16,11 @@ class TestZweitmeinung : public QObject
     Q_OBJECT
     std::unique_ptr<Pruefstand> m_stand;
 
-    void einholen() const
+    Lauffazit einholen() const
     {
         Lauf lauf = m_stand->lauf();
         Zweitmeinung::einholen(lauf);
+        return lauf.fazit();
     }
 
     /** A waiting document with the first model's proposal. */
@@ -92,20 +94,69 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("fragen");
-        QTest::newRow("gescheitert") << u"Text"_s << 1;
-        QTest::newRow("kein Text") << u""_s << 0;
+        QTest::addColumn<Testantwort>("antwort");
+        QTest::addColumn<int>("gemerkt");
+        const auto leer = Pruefstand::antwort({});
+        QTest::newRow("gescheitert") << u"Text"_s << 1 << Testantwort::fest(500, "{}") << 1;
+        QTest::newRow("sagt nichts") << u"Text"_s << 1 << leer << 1;
+        QTest::newRow("sagt nur Unbekanntes")
+            << u"Text"_s << 1 << Pruefstand::antwort({{u"zweig"_s, u"Fremd"_s}, {u"datum"_s, u"neulich"_s}}) << 1;
+        QTest::newRow("kein Text") << u""_s << 0 << leer << 0;
     }
     void ohneAntwortBleibtDerVorschlag()
     {
         QFETCH(QString, text);
+        QFETCH(Testantwort, antwort);
+        QFETCH(int, gemerkt);
         const qint64 id = vorgeschlagen(0.0, u"modell"_s, text);
         m_stand->db().ausfuehren(u"UPDATE dokumente SET fehler='Einordnung nicht möglich: x'"_s);
-        m_stand->modellSagt({Testantwort::fest(500, "{}")});
+        m_stand->modellSagt({antwort});
         einholen();
         einholen();
         QCOMPARE(m_stand->werte(id, {u"titel"_s, u"rubrik"_s, u"zweitmeinung"_s, u"fehler"_s}),
                  u"alt|Belege|1|Einordnung nicht möglich: x"_s);
         QTEST(int(m_stand->fragen().size()), "fragen");
+        // What was never answered is asked again on request, and no more once it was answered.
+        m_stand->db().ausfuehren(u"UPDATE dokumente SET fehler=NULL"_s);
+        m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag())});
+        QCOMPARE(Wiedervorlage::oeffnen(m_stand->db()), gemerkt);
+        einholen();
+        QCOMPARE(m_stand->werte(id, {u"titel"_s, u"nachgeprueft"_s}), gemerkt ? u"Bescheid 7|1"_s : u"alt|0"_s);
+        QCOMPARE(Wiedervorlage::oeffnen(m_stand->db()), 0);
+    }
+
+    // No document is to blame: nothing is marked, and the reason is told.
+    void ohneBrauchbaresModellWirdNichtsVermerkt_data()
+    {
+        QTest::addColumn<QString>("modell");
+        QTest::addColumn<Laufhindernis::Art>("art");
+        QTest::addColumn<int>("fragen");
+        QTest::newRow("fehlt") << u"gross"_s << Laufhindernis::Art::ModellFehlt << 1;
+        QTest::newRow("heißt wie eines anderswo") << u"gross:120b-CLOUD"_s << Laufhindernis::Art::ModellAnderswo << 0;
+        QTest::newRow("rechnet anderswo") << u"haus"_s << Laufhindernis::Art::ModellAnderswo << 0;
+    }
+    void ohneBrauchbaresModellWirdNichtsVermerkt()
+    {
+        QFETCH(QString, modell);
+        QFETCH(Laufhindernis::Art, art);
+        vorgeschlagen(0.1);
+        const qint64 id = vorgeschlagen(0.2);
+        m_stand->profil.modellGross = modell;
+        m_stand->serverListet({{{u"name"_s, u"haus:latest"_s}, {u"remote_model"_s, u"x"_s}}});
+        m_stand->modellSagt({Testantwort::fest(404, R"({"error": "model 'gross' not found"})")});
+        const Lauffazit fazit = einholen();
+        QCOMPARE(fazit.hindernisse, (QList<Laufhindernis>{{.art = art, .modell = modell}}));
+        QTEST(int(m_stand->fragen().size()), "fragen");
+        QCOMPARE(m_stand->werte(id, {u"titel"_s, u"zweitmeinung"_s}), u"alt|NULL"_s);
+    }
+
+    void einToterServerWirdEinmalGenannt()
+    {
+        for (const double konfidenz : {0.1, 0.2})
+            vorgeschlagen(konfidenz);
+        m_stand->serverStirbt();
+        QCOMPARE(einholen().hindernisse, QList<Laufhindernis>{Laufhindernis{}});
+        QCOMPARE(Wiedervorlage::oeffnen(m_stand->db()), 2);
     }
 
     void werSichSelbstNenntBehaeltDasErsteGegenueber()
@@ -131,6 +182,55 @@ private Q_SLOTS:
         einholen();
         QCOMPARE(m_stand->werte(id, {u"gegenueber"_s, u"rubrik"_s, u"ort_quelle"_s, u"gelernt_von"_s}),
                  u"Finanzamt Meißen|Belege|gelernt|finanzamt meissen"_s);
+    }
+
+    // The owner's address on the paper proves the direction, whatever a model or an earlier correction says.
+    void dieAnschriftGehtVorAllem()
+    {
+        m_stand->profil.zweige.first().ablagen[1].rubriken << u"Mahnungen"_s;
+        const qint64 id = vorgeschlagen(0.5, u"modell"_s, u"Weg 100 - 12345 Ort\nRechnung"_s);
+        Dokument gelernt;
+        gelernt.gegenueber = u"Kunde"_s;
+        gelernt.zweig = u"Privat"_s;
+        gelernt.ablage = u"Firma"_s;
+        gelernt.rubrik = u"Eingangsrechnungen"_s;
+        Lernspeicher(m_stand->db(), m_stand->profil).merken(gelernt, {});
+        m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag({{u"gegenueber"_s, u"Kunde"_s}}))});
+        einholen();
+        const QStringList spalten = {u"rubrik"_s, u"ort_quelle"_s};
+        QCOMPARE(m_stand->werte(id, spalten), u"Ausgangsrechnungen|gelernt"_s);
+        QCOMPARE(Lernspeicher(m_stand->db(), m_stand->profil).allesAnwenden(), 0);
+        gelernt.rubrik = u"Mahnungen"_s; // no matter of direction
+        Lernspeicher(m_stand->db(), m_stand->profil).merken(gelernt, {});
+        QCOMPARE(m_stand->werte(id, spalten), u"Mahnungen|gelernt"_s);
+    }
+
+    // Taught or excluded while the larger model thinks: its answer comes too late. The same for those not asked yet.
+    void wasInzwischenGeschahGehtVor_data()
+    {
+        QTest::addColumn<QString>("aenderung");
+        QTest::newRow("gelernt") << u"ort_quelle='gelernt', titel='neu'"_s;
+        QTest::newRow("ausgenommen") << u"ausgenommen=1, titel='neu'"_s;
+        QTest::newRow("zurückgestellt") << u"status='zurueckgestellt', titel='neu'"_s;
+    }
+    void wasInzwischenGeschahGehtVor()
+    {
+        QFETCH(QString, aenderung);
+        const QList<qint64> ids = {vorgeschlagen(0.1), vorgeschlagen(0.2)};
+        Testantwort langsam = Pruefstand::antwort(Pruefstand::vorschlag());
+        langsam.schritte.prepend({.art = Testschritt::Art::Warten, .dauer = 400ms});
+        m_stand->modellSagt({langsam});
+        {
+            const std::jthread mensch([&] {
+                while (m_stand->fragen().isEmpty())
+                    std::this_thread::sleep_for(5ms);
+                m_stand->db().ausfuehren(u"UPDATE dokumente SET "_s + aenderung);
+            });
+            einholen();
+        }
+        for (const qint64 id : ids)
+            QCOMPARE(m_stand->werte(id, {u"titel"_s, u"gegenueber"_s, u"zweitmeinung"_s}), u"neu|Erster|NULL"_s);
+        QCOMPARE(m_stand->fragen().size(), 1);
     }
 
     void wasDerMenschInzwischenTatBleibt()

@@ -31,6 +31,11 @@ void Fensterprobe::druecken(Qt::Key taste, Qt::KeyboardModifiers dazu)
     QTest::keyClick(QApplication::focusWidget(), taste, dazu);
 }
 
+void Fensterprobe::plattformtaste(Qt::Key taste, Qt::KeyboardModifiers dazu) const
+{
+    QTest::keyClick(m_fenster->windowHandle(), taste, dazu);
+}
+
 void Fensterprobe::mitTabZu(QAnyStringView name)
 {
     for (int n = 0; n < meisteTeile && fokus() != name.toString(); ++n)

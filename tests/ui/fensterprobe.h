@@ -38,6 +38,8 @@ protected:
     }
     static void klicken(QAnyStringView name);
     static void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier);
+    /** A key as the platform delivers it: to the window in front, through the shortcuts, to what is open or focused. */
+    void plattformtaste(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier) const;
     /** Goes to the part called @p name by the Tab key alone. */
     static void mitTabZu(QAnyStringView name);
     /** Name of what has the focus. */

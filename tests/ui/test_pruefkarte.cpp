@@ -14,7 +14,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScopeGuard>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
 #include <QWheelEvent>
@@ -53,6 +55,7 @@ private:
 
     void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier)
     {
+        QTRY_VERIFY(!m_z->ungesehen());
         Fensterprobe::druecken(taste, dazu);
         QTRY_VERIFY(!m_z->beschaeftigt());
     }
@@ -61,6 +64,20 @@ private:
         mitTabZu(feld);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+    /** Opens a list, the window's menu or that of a text field. */
+    void aufklappen(const QString &was)
+    {
+        if (was == u"menue"_s) {
+            m_fenster->findChild<QMenu *>(was)->popup(m_fenster->mapToGlobal(QPoint(50, 50)));
+        } else if (was == u"kontextmenue"_s) {
+            auto *feld = teil<QLineEdit>("titel");
+            QContextMenuEvent ereignis(QContextMenuEvent::Keyboard, QPoint(3, 3), feld->mapToGlobal(QPoint(3, 3)));
+            QApplication::sendEvent(feld, &ereignis);
+        } else {
+            teil<QComboBox>(was)->setFocus();
+            plattformtaste(Qt::Key_Down, Qt::AltModifier);
+        }
     }
     void benannt()
     {
@@ -218,6 +235,47 @@ private Q_SLOTS:
         QTRY_COMPARE(name(), u"b.pdf"_s);
     }
 
+    void aufgeklappt_data()
+    {
+        QTest::addColumn<QString>("was");
+        for (const char *was : {"zweig", "ablage", "rubrik", "menue", "kontextmenue"})
+            QTest::addRow("%s", was) << QString::fromLatin1(was);
+    }
+    /** While anything is open over the card its keys rest, and what is open has them. */
+    void aufgeklappt()
+    {
+        QFETCH(QString, was);
+        for (const char *datei : {"a.pdf", "b.pdf", "c.pdf"})
+            dokument(QString::fromLatin1(datei));
+        oeffnen();
+        QTRY_VERIFY(!m_z->ungesehen());
+        plattformtaste(Qt::Key_Return);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QTRY_VERIFY(!m_z->ungesehen());
+        for (const Qt::Key taste : {Qt::Key_D, Qt::Key_Z, Qt::Key_U, Qt::Key_Left, Qt::Key_Right}) {
+            aufklappen(was);
+            QTRY_VERIFY(QApplication::activePopupWidget());
+            plattformtaste(taste);
+            QVERIFY(!m_z->beschaeftigt());
+            QCOMPARE(name(), u"b.pdf"_s);
+            QCOMPARE(m_z->zaehlwerk().erledigt, 1);
+            while (QWidget *offen = QApplication::activePopupWidget())
+                offen->close();
+        }
+        if (!m_fenster->findChild<QComboBox *>(was))
+            return;
+        // Down, Return: chosen and nothing filed. Only the next Return accepts.
+        aufklappen(was);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        plattformtaste(Qt::Key_Down);
+        plattformtaste(Qt::Key_Return);
+        QTRY_VERIFY(!QApplication::activePopupWidget());
+        QVERIFY(!m_z->beschaeftigt());
+        QCOMPARE(name(), u"b.pdf"_s);
+        plattformtaste(Qt::Key_Enter);
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+    }
+
     /** An open list takes Return for itself, and does not outlive its document. */
     void offeneWahl()
     {
@@ -283,6 +341,44 @@ private Q_SLOTS:
         QVERIFY(!m_z->beschaeftigt());
     }
 
+    /** Two strokes of one impatient hand: the second one comes before the next document was on the screen. */
+    void zuFrueh()
+    {
+        QMap<QString, qint64> ids;
+        for (const char *datei : {"a.pdf", "b.pdf", "c.pdf"})
+            ids[QString::fromLatin1(datei)] = dokument(QString::fromLatin1(datei));
+        oeffnen();
+        QTRY_VERIFY(!m_z->ungesehen());
+        QSignalSpy zuFrueh(m_z.get(), &Zustand::zuFruehGedrueckt);
+        for (const Qt::Key zweite : {Qt::Key_Enter, Qt::Key_Z, Qt::Key_D, Qt::Key_unknown}) {
+            const auto druecken = [&] {
+                if (zweite == Qt::Key_unknown)
+                    teil<QAbstractButton>("uebernehmen")->click();
+                else
+                    plattformtaste(zweite);
+            };
+            zuFrueh.clear();
+            plattformtaste(Qt::Key_Return);
+            druecken();                                                         // while the first one is being done
+            connect(m_z.get(), &Zustand::beschaeftigtGeaendert, this, druecken, // when it is done, before it is painted
+                    Qt::SingleShotConnection);
+            QTRY_COMPARE(name(), u"b.pdf"_s);
+            QCOMPARE(zuFrueh.size(), 2);
+            QCOMPARE(tasten(), u"Zu früh: Das nächste Dokument war noch nicht zu sehen."_s);
+            QTRY_VERIFY(!m_z->ungesehen());
+            QCOMPARE(name(), u"b.pdf"_s);
+            QCOMPARE(m_b->lesen(ids[u"b.pdf"_s]).status, u"bereit"_s);
+            TestPruefkarte::druecken(Qt::Key_U);
+            QTRY_COMPARE(name(), u"a.pdf"_s);
+            QTRY_VERIFY(!m_z->ungesehen());
+        }
+        // Looking around is kept.
+        plattformtaste(Qt::Key_Return);
+        plattformtaste(Qt::Key_Right);
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QTRY_VERIFY(tasten().startsWith(u"Eingabe übernehmen"_s));
+    }
+
     void schaltflaechen()
     {
         const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) {
@@ -309,6 +405,7 @@ private Q_SLOTS:
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und weiter"_s);
         QTest::mouseClick(teil<QAbstractButton>("kopieren"), Qt::LeftButton);
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und kopieren"_s);
+        QTRY_VERIFY(!m_z->ungesehen());
         QTest::mouseClick(teil<QAbstractButton>("uebernehmen"), Qt::LeftButton);
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));

@@ -3,6 +3,7 @@
 #include "testserver.h"
 #include "zustandsprobe.h"
 
+#include <QDate>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -226,6 +227,62 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_z->aktuelles());
     }
 
+    void keinTag_data()
+    {
+        QTest::addColumn<QString>("datum");
+        QTest::addColumn<QString>("mangel");
+        const QString jahr = QString::number(QDate::currentDate().year() + 2);
+        const QString bereich = u"Das Jahr liegt nicht zwischen 1900 und %1"_s.arg(QDate::currentDate().year() + 1);
+        QTest::newRow("Form") << u"2024-1-5"_s << u"Das Datum hat nicht die Form JJJJ-MM-TT"_s;
+        QTest::newRow("Monat") << u"2024-13-45"_s << u"Diesen Tag gibt es nicht"_s;
+        QTest::newRow("Tag") << u"2023-02-29"_s << u"Diesen Tag gibt es nicht"_s;
+        QTest::newRow("Schalttag") << u"2024-02-29"_s << QString();
+        QTest::newRow("Null") << u"0000-00-00"_s << u"Diesen Tag gibt es nicht"_s;
+        QTest::newRow("früh") << u"1899-12-31"_s << bereich;
+        QTest::newRow("spät") << jahr + u"-01-01"_s << bereich;
+        QTest::newRow("keines") << QString() << QString();
+    }
+    void keinTag()
+    {
+        QFETCH(QString, datum);
+        QFETCH(QString, mangel);
+        const qint64 a = m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        m_z->feldSetzen(Feld::Datum, datum);
+        QCOMPARE(m_z->datumsmangel(), mangel);
+        m_z->uebernehmen();
+        QTRY_VERIFY(!m_z->beschaeftigt());
+        QCOMPARE(m_b->lesen(a).status, mangel.isEmpty() ? u"erledigt"_s : u"bereit"_s);
+        if (!mangel.isEmpty())
+            QCOMPARE(m_z->hinweis(), mangel);
+    }
+
+    /** Whatever is done with a document and taken back, what was typed stays until it is filed. */
+    void entwurfBleibtBisZumUebernehmen_data()
+    {
+        QTest::addColumn<bool>("kopieren");
+        QTest::newRow("verschieben") << false;
+        QTest::newRow("kopieren") << true;
+    }
+    void entwurfBleibtBisZumUebernehmen()
+    {
+        QFETCH(bool, kopieren);
+        m_b->profil.kopieren = kopieren;
+        m_b->dokument(u"a.pdf"_s);
+        m_b->dokument(u"b.pdf"_s);
+        beginnen();
+        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        for (const auto tat : {&Zustand::aussortieren, &Zustand::zuruecklegen}) {
+            (m_z.get()->*tat)();
+            QTRY_COMPARE(name(), u"b.pdf"_s);
+            QTRY_VERIFY(!m_z->beschaeftigt());
+            m_z->zurueck();
+            QTRY_COMPARE(name(), u"a.pdf"_s);
+            QTRY_VERIFY(!m_z->beschaeftigt());
+            QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
+        }
+    }
+
     void alterOrt()
     {
         m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.altOrdner = u"Haushalt/Jahresablage/2021/Wasser"_s; });
@@ -240,7 +297,10 @@ private Q_SLOTS:
         QCOMPARE(anders(), u"Vorschlag weicht vom heutigen Ort ab. Bisher: Haushalt/Jahresablage/Wasser"_s);
         m_z->altenOrtBehalten();
         QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2021"_s, u"Wasser"_s}));
         QCOMPARE(anders(), QString());
+        m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year is the place's own
+        QCOMPARE(m_z->aktuelles()->jahr, u"2021"_s);
     }
 
     void hinweiseNachIhrerBedingung_data()
@@ -339,6 +399,19 @@ private Q_SLOTS:
                      u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll."_s);
         QCOMPARE(m_b->lesen(a).status, u"erledigt"_s);
         QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - a.pdf"_s);
+        // It goes before all else that is said, as a warning.
+        QCOMPARE(m_z->meldungen(), (QStringList{m_z->hinweis(), m_z->geschehen()}));
+        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
+        m_b->dokument(u"b.pdf"_s);
+        m_b->dokument(u"c.pdf"_s);
+        m_z->aktualisieren();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        m_z->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QVERIFY(m_z->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
+        QVERIFY(m_z->hinweis().contains(u"Gemerkt. "_s));
+        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
     }
 
     void andereBedingungenAnderesBuch()
@@ -379,19 +452,32 @@ private Q_SLOTS:
     {
         m_b->dokument(u"a.pdf"_s);
         m_b->dokument(u"b.pdf"_s);
+        m_b->dokument(u"c.pdf"_s);
         beginnen();
         auto sperre = std::make_unique<Fremdsperre>(Profilspeicher::katalogDatei(m_b->profil));
         QElapsedTimer uhr;
         uhr.start();
         m_z->uebernehmen();
         m_z->aktualisieren();
-        m_z->zuruecklegen(); // kept
+        m_z->weiter(u"weiter"_s); // kept
+        QSignalSpy zuFrueh(m_z.get(), &Zustand::zuFruehGedrueckt);
+        m_z->zuruecklegen(); // of a document that nobody has seen
+        m_z->uebernehmen();
+        m_z->aussortieren();
+        QCOMPARE(zuFrueh.size(), 3);
         QVERIFY(uhr.elapsed() < merklich);
         QTRY_COMPARE(m_z->vorgang(), u"Datei wird verschoben"_s);
         QCOMPARE(name(), u"a.pdf"_s);
         sperre.reset();
-        QTRY_VERIFY(!m_z->aktuelles());
+        QTRY_COMPARE(name(), u"c.pdf"_s);
         QCOMPARE(m_b->lesen(1).status, u"erledigt"_s);
+        m_z->weiter(u"zurueck"_s);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        for (const QString &danach : {u"c.pdf"_s, QString()}) {
+            QTRY_VERIFY(!m_z->beschaeftigt());
+            m_z->zuruecklegen();
+            QTRY_COMPARE(name(), danach);
+        }
         QCOMPARE(m_b->lesen(2).status, u"zurueckgestellt"_s);
         m_z->zurueckgestellteVorlegen();
         QTRY_COMPARE(name(), u"b.pdf"_s);

@@ -4,6 +4,7 @@
 #include "hauptknopf.h"
 #include "knopf.h"
 #include "kurzpfad.h"
+#include "laufhinweis.h"
 #include "leeransicht.h"
 #include "nacharbeitsliste.h"
 #include "rollbereich.h"
@@ -105,9 +106,10 @@ QWidget *AblaufAnsicht::spalteBauen()
     auto *mitte = new QWidget(inhalt);
     auto *spalte = new QVBoxLayout(mitte);
     m_frage = new Startfrage(m_zustand, mitte);
+    m_hindernisse = new Laufhinweis(mitte);
     m_zahlen = new Zahlenreihe(mitte);
     m_stufen = new Stufenliste(mitte);
-    for (QWidget *teil : QList<QWidget *>{kopf(), m_frage, m_zahlen, m_stufen})
+    for (QWidget *teil : QList<QWidget *>{kopf(), m_frage, m_hindernisse, m_zahlen, m_stufen})
         spalte->addWidget(teil);
     listenBauen(spalte);
     spalte->addStretch(1);
@@ -145,12 +147,16 @@ void AblaufAnsicht::verbinden()
     connect(m_anhalten, &QPushButton::clicked, this, [this] { laeuft() ? m_zustand->durchgangAnhalten() : starten(); });
     connect(m_frage, &Startfrage::erneutPruefen, this, [this] {
         setFocus();
-        starten(m_fraglich);
+        m_zustand->durchgangErbitten(m_fraglich, m_zustand->erbetenesDokument());
     });
     connect(m_frage, &Startfrage::nurLesen, this, [this] {
         setFocus();
         m_zustand->durchgangStarten(m_fraglich == Zustand::Durchgang::erneut ? Zustand::Durchgang::erneutLesen
                                                                              : Zustand::Durchgang::nurLesen);
+    });
+    connect(m_hindernisse, &Laufhinweis::gedrueckt, this, [this] {
+        setFocus();
+        starten(Zustand::Durchgang::erneut);
     });
     connect(m_zustand, &Zustand::startFraglich, this, &AblaufAnsicht::fragen);
     connect(m_zustand, &Zustand::aktivGeaendert, m_frage, &QWidget::hide); // it was about the other profile
@@ -218,6 +224,7 @@ void AblaufAnsicht::zeigen()
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     kopfZeigen();
     knoepfeZeigen();
+    hindernisseZeigen();
     zahlenZeigen();
     stufenZeigen();
     listenZeigen();
@@ -309,6 +316,21 @@ void AblaufAnsicht::stufenZeigen()
             stufen[n].meldung = stufenvorschau(n, *m_zustand->aktiv());
     }
     m_stufen->zeigen(stufen, m_zustand->analyse()->restzeit(), m_zustand->analyse()->anteil());
+}
+
+/** What stood in the way of the last run, and what of its questions is still open. */
+void AblaufAnsicht::hindernisseZeigen()
+{
+    QStringList saetze;
+    if (!laeuft()) {
+        for (const Laufhindernis &h : m_zustand->analyse()->fazit().hindernisse)
+            saetze << h.satz();
+        if (const qint64 offen = m_zustand->nacharbeit().unbeantwortet; offen > 0)
+            saetze << gefuellt(Sprache::text(u"Nachgefragt und ohne Antwort geblieben: %@."_s),
+                               {QString::number(offen)});
+    }
+    m_hindernisse->zeigen(saetze);
+    m_hindernisse->setzeBedienbar(m_zustand->bereitZumStart() && !m_zustand->startErbeten());
 }
 
 void AblaufAnsicht::zahlenZeigen()

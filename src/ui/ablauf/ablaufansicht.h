@@ -7,6 +7,7 @@
 class Elidiertext;
 class Hauptknopf;
 class Knopf;
+class Laufhinweis;
 class Leeransicht;
 class Nacharbeitsliste;
 class QLabel;
@@ -40,6 +41,7 @@ private:
     void knoepfeZeigen();
     void stufenZeigen();
     void zahlenZeigen();
+    void hindernisseZeigen();
     void listenZeigen();
     void starten(Zustand::Durchgang art = Zustand::Durchgang::ganz);
     void fragen(Zustand::Durchgang art);
@@ -59,6 +61,7 @@ private:
     Hauptknopf *m_pruefen = nullptr;
     Knopf *m_anhalten = nullptr;
     Startfrage *m_frage = nullptr;
+    Laufhinweis *m_hindernisse = nullptr;
     Zahlenreihe *m_zahlen = nullptr;
     Stufenliste *m_stufen = nullptr;
     Knopf *m_alleErneut = nullptr;

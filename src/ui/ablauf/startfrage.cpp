@@ -13,6 +13,21 @@
 using namespace Qt::StringLiterals;
 using Stil::abstand;
 
+namespace
+{
+QString abhilfe(Modellstand::Art art)
+{
+    switch (art) {
+    case Modellstand::Art::serverFehlt:
+        return Sprache::text(u"Im Terminal startet ihn der Befehl „ollama serve“."_s);
+    case Modellstand::Art::modellAnderswo:
+        return Sprache::text(u"Wähle auf der Karte Einrichtung eines, das hier rechnet."_s);
+    default:
+        return Sprache::text(u"Laden lässt es sich auf der Karte Einrichtung."_s);
+    }
+}
+} // namespace
+
 Startfrage::Startfrage(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_spalte(new QVBoxLayout(this))
 {
@@ -38,9 +53,7 @@ Startfrage::Startfrage(Zustand *zustand, QWidget *eltern)
 void Startfrage::fragen()
 {
     delete m_hinweis;
-    const QString wie = m_zustand->modellstand().art == Modellstand::Art::serverFehlt
-                            ? Sprache::text(u"Im Terminal startet ihn der Befehl „ollama serve“."_s)
-                            : Sprache::text(u"Laden lässt es sich auf der Karte Einrichtung."_s);
+    const QString wie = abhilfe(m_zustand->modellstand().art);
     m_hinweis =
         new Hinweisfeld(true, u"exclamationmark.triangle"_s,
                         m_zustand->modellMeldung() + u". "_s +

@@ -1,9 +1,10 @@
 #include "tastentakt.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <utility>
 
 namespace
 {
@@ -18,7 +19,26 @@ Tastentakt *Tastentakt::derAnwendung()
     return vorhanden ? vorhanden : new Tastentakt(qApp);
 }
 
-bool Tastentakt::eventFilter(QObject *, QEvent *ereignis)
+/**
+ * Shortcuts are looked for below an open list or menu too. It gets the key first, as always; then none are looked for,
+ * and where the key has closed it, nothing behind it hears of the same stroke.
+ */
+bool Tastentakt::aufgeklapptes(QObject *empfaenger, QEvent *ereignis)
+{
+    const int taste = static_cast<QKeyEvent *>(ereignis)->key();
+    if (ereignis->type() == QEvent::KeyPress)
+        return std::exchange(m_verbraucht, 0) == taste;
+    if (m_reichtWeiter || !QApplication::activePopupWidget())
+        return false;
+    m_reichtWeiter = true;
+    QCoreApplication::sendEvent(empfaenger, ereignis);
+    m_reichtWeiter = false;
+    m_verbraucht = QApplication::activePopupWidget() ? 0 : taste;
+    ereignis->accept();
+    return true;
+}
+
+bool Tastentakt::eventFilter(QObject *empfaenger, QEvent *ereignis)
 {
     const QEvent::Type art = ereignis->type();
     if (art != QEvent::KeyPress && art != QEvent::ShortcutOverride && art != QEvent::KeyRelease)
@@ -31,7 +51,7 @@ bool Tastentakt::eventFilter(QObject *, QEvent *ereignis)
     }
     const quint64 vorher = m_losgelassen.value(taste->key());
     m_gehalten = taste->isAutoRepeat() || (vorher > 0 && zeit >= vorher && zeit - vorher < keineHand);
-    return false;
+    return aufgeklapptes(empfaenger, ereignis);
 }
 
 void kurztaste(const QKeySequence &tasten, QWidget *karte, const std::function<void()> &tat)

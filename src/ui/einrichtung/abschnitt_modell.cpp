@@ -7,6 +7,7 @@
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
+#include "zeichen.h"
 #include "zustand.h"
 
 #include <QCheckBox>
@@ -16,6 +17,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStandardItemModel>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -99,7 +101,7 @@ private:
                 feld == &Profil::modell ? &Zustand::modellLaden : &Zustand::modellGrossLaden);
         const auto setzen = [this, feld, wahl = w.wahl] {
             const QString text = wahl->currentText().trimmed();
-            if (!Ollama::rechnetAnderswo(text) && (!text.isEmpty() || feld != &Profil::modell))
+            if (!zustand()->modellstand().rechnetAnderswo(text) && (!text.isEmpty() || feld != &Profil::modell))
                 aendern([&](Profil &p) { p.*feld = text; });
             zeigen();
         };
@@ -207,16 +209,14 @@ private:
     {
         const Modellstand &stand = zustand()->modellstand();
         const QString &gewaehlt = profil().*w.feld;
-        wahlZeigen(w, stand.vorhandene, gewaehlt);
+        wahlZeigen(w, stand, gewaehlt);
+        const bool anderswo = stand.rechnetAnderswo(w.wahl->currentText());
         const bool da = Modellstand::treffer(stand.vorhandene, gewaehlt).has_value();
         const bool kommt = stand.laedtModell == gewaehlt && !gewaehlt.isEmpty();
-        w.laden->setVisible(!da && !kommt && !gewaehlt.isEmpty());
+        w.laden->setVisible(!da && !kommt && !anderswo && !gewaehlt.isEmpty());
         w.laden->setEnabled(stand.art != Modellstand::Art::serverFehlt && stand.laedtModell.isEmpty());
-        if (Ollama::rechnetAnderswo(w.wahl->currentText()))
-            w.stand->setzen(u"exclamationmark.triangle"_s,
-                            gefuellt(Sprache::text(u"Das Modell %@ rechnet nicht auf diesem Rechner und wird nicht "
-                                                   "benutzt"_s),
-                                     {w.wahl->currentText()}));
+        if (anderswo)
+            w.stand->setzen(u"exclamationmark.triangle"_s, ModellAnderswo::satz(w.wahl->currentText()));
         else if (gewaehlt.isEmpty())
             w.stand->erklaeren(Sprache::text(u"Keines gewählt."_s));
         else if (kommt)
@@ -246,13 +246,9 @@ private:
     }
 
     /** The list is left alone while someone types into it. */
-    static void wahlZeigen(const Modellwahl &w, const QStringList &vorhandene, const QString &gewaehlt)
+    static void wahlZeigen(const Modellwahl &w, const Modellstand &stand, const QString &gewaehlt)
     {
-        QStringList namen;
-        for (const QString &name : vorhandene) {
-            if (!Ollama::rechnetAnderswo(name))
-                namen << name;
-        }
+        QStringList namen = stand.vorhandene;
         if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
             namen.prepend(gewaehlt);
         QStringList jetzige;
@@ -266,9 +262,23 @@ private:
             w.wahl->clear();
             w.wahl->addItems(namen);
         }
+        entferntesSperren(w.wahl, stand);
         w.wahl->setCurrentIndex(int(namen.indexOf(gewaehlt)));
-        if (!Ollama::rechnetAnderswo(w.wahl->currentText()) || w.wahl->currentIndex() >= 0)
+        if (!stand.rechnetAnderswo(w.wahl->currentText()) || w.wahl->currentIndex() >= 0)
             w.wahl->setEditText(gewaehlt);
+    }
+
+    /** A model that the server only passes on is there to be seen, with the reason, and cannot be chosen. */
+    static void entferntesSperren(QComboBox *wahl, const Modellstand &stand)
+    {
+        auto *liste = qobject_cast<QStandardItemModel *>(wahl->model());
+        for (int i = 0; liste && i < liste->rowCount(); ++i) {
+            QStandardItem *eintrag = liste->item(i);
+            const bool anderswo = stand.rechnetAnderswo(eintrag->text());
+            eintrag->setEnabled(!anderswo);
+            eintrag->setToolTip(anderswo ? ModellAnderswo::satz(eintrag->text()) : QString());
+            eintrag->setIcon(anderswo ? Zeichen::icon(u"exclamationmark.triangle"_s) : QIcon());
+        }
     }
 
     void fortschrittZeigen(const Modellstand &stand)

@@ -1,7 +1,6 @@
 #include "bewegungsmodell.h"
 
 #include "kurzpfad.h"
-#include "pfade.h"
 #include "sprache.h"
 
 using namespace Qt::StringLiterals;
@@ -23,6 +22,8 @@ QString standwort(Bewegungsstand stand)
         return Sprache::text(u"nicht gefunden"_s);
     case Bewegungsstand::fehler:
         return Sprache::text(u"Fehler"_s);
+    case Bewegungsstand::uebersprungen:
+        return Sprache::text(u"übersprungen"_s);
     case Bewegungsstand::unbekannt:
     case Bewegungsstand::amZiel:
         break;
@@ -41,6 +42,8 @@ QString standsymbol(Bewegungsstand stand)
         return u"questionmark.circle"_s;
     case Bewegungsstand::fehler:
         return u"xmark.circle"_s;
+    case Bewegungsstand::uebersprungen:
+        return u"exclamationmark.triangle"_s;
     case Bewegungsstand::unbekannt:
         break;
     }
@@ -69,13 +72,16 @@ void Bewegungsmodell::setzen(const QList<Protokollzeile> &zeilen, const QString 
     fortsetzung ? endInsertRows() : endResetModel();
 }
 
-void Bewegungsmodell::setzeGescheiterte(const QStringList &fehler)
+void Bewegungsmodell::setzeBilanz(const Bilanz &bilanz)
 {
     m_gescheiterte.clear();
-    for (const QString &zeile : fehler) {
-        const qsizetype ende = zeile.indexOf(u": "_s);
-        m_gescheiterte.insert(zeile.left(ende), zeile.mid(ende + 2));
-    }
+    m_uebersprungene.clear();
+    for (const Rueckbaubefund &befund : bilanz.fehler)
+        m_gescheiterte.insert(befund.stelle, befund.grund);
+    for (const Rueckbaubefund &befund : bilanz.uebersprungen)
+        m_uebersprungene.insert(befund.stelle, befund.grund);
+    if (!m_zeilen.isEmpty())
+        Q_EMIT dataChanged(index(0), index(int(m_zeilen.size()) - 1));
 }
 
 int Bewegungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.isValid() ? 0 : int(m_zeilen.size()); }
@@ -84,15 +90,30 @@ int Bewegungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.i
 Bewegungsstand Bewegungsmodell::stand(int stelle) const
 {
     const Bewegungsstand stand = m_staende.stand(stelle);
-    const bool gescheitert = stand == Bewegungsstand::amZiel && !m_gescheiterte.isEmpty() &&
-                             m_gescheiterte.contains(nameVon(m_zeilen.at(stelle).nach));
-    return gescheitert ? Bewegungsstand::fehler : stand;
+    if (stand != Bewegungsstand::amZiel)
+        return stand;
+    if (m_gescheiterte.contains(stelle))
+        return Bewegungsstand::fehler;
+    return m_uebersprungene.contains(stelle) ? Bewegungsstand::uebersprungen : stand;
+}
+
+/** What stands at the end of the row: the state, and why it is not another one. */
+QString Bewegungsmodell::wort(int stelle) const
+{
+    const Bewegungsstand s = stand(stelle);
+    const QString wort = standwort(s);
+    QString grund;
+    if (s == Bewegungsstand::fehler)
+        grund = m_gescheiterte.value(stelle);
+    else if (s != Bewegungsstand::zurueck)
+        grund = m_uebersprungene.value(stelle);
+    return wort.isEmpty() || grund.isEmpty() ? wort : wort + u": "_s + grund;
 }
 
 QString Bewegungsmodell::ansage(int stelle) const
 {
     const Bewegungsstand s = stand(stelle);
-    const QString wort = s == Bewegungsstand::amZiel ? Sprache::text(u"am Ziel"_s) : standwort(s);
+    const QString wort = s == Bewegungsstand::amZiel ? Sprache::text(u"am Ziel"_s) : this->wort(stelle);
     const QString zeilen = data(index(stelle), Von).toString() + u", "_s + data(index(stelle), Nach).toString();
     return wort.isEmpty() ? zeilen : wort + u": "_s + zeilen;
 }
@@ -102,8 +123,11 @@ QString Bewegungsmodell::hilfe(int stelle) const
     const Protokollzeile &z = m_zeilen.at(stelle);
     QStringList teile = {z.zeitKurz() + u"  "_s + z.aktion, Sprache::text(u"Von: "_s) + z.von,
                          Sprache::text(u"Nach: "_s) + z.nach};
-    if (stand(stelle) == Bewegungsstand::fehler)
-        teile << m_gescheiterte.value(nameVon(z.nach), Sprache::text(u"Der Ordner lässt sich nicht lesen"_s));
+    const Bewegungsstand s = stand(stelle);
+    if (s == Bewegungsstand::fehler)
+        teile << m_gescheiterte.value(stelle, Sprache::text(u"Der Ordner lässt sich nicht lesen"_s));
+    else if (s != Bewegungsstand::zurueck && m_uebersprungene.contains(stelle))
+        teile << m_uebersprungene.value(stelle);
     return u"<qt>"_s + teile.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s;
 }
 
@@ -119,6 +143,8 @@ QVariant Bewegungsmodell::data(const QModelIndex &index, int rolle) const
         return Sprache::text(u"Nach: "_s) + unter(m_zeilen.at(stelle).nach, m_ziel);
     case Stand:
         return int(stand(stelle));
+    case Wort:
+        return wort(stelle);
     case Qt::DisplayRole:
         return QVariant(data(index, Von).toString() + u'\n' + data(index, Nach).toString());
     case Qt::AccessibleTextRole:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bewegungsstaende.h"
+#include "protokollbuch.h"
 
 #include <QAbstractListModel>
 #include <QHash>
@@ -11,14 +12,14 @@ class Bewegungsmodell : public QAbstractListModel
     Q_OBJECT
 
 public:
-    enum Rolle { Von = Qt::UserRole, Nach, Stand };
+    enum Rolle { Von = Qt::UserRole, Nach, Stand, Wort };
 
     explicit Bewegungsmodell(QObject *vater = nullptr);
 
     /** @p quelle and @p ziel are left out of the paths below them. A session that goes on keeps its marks. */
     void setzen(const QList<Protokollzeile> &zeilen, const QString &quelle, const QString &ziel);
-    /** Lines "file name: reason" of a turning back; their movements are marked. */
-    void setzeGescheiterte(const QStringList &fehler);
+    /** What a turning back of these movements came to: each that was not turned back has its reason in its row. */
+    void setzeBilanz(const Bilanz &bilanz);
     void veralten() { m_staende.veralten(); }
     void ansehen(int von, int bis) { m_staende.ansehen(von, bis); }
     [[nodiscard]] const Protokollzeile &zeile(int stelle) const { return m_zeilen.at(stelle); }
@@ -28,13 +29,15 @@ public:
 
 private:
     [[nodiscard]] Bewegungsstand stand(int stelle) const;
+    [[nodiscard]] QString wort(int stelle) const;
     [[nodiscard]] QString ansage(int stelle) const;
     [[nodiscard]] QString hilfe(int stelle) const;
 
     QList<Protokollzeile> m_zeilen;
     QString m_quelle;
     QString m_ziel;
-    QHash<QString, QString> m_gescheiterte; ///< file name, reason
+    QHash<qsizetype, QString> m_gescheiterte; ///< row, reason
+    QHash<qsizetype, QString> m_uebersprungene;
     Bewegungsstaende m_staende;
 };
 

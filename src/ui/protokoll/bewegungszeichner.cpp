@@ -17,15 +17,15 @@ void zeileMalen(QPainter &maler, const QRect &flaeche, const QString &text)
     maler.drawText(flaeche, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, gezeigt);
 }
 
-/** The room for the word at the end is taken from the paths. */
-int wortMalen(QPainter &maler, const QRect &flaeche, Bewegungsstand stand, const QColor &farbe)
+/** The room for the word and its reason is taken from the paths, which keep half of the row. */
+int wortMalen(QPainter &maler, const QRect &flaeche, const QString &wort, const QColor &farbe)
 {
-    const QString wort = standwort(stand);
     if (wort.isEmpty())
         return 0;
     maler.setPen(farbe);
-    maler.drawText(flaeche, Qt::AlignRight | Qt::AlignVCenter, wort);
-    return maler.fontMetrics().horizontalAdvance(wort) + abstand(12);
+    const QString gezeigt = maler.fontMetrics().elidedText(wort, Qt::ElideRight, flaeche.width() / 2);
+    maler.drawText(flaeche, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, gezeigt);
+    return maler.fontMetrics().horizontalAdvance(gezeigt) + abstand(12);
 }
 } // namespace
 
@@ -41,15 +41,16 @@ void Bewegungszeichner::paint(QPainter *maler, const QStyleOptionViewItem &optio
     const int kante = Stil::zeichengroesse();
     const QRect mitte = option.rect.adjusted(0, abstand(4), -abstand(2), -abstand(4));
     const QColor neben = Stil::nebenfarbe(palette, grund);
-    const bool bunt = stand == Bewegungsstand::amZiel || stand == Bewegungsstand::fehler;
+    const bool bunt =
+        stand == Bewegungsstand::amZiel || stand == Bewegungsstand::fehler || stand == Bewegungsstand::uebersprungen;
     const QColor zeichenfarbe = stand == Bewegungsstand::verschwunden ? neben : QColor();
     Zeichen::malen(*maler, QRect(mitte.x(), mitte.y(), kante, mitte.height()), standsymbol(stand), palette,
                    bunt ? QColor() : zeichenfarbe);
     maler->setFont(Stil::schrift(Stil::Schrift::Neben));
     QRect text = mitte.adjusted(kante + abstand(10), 0, 0, 0);
     const bool fehler = stand == Bewegungsstand::fehler;
-    text.setRight(text.right() -
-                  wortMalen(*maler, mitte, stand, fehler ? Stil::farbe(Stil::Bedeutung::Fehler, palette) : neben));
+    text.setRight(text.right() - wortMalen(*maler, mitte, index.data(Bewegungsmodell::Wort).toString(),
+                                           fehler ? Stil::farbe(Stil::Bedeutung::Fehler, palette) : neben));
     maler->setPen(neben);
     const int halb = text.height() / 2;
     zeileMalen(*maler, text.adjusted(0, 0, 0, -halb), index.data(Bewegungsmodell::Von).toString());

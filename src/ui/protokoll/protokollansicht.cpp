@@ -113,7 +113,7 @@ void ProtokollAnsicht::verbinden()
     connect(m_zustand, &Zustand::protokollGeaendert, this, &ProtokollAnsicht::sitzungZeigen);
     connect(m_zustand, &Zustand::rueckbauGeaendert, this, [this] {
         if (!m_zustand->rueckbauLaeuft())
-            m_liste->modell()->setzeGescheiterte(m_zustand->rueckbauFehler());
+            m_liste->modell()->setzeBilanz(m_zustand->rueckbauBilanz());
     });
     connect(m_zustand, &Zustand::protokollDateienGeaendert, m_liste->modell(), &Bewegungsmodell::veralten);
     // Whatever was done, files may lie elsewhere now.

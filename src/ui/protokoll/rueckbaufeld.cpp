@@ -5,6 +5,7 @@
 #include "hauptknopf.h"
 #include "knopf.h"
 #include "meldungszeile.h"
+#include "pfade.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -34,6 +35,17 @@ Knopf *knopf(const QString &name, const QString &text, const QString &hilfe, QWi
     neu->setToolTip(hilfe);
     neu->setAccessibleDescription(hilfe);
     return neu;
+}
+
+/** A line for each movement that could not be turned back, in the order of the attempts. */
+QString fehlerzeilenVon(const Zustand &zustand)
+{
+    QStringList zeilen;
+    for (const Rueckbaubefund &befund : zustand.rueckbauBilanz().fehler) {
+        const QString name = nameVon(zustand.protokollZeilen().value(befund.stelle).nach);
+        zeilen << (name.isEmpty() ? befund.grund : name + u": "_s + befund.grund);
+    }
+    return zeilen.join(u'\n');
 }
 
 QString erklaerung(const std::optional<Protokollkopf> &kopf)
@@ -252,7 +264,7 @@ void Rueckbaufeld::zeigen()
         if (fokus)
             m_zurueckdrehen->setFocus();
     }
-    const QString fehler = m_zustand->rueckbauFehler().join(u'\n');
+    const QString fehler = fehlerzeilenVon(*m_zustand);
     if (m_fehler->toPlainText() != fehler)
         m_fehler->setPlainText(fehler);
     m_fehler->setVisible(!fehler.isEmpty());
@@ -264,9 +276,7 @@ void Rueckbaufeld::zeigen()
 QString Rueckbaufeld::meldungssymbol() const
 {
     const bool gedreht = !m_zustand->rueckbauMeldung().isEmpty() && !m_zustand->rueckbauLaeuft();
-    if (!m_zustand->rueckbauFehler().isEmpty())
-        return tonzeichen(Zustand::Ton::warnung);
-    return tonzeichen(gedreht ? Zustand::Ton::gut : m_zustand->ton());
+    return tonzeichen(gedreht ? m_zustand->rueckbauTon() : m_zustand->ton());
 }
 
 /** What the turning back came to, else what was done or is to be said last. */

@@ -12,7 +12,13 @@
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using Stil::abstand;
+
+namespace
+{
+constexpr auto zeichendauer = 2s;
+}
 
 Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_uebernehmen(new Hauptknopf({}, this)),
@@ -54,6 +60,10 @@ Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
     connect(m_aussortieren, &QToolButton::clicked, m_zustand, &Zustand::aussortieren);
     connect(m_vorheriges, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"zurueck"_s); });
     connect(m_naechstes, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"weiter"_s); });
+    connect(m_zustand, &Zustand::zuFruehGedrueckt, this, &Aktionsfeld::zuFruehZeigen);
+    connect(&m_zuFrueh, &QTimer::timeout, this, &Aktionsfeld::tastenZeigen);
+    m_zuFrueh.setSingleShot(true);
+    m_zuFrueh.setInterval(zeichendauer);
     connect(m_zustand, &Zustand::profileGeaendert, this, &Aktionsfeld::zeigen);
     connect(m_zustand, &Zustand::aktivGeaendert, this, &Aktionsfeld::zeigen);
     zeigen();
@@ -81,10 +91,25 @@ void Aktionsfeld::setzeTasten(bool imFeld, const QString &hilfe)
 {
     const QString imText = Sprache::text(u"Eingabe übernehmen · Esc verlässt das Feld"_s);
     if (imFeld)
-        m_tasten->setzeText(hilfe.isEmpty() ? imText : hilfe + u" · "_s + imText);
+        m_tastentext = hilfe.isEmpty() ? imText : hilfe + u" · "_s + imText;
     else
-        m_tasten->setzeText(
-            Sprache::text(u"Eingabe übernehmen · Z zurückstellen · D Dublette · U rückgängig · Pfeile blättern"_s));
+        m_tastentext =
+            Sprache::text(u"Eingabe übernehmen · Z zurückstellen · D Dublette · U rückgängig · Pfeile blättern"_s);
+    tastenZeigen();
+}
+
+/** The keys, or for a moment that one of them was pressed too early. */
+void Aktionsfeld::tastenZeigen()
+{
+    m_tasten->setzeText(m_zuFrueh.isActive()
+                            ? Sprache::text(u"Zu früh: Das nächste Dokument war noch nicht zu sehen."_s)
+                            : m_tastentext);
+}
+
+void Aktionsfeld::zuFruehZeigen()
+{
+    m_zuFrueh.start();
+    tastenZeigen();
 }
 
 void Aktionsfeld::setzeDicht(bool dicht) { m_meldung->setzeZweizeilig(!dicht); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 class Elidiertext;
@@ -33,6 +34,8 @@ protected:
 private:
     void zeigen();
     void einpassen();
+    void tastenZeigen();
+    void zuFruehZeigen();
 
     Zustand *m_zustand;
     QHBoxLayout *m_reihe = nullptr;
@@ -43,4 +46,6 @@ private:
     Flachknopf *m_naechstes;
     Elidiertext *m_tasten;
     Meldungszeile *m_meldung;
+    QString m_tastentext;
+    QTimer m_zuFrueh; ///< runs while the line of keys says that one came too early
 };

@@ -1,5 +1,6 @@
 #include "angaben.h"
 
+#include "einordnung.h"
 #include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
@@ -276,14 +277,13 @@ void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &w
 void Angaben::tagZeigen()
 {
     const Dokument *d = m_zustand->aktuelles();
-    const QDate tag = d ? QDate::fromString(d->datum.trimmed(), Qt::ISODate) : QDate();
-    QString text = tag.isValid() ? QLocale().toString(tag, u"dddd"_s) : QString();
-    if (d && !m_zustand->datumGueltig())
+    const QString datum = d ? d->datum.trimmed() : QString();
+    const QString mangel = m_zustand->datumsmangel();
+    const bool falsch = !mangel.isEmpty();
+    QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
+    if (falsch && !Einordnung::istDatum(datum))
         text = Sprache::text(u"Bitte als JJJJ-MM-TT"_s);
-    else if (d && !tag.isValid() && !d->datum.trimmed().isEmpty())
-        text = Sprache::text(u"Diesen Tag gibt es nicht"_s);
     m_tag->setText(text);
-    const bool falsch = !text.isEmpty() && !tag.isValid();
     Stil::setzeTextfarbe(m_tag,
                          falsch ? Stil::farbe(Stil::Bedeutung::Warnung, palette()) : Stil::nebenfarbe(palette()));
     m_texte[Feld::Datum]->setAccessibleDescription(falsch ? text + u". "_s + hilfe(Feld::Datum) : hilfe(Feld::Datum));

@@ -69,6 +69,7 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand, [this] { m_zustand->setzePartnerZeigen(false); });
     connect(m_angaben, &Angaben::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
     connect(m_hinweise, &Hinweisfach::fokusGehtVerloren, m_vorschau, [this] { m_vorschau->setFocus(); });
+    connect(m_vorschau, &Vorschau::seiteSichtbar, this, &PruefAnsicht::gesehen);
     connect(m_zustand, &Zustand::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
     connect(m_zustand, &Zustand::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);
     connect(m_zustand, &Zustand::partnerZeigenGeaendert, this, &PruefAnsicht::vorschauZeigen);
@@ -209,6 +210,8 @@ void PruefAnsicht::dokumentZeigen()
     m_stapel->setCurrentIndex(da ? 0 : 1);
     m_rollen->verticalScrollBar()->setValue(0);
     leereZeigen();
+    // The same file as another document is on the screen already.
+    m_zustand->setzeUngesehen(da && m_zustand->aktuelles()->pfad != m_vorschau->gesehen());
     vorschauZeigen();
     vorausladen();
     // The single keys work at once: the focus starts outside the fields.
@@ -226,6 +229,13 @@ void PruefAnsicht::vorschauZeigen()
         m_vorschau->zeigen(d ? d->pfad : QString());
         m_vorschau->partnerBeenden();
     }
+}
+
+/** The page of @p pfad, or the reason why there is none, has been painted, and with it the proposal beside it. */
+void PruefAnsicht::gesehen(const QString &pfad)
+{
+    if (m_zustand->aktuelles() && m_zustand->aktuelles()->pfad == pfad)
+        m_zustand->setzeUngesehen(false);
 }
 
 void PruefAnsicht::vorausladen()

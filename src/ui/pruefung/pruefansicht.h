@@ -40,6 +40,7 @@ private:
     void feldVerlassen();
     void dokumentZeigen();
     void vorschauZeigen();
+    void gesehen(const QString &pfad);
     void vorausladen();
     void leereZeigen();
     [[nodiscard]] QString naechsterSchritt();

@@ -120,6 +120,10 @@ void Vorschau::verbinden()
     connect(m_steuerung, &PDFSteuerung::geaendert, this, &Vorschau::standZeigen);
     connect(m_ansicht, &PDFAnsicht::befundGeaendert, this, &Vorschau::befundZeigen);
     connect(m_ansicht, &PDFAnsicht::seiteSichtbar, this, &Vorschau::seiteSichtbar);
+    connect(this, &Vorschau::seiteSichtbar, this, [this](const QString &pfad) {
+        if (pfad == m_pfad)
+            m_gesehen = pfad;
+    });
     connect(m_zurueck, &QToolButton::clicked, this, [this] {
         partnerBeenden();
         Q_EMIT zurueckZumDokument();
@@ -191,6 +195,8 @@ bool Vorschau::taste(QKeyEvent *ereignis)
 void Vorschau::anzeigen(const QString &pfad)
 {
     m_satzGemeldet = false;
+    if (pfad != m_partnerPfad)
+        m_gesehen.clear();
     m_ansicht->setUrl(pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(pfad));
 }
 

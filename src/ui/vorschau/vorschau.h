@@ -30,6 +30,9 @@ public:
     /** The first page of @p pfad is drawn, or it is known why it cannot be. */
     [[nodiscard]] bool istBereit(const QString &pfad) const;
 
+    /** The document on show, once it has been painted; empty until then. */
+    [[nodiscard]] const QString &gesehen() const { return m_gesehen; }
+
     /** Shows @p pfad under @p name in place of the document. */
     void partnerZeigen(const QString &pfad, const QString &name);
     void partnerBeenden();
@@ -77,5 +80,6 @@ private:
     QStackedLayout *m_stapel;
     QString m_pfad;
     QString m_partnerPfad;
+    QString m_gesehen;
     bool m_satzGemeldet = false;
 };

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+class Hinweisfeld;
+class QVBoxLayout;
+
+/** What stood in the way of a run, with the way on; not to be seen while there is nothing. */
+class Laufhinweis : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Laufhinweis(QWidget *eltern = nullptr);
+
+    void zeigen(const QStringList &saetze);
+    void setzeBedienbar(bool bedienbar);
+
+Q_SIGNALS:
+    /** The user wants it tried again. */
+    void gedrueckt();
+
+private:
+    QVBoxLayout *m_spalte;
+    Hinweisfeld *m_feld = nullptr;
+    QStringList m_saetze;
+};
