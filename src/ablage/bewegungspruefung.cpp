@@ -81,5 +81,5 @@ QString Bewegungspruefung::hindernis(const Protokollzeile &zeile, const Verzeich
     // The copy may be the last one of its content.
     return Dateibewegung::istGleich(zeile.von, zeile.nach)
                ? QString()
-               : Sprache::text(u"Das Original liegt nicht mehr unverändert an seinem Platz, die Kopie bleibt"_s);
+               : Sprache::text(u"Das Original fehlt oder ist nicht mehr wie die Kopie"_s);
 }

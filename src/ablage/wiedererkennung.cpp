@@ -15,14 +15,14 @@ Wiedererkennung::Vergleich Wiedererkennung::vergleich(const Notiz &notiz, qint64
     if (notiz.sha256.isEmpty())
         return Vergleich::Dieselbe;
     const bool gleich = notiz.notiert ? notiz.groesse == groesse && notiz.geaendert == geaendert //
-                                      : notiz.groesse == groesse;
+                                      : notiz.groesse < 0 || notiz.groesse == groesse;
     return gleich ? Vergleich::Dieselbe : Vergleich::Offen;
 }
 
 std::optional<Wiedererkennung::Notiz> Wiedererkennung::notiz(Datenbank &db, qint64 id)
 {
     const QList<Zeile> zeilen =
-        db.abfragen(u"SELECT d.sha256, coalesce(s.groesse, d.groesse) AS bytes, s.geaendert, s.geprueft,\n"
+        db.abfragen(u"SELECT d.sha256, coalesce(s.groesse, d.groesse, -1) AS bytes, s.geaendert, s.geprueft,\n"
                     "s.dokument_id IS NOT NULL AS notiert\n"
                     "FROM dokumente d LEFT JOIN dateistand s ON s.dokument_id=d.id WHERE d.id=?"_s,
                     {id});

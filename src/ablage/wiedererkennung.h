@@ -16,7 +16,7 @@ namespace Wiedererkennung
 /** What the catalogue knows of a document's file. */
 struct Notiz {
     QString sha256;        ///< 64 hexadecimal characters; empty if it was never read
-    qint64 groesse = 0;    ///< bytes
+    qint64 groesse = -1;   ///< bytes; negative if not even that is known
     qint64 geaendert = 0;  ///< nanoseconds since 1970
     bool notiert = false;  ///< size and time stand in the catalogue; else only the size does
     bool geprueft = false; ///< the digest was formed from a file in this state

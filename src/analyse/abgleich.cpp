@@ -168,7 +168,7 @@ Fall Abgleich::fall(const Bekanntes *bekannt, const Fund &fund)
 Abgleich::Verzeichnis Abgleich::verzeichnis(Datenbank &db)
 {
     Verzeichnis v;
-    db.durchlaufen(u"SELECT d.id, d.pfad, d.status, d.sha256, coalesce(s.groesse, d.groesse) AS bytes, s.geaendert,\n"
+    db.durchlaufen(u"SELECT d.id, d.pfad, d.status, d.sha256, coalesce(s.groesse, d.groesse, -1) AS bytes, s.geaendert,\n"
                    "s.geprueft, s.dokument_id IS NOT NULL AS notiert, a.dokument_id IS NOT NULL AS abwesend\n"
                    "FROM dokumente d LEFT JOIN dateistand s ON s.dokument_id=d.id\n"
                    "LEFT JOIN abwesend a ON a.dokument_id=d.id WHERE d.pfad IS NOT NULL AND d.ausgenommen=0"_s,

@@ -5,6 +5,7 @@
 #include "pfade.h"
 #include "skizze.h"
 #include "stapel.h"
+#include "text.h"
 #include "wiedererkennung.h"
 
 #include <QSet>
@@ -29,6 +30,18 @@ QSet<quint64> skizze(Datenbank &db, qint64 id)
     return werte ? QSet<quint64>(werte->begin(), werte->end()) : QSet<quint64>();
 }
 
+/** One list begins with all words of the other, whose last one may have been cut off. */
+bool beginntMit(const QStringList &a, const QStringList &b)
+{
+    const QStringList &kurz = a.size() <= b.size() ? a : b;
+    const QStringList &lang = a.size() <= b.size() ? b : a;
+    if (kurz.isEmpty())
+        return false;
+    const qsizetype letztes = kurz.size() - 1;
+    return kurz.first(letztes) == lang.first(letztes) &&
+           (lang.at(letztes).startsWith(kurz.at(letztes)) || kurz.at(letztes).startsWith(lang.at(letztes)));
+}
+
 bool hatDieselbenBytes(const QStringList &orte, const QString &pfad)
 {
     return std::any_of(orte.begin(), orte.end(), [&](const QString &ort) {
@@ -50,14 +63,19 @@ QStringList Originale::orte(Datenbank &db, qint64 id)
     return alle;
 }
 
-bool Originale::habenGleicheWorte(Datenbank &db, qint64 a, qint64 b)
+bool Originale::habenGleicheWorte(Datenbank &db, qint64 a, qint64 b, qsizetype textgrenze)
 {
     const auto textA = text(db, a);
     const auto textB = text(db, b);
-    return !textA || !textB || *textA == *textB || Skizze::normalisiert(*textA) == Skizze::normalisiert(*textB);
+    if (!textA || !textB || *textA == *textB)
+        return true;
+    const QStringList worteA = Skizze::normalisiert(*textA);
+    const QStringList worteB = Skizze::normalisiert(*textB);
+    const bool abgeschnitten = zeichenAnzahl(*textA) >= textgrenze && zeichenAnzahl(*textB) >= textgrenze;
+    return worteA == worteB || (abgeschnitten && beginntMit(worteA, worteB));
 }
 
-bool Originale::istNochDublette(Datenbank &db, qint64 id)
+bool Originale::istNochDublette(Datenbank &db, qint64 id, qsizetype textgrenze)
 {
     const QList<Zeile> zeilen =
         db.abfragen(u"SELECT d.pfad, d.aehnlichkeit, d.dublette_von FROM dokumente d\n"
@@ -73,7 +91,7 @@ bool Originale::istNochDublette(Datenbank &db, qint64 id)
     if (z.komma(u"aehnlichkeit") >= bytegleich)
         return hatDieselbenBytes(dort, z.text(u"pfad"));
     // The texts were read from files that may have been replaced since.
-    return !dort.isEmpty() && habenGleicheWorte(db, id, original) &&
+    return !dort.isEmpty() && habenGleicheWorte(db, id, original, textgrenze) &&
            Wiedererkennung::istDieselbe(db, id, z.text(u"pfad")) &&
            std::any_of(dort.begin(), dort.end(),
                        [&](const QString &ort) { return Wiedererkennung::istDieselbe(db, original, ort); });

@@ -16,15 +16,18 @@ namespace Originale
 
 /**
  * Document @p id, marked as a duplicate, still repeats its original: that is there, is not excluded, and has the same
- * bytes, or the same words where only the text was compared. Throws Fehler when a file cannot be read.
+ * bytes, or the same words where only the text was compared. @p textgrenze as below. Throws Fehler when a file cannot be read.
  */
-[[nodiscard]] bool istNochDublette(Datenbank &db, qint64 id);
+[[nodiscard]] bool istNochDublette(Datenbank &db, qint64 id, qsizetype textgrenze);
 
 /** A duplicate waits to be looked at as a document of its own again. Throws Fehler. */
 void freigeben(Datenbank &db, qint64 id);
 
-/** The whole stored texts of two documents have the same words; where one has none, that does not decide: true. */
-[[nodiscard]] bool habenGleicheWorte(Datenbank &db, qint64 a, qint64 b);
+/**
+ * The whole stored texts of two documents have the same words; where one has none, that does not decide: true. Texts of
+ * @p textgrenze characters were cut off there, perhaps within a word.
+ */
+[[nodiscard]] bool habenGleicheWorte(Datenbank &db, qint64 a, qint64 b, qsizetype textgrenze);
 /** Jaccard index of the words of two documents, as far as their sketches tell; 0 where one has none. */
 [[nodiscard]] double aehnlichkeit(Datenbank &db, qint64 a, qint64 b);
 } // namespace Originale

@@ -46,7 +46,7 @@ Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad)
         const Werkzeuge::Text text = Werkzeuge::text(pfad, profil.seiten, profil.ocrSprache, lauf.ende());
         const Skizze skizze(text.text);
         return {.id = id,
-                .text = ersteZeichen(text.text, 3 * qsizetype(profil.maxZeichen)),
+                .text = ersteZeichen(text.text, Textleser::textgrenze(profil)),
                 .textebene = text.textebene,
                 .textHash = skizze.textHash(),
                 .skizze = Skizze::json(skizze.werte()),
@@ -134,12 +134,12 @@ void alleLesen(Lauf &lauf)
 }
 
 /** Parts a group of one hash by the whole texts; who has no stored text goes with the first. */
-QList<QList<Dubletten::Mitglied>> nachWortlaut(Datenbank &db, const QList<Dubletten::Mitglied> &gruppe)
+QList<QList<Dubletten::Mitglied>> nachWortlaut(const Lauf &lauf, const QList<Dubletten::Mitglied> &gruppe)
 {
     QList<QList<Dubletten::Mitglied>> teile;
     for (const Dubletten::Mitglied &m : gruppe) {
         const auto passend = std::find_if(teile.begin(), teile.end(), [&](const auto &teil) {
-            return Originale::habenGleicheWorte(db, teil.first().id, m.id);
+            return Originale::habenGleicheWorte(lauf.db(), teil.first().id, m.id, Textleser::textgrenze(lauf.profil()));
         });
         if (passend == teile.end())
             teile << QList<Dubletten::Mitglied>{m};
@@ -155,13 +155,14 @@ struct Textvergleich {
     QList<QPair<qint64, qint64>> gleicherAnfang; ///< new document and the one whose text begins like its own
 };
 
-Textvergleich textgleicheMarkieren(Datenbank &db)
+Textvergleich textgleicheMarkieren(const Lauf &lauf)
 {
+    Datenbank &db = lauf.db();
     Textvergleich v;
     Dubletten::Gruppen gruppen;
     const Dubletten::Gruppen nachHash = Dubletten::gruppen(db, u"text_hash"_s);
     for (auto gruppe = nachHash.cbegin(); gruppe != nachHash.cend(); ++gruppe) {
-        const auto teile = nachWortlaut(db, gruppe.value());
+        const auto teile = nachWortlaut(lauf, gruppe.value());
         for (const auto &teil : teile) {
             gruppen.insert(gruppe.key() + QString::number(gruppen.size()), teil);
             if (teil.first().neu && teil.first().id != teile.first().first().id)
@@ -221,6 +222,8 @@ qsizetype aehnlicheVerbinden(Datenbank &db, const Textvergleich &texte)
 }
 } // namespace
 
+qsizetype Textleser::textgrenze(const Profil &profil) { return 3 * qsizetype(profil.maxZeichen); }
+
 void Textleser::textLesen(Lauf &lauf)
 {
     lauf.stufe(QUILLMAR_TEXT(u"Text lesen"_s));
@@ -229,7 +232,7 @@ void Textleser::textLesen(Lauf &lauf)
     if (lauf.sollHalten())
         return;
     lauf.stufe(QUILLMAR_TEXT(u"Ähnliche Dokumente suchen"_s));
-    const Textvergleich texte = textgleicheMarkieren(lauf.db());
+    const Textvergleich texte = textgleicheMarkieren(lauf);
     const qsizetype paare = aehnlicheVerbinden(lauf.db(), texte);
     lauf.fortschritt(gefuellt(Sprache::text(u"%@ textgleiche Dubletten, %@ ähnliche Paare"_s),
                               {QString::number(texte.dubletten), QString::number(paare)}),

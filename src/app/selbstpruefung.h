@@ -22,6 +22,6 @@ private:
 
 /**
  * The block "Betriebsart": accepts all waiting documents in the profile's mode and turns the session back, with real
- * files. Leaves documents, catalogue and folders as they were.
+ * files. Works on copies: documents, catalogue and folders stay as they are.
  */
 void betriebsartPruefen(Selbstpruefung &p, const std::shared_ptr<Datenbank> &db, const Profil &profil);

@@ -1,83 +1,84 @@
 #include "ablagewerk.h"
 #include "ausgabe.h"
+#include "dateibewegung.h"
 #include "datenbank.h"
+#include "insprache.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "selbstpruefung.h"
 #include "sha256.h"
 #include "sprache.h"
-#include "transaktion.h"
+#include "text.h"
+#include "zielwurzel.h"
 
-#include <QDir>
-#include <QDirIterator>
-#include <QSet>
+#include <QHash>
 #include <QTemporaryDir>
 #include <algorithm>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-/** The rows that filing changes, to be put back as they were. */
-class Katalogstand
+/**
+ * A stage for the trial: copies of the waiting documents in a hidden folder beside them, an empty target in a hidden
+ * folder below the real one, and a copy of the catalogue. Nothing that belongs to the user is touched, whatever
+ * happens, and another program may go on working meanwhile.
+ */
+class Probebuehne
 {
 public:
-    explicit Katalogstand(Datenbank &db) : m_db(db)
+    Probebuehne(Datenbank &db, const Profil &profil)
+        : m_quelle(std::make_unique<QTemporaryDir>(profil.quelle + hier())), m_ziel(profil.zielWurzel + hier()),
+          m_profil(profil)
     {
-        for (const QString &tabelle : tabellen())
-            muss(u"CREATE TEMP TABLE probe_%1 AS SELECT * FROM main.%1"_s.arg(tabelle));
+        if (!m_quelle->isValid()) // may be read, but not written to
+            m_quelle = std::make_unique<QTemporaryDir>();
+        if (!m_quelle->isValid() || !m_ziel.isValid() || !m_katalog.isValid())
+            throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {profil.zielWurzel}));
+        m_profil.quelle = m_quelle->path();
+        m_profil.zielWurzel = m_ziel.path();
+        m_profil.protokollOrdner.clear();
+        const QString katalog = m_katalog.filePath(u"k.db"_s);
+        if (db.ausfuehren(u"VACUUM INTO ?"_s, {katalog}) != 0)
+            throw Fehler(Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder "
+                                       "schreibgeschützt?"_s));
+        m_db = std::make_shared<Datenbank>(katalog);
+        dokumenteHolen();
     }
-    ~Katalogstand()
-    {
-        for (const QString &tabelle : tabellen())
-            m_db.ausfuehren(u"DROP TABLE temp.probe_%1"_s.arg(tabelle));
-    }
-    Katalogstand(const Katalogstand &) = delete;
-    Katalogstand &operator=(const Katalogstand &) = delete;
 
-    void wiederherstellen()
-    {
-        Transaktion transaktion(m_db);
-        muss(u"INSERT OR REPLACE INTO main.dokumente SELECT * FROM temp.probe_dokumente"_s);
-        muss(u"DELETE FROM main.protokoll WHERE rueckgaengig=1 AND id NOT IN (SELECT id FROM temp.probe_protokoll)\n"
-             "AND dokument_id IN (SELECT id FROM temp.probe_dokumente WHERE status='bereit')"_s);
-        for (const QString &tabelle : {u"gelernt"_s, u"namen"_s}) {
-            muss(u"DELETE FROM main.%1"_s.arg(tabelle));
-            muss(u"INSERT INTO main.%1 SELECT * FROM temp.probe_%1"_s.arg(tabelle));
-        }
-        transaktion.abschliessen();
-    }
+    [[nodiscard]] const std::shared_ptr<Datenbank> &db() const { return m_db; }
+    [[nodiscard]] const Profil &profil() const { return m_profil; }
 
 private:
-    /** Half a snapshot or half a restoration would take learned rows away. */
-    void muss(const QString &sql)
+    static QString hier() { return u"/.quillmar-selbsttest-XXXXXX"_s; }
+
+    /** One that cannot be copied keeps its path, and fails in the trial with its reason. */
+    void dokumenteHolen()
     {
-        if (m_db.ausfuehren(sql) != 0)
-            throw Fehler(Sprache::text(
-                u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+        for (const Zeile &z :
+             m_db->abfragen(u"SELECT id, pfad FROM dokumente WHERE status='bereit' AND ausgenommen=0"_s)) {
+            const QString ordner = m_profil.quelle + u'/' + QString::number(z.ganz(u"id"));
+            try {
+                Dateibewegung::ordnerAnlegen(ordner, m_profil.quelle);
+                const QString kopie = Dateibewegung::ausfuehren({.von = z.text(u"pfad"),
+                                                                 .ordner = ordner,
+                                                                 .name = nameVon(z.text(u"pfad")),
+                                                                 .art = Dateibewegung::Art::Kopieren},
+                                                                [](const Dateibewegung::Schritt &) {});
+                m_db->ausfuehren(u"UPDATE dokumente SET pfad=? WHERE id=?"_s, {kopie, z.ganz(u"id")});
+            } catch (const Fehler &f) {
+                Ausgabe::melden(nameVon(z.text(u"pfad")) + u": "_s + inSprache(f));
+            }
+        }
     }
 
-    static QStringList tabellen() { return {u"dokumente"_s, u"protokoll"_s, u"gelernt"_s, u"namen"_s}; }
-    Datenbank &m_db;
+    std::unique_ptr<QTemporaryDir> m_quelle;
+    QTemporaryDir m_ziel;
+    QTemporaryDir m_katalog;
+    Profil m_profil;
+    std::shared_ptr<Datenbank> m_db;
 };
-
-QSet<QString> ordnerUnter(const QString &wurzel)
-{
-    QSet<QString> ordner;
-    QDirIterator lauf(wurzel, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (lauf.hasNext())
-        ordner.insert(lauf.next());
-    return ordner;
-}
-
-/** Takes out the folders that the trial has made; only empty ones go. */
-void neueOrdnerEntfernen(const QString &wurzel, const QSet<QString> &vorher)
-{
-    QStringList neue = (ordnerUnter(wurzel) - vorher).values();
-    std::sort(neue.begin(), neue.end(), [](const QString &a, const QString &b) { return a.size() > b.size(); });
-    for (const QString &ordner : std::as_const(neue))
-        QDir().rmdir(ordner);
-}
 
 /** While it lives, what is thrown away goes into a folder beside the target and with it. */
 class Probepapierkorb
@@ -157,8 +158,7 @@ void hinweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr
                       : Sprache::text(u"am alten Platz liegt nichts mehr"_s));
 }
 
-/** True when everything is back where it was. */
-bool rueckweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr<Datenbank> &db, const Profil &profil,
+void rueckweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr<Datenbank> &db, const Profil &profil,
               const QString &protokoll)
 {
     const Probepapierkorb papierkorb(profil.zielWurzel);
@@ -176,31 +176,23 @@ bool rueckweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_p
                       return jetzt && jetzt->status == u"bereit"_s && jetzt->pfad == q.vorher.pfad;
                   }),
              Sprache::text(u"jedes Dokument wartet wieder"_s));
-    return ganz;
 }
 } // namespace
 
 void betriebsartPruefen(Selbstpruefung &p, const std::shared_ptr<Datenbank> &db, const Profil &profil)
 {
     p.block(Sprache::text(u"Betriebsart"_s));
-    const QString ziel = QDir::cleanPath(profil.zielWurzel);
-    if (profil.zielWurzel.isEmpty() || !istOrdner(ziel))
-        return Ausgabe::drucken(Sprache::text(u"  ausgelassen: Das Profil hat keinen erreichbaren Zielordner"_s));
-    const QList<Probe> proben = wartende(*db);
-    const QSet<QString> ordner = ordnerUnter(ziel);
-    const QString protokollOrdner = profil.protokollURL().value_or(QString());
-    const bool ordnerNeu = !istOrdner(protokollOrdner);
-    const auto buch = Protokollbuch::anlegen(protokollOrdner, profil);
-    p.pruefe(buch != nullptr, Sprache::text(u"das Protokoll lässt sich anlegen"_s));
-    if (!buch)
-        return;
-    Katalogstand stand(*db);
-    hinweg(p, proben, db, profil, buch);
-    if (!rueckweg(p, proben, db, profil, buch->datei()))
-        return; // the log stays: with it the rest can be turned back
-    stand.wiederherstellen();
-    QFile::remove(buch->datei());
-    if (ordnerNeu)
-        QDir().rmdir(protokollOrdner);
-    neueOrdnerEntfernen(ziel, ordner);
+    try {
+        Zielwurzel::pruefen(*db, profil);
+        const Probebuehne buehne(*db, profil);
+        const QList<Probe> proben = wartende(*buehne.db());
+        const auto buch = Protokollbuch::anlegen(buehne.profil().protokollURL().value_or(QString()), buehne.profil());
+        p.pruefe(buch != nullptr, Sprache::text(u"das Protokoll lässt sich anlegen"_s));
+        if (!buch)
+            return;
+        hinweg(p, proben, buehne.db(), buehne.profil(), buch);
+        rueckweg(p, proben, buehne.db(), buehne.profil(), buch->datei());
+    } catch (const Fehler &f) {
+        Ausgabe::drucken(gefuellt(Sprache::text(u"  ausgelassen: %@"_s), {inSprache(f)}));
+    }
 }

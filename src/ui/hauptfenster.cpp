@@ -16,6 +16,7 @@
 #include "sprache.h"
 #include "tastentakt.h"
 #include "zeichen.h"
+#include "zielfrage.h"
 #include "zustand.h"
 
 #include <QApplication>
@@ -101,6 +102,7 @@ void Hauptfenster::aufbauen()
     const auto info = [this] { Infofenster::oeffnen(m_zustand, m_aktualisierung, m_sprache, this); };
     spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info), inhalt));
     spalte->addWidget(karten, 1);
+    spalte->addWidget(new Zielfrage(m_zustand, inhalt));
     spalte->addWidget(new Fusszeile(m_zustand, inhalt));
     karten->addWidget(new EinrichtungsAnsicht(m_zustand, m_sprache, karten));
     karten->addWidget(new AblaufAnsicht(m_zustand, karten));

@@ -9,6 +9,7 @@
 #include "protokollbuch.h"
 #include "sprache.h"
 #include "text.h"
+#include "textleser.h"
 #include "zielwurzel.h"
 
 #include <QDir>
@@ -103,11 +104,11 @@ struct Ausraeumung {
     qint64 wiederNeu = 0; ///< whose original is not what it was any more
     QStringList fehler;
 
-    void eines(Ablagewerk &werk, Datenbank &db, qint64 id, const Taten::Tat &tat)
+    void eines(Ablagewerk &werk, const Arbeitsplatz &platz, qint64 id, const Taten::Tat &tat)
     {
         try {
-            if (!Originale::istNochDublette(db, id)) {
-                Originale::freigeben(db, id);
+            if (!Originale::istNochDublette(*platz.db, id, Textleser::textgrenze(platz.profil))) {
+                Originale::freigeben(*platz.db, id);
                 ++wiederNeu;
                 return;
             }
@@ -225,7 +226,7 @@ Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlun
         const Taten::Tat tat = Taten::beginnen(*platz.db, u"dubletten"_s);
         Ausraeumung a;
         for (qsizetype i = 0; i < zeilen.size() && fortschritt(i, zeilen.size()); ++i)
-            a.eines(werk, *platz.db, zeilen.at(i).ganz(u"id"), tat);
+            a.eines(werk, platz, zeilen.at(i).ganz(u"id"), tat);
         a.melden(platz.profil, g);
         zaehlerMelden(*werk.mitgezogen, {}, g);
         if (a.anzahl > 0)

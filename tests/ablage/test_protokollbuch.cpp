@@ -236,7 +236,7 @@ void TestProtokollbuch::sitzungZurueck()
     }
     QVERIFY(QDir(bank.ziel(QString())).entryList(QDir::Files).isEmpty());
     QVERIFY(nurUebersprungen(Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts), anzahl,
-                             u"Die Datei liegt nicht mehr am Zielort"_s));
+                             u"Diese Bewegung ist schon zurückgedreht"_s));
     QCOMPARE(bank.widersprueche(), QStringList());
 }
 

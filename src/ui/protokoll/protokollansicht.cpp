@@ -101,7 +101,7 @@ QWidget *ProtokollAnsicht::bewegungsteil()
 void ProtokollAnsicht::tastenBauen()
 {
     for (const QKeySequence &tasten : {QKeySequence(Qt::Key_U), QKeySequence(Qt::CTRL | Qt::Key_Z)})
-        kurztaste(tasten, this, [this] { m_zustand->rueckgaengig(); });
+        kurztaste(tasten, this, [this] { m_zustand->letztenSchrittZurueck(); });
 }
 
 void ProtokollAnsicht::verbinden()

@@ -59,6 +59,17 @@ QString erklaerung(const std::optional<Protokollkopf> &kopf)
            Sprache::text(u"Rückgängig machen legt in dieser Betriebsart die Kopie in den Papierkorb, das Original "
                          "bleibt ohnehin unangetastet."_s);
 }
+/** Between which folders a log moves files that is not one of the active profile. */
+QString woher(const Zustand &zustand)
+{
+    const auto &aktiv = zustand.aktiv();
+    const auto &kopf = zustand.protokollKopf();
+    if (!aktiv || (kopf && kopf->quelle == aktiv->quelle && kopf->ziel == aktiv->zielWurzel))
+        return {};
+    return gefuellt(Sprache::text(u"Dieses Protokoll kommt von woanders. Es bewegt Dateien von %@ nach %@."_s),
+                    {kopf ? kopf->ziel : aktiv->zielWurzel, kopf ? kopf->quelle : aktiv->quelle}) +
+           u' ';
+}
 } // namespace
 
 Rueckbaufeld::Rueckbaufeld(Zustand *zustand, QWidget *eltern)
@@ -191,7 +202,7 @@ QWidget *Rueckbaufeld::laufseite()
 void Rueckbaufeld::verbinden()
 {
     connect(m_zurueckdrehen, &QPushButton::clicked, this, &Rueckbaufeld::fragen);
-    connect(m_letzten, &QPushButton::clicked, m_zustand, &Zustand::rueckgaengig);
+    connect(m_letzten, &QPushButton::clicked, m_zustand, &Zustand::letztenSchrittZurueck);
     connect(m_ja, &QPushButton::clicked, this, &Rueckbaufeld::bestaetigen);
     connect(m_nein, &QPushButton::clicked, this, &Rueckbaufeld::abbrechen);
     connect(m_anhalten, &QPushButton::clicked, m_zustand, [this] {
@@ -213,8 +224,8 @@ void Rueckbaufeld::verbinden()
 
 void Rueckbaufeld::fragen()
 {
-    m_frage->setText(gefuellt(Sprache::text(u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
-                              {QString::number(m_zustand->protokollZeilen().size())}));
+    m_frage->setText(woher(*m_zustand) + gefuellt(Sprache::text(u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
+                                                  {QString::number(m_zustand->protokollZeilen().size())}));
     m_ja->setAccessibleDescription(m_frage->text());
     m_nein->setAccessibleDescription(m_frage->text());
     seiteSetzen(Frage);
@@ -251,7 +262,7 @@ void Rueckbaufeld::zeigen()
     const bool laeuft = m_zustand->rueckbauLaeuft();
     const bool frei = m_zustand->offen() && !m_zustand->beschaeftigt();
     m_zurueckdrehen->setEnabled(frei && !m_zustand->protokollLaedt() && !m_zustand->protokollZeilen().isEmpty());
-    m_letzten->setEnabled(frei && m_zustand->umkehrbar());
+    m_letzten->setEnabled(frei && m_zustand->hatBewegung());
     m_lauf->setText(m_zustand->rueckbauMeldung() + u" …"_s);
     m_balken->setzeAnteil(m_zustand->rueckbauAnteil());
     if (laeuft && m_stapel->currentIndex() != Lauf) {
