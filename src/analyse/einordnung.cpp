@@ -49,13 +49,65 @@ QString textAus(const QJsonObject &antwort, const QString &schluessel)
     return nfc(antwort.value(schluessel).toString()).trimmed();
 }
 
+/** For comparing what a model writes with what the structure has: without regard to case, blanks and umlauts. */
+QString vereinfacht(const QString &name)
+{
+    QString ergebnis;
+    for (const QChar c : nfc(name).toCaseFolded()) {
+        if (!c.isSpace())
+            ergebnis += c;
+    }
+    return ergebnis.replace(u'ä', u"ae"_s).replace(u'ö', u"oe"_s).replace(u'ü', u"ue"_s);
+}
+
+template <typename Liste>
+auto aehnlichGenannt(const Liste &liste, const QString &name) -> decltype(&liste.first())
+{
+    const QString gesucht = vereinfacht(name);
+    const auto treffer =
+        std::find_if(liste.begin(), liste.end(), [&](const auto &e) { return vereinfacht(e.name) == gesucht; });
+    return gesucht.isEmpty() || treffer == liste.end() ? nullptr : &*treffer;
+}
+
+QStringList ebenen(const QString &text) { return text.split(u'/', Qt::SkipEmptyParts); }
+
+/** By its exact name; else in another spelling, alone or as the first level of a whole path. */
+const Zweig *zweigAus(const QString &text, const Profil &profil)
+{
+    if (const Zweig *zweig = profil.zweig(text))
+        return zweig;
+    if (const Zweig *zweig = aehnlichGenannt(profil.zweige, text))
+        return zweig;
+    const QStringList teile = ebenen(text);
+    return teile.isEmpty() ? nullptr : aehnlichGenannt(profil.zweige, teile.first());
+}
+
+/** The kind of @p zweig that @p text names, alone or behind the branch in a path. */
+const Ablageart *ablageartAus(const QString &text, const Zweig &zweig)
+{
+    const auto genau = std::find_if(zweig.ablagen.begin(), zweig.ablagen.end(),
+                                    [&](const Ablageart &art) { return art.name == text; });
+    if (genau != zweig.ablagen.end())
+        return &*genau;
+    if (const Ablageart *art = aehnlichGenannt(zweig.ablagen, text))
+        return art;
+    QStringList teile = ebenen(text);
+    if (teile.size() > 1 && vereinfacht(teile.first()) == vereinfacht(zweig.name))
+        teile.removeFirst();
+    return teile.isEmpty() ? nullptr : aehnlichGenannt(zweig.ablagen, teile.first());
+}
+
 void ortPruefen(Einordnungsergebnis &e, const QJsonObject &antwort, const Profil &profil)
 {
-    const Zweig *zweig = profil.zweig(textAus(antwort, u"zweig"_s));
+    const QString zweigtext = textAus(antwort, u"zweig"_s);
+    const Zweig *zweig = zweigAus(zweigtext, profil);
     if (!zweig)
         return;
     e.zweig = zweig->name;
-    const Ablageart *art = profil.ablageart(zweig->name, textAus(antwort, u"ablage"_s));
+    const QString ablagetext = textAus(antwort, u"ablage"_s);
+    // A model that puts both levels into the branch may leave the kind empty.
+    const bool imZweig = ablagetext.isEmpty() && ebenen(zweigtext).size() > 1;
+    const Ablageart *art = ablageartAus(imZweig ? zweigtext : ablagetext, *zweig);
     if (!art)
         return;
     e.ablage = art->name;

@@ -120,7 +120,9 @@ std::optional<QString> Kommandozeile::wert(const QStringList &argumente, const Q
 
 void Kommandozeile::laufen(const QStringList &argumente)
 {
-    const QList<Profil> liste = Profilspeicher::laden();
+    const auto [liste, unlesbar, anmerkungen] = Profilspeicher::lesen();
+    for (const QString &anmerkung : anmerkungen)
+        Ausgabe::melden(anmerkung);
     if (liste.isEmpty())
         return drucken(Sprache::text(u"Kein Profil vorhanden"_s));
     auto profil = profilWaehlen(liste, argumente);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonObject>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -9,8 +10,9 @@
 /** Filing kind, the second level of the target tree. */
 struct Ablageart {
     QString name;
-    bool mitJahr = false; ///< year folders stand between the kind and its rubrics
-    QStringList rubriken; ///< folder names, possibly two levels joined by "/"
+    bool mitJahr = false;      ///< year folders stand between the kind and its rubrics
+    QStringList rubriken;      ///< folder names, possibly two levels joined by "/"
+    QJsonObject weiteres = {}; ///< what a later version has stored with it
     bool operator==(const Ablageart &) const = default;
 };
 
@@ -18,6 +20,7 @@ struct Ablageart {
 struct Zweig {
     QString name;
     QList<Ablageart> ablagen;
+    QJsonObject weiteres = {}; ///< as above
     bool operator==(const Zweig &) const = default;
 };
 
@@ -55,6 +58,7 @@ struct Profil {
     QStringList eigeneNamen;
     QString rubrikAusgang = QStringLiteral("Ausgangsrechnungen");
     QString rubrikEingang = QStringLiteral("Eingangsrechnungen");
+    QJsonObject weiteres = {}; ///< as above
 
     bool operator==(const Profil &) const = default;
 

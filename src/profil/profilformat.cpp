@@ -1,8 +1,13 @@
 #include "profilformat.h"
 
+#include "sprache.h"
+#include "text.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -36,8 +41,9 @@ void lesen(const QJsonValue &wert, bool &ziel)
 void lesen(const QJsonValue &wert, int &ziel)
 {
     const double zahl = wert.toDouble(0.5);
-    pruefen(wert.isDouble() && zahl == std::floor(zahl) && std::abs(zahl) <= std::numeric_limits<int>::max());
-    ziel = int(zahl);
+    pruefen(wert.isDouble() && zahl == std::floor(zahl));
+    constexpr int groesste = std::numeric_limits<int>::max();
+    ziel = int(std::clamp(zahl, double(-groesste), double(groesste)));
 }
 
 void lesen(const QJsonValue &wert, QUuid &ziel)
@@ -53,6 +59,20 @@ QJsonValue verlangt(const QJsonObject &objekt, QStringView schluessel)
     return objekt.value(schluessel);
 }
 
+QJsonObject ohne(QJsonObject objekt, const QStringList &bekannte)
+{
+    for (const QString &schluessel : bekannte)
+        objekt.remove(schluessel);
+    return objekt;
+}
+
+QJsonObject vereint(QJsonObject weiteres, const QJsonObject &eigenes)
+{
+    for (auto i = eigenes.begin(); i != eigenes.end(); ++i)
+        weiteres.insert(i.key(), i.value());
+    return weiteres;
+}
+
 template <typename T>
 void lesen(const QJsonValue &wert, QList<T> &ziel);
 
@@ -63,6 +83,7 @@ void lesen(const QJsonValue &wert, Ablageart &ziel)
     lesen(verlangt(objekt, u"name"), ziel.name);
     lesen(verlangt(objekt, u"mitJahr"), ziel.mitJahr);
     lesen(verlangt(objekt, u"rubriken"), ziel.rubriken);
+    ziel.weiteres = ohne(objekt, {u"name"_s, u"mitJahr"_s, u"rubriken"_s});
 }
 
 void lesen(const QJsonValue &wert, Zweig &ziel)
@@ -71,6 +92,7 @@ void lesen(const QJsonValue &wert, Zweig &ziel)
     const QJsonObject objekt = wert.toObject();
     lesen(verlangt(objekt, u"name"), ziel.name);
     lesen(verlangt(objekt, u"ablagen"), ziel.ablagen);
+    ziel.weiteres = ohne(objekt, {u"name"_s, u"ablagen"_s});
 }
 
 template <typename T>
@@ -95,7 +117,8 @@ QJsonValue json(const QStringList &wert) { return QJsonArray::fromStringList(wer
 
 QJsonValue json(const Ablageart &wert)
 {
-    return QJsonObject{{u"name"_s, wert.name}, {u"mitJahr"_s, wert.mitJahr}, {u"rubriken"_s, json(wert.rubriken)}};
+    return vereint(wert.weiteres,
+                   {{u"name"_s, wert.name}, {u"mitJahr"_s, wert.mitJahr}, {u"rubriken"_s, json(wert.rubriken)}});
 }
 
 QJsonValue json(const Zweig &wert);
@@ -109,7 +132,10 @@ QJsonValue json(const QList<T> &wert)
     return liste;
 }
 
-QJsonValue json(const Zweig &wert) { return QJsonObject{{u"name"_s, wert.name}, {u"ablagen"_s, json(wert.ablagen)}}; }
+QJsonValue json(const Zweig &wert)
+{
+    return vereint(wert.weiteres, {{u"name"_s, wert.name}, {u"ablagen"_s, json(wert.ablagen)}});
+}
 
 // --- the one table of keys -------------------------------------------------------------------------------------------
 
@@ -142,20 +168,47 @@ void felder(P &p, F feld)
     feld(u"rubrikEingang"_s, p.rubrikEingang);
 }
 
-Profil profilAus(const QJsonValue &wert)
+/** A tool takes page 0 for all pages, and without a character no document could be classified. */
+void mindestensEins(Profil &profil, const QJsonObject &objekt, QStringList &anmerkungen)
+{
+    const auto begrenzen = [&](const QString &schluessel, int &zahl) {
+        zahl = std::max(zahl, 1);
+        const double stand = objekt.value(schluessel).toDouble(zahl);
+        if (stand != zahl)
+            anmerkungen << gefuellt(Sprache::text(u"Profil %@: %@ ist %@, es gilt %@"_s),
+                                    {profil.name, schluessel, QString::number(stand, 'g', 15), QString::number(zahl)});
+    };
+    begrenzen(u"seiten"_s, profil.seiten);
+    begrenzen(u"maxZeichen"_s, profil.maxZeichen);
+}
+
+/** Two profiles must not share a catalogue, and the later one keeps the same one until it is stored with its own id. */
+void eigeneKennungen(QList<Profil> &profile, QStringList &anmerkungen)
+{
+    QSet<QUuid> vergeben;
+    for (Profil &profil : profile) {
+        const QUuid alte = profil.id;
+        for (int n = 2; vergeben.contains(profil.id); ++n)
+            profil.id = QUuid::createUuidV5(alte, QByteArray::number(n));
+        if (profil.id != alte)
+            anmerkungen << gefuellt(
+                Sprache::text(u"Profil %@ hatte die Kennung eines anderen und bekommt eine eigene"_s), {profil.name});
+        vergeben << profil.id;
+    }
+}
+
+Profil profilAus(const QJsonValue &wert, QStringList &anmerkungen)
 {
     pruefen(wert.isObject());
     const QJsonObject objekt = wert.toObject();
     Profil profil;
+    profil.weiteres = objekt;
     felder(profil, [&](const QString &schluessel, auto &ziel) {
+        profil.weiteres.remove(schluessel);
         if (objekt.contains(schluessel))
             lesen(objekt.value(schluessel), ziel);
     });
-    // A tool takes page 0 for all pages, and without a character no document could be classified.
-    if (profil.seiten < 1)
-        profil.seiten = Profil().seiten;
-    if (profil.maxZeichen < 1)
-        profil.maxZeichen = Profil().maxZeichen;
+    mindestensEins(profil, objekt, anmerkungen);
     return profil;
 }
 } // namespace
@@ -164,7 +217,7 @@ QByteArray Profilformat::schreiben(const QList<Profil> &profile)
 {
     QJsonArray liste;
     for (const Profil &profil : profile) {
-        QJsonObject objekt;
+        QJsonObject objekt = profil.weiteres;
         felder(profil, [&](const QString &schluessel, const auto &wert) { objekt.insert(schluessel, json(wert)); });
         liste << objekt;
     }
@@ -173,14 +226,21 @@ QByteArray Profilformat::schreiben(const QList<Profil> &profile)
 
 std::optional<QList<Profil>> Profilformat::lesen(const QByteArray &text)
 {
+    const auto gelesen = auswerten(text);
+    return gelesen ? std::optional(gelesen->profile) : std::nullopt;
+}
+
+std::optional<Profilformat::Gelesen> Profilformat::auswerten(const QByteArray &text)
+{
     const QJsonDocument dokument = QJsonDocument::fromJson(text);
     if (!dokument.isArray())
         return std::nullopt;
     try {
-        QList<Profil> profile;
+        Gelesen gelesen;
         for (const auto &wert : dokument.array())
-            profile << profilAus(wert);
-        return profile;
+            gelesen.profile << profilAus(wert, gelesen.anmerkungen);
+        eigeneKennungen(gelesen.profile, gelesen.anmerkungen);
+        return gelesen;
     } catch (const Unlesbar &) {
         return std::nullopt; // the whole file counts as unreadable, by rule
     }

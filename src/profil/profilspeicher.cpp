@@ -3,6 +3,8 @@
 #include "profilformat.h"
 #include "programmordner.h"
 #include "sperrdatei.h"
+#include "sprache.h"
+#include "text.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -88,12 +90,20 @@ QString Profilspeicher::katalogDatei(const Profil &profil)
     return ordner() + u'/' + profil.id.toString(QUuid::WithoutBraces).toUpper() + u".db"_s;
 }
 
-QList<Profil> Profilspeicher::laden()
+QList<Profil> Profilspeicher::laden() { return lesen().profile; }
+
+Profilspeicher::Gefunden Profilspeicher::lesen()
 {
     QFile eingabe(datei());
-    if (!eingabe.open(QIODevice::ReadOnly))
+    if (!eingabe.exists())
         return {};
-    return Profilformat::lesen(eingabe.readAll()).value_or(QList<Profil>());
+    if (eingabe.open(QIODevice::ReadOnly)) {
+        if (auto gelesen = Profilformat::auswerten(eingabe.readAll()))
+            return {.profile = gelesen->profile, .unlesbar = false, .anmerkungen = gelesen->anmerkungen};
+    }
+    return {.profile = {},
+            .unlesbar = true,
+            .anmerkungen = {gefuellt(Sprache::text(u"Die Profilliste ist nicht lesbar: %@"_s), {datei()})}};
 }
 
 Profilspeicher::Gesichert Profilspeicher::sichern(const QList<Profil> &profile, const QList<Profil> &stand)
@@ -103,16 +113,17 @@ Profilspeicher::Gesichert Profilspeicher::sichern(const QList<Profil> &profile, 
     const auto sperre = Sperrdatei::nehmen(ziel + u".sperre"_s, 5s);
     if (!sperre)
         return ergebnis;
-    QList<Profil> gespeichert;
+    std::optional<QList<Profil>> gespeichert;
     if (QFile eingabe(ziel); eingabe.exists()) {
         if (!eingabe.open(QIODevice::ReadOnly))
             return ergebnis;
-        if (const auto gelesen = Profilformat::lesen(eingabe.readAll()))
-            gespeichert = *gelesen;
-        else if (ergebnis.beiseite = beiseiteLegen(ziel); ergebnis.beiseite.isEmpty())
+        gespeichert = Profilformat::lesen(eingabe.readAll());
+        if (!gespeichert && (ergebnis.beiseite = beiseiteLegen(ziel)).isEmpty())
             return ergebnis;
     }
-    ergebnis.profile = vereint(std::move(gespeichert), stand, profile);
+    // What the caller knows is all that is left of a list that is gone.
+    if (gespeichert)
+        ergebnis.profile = vereint(*std::move(gespeichert), stand, profile);
     ergebnis.gelungen = schreiben(ziel, ergebnis.profile);
     return ergebnis;
 }

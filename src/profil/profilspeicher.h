@@ -12,6 +12,13 @@ namespace Profilspeicher
 /** The catalogue file of a profile: beside the list, named by its id. */
 [[nodiscard]] QString katalogDatei(const Profil &profil);
 
+/** What was found where the list is kept. */
+struct Gefunden {
+    QList<Profil> profile;
+    bool unlesbar = false;   ///< there is a file, and it could not be read or does not decode
+    QStringList anmerkungen; ///< for the user; with an unreadable file the sentence that names it
+};
+[[nodiscard]] Gefunden lesen();
 /** The stored list; empty when the file is missing or does not decode. */
 [[nodiscard]] QList<Profil> laden();
 
@@ -24,8 +31,9 @@ struct Gesichert {
 
 /**
  * Saves @p profile. The file is read again under a lock and only what differs from @p stand (the list as the caller
- * last read or saved it) is replaced, added or taken out, so that two programs do not undo each other. A list that does
- * not decode is first kept beside under a dated name. On failure the file stays as it was.
+ * last read or saved it) is replaced, added or taken out, so that two programs do not undo each other. Where there is
+ * no list any more, @p profile is written whole; one that does not decode is first kept beside under a dated name. On
+ * failure the file stays as it was.
  */
 Gesichert sichern(const QList<Profil> &profile, const QList<Profil> &stand);
 } // namespace Profilspeicher

@@ -41,11 +41,15 @@ Zustand::Waehler Zustand::ordnerwaehler;
 Zustand::Waehler Zustand::protokollwaehler;
 
 Zustand::Zustand(QObject *vater)
-    : QObject(vater), m_profile(Profilspeicher::laden()), m_sicherung(new Profilsicherung(this)),
-      m_briefe(std::make_shared<Briefkasten>(this)), m_ladebriefe(std::make_shared<Briefkasten>(this)),
-      m_teilung(gespeicherteTeilung())
+    : QObject(vater), m_sicherung(new Profilsicherung(this)), m_briefe(std::make_shared<Briefkasten>(this)),
+      m_ladebriefe(std::make_shared<Briefkasten>(this)), m_teilung(gespeicherteTeilung())
 {
+    const Profilspeicher::Gefunden gefunden = Profilspeicher::lesen();
+    m_profile = gefunden.profile;
     m_sicherung->standSetzen(m_profile);
+    m_vorab = gefunden.anmerkungen;
+    if (gefunden.unlesbar) // nothing will open that could say it
+        melden(m_vorab.join(u", "_s));
     einrichtungFolgen();
     connect(m_sicherung, &Profilsicherung::gesichert, this, &Zustand::profileUebernehmen);
     connect(m_sicherung, &Profilsicherung::gemeldet, this, [this](const QString &satz) {

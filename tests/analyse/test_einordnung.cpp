@@ -102,8 +102,21 @@ private Q_SLOTS:
             << u"2020-01-31|||Büro//|0.4"_s;
         QTest::newRow("Ausbruch") << QByteArray(R"({"zweig":"../../etc","ablage":"..","rubrik":"/","konfidenz":0.3})")
                                   << u"2020-01-31|||//|0.3"_s;
-        QTest::newRow("andere Schreibung ist unbekannt")
-            << QByteArray(R"({"zweig":"privat","konfidenz":0.9})") << u"2020-01-31|||//|0.4"_s;
+        QTest::newRow("beide Ebenen im Zweig")
+            << QByteArray(R"({"zweig":"Privat / Steuern","ablage":"Steuern","rubrik":"Belege","konfidenz":0.3})")
+            << u"2020-01-31|||Privat/Steuern/Belege|0.3"_s;
+        QTest::newRow("beide Ebenen nur im Zweig")
+            << QByteArray(R"({"zweig":"privat/steuern","ablage":"","rubrik":"Belege","konfidenz":0.3})")
+            << u"2020-01-31|||Privat/Steuern/Belege|0.3"_s;
+        QTest::newRow("beide Ebenen in der Ablage")
+            << QByteArray(R"({"zweig":"BUERO","ablage":"Büro / Steuern","rubrik":"Umsatzsteuer","konfidenz":0.3})")
+            << u"2020-01-31|||Büro/Steuern/Umsatzsteuer|0.3"_s;
+        QTest::newRow("die Rubrik nur genau")
+            << QByteArray(R"({"zweig":"privat","ablage":"S teuern","rubrik":"belege","konfidenz":0.3})")
+            << u"2020-01-31|||Privat/Steuern/|0.3"_s;
+        QTest::newRow("Fremdes in einem Pfad")
+            << QByteArray(R"({"zweig":"Fremd / Steuern","ablage":"Steuern","rubrik":"Belege","konfidenz":0.3})")
+            << u"2020-01-31|||//|0.3"_s;
         QTest::newRow("Leerraum und zerlegter Umlaut")
             << QByteArray("{\"zweig\":\" Bu\u0308ro \",\"konfidenz\":0}") << u"2020-01-31|||Büro//|0"_s;
     }

@@ -239,10 +239,13 @@ void TestDurchgang::herkunftFehlt()
     Programm programm(ordner.path() + u"/daten"_s, m_server.port());
     QCOMPARE(programm.laufen({u"--analyse"_s}).status, 0);
     const Profil p = Profilformat::lesen(inhalt(programm.ordner() + u"/profile.json"_s))->first();
-    const QStringList vorher = auszug(programm.katalog(p));
     const QString quelle = vorfuehrung::quelleVon(ordner.path());
     QVERIFY(QDir().rename(quelle, quelle + u".weg"_s));
-    const auto ende = programm.laufen({u"--analyse"_s});
+    // A run that is refused reopens nothing either.
+    Datenbank(programm.katalog(p))
+        .ausfuehren(u"UPDATE dokumente SET fehler='Einordnung nicht möglich: x' WHERE status='bereit'"_s);
+    const QStringList vorher = auszug(programm.katalog(p));
+    const auto ende = programm.laufen({u"--analyse"_s, u"--erneut"_s});
     QVERIFY(ende.meldungen.contains(u"Der Herkunftsordner ist nicht erreichbar"_s));
     QCOMPARE(auszug(programm.katalog(p)), vorher);
 }
@@ -252,7 +255,10 @@ void TestDurchgang::ohneModellserverUndErneut()
     QTemporaryDir ordner;
     aufbauen(ordner.path(), true);
     Programm ohne(ordner.path() + u"/daten"_s);
-    QCOMPARE(ohne.laufen({u"--analyse"_s}).status, 0);
+    const auto ende = ohne.laufen({u"--analyse"_s});
+    QCOMPARE(ende.status, 0);
+    const QStringList zeilen = ende.meldungen.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(zeilen.filter(u"Der Modellserver ollama läuft nicht"_s).size(), 1);
     const Profil p = Profilformat::lesen(inhalt(ohne.ordner() + u"/profile.json"_s))->first();
     const auto offen = [&] {
         return Datenbank(ohne.katalog(p))
@@ -262,6 +268,9 @@ void TestDurchgang::ohneModellserverUndErneut()
             .ganz(u"n");
     };
     QVERIFY(offen() > 20);
+    QVERIFY(zeilen.contains(QString::number(offen()) +
+                            u" ohne Vorschlag: Der Modellserver ollama läuft nicht. Noch einmal versuchen mit "
+                            "--analyse --erneut"_s));
     Programm mit(ordner.path() + u"/daten"_s, m_server.port());
     QCOMPARE(mit.laufen({u"--analyse"_s, u"--erneut"_s}).status, 0);
     QCOMPARE(offen(), 0);

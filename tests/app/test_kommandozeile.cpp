@@ -82,10 +82,11 @@ void TestKommandozeile::wert()
 void TestKommandozeile::ohneKatalog_data()
 {
     QTest::addColumn<QByteArray>("liste");
-    QTest::newRow("keine Datei") << QByteArray();
-    QTest::newRow("leere Liste") << QByteArray("[]");
-    QTest::newRow("kein JSON") << QByteArray("[{");
-    QTest::newRow("falscher Typ") << QByteArray("[{\"name\": 5}]");
+    QTest::addColumn<bool>("unlesbar");
+    QTest::newRow("keine Datei") << QByteArray() << false;
+    QTest::newRow("leere Liste") << QByteArray("[]") << false;
+    QTest::newRow("kein JSON") << QByteArray("[{") << true;
+    QTest::newRow("falscher Typ") << QByteArray("[{\"name\": 5}]") << true;
 }
 
 void TestKommandozeile::ohneKatalog()
@@ -98,6 +99,8 @@ void TestKommandozeile::ohneKatalog()
     const auto ende = programm.laufen({u"--bericht"_s});
     QCOMPARE(ende.status, 0);
     QCOMPARE(ende.ausgabe, u"Kein Profil vorhanden\n"_s);
+    QTEST(ende.meldungen == u"Die Profilliste ist nicht lesbar: "_s + programm.ordner() + u"/profile.json\n"_s,
+          "unlesbar");
 }
 
 void TestKommandozeile::profilwahl()
@@ -198,6 +201,12 @@ void TestKommandozeile::berichtigungen()
     Datenbank db(programm.katalog(p));
     const Zeile zeile = db.abfragen(u"SELECT * FROM dokumente WHERE id=1"_s).first();
     QCOMPARE(zeile.text(u"gegenueber"), u"Müller, Anna"_s);
+    // What an exclusion covers is no command's business.
+    db.ausfuehren(u"UPDATE dokumente SET ausgenommen=1, pfad='/x/geheim.pdf', dateiname='geheim.pdf' WHERE id=1"_s);
+    p.ausnahmen = {u"geheim"_s};
+    programm.profileSchreiben({p});
+    QVERIFY(programm.laufen({u"--gegenueber"_s}).ausgabe.contains("Betroffen: 0 "_L1));
+    QVERIFY(programm.laufen({u"--rechnungen"_s}).ausgabe.contains("betrachtete Dokumente  1\n"_L1));
     QCOMPARE(zeile.text(u"rubrik"), u"Ausgangsrechnungen"_s);
     QCOMPARE(zeile.komma(u"konfidenz"), 0.9);
 }

@@ -110,6 +110,30 @@ private Q_SLOTS:
         QVERIFY(Profilspeicher::laden() == neu);
     }
 
+    // Whatever became of the file: what the window holds is not lost by changing one of its profiles.
+    void verschwundeneListeWirdGanzGeschrieben_data()
+    {
+        QTest::addColumn<QByteArray>("inhalt");
+        QTest::addColumn<int>("beiseite");
+        QTest::newRow("fort") << QByteArray() << 0;
+        QTest::newRow("geleert") << QByteArray("") << 1;
+        QTest::newRow("unlesbar") << QByteArray("[{") << 1;
+    }
+    void verschwundeneListeWirdGanzGeschrieben()
+    {
+        QFETCH(QByteArray, inhalt);
+        const QList<Profil> stand = {profil(u"A"_s), profil(u"B"_s), profil(u"C"_s)};
+        QVERIFY(Profilspeicher::sichern(stand, {}).gelungen);
+        QVERIFY(QFile::remove(Profilspeicher::datei()));
+        if (!inhalt.isNull())
+            dateiSchreiben(inhalt);
+        QList<Profil> neu = stand;
+        neu[1].kopieren = true;
+        QVERIFY(Profilspeicher::sichern(neu, stand).profile == neu);
+        QVERIFY(Profilspeicher::laden() == neu);
+        QTEST(int(beiseitegelegte().size()), "beiseite");
+    }
+
     void unlesbareListeBleibtErhalten()
     {
         const QByteArray kaputt = R"([{"name": 5, "quelle": "/muehsam/eingerichtet"}])";
