@@ -4,6 +4,7 @@
 #include "ausgabe.h"
 #include "bewegungsgang.h"
 #include "datenbank.h"
+#include "lernspeicher.h"
 #include "profilspeicher.h"
 #include "sprache.h"
 #include "text.h"
@@ -31,6 +32,7 @@ void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 {
     try {
         Bewegungsgang::klaeren(db);
+        Lernspeicher(*db).schluesselUebertragen();
     } catch (const Fehler &f) {
         Ausgabe::melden(inSprache(f));
     }
@@ -70,7 +72,7 @@ void strukturErgaenzen(Profil &profil, const QList<Profil> &liste)
 {
     if (!profil.zweige.isEmpty() || profil.zielWurzel.isEmpty())
         return;
-    profil.zweige = Profil::struktureinlesen(profil.zielWurzel, strukturTiefe);
+    profil.zweige = Profil::struktureinlesen(profil.zielWurzel, strukturTiefe, profil.eigeneOrdner());
     QList<Profil> neu = liste;
     std::replace_if(
         neu.begin(), neu.end(), [&](const Profil &p) { return p.id == profil.id; }, profil);

@@ -4,6 +4,7 @@
 #include "bewegungsgang.h"
 #include "datenbank.h"
 #include "hintergrund.h"
+#include "lernspeicher.h"
 #include "profilspeicher.h"
 #include "sprache.h"
 #include "text.h"
@@ -43,6 +44,10 @@ Oeffnung Oeffnung::von(const Profil &profil)
     } else {
         versuchen(o.hinweise, [&] {
             Bewegungsgang::klaeren(o.db);
+            return QStringList();
+        });
+        versuchen(o.hinweise, [&] {
+            Lernspeicher(*o.db).schluesselUebertragen();
             return QStringList();
         });
         versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
