@@ -76,8 +76,7 @@ void Ablagewerk::aussortieren(qint64 id)
         return;
     }
     zielPruefen();
-    const QString ordner =
-        QDir::cleanPath(m_profil.zielWurzel + u'/' + m_profil.dublettenOrdner + u'/' + gespeichert.altOrdner);
+    const QString ordner = QDir::cleanPath(Ziel::dublettenordner(m_profil) + u'/' + gespeichert.altOrdner);
     bewegen(gespeichert, ordner, gespeichert.dateiname, u"aussortiert"_s, u"dublette"_s, nullptr);
 }
 

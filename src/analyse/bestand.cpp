@@ -19,6 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr qsizetype meisteAusgenommene = 500; // that are listed one by one
+
 bool istPdf(const QString &name) { return name.endsWith(".pdf"_L1, Qt::CaseInsensitive); }
 
 qint64 groesseVon(int ordner, const QByteArray &name)
@@ -48,7 +50,9 @@ public:
     {
         ordner(plattenPfad(m_wurzel), {});
         auto &funde = m_ergebnis.funde;
-        std::sort(funde.begin(), funde.end(), [](const auto &a, const auto &b) { return a.pfad < b.pfad; });
+        const auto nachPfad = [](const auto &a, const auto &b) { return a.pfad < b.pfad; };
+        std::sort(funde.begin(), funde.end(), nachPfad);
+        std::sort(m_ergebnis.ausgenommene.begin(), m_ergebnis.ausgenommene.end(), nachPfad);
         return std::move(m_ergebnis);
     }
 
@@ -88,8 +92,10 @@ private:
             m_ergebnis.unlesbareNamen += e.name.toLower().endsWith(".pdf") ? 1 : 0;
             return;
         }
-        if (!istPdf(name) || m_ausnahmen.erste(relativ, name))
+        if (!istPdf(name))
             return;
+        if (const auto regel = m_ausnahmen.erste(relativ, name))
+            return ausnehmen(relativ.isEmpty() ? name : relativ + u'/' + name, regel->roh);
         if (e.art == Eintragsart::Verweis) {
             ++m_ergebnis.verweise;
             return;
@@ -100,6 +106,13 @@ private:
             ++m_ergebnis.doppelteNamen;
         else if (!m_eigene.contains(pfad))
             m_ergebnis.funde << Bestand::Fund{.pfad = pfad, .ordner = relativ, .groesse = groesseVon(griff, e.name)};
+    }
+
+    void ausnehmen(const QString &pfad, const QString &regel)
+    {
+        ++m_ergebnis.ausgenommen;
+        if (m_ergebnis.ausgenommene.size() < meisteAusgenommene)
+            m_ergebnis.ausgenommene << Bestand::Ausgenommene{.pfad = pfad, .regel = regel};
     }
 
     [[nodiscard]] QString vollerPfad(const QString &relativ) const
