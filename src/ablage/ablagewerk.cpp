@@ -102,6 +102,7 @@ void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::opti
             schonBearbeitet();
         return;
     }
+<<<<<<< HEAD
     Transaktion t(*m_db);
     if (m_db->ausfuehren(u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s, {neu, id, gespeichert.status}) !=
         0)
@@ -110,6 +111,11 @@ void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::opti
         schonBearbeitet();
     Taten::eintragen(*m_db, tat->id, {.dokument = id, .altStatus = gespeichert.status, .neuStatus = neu});
     t.abschliessen();
+=======
+    zielPruefen();
+    const QString ordner = QDir::cleanPath(Ziel::dublettenordner(m_profil) + u'/' + gespeichert.altOrdner);
+    bewegen(gespeichert, ordner, gespeichert.dateiname, u"aussortiert"_s, u"dublette"_s, nullptr);
+>>>>>>> hub/main
 }
 
 void Ablagewerk::verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,

@@ -66,6 +66,23 @@ QString Vorlage::fuellen(const Werte &werte, const QString &vorlage)
     return aufraeumen(ergebnis);
 }
 
+QStringList Vorlage::ebenen(const QString &vorlage)
+{
+    QStringList liste = {QString()};
+    for (qsizetype i = 0; i < vorlage.size(); ++i) {
+        const qsizetype zu = vorlage.at(i) == u'{' ? vorlage.indexOf(u'}', i) : -1;
+        if (zu > 0) {
+            liste.last() += QStringView(vorlage).mid(i, zu - i + 1);
+            i = zu;
+        } else if (vorlage.at(i) == u'/') {
+            liste << QString();
+        } else {
+            liste.last() += vorlage.at(i);
+        }
+    }
+    return liste;
+}
+
 QString Vorlage::aufraeumen(const QString &text)
 {
     static const QString trenner = u"\\s*[-–—/|_]\\s*"_s;

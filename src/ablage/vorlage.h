@@ -12,6 +12,9 @@ using Werte = QMap<Baustein, QString>;
 /** Replaces the blocks by their values; an empty or unknown block vanishes with its separators. */
 [[nodiscard]] QString fuellen(const Werte &werte, const QString &vorlage);
 
+/** The levels of a path template: what stands between "/", those inside of braces apart. */
+[[nodiscard]] QStringList ebenen(const QString &vorlage);
+
 /** Takes the marks of empty blocks (NUL) and surplus separators out. */
 [[nodiscard]] QString aufraeumen(const QString &text);
 

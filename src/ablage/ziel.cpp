@@ -1,6 +1,8 @@
 #include "ziel.h"
 
 #include "dateibewegung.h"
+#include "fehler.h"
+#include "sprache.h"
 #include "text.h"
 #include "vorlage.h"
 
@@ -33,6 +35,18 @@ QString unterZiel(const Profil &profil, const QString &relativ)
     return QDir::cleanPath(nfc(profil.zielWurzel) + u'/' + nfc(relativ));
 }
 
+/** A level that the structure knows is taken as it is on the disk, with whatever a new name would lose. */
+QString ebeneFuellen(const QString &ebene, const Vorlage::Werte &werte, const Ablageart &art)
+{
+    for (const Baustein baustein : {Baustein::zweig, Baustein::ablage, Baustein::rubrik}) {
+        const QString wert = werte.value(baustein);
+        const bool bekannt = baustein != Baustein::rubrik || art.rubriken.contains(wert);
+        if (bekannt && ebene == u'{' + bausteinWort(baustein) + u'}')
+            return wert;
+    }
+    return Vorlage::fuellen(werte, ebene);
+}
+
 QString auffang(const Ort &ort, const Profil &profil)
 {
     const QString ersteEbene = ort.zweig.isEmpty() ? profil.auffangOrdner : ort.zweig;
@@ -60,6 +74,16 @@ QString Ziel::dateiname(const Dokument &dokument, const Profil &profil)
     return Dateibewegung::nummeriert((name.isEmpty() ? u"unbenannt"_s : name) + u".pdf"_s, 1);
 }
 
+QString Ziel::dublettenordner(const Profil &profil)
+{
+    const QString wurzel = unterZiel(profil, {});
+    const QString ordner = unterZiel(profil, profil.dublettenOrdner);
+    if (!ordner.startsWith(wurzel.endsWith(u'/') ? wurzel : wurzel + u'/'))
+        throw Fehler(
+            gefuellt(Sprache::text(u"Der Dublettenordner liegt nicht im Zielordner: %@"_s), {profil.dublettenOrdner}));
+    return ordner;
+}
+
 QString Ziel::ordner(const Ort &ort, const QString &jahr, const Profil &profil)
 {
     if (profil.zielWurzel.isEmpty())
@@ -73,5 +97,9 @@ QString Ziel::ordner(const Ort &ort, const QString &jahr, const Profil &profil)
         {Baustein::rubrik, ort.rubrik},
         {Baustein::jahr, art->mitJahr ? jahr : QString()},
     };
-    return unterZiel(profil, ohneSpruenge(Vorlage::fuellen(werte, profil.pfadVorlage)));
+    QStringList ebenen;
+    for (const QString &ebene : Vorlage::ebenen(profil.pfadVorlage))
+        ebenen << ebeneFuellen(ebene, werte, *art);
+    ebenen.removeAll(QString());
+    return unterZiel(profil, ohneSpruenge(ebenen.join(u'/')));
 }

@@ -12,6 +12,10 @@ namespace Ziel
 /**
  * Target folder from the profile's path template. A place that the structure does not know, a missing rubric or a
  * missing year of a kind with years lead to the catch folder. Without a target root: the system's temporary folder.
+ * Each level of the template is filled by itself: one that stays empty drops out, two are never joined.
  */
 [[nodiscard]] QString ordner(const Ort &ort, const QString &jahr, const Profil &profil);
+
+/** The profile's duplicates folder. Throws Fehler when its name leads out of the target root. */
+[[nodiscard]] QString dublettenordner(const Profil &profil);
 } // namespace Ziel

@@ -1,5 +1,6 @@
 #include "analyse.h"
 
+#include "ablagewerk.h"
 #include "bestand.h"
 #include "datenbank.h"
 #include "einordner.h"
@@ -25,6 +26,13 @@ struct Analyse::Verbindung {
     bool unterwegs = false;       ///< a notice is on its way to the main thread and will take them along
     bool fertig = false;
     std::atomic<bool> abbrechen = false;
+    std::optional<QStringList> ausnahmen; ///< as changed since the run began
+
+    [[nodiscard]] std::optional<QStringList> jetzigeAusnahmen()
+    {
+        const std::lock_guard sperre(schloss);
+        return ausnahmen;
+    }
 
     /** Hands the state to the main thread; states of one stage that come faster than it takes them are skipped. */
     void melden(const std::shared_ptr<Verbindung> &selbst, const Laufstand &stand)
@@ -69,10 +77,23 @@ namespace
 {
 constexpr auto laengstesWarten = 900ms;
 
+using Ausnahmen = std::function<std::optional<QStringList>()>;
+
+/** Rules that came while the folder was walked through have not met what the walk took in. */
+void neueAusnahmenAnwenden(const Lauf &lauf, const std::optional<QStringList> &ausnahmen)
+{
+    if (!ausnahmen || *ausnahmen == lauf.profil().ausnahmen)
+        return;
+    Profil profil = lauf.profil();
+    profil.ausnahmen = *ausnahmen;
+    Ablagewerk::ausnahmenAnwenden(lauf.db(), profil);
+}
+
 /** The stages one after the other; each looks for the wish to stop by itself. */
-void stufen(Lauf &lauf, const Laufauftrag &auftrag)
+void stufen(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
 {
     Bestand::aufnehmen(lauf);
+    neueAusnahmenAnwenden(lauf, ausnahmen());
     if (lauf.sollHalten())
         return;
     // Not before: the inventory may refuse the run, and what failed would have lost its reason for nothing.
@@ -87,7 +108,7 @@ void stufen(Lauf &lauf, const Laufauftrag &auftrag)
 }
 
 /** One whole run; tells the state in which it ended. */
-Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag)
+Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
 {
     const auto angehalten = [](const QString &grund) {
         return Laufstand{.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
@@ -99,7 +120,7 @@ Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag)
         const auto sperre = Sperrdatei::nehmen(lauf.db().pfad() + u".lauf"_s, 0ms);
         if (!sperre)
             return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));
-        stufen(lauf, auftrag);
+        stufen(lauf, auftrag, ausnahmen);
     } catch (const Fehler &f) {
         return angehalten(f.text());
     } catch (const std::exception &f) {
@@ -139,6 +160,14 @@ void Analyse::abbrechen()
     Q_EMIT geaendert();
 }
 
+void Analyse::ausnahmenSetzen(const QStringList &ausnahmen)
+{
+    if (!m_laeuft)
+        return;
+    const std::lock_guard sperre(m_verbindung->schloss);
+    m_verbindung->ausnahmen = ausnahmen;
+}
+
 void Analyse::sofortBeenden() { m_faden.request_stop(); }
 
 void Analyse::allesStarten(const Laufauftrag &auftrag)
@@ -154,7 +183,7 @@ void Analyse::allesStarten(const Laufauftrag &auftrag)
         Lauf lauf(
             db, profil, [v] { return v->abbrechen.load(); }, ende,
             [v](const Laufstand &stand) { v->melden(v, stand); });
-        const Laufstand stand = durchgang(lauf, auftrag);
+        const Laufstand stand = durchgang(lauf, auftrag, [v] { return v->jetzigeAusnahmen(); });
         v->abmelden(stand, lauf.fazit());
     });
     Q_EMIT geaendert();

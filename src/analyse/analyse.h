@@ -37,6 +37,8 @@ public:
     void abbrechen();
     /** Ends the run at once, as the end of the program does. */
     void sofortBeenden();
+    /** Rules added or taken out while a run goes on hold for it too. */
+    void ausnahmenSetzen(const QStringList &ausnahmen);
     /** The profile of the next run. */
     void profilSetzen(const Profil &profil) { m_profil = profil; }
 

@@ -26,6 +26,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr qsizetype meisteAusgenommene = 500; // that are listed one by one
+
 bool istPdf(const QString &name) { return name.endsWith(".pdf"_L1, Qt::CaseInsensitive); }
 
 /** The folders in which something of the program's own lies, by what they are: a link or a bind mount may lead there.
@@ -91,7 +93,9 @@ public:
     {
         ordner(plattenPfad(m_wurzel), {});
         auto &funde = m_ergebnis.funde;
-        std::sort(funde.begin(), funde.end(), [](const auto &a, const auto &b) { return a.pfad < b.pfad; });
+        const auto nachPfad = [](const auto &a, const auto &b) { return a.pfad < b.pfad; };
+        std::sort(funde.begin(), funde.end(), nachPfad);
+        std::sort(m_ergebnis.ausgenommene.begin(), m_ergebnis.ausgenommene.end(), nachPfad);
         return std::move(m_ergebnis);
     }
 
@@ -132,8 +136,10 @@ private:
             m_ergebnis.unlesbareNamen += e.name.toLower().endsWith(".pdf") ? 1 : 0;
             return;
         }
-        if (!istPdf(name) || m_ausnahmen.erste(relativ, name))
+        if (!istPdf(name))
             return;
+        if (const auto regel = m_ausnahmen.erste(relativ, name))
+            return ausnehmen(relativ.isEmpty() ? name : relativ + u'/' + name, regel->roh);
         if (e.art == Eintragsart::Verweis) {
             ++m_ergebnis.verweise;
             return;
@@ -147,6 +153,13 @@ private:
                  !m_zweitwege.istEigenes(m_bekanntAls, name, s))
             m_ergebnis.funde << Bestand::Fund{
                 .pfad = pfad, .ordner = relativ, .groesse = qint64(s.st_size), .geaendert = Platte::zeitVon(s)};
+    }
+
+    void ausnehmen(const QString &pfad, const QString &regel)
+    {
+        ++m_ergebnis.ausgenommen;
+        if (m_ergebnis.ausgenommene.size() < meisteAusgenommene)
+            m_ergebnis.ausgenommene << Bestand::Ausgenommene{.pfad = pfad, .regel = regel};
     }
 
     [[nodiscard]] QString vollerPfad(const QString &relativ) const

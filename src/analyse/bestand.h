@@ -24,9 +24,18 @@ struct Eigenes {
     QSet<QString> abgelegt; ///< paths of documents that lie outside the source folder
 };
 
+/** A PDF file that an exclusion covers. */
+struct Ausgenommene {
+    QString pfad; ///< relative to the source folder, NFC
+    QString regel;
+    bool operator==(const Ausgenommene &) const = default;
+};
+
 /** What a walk through the source folder found, and what it had to leave out. */
 struct Ergebnis {
     QList<Fund> funde; ///< ascending by path
+    qsizetype ausgenommen = 0;
+    QList<Ausgenommene> ausgenommene; ///< the first of them, ascending by path
     qsizetype unlesbareNamen = 0;
     qsizetype verweise = 0;
     qsizetype doppelteNamen = 0; ///< in the second of two paths that differ only in NFC and NFD

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QStringDecoder>
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -29,8 +30,10 @@ constexpr auto scheibe = 50ms;
 QProcessEnvironment umgebung()
 {
     QProcessEnvironment u = QProcessEnvironment::systemEnvironment();
-    const QString daten = Werkzeuge::eigenerBinOrdner() + u"/tessdata"_s;
-    if (QFileInfo(daten).isDir())
+    // Only beside tools of the program's own: without them the folder would be looked for in the root of all.
+    const QString eigene = Werkzeuge::eigenerBinOrdner();
+    const QString daten = eigene + u"/tessdata"_s;
+    if (!eigene.isEmpty() && QFileInfo(daten).isDir())
         u.insert(u"TESSDATA_PREFIX"_s, daten);
     u.insert(u"OMP_THREAD_LIMIT"_s, u"1"_s);
     u.insert(u"LC_ALL"_s, u"C"_s); // complaints are read, so they must be in one language
@@ -82,6 +85,14 @@ QByteArray abwarten(QProcess &prozess, const QString &name, std::chrono::millise
     return beschwerde;
 }
 
+/** What a tool printed; nothing where it is no text. */
+QString alsText(const QByteArray &ausgabe)
+{
+    QStringDecoder leser(QStringDecoder::Utf8);
+    const QString text = leser(ausgabe);
+    return leser.hasError() ? QString() : text;
+}
+
 QString texterkennung(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende)
 {
     const Bilderordner ordner;
@@ -91,8 +102,7 @@ QString texterkennung(const QString &pdf, int seiten, const QString &sprache, co
         ende);
     QStringList texte;
     for (const QString &bild : ordner.bilder())
-        texte << QString::fromUtf8(
-            Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, sprache}, 900s, ende));
+        texte << alsText(Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, sprache}, 900s, ende));
     return texte.join(u'\n').trimmed();
 }
 

@@ -4,6 +4,7 @@
 #include "ausgabe.h"
 #include "bewegungsgang.h"
 #include "datenbank.h"
+#include "lernspeicher.h"
 #include "profilspeicher.h"
 #include "sprache.h"
 #include "text.h"
@@ -30,9 +31,14 @@ std::optional<Profil> profilWaehlen(const QList<Profil> &profile, const QStringL
 void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 {
     try {
+<<<<<<< HEAD
         for (const QString &name : Bewegungsgang::klaeren(db))
             Ausgabe::melden(
                 gefuellt(Sprache::text(u"Nach einem Absturz noch ungeklärt, wo diese Datei liegt: %@"_s), {name}));
+=======
+        Bewegungsgang::klaeren(db);
+        Lernspeicher(*db).schluesselUebertragen();
+>>>>>>> hub/main
     } catch (const Fehler &f) {
         Ausgabe::melden(inSprache(f));
     }
@@ -72,7 +78,7 @@ void strukturErgaenzen(Profil &profil, const QList<Profil> &liste)
 {
     if (!profil.zweige.isEmpty() || profil.zielWurzel.isEmpty())
         return;
-    profil.zweige = Profil::struktureinlesen(profil.zielWurzel, strukturTiefe);
+    profil.zweige = Profil::struktureinlesen(profil.zielWurzel, strukturTiefe, profil.eigeneOrdner());
     QList<Profil> neu = liste;
     std::replace_if(
         neu.begin(), neu.end(), [&](const Profil &p) { return p.id == profil.id; }, profil);

@@ -39,6 +39,8 @@ const QList<QString> &schemaAnweisungen()
         "    zweig TEXT, ablage TEXT, rubrik TEXT,\n"
         "    anzahl INTEGER DEFAULT 1, zeit TEXT\n"
         ");"_s,
+        // What was carried over from an earlier version, once.
+        u"CREATE TABLE IF NOT EXISTS uebertragungen (name TEXT PRIMARY KEY, zeit TEXT);"_s,
         // Documents whose second opinion was asked for in vain; the program's own.
         u"CREATE TABLE IF NOT EXISTS zweitfragen (dokument_id INTEGER PRIMARY KEY, zeit TEXT);"_s,
         u"CREATE INDEX IF NOT EXISTS i_ausgenommen ON dokumente(ausgenommen);"_s,

@@ -15,14 +15,14 @@ QString Eintrag::ziel() const
 
 QString Lernregeln::schluessel(const QString &name)
 {
-    static const QStringList rechtsformen = {u" gmbh & co kg"_s, u" gmbh und co kg"_s,
-                                             u" gmbh"_s,         u" mbh"_s,
-                                             u" ag"_s,           u" kg"_s,
-                                             u" ohg"_s,          u" se"_s,
-                                             u" ev"_s,           u" e v"_s,
-                                             u" ug"_s,           u" gbr"_s,
-                                             u" ltd"_s,          u" inc"_s,
-                                             u" co"_s,           u" aktiengesellschaft"_s};
+    static const QStringList rechtsformen = {u" gmbh co kg"_s, u" gmbh und co kg"_s,
+                                             u" gmbh"_s,       u" mbh"_s,
+                                             u" ag"_s,         u" kg"_s,
+                                             u" ohg"_s,        u" se"_s,
+                                             u" ev"_s,         u" e v"_s,
+                                             u" ug"_s,         u" gbr"_s,
+                                             u" ltd"_s,        u" inc"_s,
+                                             u" co"_s,         u" aktiengesellschaft"_s};
     QString text = Rechnungsrichtung::vereinheitlichen(name);
     for (const QString &form : rechtsformen) {
         if (text.endsWith(form))
@@ -48,7 +48,12 @@ bool Lernregeln::darfErsetzen(const QString &gelernt, const QString &vorhanden)
 
 const Eintrag *Lernregeln::vorschlag(const QList<Eintrag> &alle, const QString &schluessel)
 {
-    if (schluessel.size() < kuerzesterSchluessel)
+    return schluessel.size() < kuerzesterSchluessel ? nullptr : passender(alle, schluessel);
+}
+
+const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &schluessel)
+{
+    if (schluessel.isEmpty())
         return nullptr;
     const Eintrag *bester = nullptr;
     for (const Eintrag &eintrag : alle) {

@@ -46,4 +46,6 @@ constexpr qsizetype kuerzesterSchluessel = 4;
  * key, then the first. Null when none fits.
  */
 [[nodiscard]] const Eintrag *vorschlag(const QList<Eintrag> &alle, const QString &schluessel);
+/** The same for a waiting document, where also a key too short for that meets its equal. */
+[[nodiscard]] const Eintrag *passender(const QList<Eintrag> &alle, const QString &schluessel);
 } // namespace Lernregeln

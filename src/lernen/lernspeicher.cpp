@@ -20,6 +20,12 @@ void schreiben(Datenbank &db, const QString &sql, const QVariantList &parameter)
     stapel.abschliessen();
 }
 
+/** "GmbH & Co. KG" used to leave its "gmbh" in the key. */
+bool istFruehererSchluessel(const QString &alt, const QString &neu)
+{
+    return !neu.isEmpty() && alt == neu + u" gmbh"_s;
+}
+
 Eintrag eintragAus(const Zeile &zeile)
 {
     return {.schluessel = zeile.text(u"schluessel"),
@@ -168,7 +174,7 @@ qint64 Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QString 
         const QString schluessel = Lernregeln::schluessel(gegenueber);
         if (!nurSchluessel.isEmpty() && !Lernregeln::passt(nurSchluessel, schluessel))
             continue;
-        if (const Eintrag *bester = Lernregeln::vorschlag(eintraege, schluessel))
+        if (const Eintrag *bester = Lernregeln::passender(eintraege, schluessel))
             anzahl += eintragen(gegenueber, *bester, ausser);
     }
     transaktion.abschliessen();
@@ -226,18 +232,69 @@ qint64 Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qi
     return anzahl;
 }
 
+void Lernspeicher::schluesselUebertragen()
+{
+    const QString name = u"rechtsform"_s;
+    if (!m_db.abfragen(u"SELECT 1 FROM uebertragungen WHERE name=?"_s, {name}).isEmpty())
+        return;
+    Transaktion transaktion(m_db);
+    for (const Zeile &zeile : m_db.abfragen(u"SELECT * FROM gelernt"_s)) {
+        // The name it was made from tells for certain what the key is today.
+        const QString neu = Lernregeln::schluessel(zeile.text(u"anzeige"));
+        if (istFruehererSchluessel(zeile.text(u"schluessel"), neu))
+            zuordnungUmschluesseln(zeile, neu);
+    }
+    for (const Zeile &zeile : m_db.abfragen(u"SELECT * FROM namen"_s)) {
+        const QString neu = Lernregeln::schluessel(zeile.text(u"von"));
+        if (istFruehererSchluessel(zeile.text(u"von"), neu))
+            gleichungUmschluesseln(zeile, neu);
+    }
+    schreiben(m_db, u"INSERT OR REPLACE INTO uebertragungen (name, zeit) VALUES (?,?)"_s, {name, jetztIso()});
+    transaktion.abschliessen();
+}
+
+void Lernspeicher::zuordnungUmschluesseln(const Zeile &zeile, const QString &neu)
+{
+    const QString alt = zeile.text(u"schluessel");
+    schreiben(m_db,
+              u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl, zeit)\n"
+              "SELECT ?, anzeige, zweig, ablage, rubrik, anzahl, zeit FROM gelernt WHERE schluessel=?\n"
+              "ON CONFLICT(schluessel) DO UPDATE SET anzahl=anzahl+excluded.anzahl,\n"
+              "  anzeige=iif(excluded.zeit>zeit, excluded.anzeige, anzeige),\n"
+              "  zweig=iif(excluded.zeit>zeit, excluded.zweig, zweig),\n"
+              "  ablage=iif(excluded.zeit>zeit, excluded.ablage, ablage),\n"
+              "  rubrik=iif(excluded.zeit>zeit, excluded.rubrik, rubrik), zeit=max(zeit, excluded.zeit)"_s,
+              {neu, alt});
+    schreiben(m_db, u"DELETE FROM gelernt WHERE schluessel=?"_s, {alt});
+    schreiben(m_db, u"UPDATE dokumente SET gelernt_von=? WHERE gelernt_von=?"_s, {neu, alt});
+}
+
+void Lernspeicher::gleichungUmschluesseln(const Zeile &zeile, const QString &neu)
+{
+    const QString alt = zeile.text(u"von");
+    schreiben(m_db,
+              u"INSERT INTO namen (von, nach, anzahl, zeit) SELECT ?, nach, anzahl, zeit FROM namen WHERE von=?\n"
+              "ON CONFLICT(von) DO UPDATE SET anzahl=anzahl+excluded.anzahl,\n"
+              "  nach=iif(excluded.zeit>zeit, excluded.nach, nach), zeit=max(zeit, excluded.zeit)"_s,
+              {neu, alt});
+    schreiben(m_db, u"DELETE FROM namen WHERE von=?"_s, {alt});
+    schreiben(m_db, u"UPDATE dokumente SET gelernt_von=? WHERE gelernt_von=?"_s, {neu, alt});
+}
+
 void Lernspeicher::leeren()
 {
-    m_db.ausfuehren(u"DELETE FROM gelernt"_s);
-    m_db.ausfuehren(u"DELETE FROM namen"_s);
+    Transaktion transaktion(m_db);
+    schreiben(m_db, u"DELETE FROM gelernt"_s, {});
+    schreiben(m_db, u"DELETE FROM namen"_s, {});
+    transaktion.abschliessen();
 }
 
 void Lernspeicher::vergessen(const QString &schluessel)
 {
-    m_db.ausfuehren(u"DELETE FROM gelernt WHERE schluessel=?"_s, {schluessel});
+    schreiben(m_db, u"DELETE FROM gelernt WHERE schluessel=?"_s, {schluessel});
 }
 
 void Lernspeicher::gleichungVergessen(const QString &von)
 {
-    m_db.ausfuehren(u"DELETE FROM namen WHERE von=?"_s, {von});
+    schreiben(m_db, u"DELETE FROM namen WHERE von=?"_s, {von});
 }

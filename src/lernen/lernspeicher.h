@@ -48,11 +48,20 @@ public:
     /** Gives the waiting documents whose counterpart has the key @p von the name @p nach, @p ausser one. */
     qint64 namenAngleichen(const QString &von, const QString &nach, qint64 ausser);
 
+    /**
+     * Brings the keys that an earlier version has stored into the form of today, once for each catalogue. Two that meet
+     * become one: the newer one's values, the sum of the counts. Throws Fehler when the catalogue cannot be written.
+     */
+    void schluesselUebertragen();
+
+    // Forgetting throws Fehler when the catalogue cannot be written; nothing is forgotten then.
     void leeren();
     void vergessen(const QString &schluessel);
     void gleichungVergessen(const QString &von);
 
 private:
+    void zuordnungUmschluesseln(const Zeile &zeile, const QString &neu);
+    void gleichungUmschluesseln(const Zeile &zeile, const QString &neu);
     void gleichungMerken(const QString &von, const QString &nach);
     void zuordnungMerken(const QString &schluessel, const Dokument &dokument);
     qint64 aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);

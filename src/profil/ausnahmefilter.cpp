@@ -6,6 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr auto nurHier = "./"_L1; // directly in the source folder, and nowhere else
+
 QString ohneRandstriche(const QString &text)
 {
     qsizetype von = 0;
@@ -35,6 +37,8 @@ std::optional<Ausnahmefilter::Regel> Ausnahmefilter::erste(const QString &ordner
     const QString ordnerSchluessel = u'/' + ohneRandstriche(nfc(ordner)).toLower() + u'/';
     const QString dateiSchluessel = nfc(dateiname).toLower();
     for (const Regel &regel : m_regeln) {
+        if (regel.kern.startsWith(nurHier) && ordnerSchluessel.startsWith(QString(regel.kern.mid(1) + u'/')))
+            return regel;
         if (ordnerSchluessel.contains(QString(u'/' + regel.kern + u'/')))
             return regel;
         if (!regel.istPfad && dateiSchluessel.contains(regel.kern))

@@ -24,7 +24,8 @@ public:
 
     /**
      * The first rule that covers a document in @p ordner (relative to the source folder) with file name @p dateiname.
-     * Upper and lower case, composed and decomposed umlauts are alike; there are no wildcards.
+     * Upper and lower case, composed and decomposed umlauts are alike; there are no wildcards. A rule that begins with
+     * "./" means a folder in the source folder itself.
      */
     [[nodiscard]] std::optional<Regel> erste(const QString &ordner, const QString &dateiname) const;
 

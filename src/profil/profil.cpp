@@ -78,6 +78,16 @@ QString Profil::jahrIn(const QString &ordner) const
     return art && art->mitJahr && istJahr(teile.value(2)) ? teile.value(2) : QString();
 }
 
+QStringList Profil::eigeneOrdner() const
+{
+    QStringList ordner = {auffangOrdner, u'/' + dublettenOrdner};
+    const QString davor = QDir::cleanPath(nfc(zielWurzel)) + u'/';
+    if (const auto protokoll = protokollURL(); protokoll && nfc(*protokoll).startsWith(davor))
+        ordner << QDir::cleanPath(nfc(*protokoll)).mid(davor.size() - 1);
+    ordner.removeAll(QString());
+    return ordner;
+}
+
 std::optional<QString> Profil::regelFuer(const QString &ordner) const
 {
     const QString gewaehlt = QDir::cleanPath(nfc(ordner));
@@ -86,8 +96,10 @@ std::optional<QString> Profil::regelFuer(const QString &ordner) const
         if (gewaehlt == herkunft)
             return std::nullopt;
         const QString davor = herkunft.endsWith(u'/') ? herkunft : herkunft + u'/';
-        if (gewaehlt.startsWith(davor))
-            return gewaehlt.mid(davor.size());
+        if (gewaehlt.startsWith(davor)) {
+            const QString rest = gewaehlt.mid(davor.size());
+            return rest.contains(u'/') ? rest : u"./"_s + rest;
+        }
     }
     const QString name = gewaehlt.mid(gewaehlt.lastIndexOf(u'/') + 1);
     return name.isEmpty() ? std::nullopt : std::optional(name); // the root of all folders has no name

@@ -80,14 +80,23 @@ struct Profil {
     [[nodiscard]] QString jahrIn(const QString &ordner) const;
 
     /**
-     * Reads the structure of the tree below @p ziel. @p tiefe 2 also takes rubrics on the second level below a filing
-     * kind. What cannot be read counts as empty.
+     * Folders below the target root that the program files into by itself and that are no part of the structure: paths
+     * below the root with "/" before them, and the bare name of the catch folder, which is one in every branch.
      */
-    [[nodiscard]] static QList<Zweig> struktureinlesen(const QString &ziel, int tiefe);
+    [[nodiscard]] QStringList eigeneOrdner() const;
+
+    /**
+     * Reads the structure of the tree below @p ziel without the folders @p eigene (see eigeneOrdner()). @p tiefe 2 also
+     * takes rubrics on the second level below a filing kind. What cannot be read counts as empty.
+     */
+    [[nodiscard]] static QList<Zweig> struktureinlesen(const QString &ziel, int tiefe, const QStringList &eigene = {});
 
     /** Merges spellings of one rubric (umlauts win over transliterations) and sorts. */
     [[nodiscard]] static QStringList vereinheitlichen(const QStringList &namen);
 
-    /** Exclusion rule for a folder that the user picked; none for the source folder itself and for "/". */
+    /**
+     * Exclusion rule for a folder that the user picked; none for the source folder itself and for "/". One directly in
+     * the source folder is written with "./", since its bare name would mean files too.
+     */
     [[nodiscard]] std::optional<QString> regelFuer(const QString &ordner) const;
 };

@@ -21,6 +21,31 @@ bool istAuffangordner(const QString &name)
     return klein == u"prüfen"_s || klein == "prufen"_L1;
 }
 
+/** The program's own folders, compared without regard to case; see Profil::eigeneOrdner(). */
+class Eigene
+{
+public:
+    explicit Eigene(const QStringList &ordner)
+    {
+        for (const QString &einer : ordner)
+            (einer.startsWith(u'/') ? m_pfade : m_namen) << form(einer);
+    }
+    /** @p pfad lies below the root, without "/" at its ends. */
+    [[nodiscard]] bool enthaelt(const QString &pfad) const
+    {
+        const QString gesucht = form(pfad);
+        return m_pfade.contains(gesucht) || m_namen.contains(gesucht.mid(gesucht.lastIndexOf(u'/') + 1));
+    }
+
+private:
+    static QString form(const QString &ordner)
+    {
+        return nfc(ordner).split(u'/', Qt::SkipEmptyParts).join(u'/').toLower();
+    }
+    QStringList m_pfade;
+    QStringList m_namen;
+};
+
 bool hatUmlaut(const QString &name)
 {
     return std::any_of(name.begin(), name.end(), [](QChar c) { return u"äöüÄÖÜß"_s.contains(c); });
@@ -59,26 +84,27 @@ Ablageart ablageartLesen(const QString &zweig, const QString &name, int tiefe)
     return art;
 }
 
-Zweig zweigLesen(const QString &ziel, const QString &name, int tiefe)
+Zweig zweigLesen(const QString &ziel, const QString &name, int tiefe, const Eigene &eigene)
 {
     const QString ort = ziel + u'/' + name;
     Zweig zweig{.name = name, .ablagen = {}};
     for (const QString &art : unterordner(ort)) {
-        if (!istAuffangordner(art))
+        if (!istAuffangordner(art) && !eigene.enthaelt(name + u'/' + art))
             zweig.ablagen << ablageartLesen(ort, art, tiefe);
     }
     return zweig;
 }
 } // namespace
 
-QList<Zweig> Profil::struktureinlesen(const QString &ziel, int tiefe)
+QList<Zweig> Profil::struktureinlesen(const QString &ziel, int tiefe, const QStringList &eigene)
 {
+    const Eigene ohne(eigene);
     const QString wurzel = QDir::cleanPath(nfc(ziel));
     QList<Zweig> zweige;
     for (const QString &name : unterordner(wurzel)) {
-        if (name.startsWith(u'_') || name == "Inbox"_L1)
+        if (name.startsWith(u'_') || name == "Inbox"_L1 || ohne.enthaelt(name))
             continue;
-        if (Zweig zweig = zweigLesen(wurzel, name, tiefe); !zweig.ablagen.isEmpty())
+        if (Zweig zweig = zweigLesen(wurzel, name, tiefe, ohne); !zweig.ablagen.isEmpty())
             zweige << std::move(zweig);
     }
     return zweige;

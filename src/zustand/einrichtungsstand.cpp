@@ -6,6 +6,7 @@
 #include "lernspeicher.h"
 #include "ollama.h"
 #include "sprache.h"
+#include "text.h"
 #include "werkzeuge.h"
 #include "ziel.h"
 
@@ -100,8 +101,13 @@ Programmstand Programmstand::pruefen()
 Quellstand Quellstand::zaehlen(const Profil &profil, const std::function<bool()> &halt)
 {
     const Bestand::Ergebnis ergebnis = Bestand::suchen(profil, {}, halt);
-    return {.anzahl = ergebnis.funde.size(),
-            .ausgelassen = ergebnis.verweise + ergebnis.unlesbareNamen + ergebnis.doppelteNamen};
+    Quellstand stand{.anzahl = ergebnis.funde.size(),
+                     .ausgelassen = ergebnis.verweise + ergebnis.unlesbareNamen + ergebnis.doppelteNamen,
+                     .ausgenommen = ergebnis.ausgenommen,
+                     .ausgenommene = {}};
+    for (const Bestand::Ausgenommene &a : ergebnis.ausgenommene)
+        stand.ausgenommene << gefuellt(Sprache::text(u"%@ (Ausnahme: %@)"_s), {a.pfad, a.regel});
+    return stand;
 }
 
 Beispiel Beispiel::fuer(const Profil &profil, const std::optional<Dokument> &dokument)

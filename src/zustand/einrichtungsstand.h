@@ -33,7 +33,9 @@ struct Programmstand {
 /** How many PDF files the source folder holds, without what an exclusion covers. */
 struct Quellstand {
     qsizetype anzahl = 0;
-    qsizetype ausgelassen = 0; ///< links, and names that cannot be read
+    qsizetype ausgelassen = 0;     ///< links, and names that cannot be read
+    qsizetype ausgenommen = 0;     ///< covered by an exclusion
+    QStringList ausgenommene = {}; ///< the first of them with the rule, for the user
     bool operator==(const Quellstand &) const = default;
 
     /** Walks through the folder; blocks. */

@@ -4,6 +4,7 @@
 #include "bewegungsgang.h"
 #include "datenbank.h"
 #include "hintergrund.h"
+#include "lernspeicher.h"
 #include "profilspeicher.h"
 #include "sprache.h"
 #include "text.h"
@@ -47,6 +48,10 @@ Oeffnung Oeffnung::von(const Profil &profil)
                        ? QStringList()
                        : QStringList{gefuellt(Sprache::text(u"%@ Bewegungen nach einem Absturz noch ungeklärt: %@"_s),
                                               {QString::number(ungeklaert.size()), ungeklaert.join(u", "_s)})};
+        });
+        versuchen(o.hinweise, [&] {
+            Lernspeicher(*o.db).schluesselUebertragen();
+            return QStringList();
         });
         versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
     }

@@ -257,6 +257,7 @@ void Zustand::ausnahmenAnwenden()
 {
     if (!kannHandeln())
         return;
+    m_analyse->ausnahmenSetzen(m_aktiv->ausnahmen);
     imHintergrund(
         this, [db = m_db, profil = *m_aktiv] { return ausnahmenDurchsetzen(*db, profil); },
         [this, nummer = m_oeffnung](const Ausgang<QStringList> &ausgang) {

@@ -140,10 +140,10 @@ void Zustand::strukturEinlesen()
     Q_EMIT einrichtungGeaendert();
     imHintergrund(
         this,
-        [ziel = m_aktiv->zielWurzel]() -> std::optional<QList<Zweig>> {
+        [ziel = m_aktiv->zielWurzel, eigene = m_aktiv->eigeneOrdner()]() -> std::optional<QList<Zweig>> {
             if (ziel.isEmpty() || !istOrdner(QDir::cleanPath(ziel)))
                 return std::nullopt;
-            return Profil::struktureinlesen(ziel, 2);
+            return Profil::struktureinlesen(ziel, 2, eigene);
         },
         [this, id = m_aktiv->id, ziel = m_aktiv->zielWurzel](const Ausgang<std::optional<QList<Zweig>>> &ausgang) {
             m_einrichtung.liestStruktur = false;

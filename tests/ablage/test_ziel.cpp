@@ -1,3 +1,4 @@
+#include "fehler.h"
 #include "ziel.h"
 
 #include <QDir>
@@ -121,12 +122,56 @@ private Q_SLOTS:
         QTEST(Ziel::ordner(ort, jahr, profil()), "erwartet");
     }
 
+    // What the structure has read from the disk is no name to be cleaned.
+    void bekannteEbenenBleibenWieSieSind()
+    {
+        Profil p = profil();
+        p.zweige << Zweig{.name = u"Dr. Roth & Co."_s,
+                          .ablagen = {{.name = u"Akten  alt"_s, .mitJahr = false, .rubriken = {u"Verträge usw."_s}}}};
+        Ort ort = {u"Dr. Roth & Co."_s, u"Akten  alt"_s, u"Verträge usw."_s};
+        QCOMPARE(Ziel::ordner(ort, {}, p), u"/ziel/Dr. Roth & Co./Akten  alt/Verträge usw."_s);
+        ort.rubrik = u"Neues  usw."_s;
+        QCOMPARE(Ziel::ordner(ort, {}, p), u"/ziel/Dr. Roth & Co./Akten  alt/Neues usw"_s);
+    }
+
+    void derDublettenordnerLiegtImZiel_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("erwartet"); // empty: refused
+        QTest::newRow("Name") << u"Doppelt"_s << u"/ziel/Doppelt"_s;
+        QTest::newRow("Pfad") << u"a/../b"_s << u"/ziel/b"_s;
+        QTest::newRow("Ausbruch") << u"../woanders"_s << QString();
+        QTest::newRow("daneben") << u"../ziel2"_s << QString();
+        QTest::newRow("die Wurzel selbst") << u"."_s << QString();
+        QTest::newRow("leer") << u""_s << QString();
+    }
+    void derDublettenordnerLiegtImZiel()
+    {
+        QFETCH(QString, name);
+        Profil p = profil();
+        p.dublettenOrdner = name;
+        QString ordner;
+        try {
+            ordner = Ziel::dublettenordner(p);
+        } catch (const Fehler &) {
+            ordner.clear();
+        }
+        QTEST(ordner, "erwartet");
+    }
+
     void andereVorlagen()
     {
         Profil p = profil();
         const Ort ort = {u"Privat"_s, u"Steuern"_s, u"Bescheide"_s};
         p.pfadVorlage = u"{jahr}/{datum}/{monat}/{titel}/Archiv/{rubrik}"_s;
         QCOMPARE(Ziel::ordner(ort, u"2024"_s, p), u"/ziel/2024/Archiv/Bescheide"_s);
+        // No level is joined with another one.
+        p.pfadVorlage = u"{zweig}/{ablage}/{jahr} {rubrik}"_s;
+        const Ort kfz = {u"Privat"_s, u"Stammdaten"_s, u"Auto/Kfz"_s};
+        QCOMPARE(Ziel::ordner(kfz, u"2024"_s, p), u"/ziel/Privat/Stammdaten/Auto/Kfz"_s);
+        QCOMPARE(Ziel::ordner(ort, u"2024"_s, p), u"/ziel/Privat/Steuern/2024 Bescheide"_s);
+        p.pfadVorlage = u"{zweig}/{jahr}-{monat}/{a/b}/{rubrik}"_s;
+        QCOMPARE(Ziel::ordner(ort, u"2024"_s, p), u"/ziel/Privat/2024/Bescheide"_s);
         p.pfadVorlage = u""_s;
         QCOMPARE(Ziel::ordner(ort, u"2024"_s, p), u"/ziel"_s);
         p.zielWurzel = u"/Bu\u0308ro/"_s;

@@ -142,6 +142,10 @@ private Q_SLOTS:
         m_profil.zielWurzel = m_profil.quelle + u"/ziel/"_s;
         m_profil.dublettenOrdner = u"doppelt"_s;
         QCOMPARE(gefunden({m_profil.quelle + u"/kopie.pdf"_s}), (QStringList{u"e.pdf"_s, u"ziel/doppelt2/d.pdf"_s}));
+        const Bestand::Ergebnis e = Bestand::suchen(m_profil, {}, weiter);
+        QCOMPARE(e.ausgenommen, 2);
+        QCOMPARE(e.ausgenommene, (QList<Bestand::Ausgenommene>{{.pfad = u"Fotos/a.pdf"_s, .regel = u"fotos"_s},
+                                                               {.pfad = u"Urlaubsfotos.pdf"_s, .regel = u"fotos"_s}}));
     }
 
     void zweimalAufnehmenAendertNichts()

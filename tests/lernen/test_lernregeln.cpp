@@ -17,7 +17,8 @@ private Q_SLOTS:
         QTest::newRow("ohne") << u"beispiel  werke"_s << u"beispiel werke"_s;
         QTest::newRow("Umlaute") << u"Müller & Söhne OHG"_s << u"muller sohne"_s;
         QTest::newRow("Umschrift") << u"Mueller Soehne"_s << u"muller sohne"_s;
-        QTest::newRow("zwei Formen in Listenfolge") << u"Werk GmbH & Co. KG"_s << u"werk gmbh"_s;
+        QTest::newRow("lange Form") << u"Werk GmbH & Co. KG"_s << u"werk"_s;
+        QTest::newRow("zwei Formen in Listenfolge") << u"Werk AG Ltd."_s << u"werk ag"_s;
         QTest::newRow("ausgeschrieben") << u"Werk GmbH und Co KG"_s << u"werk"_s;
         QTest::newRow("AG und Co") << u"Werk AG Co"_s << u"werk ag"_s;
         QTest::newRow("KG nach AG") << u"Werk KG AG"_s << u"werk"_s;

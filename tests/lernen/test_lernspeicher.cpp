@@ -189,6 +189,56 @@ private Q_SLOTS:
         QVERIFY(speicher.alle().isEmpty() && speicher.gleichungen().isEmpty());
     }
 
+    // An entry of an earlier version, or of another program: only its equal is meant, and that is met.
+    void einKurzerSchluesselTrifftNurSeinesgleichen()
+    {
+        m_db->ausfuehren(u"INSERT INTO gelernt VALUES ('hdi','HDI','Privat','Wohnung','Strom',1,'')"_s);
+        const qint64 gleich = dokument(u"HDI AG"_s);
+        const qint64 laenger = dokument(u"HDI Leben"_s);
+        const qint64 ohne = dokument(u"???"_s);
+        QCOMPARE(Lernspeicher(*m_db).allesAnwenden(), 1);
+        QCOMPARE(stand(gleich), u"HDI AG: Privat/Wohnung/Strom gelernt hdi"_s);
+        QCOMPARE(stand(laenger), u"HDI Leben: alt/alt/alt modell "_s);
+        QCOMPARE(stand(ohne), u"???: alt/alt/alt modell "_s);
+    }
+
+    void schluesselFruehererFassungen()
+    {
+        for (const QString &zeile :
+             {u"'werk gmbh','Werk GmbH & Co. KG','Neu','','',3,'2025-02'"_s, u"'werk','Werk','Alt','','',2,'2025-01'"_s,
+              u"'bau gmbh','Bau GmbH & Co. KG','Bau','','',1,'2025-01'"_s, u"'gmbh','GmbH','Bleibt','','',1,''"_s})
+            m_db->ausfuehren(u"INSERT INTO gelernt VALUES ("_s + zeile + u')');
+        m_db->ausfuehren(u"INSERT INTO namen VALUES ('alt gmbh','Frueher',1,'2024'), ('alt','Spaeter',4,'2025')"_s);
+        const qint64 id = dokument(u"Werk GmbH & Co. KG"_s);
+        m_db->ausfuehren(u"UPDATE dokumente SET gelernt_von='werk gmbh'"_s);
+        Lernspeicher speicher(*m_db);
+        for (int mal = 0; mal < 2; ++mal) {
+            speicher.schluesselUebertragen();
+            QStringList alle;
+            for (const Eintrag &e : speicher.alle())
+                alle << e.schluessel + u' ' + e.zweig + u' ' + QString::number(e.anzahl);
+            QCOMPARE(alle, (QStringList{u"werk Neu 5"_s, u"bau Bau 1"_s, u"gmbh Bleibt 1"_s}));
+            QVERIFY(speicher.gleichungen() == (QList<Gleichung>{{.von = u"alt"_s, .nach = u"Spaeter"_s, .anzahl = 5}}));
+        }
+        QVERIFY(stand(id).endsWith(u" werk"_s));
+        // Once: what is learned later is not touched.
+        m_db->ausfuehren(u"INSERT INTO namen VALUES ('neu gmbh','x',1,'')"_s);
+        speicher.schluesselUebertragen();
+        QCOMPARE(speicher.gleichungen().size(), 2);
+        QCOMPARE(speicher.gleichungen().last().von, u"neu gmbh"_s);
+    }
+
+    void vergessenWirdGanzOderGarNicht()
+    {
+        Lernspeicher speicher(*m_db);
+        speicher.merken(bestaetigt(u"Stadtwerke"_s, strom), u"Werkstadt"_s);
+        m_db->ausfuehren(u"CREATE TRIGGER voll BEFORE DELETE ON namen BEGIN SELECT RAISE(ABORT,'voll'); END"_s);
+        QVERIFY_EXCEPTION_THROWN(speicher.leeren(), Fehler);
+        QVERIFY_EXCEPTION_THROWN(speicher.gleichungVergessen(u"werkstadt"_s), Fehler);
+        QCOMPARE(speicher.alle().size(), 1);
+        QCOMPARE(speicher.gleichungen().size(), 1);
+    }
+
     void nichtsBleibtHalb_data()
     {
         QTest::addColumn<QString>("ausloeser");

@@ -49,6 +49,13 @@ private Q_SLOTS:
         QTest::newRow("direkt in der Herkunft") << drei << u""_s << brief << QString();
         QTest::newRow("Endung zählt zum Namen") << QStringList{u".pdf"_s} << u""_s << u"Brief.PDF"_s << u".pdf"_s;
         QTest::newRow("die erste der Liste") << QStringList{u"brief"_s, u"x"_s} << u"x"_s << brief << u"brief"_s;
+        const QStringList gewaehlt = {u"./Alt"_s};
+        QTest::newRow("gewählter Ordner") << gewaehlt << u"alt"_s << brief << u"./Alt"_s;
+        QTest::newRow("gewählter Ordner, darunter") << gewaehlt << u"Alt/2019"_s << brief << u"./Alt"_s;
+        QTest::newRow("gewählter Ordner, gleichnamiger anderswo") << gewaehlt << u"privat/Alt"_s << brief << QString();
+        QTest::newRow("gewählter Ordner, gleicher Anfang") << gewaehlt << u"Altes"_s << brief << QString();
+        QTest::newRow("gewählter Ordner, nicht im Dateinamen")
+            << gewaehlt << u""_s << u"Gehaltsabrechnung.pdf"_s << QString();
         QTest::newRow("zerlegte Umlaute") << QStringList{u"prüfung"_s} << u"PRU\u0308FUNG"_s << brief << u"prüfung"_s;
         QTest::newRow("zerlegt im Dateinamen")
             << QStringList{u"pru\u0308f"_s} << u""_s << u"Prüfung.pdf"_s << u"prüf"_s;
@@ -76,7 +83,8 @@ private Q_SLOTS:
         QTest::newRow("keine Herkunft") << u""_s << u"/a/Fotos/"_s << u"Fotos"_s;
         QTest::newRow("Wurzel gewählt") << u"/a"_s << u"/"_s << u"-"_s;
         QTest::newRow("Wurzel als Herkunft") << u"/"_s << u"/a/b"_s << u"a/b"_s;
-        QTest::newRow("zerlegte Umlaute") << u"/Büro"_s << u"/Bu\u0308ro/O\u0308l"_s << u"Öl"_s;
+        QTest::newRow("zerlegte Umlaute") << u"/Büro"_s << u"/Bu\u0308ro/O\u0308l"_s << u"./Öl"_s;
+        QTest::newRow("direkt darin") << quelle << quelle + u"/Alt/"_s << u"./Alt"_s;
     }
     void regelFuer()
     {

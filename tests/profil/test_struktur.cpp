@@ -64,6 +64,25 @@ private Q_SLOTS:
         QTEST(lesbar(Profil::struktureinlesen(ziel.path(), tiefe)), "erwartet");
     }
 
+    // The folders that the program files into by itself, under names of the user's own.
+    void eigeneOrdnerSindKeineStruktur()
+    {
+        const QTemporaryDir ziel;
+        for (const QString &name :
+             {u"P/Offen/x"_s, u"P/Steuern/Offen"_s, u"Offen/Offen"_s, u"Doppelt/a/b"_s, u"P/Buch/c"_s, u"Q/Doppelt"_s})
+            QVERIFY(QDir(ziel.path()).mkpath(name));
+        Profil p;
+        p.zielWurzel = ziel.path() + u'/';
+        p.auffangOrdner = u"offen"_s;
+        p.dublettenOrdner = u"Doppelt"_s;
+        p.protokollOrdner = ziel.filePath(u"P/Buch"_s);
+        QCOMPARE(lesbar(Profil::struktureinlesen(p.zielWurzel, 2, p.eigeneOrdner())),
+                 (QStringList{u"P/Steuern: Offen"_s, u"Q/Doppelt: "_s}));
+        p.dublettenOrdner = u"Q/Doppelt"_s;
+        QCOMPARE(lesbar(Profil::struktureinlesen(p.zielWurzel, 2, p.eigeneOrdner())),
+                 (QStringList{u"Doppelt/a: b"_s, u"P/Steuern: Offen"_s}));
+    }
+
     void zerlegteUmlauteAufDerPlatte()
     {
         const QTemporaryDir ort;

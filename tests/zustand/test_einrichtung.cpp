@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(m_z->ausnahmeWaehlen(), u"Das ist der Herkunftsordner selbst. Dann bliebe nichts zu lesen."_s);
         Zustand::ordnerwaehler = [this](const QString &) { return m_b->quelle(u"privat"_s); };
         QCOMPARE(m_z->ausnahmeWaehlen(), QString());
-        QCOMPARE(m_z->aktiv()->ausnahmen.last(), u"privat"_s);
+        QCOMPARE(m_z->aktiv()->ausnahmen.last(), u"./privat"_s);
         QTRY_COMPARE(gezaehlt(), 2);
         m_z->ausnahmeEntfernen(m_z->aktiv()->ausnahmen.first());
         QTRY_COMPARE(m_z->ausgenommen(), 0);

@@ -49,8 +49,8 @@ public:
                             "Anschriftenfeld, ist die Rechnung an dich gerichtet."_s));
         auto *erklaerung = marktext();
         erklaerung->erklaeren(
-            Sprache::text(u"Rechnungen von dir und an dich kommen in verschiedene Rubriken, wenn deine "
-                          "Struktur beide kennt."_s));
+            Sprache::text(u"Rechnungen von dir und an dich kommen in diese Rubriken, auch wenn deine Struktur sie noch "
+                          "nicht hat. Beim Prüfen ist das am Feld zu sehen."_s));
         titel(Sprache::text(u"Rechnungen"_s), erklaerung);
         rubrik(u"rubrikAusgang"_s, &Profil::rubrikAusgang, Sprache::text(u"Rubrik für ausgehende"_s),
                Sprache::text(u"Für Rechnungen, die du geschrieben hast."_s));

@@ -86,8 +86,10 @@ private:
         waagrecht->addWidget(m_dazu);
         waagrecht->addWidget(ordner);
         reihe(Sprache::text(u"Neue Ausnahme"_s),
-              Sprache::text(u"Ein Name trifft jeden Ordner, der so heißt, und jede Datei, deren Name ihn enthält. Mit "
-                            "Schrägstrich trifft er genau diese Folge von Ordnern."_s),
+              Sprache::text(
+                  u"Ein Name trifft jeden Ordner, der so heißt, und jede Datei, deren Name ihn enthält. Mit "
+                  "Schrägstrich trifft er genau diese Folge von Ordnern, mit ./ davor einen Ordner direkt in der "
+                  "Herkunft."_s),
               m_neue, zeile);
         m_beschwerde = marktext();
         m_beschwerde->setObjectName(u"ausnahme-stand"_s);
@@ -131,6 +133,18 @@ private:
         m_ruhende = marktext();
         m_ruhende->setObjectName(u"ruhende"_s);
         darunter(m_ruhende);
+        m_ausgelassene = new QListView(this);
+        m_ausgelassene->setObjectName(u"ausgelassene"_s);
+        m_ausgelassene->setAccessibleName(Sprache::text(u"Durch Ausnahmen ausgelassen"_s));
+        m_ausgelassene->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        m_ausgelassene->setUniformItemSizes(true);
+        m_ausgelassene->setTabKeyNavigation(false);
+        m_ausgelassene->setModel(new QStringListModel(m_ausgelassene));
+        darunter(m_ausgelassene);
+        Stil::folgen(m_ausgelassene, [this] {
+            m_ausgelassene->setFixedHeight(sichtbareRegeln * (m_ausgelassene->fontMetrics().height() + abstand(4)) +
+                                           abstand(6));
+        });
     }
 
     void hinzufuegen()
@@ -162,6 +176,7 @@ private:
         m_entfernen->setEnabled(m_liste->currentIndex().isValid());
         fundZeigen();
         ruhendeZeigen();
+        ausgelasseneZeigen();
     }
 
     void fundZeigen()
@@ -178,11 +193,27 @@ private:
         if (!quelle)
             return m_fund->setzen(u"circle.running"_s, Sprache::text(u"PDF werden gezählt …"_s));
         QString satz = gefuellt(Sprache::text(u"%@ PDF gefunden."_s), {QString::number(quelle->anzahl)});
+        if (quelle->ausgenommen > 0)
+            satz += u' ' + gefuellt(Sprache::text(u"%@ durch Ausnahmen ausgelassen."_s),
+                                    {QString::number(quelle->ausgenommen)});
         if (quelle->ausgelassen > 0)
             satz +=
                 u' ' + gefuellt(Sprache::text(u"%@ ausgelassen: Verweise oder Namen, die sich nicht lesen lassen."_s),
                                 {QString::number(quelle->ausgelassen)});
         m_fund->setzen(quelle->anzahl > 0 ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s, satz);
+    }
+
+    /** While the folder is counted anew the last list stays. */
+    void ausgelasseneZeigen()
+    {
+        const auto &quelle = zustand()->einrichtung().quelle;
+        if (!quelle && zustand()->einrichtung().zaehlt)
+            return;
+        const QStringList liste = quelle ? quelle->ausgenommene : QStringList();
+        m_ausgelassene->setVisible(!liste.isEmpty());
+        auto *modell = static_cast<QStringListModel *>(m_ausgelassene->model());
+        if (modell->stringList() != liste)
+            modell->setStringList(liste);
     }
 
     void ruhendeZeigen()
@@ -206,6 +237,7 @@ private:
     QListView *m_liste = nullptr;
     QPushButton *m_entfernen = nullptr;
     Marktext *m_ruhende = nullptr;
+    QListView *m_ausgelassene = nullptr;
 };
 } // namespace
 

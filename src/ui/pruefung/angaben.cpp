@@ -4,6 +4,7 @@
 #include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
+#include "zeichen.h"
 #include "zeile.h"
 #include "zustand.h"
 
@@ -272,6 +273,11 @@ void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &w
             wahl->setItemData(i, werte.at(i));
     }
     wahl->setCurrentIndex(int(werte.indexOf(wert)));
+    const bool fremd = !wert.isEmpty() && !auswahl.contains(wert);
+    wahl->setItemIcon(wahl->currentIndex(), fremd ? Zeichen::icon(u"exclamationmark.triangle"_s) : QIcon());
+    const QString rat = fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + hilfe(feld) : hilfe(feld);
+    wahl->setToolTip(rat);
+    wahl->setAccessibleDescription(rat);
 }
 
 void Angaben::tagZeigen()
