@@ -86,7 +86,7 @@ void Ablagewerk::aussortieren(qint64 id, const QString &gesehen, const std::opti
 
 QString Ablagewerk::dublettenordner(const Dokument &dokument) const
 {
-    return QDir::cleanPath(m_profil.zielWurzel + u'/' + m_profil.dublettenOrdner + u'/' + dokument.altOrdner);
+    return QDir::cleanPath(Ziel::dublettenordner(m_profil) + u'/' + dokument.altOrdner);
 }
 
 /** A copying profile leaves the file where it is. */
@@ -102,7 +102,6 @@ void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::opti
             schonBearbeitet();
         return;
     }
-<<<<<<< HEAD
     Transaktion t(*m_db);
     if (m_db->ausfuehren(u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s, {neu, id, gespeichert.status}) !=
         0)
@@ -111,11 +110,6 @@ void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::opti
         schonBearbeitet();
     Taten::eintragen(*m_db, tat->id, {.dokument = id, .altStatus = gespeichert.status, .neuStatus = neu});
     t.abschliessen();
-=======
-    zielPruefen();
-    const QString ordner = QDir::cleanPath(Ziel::dublettenordner(m_profil) + u'/' + gespeichert.altOrdner);
-    bewegen(gespeichert, ordner, gespeichert.dateiname, u"aussortiert"_s, u"dublette"_s, nullptr);
->>>>>>> hub/main
 }
 
 void Ablagewerk::verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,

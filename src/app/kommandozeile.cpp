@@ -31,14 +31,10 @@ std::optional<Profil> profilWaehlen(const QList<Profil> &profile, const QStringL
 void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 {
     try {
-<<<<<<< HEAD
         for (const QString &name : Bewegungsgang::klaeren(db))
             Ausgabe::melden(
                 gefuellt(Sprache::text(u"Nach einem Absturz noch ungeklärt, wo diese Datei liegt: %@"_s), {name}));
-=======
-        Bewegungsgang::klaeren(db);
         Lernspeicher(*db).schluesselUebertragen();
->>>>>>> hub/main
     } catch (const Fehler &f) {
         Ausgabe::melden(inSprache(f));
     }

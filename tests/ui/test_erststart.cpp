@@ -113,6 +113,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_z->aktuelles());
         const QString alterPfad = m_z->aktuelles()->pfad;
         const QString name = teil<Umbruchtext>(u"neuerName"_s)->ganzerText();
+        QTRY_VERIFY(!m_z->ungesehen());
         druecken(Qt::Key_Return);
         QTRY_COMPARE(m_z->zaehlwerk().erledigt, 1);
         QDirIterator abgelegte(ziel, {name}, QDir::Files, QDirIterator::Subdirectories);

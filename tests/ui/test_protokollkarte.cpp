@@ -39,6 +39,7 @@ private:
     {
         for (int n = 0; n < anzahl; ++n) {
             QTRY_VERIFY(m_z->aktuelles() && !m_z->beschaeftigt());
+            m_z->setzeUngesehen(false); // another card is on show
             m_z->uebernehmen();
             QTRY_VERIFY(!m_z->beschaeftigt());
         }
