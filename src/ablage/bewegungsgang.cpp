@@ -2,14 +2,17 @@
 
 #include "aufzeichnung.h"
 #include "datenbank.h"
+#include "herkunft.h"
 #include "klaerung.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "ruecknahme.h"
 #include "sprache.h"
+#include "text.h"
 
 #include <QMap>
 #include <QUuid>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -25,6 +28,16 @@ Absichtsdatei dateiNehmen(const Datenbank &db)
         throw Fehler(
             Sprache::text(u"Ein anderes Programm bewegt gerade Dateien. Bitte gleich noch einmal versuchen."_s));
     return std::move(*datei);
+}
+
+/** Files would come back into the empty folder that the source folder's drive is mounted on. */
+bool gehtInsLeere(Datenbank &db, const QList<Absicht> &absichten, const QString &herkunft)
+{
+    Profil profil;
+    profil.quelle = herkunft;
+    return std::any_of(absichten.begin(), absichten.end(),
+                       [&](const Absicht &a) { return !a.zeile.kopiert && liegtUnter(a.zeile.von, herkunft); }) &&
+           Herkunft::istLeererEinhaengepunkt(db, profil);
 }
 } // namespace
 
@@ -176,6 +189,9 @@ Bewegungsgang::Ergebnis Bewegungsgang::bewegen(Absicht absicht, const Dateibeweg
 QStringList Bewegungsgang::zuruecknehmen(const QList<Absicht> &absichten, const QString &herkunft,
                                          const std::function<void()> &jeweils)
 {
+    if (gehtInsLeere(*m_db, absichten, herkunft))
+        return QStringList(absichten.size(),
+                           gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {herkunft}));
     Ruecknahme gruppe(*m_db, m_datei, absichten, herkunft);
     const QStringList fehler = gruppe.ausfuehren(jeweils);
     m_offene << gruppe.offene();
