@@ -37,7 +37,7 @@ bool gehtInsLeere(Datenbank &db, const QList<Absicht> &absichten, const QString 
     profil.quelle = herkunft;
     return std::any_of(absichten.begin(), absichten.end(),
                        [&](const Absicht &a) { return !a.zeile.kopiert && liegtUnter(a.zeile.von, herkunft); }) &&
-           Herkunft::istLeererEinhaengepunkt(db, profil);
+           (Herkunft::istFremderLeererOrdner(db, profil) || Herkunft::istLeererEinhaengepunkt(db, profil));
 }
 } // namespace
 

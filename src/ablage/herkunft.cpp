@@ -2,6 +2,7 @@
 
 #include "datenbank.h"
 #include "pfade.h"
+#include "stapel.h"
 #include "text.h"
 
 #include <QDir>
@@ -27,6 +28,8 @@ bool hatPdfIn(const QByteArray &ordner, bool mitUnterordnern)
                             return hatPdfIn(ordner + '/' + name, true);
                         }));
 }
+
+QString wurzel(const Profil &profil) { return QDir::cleanPath(nfc(profil.quelle)); }
 } // namespace
 
 bool Herkunft::hatPdf(const QString &ordner, bool mitUnterordnern)
@@ -36,7 +39,7 @@ bool Herkunft::hatPdf(const QString &ordner, bool mitUnterordnern)
 
 bool Herkunft::istLeererEinhaengepunkt(Datenbank &db, const Profil &profil, qsizetype mindestens)
 {
-    const QString davor = QDir::cleanPath(nfc(profil.quelle)) + u'/';
+    const QString davor = wurzel(profil) + u'/';
     const QList<Zeile> offene = db.abfragen(
         u"SELECT pfad FROM dokumente WHERE status IN ('neu','laeuft','bereit','zurueckgestellt','dublette')\n"
         "AND substr(pfad,1,length(?))=?"_s,
@@ -48,10 +51,30 @@ bool Herkunft::istLeererEinhaengepunkt(Datenbank &db, const Profil &profil, qsiz
     return !eineDa && !hatPdf(profil.quelle, profil.mitUnterordnern);
 }
 
+void Herkunft::merken(Datenbank &db, const Profil &profil)
+{
+    const auto kennung = kennungVon(wurzel(profil));
+    if (!kennung)
+        return;
+    Stapel stapel(db);
+    stapel.schreiben(u"INSERT OR REPLACE INTO herkunft (pfad, nummer) VALUES (?,?)"_s,
+                     {wurzel(profil), qint64(kennung->nummer)});
+    stapel.abschliessen();
+}
+
+bool Herkunft::istFremderLeererOrdner(Datenbank &db, const Profil &profil)
+{
+    // Device numbers change from one start of the computer to the next, so only the folder's own is compared.
+    const QList<Zeile> gemerkt = db.abfragen(u"SELECT nummer FROM herkunft WHERE pfad=?"_s, {wurzel(profil)});
+    const auto kennung = kennungVon(wurzel(profil));
+    return !gemerkt.isEmpty() && kennung && gemerkt.first().ganz(u"nummer") != qint64(kennung->nummer) &&
+           !hatPdf(profil.quelle, profil.mitUnterordnern);
+}
+
 bool Herkunft::istUnerreichbarFuer(Datenbank &db, const Profil &profil, const QString &pfad)
 {
     // A single document that is gone from an otherwise empty folder has been taken away by hand.
     constexpr qsizetype mehrAlsEines = 2;
-    return liegtUnter(pfad, profil.quelle) &&
-           (!istOrdner(QDir::cleanPath(profil.quelle)) || istLeererEinhaengepunkt(db, profil, mehrAlsEines));
+    return liegtUnter(pfad, profil.quelle) && (!istOrdner(wurzel(profil)) || istFremderLeererOrdner(db, profil) ||
+                                               istLeererEinhaengepunkt(db, profil, mehrAlsEines));
 }

@@ -16,6 +16,12 @@ namespace Herkunft
  */
 [[nodiscard]] bool istLeererEinhaengepunkt(Datenbank &db, const Profil &profil, qsizetype mindestens = 1);
 
+/** Notes what the source folder is, once documents were found in it. Throws Fehler. */
+void merken(Datenbank &db, const Profil &profil);
+
+/** The source folder is another one than when documents were found in it last, and holds no PDF file. Blocks. */
+[[nodiscard]] bool istFremderLeererOrdner(Datenbank &db, const Profil &profil);
+
 /** The file @p pfad is missing since the whole source folder is. */
 [[nodiscard]] bool istUnerreichbarFuer(Datenbank &db, const Profil &profil, const QString &pfad);
 } // namespace Herkunft

@@ -297,6 +297,8 @@ void Bestand::verzeichnen(Lauf &lauf)
         return;
     if (ergebnis.funde.isEmpty() && Herkunft::istLeererEinhaengepunkt(lauf.db(), lauf.profil()))
         nichtErreichbar(lauf);
+    if (!ergebnis.funde.isEmpty())
+        Herkunft::merken(lauf.db(), lauf.profil());
     lauf.fortschritt(gefuellt(Sprache::text(u"%@ PDF-Dateien gefunden"_s), {QString::number(ergebnis.funde.size())}), 0,
                      1);
     Abgleich::eintragen(lauf, ergebnis.funde);

@@ -5,9 +5,11 @@
 #include "sha256.h"
 
 #include <QUuid>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/xattr.h>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -61,6 +63,7 @@ void Dateikopie::anlegen()
         Platte::scheitern(nichtKopiert(), errno);
     m_angelegt = true;
     const QString summe = uebertragen(von, nach);
+    attribute(von, nach);
     eigenschaften(nach);
     if (::fsync(nach.nummer()) != 0)
         Platte::scheitern(nichtKopiert(), errno);
@@ -87,6 +90,23 @@ QString Dateikopie::uebertragen(const Dateigriff &von, const Dateigriff &nach) c
             digest.dazu(QByteArrayView(puffer.data(), n));
             ganzSchreiben(nach.nummer(), puffer.data(), size_t(n));
         }
+    }
+}
+
+/** Tags and comments that the user gave the file. A file system without them refuses: the content is what matters. */
+void Dateikopie::attribute(const Dateigriff &von, const Dateigriff &nach)
+{
+    QByteArray namen(std::max<ssize_t>(0, ::flistxattr(von.nummer(), nullptr, 0)), '\0');
+    const ssize_t laenge = namen.isEmpty() ? 0 : ::flistxattr(von.nummer(), namen.data(), size_t(namen.size()));
+    if (laenge <= 0)
+        return;
+    for (const QByteArray &name : namen.first(laenge).split('\0')) {
+        if (!name.startsWith("user."))
+            continue; // the system's own are made by the system
+        QByteArray wert(std::max<ssize_t>(0, ::fgetxattr(von.nummer(), name.constData(), nullptr, 0)), '\0');
+        const ssize_t groesse = ::fgetxattr(von.nummer(), name.constData(), wert.data(), size_t(wert.size()));
+        if (groesse >= 0) [[maybe_unused]]
+            const int egal = ::fsetxattr(nach.nummer(), name.constData(), wert.constData(), size_t(groesse), 0);
     }
 }
 

@@ -30,6 +30,7 @@ public:
 
 private:
     [[nodiscard]] QString uebertragen(const Dateigriff &von, const Dateigriff &nach) const;
+    static void attribute(const Dateigriff &von, const Dateigriff &nach);
     void eigenschaften(const Dateigriff &nach) const;
     void vergleichen(const QString &summe) const;
 

@@ -59,6 +59,8 @@ const QList<QString> &schemaAnweisungen()
         u"CREATE TABLE IF NOT EXISTS fruehere_pfade (\n"
         "    id INTEGER PRIMARY KEY, dokument_id INTEGER, pfad TEXT, zeit TEXT\n"
         ");"_s,
+        // What the source folder is: the folder below a drive that is not mounted is another one.
+        u"CREATE TABLE IF NOT EXISTS herkunft (pfad TEXT PRIMARY KEY, nummer INTEGER);"_s,
         // Failed since the file was not there: tried again by itself when it is.
         u"CREATE TABLE IF NOT EXISTS abwesend (dokument_id INTEGER PRIMARY KEY);"_s,
         // Deeds of the review that are more than one movement or none; what they did to which document.

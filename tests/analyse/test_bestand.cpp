@@ -1,6 +1,7 @@
 #include "bestand.h"
 #include "datenbank.h"
 #include "lauf.h"
+#include "sha256.h"
 
 #include <QDir>
 #include <QFile>
@@ -42,6 +43,15 @@ class TestBestand : public QObject
         for (const Bestand::Fund &f : Bestand::suchen(m_profil, {.kopien = eigene, .abgelegt = {}}, weiter).funde)
             pfade << f.pfad.mid(m_profil.quelle.size() + 1);
         return pfade;
+    }
+
+    /** Status and path below the source folder of every document. */
+    [[nodiscard]] QStringList stand(Datenbank &db) const
+    {
+        QStringList zeilen;
+        for (const Zeile &z : db.abfragen(u"SELECT status, pfad FROM dokumente ORDER BY id"_s))
+            zeilen << z.text(u"status") + u' ' + z.text(u"pfad").mid(m_profil.quelle.size() + 1);
+        return zeilen;
     }
 
     std::shared_ptr<Datenbank> aufgenommen(QStringList *hinweise = nullptr) const
@@ -196,6 +206,136 @@ private Q_SLOTS:
             stand << z.text(u"pfad").mid(m_profil.quelle.size() + 1) + u' ' + z.text(u"status");
         QCOMPARE(stand, (QStringList{u"da.pdf neu"_s, u"fertig.pdf bereit"_s, u"weg.pdf fehlt"_s,
                                      u"zurueckgenommen.pdf dublette"_s}));
+    }
+
+    /** A file that is not the one which the catalogue knows at its path. */
+    void andererInhaltAmBekanntenPfad_data()
+    {
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QStringList>("danach");
+        QTest::newRow("ungesehen") << u"neu"_s << QStringList{u"neu a.pdf"_s};
+        QTest::newRow("wartet") << u"bereit"_s << QStringList{u"fehlt "_s, u"neu a.pdf"_s};
+        QTest::newRow("zurückgestellt") << u"zurueckgestellt"_s << QStringList{u"fehlt "_s, u"neu a.pdf"_s};
+        QTest::newRow("kopiert und fertig") << u"erledigt"_s << QStringList{u"erledigt "_s, u"neu a.pdf"_s};
+        QTest::newRow("war verschwunden") << u"fehlt"_s << QStringList{u"fehlt "_s, u"neu a.pdf"_s};
+    }
+    void andererInhaltAmBekanntenPfad()
+    {
+        QFETCH(QString, status);
+        QFETCH(QStringList, danach);
+        datei("a.pdf", "erster");
+        aufgenommen()->ausfuehren(u"UPDATE dokumente SET status=?, vorschlag='x', text_hash='h'"_s, {status});
+        datei("a.pdf", "ein zweiter Scan");
+        const auto db = aufgenommen();
+        QCOMPARE(stand(*db), danach);
+        const Zeile neu =
+            db->abfragen(u"SELECT * FROM dokumente WHERE pfad=?"_s, {m_profil.quelle + u"/a.pdf"_s}).first();
+        QCOMPARE(neu.text(u"sha256"), Sha256::hex(Sha256().von("ein zweiter Scan")));
+        QVERIFY(neu.text(u"text_hash").isEmpty());
+        QCOMPARE(db->abfragen(u"SELECT pfad FROM fruehere_pfade"_s).size(), danach.size() - 1);
+        aufgenommen();
+        QCOMPARE(stand(*db), danach);
+    }
+
+    /** Nothing is read again only because the catalogue is of an earlier version. */
+    void alterKatalogGiltWieErSteht()
+    {
+        datei("a.pdf", "sechs!");
+        datei("b.pdf", "sieben!");
+        aufgenommen()->ausfuehren(u"UPDATE dokumente SET status='bereit', sha256='alt', groesse=6;\n"
+                                  "DELETE FROM dateistand"_s);
+        const auto db = aufgenommen();
+        QCOMPARE(stand(*db), (QStringList{u"bereit a.pdf"_s, u"fehlt "_s, u"neu b.pdf"_s}));
+        QCOMPARE(db->abfragen(u"SELECT geprueft FROM dateistand ORDER BY dokument_id"_s).first().ganz(u"geprueft"), 0);
+        QCOMPARE(db->abfragen(u"SELECT sha256 FROM dokumente WHERE id=1"_s).first().text(u"sha256"), u"alt"_s);
+    }
+
+    void verschwundenesKommtNurMitSeinemInhalt()
+    {
+        datei("a.pdf", "eins");
+        datei("b.pdf", "zwei");
+        aufgenommen()->ausfuehren(u"UPDATE dokumente SET status='fehlt', vorschlag='x'"_s);
+        datei("b.pdf", "drei"); // of the same size
+        QCOMPARE(stand(*aufgenommen()), (QStringList{u"bereit a.pdf"_s, u"fehlt "_s, u"neu b.pdf"_s}));
+    }
+
+    /** Uploads that have only begun are all alike. */
+    void leereSindKeineDubletten()
+    {
+        datei("a.pdf", "");
+        datei("b.pdf", "");
+        QCOMPARE(stand(*aufgenommen()), (QStringList{u"neu a.pdf"_s, u"neu b.pdf"_s}));
+        datei("a.pdf", "jetzt ist es da");
+        datei("b.pdf", "und das auch");
+        const auto db = aufgenommen();
+        QCOMPARE(stand(*db), (QStringList{u"neu a.pdf"_s, u"neu b.pdf"_s}));
+        QCOMPARE(db->abfragen(u"SELECT DISTINCT sha256 FROM dokumente"_s).size(), 2);
+    }
+
+    /** A new file repeats one that the catalogue knows: whatever has become of that, as long as it is there. */
+    void mitAllemBekanntenVerglichen_data()
+    {
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<bool>("da");
+        QTest::addColumn<QString>("neues");
+        for (const QString &status : {u"bereit"_s, u"erledigt"_s, u"zurueckgestellt"_s}) {
+            QTest::newRow(qPrintable(status)) << status << true << u"dublette"_s;
+            QTest::newRow(qPrintable(status + u", verschwunden"_s)) << status << false << u"neu"_s;
+        }
+        QTest::newRow("aus einem angehaltenen Durchgang") << u"neu"_s << true << u"dublette"_s;
+        QTest::newRow("dort verschwunden") << u"neu"_s << false << u"neu"_s;
+    }
+    void mitAllemBekanntenVerglichen()
+    {
+        QFETCH(QString, status);
+        QFETCH(bool, da);
+        datei("a.pdf", "gleich");
+        aufgenommen()->ausfuehren(u"UPDATE dokumente SET status=?"_s, {status});
+        if (!da)
+            QVERIFY(QFile::remove(m_profil.quelle + u"/a.pdf"_s));
+        datei("Inbox/viel länger.pdf", "gleich");
+        const auto db = aufgenommen();
+        QTEST(db->abfragen(u"SELECT status FROM dokumente WHERE id=2"_s).first().text(u"status"), "neues");
+        // The only file is nobody's duplicate; when its original goes, it has its turn.
+        if (da)
+            QVERIFY(QFile::remove(m_profil.quelle + u"/a.pdf"_s));
+        aufgenommen();
+        QCOMPARE(db->abfragen(u"SELECT status FROM dokumente WHERE id=2"_s).first().text(u"status"), u"neu"_s);
+    }
+
+    /** The mount point of a drive that is away is an empty folder. */
+    void leererEinhaengepunkt()
+    {
+        datei("a.pdf", "eins");
+        datei("b.pdf", "zwei");
+        aufgenommen()->ausfuehren(u"UPDATE dokumente SET status='bereit'"_s);
+        QVERIFY(QFile::remove(m_profil.quelle + u"/a.pdf"_s));
+        QCOMPARE(stand(*aufgenommen()), (QStringList{u"bereit a.pdf"_s, u"bereit b.pdf"_s}));
+        QVERIFY(QFile::remove(m_profil.quelle + u"/b.pdf"_s));
+        QVERIFY_EXCEPTION_THROWN(aufgenommen(), Fehler);
+        datei("c.pdf", "drei");
+        QCOMPARE(stand(*aufgenommen()), (QStringList{u"bereit a.pdf"_s, u"bereit b.pdf"_s, u"neu c.pdf"_s}));
+    }
+
+    /** Source and target are one tree, reached on two ways. */
+    void zweiWegeZuEinemBaum()
+    {
+        datei("Haushalt/fertig.pdf", "fertig");
+        datei("Haushalt/neu.pdf", "neu");
+        datei("Doppelte/weg.pdf", "weg");
+        const QString ziel = m_profil.quelle;
+        const QString verweis = m_ordner->filePath(u"verweis"_s);
+        QVERIFY(QFile::link(ziel, verweis));
+        m_profil.zielWurzel = ziel;
+        m_profil.dublettenOrdner = u"Doppelte"_s;
+        m_profil.quelle = verweis;
+        Datenbank(m_ordner->filePath(u"k.db"_s))
+            .ausfuehren(u"INSERT INTO dokumente (pfad, status) VALUES (?,'erledigt')"_s,
+                        {ziel + u"/Haushalt/fertig.pdf"_s});
+        const auto db = aufgenommen();
+        QCOMPARE(db->abfragen(u"SELECT 1 FROM dokumente"_s).size(), 2);
+        QCOMPARE(db->abfragen(u"SELECT pfad FROM dokumente WHERE status='neu'"_s).first().text(u"pfad"),
+                 verweis + u"/Haushalt/neu.pdf"_s);
     }
 
     void ohneHerkunftsordner()

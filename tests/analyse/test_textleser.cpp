@@ -1,3 +1,4 @@
+#include "bestand.h"
 #include "datenbank.h"
 #include "lauf.h"
 #include "pdf.h"
@@ -117,6 +118,54 @@ private Q_SLOTS:
         QCOMPARE(zeile(fremd).ganz(u"aehnlich_zu"), 0);
         QCOMPARE(zeile(aehnlich).ganz(u"aehnlich_zu"), 0);
         QCOMPARE(lesen().last(), u"0 textgleiche Dubletten, 0 ähnliche Paare"_s);
+    }
+
+    /** Two policies with the same conditions in front: only the whole text tells them apart. */
+    void gleicherAnfangIstKeinDoppel()
+    {
+        m_profil.maxZeichen = 6000;
+        const QStringList bedingungen = brief(0, 240);
+        const qint64 erste = dokument(u"a.pdf"_s, bedingungen + brief(5000, 100));
+        const qint64 zweite = dokument(u"b.pdf"_s, bedingungen + brief(7000, 100));
+        QCOMPARE(lesen().last(), u"0 textgleiche Dubletten, 1 ähnliche Paare"_s);
+        QCOMPARE(zeile(erste).text(u"text_hash"), zeile(zweite).text(u"text_hash"));
+        QCOMPARE(zeile(zweite).text(u"status"), u"neu"_s);
+        QCOMPARE(zeile(zweite).ganz(u"aehnlich_zu"), erste);
+    }
+
+    /** Scanned this week, known since last week: the new one is marked, the known one never. */
+    void mitFrueherGelesenenVerglichen()
+    {
+        const qint64 fertig = dokument(u"fertig.pdf"_s, brief(0, 150));
+        const qint64 anderes = dokument(u"anderes.pdf"_s, brief(1000, 150));
+        lesen();
+        m_db->ausfuehren(u"UPDATE dokumente SET status='erledigt'"_s);
+        QStringList nochmal = brief(0, 150);
+        nochmal.prepend(u" -- "_s);
+        const qint64 doppelt = dokument(u"1.pdf"_s, nochmal);
+        const qint64 aehnlich = dokument(u"2.pdf"_s, brief(1003, 150));
+        QCOMPARE(lesen().last(), u"1 textgleiche Dubletten, 1 ähnliche Paare"_s);
+        QCOMPARE(zeile(doppelt).ganz(u"dublette_von"), fertig);
+        QCOMPARE(zeile(aehnlich).ganz(u"aehnlich_zu"), anderes);
+        QCOMPARE(zeile(fertig).text(u"status") + zeile(anderes).text(u"status"), u"erledigterledigt"_s);
+    }
+
+    /** A file that was away for a while is read by itself once an inventory finds it again. */
+    void abwesendeWerdenNachgelesen()
+    {
+        const qint64 id = dokument(u"a.pdf"_s, brief(0, 50));
+        dokument(u"b.pdf"_s, brief(100, 50));
+        const QString pfad = m_profil.quelle + u"/a.pdf"_s;
+        QVERIFY(QFile::rename(pfad, pfad + u".weg"_s));
+        lesen();
+        m_db->ausfuehren(u"UPDATE dokumente SET status='bereit', vorschlag='x'"_s);
+        QVERIFY(QFile::rename(pfad + u".weg"_s, pfad));
+        Lauf lauf(
+            m_db, m_profil, [] { return false; }, {}, [](const Laufstand &) {});
+        Bestand::aufnehmen(lauf);
+        QCOMPARE(zeile(id).text(u"status"), u"neu"_s);
+        lesen();
+        QVERIFY(zeile(id).text(u"text").startsWith(u"Wort0"_s) && zeile(id).text(u"fehler").isEmpty());
     }
 
     void unlesbareHaltenNichtAuf()
