@@ -4,6 +4,7 @@
 #include "dateigriff.h"
 #include "fehler.h"
 #include "pfade.h"
+#include "platte.h"
 #include "rueckbau.h"
 #include "text.h"
 
@@ -74,8 +75,10 @@ std::optional<QString> beginnen(QString datei, const Protokollkopf &kopf, const 
         const QByteArray pfad = plattenPfad(datei);
         const Dateigriff griff(::open(pfad.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
         if (griff.offen()) {
-            if (anfuegen(griff, 0, kopf.json() + '\n' + zeile + '\n'))
+            if (anfuegen(griff, 0, kopf.json() + '\n' + zeile + '\n')) {
+                Platte::ordnerSichern(pfad);
                 return datei;
+            }
             ::unlink(pfad.constData()); // made here just now, and no one has read of it
             return std::nullopt;
         }

@@ -202,7 +202,9 @@ std::optional<Protokollkopf> Protokollkopf::aus(const QByteArray &zeile)
 
 QString Protokollzeile::zeitKurz() const
 {
-    const QDateTime gelesen = QDateTime::fromString(zeit, Qt::ISODate);
+    // A day alone would be read as its midnight.
+    const bool mitUhrzeit = zeit.contains(u':');
+    const QDateTime gelesen = mitUhrzeit ? QDateTime::fromString(zeit, Qt::ISODate) : QDateTime();
     return gelesen.isValid() ? gelesen.toLocalTime().toString(u"HH:mm:ss"_s) : zeit;
 }
 

@@ -22,7 +22,16 @@ QString ohneRaender(const QString &text, QStringView zeichen)
     return text.sliced(von, bis - von);
 }
 
-bool istVerboten(QChar c) { return c.unicode() < 0x20 || u"\\/:*?\"<>|"_s.contains(c); }
+bool istVerboten(QChar c) { return c.category() == QChar::Other_Control || u"\\/:*?\"<>|"_s.contains(c); }
+
+/** A joiner between two characters of a script or of pictures that needs it; between Latin letters nobody sees it. */
+bool verbindet(const QList<uint> &zeichen, qsizetype stelle)
+{
+    constexpr uint hinterLatein = 0x600;
+    const bool verbinder = zeichen.at(stelle) == 0x200C || zeichen.at(stelle) == 0x200D;
+    return verbinder && stelle > 0 && stelle + 1 < zeichen.size() && zeichen.at(stelle - 1) >= hinterLatein &&
+           zeichen.at(stelle + 1) >= hinterLatein && QChar::category(zeichen.at(stelle + 1)) != QChar::Other_Format;
+}
 
 /** Runs of forbidden characters and of white space become one blank. */
 QString mitEinfachenLuecken(const QString &text)
@@ -104,8 +113,20 @@ QString Vorlage::aufraeumen(const QString &text)
     return ohneRaender(ergebnis, u" .-/");
 }
 
+QString Vorlage::ohneUnsichtbares(const QString &text)
+{
+    const QList<uint> zeichen = text.toUcs4();
+    QString ergebnis;
+    ergebnis.reserve(text.size());
+    for (qsizetype i = 0; i < zeichen.size(); ++i) {
+        if (QChar::category(zeichen.at(i)) != QChar::Other_Format || verbindet(zeichen, i))
+            ergebnis += QStringView(QChar::fromUcs4(zeichen.at(i)));
+    }
+    return ergebnis;
+}
+
 QString Vorlage::saeubern(const QString &text, qsizetype grenze)
 {
-    const QString sauber = ohneRaender(mitEinfachenLuecken(nfc(text)), u" .-");
+    const QString sauber = ohneRaender(mitEinfachenLuecken(ohneUnsichtbares(nfc(text))), u" .-");
     return ohneRaender(ersteZeichen(sauber, grenze), u" .-");
 }

@@ -18,6 +18,12 @@ using Werte = QMap<Baustein, QString>;
 /** Takes the marks of empty blocks (NUL) and surplus separators out. */
 [[nodiscard]] QString aufraeumen(const QString &text);
 
-/** @p text as a part of a file name: NFC, no characters that a file system refuses, at most @p grenze characters. */
+/** @p text without characters that nobody sees, such as marks that turn the direction of writing; joiners stay. */
+[[nodiscard]] QString ohneUnsichtbares(const QString &text);
+
+/**
+ * @p text as a part of a file name: NFC, no characters that a file system refuses or nobody sees, at most @p grenze
+ * characters.
+ */
 [[nodiscard]] QString saeubern(const QString &text, qsizetype grenze);
 } // namespace Vorlage

@@ -68,9 +68,9 @@ QString Ziel::dateiname(const Dokument &dokument, const Profil &profil)
         {Baustein::rubrik, dokument.rubrik},
         {Baustein::altname, ohneEndung(dokument.dateiname)},
     };
-    QString name = nfc(Vorlage::fuellen(werte, profil.namensVorlage));
+    QString name = Vorlage::ohneUnsichtbares(nfc(Vorlage::fuellen(werte, profil.namensVorlage)));
     // A rubric of two levels or a template brings separators and marks of its own.
-    name.replace(u'/', u'-').remove(QChar(u'\0'));
+    name.replace(u'/', u'-').removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
     return Dateibewegung::nummeriert((name.isEmpty() ? u"unbenannt"_s : name) + u".pdf"_s, 1);
 }
 

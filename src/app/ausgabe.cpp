@@ -28,9 +28,24 @@ void schreiben(std::FILE *ziel, const QString &text)
 }
 } // namespace
 
-void Ausgabe::drucken(const QString &text) { schreiben(stdout, text + u'\n'); }
+QString Ausgabe::sichtbar(const QString &text)
+{
+    constexpr char16_t bilder = 0x2400; // pictures of the control characters below 0x20, in their order
+    QString ergebnis;
+    ergebnis.reserve(text.size());
+    for (const char32_t c : text.toUcs4()) {
+        const auto art = QChar::category(c);
+        if (c == U'\n' || c == U'\t' || (art != QChar::Other_Control && art != QChar::Other_Format))
+            ergebnis += QStringView(QChar::fromUcs4(c));
+        else
+            ergebnis += c < 0x20 ? QChar(char16_t(bilder + c)) : QChar(c == 0x7F ? char16_t(0x2421) : u'\uFFFD');
+    }
+    return ergebnis;
+}
 
-void Ausgabe::melden(const QString &text) { schreiben(stderr, text + u'\n'); }
+void Ausgabe::drucken(const QString &text) { schreiben(stdout, sichtbar(text) + u'\n'); }
+
+void Ausgabe::melden(const QString &text) { schreiben(stderr, sichtbar(text) + u'\n'); }
 
 Ausgabe::Statuszeile::Statuszeile() : m_terminal(::isatty(STDERR_FILENO) == 1) {}
 
@@ -43,7 +58,7 @@ QString Ausgabe::Statuszeile::zeile(const QString &stufe, double anteil, const Q
     QStringList teile = {stufe, u'[' + QString(voll, u'#') + QString(balkenBreite - voll, u'.') + u']', meldung,
                          restzeit};
     teile.removeAll(QString());
-    return ersteZeichen(teile.join(u"  "_s), breite - 1);
+    return ersteZeichen(sichtbar(teile.join(u"  "_s)), breite - 1);
 }
 
 void Ausgabe::Statuszeile::zeigen(const QString &stufe, double anteil, const QString &meldung, const QString &restzeit)

@@ -5,6 +5,9 @@
 /** Writing of the console mode. */
 namespace Ausgabe
 {
+/** @p text with a mark in place of each character that would steer the terminal; line feeds and tabs stay. */
+[[nodiscard]] QString sichtbar(const QString &text);
+
 /** One line (or block) to standard output, followed by a line feed. */
 void drucken(const QString &text);
 /** A notice beside the report, to standard error. */

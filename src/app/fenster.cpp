@@ -21,7 +21,7 @@ QString hilfe()
         "  Öffnet das Fenster.\n\n"
         "Ohne Fenster:\n"
         "  quillmar --analyse [--erneut]       Bestand aufnehmen, lesen, einordnen; danach der Bericht\n"
-        "  quillmar --bericht                  Bestand und Güte der Vorschläge\n"
+        "  quillmar --bericht                  Bestand (ohne Ausgenommenes) und Güte aller Vorschläge\n"
         "  quillmar --gelernt [--anwenden]     gelernte Zuordnungen\n"
         "  quillmar --gegenueber [--anwenden]  eigene Namen als Gegenüber berichtigen\n"
         "  quillmar --rechnungen [--anwenden]  Ein- und Ausgangsrechnungen berichtigen\n"

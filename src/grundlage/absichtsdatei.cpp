@@ -18,9 +18,16 @@ QString nichtBegonnen() { return QUILLMAR_TEXT(u"Die Bewegung lässt sich nicht 
 
 std::optional<Absichtsdatei> Absichtsdatei::oeffnen(const QString &pfad, std::chrono::milliseconds wartezeit)
 {
-    const int griff = ::open(QFile::encodeName(pfad).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    const QByteArray ort = QFile::encodeName(pfad);
+    int griff = ::open(ort.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    if (griff < 0 && errno == ENOENT) {
+        griff = ::open(ort.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+        if (griff >= 0)
+            Platte::ordnerSichern(ort); // a file that is gone after a crash announces nothing
+    }
     if (griff < 0)
         Platte::scheitern(nichtBegonnen(), errno);
+    Platte::anderenVerschliessen(ort);
     Absichtsdatei datei(griff);
     if (!Platte::sperren(griff, wartezeit))
         return std::nullopt;

@@ -82,6 +82,14 @@ void Platte::ordnerSichern(const QByteArray &pfad)
         scheitern(QUILLMAR_TEXT(u"Der Ordner ließ sich nicht sichern"_s), errno);
 }
 
+void Platte::anderenVerschliessen(const QByteArray &pfad)
+{
+    constexpr mode_t andere = S_IRWXG | S_IRWXO;
+    struct stat s = {};
+    if (::stat(pfad.constData(), &s) == 0 && (s.st_mode & andere) != 0) [[maybe_unused]]
+        const int egal = ::chmod(pfad.constData(), s.st_mode & ~andere & 07777);
+}
+
 int Platte::umbenennen(const QByteArray &von, const QByteArray &nach)
 {
     if (::renameat2(AT_FDCWD, von.constData(), AT_FDCWD, nach.constData(), RENAME_NOREPLACE) == 0)

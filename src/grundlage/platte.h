@@ -24,6 +24,9 @@ namespace Platte
 /** Writes the folder of @p pfad through to the disk. What file systems do not support is passed over. */
 void ordnerSichern(const QByteArray &pfad);
 
+/** Takes what group and others may do with @p pfad away. Fails quietly: another owner, a file system without modes. */
+void anderenVerschliessen(const QByteArray &pfad);
+
 /** Gives @p von the name @p nach without overwriting: 0, or errno. EXDEV: on another file system. */
 [[nodiscard]] int umbenennen(const QByteArray &von, const QByteArray &nach);
 

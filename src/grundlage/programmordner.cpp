@@ -1,5 +1,7 @@
 #include "programmordner.h"
 
+#include "platte.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -30,5 +32,6 @@ QString programmOrdner()
         QDir().mkpath(ordner);
         QFile::setPermissions(ordner, nurBesitzer);
     }
+    Platte::anderenVerschliessen(QFile::encodeName(ordner));
     return ordner;
 }

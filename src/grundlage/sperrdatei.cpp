@@ -9,10 +9,11 @@
 
 std::optional<Sperrdatei> Sperrdatei::nehmen(const QString &pfad, std::chrono::milliseconds wartezeit)
 {
-    const int griff = ::open(QFile::encodeName(pfad).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const int griff = ::open(QFile::encodeName(pfad).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
     if (griff < 0)
         return std::nullopt;
     Sperrdatei sperre(griff);
+    Platte::anderenVerschliessen(QFile::encodeName(pfad));
     if (!Platte::sperren(griff, wartezeit))
         return std::nullopt;
     return sperre;

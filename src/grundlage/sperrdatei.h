@@ -11,7 +11,7 @@
 class Sperrdatei
 {
 public:
-    /** The lock, or none when another holds it past @p wartezeit or the file cannot be made. */
+    /** The lock, or none when another holds it past @p wartezeit or the file cannot be made. Follows no link. */
     [[nodiscard]] static std::optional<Sperrdatei> nehmen(const QString &pfad, std::chrono::milliseconds wartezeit);
 
     Sperrdatei(Sperrdatei &&andere) noexcept;

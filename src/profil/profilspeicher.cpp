@@ -1,5 +1,6 @@
 #include "profilspeicher.h"
 
+#include "platte.h"
 #include "profilformat.h"
 #include "programmordner.h"
 #include "sperrdatei.h"
@@ -97,6 +98,7 @@ Profilspeicher::Gefunden Profilspeicher::lesen()
     QFile eingabe(datei());
     if (!eingabe.exists())
         return {};
+    Platte::anderenVerschliessen(QFile::encodeName(datei()));
     if (eingabe.open(QIODevice::ReadOnly)) {
         if (auto gelesen = Profilformat::auswerten(eingabe.readAll()))
             return {.profile = gelesen->profile, .unlesbar = false, .anmerkungen = gelesen->anmerkungen};

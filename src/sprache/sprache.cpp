@@ -1,6 +1,7 @@
 #include "sprache.h"
 
 #include "einstellungen.h"
+#include "platte.h"
 #include "programmordner.h"
 #include "textkatalog.h"
 
@@ -117,6 +118,9 @@ void Sprache::vorbereiten()
     const QString ordner = eigenerOrdner();
     fruehereUebersetzungUebernehmen(ordner);
     vorlageSchreiben(ordner + "/_Vorlage.json"_L1);
+    Platte::anderenVerschliessen(QFile::encodeName(ordner));
+    for (const QString &datei : QDir(ordner).entryList({u"*.json"_s}, QDir::Files | QDir::NoSymLinks))
+        Platte::anderenVerschliessen(QFile::encodeName(ordner + u'/' + datei));
 }
 
 void Sprache::nurDeutsch() { sitzung().m_nurDeutsch = true; }

@@ -145,7 +145,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Auch Dateidialoge, Zahlen und Daten richten sich danach.",
     u"Auf die Breite passen. Bleibt beim Verschieben der Trennlinie erhalten.",
     u"Auffangordner",
-    u"Aufruf: quillmar [--profil NAME]\n  Öffnet das Fenster.\n\nOhne Fenster:\n  quillmar --analyse [--erneut]       Bestand aufnehmen, lesen, einordnen; danach der Bericht\n  quillmar --bericht                  Bestand und Güte der Vorschläge\n  quillmar --gelernt [--anwenden]     gelernte Zuordnungen\n  quillmar --gegenueber [--anwenden]  eigene Namen als Gegenüber berichtigen\n  quillmar --rechnungen [--anwenden]  Ein- und Ausgangsrechnungen berichtigen\n  quillmar --selbsttest               eingebaute Prüfung, nur für kleine Probeprofile\n  Mit --profil NAME für ein anderes als das erste Profil.\n\n  quillmar --version, quillmar --help",
+    u"Aufruf: quillmar [--profil NAME]\n  Öffnet das Fenster.\n\nOhne Fenster:\n  quillmar --analyse [--erneut]       Bestand aufnehmen, lesen, einordnen; danach der Bericht\n  quillmar --bericht                  Bestand (ohne Ausgenommenes) und Güte aller Vorschläge\n  quillmar --gelernt [--anwenden]     gelernte Zuordnungen\n  quillmar --gegenueber [--anwenden]  eigene Namen als Gegenüber berichtigen\n  quillmar --rechnungen [--anwenden]  Ein- und Ausgangsrechnungen berichtigen\n  quillmar --selbsttest               eingebaute Prüfung, nur für kleine Probeprofile\n  Mit --profil NAME für ein anderes als das erste Profil.\n\n  quillmar --version, quillmar --help",
     u"Aus einem Stapel Scans wird eine geordnete Ablage",
     u"Ausgenommen",
     u"Ausnahmen",

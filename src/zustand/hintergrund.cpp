@@ -31,10 +31,12 @@ QString Hintergrund::fehlersatz()
     }
 }
 
-void Briefkasten::einwerfen(std::function<void()> brief)
+void Briefkasten::einwerfen(std::function<void()> brief, const QString &sache)
 {
     const std::lock_guard sperre(m_schloss);
-    m_brief = std::move(brief);
+    if (!m_briefe.isEmpty() && m_briefe.last().first == sache)
+        m_briefe.removeLast();
+    m_briefe.emplaceBack(sache, std::move(brief));
     if (!m_empfaenger || m_unterwegs)
         return;
     m_unterwegs = true;
@@ -46,11 +48,13 @@ void Briefkasten::leeren()
 {
     std::unique_lock sperre(m_schloss);
     m_unterwegs = false;
-    const std::function<void()> brief = std::exchange(m_brief, {});
-    const bool zustellen = m_empfaenger && brief;
+    const auto briefe = std::exchange(m_briefe, {});
+    const bool zustellen = m_empfaenger;
     sperre.unlock();
-    if (zustellen)
-        brief();
+    for (const auto &[sache, brief] : briefe) {
+        if (zustellen)
+            brief();
+    }
 }
 
 void Briefkasten::schliessen()

@@ -58,16 +58,16 @@ void imHintergrund(QObject *empfaenger, Arbeit arbeit, Lieferung liefern)
 }
 
 /**
- * Carries progress from a worker to an object on the main thread. What comes faster than it is taken is skipped, but
- * for the newest. May outlive its receiver, who calls schliessen() first.
+ * Carries progress from a worker to an object on the main thread, in order. What comes faster than it is taken is
+ * skipped, but for the newest of each matter in a row. May outlive its receiver, who calls schliessen() first.
  */
 class Briefkasten : public std::enable_shared_from_this<Briefkasten>
 {
 public:
     explicit Briefkasten(QObject *empfaenger) : m_empfaenger(empfaenger) {}
 
-    /** From any thread: has @p brief called on the receiver's thread. */
-    void einwerfen(std::function<void()> brief);
+    /** From any thread: has @p brief called on the receiver's thread; @p sache is what it is about. */
+    void einwerfen(std::function<void()> brief, const QString &sache = {});
     /** Nothing is delivered from now on. */
     void schliessen();
 
@@ -76,6 +76,6 @@ private:
 
     std::mutex m_schloss;
     QObject *m_empfaenger;
-    std::function<void()> m_brief;
+    QList<std::pair<QString, std::function<void()>>> m_briefe;
     bool m_unterwegs = false;
 };

@@ -83,7 +83,8 @@ void Zustand::ladenBeginnen(const QString &modell)
     modellSetzen(stand);
     const auto menge = std::make_shared<std::pair<qint64, qint64>>();
     const auto melder = [this, briefe = m_ladebriefe, menge](const QString &text) {
-        briefe->einwerfen([this, text, m = *menge] { ladenMelden(text, m.first, m.second); });
+        // Each part has its line, however fast it went; of one part the newest is enough.
+        briefe->einwerfen([this, text, m = *menge] { ladenMelden(text, m.first, m.second); }, text.section(u' ', 0, 1));
     };
     imHintergrund(
         this,

@@ -185,6 +185,8 @@ void TestProtokollbuch::zeitKurz()
              QDateTime(QDate(2025, 1, 31), QTime(14, 5, 9), Qt::UTC).toLocalTime().toString(u"HH:mm:ss"_s));
     z.zeit = u"gestern"_s;
     QCOMPARE(z.zeitKurz(), u"gestern"_s);
+    z.zeit = u"2025-01-31"_s; // no time of day
+    QCOMPARE(z.zeitKurz(), u"2025-01-31"_s);
 }
 
 void TestProtokollbuch::nebenlaeufig()

@@ -87,6 +87,9 @@ private Q_SLOTS:
         QTest::newRow("zu lang") << QString(120, u'x') << 90 << QString(90, u'x');
         QTest::newRow("wahrgenommene Zeichen")
             << u"👨‍👩‍👧e\u0301e\u0304\u0301x"_s << 3 << u"👨‍👩‍👧éḗ"_s;
+        QTest::newRow("umgekehrte Schreibrichtung") << u"gpj.\u202Efdp\u2066x"_s << 60 << u"gpj.fdpx"_s;
+        QTest::newRow("unsichtbar") << u"\uFEFFRech\u00ADnung\u200B \u200Dneu\U000E0041"_s << 60 << u"Rechnung neu"_s;
+        QTest::newRow("Steuerzeichen") << u"a\u007Fb\u0085c\u009Bd"_s << 60 << u"a b c d"_s;
         QTest::newRow("NUL") << u"a"_s + QChar(u'\0') + u"b"_s << 60 << u"a b"_s;
     }
     void saeubern()

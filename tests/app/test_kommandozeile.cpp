@@ -270,6 +270,7 @@ void TestKommandozeile::statuszeile()
 {
     const QString zeile = Ausgabe::Statuszeile::zeile(u"Text lesen"_s, 0.5, u"12 von 24 gelesen"_s, u""_s, 100);
     QCOMPARE(zeile, u"Text lesen  [##########..........]  12 von 24 gelesen"_s);
+    QCOMPARE(Ausgabe::sichtbar(u"a\tb\n\x1b[31m\x7f\u009b\u202e\U000E0041ä"_s), u"a\tb\n␛[31m␡\uFFFD\uFFFD\uFFFDä"_s);
     QCOMPARE(Ausgabe::Statuszeile::zeile(u"Text lesen"_s, 7, u"m"_s, u"r"_s, 20).size(), 19);
 }
 

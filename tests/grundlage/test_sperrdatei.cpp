@@ -98,6 +98,15 @@ private Q_SLOTS:
         QCOMPARE(zuviel, 0);
     }
 
+    void einVerweisWirdNichtVerfolgt()
+    {
+        const QString ziel = m_ordner.filePath(u"ziel"_s);
+        const QString verweis = m_ordner.filePath(u"verweis"_s);
+        QVERIFY(QFile::link(ziel, verweis));
+        QVERIFY(!Sperrdatei::nehmen(verweis, 0ms));
+        QVERIFY(!QFile::exists(ziel));
+    }
+
     void ohneOrdnerKeineSperre() { QVERIFY(!Sperrdatei::nehmen(m_ordner.filePath(u"fehlt/sperre"_s), 0ms)); }
 };
 
