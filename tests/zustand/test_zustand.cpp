@@ -337,6 +337,23 @@ private Q_SLOTS:
         QCOMPARE(gefunden, arten);
     }
 
+    // Without a model nothing would come of it: the document keeps its reason until the run begins.
+    void wasGescheitertIstWirdErstMitDemDurchgangWiederGeoeffnet()
+    {
+        const qint64 id = m_b->dokument(u"a.pdf"_s);
+        m_b->sql(u"UPDATE dokumente SET fehler='Einordnung nicht möglich: x', vorschlag='a.pdf' WHERE id=?"_s, {id});
+        beginnen();
+        const QSignalSpy fraglich(m_z.get(), &Zustand::startFraglich);
+        m_z->erneutVersuchen(id);
+        QTRY_COMPARE(fraglich.size(), 1);
+        QCOMPARE(m_z->erbetenesDokument(), id);
+        QCOMPARE(m_b->lesen(id).status, u"bereit"_s);
+        QVERIFY(m_b->lesen(id).fehler);
+        m_z->durchgangStarten(Zustand::Durchgang::erneutLesen);
+        QTRY_COMPARE(m_b->lesen(id).status, u"neu"_s);
+        QTRY_VERIFY(!m_z->analyse()->laeuft());
+    }
+
     void ohneZielWirdNichtAbgelegt_data()
     {
         QTest::addColumn<QString>("ziel");
