@@ -28,6 +28,7 @@ void aufsuchen(Zustand &zustand, const QString &teil)
 
 void uebernehmen(Zustand &zustand)
 {
+    zustand.setzeUngesehen(false); // its card need not be in front
     zustand.uebernehmen();
     laufenBis([&] { return !zustand.beschaeftigt(); });
 }

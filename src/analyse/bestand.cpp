@@ -226,11 +226,16 @@ void ausgelassenesMelden(Lauf &lauf, const Bestand::Ergebnis &e)
         if (anzahl > 0)
             lauf.hinweis(gefuellt(muster, {QString::number(anzahl)}));
     };
-    melden(e.unlesbareNamen, Sprache::text(u"%@ Einträge ausgelassen: Name nicht lesbar, bitte umbenennen"_s));
-    melden(e.verweise, Sprache::text(u"%@ Verweise auf PDF-Dateien ausgelassen"_s));
+    melden(e.unlesbareNamen,
+           Sprache::text(e.unlesbareNamen, u"%@ Eintrag ausgelassen: Name nicht lesbar, bitte umbenennen"_s,
+                         u"%@ Einträge ausgelassen: Name nicht lesbar, bitte umbenennen"_s));
+    melden(e.verweise, Sprache::text(e.verweise, u"%@ Verweis auf eine PDF-Datei ausgelassen"_s,
+                                     u"%@ Verweise auf PDF-Dateien ausgelassen"_s));
     melden(e.doppelteNamen,
-           Sprache::text(u"%@ Dateien ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s));
-    melden(e.unlesbareOrdner, Sprache::text(u"%@ Ordner ließen sich nicht lesen"_s));
+           Sprache::text(e.doppelteNamen, u"%@ Datei ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s,
+                         u"%@ Dateien ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s));
+    melden(e.unlesbareOrdner, Sprache::text(e.unlesbareOrdner, u"%@ Ordner ließ sich nicht lesen"_s,
+                                            u"%@ Ordner ließen sich nicht lesen"_s));
 }
 
 void pruefsummenBilden(Lauf &lauf)
@@ -299,8 +304,10 @@ void Bestand::verzeichnen(Lauf &lauf)
         nichtErreichbar(lauf);
     if (!ergebnis.funde.isEmpty())
         Herkunft::merken(lauf.db(), lauf.profil());
-    lauf.fortschritt(gefuellt(Sprache::text(u"%@ PDF-Dateien gefunden"_s), {QString::number(ergebnis.funde.size())}), 0,
-                     1);
+    lauf.fortschritt(
+        gefuellt(Sprache::text(ergebnis.funde.size(), u"%@ PDF-Datei gefunden"_s, u"%@ PDF-Dateien gefunden"_s),
+                 {QString::number(ergebnis.funde.size())}),
+        0, 1);
     Abgleich::eintragen(lauf, ergebnis.funde);
     verwaisteDublettenFreigeben(lauf);
     ausgelassenesMelden(lauf, ergebnis);

@@ -13,9 +13,11 @@ QString restzeitText(std::chrono::duration<double> vergangen, qsizetype fertig, 
         return {};
     const double rest = vergangen.count() / double(fertig) * double(gesamt - fertig);
     if (rest < 90)
-        return gefuellt(Sprache::text(u"noch rund %@ Sekunden"_s), {QString::number(qint64(rest))});
+        return gefuellt(Sprache::text(qint64(rest), u"noch rund %@ Sekunde"_s, u"noch rund %@ Sekunden"_s),
+                        {QString::number(qint64(rest))});
     if (rest < 5400)
-        return gefuellt(Sprache::text(u"noch rund %@ Minuten"_s), {QString::number(qint64(rest / 60))});
+        return gefuellt(Sprache::text(qint64(rest / 60), u"noch rund %@ Minute"_s, u"noch rund %@ Minuten"_s),
+                        {QString::number(qint64(rest / 60))});
     QLocale gebiet;
     gebiet.setNumberOptions(QLocale::OmitGroupSeparator);
     return Sprache::text(u"noch rund %.1f Stunden"_s).replace("%.1f"_L1, gebiet.toString(rest / 3600, 'f', 1));

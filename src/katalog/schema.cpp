@@ -43,6 +43,8 @@ const QList<QString> &schemaAnweisungen()
         u"CREATE TABLE IF NOT EXISTS uebertragungen (name TEXT PRIMARY KEY, zeit TEXT);"_s,
         // Documents whose second opinion was asked for in vain; the program's own.
         u"CREATE TABLE IF NOT EXISTS zweitfragen (dokument_id INTEGER PRIMARY KEY, zeit TEXT);"_s,
+        // What the reviewer has typed and not filed yet.
+        u"CREATE TABLE IF NOT EXISTS entwuerfe (dokument_id INTEGER PRIMARY KEY, felder TEXT);"_s,
         u"CREATE INDEX IF NOT EXISTS i_ausgenommen ON dokumente(ausgenommen);"_s,
         // Serves the status counters and the search for waiting documents of one counterpart.
         u"CREATE INDEX IF NOT EXISTS i_zaehlen ON dokumente"

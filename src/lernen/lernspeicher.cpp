@@ -91,21 +91,22 @@ std::optional<Eintrag> Lernspeicher::vorschlag(const QString &gegenueber) const
 qint64 Lernspeicher::merken(const Dokument &dokument, const QString &vorher)
 {
     Transaktion transaktion(m_db);
-    qint64 angepasst = 0;
+    // The equation and the place may meet in one document.
+    QSet<qint64> angepasst;
     const QString alt = Lernregeln::schluessel(vorher);
     const QString neu = Lernregeln::schluessel(dokument.gegenueber);
     if (!dokument.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu) {
         gleichungMerken(alt, dokument.gegenueber);
-        angepasst += namenAngleichen(alt, dokument.gegenueber, dokument.id);
+        angepasst += angeglichene(alt, dokument.gegenueber, dokument.id);
     }
     if (neu.size() >= Lernregeln::kuerzesterSchluessel && !dokument.zweig.isEmpty()) {
         zuordnungMerken(neu, dokument);
         angepasst +=
-            anwenden(neu, dokument.gegenueber,
-                     {.zweig = dokument.zweig, .ablage = dokument.ablage, .rubrik = dokument.rubrik}, dokument.id);
+            versetzte(neu, dokument.gegenueber,
+                      {.zweig = dokument.zweig, .ablage = dokument.ablage, .rubrik = dokument.rubrik}, dokument.id);
     }
     transaktion.abschliessen();
-    return angepasst;
+    return angepasst.size();
 }
 
 void Lernspeicher::gleichungMerken(const QString &von, const QString &nach)
@@ -145,6 +146,11 @@ void Lernspeicher::zuordnungMerken(const QString &schluessel, const Dokument &do
 
 qint64 Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
 {
+    return versetzte(schluessel, name, ort, ausser).size();
+}
+
+QSet<qint64> Lernspeicher::versetzte(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
+{
     QList<Eintrag> eintraege = alle();
     const auto eigener =
         std::find_if(eintraege.begin(), eintraege.end(), [&](const Eintrag &e) { return e.schluessel == schluessel; });
@@ -161,24 +167,24 @@ qint64 Lernspeicher::anwenden(const QString &schluessel, const QString &name, co
     return aufWartende(eintraege, schluessel, ausser);
 }
 
-qint64 Lernspeicher::allesAnwenden() { return aufWartende(alle(), {}, 0); }
+qint64 Lernspeicher::allesAnwenden() { return aufWartende(alle(), {}, 0).size(); }
 
 /** @p nurSchluessel restricts to the counterparts that this key meets; empty means all. */
-qint64 Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser)
+QSet<qint64> Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser)
 {
     if (eintraege.isEmpty())
-        return 0;
+        return {};
     Transaktion transaktion(m_db);
-    qint64 anzahl = 0;
+    QSet<qint64> geaenderte;
     for (const QString &gegenueber : wartendeGegenueber(m_db)) {
         const QString schluessel = Lernregeln::schluessel(gegenueber);
         if (!nurSchluessel.isEmpty() && !Lernregeln::passt(nurSchluessel, schluessel))
             continue;
         if (const Eintrag *bester = Lernregeln::passender(eintraege, schluessel))
-            anzahl += eintragen(gegenueber, *bester, ausser);
+            geaenderte += eintragen(gegenueber, *bester, ausser);
     }
     transaktion.abschliessen();
-    return anzahl;
+    return geaenderte;
 }
 
 /** The taught rubric, or the invoice rubric that the document's text proves in its stead. */
@@ -191,11 +197,11 @@ QString Lernspeicher::rubrikFuer(qint64 dokument, const QString &gelernte) const
     return gelernte;
 }
 
-/** Gives the waiting documents of @p gegenueber the place of @p eintrag; returns how many changed. */
-qint64 Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser)
+/** Gives the waiting documents of @p gegenueber the place of @p eintrag; returns those that changed. */
+QSet<qint64> Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser)
 {
     const QString name = Lernregeln::darfErsetzen(eintrag.anzeige, gegenueber) ? eintrag.anzeige : gegenueber;
-    qint64 anzahl = 0;
+    QSet<qint64> geaenderte;
     for (const Zeile &zeile : wartendeVon(m_db, gegenueber)) {
         const qint64 id = zeile.ganz(u"id");
         if (id == ausser)
@@ -208,15 +214,20 @@ qint64 Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &eintrag
                   u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
                   "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
                   {name, eintrag.zweig, eintrag.ablage, rubrik, eintrag.schluessel, id});
-        ++anzahl;
+        geaenderte << id;
     }
-    return anzahl;
+    return geaenderte;
 }
 
 qint64 Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qint64 ausser)
 {
+    return angeglichene(von, nach, ausser).size();
+}
+
+QSet<qint64> Lernspeicher::angeglichene(const QString &von, const QString &nach, qint64 ausser)
+{
     Transaktion transaktion(m_db);
-    qint64 anzahl = 0;
+    QSet<qint64> geaenderte;
     for (const QString &gegenueber : wartendeGegenueber(m_db)) {
         if (gegenueber == nach || Lernregeln::schluessel(gegenueber) != von)
             continue;
@@ -225,11 +236,11 @@ qint64 Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qi
                 continue;
             schreiben(m_db, u"UPDATE dokumente SET gegenueber=?, ort_quelle='gelernt', gelernt_von=?\nWHERE id=?"_s,
                       {nach, von, zeile.ganz(u"id")});
-            ++anzahl;
+            geaenderte << zeile.ganz(u"id");
         }
     }
     transaktion.abschliessen();
-    return anzahl;
+    return geaenderte;
 }
 
 void Lernspeicher::schluesselUebertragen()

@@ -4,6 +4,7 @@
 #include "lernregeln.h"
 #include "rechnungsrichtung.h"
 
+#include <QSet>
 #include <optional>
 
 class Datenbank;
@@ -64,9 +65,12 @@ private:
     void gleichungUmschluesseln(const Zeile &zeile, const QString &neu);
     void gleichungMerken(const QString &von, const QString &nach);
     void zuordnungMerken(const QString &schluessel, const Dokument &dokument);
-    qint64 aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);
+    // The documents that changed.
+    QSet<qint64> versetzte(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser);
+    QSet<qint64> angeglichene(const QString &von, const QString &nach, qint64 ausser);
+    QSet<qint64> aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);
 
-    qint64 eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser);
+    QSet<qint64> eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser);
     [[nodiscard]] QString rubrikFuer(qint64 dokument, const QString &gelernte) const;
 
     Datenbank &m_db;

@@ -8,7 +8,9 @@
 #include "text.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <algorithm>
 
@@ -59,9 +61,31 @@ QList<Profil> vereint(QList<Profil> gespeichert, const QList<Profil> &stand, con
     return gespeichert;
 }
 
+QByteArray inhaltVon(const QString &pfad)
+{
+    QFile datei(pfad);
+    return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
+}
+
+/** An earlier copy of the same unreadable list. */
+QString gleicheDaneben(const QString &datei)
+{
+    const QFileInfo angaben(datei);
+    const QByteArray inhalt = inhaltVon(datei);
+    for (const QFileInfo &kopie :
+         angaben.dir().entryInfoList({angaben.fileName() + u" unlesbar *"_s}, QDir::Files, QDir::Time)) {
+        if (kopie.size() == angaben.size() && inhaltVon(kopie.filePath()) == inhalt)
+            return kopie.filePath();
+    }
+    return {};
+}
+
 /** Keeps an undecodable list under a name of its own; empty when even that fails. */
 QString beiseiteLegen(const QString &datei)
 {
+    // It is met at every start until the list is saved anew.
+    if (const QString vorhandene = gleicheDaneben(datei); !vorhandene.isEmpty())
+        return vorhandene;
     const QString zeit = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HHmmss"_s);
     for (int n = 1; n < 100; ++n) {
         QString ziel = datei + u" unlesbar "_s + zeit + (n > 1 ? u" (%1)"_s.arg(n) : QString());
@@ -106,6 +130,15 @@ Profilspeicher::Gefunden Profilspeicher::lesen()
     return {.profile = {},
             .unlesbar = true,
             .anmerkungen = {gefuellt(Sprache::text(u"Die Profilliste ist nicht lesbar: %@"_s), {datei()})}};
+}
+
+QString Profilspeicher::unlesbareSichern()
+{
+    QFile eingabe(datei());
+    if (!eingabe.exists() || (eingabe.open(QIODevice::ReadOnly) && Profilformat::lesen(eingabe.readAll())))
+        return {};
+    const QString kopie = beiseiteLegen(datei());
+    return kopie.isEmpty() ? datei() : kopie;
 }
 
 Profilspeicher::Gesichert Profilspeicher::sichern(const QList<Profil> &profile, const QList<Profil> &stand)

@@ -22,6 +22,12 @@ struct Gefunden {
 /** The stored list; empty when the file is missing or does not decode. */
 [[nodiscard]] QList<Profil> laden();
 
+/**
+ * Where a stored list that does not decode is kept: beside, under a dated name, once. Empty when there is no list or it
+ * decodes; the list's own path when it cannot be kept aside.
+ */
+[[nodiscard]] QString unlesbareSichern();
+
 /** What a saving did. */
 struct Gesichert {
     QList<Profil> profile; ///< the list as it is now stored, with what other programs have changed meanwhile

@@ -4,6 +4,7 @@
 #include "platte.h"
 #include "programmordner.h"
 #include "textkatalog.h"
+#include "uebertragung.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +14,7 @@
 #include <QSaveFile>
 #include <cstdio>
 #include <fcntl.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -57,6 +59,11 @@ Sprache &Sprache::sitzung()
 
 QString Sprache::text(const QString &deutsch) { return sitzung().nachschlagen(deutsch); }
 
+QString Sprache::text(qint64 zahl, const QString &einzahl, const QString &mehrzahl)
+{
+    return text(zahl == 1 ? einzahl : mehrzahl);
+}
+
 QString Sprache::nachschlagen(const QString &schluessel)
 {
     if (m_nurDeutsch)
@@ -72,21 +79,46 @@ void Sprache::laden()
 {
     // A broken file is not tried again until another language is chosen.
     m_geladen = true;
+    if (auto texte = spracheLesen(wirksameDatei()))
+        m_eintraege = std::move(*texte);
+}
+
+QString Sprache::wirksameDatei()
+{
     const QString kennung = wirksameKennung();
     for (const Sprachsatz &satz : verfuegbare()) {
-        if (satz.kennung != kennung)
-            continue;
-        if (auto texte = spracheLesen(satz.ort))
-            m_eintraege = std::move(*texte);
-        return;
+        if (satz.kennung == kennung)
+            return satz.ort;
     }
+    return {};
+}
+
+QString Sprache::nachgesprochen(const QString &satz)
+{
+    Sprache &selbst = sitzung();
+    const QMutexLocker halten(&selbst.m_sperre);
+    if (!selbst.m_geladen)
+        selbst.laden();
+    return uebertragen(satz, Textkatalog::alle(), selbst.m_vorige, selbst.m_eintraege);
+}
+
+bool Sprache::auffrischen()
+{
+    const auto neue = spracheLesen(wirksameDatei());
+    Sprache &selbst = sitzung();
+    const QMutexLocker halten(&selbst.m_sperre);
+    if (!neue || !selbst.m_geladen || *neue == selbst.m_eintraege)
+        return false;
+    selbst.m_vorige = std::exchange(selbst.m_eintraege, *neue);
+    return true;
 }
 
 void Sprache::verwerfen()
 {
     const QMutexLocker halten(&m_sperre);
+    if (m_geladen)
+        m_vorige = std::exchange(m_eintraege, {});
     m_geladen = false;
-    m_eintraege.clear();
 }
 
 QList<Sprachsatz> Sprache::verfuegbare() { return sprachsaetze(mitgelieferterOrdner(), eigenerOrdner()); }
@@ -108,8 +140,10 @@ QString Sprache::wirksameKennung()
     if (QString gewaehlt = gewaehlteKennung(); !gewaehlt.isEmpty())
         return gewaehlt;
     QStringList vorhandene;
-    for (const Sprachsatz &satz : verfuegbare())
-        vorhandene << satz.kennung;
+    for (const Sprachsatz &satz : verfuegbare()) {
+        if (satz.mangel.isEmpty())
+            vorhandene << satz.kennung;
+    }
     return kennungFuer({}, vorhandene, QLocale::system().uiLanguages());
 }
 

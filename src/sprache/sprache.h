@@ -18,6 +18,8 @@ class Sprache
 public:
     /** The text in the language in effect; @p deutsch itself where that has no translation. */
     [[nodiscard]] static QString text(const QString &deutsch);
+    /** The text for a count: @p einzahl where @p zahl is 1, else @p mehrzahl. Both are looked up like any other. */
+    [[nodiscard]] static QString text(qint64 zahl, const QString &einzahl, const QString &mehrzahl);
 
     /** All language files, read anew each time. */
     [[nodiscard]] static QList<Sprachsatz> verfuegbare();
@@ -25,6 +27,12 @@ public:
     /** The chosen code; empty: follow the system. Setting it takes effect at the next lookup. */
     [[nodiscard]] static QString gewaehlteKennung();
     static void setzeGewaehlteKennung(const QString &kennung);
+    /** Says a sentence again that was made before the language was changed last; see uebertragen(). */
+    [[nodiscard]] static QString nachgesprochen(const QString &satz);
+    /** Reads the file in use again. True when its texts are others now; one that does not decode changes nothing. */
+    static bool auffrischen();
+    /** The file of the language in effect; empty if there is none. */
+    [[nodiscard]] static QString wirksameDatei();
 
     /** The code in effect. There need not be a file for it; every text is German then. */
     [[nodiscard]] static QString wirksameKennung();
@@ -50,6 +58,7 @@ private:
 
     QMutex m_sperre;
     QHash<QString, QString> m_eintraege;
+    QHash<QString, QString> m_vorige; ///< of the language before
     bool m_geladen = false;
     std::atomic<bool> m_nurDeutsch = false;
 };

@@ -1,5 +1,7 @@
 #include "sprachsatz.h"
 
+#include "plattenfehler.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -11,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr auto schluesselName = "_sprache"_L1;
+
 void sammeln(const QString &ordner, bool eigen, QMap<QString, Sprachsatz> &saetze)
 {
     if (ordner.isEmpty())
@@ -22,8 +26,9 @@ void sammeln(const QString &ordner, bool eigen, QMap<QString, Sprachsatz> &saetz
             continue;
         const QString kennung = stamm.toLower();
         const auto texte = spracheLesen(datei.filePath());
-        const QString name = texte ? texte->value(u"_sprache"_s) : QString();
-        saetze[kennung] = {kennung, name.isEmpty() ? kennung.toUpper() : name, eigen, datei.filePath()};
+        const QString name = texte ? texte->value(schluesselName) : QString();
+        saetze[kennung] = {kennung, name.isEmpty() ? kennung.toUpper() : name, eigen, datei.filePath(),
+                           texte ? QString() : QUILLMAR_TEXT(u"Die Datei lässt sich nicht lesen"_s)};
     }
 }
 } // namespace

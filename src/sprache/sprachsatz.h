@@ -12,6 +12,7 @@ struct Sprachsatz {
     QString name;       ///< the file's own name for the language, else the code in capitals
     bool eigen = false; ///< from the user's own folder
     QString ort;        ///< path of the file
+    QString mangel;     ///< why it cannot be chosen, a key of the text lookup; empty if it can
     bool operator==(const Sprachsatz &) const = default;
 };
 

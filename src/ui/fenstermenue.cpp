@@ -66,10 +66,23 @@ void Fenstermenue::sprachenBauen()
 {
     QMenu *sprachen = addMenu(Sprache::text(u"Sprache"_s));
     sprachen->setObjectName(u"sprache"_s);
-    auto *gruppe = new QActionGroup(this);
-    const auto dazu = [&](const QString &kennung, const QString &name) {
-        QAction *wahl = sprachen->addAction(name);
+    m_sprachen = sprachen;
+    connect(sprachen, &QMenu::aboutToShow, this, &Fenstermenue::sprachenZeigen);
+    sprachenZeigen();
+}
+
+/** What lies in the folders now; a file that cannot be chosen says why. */
+void Fenstermenue::sprachenZeigen()
+{
+    m_sprachen->clear();
+    auto *gruppe = new QActionGroup(m_sprachen);
+    const auto dazu = [&](const QString &kennung, const QString &name, const QString &mangel) {
+        // What a file is called is no mnemonic.
+        QString zeile = name;
+        zeile.replace(u'&', u"&&"_s);
+        QAction *wahl = m_sprachen->addAction(mangel.isEmpty() ? zeile : zeile + u" – "_s + mangel);
         wahl->setObjectName(u"sprache-"_s + kennung);
+        wahl->setEnabled(mangel.isEmpty());
         wahl->setCheckable(true);
         wahl->setChecked(m_sprache->kennung() == kennung);
         gruppe->addAction(wahl);
@@ -78,10 +91,7 @@ void Fenstermenue::sprachenBauen()
             wahl, &QAction::triggered, m_sprache, [sprache = m_sprache, kennung] { sprache->waehlen(kennung); },
             Qt::QueuedConnection);
     };
-    dazu({}, Sprache::text(u"Wie das System"_s));
-    dazu(u"de"_s, u"Deutsch"_s);
-    for (const Sprachsatz &satz : Sprache::verfuegbare()) {
-        if (satz.kennung != u"de"_s)
-            dazu(satz.kennung, satz.name);
-    }
+    dazu({}, Sprache::text(u"Wie das System"_s), {});
+    for (const Sprachsatz &satz : Fenstersprache::angebot())
+        dazu(satz.kennung, satz.name, Sprache::text(/* QUILLMAR_TEXT */ satz.mangel));
 }

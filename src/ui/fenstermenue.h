@@ -20,7 +20,9 @@ Q_SIGNALS:
 private:
     void schriftBauen();
     void sprachenBauen();
+    void sprachenZeigen();
 
     Fenstersprache *m_sprache;
+    QMenu *m_sprachen = nullptr;
     QPointer<Handbuchfenster> m_handbuch;
 };

@@ -85,6 +85,8 @@ void Fusszeile::lageZeigen()
         rest.removeAll(QString());
         m_rest = rest.join(u" · "_s);
         m_anteil = analyse->anteil();
+    } else if (m_zustand->startWartet()) {
+        m_stufe = Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s);
     } else if (!m_notiz.isEmpty()) {
         m_stufe = m_notiz;
         m_symbol = tonzeichen(m_zustand->ton());

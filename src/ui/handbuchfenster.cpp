@@ -20,6 +20,13 @@ constexpr int bildbreite = 780;
 /** Beside the language files, installed and in the build tree. */
 QString handbuchordner() { return Sprache::mitgelieferterOrdner() + u"/../Handbuch"_s; }
 
+/** German for those who read German, English for all others. */
+QString handbuchdatei()
+{
+    const bool deutsch = Sprache::wirksameKennung().startsWith(u"de"_s);
+    return handbuchordner() + (deutsch ? u"/handbuch.md"_s : u"/handbook.md"_s);
+}
+
 /** Pictures no wider than the text. */
 class Lesetext : public QTextBrowser
 {
@@ -67,7 +74,7 @@ Handbuchfenster::Handbuchfenster(QWidget *eltern) : QWidget(eltern, Qt::Window),
 
 void Handbuchfenster::zeigen(const QString &kapitel)
 {
-    QFile datei(handbuchordner() + u"/handbuch.md"_s);
+    QFile datei(handbuchdatei());
     m_text->setMarkdown(datei.open(QIODevice::ReadOnly)
                             ? QString::fromUtf8(datei.readAll())
                             : Sprache::text(u"Das Handbuch fehlt: Die Installation ist unvollständig"_s));

@@ -7,6 +7,7 @@
 #include "fenstermenue.h"
 #include "fenstersprache.h"
 #include "fusszeile.h"
+#include "hilfetexte.h"
 #include "infofenster.h"
 #include "kopfleiste.h"
 #include "laufnachricht.h"
@@ -33,7 +34,7 @@ using namespace std::chrono_literals;
 
 namespace
 {
-constexpr QSize kleinste(1100, 700);
+constexpr QSize kleinste(1100, 600);
 constexpr QSize erste(1280, 860);
 constexpr auto auffrischung = 3s;
 constexpr auto laengstesWarten = 300ms; // for a catalogue that is slow to open
@@ -63,11 +64,13 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     : QMainWindow(eltern), m_zustand(zustand), m_sprache(sprache), m_profil(profil),
       m_aktualisierung(new Aktualisierung(this))
 {
+    Hilfetexte::anwenden();
     setObjectName(u"hauptfenster"_s);
     setMinimumSize(kleinste);
     resize(erste);
     restoreGeometry(Einstellungen::wert(schluesselOrt).toByteArray());
     aufbauen();
+    connect(m_sprache, &Fenstersprache::gewechselt, m_zustand, &Zustand::nachsprechen);
     connect(m_sprache, &Fenstersprache::gewechselt, this, &Hauptfenster::aufbauen);
     connect(m_sprache, &Fenstersprache::gewechselt, m_zustand, &Zustand::modellPruefen); // says it in the new one
     connect(m_zustand, &Zustand::aktivGeaendert, this, &Hauptfenster::titelSetzen);

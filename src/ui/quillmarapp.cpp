@@ -8,6 +8,7 @@
 #include "sprache.h"
 #include "zustand.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QIcon>
 #include <QLocale>
@@ -23,17 +24,26 @@ QFileDialog::Options dialogart()
     return wieDasSystem ? QFileDialog::Options() : QFileDialog::DontUseNativeDialog;
 }
 
-std::optional<QString> ordnerFragen(const QString &titel)
+/** The nearest folder on the way up from @p pfad that is there; a dialog begins anywhere else without it. */
+QString vorhandener(const QString &pfad)
 {
-    const QString ordner = QFileDialog::getExistingDirectory(QApplication::activeWindow(), titel, {},
+    QString ordner = pfad.isEmpty() ? QDir::homePath() : QDir::cleanPath(pfad);
+    while (!QFileInfo(ordner).isDir() && ordner != QFileInfo(ordner).path())
+        ordner = QFileInfo(ordner).path();
+    return ordner;
+}
+
+std::optional<QString> ordnerFragen(const QString &titel, const QString &beginn)
+{
+    const QString ordner = QFileDialog::getExistingDirectory(QApplication::activeWindow(), titel, vorhandener(beginn),
                                                              dialogart() | QFileDialog::ShowDirsOnly);
     return ordner.isEmpty() ? std::nullopt : std::optional(ordner);
 }
 
-std::optional<QString> protokollFragen(const QString &titel)
+std::optional<QString> protokollFragen(const QString &titel, const QString &beginn)
 {
     const QString datei =
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), titel, {},
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), titel, vorhandener(beginn),
                                      Sprache::text(u"Sitzungsprotokolle (*.jsonl)"_s), nullptr, dialogart());
     return datei.isEmpty() ? std::nullopt : std::optional(datei);
 }

@@ -59,13 +59,11 @@ Abschnittsstand herkunft(const Zustand &z)
     if (!z.bereitschaft()->quelle)
         return {.lage = Lage::gestoert, .zeile = Sprache::text(u"Ordner nicht erreichbar"_s)};
     const auto &quelle = z.einrichtung().quelle;
-    QString zeile =
-        quelle ? gefuellt(Sprache::text(u"%@ PDF"_s), {zahl(quelle->anzahl)}) : Sprache::text(u"PDF werden gezählt"_s);
+    QString zeile = quelle ? gefuellt(Sprache::text(quelle->anzahl, u"1 PDF"_s, u"%@ PDF"_s), {zahl(quelle->anzahl)})
+                           : Sprache::text(u"PDF werden gezählt"_s);
     const qsizetype ausnahmen = z.aktiv()->ausnahmen.size();
-    if (ausnahmen == 1)
-        zeile += u", "_s + Sprache::text(u"1 Ausnahme"_s);
-    else if (ausnahmen > 1)
-        zeile += u", "_s + gefuellt(Sprache::text(u"%@ Ausnahmen"_s), {zahl(ausnahmen)});
+    if (ausnahmen > 0)
+        zeile += u", "_s + gefuellt(Sprache::text(ausnahmen, u"%@ Ausnahme"_s, u"%@ Ausnahmen"_s), {zahl(ausnahmen)});
     return {.lage = quelle && quelle->anzahl == 0 && z.zaehlwerk() == Zaehlwerk() ? Lage::warnung : Lage::gut,
             .zeile = zeile};
 }
@@ -135,8 +133,10 @@ Abschnittsstand gelernt(const Zustand &z)
     const Gelerntes &g = z.einrichtung().gelerntes;
     if (g.zuordnungen.isEmpty() && g.gleichungen.isEmpty())
         return {.zeile = Sprache::text(u"noch nichts"_s)};
-    return {.zeile = gefuellt(Sprache::text(u"%@ Zuordnungen, %@ Namen"_s),
-                              {zahl(g.zuordnungen.size()), zahl(g.gleichungen.size())})};
+    const qsizetype orte = g.zuordnungen.size();
+    const qsizetype namen = g.gleichungen.size();
+    return {.zeile = gefuellt(Sprache::text(orte, u"%@ Zuordnung"_s, u"%@ Zuordnungen"_s), {zahl(orte)}) + u", "_s +
+                     gefuellt(Sprache::text(namen, u"%@ Name"_s, u"%@ Namen"_s), {zahl(namen)})};
 }
 } // namespace
 

@@ -25,12 +25,13 @@ std::optional<Dokument> gewaehltes(Datenbank &db, const Ablagewerk &werk, const 
         return dieses;
     if (auto sonst = wartendes(db, wunsch.sonst))
         return sonst;
-    return werk.naechstes(std::nullopt, {});
+    return werk.naechstes(wunsch.id, u"weiter"_s);
 }
 
 Pruefstueck vollstaendig(Datenbank &db, const Ablagewerk &werk, const Dokument &dokument)
 {
-    Pruefstueck stueck{.dokument = dokument, .aehnlich = std::nullopt};
+    Pruefstueck stueck{
+        .dokument = dokument, .ohneGegenueber = dokument.gegenueber.isEmpty(), .aehnlich = std::nullopt};
     stueck.hatText = !db.abfragen(u"SELECT 1 FROM texte WHERE dokument_id=? AND text<>''"_s, {dokument.id}).isEmpty();
     stueck.nachgeprueft = !db.abfragen(u"SELECT 1 FROM nachgeprueft WHERE dokument_id=?"_s, {dokument.id}).isEmpty();
     if (dokument.aehnlichZu)
@@ -38,21 +39,18 @@ Pruefstueck vollstaendig(Datenbank &db, const Ablagewerk &werk, const Dokument &
     return stueck;
 }
 
-/** What an accept shows next (the first waiting document but this one), then what the right arrow would. */
+/** What an accept and the right arrow show next: the one behind @p id, at the end the first. */
 QStringList folgende(Datenbank &db, qint64 id)
 {
-    QStringList pfade;
-    for (const Zeile &z :
-         db.abfragen(
-             u"SELECT pfad FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id<>? ORDER BY id LIMIT 1"_s,
-             {id}) +
-             db.abfragen(
-                 u"SELECT pfad FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id>? ORDER BY id LIMIT 1"_s,
-                 {id})) {
-        if (!pfade.contains(z.text(u"pfad")))
-            pfade << z.text(u"pfad");
+    for (const QString &wo : {u"id>?"_s, u"id<?"_s}) {
+        const QList<Zeile> zeilen =
+            db.abfragen(u"SELECT pfad FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND "_s + wo +
+                            u" ORDER BY id LIMIT 1"_s,
+                        {id});
+        if (!zeilen.isEmpty())
+            return {zeilen.first().text(u"pfad")};
     }
-    return pfade;
+    return {};
 }
 } // namespace
 

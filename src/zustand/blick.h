@@ -14,6 +14,7 @@ struct Pruefstueck {
     Dokument dokument;
     bool hatText = false;             ///< some text was read
     bool nachgeprueft = false;        ///< the larger model was asked and has answered
+    bool ohneGegenueber = false;      ///< the proposal has none, whatever the reviewer has made of it
     std::optional<Dokument> aehnlich; ///< the similar document; none if there is none or it is unknown
     bool operator==(const Pruefstueck &) const = default;
 };
@@ -21,9 +22,9 @@ struct Pruefstueck {
 /** Which document comes under review. */
 struct Wunsch {
     enum class Art {
-        Behalten, ///< the one with @c id while it waits, else the first waiting one
+        Behalten, ///< the one with @c id while it waits, else the next one behind it, at the end the first
         Weiter,   ///< from @c id in @c richtung; see Ablagewerk::naechstes()
-        Dieses,   ///< the one with @c id if it waits, else the one with @c sonst while it waits, else the first
+        Dieses,   ///< the one with @c id if it waits, else the one with @c sonst while it waits, else as above
     };
     Art art = Art::Behalten;
     std::optional<qint64> id;

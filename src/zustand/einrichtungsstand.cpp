@@ -98,9 +98,11 @@ Programmstand Programmstand::pruefen()
     return stand;
 }
 
-Quellstand Quellstand::zaehlen(const Profil &profil, const std::function<bool()> &halt)
+Quellstand Quellstand::zaehlen(const Profil &profil, const std::shared_ptr<Datenbank> &db,
+                               const std::function<bool()> &halt)
 {
-    const Bestand::Ergebnis ergebnis = Bestand::suchen(profil, {}, halt);
+    const Bestand::Eigenes eigenes = db ? Bestand::eigenesVon(*db, profil.quelle) : Bestand::Eigenes();
+    const Bestand::Ergebnis ergebnis = Bestand::suchen(profil, eigenes, halt);
     Quellstand stand{.anzahl = ergebnis.funde.size(),
                      .ausgelassen = ergebnis.verweise + ergebnis.unlesbareNamen + ergebnis.doppelteNamen,
                      .ausgenommen = ergebnis.ausgenommen,

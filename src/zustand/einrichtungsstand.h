@@ -38,8 +38,9 @@ struct Quellstand {
     QStringList ausgenommene = {}; ///< the first of them with the rule, for the user
     bool operator==(const Quellstand &) const = default;
 
-    /** Walks through the folder; blocks. */
-    [[nodiscard]] static Quellstand zaehlen(const Profil &profil, const std::function<bool()> &halt);
+    /** Walks through the folder; blocks. Counts what a run takes in: @p db (may be null) knows the program's copies. */
+    [[nodiscard]] static Quellstand zaehlen(const Profil &profil, const std::shared_ptr<Datenbank> &db,
+                                            const std::function<bool()> &halt);
 };
 
 /** What a name and a path template make of one document. */

@@ -2,8 +2,15 @@
 
 #include "einordnung.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
 namespace
 {
+constexpr auto vonHand = "jahrVonHand"_L1;
+
 QString Dokument::*stelle(Feld feld)
 {
     switch (feld) {
@@ -23,6 +30,16 @@ QString Dokument::*stelle(Feld feld)
         break;
     }
     return &Dokument::rubrik;
+}
+
+const QList<std::pair<Feld, QString>> &namen()
+{
+    static const QList<std::pair<Feld, QString>> liste = {
+        {Feld::Datum, u"datum"_s},   {Feld::Gegenueber, u"gegenueber"_s}, {Feld::Titel, u"titel"_s},
+        {Feld::Zweig, u"zweig"_s},   {Feld::Ablage, u"ablage"_s},         {Feld::Jahr, u"jahr"_s},
+        {Feld::Rubrik, u"rubrik"_s},
+    };
+    return liste;
 }
 } // namespace
 
@@ -70,4 +87,28 @@ void Entwurf::anwenden(Dokument &dokument) const
 {
     for (auto it = m_werte.begin(); it != m_werte.end(); ++it)
         dokument.*stelle(it.key()) = it.value();
+}
+
+QByteArray Entwurf::json() const
+{
+    QJsonObject objekt;
+    for (const auto &[feld, name] : namen()) {
+        if (m_werte.contains(feld))
+            objekt.insert(name, m_werte.value(feld));
+    }
+    if (m_jahrVonHand)
+        objekt.insert(vonHand, true);
+    return QJsonDocument(objekt).toJson(QJsonDocument::Compact);
+}
+
+Entwurf Entwurf::aus(const QByteArray &json)
+{
+    const QJsonObject objekt = QJsonDocument::fromJson(json).object();
+    Entwurf entwurf;
+    for (const auto &[feld, name] : namen()) {
+        if (objekt.value(name).isString())
+            entwurf.m_werte.insert(feld, objekt.value(name).toString());
+    }
+    entwurf.m_jahrVonHand = objekt.value(vonHand).toBool();
+    return entwurf;
 }

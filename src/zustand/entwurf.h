@@ -26,6 +26,11 @@ public:
     void anwenden(Dokument &dokument) const;
     [[nodiscard]] bool leer() const { return m_werte.isEmpty(); }
 
+    /** As it is kept in the catalogue: an object of the fields by their names. */
+    [[nodiscard]] QByteArray json() const;
+    [[nodiscard]] static Entwurf aus(const QByteArray &json);
+    bool operator==(const Entwurf &) const = default;
+
 private:
     void schreiben(Dokument &dokument, Feld feld, const QString &wert);
 

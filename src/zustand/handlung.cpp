@@ -58,8 +58,10 @@ Geschehen gefasst(const Arbeitsplatz &platz, const std::function<void(Geschehen 
 void zaehlerMelden(const Zaehler &zaehler, const QString &gegenueber, Geschehen &g)
 {
     if (zaehler.anzahl >= 1)
-        g.hinweise.prepend(gefuellt(Sprache::text(u"Gemerkt. %@ wartende Dokumente von %@ wurden angepasst."_s),
-                                    {QString::number(zaehler.anzahl), gegenueber}));
+        g.hinweise.prepend(
+            gefuellt(Sprache::text(zaehler.anzahl, u"Gemerkt. %@ wartendes Dokument von %@ wurde angepasst."_s,
+                                   u"Gemerkt. %@ wartende Dokumente von %@ wurden angepasst."_s),
+                     {QString::number(zaehler.anzahl), gegenueber}));
     if (zaehler.ohneProtokoll && g.buch)
         g.warnungen << Sprache::text(u"Die Bewegung ließ sich nicht ins Protokoll schreiben"_s);
 }
@@ -122,8 +124,11 @@ struct Ausraeumung {
     void melden(const Profil &profil, Geschehen &g) const
     {
         const QString zahl = QString::number(anzahl);
-        g.hinweise.prepend(profil.kopieren ? gefuellt(Sprache::text(u"%@ Dubletten werden nicht mitkopiert"_s), {zahl})
-                                           : gefuellt(Sprache::text(u"%@ Dubletten nach %@ verschoben"_s),
+        g.hinweise.prepend(profil.kopieren ? gefuellt(Sprache::text(anzahl, u"%@ Dublette wird nicht mitkopiert"_s,
+                                                                    u"%@ Dubletten werden nicht mitkopiert"_s),
+                                                      {zahl})
+                                           : gefuellt(Sprache::text(anzahl, u"%@ Dublette nach %@ verschoben"_s,
+                                                                    u"%@ Dubletten nach %@ verschoben"_s),
                                                       {zahl, profil.dublettenOrdner}));
         if (wiederNeu > 0)
             g.hinweise << gefuellt(Sprache::text(u"%@ sind keine Dubletten mehr: Das Original fehlt oder hat sich "

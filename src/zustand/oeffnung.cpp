@@ -56,5 +56,6 @@ Oeffnung Oeffnung::von(const Profil &profil)
         versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
     }
     o.blick = Blick::auf(o.db, profil, {});
+    o.entwuerfe = entwuerfeLesen(*o.db);
     return o;
 }

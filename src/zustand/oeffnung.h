@@ -1,12 +1,14 @@
 #pragma once
 
 #include "blick.h"
+#include "entwuerfe.h"
 
 /** A freshly opened catalogue with what the interface shows first. */
 struct Oeffnung {
     std::shared_ptr<Datenbank> db;
     QStringList hinweise;
     Blick blick;
+    Entwurfsliste entwuerfe;
 
     /**
      * Opens or makes the profile's catalogue, settles what a crash left open and applies the exclusion rules. Blocks,

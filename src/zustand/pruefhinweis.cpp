@@ -44,7 +44,7 @@ private:
 
     void zumGegenueber()
     {
-        if (m_dokument.gegenueber.isEmpty() && m_stueck.hatText && !m_dokument.fehler)
+        if (m_stueck.ohneGegenueber && m_dokument.gegenueber.isEmpty() && m_stueck.hatText && !m_dokument.fehler)
             dazu(Art::KeinGegenueber, Sprache::text(u"Kein Gegenüber gefunden. Im Dokument stand nur dein eigener "
                                                     "Name, die andere Seite ließ sich nicht bestimmen."_s));
     }

@@ -21,8 +21,8 @@ const QList<Eintrag> &tabelle()
          QUILLMAR_TEXT(u"Vorbereitung: benötigte Programme, Herkunftsordner, Ausnahmen, Benennungsmuster und "
                        "Zielstruktur festlegen"_s)},
         {Reiter::ablauf, u"ablauf"_s, QUILLMAR_TEXT(u"Ablauf"_s), u"play.circle"_s,
-         QUILLMAR_TEXT(u"Den Durchgang starten und überwachen. Hier wird auch entschieden, ob Dateien verschoben oder "
-                       "kopiert werden"_s)},
+         QUILLMAR_TEXT(u"Den Durchgang starten und überwachen. Ob Dateien verschoben oder kopiert werden, "
+                       "bestimmt der Schalter rechts oben"_s)},
         {Reiter::pruefen, u"pruefen"_s, QUILLMAR_TEXT(u"Prüfen"_s), u"doc.text.magnifyingglass"_s,
          QUILLMAR_TEXT(u"Jedes Dokument einzeln ansehen, den Vorschlag bestätigen oder ändern"_s)},
         {Reiter::protokoll, u"protokoll"_s, QUILLMAR_TEXT(u"Protokoll"_s), u"clock.arrow.circlepath"_s,

@@ -18,6 +18,7 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr auto schluesselTeilung = "teilung"_L1;
+constexpr auto schluesselOrdner = "ordner"_L1;
 constexpr double halbe = 0.5;
 constexpr double kleinsteTeilung = 0.25;
 constexpr double groessteTeilung = 0.75;
@@ -46,6 +47,8 @@ Zustand::Zustand(QObject *vater)
 {
     const Profilspeicher::Gefunden gefunden = Profilspeicher::lesen();
     m_profile = gefunden.profile;
+    if (gefunden.unlesbar)
+        m_unlesbareProfile = Profilspeicher::unlesbareSichern();
     m_sicherung->standSetzen(m_profile);
     m_vorab = gefunden.anmerkungen;
     if (gefunden.unlesbar) // nothing will open that could say it
@@ -66,6 +69,7 @@ Zustand::~Zustand()
     m_halt.request_stop();
     m_ladeende.request_stop();
     m_zaehlende.request_stop();
+    m_entwuerfe.sichern();
     for (const auto &lauf : m_auslaufende)
         lauf->sofortBeenden();
     if (m_analyse)
@@ -105,6 +109,7 @@ void Zustand::aktivieren(const QUuid &id)
 void Zustand::oeffnen(const Profil &profil)
 {
     m_oeffnet = true;
+    m_katalogfehler.clear();
     Q_EMIT oeffnetGeaendert();
     imHintergrund(
         this, [profil] { return Oeffnung::von(profil); },
@@ -112,10 +117,12 @@ void Zustand::oeffnen(const Profil &profil)
             if (nummer != m_oeffnung)
                 return; // another profile was chosen meanwhile
             m_oeffnet = false;
-            if (ausgang.wert)
+            if (ausgang.wert) {
                 geoeffnet(profil.id, *ausgang.wert);
-            else
+            } else {
+                m_katalogfehler = m_db ? QString() : ausgang.fehler; // else the former one stays in use
                 melden(ausgang.fehler);
+            }
             Q_EMIT oeffnetGeaendert();
         });
 }
@@ -132,7 +139,9 @@ void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
     m_spaeter = {}; // meant a document of the other catalogue
     m_aktiv = *gewaehlt;
     m_db = oeffnung.db;
+    m_entwuerfe.wechseln(id, m_db, oeffnung.entwuerfe);
     m_buch.reset();
+    m_protokollmangel.clear();
     m_rueckweg.reset();
     m_bereitschaft.reset();
     ++m_blickfrage;
@@ -150,6 +159,14 @@ void Zustand::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
     protokolleListen();
     nacharbeitLesen();
     Q_EMIT gelerntGeaendert();
+}
+
+QString Zustand::katalogdatei() const { return m_aktiv ? Profilspeicher::katalogDatei(*m_aktiv) : QString(); }
+
+void Zustand::erneutOeffnen()
+{
+    if (m_aktiv && !m_db && !m_oeffnet)
+        oeffnen(*m_aktiv);
 }
 
 void Zustand::neuesProfil()
@@ -246,6 +263,19 @@ void Zustand::melden(const QString &hinweis, Ton ton)
     Q_EMIT hinweisGeaendert();
 }
 
+void Zustand::nachsprechen()
+{
+    for (QString *satz : {&m_hinweis, &m_geschehen, &m_vorgang, &m_rueckbauMeldung, &m_protokollmangel,
+                          &m_katalogfehler, &m_einrichtung.strukturmeldung})
+        *satz = Sprache::nachgesprochen(*satz);
+    for (QList<Rueckbaubefund> *befunde : {&m_rueckbauBilanz.fehler, &m_rueckbauBilanz.uebersprungen}) {
+        for (Rueckbaubefund &befund : *befunde)
+            befund.grund = Sprache::nachgesprochen(befund.grund);
+    }
+    Q_EMIT hinweisGeaendert();
+    Q_EMIT rueckbauGeaendert();
+}
+
 QStringList Zustand::meldungen() const
 {
     QStringList beide = m_hinweisIstNeuer ? QStringList{m_hinweis, m_geschehen} : QStringList{m_geschehen, m_hinweis};
@@ -290,7 +320,21 @@ void Zustand::setzeTeilung(double teilung)
     Q_EMIT teilungGeaendert();
 }
 
-std::optional<QString> Zustand::ordnerWaehlen(const QString &titel)
+std::optional<QString> Zustand::ordnerWaehlen(const QString &titel, const QString &zweck, const QString &sonst)
 {
-    return ordnerwaehler ? ordnerwaehler(titel) : std::nullopt;
+    if (!ordnerwaehler)
+        return std::nullopt;
+    const QString eigener = schluesselOrdner + u'/' + zweck;
+    QString beginn = zweck.isEmpty() ? QString() : Einstellungen::wert(eigener).toString();
+    for (const QString &ordner : {sonst, Einstellungen::wert(schluesselOrdner).toString()}) {
+        if (beginn.isEmpty())
+            beginn = ordner;
+    }
+    auto gewaehlt = ordnerwaehler(titel, beginn);
+    if (gewaehlt) {
+        Einstellungen::setzen(schluesselOrdner, *gewaehlt);
+        if (!zweck.isEmpty())
+            Einstellungen::setzen(eigener, *gewaehlt);
+    }
+    return gewaehlt;
 }

@@ -3,7 +3,7 @@
 #include "abschnitt.h"
 #include "bereitschaft.h"
 #include "einrichtungsstand.h"
-#include "entwurf.h"
+#include "entwuerfe.h"
 #include "handlung.h"
 #include "laufbild.h"
 #include "modellstand.h"
@@ -57,6 +57,12 @@ public:
     void sichern();
     /** A catalogue is being opened; the fields still belong to the former one. */
     [[nodiscard]] bool oeffnet() const { return m_oeffnet; }
+    /** Why the active profile's catalogue did not open, for the user; empty while one is open or being opened. */
+    [[nodiscard]] const QString &katalogfehler() const { return m_katalogfehler; }
+    [[nodiscard]] QString katalogdatei() const;
+    void erneutOeffnen();
+    /** Where a list of profiles that could not be read at the start is kept; empty if there was none. */
+    [[nodiscard]] const QString &unlesbareProfile() const { return m_unlesbareProfile; }
     /** A profile is active and its catalogue open. */
     [[nodiscard]] bool offen() const { return m_db && m_aktiv; }
     [[nodiscard]] bool bereitZumStart() const { return m_bereitschaft && m_bereitschaft->vollstaendig(); }
@@ -109,6 +115,9 @@ public:
     void zielBestaetigen();
     /** Stops a long deed, or the turning back of a session, after what is in hand; meanwhile @p vorgang is told. */
     void anhalten(const QString &vorgang = {});
+    /** A long deed is under way that anhalten() ends after the document in hand. */
+    [[nodiscard]] bool anhaltbar() const { return m_anhaltbar && !m_halt.stop_requested(); }
+    [[nodiscard]] bool raeumtAus() const { return m_anhaltbar; }
     [[nodiscard]] bool beschaeftigt() const { return m_beschaeftigt || m_rueckbauLaeuft; }
     /** The document under review is being filed, skipped or set aside: changes to its fields would come too late. */
     [[nodiscard]] bool angabenFest() const { return m_angabenFest; }
@@ -131,6 +140,8 @@ public:
     /** letztenSchrittZurueck() has something to take back. */
     [[nodiscard]] bool hatBewegung() const { return m_blick.bewegt; }
     void melden(const QString &hinweis, Ton ton = Ton::warnung);
+    /** Another language was chosen: says again what was said. */
+    void nachsprechen();
 
     // The analysis; null without an open catalogue
     [[nodiscard]] const Analyse *analyse() const { return m_analyse.get(); }
@@ -149,6 +160,8 @@ public:
     [[nodiscard]] std::optional<qint64> erbetenesDokument() const { return m_erneutNur; }
     /** It is being looked whether the model is there. */
     [[nodiscard]] bool startErbeten() const { return m_erbeten.has_value(); }
+    /** That takes long enough to be said. */
+    [[nodiscard]] bool startWartet() const { return startErbeten() && m_startWartet; }
     void durchgangAnhalten();
     [[nodiscard]] const Laufbild &laufbild() const { return m_laufbild; }
     /** What the last run came to. */
@@ -186,6 +199,8 @@ public:
     [[nodiscard]] Ton rueckbauTon() const { return m_rueckbauTon; }
     /** What the last turning back of the shown log came to. */
     [[nodiscard]] const Bilanz &rueckbauBilanz() const { return m_rueckbauBilanz; }
+    /** Why the running session's log does not hold its last movement, for the user; empty when it does. */
+    [[nodiscard]] const QString &protokollmangel() const { return m_protokollmangel; }
     /** The running session's log; null before the first movement. */
     [[nodiscard]] const Protokollbuch *laufendesBuch() const { return m_buch.get(); }
     void protokolleListen();
@@ -236,9 +251,13 @@ public:
     [[nodiscard]] double teilung() const { return m_teilung; }
     void setzeTeilung(double teilung);
 
-    /** Asks for a folder; none when cancelled. The interface (or a test) answers through the choosers below. */
-    [[nodiscard]] static std::optional<QString> ordnerWaehlen(const QString &titel);
-    using Waehler = std::function<std::optional<QString>(const QString &titel)>;
+    /**
+     * Asks for a folder; none when cancelled. The question begins in the folder that was last chosen for @p zweck, else
+     * in @p sonst, else where anything was chosen last. The interface (or a test) answers through the choosers below.
+     */
+    [[nodiscard]] static std::optional<QString> ordnerWaehlen(const QString &titel, const QString &zweck = {},
+                                                              const QString &sonst = {});
+    using Waehler = std::function<std::optional<QString>(const QString &titel, const QString &beginn)>;
     static Waehler ordnerwaehler;
     static Waehler protokollwaehler;
 
@@ -305,8 +324,6 @@ private:
     void freigeben();
     void zeigen(const Blick &blick);
     void auffrischen(const Blick &blick);
-    /** The drafts of the active profile. */
-    [[nodiscard]] QHash<qint64, Entwurf> &entwuerfe() { return m_entwuerfe[m_aktiv ? m_aktiv->id : QUuid()]; }
     void stueckSetzen(std::optional<Pruefstueck> stueck);
     void vorgangSetzen(const QString &text, double anteil);
     void modellSetzen(const Modellstand &stand);
@@ -332,6 +349,7 @@ private:
     Laufbild m_laufbild;
     Laufende m_laufende;
     std::optional<Durchgang> m_erbeten;
+    bool m_startWartet = false;
     std::optional<qint64> m_erneutNur; ///< of the run asked for
     Nacharbeit m_nacharbeit;
     bool m_liestNacharbeit = false;
@@ -340,18 +358,21 @@ private:
 
     quint64 m_oeffnung = 0; ///< counts the openings; what an earlier one asked for is not shown any more
     bool m_oeffnet = false;
+    QString m_katalogfehler;
+    QString m_unlesbareProfile;
     bool m_ersteWahl = true; ///< nobody has chosen a card yet
     std::optional<Bereitschaft> m_bereitschaft;
     quint64 m_bereitschaftsfrage = 0;
 
     Blick m_blick;
-    std::optional<Pruefstueck> m_stueck;              ///< m_blick's document with the reviewer's changes
-    QHash<QUuid, QHash<qint64, Entwurf>> m_entwuerfe; ///< by profile and document
+    std::optional<Pruefstueck> m_stueck; ///< m_blick's document with the reviewer's changes
+    Entwuerfe m_entwuerfe;
     bool m_partnerZeigen = false;
     bool m_ungesehen = false;
 
     bool m_beschaeftigt = false;
     bool m_angabenFest = false;
+    bool m_anhaltbar = false;
     bool m_blickt = false;
     quint64 m_blickfrage = 0; ///< counts what changes the document under review; an older look is not shown any more
     std::function<void()> m_spaeter; ///< the deed asked for meanwhile
@@ -384,6 +405,7 @@ private:
     std::stop_source m_zaehlende;
 
     std::shared_ptr<Protokollbuch> m_buch;
+    QString m_protokollmangel;
     QStringList m_protokollDateien;
     std::optional<QString> m_protokollDatei;
     std::optional<Protokollkopf> m_protokollKopf;

@@ -106,10 +106,10 @@ void Zustand::quelleZaehlen()
     m_einrichtung.zaehlt = true;
     imHintergrund(
         this,
-        [profil = *m_aktiv, ende = m_zaehlende.get_token()]() -> std::optional<Quellstand> {
+        [profil = *m_aktiv, db = m_db, ende = m_zaehlende.get_token()]() -> std::optional<Quellstand> {
             if (profil.quelle.isEmpty() || !istOrdner(QDir::cleanPath(profil.quelle)))
                 return std::nullopt;
-            return Quellstand::zaehlen(profil, [ende] { return ende.stop_requested(); });
+            return Quellstand::zaehlen(profil, db, [ende] { return ende.stop_requested(); });
         },
         [this, nummer = m_zaehlfrage](const Ausgang<std::optional<Quellstand>> &ausgang) {
             if (nummer != m_zaehlfrage)
@@ -209,7 +209,10 @@ QString Zustand::ausnahmeAufnehmen(const QString &regel)
 
 QString Zustand::ausnahmeWaehlen()
 {
-    const auto ordner = ordnerWaehlen(Sprache::text(u"Ordner wählen, der in Ruhe gelassen wird"_s));
+    if (!m_aktiv)
+        return {};
+    const auto ordner = ordnerWaehlen(Sprache::text(u"Ordner wählen, der in Ruhe gelassen wird"_s),
+                                      u"ausnahme-"_s + m_aktiv->id.toString(QUuid::WithoutBraces), m_aktiv->quelle);
     if (!ordner || !m_aktiv)
         return {};
     const auto regel = m_aktiv->regelFuer(*ordner);
@@ -297,7 +300,6 @@ void Zustand::profilEntfernen(const QUuid &id)
     if (beschaeftigt() || m_oeffnet)
         return melden(Sprache::text(u"Das geht erst, wenn fertig ist, was gerade läuft"_s));
     m_profile.erase(stelle);
-    m_entwuerfe.remove(id);
     const bool warAktiv = m_aktiv && m_aktiv->id == id;
     if (warAktiv)
         profilSchliessen();
@@ -317,7 +319,10 @@ void Zustand::profilSchliessen()
     m_spaeter = {};
     m_aktiv.reset();
     m_db.reset();
+    m_katalogfehler.clear();
+    m_entwuerfe.schliessen();
     m_buch.reset();
+    m_protokollmangel.clear();
     m_rueckweg.reset();
     m_bereitschaft.reset();
     m_geschehen.clear();

@@ -3,8 +3,16 @@
 #include "hintergrund.h"
 #include "zustand.h"
 
+#include <QTimer>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using std::chrono::steady_clock;
+
+namespace
+{
+constexpr auto merklich = 200ms; // what takes longer is named
+}
 
 void Zustand::analyseAnlegen()
 {
@@ -83,8 +91,14 @@ void Zustand::durchgangErbitten(Durchgang art, std::optional<qint64> nurDies)
         return;
     m_erneutNur = nurDies;
     m_erbeten = art;
+    m_startWartet = false;
     Q_EMIT laufGeaendert();
     modellPruefen();
+    QTimer::singleShot(merklich, this, [this] {
+        m_startWartet = m_erbeten.has_value();
+        if (m_startWartet)
+            Q_EMIT laufGeaendert();
+    });
 }
 
 void Zustand::erbetenesStarten()

@@ -1,12 +1,17 @@
+#include "einstellungen.h"
 #include "hintergrund.h"
 #include "sprache.h"
 #include "text.h"
 #include "zustand.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
+constexpr auto schluesselOrdner = "ordner/protokolldatei"_L1;
+
 struct Sitzung {
     std::optional<Protokollkopf> kopf;
     QList<Protokollzeile> zeilen;
@@ -92,8 +97,14 @@ void Zustand::protokollDateiWaehlen()
 {
     if (!protokollwaehler)
         return;
-    if (const auto datei = protokollwaehler(Sprache::text(u"Protokolldatei einer früheren Sitzung wählen"_s)))
-        protokollWaehlen(datei);
+    QString beginn = Einstellungen::wert(schluesselOrdner).toString();
+    if (beginn.isEmpty() && m_aktiv)
+        beginn = m_aktiv->protokollURL().value_or(QString());
+    const auto datei = protokollwaehler(Sprache::text(u"Protokolldatei einer früheren Sitzung wählen"_s), beginn);
+    if (!datei)
+        return;
+    Einstellungen::setzen(schluesselOrdner, QFileInfo(*datei).path());
+    protokollWaehlen(datei);
 }
 
 void Zustand::protokollZurueckdrehen()
@@ -136,16 +147,13 @@ void Zustand::rueckbauFertig(const Bilanz &bilanz)
     if (!bilanz.uebersprungen.isEmpty())
         teile << gefuellt(Sprache::text(u"%@ übersprungen"_s), {QString::number(bilanz.uebersprungen.size())});
     if (fehler >= 1)
-        teile << gefuellt(Sprache::text(u"%@ Fehler"_s), {QString::number(fehler)});
+        teile << gefuellt(Sprache::text(fehler, u"1 Fehler"_s, u"%@ Fehler"_s), {QString::number(fehler)});
     m_rueckbauMeldung = teile.join(u", "_s);
     m_rueckbauTon = fehler >= 1 || !bilanz.uebersprungen.isEmpty() ? Ton::warnung : Ton::gut;
     // Its entries are numbers of lines: another log that was chosen meanwhile has other lines.
     if (m_protokollDatei == m_rueckbauDatei)
         m_rueckbauBilanz = bilanz;
     m_rueckbauLaeuft = false;
-    // What comes now is a session of its own.
-    if (m_buch && m_protokollDatei == m_buch->datei())
-        m_buch.reset();
     m_rueckweg.reset();
     m_geschehen.clear();
     Q_EMIT rueckbauGeaendert();

@@ -44,7 +44,7 @@ void Zustand::feldSetzen(Feld feld, const QString &wert)
     if (!m_stueck || !m_aktiv || feldwert(m_stueck->dokument, feld) == wert)
         return;
     if (!m_angabenFest)
-        entwuerfe()[m_stueck->dokument.id].setzen(m_stueck->dokument, feld, wert, *m_aktiv);
+        m_entwuerfe.aendern(m_stueck->dokument.id).setzen(m_stueck->dokument, feld, wert, *m_aktiv);
     Q_EMIT angabenGeaendert();
 }
 
@@ -54,7 +54,7 @@ void Zustand::altenOrtBehalten()
         return;
     if (const auto ort = heutigerOrt(m_stueck->dokument, *m_aktiv)) {
         Dokument &dokument = m_stueck->dokument;
-        entwuerfe()[dokument.id].ortSetzen(dokument, *ort, m_aktiv->jahrIn(dokument.altOrdner));
+        m_entwuerfe.aendern(dokument.id).ortSetzen(dokument, *ort, m_aktiv->jahrIn(dokument.altOrdner));
         Q_EMIT angabenGeaendert();
     }
 }
@@ -120,11 +120,8 @@ void Zustand::zeigen(const Blick &blick)
 
 void Zustand::stueckSetzen(std::optional<Pruefstueck> stueck)
 {
-    if (stueck) {
-        const auto &entwuerfe = this->entwuerfe();
-        if (const auto entwurf = entwuerfe.constFind(stueck->dokument.id); entwurf != entwuerfe.cend())
-            entwurf->anwenden(stueck->dokument);
-    }
+    if (const Entwurf *entwurf = stueck ? m_entwuerfe.suchen(stueck->dokument.id) : nullptr)
+        entwurf->anwenden(stueck->dokument);
     if (stueck == m_stueck)
         return;
     const bool dasselbe = stueck && m_stueck && stueck->dokument.id == m_stueck->dokument.id;
@@ -161,7 +158,7 @@ void Zustand::uebernehmen()
     const QString vorgang = m_aktiv && m_aktiv->kopieren ? Sprache::text(u"Datei wird kopiert"_s)
                                                          : Sprache::text(u"Datei wird verschoben"_s);
     handeln([dokument](const Arbeitsplatz &platz) { return Handlung::uebernehmen(platz, dokument); },
-            Wunsch::weiter(dokument.id, {}), vorgang);
+            Wunsch::weiter(dokument.id, u"weiter"_s), vorgang);
 }
 
 void Zustand::zuruecklegen()
@@ -169,7 +166,7 @@ void Zustand::zuruecklegen()
     if (zuFrueh())
         return;
     handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::zuruecklegen(platz, d); },
-            Wunsch::weiter(m_stueck->dokument.id, {}), {});
+            Wunsch::weiter(m_stueck->dokument.id, u"weiter"_s), {});
 }
 
 void Zustand::aussortieren()
@@ -177,7 +174,7 @@ void Zustand::aussortieren()
     if (zuFrueh())
         return;
     handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::aussortieren(platz, d); },
-            Wunsch::weiter(m_stueck->dokument.id, {}), Sprache::text(u"Datei wird verschoben"_s));
+            Wunsch::weiter(m_stueck->dokument.id, u"weiter"_s), Sprache::text(u"Datei wird verschoben"_s));
 }
 
 void Zustand::rueckgaengig()
@@ -240,6 +237,7 @@ void Zustand::dublettenAusraeumen()
     if (beschaeftigt())
         return warten([this] { dublettenAusraeumen(); });
     const QString vorgang = Sprache::text(u"Dubletten werden beiseitegelegt"_s);
+    m_anhaltbar = kannHandeln();
     handeln([melder = vorgangMelder(vorgang)](
                 const Arbeitsplatz &platz) { return Handlung::dublettenAusraeumen(platz, melder); },
             {}, vorgang);
@@ -270,6 +268,8 @@ void Zustand::anhalten(const QString &vorgang)
 {
     m_spaeter = {}; // nothing new begins
     m_halt.request_stop();
+    if (m_anhaltbar)
+        Q_EMIT beschaeftigtGeaendert();
     if (m_beschaeftigt && !vorgang.isEmpty())
         vorgangSetzen(vorgang, 0);
 }
@@ -316,8 +316,10 @@ void Zustand::tatFertig(const Tatfolge &folge)
     const Geschehen &g = folge.geschehen;
     const bool neuesBuch = g.buch != m_buch;
     m_buch = g.buch;
+    if (g.gelungen)
+        m_protokollmangel = g.warnungen.join(u' ');
     if (g.uebernommen)
-        entwuerfe().remove(*g.uebernommen); // whatever else is done with a document, what was typed stays
+        m_entwuerfe.verwerfen(*g.uebernommen); // whatever else is done with a document, what was typed stays
     m_geschehen = g.text;
     m_rueckweg = g.rueckweg;
     // Another document stands there now: it is not the one that this is about.
@@ -349,6 +351,7 @@ void Zustand::freigeben()
 {
     m_beschaeftigt = false;
     m_angabenFest = false;
+    m_anhaltbar = false;
     vorgangSetzen({}, 0);
     Q_EMIT beschaeftigtGeaendert();
     if (const auto spaeter = std::exchange(m_spaeter, {}))

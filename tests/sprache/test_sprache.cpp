@@ -2,6 +2,7 @@
 #include "programmordner.h"
 #include "sprache.h"
 #include "textkatalog.h"
+#include "uebertragung.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -86,10 +87,10 @@ private Q_SLOTS:
         QVERIFY(QDir(eigen.path()).mkpath(u"ordner.json"_s));
         QCOMPARE(::mkfifo(eigen.filePath(u"rohr.json"_s).toUtf8().constData(), 0600), 0);
         const QList<Sprachsatz> erwartet{
-            {u"en"_s, u"Anglais"_s, true, eigen.filePath(u"EN.JSON"_s)},
-            {u"de"_s, u"Deutsch"_s, false, mit.filePath(u"de.json"_s)},
-            {u"pt.br"_s, u"PT.BR"_s, true, eigen.filePath(u"pt.br.json"_s)},
-            {u"zz"_s, u"ZZ"_s, true, eigen.filePath(u"zz.json"_s)},
+            {u"en"_s, u"Anglais"_s, true, eigen.filePath(u"EN.JSON"_s), {}},
+            {u"de"_s, u"Deutsch"_s, false, mit.filePath(u"de.json"_s), {}},
+            {u"pt.br"_s, u"PT.BR"_s, true, eigen.filePath(u"pt.br.json"_s), {}},
+            {u"zz"_s, u"ZZ"_s, true, eigen.filePath(u"zz.json"_s), u"Die Datei lässt sich nicht lesen"_s},
         };
         QCOMPARE(sprachsaetze(mit.path(), eigen.path()), erwartet);
         QCOMPARE(kennungen(sprachsaetze({}, u"/gibt/es/nicht"_s)), QStringList{});
@@ -114,6 +115,53 @@ private Q_SLOTS:
         QCOMPARE(Sprache::text(u"Ja"_s), u"Ja"_s);
         QCOMPARE(Sprache::wirksameKennung(), u"de"_s);
         QVERIFY(!Einstellungen::wert(u"AppleLanguages"_s).isValid());
+    }
+
+    /** A file that is edited is read again; one that is broken meanwhile changes nothing. */
+    void eineGeaenderteDateiGilt()
+    {
+        const QString ort = Sprache::eigenerOrdner() + u"/xx.json"_s;
+        schreiben(ort, R"({"Ja": "Da"})");
+        Sprache::setzeGewaehlteKennung(u"xx"_s);
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Da"_s);
+        QVERIFY(!Sprache::auffrischen());
+        schreiben(ort, R"({"Ja": "Jo", )");
+        QVERIFY(!Sprache::auffrischen());
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Da"_s);
+        schreiben(ort, R"({"Ja": "Jo"})");
+        QVERIFY(Sprache::auffrischen());
+        QCOMPARE(Sprache::text(u"Ja"_s), u"Jo"_s);
+        QCOMPARE(Sprache::text(1, u"Ja"_s, u"Nein"_s) + Sprache::text(0, u"Ja"_s, u"Nein"_s), u"JoNein"_s);
+        QVERIFY(QFile::remove(ort));
+    }
+
+    void nochEinmalGesagt_data()
+    {
+        QTest::addColumn<QString>("gesagt");
+        QTest::addColumn<QString>("erwartet");
+        QTest::newRow("Text") << u"Fertig"_s << u"Done"_s;
+        QTest::newRow("gefüllt") << u"Einsortiert: a, b.pdf"_s << u"Filed: a, b.pdf"_s;
+        QTest::newRow("der genauere") << u"Einsortiert: 3 Briefe"_s << u"3 letters filed"_s;
+        QTest::newRow("mit Grund") << u"x.pdf: Fertig"_s << u"x.pdf: Fertig"_s;
+        QTest::newRow("Grund dahinter") << u"Gescheitert: Fertig"_s << u"Failed: Done"_s;
+        QTest::newRow("mehrere") << u"2 Briefe, Fertig"_s << u"2 letters, Done"_s;
+        QTest::newRow("nicht übersetzt") << u"Offen"_s << u"Offen"_s;
+        QTest::newRow("von anderswo") << u"disk I/O error"_s << u"disk I/O error"_s;
+    }
+    void nochEinmalGesagt()
+    {
+        QFETCH(QString, gesagt);
+        const QStringList texte = {u"Fertig"_s,    u"Einsortiert: %@"_s, u"Einsortiert: %@ Briefe"_s,
+                                   u"%@ Briefe"_s, u"Gescheitert"_s,     u"Offen"_s,
+                                   u"%@: %@"_s};
+        const QHash<QString, QString> englisch = {{u"Fertig"_s, u"Done"_s},
+                                                  {u"Einsortiert: %@"_s, u"Filed: %@"_s},
+                                                  {u"Einsortiert: %@ Briefe"_s, u"%@ letters filed"_s},
+                                                  {u"%@ Briefe"_s, u"%@ letters"_s},
+                                                  {u"Gescheitert"_s, u"Failed"_s},
+                                                  {u"Offen"_s, {}}};
+        QTEST(uebertragen(gesagt, texte, {}, englisch), "erwartet");
+        QCOMPARE(uebertragen(uebertragen(gesagt, texte, {}, englisch), texte, englisch, {}), gesagt);
     }
 
     void eineKaputteDateiIstKeinFehler_data()

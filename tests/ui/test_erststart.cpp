@@ -57,6 +57,16 @@ private:
     [[nodiscard]] QString weiter() { return teil<QAbstractButton>(u"weiter"_s)->text(); }
     [[nodiscard]] static bool imFokus(const QString &name) { return fokus() == name; }
 
+    void oeffnenOhneKatalog()
+    {
+        m_z = std::make_unique<Zustand>();
+        m_sprache = std::make_unique<Fenstersprache>();
+        m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
+        m_fenster->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
+        QTRY_VERIFY(!m_z->katalogfehler().isEmpty());
+    }
+
 private Q_SLOTS:
     /** From nothing to the first filed document of the sample archive, by what the window says alone. */
     void vomErstenStartZumErstenDokument()
@@ -80,7 +90,7 @@ private Q_SLOTS:
 
         QCOMPARE(weiter(), u"Weiter zu Herkunft"_s);
         klicken(u"weiter"_s);
-        Zustand::ordnerwaehler = [quelle](const QString &) { return quelle; };
+        Zustand::ordnerwaehler = [quelle](const QString &, const QString &) { return quelle; };
         klicken(u"quelle-waehlen"_s);
         QTRY_COMPARE(satz(u"quelle-stand"_s), u"%1 PDF gefunden."_s.arg(anzahl));
 
@@ -232,6 +242,88 @@ private Q_SLOTS:
         klicken(u"pfadVorlage-entfernen"_s);
         QCOMPARE(m_z->aktiv()->pfadVorlage, u"{zweig}"_s);
         QCOMPARE(teil<Umbruchtext>(u"beispiel-ort"_s)->ganzerText(), u"Haushalt"_s);
+    }
+
+    /** A list that cannot be read is no first start. */
+    void beschaedigteProfilliste()
+    {
+        QFile liste(Profilspeicher::datei());
+        QVERIFY(liste.open(QIODevice::WriteOnly));
+        liste.write("[{\"name\": \"Haus");
+        liste.close();
+        QString kopie;
+        for (int start = 0; start < 2; ++start) { // told each time, kept once
+            oeffnen(false);
+            QTRY_VERIFY(suchen<QWidget>(u"unlesbareProfile"_s));
+            QVERIFY(kopie.isEmpty() || kopie == m_z->unlesbareProfile());
+            kopie = m_z->unlesbareProfile();
+            QVERIFY(kopie != Profilspeicher::datei() && QFile::exists(kopie));
+            QVERIFY(teil<QWidget>(u"unlesbareProfile"_s)->y() < teil<QWidget>(u"erstesProfil"_s)->y());
+            m_fenster.reset();
+        }
+        QVERIFY(QFile::remove(kopie));
+    }
+
+    /** Every card names the catalogue that does not open, and opens it when it can. */
+    void katalogAufJederKarte()
+    {
+        m_b->profilSichern();
+        m_b->schliessen();
+        const QString katalog = Profilspeicher::katalogDatei(m_b->profil);
+        QFile kaputt(katalog);
+        QVERIFY(kaputt.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        kaputt.write(QByteArray(8192, 'x'));
+        kaputt.close();
+        oeffnenOhneKatalog();
+        for (const Reiter reiter : {Reiter::ablauf, Reiter::pruefen, Reiter::protokoll}) {
+            m_z->setzeReiter(reiter);
+            QTRY_COMPARE(teil<QLabel>(u"leertitel"_s)->text(), u"Der Katalog lässt sich nicht öffnen"_s);
+            QVERIFY(teil<QLabel>(u"leerzeile"_s)->text().contains(QFileInfo(katalog).fileName()));
+            QCOMPARE(teil<QAbstractButton>(u"leerknopf"_s)->text(), u"Noch einmal versuchen"_s);
+        }
+        m_z->setzeReiter(Reiter::einrichtung);
+        QTRY_VERIFY(suchen<QWidget>(u"katalogfehler"_s));
+        QVERIFY(QFile::remove(katalog));
+        klicken(u"katalogErneutOeffnen"_s);
+        QTRY_VERIFY(m_z->offen());
+        QTRY_VERIFY(!suchen<QWidget>(u"katalogfehler"_s));
+    }
+
+    /** A folder that is made meanwhile is found: on Return, on leaving the field, and on coming back to the window. */
+    void ordnerInzwischenAngelegt()
+    {
+        mitProfil(Abschnitt::herkunft);
+        const QString fehlt = u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s;
+        for (const QString &wie : {u"eingabe"_s, u"verlassen"_s, u"fenster"_s}) {
+            const QString ordner = m_b->ordner() + u'/' + wie;
+            tippen(u"quelle"_s, ordner);
+            QTRY_COMPARE(satz(u"quelle-stand"_s), fehlt);
+            QVERIFY(QDir().mkpath(ordner));
+            if (wie == u"eingabe"_s)
+                druecken(Qt::Key_Return);
+            else if (wie == u"verlassen"_s)
+                druecken(Qt::Key_Tab);
+            else
+                for (QWidget *vorn : {static_cast<QWidget *>(nullptr), static_cast<QWidget *>(m_fenster.get())})
+                    QApplication::setActiveWindow(vorn);
+            QTRY_VERIFY2(satz(u"quelle-stand"_s) != fehlt, qPrintable(wie));
+        }
+    }
+
+    /** Where the question begins: where this one was answered before, else where the field points. */
+    void ordnerfrageBeginntBeimVorigen()
+    {
+        mitProfil(Abschnitt::herkunft);
+        QStringList beginne;
+        Zustand::ordnerwaehler = [&](const QString &, const QString &beginn) {
+            beginne << beginn;
+            return m_b->ordner();
+        };
+        klicken(u"quelle-waehlen"_s);
+        klicken(u"quelle-waehlen"_s);
+        m_z->setzeAbschnitt(Abschnitt::ziel);
+        klicken(u"zielWurzel-waehlen"_s);
+        QCOMPARE(beginne, (QStringList{m_b->profil.quelle, m_b->ordner(), m_b->profil.zielWurzel}));
     }
 
     void umbenennenUndEntfernenMitDerTastatur()

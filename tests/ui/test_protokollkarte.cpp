@@ -38,6 +38,7 @@ private:
     void uebernehmen(int anzahl)
     {
         for (int n = 0; n < anzahl; ++n) {
+            m_z->setzeUngesehen(false); // its card is not in front
             QTRY_VERIFY(m_z->aktuelles() && !m_z->beschaeftigt());
             m_z->setzeUngesehen(false); // another card is on show
             m_z->uebernehmen();
@@ -106,7 +107,9 @@ private Q_SLOTS:
         QCOMPARE(modell()->index(0).data().toString(),
                  u"Von: a.pdf\nNach: Haushalt/Jahresablage/2023/Strom/2023-02-14 Stadtwerke - a.pdf"_s);
         // The last step goes back; what the user moved himself is not found.
-        druecken(Qt::Key_U);
+        druecken(Qt::Key_U); // no letter is a key here
+        QVERIFY(!m_z->beschaeftigt());
+        druecken(Qt::Key_Z, Qt::ControlModifier);
         QTRY_COMPARE(stand(2), Bewegungsstand::zurueck);
         QVERIFY(QFile::remove(modell()->zeile(1).nach));
         mitTabZu("protokolleAuffrischen");
@@ -132,9 +135,13 @@ private Q_SLOTS:
         QTRY_COMPARE(stand(0), Bewegungsstand::zurueck);
         QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
         QVERIFY(!sichtbar("rueckbauFehler"));
-        // Its log is an earlier session's now, the next movement begins another.
-        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokolle gefunden, neueste zuerst."_s);
-        QVERIFY(sichtbar("nochNichtsBewegt"));
+        QCOMPARE(m_z->rueckbauTon(), Zustand::Ton::warnung);
+        // Why the others are not back stands with them; the session goes on in its log.
+        QTRY_COMPARE(modell()->index(1).data(Bewegungsmodell::Wort).toString(),
+                     u"nicht gefunden: Die Datei liegt nicht mehr am Zielort"_s);
+        QVERIFY(m_z->laufendesBuch() && !sichtbar("nochNichtsBewegt"));
+        m_sprache->waehlen(u"en"_s);
+        QCOMPARE(m_z->rueckbauMeldung(), u"1 brought back, 2 passed over"_s);
     }
 
     /** A failure stands below, with its reason, and at its movement. */
@@ -170,24 +177,25 @@ private Q_SLOTS:
         m_fenster.reset();
         oeffnen();
         m_z->setzeReiter(Reiter::protokoll);
-        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokolle gefunden, neueste zuerst."_s);
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokoll gefunden."_s);
         klicken("ansehen-1");
         QTRY_COMPARE(modell()->rowCount(), 1);
         klicken("finden-1");
         QTRY_COMPARE(m_geoeffnet, QStringList{QFileInfo(eigene).path()}); // no file manager on the bus
         klicken("sitzungZurueckdrehen");
-        Zustand::protokollwaehler = [this](const QString &) { return fremdesProtokoll(2); };
+        Zustand::protokollwaehler = [this](const QString &, const QString &) { return fremdesProtokoll(2); };
         klicken("protokollOeffnen");
         QVERIFY(!sichtbar("rueckbauFrage"));
         QTRY_COMPARE(modell()->rowCount(), 2);
         QVERIFY(teil<QWidget>("sitzungskopf")->findChild<Elidiertext *>());
         QCOMPARE(m_z->protokollKopf()->rechner, u"anderswo"_s);
+        QCOMPARE(teil<Elidiertext>("sitzungstitel")->ganzerText(), u"Sitzung aus fremd.jsonl"_s);
         QTRY_COMPARE(stand(1), Bewegungsstand::verschwunden);
         klicken("sitzungZurueckdrehen");
         klicken("jaZurueckdrehen");
         QTRY_VERIFY(meldung().startsWith(u"0 zurückgeholt, 2 übersprungen"_s));
         // What is no log has neither header nor movements, and nothing to turn back.
-        Zustand::protokollwaehler = [this](const QString &) { return m_b->ziel(u"Haushalt"_s); };
+        Zustand::protokollwaehler = [this](const QString &, const QString &) { return m_b->ziel(u"Haushalt"_s); };
         klicken("protokollOeffnen");
         QTRY_COMPARE(teil<QLabel>("bewegungsAnzahl")->text(), u"In dieser Datei steht keine lesbare Bewegung."_s);
         QVERIFY(!teil<QAbstractButton>("sitzungZurueckdrehen")->isEnabled());
@@ -224,17 +232,19 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(eigener));
         QVERIFY(QFile::copy(fremdesProtokoll(1), eigener + u"/Protokoll.jsonl"_s));
         QString gefragt;
-        Zustand::ordnerwaehler = [&](const QString &titel) {
+        Zustand::ordnerwaehler = [&](const QString &titel, const QString &) {
             gefragt = titel;
             return eigener;
         };
         klicken("protokollOrdnerWaehlen");
         QCOMPARE(gefragt, u"Ordner für die Sitzungsprotokolle wählen"_s);
         QCOMPARE(teil<Elidiertext>("protokollOrdner")->ganzerText(), u"Eigener Ort gewählt"_s);
-        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokolle gefunden, neueste zuerst."_s);
+        QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokoll gefunden."_s);
         QTRY_COMPARE(Profilspeicher::laden().first().protokollOrdner, eigener);
         // A place where nothing can be written says so.
-        Zustand::ordnerwaehler = [this](const QString &) { return m_b->ordner() + u"/fremd.jsonl/darin"_s; };
+        Zustand::ordnerwaehler = [this](const QString &, const QString &) {
+            return m_b->ordner() + u"/fremd.jsonl/darin"_s;
+        };
         klicken("protokollOrdnerWaehlen");
         QTRY_VERIFY(sichtbar("protokollOrtWarnung"));
         klicken("protokollOrdnerStandard");
@@ -286,7 +296,7 @@ private Q_SLOTS:
         teil<QCheckBox>("beimStartPruefen")->click();
         QVERIFY(!Aktualisierung::beimStartPruefen());
         m_sprache->waehlen(u"en"_s);
-        QTRY_COMPARE(teil<QAbstractButton>("updateSuchen")->text(), u"Look for an update"_s);
+        QTRY_COMPARE(teil<QAbstractButton>("updateSuchen")->text(), u"Check for updates"_s);
         klicken("schliessen");
         QTRY_VERIFY(!m_fenster->findChild<Infofenster *>());
     }

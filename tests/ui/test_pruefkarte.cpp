@@ -420,7 +420,7 @@ private Q_SLOTS:
         QCOMPARE(teil<QLabel>("leerzeile")->text(), u"Hier gibt es noch keine Dokumente."_s);
         const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
         m_z->aktualisieren();
-        QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"1 Dokumente warten darauf, gelesen zu werden."_s);
+        QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"1 Dokument wartet darauf, gelesen zu werden."_s);
         mitTabZu("leerknopf");
         druecken(Qt::Key_Return);
         // What can be done about it is asked on the run card.
@@ -451,7 +451,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("punkte");
         QTest::addColumn<QSize>("fenster");
         for (const int punkte : {9, 14, 18}) {
-            for (const QSize &fenster : {QSize(1100, 700), QSize(1280, 860), QSize(1600, 1000)})
+            for (const QSize &fenster : {QSize(1100, 600), QSize(1280, 676), QSize(1280, 860), QSize(1600, 1000)})
                 QTest::addRow("%d Punkt, %d", punkte, fenster.width()) << punkte << fenster;
         }
     }
@@ -491,9 +491,71 @@ private Q_SLOTS:
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Von Hand"_s);
         QCOMPARE(teil<QLabel>("wochentag")->text(), u"Tuesday"_s);
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"The model server ollama is not running"_s);
+        // What was said is said again, and in plain text.
+        m_sprache->waehlen(u"de"_s);
+        QTRY_VERIFY(!m_z->ungesehen());
+        m_z->zuruecklegen();
+        QTRY_VERIFY(!m_z->aktuelles());
+        QTRY_VERIFY(suchen<Elidiertext>("hinweis"));
+        QCOMPARE(meldung(), u"Zurückgestellt: a.pdf"_s);
+        m_sprache->waehlen(u"en"_s);
+        QTRY_VERIFY(suchen<Elidiertext>("hinweis"));
+        QCOMPARE(meldung(), u"Skipped: a.pdf"_s);
+        QFile eigene(Sprache::eigenerOrdner() + u"/eigene.json"_s);
+        QVERIFY(eigene.open(QIODevice::WriteOnly));
+        eigene.write("{\"Vorschlag\": \"<b>V</b>\"}");
+        eigene.close();
+        m_z->zurueck();
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+        m_sprache->waehlen(u"eigene"_s);
+        QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
+        QCOMPARE(teil<QLabel>("wochentag")->text(), u"Dienstag"_s);
+        for (const QLabel *schild : m_fenster->findChildren<QLabel *>()) {
+            if (schild->isVisible())
+                QCOMPARE(schild->textFormat(), Qt::PlainText);
+        }
+        // A file that is edited is read again; a broken one says so in the choice.
+        QVERIFY(eigene.open(QIODevice::WriteOnly));
+        eigene.write("{\"Übernehmen und weiter\": \"Los\"}");
+        eigene.close();
+        const auto *los = suchen<QAbstractButton>("uebernehmen");
+        QTRY_VERIFY((los = suchen<QAbstractButton>("uebernehmen")) && los->text() == u"Los"_s);
+        QFile kaputt(Sprache::eigenerOrdner() + u"/zz.json"_s);
+        QVERIFY(kaputt.open(QIODevice::WriteOnly));
+        kaputt.close();
+        auto *menue = m_fenster->findChild<QMenu *>(u"sprache"_s);
+        Q_EMIT menue->aboutToShow();
+        const auto *zz = menue->findChild<QAction *>(u"sprache-zz"_s);
+        QVERIFY(zz && !zz->isEnabled() && zz->text() == u"ZZ – Die Datei lässt sich nicht lesen"_s);
+        QVERIFY(eigene.remove() && kaputt.remove());
         m_sprache->waehlen(u"de"_s);
         QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und weiter"_s);
+    }
+
+    /** What a help text says is the description too, and follows it. */
+    void hilfenSindBeschreibungen()
+    {
+        dokument(u"a.pdf"_s);
+        oeffnen();
+        QVERIFY(teil<QWidget>("dateiname")->toolTip().startsWith(u"So heißt die Datei heute"_s));
+        const auto *zurueck = teil<QAbstractButton>("rueckgaengig");
+        const QString vorher = zurueck->toolTip();
+        QCOMPARE(zurueck->accessibleDescription(), vorher);
+        druecken(Qt::Key_Z);
+        QTRY_VERIFY(zurueck->toolTip() != vorher);
+        for (const Reiter reiter : alleReiter()) {
+            m_z->setzeReiter(reiter);
+            QCoreApplication::processEvents();
+            for (const QWidget *w : m_fenster->findChildren<QWidget *>()) {
+                if (w->isVisible() && (w->focusPolicy() & Qt::TabFocus) && !w->toolTip().isEmpty())
+                    QVERIFY2(w->accessibleDescription().contains(w->toolTip()), qPrintable(w->objectName()));
+            }
+        }
+        m_z->setzeReiter(Reiter::ablauf);
+        QCoreApplication::processEvents();
+        QCOMPARE(teil<QLabel>("stufe-1")->accessibleName(), u"Bestand aufnehmen"_s);
+        QCOMPARE(teil<QLabel>("zahl-1")->accessibleName(), u"0 bereit zur Prüfung"_s);
     }
 
     /** Nothing can have the focus without a name, in any card; Tab goes the way of the eye. */

@@ -1,4 +1,6 @@
+#include "einstellungen.h"
 #include "farbrechnung.h"
+#include "schriftgroesse.h"
 #include "stil.h"
 #include "zeichen.h"
 
@@ -153,6 +155,37 @@ private Q_SLOTS:
         (void)deckung(Zeichen::icon(u"checkmark.circle"_s).pixmap(16, 16).toImage(), &gut);
         QCOMPARE(gut, Stil::farbe(Stil::Bedeutung::Gut, QGuiApplication::palette()));
         QVERIFY(kontrast(gut, schrift) > 1.5);
+    }
+
+    /** A desktop that sets a font of its own later does not take away the user's size. */
+    void eigeneGroesseHaelt()
+    {
+        const QFont vorher = QApplication::font();
+        schriftgroesseWaehlen(15);
+        schriftgroesseAnwenden();
+        QFont fremde = vorher;
+        fremde.setPointSizeF(9);
+        QApplication::setFont(fremde);
+        QCOMPARE(Stil::schriftgroesse(), 15.0);
+        Einstellungen::entfernen(u"schriftgroesse"_s);
+        QApplication::setFont(vorher);
+        QCOMPARE(Stil::schriftgroesse(), vorher.pointSizeF());
+    }
+
+    /** Whatever state its surroundings are in, and whatever palette comes later. */
+    void nebentextBleibtLesbar()
+    {
+        QWidget fenster;
+        QLabel schild(&fenster);
+        Stil::nebentext(&schild);
+        fenster.setEnabled(false);
+        QPalette dunkel = QApplication::palette();
+        dunkel.setColor(QPalette::All, QPalette::Window, QColor(40, 44, 52));
+        dunkel.setColor(QPalette::All, QPalette::WindowText, QColor(220, 223, 228));
+        dunkel.setColor(QPalette::Disabled, QPalette::WindowText, QColor(120, 123, 128));
+        fenster.setPalette(dunkel);
+        fenster.setEnabled(true);
+        QVERIFY(kontrast(schild.palette().color(QPalette::Active, QPalette::WindowText), QColor(40, 44, 52)) >= 4.5);
     }
 };
 

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLayout>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolButton>
@@ -198,7 +199,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(satz(*m_vorschau), u"Datei nicht gefunden"_s, geduld);
     }
 
-    void zoomBleibt()
+    void jedesBeginntInDerGewaehltenPassung()
     {
         const auto *ansicht = m_vorschau->findChild<PDFAnsicht *>();
         zeigenUndWarten(vertrag());
@@ -211,16 +212,18 @@ private Q_SLOTS:
         klicken(*m_vorschau, u"groesser"_s);
         QVERIFY(!m_vorschau->steuerung()->passtBreite());
         QVERIFY(qAbs(ansicht->massstab() - PDFSteuerung::stufeUeber(vorher)) < 0.005);
-        m_vorschau->resize(600, 700);
+        // The next document begins in the chosen fit, at its top left; so does the next start of the program.
+        ansicht->horizontalScrollBar()->setValue(ansicht->horizontalScrollBar()->maximum());
         zeigenUndWarten(brief());
-        QVERIFY(qAbs(ansicht->massstab() - PDFSteuerung::stufeUeber(vorher)) < 0.005);
-
-        // The next start of the program.
+        QVERIFY(m_vorschau->steuerung()->passtBreite());
+        QVERIFY(qAbs(ansicht->massstab() - vorher) < 0.005);
+        QCOMPARE(ansicht->horizontalScrollBar()->value(), 0);
+        klicken(*m_vorschau, u"ganzeSeite"_s);
+        klicken(*m_vorschau, u"groesser"_s);
+        zeigenUndWarten(vertrag());
+        QVERIFY(m_vorschau->steuerung()->zeigtGanzeSeite());
         const Vorschau neue;
-        QVERIFY(!neue.steuerung()->passtBreite());
-        klicken(*m_vorschau, u"breiteSetzen"_s);
-        const Vorschau neuere;
-        QVERIFY(neuere.steuerung()->passtBreite());
+        QVERIFY(neue.steuerung()->zeigtGanzeSeite());
     }
 
     void blaettern()

@@ -129,9 +129,9 @@ private Q_SLOTS:
         QTRY_COMPARE(gezaehlt(), 3);
         QCOMPARE(m_z->ausnahmeAufnehmen(u"fotos"_s), u"fotos steht schon in der Liste"_s);
         QCOMPARE(m_z->ausnahmeAufnehmen(u" // "_s), QString());
-        Zustand::ordnerwaehler = [this](const QString &) { return m_b->profil.quelle; };
+        Zustand::ordnerwaehler = [this](const QString &, const QString &) { return m_b->profil.quelle; };
         QCOMPARE(m_z->ausnahmeWaehlen(), u"Das ist der Herkunftsordner selbst. Dann bliebe nichts zu lesen."_s);
-        Zustand::ordnerwaehler = [this](const QString &) { return m_b->quelle(u"privat"_s); };
+        Zustand::ordnerwaehler = [this](const QString &, const QString &) { return m_b->quelle(u"privat"_s); };
         QCOMPARE(m_z->ausnahmeWaehlen(), QString());
         QCOMPARE(m_z->aktiv()->ausnahmen.last(), u"./privat"_s);
         QTRY_COMPARE(gezaehlt(), 2);
@@ -177,7 +177,7 @@ private Q_SLOTS:
         m_b->sql(u"INSERT INTO namen (von, nach, anzahl) VALUES ('alt','Neu',2)"_s);
         beginnen();
         QTRY_COMPARE(m_z->einrichtung().gelerntes.zuordnungen.size(), 2);
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::gelernt).zeile, u"2 Zuordnungen, 1 Namen"_s);
+        QCOMPARE(m_z->abschnittsstand(Abschnitt::gelernt).zeile, u"2 Zuordnungen, 1 Name"_s);
         m_z->gelerntVergessen(u"bank"_s);
         QTRY_COMPARE(m_z->einrichtung().gelerntes.zuordnungen.size(), 1);
         m_z->allesVergessen();

@@ -95,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(m_z->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Wasser"_s}));
         m_z->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        QCOMPARE(m_z->hinweis(), u"Gemerkt. 1 wartende Dokumente von Stadtwerke wurden angepasst."_s);
+        QCOMPARE(m_z->hinweis(), u"Gemerkt. 1 wartendes Dokument von Stadtwerke wurde angepasst."_s);
         QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - Abschlag.pdf"_s);
         QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
         const QString neu = m_b->ziel(u"Haushalt/Jahresablage/2023/Wasser/2023-02-14 Stadtwerke - Abschlag.pdf"_s);
@@ -281,6 +281,118 @@ private Q_SLOTS:
             QTRY_VERIFY(!m_z->beschaeftigt());
             QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
         }
+    }
+
+    /** What was typed outlives the program; what is filed leaves nothing behind. */
+    void entwurfUeberlebtDasProgramm()
+    {
+        const qint64 a = m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        m_z->feldSetzen(Feld::Jahr, u"2020"_s);
+        m_z.reset();
+        beginnen();
+        QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
+        m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited before
+        QCOMPARE(m_z->aktuelles()->jahr, u"2020"_s);
+        m_z->uebernehmen();
+        QTRY_COMPARE(m_b->lesen(a).status, u"erledigt"_s);
+        QCOMPARE(m_b->lesen(a).titel, u"Von Hand"_s);
+        m_z.reset();
+        QVERIFY(m_b->db().abfragen(u"SELECT * FROM entwuerfe"_s).isEmpty());
+    }
+
+    /** The next one behind, wherever the reviewer stands; at the end the first. */
+    void nachJederTatDasNaechste()
+    {
+        for (const char *name : {"a.pdf", "b.pdf", "c.pdf", "d.pdf"})
+            m_b->dokument(QString::fromLatin1(name));
+        beginnen();
+        m_z->weiter(u"weiter"_s);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QCOMPARE(m_z->voraus(), QStringList{m_b->quelle(u"c.pdf"_s)});
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE dateiname='c.pdf'"_s);
+        m_z->aktualisieren();
+        QTRY_COMPARE(name(), u"d.pdf"_s);
+        m_z->zuruecklegen();
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+    }
+
+    /** The equation and the place of the new name meet in the same documents. */
+    void jedesAngepassteZaehltEinmal()
+    {
+        for (const char *name : {"a.pdf", "b.pdf", "c.pdf"})
+            m_b->dokument(QString::fromLatin1(name));
+        beginnen();
+        m_z->feldSetzen(Feld::Gegenueber, u"Elbtalwerke"_s);
+        m_z->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        m_z->uebernehmen();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QCOMPARE(m_z->hinweis(), u"Gemerkt. 2 wartende Dokumente von Elbtalwerke wurden angepasst."_s);
+    }
+
+    /** The proposal has a counterpart, whatever the reviewer is just typing. */
+    void hinweisGiltDemVorschlag()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        beginnen();
+        m_z->feldSetzen(Feld::Gegenueber, {});
+        QCOMPARE(m_z->aktuelles()->gegenueber, QString());
+        QCOMPARE(m_z->pruefhinweise(), QList<Pruefhinweis>());
+    }
+
+    void katalogGehtNichtAuf()
+    {
+        m_b->dokument(u"a.pdf"_s);
+        m_b->profilSichern();
+        m_b->schliessen();
+        const QString katalog = Profilspeicher::katalogDatei(m_b->profil);
+        QVERIFY(QFile::rename(katalog, katalog + u".gut"_s));
+        QFile kaputt(katalog);
+        QVERIFY(kaputt.open(QIODevice::WriteOnly));
+        kaputt.write(QByteArray(8192, 'x'));
+        kaputt.close();
+        m_z = std::make_unique<Zustand>();
+        m_z->beginnen();
+        QTRY_VERIFY(!m_z->oeffnet());
+        QVERIFY(!m_z->offen());
+        QCOMPARE(m_z->katalogdatei(), katalog);
+        QVERIFY(m_z->katalogfehler().startsWith(u"Datenbank lässt sich nicht öffnen: "_s));
+        QVERIFY(QFile::remove(katalog) && QFile::rename(katalog + u".gut"_s, katalog));
+        m_z->erneutOeffnen();
+        QCOMPARE(m_z->katalogfehler(), QString());
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+    }
+
+    /** A server that takes the question and says nothing: what is waited for is said. */
+    void stummerModellserver()
+    {
+        beginnen();
+        Testserver server;
+        qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
+        server.antworten("/api/version", Testantwort::stumm(std::chrono::seconds(60)));
+        m_z->durchgangErbitten();
+        QVERIFY(m_z->startErbeten() && !m_z->startWartet());
+        QTRY_VERIFY(m_z->startWartet());
+    }
+
+    /** It ends after the document in hand, and says how far it came. */
+    void ausraeumenAnhalten()
+    {
+        for (int n = 0; n < 300; ++n)
+            m_b->dokument(u"%1.pdf"_s.arg(n), [](Dokument &d) { d.status = u"dublette"_s; });
+        beginnen();
+        QVERIFY(!m_z->anhaltbar());
+        m_z->dublettenAusraeumen();
+        QVERIFY(m_z->anhaltbar());
+        QTRY_VERIFY(m_z->vorgangsanteil() > 0);
+        m_z->anhalten();
+        QVERIFY(!m_z->anhaltbar() && m_z->raeumtAus());
+        QTRY_VERIFY(!m_z->beschaeftigt());
+        QVERIFY(!m_z->raeumtAus());
+        QVERIFY(m_z->zaehlwerk().dubletten > 0 && m_z->zaehlwerk().aussortiert > 0);
     }
 
     void alterOrt()

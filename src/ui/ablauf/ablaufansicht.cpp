@@ -43,7 +43,8 @@ QString stufenvorschau(int stufe, const Profil &profil)
                               {kurzpfad(profil.quelle)})
                    : gefuellt(Sprache::text(u"Sucht die PDF-Dateien in %@."_s), {kurzpfad(profil.quelle)});
     case 1:
-        return gefuellt(Sprache::text(u"Die ersten %@ Seiten, wo nötig per Texterkennung."_s),
+        return gefuellt(Sprache::text(profil.seiten, u"Die erste Seite, wo nötig per Texterkennung."_s,
+                                      u"Die ersten %@ Seiten, wo nötig per Texterkennung."_s),
                         {QString::number(profil.seiten)});
     case 2:
         return gefuellt(Sprache::text(u"%@ schlägt Datum, Gegenüber, Titel und Ort vor."_s), {profil.modell});
@@ -62,7 +63,7 @@ AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
     setFocusPolicy(Qt::ClickFocus);
     m_stapel->addWidget(rollbereich(spalteBauen(), this));
     m_stapel->addWidget(m_leere);
-    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { m_zustand->setzeReiter(Reiter::einrichtung); });
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); });
     verbinden();
     zeigen();
 }
@@ -137,7 +138,8 @@ void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
     spalte->addWidget(m_dubletten);
     connect(m_alleErneut, &QPushButton::clicked, m_zustand, [this] { starten(Zustand::Durchgang::erneut); });
     connect(m_gescheiterte, &Nacharbeitsliste::gedrueckt, m_zustand, &Zustand::erneutVersuchen);
-    connect(m_ausraeumen, &QPushButton::clicked, m_zustand, &Zustand::dublettenAusraeumen);
+    connect(m_ausraeumen, &QPushButton::clicked, m_zustand,
+            [this] { m_zustand->raeumtAus() ? m_zustand->anhalten() : m_zustand->dublettenAusraeumen(); });
 }
 
 void AblaufAnsicht::verbinden()
@@ -160,9 +162,9 @@ void AblaufAnsicht::verbinden()
     });
     connect(m_zustand, &Zustand::startFraglich, this, &AblaufAnsicht::fragen);
     connect(m_zustand, &Zustand::aktivGeaendert, m_frage, &QWidget::hide); // it was about the other profile
-    for (const auto signal :
-         {&Zustand::laufGeaendert, &Zustand::zaehlwerkGeaendert, &Zustand::profileGeaendert, &Zustand::aktivGeaendert,
-          &Zustand::bereitschaftGeaendert, &Zustand::nacharbeitGeaendert, &Zustand::beschaeftigtGeaendert})
+    for (const auto signal : {&Zustand::laufGeaendert, &Zustand::zaehlwerkGeaendert, &Zustand::profileGeaendert,
+                              &Zustand::aktivGeaendert, &Zustand::bereitschaftGeaendert, &Zustand::nacharbeitGeaendert,
+                              &Zustand::beschaeftigtGeaendert, &Zustand::oeffnetGeaendert})
         connect(m_zustand, signal, this, &AblaufAnsicht::zeigen);
     connect(m_zustand, &Zustand::zaehlwerkGeaendert, this, [this] {
         if (isVisible())
@@ -218,9 +220,7 @@ void AblaufAnsicht::zeigen()
 {
     m_stapel->setCurrentIndex(m_zustand->offen() ? 0 : 1);
     if (!m_zustand->offen())
-        return m_leere->setzen(u"large.play"_s, Sprache::text(u"Noch kein Profil"_s),
-                               Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
-                               Sprache::text(u"Zur Einrichtung"_s));
+        return m_leere->ohneKatalogSetzen(u"large.play"_s, *m_zustand);
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     kopfZeigen();
     knoepfeZeigen();
@@ -254,6 +254,8 @@ QString AblaufAnsicht::fehlendes() const
 QString AblaufAnsicht::unterzeile() const
 {
     const Profil &profil = *m_zustand->aktiv();
+    if (m_zustand->startWartet())
+        return Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s);
     if (!laeuft() && !m_zustand->bereitZumStart())
         return fehlendes();
     if (laeuft() && m_zustand->analyse()->abbrechenGewuenscht())
@@ -286,7 +288,8 @@ void AblaufAnsicht::knoepfeZeigen()
 {
     const qint64 wartend = m_zustand->zaehlwerk().bereit;
     const bool pruefbar = wartend > 0 && (laeuft() || m_zustand->laufbild().gelaufen());
-    m_pruefen->setText(gefuellt(Sprache::text(u"%@ Vorschläge prüfen"_s), {QString::number(wartend)}));
+    m_pruefen->setText(gefuellt(Sprache::text(wartend, u"%@ Vorschlag prüfen"_s, u"%@ Vorschläge prüfen"_s),
+                                {QString::number(wartend)}));
     m_pruefen->setVisible(pruefbar);
     m_pruefen->updateGeometry();
     m_starten->setVisible(!laeuft() && !pruefbar);
@@ -367,12 +370,29 @@ void AblaufAnsicht::listenZeigen()
                                       : gefuellt(Sprache::text(u"gleicher Text wie %@"_s), {d.original})};
     m_gescheiterte->zeigen(gefuellt(Sprache::text(u"%@ ohne Vorschlag"_s), {QString::number(gescheiterte.size())}),
                            gescheiterte);
-    m_dubletten->zeigen(gefuellt(Sprache::text(u"%@ Dubletten"_s), {QString::number(dubletten.size())}), dubletten);
-    m_ausraeumen->setText(m_zustand->aktiv()->kopieren ? Sprache::text(u"Nicht mitkopieren"_s)
-                                                       : gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s),
-                                                                  {m_zustand->aktiv()->dublettenOrdner}));
+    m_dubletten->zeigen(gefuellt(Sprache::text(dubletten.size(), u"%@ Dublette"_s, u"%@ Dubletten"_s),
+                                 {QString::number(dubletten.size())}),
+                        dubletten);
+    ausraeumenZeigen();
+}
+
+/** While it sets aside, the button stops it. */
+void AblaufAnsicht::ausraeumenZeigen()
+{
+    QString text = gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s), {m_zustand->aktiv()->dublettenOrdner});
+    if (m_zustand->raeumtAus())
+        text = Sprache::text(u"Anhalten"_s);
+    else if (m_zustand->aktiv()->kopieren)
+        text = Sprache::text(u"Nicht mitkopieren"_s);
+    m_ausraeumen->setText(text);
+    m_ausraeumen->setAccessibleName(text);
+    m_ausraeumen->setToolTip(m_zustand->raeumtAus()
+                                 ? Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest "
+                                                 "bleibt, wie er ist."_s)
+                                 : QString());
+    m_ausraeumen->setIcon(m_zustand->raeumtAus() ? Zeichen::icon(u"stop"_s) : QIcon());
     m_ausraeumen->updateGeometry();
-    m_ausraeumen->setEnabled(!m_zustand->beschaeftigt());
+    m_ausraeumen->setEnabled(m_zustand->anhaltbar() || !m_zustand->beschaeftigt());
 }
 
 void AblaufAnsicht::starten(Zustand::Durchgang art)

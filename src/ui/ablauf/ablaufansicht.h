@@ -43,6 +43,7 @@ private:
     void zahlenZeigen();
     void hindernisseZeigen();
     void listenZeigen();
+    void ausraeumenZeigen();
     void starten(Zustand::Durchgang art = Zustand::Durchgang::ganz);
     void fragen(Zustand::Durchgang art);
     void zurEinrichtung();

@@ -4,6 +4,7 @@
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
+#include "vorlesbares.h"
 #include "zeichen.h"
 
 #include <QLocale>
@@ -26,6 +27,12 @@ QString symbol(Stand stand)
         return u"checkmark.circle"_s;
     return stand == Stand::laeuft ? u"circle.running"_s : u"circle"_s;
 }
+QString standwort(Stand stand)
+{
+    if (stand == Stand::fertig)
+        return Sprache::text(u"fertig"_s);
+    return stand == Stand::laeuft ? Sprache::text(u"läuft"_s) : Sprache::text(u"noch nicht begonnen"_s);
+}
 } // namespace
 
 QString dauertext(std::chrono::milliseconds dauer)
@@ -37,7 +44,8 @@ QString dauertext(std::chrono::milliseconds dauer)
     if (dauer < 90s)
         return gefuellt(Sprache::text(u"fertig nach %@ Sekunden"_s), {QString::number(sekunden)});
     if (dauer < 90min)
-        return gefuellt(Sprache::text(u"fertig nach %@ Minuten"_s), {QString::number(sekunden / 60)});
+        return gefuellt(Sprache::text(sekunden / 60, u"fertig nach %@ Minute"_s, u"fertig nach %@ Minuten"_s),
+                        {QString::number(sekunden / 60)});
     return gefuellt(Sprache::text(u"fertig nach %@ Stunden"_s), {QLocale().toString(double(sekunden) / 3600, 'f', 1)});
 }
 
@@ -52,14 +60,37 @@ void Stufenliste::zeigen(const QList<Stufenbild> &stufen, const QString &rest, d
     m_stufen = stufen;
     m_rest = rest;
     m_anteil = anteil;
-    QStringList zeilen;
-    for (const Stufenbild &stufe : stufen)
-        zeilen << stufe.name + u": "_s +
-                      (stufe.stand == Stand::offen ? stufe.meldung : stufe.meldung + u", "_s + zeittext(stufe));
-    setAccessibleName(zeilen.join(u". "_s));
+    while (m_teile.size() < stufen.size())
+        m_teile << vorlesbares(u"stufe-"_s + QString::number(m_teile.size() + 1), this);
+    for (qsizetype n = 0; n < m_teile.size(); ++n) {
+        m_teile.at(n)->setVisible(n < stufen.size());
+        if (n < stufen.size())
+            ansagen(stufen.at(n), m_teile.at(n));
+    }
+    teileLegen();
     updateGeometry();
     update();
 }
+
+void Stufenliste::ansagen(const Stufenbild &stufe, QWidget *teil) const
+{
+    QStringList worte = {standwort(stufe.stand), stufe.meldung, zeittext(stufe)};
+    worte.removeAll(QString());
+    teil->setAccessibleName(stufe.name);
+    teil->setAccessibleDescription(worte.join(u", "_s));
+}
+
+/** Each over what is painted of its stage. */
+void Stufenliste::teileLegen()
+{
+    int oben = 0;
+    for (qsizetype n = 0; n < std::min(m_stufen.size(), m_teile.size()); ++n) {
+        m_teile.at(n)->setGeometry(0, oben, width(), zeilenhoehe(m_stufen.at(n)));
+        oben += zeilenhoehe(m_stufen.at(n));
+    }
+}
+
+void Stufenliste::resizeEvent(QResizeEvent *) { teileLegen(); }
 
 QString Stufenliste::zeittext(const Stufenbild &stufe) const
 {

@@ -19,15 +19,19 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
 
 private:
     [[nodiscard]] int zeilenhoehe(const Stufenbild &stufe) const;
     void stufeMalen(QPainter &maler, const Stufenbild &stufe, int oben, bool letzte) const;
     [[nodiscard]] QString zeittext(const Stufenbild &stufe) const;
+    void ansagen(const Stufenbild &stufe, QWidget *teil) const;
+    void teileLegen();
 
     QList<Stufenbild> m_stufen;
     QString m_rest;
     double m_anteil = 0;
+    QList<QWidget *> m_teile; ///< one over each stage, for a screen reader
 };
 
 /** A duration for the user: seconds, minutes or hours. */

@@ -1,6 +1,7 @@
 #include "zahlenreihe.h"
 
 #include "stil.h"
+#include "vorlesbares.h"
 #include "zeichen.h"
 
 #include <QLocale>
@@ -22,12 +23,34 @@ Zahlenreihe::Zahlenreihe(QWidget *eltern) : QWidget(eltern)
 void Zahlenreihe::zeigen(const QList<Zahl> &zahlen)
 {
     m_zahlen = zahlen;
-    QStringList teile;
-    for (const Zahl &zahl : zahlen)
-        teile << QString::number(zahl.wert) + u' ' + zahl.was;
-    setAccessibleName(teile.join(u", "_s));
+    while (m_teile.size() < zahlen.size())
+        m_teile << vorlesbares(u"zahl-"_s + QString::number(m_teile.size() + 1), this);
+    for (qsizetype n = 0; n < m_teile.size(); ++n) {
+        m_teile.at(n)->setVisible(n < zahlen.size());
+        if (n < zahlen.size())
+            m_teile.at(n)->setAccessibleName(QLocale().toString(zahlen.at(n).wert) + u' ' + zahlen.at(n).was);
+    }
+    teileLegen();
     updateGeometry();
     update();
+}
+
+/** Each over what is painted of its figure. */
+void Zahlenreihe::teileLegen()
+{
+    const QList<QPoint> stellen = orte(width());
+    for (qsizetype n = 0; n < m_zahlen.size(); ++n)
+        m_teile.at(n)->setGeometry(QRect(stellen.at(n), QSize(breiteVon(m_zahlen.at(n)), zeilenhoehe())));
+}
+
+void Zahlenreihe::resizeEvent(QResizeEvent *) { teileLegen(); }
+
+int Zahlenreihe::breiteVon(const Zahl &zahl)
+{
+    const QFontMetrics gross(Stil::schrift(Schrift::Zahl));
+    const int marke = zahl.warnung ? abstand(6) + Stil::zeichengroesse() : 0;
+    return std::max(QFontMetrics(Stil::schrift(Schrift::Neben)).horizontalAdvance(zahl.was),
+                    gross.horizontalAdvance(QLocale().toString(zahl.wert)) + marke);
 }
 
 /** Of one row of figures with what they count. */
@@ -40,14 +63,10 @@ int Zahlenreihe::zeilenhoehe()
 /** Where each figure begins; what has no room beside the others goes on in another row. */
 QList<QPoint> Zahlenreihe::orte(int breite) const
 {
-    const QFontMetrics gross(Stil::schrift(Schrift::Zahl));
-    const QFontMetrics klein(Stil::schrift(Schrift::Neben));
     QList<int> breiten;
     int summe = 0;
     for (const Zahl &zahl : m_zahlen) {
-        const int marke = zahl.warnung ? abstand(6) + Stil::zeichengroesse() : 0;
-        breiten << std::max(klein.horizontalAdvance(zahl.was),
-                            gross.horizontalAdvance(QLocale().toString(zahl.wert)) + marke);
+        breiten << breiteVon(zahl);
         summe += breiten.last();
     }
     const int frei = (breite - summe) / std::max<int>(1, int(breiten.size()));

@@ -23,11 +23,15 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
 
 private:
     [[nodiscard]] static int zeilenhoehe();
     [[nodiscard]] QList<QPoint> orte(int breite) const;
+    [[nodiscard]] static int breiteVon(const Zahl &zahl);
+    void teileLegen();
     void malen(QPainter &maler, const Zahl &zahl, QPoint ort) const;
 
     QList<Zahl> m_zahlen;
+    QList<QWidget *> m_teile; ///< one over each figure, for a screen reader
 };

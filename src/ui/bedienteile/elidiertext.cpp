@@ -26,6 +26,13 @@ void Elidiertext::setzeText(const QString &text)
     einpassen();
 }
 
+void Elidiertext::setzeHilfe(const QString &hilfe)
+{
+    m_hilfe = hilfe;
+    setAccessibleDescription(hilfe);
+    einpassen();
+}
+
 QSize Elidiertext::sizeHint() const { return {fontMetrics().horizontalAdvance(m_text) + 2, fontMetrics().height()}; }
 
 QSize Elidiertext::minimumSizeHint() const
@@ -39,7 +46,9 @@ void Elidiertext::einpassen()
     einzeilig.replace(u'\n', u' ');
     const QString gezeigt = fontMetrics().elidedText(einzeilig, m_wo, width());
     setText(gezeigt);
-    setToolTip(gezeigt == m_text ? QString() : u"<qt>"_s + m_text.toHtmlEscaped() + u"</qt>"_s);
+    QStringList hilfe = {gezeigt == m_text ? QString() : m_text, m_hilfe};
+    hilfe.removeAll(QString());
+    setToolTip(hilfe.join(u'\n'));
 }
 
 void Elidiertext::resizeEvent(QResizeEvent *ereignis)

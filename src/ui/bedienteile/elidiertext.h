@@ -13,6 +13,8 @@ public:
 
     /** The whole text. */
     void setzeText(const QString &text);
+    /** What the text means: its tool tip, below the whole text where that is cut off, and its description. */
+    void setzeHilfe(const QString &hilfe);
     [[nodiscard]] const QString &ganzerText() const { return m_text; }
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -26,4 +28,5 @@ private:
 
     Qt::TextElideMode m_wo;
     QString m_text;
+    QString m_hilfe;
 };

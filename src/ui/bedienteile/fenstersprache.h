@@ -1,6 +1,10 @@
 #pragma once
 
+#include "sprachsatz.h"
+
+#include <QFileSystemWatcher>
 #include <QObject>
+#include <QTimer>
 #include <QTranslator>
 
 /** The language of the window: the program's own texts, Qt's own (standard buttons, dialogs) and number formats. */
@@ -15,6 +19,9 @@ public:
     /** The stored choice; empty: follow the system. */
     [[nodiscard]] QString kennung() const;
     void waehlen(const QString &kennung);
+    /** The languages that can be chosen, those that cannot with their reason; read anew. German is always among them.
+     */
+    [[nodiscard]] static QList<Sprachsatz> angebot();
 
 Q_SIGNALS:
     /** Every text is to be looked up anew. */
@@ -22,6 +29,10 @@ Q_SIGNALS:
 
 private:
     void laden();
+    void beobachten();
+    void auffrischen();
 
     QTranslator m_qt;
+    QFileSystemWatcher m_waechter; ///< of the file in use and its folder
+    QTimer m_takt;
 };

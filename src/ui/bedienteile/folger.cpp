@@ -17,8 +17,13 @@ Schriftmelder *Schriftmelder::derAnwendung()
 
 bool Schriftmelder::eventFilter(QObject *empfaenger, QEvent *ereignis)
 {
-    if (ereignis->type() == QEvent::ApplicationFontChange && empfaenger == qApp)
+    if (empfaenger != qApp)
+        return false;
+    if (ereignis->type() == QEvent::ApplicationFontChange)
         Q_EMIT schriftGeaendert();
+    // A label with a colour of its own is not told; by then all others have the new palette.
+    if (ereignis->type() == QEvent::ApplicationPaletteChange)
+        QMetaObject::invokeMethod(this, &Schriftmelder::schriftGeaendert, Qt::QueuedConnection);
     return false;
 }
 

@@ -5,7 +5,7 @@
 
 class QWidget;
 
-/** Tells of a new font of the application, of which widgets with a size of their own hear nothing. */
+/** Tells of a new font or palette of the application, of which widgets with a size of their own hear nothing. */
 class Schriftmelder : public QObject
 {
     Q_OBJECT

@@ -38,6 +38,8 @@ Hinweisfeld::Hinweisfeld(bool warnung, const QString &symbol, const QString &tex
     });
 }
 
+void Hinweisfeld::setzeText(const QString &text) { m_text->setzeText(text); }
+
 void Hinweisfeld::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);

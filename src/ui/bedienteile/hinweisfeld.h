@@ -15,6 +15,7 @@ public:
     Hinweisfeld(bool warnung, const QString &symbol, const QString &text, const QString &knopf = {},
                 QWidget *eltern = nullptr);
 
+    void setzeText(const QString &text);
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }
 
 Q_SIGNALS:

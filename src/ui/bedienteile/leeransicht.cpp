@@ -1,8 +1,12 @@
 #include "leeransicht.h"
 
 #include "knopf.h"
+#include "kurzpfad.h"
+#include "sprache.h"
 #include "stil.h"
+#include "text.h"
 #include "zeichen.h"
+#include "zustand.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -66,6 +70,32 @@ Leeransicht::Leeransicht(QWidget *eltern)
         spalte->setSpacing(abstand(8));
         m_bild->setFixedHeight(abstand(kante) + abstand(6));
     });
+}
+
+QString katalogfehlersatz(const Zustand &zustand)
+{
+    return gefuellt(Sprache::text(u"%@\n%@\nSchließe andere Programme, die ihn benutzen, und versuche es noch einmal. "
+                                  "Ist er beschädigt, lege die Datei beiseite: Dann beginnt ein neuer Katalog. Deine "
+                                  "Dokumente bleiben, wo sie sind."_s),
+                    {kurzpfad(zustand.katalogdatei()), zustand.katalogfehler()});
+}
+
+void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Zustand &zustand)
+{
+    if (zustand.katalogfehler().isEmpty())
+        setzen(symbol, Sprache::text(u"Noch kein Profil"_s),
+               Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s), Sprache::text(u"Zur Einrichtung"_s));
+    else
+        setzen(symbol, Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s), katalogfehlersatz(zustand),
+               Sprache::text(u"Noch einmal versuchen"_s));
+}
+
+void Leeransicht::ohneKatalogWeiter(Zustand &zustand)
+{
+    if (zustand.katalogfehler().isEmpty())
+        zustand.setzeReiter(Reiter::einrichtung);
+    else
+        zustand.erneutOeffnen();
 }
 
 void Leeransicht::setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf)

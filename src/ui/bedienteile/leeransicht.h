@@ -2,8 +2,12 @@
 
 #include <QWidget>
 
+class Zustand;
 class QLabel;
 class QPushButton;
+
+/** The catalogue that does not open, the reason and the way on, for the user. */
+[[nodiscard]] QString katalogfehlersatz(const Zustand &zustand);
 
 /** What stands where nothing is: a sign, a title, a line that says what is missing, and at most one next step. */
 class Leeransicht : public QWidget
@@ -15,6 +19,10 @@ public:
 
     /** @p symbol as in Zeichen, one of those that begin with "large."; without @p knopf there is no button. */
     void setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
+    /** Shows why there is no open catalogue: none of the profile yet, or one that does not open. */
+    void ohneKatalogSetzen(const QString &symbol, const Zustand &zustand);
+    /** What the button of ohneKatalogSetzen() does. */
+    static void ohneKatalogWeiter(Zustand &zustand);
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }
 
 Q_SIGNALS:

@@ -71,7 +71,8 @@ void Meldungszeile::zeigen()
     m_text->setzeText(text);
     m_zweite->setzeText(m_zweizeilig ? teile.value(1) : QString());
     m_zurueck->setEnabled(m_zustand->zurueckMoeglich() || m_zustand->umkehrbar());
-    m_zurueck->setToolTip(m_zustand->zurueckMoeglich()
+    m_zurueck->setzeHilfe(Sprache::text(u"Rückgängig"_s),
+                          m_zustand->zurueckMoeglich()
                               ? Sprache::text(u"Macht genau das ungeschehen, was hier steht"_s)
                               : Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s));
     update();

@@ -1,10 +1,13 @@
 #include "schriftgroesse.h"
 
 #include "einstellungen.h"
+#include "folger.h"
 #include "stil.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -12,15 +15,24 @@ namespace
 {
 constexpr auto schluesselSchrift = "schriftgroesse"_L1;
 
+std::optional<double> gespeicherte()
+{
+    bool zahl = false;
+    const double punkte = Einstellungen::wert(schluesselSchrift).toDouble(&zahl);
+    return zahl && std::isfinite(punkte) ? std::optional(punkte) : std::nullopt;
+}
+
 double begrenzt(double punkte) { return std::clamp(punkte, Stil::kleinsteSchrift, Stil::groessteSchrift); }
 } // namespace
 
 void schriftgroesseAnwenden()
 {
-    bool zahl = false;
-    const double punkte = Einstellungen::wert(schluesselSchrift).toDouble(&zahl);
-    if (zahl && std::isfinite(punkte))
-        Stil::setzeSchriftgroesse(begrenzt(punkte));
+    const auto anwenden = [] {
+        if (const auto punkte = gespeicherte(); punkte && begrenzt(*punkte) != Stil::schriftgroesse())
+            Stil::setzeSchriftgroesse(begrenzt(*punkte));
+    };
+    anwenden();
+    QObject::connect(Schriftmelder::derAnwendung(), &Schriftmelder::schriftGeaendert, qApp, anwenden);
 }
 
 void schriftgroesseWaehlen(double punkte)

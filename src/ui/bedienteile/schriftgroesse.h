@@ -3,5 +3,8 @@
 /** Sets and stores the font size, within its bounds. */
 void schriftgroesseWaehlen(double punkte);
 
-/** Takes the stored font size over into the running program; without one the desktop's. */
+/**
+ * Takes the stored font size over into the running program, and again whenever a desktop sets a font of its own later;
+ * without one the desktop's holds.
+ */
 void schriftgroesseAnwenden();

@@ -96,14 +96,18 @@ int Stil::zeichengroesse() { return abstand(16); }
 
 bool Stil::istDunkel(const QPalette &palette)
 {
-    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
+    return palette.color(QPalette::Active, QPalette::WindowText).lightness() >
+           palette.color(QPalette::Active, QPalette::Window).lightness();
 }
 
-QColor Stil::nebenfarbe(const QPalette &palette) { return nebenfarbe(palette, palette.color(QPalette::Window)); }
+QColor Stil::nebenfarbe(const QPalette &palette)
+{
+    return nebenfarbe(palette, palette.color(QPalette::Active, QPalette::Window));
+}
 
 QColor Stil::nebenfarbe(const QPalette &palette, const QColor &grund)
 {
-    return Farbrechnung::gedaempft(palette.color(QPalette::WindowText), grund);
+    return Farbrechnung::gedaempft(palette.color(QPalette::Active, QPalette::WindowText), grund);
 }
 
 QColor Stil::akzent(const QPalette &palette) { return palette.color(QPalette::Active, QPalette::Highlight); }
@@ -115,12 +119,13 @@ QColor Stil::aufAkzent(const QPalette &palette)
 
 QColor Stil::akzentmarke(const QPalette &palette)
 {
-    return Farbrechnung::mitKontrast(akzent(palette), palette.color(QPalette::Window), 3);
+    return Farbrechnung::mitKontrast(akzent(palette), palette.color(QPalette::Active, QPalette::Window), 3);
 }
 
 QColor Stil::verweis(const QPalette &palette)
 {
-    return Farbrechnung::mitKontrast(palette.color(QPalette::Link), palette.color(QPalette::Window), 4.5);
+    return Farbrechnung::mitKontrast(palette.color(QPalette::Active, QPalette::Link),
+                                     palette.color(QPalette::Active, QPalette::Window), 4.5);
 }
 
 QColor Stil::farbe(Bedeutung bedeutung, const QPalette &palette)
@@ -139,39 +144,45 @@ QColor Stil::farbe(Bedeutung bedeutung, const QPalette &palette)
 
 QColor Stil::toenung(const QColor &farbe, const QPalette &palette)
 {
-    return Farbrechnung::mischung(farbe, palette.color(QPalette::Window), 0.1);
+    return Farbrechnung::mischung(farbe, palette.color(QPalette::Active, QPalette::Window), 0.1);
 }
 
 QColor Stil::auswahlgrund(const QPalette &palette)
 {
-    return Farbrechnung::mischung(akzent(palette), palette.color(QPalette::Window), istDunkel(palette) ? 0.3 : 0.16);
+    return Farbrechnung::mischung(akzent(palette), palette.color(QPalette::Active, QPalette::Window),
+                                  istDunkel(palette) ? 0.3 : 0.16);
 }
 
 QColor Stil::linie(const QPalette &palette)
 {
-    return Farbrechnung::mischung(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.18);
+    return Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::WindowText),
+                                  palette.color(QPalette::Active, QPalette::Window), 0.18);
 }
 
 QColor Stil::rille(const QPalette &palette)
 {
-    return Farbrechnung::mischung(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.14);
+    return Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::WindowText),
+                                  palette.color(QPalette::Active, QPalette::Window), 0.14);
 }
 
 QColor Stil::griff(const QPalette &palette)
 {
-    const QColor grund = palette.color(QPalette::Window);
-    return Farbrechnung::mitKontrast(Farbrechnung::mischung(palette.color(QPalette::WindowText), grund, 0.5), grund, 3);
+    const QColor grund = palette.color(QPalette::Active, QPalette::Window);
+    return Farbrechnung::mitKontrast(
+        Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::WindowText), grund, 0.5), grund, 3);
 }
 
 QColor Stil::unterlage(const QPalette &palette)
 {
-    return Farbrechnung::mischung(Qt::black, palette.color(QPalette::Window), istDunkel(palette) ? 0.25 : 0.1);
+    return Farbrechnung::mischung(Qt::black, palette.color(QPalette::Active, QPalette::Window),
+                                  istDunkel(palette) ? 0.25 : 0.1);
 }
 
 QColor Stil::platzhalter(const QPalette &palette)
 {
-    const QColor grund = palette.color(QPalette::Base);
-    return Farbrechnung::mitKontrast(Farbrechnung::mischung(palette.color(QPalette::Text), grund, 0.55), grund, 4.5);
+    const QColor grund = palette.color(QPalette::Active, QPalette::Base);
+    return Farbrechnung::mitKontrast(
+        Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::Text), grund, 0.55), grund, 4.5);
 }
 
 void Stil::setzeTextfarbe(QWidget *schild, const QColor &farbe)

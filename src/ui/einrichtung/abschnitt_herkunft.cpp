@@ -192,7 +192,8 @@ private:
                 Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
         if (!quelle)
             return m_fund->setzen(u"circle.running"_s, Sprache::text(u"PDF werden gezählt …"_s));
-        QString satz = gefuellt(Sprache::text(u"%@ PDF gefunden."_s), {QString::number(quelle->anzahl)});
+        QString satz = gefuellt(Sprache::text(quelle->anzahl, u"1 PDF gefunden."_s, u"%@ PDF gefunden."_s),
+                                {QString::number(quelle->anzahl)});
         if (quelle->ausgenommen > 0)
             satz += u' ' + gefuellt(Sprache::text(u"%@ durch Ausnahmen ausgelassen."_s),
                                     {QString::number(quelle->ausgenommen)});
@@ -221,11 +222,10 @@ private:
         const qint64 anzahl = zustand()->ausgenommen();
         if (anzahl == 0)
             m_ruhende->erklaeren(Sprache::text(u"Derzeit ruht kein Dokument wegen einer Ausnahme."_s));
-        else if (anzahl == 1)
-            m_ruhende->erklaeren(Sprache::text(u"1 Dokument ruht wegen einer Ausnahme."_s));
         else
-            m_ruhende->erklaeren(
-                gefuellt(Sprache::text(u"%@ Dokumente ruhen wegen einer Ausnahme."_s), {QString::number(anzahl)}));
+            m_ruhende->erklaeren(gefuellt(Sprache::text(anzahl, u"%@ Dokument ruht wegen einer Ausnahme."_s,
+                                                        u"%@ Dokumente ruhen wegen einer Ausnahme."_s),
+                                          {QString::number(anzahl)}));
     }
 
     Marktext *m_fund = nullptr;

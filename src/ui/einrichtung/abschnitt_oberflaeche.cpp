@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStandardItemModel>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +21,36 @@ namespace
 {
 constexpr int sprachzeichen = 22;
 constexpr int zahlzeichen = 8;
+
+/** Reads what lies in the folders whenever it is opened; a file that cannot be chosen says why. */
+class Sprachwahl : public QComboBox
+{
+public:
+    Sprachwahl(Fenstersprache *sprache, QWidget *eltern) : QComboBox(eltern), m_sprache(sprache) { fuellen(); }
+
+    void showPopup() override
+    {
+        fuellen();
+        QComboBox::showPopup();
+    }
+
+private:
+    void fuellen()
+    {
+        const QSignalBlocker still(this);
+        clear();
+        addItem(Sprache::text(u"Wie das System"_s), QString());
+        for (const Sprachsatz &satz : Fenstersprache::angebot()) {
+            const QString mangel = Sprache::text(/* QUILLMAR_TEXT */ satz.mangel);
+            addItem(mangel.isEmpty() ? satz.name : satz.name + u" – "_s + mangel, satz.kennung);
+            if (!mangel.isEmpty())
+                qobject_cast<QStandardItemModel *>(model())->item(count() - 1)->setEnabled(false);
+        }
+        setCurrentIndex(std::max(0, findData(m_sprache->kennung())));
+    }
+
+    Fenstersprache *m_sprache;
+};
 
 /** Language and font size of the window. */
 class Oberflaeche : public Abschnittsseite
@@ -40,15 +71,8 @@ public:
 private:
     void spracheBauen()
     {
-        auto *wahl = new QComboBox(this);
+        auto *wahl = new Sprachwahl(m_sprache, this);
         wahl->setObjectName(u"sprache"_s);
-        wahl->addItem(Sprache::text(u"Wie das System"_s), QString());
-        wahl->addItem(u"Deutsch"_s, u"de"_s);
-        for (const Sprachsatz &satz : Sprache::verfuegbare()) {
-            if (satz.kennung != "de"_L1)
-                wahl->addItem(satz.name, satz.kennung);
-        }
-        wahl->setCurrentIndex(std::max(0, wahl->findData(m_sprache->kennung())));
         // Later: the choice goes down with the window's whole content.
         connect(wahl, &QComboBox::activated, m_sprache, [sprache = m_sprache, wahl](int stelle) {
             const QString kennung = wahl->itemData(stelle).toString();

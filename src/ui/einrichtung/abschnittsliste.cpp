@@ -161,7 +161,7 @@ void Abschnittsliste::zeigen()
         QStandardItem *zeile = m_zeilen->item(int(abschnitt));
         zeile->setData(stand.zeile, rolleZeile);
         zeile->setData(symbol(stand.lage), rolleSymbol);
-        zeile->setToolTip(stand.zeile.toHtmlEscaped());
+        zeile->setToolTip(u"<qt>"_s + stand.zeile.toHtmlEscaped() + u"</qt>"_s);
         QStringList teile = {zeile->text(), wort(stand.lage), stand.zeile};
         teile.removeAll(QString());
         zeile->setData(teile.join(u", "_s), Qt::AccessibleTextRole);

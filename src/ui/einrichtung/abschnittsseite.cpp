@@ -269,11 +269,14 @@ QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*fel
     QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::pfad);
     QPushButton *waehlen = knopf(name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), frage);
     connect(waehlen, &QPushButton::clicked, this, [this, eingabe, feld, frage] {
-        if (const auto ordner = Zustand::ordnerWaehlen(frage)) {
+        const QString zweck = eingabe->objectName() + u'-' + profil().id.toString(QUuid::WithoutBraces);
+        if (const auto ordner = Zustand::ordnerWaehlen(frage, zweck, profil().*feld)) {
             aendern([&](Profil &p) { p.*feld = *ordner; });
             eingabe->setText(*ordner);
         }
     });
+    // The folder may have been made meanwhile.
+    connect(eingabe, &QLineEdit::editingFinished, m_zustand, &Zustand::einrichtungPruefen);
     *teil = nebeneinander(this, eingabe, waehlen, 1);
     return eingabe;
 }

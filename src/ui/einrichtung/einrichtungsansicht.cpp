@@ -5,6 +5,8 @@
 #include "abschnittsseite.h"
 #include "erststart.h"
 #include "hauptknopf.h"
+#include "hinweisfeld.h"
+#include "leeransicht.h"
 #include "marktext.h"
 #include "profilleiste.h"
 #include "rollbereich.h"
@@ -15,6 +17,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedLayout>
@@ -36,7 +39,7 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
 {
     setObjectName(u"einrichtung"_s);
     setFocusPolicy(Qt::ClickFocus);
-    auto *erststart = new Erststart(Zustand::datenordner(), this);
+    auto *erststart = new Erststart(Zustand::datenordner(), m_zustand->unlesbareProfile(), this);
     connect(erststart, &Erststart::anlegen, m_zustand, &Zustand::neuesProfil);
     auto *inhalt = new QWidget(this);
     auto *waagrecht = new QHBoxLayout(inhalt);
@@ -86,6 +89,12 @@ QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
     auto *spalte = new QVBoxLayout(seite);
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->setSpacing(0);
+    m_katalogfehler =
+        new Hinweisfeld(true, u"exclamationmark.triangle"_s, {}, Sprache::text(u"Noch einmal versuchen"_s), seite);
+    m_katalogfehler->setObjectName(u"katalogfehler"_s);
+    m_katalogfehler->knopf()->setObjectName(u"katalogErneutOeffnen"_s);
+    connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand, &Zustand::erneutOeffnen);
+    spalte->addWidget(m_katalogfehler);
     spalte->addWidget(m_seiten, 1);
     spalte->addWidget(m_fuss);
     connect(m_weiter, &QPushButton::clicked, this, &EinrichtungsAnsicht::weiter);
@@ -149,10 +158,22 @@ void EinrichtungsAnsicht::zeigen()
     setFocusProxy(da ? static_cast<QWidget *>(m_liste) : m_stapel->widget(0));
     if (gewechselt && isVisible())
         setFocus();
+    m_katalogfehler->setVisible(!m_zustand->katalogfehler().isEmpty());
+    if (!m_zustand->katalogfehler().isEmpty())
+        m_katalogfehler->setzeText(Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s) + u": "_s +
+                                   katalogfehlersatz(*m_zustand));
     m_seiten->setCurrentIndex(int(m_zustand->abschnitt()));
     if (da)
         weiterZeigen();
     update();
+}
+
+/** Whoever comes back from another program may have made a folder there, or installed what was missing. */
+void EinrichtungsAnsicht::changeEvent(QEvent *ereignis)
+{
+    QWidget::changeEvent(ereignis);
+    if (ereignis->type() == QEvent::ActivationChange && isActiveWindow() && isVisible())
+        m_zustand->einrichtungPruefen();
 }
 
 void EinrichtungsAnsicht::showEvent(QShowEvent *ereignis)

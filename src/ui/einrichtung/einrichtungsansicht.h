@@ -9,6 +9,7 @@ class Abschnittsliste;
 class Abschnittsseite;
 class Fenstersprache;
 class Hauptknopf;
+class Hinweisfeld;
 class Marktext;
 class QStackedLayout;
 class QStackedWidget;
@@ -24,6 +25,7 @@ public:
     EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern = nullptr);
 
 protected:
+    void changeEvent(QEvent *ereignis) override;
     void showEvent(QShowEvent *ereignis) override;
     void resizeEvent(QResizeEvent *ereignis) override;
     void paintEvent(QPaintEvent *ereignis) override;
@@ -45,6 +47,7 @@ private:
     Abschnittsliste *m_liste = nullptr;
     QStackedWidget *m_seiten = nullptr;
     QMap<Abschnitt, Abschnittsseite *> m_abschnitte;
+    Hinweisfeld *m_katalogfehler = nullptr;
     Hauptknopf *m_weiter = nullptr;
     Marktext *m_grund = nullptr;
 };

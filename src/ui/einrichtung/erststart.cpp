@@ -1,6 +1,8 @@
 #include "erststart.h"
 
+#include "dateiverwaltung.h"
 #include "hauptknopf.h"
+#include "hinweisfeld.h"
 #include "kurzpfad.h"
 #include "sprache.h"
 #include "stil.h"
@@ -9,6 +11,7 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -30,11 +33,29 @@ QLabel *zeile(const QString &text, QVBoxLayout *spalte, QWidget *eltern)
 }
 } // namespace
 
-Erststart::Erststart(const QString &datenordner, QWidget *eltern)
+/** Before all else: this is no first start. */
+void Erststart::unlesbaresZeigen(const QString &kopie, QVBoxLayout *spalte)
+{
+    auto *feld = new Hinweisfeld(
+        true, u"exclamationmark.triangle"_s,
+        gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
+                 {kurzpfad(kopie)}) +
+            u". "_s + Sprache::text(u"Die Kataloge der Profile und deine Dokumente sind nicht davon betroffen."_s),
+        Sprache::text(u"Ordner öffnen"_s), this);
+    feld->setObjectName(u"unlesbareProfile"_s);
+    feld->knopf()->setObjectName(u"unlesbareProfileZeigen"_s);
+    feld->knopf()->setToolTip(Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s));
+    connect(feld, &Hinweisfeld::gedrueckt, this, [kopie] { Dateiverwaltung::zeigen(kopie); });
+    spalte->addWidget(feld);
+}
+
+Erststart::Erststart(const QString &datenordner, const QString &unlesbare, QWidget *eltern)
     : QWidget(eltern), m_bild(new QWidget(this)), m_knopf(new Hauptknopf(Sprache::text(u"Erstes Profil anlegen"_s)))
 {
     setObjectName(u"erststart"_s);
     auto *spalte = new QVBoxLayout(this);
+    if (!unlesbare.isEmpty())
+        unlesbaresZeigen(unlesbare, spalte);
     spalte->addStretch(1);
     spalte->addWidget(m_bild);
     Stil::schriftFolgt(zeile(Sprache::text(u"Aus einem Stapel Scans wird eine geordnete Ablage"_s), spalte, this),

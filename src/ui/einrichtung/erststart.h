@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class Hauptknopf;
+class QVBoxLayout;
 
 /** What stands on the setup card before there is a profile: what the program does, and the one next step. */
 class Erststart : public QWidget
@@ -11,7 +12,7 @@ class Erststart : public QWidget
 
 public:
     /** @p datenordner: where settings and catalogues are kept. */
-    explicit Erststart(const QString &datenordner, QWidget *eltern = nullptr);
+    Erststart(const QString &datenordner, const QString &unlesbare, QWidget *eltern = nullptr);
 
 Q_SIGNALS:
     void anlegen();
@@ -20,6 +21,8 @@ protected:
     void paintEvent(QPaintEvent *ereignis) override;
 
 private:
+    void unlesbaresZeigen(const QString &kopie, QVBoxLayout *spalte);
+
     QWidget *m_bild;
     Hauptknopf *m_knopf;
 };

@@ -2,7 +2,9 @@
 
 #include "bewegungsliste.h"
 #include "bewegungsmodell.h"
+#include "elidiertext.h"
 #include "leeransicht.h"
+#include "pfade.h"
 #include "rueckbaufeld.h"
 #include "sitzungskopf.h"
 #include "sitzungsseite.h"
@@ -30,13 +32,10 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
     m_sitzungen = new Sitzungsseite(m_zustand, this);
     m_teiler = new Teiler(m_sitzungen, sitzungsteil(), this);
     m_teiler->setzeAnteil(m_zustand->teilung());
-    auto *leere = new Leeransicht(this);
-    leere->setzen(u"large.clock"_s, Sprache::text(u"Noch kein Profil"_s),
-                  Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
-                  Sprache::text(u"Zur Einrichtung"_s));
-    connect(leere, &Leeransicht::gedrueckt, m_zustand, [this] { m_zustand->setzeReiter(Reiter::einrichtung); });
+    m_leere = new Leeransicht(this);
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); });
     m_stapel->addWidget(m_teiler);
-    m_stapel->addWidget(leere);
+    m_stapel->addWidget(m_leere);
     tastenBauen();
     verbinden();
     zeigen();
@@ -68,7 +67,8 @@ QWidget *ProtokollAnsicht::sitzungsteil()
 QWidget *ProtokollAnsicht::bewegungsteil()
 {
     m_sitzung = new QWidget(m_rechts);
-    auto *titel = new QLabel(Sprache::text(u"Sitzung"_s), m_sitzung);
+    m_titel = new Elidiertext(Qt::ElideMiddle, m_sitzung);
+    m_titel->setObjectName(u"sitzungstitel"_s);
     m_erklaerung = new QLabel(Sprache::text(u"Unter diesen Bedingungen wurde gearbeitet."_s), m_sitzung);
     m_erklaerung->setWordWrap(true);
     m_kopf = new Sitzungskopf(m_sitzung);
@@ -81,12 +81,12 @@ QWidget *ProtokollAnsicht::bewegungsteil()
     reihe->addWidget(bewegungen, 0, Qt::AlignBaseline);
     reihe->addWidget(m_anzahl, 1, Qt::AlignBaseline);
     auto *spalte = new QVBoxLayout(m_sitzung);
-    spalte->addWidget(titel);
+    spalte->addWidget(m_titel);
     spalte->addWidget(m_erklaerung);
     spalte->addWidget(m_kopf);
     spalte->addLayout(reihe);
     spalte->addWidget(m_liste, 1);
-    for (QLabel *schild : {titel, bewegungen})
+    for (QLabel *schild : QList<QLabel *>{m_titel, bewegungen})
         Stil::schriftFolgt(schild, Schrift::Abschnitt);
     Stil::nebentext(m_erklaerung);
     Stil::nebentext(m_anzahl);
@@ -100,8 +100,7 @@ QWidget *ProtokollAnsicht::bewegungsteil()
 
 void ProtokollAnsicht::tastenBauen()
 {
-    for (const QKeySequence &tasten : {QKeySequence(Qt::Key_U), QKeySequence(Qt::CTRL | Qt::Key_Z)})
-        kurztaste(tasten, this, [this] { m_zustand->letztenSchrittZurueck(); });
+    kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this, [this] { m_zustand->letztenSchrittZurueck(); });
 }
 
 void ProtokollAnsicht::verbinden()
@@ -115,6 +114,7 @@ void ProtokollAnsicht::verbinden()
         if (!m_zustand->rueckbauLaeuft())
             m_liste->modell()->setzeBilanz(m_zustand->rueckbauBilanz());
     });
+    connect(m_zustand, &Zustand::protokollDateienGeaendert, this, [this] { m_titel->setzeText(titel()); });
     connect(m_zustand, &Zustand::protokollDateienGeaendert, m_liste->modell(), &Bewegungsmodell::veralten);
     // Whatever was done, files may lie elsewhere now.
     connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
@@ -138,7 +138,23 @@ void ProtokollAnsicht::focusInEvent(QFocusEvent *ereignis)
         m_sitzungen->zurAuswahl();
 }
 
-void ProtokollAnsicht::zeigen() { m_stapel->setCurrentIndex(m_zustand->aktiv() ? 0 : 1); }
+void ProtokollAnsicht::zeigen()
+{
+    const bool da = m_zustand->aktiv() && m_zustand->katalogfehler().isEmpty();
+    m_stapel->setCurrentIndex(da ? 0 : 1);
+    if (!da)
+        m_leere->ohneKatalogSetzen(u"large.clock"_s, *m_zustand);
+}
+
+/** A log that does not lie in the folder of this profile is called by its file. */
+QString ProtokollAnsicht::titel() const
+{
+    const QString datei = m_zustand->protokollDatei().value_or(QString());
+    const bool laufend = m_zustand->laufendesBuch() && m_zustand->laufendesBuch()->datei() == datei;
+    if (datei.isEmpty() || laufend || m_zustand->protokollDateien().contains(datei))
+        return Sprache::text(u"Sitzung"_s);
+    return gefuellt(Sprache::text(u"Sitzung aus %@"_s), {nameVon(datei)});
+}
 
 QString ProtokollAnsicht::anzahl() const
 {
@@ -147,7 +163,8 @@ QString ProtokollAnsicht::anzahl() const
         return Sprache::text(u"Wird gelesen …"_s);
     if (zeilen == 0)
         return Sprache::text(u"In dieser Datei steht keine lesbare Bewegung."_s);
-    return gefuellt(Sprache::text(u"%@ Einträge, älteste zuerst."_s), {QString::number(zeilen)});
+    return gefuellt(Sprache::text(zeilen, u"%@ Eintrag."_s, u"%@ Einträge, älteste zuerst."_s),
+                    {QString::number(zeilen)});
 }
 
 void ProtokollAnsicht::sitzungZeigen()
@@ -155,6 +172,8 @@ void ProtokollAnsicht::sitzungZeigen()
     const Protokollkopf kopf = m_zustand->protokollKopf().value_or(Protokollkopf{});
     m_rechts->setCurrentIndex(m_zustand->protokollDatei() ? 1 : 0);
     m_kopf->zeigen(m_zustand->protokollKopf());
+    m_titel->setzeText(titel());
+    m_titel->setzeHilfe(m_zustand->protokollDatei().value_or(QString()));
     m_anzahl->setText(anzahl());
     m_liste->modell()->setzen(m_zustand->protokollZeilen(), kopf.quelle, kopf.ziel);
     anordnen();

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class Bewegungsliste;
+class Elidiertext;
 class Leeransicht;
 class QLabel;
 class QStackedLayout;
@@ -35,6 +36,7 @@ private:
     void sitzungZeigen();
     void anordnen();
     [[nodiscard]] QString anzahl() const;
+    [[nodiscard]] QString titel() const;
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;
@@ -42,6 +44,8 @@ private:
     Sitzungsseite *m_sitzungen = nullptr;
     QStackedWidget *m_rechts = nullptr;
     QWidget *m_sitzung = nullptr;
+    Leeransicht *m_leere = nullptr;
+    Elidiertext *m_titel = nullptr;
     QLabel *m_erklaerung = nullptr;
     Sitzungskopf *m_kopf = nullptr;
     QLabel *m_anzahl = nullptr;

@@ -101,7 +101,13 @@ void Protokollordner::pruefen()
 
 void Protokollordner::waehlen()
 {
-    if (const auto ordner = Zustand::ordnerWaehlen(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s)))
+    if (!m_zustand->aktiv())
+        return;
+    const Profil &profil = *m_zustand->aktiv();
+    const auto ordner = Zustand::ordnerWaehlen(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s),
+                                               u"protokolle-"_s + profil.id.toString(QUuid::WithoutBraces),
+                                               profil.protokollURL().value_or(QString()));
+    if (ordner)
         setzen(*ordner);
 }
 

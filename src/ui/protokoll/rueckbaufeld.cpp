@@ -224,8 +224,10 @@ void Rueckbaufeld::verbinden()
 
 void Rueckbaufeld::fragen()
 {
-    m_frage->setText(woher(*m_zustand) + gefuellt(Sprache::text(u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
-                                                  {QString::number(m_zustand->protokollZeilen().size())}));
+    const qsizetype anzahl = m_zustand->protokollZeilen().size();
+    m_frage->setText(woher(*m_zustand) + gefuellt(Sprache::text(anzahl, u"%@ Bewegung wird zurückgedreht. Sicher?"_s,
+                                            u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
+                              {QString::number(anzahl)}));
     m_ja->setAccessibleDescription(m_frage->text());
     m_nein->setAccessibleDescription(m_frage->text());
     seiteSetzen(Frage);
@@ -281,7 +283,8 @@ void Rueckbaufeld::zeigen()
     m_fehler->setVisible(!fehler.isEmpty());
     m_erklaerung->setzeText(erklaerung(m_zustand->protokollKopf()));
     m_erklaerung->setVisible(fehler.isEmpty() && !m_dicht);
-    m_zurueckdrehen->setToolTip(m_dicht ? m_erklaerung->ganzerText() : m_zurueckdrehen->accessibleDescription());
+    m_zurueckdrehen->setToolTip(m_dicht ? m_erklaerung->ganzerText()
+                                        : Sprache::text(u"Fragt noch einmal nach, bevor irgendetwas geschieht"_s));
 }
 
 QString Rueckbaufeld::meldungssymbol() const

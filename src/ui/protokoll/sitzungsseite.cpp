@@ -13,6 +13,7 @@
 #include "zeile.h"
 #include "zustand.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
@@ -88,6 +89,11 @@ void Sitzungsseite::laufendeBauen(QVBoxLayout *spalte)
     teil->addWidget(abschnitt(Sprache::text(u"Laufende Sitzung"_s), this));
     teil->addWidget(erklaerung);
     teil->addWidget(m_nochNichts);
+    m_mangel = new Umbruchtext(this);
+    m_mangel->setObjectName(u"protokollmangel"_s);
+    m_mangelZeile = zeile(this, {zeichenschild(u"exclamationmark.triangle"_s, this), m_mangel});
+    static_cast<QHBoxLayout *>(m_mangelZeile->layout())->setStretch(1, 1);
+    teil->addWidget(m_mangelZeile);
     m_laufende = neueZeile(teil);
     spalte->addLayout(teil);
     Stil::nebentext(erklaerung);
@@ -178,7 +184,10 @@ void Sitzungsseite::zeigen()
 void Sitzungsseite::laufendeZeigen()
 {
     const QString datei = laufende();
-    m_nochNichts->setVisible(datei.isEmpty());
+    const QString mangel = m_zustand->protokollmangel();
+    m_mangel->setzeText(mangel);
+    m_mangelZeile->setVisible(!mangel.isEmpty());
+    m_nochNichts->setVisible(datei.isEmpty() && mangel.isEmpty());
     m_laufende->setVisible(!datei.isEmpty());
     if (m_laufende->datei() != datei)
         m_laufende->setzen(datei, 0);
@@ -200,9 +209,11 @@ void Sitzungsseite::fruehereZeigen()
             bildZeigen(dateien.at(n));
         }
     }
+    const qsizetype alle = m_zustand->protokollDateien().size();
     QString text =
-        gefuellt(Sprache::text(u"%@ Protokolle gefunden, neueste zuerst."_s), {QString::number(dateien.size())});
-    if (m_zustand->protokollDateien().isEmpty())
+        gefuellt(Sprache::text(alle, u"%@ Protokoll gefunden."_s, u"%@ Protokolle gefunden, neueste zuerst."_s),
+                 {QString::number(alle)});
+    if (alle == 0)
         text = Sprache::text(u"Im Protokollordner liegt noch nichts."_s);
     else if (dateien.isEmpty())
         text = Sprache::text(u"Im Protokollordner liegt nur die laufende Sitzung."_s);
@@ -231,10 +242,18 @@ void Sitzungsseite::bilderLesen()
 
 void Sitzungsseite::bildZeigen(const QString &datei)
 {
-    const auto bild = m_bilder.bild(datei);
+    // What is found out about one may tell another one apart from it.
+    const auto minute = [](const Sitzungsbild &bild) { return bild.beginn.toSecsSinceEpoch() / 60; };
+    QHash<qint64, int> inMinute;
+    for (const Sitzungszeile *zeile : alleZeilen()) {
+        if (const auto bild = m_bilder.bild(zeile->datei()))
+            ++inMinute[minute(*bild)];
+    }
+    const auto neues = m_bilder.bild(datei);
     for (Sitzungszeile *zeile : alleZeilen()) {
-        if (bild && zeile->datei() == datei)
-            zeile->bildZeigen(*bild, zeile == m_laufende);
+        const auto bild = m_bilder.bild(zeile->datei());
+        if (neues && bild && (zeile->datei() == datei || minute(*bild) == minute(*neues)))
+            zeile->bildZeigen(*bild, zeile == m_laufende, inMinute.value(minute(*bild)) > 1);
     }
 }
 

@@ -53,6 +53,8 @@ private:
     Sitzungsbilder m_bilder;
     Protokollordner *m_ordner = nullptr;
     QWidget *m_nochNichts = nullptr;
+    Umbruchtext *m_mangel = nullptr; ///< why the running session's log is not there
+    QWidget *m_mangelZeile = nullptr;
     Sitzungszeile *m_laufende = nullptr;
     QLabel *m_anzahl = nullptr;
     QVBoxLayout *m_liste = nullptr;

@@ -21,13 +21,16 @@ using Stil::Schrift;
 
 namespace
 {
-QString zeitpunkt(const QDateTime &zeit) { return QLocale().toString(zeit, Sprache::text(u"d. MMMM yyyy, HH:mm"_s)); }
+QString zeitpunkt(const QDateTime &zeit, bool mitSekunden)
+{
+    return QLocale().toString(zeit, mitSekunden ? Sprache::text(u"d. MMMM yyyy, HH:mm:ss"_s)
+                                                : Sprache::text(u"d. MMMM yyyy, HH:mm"_s));
+}
 
 QString unterzeile(const Sitzungsbild &bild, bool laufend)
 {
-    const QString anzahl = bild.bewegungen == 1
-                               ? Sprache::text(u"1 Bewegung"_s)
-                               : gefuellt(Sprache::text(u"%@ Bewegungen"_s), {QLocale().toString(bild.bewegungen)});
+    const QString anzahl = gefuellt(Sprache::text(bild.bewegungen, u"%@ Bewegung"_s, u"%@ Bewegungen"_s),
+                                    {QLocale().toString(bild.bewegungen)});
     if (bild.bewegungen > 0 && bild.zurueckgedreht)
         return gefuellt(Sprache::text(u"%@, zurückgedreht"_s), {anzahl});
     if (laufend && bild.zuletzt.isValid())
@@ -71,7 +74,9 @@ void Sitzungszeile::setzen(const QString &datei, int nummer)
 {
     m_datei = datei;
     m_titel->setzeText(nameVon(datei));
+    m_titel->setzeHilfe(nameVon(datei));
     m_unterzeile->setzeText({});
+    setToolTip(nameVon(datei));
     const QString ende = u'-' + QString::number(nummer);
     m_marke->setObjectName(u"sitzung"_s + ende);
     m_ansehen->setObjectName(u"ansehen"_s + ende);
@@ -79,9 +84,9 @@ void Sitzungszeile::setzen(const QString &datei, int nummer)
     knoepfeBenennen();
 }
 
-void Sitzungszeile::bildZeigen(const Sitzungsbild &bild, bool laufend)
+void Sitzungszeile::bildZeigen(const Sitzungsbild &bild, bool laufend, bool mitSekunden)
 {
-    m_titel->setzeText(bild.beginn.isValid() ? zeitpunkt(bild.beginn) : nameVon(m_datei));
+    m_titel->setzeText(bild.beginn.isValid() ? zeitpunkt(bild.beginn, mitSekunden) : nameVon(m_datei));
     m_unterzeile->setzeText(unterzeile(bild, laufend));
     knoepfeBenennen();
     einpassen();

@@ -16,8 +16,9 @@ public:
 
     /** @p nummer makes the names of the row's controls different from those of the others. */
     void setzen(const QString &datei, int nummer);
-    /** What has been read of it; before that only its name is shown. @p laufend: of the session that is going on. */
-    void bildZeigen(const Sitzungsbild &bild, bool laufend);
+    /** What has been read of it; before that only its name is shown. @p laufend: of the session that is going on. @p
+     * mitSekunden: another one began in the same minute. */
+    void bildZeigen(const Sitzungsbild &bild, bool laufend, bool mitSekunden);
     void setzeGewaehlt(bool gewaehlt);
     void fokusNehmen();
     [[nodiscard]] const QString &datei() const { return m_datei; }

@@ -39,12 +39,20 @@ bool ohneDokumente(const Zustand &zustand) { return zustand.zaehlwerk() == Zaehl
 
 QString leerzeile(const Zustand &zustand)
 {
-    const QString offene = QString::number(zustand.zaehlwerk().neu);
+    const Zaehlwerk &z = zustand.zaehlwerk();
     if (zustand.analyse()->laeuft())
-        return gefuellt(Sprache::text(u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
-                        {offene});
-    if (zustand.zaehlwerk().neu > 0)
-        return gefuellt(Sprache::text(u"%@ Dokumente warten darauf, gelesen zu werden."_s), {offene});
+        return gefuellt(Sprache::text(z.neu,
+                                      u"Der Durchgang läuft noch. %@ Dokument wartet darauf, gelesen zu werden."_s,
+                                      u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
+                        {QString::number(z.neu)});
+    if (z.neu > 0)
+        return gefuellt(Sprache::text(z.neu, u"%@ Dokument wartet darauf, gelesen zu werden."_s,
+                                      u"%@ Dokumente warten darauf, gelesen zu werden."_s),
+                        {QString::number(z.neu)});
+    if (z.zurueckgestellt > 0)
+        return gefuellt(Sprache::text(z.zurueckgestellt, u"%@ Dokument ist noch zurückgestellt."_s,
+                                      u"%@ Dokumente sind noch zurückgestellt."_s),
+                        {QString::number(z.zurueckgestellt)});
     return ohneDokumente(zustand) ? Sprache::text(u"Hier gibt es noch keine Dokumente."_s)
                                   : Sprache::text(u"Alles einsortiert."_s);
 }
@@ -250,13 +258,12 @@ void PruefAnsicht::leereZeigen()
 {
     if (m_zustand->aktuelles())
         return;
-    m_leereTat = [this] { m_zustand->setzeReiter(Reiter::einrichtung); };
+    m_leereTat = [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); };
     if (m_zustand->oeffnet())
         return m_leere->setzen(u"large.clock"_s, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
     if (!m_zustand->offen())
-        return m_leere->setzen(u"large.folder"_s, Sprache::text(u"Noch kein Profil"_s),
-                               Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s),
-                               Sprache::text(u"Zur Einrichtung"_s));
+        return m_leere->ohneKatalogSetzen(u"large.folder"_s, *m_zustand);
+    m_leereTat = [this] { m_zustand->setzeReiter(Reiter::einrichtung); };
     m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand),
                     naechsterSchritt());
 }
@@ -267,7 +274,9 @@ QString PruefAnsicht::naechsterSchritt()
     const Zaehlwerk &z = m_zustand->zaehlwerk();
     if (z.zurueckgestellt > 0) {
         m_leereTat = [this] { m_zustand->zurueckgestellteVorlegen(); };
-        return gefuellt(Sprache::text(u"%@ Zurückgestellte wieder vorlegen"_s), {QString::number(z.zurueckgestellt)});
+        return gefuellt(Sprache::text(z.zurueckgestellt, u"%@ Zurückgestelltes wieder vorlegen"_s,
+                                      u"%@ Zurückgestellte wieder vorlegen"_s),
+                        {QString::number(z.zurueckgestellt)});
     }
     if (m_zustand->analyse()->laeuft() || (z.neu == 0 && !ohneDokumente(*m_zustand)))
         return {};

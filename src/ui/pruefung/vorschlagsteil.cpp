@@ -51,7 +51,8 @@ Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
     m_name->setObjectName(u"neuerName"_s);
     m_pfad->setObjectName(u"zielpfad"_s);
     m_prozent->setObjectName(u"konfidenz"_s);
-    m_bisher->setToolTip(m_bisherSchild->toolTip());
+    m_bisher->setzeHilfe(m_bisherSchild->toolTip());
+    m_bisherOrdner->setzeHilfe(m_bisherSchild->toolTip());
     m_name->setToolTip(m_neuSchild->toolTip());
     m_pfad->setToolTip(m_neuSchild->toolTip());
     m_prozent->setTextFormat(Qt::PlainText);

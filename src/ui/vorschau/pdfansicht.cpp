@@ -48,6 +48,7 @@ void PDFAnsicht::setUrl(const QUrl &url)
     m_lager.verlassen(m_pfad);
     m_pfad = pfad;
     m_gemeldet = pfad.isEmpty();
+    m_steuerung->anfangen();
     if (!pfad.isEmpty())
         m_lager.holen(pfad);
     m_geduld.start();
@@ -142,7 +143,7 @@ void PDFAnsicht::ordnen()
 void PDFAnsicht::nachOben()
 {
     verticalScrollBar()->setValue(0);
-    horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
+    horizontalScrollBar()->setValue(0);
 }
 
 void PDFAnsicht::leistenSetzen()

@@ -16,30 +16,11 @@ QString schluessel() { return u"vorschauZoom"_s; }
 Zoom gespeicherterZoom()
 {
     const QVariant wert = Einstellungen::wert(schluessel());
-    if (wert.toString() == u"seite")
-        return {Zoom::Art::Seite, 1};
-    bool istZahl = false;
-    const double stufe = wert.toDouble(&istZahl);
-    if (istZahl && stufe >= PDFSteuerung::stufen.front() && stufe <= PDFSteuerung::stufen.back())
-        return {Zoom::Art::Stufe, stufe};
-    return {};
-}
-
-QVariant alsWert(const Zoom &zoom)
-{
-    switch (zoom.art) {
-    case Zoom::Art::Breite:
-        return u"breite"_s;
-    case Zoom::Art::Seite:
-        return u"seite"_s;
-    case Zoom::Art::Stufe:
-        break;
-    }
-    return zoom.stufe;
+    return wert.toString() == u"seite" ? Zoom{Zoom::Art::Seite, 1} : Zoom{};
 }
 } // namespace
 
-PDFSteuerung::PDFSteuerung(QObject *eltern) : QObject(eltern), m_zoom(gespeicherterZoom()) {}
+PDFSteuerung::PDFSteuerung(QObject *eltern) : QObject(eltern), m_zoom(gespeicherterZoom()), m_passung(m_zoom) {}
 
 double PDFSteuerung::stufeUeber(double massstab)
 {
@@ -76,6 +57,12 @@ void PDFSteuerung::kleiner()
         zoomSetzen({Zoom::Art::Stufe, stufeUnter(m_ansicht->massstab())});
 }
 
+void PDFSteuerung::anfangen()
+{
+    if (m_zoom != m_passung)
+        zoomSetzen(m_passung);
+}
+
 void PDFSteuerung::breiteSetzen() { zoomSetzen({Zoom::Art::Breite, 1}); }
 
 void PDFSteuerung::ganzeSeiteSetzen() { zoomSetzen({Zoom::Art::Seite, 1}); }
@@ -95,9 +82,10 @@ void PDFSteuerung::zoomSetzen(const Zoom &zoom)
 {
     if (m_ansicht)
         m_ansicht->setZoom(zoom);
-    if (zoom != m_zoom) {
-        m_zoom = zoom;
-        Einstellungen::setzen(schluessel(), alsWert(zoom));
+    m_zoom = zoom;
+    if (zoom.art != Zoom::Art::Stufe && zoom != m_passung) {
+        m_passung = zoom;
+        Einstellungen::setzen(schluessel(), zoom.art == Zoom::Art::Seite ? u"seite"_s : u"breite"_s);
     }
     // The buttons show the mode again even where it was chosen a second time.
     Q_EMIT geaendert();

@@ -9,8 +9,8 @@
 class PDFAnsicht;
 
 /**
- * Controls the preview of documents: zoom and the page on show. The zoom stays from document to document and over
- * restarts of the program.
+ * Controls the preview of documents: zoom and the page on show. Each document begins in the fit that was chosen last,
+ * which stays over restarts of the program too; a step of the zoom is for the document on show.
  */
 class PDFSteuerung : public QObject
 {
@@ -47,6 +47,9 @@ public:
     /** Shows the whole page and goes on doing so when the view's size changes. */
     void ganzeSeiteSetzen();
 
+    /** Another document: back to the chosen fit. */
+    void anfangen();
+
     /** Reads page and page count from the view. */
     void standZeigen();
 
@@ -58,6 +61,7 @@ private:
 
     QPointer<PDFAnsicht> m_ansicht;
     Zoom m_zoom;
+    Zoom m_passung; ///< fit in which the next document begins
     int m_seiten = 0;
     int m_seite = 1;
 };

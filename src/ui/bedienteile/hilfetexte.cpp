@@ -1,0 +1,66 @@
+#include "hilfetexte.h"
+
+#include "elidiertext.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QToolTip>
+#include <QVariant>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr auto zuletzt = "hilfetext"; // the help text that stands as description
+
+void beschreiben(QWidget *teil)
+{
+    const QString hilfe = teil->toolTip();
+    const QString bisher = teil->accessibleDescription();
+    const bool folgt = bisher.isEmpty() || bisher == teil->property(zuletzt).toString();
+    // The tool tip of a text that was cut off is the text.
+    if (qobject_cast<Elidiertext *>(teil) || !folgt)
+        return;
+    teil->setProperty(zuletzt, hilfe);
+    teil->setAccessibleDescription(hilfe);
+}
+
+bool zeigen(QWidget *teil, const QHelpEvent &ereignis)
+{
+    if (teil->toolTip().isEmpty())
+        return false;
+    const QString zeilen = teil->toolTip().toHtmlEscaped().replace(u'\n', u"<br>"_s);
+    QToolTip::showText(ereignis.globalPos(), u"<qt>"_s + zeilen + u"</qt>"_s, teil, {}, teil->toolTipDuration());
+    return true;
+}
+} // namespace
+
+Hilfetexte::Hilfetexte(QObject *anwendung) : QObject(anwendung) { anwendung->installEventFilter(this); }
+
+void Hilfetexte::anwenden()
+{
+    if (!qApp->findChild<Hilfetexte *>(QString(), Qt::FindDirectChildrenOnly))
+        new Hilfetexte(qApp);
+}
+
+bool Hilfetexte::eventFilter(QObject *empfaenger, QEvent *ereignis)
+{
+    switch (ereignis->type()) {
+    case QEvent::Polish:
+        // The tool tip's own label shows what was escaped above.
+        if (auto *schild = qobject_cast<QLabel *>(empfaenger);
+            schild && schild->textFormat() == Qt::AutoText && !schild->inherits("QTipLabel"))
+            schild->setTextFormat(Qt::PlainText);
+        return false;
+    case QEvent::ToolTipChange:
+        if (empfaenger->isWidgetType())
+            beschreiben(static_cast<QWidget *>(empfaenger));
+        return false;
+    case QEvent::ToolTip:
+        return empfaenger->isWidgetType() &&
+               zeigen(static_cast<QWidget *>(empfaenger), *static_cast<QHelpEvent *>(ereignis));
+    default:
+        return false;
+    }
+}
