@@ -20,7 +20,7 @@ public:
         setText(wahl.titel);
         setToolTip(wahl.titel + QStringLiteral(". ") + wahl.hilfe);
         setAccessibleName(wahl.titel);
-        setAccessibleDescription(wahl.hilfe);
+        setAccessibleDescription(toolTip());
         setCheckable(true);
         setFocusPolicy(Qt::TabFocus);
     }
