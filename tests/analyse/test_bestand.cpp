@@ -128,7 +128,7 @@ private Q_SLOTS:
         aufgenommen(&hinweise);
         QCOMPARE(hinweise,
                  (QStringList{u"2 Einträge ausgelassen: Name nicht lesbar, bitte umbenennen"_s,
-                              u"1 Dateien ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s}));
+                              u"1 Datei ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s}));
     }
 
     void zwillingsordner()

@@ -108,7 +108,7 @@ private Q_SLOTS:
         QTest::newRow("noch nichts") << 10.0 << 0 << 5 << u""_s;
         QTest::newRow("alles") << 10.0 << 5 << 5 << u""_s;
         QTest::newRow("89,9 s") << 89.9 << 1 << 2 << u"noch rund 89 Sekunden"_s;
-        QTest::newRow("90 s") << 90.0 << 1 << 2 << u"noch rund 1 Minuten"_s;
+        QTest::newRow("90 s") << 90.0 << 1 << 2 << u"noch rund 1 Minute"_s;
         QTest::newRow("5399 s") << 5399.0 << 1 << 2 << u"noch rund 89 Minuten"_s;
         QTest::newRow("5400 s") << 5400.0 << 1 << 2 << u"noch rund 1.5 Stunden"_s;
         QTest::newRow("hochgerechnet") << 30.0 << 3 << 6 << u"noch rund 30 Sekunden"_s;
