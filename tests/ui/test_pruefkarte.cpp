@@ -318,6 +318,7 @@ private Q_SLOTS:
         QTest::qWait(800);
         // While a slow deed runs nothing can be typed that would be dropped.
         tippen("titel", u"Fertig"_s);
+        QTRY_VERIFY(!m_z->ungesehen());
         m_b->sql(u"BEGIN IMMEDIATE"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QTest::keyClicks(QApplication::focusWidget(), u" zu spaet"_s);
@@ -330,6 +331,7 @@ private Q_SLOTS:
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Weiter"_s);
         // The window waits for what is in hand, says so, and begins nothing new.
         dokument(u"d.pdf"_s);
+        QTRY_VERIFY(!m_z->ungesehen());
         m_b->sql(u"BEGIN IMMEDIATE"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QVERIFY(!m_fenster->close());
