@@ -296,7 +296,8 @@ private Q_SLOTS:
         m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited before
         QCOMPARE(m_z->aktuelles()->jahr, u"2020"_s);
         m_z->uebernehmen();
-        QTRY_COMPARE(m_b->lesen(a).status, u"erledigt"_s);
+        QTRY_VERIFY(!m_z->aktuelles());
+        QCOMPARE(m_b->lesen(a).status, u"erledigt"_s);
         QCOMPARE(m_b->lesen(a).titel, u"Von Hand"_s);
         m_z.reset();
         QVERIFY(m_b->db().abfragen(u"SELECT * FROM entwuerfe"_s).isEmpty());
