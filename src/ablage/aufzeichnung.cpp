@@ -24,7 +24,7 @@ void platzFreimachen(Datenbank &db, const QString &pfad, qint64 ausser)
 {
     Stapel stapel(db);
     for (const Zeile &z : db.abfragen(u"SELECT id FROM dokumente WHERE pfad=? AND id<>?"_s, {pfad, ausser}))
-        Wiedererkennung::pfadFreigeben(stapel, z.ganz(u"id"));
+        Wiedererkennung::pfadFreigeben(stapel, z.ganz(u"id"), pfad);
     stapel.abschliessen();
 }
 
@@ -33,6 +33,8 @@ void werteSchreiben(const Transaktion &t, Datenbank &db, const Dokument &d)
     muss(t, db,
          u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?, jahr=?\nWHERE id=?"_s,
          {d.datum, d.gegenueber, d.titel, d.zweig, d.ablage, d.rubrik, d.jahr, d.id});
+    // What the user has accepted is not read anew because its file was away once.
+    muss(t, db, u"DELETE FROM abwesend WHERE dokument_id=?"_s, {d.id});
 }
 
 void ortSchreiben(const Transaktion &t, Datenbank &db, qint64 id, const QString &status, const QString &pfad)

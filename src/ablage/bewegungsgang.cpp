@@ -37,7 +37,7 @@ bool gehtInsLeere(Datenbank &db, const QList<Absicht> &absichten, const QString 
     profil.quelle = herkunft;
     return std::any_of(absichten.begin(), absichten.end(),
                        [&](const Absicht &a) { return !a.zeile.kopiert && liegtUnter(a.zeile.von, herkunft); }) &&
-           (Herkunft::istFremderLeererOrdner(db, profil) || Herkunft::istLeererEinhaengepunkt(db, profil));
+           Herkunft::istFuerRueckkehrGesperrt(db, profil);
 }
 } // namespace
 
@@ -59,8 +59,8 @@ QStringList Bewegungsgang::klaeren(const std::shared_ptr<Datenbank> &db)
     const Bewegungsgang gang(db, std::move(*datei));
     QStringList namen;
     for (const QByteArray &zeile : gang.m_offene) {
-        if (const auto absicht = Absicht::aus(zeile))
-            namen << nameVon(absicht->anfang());
+        const auto absicht = Absicht::aus(zeile);
+        namen << (absicht ? nameVon(absicht->anfang()) : Sprache::text(u"ein unlesbarer Vermerk"_s));
     }
     return namen;
 }
@@ -72,8 +72,10 @@ void Bewegungsgang::offenesKlaeren()
     QMap<QString, Absicht> absichten;
     for (const QByteArray &zeile : m_datei.zeilen()) {
         const auto absicht = Absicht::aus(zeile);
-        if (!absicht)
+        if (!absicht) {
+            m_offene << zeile; // of a later version or damaged: not ours to throw away
             continue;
+        }
         if (!absichten.contains(absicht->vorgang))
             reihenfolge << absicht->vorgang;
         absichten.insert(absicht->vorgang, *absicht);

@@ -26,7 +26,8 @@ bool istWeitergezogen(const Protokollzeile &z, const Bewegungspruefung::Verzeich
 QString auswahl()
 {
     return u"SELECT p.id, p.rueckgaengig, p.zeit, d.pfad, n.name,\n"
-           "EXISTS (SELECT 1 FROM dokumente o WHERE o.pfad=p.von_pfad AND o.id<>p.dokument_id) AS vergeben\n"
+           "EXISTS (SELECT 1 FROM dokumente o WHERE o.pfad=p.von_pfad AND o.id<>p.dokument_id\n"
+           "AND o.status<>'fehlt' AND o.id NOT IN (SELECT dokument_id FROM abwesend)) AS vergeben\n"
            "FROM protokoll p LEFT JOIN dokumente d ON d.id=p.dokument_id\n"
            "LEFT JOIN schreibweisen n ON n.protokoll_id=p.id\n"_s;
 }

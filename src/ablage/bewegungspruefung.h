@@ -15,7 +15,7 @@ struct Verzeichnet {
     qint64 protokollId = 0;     ///< its row; 0 if there is none
     bool zurueck = false;       ///< it is turned back already
     QString pfad;               ///< where its document is today; empty if it has no place
-    bool platzVergeben = false; ///< another document has its old place
+    bool platzVergeben = false; ///< another document has its old place, and is not known to be gone from there
     QByteArray vonName;         ///< see Protokollzeile
 };
 /** The row of the movement that a log line tells of: the one of the line's own time goes before others. */

@@ -71,6 +71,13 @@ bool Herkunft::istFremderLeererOrdner(Datenbank &db, const Profil &profil)
            !hatPdf(profil.quelle, profil.mitUnterordnern);
 }
 
+bool Herkunft::istFuerRueckkehrGesperrt(Datenbank &db, const Profil &profil)
+{
+    // Where it is known which folder it is, one that the user has emptied himself is no reason.
+    const bool bekannt = !db.abfragen(u"SELECT 1 FROM herkunft WHERE pfad=?"_s, {wurzel(profil)}).isEmpty();
+    return bekannt ? istFremderLeererOrdner(db, profil) : istLeererEinhaengepunkt(db, profil);
+}
+
 bool Herkunft::istUnerreichbarFuer(Datenbank &db, const Profil &profil, const QString &pfad)
 {
     // A single document that is gone from an otherwise empty folder has been taken away by hand.

@@ -22,6 +22,9 @@ void merken(Datenbank &db, const Profil &profil);
 /** The source folder is another one than when documents were found in it last, and holds no PDF file. Blocks. */
 [[nodiscard]] bool istFremderLeererOrdner(Datenbank &db, const Profil &profil);
 
+/** What comes back into the source folder would lie in the empty folder that its drive is mounted on. Blocks. */
+[[nodiscard]] bool istFuerRueckkehrGesperrt(Datenbank &db, const Profil &profil);
+
 /** The file @p pfad is missing since the whole source folder is. */
 [[nodiscard]] bool istUnerreichbarFuer(Datenbank &db, const Profil &profil, const QString &pfad);
 } // namespace Herkunft

@@ -68,6 +68,16 @@ bool zeileAnhaengen(const QString &datei, const Protokollkopf &kopf, const QByte
     return anfuegen(griff, s.st_size, bytes);
 }
 
+/** The line is written; that the folder cannot be flushed does not make it unwritten. */
+void ordnerSichern(const QByteArray &pfad)
+{
+    try {
+        Platte::ordnerSichern(pfad);
+    } catch (const Fehler &) {
+        // The catalogue's own row is the record that counts.
+    }
+}
+
 /** Begins a book with its first line, in @p datei or the next second that no other program has; none on failure. */
 std::optional<QString> beginnen(QString datei, const Protokollkopf &kopf, const QByteArray &zeile)
 {
@@ -76,7 +86,7 @@ std::optional<QString> beginnen(QString datei, const Protokollkopf &kopf, const 
         const Dateigriff griff(::open(pfad.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
         if (griff.offen()) {
             if (anfuegen(griff, 0, kopf.json() + '\n' + zeile + '\n')) {
-                Platte::ordnerSichern(pfad);
+                ordnerSichern(pfad);
                 return datei;
             }
             ::unlink(pfad.constData()); // made here just now, and no one has read of it

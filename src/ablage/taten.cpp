@@ -1,6 +1,7 @@
 #include "taten.h"
 
 #include "datenbank.h"
+#include "stapel.h"
 #include "transaktion.h"
 #include "zeit.h"
 
@@ -10,6 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+const QString offenePosten = u"FROM tatposten t LEFT JOIN dokumente d ON d.id=t.dokument_id\n"
+                             "LEFT JOIN protokoll p ON p.id=t.protokoll_id\n"
+                             "WHERE t.tat_id=? AND CASE WHEN t.protokoll_id=0 THEN d.status=t.neu_status\n"
+                             "ELSE p.rueckgaengig=0 END"_s;
+
 void muss(const Transaktion &t, Datenbank &db, const QString &sql, const QVariantList &parameter)
 {
     if (db.ausfuehren(sql, parameter) != 0)
@@ -68,16 +74,19 @@ std::optional<Taten::Tat> Taten::statusWechseln(Datenbank &db, const QString &ar
 
 std::optional<Taten::Tat> Taten::alleWechseln(Datenbank &db, const QString &art, const QString &alt, const QString &neu)
 {
-    Transaktion t(db);
-    const Tat tat{.bewegung = false, .id = neueTat(t, db, art)};
-    muss(t, db,
-         u"INSERT INTO tatposten (tat_id, dokument_id, alt_status, neu_status, protokoll_id)\n"
-         "SELECT ?, id, status, ?, 0 FROM dokumente WHERE status=? AND ausgenommen=0"_s,
-         {tat.id, neu, alt});
-    if (db.geaendert() == 0)
+    const QList<Zeile> betroffene = db.abfragen(u"SELECT id FROM dokumente WHERE status=? AND ausgenommen=0"_s, {alt});
+    if (betroffene.isEmpty())
         return std::nullopt;
-    muss(t, db, u"UPDATE dokumente SET status=? WHERE status=? AND ausgenommen=0"_s, {neu, alt});
-    t.abschliessen();
+    const Tat tat = beginnen(db, art);
+    Stapel stapel(db);
+    for (const Zeile &z : betroffene) {
+        // First the way back: an item whose change never came counts for nothing.
+        stapel.schreiben(u"INSERT INTO tatposten (tat_id, dokument_id, alt_status, neu_status, protokoll_id)\n"
+                         "VALUES (?,?,?,?,0)"_s,
+                         {tat.id, z.ganz(u"id"), alt, neu});
+        stapel.schreiben(u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s, {neu, z.ganz(u"id"), alt});
+    }
+    stapel.abschliessen();
     return tat;
 }
 
@@ -109,13 +118,18 @@ std::optional<qint64> Taten::letzteBewegung(Datenbank &db, std::optional<qint64>
     return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().ganz(u"id"));
 }
 
+bool Taten::istErledigt(Datenbank &db, const Tat &tat)
+{
+    const QList<Zeile> zeilen =
+        db.abfragen(u"SELECT COUNT(*) n FROM (SELECT 1 "_s + offenePosten + u" LIMIT 1)"_s, {tat.id});
+    // Where the catalogue could not be asked there is no row at all.
+    return !tat.bewegung && !zeilen.isEmpty() && zeilen.first().ganz(u"n") == 0;
+}
+
 QList<Taten::Posten> Taten::offene(Datenbank &db, const Tat &tat)
 {
-    const QString posten = u"SELECT t.dokument_id, t.alt_status, t.neu_status, t.protokoll_id FROM tatposten t\n"
-                           "LEFT JOIN dokumente d ON d.id=t.dokument_id\n"
-                           "LEFT JOIN protokoll p ON p.id=t.protokoll_id\n"
-                           "WHERE t.tat_id=? AND CASE WHEN t.protokoll_id=0 THEN d.status=t.neu_status\n"
-                           "ELSE p.rueckgaengig=0 END ORDER BY t.id DESC"_s;
+    const QString posten = u"SELECT t.dokument_id, t.alt_status, t.neu_status, t.protokoll_id "_s + offenePosten +
+                           u" ORDER BY t.id DESC"_s;
     const QString bewegung = u"SELECT dokument_id, alt_status, '' AS neu_status, id AS protokoll_id FROM protokoll\n"
                              "WHERE id=? AND rueckgaengig=0"_s;
     QList<Posten> liste;
@@ -127,22 +141,13 @@ QList<Taten::Posten> Taten::offene(Datenbank &db, const Tat &tat)
     return liste;
 }
 
-bool Taten::gibtEs(Datenbank &db)
-{
-    Folge folge(db);
-    while (const auto tat = folge.naechste()) {
-        if (tat->bewegung || !offene(db, *tat).isEmpty())
-            return true;
-    }
-    return false;
-}
-
 void Taten::statusZurueck(Datenbank &db, const QList<Posten> &posten)
 {
-    Transaktion t(db);
+    Stapel stapel(db);
     for (const Posten &p : posten)
-        muss(t, db, u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s, {p.altStatus, p.dokument, p.neuStatus});
-    t.abschliessen();
+        stapel.schreiben(u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s,
+                         {p.altStatus, p.dokument, p.neuStatus});
+    stapel.abschliessen();
 }
 
 void Taten::schliessen(Datenbank &db, const Tat &tat)

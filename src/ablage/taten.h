@@ -57,8 +57,8 @@ private:
 
 /** What of a deed still stands as it has left it; empty when all of it was taken back on other ways. */
 [[nodiscard]] QList<Posten> offene(Datenbank &db, const Tat &tat);
-/** There is some deed to take back. */
-[[nodiscard]] bool gibtEs(Datenbank &db);
+/** Nothing of a deed of many stands any more. False where the catalogue could not be asked. */
+[[nodiscard]] bool istErledigt(Datenbank &db, const Tat &tat);
 
 /** Takes changes of the status back. Throws Fehler. */
 void statusZurueck(Datenbank &db, const QList<Posten> &posten);

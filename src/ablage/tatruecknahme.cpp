@@ -49,6 +49,20 @@ std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
 
 [[noreturn]] void nichtsDa() { throw Fehler(Sprache::text(u"Es gibt nichts rückgängig zu machen"_s)); }
 
+/** Why nothing of a deed can be taken back; empty if something can. */
+QString hindernisVon(Datenbank &db, const QList<Taten::Posten> &posten)
+{
+    QString grund;
+    for (const Taten::Posten &p : posten) {
+        const auto v = p.protokollId == 0 ? std::nullopt : vorhaben(db, p.protokollId);
+        if (!v || v->hindernis.isEmpty())
+            return {};
+        if (grund.isEmpty())
+            grund = v->hindernis;
+    }
+    return grund;
+}
+
 /** One deed on its way back. */
 class Ruecknehmer
 {
@@ -60,19 +74,7 @@ public:
 
     [[nodiscard]] bool istLeer() const { return m_posten.isEmpty(); }
 
-    /** Why nothing of it can be taken back; empty if something can. */
-    [[nodiscard]] QString hindernis() const
-    {
-        QString grund;
-        for (const Taten::Posten &p : m_posten) {
-            const auto v = p.protokollId == 0 ? std::nullopt : vorhaben(m_db, p.protokollId);
-            if (!v || v->hindernis.isEmpty())
-                return {};
-            if (grund.isEmpty())
-                grund = v->hindernis;
-        }
-        return grund;
-    }
+    [[nodiscard]] QString hindernis() const { return hindernisVon(m_db, m_posten); }
 
     [[nodiscard]] Zurueckgenommen ausfuehren(const Tatruecknahme::Fortschritt &fortschritt)
     {
@@ -80,7 +82,7 @@ public:
         bewegungen(fortschritt);
         if (m_ergebnis.dokumente.isEmpty() && !m_ergebnis.fehler.isEmpty())
             throw Fehler(m_ergebnis.fehler.first());
-        if (Taten::offene(m_db, m_tat).isEmpty())
+        if (Taten::istErledigt(m_db, m_tat))
             Taten::schliessen(m_db, m_tat);
         return std::move(m_ergebnis);
     }
@@ -157,7 +159,8 @@ Zurueckgenommen Tatruecknahme::letzte(const std::shared_ptr<Datenbank> &db, cons
     while (const auto tat = folge.naechste()) {
         Ruecknehmer ruecknehmer(gang, *db, herkunft, *tat);
         if (ruecknehmer.istLeer()) { // taken back on other ways
-            Taten::schliessen(*db, *tat);
+            if (Taten::istErledigt(*db, *tat))
+                Taten::schliessen(*db, *tat);
             continue;
         }
         if (diese && *tat != *diese)
@@ -169,6 +172,18 @@ Zurueckgenommen Tatruecknahme::letzte(const std::shared_ptr<Datenbank> &db, cons
         return ruecknehmer.ausfuehren(fortschritt);
     }
     nichtsDa();
+}
+
+bool Tatruecknahme::istMoeglich(Datenbank &db)
+{
+    Taten::Folge folge(db);
+    while (const auto tat = folge.naechste()) {
+        if (!tat->bewegung && Taten::istErledigt(db, *tat))
+            continue;
+        if (!Taten::istUebergangen(db, *tat) || hindernisVon(db, Taten::offene(db, *tat)).isEmpty())
+            return true;
+    }
+    return false;
 }
 
 qint64 Tatruecknahme::letzteBewegung(const std::shared_ptr<Datenbank> &db, const QString &herkunft)

@@ -25,6 +25,9 @@ using Fortschritt = std::function<bool(qint64 fertig, qint64 gesamt)>;
 [[nodiscard]] Zurueckgenommen letzte(const std::shared_ptr<Datenbank> &db, const QString &herkunft,
                                      const std::optional<Taten::Tat> &diese = {}, const Fortschritt &fortschritt = {});
 
+/** Some deed can be taken back. Looks at the disk only for what could not be once. */
+[[nodiscard]] bool istMoeglich(Datenbank &db);
+
 /** The same for movements alone, whatever deed they are part of. Returns the document. */
 [[nodiscard]] qint64 letzteBewegung(const std::shared_ptr<Datenbank> &db, const QString &herkunft);
 } // namespace Tatruecknahme

@@ -62,15 +62,17 @@ bool Wiedererkennung::istDieselbe(Datenbank &db, qint64 id, const QString &pfad)
     return true;
 }
 
-void Wiedererkennung::pfadFreigeben(Stapel &stapel, qint64 id)
+bool Wiedererkennung::pfadFreigeben(Stapel &stapel, qint64 id, const QString &pfad)
 {
-    stapel.schreiben(u"INSERT INTO fruehere_pfade (dokument_id, pfad, zeit)\n"
-                     "SELECT id, pfad, ? FROM dokumente WHERE id=? AND pfad IS NOT NULL"_s,
-                     {jetztIso(), id});
-    stapel.schreiben(u"UPDATE dokumente SET pfad=NULL, status=CASE WHEN status IN\n"
-                     "('neu','laeuft','bereit','zurueckgestellt','dublette') THEN 'fehlt' ELSE status END WHERE id=?"_s,
-                     {id});
+    const int frei = stapel.schreiben(
+        u"UPDATE dokumente SET pfad=NULL, status=CASE WHEN status IN\n"
+        "('neu','laeuft','bereit','zurueckgestellt','dublette') THEN 'fehlt' ELSE status END WHERE id=? AND pfad=?"_s,
+        {id, pfad});
+    if (frei == 0)
+        return false;
+    stapel.schreiben(u"INSERT INTO fruehere_pfade (dokument_id, pfad, zeit) VALUES (?,?,?)"_s, {id, pfad, jetztIso()});
     stapel.schreiben(u"DELETE FROM dateistand WHERE dokument_id=?"_s, {id});
+    return true;
 }
 
 void Wiedererkennung::ersetzen(Datenbank &db, qint64 id)
@@ -82,8 +84,8 @@ void Wiedererkennung::ersetzen(Datenbank &db, qint64 id)
     const Zeile &z = zeilen.first();
     const auto jetzt = Dateibewegung::angabenVon(z.text(u"pfad"));
     Stapel stapel(db);
-    pfadFreigeben(stapel, id);
-    stapel.schreiben(u"INSERT OR IGNORE INTO dokumente (pfad, dateiname, alt_ordner, groesse)\nVALUES (?,?,?,?)"_s,
-                     {z.text(u"pfad"), z.text(u"dateiname"), z.text(u"alt_ordner"), jetzt ? jetzt->groesse : 0});
+    if (pfadFreigeben(stapel, id, z.text(u"pfad")))
+        stapel.schreiben(u"INSERT OR IGNORE INTO dokumente (pfad, dateiname, alt_ordner, groesse)\nVALUES (?,?,?,?)"_s,
+                         {z.text(u"pfad"), z.text(u"dateiname"), z.text(u"alt_ordner"), jetzt ? jetzt->groesse : 0});
     stapel.abschliessen();
 }

@@ -43,9 +43,9 @@ void notieren(Stapel &stapel, qint64 id, qint64 groesse, qint64 geaendert, bool 
 
 /**
  * Takes a document's path from it, since another file lies there: it keeps its history, where it was is remembered
- * apart, and if it waited it is "fehlt" from now on.
+ * apart, and if it waited it is "fehlt" from now on. False when it no longer has @p pfad: then nothing changes.
  */
-void pfadFreigeben(Stapel &stapel, qint64 id);
+bool pfadFreigeben(Stapel &stapel, qint64 id, const QString &pfad);
 
 /** Takes in what lies at the path of document @p id now as a document of its own, which is still to be read. */
 void ersetzen(Datenbank &db, qint64 id);

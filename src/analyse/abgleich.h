@@ -36,6 +36,9 @@ enum class Fall {
 /** All documents with a path. */
 [[nodiscard]] Verzeichnis verzeichnis(Datenbank &db);
 
-/** Enters @p funde; also looks for vanished documents elsewhere on the disk. Throws Fehler. */
-void eintragen(Lauf &lauf, const QList<Bestand::Fund> &funde);
+/**
+ * Enters @p funde; also looks for vanished documents elsewhere on the disk. @p seit is the newest movement before the
+ * walk: the review goes on meanwhile. Throws Fehler.
+ */
+void eintragen(Lauf &lauf, const QList<Bestand::Fund> &funde, qint64 seit);
 } // namespace Abgleich

@@ -1,7 +1,9 @@
 #include "bestand.h"
 
 #include "abgleich.h"
+#include "aufzeichnung.h"
 #include "ausnahmefilter.h"
+#include "bewegungsgang.h"
 #include "datenbank.h"
 #include "dubletten.h"
 #include "herkunft.h"
@@ -57,12 +59,15 @@ public:
         return m_ordner.value({.geraet = quint64(s.st_dev), .nummer = quint64(s.st_ino)});
     }
 
-    /** The file @p name with @p angaben in the folder known as @p ordner is one of the program's own. */
-    [[nodiscard]] bool istEigenes(const QString &ordner, const QString &name, const struct stat &angaben) const
+    /** The path by which the catalogue knows the file @p name with @p angaben in the folder known as @p ordner. */
+    [[nodiscard]] std::optional<QString> bekannterPfad(const QString &ordner, const QString &name,
+                                                       const struct stat &angaben) const
     {
         const QString pfad = ordner == u"/"_s ? ordner + name : ordner + u'/' + name;
-        return !ordner.isEmpty() && (m_eigenes.kopien.contains(pfad) || m_eigenes.abgelegt.contains(pfad)) &&
-               kennungVon(pfad) == Kennung{.geraet = quint64(angaben.st_dev), .nummer = quint64(angaben.st_ino)};
+        const bool bekannt =
+            !ordner.isEmpty() && (m_eigenes.kopien.contains(pfad) || m_eigenes.abgelegt.contains(pfad)) &&
+            kennungVon(pfad) == Kennung{.geraet = quint64(angaben.st_dev), .nummer = quint64(angaben.st_ino)};
+        return bekannt ? std::optional(pfad) : std::nullopt;
     }
 
 private:
@@ -149,8 +154,14 @@ private:
         struct stat s = {};
         if (!istErreichbar(pfad, darin(ordner, e.name)))
             ++m_ergebnis.doppelteNamen;
-        else if (!m_kopien.contains(pfad) && ::fstatat(griff, e.name.constData(), &s, AT_SYMLINK_NOFOLLOW) == 0 &&
-                 !m_zweitwege.istEigenes(m_bekanntAls, name, s))
+        else if (::fstatat(griff, e.name.constData(), &s, AT_SYMLINK_NOFOLLOW) == 0)
+            fund(m_zweitwege.bekannterPfad(m_bekanntAls, name, s).value_or(pfad), relativ, s);
+    }
+
+    /** What the catalogue knows by another way is found there: it may have been replaced since. */
+    void fund(const QString &pfad, const QString &relativ, const struct stat &s)
+    {
+        if (!m_kopien.contains(pfad))
             m_ergebnis.funde << Bestand::Fund{
                 .pfad = pfad, .ordner = relativ, .groesse = qint64(s.st_size), .geaendert = Platte::zeitVon(s)};
     }
@@ -253,8 +264,9 @@ void pruefsummenBilden(Lauf &lauf)
                 // Without a digest the next run tries again.
                 if (e.sha256.isNull())
                     continue;
-                stapel.schreiben(u"UPDATE dokumente SET sha256=? WHERE id=?"_s, {e.sha256, e.id});
-                Wiedererkennung::notieren(stapel, e.id, e.groesse, e.geaendert, true);
+                if (stapel.schreiben(u"UPDATE dokumente SET sha256=? WHERE id=? AND sha256 IS NULL"_s,
+                                     {e.sha256, e.id}) > 0)
+                    Wiedererkennung::notieren(stapel, e.id, e.groesse, e.geaendert, true);
             }
             stapel.abschliessen();
             fertig += neue.size();
@@ -296,6 +308,8 @@ void Bestand::verzeichnen(Lauf &lauf)
     if (!istOrdner(QDir::cleanPath(lauf.profil().quelle)))
         nichtErreichbar(lauf);
     const auto halt = [&lauf] { return lauf.sollHalten(); };
+    Q_UNUSED(Bewegungsgang::klaeren(lauf.katalog())); // what a crash left open would look like new files
+    const qint64 seit = Aufzeichnung::neuesteZeile(lauf.db());
     const Eigenes eigenes = eigenesVon(lauf.db(), lauf.profil().quelle);
     const Ergebnis ergebnis = suchen(lauf.profil(), eigenes, halt);
     if (lauf.sollHalten())
@@ -308,7 +322,7 @@ void Bestand::verzeichnen(Lauf &lauf)
         gefuellt(Sprache::text(ergebnis.funde.size(), u"%@ PDF-Datei gefunden"_s, u"%@ PDF-Dateien gefunden"_s),
                  {QString::number(ergebnis.funde.size())}),
         0, 1);
-    Abgleich::eintragen(lauf, ergebnis.funde);
+    Abgleich::eintragen(lauf, ergebnis.funde, seit);
     verwaisteDublettenFreigeben(lauf);
     ausgelassenesMelden(lauf, ergebnis);
 }

@@ -55,6 +55,7 @@ public:
     Lauf(std::shared_ptr<Datenbank> db, Profil profil, std::function<bool()> halt, std::stop_token ende, Melden melden);
 
     [[nodiscard]] Datenbank &db() const { return *m_db; }
+    [[nodiscard]] const std::shared_ptr<Datenbank> &katalog() const { return m_db; }
     [[nodiscard]] const Profil &profil() const { return m_profil; }
 
     /** Asked between two documents: the user wishes to stop, or the program ends. */

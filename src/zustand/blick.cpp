@@ -2,7 +2,7 @@
 
 #include "ablagewerk.h"
 #include "datenbank.h"
-#include "taten.h"
+#include "tatruecknahme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,7 +65,7 @@ Blick Blick::auf(const std::shared_ptr<Datenbank> &db, const Profil &profil, con
     blick.zaehlwerk = werk.zaehlen();
     const QList<Zeile> ruhende = db->abfragen(u"SELECT COUNT(*) n FROM dokumente WHERE ausgenommen=1"_s);
     blick.ausgenommen = ruhende.isEmpty() ? 0 : ruhende.first().ganz(u"n");
-    blick.umkehrbar = Taten::gibtEs(*db);
+    blick.umkehrbar = Tatruecknahme::istMoeglich(*db);
     blick.bewegt = Taten::letzteBewegung(*db).has_value();
     return blick;
 }

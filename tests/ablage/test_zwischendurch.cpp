@@ -132,6 +132,7 @@ void TestZwischendurch::blockierteBewegungWirdUebergangen()
     QCOMPARE(bank().lesen(eins).status, u"erledigt"_s);
     QCOMPARE(bank().rueckgaengig(), eins);
     QCOMPARE(bank().db()->abfragen(u"SELECT 1 FROM protokoll WHERE rueckgaengig=0"_s).size(), 1);
+    QVERIFY(!Tatruecknahme::istMoeglich(*bank().db()));
     // Once it is back, it has its turn again.
     QVERIFY(QFile::rename(ort + u".weg"_s, ort));
     QCOMPARE(bank().rueckgaengig(), zwei);

@@ -8,7 +8,6 @@
 #include "protokollbuch.h"
 #include "satz.h"
 #include "sha256.h"
-#include "taten.h"
 #include "textleser.h"
 
 #include <QDir>
@@ -102,7 +101,6 @@ public:
 
     void schritt()
     {
-        const QMap<QString, int> vorher = inhalte();
         const int was = m_zufall.bounded(100);
         if (was < 45 && m_weg)
             return;
@@ -110,6 +108,7 @@ public:
             return leute(was);
         if (was < 49)
             return laufwerk();
+        const QMap<QString, int> vorher = inhalte();
         if (was < 55)
             durchgang();
         else
@@ -140,7 +139,7 @@ public:
         const QString korb = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Trash/files"_s;
         for (const QString &ordner : {profil().quelle, weggelegt(), profil().zielWurzel, korb}) {
             for (const QString &pfad : dateien(ordner))
-                ++bestand[sha256Datei(pfad.toUtf8())];
+                ++bestand[summe(pfad)];
         }
         return bestand;
     }
@@ -156,6 +155,17 @@ public:
     }
 
 private:
+    /** Every writing has its own time, so a file is read once only. */
+    [[nodiscard]] QString summe(const QString &pfad) const
+    {
+        struct stat s = {};
+        ::stat(pfad.toUtf8().constData(), &s);
+        QString &bekannt = m_summen[{qint64(s.st_mtim.tv_sec), qint64(s.st_size)}];
+        if (bekannt.isEmpty())
+            bekannt = sha256Datei(pfad.toUtf8());
+        return bekannt;
+    }
+
     [[nodiscard]] QString weggelegt() const { return profil().quelle + u".weg"_s; }
 
     [[nodiscard]] QString einName()
@@ -313,6 +323,7 @@ private:
     QRandomGenerator m_zufall;
     QList<QByteArray> m_inhalte;
     QStringList m_maengel;
+    mutable QHash<std::pair<qint64, qint64>, QString> m_summen;
     qint64 m_uhr = 0;
     bool m_weg = false;
 };
