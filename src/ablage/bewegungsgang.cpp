@@ -23,6 +23,10 @@ constexpr auto geduld = 60s;
 
 Absichtsdatei dateiNehmen(const Datenbank &db)
 {
+    // Found out before, not by a movement there and back.
+    if (db.nurLesen())
+        throw Fehler(
+            Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
     auto datei = Absichtsdatei::oeffnen(absichtsdatei(db), geduld);
     if (!datei)
         throw Fehler(

@@ -734,6 +734,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"die Originale liegen noch da",
     u"die Sitzung ist zurückgedreht",
     u"eigene Namen fehlen noch",
+    u"ein unlesbarer Vermerk",
     u"eine Zuordnung gemerkt",
     u"einsatzbereit",
     u"einsortiert",

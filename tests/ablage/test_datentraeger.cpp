@@ -38,6 +38,9 @@ void TestDatentraeger::gescheitert_data()
     const QString nurLesen = u"mount --bind \"$%1\" \"$%1\"\nmount -o remount,ro,bind \"$%1\"\n"_s;
     QTest::newRow("Ziel schreibgeschützt") << nurLesen.arg(1) << false << u"schreibgeschützt"_s;
     QTest::newRow("Quelle schreibgeschützt") << nurLesen.arg(2) << false << u"schreibgeschützt"_s;
+    QTest::newRow("nur die Katalogdatei schreibgeschützt")
+        << u"k=\"$3/katalog.db\"\nmount --bind \"$k\" \"$k\"\nmount -o remount,ro,bind \"$k\"\n"_s << false
+        << u"Der Katalog lässt sich nicht beschreiben"_s;
     QTest::newRow("Katalog schreibgeschützt")
         << nurLesen.arg(3) + u"mount -t tmpfs tmpfs \"$1\"\n"_s << false << u"schreibgeschützt"_s;
 }

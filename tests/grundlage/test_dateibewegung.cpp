@@ -9,6 +9,7 @@
 #include <QTest>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
 
@@ -105,6 +106,9 @@ void TestDateibewegung::bewegen()
     const struct timespec zeiten[2] = {{1700000000, 0}, {1600000000, 123456789}};
     QVERIFY(::utimensat(AT_FDCWD, nfd.toUtf8().constData(), zeiten, 0) == 0);
     schreiben(ziel + u"/Büro.pdf"_s, "schon da");
+    // A tag of the file manager, where both file systems know such things.
+    const bool merkmale = ::setxattr(nfd.toUtf8().constData(), "user.xdg.tags", "Steuer", 6, 0) == 0 &&
+                          ::setxattr((ziel + u"/Büro.pdf"_s).toUtf8().constData(), "user.probe", "1", 1, 0) == 0;
 
     const QString ergebnis = Dateibewegung::ausfuehren({.von = m_von + u"/Büro \"1\"\n.PDF"_s,
                                                         .ordner = ziel,
@@ -115,6 +119,10 @@ void TestDateibewegung::bewegen()
     QCOMPARE(lesen(ziel + u"/Büro.pdf"_s), QByteArray("schon da"));
     QVERIFY(lesen(ergebnis) == inhalt);
     QCOMPARE(QFile::exists(nfd), kopieren);
+    char wert[6] = {};
+    if (merkmale)
+        QCOMPARE(QByteArray(wert, int(::getxattr(ergebnis.toUtf8().constData(), "user.xdg.tags", wert, sizeof wert))),
+                 QByteArray("Steuer"));
     struct stat s = {};
     QVERIFY(::stat(ergebnis.toUtf8().constData(), &s) == 0);
     QCOMPARE(s.st_mode & 07777, 0640U);
