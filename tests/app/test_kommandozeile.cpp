@@ -4,6 +4,7 @@
 #include "programm.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void befehleUndIhreReihenfolge();
     void berichtigungen();
     void selbsttestLaesstAllesWieEsWar();
+    void selbsttestMitFehlenderDatei();
     void sprachenlos();
     void fensterUndHilfe();
     void statuszeile();
@@ -209,6 +211,56 @@ void TestKommandozeile::berichtigungen()
     QVERIFY(programm.laufen({u"--rechnungen"_s}).ausgabe.contains("betrachtete Dokumente  1\n"_L1));
     QCOMPARE(zeile.text(u"rubrik"), u"Ausgangsrechnungen"_s);
     QCOMPARE(zeile.komma(u"konfidenz"), 0.9);
+}
+
+/** A document that cannot be filed fails the test, and nothing is left of it: no folder, no log, nothing learned. */
+void TestKommandozeile::selbsttestMitFehlenderDatei()
+{
+    for (const bool kopieren : {false, true}) {
+        QTemporaryDir daten;
+        Programm programm(daten.path());
+        Profil p = namens(u"P"_s);
+        p.quelle = daten.filePath(u"quelle"_s);
+        p.zielWurzel = daten.filePath(u"ziel"_s);
+        p.kopieren = kopieren;
+        p.zweige = {
+            {.name = u"Privat"_s, .ablagen = {{.name = u"Stammdaten"_s, .mitJahr = false, .rubriken = {u"Strom"_s}}}}};
+        programm.profileSchreiben({p});
+        QVERIFY(QDir().mkpath(p.zielWurzel));
+        {
+            Datenbank db(programm.katalog(p));
+            for (int i = 1; i <= 3; ++i) {
+                bereitesDokument(db, u"Stadtwerke"_s, u"Strom"_s, u"Text"_s);
+                db.ausfuehren(u"UPDATE dokumente SET datum='2024-01-31', pfad=? WHERE id=?"_s,
+                              {p.quelle + u"/%1.pdf"_s.arg(i), i});
+                if (i != 2)
+                    dateiSchreiben(p.quelle + u"/%1.pdf"_s.arg(i), "Inhalt");
+            }
+        }
+        const auto baum = [&] {
+            QStringList alles;
+            for (const QString &ordner : {p.quelle, p.zielWurzel}) {
+                QDirIterator lauf(ordner, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                                  QDirIterator::Subdirectories);
+                while (lauf.hasNext())
+                    alles << lauf.next();
+            }
+            alles.sort();
+            return alles;
+        };
+        const QStringList dateien = baum();
+        const QStringList katalog = auszug(programm.katalog(p));
+        const QString ausgabe = programm.laufen({u"--selbsttest"_s}).ausgabe;
+        QVERIFY2(ausgabe.contains(u"Selbsttest mit "_s), qPrintable(ausgabe));
+        QCOMPARE(baum(), dateien);
+        QCOMPARE(auszug(programm.katalog(p)), katalog);
+        // With all files there it passes, and leaves as little.
+        dateiSchreiben(p.quelle + u"/2.pdf"_s, "Inhalt");
+        const QStringList alle = baum();
+        QVERIFY(programm.laufen({u"--selbsttest"_s}).ausgabe.endsWith("\nSelbsttest bestanden\n"_L1));
+        QCOMPARE(baum(), alle);
+        QCOMPARE(auszug(programm.katalog(p)), katalog);
+    }
 }
 
 void TestKommandozeile::selbsttestLaesstAllesWieEsWar()
