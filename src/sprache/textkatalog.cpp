@@ -410,7 +410,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Im Protokollordner liegt nur die laufende Sitzung.",
     u"Im Terminal startet ihn der Befehl „ollama serve“.",
     u"Im Zielordner %@ liegt nichts von dem, was zuletzt dort einsortiert wurde. Ist der Datenträger eingehängt?",
-    u"Im Zielordner %@ liegt nichts von dem, was zuletzt dort einsortiert wurde. Ist sein Datenträger nicht eingehängt, hänge ihn ein und versuche es noch einmal. Hast du deine Ablage selbst verlegt, sage hier, dass der Ordner stimmt.",
+    u"Im Zielordner %@ liegt nichts von dem, was zuletzt dort einsortiert wurde. Ist sein Datenträger nicht eingehängt, hänge ihn ein und versuche es noch einmal. Hast du die Ablage selbst verlegt, bestätige den Ordner.",
     u"In den Ordner %@ verschieben",
     u"In diesen Ordner lässt sich nicht schreiben, oder er ist nicht da. Wähle einen anderen, oder schließe das Laufwerk an.",
     u"In dieser Datei steht keine lesbare Bewegung.",

@@ -4,9 +4,11 @@
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
+#include "zeichen.h"
 #include "zustand.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +21,10 @@ Zielfrage::Zielfrage(Zustand *zustand, QWidget *eltern)
     setObjectName(u"zielfrage"_s);
     auto *spalte = new QVBoxLayout(this);
     spalte->addWidget(m_frage);
-    Stil::folgen(this, [spalte] { spalte->setContentsMargins(abstand(16), abstand(12), abstand(16), abstand(12)); });
+    Stil::folgen(this, [spalte] {
+        const int links = abstand(16) + Stil::zeichengroesse() + abstand(8);
+        spalte->setContentsMargins(links, abstand(10), abstand(16), abstand(10));
+    });
     connect(m_zustand, &Zustand::zielFraglich, this, &Zielfrage::fragen);
     connect(m_zustand, &Zustand::aktivGeaendert, this, &Zielfrage::schliessen);
     connect(m_frage, &Rueckfrage::abgebrochen, this, &Zielfrage::schliessen);
@@ -38,9 +43,21 @@ void Zielfrage::fragen()
     show();
     m_frage->fragen(
         gefuellt(Sprache::text(u"Im Zielordner %@ liegt nichts von dem, was zuletzt dort einsortiert wurde. Ist sein "
-                               "Datenträger nicht eingehängt, hänge ihn ein und versuche es noch einmal. Hast du deine "
-                               "Ablage selbst verlegt, sage hier, dass der Ordner stimmt."_s),
+                               "Datenträger nicht eingehängt, hänge ihn ein und versuche es noch einmal. Hast du die "
+                               "Ablage selbst verlegt, bestätige den Ordner."_s),
                  {m_zustand->aktiv()->zielWurzel}));
+}
+
+/** A band of its own, as a warning among the notes: the page above it ends here. */
+void Zielfrage::paintEvent(QPaintEvent *)
+{
+    QPainter maler(this);
+    const QColor farbe = Stil::farbe(Stil::Bedeutung::Warnung, palette());
+    maler.fillRect(rect(), Stil::toenung(farbe, palette()));
+    maler.fillRect(0, 0, width(), 1, farbe);
+    const int kante = Stil::zeichengroesse();
+    const int oben = abstand(10) + (fontMetrics().lineSpacing() - kante) / 2;
+    Zeichen::malen(maler, QRect(abstand(16), oben, kante, kante), u"exclamationmark.triangle"_s, palette());
 }
 
 void Zielfrage::schliessen()

@@ -17,6 +17,9 @@ class Zielfrage : public QFrame
 public:
     explicit Zielfrage(Zustand *zustand, QWidget *eltern = nullptr);
 
+protected:
+    void paintEvent(QPaintEvent *ereignis) override;
+
 private:
     void fragen();
     void schliessen();

@@ -12,6 +12,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -446,6 +447,54 @@ private Q_SLOTS:
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Es ist noch kein Zielordner gewählt"_s);
         m_z->setzeReiter(Reiter::pruefen);
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Der Modellserver ollama läuft nicht"_s);
+    }
+
+    /** The empty queue tells of what was skipped, even before what nobody has read, and brings it again. */
+    void leereMitZurueckgestellten()
+    {
+        dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"zurueckgestellt"_s; });
+        dokument(u"b.pdf"_s, [](Dokument &d) { d.status = u"zurueckgestellt"_s; });
+        dokument(u"c.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        Fensterprobe::oeffnen();
+        m_z->setzeReiter(Reiter::pruefen);
+        QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"2 Dokumente sind noch zurückgestellt."_s);
+        QCOMPARE(teil<QAbstractButton>("leerknopf")->text(), u"2 Zurückgestellte wieder vorlegen"_s);
+        mitTabZu("leerknopf");
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(name(), u"a.pdf"_s);
+        QCOMPARE(m_z->zaehlwerk().bereit, 2);
+        druecken(Qt::Key_U);
+        QTRY_VERIFY(!m_z->aktuelles());
+        QTRY_COMPARE(m_z->zaehlwerk().zurueckgestellt, 2);
+        QCOMPARE(teil<QLabel>("leerzeile")->text(), u"2 Dokumente sind noch zurückgestellt."_s);
+    }
+
+    /** A target folder that is empty all of a sudden: asked by the keyboard, left as it was, and confirmed. */
+    void zielordnerFraglich()
+    {
+        for (const char *datei : {"a.pdf", "b.pdf"})
+            dokument(QString::fromLatin1(datei));
+        oeffnen();
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        const QString wurzel = m_b->profil.zielWurzel;
+        QVERIFY(QDir().rename(wurzel, wurzel + u"-verlegt"_s));
+        QVERIFY(QDir().mkpath(wurzel));
+        for (const bool ja : {false, true}) {
+            druecken(Qt::Key_Return);
+            QTRY_VERIFY(suchen<QWidget>("zielfrage"));
+            QCOMPARE(fokus(), u"zielStimmt-abbrechen"_s);
+            QCOMPARE(name(), u"b.pdf"_s);
+            if (ja)
+                mitTabZu("zielStimmt");
+            druecken(ja ? Qt::Key_Return : Qt::Key_Escape);
+            QVERIFY(!suchen<QWidget>("zielfrage"));
+            QVERIFY(QDir(wurzel).isEmpty());
+            QCOMPARE(name(), u"b.pdf"_s);
+        }
+        druecken(Qt::Key_Return);
+        QTRY_VERIFY(!m_z->aktuelles());
+        QCOMPARE(m_z->zaehlwerk().erledigt, 2);
     }
 
     void nichtsWirdAbgeschnitten_data()

@@ -45,14 +45,15 @@ QString leerzeile(const Zustand &zustand)
                                       u"Der Durchgang läuft noch. %@ Dokument wartet darauf, gelesen zu werden."_s,
                                       u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
                         {QString::number(z.neu)});
-    if (z.neu > 0)
-        return gefuellt(Sprache::text(z.neu, u"%@ Dokument wartet darauf, gelesen zu werden."_s,
-                                      u"%@ Dokumente warten darauf, gelesen zu werden."_s),
-                        {QString::number(z.neu)});
+    // As naechsterSchritt(): the line tells of what the button offers.
     if (z.zurueckgestellt > 0)
         return gefuellt(Sprache::text(z.zurueckgestellt, u"%@ Dokument ist noch zurückgestellt."_s,
                                       u"%@ Dokumente sind noch zurückgestellt."_s),
                         {QString::number(z.zurueckgestellt)});
+    if (z.neu > 0)
+        return gefuellt(Sprache::text(z.neu, u"%@ Dokument wartet darauf, gelesen zu werden."_s,
+                                      u"%@ Dokumente warten darauf, gelesen zu werden."_s),
+                        {QString::number(z.neu)});
     return ohneDokumente(zustand) ? Sprache::text(u"Hier gibt es noch keine Dokumente."_s)
                                   : Sprache::text(u"Alles einsortiert."_s);
 }
