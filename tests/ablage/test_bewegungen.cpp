@@ -21,35 +21,6 @@ namespace
 {
 const QString abschlag = u"2024-03-05 Stadtwerke - Abschlag.pdf"_s;
 
-/** The message of the failure that @p arbeit ends with; empty when it works. */
-template <typename Arbeit>
-QString fehlerBei(Arbeit arbeit)
-{
-    try {
-        arbeit();
-    } catch (const Fehler &f) {
-        return f.text();
-    }
-    return {};
-}
-
-/** What is announced before the file @p von of a document is renamed to @p nach. */
-Absicht absichtFuer(qint64 id, const QString &von, const QString &nach)
-{
-    Absicht absicht;
-    absicht.vorgang = u"v"_s;
-    absicht.zeile = {.zeit = u"z"_s,
-                     .aktion = u"a"_s,
-                     .dokument = id,
-                     .von = von,
-                     .nach = nach,
-                     .altStatus = u"bereit"_s,
-                     .kopiert = false};
-    const auto angaben = Dateibewegung::angabenVon(von).value_or(Dateibewegung::Schritt());
-    absicht.groesse = angaben.groesse;
-    absicht.dateizeit = angaben.zeit;
-    return absicht;
-}
 } // namespace
 
 /** The road of a document there and back, in both modes. */

@@ -1,6 +1,5 @@
 #include "absichtsdatei.h"
 #include "bewegungsgang.h"
-#include "fehler.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "sha256.h"
@@ -9,8 +8,6 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
-#include <fcntl.h>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -18,17 +15,6 @@ namespace
 {
 const QString abschlag = u"2024-03-05 Stadtwerke - Abschlag.pdf"_s;
 const auto nichts = [](qint64, qint64) {};
-
-template <typename Arbeit>
-QString fehlerBei(Arbeit arbeit)
-{
-    try {
-        arbeit();
-    } catch (const Fehler &f) {
-        return f.text();
-    }
-    return {};
-}
 
 QString summe(const QString &pfad) { return sha256Datei(aufDerPlatte(pfad)); }
 } // namespace
@@ -248,19 +234,8 @@ void TestZwischendurch::beruehrtNachDemAbsturz()
     const qint64 id = bank().dokument(u"1.pdf"_s, "eins");
     const QString von = bank().quelle(u"1.pdf"_s);
     const QString nach = bank().ziel(u"Brief.pdf"_s);
-    Absicht absicht;
-    absicht.vorgang = u"v"_s;
-    absicht.zeile = {.zeit = u"z"_s,
-                     .aktion = u"einsortiert"_s,
-                     .dokument = id,
-                     .von = von,
-                     .nach = nach,
-                     .altStatus = u"bereit"_s,
-                     .kopiert = false};
+    Absicht absicht = absichtFuer(id, von, nach);
     absicht.status = u"erledigt"_s;
-    const auto angaben = Dateibewegung::angabenVon(von);
-    absicht.groesse = angaben->groesse;
-    absicht.dateizeit = angaben->zeit;
     Absichtsdatei::oeffnen(absichtsdatei(*bank().db()), std::chrono::seconds(0))->schreiben({absicht.json()});
     QVERIFY(QDir().mkpath(ordnerVon(nach)));
     if (geschehen)

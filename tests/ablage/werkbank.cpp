@@ -137,3 +137,20 @@ QStringList Werkbank::widersprueche() const
         liste << u"%1 Zeilen im Protokoll, %2 im Katalog"_s.arg(zeilen.size()).arg(bewegungen);
     return liste;
 }
+
+Absicht absichtFuer(qint64 id, const QString &von, const QString &nach)
+{
+    Absicht absicht;
+    absicht.vorgang = u"v"_s;
+    absicht.zeile = {.zeit = u"z"_s,
+                     .aktion = u"a"_s,
+                     .dokument = id,
+                     .von = von,
+                     .nach = nach,
+                     .altStatus = u"bereit"_s,
+                     .kopiert = false};
+    const auto angaben = Dateibewegung::angabenVon(von).value_or(Dateibewegung::Schritt());
+    absicht.groesse = angaben.groesse;
+    absicht.dateizeit = angaben.zeit;
+    return absicht;
+}

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "ablagewerk.h"
+#include "absicht.h"
 #include "datenbank.h"
+#include "fehler.h"
 
 #include <QMap>
 #include <QStringList>
@@ -53,3 +55,18 @@ private:
 
 [[nodiscard]] QByteArray inhaltVon(const QString &pfad);
 void dateiSchreiben(const QString &pfad, const QByteArray &inhalt);
+
+/** The sentence with which @p arbeit fails; empty if it does not. */
+template <typename Arbeit>
+[[nodiscard]] QString fehlerBei(Arbeit arbeit)
+{
+    try {
+        arbeit();
+    } catch (const Fehler &f) {
+        return f.text();
+    }
+    return {};
+}
+
+/** What is announced before the file @p von of a document is renamed to @p nach. */
+[[nodiscard]] Absicht absichtFuer(qint64 id, const QString &von, const QString &nach);
