@@ -3,6 +3,7 @@
 #include "datenbank.h"
 #include "jsonschreiber.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -31,6 +32,25 @@ Dokument werteAus(const QJsonObject &o, qint64 id)
     d.jahr = o.value("jahr"_L1).toString();
     return d;
 }
+
+/** As much of the profile as the learning memory asks for: which invoices the owner wrote, and where they belong. */
+QJsonObject rechnungJson(const Profil &p)
+{
+    return {{u"anschriften"_s, QJsonArray::fromStringList(p.eigeneAnschriften)},
+            {u"ausgang"_s, p.rubrikAusgang},
+            {u"eingang"_s, p.rubrikEingang}};
+}
+
+/** A line of an earlier version lacks it: then no own address is known, and the rule stays silent. */
+Profil rechnungAus(const QJsonObject &o)
+{
+    Profil p;
+    for (const QJsonValue anschrift : o.value("anschriften"_L1).toArray())
+        p.eigeneAnschriften << anschrift.toString();
+    p.rubrikAusgang = o.value("ausgang"_L1).toString();
+    p.rubrikEingang = o.value("eingang"_L1).toString();
+    return p;
+}
 } // namespace
 
 QByteArray Absicht::json() const
@@ -47,8 +67,10 @@ QByteArray Absicht::json() const
     o.text("dateizeit", QString::number(dateizeit)); // too large for the numbers of some readers
     if (!temporaer.isEmpty())
         o.text("temporaer", temporaer);
-    if (werte)
+    if (werte) {
         o.roh("werte", kompakt(werteJson(*werte)));
+        o.roh("rechnung", kompakt(rechnungJson(profil)));
+    }
     if (!vorher.isEmpty())
         o.text("vorher", vorher);
     if (!buch.isEmpty())
@@ -76,8 +98,10 @@ std::optional<Absicht> Absicht::aus(const QByteArray &text)
     a.vorher = o.value("vorher"_L1).toString();
     a.buch = o.value("buch"_L1).toString();
     a.kopf = Protokollkopf::aus(kompakt(o.value("kopf"_L1).toObject()));
-    if (o.contains("werte"_L1))
+    if (o.contains("werte"_L1)) {
         a.werte = werteAus(o.value("werte"_L1).toObject(), zeile->dokument);
+        a.profil = rechnungAus(o.value("rechnung"_L1).toObject());
+    }
     a.zeile = std::move(*zeile);
     return a;
 }

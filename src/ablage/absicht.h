@@ -24,7 +24,7 @@ struct Absicht {
     qint64 dateizeit = 0;
     std::optional<Dokument> werte;     ///< the user's final values
     qint64 tat = 0;                    ///< deed of many movements that this one is part of; 0 if none
-    Profil profil;                     ///< for the learning memory; not part of the text
+    Profil profil;                     ///< for the learning memory; the text keeps of it what the invoice rule needs
     QString vorher;                    ///< the counterpart before his correction
     QString buch;                      ///< log file that is to hold the line; empty if none
     std::optional<Protokollkopf> kopf; ///< header of that log

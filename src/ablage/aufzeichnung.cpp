@@ -72,11 +72,14 @@ void beiwerk(const Transaktion &t, Datenbank &db, const Absicht &a, qint64 proto
 
 Aufzeichnung::Ergebnis Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
 {
+    Lernspeicher speicher(db, a.profil);
+    if (a.werte)
+        speicher.vorlesen(*a.werte, a.vorher); // the transaction stays short, however many documents wait
     Transaktion t(db);
     Ergebnis ergebnis;
     if (a.werte) {
         werteSchreiben(t, db, *a.werte);
-        ergebnis.angepasst = Lernspeicher(db, a.profil).merken(*a.werte, a.vorher);
+        ergebnis.angepasst = speicher.merken(*a.werte, a.vorher);
     }
     const Protokollzeile &z = a.zeile;
     muss(t, db,

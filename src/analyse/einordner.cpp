@@ -53,6 +53,10 @@ void gegenueberPruefen(const Werkbank &bank, Einordnungsergebnis &e, const QStri
         e.gegenueber = name.value_or(QString());
     } catch (const Werkzeuge::Abgebrochen &) {
         throw;
+    } catch (const ModellFehlt &) {
+        throw; // the whole document is asked about again
+    } catch (const ModellAnderswo &) {
+        throw;
     } catch (const Fehler &) {
         // The rest of the proposal stands; the review says that no counterpart was found.
     }
@@ -153,19 +157,11 @@ QString grund(const Zeile &zeile, const Fehler &f)
     return bisher.isNull() ? f.text() : bisher;
 }
 
-/** What concerns every document, and not only the one in hand. */
-void hindernisMelden(const Werkbank &bank, const Fehler &f)
-{
-    if (dynamic_cast<const Http::Unerreichbar *>(&f))
-        bank.lauf.hindernis(Laufhindernis::Art::ServerWeg);
-    else if (dynamic_cast<const ModellAnderswo *>(&f))
-        bank.lauf.hindernis(Laufhindernis::Art::ModellAnderswo, bank.lauf.profil().modell);
-}
-
 void scheitern(const Werkbank &bank, const Zeile &zeile, const Fehler &f, const QString &dauer)
 {
     const QString warum = grund(zeile, f);
-    hindernisMelden(bank, f);
+    if (dynamic_cast<const Http::Unerreichbar *>(&f))
+        bank.lauf.hindernis(Laufhindernis::Art::ServerWeg);
     Stapel stapel(bank.lauf.db());
     const int geschrieben =
         stapel.schreiben(u"UPDATE dokumente SET status='bereit', konfidenz=0, vorschlag=?, fehler=?, zeit=?\n"
@@ -186,11 +182,33 @@ void einesEinordnen(const Werkbank &bank, const Zeile &zeile)
         vorschlag = vorschlagen(bank, zeile);
     } catch (const Werkzeuge::Abgebrochen &) {
         throw;
+    } catch (const ModellFehlt &) {
+        throw;
+    } catch (const ModellAnderswo &) {
+        throw;
     } catch (const Fehler &f) {
         scheitern(bank, zeile, f, dauer());
         return;
     }
     speichern(bank, zeile, vorschlag, dauer());
+}
+
+void alleEinordnen(const Werkbank &bank)
+{
+    Lauf &lauf = bank.lauf;
+    const QList<Zeile> offene = lauf.db().abfragen(
+        u"SELECT id FROM dokumente WHERE status='neu' AND vorschlag IS NULL AND ausgenommen=0 ORDER BY id"_s);
+    for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
+        const QList<Zeile> zeilen =
+            lauf.db().abfragen(u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id\n"
+                               "WHERE d.id=? AND d.status='neu' AND d.vorschlag IS NULL AND d.ausgenommen=0"_s,
+                               {offene.at(i).ganz(u"id")});
+        if (!zeilen.isEmpty())
+            einesEinordnen(bank, zeilen.first());
+        lauf.fortschritt(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(offene.size()) +
+                             Sprache::text(u" eingeordnet"_s),
+                         i + 1, offene.size());
+    }
 }
 } // namespace
 
@@ -216,22 +234,15 @@ void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnun
 void Einordner::einordnen(Lauf &lauf)
 {
     lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
-    const QList<Zeile> offene = lauf.db().abfragen(
-        u"SELECT id FROM dokumente WHERE status='neu' AND vorschlag IS NULL AND ausgenommen=0 ORDER BY id"_s);
-    const Werkbank bank(lauf);
-    for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
-        const QList<Zeile> zeilen =
-            lauf.db().abfragen(u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id\n"
-                               "WHERE d.id=? AND d.status='neu' AND d.vorschlag IS NULL AND d.ausgenommen=0"_s,
-                               {offene.at(i).ganz(u"id")});
-        try {
-            if (!zeilen.isEmpty())
-                einesEinordnen(bank, zeilen.first());
-        } catch (const Werkzeuge::Abgebrochen &) {
-            return; // the program ends; the document in hand stays open
-        }
-        lauf.fortschritt(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(offene.size()) +
-                             Sprache::text(u" eingeordnet"_s),
-                         i + 1, offene.size());
+    const QString modell = lauf.profil().modell;
+    try {
+        alleEinordnen(Werkbank(lauf));
+    } catch (const Werkzeuge::Abgebrochen &) {
+        return; // the program ends; the document in hand stays open
+    } catch (const ModellFehlt &) {
+        // No document can be asked about: all that are left wait for the next run.
+        lauf.hindernis(Laufhindernis::Art::ErstesModellFehlt, modell);
+    } catch (const ModellAnderswo &) {
+        lauf.hindernis(Laufhindernis::Art::ModellAnderswo, modell);
     }
 }

@@ -12,6 +12,10 @@ using namespace Qt::StringLiterals;
 QString Laufhindernis::satz() const
 {
     switch (art) {
+    case Art::ErstesModellFehlt:
+        return gefuellt(Sprache::text(u"Das Modell %@ fehlt. Was noch nicht eingeordnet ist, wartet auf den nächsten "
+                                      "Durchgang."_s),
+                        {modell});
     case Art::ModellFehlt:
         return gefuellt(Sprache::text(u"Das Modell %@ fehlt. Damit wurde nichts nachgeprüft."_s), {modell});
     case Art::ModellAnderswo:

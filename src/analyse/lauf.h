@@ -14,9 +14,10 @@ class Datenbank;
 /** What keeps a run from having its questions answered, whatever the document; the user is told once. */
 struct Laufhindernis {
     enum class Art {
-        ServerWeg,      ///< nobody listens at the model server's address
-        ModellFehlt,    ///< the server does not have the larger model
-        ModellAnderswo, ///< the model would be computed on another computer
+        ServerWeg,         ///< nobody listens at the model server's address
+        ErstesModellFehlt, ///< the server does not have the model that classifies
+        ModellFehlt,       ///< the server does not have the larger model
+        ModellAnderswo,    ///< the model would be computed on another computer
     };
     Art art = Art::ServerWeg;
     QString modell;

@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -47,14 +48,27 @@ QStringList Modellverzeichnis::namen() const
     return liste;
 }
 
-std::optional<QString> Modellverzeichnis::treffer(const QString &gesucht) const { return treffer(namen(), gesucht); }
+std::optional<QString> Modellverzeichnis::treffer(const QString &gesucht) const
+{
+    const QStringList alle = namen();
+    for (const QString &genau : {gesucht, QString(gesucht + u":latest"_s)}) {
+        if (alle.contains(genau))
+            return genau;
+    }
+    const QStringList gemeinte = alle.filter(QRegularExpression(u'^' + QRegularExpression::escape(gesucht) + u':'));
+    const auto hiesiges =
+        std::find_if(gemeinte.begin(), gemeinte.end(), [this](const QString &name) { return !rechnetAnderswo(name); });
+    if (hiesiges != gemeinte.end())
+        return *hiesiges;
+    return gemeinte.isEmpty() ? std::nullopt : std::optional(gemeinte.first());
+}
 
 std::optional<QString> Modellverzeichnis::treffer(const QStringList &namen, const QString &gesucht)
 {
-    const auto gefunden = std::find_if(namen.begin(), namen.end(), [&](const QString &name) {
-        return name == gesucht || name.startsWith(gesucht + u':');
-    });
-    return gefunden == namen.end() ? std::nullopt : std::optional(*gefunden);
+    Modellverzeichnis liste;
+    for (const QString &name : namen)
+        liste.m_modelle << Modell{.name = name};
+    return liste.treffer(gesucht);
 }
 
 bool Modellverzeichnis::rechnetAnderswo(const QString &modell) const
@@ -67,6 +81,5 @@ bool Modellverzeichnis::rechnetAnderswo(const QString &modell) const
 
 bool Modellverzeichnis::heisstAnderswo(const QString &modell)
 {
-    const QString name = modell.trimmed().toCaseFolded();
-    return name.endsWith("-cloud"_L1) || name.endsWith(":cloud"_L1);
+    return modell.trimmed().endsWith("cloud"_L1, Qt::CaseInsensitive);
 }

@@ -25,13 +25,17 @@ public:
     /** Every model was listed with its name. */
     [[nodiscard]] bool vollstaendig() const { return m_vollstaendig; }
 
-    /** The installed name that @p gesucht means: the first that is the same, or the same name under any tag. */
+    /**
+     * The installed name that @p gesucht means: the same, else with the tag "latest", else the first under any tag that
+     * this computer computes, else the first under any tag.
+     */
     [[nodiscard]] std::optional<QString> treffer(const QString &gesucht) const;
+    /** As above, where nothing but the names is known. */
     [[nodiscard]] static std::optional<QString> treffer(const QStringList &namen, const QString &gesucht);
 
     /** By its name or by what the server lists; names are compared as the server does, without regard to case. */
     [[nodiscard]] bool rechnetAnderswo(const QString &modell) const;
-    /** The name alone says so. */
+    /** The name alone says so: it ends in "cloud" in any spelling. */
     [[nodiscard]] static bool heisstAnderswo(const QString &modell);
 
     bool operator==(const Modellverzeichnis &) const = default;

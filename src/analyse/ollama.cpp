@@ -183,6 +183,21 @@ Ollama::Einstellung Ollama::umgebung()
     return urteil;
 }
 
+QString Ollama::umgebungshinweis()
+{
+    switch (umgebung()) {
+    case Einstellung::Fremd:
+        return Sprache::text(u"OLLAMA_HOST nennt einen anderen Rechner und wird nicht beachtet: Texte bleiben hier"_s);
+    case Einstellung::Unlesbar:
+        return gefuellt(
+            Sprache::text(u"OLLAMA_HOST ist nicht lesbar: %@. Gefragt wird der Modellserver auf diesem Rechner."_s),
+            {qEnvironmentVariable("OLLAMA_HOST")});
+    case Einstellung::Brauchbar:
+        break;
+    }
+    return {};
+}
+
 bool Ollama::erreichbar(const std::stop_token &ende) const
 {
     try {

@@ -59,6 +59,8 @@ public:
     [[nodiscard]] static Basis basisAus(const QString &einstellung, Einstellung *urteil = nullptr);
     /** That of the setting in the environment. */
     [[nodiscard]] static Einstellung umgebung();
+    /** For the user: that it is passed over, and what is asked instead; empty where there is nothing to say. */
+    [[nodiscard]] static QString umgebungshinweis();
 
     /** A server answers, whatever it says. */
     [[nodiscard]] bool erreichbar(const std::stop_token &ende = {}) const;

@@ -85,14 +85,6 @@ QByteArray abwarten(QProcess &prozess, const QString &name, std::chrono::millise
     return beschwerde;
 }
 
-/** What a tool printed; nothing where it is no text. */
-QString alsText(const QByteArray &ausgabe)
-{
-    QStringDecoder leser(QStringDecoder::Utf8);
-    const QString text = leser(ausgabe);
-    return leser.hasError() ? QString() : text;
-}
-
 QString texterkennung(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende)
 {
     const Bilderordner ordner;
@@ -102,7 +94,8 @@ QString texterkennung(const QString &pdf, int seiten, const QString &sprache, co
         ende);
     QStringList texte;
     for (const QString &bild : ordner.bilder())
-        texte << alsText(Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, sprache}, 900s, ende));
+        texte << Werkzeuge::alsText(
+            Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, sprache}, 900s, ende));
     return texte.join(u'\n').trimmed();
 }
 
@@ -168,6 +161,14 @@ QStringList Werkzeuge::fehlende()
             namen << name;
     }
     return namen;
+}
+
+QString Werkzeuge::alsText(const QByteArray &ausgabe)
+{
+    // Stateless: a character that is cut off at the end is an error, too.
+    QStringDecoder leser(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = leser(ausgabe);
+    return leser.hasError() ? QString() : text;
 }
 
 bool Werkzeuge::vollstaendig() { return fehlende().isEmpty(); }

@@ -53,6 +53,9 @@ QByteArray starten(const QString &name, const QStringList &argumente, std::chron
 QByteArray programmStarten(const QString &pfad, const QString &name, const QStringList &argumente,
                            std::chrono::milliseconds zeitgrenze, const std::stop_token &ende = {});
 
+/** What a tool printed; empty where it is no UTF-8 throughout. */
+[[nodiscard]] QString alsText(const QByteArray &ausgabe);
+
 struct Text {
     QString text;
     bool textebene = false; ///< from the PDF's own text, not recognised from its image

@@ -64,14 +64,8 @@ private:
 };
 void umgebungMelden()
 {
-    const auto urteil = Ollama::umgebung();
-    if (urteil == Ollama::Einstellung::Fremd)
-        Ausgabe::melden(
-            Sprache::text(u"OLLAMA_HOST nennt einen anderen Rechner und wird nicht beachtet: Texte bleiben hier"_s));
-    else if (urteil == Ollama::Einstellung::Unlesbar)
-        Ausgabe::melden(gefuellt(
-            Sprache::text(u"OLLAMA_HOST ist nicht lesbar: %@. Gefragt wird der Modellserver auf diesem Rechner."_s),
-            {qEnvironmentVariable("OLLAMA_HOST")}));
+    if (const QString satz = Ollama::umgebungshinweis(); !satz.isEmpty())
+        Ausgabe::melden(satz);
 }
 
 /** What the run has to say: one line for each kind of failure, with what can be done. */

@@ -48,7 +48,7 @@ QStringList wartendeGegenueber(Datenbank &db)
 
 QList<Zeile> wartendeVon(Datenbank &db, const QString &gegenueber)
 {
-    return db.abfragen(u"SELECT id, gegenueber, zweig, ablage, rubrik FROM dokumente\n"
+    return db.abfragen(u"SELECT id, gegenueber, zweig, ablage, rubrik, text_hash FROM dokumente\n"
                        "WHERE status='bereit' AND ausgenommen=0 AND gegenueber=?"_s,
                        {gegenueber});
 }
@@ -167,7 +167,20 @@ QSet<qint64> Lernspeicher::versetzte(const QString &schluessel, const QString &n
     return aufWartende(eintraege, schluessel, ausser);
 }
 
-qint64 Lernspeicher::allesAnwenden() { return aufWartende(alle(), {}, 0).size(); }
+qint64 Lernspeicher::allesAnwenden()
+{
+    const QList<Eintrag> eintraege = alle();
+    const auto istRechnung = [this](const Eintrag &e) {
+        return Rechnungsrichtung::istRechnungsrubrik(e.rubrik, m_profil);
+    };
+    const bool noetig = !m_richtung.istLeer() && std::any_of(eintraege.begin(), eintraege.end(), istRechnung);
+    for (const QString &gegenueber : noetig ? wartendeGegenueber(m_db) : QStringList()) {
+        const Eintrag *bester = Lernregeln::passender(eintraege, Lernregeln::schluessel(gegenueber));
+        if (bester && istRechnung(*bester))
+            vorlesen(gegenueber);
+    }
+    return aufWartende(eintraege, {}, 0).size();
+}
 
 /** @p nurSchluessel restricts to the counterparts that this key meets; empty means all. */
 QSet<qint64> Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser)
@@ -187,14 +200,54 @@ QSet<qint64> Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QS
     return geaenderte;
 }
 
+Rechnungsrichtung::Richtung Lernspeicher::richtungVon(qint64 dokument) const
+{
+    for (const Zeile &zeile : m_db.abfragen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {dokument}))
+        return m_richtung.erkennen(zeile.text(u"text"));
+    return Rechnungsrichtung::Richtung::Unbekannt;
+}
+
+void Lernspeicher::vorlesen(const Dokument &dokument, const QString &vorher)
+{
+    const auto ohneRegel = [this](const Eintrag &e) {
+        return !Rechnungsrichtung::istRechnungsrubrik(e.rubrik, m_profil);
+    };
+    const QString alt = Lernregeln::schluessel(vorher);
+    Eintrag neuer;
+    neuer.schluessel = Lernregeln::schluessel(dokument.gegenueber);
+    neuer.rubrik = dokument.rubrik;
+    QList<Eintrag> rechnungen = m_richtung.istLeer() ? QList<Eintrag>() : alle() << neuer;
+    rechnungen.removeIf(ohneRegel);
+    for (const QString &gegenueber : rechnungen.isEmpty() ? QStringList() : wartendeGegenueber(m_db)) {
+        QString schluessel = Lernregeln::schluessel(gegenueber);
+        if (schluessel == alt)
+            schluessel = neuer.schluessel; // which it will have by the time its place is looked for
+        const auto gemeint = [&](const Eintrag &e) { return Lernregeln::passt(e.schluessel, schluessel); };
+        if (Lernregeln::passt(neuer.schluessel, schluessel) &&
+            std::any_of(rechnungen.begin(), rechnungen.end(), gemeint))
+            vorlesen(gegenueber);
+    }
+}
+
+/** The hash is read first: a text that changes afterwards does not have it. */
+void Lernspeicher::vorlesen(const QString &gegenueber)
+{
+    for (const Zeile &zeile : wartendeVon(m_db, gegenueber)) {
+        const qint64 id = zeile.ganz(u"id");
+        m_erkannt.insert(id, {.textHash = zeile.text(u"text_hash"), .richtung = richtungVon(id)});
+    }
+}
+
 /** The taught rubric, or the invoice rubric that the document's text proves in its stead. */
-QString Lernspeicher::rubrikFuer(qint64 dokument, const QString &gelernte) const
+QString Lernspeicher::rubrikFuer(const Zeile &zeile, const QString &gelernte) const
 {
     if (m_richtung.istLeer() || !Rechnungsrichtung::istRechnungsrubrik(gelernte, m_profil))
         return gelernte;
-    for (const Zeile &zeile : m_db.abfragen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {dokument}))
-        return m_richtung.berichtigt(gelernte, zeile.text(u"text"), m_profil).value_or(gelernte);
-    return gelernte;
+    const qint64 id = zeile.ganz(u"id");
+    const auto bekannt = m_erkannt.constFind(id);
+    const bool gilt = bekannt != m_erkannt.constEnd() && bekannt->textHash == zeile.text(u"text_hash");
+    const auto richtung = gilt ? bekannt->richtung : richtungVon(id);
+    return Rechnungsrichtung::berichtigt(gelernte, richtung, m_profil).value_or(gelernte);
 }
 
 /** Gives the waiting documents of @p gegenueber the place of @p eintrag; returns those that changed. */
@@ -206,7 +259,7 @@ QSet<qint64> Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &e
         const qint64 id = zeile.ganz(u"id");
         if (id == ausser)
             continue;
-        const QString rubrik = rubrikFuer(id, eintrag.rubrik);
+        const QString rubrik = rubrikFuer(zeile, eintrag.rubrik);
         if (name == gegenueber && zeile.text(u"zweig") == eintrag.zweig && zeile.text(u"ablage") == eintrag.ablage &&
             zeile.text(u"rubrik") == rubrik)
             continue;

@@ -4,10 +4,12 @@
 #include "lernregeln.h"
 #include "rechnungsrichtung.h"
 
+#include <QHash>
 #include <QSet>
 #include <optional>
 
 class Datenbank;
+class Zeile;
 
 /**
  * What the program has learned from the user's confirmed decisions, kept in the catalogue: the filing place of each
@@ -31,6 +33,12 @@ public:
     [[nodiscard]] std::optional<QString> gleichwertig(const QString &name) const;
     /** The learned place for a counterpart. */
     [[nodiscard]] std::optional<Eintrag> vorschlag(const QString &gegenueber) const;
+
+    /**
+     * Looks at the texts that merken() of the same needs. To be called before the transaction that it is to be part of:
+     * then that one reads no texts but of documents that have come or were read again in between.
+     */
+    void vorlesen(const Dokument &dokument, const QString &vorher);
 
     /**
      * Stores what the user confirmed: @p dokument with its final values, @p vorher the counterpart before the
@@ -71,9 +79,18 @@ private:
     QSet<qint64> aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);
 
     QSet<qint64> eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser);
-    [[nodiscard]] QString rubrikFuer(qint64 dokument, const QString &gelernte) const;
+    void vorlesen(const QString &gegenueber);
+    [[nodiscard]] QString rubrikFuer(const Zeile &zeile, const QString &gelernte) const;
+    [[nodiscard]] Rechnungsrichtung::Richtung richtungVon(qint64 dokument) const;
+
+    /** Which way an invoice goes, found out of the text with this hash. */
+    struct Erkannt {
+        QString textHash;
+        Rechnungsrichtung::Richtung richtung = Rechnungsrichtung::Richtung::Unbekannt;
+    };
 
     Datenbank &m_db;
     Profil m_profil;
     Rechnungsrichtung m_richtung;
+    QHash<qint64, Erkannt> m_erkannt; ///< by document
 };

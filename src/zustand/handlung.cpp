@@ -79,8 +79,9 @@ void ruecknahmeMelden(const Arbeitsplatz &platz, const Zurueckgenommen &z, Gesch
         return; // stopped before the first one
     g.wieder = z.dokumente.first();
     const qsizetype anzahl = z.dokumente.size();
-    const QString was = anzahl == 1 ? aktuellerName(Ablagewerk(platz.db, platz.profil), *g.wieder)
-                                    : gefuellt(Sprache::text(u"%@ Dokumente"_s), {QString::number(anzahl)});
+    const QString was =
+        anzahl == 1 ? aktuellerName(Ablagewerk(platz.db, platz.profil), *g.wieder)
+                    : gefuellt(Sprache::text(anzahl, u"%@ Dokument"_s, u"%@ Dokumente"_s), {QString::number(anzahl)});
     const auto erstes = Ablagewerk(platz.db, platz.profil).dokument(*g.wieder);
     const bool wartet = erstes && erstes->status == u"bereit"_s;
     g.text = gefuellt(z.bewegt ? Sprache::text(u"Zurückgeholt: %@"_s)
@@ -131,7 +132,10 @@ struct Ausraeumung {
                                                                     u"%@ Dubletten nach %@ verschoben"_s),
                                                       {zahl, profil.dublettenOrdner}));
         if (wiederNeu > 0)
-            g.hinweise << gefuellt(Sprache::text(u"%@ sind keine Dubletten mehr: Das Original fehlt oder hat sich "
+            g.hinweise << gefuellt(Sprache::text(wiederNeu,
+                                                 u"%@ ist keine Dublette mehr: Das Original fehlt oder hat sich "
+                                                 "geändert. Der nächste Durchgang liest sie neu"_s,
+                                                 u"%@ sind keine Dubletten mehr: Das Original fehlt oder hat sich "
                                                  "geändert. Der nächste Durchgang liest sie neu"_s),
                                    {QString::number(wiederNeu)});
         if (!fehler.isEmpty())

@@ -11,10 +11,14 @@ std::optional<QString> Modellstand::treffer(const QStringList &vorhandene, const
     return Modellverzeichnis::treffer(vorhandene, gesucht);
 }
 
+std::optional<QString> Modellstand::treffer(const QString &gesucht) const
+{
+    return verzeichnis.vollstaendig() ? verzeichnis.treffer(gesucht) : std::nullopt;
+}
+
 bool Modellstand::rechnetAnderswo(const QString &modell) const
 {
-    return verzeichnis.rechnetAnderswo(modell) ||
-           verzeichnis.rechnetAnderswo(treffer(vorhandene, modell).value_or(modell));
+    return verzeichnis.rechnetAnderswo(modell) || verzeichnis.rechnetAnderswo(treffer(modell).value_or(modell));
 }
 
 Modellstand Modellstand::pruefen(const QString &gesucht)
@@ -37,7 +41,7 @@ Modellstand Modellstand::pruefen(const QString &gesucht)
         stand.meldung = ModellAnderswo::satz(gesucht);
         return stand;
     }
-    const auto gefunden = treffer(stand.vorhandene, gesucht);
+    const auto gefunden = stand.treffer(gesucht);
     stand.art = gefunden ? Art::bereit : Art::modellFehlt;
     stand.meldung = gefunden ? gefuellt(Sprache::text(u"Sprachmodell %@ einsatzbereit"_s), {*gefunden})
                              : gefuellt(Sprache::text(u"Das Modell %@ fehlt noch"_s), {gesucht});

@@ -24,7 +24,9 @@ struct Modellstand {
 
     /** @p modell, or the installed one that it means, would be computed on another computer: it is never used. */
     [[nodiscard]] bool rechnetAnderswo(const QString &modell) const;
-    /** The first of @p vorhandene that @p gesucht means: the same name, or the name without a tag under any tag. */
+    /** The installed model that @p gesucht means; see Modellverzeichnis::treffer(). */
+    [[nodiscard]] std::optional<QString> treffer(const QString &gesucht) const;
+    /** As above, of @p vorhandene. */
     [[nodiscard]] static std::optional<QString> treffer(const QStringList &vorhandene, const QString &gesucht);
     /** Asks the server. Blocks. */
     [[nodiscard]] static Modellstand pruefen(const QString &gesucht);

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void ohneWegIstNichtsZuTun();
     void beruehrtNachDemAbsturz_data();
     void beruehrtNachDemAbsturz();
+    void nachDemAbsturzGiltDieRechnungsregel_data();
+    void nachDemAbsturzGiltDieRechnungsregel();
     void protokollVonAnderswo_data();
     void protokollVonAnderswo();
 
@@ -253,6 +255,51 @@ void TestZwischendurch::beruehrtNachDemAbsturz()
         QCOMPARE(bank().rueckgaengig(), id);
         QCOMPARE(inhaltVon(von), QByteArray("eins und mehr"));
     }
+}
+
+void TestZwischendurch::nachDemAbsturzGiltDieRechnungsregel_data()
+{
+    QTest::addColumn<bool>("mitRegel");
+    QTest::addColumn<QString>("rubrik");
+    QTest::newRow("mit Anschrift") << true << u"Eingang"_s;
+    QTest::newRow("Zeile einer früheren Fassung") << false << u"Ausgang"_s;
+}
+
+/** What is taught while an interrupted accept is settled reaches the waiting documents as it would have then. */
+void TestZwischendurch::nachDemAbsturzGiltDieRechnungsregel()
+{
+    QFETCH(bool, mitRegel);
+    const qint64 id = bank().dokument(u"1.pdf"_s, "eins");
+    const qint64 wartend = bank().dokument(u"2.pdf"_s, "zwei");
+    bank().db()->ausfuehren(u"UPDATE dokumente SET gegenueber='Werk' WHERE id=?"_s, {wartend});
+    bank().db()->ausfuehren(u"INSERT INTO texte VALUES (?,?)"_s, {wartend, u"An\nWeg 100\n12345 Ort\nRechnung"_s});
+    Absicht absicht;
+    absicht.vorgang = u"v"_s;
+    absicht.status = u"erledigt"_s;
+    absicht.zeile.zeit = u"z"_s;
+    absicht.zeile.aktion = u"einsortiert"_s;
+    absicht.zeile.dokument = id;
+    absicht.zeile.von = bank().quelle(u"1.pdf"_s);
+    absicht.zeile.nach = bank().ziel(u"Brief.pdf"_s);
+    absicht.zeile.altStatus = u"bereit"_s;
+    absicht.werte = bank().lesen(id);
+    absicht.werte->gegenueber = u"Werk"_s;
+    absicht.werte->zweig = u"Privat"_s;
+    absicht.werte->rubrik = u"Ausgang"_s;
+    absicht.profil.eigeneAnschriften = QStringList{u"Weg 100, 12345 Ort"_s};
+    absicht.profil.rubrikAusgang = u"Ausgang"_s;
+    absicht.profil.rubrikEingang = u"Eingang"_s;
+    const auto angaben = Dateibewegung::angabenVon(absicht.zeile.von);
+    absicht.groesse = angaben->groesse;
+    absicht.dateizeit = angaben->zeit;
+    QByteArray zeile = absicht.json();
+    if (!mitRegel)
+        zeile.replace("\"rechnung\"", "\"unbekannt\"");
+    Absichtsdatei::oeffnen(absichtsdatei(*bank().db()), std::chrono::seconds(0))->schreiben({zeile});
+    QVERIFY(QDir().mkpath(ordnerVon(absicht.zeile.nach)) && QFile::rename(absicht.zeile.von, absicht.zeile.nach));
+    QCOMPARE(Bewegungsgang::klaeren(bank().db()), QStringList());
+    QCOMPARE(bank().lesen(id).status, u"erledigt"_s);
+    QTEST(bank().lesen(wartend).rubrik, "rubrik");
 }
 
 void TestZwischendurch::protokollVonAnderswo_data()

@@ -1,13 +1,17 @@
+#include "analyse.h"
 #include "bestand.h"
 #include "datenbank.h"
 #include "lauf.h"
 #include "sha256.h"
+#include "transaktion.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <sched.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -126,9 +130,8 @@ private Q_SLOTS:
         QCOMPARE(gefunden(), QStringList{u"Prüfung.pdf"_s});
         QStringList hinweise;
         aufgenommen(&hinweise);
-        QCOMPARE(hinweise,
-                 (QStringList{u"2 Einträge ausgelassen: Name nicht lesbar, bitte umbenennen"_s,
-                              u"1 Datei ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s}));
+        QCOMPARE(hinweise, (QStringList{u"2 Einträge ausgelassen: Name nicht lesbar, bitte umbenennen"_s,
+                                        u"1 Datei ausgelassen: gleicher Name in anderer Schreibweise der Umlaute"_s}));
     }
 
     void zwillingsordner()
@@ -340,10 +343,70 @@ private Q_SLOTS:
 
     void ohneHerkunftsordner()
     {
-        for (const QString &quelle : {QString(), m_profil.quelle + u"/fehlt"_s}) {
+        const QString fehlt = m_profil.quelle + u"/fehlt"_s;
+        const QList<std::pair<QString, QString>> quellen = {
+            {QString(), u"Es ist noch kein Herkunftsordner gewählt"_s},
+            {fehlt, u"Der Herkunftsordner ist nicht erreichbar: "_s + fehlt}};
+        for (const auto &[quelle, satz] : quellen) {
             m_profil.quelle = quelle;
-            QVERIFY_EXCEPTION_THROWN(aufgenommen(), Fehler);
+            QString gesagt;
+            try {
+                aufgenommen();
+            } catch (const Fehler &f) {
+                gesagt = f.text();
+            }
+            QCOMPARE(gesagt, satz);
         }
+    }
+
+    /** In a child process whose root is the test's folder. */
+    void dieWurzelAlsHerkunftsordner()
+    {
+        datei("a.pdf");
+        datei("ordner/b.pdf");
+        int rohr[2] = {};
+        QCOMPARE(::pipe(rohr), 0);
+        const pid_t kind = ::fork();
+        if (kind == 0) {
+            const QByteArray wurzel = m_profil.quelle.toUtf8();
+            QByteArray pfade = "verwehrt";
+            if (::chroot(wurzel.constData()) == 0 ||
+                (::unshare(CLONE_NEWUSER) == 0 && ::chroot(wurzel.constData()) == 0)) {
+                m_profil.quelle = u"/"_s;
+                pfade.clear();
+                for (const Bestand::Fund &f : Bestand::suchen(m_profil, {}, weiter).funde)
+                    pfade += f.pfad.toUtf8() + '|' + f.ordner.toUtf8() + '\n';
+            }
+            ::_exit(::write(rohr[1], pfade.constData(), size_t(pfade.size())) < 0 ? 1 : 0);
+        }
+        ::close(rohr[1]);
+        QFile leser;
+        QVERIFY(leser.open(rohr[0], QIODevice::ReadOnly, QFile::AutoCloseHandle));
+        const QByteArray pfade = leser.readAll();
+        QCOMPARE(::waitpid(kind, nullptr, 0), kind);
+        if (pfade == "verwehrt")
+            QSKIP("no other root allowed here");
+        QCOMPARE(pfade, QByteArray("/a.pdf|\n/ordner/b.pdf|ordner\n"));
+    }
+
+    /** It comes after the run has taken up its profile, and before the folder is walked through. */
+    void regelWaehrendDerAufnahme()
+    {
+        datei("geheim.pdf", "kein PDF");
+        datei("offen.pdf", "auch keines");
+        const auto db = std::make_shared<Datenbank>(m_ordner->filePath(u"k.db"_s));
+        Analyse analyse(db, m_profil);
+        {
+            const Transaktion haelt(*db);
+            analyse.allesStarten({.erneut = false, .nurDies = {}, .nurLesen = true});
+            analyse.ausnahmenSetzen({u"geheim"_s});
+        }
+        QTRY_VERIFY(!analyse.laeuft());
+        QStringList staende;
+        for (const Zeile &z : db->abfragen(u"SELECT * FROM dokumente ORDER BY pfad"_s))
+            staende << z.text(u"dateiname") + u' ' + QString::number(z.ganz(u"ausgenommen")) + u' ' +
+                           (z.text(u"fehler").isEmpty() ? u"ungelesen"_s : u"gelesen"_s);
+        QCOMPARE(staende, (QStringList{u"geheim.pdf 1 ungelesen"_s, u"offen.pdf 0 gelesen"_s}));
     }
 
     void haltMittendrin()

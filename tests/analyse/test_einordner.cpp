@@ -193,18 +193,41 @@ private Q_SLOTS:
                  u"neu|NULL|NULL|NULL"_s);
     }
 
-    void keinTextVerlaesstDenRechner()
+    // Whatever the next document may be: it cannot be asked about either, so all of them wait, and it is told once.
+    void mittendrinOhneModell_data()
     {
-        const qint64 id = m_stand->dokument(u"a.pdf"_s, u"Text"_s);
-        m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag())});
-        m_stand->serverListet({{{u"name"_s, u"Klein:latest"_s}, {u"remote_host"_s, u"https://example.org"_s}}});
-        Lauf lauf = m_stand->lauf();
+        QTest::addColumn<int>("gefragt"); // documents before the model goes
+        QTest::addColumn<bool>("anderswo");
+        QTest::addColumn<QString>("gegenueber");
+        QTest::newRow("rechnet gleich anderswo") << 0 << true << u"Stadtwerke"_s;
+        QTest::newRow("rechnet dann anderswo") << 1 << true << u"Stadtwerke"_s;
+        QTest::newRow("fehlt gleich") << 0 << false << u"Stadtwerke"_s;
+        QTest::newRow("fehlt dann") << 1 << false << u"Stadtwerke"_s;
+        QTest::newRow("fehlt bei der Rückfrage") << 1 << false << u"Anna Muster"_s;
+    }
+    void mittendrinOhneModell()
+    {
+        QFETCH(int, gefragt);
+        QFETCH(bool, anderswo);
+        QFETCH(QString, gegenueber);
+        for (int i = 0; i < 3; ++i)
+            m_stand->dokument(QString::number(i), u"Text"_s);
+        const Testantwort fehlt = Testantwort::fest(404, R"({"error": "model 'klein' not found"})");
+        const Testantwort gut = Pruefstand::antwort(Pruefstand::vorschlag({{u"gegenueber"_s, gegenueber}}));
+        m_stand->modellSagt(gefragt > 0 && !anderswo ? QList{gut, fehlt} : QList{anderswo ? gut : fehlt});
+        Lauf lauf = m_stand->lauf([&] {
+            if (anderswo && m_stand->fragen().size() >= gefragt)
+                m_stand->serverListet({{{u"name"_s, u"Klein:latest"_s}, {u"remote_host"_s, u"https://example.org"_s}}});
+            return false;
+        });
         Einordner::einordnen(lauf);
-        QVERIFY(m_stand->fragen().isEmpty());
-        QCOMPARE(
-            m_stand->zeile(id).text(u"fehler"),
-            u"Einordnung nicht möglich: Das Modell klein rechnet nicht auf diesem Rechner und wird nicht benutzt"_s);
-        QCOMPARE(lauf.fazit().hindernisse.size(), 1);
+        const bool rueckfrage = gegenueber == u"Anna Muster"_s;
+        QCOMPARE(m_stand->fragen().size(), gefragt + (anderswo ? 0 : 1));
+        QCOMPARE(m_stand->db().abfragen(u"SELECT 1 FROM dokumente WHERE status='neu' AND fehler IS NULL"_s).size(),
+                 3 - (rueckfrage ? 0 : gefragt));
+        const auto art = anderswo ? Laufhindernis::Art::ModellAnderswo : Laufhindernis::Art::ErstesModellFehlt;
+        QCOMPARE(lauf.fazit().hindernisse, (QList<Laufhindernis>{{.art = art, .modell = u"klein"_s}}));
+        QVERIFY(lauf.fazit().gescheiterte.isEmpty());
     }
 
     void dasInstallierteModellWirdGefragt()

@@ -2,6 +2,7 @@
 #include "ollama.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -118,6 +119,7 @@ private Q_SLOTS:
         QTest::newRow("nur als Modell genannt") << entfernt << u"namenlos"_s << true;
         QTest::newRow("dem Namen nach") << QByteArray() << u"qwen3:480B-Cloud"_s << true;
         QTest::newRow("dem Namen nach, als Zusatz") << QByteArray("[]") << u"qwen3:CLOUD "_s << true;
+        QTest::newRow("dem Namen nach, ohne Strich") << QByteArray("{}") << u"GrossCloud"_s << true;
         QTest::newRow("heißt nur ähnlich") << QByteArray("{}") << u"cloudy:4b"_s << false;
         QTest::newRow("Angaben ohne Inhalt")
             << QByteArray(R"({"models": [{"name": "a", "remote_host": "", "remote_model": null}]})") << u"a"_s << false;
@@ -129,6 +131,31 @@ private Q_SLOTS:
         QFETCH(QByteArray, liste);
         QFETCH(QString, modell);
         QTEST(Modellverzeichnis::aus(liste).rechnetAnderswo(modell), "anderswo");
+    }
+
+    void welchesModellGemeintIst_data()
+    {
+        QTest::addColumn<QStringList>("liste"); // a leading "*": computed on another computer
+        QTest::addColumn<QString>("treffer");
+        QTest::newRow("genau") << QStringList{u"qwen3:latest"_s, u"qwen3"_s} << u"qwen3"_s;
+        QTest::newRow("latest") << QStringList{u"qwen3:4b"_s, u"qwen3:latest"_s} << u"qwen3:latest"_s;
+        QTest::newRow("hiesiges") << QStringList{u"qwen3:480b-cloud"_s, u"*qwen3:x"_s, u"qwen3:4b"_s, u"qwen3:8b"_s}
+                                  << u"qwen3:4b"_s;
+        QTest::newRow("keines von hier") << QStringList{u"*qwen3:x"_s, u"qwen3:480b-cloud"_s} << u"qwen3:x"_s;
+        QTest::newRow("keines") << QStringList{u"qwen3-vl:4b"_s, u"andere"_s} << QString();
+    }
+
+    void welchesModellGemeintIst()
+    {
+        QFETCH(QStringList, liste);
+        QJsonArray modelle;
+        for (const QString &eintrag : liste) {
+            const bool fremd = eintrag.startsWith(u'*');
+            modelle << QJsonObject{{u"name"_s, fremd ? eintrag.mid(1) : eintrag},
+                                   {u"remote_host"_s, fremd ? u"https://example.org"_s : QString()}};
+        }
+        const QByteArray antwort = QJsonDocument(QJsonObject{{u"models"_s, modelle}}).toJson();
+        QTEST(Modellverzeichnis::aus(antwort).treffer(u"qwen3"_s).value_or(QString()), "treffer");
     }
 
     void woDerServerIst_data()

@@ -223,6 +223,21 @@ private Q_SLOTS:
         QVERIFY(ebene.contains(u"ZWEITES"_s) && !ebene.contains(u"DRITTES"_s));
     }
 
+    void wasKeinTextIst_data()
+    {
+        QTest::addColumn<QByteArray>("ausgabe");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("Text") << QByteArray("Gr\xC3\xBC\xC3\x9F") + "e" << u"Grüße"_s;
+        QTest::newRow("Latin-1") << QByteArray("Gr\xFC\xDF") + "e" << QString();
+        QTest::newRow("halbes Zeichen am Ende") << QByteArray("Gr\xC3") << QString();
+        QTest::newRow("leer") << QByteArray() << QString();
+    }
+    void wasKeinTextIst()
+    {
+        QFETCH(QByteArray, ausgabe);
+        QTEST(Werkzeuge::alsText(ausgabe), "text");
+    }
+
     void leereSeite()
     {
         const QString pfad = m_ordner->filePath(u"leer.pdf"_s);

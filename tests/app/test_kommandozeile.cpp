@@ -2,11 +2,13 @@
 #include "datenbank.h"
 #include "kommandozeile.h"
 #include "programm.h"
+#include "testserver.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -57,6 +59,7 @@ private Q_SLOTS:
     void kaputterKatalog();
     void befehleUndIhreReihenfolge();
     void berichtigungen();
+    void inzwischenBearbeitet();
     void selbsttestLaesstAllesWieEsWar();
     void selbsttestMitFehlenderDatei();
     void sprachenlos();
@@ -261,6 +264,41 @@ void TestKommandozeile::selbsttestMitFehlenderDatei()
         QCOMPARE(baum(), alle);
         QCOMPARE(auszug(programm.katalog(p)), katalog);
     }
+}
+
+/** While the model thinks about the counterpart, the user files one document and corrects another. */
+void TestKommandozeile::inzwischenBearbeitet()
+{
+    QTemporaryDir daten;
+    Testserver server;
+    Testantwort antwort = Testantwort::fest(200, R"({"response": "{\"gegenueber\": \"Stadtwerke\"}", "done": true})");
+    antwort.schritte.prepend({.art = Testschritt::Art::Warten, .dauer = std::chrono::seconds(1)});
+    server.antworten("/api/generate", antwort);
+    Programm programm(daten.path(), server.port());
+    Profil p = namens(u"P"_s);
+    p.eigeneNamen = {u"Anna Müller"_s};
+    programm.profileSchreiben({p});
+    Datenbank db(programm.katalog(p));
+    for (int i = 0; i < 3; ++i)
+        bereitesDokument(db, u"Anna Müller"_s, u"Strom"_s, u"Text"_s);
+    const auto generiert = [&server] {
+        const auto anfragen = server.anfragen();
+        return std::count_if(anfragen.begin(), anfragen.end(), [](const auto &a) { return a.pfad == "/api/generate"; });
+    };
+    QTimer mensch;
+    connect(&mensch, &QTimer::timeout, this, [&] {
+        if (generiert() == 1)
+            db.ausfuehren(u"UPDATE dokumente SET status='erledigt' WHERE id=1"_s);
+        else if (generiert() == 2)
+            db.ausfuehren(u"UPDATE dokumente SET gegenueber='von Hand' WHERE id=2"_s);
+    });
+    mensch.start(20);
+    const auto ende = programm.laufen({u"--gegenueber"_s, u"--anwenden"_s});
+    QVERIFY2(ende.ausgabe.endsWith("  ersetzt  1\n  geleert  0\n"_L1), qPrintable(ende.ausgabe + ende.meldungen));
+    QStringList staende;
+    for (const Zeile &z : db.abfragen(u"SELECT status, gegenueber FROM dokumente ORDER BY id"_s))
+        staende << z.text(u"status") + u' ' + z.text(u"gegenueber");
+    QCOMPARE(staende, (QStringList{u"erledigt Anna Müller"_s, u"bereit von Hand"_s, u"bereit Stadtwerke"_s}));
 }
 
 void TestKommandozeile::selbsttestLaesstAllesWieEsWar()

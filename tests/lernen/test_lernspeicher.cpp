@@ -157,6 +157,34 @@ private Q_SLOTS:
         QCOMPARE(speicher.gleichungen().first().anzahl, 1);
     }
 
+    void wasVorherGelesenIstLiestDieTransaktionNichtMehr_data()
+    {
+        QTest::addColumn<QString>("vorher");
+        QTest::addColumn<bool>("neuGelesen");
+        QTest::addColumn<QString>("rubrik");
+        QTest::newRow("gelesen") << u"Werk"_s << false << u"Eingangsrechnungen"_s;
+        QTest::newRow("unter dem alten Namen") << u"Altes Haus"_s << false << u"Eingangsrechnungen"_s;
+        QTest::newRow("inzwischen neu gelesen") << u"Werk"_s << true << u"Ausgangsrechnungen"_s;
+    }
+    void wasVorherGelesenIstLiestDieTransaktionNichtMehr()
+    {
+        QFETCH(QString, vorher);
+        QFETCH(bool, neuGelesen);
+        const qint64 wartend = dokument(vorher);
+        m_db->ausfuehren(u"UPDATE dokumente SET text_hash='alt'"_s);
+        m_db->ausfuehren(u"INSERT INTO texte VALUES (?,?)"_s, {wartend, u"An\nWeg 100\n12345 Ort"_s});
+        Profil profil;
+        profil.eigeneAnschriften = QStringList{u"Weg 100, 12345 Ort"_s};
+        Lernspeicher speicher(*m_db, profil);
+        const Dokument fertig = bestaetigt(u"Werk"_s, {u"Firma"_s, u"Belege"_s, u"Ausgangsrechnungen"_s});
+        speicher.vorlesen(fertig, vorher);
+        m_db->ausfuehren(u"UPDATE texte SET text='anders'"_s);
+        if (neuGelesen)
+            m_db->ausfuehren(u"UPDATE dokumente SET text_hash='neu'"_s);
+        QCOMPARE(speicher.merken(fertig, vorher), 1);
+        QTEST(m_db->abfragen(u"SELECT rubrik FROM dokumente"_s).first().text(u"rubrik"), "rubrik");
+    }
+
     void eineNeueGleichungLoestIhreUmkehrungAb()
     {
         Lernspeicher speicher(*m_db);

@@ -87,10 +87,12 @@ bool Rechnungsrichtung::istRechnungsrubrik(const QString &rubrik, const Profil &
 std::optional<QString> Rechnungsrichtung::berichtigt(const QString &rubrik, const QString &text,
                                                      const Profil &profil) const
 {
-    if (!istRechnungsrubrik(rubrik, profil))
-        return std::nullopt;
-    const Richtung richtung = erkennen(text);
-    if (richtung == Richtung::Unbekannt)
+    return istRechnungsrubrik(rubrik, profil) ? berichtigt(rubrik, erkennen(text), profil) : std::nullopt;
+}
+
+std::optional<QString> Rechnungsrichtung::berichtigt(const QString &rubrik, Richtung richtung, const Profil &profil)
+{
+    if (richtung == Richtung::Unbekannt || !istRechnungsrubrik(rubrik, profil))
         return std::nullopt;
     const QString &neu = richtung == Richtung::Ausgang ? profil.rubrikAusgang : profil.rubrikEingang;
     return neu == rubrik ? std::nullopt : std::optional(neu);

@@ -29,6 +29,10 @@ public:
     [[nodiscard]] std::optional<QString> berichtigt(const QString &rubrik, const QString &text,
                                                     const Profil &profil) const;
 
+    /** As above, for a document whose @p richtung is known. */
+    [[nodiscard]] static std::optional<QString> berichtigt(const QString &rubrik, Richtung richtung,
+                                                           const Profil &profil);
+
     /** @p rubrik is one of the profile's two invoice rubrics in any spelling. */
     [[nodiscard]] static bool istRechnungsrubrik(const QString &rubrik, const Profil &profil);
 

@@ -175,13 +175,7 @@ private:
     void zeigen()
     {
         const Modellstand &stand = zustand()->modellstand();
-        const bool server = stand.art != Modellstand::Art::serverFehlt;
-        if (stand.art == Modellstand::Art::unbekannt)
-            m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
-        else
-            m_server->setzen(server ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s,
-                             server ? Sprache::text(u"ollama läuft"_s)
-                                    : Sprache::text(u"ollama läuft nicht. Was zu tun ist, steht unter Programme."_s));
+        serverZeigen(stand.art);
         modellZeigen(m_klein);
         modellZeigen(m_gross);
         m_zweitmeinung->setChecked(profil().zweitmeinung);
@@ -203,6 +197,26 @@ private:
         // A number from a file may lie outside of what is offered here, and is kept.
         eingabe->setMaximum(std::max(eingabe->maximum(), wert));
         eingabe->setValue(wert);
+    }
+
+    void serverZeigen(Modellstand::Art art)
+    {
+        if (art == Modellstand::Art::unbekannt)
+            return m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+        if (art == Modellstand::Art::serverFehlt)
+            return m_server->setzen(u"exclamationmark.triangle"_s,
+                                    Sprache::text(u"ollama läuft nicht. Was zu tun ist, steht unter Programme."_s) +
+                                        umgebung(u" "_s));
+        const QString hinweis = umgebung(u". "_s);
+        m_server->setzen(hinweis.isEmpty() ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s,
+                         Sprache::text(u"ollama läuft"_s) + hinweis);
+    }
+
+    /** That the environment names a server which is not asked. */
+    static QString umgebung(const QString &davor)
+    {
+        const QString hinweis = Ollama::umgebungshinweis();
+        return hinweis.isEmpty() ? hinweis : davor + hinweis;
     }
 
     void modellZeigen(const Modellwahl &w)
