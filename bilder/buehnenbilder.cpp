@@ -169,7 +169,7 @@ QList<Buehnenbild> varianten(const QString &name, const std::function<void(Zusta
 /** A document with all the notes that can stand together. */
 void hinweise(Zustand &zustand, Hauptfenster &fenster)
 {
-    zustand.feldSetzen(Feld::Gegenueber, {});
+    aufsuchen(zustand, u"Preisliste"_s); // the one that names nobody else
     zustand.feldSetzen(Feld::Titel,
                        u"Festsetzungsbescheid über die Erstattung von Grunderwerbsnebenkosten und Erschließung"_s);
     if (auto *feld = fenster.findChild<QLineEdit *>(u"titel"_s))
@@ -244,6 +244,7 @@ void allesZuruecklegen(Zustand &zustand, Hauptfenster &)
 {
     zustand.setzeReiter(Reiter::pruefen);
     for (int n = 0; n < 100 && zustand.aktuelles(); ++n) {
+        zustand.setzeUngesehen(false); // its page need not have been painted
         zustand.zuruecklegen();
         laufenBis([&] { return !zustand.beschaeftigt(); });
     }
