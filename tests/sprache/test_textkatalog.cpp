@@ -50,6 +50,9 @@ private Q_SLOTS:
                                     << QStringList{u"Eins zwei"_s} << 0;
         QTest::newRow("Merker") << u"QUILLMAR_TEXT(u\"Drei\"), QUILLMAR_TEXT(u\"Vier\"_s)"_s
                                 << QStringList{u"Drei"_s, u"Vier"_s} << 0;
+        QTest::newRow("eines und mehrere")
+            << u"Sprache::text(liste.size(), u\"%@ Blatt\"_s,\n u\"%@ \" \"Blätter\"_s)"_s
+            << QStringList{u"%@ Blatt"_s, u"%@ Blätter"_s} << 0;
         QTest::newRow("Variable") << u"Sprache::text(titel)"_s << QStringList{} << 1;
         QTest::newRow("zwei zur Wahl") << u"Sprache::text(a ? u\"A\"_s : u\"B\"_s)"_s << QStringList{} << 1;
         QTest::newRow("zusammengesetzt") << u"Sprache::text(u\"A\"_s + b)"_s << QStringList{} << 1;

@@ -683,7 +683,7 @@ private Q_SLOTS:
         QVERIFY(datei.open(QIODevice::Append) && datei.write("!") == 1);
         datei.close();
         m_z->dublettenAusraeumen();
-        QTRY_VERIFY2(m_z->hinweis().contains(u"1 sind keine Dubletten mehr"_s), qPrintable(m_z->hinweis()));
+        QTRY_VERIFY2(m_z->hinweis().contains(u"1 ist keine Dublette mehr"_s), qPrintable(m_z->hinweis()));
         QCOMPARE(m_b->lesen(letzte).status, u"neu"_s);
         QVERIFY(liegt(m_b->quelle(u"letzte.pdf"_s)));
     }
