@@ -33,6 +33,7 @@ private Q_SLOTS:
     void andereDateiWirdNichtEinsortiert();
     void unverifiziertWirdVerglichen();
     void schonVonAnderenBearbeitet();
+    void herkunftInAndererSchreibweise();
     void blockierteBewegungWirdUebergangen();
     void kopieOhneOriginalBleibt();
     void alterPlatzEinesAnderenDokuments();
@@ -105,6 +106,21 @@ void TestZwischendurch::schonVonAnderenBearbeitet()
         QCOMPARE(b.bestand(), vorher);
         QCOMPARE(b.lesen(id).status, u"erledigt"_s);
     }
+}
+
+/** The profile spells its source folder with letter and mark apart; the drive is away. */
+void TestZwischendurch::herkunftInAndererSchreibweise()
+{
+    const qint64 id = bank().dokument(u"1.pdf"_s, "eins");
+    const QString ordner = m_ordner->filePath(u"Büro"_s);
+    bank().db()->ausfuehren(u"UPDATE dokumente SET pfad=? WHERE id=?"_s, {ordner + u"/1.pdf"_s, id});
+    Profil profil = bank().profil();
+    profil.quelle = ordner.normalized(QString::NormalizationForm_D);
+    Ablagewerk werk(bank().db(), profil);
+    QVERIFY(fehlerBei([&] {
+                werk.uebernehmen(*werk.dokument(id));
+            }).startsWith(u"Der Herkunftsordner ist nicht erreichbar"_s));
+    QCOMPARE(bank().lesen(id).status, u"bereit"_s);
 }
 
 /** One file that was moved by hand: told once, then the older movements have their turn. */

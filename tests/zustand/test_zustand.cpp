@@ -542,6 +542,16 @@ private Q_SLOTS:
         QVERIFY(m_z->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
         QVERIFY(m_z->hinweis().contains(u"Gemerkt. "_s));
         QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
+        // Setting all duplicates aside tells of it as well.
+        const qint64 original = m_b->dokument(u"o.pdf"_s, {}, "gleich");
+        const qint64 doppelt = m_b->dokument(
+            u"p.pdf"_s, [](Dokument &d) { d.status = u"dublette"_s; }, "gleich");
+        m_b->sql(u"UPDATE dokumente SET dublette_von=?, aehnlichkeit=1 WHERE id=?"_s, {original, doppelt});
+        m_z->dublettenAusraeumen();
+        QTRY_COMPARE(m_b->lesen(doppelt).status, u"aussortiert"_s);
+        QTRY_VERIFY(!m_z->beschaeftigt());
+        QVERIFY(m_z->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
+        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
     }
 
     void andereBedingungenAnderesBuch()
