@@ -16,7 +16,8 @@ namespace Originale
 
 /**
  * Document @p id, marked as a duplicate, still repeats its original: that is there, is not excluded, and has the same
- * bytes, or the same words where only the text was compared. @p textgrenze as below. Throws Fehler when a file cannot be read.
+ * bytes, or the same words where only the text was compared. @p textgrenze as below. Throws Fehler when a file cannot
+ * be read.
  */
 [[nodiscard]] bool istNochDublette(Datenbank &db, qint64 id, qsizetype textgrenze);
 

@@ -68,11 +68,11 @@ std::optional<Eintrag> gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
 bool ergebnisSchreiben(Datenbank &db, qint64 id, const Einordnungsergebnis &e, const std::optional<Eintrag> &gelernt)
 {
     Stapel stapel(db);
-    const int geschrieben = stapel.schreiben(
-        u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
-        "jahr=?, konfidenz=?, zweitmeinung=1, fehler=NULL WHERE id=? AND status='bereit'\n"
-        "AND ausgenommen=0 AND (ort_quelle IS NULL OR ort_quelle<>'gelernt')"_s,
-        {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
+    const int geschrieben =
+        stapel.schreiben(u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
+                         "jahr=?, konfidenz=?, zweitmeinung=1, fehler=NULL WHERE id=? AND status='bereit'\n"
+                         "AND ausgenommen=0 AND (ort_quelle IS NULL OR ort_quelle<>'gelernt')"_s,
+                         {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
     if (geschrieben > 0)
         stapel.schreiben(u"INSERT OR IGNORE INTO nachgeprueft (dokument_id) VALUES (?)"_s, {id});
     if (geschrieben > 0 && gelernt)

@@ -30,8 +30,7 @@ std::optional<Dokument> gewaehltes(Datenbank &db, const Ablagewerk &werk, const 
 
 Pruefstueck vollstaendig(Datenbank &db, const Ablagewerk &werk, const Dokument &dokument)
 {
-    Pruefstueck stueck{
-        .dokument = dokument, .ohneGegenueber = dokument.gegenueber.isEmpty(), .aehnlich = std::nullopt};
+    Pruefstueck stueck{.dokument = dokument, .ohneGegenueber = dokument.gegenueber.isEmpty(), .aehnlich = std::nullopt};
     stueck.hatText = !db.abfragen(u"SELECT 1 FROM texte WHERE dokument_id=? AND text<>''"_s, {dokument.id}).isEmpty();
     stueck.nachgeprueft = !db.abfragen(u"SELECT 1 FROM nachgeprueft WHERE dokument_id=?"_s, {dokument.id}).isEmpty();
     if (dokument.aehnlichZu)

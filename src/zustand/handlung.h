@@ -30,7 +30,7 @@ struct Geschehen {
     std::optional<Rueckweg> rueckweg;
     std::optional<qint64> wieder;      ///< the document that came back
     std::optional<qint64> uebernommen; ///< was filed with the reviewer's changes
-    bool zielFraglich = false;    ///< refused since nothing of what was filed lies in the target folder
+    bool zielFraglich = false;         ///< refused since nothing of what was filed lies in the target folder
 
     /** What happened and what else is to be said, as one line. */
     [[nodiscard]] QString allesGesagte() const;

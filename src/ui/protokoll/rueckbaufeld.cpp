@@ -226,8 +226,8 @@ void Rueckbaufeld::fragen()
 {
     const qsizetype anzahl = m_zustand->protokollZeilen().size();
     m_frage->setText(woher(*m_zustand) + gefuellt(Sprache::text(anzahl, u"%@ Bewegung wird zurückgedreht. Sicher?"_s,
-                                            u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
-                              {QString::number(anzahl)}));
+                                                                u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
+                                                  {QString::number(anzahl)}));
     m_ja->setAccessibleDescription(m_frage->text());
     m_nein->setAccessibleDescription(m_frage->text());
     seiteSetzen(Frage);
