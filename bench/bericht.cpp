@@ -42,12 +42,13 @@ void fuellen(Datenbank &db)
     Stapel stapel(db);
     for (int i = 0; i < anzahl; ++i) {
         const QString name = u"Rechnung %1.pdf"_s.arg(i);
-        stapel.schreiben(u"INSERT INTO dokumente (pfad, dateiname, alt_ordner, groesse, status, skizze, datum, "
-                         "gegenueber, titel, zweig, ablage, rubrik, jahr, konfidenz, vorschlag, ort_quelle) "
-                         "VALUES (?,?,'Eingang',1000,?,?,'2024-03-12',?,?,'Privat','Jahresablage','Rechnungen',"
-                         "'2024',0.9,?,'modell')"_s,
-                         {QString(u"/home/anna/Scans/Eingang/"_s + name), name, statusVon(i), skizze(zufall),
-                          namen.at(i), QString(u"Rechnung über Öl "_s + QString::number(i)), name});
+        stapel.naechstes();
+        db.schreiben(u"INSERT INTO dokumente (pfad, dateiname, alt_ordner, groesse, status, skizze, datum, "
+                     "gegenueber, titel, zweig, ablage, rubrik, jahr, konfidenz, vorschlag, ort_quelle) "
+                     "VALUES (?,?,'Eingang',1000,?,?,'2024-03-12',?,?,'Privat','Jahresablage','Rechnungen',"
+                     "'2024',0.9,?,'modell')"_s,
+                     {QString(u"/home/anna/Scans/Eingang/"_s + name), name, statusVon(i), skizze(zufall), namen.at(i),
+                      QString(u"Rechnung über Öl "_s + QString::number(i)), name});
     }
     stapel.abschliessen();
 }

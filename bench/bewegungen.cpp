@@ -54,7 +54,8 @@ void belegen(Datenbank &db, const Profil &p, int alle, int wartend, int mitDatei
         const QString pfad = p.quelle + u"/%1.pdf"_s.arg(i);
         if (wartet && i <= alle - wartend + mitDatei)
             Probe::schreiben(pfad, QByteArray::number(i));
-        stapel.schreiben(
+        stapel.naechstes();
+        db.schreiben(
             u"INSERT INTO dokumente (id, pfad, dateiname, alt_ordner, status, datum, gegenueber, titel,\n"
             "zweig, ablage, rubrik, jahr) VALUES (?,?,?,'',?,'2024-05-17',?,?,'Privat','Post','Briefe','2024')"_s,
             {i, pfad, nameVon(pfad), wartet ? u"bereit"_s : u"erledigt"_s, namen.at(i % namen.size()),
@@ -122,11 +123,12 @@ QString sitzungAnlegen(Datenbank &db, const Profil &p, int anzahl)
                                .kopiert = false};
         Probe::schreiben(z.nach, "x");
         log += z.json() + '\n';
-        stapel.schreiben(u"INSERT INTO dokumente (id, pfad, dateiname, status) VALUES (?,?,?,'erledigt')"_s,
-                         {i, z.nach, nameVon(z.nach)});
-        stapel.schreiben(
-            u"INSERT INTO protokoll (dokument_id, von_pfad, nach_pfad, alt_status) VALUES (?,?,?,'bereit')"_s,
-            {i, z.von, z.nach});
+        stapel.naechstes();
+        db.schreiben(u"INSERT INTO dokumente (id, pfad, dateiname, status) VALUES (?,?,?,'erledigt')"_s,
+                     {i, z.nach, nameVon(z.nach)});
+        stapel.naechstes();
+        db.schreiben(u"INSERT INTO protokoll (dokument_id, von_pfad, nach_pfad, alt_status) VALUES (?,?,?,'bereit')"_s,
+                     {i, z.von, z.nach});
     }
     stapel.abschliessen();
     const QString datei = p.zielWurzel + u"/log.jsonl"_s;
@@ -141,9 +143,11 @@ void blankZurueck(Datenbank &db, const Profil &p, int anzahl)
         const QString von = p.quelle + u"/%1.pdf"_s.arg(i);
         const QString nach = p.zielWurzel + u"/Privat/Post/Briefe/%1.pdf"_s.arg(i);
         ::rename(nach.toUtf8().constData(), von.toUtf8().constData());
-        stapel.schreiben(u"UPDATE protokoll SET rueckgaengig=1 WHERE id=?"_s, {i});
-        stapel.schreiben(u"UPDATE dokumente SET status=?, pfad=?, dateiname=? WHERE id=?"_s,
-                         {u"bereit"_s, von, nameVon(von), i});
+        stapel.naechstes();
+        db.schreiben(u"UPDATE protokoll SET rueckgaengig=1 WHERE id=?"_s, {i});
+        stapel.naechstes();
+        db.schreiben(u"UPDATE dokumente SET status=?, pfad=?, dateiname=? WHERE id=?"_s,
+                     {u"bereit"_s, von, nameVon(von), i});
     }
     stapel.abschliessen();
 }

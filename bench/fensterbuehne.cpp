@@ -65,7 +65,8 @@ void Heim::belegen(const QStringList &ersteWartende) const
     for (int i = 1; i <= alle; ++i) {
         const int stelle = i - (alle - wartende) - 1;
         const QString pfad = ersteWartende.value(stelle, profil.quelle + u"/%1.pdf"_s.arg(i));
-        stapel.schreiben(
+        stapel.naechstes();
+        db.schreiben(
             u"INSERT INTO dokumente (id, pfad, dateiname, alt_ordner, status, hat_textebene, datum, gegenueber,\n"
             "titel, zweig, ablage, rubrik, jahr, konfidenz)\n"
             "VALUES (?,?,?,'',?,1,'2024-05-17',?,?,'Privat','Post','Briefe','2024',0.9)"_s,

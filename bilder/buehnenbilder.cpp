@@ -21,7 +21,7 @@ void aufsuchen(Zustand &zustand, const QString &teil)
 {
     zustand.setzeReiter(Reiter::pruefen);
     for (int n = 0; n < 100 && !(zustand.aktuelles() && zustand.aktuelles()->pfad.contains(teil)); ++n) {
-        zustand.weiter(u"weiter"_s);
+        zustand.weiter(Richtung::Weiter);
         laufenBis([&] { return !zustand.beschaeftigt(); });
     }
 }
@@ -324,7 +324,7 @@ QList<Buehnenbild> pruefbilder()
          .vorher =
              [](Zustand &zustand, Hauptfenster &) {
                  for (int n = 0; n < 100 && !zustand.aehnliches(); ++n) {
-                     zustand.weiter(u"weiter"_s);
+                     zustand.weiter(Richtung::Weiter);
                      laufenBis([&] { return !zustand.beschaeftigt(); });
                  }
                  zustand.setzePartnerZeigen(true);

@@ -2,7 +2,7 @@
 
 #include "ausnahmefilter.h"
 #include "bewegungsgang.h"
-#include "datenbank.h"
+#include "dokumente.h"
 #include "herkunft.h"
 #include "pfade.h"
 #include "protokollbuch.h"
@@ -21,12 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-std::optional<Dokument> erstes(const QList<Zeile> &zeilen)
-{
-    return zeilen.isEmpty() ? std::nullopt : std::optional(Dokument::aus(zeilen.first()));
-}
-
-bool istBearbeitet(const QString &status) { return status == u"erledigt"_s || status == u"aussortiert"_s; }
+bool istBearbeitet(Status status) { return status == Status::Erledigt || status == Status::Aussortiert; }
 
 [[noreturn]] void schonBearbeitet()
 {
@@ -41,10 +36,10 @@ struct Aenderung {
 QList<Aenderung> aenderungen(Datenbank &db, const Ausnahmefilter &filter)
 {
     QList<Aenderung> liste;
-    db.durchlaufen(u"SELECT id, alt_ordner, dateiname, ausgenommen FROM dokumente"_s, {}, [&](const Zeile &zeile) {
-        const bool neu = filter.erste(zeile.text(u"alt_ordner"), zeile.text(u"dateiname")).has_value();
-        if (neu != (zeile.ganz(u"ausgenommen") == 1))
-            liste << Aenderung{.id = zeile.ganz(u"id"), .ausgenommen = neu};
+    Dokumente(db).jederFundort([&](const Dokumente::Fundort &f) {
+        const bool neu = filter.erste(f.altOrdner, f.dateiname).has_value();
+        if (neu != f.ausgenommen)
+            liste << Aenderung{.id = f.id, .ausgenommen = neu};
     });
     return liste;
 }
@@ -54,30 +49,27 @@ QString Ablagewerk::eindeutig(const QString &pfad) { return Dateibewegung::einde
 
 void Ablagewerk::uebernehmen(const Dokument &dokument)
 {
-    const auto ordner = [&](const Dokument &) {
-        return zielordner(dokument.zweig, dokument.ablage, dokument.rubrik, dokument.jahr);
-    };
+    const auto ordner = [&](const Dokument &) { return zielordner(dokument.angaben.ort, dokument.angaben.jahr); };
     const auto name = [&](const Dokument &gespeichert) {
-        Dokument endgueltig = dokument;
-        endgueltig.dateiname = gespeichert.dateiname;
-        return dateiname(endgueltig);
+        return Ziel::dateiname(dokument.angaben, gespeichert.dateiname, m_profil);
     };
+    const bool gesehen = dokument.status != Status::Unbekannt;
     bewegen({.id = dokument.id,
-             .gesehen = dokument.status,
-             .status = u"erledigt"_s,
+             .gesehen = gesehen ? std::optional(dokument.status) : std::nullopt,
+             .status = Status::Erledigt,
              .aktion = u"einsortiert"_s,
              .ordner = ordner,
              .name = name,
-             .werte = &dokument});
+             .werte = &dokument.angaben});
 }
 
-void Ablagewerk::aussortieren(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
+void Ablagewerk::aussortieren(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat)
 {
     if (m_profil.kopieren)
         return nurVermerken(id, gesehen, tat);
     bewegen({.id = id,
              .gesehen = gesehen,
-             .status = u"aussortiert"_s,
+             .status = Status::Aussortiert,
              .aktion = u"dublette"_s,
              .ordner = [this](const Dokument &d) { return dublettenordner(d); },
              .name = [](const Dokument &d) { return Dateibewegung::nummeriert(d.dateiname, 1); },
@@ -90,37 +82,23 @@ QString Ablagewerk::dublettenordner(const Dokument &dokument) const
 }
 
 /** A copying profile leaves the file where it is. */
-void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
+void Ablagewerk::nurVermerken(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat)
 {
     const Dokument gespeichert = gespeichertes(id);
-    if ((!gesehen.isEmpty() && gesehen != gespeichert.status) || istBearbeitet(gespeichert.status))
+    if ((gesehen && *gesehen != gespeichert.status) || istBearbeitet(gespeichert.status))
         schonBearbeitet();
-    const QString neu = u"aussortiert"_s;
     if (!tat) {
-        mitgezogen->tat = Taten::statusWechseln(*m_db, u"aussortiert"_s, id, gespeichert.status, neu);
+        mitgezogen->tat = Taten::statusWechseln(*m_db, u"aussortiert"_s, id, gespeichert.status, Status::Aussortiert);
         if (!mitgezogen->tat)
             schonBearbeitet();
         return;
     }
     Transaktion t(*m_db);
-    if (m_db->ausfuehren(u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s, {neu, id, gespeichert.status}) !=
-        0)
-        t.scheitern();
-    if (m_db->geaendert() == 0)
+    if (!Dokumente(*m_db).statusWechseln(id, gespeichert.status, Status::Aussortiert))
         schonBearbeitet();
-    Taten::eintragen(*m_db, tat->id, {.dokument = id, .altStatus = gespeichert.status, .neuStatus = neu});
+    Taten::eintragen(*m_db, tat->id,
+                     {.dokument = id, .altStatus = gespeichert.status, .neuStatus = Status::Aussortiert});
     t.abschliessen();
-}
-
-void Ablagewerk::verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,
-                             const QString &aktion)
-{
-    bewegen({.id = id,
-             .gesehen = {},
-             .status = status,
-             .aktion = aktion,
-             .ordner = [&](const Dokument &) { return ordner; },
-             .name = [&](const Dokument &) { return name; }});
 }
 
 Dokument Ablagewerk::gespeichertes(qint64 id) const
@@ -138,7 +116,7 @@ void Ablagewerk::quellePruefen(const Dokument &dokument) const
         return;
     if (Herkunft::istUnerreichbarFuer(*m_db, m_profil, dokument.pfad))
         throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {m_profil.quelle}));
-    m_db->ausfuehren(u"UPDATE dokumente SET status='fehlt' WHERE id=?"_s, {dokument.id});
+    Dokumente(*m_db).statusSetzen(dokument.id, Status::Fehlt);
     throw Fehler(Sprache::text(u"Die Datei liegt nicht mehr am erwarteten Ort"_s));
 }
 
@@ -147,7 +125,7 @@ void Ablagewerk::inhaltPruefen(const Dokument &dokument) const
 {
     if (Wiedererkennung::istDieselbe(*m_db, dokument.id, dokument.pfad))
         return;
-    Wiedererkennung::ersetzen(*m_db, dokument.id);
+    Wiedererkennung::ersetzen(*m_db, dokument.id, dokument.pfad);
     throw Fehler(Sprache::text(u"Unter diesem Namen liegt inzwischen eine andere Datei. Der nächste Durchgang liest "
                                "sie neu"_s));
 }
@@ -160,7 +138,7 @@ void Ablagewerk::bewegen(const Vorhaben &vorhaben)
         Bewegungsgang gang(m_db);
         // Read again: while this one waited for its turn, another program may have handled the document.
         const Dokument gespeichert = gespeichertes(vorhaben.id);
-        const bool andersGesehen = !vorhaben.gesehen.isEmpty() && vorhaben.gesehen != gespeichert.status;
+        const bool andersGesehen = vorhaben.gesehen && *vorhaben.gesehen != gespeichert.status;
         if (andersGesehen || (vorhaben.werte && istBearbeitet(gespeichert.status)))
             schonBearbeitet();
         quellePruefen(gespeichert);
@@ -181,11 +159,11 @@ void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeicher
                      .dokument = gespeichert.id,
                      .von = gespeichert.pfad,
                      .nach = {},
-                     .altStatus = gespeichert.status,
+                     .altStatus = statuswort(gespeichert.status),
                      .kopiert = m_profil.kopieren,
                      .vonName = {}};
     absicht.status = vorhaben.status;
-    absicht.vorher = gespeichert.gegenueber;
+    absicht.vorher = gespeichert.angaben.gegenueber;
     absicht.tat = vorhaben.tat;
     absicht.profil = m_profil;
     if (vorhaben.werte)
@@ -224,34 +202,18 @@ Zurueckgenommen Ablagewerk::tatZurueck(const std::optional<Taten::Tat> &diese,
     }
 }
 
-std::optional<Dokument> Ablagewerk::dokument(qint64 id) const
+std::optional<Dokument> Ablagewerk::dokument(qint64 id) const { return Dokumente(*m_db).eines(id); }
+
+QString Ablagewerk::dateiname(const Dokument &dokument) const
 {
-    return erstes(m_db->abfragen(u"SELECT * FROM dokumente WHERE id=?"_s, {id}));
+    return Ziel::dateiname(dokument.angaben, dokument.dateiname, m_profil);
 }
 
-QString Ablagewerk::dateiname(const Dokument &dokument) const { return Ziel::dateiname(dokument, m_profil); }
+QString Ablagewerk::zielordner(const Ort &ort, const QString &jahr) const { return Ziel::ordner(ort, jahr, m_profil); }
 
-QString Ablagewerk::zielordner(const QString &zweig, const QString &ablage, const QString &rubrik,
-                               const QString &jahr) const
+std::optional<Dokument> Ablagewerk::naechstes(std::optional<qint64> nach, Richtung richtung) const
 {
-    return Ziel::ordner({.zweig = zweig, .ablage = ablage, .rubrik = rubrik}, jahr, m_profil);
-}
-
-std::optional<Dokument> Ablagewerk::naechstes(std::optional<qint64> nach, QStringView richtung) const
-{
-    std::optional<Dokument> gefunden;
-    if (nach && richtung == u"weiter")
-        gefunden = erstes(m_db->abfragen(
-            u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id>? ORDER BY id LIMIT 1"_s,
-            {*nach}));
-    else if (nach && richtung == u"zurueck")
-        gefunden = erstes(m_db->abfragen(
-            u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id<? ORDER BY id DESC LIMIT 1"_s,
-            {*nach}));
-    if (gefunden)
-        return gefunden;
-    return erstes(
-        m_db->abfragen(u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 ORDER BY id LIMIT 1"_s));
+    return Dokumente(*m_db).naechstes(nach, richtung);
 }
 
 Zaehlwerk Ablagewerk::zaehlen() const { return Zaehlwerk::zaehlen(*m_db); }
@@ -262,7 +224,8 @@ Ablagewerk::Ausnahmenwechsel Ablagewerk::ausnahmenAnwenden(Datenbank &db, const 
     Ausnahmenwechsel wechsel;
     Stapel stapel(db);
     for (const Aenderung &a : liste) {
-        stapel.schreiben(u"UPDATE dokumente SET ausgenommen=? WHERE id=?"_s, {a.ausgenommen, a.id});
+        stapel.naechstes();
+        Dokumente(db).ausgenommenSetzen(a.id, a.ausgenommen);
         ++(a.ausgenommen ? wechsel.ruhen : wechsel.zurueckgeholt);
     }
     stapel.abschliessen();

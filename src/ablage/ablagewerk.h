@@ -3,6 +3,7 @@
 #include "dateibewegung.h"
 #include "dokument.h"
 #include "profil.h"
+#include "richtung.h"
 #include "tatruecknahme.h"
 #include "zaehlwerk.h"
 
@@ -40,7 +41,8 @@ public:
 
     /**
      * Files a reviewed document with the user's final values: moves or copies it under its new name, records it and
-     * learns from it. Its status (empty: any) is the one that the user saw; another program may have handled it since.
+     * learns from it. Its status (unknown: any) is the one that the user saw; another program may have handled it
+     * since.
      *
      * Throws Fehler; nothing has changed then, but that a vanished file is marked "fehlt", and that another file which
      * lies there by now is taken in as a document of its own.
@@ -50,27 +52,23 @@ public:
      * Sets a document aside: into the duplicates folder, or when copying only by its status. @p gesehen as above;
      * @p tat is the deed of many that it is part of. Throws Fehler as above.
      */
-    void aussortieren(qint64 id, const QString &gesehen = {}, const std::optional<Taten::Tat> &tat = {});
+    void aussortieren(qint64 id, std::optional<Status> gesehen = {}, const std::optional<Taten::Tat> &tat = {});
     /** Takes the newest movement back; returns its document. What cannot be is told once, then passed over. */
     qint64 rueckgaengig();
     /** Takes the newest deed of the review back, a movement or not; see Tatruecknahme. Throws Fehler. */
     Zurueckgenommen tatZurueck(const std::optional<Taten::Tat> &diese = {},
                                const Tatruecknahme::Fortschritt &fortschritt = {});
-    /** Moves or copies a document as it is to @p ordner / @p name. Throws Fehler. */
-    void verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,
-                     const QString &aktion);
 
     [[nodiscard]] std::optional<Dokument> dokument(qint64 id) const;
     /** New file name of a document with its values as they stand; see Ziel::dateiname(). */
     [[nodiscard]] QString dateiname(const Dokument &dokument) const;
     /** Target folder; see Ziel::ordner(). */
-    [[nodiscard]] QString zielordner(const QString &zweig, const QString &ablage, const QString &rubrik,
-                                     const QString &jahr) const;
+    [[nodiscard]] QString zielordner(const Ort &ort, const QString &jahr) const;
     /**
-     * The waiting document after ("weiter") or before ("zurueck") the one with @p nach, round the end of the queue; the
-     * first one with any other direction or none given.
+     * The waiting document after or before the one with @p nach, round the end of the queue; see
+     * Dokumente::naechstes().
      */
-    [[nodiscard]] std::optional<Dokument> naechstes(std::optional<qint64> nach, QStringView richtung) const;
+    [[nodiscard]] std::optional<Dokument> naechstes(std::optional<qint64> nach, Richtung richtung) const;
     [[nodiscard]] Zaehlwerk zaehlen() const;
 
     /** How many documents rest from now on and how many were brought back. */
@@ -85,19 +83,19 @@ private:
     /** A movement that is wanted; where to is found out once the document is locked. */
     struct Vorhaben {
         qint64 id = 0;
-        QString gesehen; ///< status that the user saw; empty: any
-        QString status;
+        std::optional<Status> gesehen; ///< status that the user saw; none: any
+        Status status = Status::Unbekannt;
         QString aktion;
         std::function<QString(const Dokument &gespeichert)> ordner;
         std::function<QString(const Dokument &gespeichert)> name;
-        const Dokument *werte = nullptr;
+        const Angaben *werte = nullptr;
         qint64 tat = 0;
     };
     [[nodiscard]] Dokument gespeichertes(qint64 id) const;
     [[nodiscard]] QString dublettenordner(const Dokument &dokument) const;
     void quellePruefen(const Dokument &dokument) const;
     void inhaltPruefen(const Dokument &dokument) const;
-    void nurVermerken(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat);
+    void nurVermerken(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat);
     void bewegen(const Vorhaben &vorhaben);
     void ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
                     const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang);

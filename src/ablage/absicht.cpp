@@ -1,7 +1,7 @@
 #include "absicht.h"
 
-#include "datenbank.h"
 #include "jsonschreiber.h"
+#include "katalog.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,24 +13,21 @@ namespace
 {
 QByteArray kompakt(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson(QJsonDocument::Compact); }
 
-QJsonObject werteJson(const Dokument &d)
+QJsonObject werteJson(const Angaben &a)
 {
-    return {{u"datum"_s, d.datum},   {u"gegenueber"_s, d.gegenueber}, {u"titel"_s, d.titel}, {u"zweig"_s, d.zweig},
-            {u"ablage"_s, d.ablage}, {u"rubrik"_s, d.rubrik},         {u"jahr"_s, d.jahr}};
+    return {{u"datum"_s, a.datum},     {u"gegenueber"_s, a.gegenueber}, {u"titel"_s, a.titel},
+            {u"zweig"_s, a.ort.zweig}, {u"ablage"_s, a.ort.ablage},     {u"rubrik"_s, a.ort.rubrik},
+            {u"jahr"_s, a.jahr}};
 }
 
-Dokument werteAus(const QJsonObject &o, qint64 id)
+Angaben werteAus(const QJsonObject &o)
 {
-    Dokument d;
-    d.id = id;
-    d.datum = o.value("datum"_L1).toString();
-    d.gegenueber = o.value("gegenueber"_L1).toString();
-    d.titel = o.value("titel"_L1).toString();
-    d.zweig = o.value("zweig"_L1).toString();
-    d.ablage = o.value("ablage"_L1).toString();
-    d.rubrik = o.value("rubrik"_L1).toString();
-    d.jahr = o.value("jahr"_L1).toString();
-    return d;
+    const auto text = [&o](QLatin1StringView feld) { return o.value(feld).toString(); };
+    return {.datum = text("datum"_L1),
+            .gegenueber = text("gegenueber"_L1),
+            .titel = text("titel"_L1),
+            .ort = {.zweig = text("zweig"_L1), .ablage = text("ablage"_L1), .rubrik = text("rubrik"_L1)},
+            .jahr = text("jahr"_L1)};
 }
 
 /** As much of the profile as the learning memory asks for: which invoices the owner wrote, and where they belong. */
@@ -59,7 +56,7 @@ QByteArray Absicht::json() const
     o.wahr("ruecknahme", art == Art::Ruecknahme);
     o.text("vorgang", vorgang);
     o.roh("zeile", zeile.json());
-    o.text("status", status);
+    o.text("status", statuswort(status));
     o.zahl("protokoll", protokollId);
     if (tat != 0)
         o.zahl("tat", tat);
@@ -89,7 +86,7 @@ std::optional<Absicht> Absicht::aus(const QByteArray &text)
     Absicht a;
     a.art = o.value("ruecknahme"_L1).toBool() ? Art::Ruecknahme : Art::Bewegung;
     a.vorgang = o.value("vorgang"_L1).toString();
-    a.status = o.value("status"_L1).toString();
+    a.status = statusAus(o.value("status"_L1).toString());
     a.protokollId = o.value("protokoll"_L1).toInteger();
     a.tat = o.value("tat"_L1).toInteger();
     a.temporaer = o.value("temporaer"_L1).toString();
@@ -99,7 +96,7 @@ std::optional<Absicht> Absicht::aus(const QByteArray &text)
     a.buch = o.value("buch"_L1).toString();
     a.kopf = Protokollkopf::aus(kompakt(o.value("kopf"_L1).toObject()));
     if (o.contains("werte"_L1)) {
-        a.werte = werteAus(o.value("werte"_L1).toObject(), zeile->dokument);
+        a.werte = werteAus(o.value("werte"_L1).toObject());
         a.profil = rechnungAus(o.value("rechnung"_L1).toObject());
     }
     a.zeile = std::move(*zeile);
@@ -123,4 +120,10 @@ void Absicht::uebernehmen(const Dateibewegung::Schritt &schritt)
     dateizeit = schritt.zeit;
 }
 
-QString absichtsdatei(const Datenbank &db) { return db.pfad() + u".absicht"_s; }
+Status statusZurueck(const Protokollzeile &zeile)
+{
+    const Status vorher = statusAus(zeile.altStatus);
+    return vorher == Status::Unbekannt ? Status::Bereit : vorher;
+}
+
+QString absichtsdatei(const Datenbank &db) { return Katalog::pfad(db) + u".absicht"_s; }

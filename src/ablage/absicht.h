@@ -15,14 +15,14 @@ struct Absicht {
     };
 
     Art art = Art::Bewegung;
-    QString vorgang;        ///< one movement's lines share it; the last one counts
-    Protokollzeile zeile;   ///< the movement; for a Ruecknahme the one that is turned back
-    QString status;         ///< status after the movement
+    QString vorgang;                   ///< one movement's lines share it; the last one counts
+    Protokollzeile zeile;              ///< the movement; for a Ruecknahme the one that is turned back
+    Status status = Status::Unbekannt; ///< after the movement
     qint64 protokollId = 0; ///< Bewegung: the newest row before; Ruecknahme: the row turned back, 0 if there is none
     QString temporaer;
     qint64 groesse = 0;
     qint64 dateizeit = 0;
-    std::optional<Dokument> werte;     ///< the user's final values
+    std::optional<Angaben> werte;      ///< the user's final values
     qint64 tat = 0;                    ///< deed of many movements that this one is part of; 0 if none
     Profil profil;                     ///< for the learning memory; the text keeps of it what the invoice rule needs
     QString vorher;                    ///< the counterpart before his correction
@@ -39,6 +39,9 @@ struct Absicht {
     /** Takes over what the file movement announces. */
     void uebernehmen(const Dateibewegung::Schritt &schritt);
 };
+
+/** The status that a document has again once the movement of @p zeile is turned back. */
+[[nodiscard]] Status statusZurueck(const Protokollzeile &zeile);
 
 /** The intent file of a catalogue. */
 [[nodiscard]] QString absichtsdatei(const Datenbank &db);

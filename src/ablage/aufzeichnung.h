@@ -22,7 +22,4 @@ void ruecknahmen(Datenbank &db, const QList<Absicht> &absichten);
 
 /** The catalogue knows of the movement, or of its being turned back, already. */
 [[nodiscard]] bool istErfolgt(Datenbank &db, const Absicht &absicht);
-
-/** Id of the newest row of the movements, 0 if there is none. */
-[[nodiscard]] qint64 neuesteZeile(Datenbank &db);
 } // namespace Aufzeichnung

@@ -1,8 +1,9 @@
 #include "bewegungsgang.h"
 
 #include "aufzeichnung.h"
-#include "datenbank.h"
+#include "bewegungen.h"
 #include "herkunft.h"
+#include "katalog.h"
 #include "klaerung.h"
 #include "pfade.h"
 #include "protokollbuch.h"
@@ -24,7 +25,7 @@ constexpr auto geduld = 60s;
 Absichtsdatei dateiNehmen(const Datenbank &db)
 {
     // Found out before, not by a movement there and back.
-    if (db.nurLesen())
+    if (Katalog::nurLesen(db))
         throw Fehler(
             Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
     auto datei = Absichtsdatei::oeffnen(absichtsdatei(db), geduld);
@@ -55,7 +56,7 @@ Bewegungsgang::Bewegungsgang(const std::shared_ptr<Datenbank> &db) : Bewegungsga
 
 QStringList Bewegungsgang::klaeren(const std::shared_ptr<Datenbank> &db)
 {
-    if (db->nurLesen() || !istVorhanden(absichtsdatei(*db)))
+    if (Katalog::nurLesen(*db) || !istVorhanden(absichtsdatei(*db)))
         return {};
     auto datei = Absichtsdatei::oeffnen(absichtsdatei(*db), 0s);
     if (!datei)
@@ -156,7 +157,7 @@ Bewegungsgang::Ergebnis Bewegungsgang::bewegen(Absicht absicht, const Dateibeweg
                                                Protokollbuch *buch)
 {
     absicht.vorgang = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    absicht.protokollId = Aufzeichnung::neuesteZeile(*m_db);
+    absicht.protokollId = Bewegungen(*m_db).neueste();
     absicht.zeile.vonName = Dateibewegung::andererPlattenname(absicht.zeile.von);
     if (buch) {
         absicht.buch = buch->datei();

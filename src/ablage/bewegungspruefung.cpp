@@ -1,7 +1,7 @@
 #include "bewegungspruefung.h"
 
+#include "bewegungen.h"
 #include "dateibewegung.h"
-#include "datenbank.h"
 #include "pfade.h"
 #include "sprache.h"
 
@@ -23,22 +23,13 @@ bool istWeitergezogen(const Protokollzeile &z, const Bewegungspruefung::Verzeich
     return stand.pfad != z.nach;
 }
 
-QString auswahl()
+Bewegungspruefung::Verzeichnet aus(const Bewegungen::Stand &s)
 {
-    return u"SELECT p.id, p.rueckgaengig, p.zeit, d.pfad, n.name,\n"
-           "EXISTS (SELECT 1 FROM dokumente o WHERE o.pfad=p.von_pfad AND o.id<>p.dokument_id\n"
-           "AND o.status<>'fehlt' AND o.id NOT IN (SELECT dokument_id FROM abwesend)) AS vergeben\n"
-           "FROM protokoll p LEFT JOIN dokumente d ON d.id=p.dokument_id\n"
-           "LEFT JOIN schreibweisen n ON n.protokoll_id=p.id\n"_s;
-}
-
-Bewegungspruefung::Verzeichnet aus(const Zeile &z)
-{
-    return {.protokollId = z.ganz(u"id"),
-            .zurueck = z.ganz(u"rueckgaengig") == 1,
-            .pfad = z.text(u"pfad"),
-            .platzVergeben = z.ganz(u"vergeben") == 1,
-            .vonName = QByteArray::fromPercentEncoding(z.text(u"name").toLatin1())};
+    return {.protokollId = s.id,
+            .zurueck = s.zurueck,
+            .pfad = s.pfad,
+            .platzVergeben = s.platzVergeben,
+            .vonName = s.vonName};
 }
 } // namespace
 
@@ -49,22 +40,21 @@ bool Bewegungspruefung::istOhneWeg(const Protokollzeile &zeile)
 
 Bewegungspruefung::Verzeichnet Bewegungspruefung::verzeichnet(Datenbank &db, const Protokollzeile &zeile)
 {
-    const QList<Zeile> zeilen = db.abfragen(auswahl() + u"WHERE p.dokument_id=? AND p.von_pfad=? AND p.nach_pfad=?"_s,
-                                            {zeile.dokument, zeile.von, zeile.nach});
-    if (zeilen.isEmpty())
+    const QList<Bewegungen::Stand> staende = Bewegungen(db).staende(zeile.dokument, zeile.von, zeile.nach);
+    if (staende.isEmpty())
         return {}; // a log of another profile or computer
     // A later session may have moved it there again.
-    const auto rang = [&zeile](const Zeile &z) {
-        return std::tuple(z.text(u"zeit") == zeile.zeit, z.ganz(u"rueckgaengig") == 0, z.ganz(u"id"));
+    const auto rang = [&zeile](const Bewegungen::Stand &s) {
+        return std::tuple(s.zeit == zeile.zeit, !s.zurueck, s.id);
     };
-    return aus(*std::max_element(zeilen.begin(), zeilen.end(),
-                                 [&rang](const Zeile &a, const Zeile &b) { return rang(a) < rang(b); }));
+    return aus(*std::max_element(staende.begin(), staende.end(),
+                                 [&rang](const auto &a, const auto &b) { return rang(a) < rang(b); }));
 }
 
 Bewegungspruefung::Verzeichnet Bewegungspruefung::stand(Datenbank &db, qint64 protokollId)
 {
-    const QList<Zeile> zeilen = db.abfragen(auswahl() + u"WHERE p.id=?"_s, {protokollId});
-    return zeilen.isEmpty() ? Verzeichnet() : aus(zeilen.first());
+    const auto stand = Bewegungen(db).stand(protokollId);
+    return stand ? aus(*stand) : Verzeichnet();
 }
 
 QString Bewegungspruefung::hindernis(const Protokollzeile &zeile, const Verzeichnet &stand)

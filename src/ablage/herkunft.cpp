@@ -1,8 +1,8 @@
 #include "herkunft.h"
 
-#include "datenbank.h"
+#include "bewegungen.h"
+#include "dateien.h"
 #include "pfade.h"
-#include "stapel.h"
 #include "text.h"
 
 #include <QDir>
@@ -40,41 +40,31 @@ bool Herkunft::hatPdf(const QString &ordner, bool mitUnterordnern)
 bool Herkunft::istLeererEinhaengepunkt(Datenbank &db, const Profil &profil, qsizetype mindestens)
 {
     const QString davor = wurzel(profil) + u'/';
-    const QList<Zeile> offene = db.abfragen(
-        u"SELECT pfad FROM dokumente WHERE status IN ('neu','laeuft','bereit','zurueckgestellt','dublette')\n"
-        "AND substr(pfad,1,length(?))=?"_s,
-        {davor, davor});
+    const QStringList offene = Dateien(db).offeneUnter(davor);
     if (offene.isEmpty() || offene.size() < mindestens)
         return false;
-    const bool eineDa =
-        std::any_of(offene.begin(), offene.end(), [](const Zeile &z) { return istVorhanden(z.text(u"pfad")); });
+    const bool eineDa = std::any_of(offene.begin(), offene.end(), istVorhanden);
     return !eineDa && !hatPdf(profil.quelle, profil.mitUnterordnern);
 }
 
 void Herkunft::merken(Datenbank &db, const Profil &profil)
 {
-    const auto kennung = kennungVon(wurzel(profil));
-    if (!kennung)
-        return;
-    Stapel stapel(db);
-    stapel.schreiben(u"INSERT OR REPLACE INTO herkunft (pfad, nummer) VALUES (?,?)"_s,
-                     {wurzel(profil), qint64(kennung->nummer)});
-    stapel.abschliessen();
+    if (const auto kennung = kennungVon(wurzel(profil)))
+        Bewegungen(db).herkunftMerken(wurzel(profil), qint64(kennung->nummer));
 }
 
 bool Herkunft::istFremderLeererOrdner(Datenbank &db, const Profil &profil)
 {
     // Device numbers change from one start of the computer to the next, so only the folder's own is compared.
-    const QList<Zeile> gemerkt = db.abfragen(u"SELECT nummer FROM herkunft WHERE pfad=?"_s, {wurzel(profil)});
+    const auto gemerkt = Bewegungen(db).herkunft(wurzel(profil));
     const auto kennung = kennungVon(wurzel(profil));
-    return !gemerkt.isEmpty() && kennung && gemerkt.first().ganz(u"nummer") != qint64(kennung->nummer) &&
-           !hatPdf(profil.quelle, profil.mitUnterordnern);
+    return gemerkt && kennung && *gemerkt != qint64(kennung->nummer) && !hatPdf(profil.quelle, profil.mitUnterordnern);
 }
 
 bool Herkunft::istFuerRueckkehrGesperrt(Datenbank &db, const Profil &profil)
 {
     // Where it is known which folder it is, one that the user has emptied himself is no reason.
-    const bool bekannt = !db.abfragen(u"SELECT 1 FROM herkunft WHERE pfad=?"_s, {wurzel(profil)}).isEmpty();
+    const bool bekannt = Bewegungen(db).herkunft(wurzel(profil)).has_value();
     return bekannt ? istFremderLeererOrdner(db, profil) : istLeererEinhaengepunkt(db, profil);
 }
 

@@ -109,7 +109,7 @@ QString Rueckbau::pruefen(const Protokollzeile &zeile, Absicht &absicht) const
     if (absicht.zeile.vonName.isEmpty())
         absicht.zeile.vonName = stand.vonName;
     absicht.protokollId = stand.protokollId;
-    absicht.status = zeile.altStatus.isEmpty() ? u"bereit"_s : zeile.altStatus;
+    absicht.status = statusZurueck(zeile);
     if (const auto angaben = Dateibewegung::angabenVon(zeile.nach))
         absicht.uebernehmen(*angaben);
     return {};

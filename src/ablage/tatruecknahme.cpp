@@ -1,8 +1,8 @@
 #include "tatruecknahme.h"
 
+#include "bewegungen.h"
 #include "bewegungsgang.h"
 #include "bewegungspruefung.h"
-#include "datenbank.h"
 #include "sprache.h"
 
 #include <algorithm>
@@ -19,31 +19,29 @@ struct Vorhaben {
     QString hindernis; ///< empty if nothing does
 };
 
-Protokollzeile zeileAus(const Zeile &z)
+Protokollzeile zeileAus(const Bewegung &b)
 {
-    return {.zeit = z.text(u"zeit"),
-            .aktion = z.text(u"aktion"),
-            .dokument = z.ganz(u"dokument_id"),
-            .von = z.text(u"von_pfad"),
-            .nach = z.text(u"nach_pfad"),
-            .altStatus = z.text(u"alt_status"),
-            .kopiert = z.ganz(u"kopiert") == 1,
-            .vonName = {}};
+    return {.zeit = b.zeit,
+            .aktion = b.aktion,
+            .dokument = b.dokument,
+            .von = b.von,
+            .nach = b.nach,
+            .altStatus = b.altStatus,
+            .kopiert = b.kopiert,
+            .vonName = b.vonName};
 }
 
 std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
 {
-    const QList<Zeile> zeilen = db.abfragen(u"SELECT * FROM protokoll WHERE id=?"_s, {protokollId});
-    if (zeilen.isEmpty())
+    const auto bewegung = Bewegungen(db).eine(protokollId);
+    if (!bewegung)
         return std::nullopt;
     Vorhaben v;
     v.absicht.art = Absicht::Art::Ruecknahme;
     v.absicht.protokollId = protokollId;
-    v.absicht.zeile = zeileAus(zeilen.first());
-    v.absicht.status = v.absicht.zeile.altStatus.isEmpty() ? u"bereit"_s : v.absicht.zeile.altStatus;
-    const auto stand = Bewegungspruefung::stand(db, protokollId);
-    v.absicht.zeile.vonName = stand.vonName;
-    v.hindernis = Bewegungspruefung::hindernis(v.absicht.zeile, stand);
+    v.absicht.zeile = zeileAus(*bewegung);
+    v.absicht.status = statusZurueck(v.absicht.zeile);
+    v.hindernis = Bewegungspruefung::hindernis(v.absicht.zeile, Bewegungspruefung::stand(db, protokollId));
     return v;
 }
 
@@ -189,7 +187,8 @@ bool Tatruecknahme::istMoeglich(Datenbank &db)
 qint64 Tatruecknahme::letzteBewegung(const std::shared_ptr<Datenbank> &db, const QString &herkunft)
 {
     Bewegungsgang gang(db);
-    for (auto id = Taten::letzteBewegung(*db); id; id = Taten::letzteBewegung(*db, *id)) {
+    const Bewegungen bewegungen(*db);
+    for (auto id = bewegungen.letzte(); id; id = bewegungen.letzte(*id)) {
         const auto v = vorhaben(*db, *id);
         if (!v)
             continue;

@@ -54,19 +54,19 @@ QString auffang(const Ort &ort, const Profil &profil)
 }
 } // namespace
 
-QString Ziel::dateiname(const Dokument &dokument, const Profil &profil)
+QString Ziel::dateiname(const Angaben &a, const QString &altName, const Profil &profil)
 {
-    const QString datum = Vorlage::saeubern(dokument.datum, laengeDatum);
+    const QString datum = Vorlage::saeubern(a.datum, laengeDatum);
     const Vorlage::Werte werte = {
         {Baustein::datum, datum},
-        {Baustein::jahr, dokument.jahr},
+        {Baustein::jahr, a.jahr},
         {Baustein::monat, datum.size() >= 7 ? datum.mid(5, 2) : QString()},
-        {Baustein::gegenueber, Vorlage::saeubern(dokument.gegenueber, laengeGegenueber)},
-        {Baustein::titel, Vorlage::saeubern(dokument.titel, laengeTitel)},
-        {Baustein::zweig, dokument.zweig},
-        {Baustein::ablage, dokument.ablage},
-        {Baustein::rubrik, dokument.rubrik},
-        {Baustein::altname, ohneEndung(dokument.dateiname)},
+        {Baustein::gegenueber, Vorlage::saeubern(a.gegenueber, laengeGegenueber)},
+        {Baustein::titel, Vorlage::saeubern(a.titel, laengeTitel)},
+        {Baustein::zweig, a.ort.zweig},
+        {Baustein::ablage, a.ort.ablage},
+        {Baustein::rubrik, a.ort.rubrik},
+        {Baustein::altname, ohneEndung(altName)},
     };
     QString name = Vorlage::ohneUnsichtbares(nfc(Vorlage::fuellen(werte, profil.namensVorlage)));
     // A rubric of two levels or a template brings separators and marks of its own.

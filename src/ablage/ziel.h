@@ -1,13 +1,16 @@
 #pragma once
 
-#include "dokument.h"
+#include "angaben.h"
 #include "profil.h"
 
 /** Where an accepted document goes and what it is called there. Pure rules. */
 namespace Ziel
 {
-/** New file name from the profile's name template, ".pdf" included; "unbenannt.pdf" when all blocks are empty. */
-[[nodiscard]] QString dateiname(const Dokument &dokument, const Profil &profil);
+/**
+ * New name of the file @p altName from the profile's name template, ".pdf" included; "unbenannt.pdf" when all blocks
+ * are empty.
+ */
+[[nodiscard]] QString dateiname(const Angaben &angaben, const QString &altName, const Profil &profil);
 
 /**
  * Target folder from the profile's path template. A place that the structure does not know, a missing rubric or a

@@ -1,29 +1,18 @@
 #include "zielwurzel.h"
 
-#include "datenbank.h"
+#include "bewegungen.h"
 #include "pfade.h"
 #include "sprache.h"
-#include "stapel.h"
 #include "text.h"
-#include "zeit.h"
 
 #include <QDir>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 QString wurzelVon(const Profil &profil) { return QDir::cleanPath(nfc(profil.zielWurzel)); }
-
-/** Where the last documents were filed below @p wurzel, newest first. */
-QList<Zeile> letzte(Datenbank &db, const QString &wurzel)
-{
-    const QString davor = wurzel + u'/';
-    return db.abfragen(u"SELECT nach_pfad FROM protokoll WHERE rueckgaengig=0\n"
-                       "AND id>coalesce((SELECT bis_protokoll FROM umgezogen WHERE ziel=?),0)\n"
-                       "AND substr(nach_pfad,1,length(?))=? ORDER BY id DESC LIMIT 20"_s,
-                       {wurzel, davor, davor});
-}
 } // namespace
 
 void Zielwurzel::pruefen(Datenbank &db, const Profil &profil)
@@ -41,16 +30,8 @@ void Zielwurzel::pruefen(Datenbank &db, const Profil &profil)
 
 bool Zielwurzel::istAndere(Datenbank &db, const Profil &profil)
 {
-    const QList<Zeile> zeilen = letzte(db, wurzelVon(profil));
-    return !zeilen.isEmpty() && std::none_of(zeilen.begin(), zeilen.end(),
-                                             [](const Zeile &z) { return istVorhanden(z.text(u"nach_pfad")); });
+    const QStringList letzte = Bewegungen(db).letzteZiele(wurzelVon(profil));
+    return !letzte.isEmpty() && std::none_of(letzte.begin(), letzte.end(), istVorhanden);
 }
 
-void Zielwurzel::bestaetigen(Datenbank &db, const Profil &profil)
-{
-    Stapel stapel(db);
-    stapel.schreiben(u"INSERT OR REPLACE INTO umgezogen (ziel, bis_protokoll, zeit)\n"
-                     "SELECT ?, coalesce(MAX(id),0), ? FROM protokoll"_s,
-                     {wurzelVon(profil), jetztIso()});
-    stapel.abschliessen();
-}
+void Zielwurzel::bestaetigen(Datenbank &db, const Profil &profil) { Bewegungen(db).umzugVermerken(wurzelVon(profil)); }

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "bestand.h"
-#include "wiedererkennung.h"
-
-#include <QHash>
+#include "dateien.h"
 
 class Datenbank;
 class Lauf;
@@ -14,14 +12,7 @@ class Lauf;
  */
 namespace Abgleich
 {
-/** A document of the catalogue that claims a path. */
-struct Bekanntes {
-    qint64 id = 0;
-    QString status;
-    bool abwesend = false; ///< a stage has found its file missing
-    Wiedererkennung::Notiz notiz;
-};
-using Verzeichnis = QHash<QString, Bekanntes>; ///< by path
+using Bekanntes = Dateien::Bekanntes;
 
 /** What is to be done about a file that lies at a path. */
 enum class Fall {
@@ -32,9 +23,6 @@ enum class Fall {
     Offen,     ///< its bytes must tell whether it is still the same
 };
 [[nodiscard]] Fall fall(const Bekanntes *bekannt, const Bestand::Fund &fund);
-
-/** All documents with a path. */
-[[nodiscard]] Verzeichnis verzeichnis(Datenbank &db);
 
 /**
  * Enters @p funde; also looks for vanished documents elsewhere on the disk. @p seit is the newest movement before the

@@ -2,8 +2,8 @@
 
 #include "ablagewerk.h"
 #include "bestand.h"
-#include "datenbank.h"
 #include "einordner.h"
+#include "katalog.h"
 #include "sperrdatei.h"
 #include "sprache.h"
 #include "textleser.h"
@@ -114,10 +114,10 @@ Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &aus
         return Laufstand{.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
     };
     try {
-        if (lauf.db().nurLesen())
+        if (Katalog::nurLesen(lauf.db()))
             return angehalten(Sprache::text(
                 u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
-        const auto sperre = Sperrdatei::nehmen(lauf.db().pfad() + u".lauf"_s, 0ms);
+        const auto sperre = Sperrdatei::nehmen(Katalog::pfad(lauf.db()) + u".lauf"_s, 0ms);
         if (!sperre)
             return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));
         stufen(lauf, auftrag, ausnahmen);

@@ -1,10 +1,9 @@
 #include "bestand.h"
 
 #include "abgleich.h"
-#include "aufzeichnung.h"
 #include "ausnahmefilter.h"
+#include "bewegungen.h"
 #include "bewegungsgang.h"
-#include "datenbank.h"
 #include "dubletten.h"
 #include "herkunft.h"
 #include "lauf.h"
@@ -15,7 +14,6 @@
 #include "sprache.h"
 #include "stapel.h"
 #include "text.h"
-#include "wiedererkennung.h"
 #include "zielwurzel.h"
 
 #include <QDir>
@@ -214,20 +212,15 @@ void verwaisteDublettenFreigeben(Lauf &lauf)
 {
     const Profil &profil = lauf.profil();
     const bool zielDa = istOrdner(QDir::cleanPath(profil.zielWurzel)) && !Zielwurzel::istAndere(lauf.db(), profil);
-    const QList<Zeile> dubletten = lauf.db().abfragen(u"SELECT d.id, d.pfad, d.dublette_von, o.pfad AS original,\n"
-                                                      "o.id IS NOT NULL AND o.ausgenommen=0 AS bekannt,\n"
-                                                      "CASE WHEN d.aehnlichkeit>=1 THEN d.sha256 IS NOT o.sha256\n"
-                                                      "ELSE d.text_hash IS NOT o.text_hash END AS anders\n"
-                                                      "FROM dokumente d LEFT JOIN dokumente o ON o.id=d.dublette_von\n"
-                                                      "WHERE d.status='dublette' AND d.ausgenommen=0"_s);
-    for (const Zeile &z : dubletten) {
+    Dateien dateien(lauf.db());
+    for (const Dateien::Dublette &d : dateien.dubletten()) {
         if (lauf.sollHalten())
             return;
-        const bool ungewiss = !zielDa && !liegtUnter(z.text(u"original"), profil.quelle);
-        const bool hatOriginal = z.ganz(u"bekannt") == 1 && z.ganz(u"anders") == 0 &&
-                                 (ungewiss || !Originale::orte(lauf.db(), z.ganz(u"dublette_von")).isEmpty());
-        if (!hatOriginal && istVorhanden(z.text(u"pfad")))
-            Originale::freigeben(lauf.db(), z.ganz(u"id"));
+        const bool ungewiss = !zielDa && !liegtUnter(d.originalPfad, profil.quelle);
+        const bool hatOriginal =
+            d.bekannt && !d.anders && (ungewiss || !Originale::orte(lauf.db(), d.original).isEmpty());
+        if (!hatOriginal && istVorhanden(d.pfad))
+            dateien.dubletteFreigeben(d.id);
     }
 }
 
@@ -252,9 +245,8 @@ void ausgelassenesMelden(Lauf &lauf, const Bestand::Ergebnis &e)
 void pruefsummenBilden(Lauf &lauf)
 {
     QList<Pruefsummen::Datei> dateien;
-    lauf.db().durchlaufen(
-        u"SELECT id, pfad, groesse FROM dokumente WHERE sha256 IS NULL AND pfad IS NOT NULL AND ausgenommen=0"_s, {},
-        [&](const Zeile &z) { dateien << Pruefsummen::Datei{.id = z.ganz(u"id"), .pfad = z.text(u"pfad")}; });
+    for (const Dateien::Ohnesumme &d : Dateien(lauf.db()).ohnePruefsumme())
+        dateien << Pruefsummen::Datei{.id = d.id, .pfad = d.pfad};
     qsizetype fertig = 0;
     Pruefsummen::berechnen(
         dateien, [&lauf] { return lauf.sollHalten(); },
@@ -264,9 +256,9 @@ void pruefsummenBilden(Lauf &lauf)
                 // Without a digest the next run tries again.
                 if (e.sha256.isNull())
                     continue;
-                if (stapel.schreiben(u"UPDATE dokumente SET sha256=? WHERE id=? AND sha256 IS NULL"_s,
-                                     {e.sha256, e.id}) > 0)
-                    Wiedererkennung::notieren(stapel, e.id, e.groesse, e.geaendert, true);
+                stapel.naechstes();
+                if (Dateien(lauf.db()).pruefsummeSetzen(e.id, e.sha256))
+                    Dateien(lauf.db()).standNotieren(e.id, e.groesse, e.geaendert, true);
             }
             stapel.abschliessen();
             fertig += neue.size();
@@ -291,10 +283,9 @@ Bestand::Ergebnis Bestand::suchen(const Profil &profil, const Eigenes &eigenes, 
 Bestand::Eigenes Bestand::eigenesVon(Datenbank &db, const QString &quelle)
 {
     Eigenes eigenes;
-    db.durchlaufen(u"SELECT nach_pfad FROM protokoll WHERE kopiert=1 AND rueckgaengig=0"_s, {},
-                   [&](const Zeile &zeile) { eigenes.kopien.insert(zeile.text(u"nach_pfad")); });
-    db.durchlaufen(u"SELECT pfad FROM dokumente WHERE pfad IS NOT NULL"_s, {}, [&](const Zeile &zeile) {
-        if (const QString pfad = zeile.text(u"pfad"); !liegtUnter(pfad, quelle))
+    eigenes.kopien = Bewegungen(db).kopien();
+    Dateien(db).jederPfad([&](const QString &pfad) {
+        if (!liegtUnter(pfad, quelle))
             eigenes.abgelegt.insert(pfad);
     });
     return eigenes;
@@ -309,7 +300,7 @@ void Bestand::verzeichnen(Lauf &lauf)
         nichtErreichbar(lauf);
     const auto halt = [&lauf] { return lauf.sollHalten(); };
     Q_UNUSED(Bewegungsgang::klaeren(lauf.katalog())); // what a crash left open would look like new files
-    const qint64 seit = Aufzeichnung::neuesteZeile(lauf.db());
+    const qint64 seit = Bewegungen(lauf.db()).neueste();
     const Eigenes eigenes = eigenesVon(lauf.db(), lauf.profil().quelle);
     const Ergebnis ergebnis = suchen(lauf.profil(), eigenes, halt);
     if (lauf.sollHalten())
@@ -336,7 +327,8 @@ void Bestand::aufnehmen(Lauf &lauf)
     pruefsummenBilden(lauf);
     if (lauf.sollHalten())
         return;
-    const qsizetype gleiche = Dubletten::dublettenMarkieren(lauf.db(), Dubletten::gruppen(lauf.db(), u"sha256"_s), 1.0);
+    const qsizetype gleiche =
+        Dubletten::dublettenMarkieren(lauf.db(), Dubletten::gruppen(lauf.db(), Dateien::Gleichheit::Bytes), 1.0);
     lauf.fortschritt(gefuellt(Sprache::text(u"%@ byte-identische Dubletten gefunden"_s), {QString::number(gleiche)}), 1,
                      1);
 }

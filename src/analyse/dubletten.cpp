@@ -1,6 +1,5 @@
 #include "dubletten.h"
 
-#include "datenbank.h"
 #include "originale.h"
 #include "pfade.h"
 #include "sha256.h"
@@ -52,9 +51,8 @@ qsizetype Dubletten::dublettenMarkieren(Datenbank &db, const Gruppen &gruppen, d
         for (const Mitglied &m : mitglieder.sliced(std::min<qsizetype>(1, mitglieder.size()))) {
             if (!m.neu)
                 continue;
-            stapel.schreiben(u"UPDATE dokumente SET status='dublette', dublette_von=?, aehnlichkeit=?\n"
-                             "WHERE id=? AND status='neu'"_s,
-                             {mitglieder.first().id, guete, m.id});
+            stapel.naechstes();
+            Dateien(db).alsDubletteMarkieren(m.id, mitglieder.first().id, guete);
             ++anzahl;
         }
     }
@@ -62,21 +60,19 @@ qsizetype Dubletten::dublettenMarkieren(Datenbank &db, const Gruppen &gruppen, d
     return anzahl;
 }
 
-Dubletten::Gruppen Dubletten::gruppen(Datenbank &db, const QString &spalte)
+Dubletten::Gruppen Dubletten::gruppen(Datenbank &db, Dateien::Gleichheit gleichheit)
 {
     Gruppen alle;
-    db.durchlaufen(u"SELECT id, pfad, status, %1 AS hash FROM dokumente WHERE ausgenommen=0\n"
-                   "AND status IN ('neu','bereit','erledigt','zurueckgestellt') AND coalesce(sha256,'')<>?\n"
-                   "AND %1 IN (SELECT %1 FROM dokumente WHERE status='neu' AND ausgenommen=0 AND %1<>'')\n"
-                   "ORDER BY id"_s.arg(spalte),
-                   {leereSumme()}, [&](const Zeile &z) {
-                       alle[z.text(u"hash")] << Mitglied{
-                           .id = z.ganz(u"id"), .pfad = z.text(u"pfad"), .neu = z.text(u"status") == u"neu"_s};
-                   });
-    for (QList<Mitglied> &mitglieder : alle) {
+    const auto gleiche = Dateien(db).gleiche(gleichheit, leereSumme());
+    for (auto gruppe = gleiche.begin(); gruppe != gleiche.end(); ++gruppe) {
+        if (gruppe->size() < 2)
+            continue;
+        QList<Mitglied> mitglieder;
+        for (const Dateien::Gleiches &g : *gruppe)
+            mitglieder << Mitglied{.id = g.id, .pfad = g.pfad, .neu = g.neu};
+        ansehen(db, mitglieder);
         if (mitglieder.size() > 1)
-            ansehen(db, mitglieder);
+            alle.insert(gruppe.key(), mitglieder);
     }
-    alle.removeIf([](const auto &gruppe) { return gruppe.value().size() < 2; });
     return alle;
 }

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QList>
-#include <QMap>
-#include <QString>
-
-class Datenbank;
+#include "dateien.h"
 
 /** Marking of documents that are the same. */
 namespace Dubletten
@@ -32,7 +28,7 @@ qsizetype dublettenMarkieren(Datenbank &db, const Gruppen &gruppen, double guete
 
 /**
  * New documents with those that share their hash and whose file is there, whatever has become of these: groups of at
- * least two with one new member at least. @p spalte is "sha256" or "text_hash". Looks at the disk.
+ * least two with one new member at least. Looks at the disk.
  */
-[[nodiscard]] Gruppen gruppen(Datenbank &db, const QString &spalte);
+[[nodiscard]] Gruppen gruppen(Datenbank &db, Dateien::Gleichheit gleichheit);
 } // namespace Dubletten

@@ -1,15 +1,13 @@
 #include "einordner.h"
 
-#include "datenbank.h"
-#include "dokument.h"
 #include "fehlertext.h"
 #include "http.h"
 #include "lauf.h"
 #include "lernspeicher.h"
 #include "sprache.h"
-#include "stapel.h"
 #include "text.h"
 #include "transaktion.h"
+#include "vorschlaege.h"
 #include "werkzeuge.h"
 #include "ziel.h"
 
@@ -20,6 +18,8 @@ using namespace std::chrono_literals;
 
 namespace
 {
+using Vorlage = Vorschlaege::Vorlage;
+
 /** A checked answer with what the learning memory made of it. */
 struct Vorschlag {
     Einordnungsergebnis ergebnis;
@@ -45,12 +45,12 @@ struct Werkbank {
 
 void gegenueberPruefen(const Werkbank &bank, Einordnungsergebnis &e, const QString &text)
 {
-    if (!bank.gegenpruefung.istEigen(e.gegenueber))
+    if (!bank.gegenpruefung.istEigen(e.angaben.gegenueber))
         return;
-    e.gegenueber.clear();
+    e.angaben.gegenueber.clear();
     try {
         const auto name = nachfragen(bank.gegenpruefung, text, bank.lauf.profil(), bank.ollama, bank.lauf.ende());
-        e.gegenueber = name.value_or(QString());
+        e.angaben.gegenueber = name.value_or(QString());
     } catch (const Werkzeuge::Abgebrochen &) {
         throw;
     } catch (const ModellFehlt &) {
@@ -64,21 +64,20 @@ void gegenueberPruefen(const Werkbank &bank, Einordnungsergebnis &e, const QStri
 
 void gelerntesAnwenden(Datenbank &db, Vorschlag &v)
 {
-    if (v.ergebnis.gegenueber.isEmpty())
+    Angaben &a = v.ergebnis.angaben;
+    if (a.gegenueber.isEmpty())
         return;
     const Lernspeicher speicher(db);
-    if (const auto gleich = speicher.gleichwertig(v.ergebnis.gegenueber)) {
-        v.gelerntVon = Lernregeln::schluessel(v.ergebnis.gegenueber);
-        v.ergebnis.gegenueber = *gleich;
+    if (const auto gleich = speicher.gleichwertig(a.gegenueber)) {
+        v.gelerntVon = Lernregeln::schluessel(a.gegenueber);
+        a.gegenueber = *gleich;
     }
-    const auto eintrag = speicher.vorschlag(v.ergebnis.gegenueber);
+    const auto eintrag = speicher.vorschlag(a.gegenueber);
     if (!eintrag)
         return;
-    if (Lernregeln::darfErsetzen(eintrag->anzeige, v.ergebnis.gegenueber))
-        v.ergebnis.gegenueber = eintrag->anzeige;
-    v.ergebnis.zweig = eintrag->zweig;
-    v.ergebnis.ablage = eintrag->ablage;
-    v.ergebnis.rubrik = eintrag->rubrik;
+    if (Lernregeln::darfErsetzen(eintrag->anzeige, a.gegenueber))
+        a.gegenueber = eintrag->anzeige;
+    a.ort = eintrag->ort;
     v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
     v.gelerntVon = eintrag->schluessel;
     v.ortQuelle = u"gelernt"_s;
@@ -90,11 +89,11 @@ QString ortQuelle(const Profil &profil, const QString &altOrdner, const Ort &ort
     return profil.kennt(heute) && heute != ort ? u"umsortierung"_s : u"modell"_s;
 }
 
-Vorschlag vorschlagen(const Werkbank &bank, const Zeile &zeile)
+Vorschlag vorschlagen(const Werkbank &bank, const Vorlage &vorlage)
 {
     const Profil &profil = bank.lauf.profil();
-    const QString text = zeile.text(u"text");
-    const QString dateiname = zeile.text(u"dateiname");
+    const QString &text = vorlage.text;
+    const QString &dateiname = vorlage.dokument.dateiname;
     if (text.isEmpty())
         throw Fehler(Sprache::text(u"kein Text"_s));
     const std::stop_token &ende = bank.lauf.ende();
@@ -104,82 +103,62 @@ Vorschlag vorschlagen(const Werkbank &bank, const Zeile &zeile)
     v.ergebnis = Einordnung::auswerten(antwort, dateiname, profil);
     Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, text, profil);
     gegenueberPruefen(bank, v.ergebnis, text);
-    v.modellOrt = v.ergebnis.ort();
+    v.modellOrt = v.ergebnis.angaben.ort;
     return v;
 }
 
 /** What the user has taught, and last of all what the owner's address proves. */
-void wissenAnwenden(const Werkbank &bank, const Zeile &zeile, Vorschlag &v)
+void wissenAnwenden(const Werkbank &bank, const Vorlage &vorlage, Vorschlag &v)
 {
     const Profil &profil = bank.lauf.profil();
     gelerntesAnwenden(bank.lauf.db(), v);
-    Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, zeile.text(u"text"), profil);
+    Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, vorlage.text, profil);
     if (v.ortQuelle.isEmpty())
-        v.ortQuelle = ortQuelle(profil, zeile.text(u"alt_ordner"), v.ergebnis.ort());
+        v.ortQuelle = ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
 }
 
-Dokument mitErgebnis(const Zeile &zeile, const Einordnungsergebnis &e)
-{
-    Dokument d = Dokument::aus(zeile);
-    d.datum = e.datum;
-    d.gegenueber = e.gegenueber;
-    d.titel = e.titel;
-    d.zweig = e.zweig;
-    d.ablage = e.ablage;
-    d.rubrik = e.rubrik;
-    d.jahr = e.jahr();
-    return d;
-}
-
-void speichern(const Werkbank &bank, const Zeile &zeile, Vorschlag v, const QString &dauer)
+void speichern(const Werkbank &bank, const Vorlage &vorlage, Vorschlag v, const QString &dauer)
 {
     // One transaction, so that nothing is taught between the looking up and the storing.
     Transaktion transaktion(bank.lauf.db());
-    wissenAnwenden(bank, zeile, v);
-    const Einordnungsergebnis &e = v.ergebnis;
-    const QString name = Ziel::dateiname(mitErgebnis(zeile, e), bank.lauf.profil());
-    Stapel stapel(bank.lauf.db());
-    stapel.schreiben(u"UPDATE dokumente SET status='bereit', datum=?, gegenueber=?, titel=?, zweig=?,\n"
-                     "ablage=?, rubrik=?, jahr=?, konfidenz=?, vorschlag=?, zeit=?,\n"
-                     "modell_zweig=?, modell_ablage=?, modell_rubrik=?, ort_quelle=?,\n"
-                     "gelernt_von=? WHERE id=? AND status='neu' AND ausgenommen=0"_s,
-                     {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, name, dauer,
-                      v.modellOrt.zweig, v.modellOrt.ablage, v.modellOrt.rubrik, v.ortQuelle, v.gelerntVon,
-                      zeile.ganz(u"id")});
-    stapel.abschliessen();
+    wissenAnwenden(bank, vorlage, v);
+    const Angaben &angaben = v.ergebnis.angaben;
+    const Dokument &dokument = vorlage.dokument;
+    Vorschlaege(bank.lauf.db())
+        .speichern(dokument.id, {.angaben = angaben,
+                                 .konfidenz = v.ergebnis.konfidenz,
+                                 .name = Ziel::dateiname(angaben, dokument.dateiname, bank.lauf.profil()),
+                                 .dauer = dauer,
+                                 .modellOrt = v.modellOrt,
+                                 .ortQuelle = v.ortQuelle,
+                                 .gelerntVon = v.gelerntVon});
     transaktion.abschliessen();
 }
 
 /** The reason for a failure: why the document could not be read if that was it, else what the attempt ran into. */
-QString grund(const Zeile &zeile, const Fehler &f)
+QString grund(const Dokument &dokument, const Fehler &f)
 {
-    const QString bisher = Fehlertext::grundDesLesens(zeile.text(u"fehler"));
+    const QString bisher = Fehlertext::grundDesLesens(dokument.fehler.value_or(QString()));
     return bisher.isNull() ? f.text() : bisher;
 }
 
-void scheitern(const Werkbank &bank, const Zeile &zeile, const Fehler &f, const QString &dauer)
+void scheitern(const Werkbank &bank, const Dokument &dokument, const Fehler &f, const QString &dauer)
 {
-    const QString warum = grund(zeile, f);
+    const QString warum = grund(dokument, f);
     if (dynamic_cast<const Http::Unerreichbar *>(&f))
         bank.lauf.hindernis(Laufhindernis::Art::ServerWeg);
-    Stapel stapel(bank.lauf.db());
-    const int geschrieben =
-        stapel.schreiben(u"UPDATE dokumente SET status='bereit', konfidenz=0, vorschlag=?, fehler=?, zeit=?\n"
-                         "WHERE id=? AND status='neu' AND ausgenommen=0"_s,
-                         {zeile.text(u"dateiname"), Fehlertext::einordnen(warum), dauer, zeile.ganz(u"id")});
-    stapel.abschliessen();
-    if (geschrieben > 0)
+    if (Vorschlaege(bank.lauf.db()).scheitern(dokument.id, dokument.dateiname, Fehlertext::einordnen(warum), dauer))
         bank.lauf.gescheitert(warum);
 }
 
-void einesEinordnen(const Werkbank &bank, const Zeile &zeile)
+void einesEinordnen(const Werkbank &bank, const Vorlage &vorlage)
 {
     QElapsedTimer uhr;
     uhr.start();
     const auto dauer = [&uhr] { return QString::number(double(uhr.elapsed()) / 1000, 'f', 1); };
     Vorschlag vorschlag;
     try {
-        vorschlag = vorschlagen(bank, zeile);
+        vorschlag = vorschlagen(bank, vorlage);
     } catch (const Werkzeuge::Abgebrochen &) {
         throw;
     } catch (const ModellFehlt &) {
@@ -187,24 +166,20 @@ void einesEinordnen(const Werkbank &bank, const Zeile &zeile)
     } catch (const ModellAnderswo &) {
         throw;
     } catch (const Fehler &f) {
-        scheitern(bank, zeile, f, dauer());
+        scheitern(bank, vorlage.dokument, f, dauer());
         return;
     }
-    speichern(bank, zeile, vorschlag, dauer());
+    speichern(bank, vorlage, vorschlag, dauer());
 }
 
 void alleEinordnen(const Werkbank &bank)
 {
     Lauf &lauf = bank.lauf;
-    const QList<Zeile> offene = lauf.db().abfragen(
-        u"SELECT id FROM dokumente WHERE status='neu' AND vorschlag IS NULL AND ausgenommen=0 ORDER BY id"_s);
+    const Vorschlaege vorschlaege(lauf.db());
+    const QList<qint64> offene = vorschlaege.einzuordnende();
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
-        const QList<Zeile> zeilen =
-            lauf.db().abfragen(u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id\n"
-                               "WHERE d.id=? AND d.status='neu' AND d.vorschlag IS NULL AND d.ausgenommen=0"_s,
-                               {offene.at(i).ganz(u"id")});
-        if (!zeilen.isEmpty())
-            einesEinordnen(bank, zeilen.first());
+        if (const auto vorlage = vorschlaege.einzuordnendes(offene.at(i)))
+            einesEinordnen(bank, *vorlage);
         lauf.fortschritt(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(offene.size()) +
                              Sprache::text(u" eingeordnet"_s),
                          i + 1, offene.size());
@@ -224,10 +199,10 @@ std::optional<QString> nachfragen(const Gegenpruefung &pruefung, const QString &
 void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnungsergebnis &e, const QString &text,
                                     const Profil &profil)
 {
-    const auto rubrik = richtung.berichtigt(e.rubrik, text, profil);
+    const auto rubrik = richtung.berichtigt(e.angaben.ort.rubrik, text, profil);
     if (!rubrik)
         return;
-    e.rubrik = *rubrik;
+    e.angaben.ort.rubrik = *rubrik;
     e.konfidenz = std::max(e.konfidenz, mindestensNachRegel);
 }
 

@@ -97,23 +97,25 @@ const Ablageart *ablageartAus(const QString &text, const Zweig &zweig)
     return teile.isEmpty() ? nullptr : aehnlichGenannt(zweig.ablagen, teile.first());
 }
 
-void ortPruefen(Einordnungsergebnis &e, const QJsonObject &antwort, const Profil &profil)
+Ort ortAus(const QJsonObject &antwort, const Profil &profil)
 {
+    Ort ort;
     const QString zweigtext = textAus(antwort, u"zweig"_s);
     const Zweig *zweig = zweigAus(zweigtext, profil);
     if (!zweig)
-        return;
-    e.zweig = zweig->name;
+        return ort;
+    ort.zweig = zweig->name;
     const QString ablagetext = textAus(antwort, u"ablage"_s);
     // A model that puts both levels into the branch may leave the kind empty.
     const bool imZweig = ablagetext.isEmpty() && ebenen(zweigtext).size() > 1;
     const Ablageart *art = ablageartAus(imZweig ? zweigtext : ablagetext, *zweig);
     if (!art)
-        return;
-    e.ablage = art->name;
+        return ort;
+    ort.ablage = art->name;
     const QString rubrik = textAus(antwort, u"rubrik"_s);
     if (art->rubriken.contains(rubrik))
-        e.rubrik = rubrik;
+        ort.rubrik = rubrik;
+    return ort;
 }
 } // namespace
 
@@ -155,14 +157,16 @@ QString Einordnung::frage(const QString &anweisung, const QString &dateiname, co
 Einordnungsergebnis Einordnung::auswerten(const QJsonObject &antwort, const QString &altName, const Profil &profil)
 {
     Einordnungsergebnis e;
-    e.gegenueber = textAus(antwort, u"gegenueber"_s);
-    e.titel = textAus(antwort, u"titel"_s);
-    e.datum = textAus(antwort, u"datum"_s);
-    if (!istDatum(e.datum))
-        e.datum = datumAusName(altName);
-    ortPruefen(e, antwort, profil);
+    Angaben &a = e.angaben;
+    a.gegenueber = textAus(antwort, u"gegenueber"_s);
+    a.titel = textAus(antwort, u"titel"_s);
+    a.datum = textAus(antwort, u"datum"_s);
+    if (!istDatum(a.datum))
+        a.datum = datumAusName(altName);
+    a.jahr = a.datum.left(4);
+    a.ort = ortAus(antwort, profil);
     e.konfidenz = antwort.value("konfidenz"_L1).toDouble(0);
-    if (e.datum.isEmpty() || e.rubrik.isEmpty())
+    if (a.datum.isEmpty() || a.ort.rubrik.isEmpty())
         e.konfidenz = std::min(e.konfidenz, hoechstensUnvollstaendig);
     e.konfidenz = std::clamp(e.konfidenz, 0.0, 1.0);
     return e;
@@ -170,8 +174,9 @@ Einordnungsergebnis Einordnung::auswerten(const QJsonObject &antwort, const QStr
 
 bool Einordnung::sagtNichts(const QJsonObject &antwort, const Einordnungsergebnis &ergebnis)
 {
+    const Angaben &a = ergebnis.angaben;
     // The date of the result may be that of the file name.
-    return ergebnis.gegenueber.isEmpty() && ergebnis.titel.isEmpty() && ergebnis.zweig.isEmpty() &&
+    return a.gegenueber.isEmpty() && a.titel.isEmpty() && a.ort.zweig.isEmpty() &&
            !istDatum(textAus(antwort, u"datum"_s));
 }
 

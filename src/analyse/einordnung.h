@@ -1,5 +1,6 @@
 #pragma once
 
+#include "angaben.h"
 #include "profil.h"
 
 #include <QDate>
@@ -7,17 +8,8 @@
 
 /** One checked classification. Texts are trimmed; the place holds only levels that the profile knows. */
 struct Einordnungsergebnis {
-    QString datum; ///< JJJJ-MM-TT or empty
-    QString gegenueber;
-    QString titel;
-    QString zweig;
-    QString ablage;
-    QString rubrik;
+    Angaben angaben;      ///< the year is that of the date
     double konfidenz = 0; ///< 0 to 1
-
-    [[nodiscard]] Ort ort() const { return {.zweig = zweig, .ablage = ablage, .rubrik = rubrik}; }
-    /** First four characters of the date. */
-    [[nodiscard]] QString jahr() const { return datum.left(4); }
     bool operator==(const Einordnungsergebnis &) const = default;
 };
 

@@ -1,32 +1,21 @@
 #include "originale.h"
 
 #include "dateibewegung.h"
-#include "datenbank.h"
+#include "dateien.h"
 #include "pfade.h"
 #include "skizze.h"
-#include "stapel.h"
 #include "text.h"
+#include "texte.h"
 #include "wiedererkennung.h"
 
 #include <QSet>
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
-constexpr double bytegleich = 1.0;
-
-std::optional<QString> text(Datenbank &db, qint64 id)
-{
-    const QList<Zeile> zeilen = db.abfragen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"text"));
-}
-
 QSet<quint64> skizze(Datenbank &db, qint64 id)
 {
-    const QList<Zeile> zeilen = db.abfragen(u"SELECT skizze FROM dokumente WHERE id=?"_s, {id});
-    const auto werte = zeilen.isEmpty() ? std::nullopt : Skizze::ausJson(zeilen.first().text(u"skizze"));
+    const auto werte = Skizze::ausJson(Texte(db).skizze(id));
     return werte ? QSet<quint64>(werte->begin(), werte->end()) : QSet<quint64>();
 }
 
@@ -52,21 +41,15 @@ bool hatDieselbenBytes(const QStringList &orte, const QString &pfad)
 
 QStringList Originale::orte(Datenbank &db, qint64 id)
 {
-    QStringList alle;
-    for (const Zeile &z : db.abfragen(u"SELECT pfad FROM dokumente WHERE id=? AND pfad IS NOT NULL\n"
-                                      "UNION SELECT nach_pfad FROM protokoll\n"
-                                      "WHERE dokument_id=? AND kopiert=1 AND rueckgaengig=0"_s,
-                                      {id, id})) {
-        if (istVorhanden(z.text(u"pfad")))
-            alle << z.text(u"pfad");
-    }
+    QStringList alle = Dateien(db).orte(id);
+    alle.removeIf([](const QString &pfad) { return !istVorhanden(pfad); });
     return alle;
 }
 
 bool Originale::habenGleicheWorte(Datenbank &db, qint64 a, qint64 b, qsizetype textgrenze)
 {
-    const auto textA = text(db, a);
-    const auto textB = text(db, b);
+    const auto textA = Texte(db).text(a);
+    const auto textB = Texte(db).text(b);
     if (!textA || !textB || *textA == *textB)
         return true;
     const QStringList worteA = Skizze::normalisiert(*textA);
@@ -77,33 +60,19 @@ bool Originale::habenGleicheWorte(Datenbank &db, qint64 a, qint64 b, qsizetype t
 
 bool Originale::istNochDublette(Datenbank &db, qint64 id, qsizetype textgrenze)
 {
-    const QList<Zeile> zeilen =
-        db.abfragen(u"SELECT d.pfad, d.aehnlichkeit, d.dublette_von FROM dokumente d\n"
-                    "JOIN dokumente o ON o.id=d.dublette_von AND o.ausgenommen=0 WHERE d.id=?"_s,
-                    {id});
-    if (zeilen.isEmpty())
+    const auto d = Dateien(db).dublette(id);
+    if (!d || !d->bekannt)
         return false;
-    const Zeile &z = zeilen.first();
-    if (!istVorhanden(z.text(u"pfad")))
+    if (!istVorhanden(d->pfad))
         return true; // what is not there cannot be compared; whoever sets it aside finds out
-    const qint64 original = z.ganz(u"dublette_von");
-    const QStringList dort = orte(db, original);
-    if (z.komma(u"aehnlichkeit") >= bytegleich)
-        return hatDieselbenBytes(dort, z.text(u"pfad"));
+    const QStringList dort = orte(db, d->original);
+    if (d->bytegleich)
+        return hatDieselbenBytes(dort, d->pfad);
     // The texts were read from files that may have been replaced since.
-    return !dort.isEmpty() && habenGleicheWorte(db, id, original, textgrenze) &&
-           Wiedererkennung::istDieselbe(db, id, z.text(u"pfad")) &&
+    return !dort.isEmpty() && habenGleicheWorte(db, id, d->original, textgrenze) &&
+           Wiedererkennung::istDieselbe(db, id, d->pfad) &&
            std::any_of(dort.begin(), dort.end(),
-                       [&](const QString &ort) { return Wiedererkennung::istDieselbe(db, original, ort); });
-}
-
-void Originale::freigeben(Datenbank &db, qint64 id)
-{
-    Stapel stapel(db);
-    stapel.schreiben(u"UPDATE dokumente SET status=CASE WHEN vorschlag IS NULL THEN 'neu' ELSE 'bereit' END,\n"
-                     "dublette_von=NULL, aehnlichkeit=NULL WHERE id=? AND status='dublette'"_s,
-                     {id});
-    stapel.abschliessen();
+                       [&](const QString &ort) { return Wiedererkennung::istDieselbe(db, d->original, ort); });
 }
 
 double Originale::aehnlichkeit(Datenbank &db, qint64 a, qint64 b)

@@ -21,9 +21,6 @@ namespace Originale
  */
 [[nodiscard]] bool istNochDublette(Datenbank &db, qint64 id, qsizetype textgrenze);
 
-/** A duplicate waits to be looked at as a document of its own again. Throws Fehler. */
-void freigeben(Datenbank &db, qint64 id);
-
 /**
  * The whole stored texts of two documents have the same words; where one has none, that does not decide: true. Texts of
  * @p textgrenze characters were cut off there, perhaps within a word.

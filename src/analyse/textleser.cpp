@@ -1,7 +1,7 @@
 #include "textleser.h"
 
 #include "bilderordner.h"
-#include "datenbank.h"
+#include "dateien.h"
 #include "dubletten.h"
 #include "fehlertext.h"
 #include "herkunft.h"
@@ -13,6 +13,7 @@
 #include "sprache.h"
 #include "stapel.h"
 #include "text.h"
+#include "texte.h"
 #include "werkzeuge.h"
 
 #include <QDir>
@@ -28,13 +29,10 @@ namespace
 constexpr auto schreibabstand = 1s;
 constexpr double textgleich = 0.99; // similarity of documents with the same words
 
-/** What the reading of one document gave. */
+/** What the reading of one document came to. */
 struct Gelesen {
     qint64 id = 0;
-    QString text;
-    bool textebene = false;
-    QString textHash;
-    QString skizze;
+    Texte::Gelesenes gelesenes;
     QString fehler;        ///< empty when it was read
     bool abwesend = false; ///< its file was not there
 };
@@ -46,10 +44,10 @@ Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad)
         const Werkzeuge::Text text = Werkzeuge::text(pfad, profil.seiten, profil.ocrSprache, lauf.ende());
         const Skizze skizze(text.text);
         return {.id = id,
-                .text = ersteZeichen(text.text, Textleser::textgrenze(profil)),
-                .textebene = text.textebene,
-                .textHash = skizze.textHash(),
-                .skizze = Skizze::json(skizze.werte()),
+                .gelesenes = {.text = ersteZeichen(text.text, Textleser::textgrenze(profil)),
+                              .textebene = text.textebene,
+                              .textHash = skizze.textHash(),
+                              .skizze = Skizze::json(skizze.werte())},
                 .fehler = {}};
     } catch (const Werkzeuge::Abgebrochen &) {
         throw;
@@ -66,21 +64,13 @@ void schreiben(Datenbank &db, QList<Gelesen> &fertige)
 {
     Stapel stapel(db);
     for (const Gelesen &g : std::as_const(fertige)) {
-        if (!g.fehler.isEmpty()) {
-            stapel.schreiben(u"UPDATE dokumente SET text_hash='', fehler=?\n"
-                             "WHERE id=? AND status IN ('neu','bereit') AND ausgenommen=0"_s,
-                             {g.fehler, g.id});
-            // Tried again by itself once an inventory finds the file.
-            if (g.abwesend)
-                stapel.schreiben(u"INSERT OR IGNORE INTO abwesend (dokument_id) VALUES (?)"_s, {g.id});
-            continue;
-        }
-        const int geschrieben =
-            stapel.schreiben(u"UPDATE dokumente SET text_hash=?, hat_textebene=?, skizze=? WHERE id=?\n"
-                             "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
-                             {g.textHash, g.textebene, g.skizze, g.id});
-        if (geschrieben > 0)
-            stapel.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {g.id, g.text});
+        stapel.naechstes();
+        if (g.fehler.isEmpty())
+            Texte(db).speichern(g.id, g.gelesenes);
+        else
+            Texte(db).scheitern(g.id, g.fehler);
+        if (g.abwesend) // tried again by itself once an inventory finds the file
+            Dateien(db).abwesendVermerken(g.id);
     }
     stapel.abschliessen();
     fertige.clear();
@@ -94,28 +84,18 @@ void herkunftPruefen(const Lauf &lauf)
         throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {profil.quelle}));
 }
 
-/** Where the document lies now; none if it is not to be read any more. */
-std::optional<QString> jetzigerPfad(Datenbank &db, qint64 id)
-{
-    const QList<Zeile> zeilen = db.abfragen(u"SELECT pfad FROM dokumente WHERE id=? AND text_hash IS NULL\n"
-                                            "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
-                                            {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"pfad"));
-}
-
 void alleLesen(Lauf &lauf)
 {
-    const QList<Zeile> offene = lauf.db().abfragen(
-        u"SELECT id FROM dokumente WHERE text_hash IS NULL AND status IN ('neu','bereit') AND ausgenommen=0\n"
-        "ORDER BY id"_s);
+    const Texte texte(lauf.db());
+    const QList<qint64> offene = texte.zuLesende();
     QList<Gelesen> fertige;
     auto geschrieben = steady_clock::now();
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
-        const auto pfad = jetzigerPfad(lauf.db(), offene.at(i).ganz(u"id"));
+        const auto pfad = texte.pfadZumLesen(offene.at(i));
         if (!pfad)
             continue; // handled or excluded since the list was made
         try {
-            fertige << lesen(lauf, offene.at(i).ganz(u"id"), *pfad);
+            fertige << lesen(lauf, offene.at(i), *pfad);
         } catch (const Werkzeuge::Abgebrochen &) {
             break; // the program ends; the document in hand stays open
         }
@@ -160,7 +140,7 @@ Textvergleich textgleicheMarkieren(const Lauf &lauf)
     Datenbank &db = lauf.db();
     Textvergleich v;
     Dubletten::Gruppen gruppen;
-    const Dubletten::Gruppen nachHash = Dubletten::gruppen(db, u"text_hash"_s);
+    const Dubletten::Gruppen nachHash = Dubletten::gruppen(db, Dateien::Gleichheit::Text);
     for (auto gruppe = nachHash.cbegin(); gruppe != nachHash.cend(); ++gruppe) {
         const auto teile = nachWortlaut(lauf, gruppe.value());
         for (const auto &teil : teile) {
@@ -177,33 +157,27 @@ Textvergleich textgleicheMarkieren(const Lauf &lauf)
 QList<Paare::Abdruck> abdruecke(Datenbank &db)
 {
     QList<Paare::Abdruck> liste;
-    const auto sammeln = [&](const QString &bedingung, bool neu) {
-        db.durchlaufen(u"SELECT id, skizze FROM dokumente WHERE skizze IS NOT NULL AND ausgenommen=0 AND "_s +
-                           bedingung,
-                       {}, [&](const Zeile &z) {
-                           // What does not parse counts as no sketch.
-                           if (auto werte = Skizze::ausJson(z.text(u"skizze")))
-                               liste << Paare::Abdruck{.id = z.ganz(u"id"), .werte = std::move(*werte), .neu = neu};
-                       });
-    };
-    sammeln(u"status='neu'"_s, true);
-    if (!liste.isEmpty())
-        sammeln(u"status IN ('bereit','erledigt','zurueckgestellt')"_s, false);
+    for (const bool neue : {true, false}) {
+        Texte(db).jedeSkizze(neue, [&](qint64 id, const QString &skizze) {
+            // What does not parse counts as no sketch.
+            if (auto werte = Skizze::ausJson(skizze))
+                liste << Paare::Abdruck{.id = id, .werte = std::move(*werte), .neu = neue};
+        });
+        if (liste.isEmpty())
+            break; // nothing new: nothing to compare
+    }
     return liste;
 }
 
-int verbinden(Stapel &stapel, qint64 id, qint64 partner, double aehnlichkeit)
+bool verbinden(Datenbank &db, qint64 id, qint64 partner, double aehnlichkeit)
 {
-    return stapel.schreiben(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=?\n"
-                            "WHERE id=? AND status='neu' AND aehnlich_zu IS NULL"_s,
-                            {partner, std::round(aehnlichkeit * 1000) / 1000, id});
+    return Texte(db).verbinden(id, partner, std::round(aehnlichkeit * 1000) / 1000);
 }
 
 /** A known document serves as a partner while its file is there, and does not point at the new one itself. */
 bool taugtAlsPartner(Datenbank &db, qint64 id, qint64 partner)
 {
-    return !Originale::orte(db, partner).isEmpty() &&
-           db.abfragen(u"SELECT 1 FROM dokumente WHERE id=? AND aehnlich_zu=?"_s, {partner, id}).isEmpty();
+    return !Originale::orte(db, partner).isEmpty() && !Texte(db).istVerbunden(partner, id);
 }
 
 /** Number of documents that were linked to another one. */
@@ -213,10 +187,14 @@ qsizetype aehnlicheVerbinden(Datenbank &db, const Textvergleich &texte)
         Paare::finden(abdruecke(db), [&db](qint64 id, qint64 partner) { return taugtAlsPartner(db, id, partner); });
     Stapel stapel(db);
     qsizetype anzahl = 0;
-    for (const Paare::Paar &paar : paare)
-        anzahl += verbinden(stapel, paar.id, paar.partner, paar.aehnlichkeit);
-    for (const auto &[id, partner] : texte.gleicherAnfang)
-        anzahl += verbinden(stapel, id, partner, Originale::aehnlichkeit(db, id, partner));
+    for (const Paare::Paar &paar : paare) {
+        stapel.naechstes();
+        anzahl += verbinden(db, paar.id, paar.partner, paar.aehnlichkeit) ? 1 : 0;
+    }
+    for (const auto &[id, partner] : texte.gleicherAnfang) {
+        stapel.naechstes();
+        anzahl += verbinden(db, id, partner, Originale::aehnlichkeit(db, id, partner)) ? 1 : 0;
+    }
     stapel.abschliessen();
     return anzahl;
 }

@@ -1,15 +1,13 @@
 #include "zweitmeinung.h"
 
-#include "datenbank.h"
 #include "einordner.h"
 #include "http.h"
 #include "lauf.h"
 #include "lernspeicher.h"
 #include "sprache.h"
-#include "stapel.h"
 #include "transaktion.h"
+#include "vorschlaege.h"
 #include "werkzeuge.h"
-#include "zeit.h"
 
 #include <optional>
 
@@ -18,6 +16,8 @@ using namespace std::chrono_literals;
 
 namespace
 {
+using Vorlage = Vorschlaege::Vorlage;
+
 /** What stays the same for all documents of the stage. */
 struct Werkbank {
     Lauf &lauf;
@@ -35,12 +35,12 @@ struct Werkbank {
 };
 
 /** The larger model's checked answer. Throws Fehler when there is none. */
-Einordnungsergebnis antwort(const Werkbank &bank, const Zeile &zeile)
+Einordnungsergebnis antwort(const Werkbank &bank, const Vorlage &vorlage)
 {
     const Profil &profil = bank.lauf.profil();
     const std::stop_token &ende = bank.lauf.ende();
-    const QString dateiname = zeile.text(u"dateiname");
-    const QString frage = Einordnung::frage(bank.anweisung, dateiname, zeile.text(u"text"), profil.maxZeichen);
+    const QString &dateiname = vorlage.dokument.dateiname;
+    const QString frage = Einordnung::frage(bank.anweisung, dateiname, vorlage.text, profil.maxZeichen);
     const QJsonObject objekt = bank.ollama.fragen(bank.ollama.hiesiges(profil.modellGross, ende), frage, 600s, ende);
     Einordnungsergebnis ergebnis = Einordnung::auswerten(objekt, dateiname, profil);
     if (Einordnung::sagtNichts(objekt, ergebnis))
@@ -52,70 +52,43 @@ Einordnungsergebnis antwort(const Werkbank &bank, const Zeile &zeile)
 std::optional<Eintrag> gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
 {
     const Lernspeicher speicher(db);
-    e.gegenueber = speicher.gleichwertig(e.gegenueber).value_or(e.gegenueber);
-    auto eintrag = speicher.vorschlag(e.gegenueber);
+    Angaben &a = e.angaben;
+    a.gegenueber = speicher.gleichwertig(a.gegenueber).value_or(a.gegenueber);
+    auto eintrag = speicher.vorschlag(a.gegenueber);
     if (!eintrag)
         return std::nullopt;
-    if (Lernregeln::darfErsetzen(eintrag->anzeige, e.gegenueber))
-        e.gegenueber = eintrag->anzeige;
-    e.zweig = eintrag->zweig;
-    e.ablage = eintrag->ablage;
-    e.rubrik = eintrag->rubrik;
+    if (Lernregeln::darfErsetzen(eintrag->anzeige, a.gegenueber))
+        a.gegenueber = eintrag->anzeige;
+    a.ort = eintrag->ort;
     return eintrag;
 }
 
 /** False when the document was taught, handled or excluded since it was read: then nothing is stored. */
-bool ergebnisSchreiben(Datenbank &db, qint64 id, const Einordnungsergebnis &e, const std::optional<Eintrag> &gelernt)
-{
-    Stapel stapel(db);
-    const int geschrieben =
-        stapel.schreiben(u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
-                         "jahr=?, konfidenz=?, zweitmeinung=1, fehler=NULL WHERE id=? AND status='bereit'\n"
-                         "AND ausgenommen=0 AND (ort_quelle IS NULL OR ort_quelle<>'gelernt')"_s,
-                         {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
-    if (geschrieben > 0)
-        stapel.schreiben(u"INSERT OR IGNORE INTO nachgeprueft (dokument_id) VALUES (?)"_s, {id});
-    if (geschrieben > 0 && gelernt)
-        stapel.schreiben(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
-                         {gelernt->schluessel, id});
-    if (geschrieben > 0)
-        stapel.schreiben(u"DELETE FROM zweitfragen WHERE dokument_id=?"_s, {id});
-    stapel.abschliessen();
-    return geschrieben > 0;
-}
-
-bool speichern(const Werkbank &bank, const Zeile &zeile, Einordnungsergebnis ergebnis)
+bool speichern(const Werkbank &bank, const Vorlage &vorlage, Einordnungsergebnis ergebnis)
 {
     Datenbank &db = bank.lauf.db();
     // One transaction, so that nothing is taught between the looking up and the storing.
     Transaktion transaktion(db);
-    if (bank.gegenpruefung.istEigen(ergebnis.gegenueber))
-        ergebnis.gegenueber = zeile.text(u"gegenueber");
+    if (bank.gegenpruefung.istEigen(ergebnis.angaben.gegenueber))
+        ergebnis.angaben.gegenueber = vorlage.dokument.angaben.gegenueber;
     const auto gelernt = gelerntesAnwenden(db, ergebnis);
-    Einordner::richtungBerichtigen(bank.richtung, ergebnis, zeile.text(u"text"), bank.lauf.profil());
-    const bool geschrieben = ergebnisSchreiben(db, zeile.ganz(u"id"), ergebnis, gelernt);
+    Einordner::richtungBerichtigen(bank.richtung, ergebnis, vorlage.text, bank.lauf.profil());
+    const auto gelerntVon = gelernt ? std::optional(gelernt->schluessel) : std::nullopt;
+    const bool geschrieben =
+        Vorschlaege(db).nachpruefen(vorlage.dokument.id, ergebnis.angaben, ergebnis.konfidenz, gelerntVon);
     transaktion.abschliessen();
     return geschrieben;
 }
 
-/** The document is not asked about again by itself; @p unbeantwortet: but where the user wishes it. */
-void nurVermerken(Datenbank &db, qint64 id, bool unbeantwortet)
+void einesNachpruefen(Werkbank &bank, const Vorlage &vorlage)
 {
-    Stapel stapel(db);
-    const int geschrieben = stapel.schreiben(
-        u"UPDATE dokumente SET zweitmeinung=1 WHERE id=? AND status='bereit' AND ausgenommen=0"_s, {id});
-    if (geschrieben > 0 && unbeantwortet)
-        stapel.schreiben(u"INSERT OR REPLACE INTO zweitfragen (dokument_id, zeit) VALUES (?,?)"_s, {id, jetztIso()});
-    stapel.abschliessen();
-}
-
-void einesNachpruefen(Werkbank &bank, const Zeile &zeile)
-{
-    if (zeile.text(u"text").isEmpty())
-        return nurVermerken(bank.lauf.db(), zeile.ganz(u"id"), false);
+    Vorschlaege vorschlaege(bank.lauf.db());
+    const qint64 id = vorlage.dokument.id;
+    if (vorlage.text.isEmpty())
+        return vorschlaege.nichtNachgeprueft(id, false);
     std::optional<Einordnungsergebnis> ergebnis;
     try {
-        ergebnis = antwort(bank, zeile);
+        ergebnis = antwort(bank, vorlage);
     } catch (const Werkzeuge::Abgebrochen &) {
         throw;
     } catch (const ModellFehlt &) {
@@ -126,28 +99,20 @@ void einesNachpruefen(Werkbank &bank, const Zeile &zeile)
         // The first proposal stays.
         if (dynamic_cast<const Http::Unerreichbar *>(&f))
             bank.lauf.hindernis(Laufhindernis::Art::ServerWeg);
-        return nurVermerken(bank.lauf.db(), zeile.ganz(u"id"), true);
+        return vorschlaege.nichtNachgeprueft(id, true);
     }
-    bank.beantwortet += speichern(bank, zeile, *ergebnis) ? 1 : 0;
+    bank.beantwortet += speichern(bank, vorlage, *ergebnis) ? 1 : 0;
 }
-
-const QString nochZuFragen = u"d.status='bereit' AND (d.zweitmeinung IS NULL OR d.zweitmeinung=0)\n"
-                             "AND (d.ort_quelle='umsortierung' OR d.konfidenz < 0.75)\n"
-                             "AND (d.ort_quelle IS NULL OR d.ort_quelle<>'gelernt') AND d.ausgenommen=0"_s;
 
 void alleNachpruefen(Werkbank &bank)
 {
     Lauf &lauf = bank.lauf;
-    const QList<Zeile> offene =
-        lauf.db().abfragen(u"SELECT d.id FROM dokumente d WHERE "_s + nochZuFragen + u" ORDER BY d.id"_s);
+    const Vorschlaege vorschlaege(lauf.db());
+    const QList<qint64> offene = vorschlaege.strittige();
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
         // Read again: an hour may have passed since, and the user was not idle.
-        const QList<Zeile> zeilen = lauf.db().abfragen(
-            u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id WHERE d.id=? AND "_s +
-                nochZuFragen,
-            {offene.at(i).ganz(u"id")});
-        if (!zeilen.isEmpty())
-            einesNachpruefen(bank, zeilen.first());
+        if (const auto vorlage = vorschlaege.strittiges(offene.at(i)))
+            einesNachpruefen(bank, *vorlage);
         lauf.fortschritt(QString::number(bank.beantwortet) + Sprache::text(u" von "_s) +
                              QString::number(offene.size()) + Sprache::text(u" nachgeprüft"_s),
                          i + 1, offene.size());

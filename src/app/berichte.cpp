@@ -1,6 +1,6 @@
 #include "ablagewerk.h"
 #include "ausgabe.h"
-#include "datenbank.h"
+#include "dokumente.h"
 #include "einordnung.h"
 #include "kommandozeile.h"
 #include "lernspeicher.h"
@@ -24,9 +24,9 @@ struct Guete {
     void dazu(const Dokument &d, const QString &name)
     {
         ++anzahl;
-        datum += Einordnung::istDatum(d.datum) ? 1 : 0;
-        gegenueber += d.gegenueber.isEmpty() ? 0 : 1;
-        titel += d.titel.isEmpty() ? 0 : 1;
+        datum += Einordnung::istDatum(d.angaben.datum) ? 1 : 0;
+        gegenueber += d.angaben.gegenueber.isEmpty() ? 0 : 1;
+        titel += d.angaben.titel.isEmpty() ? 0 : 1;
         umsortierung += d.ortQuelle == u"umsortierung"_s ? 1 : 0;
         namen.insert(name);
     }
@@ -47,10 +47,7 @@ void Kommandozeile::bestandDrucken(const Ablagewerk &werk)
 void Kommandozeile::bericht(Datenbank &db, const Ablagewerk &werk)
 {
     Guete g;
-    db.durchlaufen(u"SELECT * FROM dokumente WHERE status='bereit'"_s, {}, [&](const Zeile &zeile) {
-        const Dokument d = Dokument::aus(zeile);
-        g.dazu(d, werk.dateiname(d));
-    });
+    Dokumente(db).jedesBereite([&](const Dokument &d) { g.dazu(d, werk.dateiname(d)); });
     if (g.anzahl == 0)
         return;
     const QString von = Sprache::text(u" von "_s) + QString::number(g.anzahl);

@@ -1,10 +1,11 @@
 #include "ausgabe.h"
-#include "datenbank.h"
 #include "einordner.h"
 #include "kommandozeile.h"
 #include "sprache.h"
 #include "stapel.h"
+#include "texte.h"
 #include "transaktion.h"
+#include "vorschlaege.h"
 
 using namespace Qt::StringLiterals;
 using Ausgabe::drucken;
@@ -19,45 +20,33 @@ struct Nachfragebilanz {
     qint64 geleert = 0;
 };
 
-QList<Zeile> eigeneAlsGegenueber(Datenbank &db, const Gegenpruefung &pruefung)
+QList<Vorschlaege::Vorlage> eigeneAlsGegenueber(Datenbank &db, const Gegenpruefung &pruefung)
 {
-    QList<Zeile> zeilen;
-    db.durchlaufen(u"SELECT d.id, d.gegenueber, d.konfidenz, t.text FROM dokumente d\n"
-                   "JOIN texte t ON t.dokument_id = d.id\n"
-                   "WHERE d.status IN ('bereit','zurueckgestellt') AND d.ausgenommen=0"_s,
-                   {}, [&](const Zeile &zeile) {
-                       if (pruefung.istEigen(zeile.text(u"gegenueber")))
-                           zeilen << zeile;
-                   });
-    return zeilen;
+    QList<Vorschlaege::Vorlage> liste;
+    Texte(db).jedesOffene([&](const Dokument &d, const QString &text) {
+        if (pruefung.istEigen(d.angaben.gegenueber))
+            liste << Vorschlaege::Vorlage{.dokument = d, .text = text};
+    });
+    return liste;
 }
 
-bool wartetNoch(Datenbank &db, qint64 id, const QString &gegenueber)
+void einesNachfragen(Datenbank &db, const Gegenpruefung &pruefung, const Profil &profil,
+                     const Vorschlaege::Vorlage &vorlage, Nachfragebilanz &bilanz)
 {
-    return !db.abfragen(u"SELECT 1 FROM dokumente WHERE id=? AND gegenueber=? AND ausgenommen=0\n"
-                        "AND status IN ('bereit','zurueckgestellt')"_s,
-                        {id, gegenueber})
-                .isEmpty();
-}
-
-void einesNachfragen(Datenbank &db, const Gegenpruefung &pruefung, const Profil &profil, const Zeile &zeile,
-                     Nachfragebilanz &bilanz)
-{
-    const qint64 id = zeile.ganz(u"id");
-    if (!wartetNoch(db, id, zeile.text(u"gegenueber")))
+    Vorschlaege vorschlaege(db);
+    const qint64 id = vorlage.dokument.id;
+    const QString &bisher = vorlage.dokument.angaben.gegenueber;
+    if (!vorschlaege.istOffenMit(id, bisher))
         return;
-    const auto name = nachfragen(pruefung, zeile.text(u"text"), profil, Ollama());
+    const auto name = nachfragen(pruefung, vorlage.text, profil, Ollama());
     // Whoever handled or corrected the document during the question knew better.
     Transaktion transaktion(db);
-    if (!wartetNoch(db, id, zeile.text(u"gegenueber")))
+    if (!vorschlaege.istOffenMit(id, bisher))
         return;
-    Stapel stapel(db);
     if (name)
-        stapel.schreiben(u"UPDATE dokumente SET gegenueber=? WHERE id=?"_s, {*name, id});
+        vorschlaege.gegenueberSetzen(id, *name, std::nullopt);
     else
-        stapel.schreiben(u"UPDATE dokumente SET gegenueber='', konfidenz=? WHERE id=?"_s,
-                         {konfidenzOhneGegenueber, id});
-    stapel.abschliessen();
+        vorschlaege.gegenueberSetzen(id, {}, konfidenzOhneGegenueber);
     transaktion.abschliessen();
     ++(name ? bilanz.ersetzt : bilanz.geleert);
 }
@@ -79,27 +68,23 @@ Richtungsbilanz richtungenPruefen(Datenbank &db, const Profil &profil)
 {
     Richtungsbilanz bilanz;
     const Rechnungsrichtung richtung(profil.eigeneAnschriften);
-    db.durchlaufen(u"SELECT d.id, d.rubrik, d.konfidenz, t.text FROM dokumente d\n"
-                   "JOIN texte t ON t.dokument_id = d.id\n"
-                   "WHERE d.status IN ('bereit','zurueckgestellt') AND d.ausgenommen=0"_s,
-                   {}, [&](const Zeile &z) {
-                       const QString alt = z.text(u"rubrik");
-                       ++bilanz.betrachtet;
-                       bilanz.rechnungen += Rechnungsrichtung::istRechnungsrubrik(alt, profil) ? 1 : 0;
-                       if (const auto neu = richtung.berichtigt(alt, z.text(u"text"), profil))
-                           bilanz.berichtigt << Berichtigung{
-                               .id = z.ganz(u"id"), .alt = alt, .neu = *neu, .konfidenz = z.komma(u"konfidenz")};
-                   });
+    Texte(db).jedesOffene([&](const Dokument &d, const QString &text) {
+        const QString &alt = d.angaben.ort.rubrik;
+        ++bilanz.betrachtet;
+        bilanz.rechnungen += Rechnungsrichtung::istRechnungsrubrik(alt, profil) ? 1 : 0;
+        if (const auto neu = richtung.berichtigt(alt, text, profil))
+            bilanz.berichtigt << Berichtigung{.id = d.id, .alt = alt, .neu = *neu, .konfidenz = d.konfidenz};
+    });
     return bilanz;
 }
 
 void richtungenSchreiben(Datenbank &db, const QList<Berichtigung> &liste)
 {
     Stapel stapel(db);
-    for (const Berichtigung &b : liste)
-        stapel.schreiben(u"UPDATE dokumente SET rubrik=?, konfidenz=? WHERE id=? AND rubrik=? AND ausgenommen=0\n"
-                         "AND status IN ('bereit','zurueckgestellt')"_s,
-                         {b.neu, std::max(b.konfidenz, Einordner::mindestensNachRegel), b.id, b.alt});
+    for (const Berichtigung &b : liste) {
+        stapel.naechstes();
+        Vorschlaege(db).rubrikBerichtigen(b.id, b.alt, b.neu, std::max(b.konfidenz, Einordner::mindestensNachRegel));
+    }
     stapel.abschliessen();
 }
 } // namespace
@@ -109,7 +94,7 @@ void Kommandozeile::gegenueberBerichtigen(Datenbank &db, const Profil &profil, b
     if (profil.eigenkennungen().isEmpty())
         return drucken(Sprache::text(u"Im Profil ist kein eigener Name hinterlegt."_s));
     const Gegenpruefung pruefung(profil);
-    const QList<Zeile> betroffene = eigeneAlsGegenueber(db, pruefung);
+    const auto betroffene = eigeneAlsGegenueber(db, pruefung);
     drucken(Sprache::text(u"Betroffen: "_s) + QString::number(betroffene.size()) + Sprache::text(u" Dokumente"_s));
     if (nurZeigen)
         return drucken(Sprache::text(u"Nur gezeigt. Mit --anwenden wird nachgefragt und geschrieben."_s));

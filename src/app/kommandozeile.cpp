@@ -3,7 +3,7 @@
 #include "ablagewerk.h"
 #include "ausgabe.h"
 #include "bewegungsgang.h"
-#include "datenbank.h"
+#include "katalog.h"
 #include "lernspeicher.h"
 #include "profilspeicher.h"
 #include "sprache.h"
@@ -43,8 +43,8 @@ void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil)
 {
     try {
-        auto db = std::make_shared<Datenbank>(Profilspeicher::katalogDatei(profil));
-        if (db->nurLesen())
+        auto db = Katalog::oeffnen(Profilspeicher::katalogDatei(profil));
+        if (Katalog::nurLesen(*db))
             Ausgabe::melden(
                 Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s));
         absturzKlaeren(db);

@@ -1,6 +1,6 @@
 #include "ausgabe.h"
 #include "ausnahmefilter.h"
-#include "datenbank.h"
+#include "dokumente.h"
 #include "kommandozeile.h"
 #include "lernspeicher.h"
 #include "selbstpruefung.h"
@@ -17,14 +17,12 @@ namespace
 {
 constexpr qint64 hoechstensDokumente = 50;
 
-Dokument bestaetigt(const QString &gegenueber)
+Angaben bestaetigt(const QString &gegenueber)
 {
-    Dokument d;
-    d.gegenueber = gegenueber;
-    d.zweig = u"Selbsttest"_s;
-    d.ablage = u"Stammdaten"_s;
-    d.rubrik = u"Telefon"_s;
-    return d;
+    Angaben a;
+    a.gegenueber = gegenueber;
+    a.ort = {.zweig = u"Selbsttest"_s, .ablage = u"Stammdaten"_s, .rubrik = u"Telefon"_s};
+    return a;
 }
 
 void namensregeln(Selbstpruefung &p)
@@ -50,21 +48,21 @@ void zuordnungen(Selbstpruefung &p, Lernspeicher &speicher)
 {
     const auto eintrag = [&speicher] { return speicher.vorschlag(u"Selbsttestwerk Nord"_s); };
     const qsizetype vorher = speicher.alle().size();
-    speicher.merken(bestaetigt(u"Selbsttestwerk Nord GmbH"_s), u"Selbsttestwerk Nord GmbH"_s);
+    speicher.merken(0, bestaetigt(u"Selbsttestwerk Nord GmbH"_s), u"Selbsttestwerk Nord GmbH"_s);
     p.pruefe(speicher.alle().size() == vorher + 1, Sprache::text(u"eine Zuordnung gemerkt"_s));
-    p.pruefe(eintrag() && eintrag()->rubrik == u"Telefon"_s,
+    p.pruefe(eintrag() && eintrag()->ort.rubrik == u"Telefon"_s,
              Sprache::text(u"Schreibvariante findet die Zuordnung wieder"_s));
     p.pruefe(eintrag() && eintrag()->anzeige == u"Selbsttestwerk Nord GmbH"_s,
              Sprache::text(u"Schreibweise wird mitgespeichert"_s));
     p.pruefe(!speicher.vorschlag(u"Zzz Unbekannt Qqq"_s), Sprache::text(u"fremde Gegenseite findet nichts"_s));
-    speicher.merken(bestaetigt(u"Selbsttestwerk Nord GmbH"_s), u"Selbsttestwerk Nord GmbH"_s);
+    speicher.merken(0, bestaetigt(u"Selbsttestwerk Nord GmbH"_s), u"Selbsttestwerk Nord GmbH"_s);
     p.pruefe(eintrag() && eintrag()->anzahl == 2, Sprache::text(u"zweite Bestätigung wird gezählt"_s));
 }
 
 void gleichungen(Selbstpruefung &p, Lernspeicher &speicher)
 {
     const qsizetype vorher = speicher.gleichungen().size();
-    speicher.merken(bestaetigt(u"Selbsttestwerk Süd GmbH"_s), u"Altername Selbsttest AG"_s);
+    speicher.merken(0, bestaetigt(u"Selbsttestwerk Süd GmbH"_s), u"Altername Selbsttest AG"_s);
     p.pruefe(speicher.gleichungen().size() == vorher + 1, Sprache::text(u"Namensgleichung gemerkt"_s));
     p.pruefe(speicher.gleichwertig(u"Altername Selbsttest AG"_s) == u"Selbsttestwerk Süd GmbH"_s,
              Sprache::text(u"alter Name führt zum neuen"_s));
@@ -120,8 +118,7 @@ void ordnerwahl(Selbstpruefung &p)
 void Kommandozeile::selbsttest(const std::shared_ptr<Datenbank> &katalog, const Profil &profil)
 {
     Datenbank &db = *katalog;
-    const QList<Zeile> zeilen = db.abfragen(u"SELECT COUNT(*) n FROM dokumente"_s);
-    const qint64 anzahl = zeilen.isEmpty() ? 0 : zeilen.first().ganz(u"n");
+    const qint64 anzahl = Dokumente(db).anzahl();
     if (anzahl > hoechstensDokumente)
         return drucken(gefuellt(Sprache::text(u"Abbruch. Das Profil %@ hat %@ Dokumente. Der Selbsttest ist nur für "
                                               "kleine Probeprofile gedacht."_s),

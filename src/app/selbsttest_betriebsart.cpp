@@ -1,8 +1,9 @@
 #include "ablagewerk.h"
 #include "ausgabe.h"
 #include "dateibewegung.h"
-#include "datenbank.h"
+#include "dokumente.h"
 #include "insprache.h"
+#include "katalog.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "selbstpruefung.h"
@@ -40,10 +41,8 @@ public:
         m_profil.zielWurzel = m_ziel.path();
         m_profil.protokollOrdner.clear();
         const QString katalog = m_katalog.filePath(u"k.db"_s);
-        if (db.ausfuehren(u"VACUUM INTO ?"_s, {katalog}) != 0)
-            throw Fehler(Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder "
-                                       "schreibgeschützt?"_s));
-        m_db = std::make_shared<Datenbank>(katalog);
+        Katalog::kopieren(db, katalog);
+        m_db = Katalog::oeffnen(katalog);
         dokumenteHolen();
     }
 
@@ -56,19 +55,17 @@ private:
     /** One that cannot be copied keeps its path, and fails in the trial with its reason. */
     void dokumenteHolen()
     {
-        for (const Zeile &z :
-             m_db->abfragen(u"SELECT id, pfad FROM dokumente WHERE status='bereit' AND ausgenommen=0"_s)) {
-            const QString ordner = m_profil.quelle + u'/' + QString::number(z.ganz(u"id"));
+        Dokumente dokumente(*m_db);
+        for (const Dokument &d : dokumente.wartende()) {
+            const QString ordner = m_profil.quelle + u'/' + QString::number(d.id);
             try {
                 Dateibewegung::ordnerAnlegen(ordner, m_profil.quelle);
-                const QString kopie = Dateibewegung::ausfuehren({.von = z.text(u"pfad"),
-                                                                 .ordner = ordner,
-                                                                 .name = nameVon(z.text(u"pfad")),
-                                                                 .art = Dateibewegung::Art::Kopieren},
-                                                                [](const Dateibewegung::Schritt &) {});
-                m_db->ausfuehren(u"UPDATE dokumente SET pfad=? WHERE id=?"_s, {kopie, z.ganz(u"id")});
+                const QString kopie = Dateibewegung::ausfuehren(
+                    {.von = d.pfad, .ordner = ordner, .name = nameVon(d.pfad), .art = Dateibewegung::Art::Kopieren},
+                    [](const Dateibewegung::Schritt &) {});
+                dokumente.pfadSetzen(d.id, kopie);
             } catch (const Fehler &f) {
-                Ausgabe::melden(nameVon(z.text(u"pfad")) + u": "_s + inSprache(f));
+                Ausgabe::melden(nameVon(d.pfad) + u": "_s + inSprache(f));
             }
         }
     }
@@ -114,10 +111,8 @@ struct Probe {
 QList<Probe> wartende(Datenbank &db)
 {
     QList<Probe> proben;
-    for (const Zeile &zeile : db.abfragen(u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0"_s)) {
-        const Dokument d = Dokument::aus(zeile);
+    for (const Dokument &d : Dokumente(db).wartende())
         proben << Probe{.vorher = d, .summe = sha256Datei(aufDerPlatte(d.pfad))};
-    }
     return proben;
 }
 
@@ -144,7 +139,7 @@ void hinweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr
     p.pruefe(orte.size() == proben.size(), Sprache::text(u"alle wartenden Dokumente übernommen"_s));
     p.pruefe(alle(proben, [&](const Probe &q) { return sha256Datei(aufDerPlatte(orte[q.vorher.id])) == q.summe; }),
              Sprache::text(u"jede Datei liegt unverändert am Zielort"_s));
-    p.pruefe(alle(proben, [&](const Probe &q) { return werk.dokument(q.vorher.id)->status == u"erledigt"_s; }),
+    p.pruefe(alle(proben, [&](const Probe &q) { return werk.dokument(q.vorher.id)->status == Status::Erledigt; }),
              Sprache::text(u"jedes Dokument gilt als einsortiert"_s));
     p.pruefe(Protokollbuch::lesen(buch->datei()).size() == orte.size(),
              Sprache::text(u"jede Bewegung steht im Protokoll"_s));
@@ -173,7 +168,7 @@ void rueckweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_p
     p.pruefe(alle(proben,
                   [&](const Probe &q) {
                       const auto jetzt = werk.dokument(q.vorher.id);
-                      return jetzt && jetzt->status == u"bereit"_s && jetzt->pfad == q.vorher.pfad;
+                      return jetzt && jetzt->status == Status::Bereit && jetzt->pfad == q.vorher.pfad;
                   }),
              Sprache::text(u"jedes Dokument wartet wieder"_s));
 }

@@ -125,6 +125,8 @@ Datenbank::Datenbank(const QString &pfad) : m_pfad(pfad)
         throw Fehler(Sprache::text(u"Datenbank lässt sich nicht öffnen: "_s) + pfad);
     if (!m_nurLesen)
         einrichten();
+    if (m_nurLesen)
+        fehlendesErsetzen();
 }
 
 Datenbank::~Datenbank() { m_bereit.clear(); }
@@ -192,6 +194,18 @@ void Datenbank::nachgeprueftAnlegen()
         ausfuehren(u"ROLLBACK"_s);
 }
 
+/** What an earlier version has left that may only be read lacks later tables: empty ones stand in for them. */
+void Datenbank::fehlendesErsetzen()
+{
+    static const QRegularExpression tabelle(u"^CREATE TABLE (?:IF NOT EXISTS )?(\\w+)"_s);
+    ausfuehren(u"PRAGMA temp_store=MEMORY"_s);
+    for (const QString &sql : schemaAnweisungen() + QList<QString>{schemaNachgeprueft()}) {
+        const QString name = tabelle.match(sql).captured(1);
+        if (!name.isEmpty() && abfragen(u"SELECT 1 FROM sqlite_master WHERE name=?"_s, {name}).isEmpty())
+            ausfuehren(QString(sql).replace(u"CREATE TABLE"_s, u"CREATE TEMP TABLE"_s));
+    }
+}
+
 bool Datenbank::istBeschreibbar()
 {
     struct statvfs platte = {};
@@ -245,20 +259,26 @@ QList<Zeile> Datenbank::abfragen(const QString &sql, const QVariantList &paramet
 void Datenbank::durchlaufen(const QString &sql, const QVariantList &parameter,
                             const std::function<void(const Zeile &)> &besuch)
 {
+    Q_UNUSED(schritte(sql, parameter, besuch));
+}
+
+int Datenbank::schritte(const QString &sql, const QVariantList &parameter,
+                        const std::function<void(const Zeile &)> &besuch)
+{
+    int ende = SQLITE_OK;
     Q_UNUSED(mitGeduld([&] {
         Anweisung anweisung = vorbereiten(sql, parameter);
         if (!anweisung)
-            return SQLITE_OK;
-        int code = sqlite3_step(anweisung.get());
-        if (code == SQLITE_ROW) {
-            const Zeile::Spalten spalten = spaltenVon(anweisung.get());
-            for (; code == SQLITE_ROW; code = sqlite3_step(anweisung.get()))
-                besuch(zeileVon(anweisung.get(), spalten));
-            code = SQLITE_OK; // rows were delivered: never from the beginning again
-        }
+            return ende = sqlite3_errcode(m_griff.get());
+        ende = sqlite3_step(anweisung.get());
+        const bool hatZeilen = ende == SQLITE_ROW;
+        const Zeile::Spalten spalten = hatZeilen ? spaltenVon(anweisung.get()) : Zeile::Spalten();
+        for (; ende == SQLITE_ROW; ende = sqlite3_step(anweisung.get()))
+            besuch(zeileVon(anweisung.get(), spalten));
         zurueckgeben(sql, std::move(anweisung));
-        return code;
+        return hatZeilen ? SQLITE_OK : ende; // rows were delivered: never from the beginning again
     }));
+    return ende == SQLITE_DONE ? SQLITE_OK : ende;
 }
 
 int Datenbank::einmal(const QString &sql, const QVariantList &parameter)
@@ -276,6 +296,61 @@ int Datenbank::einmal(const QString &sql, const QVariantList &parameter)
 int Datenbank::ausfuehren(const QString &sql, const QVariantList &parameter)
 {
     return mitGeduld([&] { return einmal(sql, parameter); });
+}
+
+QList<Zeile> Datenbank::lesen(const QString &sql, const QVariantList &parameter)
+{
+    QList<Zeile> zeilen;
+    besuchen(sql, parameter, [&zeilen](const Zeile &zeile) { zeilen << zeile; });
+    return zeilen;
+}
+
+void Datenbank::besuchen(const QString &sql, const QVariantList &parameter,
+                         const std::function<void(const Zeile &)> &besuch)
+{
+    if (const int code = schritte(sql, parameter, besuch); code != SQLITE_OK)
+        scheitern(code, Sprache::text(u"Der Katalog lässt sich nicht lesen"_s));
+}
+
+int Datenbank::schreiben(const QString &sql, const QVariantList &parameter)
+{
+    int anzahl = 0;
+    const int code = mitGeduld([&] {
+        const int ergebnis = einmal(sql, parameter);
+        anzahl = sqlite3_changes(m_griff.get());
+        return ergebnis;
+    });
+    if (code != SQLITE_OK)
+        scheitern(code, Sprache::text(
+                            u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+    return anzahl;
+}
+
+void Datenbank::scheitern(int code, const QString &satz)
+{
+    throw Katalogfehler(satz, QString::fromUtf8(sqlite3_errstr(code)) + u": "_s +
+                                  QString::fromUtf8(sqlite3_errmsg(m_griff.get())));
+}
+
+bool Datenbank::gibtEs(const QString &sql, const QVariantList &parameter) { return !lesen(sql, parameter).isEmpty(); }
+
+qint64 Datenbank::zahl(const QString &sql, const QVariantList &parameter)
+{
+    const QList<Zeile> zeilen = lesen(sql, parameter);
+    return zeilen.isEmpty() ? 0 : zeilen.first().ganz(u"n");
+}
+
+std::optional<qint64> Datenbank::nummer(const QString &sql, const QVariantList &parameter)
+{
+    const QList<Zeile> zeilen = lesen(sql, parameter);
+    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().ganz(u"id"));
+}
+
+QList<qint64> Datenbank::nummern(const QString &sql, const QVariantList &parameter)
+{
+    QList<qint64> liste;
+    besuchen(sql, parameter, [&liste](const Zeile &z) { liste << z.ganz(u"id"); });
+    return liste;
 }
 
 int Datenbank::geaendert()

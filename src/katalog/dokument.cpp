@@ -1,5 +1,21 @@
 #include "dokument.h"
 
+#include "wert.h"
+
+namespace
+{
+Angaben angabenAus(const Zeile &zeile)
+{
+    return {
+        .datum = zeile.text(u"datum"),
+        .gegenueber = zeile.text(u"gegenueber"),
+        .titel = zeile.text(u"titel"),
+        .ort = {.zweig = zeile.text(u"zweig"), .ablage = zeile.text(u"ablage"), .rubrik = zeile.text(u"rubrik")},
+        .jahr = zeile.text(u"jahr"),
+    };
+}
+} // namespace
+
 Dokument Dokument::aus(const Zeile &zeile)
 {
     const qint64 aehnlich = zeile.ganz(u"aehnlich_zu");
@@ -8,15 +24,9 @@ Dokument Dokument::aus(const Zeile &zeile)
         .pfad = zeile.text(u"pfad"),
         .dateiname = zeile.text(u"dateiname"),
         .altOrdner = zeile.text(u"alt_ordner"),
-        .status = zeile.text(u"status"),
+        .status = statusAus(zeile.text(u"status")),
         .hatTextebene = zeile.ganz(u"hat_textebene") == 1,
-        .datum = zeile.text(u"datum"),
-        .gegenueber = zeile.text(u"gegenueber"),
-        .titel = zeile.text(u"titel"),
-        .zweig = zeile.text(u"zweig"),
-        .ablage = zeile.text(u"ablage"),
-        .rubrik = zeile.text(u"rubrik"),
-        .jahr = zeile.text(u"jahr"),
+        .angaben = angabenAus(zeile),
         .konfidenz = zeile.komma(u"konfidenz"),
         .vorschlag = zeile.text(u"vorschlag"),
         .ortQuelle = zeile.text(u"ort_quelle"),

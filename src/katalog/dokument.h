@@ -1,8 +1,11 @@
 #pragma once
 
-#include "wert.h"
+#include "angaben.h"
+#include "status.h"
 
 #include <optional>
+
+class Zeile;
 
 /** One row of the table dokumente as the program works with it. */
 struct Dokument {
@@ -10,15 +13,9 @@ struct Dokument {
     QString pfad;
     QString dateiname;
     QString altOrdner; ///< folder relative to the source folder, without "/" at its ends; empty directly in it
-    QString status;
+    Status status = Status::Unbekannt;
     bool hatTextebene = false;
-    QString datum; ///< JJJJ-MM-TT or empty
-    QString gegenueber;
-    QString titel;
-    QString zweig;
-    QString ablage;
-    QString rubrik;
-    QString jahr;
+    Angaben angaben;
     double konfidenz = 0; ///< 0 to 1
     QString vorschlag;
     QString ortQuelle;

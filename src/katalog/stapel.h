@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QVariant>
 #include <chrono>
 #include <memory>
 
@@ -20,8 +19,8 @@ public:
     Stapel(const Stapel &) = delete;
     Stapel &operator=(const Stapel &) = delete;
 
-    /** Throws Fehler when the catalogue cannot be written. Returns how many rows changed. */
-    int schreiben(const QString &sql, const QVariantList &parameter);
+    /** To be called before each write. Throws Katalogfehler when the catalogue cannot be written. */
+    void naechstes();
     void abschliessen();
 
 private:

@@ -1,39 +1,44 @@
 #include "zaehlwerk.h"
 
 #include "datenbank.h"
-
-#include <array>
+#include "status.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-struct Zuordnung {
-    QStringView status;
-    qint64 Zaehlwerk::*feld;
-};
-
-constexpr std::array<Zuordnung, 7> zuordnungen = {{
-    {u"neu", &Zaehlwerk::neu},
-    {u"laeuft", &Zaehlwerk::neu},
-    {u"bereit", &Zaehlwerk::bereit},
-    {u"erledigt", &Zaehlwerk::erledigt},
-    {u"zurueckgestellt", &Zaehlwerk::zurueckgestellt},
-    {u"dublette", &Zaehlwerk::dubletten},
-    {u"aussortiert", &Zaehlwerk::aussortiert},
-}};
+/** The counter of a status; none for one that is not counted. */
+qint64 Zaehlwerk::*zaehler(Status status)
+{
+    switch (status) {
+    case Status::Neu:
+    case Status::Laeuft:
+        return &Zaehlwerk::neu;
+    case Status::Bereit:
+        return &Zaehlwerk::bereit;
+    case Status::Erledigt:
+        return &Zaehlwerk::erledigt;
+    case Status::Zurueckgestellt:
+        return &Zaehlwerk::zurueckgestellt;
+    case Status::Dublette:
+        return &Zaehlwerk::dubletten;
+    case Status::Aussortiert:
+        return &Zaehlwerk::aussortiert;
+    case Status::Fehlt:
+    case Status::Unbekannt:
+        break;
+    }
+    return nullptr;
+}
 } // namespace
 
 Zaehlwerk Zaehlwerk::zaehlen(Datenbank &db)
 {
     Zaehlwerk werk;
     for (const Zeile &zeile :
-         db.abfragen(u"SELECT status, COUNT(*) n FROM dokumente WHERE ausgenommen=0 GROUP BY status"_s)) {
-        const QString status = zeile.text(u"status");
-        for (const Zuordnung &z : zuordnungen) {
-            if (z.status == status)
-                werk.*z.feld += zeile.ganz(u"n");
-        }
+         db.lesen(u"SELECT status, COUNT(*) n FROM dokumente WHERE ausgenommen=0 GROUP BY status"_s)) {
+        if (const auto feld = zaehler(statusAus(zeile.text(u"status"))))
+            werk.*feld += zeile.ganz(u"n");
     }
     return werk;
 }

@@ -6,13 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-QString Eintrag::ziel() const
-{
-    QStringList ebenen = {zweig, ablage, rubrik};
-    ebenen.removeAll(QString());
-    return ebenen.join(u'/');
-}
-
 QString Lernregeln::schluessel(const QString &name)
 {
     static const QStringList rechtsformen = {u" gmbh co kg"_s, u" gmbh und co kg"_s,

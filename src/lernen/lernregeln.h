@@ -1,30 +1,8 @@
 #pragma once
 
-#include "profil.h"
+#include "eintrag.h"
 
 #include <QList>
-
-/** One learned place: where the documents of a counterpart go. */
-struct Eintrag {
-    QString schluessel; ///< normalised counterpart
-    QString anzeige;    ///< the counterpart as last written by the user
-    QString zweig;
-    QString ablage;
-    QString rubrik;
-    qint64 anzahl = 0; ///< how often it was confirmed
-    bool operator==(const Eintrag &) const = default;
-
-    /** The non-empty levels of the place, joined with "/". */
-    [[nodiscard]] QString ziel() const;
-};
-
-/** One name equation: the old spelling leads to the new one. */
-struct Gleichung {
-    QString von; ///< key of the old name
-    QString nach;
-    qint64 anzahl = 0;
-    bool operator==(const Gleichung &) const = default;
-};
 
 /** The rules of the learning memory that need no catalogue. */
 namespace Lernregeln

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "dokument.h"
+#include "angaben.h"
 #include "lernregeln.h"
+#include "profil.h"
 #include "rechnungsrichtung.h"
 
 #include <QHash>
@@ -9,7 +10,6 @@
 #include <optional>
 
 class Datenbank;
-class Zeile;
 
 /**
  * What the program has learned from the user's confirmed decisions, kept in the catalogue: the filing place of each
@@ -38,14 +38,14 @@ public:
      * Looks at the texts that merken() of the same needs. To be called before the transaction that it is to be part of:
      * then that one reads no texts but of documents that have come or were read again in between.
      */
-    void vorlesen(const Dokument &dokument, const QString &vorher);
+    void vorlesen(const Angaben &angaben, const QString &vorher);
 
     /**
-     * Stores what the user confirmed: @p dokument with its final values, @p vorher the counterpart before the
+     * Stores what the user confirmed: the final values of @p dokument, @p vorher the counterpart before the
      * correction. Returns how many waiting documents were adjusted. Throws Fehler when the catalogue cannot be written;
      * nothing is stored then.
      */
-    qint64 merken(const Dokument &dokument, const QString &vorher);
+    qint64 merken(qint64 dokument, const Angaben &angaben, const QString &vorher);
 
     /**
      * Gives the learned place to the waiting documents of its counterpart, @p ausser one. A document that several
@@ -69,10 +69,8 @@ public:
     void gleichungVergessen(const QString &von);
 
 private:
-    void zuordnungUmschluesseln(const Zeile &zeile, const QString &neu);
-    void gleichungUmschluesseln(const Zeile &zeile, const QString &neu);
     void gleichungMerken(const QString &von, const QString &nach);
-    void zuordnungMerken(const QString &schluessel, const Dokument &dokument);
+    void zuordnungMerken(const QString &schluessel, const Angaben &angaben);
     // The documents that changed.
     QSet<qint64> versetzte(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser);
     QSet<qint64> angeglichene(const QString &von, const QString &nach, qint64 ausser);
@@ -80,7 +78,7 @@ private:
 
     QSet<qint64> eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser);
     void vorlesen(const QString &gegenueber);
-    [[nodiscard]] QString rubrikFuer(const Zeile &zeile, const QString &gelernte) const;
+    [[nodiscard]] QString rubrikFuer(qint64 dokument, const QString &textHash, const QString &gelernte) const;
     [[nodiscard]] Rechnungsrichtung::Richtung richtungVon(qint64 dokument) const;
 
     /** Which way an invoice goes, found out of the text with this hash. */

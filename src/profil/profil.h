@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ort.h"
+
 #include <QJsonObject>
 #include <QList>
 #include <QString>
@@ -22,14 +24,6 @@ struct Zweig {
     QList<Ablageart> ablagen;
     QJsonObject weiteres = {}; ///< as above
     bool operator==(const Zweig &) const = default;
-};
-
-/** A place in the filing tree; levels that are not known are empty. */
-struct Ort {
-    QString zweig;
-    QString ablage;
-    QString rubrik;
-    bool operator==(const Ort &) const = default;
 };
 
 /** One complete set of settings for one filing job. */

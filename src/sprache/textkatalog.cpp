@@ -243,6 +243,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Der Katalog ist nicht offen.",
     u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet",
     u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?",
+    u"Der Katalog lässt sich nicht lesen",
     u"Der Katalog lässt sich nicht öffnen",
     u"Der Katalog wird geöffnet",
     u"Der Modellserver antwortet nicht rechtzeitig",

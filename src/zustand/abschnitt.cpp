@@ -130,7 +130,7 @@ Abschnittsstand modell(const Zustand &z)
 
 Abschnittsstand gelernt(const Zustand &z)
 {
-    const Gelerntes &g = z.einrichtung().gelerntes;
+    const Lernstand &g = z.einrichtung().gelerntes;
     if (g.zuordnungen.isEmpty() && g.gleichungen.isEmpty())
         return {.zeile = Sprache::text(u"noch nichts"_s)};
     const qsizetype orte = g.zuordnungen.size();

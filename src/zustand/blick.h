@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dokument.h"
-#include "profil.h"
+#include "richtung.h"
 #include "zaehlwerk.h"
 
 #include <QStringList>
@@ -23,20 +23,23 @@ struct Pruefstueck {
 struct Wunsch {
     enum class Art {
         Behalten, ///< the one with @c id while it waits, else the next one behind it, at the end the first
-        Weiter,   ///< from @c id in @c richtung; see Ablagewerk::naechstes()
+        Weiter,   ///< from @c id in @c richtung; see Dokumente::naechstes()
         Dieses,   ///< the one with @c id if it waits, else the one with @c sonst while it waits, else as above
     };
     Art art = Art::Behalten;
     std::optional<qint64> id;
-    QString richtung;
+    Richtung richtung = Richtung::Erstes;
     std::optional<qint64> sonst;
 
-    [[nodiscard]] static Wunsch behalten(std::optional<qint64> id) { return {Art::Behalten, id, {}, {}}; }
-    [[nodiscard]] static Wunsch weiter(std::optional<qint64> id, const QString &richtung)
+    [[nodiscard]] static Wunsch behalten(std::optional<qint64> id) { return {Art::Behalten, id, Richtung::Erstes, {}}; }
+    [[nodiscard]] static Wunsch weiter(std::optional<qint64> id, Richtung richtung)
     {
         return {Art::Weiter, id, richtung, {}};
     }
-    [[nodiscard]] static Wunsch dieses(qint64 id, std::optional<qint64> sonst) { return {Art::Dieses, id, {}, sonst}; }
+    [[nodiscard]] static Wunsch dieses(qint64 id, std::optional<qint64> sonst)
+    {
+        return {Art::Dieses, id, Richtung::Erstes, sonst};
+    }
 };
 
 /** What the interface shows of a catalogue at one moment. */
@@ -55,5 +58,5 @@ struct Blick {
     }
 
     /** Looks into the catalogue. Blocks. */
-    [[nodiscard]] static Blick auf(const std::shared_ptr<Datenbank> &db, const Profil &profil, const Wunsch &wunsch);
+    [[nodiscard]] static Blick auf(const std::shared_ptr<Datenbank> &db, const Wunsch &wunsch);
 };

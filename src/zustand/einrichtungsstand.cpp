@@ -1,7 +1,7 @@
 #include "einrichtungsstand.h"
 
 #include "bestand.h"
-#include "datenbank.h"
+#include "dokumente.h"
 #include "einordnung.h"
 #include "lernspeicher.h"
 #include "ollama.h"
@@ -28,36 +28,32 @@ QStringList ebenen(const QString &ordner, const Profil &profil)
     return (profil.zielWurzel.isEmpty() ? ordner : ordner.mid(wurzel.size())).split(u'/', Qt::SkipEmptyParts);
 }
 
-QStringList ort(const Dokument &d, const Profil &profil)
+QStringList zielebenen(const Angaben &a, const Profil &profil)
 {
-    if (profil.zielWurzel.isEmpty())
-        return {};
-    return ebenen(Ziel::ordner({.zweig = d.zweig, .ablage = d.ablage, .rubrik = d.rubrik}, d.jahr, profil), profil);
+    return profil.zielWurzel.isEmpty() ? QStringList() : ebenen(Ziel::ordner(a.ort, a.jahr, profil), profil);
 }
 
 /** A place that the structure knows, so that the example shows all levels. */
-void ortErfinden(Dokument &d, const Profil &profil)
+Ort erfundenerOrt(const Profil &profil)
 {
     for (const Zweig &zweig : profil.zweige) {
         for (const Ablageart &art : zweig.ablagen) {
-            if (art.rubriken.isEmpty() || !d.rubrik.isEmpty())
-                continue;
-            d.zweig = zweig.name;
-            d.ablage = art.name;
-            d.rubrik = art.rubriken.first();
+            if (!art.rubriken.isEmpty())
+                return {.zweig = zweig.name, .ablage = art.name, .rubrik = art.rubriken.first()};
         }
     }
+    return {};
 }
 
 Dokument erfundenes(const Profil &profil)
 {
     Dokument d;
     d.dateiname = u"Scan_0042.pdf"_s;
-    d.datum = u"2024-03-01"_s;
-    d.jahr = u"2024"_s;
-    d.gegenueber = Sprache::text(u"Stadtwerke Musterstadt"_s);
-    d.titel = Sprache::text(u"Jahresabrechnung Strom"_s);
-    ortErfinden(d, profil);
+    d.angaben = {.datum = u"2024-03-01"_s,
+                 .gegenueber = Sprache::text(u"Stadtwerke Musterstadt"_s),
+                 .titel = Sprache::text(u"Jahresabrechnung Strom"_s),
+                 .ort = erfundenerOrt(profil),
+                 .jahr = u"2024"_s};
     return d;
 }
 } // namespace
@@ -115,32 +111,24 @@ Quellstand Quellstand::zaehlen(const Profil &profil, const std::shared_ptr<Daten
 Beispiel Beispiel::fuer(const Profil &profil, const std::optional<Dokument> &dokument)
 {
     const Dokument d = dokument.value_or(erfundenes(profil));
-    Dokument ohneTitel = d;
+    Angaben ohneTitel = d.angaben;
     ohneTitel.titel.clear();
-    Dokument ohneRubrik = d;
-    ohneRubrik.rubrik.clear();
+    Angaben ohneRubrik = d.angaben;
+    ohneRubrik.ort.rubrik.clear();
     return {.echt = dokument.has_value(),
             .dokument = d.dateiname,
-            .name = Ziel::dateiname(d, profil),
-            .ort = ::ort(d, profil),
-            .ohneTitel = Ziel::dateiname(ohneTitel, profil),
-            .ohneRubrik = ::ort(ohneRubrik, profil)};
+            .name = Ziel::dateiname(d.angaben, d.dateiname, profil),
+            .ort = zielebenen(d.angaben, profil),
+            .ohneTitel = Ziel::dateiname(ohneTitel, d.dateiname, profil),
+            .ohneRubrik = zielebenen(ohneRubrik, profil)};
 }
 
 std::optional<Dokument> Beispiel::naechstes(Datenbank &db, qint64 id)
 {
-    for (const qint64 ab : {id, qint64(0)}) {
-        const QList<Zeile> zeilen =
-            db.abfragen(u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id>?\n"
-                        "AND titel<>'' AND rubrik<>'' ORDER BY id LIMIT 1"_s,
-                        {ab});
-        if (!zeilen.isEmpty())
-            return Dokument::aus(zeilen.first());
-    }
-    return std::nullopt;
+    return Dokumente(db).naechstesVollstaendige(id);
 }
 
-Gelerntes Gelerntes::lesen(Datenbank &db)
+Lernstand Lernstand::lesen(Datenbank &db)
 {
     const Lernspeicher speicher(db);
     return {.zuordnungen = speicher.alle(), .gleichungen = speicher.gleichungen()};

@@ -59,13 +59,13 @@ struct Beispiel {
 };
 
 /** What the learning memory holds, most confirmed first. */
-struct Gelerntes {
+struct Lernstand {
     QList<Eintrag> zuordnungen;
     QList<Gleichung> gleichungen;
-    bool operator==(const Gelerntes &) const = default;
+    bool operator==(const Lernstand &) const = default;
 
     /** Blocks. */
-    [[nodiscard]] static Gelerntes lesen(Datenbank &db);
+    [[nodiscard]] static Lernstand lesen(Datenbank &db);
 };
 
 /** The facts of the setup card that have to be looked up. */
@@ -79,7 +79,7 @@ struct Einrichtungsstand {
     bool geradeGelesen = false;    ///< the structure was read in this session
     QList<Strukturzeile> struktur; ///< with what is new or gone since the reading before
     Strukturzahlen zahlen;
-    Gelerntes gelerntes;
+    Lernstand gelerntes;
     std::optional<Dokument> beispiel;
 };
 

@@ -1,13 +1,13 @@
 #include "entwuerfe.h"
 
-#include "datenbank.h"
+#include "entwurfstexte.h"
 #include "hintergrund.h"
+#include "katalog.h"
 #include "stapel.h"
 
 #include <mutex>
 #include <utility>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace
@@ -18,11 +18,8 @@ void schreiben(Datenbank &db, const QHash<qint64, QByteArray> &aenderungen)
 {
     Stapel stapel(db);
     for (auto it = aenderungen.begin(); it != aenderungen.end(); ++it) {
-        if (it.value().isEmpty())
-            stapel.schreiben(u"DELETE FROM entwuerfe WHERE dokument_id=?"_s, {it.key()});
-        else
-            stapel.schreiben(u"INSERT OR REPLACE INTO entwuerfe (dokument_id, felder) VALUES (?,?)"_s,
-                             {it.key(), QString::fromUtf8(it.value())});
+        stapel.naechstes();
+        Entwurfstexte(db).speichern(it.key(), it.value());
     }
     stapel.abschliessen();
 }
@@ -58,11 +55,11 @@ struct Entwuerfe::Schreibstube {
 Entwurfsliste entwuerfeLesen(Datenbank &db)
 {
     Entwurfsliste liste;
-    for (const Zeile &zeile : db.abfragen(u"SELECT e.dokument_id, e.felder FROM entwuerfe e JOIN dokumente d\n"
-                                          "ON d.id=e.dokument_id WHERE d.status<>'erledigt'"_s)) {
-        const Entwurf entwurf = Entwurf::aus(zeile.text(u"felder").toUtf8());
+    const QHash<qint64, QByteArray> texte = Entwurfstexte(db).alle();
+    for (auto it = texte.begin(); it != texte.end(); ++it) {
+        const Entwurf entwurf = Entwurf::aus(it.value());
         if (!entwurf.leer())
-            liste.insert(zeile.ganz(u"dokument_id"), entwurf);
+            liste.insert(it.key(), entwurf);
     }
     return liste;
 }
@@ -78,7 +75,7 @@ void Entwuerfe::wechseln(const QUuid &id, const std::shared_ptr<Datenbank> &db, 
 {
     sichern();
     m_id = id;
-    m_stube = db && !db->nurLesen() ? std::make_shared<Schreibstube>(db) : nullptr;
+    m_stube = db && !Katalog::nurLesen(*db) ? std::make_shared<Schreibstube>(db) : nullptr;
     Entwurfsliste &liste = m_listen[id];
     for (auto it = gelesene.begin(); it != gelesene.end(); ++it) {
         if (!liste.contains(it.key()))

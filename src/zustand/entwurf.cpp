@@ -11,25 +11,26 @@ namespace
 {
 constexpr auto vonHand = "jahrVonHand"_L1;
 
-QString Dokument::*stelle(Feld feld)
+template <typename A>
+auto &stelle(A &angaben, Feld feld)
 {
     switch (feld) {
     case Feld::Datum:
-        return &Dokument::datum;
+        return angaben.datum;
     case Feld::Gegenueber:
-        return &Dokument::gegenueber;
+        return angaben.gegenueber;
     case Feld::Titel:
-        return &Dokument::titel;
+        return angaben.titel;
     case Feld::Zweig:
-        return &Dokument::zweig;
+        return angaben.ort.zweig;
     case Feld::Ablage:
-        return &Dokument::ablage;
+        return angaben.ort.ablage;
     case Feld::Jahr:
-        return &Dokument::jahr;
+        return angaben.jahr;
     case Feld::Rubrik:
         break;
     }
-    return &Dokument::rubrik;
+    return angaben.ort.rubrik;
 }
 
 const QList<std::pair<Feld, QString>> &namen()
@@ -43,50 +44,50 @@ const QList<std::pair<Feld, QString>> &namen()
 }
 } // namespace
 
-QString feldwert(const Dokument &dokument, Feld feld) { return dokument.*stelle(feld); }
+QString feldwert(const Angaben &angaben, Feld feld) { return stelle(angaben, feld); }
 
-void Entwurf::schreiben(Dokument &dokument, Feld feld, const QString &wert)
+void Entwurf::schreiben(Angaben &angaben, Feld feld, const QString &wert)
 {
-    if (feldwert(dokument, feld) == wert)
+    if (feldwert(angaben, feld) == wert)
         return;
-    dokument.*stelle(feld) = wert;
+    stelle(angaben, feld) = wert;
     m_werte[feld] = wert;
 }
 
-void Entwurf::setzen(Dokument &dokument, Feld feld, const QString &wert, const Profil &profil)
+void Entwurf::setzen(Angaben &angaben, Feld feld, const QString &wert, const Profil &profil)
 {
-    if (feldwert(dokument, feld) == wert)
+    if (feldwert(angaben, feld) == wert)
         return;
-    schreiben(dokument, feld, wert);
+    schreiben(angaben, feld, wert);
     const QString tag = wert.trimmed();
     if (feld == Feld::Jahr)
         m_jahrVonHand = true;
     if (feld == Feld::Datum && !m_jahrVonHand && (tag.isEmpty() || Einordnung::istDatum(tag)))
-        schreiben(dokument, Feld::Jahr, tag.left(4));
+        schreiben(angaben, Feld::Jahr, tag.left(4));
     if (feld != Feld::Zweig && feld != Feld::Ablage)
         return;
-    const Ablageart *art = profil.ablageart(dokument.zweig, dokument.ablage);
+    const Ablageart *art = profil.ablageart(angaben.ort.zweig, angaben.ort.ablage);
     if (!art)
-        schreiben(dokument, Feld::Ablage, {});
-    if (!art || !art->rubriken.contains(dokument.rubrik))
-        schreiben(dokument, Feld::Rubrik, {});
+        schreiben(angaben, Feld::Ablage, {});
+    if (!art || !art->rubriken.contains(angaben.ort.rubrik))
+        schreiben(angaben, Feld::Rubrik, {});
 }
 
-void Entwurf::ortSetzen(Dokument &dokument, const Ort &ort, const QString &jahr)
+void Entwurf::ortSetzen(Angaben &angaben, const Ort &ort, const QString &jahr)
 {
-    schreiben(dokument, Feld::Zweig, ort.zweig);
-    schreiben(dokument, Feld::Ablage, ort.ablage);
-    schreiben(dokument, Feld::Rubrik, ort.rubrik);
+    schreiben(angaben, Feld::Zweig, ort.zweig);
+    schreiben(angaben, Feld::Ablage, ort.ablage);
+    schreiben(angaben, Feld::Rubrik, ort.rubrik);
     if (jahr.isEmpty())
         return;
-    schreiben(dokument, Feld::Jahr, jahr);
+    schreiben(angaben, Feld::Jahr, jahr);
     m_jahrVonHand = true;
 }
 
-void Entwurf::anwenden(Dokument &dokument) const
+void Entwurf::anwenden(Angaben &angaben) const
 {
     for (auto it = m_werte.begin(); it != m_werte.end(); ++it)
-        dokument.*stelle(it.key()) = it.value();
+        stelle(angaben, it.key()) = it.value();
 }
 
 QByteArray Entwurf::json() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dokument.h"
+#include "angaben.h"
 #include "profil.h"
 
 #include <QMap>
@@ -8,22 +8,22 @@
 /** What the reviewer can change in a proposal, in the order of the review card. */
 enum class Feld { Datum, Gegenueber, Titel, Zweig, Ablage, Jahr, Rubrik };
 
-[[nodiscard]] QString feldwert(const Dokument &dokument, Feld feld);
+[[nodiscard]] QString feldwert(const Angaben &angaben, Feld feld);
 
 /** The reviewer's changes to one document that are not filed yet. They go before whatever is stored meanwhile. */
 class Entwurf
 {
 public:
     /**
-     * Changes @p feld of @p dokument and what follows from it: the year follows the date until it is edited itself, and
+     * Changes @p feld of @p angaben and what follows from it: the year follows the date until it is edited itself, and
      * kind and category stay only where the new branch or kind has them. A value that is there already changes nothing.
      */
-    void setzen(Dokument &dokument, Feld feld, const QString &wert, const Profil &profil);
+    void setzen(Angaben &angaben, Feld feld, const QString &wert, const Profil &profil);
     /** All three levels at once, and the year unless @p jahr is empty. */
-    void ortSetzen(Dokument &dokument, const Ort &ort, const QString &jahr);
+    void ortSetzen(Angaben &angaben, const Ort &ort, const QString &jahr);
 
-    /** Puts the changes over a freshly read @p dokument. */
-    void anwenden(Dokument &dokument) const;
+    /** Puts the changes over freshly read @p angaben. */
+    void anwenden(Angaben &angaben) const;
     [[nodiscard]] bool leer() const { return m_werte.isEmpty(); }
 
     /** As it is kept in the catalogue: an object of the fields by their names. */
@@ -32,7 +32,7 @@ public:
     bool operator==(const Entwurf &) const = default;
 
 private:
-    void schreiben(Dokument &dokument, Feld feld, const QString &wert);
+    void schreiben(Angaben &angaben, Feld feld, const QString &wert);
 
     QMap<Feld, QString> m_werte;
     bool m_jahrVonHand = false;

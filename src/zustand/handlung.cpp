@@ -1,7 +1,7 @@
 #include "handlung.h"
 
 #include "ablagewerk.h"
-#include "datenbank.h"
+#include "dateien.h"
 #include "einordnung.h"
 #include "hintergrund.h"
 #include "originale.h"
@@ -83,7 +83,7 @@ void ruecknahmeMelden(const Arbeitsplatz &platz, const Zurueckgenommen &z, Gesch
         anzahl == 1 ? aktuellerName(Ablagewerk(platz.db, platz.profil), *g.wieder)
                     : gefuellt(Sprache::text(anzahl, u"%@ Dokument"_s, u"%@ Dokumente"_s), {QString::number(anzahl)});
     const auto erstes = Ablagewerk(platz.db, platz.profil).dokument(*g.wieder);
-    const bool wartet = erstes && erstes->status == u"bereit"_s;
+    const bool wartet = erstes && erstes->status == Status::Bereit;
     g.text = gefuellt(z.bewegt ? Sprache::text(u"Zurückgeholt: %@"_s)
                       : wartet ? Sprache::text(u"Wieder zur Prüfung: %@"_s)
                                : Sprache::text(u"Zurückgenommen: %@"_s),
@@ -111,11 +111,11 @@ struct Ausraeumung {
     {
         try {
             if (!Originale::istNochDublette(*platz.db, id, Textleser::textgrenze(platz.profil))) {
-                Originale::freigeben(*platz.db, id);
+                Dateien(*platz.db).dubletteFreigeben(id);
                 ++wiederNeu;
                 return;
             }
-            werk.aussortieren(id, u"dublette"_s, tat);
+            werk.aussortieren(id, Status::Dublette, tat);
             ++anzahl;
         } catch (const Fehler &f) {
             fehler << f.text(); // one that cannot be moved does not keep the others from it
@@ -167,13 +167,14 @@ std::shared_ptr<Protokollbuch> Handlung::buchBereitstellen(const Arbeitsplatz &p
 Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
 {
     return gefasst(platz, [&](Geschehen &g) {
-        for (QString *feld : {&dokument.datum, &dokument.gegenueber, &dokument.titel, &dokument.jahr})
+        Angaben &a = dokument.angaben;
+        for (QString *feld : {&a.datum, &a.gegenueber, &a.titel, &a.jahr})
             *feld = nfc(feld->trimmed());
-        if (const QString mangel = Einordnung::datumsmangel(dokument.datum); !mangel.isEmpty())
+        if (const QString mangel = Einordnung::datumsmangel(a.datum); !mangel.isEmpty())
             throw Fehler(mangel);
         Ablagewerk werk = werkMitBuch(platz, g);
         werk.uebernehmen(dokument);
-        zaehlerMelden(*werk.mitgezogen, dokument.gegenueber, g);
+        zaehlerMelden(*werk.mitgezogen, a.gegenueber, g);
         const QString name = nameVon(werk.mitgezogen->nach);
         g.text = platz.profil.kopieren ? gefuellt(Sprache::text(u"Kopiert: %@"_s), {name})
                                        : gefuellt(Sprache::text(u"Einsortiert: %@"_s), {name});
@@ -185,8 +186,8 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
 Geschehen Handlung::zuruecklegen(const Arbeitsplatz &platz, const Dokument &dokument)
 {
     return gefasst(platz, [&](Geschehen &g) {
-        const QString neu = u"zurueckgestellt"_s;
-        const auto tat = Taten::statusWechseln(*platz.db, neu, dokument.id, u"bereit"_s, neu);
+        const auto tat = Taten::statusWechseln(*platz.db, u"zurueckgestellt"_s, dokument.id, Status::Bereit,
+                                               Status::Zurueckgestellt);
         if (!tat)
             throw Fehler(Sprache::text(u"Dieses Dokument wurde inzwischen schon bearbeitet"_s));
         g.text = gefuellt(Sprache::text(u"Zurückgestellt: %@"_s), {nameVon(dokument.pfad)});
@@ -198,7 +199,7 @@ Geschehen Handlung::aussortieren(const Arbeitsplatz &platz, const Dokument &doku
 {
     return gefasst(platz, [&](Geschehen &g) {
         Ablagewerk werk = werkMitBuch(platz, g);
-        werk.aussortieren(dokument.id, u"bereit"_s);
+        werk.aussortieren(dokument.id, Status::Bereit);
         zaehlerMelden(*werk.mitgezogen, {}, g);
         const bool nurStatus = platz.profil.kopieren;
         g.text = nurStatus ? gefuellt(Sprache::text(u"Als Dublette vermerkt: %@"_s), {nameVon(dokument.pfad)})
@@ -230,12 +231,11 @@ Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlun
 {
     return gefasst(platz, [&](Geschehen &g) {
         Ablagewerk werk = werkMitBuch(platz, g);
-        const QList<Zeile> zeilen =
-            platz.db->abfragen(u"SELECT id FROM dokumente WHERE status='dublette' AND ausgenommen=0"_s);
+        const QList<Dateien::Dublette> dubletten = Dateien(*platz.db).dubletten();
         const Taten::Tat tat = Taten::beginnen(*platz.db, u"dubletten"_s);
         Ausraeumung a;
-        for (qsizetype i = 0; i < zeilen.size() && fortschritt(i, zeilen.size()); ++i)
-            a.eines(werk, platz, zeilen.at(i).ganz(u"id"), tat);
+        for (qsizetype i = 0; i < dubletten.size() && fortschritt(i, dubletten.size()); ++i)
+            a.eines(werk, platz, dubletten.at(i).id, tat);
         a.melden(platz.profil, g);
         zaehlerMelden(*werk.mitgezogen, {}, g);
         if (a.anzahl > 0)
@@ -246,7 +246,7 @@ Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlun
 Geschehen Handlung::wiederVorlegen(const Arbeitsplatz &platz)
 {
     return gefasst(platz, [&](Geschehen &g) {
-        if (const auto tat = Taten::alleWechseln(*platz.db, u"vorgelegt"_s, u"zurueckgestellt"_s, u"bereit"_s))
+        if (const auto tat = Taten::alleWechseln(*platz.db, u"vorgelegt"_s, Status::Zurueckgestellt, Status::Bereit))
             g.rueckweg = Rueckweg{.tat = *tat};
     });
 }

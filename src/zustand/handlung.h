@@ -1,6 +1,7 @@
 #pragma once
 
 #include "blick.h"
+#include "profil.h"
 #include "taten.h"
 
 #include <functional>

@@ -2,8 +2,8 @@
 
 #include "ablagewerk.h"
 #include "bewegungsgang.h"
-#include "datenbank.h"
 #include "hintergrund.h"
+#include "katalog.h"
 #include "lernspeicher.h"
 #include "profilspeicher.h"
 #include "sprache.h"
@@ -38,8 +38,8 @@ QStringList ausnahmenDurchsetzen(Datenbank &db, const Profil &profil)
 Oeffnung Oeffnung::von(const Profil &profil)
 {
     Oeffnung o;
-    o.db = std::make_shared<Datenbank>(Profilspeicher::katalogDatei(profil));
-    if (o.db->nurLesen()) {
+    o.db = Katalog::oeffnen(Profilspeicher::katalogDatei(profil));
+    if (Katalog::nurLesen(*o.db)) {
         o.hinweise << Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
     } else {
         versuchen(o.hinweise, [&] {
@@ -55,7 +55,7 @@ Oeffnung Oeffnung::von(const Profil &profil)
         });
         versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
     }
-    o.blick = Blick::auf(o.db, profil, {});
+    o.blick = Blick::auf(o.db, {});
     o.entwuerfe = entwuerfeLesen(*o.db);
     return o;
 }

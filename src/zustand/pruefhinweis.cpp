@@ -44,7 +44,8 @@ private:
 
     void zumGegenueber()
     {
-        if (m_stueck.ohneGegenueber && m_dokument.gegenueber.isEmpty() && m_stueck.hatText && !m_dokument.fehler)
+        if (m_stueck.ohneGegenueber && m_dokument.angaben.gegenueber.isEmpty() && m_stueck.hatText &&
+            !m_dokument.fehler)
             dazu(Art::KeinGegenueber, Sprache::text(u"Kein Gegenüber gefunden. Im Dokument stand nur dein eigener "
                                                     "Name, die andere Seite ließ sich nicht bestimmen."_s));
     }
@@ -52,8 +53,7 @@ private:
     void zumOrt()
     {
         const auto heute = heutigerOrt(m_dokument, m_profil);
-        const Ort neu{.zweig = m_dokument.zweig, .ablage = m_dokument.ablage, .rubrik = m_dokument.rubrik};
-        if (heute && *heute != neu)
+        if (heute && *heute != m_dokument.angaben.ort)
             dazu(Art::AndererOrt, gefuellt(Sprache::text(u"Vorschlag weicht vom heutigen Ort ab. Bisher: %@/%@/%@"_s),
                                            {heute->zweig, heute->ablage, heute->rubrik}));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "blick.h"
+#include "profil.h"
 
 /** Something that the reviewer should know about a proposal. */
 struct Pruefhinweis {

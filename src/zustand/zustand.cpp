@@ -1,9 +1,9 @@
 #include "zustand.h"
 
 #include "analyse.h"
-#include "datenbank.h"
 #include "einstellungen.h"
 #include "hintergrund.h"
+#include "katalog.h"
 #include "oeffnung.h"
 #include "profilsicherung.h"
 #include "sprache.h"

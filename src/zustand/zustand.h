@@ -105,8 +105,7 @@ public:
     void rueckgaengig();
     /** Takes the last movement back. */
     void letztenSchrittZurueck();
-    /** "weiter", "zurueck", or empty for the first waiting document. */
-    void weiter(const QString &richtung);
+    void weiter(Richtung richtung);
     /** Takes back what the notice tells of. */
     void zurueck();
     void zurueckgestellteVorlegen();

@@ -1,7 +1,7 @@
 #include "analyse.h"
 #include "ausnahmefilter.h"
-#include "datenbank.h"
 #include "hintergrund.h"
+#include "katalog.h"
 #include "lernspeicher.h"
 #include "pfade.h"
 #include "profilsicherung.h"
@@ -237,8 +237,8 @@ void Zustand::gelerntLesen()
     if (!offen())
         return;
     imHintergrund(
-        this, [db = m_db] { return Gelerntes::lesen(*db); },
-        [this, nummer = m_oeffnung](const Ausgang<Gelerntes> &ausgang) {
+        this, [db = m_db] { return Lernstand::lesen(*db); },
+        [this, nummer = m_oeffnung](const Ausgang<Lernstand> &ausgang) {
             if (nummer != m_oeffnung || !ausgang.wert || *ausgang.wert == m_einrichtung.gelerntes)
                 return;
             m_einrichtung.gelerntes = *ausgang.wert;

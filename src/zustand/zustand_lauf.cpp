@@ -1,6 +1,6 @@
 #include "analyse.h"
-#include "datenbank.h"
 #include "hintergrund.h"
+#include "katalog.h"
 #include "zustand.h"
 
 #include <QTimer>

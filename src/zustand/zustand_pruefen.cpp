@@ -41,10 +41,10 @@ void Zustand::setzePartnerZeigen(bool zeigen)
 
 void Zustand::feldSetzen(Feld feld, const QString &wert)
 {
-    if (!m_stueck || !m_aktiv || feldwert(m_stueck->dokument, feld) == wert)
+    if (!m_stueck || !m_aktiv || feldwert(m_stueck->dokument.angaben, feld) == wert)
         return;
     if (!m_angabenFest)
-        m_entwuerfe.aendern(m_stueck->dokument.id).setzen(m_stueck->dokument, feld, wert, *m_aktiv);
+        m_entwuerfe.aendern(m_stueck->dokument.id).setzen(m_stueck->dokument.angaben, feld, wert, *m_aktiv);
     Q_EMIT angabenGeaendert();
 }
 
@@ -54,28 +54,28 @@ void Zustand::altenOrtBehalten()
         return;
     if (const auto ort = heutigerOrt(m_stueck->dokument, *m_aktiv)) {
         Dokument &dokument = m_stueck->dokument;
-        m_entwuerfe.aendern(dokument.id).ortSetzen(dokument, *ort, m_aktiv->jahrIn(dokument.altOrdner));
+        m_entwuerfe.aendern(dokument.id).ortSetzen(dokument.angaben, *ort, m_aktiv->jahrIn(dokument.altOrdner));
         Q_EMIT angabenGeaendert();
     }
 }
 
 QString Zustand::datumsmangel() const
 {
-    return m_stueck ? Einordnung::datumsmangel(m_stueck->dokument.datum.trimmed()) : QString();
+    return m_stueck ? Einordnung::datumsmangel(m_stueck->dokument.angaben.datum.trimmed()) : QString();
 }
 
 QString Zustand::neuerName() const
 {
-    return m_stueck && m_aktiv ? Ziel::dateiname(m_stueck->dokument, *m_aktiv) : QString();
+    return m_stueck && m_aktiv ? Ziel::dateiname(m_stueck->dokument.angaben, m_stueck->dokument.dateiname, *m_aktiv)
+                               : QString();
 }
 
 QStringList Zustand::zielpfad() const
 {
     if (!m_stueck || !m_aktiv || m_aktiv->zielWurzel.isEmpty())
         return {};
-    const Dokument &d = m_stueck->dokument;
-    const QString ordner =
-        Ziel::ordner({.zweig = d.zweig, .ablage = d.ablage, .rubrik = d.rubrik}, d.jahr.trimmed(), *m_aktiv);
+    const Angaben &a = m_stueck->dokument.angaben;
+    const QString ordner = Ziel::ordner(a.ort, a.jahr.trimmed(), *m_aktiv);
     return ordner.mid(QDir::cleanPath(m_aktiv->zielWurzel).size()).split(u'/', Qt::SkipEmptyParts);
 }
 
@@ -87,7 +87,7 @@ void Zustand::aktualisieren()
     m_blickt = true;
     const Wunsch wunsch = Wunsch::behalten(dokumentId());
     imHintergrund(
-        this, [db = m_db, profil = *m_aktiv, wunsch] { return Blick::auf(db, profil, wunsch); },
+        this, [db = m_db, wunsch] { return Blick::auf(db, wunsch); },
         [this, nummer = m_blickfrage](const Ausgang<Blick> &ausgang) {
             m_blickt = false;
             if (nummer == m_blickfrage && ausgang.wert)
@@ -121,7 +121,7 @@ void Zustand::zeigen(const Blick &blick)
 void Zustand::stueckSetzen(std::optional<Pruefstueck> stueck)
 {
     if (const Entwurf *entwurf = stueck ? m_entwuerfe.suchen(stueck->dokument.id) : nullptr)
-        entwurf->anwenden(stueck->dokument);
+        entwurf->anwenden(stueck->dokument.angaben);
     if (stueck == m_stueck)
         return;
     const bool dasselbe = stueck && m_stueck && stueck->dokument.id == m_stueck->dokument.id;
@@ -158,7 +158,7 @@ void Zustand::uebernehmen()
     const QString vorgang = m_aktiv && m_aktiv->kopieren ? Sprache::text(u"Datei wird kopiert"_s)
                                                          : Sprache::text(u"Datei wird verschoben"_s);
     handeln([dokument](const Arbeitsplatz &platz) { return Handlung::uebernehmen(platz, dokument); },
-            Wunsch::weiter(dokument.id, u"weiter"_s), vorgang);
+            Wunsch::weiter(dokument.id, Richtung::Weiter), vorgang);
 }
 
 void Zustand::zuruecklegen()
@@ -166,7 +166,7 @@ void Zustand::zuruecklegen()
     if (zuFrueh())
         return;
     handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::zuruecklegen(platz, d); },
-            Wunsch::weiter(m_stueck->dokument.id, u"weiter"_s), {});
+            Wunsch::weiter(m_stueck->dokument.id, Richtung::Weiter), {});
 }
 
 void Zustand::aussortieren()
@@ -174,7 +174,7 @@ void Zustand::aussortieren()
     if (zuFrueh())
         return;
     handeln([d = m_stueck->dokument](const Arbeitsplatz &platz) { return Handlung::aussortieren(platz, d); },
-            Wunsch::weiter(m_stueck->dokument.id, u"weiter"_s), Sprache::text(u"Datei wird verschoben"_s));
+            Wunsch::weiter(m_stueck->dokument.id, Richtung::Weiter), Sprache::text(u"Datei wird verschoben"_s));
 }
 
 void Zustand::rueckgaengig()
@@ -207,7 +207,7 @@ void Zustand::zurueck()
             {}, vorgang);
 }
 
-void Zustand::weiter(const QString &richtung)
+void Zustand::weiter(Richtung richtung)
 {
     if (beschaeftigt())
         return warten([this, richtung] { weiter(richtung); });
@@ -217,7 +217,7 @@ void Zustand::weiter(const QString &richtung)
     Q_EMIT beschaeftigtGeaendert();
     const Wunsch wunsch = Wunsch::weiter(dokumentId(), richtung);
     imHintergrund(
-        this, [db = m_db, profil = *m_aktiv, wunsch] { return Blick::auf(db, profil, wunsch); },
+        this, [db = m_db, wunsch] { return Blick::auf(db, wunsch); },
         [this, nummer = ++m_blickfrage](const Ausgang<Blick> &ausgang) {
             if (nummer == m_blickfrage && ausgang.wert)
                 zeigen(*ausgang.wert);
@@ -290,7 +290,7 @@ void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorga
             wunsch = Wunsch::dieses(*g.wieder, hier);
         else if (g.gelungen && danach.art == Wunsch::Art::Weiter)
             wunsch = danach;
-        folge.blick = Blick::auf(platz.db, platz.profil, wunsch);
+        folge.blick = Blick::auf(platz.db, wunsch);
         return folge;
     };
     imHintergrund(this, arbeit, [this, nummer = ++m_blickfrage](const Ausgang<Tatfolge> &ausgang) {

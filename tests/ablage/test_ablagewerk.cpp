@@ -32,22 +32,21 @@ private Q_SLOTS:
     void naechstes_data()
     {
         QTest::addColumn<int>("nach"); // 0: none
-        QTest::addColumn<QString>("richtung");
+        QTest::addColumn<Richtung>("richtung");
         QTest::addColumn<int>("erwartet");
-        QTest::newRow("erstes") << 0 << u""_s << 2;
-        QTest::newRow("erstes trotz Richtung") << 0 << u"weiter"_s << 2;
-        QTest::newRow("leeres Wort") << 4 << u""_s << 2;
-        QTest::newRow("unbekanntes Wort") << 4 << u"quer"_s << 2;
-        QTest::newRow("weiter") << 2 << u"weiter"_s << 4;
-        QTest::newRow("weiter von einem erledigten") << 3 << u"weiter"_s << 4;
-        QTest::newRow("weiter am Ende") << 7 << u"weiter"_s << 2;
-        QTest::newRow("zurück") << 7 << u"zurueck"_s << 4;
-        QTest::newRow("zurück am Anfang") << 2 << u"zurueck"_s << 2;
+        QTest::newRow("erstes") << 0 << Richtung::Erstes << 2;
+        QTest::newRow("erstes trotz Richtung") << 0 << Richtung::Weiter << 2;
+        QTest::newRow("leeres Wort") << 4 << Richtung::Erstes << 2;
+        QTest::newRow("weiter") << 2 << Richtung::Weiter << 4;
+        QTest::newRow("weiter von einem erledigten") << 3 << Richtung::Weiter << 4;
+        QTest::newRow("weiter am Ende") << 7 << Richtung::Weiter << 2;
+        QTest::newRow("zurück") << 7 << Richtung::Zurueck << 4;
+        QTest::newRow("zurück am Anfang") << 2 << Richtung::Zurueck << 2;
     }
     void naechstes()
     {
         QFETCH(int, nach);
-        QFETCH(QString, richtung);
+        QFETCH(Richtung, richtung);
         m_db->ausfuehren(
             u"INSERT INTO dokumente (id, pfad, status, ausgenommen) VALUES (1,'1','neu',0), (2,'2','bereit',0),"
             "(3,'3','erledigt',0), (4,'4','bereit',0), (5,'5','bereit',1), (6,'6','zurueckgestellt',0),"
@@ -62,7 +61,7 @@ private Q_SLOTS:
     {
         m_db->ausfuehren(u"INSERT INTO dokumente (id, pfad, status) VALUES (1,'1','erledigt')"_s);
         const Ablagewerk werk(m_db, Profil());
-        for (const auto &richtung : {u""_s, u"weiter"_s, u"zurueck"_s})
+        for (const auto &richtung : {Richtung::Erstes, Richtung::Weiter, Richtung::Zurueck})
             QVERIFY(!werk.naechstes(1, richtung));
         QVERIFY(werk.dokument(1) && !werk.dokument(2));
     }

@@ -181,7 +181,7 @@ void TestAbsturz::einmal(const QString &aktion, bool kopieren, bool anderer, con
     if (lauf.status == 3) // told to the user: the movement stands in the catalogue alone
         falsch.removeIf([](const QString &zeile) { return zeile.contains("im Protokoll"_L1); });
     QVERIFY2(falsch.isEmpty(), lage.constData());
-    if (aktion == u"uebernehmen"_s && bank->lesen(1).status == u"bereit"_s)
+    if (aktion == u"uebernehmen"_s && bank->lesen(1).status == Status::Bereit)
         bank->uebernehmen(1);
     QVERIFY(!QFile::exists(bank->ziel(u"2024-03-05 Stadtwerke - Abschlag (2).pdf"_s)));
     QVERIFY(!QFile::exists(bank->ziel(u"2024-03-05 Stadtwerke Nord - Abschlag (2).pdf"_s)));

@@ -73,7 +73,7 @@ void TestBewegungen::hinUndZurueck()
     QCOMPARE(inhaltVon(bank.ziel(abschlag)), QByteArray("Brief"));
     QCOMPARE(QFile::exists(bank.quelle(u"Scan.pdf"_s)), kopieren);
     const Dokument danach = bank.lesen(id);
-    QCOMPARE(danach.status, u"erledigt"_s);
+    QCOMPARE(danach.status, Status::Erledigt);
     QCOMPARE(danach.pfad, kopieren ? vorher.pfad : bank.ziel(abschlag));
     QCOMPARE(danach.dateiname, kopieren ? vorher.dateiname : abschlag);
 
@@ -123,14 +123,14 @@ void TestBewegungen::aussortieren()
     const qint64 id = bank.dokument(u"Inbox/Doppelt.pdf"_s, "x");
     bank.db()->ausfuehren(u"UPDATE dokumente SET alt_ordner='Inbox', dateiname='Doppelt.pdf', status='dublette'"_s);
     bank.aussortieren(id);
-    QCOMPARE(bank.lesen(id).status, u"aussortiert"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Aussortiert);
     const QString ziel = bank.profil().zielWurzel + u"/_Dubletten/Inbox/Doppelt.pdf"_s;
     QCOMPARE(QFile::exists(ziel), !kopieren);
     QCOMPARE(Protokollbuch::lesen(bank.buchDatei()).size(), kopieren ? 0 : 1);
     if (kopieren)
         return;
     bank.rueckgaengig();
-    QCOMPARE(bank.lesen(id).status, u"dublette"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Dublette);
     QVERIFY(QFile::exists(bank.quelle(u"Inbox/Doppelt.pdf"_s)));
 }
 
@@ -141,7 +141,7 @@ void TestBewegungen::gegenueberKorrigiert()
     const qint64 wartet = bank.dokument(u"2.pdf"_s, "zwei");
     bank.uebernehmen(id, u"Elbstrom GmbH"_s);
     QVERIFY(QFile::exists(bank.ziel(u"2024-03-05 Elbstrom GmbH - Abschlag.pdf"_s)));
-    QCOMPARE(bank.lesen(wartet).gegenueber, u"Elbstrom GmbH"_s);
+    QCOMPARE(bank.lesen(wartet).angaben.gegenueber, u"Elbstrom GmbH"_s);
     QCOMPARE(bank.zaehler().anzahl, 1);
     QCOMPARE(Lernspeicher(*bank.db()).gleichwertig(u"Stadtwerke"_s), u"Elbstrom GmbH"_s);
     bank.uebernehmen(wartet);
@@ -165,7 +165,7 @@ void TestBewegungen::liegtSchonRichtig()
         QCOMPARE(zeile.von, zeile.nach);
         bank.rueckgaengig();
         QVERIFY(QFile::exists(bank.ziel(abschlag)));
-        QCOMPARE(bank.lesen(id).status, u"bereit"_s);
+        QCOMPARE(bank.lesen(id).status, Status::Bereit);
     }
 }
 
@@ -176,12 +176,12 @@ void TestBewegungen::verschwundenes()
     const qint64 verweis = bank.dokument(u"2.pdf"_s, "zwei");
     QFile::remove(bank.quelle(u"1.pdf"_s));
     QCOMPARE(fehlerBei([&] { bank.uebernehmen(id); }), u"Die Datei liegt nicht mehr am erwarteten Ort"_s);
-    QCOMPARE(bank.lesen(id).status, u"fehlt"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Fehlt);
     QCOMPARE(fehlerBei([&] { bank.uebernehmen(99); }), u"Dokument unbekannt"_s);
     QFile::remove(bank.quelle(u"2.pdf"_s));
     QVERIFY(::symlink("/etc/hostname", bank.quelle(u"2.pdf"_s).toUtf8().constData()) == 0);
     QVERIFY(!fehlerBei([&] { bank.uebernehmen(verweis, u"Neu AG"_s); }).isEmpty());
-    QCOMPARE(bank.lesen(verweis).gegenueber, u"Stadtwerke"_s);
+    QCOMPARE(bank.lesen(verweis).angaben.gegenueber, u"Stadtwerke"_s);
     QVERIFY(Lernspeicher(*bank.db()).alle().isEmpty());
     QVERIFY(!QFile::exists(bank.buchDatei()));
 }
@@ -195,7 +195,7 @@ void TestBewegungen::laufwerkeFehlen()
     const QString quelle = bank.profil().quelle;
     QVERIFY(QDir().rename(quelle, quelle + u".weg"_s));
     QVERIFY(fehlerBei([&] { bank.uebernehmen(id); }).startsWith(u"Der Herkunftsordner ist nicht erreichbar"_s));
-    QCOMPARE(bank.lesen(id).status, u"bereit"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Bereit);
     QVERIFY(fehlerBei([&] { bank.rueckgaengig(); }).startsWith(u"Der Herkunftsordner ist nicht erreichbar"_s));
     QVERIFY(!QFile::exists(quelle));
     QVERIFY(QDir().rename(quelle + u".weg"_s, quelle));
@@ -220,7 +220,7 @@ void TestBewegungen::zielVonHandVeraendert()
     bank.uebernehmen(id);
     QVERIFY(QFile::rename(bank.ziel(abschlag), bank.ziel(u"anders.pdf"_s)));
     QCOMPARE(fehlerBei([&] { bank.rueckgaengig(); }), u"Die Datei liegt nicht mehr am Zielort"_s);
-    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Erledigt);
 }
 
 void TestBewegungen::alterPlatzBesetzt()
@@ -232,7 +232,7 @@ void TestBewegungen::alterPlatzBesetzt()
     QVERIFY(!fehlerBei([&] { bank.rueckgaengig(); }).isEmpty());
     QCOMPARE(inhaltVon(bank.quelle(u"1.pdf"_s)), QByteArray("neuer Scan"));
     QCOMPARE(inhaltVon(bank.ziel(abschlag)), QByteArray("eins"));
-    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Erledigt);
 }
 
 void TestBewegungen::nfdAufDerPlatte()
@@ -259,7 +259,7 @@ void TestBewegungen::katalogVoll()
         QVERIFY(!fehlerBei([&] { bank.uebernehmen(id, u"Neu AG"_s); }).isEmpty());
         QCOMPARE(bank.bestand(), vorher);
         QVERIFY(QFile::exists(bank.quelle(u"1.pdf"_s)));
-        QCOMPARE(bank.lesen(id).gegenueber, u"Stadtwerke"_s);
+        QCOMPARE(bank.lesen(id).angaben.gegenueber, u"Stadtwerke"_s);
         QVERIFY(Lernspeicher(*bank.db()).alle().isEmpty());
         bank.db()->ausfuehren(u"DROP TRIGGER temp.voll"_s);
         bank.uebernehmen(id);
@@ -285,7 +285,7 @@ void TestBewegungen::katalogVollBeimRueckgaengig()
         QCOMPARE(bank.widersprueche(), QStringList());
         bank.db()->ausfuehren(u"DROP TRIGGER temp.voll"_s);
         QCOMPARE(bank.rueckgaengig(), zwei);
-        QCOMPARE(bank.lesen(eins).status, u"erledigt"_s);
+        QCOMPARE(bank.lesen(eins).status, Status::Erledigt);
         QCOMPARE(bank.widersprueche(), QStringList());
     }
 }
@@ -312,7 +312,7 @@ void TestBewegungen::kopieWirdZumEinzigen()
     QCOMPARE(inhaltVon(bank.quelle(u"1.pdf"_s)), QByteArray("neu gescannt"));
     bank.db()->ausfuehren(u"DROP TRIGGER temp.voll"_s);
     bank.oeffnen();
-    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Erledigt);
     QCOMPARE(bank.widersprueche(), QStringList());
 }
 
@@ -324,7 +324,7 @@ void TestBewegungen::protokollNichtSchreibbar()
     dateiSchreiben(bank.profil().protokollOrdner, "a file in the folder's place");
     bank.uebernehmen(id);
     QVERIFY(bank.zaehler().ohneProtokoll);
-    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Erledigt);
 }
 
 /** Between announcement and settling someone has put the same bytes at the target: both stay, nothing has happened. */
@@ -343,7 +343,7 @@ void TestBewegungen::gleicheDateiAmZiel()
     bank.oeffnen();
     QCOMPARE(inhaltVon(von), QByteArray("eins"));
     QCOMPARE(inhaltVon(nach), QByteArray("eins"));
-    QCOMPARE(bank.lesen(id).status, u"bereit"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Bereit);
     QVERIFY(inhaltVon(absichtsdatei(*bank.db())).isEmpty());
 }
 
@@ -364,7 +364,7 @@ void TestBewegungen::zweitesProgrammWaehrendDerKopie()
     anderes.reset();
     bank.oeffnen();
     QVERIFY(!QFile::exists(temporaer));
-    QCOMPARE(bank.lesen(id).status, u"bereit"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Bereit);
     bank.uebernehmen(id);
     QCOMPARE(bank.widersprueche(), QStringList());
 }
@@ -380,7 +380,7 @@ void TestBewegungen::katalogGesperrt()
         anderes.ausfuehren(u"COMMIT"_s);
     });
     bank.uebernehmen(id);
-    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Erledigt);
     QCOMPARE(bank.widersprueche(), QStringList());
 }
 
@@ -396,14 +396,14 @@ void TestBewegungen::verlassenerPlatzImKatalog()
     QFile::remove(bank.ziel(abschlag));
     QVERIFY(fehlerBei([&] { bank.uebernehmen(neu); }).contains(u"Datenträger eingehängt"_s));
     QVERIFY(fehlerBei([&] { bank.aussortieren(neu); }).contains(u"Datenträger eingehängt"_s));
-    QCOMPARE(bank.lesen(neu).status, u"bereit"_s);
+    QCOMPARE(bank.lesen(neu).status, Status::Bereit);
     QCOMPARE(bank.lesen(alt), vorher);
     QVERIFY(QFile::exists(bank.quelle(u"2.pdf"_s)));
 
     Zielwurzel::bestaetigen(*bank.db(), bank.profil());
     bank.uebernehmen(neu);
     QCOMPARE(bank.lesen(neu).pfad, bank.ziel(abschlag));
-    QCOMPARE(bank.lesen(alt).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(alt).status, Status::Erledigt);
     QCOMPARE(bank.lesen(alt).pfad, QString());
     QCOMPARE(bank.db()->abfragen(u"SELECT pfad FROM fruehere_pfade"_s).first().text(u"pfad"), vorher.pfad);
     QCOMPARE(bank.rueckgaengig(), neu);

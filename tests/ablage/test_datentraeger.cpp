@@ -70,8 +70,8 @@ void TestDatentraeger::gescheitert()
     QVERIFY2(gesagt.contains(meldung), qPrintable(gesagt));
     bank.oeffnen();
     QCOMPARE(bank.bestand(), vorher);
-    QCOMPARE(bank.lesen(1).status, u"bereit"_s);
-    QCOMPARE(bank.lesen(1).gegenueber, u"Stadtwerke"_s);
+    QCOMPARE(bank.lesen(1).status, Status::Bereit);
+    QCOMPARE(bank.lesen(1).angaben.gegenueber, u"Stadtwerke"_s);
     QCOMPARE(bank.widersprueche(), QStringList());
 }
 
@@ -100,7 +100,7 @@ void TestDatentraeger::sitzungMitSchreibgeschuetztemOrdner()
     QCOMPARE(prozess.exitCode(), 1);
     bank.oeffnen();
     QCOMPARE(bank.bestand(), vorher);
-    QCOMPARE(bank.lesen(wasser).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(wasser).status, Status::Erledigt);
     QVERIFY(QFile::exists(bank.quelle(u"1.pdf"_s)) && QFile::exists(bank.quelle(u"3.pdf"_s)));
     QCOMPARE(bank.widersprueche(), QStringList());
 }

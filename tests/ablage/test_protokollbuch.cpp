@@ -300,7 +300,7 @@ void TestProtokollbuch::mehrereBewegungenEinesDokuments()
     const Bilanz bilanz = Protokollbuch::zurueckdrehen(bank.buchDatei(), bank.db(), nichts);
     QCOMPARE(bilanz.zurueckgedreht, 2); // the movement undone before is passed over
     QCOMPARE(inhaltVon(bank.quelle(u"1.pdf"_s)), QByteArray("eins"));
-    QCOMPARE(bank.lesen(id).status, u"bereit"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Bereit);
 }
 
 /** Turning an old session back once more leaves alone what a later session has filed at the same place. */
@@ -323,7 +323,7 @@ void TestProtokollbuch::spaetereSitzungBleibt()
     bank.uebernehmen(id);
     QVERIFY(nurUebersprungen(Protokollbuch::zurueckdrehen(erste, bank.db(), nichts), 1,
                              u"Diese Bewegung ist schon zurückgedreht"_s));
-    QCOMPARE(bank.lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank.lesen(id).status, Status::Erledigt);
 }
 
 /** A copy goes to the trash only while its original is where it was, unchanged. */

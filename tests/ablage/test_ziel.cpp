@@ -18,18 +18,15 @@ Profil profil()
     return p;
 }
 
-Dokument dokument()
+const QString altName = u"Scan.0017.PDF"_s;
+
+Angaben angaben()
 {
-    Dokument d;
-    d.dateiname = u"Scan.0017.PDF"_s;
-    d.datum = u"2024-03-05"_s;
-    d.jahr = u"2024"_s;
-    d.gegenueber = u"Stadtwerke"_s;
-    d.titel = u"Abschlag"_s;
-    d.zweig = u"Privat"_s;
-    d.ablage = u"Stammdaten"_s;
-    d.rubrik = u"Auto/Kfz"_s;
-    return d;
+    return {.datum = u"2024-03-05"_s,
+            .gegenueber = u"Stadtwerke"_s,
+            .titel = u"Abschlag"_s,
+            .ort = {.zweig = u"Privat"_s, .ablage = u"Stammdaten"_s, .rubrik = u"Auto/Kfz"_s},
+            .jahr = u"2024"_s};
 }
 } // namespace
 
@@ -71,24 +68,24 @@ private Q_SLOTS:
         QFETCH(QString, wert);
         Profil p = profil();
         p.namensVorlage = vorlage;
-        Dokument d = dokument();
-        const QMap<QString, QString Dokument::*> felder = {{u"gegenueber"_s, &Dokument::gegenueber},
-                                                           {u"titel"_s, &Dokument::titel},
-                                                           {u"datum"_s, &Dokument::datum},
-                                                           {u"zweig"_s, &Dokument::zweig}};
+        Angaben a = angaben();
+        const QMap<QString, QString *> felder = {{u"gegenueber"_s, &a.gegenueber},
+                                                 {u"titel"_s, &a.titel},
+                                                 {u"datum"_s, &a.datum},
+                                                 {u"zweig"_s, &a.ort.zweig}};
         if (!feld.isEmpty())
-            d.*felder.value(feld) = wert;
-        QTEST(Ziel::dateiname(d, p), "erwartet");
+            *felder.value(feld) = wert;
+        QTEST(Ziel::dateiname(a, altName, p), "erwartet");
     }
 
     void einLangerNamePasstInsDateisystem()
     {
         Profil p = profil();
         p.namensVorlage = u"{gegenueber} {titel} {altname}"_s;
-        Dokument d = dokument();
-        d.gegenueber = QString(60, u'ä');
-        d.titel = QString(90, u'ö');
-        const QString name = Ziel::dateiname(d, p);
+        Angaben a = angaben();
+        a.gegenueber = QString(60, u'ä');
+        a.titel = QString(90, u'ö');
+        const QString name = Ziel::dateiname(a, altName, p);
         QVERIFY(name.endsWith(u"ö.pdf"_s));
         QVERIFY(name.toUtf8().size() > 250 && name.toUtf8().size() <= 255);
     }

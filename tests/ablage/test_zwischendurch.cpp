@@ -74,7 +74,7 @@ void TestZwischendurch::andereDateiWirdNichtEinsortiert()
     QVERIFY(fehlerBei([&] { bank().uebernehmen(id); }).startsWith(u"Unter diesem Namen liegt inzwischen"_s));
     QCOMPARE(inhaltVon(bank().quelle(u"1.pdf"_s)), QByteArray("etwas anderes"));
     QVERIFY(!QFile::exists(bank().ziel(abschlag)));
-    QCOMPARE(bank().lesen(id).status, u"fehlt"_s);
+    QCOMPARE(bank().lesen(id).status, Status::Fehlt);
     const auto neue =
         bank().db()->abfragen(u"SELECT id, status FROM dokumente WHERE pfad=?"_s, {bank().quelle(u"1.pdf"_s)});
     QCOMPARE(neue.size(), 1);
@@ -102,9 +102,9 @@ void TestZwischendurch::schonVonAnderenBearbeitet()
         b.uebernehmen(id);
         const auto vorher = b.bestand();
         QVERIFY(!fehlerBei([&] { werk.uebernehmen(gesehen); }).isEmpty());
-        QVERIFY(!fehlerBei([&] { werk.aussortieren(id, u"bereit"_s); }).isEmpty());
+        QVERIFY(!fehlerBei([&] { werk.aussortieren(id, Status::Bereit); }).isEmpty());
         QCOMPARE(b.bestand(), vorher);
-        QCOMPARE(b.lesen(id).status, u"erledigt"_s);
+        QCOMPARE(b.lesen(id).status, Status::Erledigt);
     }
 }
 
@@ -120,7 +120,7 @@ void TestZwischendurch::herkunftInAndererSchreibweise()
     QVERIFY(fehlerBei([&] {
                 werk.uebernehmen(*werk.dokument(id));
             }).startsWith(u"Der Herkunftsordner ist nicht erreichbar"_s));
-    QCOMPARE(bank().lesen(id).status, u"bereit"_s);
+    QCOMPARE(bank().lesen(id).status, Status::Bereit);
 }
 
 /** One file that was moved by hand: told once, then the older movements have their turn. */
@@ -133,7 +133,7 @@ void TestZwischendurch::blockierteBewegungWirdUebergangen()
     const QString ort = bank().lesen(zwei).pfad;
     QVERIFY(QFile::rename(ort, ort + u".weg"_s));
     QCOMPARE(fehlerBei([&] { bank().rueckgaengig(); }), u"Die Datei liegt nicht mehr am Zielort"_s);
-    QCOMPARE(bank().lesen(eins).status, u"erledigt"_s);
+    QCOMPARE(bank().lesen(eins).status, Status::Erledigt);
     QCOMPARE(bank().rueckgaengig(), eins);
     QCOMPARE(bank().db()->abfragen(u"SELECT 1 FROM protokoll WHERE rueckgaengig=0"_s).size(), 1);
     QVERIFY(!Tatruecknahme::istMoeglich(*bank().db()));
@@ -149,7 +149,7 @@ void TestZwischendurch::kopieOhneOriginalBleibt()
     QVERIFY(QFile::remove(bank().quelle(u"1.pdf"_s)));
     QCOMPARE(fehlerBei([&] { bank().rueckgaengig(); }), u"Das Original fehlt oder ist nicht mehr wie die Kopie"_s);
     QCOMPARE(inhaltVon(bank().ziel(abschlag)), QByteArray("eins"));
-    QCOMPARE(bank().lesen(id).status, u"erledigt"_s);
+    QCOMPARE(bank().lesen(id).status, Status::Erledigt);
 }
 
 /** A new scan has taken the path of a copied document: the undo must not take the path from it. */
@@ -230,18 +230,18 @@ void TestZwischendurch::ohneWegIstNichtsZuTun()
                  0);
     QCOMPARE(inhaltVon(pfad), QByteArray("eins"));
     if (weise != u"ohne Katalog"_s)
-        QCOMPARE(bank().lesen(id).status, u"bereit"_s);
+        QCOMPARE(bank().lesen(id).status, Status::Bereit);
 }
 
 void TestZwischendurch::beruehrtNachDemAbsturz_data()
 {
     QTest::addColumn<bool>("geschehen");
     QTest::addColumn<bool>("nocheinsAmAnfang");
-    QTest::addColumn<QString>("status");
+    QTest::addColumn<Status>("status");
     QTest::addColumn<bool>("offen");
-    QTest::newRow("umbenannt, dann berührt") << true << false << u"erledigt"_s << false;
-    QTest::newRow("nicht umbenannt, dann berührt") << false << false << u"bereit"_s << false;
-    QTest::newRow("an beiden Enden etwas anderes") << true << true << u"bereit"_s << true;
+    QTest::newRow("umbenannt, dann berührt") << true << false << Status::Erledigt << false;
+    QTest::newRow("nicht umbenannt, dann berührt") << false << false << Status::Bereit << false;
+    QTest::newRow("an beiden Enden etwas anderes") << true << true << Status::Bereit << true;
 }
 
 /** The crash came between the renaming and its record, and somebody has written to the file since. */
@@ -253,7 +253,7 @@ void TestZwischendurch::beruehrtNachDemAbsturz()
     const QString von = bank().quelle(u"1.pdf"_s);
     const QString nach = bank().ziel(u"Brief.pdf"_s);
     Absicht absicht = absichtFuer(id, von, nach);
-    absicht.status = u"erledigt"_s;
+    absicht.status = Status::Erledigt;
     Absichtsdatei::oeffnen(absichtsdatei(*bank().db()), std::chrono::seconds(0))->schreiben({absicht.json()});
     QVERIFY(QDir().mkpath(ordnerVon(nach)));
     if (geschehen)
@@ -291,17 +291,17 @@ void TestZwischendurch::nachDemAbsturzGiltDieRechnungsregel()
     bank().db()->ausfuehren(u"INSERT INTO texte VALUES (?,?)"_s, {wartend, u"An\nWeg 100\n12345 Ort\nRechnung"_s});
     Absicht absicht;
     absicht.vorgang = u"v"_s;
-    absicht.status = u"erledigt"_s;
+    absicht.status = Status::Erledigt;
     absicht.zeile.zeit = u"z"_s;
     absicht.zeile.aktion = u"einsortiert"_s;
     absicht.zeile.dokument = id;
     absicht.zeile.von = bank().quelle(u"1.pdf"_s);
     absicht.zeile.nach = bank().ziel(u"Brief.pdf"_s);
     absicht.zeile.altStatus = u"bereit"_s;
-    absicht.werte = bank().lesen(id);
+    absicht.werte = bank().lesen(id).angaben;
     absicht.werte->gegenueber = u"Werk"_s;
-    absicht.werte->zweig = u"Privat"_s;
-    absicht.werte->rubrik = u"Ausgang"_s;
+    absicht.werte->ort.zweig = u"Privat"_s;
+    absicht.werte->ort.rubrik = u"Ausgang"_s;
     absicht.profil.eigeneAnschriften = QStringList{u"Weg 100, 12345 Ort"_s};
     absicht.profil.rubrikAusgang = u"Ausgang"_s;
     absicht.profil.rubrikEingang = u"Eingang"_s;
@@ -314,8 +314,8 @@ void TestZwischendurch::nachDemAbsturzGiltDieRechnungsregel()
     Absichtsdatei::oeffnen(absichtsdatei(*bank().db()), std::chrono::seconds(0))->schreiben({zeile});
     QVERIFY(QDir().mkpath(ordnerVon(absicht.zeile.nach)) && QFile::rename(absicht.zeile.von, absicht.zeile.nach));
     QCOMPARE(Bewegungsgang::klaeren(bank().db()), QStringList());
-    QCOMPARE(bank().lesen(id).status, u"erledigt"_s);
-    QTEST(bank().lesen(wartend).rubrik, "rubrik");
+    QCOMPARE(bank().lesen(id).status, Status::Erledigt);
+    QTEST(bank().lesen(wartend).angaben.ort.rubrik, "rubrik");
 }
 
 void TestZwischendurch::protokollVonAnderswo_data()

@@ -79,7 +79,7 @@ void Werkbank::uebernehmen(qint64 id, const QString &gegenueber)
 {
     Dokument d = lesen(id);
     if (!gegenueber.isEmpty())
-        d.gegenueber = gegenueber;
+        d.angaben.gegenueber = gegenueber;
     werk().uebernehmen(d);
 }
 
@@ -123,8 +123,8 @@ QStringList Werkbank::widersprueche() const
             liste << u"%1: %2 fehlt"_s.arg(d.id).arg(d.pfad);
         const QList<Zeile> bewegt = m_db->abfragen(
             u"SELECT * FROM protokoll WHERE dokument_id=? AND rueckgaengig=0 ORDER BY id DESC LIMIT 1"_s, {d.id});
-        if (bewegt.isEmpty() == (d.status == u"erledigt"_s || d.status == u"aussortiert"_s))
-            liste << u"%1: Status %2 passt nicht zum Protokoll"_s.arg(d.id).arg(d.status);
+        if (bewegt.isEmpty() == (d.status == Status::Erledigt || d.status == Status::Aussortiert))
+            liste << u"%1: Status %2 passt nicht zum Protokoll"_s.arg(d.id).arg(statuswort(d.status));
         if (!bewegt.isEmpty() && !QFile::exists(bewegt.first().text(u"nach_pfad")))
             liste << u"%1: nicht am Zielort"_s.arg(d.id);
     }

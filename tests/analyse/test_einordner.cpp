@@ -31,12 +31,10 @@ class TestEinordner : public QObject
 
     void lernen(const QString &gegenueber, const QString &rubrik, const QString &vorher = {}) const
     {
-        Dokument d;
-        d.gegenueber = gegenueber;
-        d.zweig = rubrik.isEmpty() ? QString() : u"Privat"_s;
-        d.ablage = u"Steuern"_s;
-        d.rubrik = rubrik;
-        Lernspeicher(m_stand->db()).merken(d, vorher);
+        Angaben a;
+        a.gegenueber = gegenueber;
+        a.ort = {.zweig = rubrik.isEmpty() ? QString() : u"Privat"_s, .ablage = u"Steuern"_s, .rubrik = rubrik};
+        Lernspeicher(m_stand->db()).merken(0, a, vorher);
     }
 
 private Q_SLOTS:

@@ -124,7 +124,8 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, antwort);
         const auto e = Einordnung::auswerten(objekt(antwort), u"Scan 20200131.pdf"_s, profil());
-        QTEST(QStringList({e.datum, e.gegenueber, e.titel, e.zweig + u'/' + e.ablage + u'/' + e.rubrik,
+        const Angaben &a = e.angaben;
+        QTEST(QStringList({a.datum, a.gegenueber, a.titel, a.ort.zweig + u'/' + a.ort.ablage + u'/' + a.ort.rubrik,
                            QString::number(e.konfidenz)})
                   .join(u'|'),
               "erwartet");
@@ -135,9 +136,9 @@ private Q_SLOTS:
         const auto e =
             Einordnung::auswerten(objekt(R"({"zweig":"Privat","ablage":"Steuern","rubrik":"Belege","konfidenz":0.9})"),
                                   u"Scan.pdf"_s, profil());
-        QCOMPARE(e.datum, QString());
-        QCOMPARE(e.jahr(), QString());
-        QCOMPARE(e.rubrik, u"Belege"_s);
+        QCOMPARE(e.angaben.datum, QString());
+        QCOMPARE(e.angaben.jahr, QString());
+        QCOMPARE(e.angaben.ort.rubrik, u"Belege"_s);
         QCOMPARE(e.konfidenz, 0.4);
     }
 

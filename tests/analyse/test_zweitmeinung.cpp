@@ -173,12 +173,10 @@ private Q_SLOTS:
     void gelerntesGehtVor()
     {
         const qint64 id = vorgeschlagen();
-        Dokument gelernt;
+        Angaben gelernt;
         gelernt.gegenueber = u"Finanzamt Meißen"_s;
-        gelernt.zweig = u"Privat"_s;
-        gelernt.ablage = u"Steuern"_s;
-        gelernt.rubrik = u"Belege"_s;
-        Lernspeicher(m_stand->db()).merken(gelernt, u"Amt für Finanzen"_s);
+        gelernt.ort = {.zweig = u"Privat"_s, .ablage = u"Steuern"_s, .rubrik = u"Belege"_s};
+        Lernspeicher(m_stand->db()).merken(0, gelernt, u"Amt für Finanzen"_s);
         m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag({{u"gegenueber"_s, u"Amt fuer Finanzen"_s}}))});
         einholen();
         QCOMPARE(m_stand->werte(id, {u"gegenueber"_s, u"rubrik"_s, u"ort_quelle"_s, u"gelernt_von"_s}),
@@ -190,19 +188,17 @@ private Q_SLOTS:
     {
         m_stand->profil.zweige.first().ablagen[1].rubriken << u"Mahnungen"_s;
         const qint64 id = vorgeschlagen(0.5, u"modell"_s, u"Weg 100 - 12345 Ort\nRechnung"_s);
-        Dokument gelernt;
+        Angaben gelernt;
         gelernt.gegenueber = u"Kunde"_s;
-        gelernt.zweig = u"Privat"_s;
-        gelernt.ablage = u"Firma"_s;
-        gelernt.rubrik = u"Eingangsrechnungen"_s;
-        Lernspeicher(m_stand->db(), m_stand->profil).merken(gelernt, {});
+        gelernt.ort = {.zweig = u"Privat"_s, .ablage = u"Firma"_s, .rubrik = u"Eingangsrechnungen"_s};
+        Lernspeicher(m_stand->db(), m_stand->profil).merken(0, gelernt, {});
         m_stand->modellSagt({Pruefstand::antwort(Pruefstand::vorschlag({{u"gegenueber"_s, u"Kunde"_s}}))});
         einholen();
         const QStringList spalten = {u"rubrik"_s, u"ort_quelle"_s};
         QCOMPARE(m_stand->werte(id, spalten), u"Ausgangsrechnungen|gelernt"_s);
         QCOMPARE(Lernspeicher(m_stand->db(), m_stand->profil).allesAnwenden(), 0);
-        gelernt.rubrik = u"Mahnungen"_s; // no matter of direction
-        Lernspeicher(m_stand->db(), m_stand->profil).merken(gelernt, {});
+        gelernt.ort.rubrik = u"Mahnungen"_s; // no matter of direction
+        Lernspeicher(m_stand->db(), m_stand->profil).merken(0, gelernt, {});
         QCOMPARE(m_stand->werte(id, spalten), u"Mahnungen|gelernt"_s);
     }
 

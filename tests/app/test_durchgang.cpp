@@ -33,10 +33,10 @@ QJsonArray erwartete(const QString &ordner)
 }
 
 /** A catalogue's documents by their path below the source folder. */
-class Katalog
+class Inhalt
 {
 public:
-    Katalog(const QString &pfad, const QString &quelle)
+    Inhalt(const QString &pfad, const QString &quelle)
     {
         Datenbank db(pfad);
         for (const Zeile &zeile : db.abfragen(u"SELECT * FROM dokumente"_s)) {
@@ -125,7 +125,7 @@ void TestDurchgang::ganzerDurchgang()
     QVERIFY(profile && profile->size() == 1);
     QVERIFY(!profile->first().zweige.isEmpty());
 
-    const Katalog katalog(programm.katalog(profile->first()), vorfuehrung::quelleVon(ordner.path()));
+    const Inhalt katalog(programm.katalog(profile->first()), vorfuehrung::quelleVon(ordner.path()));
     const QJsonArray soll = erwartete(ordner.path());
     QCOMPARE(katalog.pfade().size(), soll.size());
     for (const QJsonValue &wert : soll) {

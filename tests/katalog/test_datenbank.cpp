@@ -255,7 +255,7 @@ private Q_SLOTS:
         Dokument erwartet;
         erwartet.id = 1;
         erwartet.pfad = u"/a"_s;
-        erwartet.status = u"neu"_s;
+        erwartet.status = Status::Neu;
         erwartet.konfidenz = 0.5;
         QCOMPARE(erstes, erwartet);
         const Dokument zweites = Dokument::aus(zeilen.last());

@@ -202,12 +202,15 @@ private Q_SLOTS:
         {
             Stapel stapel(db);
             // One more than a transaction takes, however fast it is.
-            for (int i = 0; i < 1001; ++i)
-                QCOMPARE(stapel.schreiben(einfuegen, {u"x"_s}), 1);
+            for (int i = 0; i < 1001; ++i) {
+                stapel.naechstes();
+                QCOMPARE(db.schreiben(einfuegen, {u"x"_s}), 1);
+            }
         }
         QVERIFY2(anzahl(db) > 0 && anzahl(db) < 1001, qPrintable(QString::number(anzahl(db))));
-        Stapel stapel(db);
-        QVERIFY_EXCEPTION_THROWN(stapel.schreiben(u"UNFUG ?"_s, {1}), Fehler);
+        QVERIFY_EXCEPTION_THROWN(db.schreiben(u"UNFUG ?"_s, {1}), Katalogfehler);
+        QVERIFY_EXCEPTION_THROWN(Q_UNUSED(db.lesen(u"SELECT unfug FROM dokumente"_s)), Katalogfehler);
+        QVERIFY(db.lesen(u"SELECT id FROM dokumente WHERE id=-1"_s).isEmpty()); // no rows are no failure
     }
 
     // Closing any descriptor of a file drops the locks of the whole process: the last program to close would then take

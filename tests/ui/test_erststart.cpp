@@ -139,7 +139,7 @@ private Q_SLOTS:
         QVERIFY(server->lauschen(0));
         qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server->port()));
         m_b->profil.eigeneNamen = QStringList{u"Anna Muster"_s};
-        m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         m_b->dokument(u"b.pdf"_s, [](Dokument &d) { d.fehler = u"Einordnung nicht möglich"_s; });
         mitProfil(Abschnitt::programme);
         QTRY_COMPARE(weiter(), u"Durchgang starten"_s);
@@ -230,7 +230,7 @@ private Q_SLOTS:
 
     void bausteineUndBeispiel()
     {
-        m_b->dokument(u"Scan.pdf"_s, [](Dokument &d) { d.titel = u"Abschlag"_s; });
+        m_b->dokument(u"Scan.pdf"_s, [](Dokument &d) { d.angaben.titel = u"Abschlag"_s; });
         mitProfil(Abschnitt::namen);
         tippen(u"namensVorlage"_s, u"{datum} "_s);
         klicken(u"namensVorlage-titel"_s);

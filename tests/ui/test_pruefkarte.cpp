@@ -119,7 +119,7 @@ private Q_SLOTS:
         QMap<QString, qint64> ids;
         for (int n = 1; n <= anzahl; ++n) {
             const QString datei = u"Scan_%1.pdf"_s.arg(n, 2, 10, QChar(u'0'));
-            ids[datei] = dokument(datei, [n](Dokument &d) { d.gegenueber = u"Firma %1"_s.arg(n % 7); });
+            ids[datei] = dokument(datei, [n](Dokument &d) { d.angaben.gegenueber = u"Firma %1"_s.arg(n % 7); });
         }
         oeffnen();
         int einsortiert = 0;
@@ -165,8 +165,8 @@ private Q_SLOTS:
         QCOMPARE(m_z->zaehlwerk().erledigt, einsortiert);
         QCOMPARE(m_z->zaehlwerk().aussortiert, dubletten);
         QCOMPARE(m_z->zaehlwerk().zurueckgestellt, zurueckgestellt);
-        QCOMPARE(m_b->lesen(ids[u"Scan_08.pdf"_s]).titel, u"Zudu 8"_s);
-        QCOMPARE(m_b->lesen(ids[u"Scan_09.pdf"_s]).rubrik, u"Wasser"_s);
+        QCOMPARE(m_b->lesen(ids[u"Scan_08.pdf"_s]).angaben.titel, u"Zudu 8"_s);
+        QCOMPARE(m_b->lesen(ids[u"Scan_09.pdf"_s]).angaben.ort.rubrik, u"Wasser"_s);
         for (const qint64 id : std::as_const(ids))
             QVERIFY(QFile::exists(m_b->lesen(id).pfad));
         // The skipped ones come again on request, and the last deed can still be taken back.
@@ -206,7 +206,7 @@ private Q_SLOTS:
         // In a choice a letter chooses.
         mitTabZu("rubrik");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_W);
-        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         // What the analysis writes meanwhile does not move what is typed, nor the cursor in it.
         tippen("gegenueber", u"Von Hand"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
@@ -291,7 +291,7 @@ private Q_SLOTS:
         QTest::keyClick(rubrik->view(), Qt::Key_Return);
         QTRY_VERIFY(!rubrik->view()->isVisible());
         QCOMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         rubrik->showPopup();
         QTRY_VERIFY(rubrik->view()->isVisible());
         m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {a});
@@ -327,7 +327,7 @@ private Q_SLOTS:
         QVERIFY(m_z->beschaeftigt());
         m_b->sql(u"COMMIT"_s);
         QTRY_COMPARE(name(), u"c.pdf"_s);
-        QCOMPARE(m_b->lesen(b).titel, u"Fertig"_s);
+        QCOMPARE(m_b->lesen(b).angaben.titel, u"Fertig"_s);
         tippen("titel", u"Weiter"_s);
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Weiter"_s);
         // The window waits for what is in hand, says so, and begins nothing new.
@@ -340,7 +340,7 @@ private Q_SLOTS:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         m_b->sql(u"COMMIT"_s);
         QTRY_VERIFY(!m_fenster->isVisible());
-        QCOMPARE(m_b->lesen(3).status, u"erledigt"_s);
+        QCOMPARE(m_b->lesen(3).status, Status::Erledigt);
         QVERIFY(!m_z->beschaeftigt());
     }
 
@@ -370,7 +370,7 @@ private Q_SLOTS:
             QCOMPARE(tasten(), u"Zu früh: Das nächste Dokument war noch nicht zu sehen."_s);
             QTRY_VERIFY(!m_z->ungesehen());
             QCOMPARE(name(), u"b.pdf"_s);
-            QCOMPARE(m_b->lesen(ids[u"b.pdf"_s]).status, u"bereit"_s);
+            QCOMPARE(m_b->lesen(ids[u"b.pdf"_s]).status, Status::Bereit);
             TestPruefkarte::druecken(Qt::Key_U);
             QTRY_COMPARE(name(), u"a.pdf"_s);
             QTRY_VERIFY(!m_z->ungesehen());
@@ -386,7 +386,7 @@ private Q_SLOTS:
     {
         const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) {
             d.altOrdner = u"Haushalt/Jahresablage/2021/Wasser"_s;
-            d.gegenueber = u"<b>Fett & Söhne</b>"_s;
+            d.angaben.gegenueber = u"<b>Fett & Söhne</b>"_s;
         });
         const qint64 b = dokument(u"b.pdf"_s);
         m_b->sql(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=0.861 WHERE id=?"_s, {b, a});
@@ -421,7 +421,7 @@ private Q_SLOTS:
     {
         oeffnen();
         QCOMPARE(teil<QLabel>("leerzeile")->text(), u"Hier gibt es noch keine Dokumente."_s);
-        const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         m_z->aktualisieren();
         QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"1 Dokument wartet darauf, gelesen zu werden."_s);
         mitTabZu("leerknopf");
@@ -430,7 +430,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_z->reiter(), Reiter::ablauf);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"modellPruefen"_s);
         QVERIFY(!m_z->analyse()->laeuft());
-        QCOMPARE(m_b->lesen(a).status, u"neu"_s);
+        QCOMPARE(m_b->lesen(a).status, Status::Neu);
         m_z->setzeReiter(Reiter::pruefen);
         auto *profil = teil<QComboBox>("aktiv");
         QTest::mouseClick(profil, Qt::LeftButton);
@@ -452,9 +452,9 @@ private Q_SLOTS:
     /** The empty queue tells of what was skipped, even before what nobody has read, and brings it again. */
     void leereMitZurueckgestellten()
     {
-        dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"zurueckgestellt"_s; });
-        dokument(u"b.pdf"_s, [](Dokument &d) { d.status = u"zurueckgestellt"_s; });
-        dokument(u"c.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Zurueckgestellt; });
+        dokument(u"b.pdf"_s, [](Dokument &d) { d.status = Status::Zurueckgestellt; });
+        dokument(u"c.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         Fensterprobe::oeffnen();
         m_z->setzeReiter(Reiter::pruefen);
         QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"2 Dokumente sind noch zurückgestellt."_s);

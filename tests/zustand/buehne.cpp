@@ -45,22 +45,23 @@ qint64 Buehne::dokument(const QString &dateiname, const std::function<void(Dokum
     Dokument d;
     d.pfad = quelle(dateiname);
     d.dateiname = dateiname;
-    d.status = u"bereit"_s;
+    d.status = Status::Bereit;
     d.hatTextebene = true;
-    d.datum = u"2023-02-14"_s;
-    d.jahr = u"2023"_s;
-    d.gegenueber = u"Stadtwerke"_s;
-    d.titel = dateiname.chopped(4);
-    d.zweig = u"Haushalt"_s;
-    d.ablage = u"Jahresablage"_s;
-    d.rubrik = u"Strom"_s;
+    d.angaben.datum = u"2023-02-14"_s;
+    d.angaben.jahr = u"2023"_s;
+    d.angaben.gegenueber = u"Stadtwerke"_s;
+    d.angaben.titel = dateiname.chopped(4);
+    d.angaben.ort.zweig = u"Haushalt"_s;
+    d.angaben.ort.ablage = u"Jahresablage"_s;
+    d.angaben.ort.rubrik = u"Strom"_s;
     d.konfidenz = 0.9;
     if (aendern)
         aendern(d);
     sql(u"INSERT INTO dokumente (pfad, dateiname, alt_ordner, status, hat_textebene, datum, gegenueber, titel, zweig,"
         "ablage, rubrik, jahr, konfidenz, ort_quelle) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?)"_s,
-        {d.pfad, d.dateiname, d.altOrdner, d.status, d.hatTextebene, d.datum, d.gegenueber, d.titel, d.zweig, d.ablage,
-         d.rubrik, d.jahr, d.konfidenz, d.ortQuelle});
+        {d.pfad, d.dateiname, d.altOrdner, statuswort(d.status), d.hatTextebene, d.angaben.datum, d.angaben.gegenueber,
+         d.angaben.titel, d.angaben.ort.zweig, d.angaben.ort.ablage, d.angaben.ort.rubrik, d.angaben.jahr, d.konfidenz,
+         d.ortQuelle});
     const qint64 id = db().abfragen(u"SELECT id FROM dokumente WHERE pfad=?"_s, {d.pfad}).first().ganz(u"id");
     sql(u"INSERT INTO texte (dokument_id, text) VALUES (?,?)"_s, {id, u"Text"_s});
     return id;

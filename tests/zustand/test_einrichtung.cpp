@@ -138,7 +138,7 @@ private Q_SLOTS:
         m_z->ausnahmeEntfernen(m_z->aktiv()->ausnahmen.first());
         QTRY_COMPARE(m_z->ausgenommen(), 0);
         QTRY_COMPARE(gezaehlt(), 3);
-        QCOMPARE(m_b->lesen(a).status, u"bereit"_s);
+        QCOMPARE(m_b->lesen(a).status, Status::Bereit);
         aendern([](Profil &p) { p.mitUnterordnern = false; });
         QTRY_COMPARE(gezaehlt(), 2);
         aendern([this](Profil &p) { p.quelle = m_b->quelle(u"nirgends"_s); });
@@ -181,13 +181,13 @@ private Q_SLOTS:
         m_z->gelerntVergessen(u"bank"_s);
         QTRY_COMPARE(m_z->einrichtung().gelerntes.zuordnungen.size(), 1);
         m_z->allesVergessen();
-        QTRY_VERIFY(m_z->einrichtung().gelerntes == Gelerntes());
+        QTRY_VERIFY(m_z->einrichtung().gelerntes == Lernstand());
     }
 
     void beispielAusDerWarteschlange()
     {
         const qint64 a = m_b->dokument(u"a.pdf"_s);
-        m_b->dokument(u"b.pdf"_s, [](Dokument &d) { d.titel.clear(); });
+        m_b->dokument(u"b.pdf"_s, [](Dokument &d) { d.angaben.titel.clear(); });
         m_b->dokument(u"c.pdf"_s);
         beginnen();
         QTRY_VERIFY(m_z->beispiel().echt);

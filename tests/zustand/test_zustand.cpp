@@ -54,7 +54,7 @@ private Q_SLOTS:
         z.beginnen();
         z.uebernehmen();
         z.rueckgaengig();
-        z.weiter(u"weiter"_s);
+        z.weiter(Richtung::Weiter);
         z.dublettenAusraeumen();
         z.protokollZurueckdrehen();
         z.feldSetzen(Feld::Titel, u"x"_s);
@@ -86,7 +86,7 @@ private Q_SLOTS:
     {
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         const qint64 b = m_b->dokument(u"b.pdf"_s);
-        const qint64 c = m_b->dokument(u"c.pdf"_s, [](Dokument &d) { d.gegenueber = u"Andere"_s; });
+        const qint64 c = m_b->dokument(u"c.pdf"_s, [](Dokument &d) { d.angaben.gegenueber = u"Andere"_s; });
         beginnen();
         QCOMPARE(name(), u"a.pdf"_s);
         QCOMPARE(m_z->voraus(), QStringList{m_b->quelle(u"b.pdf"_s)});
@@ -97,19 +97,19 @@ private Q_SLOTS:
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QCOMPARE(m_z->hinweis(), u"Gemerkt. 1 wartendes Dokument von Stadtwerke wurde angepasst."_s);
         QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - Abschlag.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         const QString neu = m_b->ziel(u"Haushalt/Jahresablage/2023/Wasser/2023-02-14 Stadtwerke - Abschlag.pdf"_s);
         QVERIFY(liegt(neu) && !liegt(m_b->quelle(u"a.pdf"_s)));
-        QCOMPARE(m_b->lesen(a).status, u"erledigt"_s);
-        QCOMPARE(m_b->lesen(a).titel, u"Abschlag"_s);
+        QCOMPARE(m_b->lesen(a).status, Status::Erledigt);
+        QCOMPARE(m_b->lesen(a).angaben.titel, u"Abschlag"_s);
         m_z->uebernehmen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
         QCOMPARE(m_z->hinweis(), QString());
         QCOMPARE(m_z->zaehlwerk().erledigt, 2);
         m_z->uebernehmen();
         QTRY_VERIFY(!m_z->aktuelles());
-        QCOMPARE(m_b->lesen(b).status, u"erledigt"_s);
-        QCOMPARE(m_b->lesen(c).status, u"erledigt"_s);
+        QCOMPARE(m_b->lesen(b).status, Status::Erledigt);
+        QCOMPARE(m_b->lesen(c).status, Status::Erledigt);
         // The newest movement comes back and under review, whatever stands there.
         m_z->rueckgaengig();
         QTRY_COMPARE(name(), u"c.pdf"_s);
@@ -135,15 +135,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("kopieren");
         QTest::addColumn<QString>("taste");
-        QTest::addColumn<QString>("status");
+        QTest::addColumn<Status>("status");
         QTest::addColumn<QString>("geschehen");
-        QTest::newRow("verschieben") << false << u"Eingabe"_s << u"erledigt"_s
+        QTest::newRow("verschieben") << false << u"Eingabe"_s << Status::Erledigt
                                      << u"Einsortiert: 2023-02-14 Stadtwerke - a.pdf"_s;
-        QTest::newRow("kopieren") << true << u"Eingabe"_s << u"erledigt"_s
+        QTest::newRow("kopieren") << true << u"Eingabe"_s << Status::Erledigt
                                   << u"Kopiert: 2023-02-14 Stadtwerke - a.pdf"_s;
-        QTest::newRow("zurückstellen") << false << u"Z"_s << u"zurueckgestellt"_s << u"Zurückgestellt: a.pdf"_s;
-        QTest::newRow("Dublette") << false << u"D"_s << u"aussortiert"_s << u"Als Dublette beiseitegelegt: a.pdf"_s;
-        QTest::newRow("Dublette kopierend") << true << u"D"_s << u"aussortiert"_s << u"Als Dublette vermerkt: a.pdf"_s;
+        QTest::newRow("zurückstellen") << false << u"Z"_s << Status::Zurueckgestellt << u"Zurückgestellt: a.pdf"_s;
+        QTest::newRow("Dublette") << false << u"D"_s << Status::Aussortiert << u"Als Dublette beiseitegelegt: a.pdf"_s;
+        QTest::newRow("Dublette kopierend")
+            << true << u"D"_s << Status::Aussortiert << u"Als Dublette vermerkt: a.pdf"_s;
     }
     void jedeTatHatIhrenRueckweg()
     {
@@ -165,7 +166,7 @@ private Q_SLOTS:
         QVERIFY(m_z->zurueckMoeglich());
         m_z->zurueck();
         QTRY_COMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_b->lesen(a).status, u"bereit"_s);
+        QCOMPARE(m_b->lesen(a).status, Status::Bereit);
         QVERIFY(liegt(m_b->quelle(u"a.pdf"_s)));
         QVERIFY(!m_z->zurueckMoeglich());
     }
@@ -176,17 +177,18 @@ private Q_SLOTS:
             m_b->dokument(n);
         beginnen();
         m_z->feldSetzen(Feld::Titel, u"Getippt"_s);
-        const QStringList weg = {u"weiter"_s, u"weiter"_s, u"weiter"_s, u"zurueck"_s, u""_s, u"weiter"_s};
+        using enum Richtung;
+        const QList<Richtung> weg = {Weiter, Weiter, Weiter, Zurueck, Erstes, Weiter};
         const QStringList erwartet = {u"b.pdf"_s, u"c.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"b.pdf"_s};
         for (qsizetype i = 0; i < weg.size(); ++i) {
             m_z->weiter(weg.at(i));
             QTRY_VERIFY(!m_z->beschaeftigt());
             QCOMPARE(name(), erwartet.at(i));
         }
-        m_z->weiter(u"zurueck"_s);
+        m_z->weiter(Richtung::Zurueck);
         QTRY_COMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->titel, u"Getippt"_s);
-        QCOMPARE(m_b->lesen(1).titel, u"a"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Getippt"_s);
+        QCOMPARE(m_b->lesen(1).angaben.titel, u"a"_s);
     }
 
     void wasGetipptIstBleibt()
@@ -195,32 +197,32 @@ private Q_SLOTS:
         beginnen();
         m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
         m_z->feldSetzen(Feld::Datum, u"2019-05-0"_s); // half typed: the year stays
-        QCOMPARE(m_z->aktuelles()->jahr, u"2023"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2023"_s);
         QVERIFY(!m_z->datumGueltig());
         m_z->uebernehmen();
         QTRY_COMPARE(m_z->hinweis(), u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
         m_z->feldSetzen(Feld::Datum, u" 2019-05-03 "_s); // as it is pasted
-        QCOMPARE(m_z->aktuelles()->jahr, u"2019"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2019"_s);
         m_z->feldSetzen(Feld::Datum, u"2019-05-03"_s);
         m_b->sql(u"UPDATE dokumente SET titel='Modell', datum='2001-01-01', jahr='2001', gegenueber='Neu' WHERE id=?"_s,
                  {id});
         m_z->aktualisieren();
-        QTRY_COMPARE(m_z->aktuelles()->gegenueber, u"Neu"_s);
-        QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
-        QCOMPARE(m_z->aktuelles()->datum, u"2019-05-03"_s);
-        QCOMPARE(m_z->aktuelles()->jahr, u"2019"_s);
+        QTRY_COMPARE(m_z->aktuelles()->angaben.gegenueber, u"Neu"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.datum, u"2019-05-03"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2019"_s);
         m_z->feldSetzen(Feld::Jahr, u"2020"_s);
         m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited: it follows no more
-        QCOMPARE(m_z->aktuelles()->jahr, u"2020"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2020"_s);
         m_z->feldSetzen(Feld::Zweig, u"Verein"_s); // has the kind and the category
-        QCOMPARE(m_z->aktuelles()->rubrik, u"Strom"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Strom"_s);
         m_z->feldSetzen(Feld::Rubrik, u"Spenden"_s);
         m_z->feldSetzen(Feld::Zweig, u"Haushalt"_s); // the kind only
-        QCOMPARE(m_z->aktuelles()->ablage, u"Jahresablage"_s);
-        QCOMPARE(m_z->aktuelles()->rubrik, QString());
+        QCOMPARE(m_z->aktuelles()->angaben.ort.ablage, u"Jahresablage"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, QString());
         m_z->feldSetzen(Feld::Ablage, u"Stammdaten"_s);
         m_z->feldSetzen(Feld::Zweig, u"Verein"_s); // neither
-        QCOMPARE(m_z->aktuelles()->ablage, QString());
+        QCOMPARE(m_z->aktuelles()->angaben.ort.ablage, QString());
         // Another program took it out of the queue: it leaves the review.
         m_b->sql(u"UPDATE dokumente SET ausgenommen=1 WHERE id=?"_s, {id});
         m_z->aktualisieren();
@@ -252,7 +254,7 @@ private Q_SLOTS:
         QCOMPARE(m_z->datumsmangel(), mangel);
         m_z->uebernehmen();
         QTRY_VERIFY(!m_z->beschaeftigt());
-        QCOMPARE(m_b->lesen(a).status, mangel.isEmpty() ? u"erledigt"_s : u"bereit"_s);
+        QCOMPARE(m_b->lesen(a).status, mangel.isEmpty() ? Status::Erledigt : Status::Bereit);
         if (!mangel.isEmpty())
             QCOMPARE(m_z->hinweis(), mangel);
     }
@@ -279,7 +281,7 @@ private Q_SLOTS:
             m_z->zurueck();
             QTRY_COMPARE(name(), u"a.pdf"_s);
             QTRY_VERIFY(!m_z->beschaeftigt());
-            QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
+            QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
         }
     }
 
@@ -292,13 +294,13 @@ private Q_SLOTS:
         m_z->feldSetzen(Feld::Jahr, u"2020"_s);
         m_z.reset();
         beginnen();
-        QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
         m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited before
-        QCOMPARE(m_z->aktuelles()->jahr, u"2020"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2020"_s);
         m_z->uebernehmen();
         QTRY_VERIFY(!m_z->aktuelles());
-        QCOMPARE(m_b->lesen(a).status, u"erledigt"_s);
-        QCOMPARE(m_b->lesen(a).titel, u"Von Hand"_s);
+        QCOMPARE(m_b->lesen(a).status, Status::Erledigt);
+        QCOMPARE(m_b->lesen(a).angaben.titel, u"Von Hand"_s);
         m_z.reset();
         QVERIFY(m_b->db().abfragen(u"SELECT * FROM entwuerfe"_s).isEmpty());
     }
@@ -309,7 +311,7 @@ private Q_SLOTS:
         for (const char *name : {"a.pdf", "b.pdf", "c.pdf", "d.pdf"})
             m_b->dokument(QString::fromLatin1(name));
         beginnen();
-        m_z->weiter(u"weiter"_s);
+        m_z->weiter(Richtung::Weiter);
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QCOMPARE(m_z->voraus(), QStringList{m_b->quelle(u"c.pdf"_s)});
         m_z->uebernehmen();
@@ -340,7 +342,7 @@ private Q_SLOTS:
         m_b->dokument(u"a.pdf"_s);
         beginnen();
         m_z->feldSetzen(Feld::Gegenueber, {});
-        QCOMPARE(m_z->aktuelles()->gegenueber, QString());
+        QCOMPARE(m_z->aktuelles()->angaben.gegenueber, QString());
         QCOMPARE(m_z->pruefhinweise(), QList<Pruefhinweis>());
     }
 
@@ -383,7 +385,7 @@ private Q_SLOTS:
     void ausraeumenAnhalten()
     {
         for (int n = 0; n < 300; ++n)
-            m_b->dokument(u"%1.pdf"_s.arg(n), [](Dokument &d) { d.status = u"dublette"_s; });
+            m_b->dokument(u"%1.pdf"_s.arg(n), [](Dokument &d) { d.status = Status::Dublette; });
         beginnen();
         QVERIFY(!m_z->anhaltbar());
         m_z->dublettenAusraeumen();
@@ -409,11 +411,11 @@ private Q_SLOTS:
         };
         QCOMPARE(anders(), u"Vorschlag weicht vom heutigen Ort ab. Bisher: Haushalt/Jahresablage/Wasser"_s);
         m_z->altenOrtBehalten();
-        QCOMPARE(m_z->aktuelles()->rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         QCOMPARE(m_z->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2021"_s, u"Wasser"_s}));
         QCOMPARE(anders(), QString());
         m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year is the place's own
-        QCOMPARE(m_z->aktuelles()->jahr, u"2021"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2021"_s);
     }
 
     void hinweiseNachIhrerBedingung_data()
@@ -460,10 +462,10 @@ private Q_SLOTS:
         m_z->erneutVersuchen(id);
         QTRY_COMPARE(fraglich.size(), 1);
         QCOMPARE(m_z->erbetenesDokument(), id);
-        QCOMPARE(m_b->lesen(id).status, u"bereit"_s);
+        QCOMPARE(m_b->lesen(id).status, Status::Bereit);
         QVERIFY(m_b->lesen(id).fehler);
         m_z->durchgangStarten(Zustand::Durchgang::erneutLesen);
-        QTRY_COMPARE(m_b->lesen(id).status, u"neu"_s);
+        QTRY_COMPARE(m_b->lesen(id).status, Status::Neu);
         QTRY_VERIFY(!m_z->analyse()->laeuft());
     }
 
@@ -527,7 +529,7 @@ private Q_SLOTS:
         m_z->uebernehmen();
         QTRY_COMPARE(m_z->hinweis(),
                      u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll."_s);
-        QCOMPARE(m_b->lesen(a).status, u"erledigt"_s);
+        QCOMPARE(m_b->lesen(a).status, Status::Erledigt);
         QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - a.pdf"_s);
         // It goes before all else that is said, as a warning.
         QCOMPARE(m_z->meldungen(), (QStringList{m_z->hinweis(), m_z->geschehen()}));
@@ -545,10 +547,10 @@ private Q_SLOTS:
         // Setting all duplicates aside tells of it as well.
         const qint64 original = m_b->dokument(u"o.pdf"_s, {}, "gleich");
         const qint64 doppelt = m_b->dokument(
-            u"p.pdf"_s, [](Dokument &d) { d.status = u"dublette"_s; }, "gleich");
+            u"p.pdf"_s, [](Dokument &d) { d.status = Status::Dublette; }, "gleich");
         m_b->sql(u"UPDATE dokumente SET dublette_von=?, aehnlichkeit=1 WHERE id=?"_s, {original, doppelt});
         m_z->dublettenAusraeumen();
-        QTRY_COMPARE(m_b->lesen(doppelt).status, u"aussortiert"_s);
+        QTRY_COMPARE(m_b->lesen(doppelt).status, Status::Aussortiert);
         QTRY_VERIFY(!m_z->beschaeftigt());
         QVERIFY(m_z->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
         QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
@@ -599,7 +601,7 @@ private Q_SLOTS:
         uhr.start();
         m_z->uebernehmen();
         m_z->aktualisieren();
-        m_z->weiter(u"weiter"_s); // kept
+        m_z->weiter(Richtung::Weiter); // kept
         QSignalSpy zuFrueh(m_z.get(), &Zustand::zuFruehGedrueckt);
         m_z->zuruecklegen(); // of a document that nobody has seen
         m_z->uebernehmen();
@@ -610,15 +612,15 @@ private Q_SLOTS:
         QCOMPARE(name(), u"a.pdf"_s);
         sperre.reset();
         QTRY_COMPARE(name(), u"c.pdf"_s);
-        QCOMPARE(m_b->lesen(1).status, u"erledigt"_s);
-        m_z->weiter(u"zurueck"_s);
+        QCOMPARE(m_b->lesen(1).status, Status::Erledigt);
+        m_z->weiter(Richtung::Zurueck);
         QTRY_COMPARE(name(), u"b.pdf"_s);
         for (const QString &danach : {u"c.pdf"_s, QString()}) {
             QTRY_VERIFY(!m_z->beschaeftigt());
             m_z->zuruecklegen();
             QTRY_COMPARE(name(), danach);
         }
-        QCOMPARE(m_b->lesen(2).status, u"zurueckgestellt"_s);
+        QCOMPARE(m_b->lesen(2).status, Status::Zurueckgestellt);
         m_z->zurueckgestellteVorlegen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
     }
@@ -637,13 +639,13 @@ private Q_SLOTS:
         m_z->aktivieren(m_b->profil.id);
         m_z->uebernehmen(); // nothing of the profile that is being left
         QTRY_COMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->titel, u"a"_s); // not the other profile's draft for the same number
+        QCOMPARE(m_z->aktuelles()->angaben.titel, u"a"_s); // not the other profile's draft for the same number
         m_z->aktivieren(zweite.profil.id);
         QTRY_COMPARE(name(), u"zweit.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->titel, u"Von Hand"_s);
+        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
         m_z->aktivieren(m_b->profil.id);
         QTRY_COMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(zweite.lesen(1).status, u"bereit"_s);
+        QCOMPARE(zweite.lesen(1).status, Status::Bereit);
         m_z->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QVERIFY(m_z->laufendesBuch());
@@ -676,7 +678,7 @@ private Q_SLOTS:
         const qint64 original = m_b->dokument(u"o.pdf"_s, {}, inhalt);
         for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"weg.pdf"_s})
             m_b->dokument(
-                n, [](Dokument &d) { d.status = u"dublette"_s; }, inhalt);
+                n, [](Dokument &d) { d.status = Status::Dublette; }, inhalt);
         m_b->sql(u"UPDATE dokumente SET dublette_von=?, aehnlichkeit=1 WHERE status='dublette'"_s, {original});
         QVERIFY(QFile::remove(m_b->quelle(u"weg.pdf"_s)));
         m_z->dublettenAusraeumen();
@@ -687,14 +689,14 @@ private Q_SLOTS:
         QCOMPARE(m_z->zaehlwerk().aussortiert, 2);
         // The original has been written to since: what was its copy may be the only one of what is in it.
         const qint64 letzte = m_b->dokument(
-            u"letzte.pdf"_s, [](Dokument &d) { d.status = u"dublette"_s; }, inhalt);
+            u"letzte.pdf"_s, [](Dokument &d) { d.status = Status::Dublette; }, inhalt);
         m_b->sql(u"UPDATE dokumente SET dublette_von=?, aehnlichkeit=1 WHERE id=?"_s, {original, letzte});
         QFile datei(m_b->quelle(u"o.pdf"_s));
         QVERIFY(datei.open(QIODevice::Append) && datei.write("!") == 1);
         datei.close();
         m_z->dublettenAusraeumen();
         QTRY_VERIFY2(m_z->hinweis().contains(u"1 ist keine Dublette mehr"_s), qPrintable(m_z->hinweis()));
-        QCOMPARE(m_b->lesen(letzte).status, u"neu"_s);
+        QCOMPARE(m_b->lesen(letzte).status, Status::Neu);
         QVERIFY(liegt(m_b->quelle(u"letzte.pdf"_s)));
     }
 
@@ -764,7 +766,7 @@ private Q_SLOTS:
         qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
         server.antworten("/api/version", Testantwort::fest(200, "{}"));
         server.antworten("/api/generate", Testantwort::stumm(std::chrono::seconds(60)));
-        m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = u"neu"_s; });
+        m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         m_b->sql(u"UPDATE dokumente SET text_hash='x', sha256='x'"_s);
         beginnen();
         m_z->durchgangStarten();
@@ -778,7 +780,7 @@ private Q_SLOTS:
         uhr.start();
         m_z.reset();
         QVERIFY(uhr.elapsed() < 3000);
-        QCOMPARE(m_b->lesen(1).status, u"neu"_s);
+        QCOMPARE(m_b->lesen(1).status, Status::Neu);
         QCOMPARE(Profilspeicher::laden().size(), 2);
     }
 };

@@ -46,7 +46,7 @@ private:
         QPushButton *vergessen = nullptr;
     };
 
-    [[nodiscard]] const Gelerntes &gelerntes() const { return zustand()->einrichtung().gelerntes; }
+    [[nodiscard]] const Lernstand &gelerntes() const { return zustand()->einrichtung().gelerntes; }
 
     Liste listeBauen(const QString &name, const QString &beschriftung, const QStringList &spalten,
                      const Lerntabelle::Inhalt &inhalt)

@@ -58,8 +58,8 @@ Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
     connect(m_uebernehmen, &QPushButton::clicked, m_zustand, &Zustand::uebernehmen);
     connect(m_zuruecklegen, &QToolButton::clicked, m_zustand, &Zustand::zuruecklegen);
     connect(m_aussortieren, &QToolButton::clicked, m_zustand, &Zustand::aussortieren);
-    connect(m_vorheriges, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"zurueck"_s); });
-    connect(m_naechstes, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"weiter"_s); });
+    connect(m_vorheriges, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(Richtung::Zurueck); });
+    connect(m_naechstes, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(Richtung::Weiter); });
     connect(m_zustand, &Zustand::zuFruehGedrueckt, this, &Aktionsfeld::zuFruehZeigen);
     connect(&m_zuFrueh, &QTimer::timeout, this, &Aktionsfeld::tastenZeigen);
     m_zuFrueh.setSingleShot(true);

@@ -2,7 +2,7 @@
 
 #include "aktionsfeld.h"
 #include "analyse.h"
-#include "angaben.h"
+#include "angabenfeld.h"
 #include "hinweisfach.h"
 #include "leeransicht.h"
 #include "meldungszeile.h"
@@ -76,7 +76,7 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
         anordnen();
     });
     connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand, [this] { m_zustand->setzePartnerZeigen(false); });
-    connect(m_angaben, &Angaben::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
+    connect(m_angaben, &Angabenfeld::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
     connect(m_hinweise, &Hinweisfach::fokusGehtVerloren, m_vorschau, [this] { m_vorschau->setFocus(); });
     connect(m_vorschau, &Vorschau::seiteSichtbar, this, &PruefAnsicht::gesehen);
     connect(m_zustand, &Zustand::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
@@ -95,7 +95,7 @@ QWidget *PruefAnsicht::vorschlagsseite()
     auto *inhalt = new QWidget(seite);
     m_vorschlag = new Vorschlagsteil(m_zustand, inhalt);
     m_hinweise = new Hinweisfach(m_zustand, inhalt);
-    m_angaben = new Angaben(m_zustand, inhalt);
+    m_angaben = new Angabenfeld(m_zustand, inhalt);
     m_aktionen = new Aktionsfeld(m_zustand, seite);
     m_rollen = rollbereich(inhalt, seite);
     m_rollen->installEventFilter(this);
@@ -112,7 +112,7 @@ QWidget *PruefAnsicht::vorschlagsseite()
     Stil::folgen(inhalt, [this, spalte] {
         spalte->setSpacing(abstand(10));
         int breite = 0;
-        for (const QString &text : Vorschlagsteil::beschriftungen() + Angaben::beschriftungen())
+        for (const QString &text : Vorschlagsteil::beschriftungen() + Angabenfeld::beschriftungen())
             breite = std::max(breite, fontMetrics().horizontalAdvance(text) + 2);
         m_vorschlag->setzeBeschriftungsbreite(breite);
         m_angaben->setzeBeschriftungsbreite(breite);
@@ -166,9 +166,9 @@ void PruefAnsicht::tastenBauen()
     taste(
         QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { m_zustand->rueckgaengig(); }, false);
     taste(
-        QKeySequence(Qt::Key_Left), [this] { m_zustand->weiter(u"zurueck"_s); }, false);
+        QKeySequence(Qt::Key_Left), [this] { m_zustand->weiter(Richtung::Zurueck); }, false);
     taste(
-        QKeySequence(Qt::Key_Right), [this] { m_zustand->weiter(u"weiter"_s); }, false);
+        QKeySequence(Qt::Key_Right), [this] { m_zustand->weiter(Richtung::Weiter); }, false);
 }
 
 /** The document was taken away in the middle of a word: what is still typed of it is not meant for the next one. */

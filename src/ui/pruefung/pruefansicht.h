@@ -5,7 +5,7 @@
 #include <functional>
 
 class Aktionsfeld;
-class Angaben;
+class Angabenfeld;
 class Hinweisfach;
 class Leeransicht;
 class Meldungszeile;
@@ -57,7 +57,7 @@ private:
     QScrollArea *m_rollen = nullptr;
     Vorschlagsteil *m_vorschlag = nullptr;
     Hinweisfach *m_hinweise = nullptr;
-    Angaben *m_angaben = nullptr;
+    Angabenfeld *m_angaben = nullptr;
     Aktionsfeld *m_aktionen = nullptr;
     Leeransicht *m_leere = nullptr;
     std::function<void()> m_leereTat; ///< of the button of the empty state

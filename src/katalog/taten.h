@@ -1,14 +1,16 @@
 #pragma once
 
+#include "status.h"
+
 #include <QList>
-#include <QString>
 #include <optional>
 
 class Datenbank;
 
 /**
  * The deeds of the review in their order, so that each can be taken back, also after a restart. A movement is a deed by
- * itself; what changes no file, or many at once, is taken down here with what it did to which document.
+ * itself; what changes no file, or many at once, is taken down here with what it did to which document. Speaks for the
+ * tables taten, tatposten and uebergangen. Throws Katalogfehler.
  */
 namespace Taten
 {
@@ -22,9 +24,9 @@ struct Tat {
 /** What a deed did to one document. */
 struct Posten {
     qint64 dokument = 0;
-    QString altStatus;
-    QString neuStatus;
-    qint64 protokollId = 0; ///< the movement; 0 when only the status changed
+    Status altStatus = Status::Unbekannt;
+    Status neuStatus = Status::Unbekannt; ///< of a movement: unknown, its record says more
+    qint64 protokollId = 0;               ///< the movement; 0 when only the status changed
 };
 
 /** Begins a deed of many movements; each joins it as it is recorded. Throws Fehler. */
@@ -33,11 +35,10 @@ struct Posten {
 void eintragen(Datenbank &db, qint64 tat, const Posten &posten);
 
 /** Changes the status of one document, all or nothing; none when its status is no longer @p alt. Throws Fehler. */
-[[nodiscard]] std::optional<Tat> statusWechseln(Datenbank &db, const QString &art, qint64 dokument, const QString &alt,
-                                                const QString &neu);
+[[nodiscard]] std::optional<Tat> statusWechseln(Datenbank &db, const QString &art, qint64 dokument, Status alt,
+                                                Status neu);
 /** Changes the status of all documents that have @p alt and are not excluded; none when there are none. */
-[[nodiscard]] std::optional<Tat> alleWechseln(Datenbank &db, const QString &art, const QString &alt,
-                                              const QString &neu);
+[[nodiscard]] std::optional<Tat> alleWechseln(Datenbank &db, const QString &art, Status alt, Status neu);
 
 /** Goes through the deeds that last, newest first. */
 class Folge
@@ -52,12 +53,9 @@ private:
     std::optional<qint64> m_vorBewegung;
 };
 
-/** The newest movement that lasts, before that with @p vor; none if there is none. */
-[[nodiscard]] std::optional<qint64> letzteBewegung(Datenbank &db, std::optional<qint64> vor = {});
-
 /** What of a deed still stands as it has left it; empty when all of it was taken back on other ways. */
 [[nodiscard]] QList<Posten> offene(Datenbank &db, const Tat &tat);
-/** Nothing of a deed of many stands any more. False where the catalogue could not be asked. */
+/** Nothing of a deed of many stands any more. */
 [[nodiscard]] bool istErledigt(Datenbank &db, const Tat &tat);
 
 /** Takes changes of the status back. Throws Fehler. */

@@ -11,12 +11,12 @@ class QLineEdit;
 class Zustand;
 
 /** The fields of the proposal. What is typed goes to the state object at every keystroke. */
-class Angaben : public Pruefabschnitt
+class Angabenfeld : public Pruefabschnitt
 {
     Q_OBJECT
 
 public:
-    explicit Angaben(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Angabenfeld(Zustand *zustand, QWidget *eltern = nullptr);
 
     /** Height that it needs at least when it is not short of height. */
     [[nodiscard]] int volleHoehe() const;

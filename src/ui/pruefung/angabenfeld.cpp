@@ -1,4 +1,4 @@
-#include "angaben.h"
+#include "angabenfeld.h"
 
 #include "einordnung.h"
 #include "radsperre.h"
@@ -85,7 +85,7 @@ QString erklaerung()
 }
 } // namespace
 
-Angaben::Angaben(Zustand *zustand, QWidget *eltern)
+Angabenfeld::Angabenfeld(Zustand *zustand, QWidget *eltern)
     : Pruefabschnitt(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_zustand(zustand), m_tag(new QLabel(this))
 {
     m_erklaerung->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -105,8 +105,8 @@ Angaben::Angaben(Zustand *zustand, QWidget *eltern)
     anordnen();
     Stil::folgen(this, [this] { masse(); });
     for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, &Angaben::zeigen);
-    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, &Angaben::festhalten);
+        connect(m_zustand, signal, this, &Angabenfeld::zeigen);
+    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, &Angabenfeld::festhalten);
     connect(m_zustand, &Zustand::aktuellesGeaendert, this, [this] {
         // An open list belongs to the document before.
         for (QComboBox *wahl : std::as_const(m_wahlen))
@@ -116,7 +116,7 @@ Angaben::Angaben(Zustand *zustand, QWidget *eltern)
     erklaerungZeigen();
 }
 
-QStringList Angaben::beschriftungen()
+QStringList Angabenfeld::beschriftungen()
 {
     QStringList liste;
     for (const Feldtext &text : feldtexte())
@@ -124,7 +124,7 @@ QStringList Angaben::beschriftungen()
     return liste;
 }
 
-void Angaben::einrichten(Feld feld, QWidget *eingabe)
+void Angabenfeld::einrichten(Feld feld, QWidget *eingabe)
 {
     eingabe->setObjectName(feldtext(feld).name);
     eingabe->setAccessibleName(::beschriftung(feld));
@@ -136,7 +136,7 @@ void Angaben::einrichten(Feld feld, QWidget *eingabe)
     m_schilder[feld] = schild;
 }
 
-void Angaben::textfeldBauen(Feld feld, int zeichen)
+void Angabenfeld::textfeldBauen(Feld feld, int zeichen)
 {
     auto *eingabe = new QLineEdit(this);
     if (zeichen > 0)
@@ -147,7 +147,7 @@ void Angaben::textfeldBauen(Feld feld, int zeichen)
             [this, feld](const QString &text) { m_zustand->feldSetzen(feld, text); });
 }
 
-void Angaben::wahlBauen(Feld feld)
+void Angabenfeld::wahlBauen(Feld feld)
 {
     auto *wahl = new QComboBox(this);
     wahl->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -161,14 +161,14 @@ void Angaben::wahlBauen(Feld feld)
             [this, feld, wahl](int stelle) { m_zustand->feldSetzen(feld, wahl->itemData(stelle).toString()); });
 }
 
-void Angaben::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
+void Angabenfeld::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
 {
     m_raster->addWidget(m_schilder[feld], zeile, spalte);
     QWidget *eingabe = m_texte.contains(feld) ? static_cast<QWidget *>(m_texte[feld]) : m_wahlen[feld];
     m_raster->addWidget(eingabe, zeile, spalte + 1, 1, breite, ausrichtung);
 }
 
-void Angaben::anordnen()
+void Angabenfeld::anordnen()
 {
     kopfAnordnen(letzteSpalte + 1);
     m_raster->addWidget(m_schilder[Feld::Datum], 2, 0);
@@ -186,7 +186,7 @@ void Angaben::anordnen()
     masse();
 }
 
-void Angaben::masse()
+void Angabenfeld::masse()
 {
     m_raster->setHorizontalSpacing(abstand(12));
     m_raster->setVerticalSpacing(abstand(8));
@@ -202,13 +202,13 @@ void Angaben::masse()
         m_texte[it.key()]->setFixedWidth(fontMetrics().averageCharWidth() * it.value() + abstand(24));
 }
 
-int Angaben::volleHoehe() const
+int Angabenfeld::volleHoehe() const
 {
     const int zeile = std::max(abstand(30), m_texte[Feld::Titel]->sizeHint().height()) + abstand(8);
     return m_titel->sizeHint().height() + m_erklaerung->height() + abstand(10) + int(feldtexte().size()) * zeile;
 }
 
-void Angaben::zeigen()
+void Angabenfeld::zeigen()
 {
     const bool da = m_zustand->aktuelles() != nullptr;
     setEnabled(da);
@@ -219,15 +219,15 @@ void Angaben::zeigen()
 }
 
 /** While the document is being filed nothing can be typed that would be dropped. */
-void Angaben::festhalten()
+void Angabenfeld::festhalten()
 {
     for (QLineEdit *eingabe : std::as_const(m_texte))
         eingabe->setReadOnly(m_zustand->angabenFest());
 }
 
-void Angaben::textZeigen(Feld feld)
+void Angabenfeld::textZeigen(Feld feld)
 {
-    const QString wert = m_zustand->aktuelles() ? feldwert(*m_zustand->aktuelles(), feld) : QString();
+    const QString wert = m_zustand->aktuelles() ? feldwert(m_zustand->aktuelles()->angaben, feld) : QString();
     // Setting it anew would move the cursor and forget what can be undone.
     if (m_texte[feld]->text() != wert)
         m_texte[feld]->setText(wert);
@@ -235,21 +235,22 @@ void Angaben::textZeigen(Feld feld)
         m_texte[feld]->setCursorPosition(0);
 }
 
-void Angaben::wahlenZeigen()
+void Angabenfeld::wahlenZeigen()
 {
     const Dokument *d = m_zustand->aktuelles();
     const auto &profil = m_zustand->aktiv();
     if (!d || !profil)
         return;
-    const Zweig *zweig = profil->zweig(d->zweig);
-    const Ablageart *art = profil->ablageart(d->zweig, d->ablage);
-    wahlZeigen(Feld::Zweig, namen(profil->zweige), d->zweig);
-    wahlZeigen(Feld::Ablage, zweig ? namen(zweig->ablagen) : QStringList(), d->ablage);
-    wahlZeigen(Feld::Rubrik, art ? art->rubriken : QStringList(), d->rubrik);
+    const Ort &ort = d->angaben.ort;
+    const Zweig *zweig = profil->zweig(ort.zweig);
+    const Ablageart *art = profil->ablageart(ort.zweig, ort.ablage);
+    wahlZeigen(Feld::Zweig, namen(profil->zweige), ort.zweig);
+    wahlZeigen(Feld::Ablage, zweig ? namen(zweig->ablagen) : QStringList(), ort.ablage);
+    wahlZeigen(Feld::Rubrik, art ? art->rubriken : QStringList(), ort.rubrik);
 }
 
 /** A value that the structure does not know any more is shown all the same: it is what would be filed. */
-void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &wert)
+void Angabenfeld::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &wert)
 {
     QStringList werte = auswahl;
     QStringList anzeige = auswahl;
@@ -280,10 +281,10 @@ void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &w
     wahl->setAccessibleDescription(rat);
 }
 
-void Angaben::tagZeigen()
+void Angabenfeld::tagZeigen()
 {
     const Dokument *d = m_zustand->aktuelles();
-    const QString datum = d ? d->datum.trimmed() : QString();
+    const QString datum = d ? d->angaben.datum.trimmed() : QString();
     const QString mangel = m_zustand->datumsmangel();
     const bool falsch = !mangel.isEmpty();
     QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
@@ -295,13 +296,13 @@ void Angaben::tagZeigen()
     m_texte[Feld::Datum]->setAccessibleDescription(falsch ? text + u". "_s + hilfe(Feld::Datum) : hilfe(Feld::Datum));
 }
 
-bool Angaben::hatFokus() const
+bool Angabenfeld::hatFokus() const
 {
     const QWidget *fokus = focusWidget();
     return fokus && fokus->hasFocus();
 }
 
-QString Angaben::hilfeImFokus() const
+QString Angabenfeld::hilfeImFokus() const
 {
     for (const Feldtext &text : feldtexte()) {
         const QWidget *eingabe =
@@ -312,13 +313,13 @@ QString Angaben::hilfeImFokus() const
     return {};
 }
 
-void Angaben::erklaerungZeigen()
+void Angabenfeld::erklaerungZeigen()
 {
     const QString hilfe = hilfeImFokus();
     m_erklaerung->setText(hilfe.isEmpty() ? erklaerung() : hilfe);
 }
 
-bool Angaben::eventFilter(QObject *objekt, QEvent *ereignis)
+bool Angabenfeld::eventFilter(QObject *objekt, QEvent *ereignis)
 {
     const bool wahl = qobject_cast<QComboBox *>(objekt) != nullptr;
     // In a choice the letters choose, also those that are keys of the card.

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "fehler.h"
+#include "katalog.h"
 #include "warteschlange.h"
 #include "wert.h"
 
 #include <QVariant>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 
 struct sqlite3;
@@ -14,7 +15,7 @@ struct sqlite3_stmt;
 
 /**
  * A profile's catalogue: one SQLite file, its schema, a query and a statement. All SQL is literal text with "?"
- * placeholders and stands with the code that means it.
+ * placeholders and stands in the classes of the tables; nobody else sees this class from inside.
  *
  * Calls from any thread are served one after the other. Parameters are text, whole numbers, truth values (1 and 0) and
  * floating-point numbers; an absent value and every other type bind NULL.
@@ -47,6 +48,21 @@ public:
      * code, 0 for success, 1 for a faulty statement. A file locked by another program is waited for, up to a minute.
      */
     int ausfuehren(const QString &sql, const QVariantList &parameter = {});
+    /** As abfragen(), but what cannot be asked throws Katalogfehler. */
+    [[nodiscard]] QList<Zeile> lesen(const QString &sql, const QVariantList &parameter = {});
+    /** As durchlaufen(), but what cannot be asked throws Katalogfehler. */
+    void besuchen(const QString &sql, const QVariantList &parameter, const std::function<void(const Zeile &)> &besuch);
+    /** Runs one statement; returns how many rows it has changed. Throws Katalogfehler when it could not. */
+    int schreiben(const QString &sql, const QVariantList &parameter = {});
+
+    // What lesen() has found, for questions of one column.
+    [[nodiscard]] bool gibtEs(const QString &sql, const QVariantList &parameter);
+    /** Column n of the only row. */
+    [[nodiscard]] qint64 zahl(const QString &sql, const QVariantList &parameter = {});
+    /** Column id of the first row, and of all rows. */
+    [[nodiscard]] std::optional<qint64> nummer(const QString &sql, const QVariantList &parameter);
+    [[nodiscard]] QList<qint64> nummern(const QString &sql, const QVariantList &parameter = {});
+
     /** Number of rows that the calling thread's last statement inside a transaction has changed. */
     [[nodiscard]] int geaendert();
 
@@ -72,6 +88,11 @@ private:
     [[nodiscard]] bool istBeschreibbar();
     [[nodiscard]] Anweisung vorbereiten(const QString &sql, const QVariantList &parameter);
     void zurueckgeben(const QString &sql, Anweisung anweisung);
+    /** Steps through; result code, SQLITE_OK when there were no more rows. */
+    [[nodiscard]] int schritte(const QString &sql, const QVariantList &parameter,
+                               const std::function<void(const Zeile &)> &besuch);
+    void fehlendesErsetzen();
+    [[noreturn]] void scheitern(int code, const QString &satz);
     [[nodiscard]] int einmal(const QString &sql, const QVariantList &parameter);
     /** Begins a transaction and keeps the queue; @p innere tells that one was already open. */
     [[nodiscard]] int beginnen(bool &innere);

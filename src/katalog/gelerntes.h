@@ -1,0 +1,41 @@
+#pragma once
+
+#include "eintrag.h"
+
+#include <QList>
+#include <optional>
+
+class Datenbank;
+
+/** What was learned, as it is stored: the tables gelernt, namen and uebertragungen. Throws Katalogfehler. */
+class Gelerntes
+{
+public:
+    explicit Gelerntes(Datenbank &db) : m_db(db) {}
+
+    /** Most confirmed first. */
+    [[nodiscard]] QList<Eintrag> zuordnungen() const;
+    [[nodiscard]] std::optional<Eintrag> zuordnung(const QString &schluessel) const;
+    /** Stores it in place of the one with the same key. */
+    void zuordnungSetzen(const Eintrag &eintrag);
+    void zuordnungStreichen(const QString &schluessel);
+
+    /** Most confirmed first. */
+    [[nodiscard]] QList<Gleichung> gleichungen() const;
+    [[nodiscard]] std::optional<Gleichung> gleichung(const QString &von) const;
+    /** Stores it in place of the one with the same key. */
+    void gleichungSetzen(const Gleichung &gleichung);
+    void gleichungStreichen(const QString &von);
+
+    void leeren();
+
+    // Two entries that get one key become one: the newer one's values, the sum of the counts.
+    void zuordnungUmschluesseln(const QString &alt, const QString &neu);
+    void gleichungUmschluesseln(const QString &alt, const QString &neu);
+    /** Something was carried over from an earlier version, once. */
+    [[nodiscard]] bool istUebertragen(const QString &was) const;
+    void uebertragenVermerken(const QString &was);
+
+private:
+    Datenbank &m_db;
+};

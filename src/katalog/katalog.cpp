@@ -1,0 +1,13 @@
+#include "katalog.h"
+
+#include "datenbank.h"
+
+using namespace Qt::StringLiterals;
+
+std::shared_ptr<Datenbank> Katalog::oeffnen(const QString &pfad) { return std::make_shared<Datenbank>(pfad); }
+
+const QString &Katalog::pfad(const Datenbank &db) { return db.pfad(); }
+
+bool Katalog::nurLesen(const Datenbank &db) { return db.nurLesen(); }
+
+void Katalog::kopieren(Datenbank &db, const QString &ziel) { db.schreiben(u"VACUUM INTO ?"_s, {ziel}); }

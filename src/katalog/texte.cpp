@@ -1,0 +1,77 @@
+#include "texte.h"
+
+#include "datenbank.h"
+#include "transaktion.h"
+
+using namespace Qt::StringLiterals;
+
+std::optional<QString> Texte::text(qint64 id) const
+{
+    const QList<Zeile> zeilen = m_db.lesen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {id});
+    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"text"));
+}
+
+QList<qint64> Texte::zuLesende() const
+{
+    return m_db.nummern(
+        u"SELECT id FROM dokumente WHERE text_hash IS NULL AND status IN ('neu','bereit') AND ausgenommen=0\n"
+        "ORDER BY id"_s);
+}
+
+std::optional<QString> Texte::pfadZumLesen(qint64 id) const
+{
+    const QList<Zeile> zeilen = m_db.lesen(u"SELECT pfad FROM dokumente WHERE id=? AND text_hash IS NULL\n"
+                                           "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                                           {id});
+    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"pfad"));
+}
+
+void Texte::speichern(qint64 id, const Gelesenes &g)
+{
+    Transaktion t(m_db);
+    const int geschrieben = m_db.schreiben(u"UPDATE dokumente SET text_hash=?, hat_textebene=?, skizze=? WHERE id=?\n"
+                                           "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                                           {g.textHash, g.textebene, g.skizze, id});
+    if (geschrieben > 0)
+        m_db.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {id, g.text});
+    t.abschliessen();
+}
+
+void Texte::scheitern(qint64 id, const QString &fehler)
+{
+    m_db.schreiben(u"UPDATE dokumente SET text_hash='', fehler=?\n"
+                   "WHERE id=? AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                   {fehler, id});
+}
+
+QString Texte::skizze(qint64 id) const
+{
+    const QList<Zeile> zeilen = m_db.lesen(u"SELECT skizze FROM dokumente WHERE id=?"_s, {id});
+    return zeilen.isEmpty() ? QString() : zeilen.first().text(u"skizze");
+}
+
+void Texte::jedeSkizze(bool neue, const std::function<void(qint64, const QString &)> &besuch) const
+{
+    const QString welche = neue ? u"status='neu'"_s : u"status IN ('bereit','erledigt','zurueckgestellt')"_s;
+    m_db.besuchen(u"SELECT id, skizze FROM dokumente WHERE skizze IS NOT NULL AND ausgenommen=0 AND "_s + welche, {},
+                  [&](const Zeile &z) { besuch(z.ganz(u"id"), z.text(u"skizze")); });
+}
+
+bool Texte::verbinden(qint64 id, qint64 partner, double aehnlichkeit)
+{
+    return m_db.schreiben(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=?\n"
+                          "WHERE id=? AND status='neu' AND aehnlich_zu IS NULL"_s,
+                          {partner, aehnlichkeit, id}) > 0;
+}
+
+bool Texte::istVerbunden(qint64 id, qint64 partner) const
+{
+    return m_db.gibtEs(u"SELECT 1 FROM dokumente WHERE id=? AND aehnlich_zu=?"_s, {id, partner});
+}
+
+void Texte::jedesOffene(const std::function<void(const Dokument &, const QString &)> &besuch) const
+{
+    m_db.besuchen(u"SELECT d.*, t.text FROM dokumente d JOIN texte t ON t.dokument_id = d.id\n"
+                  "WHERE d.status IN ('bereit','zurueckgestellt') AND d.ausgenommen=0"_s,
+                  {}, [&](const Zeile &z) { besuch(Dokument::aus(z), z.text(u"text")); });
+}

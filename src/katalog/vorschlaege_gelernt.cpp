@@ -1,0 +1,71 @@
+// The part of Vorschlaege by which rules and the learning memory change what waits.
+#include "vorschlaege.h"
+
+#include "datenbank.h"
+#include "transaktion.h"
+
+using namespace Qt::StringLiterals;
+
+bool Vorschlaege::istOffenMit(qint64 id, const QString &gegenueber) const
+{
+    return m_db.gibtEs(u"SELECT 1 FROM dokumente WHERE id=? AND gegenueber=? AND ausgenommen=0\n"
+                       "AND status IN ('bereit','zurueckgestellt')"_s,
+                       {id, gegenueber});
+}
+
+void Vorschlaege::gegenueberSetzen(qint64 id, const QString &gegenueber, const std::optional<double> &konfidenz)
+{
+    Transaktion t(m_db);
+    m_db.schreiben(u"UPDATE dokumente SET gegenueber=? WHERE id=?"_s, {gegenueber, id});
+    if (konfidenz)
+        m_db.schreiben(u"UPDATE dokumente SET konfidenz=? WHERE id=?"_s, {*konfidenz, id});
+    t.abschliessen();
+}
+
+void Vorschlaege::rubrikBerichtigen(qint64 id, const QString &alt, const QString &neu, double konfidenz)
+{
+    m_db.schreiben(u"UPDATE dokumente SET rubrik=?, konfidenz=? WHERE id=? AND rubrik=? AND ausgenommen=0\n"
+                   "AND status IN ('bereit','zurueckgestellt')"_s,
+                   {neu, konfidenz, id, alt});
+}
+
+QStringList Vorschlaege::wartendeGegenueber() const
+{
+    QStringList namen;
+    m_db.besuchen(u"SELECT DISTINCT gegenueber FROM dokumente\n"
+                  "WHERE status='bereit' AND ausgenommen=0 AND gegenueber <> ''"_s,
+                  {}, [&](const Zeile &z) { namen << z.text(u"gegenueber"); });
+    return namen;
+}
+
+QList<Vorschlaege::Wartendes> Vorschlaege::wartendeVon(const QString &gegenueber) const
+{
+    QList<Wartendes> liste;
+    m_db.besuchen(u"SELECT id, zweig, ablage, rubrik, text_hash FROM dokumente\n"
+                  "WHERE status='bereit' AND ausgenommen=0 AND gegenueber=?"_s,
+                  {gegenueber}, [&](const Zeile &z) {
+                      liste << Wartendes{
+                          .id = z.ganz(u"id"),
+                          .ort = {.zweig = z.text(u"zweig"), .ablage = z.text(u"ablage"), .rubrik = z.text(u"rubrik")},
+                          .textHash = z.text(u"text_hash")};
+                  });
+    return liste;
+}
+
+void Vorschlaege::gelerntSetzen(qint64 id, const QString &gegenueber, const Ort &ort, const QString &schluessel)
+{
+    m_db.schreiben(u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
+                   "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
+                   {gegenueber, ort.zweig, ort.ablage, ort.rubrik, schluessel, id});
+}
+
+void Vorschlaege::gelerntenNamenSetzen(qint64 id, const QString &gegenueber, const QString &schluessel)
+{
+    m_db.schreiben(u"UPDATE dokumente SET gegenueber=?, ort_quelle='gelernt', gelernt_von=?\nWHERE id=?"_s,
+                   {gegenueber, schluessel, id});
+}
+
+void Vorschlaege::umschluesseln(const QString &alt, const QString &neu)
+{
+    m_db.schreiben(u"UPDATE dokumente SET gelernt_von=? WHERE gelernt_von=?"_s, {neu, alt});
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+/** A place in the filing tree; levels that are not known are empty. */
+struct Ort {
+    QString zweig;
+    QString ablage;
+    QString rubrik;
+    bool operator==(const Ort &) const = default;
+};
