@@ -5,6 +5,7 @@
 #include "dateiverwaltung.h"
 #include "diagnose.h"
 #include "elidiertext.h"
+#include "fehlersatz.h"
 #include "fenstersprache.h"
 #include "flachknopf.h"
 #include "hintergrund.h"
@@ -319,7 +320,8 @@ void Infofenster::angabenKopieren(Flachknopf *knopf)
 {
     knopf->setEnabled(false);
     imHintergrund(knopf, Diagnose::zeilen, [knopf](const Ausgang<QStringList> &zeilen) {
-        QGuiApplication::clipboard()->setText(zeilen.wert.value_or(QStringList{zeilen.fehler}).join(u'\n') + u'\n');
+        QGuiApplication::clipboard()->setText(zeilen.wert.value_or(QStringList{fehlersatz(zeilen.fehler)}).join(u'\n') +
+                                              u'\n');
         knopf->setEnabled(true);
         knopf->setzeHilfe(Sprache::text(u"Kopiert"_s), knopf->toolTip());
         knopf->updateGeometry();

@@ -3,6 +3,7 @@
 #include "analyse.h"
 #include "datenbank.h"
 #include "einstellungen.h"
+#include "fehlersatz.h"
 #include "hintergrund.h"
 #include "oeffnung.h"
 #include "profilsicherung.h"
@@ -42,8 +43,8 @@ Zustand::Waehler Zustand::ordnerwaehler;
 Zustand::Waehler Zustand::protokollwaehler;
 
 Zustand::Zustand(QObject *vater)
-    : QObject(vater), m_sicherung(new Profilsicherung(this)), m_briefe(std::make_shared<Briefkasten>(this)),
-      m_ladebriefe(std::make_shared<Briefkasten>(this)), m_teilung(gespeicherteTeilung())
+    : QObject(vater), m_sicherung(new Profilsicherung(this)), m_briefe(Briefkasten::fuer(this)),
+      m_ladebriefe(Briefkasten::fuer(this)), m_teilung(gespeicherteTeilung())
 {
     const Profilspeicher::Gefunden gefunden = Profilspeicher::lesen();
     m_profile = gefunden.profile;
@@ -64,8 +65,6 @@ Zustand::Zustand(QObject *vater)
 
 Zustand::~Zustand()
 {
-    m_briefe->schliessen();
-    m_ladebriefe->schliessen();
     m_halt.request_stop();
     m_ladeende.request_stop();
     m_zaehlende.request_stop();
@@ -120,8 +119,8 @@ void Zustand::oeffnen(const Profil &profil)
             if (ausgang.wert) {
                 geoeffnet(profil.id, *ausgang.wert);
             } else {
-                m_katalogfehler = m_db ? QString() : ausgang.fehler; // else the former one stays in use
-                melden(ausgang.fehler);
+                m_katalogfehler = m_db ? QString() : fehlersatz(ausgang.fehler); // else the former one stays in use
+                melden(fehlersatz(ausgang.fehler));
             }
             Q_EMIT oeffnetGeaendert();
         });
@@ -294,7 +293,7 @@ void Zustand::ausnahmenAnwenden()
             if (nummer != m_oeffnung)
                 return;
             if (!ausgang.wert)
-                melden(ausgang.fehler);
+                melden(fehlersatz(ausgang.fehler));
             else if (!ausgang.wert->isEmpty())
                 melden(ausgang.wert->join(u", "_s), Ton::gut);
             aktualisieren();

@@ -1,3 +1,4 @@
+#include "fehlersatz.h"
 #include "hintergrund.h"
 #include "lernspeicher.h"
 #include "ollama.h"
@@ -84,7 +85,8 @@ void Zustand::ladenBeginnen(const QString &modell)
     const auto menge = std::make_shared<std::pair<qint64, qint64>>();
     const auto melder = [this, briefe = m_ladebriefe, menge](const QString &text) {
         // Each part has its line, however fast it went; of one part the newest is enough.
-        briefe->einwerfen([this, text, m = *menge] { ladenMelden(text, m.first, m.second); }, text.section(u' ', 0, 1));
+        briefe->fortschreiben([this, text, m = *menge] { ladenMelden(text, m.first, m.second); },
+                              text.section(u' ', 0, 1));
     };
     imHintergrund(
         this,
@@ -97,7 +99,8 @@ void Zustand::ladenBeginnen(const QString &modell)
             } catch (const Fehler &) {
                 // Whether the model is there is looked at all the same, and the cause is told with it.
                 ausgang.gescheitert = true;
-                ausgang.fehler = gefuellt(Sprache::text(u"Laden fehlgeschlagen: %@"_s), {Hintergrund::fehlersatz()});
+                ausgang.fehler =
+                    gefuellt(Sprache::text(u"Laden fehlgeschlagen: %@"_s), {fehlersatz(std::current_exception())});
             }
             ausgang.stand = Modellstand::pruefen(gesucht);
             return ausgang;
@@ -176,7 +179,7 @@ void Zustand::lernenAendern(const std::function<void(Lernspeicher &)> &aenderung
             return true;
         },
         [this, erfolg](const Ausgang<bool> &ausgang) {
-            melden(ausgang.wert ? erfolg : ausgang.fehler, ausgang.wert ? Ton::gut : Ton::warnung);
+            melden(ausgang.wert ? erfolg : fehlersatz(ausgang.fehler), ausgang.wert ? Ton::gut : Ton::warnung);
             Q_EMIT gelerntGeaendert();
         });
 }

@@ -1,4 +1,5 @@
 #include "einstellungen.h"
+#include "fehlersatz.h"
 #include "hintergrund.h"
 #include "sprache.h"
 #include "text.h"
@@ -25,7 +26,7 @@ struct Sitzung {
 /** To free a hundred thousand lines takes a while, so it is done elsewhere. */
 void fortgeben(QList<Protokollzeile> zeilen)
 {
-    Q_UNUSED(QtConcurrent::run(&Hintergrund::faeden(), [zeilen = std::move(zeilen)]() mutable { zeilen.clear(); }));
+    Hintergrund::starten([zeilen = std::move(zeilen)]() mutable { zeilen.clear(); });
 }
 } // namespace
 
@@ -121,7 +122,7 @@ void Zustand::protokollZurueckdrehen()
     Q_EMIT rueckbauGeaendert();
     Q_EMIT beschaeftigtGeaendert();
     const auto fortschritt = [this, briefe = m_briefe](qint64 fertig, qint64 gesamt) {
-        briefe->einwerfen([this, fertig, gesamt] {
+        briefe->fortschreiben([this, fertig, gesamt] {
             m_rueckbauAnteil = gesamt > 0 ? double(fertig) / double(gesamt) : 0;
             Q_EMIT rueckbauGeaendert();
         });
@@ -135,7 +136,7 @@ void Zustand::protokollZurueckdrehen()
         [this](const Ausgang<Bilanz> &ausgang) {
             Bilanz bilanz = ausgang.wert.value_or(Bilanz{});
             if (!ausgang.wert)
-                bilanz.fehler << Rueckbaubefund{.stelle = -1, .grund = ausgang.fehler};
+                bilanz.fehler << Rueckbaubefund{.stelle = -1, .grund = fehlersatz(ausgang.fehler)};
             rueckbauFertig(bilanz);
         });
 }

@@ -1,4 +1,5 @@
 #include "einordnung.h"
+#include "fehlersatz.h"
 #include "hintergrund.h"
 #include "profilsicherung.h"
 #include "sprache.h"
@@ -256,7 +257,7 @@ std::function<bool(qint64, qint64)> Zustand::vorgangMelder(const QString &vorgan
     m_halt = {};
     return [this, vorgang, briefe = m_briefe, halt = m_halt.get_token()](qint64 fertig, qint64 gesamt) {
         if (gesamt > 1)
-            briefe->einwerfen([this, vorgang, fertig, gesamt] {
+            briefe->fortschreiben([this, vorgang, fertig, gesamt] {
                 if (m_beschaeftigt)
                     vorgangSetzen(vorgang, double(fertig) / double(gesamt));
             });
@@ -300,8 +301,8 @@ void Zustand::handeln(const Tat &tat, const Wunsch &danach, const QString &vorga
             tatFertig(*ausgang.wert);
         else if (ausgang.wert) // of the profile that was left meanwhile
             melden(ausgang.wert->geschehen.allesGesagte(), ausgang.wert->geschehen.gelungen ? Ton::gut : Ton::warnung);
-        else if (!ausgang.fehler.isEmpty())
-            melden(ausgang.fehler);
+        else if (ausgang.fehler)
+            melden(fehlersatz(ausgang.fehler));
         freigeben();
     });
     if (!vorgang.isEmpty())

@@ -361,10 +361,12 @@ private Q_SLOTS:
                     plattformtaste(zweite);
             };
             zuFrueh.clear();
+            m_b->sql(u"BEGIN IMMEDIATE"_s); // the first one is not done before the second one comes
             plattformtaste(Qt::Key_Return);
             druecken();                                                         // while the first one is being done
             connect(m_z.get(), &Zustand::beschaeftigtGeaendert, this, druecken, // when it is done, before it is painted
                     Qt::SingleShotConnection);
+            m_b->sql(u"COMMIT"_s);
             QTRY_COMPARE(name(), u"b.pdf"_s);
             QCOMPARE(zuFrueh.size(), 2);
             QCOMPARE(tasten(), u"Zu früh: Das nächste Dokument war noch nicht zu sehen."_s);
