@@ -12,6 +12,7 @@
 #include "knopf.h"
 #include "kurzpfad.h"
 #include "pfade.h"
+#include "profilwahl.h"
 #include "programmordner.h"
 #include "sprache.h"
 #include "stil.h"
@@ -47,7 +48,8 @@ struct Ordnerzeile {
 /** Of the active profile; empty if there is none. */
 QString protokollordner(const Zustand &zustand)
 {
-    return zustand.aktiv() ? zustand.aktiv()->protokollURL().value_or(QString()) : QString();
+    return zustand.profilwahl()->aktiv() ? zustand.profilwahl()->aktiv()->protokollURL().value_or(QString())
+                                         : QString();
 }
 
 QList<Ordnerzeile> ordnerzeilen(const Zustand &zustand)
@@ -121,8 +123,8 @@ Infofenster::Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidg
     rahmen->setContentsMargins(0, 0, 0, 0);
     rahmen->setSizeConstraint(QLayout::SetFixedSize);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Infofenster::ergebnisZeigen);
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, [this] {
+    for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, [this] {
             if (m_protokolle != protokollordner(*m_zustand))
                 aufbauen();
         });

@@ -1,6 +1,7 @@
 #include "laufnachricht.h"
 
 #include "analyse.h"
+#include "durchgang.h"
 #include "sprache.h"
 #include "text.h"
 #include "zustand.h"
@@ -40,7 +41,7 @@ QString zahlensatz(const Laufende &ende)
 Laufnachricht::Laufnachricht(Zustand *zustand, QWidget *fenster, std::chrono::milliseconds ab)
     : QObject(fenster), m_zustand(zustand), m_fenster(fenster), m_ab(ab)
 {
-    connect(m_zustand, &Zustand::laufBeendet, this, &Laufnachricht::melden);
+    connect(m_zustand->durchgang(), &Durchgang::laufBeendet, this, &Laufnachricht::melden);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &Laufnachricht::zuruecknehmen);
     // Without the name of the service: to look after its owner the bus would have to be asked, and waited for.
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -50,7 +51,7 @@ Laufnachricht::Laufnachricht(Zustand *zustand, QWidget *fenster, std::chrono::mi
 
 void Laufnachricht::melden()
 {
-    const Laufende &ende = m_zustand->laufende();
+    const Laufende &ende = m_zustand->durchgang()->laufende();
     if (ende.dauer < m_ab || QGuiApplication::applicationState() == Qt::ApplicationActive)
         return;
     QApplication::alert(m_fenster);

@@ -2,6 +2,7 @@
 
 #include "hinweisfeld.h"
 #include "knopf.h"
+#include "modelldienst.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -53,10 +54,10 @@ Startfrage::Startfrage(Zustand *zustand, QWidget *eltern)
 void Startfrage::fragen()
 {
     delete m_hinweis;
-    const QString wie = abhilfe(m_zustand->modellstand().art);
+    const QString wie = abhilfe(m_zustand->modelldienst()->modellstand().art);
     m_hinweis =
         new Hinweisfeld(true, u"exclamationmark.triangle"_s,
-                        m_zustand->modellMeldung() + u". "_s +
+                        m_zustand->modelldienst()->modellMeldung() + u". "_s +
                             Sprache::text(u"So werden die Texte gelesen, aber nichts wird eingeordnet."_s) + u' ' + wie,
                         {}, this);
     m_spalte->insertWidget(0, m_hinweis);

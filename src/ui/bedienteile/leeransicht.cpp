@@ -2,6 +2,7 @@
 
 #include "knopf.h"
 #include "kurzpfad.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -77,12 +78,12 @@ QString katalogfehlersatz(const Zustand &zustand)
     return gefuellt(Sprache::text(u"%@\n%@\nSchließe andere Programme, die ihn benutzen, und versuche es noch einmal. "
                                   "Ist er beschädigt, lege die Datei beiseite: Dann beginnt ein neuer Katalog. Deine "
                                   "Dokumente bleiben, wo sie sind."_s),
-                    {kurzpfad(zustand.katalogdatei()), zustand.katalogfehler()});
+                    {kurzpfad(zustand.profilwahl()->katalogdatei()), zustand.profilwahl()->katalogfehler()});
 }
 
 void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Zustand &zustand)
 {
-    if (zustand.katalogfehler().isEmpty())
+    if (zustand.profilwahl()->katalogfehler().isEmpty())
         setzen(symbol, Sprache::text(u"Noch kein Profil"_s),
                Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s), Sprache::text(u"Zur Einrichtung"_s));
     else
@@ -92,10 +93,10 @@ void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Zustand &zustan
 
 void Leeransicht::ohneKatalogWeiter(Zustand &zustand)
 {
-    if (zustand.katalogfehler().isEmpty())
+    if (zustand.profilwahl()->katalogfehler().isEmpty())
         zustand.setzeReiter(Reiter::einrichtung);
     else
-        zustand.erneutOeffnen();
+        zustand.profilwahl()->erneutOeffnen();
 }
 
 void Leeransicht::setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf)

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "zustand.h"
+#include "meldestelle.h"
 
 #include <QWidget>
 
 class Elidiertext;
 class Flachknopf;
+class Zustand;
+
 /** The mark of @p ton; empty for none. */
-[[nodiscard]] QString tonzeichen(Zustand::Ton ton);
+[[nodiscard]] QString tonzeichen(Meldestelle::Ton ton);
 
 /** What was done last and what is to be said, at one fixed place; at its end what takes it back. */
 class Meldungszeile : public QWidget

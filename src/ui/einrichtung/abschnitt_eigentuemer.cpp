@@ -1,5 +1,6 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "marktext.h"
 #include "sprache.h"
 #include "stil.h"
@@ -95,7 +96,7 @@ private:
         reihe(beschriftung, hilfe, eingabe, daneben(eingabe, rubrikzeichen, text));
         folgen([this, text, feld, hilfe] {
             const QString &wert = profil().*feld;
-            const bool fehlt = !profil().zweige.isEmpty() && !zustand()->kenntRubrik(wert);
+            const bool fehlt = !profil().zweige.isEmpty() && !zustand()->einrichtung()->kenntRubrik(wert);
             text->setzen(fehlt ? u"info.circle"_s : QString(),
                          fehlt ? Sprache::text(u"Gibt es in deiner Struktur nicht. Dann wird nicht unterschieden."_s)
                                : hilfe);

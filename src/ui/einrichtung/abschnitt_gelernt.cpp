@@ -1,7 +1,9 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "lerntabelle.h"
 #include "marktext.h"
+#include "profilwahl.h"
 #include "rueckfrage.h"
 #include "sprache.h"
 #include "stil.h"
@@ -33,8 +35,8 @@ public:
         gleichungenBauen();
         vergessenBauen();
         abschliessen();
-        connect(zustand, &Zustand::gelerntGelesen, this, [this] { zeigen(); });
-        connect(zustand, &Zustand::aktivGeaendert, this, [this] { zeigen(); });
+        connect(zustand->einrichtung(), &Einrichtung::gelerntGelesen, this, [this] { zeigen(); });
+        connect(zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, [this] { zeigen(); });
         zeigen();
     }
 
@@ -46,7 +48,7 @@ private:
         QPushButton *vergessen = nullptr;
     };
 
-    [[nodiscard]] const Gelerntes &gelerntes() const { return zustand()->einrichtung().gelerntes; }
+    [[nodiscard]] const Gelerntes &gelerntes() const { return zustand()->einrichtung()->stand().gelerntes; }
 
     Liste listeBauen(const QString &name, const QString &beschriftung, const QStringList &spalten,
                      const Lerntabelle::Inhalt &inhalt)
@@ -95,7 +97,7 @@ private:
         connect(m_zuordnungen.vergessen, &QPushButton::clicked, this, [this] {
             const int zeile = m_zuordnungen.ansicht->currentIndex().row();
             if (zeile >= 0)
-                zustand()->gelerntVergessen(gelerntes().zuordnungen.value(zeile).schluessel);
+                zustand()->einrichtung()->gelerntVergessen(gelerntes().zuordnungen.value(zeile).schluessel);
         });
     }
 
@@ -111,7 +113,7 @@ private:
         connect(m_gleichungen.vergessen, &QPushButton::clicked, this, [this] {
             const int zeile = m_gleichungen.ansicht->currentIndex().row();
             if (zeile >= 0)
-                zustand()->gleichungVergessen(gelerntes().gleichungen.value(zeile).von);
+                zustand()->einrichtung()->gleichungVergessen(gelerntes().gleichungen.value(zeile).von);
         });
     }
 
@@ -138,7 +140,7 @@ private:
         connect(m_frage, &Rueckfrage::abgebrochen, this, [this] { frageSchliessen(); });
         connect(m_frage, &Rueckfrage::bestaetigt, this, [this] {
             frageSchliessen();
-            zustand()->allesVergessen();
+            zustand()->einrichtung()->allesVergessen();
         });
     }
 

@@ -1,6 +1,9 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "marktext.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -34,7 +37,7 @@ public:
         ordnerBauen();
         ausnahmenBauen();
         abschliessen();
-        connect(zustand, &Zustand::zaehlwerkGeaendert, this, [this] { ruhendeZeigen(); });
+        connect(zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, [this] { ruhendeZeigen(); });
         folgen([this] { zeigen(); });
     }
 
@@ -98,9 +101,10 @@ private:
         connect(m_dazu, &QPushButton::clicked, this, [this] { hinzufuegen(); });
         connect(m_neue, &QLineEdit::returnPressed, this, [this] { hinzufuegen(); });
         connect(m_neue, &QLineEdit::textEdited, this, [this] { beschweren({}); });
-        connect(ordner, &QPushButton::clicked, this, [this] { beschweren(this->zustand()->ausnahmeWaehlen()); });
+        connect(ordner, &QPushButton::clicked, this,
+                [this] { beschweren(this->zustand()->einrichtung()->ausnahmeWaehlen()); });
         // What was typed for one profile is not meant for another.
-        connect(this->zustand(), &Zustand::aktivGeaendert, m_neue, [this] {
+        connect(this->zustand()->profilwahl(), &Profilwahl::aktivGeaendert, m_neue, [this] {
             m_neue->clear();
             beschweren({});
         });
@@ -149,7 +153,7 @@ private:
 
     void hinzufuegen()
     {
-        const QString satz = zustand()->ausnahmeAufnehmen(m_neue->text());
+        const QString satz = zustand()->einrichtung()->ausnahmeAufnehmen(m_neue->text());
         beschweren(satz);
         if (satz.isEmpty())
             m_neue->clear();
@@ -158,7 +162,7 @@ private:
     void entfernen()
     {
         if (m_liste->currentIndex().isValid())
-            zustand()->ausnahmeEntfernen(m_liste->currentIndex().data().toString());
+            zustand()->einrichtung()->ausnahmeEntfernen(m_liste->currentIndex().data().toString());
     }
 
     void beschweren(const QString &satz)
@@ -181,8 +185,8 @@ private:
 
     void fundZeigen()
     {
-        const auto &bereit = zustand()->bereitschaft();
-        const auto &quelle = zustand()->einrichtung().quelle;
+        const auto &bereit = zustand()->profilwahl()->bereitschaft();
+        const auto &quelle = zustand()->einrichtung()->stand().quelle;
         if (profil().quelle.isEmpty())
             return m_fund->erklaeren(Sprache::text(u"Noch nicht gewählt. Hier liegen die Scans, die einen Namen "
                                                    "brauchen."_s));
@@ -207,8 +211,8 @@ private:
     /** While the folder is counted anew the last list stays. */
     void ausgelasseneZeigen()
     {
-        const auto &quelle = zustand()->einrichtung().quelle;
-        if (!quelle && zustand()->einrichtung().zaehlt)
+        const auto &quelle = zustand()->einrichtung()->stand().quelle;
+        if (!quelle && zustand()->einrichtung()->stand().zaehlt)
             return;
         const QStringList liste = quelle ? quelle->ausgenommene : QStringList();
         m_ausgelassene->setVisible(!liste.isEmpty());
@@ -219,7 +223,7 @@ private:
 
     void ruhendeZeigen()
     {
-        const qint64 anzahl = zustand()->ausgenommen();
+        const qint64 anzahl = zustand()->pruefung()->ausgenommen();
         if (anzahl == 0)
             m_ruhende->erklaeren(Sprache::text(u"Derzeit ruht kein Dokument wegen einer Ausnahme."_s));
         else

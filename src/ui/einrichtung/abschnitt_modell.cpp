@@ -1,8 +1,10 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
 #include "balken.h"
+#include "einrichtung.h"
 #include "flachknopf.h"
 #include "marktext.h"
+#include "modelldienst.h"
 #include "ollama.h"
 #include "sprache.h"
 #include "stil.h"
@@ -55,7 +57,7 @@ public:
                               Sprache::text(u"Prüft nach, wo sich das Sprachmodell nicht sicher war."_s));
         leseteilBauen();
         abschliessen();
-        connect(zustand, &Zustand::modellGeaendert, this, [this] { zeigen(); });
+        connect(zustand->modelldienst(), &Modelldienst::modellGeaendert, this, [this] { zeigen(); });
         folgen([this] { zeigen(); });
     }
 
@@ -73,7 +75,7 @@ private:
         m_server->setObjectName(u"modellstand"_s);
         Flachknopf *pruefen = flachknopf(u"modellPruefen"_s, Sprache::text(u"Erneut prüfen"_s),
                                          Sprache::text(u"Fragt den Modellserver noch einmal"_s), u"reload"_s);
-        connect(pruefen, &QToolButton::clicked, zustand(), &Zustand::modellPruefen);
+        connect(pruefen, &QToolButton::clicked, zustand()->modelldienst(), &Modelldienst::modellPruefen);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
         waagrecht->setContentsMargins(0, 0, 0, 0);
@@ -97,11 +99,12 @@ private:
         w.laden = knopf(name + u"-laden"_s, Sprache::text(u"Modell laden"_s),
                         Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s));
         w.laden->setAccessibleName(beschriftung + u": "_s + w.laden->text());
-        connect(w.laden, &QPushButton::clicked, zustand(),
-                feld == &Profil::modell ? &Zustand::modellLaden : &Zustand::modellGrossLaden);
+        connect(w.laden, &QPushButton::clicked, zustand()->modelldienst(),
+                feld == &Profil::modell ? &Modelldienst::modellLaden : &Modelldienst::modellGrossLaden);
         const auto setzen = [this, feld, wahl = w.wahl] {
             const QString text = wahl->currentText().trimmed();
-            if (!zustand()->modellstand().rechnetAnderswo(text) && (!text.isEmpty() || feld != &Profil::modell))
+            if (!zustand()->modelldienst()->modellstand().rechnetAnderswo(text) &&
+                (!text.isEmpty() || feld != &Profil::modell))
                 aendern([&](Profil &p) { p.*feld = text; });
             zeigen();
         };
@@ -125,7 +128,7 @@ private:
         m_balken = new Balken(0, m_ladeteil);
         Flachknopf *abbrechen = flachknopf(u"modellLadenAbbrechen"_s, Sprache::text(u"Abbrechen"_s),
                                            Sprache::text(u"Was schon da ist, bleibt für das nächste Mal"_s), u"stop"_s);
-        connect(abbrechen, &QToolButton::clicked, zustand(), &Zustand::modellLadenAbbrechen);
+        connect(abbrechen, &QToolButton::clicked, zustand()->modelldienst(), &Modelldienst::modellLadenAbbrechen);
         zeile->addWidget(m_balken, 1);
         zeile->addWidget(abbrechen);
         m_menge = new Marktext(m_ladeteil);
@@ -174,7 +177,7 @@ private:
 
     void zeigen()
     {
-        const Modellstand &stand = zustand()->modellstand();
+        const Modellstand &stand = zustand()->modelldienst()->modellstand();
         serverZeigen(stand.art);
         modellZeigen(m_klein);
         modellZeigen(m_gross);
@@ -221,7 +224,7 @@ private:
 
     void modellZeigen(const Modellwahl &w)
     {
-        const Modellstand &stand = zustand()->modellstand();
+        const Modellstand &stand = zustand()->modelldienst()->modellstand();
         const QString &gewaehlt = profil().*w.feld;
         wahlZeigen(w, stand, gewaehlt);
         const bool anderswo = stand.rechnetAnderswo(w.wahl->currentText());
@@ -314,7 +317,7 @@ private:
     {
         const double anteil = platzImModell(profil());
         const QString prozent = QString::number(qRound(anteil * 100));
-        const QString rubriken = QString::number(zustand()->einrichtung().zahlen.rubriken);
+        const QString rubriken = QString::number(zustand()->einrichtung()->stand().zahlen.rubriken);
         if (anteil > 1)
             m_platz->setzen(u"exclamationmark.triangle"_s,
                             gefuellt(Sprache::text(u"Braucht mit Rubriken: %@ etwa %@ Prozent dessen, was das Modell "

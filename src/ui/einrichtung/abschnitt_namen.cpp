@@ -1,6 +1,7 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
 #include "baustein.h"
+#include "einrichtung.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
 #include "flussreihe.h"
@@ -8,6 +9,7 @@
 #include "sprache.h"
 #include "stil.h"
 #include "umbruchtext.h"
+#include "vorlagenmangel.h"
 #include "zustand.h"
 
 #include <QHBoxLayout>
@@ -123,7 +125,7 @@ private:
         m_dokument->setObjectName(u"beispiel-dokument"_s);
         m_anderes = flachknopf(u"anderesBeispiel"_s, Sprache::text(u"Anderes Dokument"_s),
                                Sprache::text(u"Zeigt das Beispiel am nächsten wartenden Dokument"_s), u"reload"_s);
-        connect(m_anderes, &QToolButton::clicked, zustand(), &Zustand::anderesBeispiel);
+        connect(m_anderes, &QToolButton::clicked, zustand()->einrichtung(), &Einrichtung::anderesBeispiel);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
         waagrecht->setContentsMargins(0, 0, 0, 0);
@@ -150,7 +152,7 @@ private:
 
     void beispielZeigen()
     {
-        const Beispiel b = zustand()->beispiel();
+        const Beispiel b = zustand()->einrichtung()->beispiel();
         m_erklaerung->erklaeren(b.echt ? Sprache::text(u"An einem Dokument, das auf deine Prüfung wartet. Rechnet sich "
                                                        "mit jedem Tastendruck neu."_s)
                                        : Sprache::text(u"Noch wartet kein Dokument, deshalb an einem erfundenen. "

@@ -1,5 +1,6 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "fenstersprache.h"
 #include "marktext.h"
 #include "schriftgroesse.h"
@@ -118,8 +119,8 @@ private:
         waagrecht->addWidget(oeffnen);
         waagrecht->addStretch(1);
         darunter(zeile);
-        connect(oeffnen, &QPushButton::clicked, zustand(), &Zustand::spracheVorbereiten);
-        connect(zustand(), &Zustand::spracheVorbereitet, this,
+        connect(oeffnen, &QPushButton::clicked, zustand()->einrichtung(), &Einrichtung::spracheVorbereiten);
+        connect(zustand()->einrichtung(), &Einrichtung::spracheVorbereitet, this,
                 [](const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); });
     }
 

@@ -1,7 +1,9 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "flachknopf.h"
 #include "marktext.h"
+#include "modelldienst.h"
 #include "ocrsprachen.h"
 #include "sprache.h"
 #include "stil.h"
@@ -32,8 +34,8 @@ public:
         Flachknopf *pruefen = flachknopf(u"programmePruefen"_s, Sprache::text(u"Erneut prüfen"_s),
                                          Sprache::text(u"Sieht noch einmal nach, was installiert ist"_s), u"reload"_s);
         connect(pruefen, &QToolButton::clicked, zustand, [zustand] {
-            zustand->einrichtungPruefen();
-            zustand->modellPruefen();
+            zustand->einrichtung()->einrichtungPruefen();
+            zustand->modelldienst()->modellPruefen();
         });
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
@@ -44,7 +46,7 @@ public:
         spracheBauen();
         serverBauen();
         abschliessen();
-        connect(zustand, &Zustand::modellGeaendert, this, [this] { serverZeigen(); });
+        connect(zustand->modelldienst(), &Modelldienst::modellGeaendert, this, [this] { serverZeigen(); });
         folgen([this] { zeigen(); });
     }
 
@@ -98,7 +100,7 @@ private:
 
     void zeigen()
     {
-        const auto &programme = zustand()->einrichtung().programme;
+        const auto &programme = zustand()->einrichtung()->stand().programme;
         for (int i = 0; i < m_werkzeuge.size(); ++i) {
             if (programme)
                 werkzeugZeigen(*m_werkzeuge.at(i), programme->werkzeuge.at(i));
@@ -130,7 +132,7 @@ private:
                 m_sprache->addItem(Ocrsprachen::name(code), code);
         }
         m_sprache->setCurrentIndex(int(auswahl.indexOf(profil().ocrSprache)));
-        const auto &programme = zustand()->einrichtung().programme;
+        const auto &programme = zustand()->einrichtung()->stand().programme;
         if (!programme || installierte.isEmpty())
             return m_sprachstand->erklaeren(Sprache::text(u"Noch keine Sprachen gefunden."_s));
         if (programme->kann(profil().ocrSprache))
@@ -144,18 +146,18 @@ private:
 
     void serverZeigen()
     {
-        switch (zustand()->modellstand().art) {
+        switch (zustand()->modelldienst()->modellstand().art) {
         case Modellstand::Art::unbekannt:
             m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
             return m_rat->erklaeren({});
         case Modellstand::Art::serverFehlt:
-            m_server->setzen(u"exclamationmark.triangle"_s, zustand()->modellMeldung());
+            m_server->setzen(u"exclamationmark.triangle"_s, zustand()->modelldienst()->modellMeldung());
             return m_rat->erklaeren(
                 Sprache::text(u"Starte ihn mit „ollama serve“. Fehlt er ganz, installiere das Programm ollama und "
                               "prüfe dann erneut."_s));
         default:
             m_server->setzen(u"checkmark.circle"_s, Sprache::text(u"Der Modellserver läuft."_s));
-            m_rat->erklaeren(zustand()->modellMeldung());
+            m_rat->erklaeren(zustand()->modelldienst()->modellMeldung());
         }
     }
 

@@ -1,6 +1,8 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "marktext.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
 #include "strukturmodell.h"
@@ -37,19 +39,19 @@ public:
         ordnerBauen();
         betriebsartBauen();
         strukturBauen();
-        connect(zustand, &Zustand::strukturGeaendert, this, [this] {
-            m_modell->setzen(this->zustand()->einrichtung().struktur);
+        connect(zustand->einrichtung(), &Einrichtung::strukturGeaendert, this, [this] {
+            m_modell->setzen(this->zustand()->einrichtung()->stand().struktur);
             m_baum->expandAll();
             zahlenZeigen();
         });
-        m_modell->setzen(zustand->einrichtung().struktur);
+        m_modell->setzen(zustand->einrichtung()->stand().struktur);
         m_baum->expandAll();
         folgen([this] { zeigen(); });
     }
 
     [[nodiscard]] QString fussnote() const override
     {
-        const Strukturzahlen &z = zustand()->einrichtung().zahlen;
+        const Strukturzahlen &z = zustand()->einrichtung()->stand().zahlen;
         return z.neu > 0 || z.entfallen > 0
                    ? Sprache::text(u"Die Änderungen der Struktur gelten ab dem nächsten Durchgang."_s)
                    : QString();
@@ -116,7 +118,8 @@ private:
             knopf->setMinimumHeight(abstand(30));
             paar->setSpacing(abstand(8));
         });
-        connect(knopf, &QRadioButton::clicked, this, [this, kopieren] { zustand()->kopierenSetzen(kopieren); });
+        connect(knopf, &QRadioButton::clicked, this,
+                [this, kopieren] { zustand()->profilwahl()->kopierenSetzen(kopieren); });
         return knopf;
     }
 
@@ -127,7 +130,7 @@ private:
         m_einlesen =
             knopf(u"strukturEinlesen"_s, Sprache::text(u"Struktur einlesen"_s),
                   Sprache::text(u"Liest die Ordner unter dem Zielordner. Verändert wird dort nichts."_s), u"reload"_s);
-        connect(m_einlesen, &QPushButton::clicked, zustand(), &Zustand::strukturEinlesen);
+        connect(m_einlesen, &QPushButton::clicked, zustand()->einrichtung(), &Einrichtung::strukturEinlesen);
         titel(Sprache::text(u"Struktur"_s), m_zahlen, m_einlesen);
         m_modell = new Strukturmodell(this);
         m_baum = new QTreeView(this);
@@ -158,7 +161,7 @@ private:
     {
         m_verschieben->setChecked(!profil().kopieren);
         m_kopieren->setChecked(profil().kopieren);
-        const auto &bereit = zustand()->bereitschaft();
+        const auto &bereit = zustand()->profilwahl()->bereitschaft();
         const bool da = bereit && bereit->ziel;
         if (profil().zielWurzel.isEmpty())
             m_wurzelstand->erklaeren(Sprache::text(u"Noch nicht gewählt. Hierhin wandern die Dokumente, die du "
@@ -171,13 +174,13 @@ private:
                 Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
         else
             m_wurzelstand->setzen(u"checkmark.circle"_s, Sprache::text(u"Ordner gefunden."_s));
-        m_einlesen->setEnabled(!profil().zielWurzel.isEmpty() && !zustand()->einrichtung().liestStruktur);
+        m_einlesen->setEnabled(!profil().zielWurzel.isEmpty() && !zustand()->einrichtung()->stand().liestStruktur);
         zahlenZeigen();
     }
 
     void zahlenZeigen()
     {
-        const Einrichtungsstand &e = zustand()->einrichtung();
+        const Einrichtungsstand &e = zustand()->einrichtung()->stand();
         const Strukturzahlen &z = e.zahlen;
         if (e.liestStruktur)
             return m_zahlen->setzen(u"circle.running"_s, Sprache::text(u"Ordner werden gelesen …"_s));

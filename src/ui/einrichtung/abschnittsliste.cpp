@@ -1,5 +1,9 @@
 #include "abschnittsliste.h"
 
+#include "einrichtung.h"
+#include "modelldienst.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -138,11 +142,15 @@ Abschnittsliste::Abschnittsliste(Zustand *zustand, QWidget *eltern)
     for (const Abschnitt abschnitt : alleAbschnitte())
         m_zeilen->appendRow(new QStandardItem(abschnittTitel(abschnitt)));
     setModel(m_zeilen);
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert, &Zustand::bereitschaftGeaendert,
-                              &Zustand::einrichtungGeaendert, &Zustand::strukturGeaendert, &Zustand::modellGeaendert,
-                              &Zustand::gelerntGelesen, &Zustand::zaehlwerkGeaendert})
-        connect(m_zustand, signal, this, &Abschnittsliste::zeigen);
-    connect(m_zustand, &Zustand::abschnittGeaendert, this, &Abschnittsliste::waehlen);
+    for (const auto signal :
+         {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert, &Profilwahl::bereitschaftGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &Abschnittsliste::zeigen);
+    for (const auto signal :
+         {&Einrichtung::einrichtungGeaendert, &Einrichtung::strukturGeaendert, &Einrichtung::gelerntGelesen})
+        connect(m_zustand->einrichtung(), signal, this, &Abschnittsliste::zeigen);
+    connect(m_zustand->modelldienst(), &Modelldienst::modellGeaendert, this, &Abschnittsliste::zeigen);
+    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &Abschnittsliste::zeigen);
+    connect(m_zustand->einrichtung(), &Einrichtung::abschnittGeaendert, this, &Abschnittsliste::waehlen);
     Stil::folgen(this, [this] {
         setSpacing(1);
         scheduleDelayedItemsLayout();
@@ -155,7 +163,7 @@ Abschnittsliste::Abschnittsliste(Zustand *zustand, QWidget *eltern)
 void Abschnittsliste::zeigen()
 {
     for (const Abschnitt abschnitt : alleAbschnitte()) {
-        Abschnittsstand stand = m_zustand->abschnittsstand(abschnitt);
+        Abschnittsstand stand = m_zustand->einrichtung()->abschnittsstand(abschnitt);
         if (abschnitt == Abschnitt::oberflaeche)
             stand.zeile = m_fenster;
         QStandardItem *zeile = m_zeilen->item(int(abschnitt));
@@ -168,11 +176,11 @@ void Abschnittsliste::zeigen()
     }
 }
 
-void Abschnittsliste::waehlen() { setCurrentIndex(m_zeilen->index(int(m_zustand->abschnitt()), 0)); }
+void Abschnittsliste::waehlen() { setCurrentIndex(m_zeilen->index(int(m_zustand->einrichtung()->abschnitt()), 0)); }
 
 void Abschnittsliste::currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher)
 {
     QListView::currentChanged(jetzt, vorher);
     if (jetzt.isValid())
-        m_zustand->setzeAbschnitt(Abschnitt(jetzt.row()));
+        m_zustand->einrichtung()->setzeAbschnitt(Abschnitt(jetzt.row()));
 }

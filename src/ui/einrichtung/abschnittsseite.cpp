@@ -1,8 +1,11 @@
 #include "abschnittsseite.h"
 
+#include "einrichtung.h"
 #include "flachknopf.h"
 #include "knopf.h"
 #include "marktext.h"
+#include "ordnerwahl.h"
+#include "profilwahl.h"
 #include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
@@ -87,23 +90,24 @@ Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QS
 const Profil &Abschnittsseite::profil() const
 {
     static const Profil keines;
-    return m_zustand->aktiv() ? *m_zustand->aktiv() : keines;
+    return m_zustand->profilwahl()->aktiv() ? *m_zustand->profilwahl()->aktiv() : keines;
 }
 
 void Abschnittsseite::aendern(const std::function<void(Profil &)> &aenderung) const
 {
-    if (!m_zustand->aktiv())
+    if (!m_zustand->profilwahl()->aktiv())
         return;
-    Profil neu = *m_zustand->aktiv();
+    Profil neu = *m_zustand->profilwahl()->aktiv();
     aenderung(neu);
-    m_zustand->profilAendern(neu);
+    m_zustand->profilwahl()->profilAendern(neu);
 }
 
 void Abschnittsseite::folgen(const std::function<void()> &zeigen)
 {
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert, &Zustand::bereitschaftGeaendert,
-                              &Zustand::einrichtungGeaendert})
-        connect(m_zustand, signal, this, zeigen);
+    for (const auto signal :
+         {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert, &Profilwahl::bereitschaftGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, zeigen);
+    connect(m_zustand->einrichtung(), &Einrichtung::einrichtungGeaendert, this, zeigen);
     zeigen();
 }
 
@@ -260,7 +264,7 @@ QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
         pruefen(profil().*feld);
     };
     connect(eingabe, &QLineEdit::editingFinished, this, zuruecksetzen);
-    connect(m_zustand, &Zustand::aktivGeaendert, this, zuruecksetzen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, zuruecksetzen);
     return eingabe;
 }
 
@@ -270,13 +274,13 @@ QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*fel
     QPushButton *waehlen = knopf(name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), frage);
     connect(waehlen, &QPushButton::clicked, this, [this, eingabe, feld, frage] {
         const QString zweck = eingabe->objectName() + u'-' + profil().id.toString(QUuid::WithoutBraces);
-        if (const auto ordner = Zustand::ordnerWaehlen(frage, zweck, profil().*feld)) {
+        if (const auto ordner = Ordnerwahl::ordnerWaehlen(frage, zweck, profil().*feld)) {
             aendern([&](Profil &p) { p.*feld = *ordner; });
             eingabe->setText(*ordner);
         }
     });
     // The folder may have been made meanwhile.
-    connect(eingabe, &QLineEdit::editingFinished, m_zustand, &Zustand::einrichtungPruefen);
+    connect(eingabe, &QLineEdit::editingFinished, m_zustand->einrichtung(), &Einrichtung::einrichtungPruefen);
     *teil = nebeneinander(this, eingabe, waehlen, 1);
     return eingabe;
 }

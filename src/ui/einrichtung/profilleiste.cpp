@@ -1,6 +1,7 @@
 #include "profilleiste.h"
 
 #include "flachknopf.h"
+#include "profilwahl.h"
 #include "rueckfrage.h"
 #include "sprache.h"
 #include "stil.h"
@@ -41,10 +42,10 @@ Profilleiste::Profilleiste(Zustand *zustand, QWidget *eltern)
     connect(m_frage, &Rueckfrage::abgebrochen, this, &Profilleiste::schliessen);
     connect(m_frage, &Rueckfrage::bestaetigt, this, [this] {
         schliessen();
-        if (m_zustand->aktiv())
-            m_zustand->profilEntfernen(m_zustand->aktiv()->id);
+        if (m_zustand->profilwahl()->aktiv())
+            m_zustand->profilwahl()->profilEntfernen(m_zustand->profilwahl()->aktiv()->id);
     });
-    connect(m_zustand, &Zustand::aktivGeaendert, this, &Profilleiste::schliessen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Profilleiste::schliessen);
     Stil::folgen(this, [spalte] { spalte->setSpacing(abstand(4)); });
     schliessen();
 }
@@ -81,12 +82,12 @@ void Profilleiste::namensfeldBauen()
 
 void Profilleiste::umbenennen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_zustand->profilwahl()->aktiv())
         return;
     m_umbenennen->hide();
     m_entfernen->hide();
     m_namensteil->show();
-    m_name->setText(m_zustand->aktiv()->name);
+    m_name->setText(m_zustand->profilwahl()->aktiv()->name);
     m_name->selectAll();
     m_name->setFocus();
 }
@@ -94,24 +95,24 @@ void Profilleiste::umbenennen()
 void Profilleiste::nameUebernehmen()
 {
     const QString name = m_name->text().trimmed();
-    if (name.isEmpty() || !m_zustand->aktiv())
+    if (name.isEmpty() || !m_zustand->profilwahl()->aktiv())
         return;
-    Profil neu = *m_zustand->aktiv();
+    Profil neu = *m_zustand->profilwahl()->aktiv();
     neu.name = name;
-    m_zustand->profilAendern(neu);
+    m_zustand->profilwahl()->profilAendern(neu);
     schliessen();
     m_umbenennen->setFocus();
 }
 
 void Profilleiste::entfernenFragen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_zustand->profilwahl()->aktiv())
         return;
     m_umbenennen->hide();
     m_entfernen->hide();
     m_frage->fragen(gefuellt(Sprache::text(u"%@ aus der Liste nehmen? Deine Dokumente bleiben, wo sie sind. Auch der "
                                            "Katalog mit allem, was gelesen und gelernt wurde, bleibt liegen: in %@."_s),
-                             {m_zustand->aktiv()->name, Zustand::datenordner()}));
+                             {m_zustand->profilwahl()->aktiv()->name, Profilwahl::datenordner()}));
 }
 
 void Profilleiste::schliessen()

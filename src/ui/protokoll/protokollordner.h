@@ -1,5 +1,6 @@
 #pragma once
 
+#include "anfrage.h"
 #include "protokollort.h"
 
 #include <QWidget>
@@ -30,5 +31,5 @@ private:
     Elidiertext *m_pfad;
     QWidget *m_warnung;
     Flachknopf *m_standard = nullptr;
-    quint64 m_frage = 0;
+    Anfrage m_frage; ///< whether logs can be written there
 };

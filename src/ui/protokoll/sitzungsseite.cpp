@@ -1,9 +1,12 @@
 #include "sitzungsseite.h"
 
+#include "ausfuehrung.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
+#include "profilwahl.h"
 #include "protokollordner.h"
 #include "rollbereich.h"
+#include "sitzungen.h"
 #include "sitzungszeile.h"
 #include "sprache.h"
 #include "stil.h"
@@ -55,11 +58,11 @@ Sitzungsseite::Sitzungsseite(Zustand *zustand, QWidget *eltern) : QWidget(eltern
     aussen->addWidget(rollbereich(inhalt(), this), 1);
     aussen->addWidget(fuss());
     connect(&m_bilder, &Sitzungsbilder::gelesen, this, &Sitzungsseite::bildZeigen);
-    for (const auto signal : {&Zustand::protokollDateienGeaendert, &Zustand::aktivGeaendert})
-        connect(m_zustand, signal, this, &Sitzungsseite::zeigen);
-    connect(m_zustand, &Zustand::protokollGeaendert, this, &Sitzungsseite::auswahlZeigen);
-    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
-        if (!m_zustand->beschaeftigt() && isVisible())
+    connect(m_zustand->sitzungen(), &Sitzungen::protokollDateienGeaendert, this, &Sitzungsseite::zeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Sitzungsseite::zeigen);
+    connect(m_zustand->sitzungen(), &Sitzungen::protokollGeaendert, this, &Sitzungsseite::auswahlZeigen);
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
+        if (!m_zustand->ausfuehrung()->beschaeftigt() && isVisible())
             zeigen();
     });
     zeigen();
@@ -137,7 +140,7 @@ QWidget *Sitzungsseite::fuss()
         m_fussreihe->addWidget(knopf, 0, Qt::AlignLeft | Qt::AlignTop);
     }
     m_fussreihe->addStretch(1);
-    connect(oeffnen, &QToolButton::clicked, m_zustand, &Zustand::protokollDateiWaehlen);
+    connect(oeffnen, &QToolButton::clicked, m_zustand->sitzungen(), &Sitzungen::protokollDateiWaehlen);
     connect(auffrischen, &QToolButton::clicked, this, &Sitzungsseite::auffrischen);
     return m_fuss;
 }
@@ -146,8 +149,8 @@ Sitzungszeile *Sitzungsseite::neueZeile(QVBoxLayout *spalte)
 {
     auto *neu = new Sitzungszeile(this);
     connect(neu, &Sitzungszeile::gewaehlt, m_zustand, [this](const QString &datei) {
-        if (m_zustand->protokollDatei() != datei)
-            m_zustand->protokollWaehlen(datei);
+        if (m_zustand->sitzungen()->protokollDatei() != datei)
+            m_zustand->sitzungen()->protokollWaehlen(datei);
     });
     spalte->addWidget(neu);
     return neu;
@@ -155,20 +158,20 @@ Sitzungszeile *Sitzungsseite::neueZeile(QVBoxLayout *spalte)
 
 void Sitzungsseite::auffrischen()
 {
-    m_zustand->protokolleListen();
-    m_zustand->protokollAuffrischen();
+    m_zustand->sitzungen()->protokolleListen();
+    m_zustand->sitzungen()->protokollAuffrischen();
     m_ordner->pruefen();
 }
 
 /** The log of the running session; empty before the first movement. */
 QString Sitzungsseite::laufende() const
 {
-    return m_zustand->laufendesBuch() ? m_zustand->laufendesBuch()->datei() : QString();
+    return m_zustand->sitzungen()->laufendesBuch() ? m_zustand->sitzungen()->laufendesBuch()->datei() : QString();
 }
 
 QStringList Sitzungsseite::fruehere() const
 {
-    QStringList dateien = m_zustand->protokollDateien();
+    QStringList dateien = m_zustand->sitzungen()->protokollDateien();
     dateien.removeAll(laufende());
     return dateien;
 }
@@ -184,7 +187,7 @@ void Sitzungsseite::zeigen()
 void Sitzungsseite::laufendeZeigen()
 {
     const QString datei = laufende();
-    const QString mangel = m_zustand->protokollmangel();
+    const QString mangel = m_zustand->sitzungen()->protokollmangel();
     m_mangel->setzeText(mangel);
     m_mangelZeile->setVisible(!mangel.isEmpty());
     m_nochNichts->setVisible(datei.isEmpty() && mangel.isEmpty());
@@ -209,7 +212,7 @@ void Sitzungsseite::fruehereZeigen()
             bildZeigen(dateien.at(n));
         }
     }
-    const qsizetype alle = m_zustand->protokollDateien().size();
+    const qsizetype alle = m_zustand->sitzungen()->protokollDateien().size();
     QString text =
         gefuellt(Sprache::text(alle, u"%@ Protokoll gefunden."_s, u"%@ Protokolle gefunden, neueste zuerst."_s),
                  {QString::number(alle)});
@@ -260,14 +263,14 @@ void Sitzungsseite::bildZeigen(const QString &datei)
 void Sitzungsseite::auswahlZeigen()
 {
     for (Sitzungszeile *zeile : alleZeilen())
-        zeile->setzeGewaehlt(m_zustand->protokollDatei() == zeile->datei());
+        zeile->setzeGewaehlt(m_zustand->sitzungen()->protokollDatei() == zeile->datei());
 }
 
 void Sitzungsseite::zurAuswahl()
 {
     Sitzungszeile *ziel = nullptr;
     for (Sitzungszeile *zeile : alleZeilen()) {
-        if (!zeile->isHidden() && (!ziel || m_zustand->protokollDatei() == zeile->datei()))
+        if (!zeile->isHidden() && (!ziel || m_zustand->sitzungen()->protokollDatei() == zeile->datei()))
             ziel = zeile;
     }
     if (ziel)

@@ -1,9 +1,11 @@
 #include "aktionsfeld.h"
 
+#include "ausfuehrung.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
 #include "hauptknopf.h"
 #include "meldungszeile.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zustand.h"
@@ -55,24 +57,24 @@ Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
         spalte->setSpacing(abstand(5));
         einpassen();
     });
-    connect(m_uebernehmen, &QPushButton::clicked, m_zustand, &Zustand::uebernehmen);
-    connect(m_zuruecklegen, &QToolButton::clicked, m_zustand, &Zustand::zuruecklegen);
-    connect(m_aussortieren, &QToolButton::clicked, m_zustand, &Zustand::aussortieren);
-    connect(m_vorheriges, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"zurueck"_s); });
-    connect(m_naechstes, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(u"weiter"_s); });
-    connect(m_zustand, &Zustand::zuFruehGedrueckt, this, &Aktionsfeld::zuFruehZeigen);
+    connect(m_uebernehmen, &QPushButton::clicked, m_zustand->ausfuehrung(), &Ausfuehrung::uebernehmen);
+    connect(m_zuruecklegen, &QToolButton::clicked, m_zustand->ausfuehrung(), &Ausfuehrung::zuruecklegen);
+    connect(m_aussortieren, &QToolButton::clicked, m_zustand->ausfuehrung(), &Ausfuehrung::aussortieren);
+    connect(m_vorheriges, &QToolButton::clicked, m_zustand, [this] { m_zustand->ausfuehrung()->weiter(u"zurueck"_s); });
+    connect(m_naechstes, &QToolButton::clicked, m_zustand, [this] { m_zustand->ausfuehrung()->weiter(u"weiter"_s); });
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::zuFruehGedrueckt, this, &Aktionsfeld::zuFruehZeigen);
     connect(&m_zuFrueh, &QTimer::timeout, this, &Aktionsfeld::tastenZeigen);
     m_zuFrueh.setSingleShot(true);
     m_zuFrueh.setInterval(zeichendauer);
-    connect(m_zustand, &Zustand::profileGeaendert, this, &Aktionsfeld::zeigen);
-    connect(m_zustand, &Zustand::aktivGeaendert, this, &Aktionsfeld::zeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Aktionsfeld::zeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Aktionsfeld::zeigen);
     zeigen();
     setzeTasten(false, {});
 }
 
 void Aktionsfeld::zeigen()
 {
-    const bool kopieren = m_zustand->aktiv() && m_zustand->aktiv()->kopieren;
+    const bool kopieren = m_zustand->profilwahl()->aktiv() && m_zustand->profilwahl()->aktiv()->kopieren;
     m_uebernehmen->setText(kopieren ? Sprache::text(u"Übernehmen und kopieren"_s)
                                     : Sprache::text(u"Übernehmen und weiter"_s));
     m_uebernehmen->setAccessibleName(m_uebernehmen->text());

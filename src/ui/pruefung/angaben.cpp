@@ -1,6 +1,8 @@
 #include "angaben.h"
 
 #include "einordnung.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
@@ -104,10 +106,11 @@ Angaben::Angaben(Zustand *zustand, QWidget *eltern)
     Stil::nebentext(m_tag);
     anordnen();
     Stil::folgen(this, [this] { masse(); });
-    for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, &Angaben::zeigen);
-    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, &Angaben::festhalten);
-    connect(m_zustand, &Zustand::aktuellesGeaendert, this, [this] {
+    for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
+        connect(m_zustand->pruefung(), signal, this, &Angaben::zeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Angaben::zeigen);
+    connect(m_zustand->pruefung(), &Pruefung::angabenFestGeaendert, this, &Angaben::festhalten);
+    connect(m_zustand->pruefung(), &Pruefung::aktuellesGeaendert, this, [this] {
         // An open list belongs to the document before.
         for (QComboBox *wahl : std::as_const(m_wahlen))
             wahl->hidePopup();
@@ -144,7 +147,7 @@ void Angaben::textfeldBauen(Feld feld, int zeichen)
     m_texte[feld] = eingabe;
     einrichten(feld, eingabe);
     connect(eingabe, &QLineEdit::textEdited, m_zustand,
-            [this, feld](const QString &text) { m_zustand->feldSetzen(feld, text); });
+            [this, feld](const QString &text) { m_zustand->pruefung()->feldSetzen(feld, text); });
 }
 
 void Angaben::wahlBauen(Feld feld)
@@ -157,8 +160,9 @@ void Angaben::wahlBauen(Feld feld)
     m_wahlen[feld] = wahl;
     einrichten(feld, wahl);
     radsperre(wahl);
-    connect(wahl, &QComboBox::activated, m_zustand,
-            [this, feld, wahl](int stelle) { m_zustand->feldSetzen(feld, wahl->itemData(stelle).toString()); });
+    connect(wahl, &QComboBox::activated, m_zustand, [this, feld, wahl](int stelle) {
+        m_zustand->pruefung()->feldSetzen(feld, wahl->itemData(stelle).toString());
+    });
 }
 
 void Angaben::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
@@ -210,7 +214,7 @@ int Angaben::volleHoehe() const
 
 void Angaben::zeigen()
 {
-    const bool da = m_zustand->aktuelles() != nullptr;
+    const bool da = m_zustand->pruefung()->aktuelles() != nullptr;
     setEnabled(da);
     for (auto it = m_texte.begin(); it != m_texte.end(); ++it)
         textZeigen(it.key());
@@ -222,12 +226,13 @@ void Angaben::zeigen()
 void Angaben::festhalten()
 {
     for (QLineEdit *eingabe : std::as_const(m_texte))
-        eingabe->setReadOnly(m_zustand->angabenFest());
+        eingabe->setReadOnly(m_zustand->pruefung()->angabenFest());
 }
 
 void Angaben::textZeigen(Feld feld)
 {
-    const QString wert = m_zustand->aktuelles() ? feldwert(*m_zustand->aktuelles(), feld) : QString();
+    const QString wert =
+        m_zustand->pruefung()->aktuelles() ? feldwert(*m_zustand->pruefung()->aktuelles(), feld) : QString();
     // Setting it anew would move the cursor and forget what can be undone.
     if (m_texte[feld]->text() != wert)
         m_texte[feld]->setText(wert);
@@ -237,8 +242,8 @@ void Angaben::textZeigen(Feld feld)
 
 void Angaben::wahlenZeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
-    const auto &profil = m_zustand->aktiv();
+    const Dokument *d = m_zustand->pruefung()->aktuelles();
+    const auto &profil = m_zustand->profilwahl()->aktiv();
     if (!d || !profil)
         return;
     const Zweig *zweig = profil->zweig(d->zweig);
@@ -282,9 +287,9 @@ void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &w
 
 void Angaben::tagZeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
+    const Dokument *d = m_zustand->pruefung()->aktuelles();
     const QString datum = d ? d->datum.trimmed() : QString();
-    const QString mangel = m_zustand->datumsmangel();
+    const QString mangel = m_zustand->pruefung()->datumsmangel();
     const bool falsch = !mangel.isEmpty();
     QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
     if (falsch && !Einordnung::istDatum(datum))

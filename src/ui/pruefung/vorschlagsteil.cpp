@@ -3,6 +3,8 @@
 #include "balken.h"
 #include "elidiertext.h"
 #include "pfade.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -66,8 +68,9 @@ Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
     Stil::nebentext(m_bisherOrdner);
     anordnen();
     Stil::folgen(this, [this] { masse(); });
-    for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, &Vorschlagsteil::zeigen);
+    for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
+        connect(m_zustand->pruefung(), signal, this, &Vorschlagsteil::zeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Vorschlagsteil::zeigen);
     zeigen();
 }
 
@@ -115,18 +118,18 @@ int Vorschlagsteil::volleHoehe() const
 
 void Vorschlagsteil::zeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
+    const Dokument *d = m_zustand->pruefung()->aktuelles();
     m_bisher->setzeText(d ? nameVon(d->pfad) : QString());
     const QString ordner = d ? d->altOrdner : QString();
     m_bisherOrdner->setzeText(ordner.isEmpty() && d ? Sprache::text(u"im Herkunftsordner"_s) : ordner);
-    m_name->setzeText(m_zustand->neuerName());
-    m_pfad->setzeText(m_zustand->zielpfad().join(u" › "_s));
+    m_name->setzeText(m_zustand->pruefung()->neuerName());
+    m_pfad->setzeText(m_zustand->pruefung()->zielpfad().join(u" › "_s));
     sicherheitZeigen();
 }
 
 void Vorschlagsteil::sicherheitZeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
+    const Dokument *d = m_zustand->pruefung()->aktuelles();
     const double anteil = d ? d->konfidenz : 0;
     const QString zahl = QString::number(qRound(anteil * 100));
     m_balken->setzeAnteil(anteil);
