@@ -90,7 +90,7 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     connect(&m_takt, &QTimer::timeout, m_zustand->pruefung(), &Pruefung::aktualisieren);
     m_takt.start(auffrischung);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Hauptfenster::updateMelden);
-    connect(new Laufnachricht(m_zustand, this), &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
+    connect(new Laufnachricht(m_zustand->durchgang(), this), &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
     titelSetzen();
 }
 
@@ -108,10 +108,10 @@ void Hauptfenster::aufbauen()
     spalte->setSpacing(0);
     auto *karten = new QStackedWidget(inhalt);
     karten->setObjectName(u"karten"_s);
-    const auto info = [this] { Infofenster::oeffnen(m_zustand, m_aktualisierung, m_sprache, this); };
+    const auto info = [this] { Infofenster::oeffnen(m_zustand->profilwahl(), m_aktualisierung, m_sprache, this); };
     spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info), inhalt));
     spalte->addWidget(karten, 1);
-    spalte->addWidget(new Zielfrage(m_zustand, inhalt));
+    spalte->addWidget(new Zielfrage(m_zustand->profilwahl(), m_zustand->ausfuehrung(), inhalt));
     spalte->addWidget(new Fusszeile(m_zustand, inhalt));
     karten->addWidget(new EinrichtungsAnsicht(m_zustand, m_sprache, karten));
     karten->addWidget(new AblaufAnsicht(m_zustand, karten));

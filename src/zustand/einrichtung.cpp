@@ -53,6 +53,20 @@ Einrichtung::Einrichtung(const Nachbarn &nachbarn) : m_nachbarn(nachbarn), m_ein
         if (!m_stand.beispiel && m_nachbarn.pruefung->zaehlwerk().bereit > 0)
             anderesBeispiel();
     });
+    staendeVerfolgen();
+}
+
+/** A section depends on what all of them know; its own facts come first. */
+void Einrichtung::staendeVerfolgen()
+{
+    for (const auto signal :
+         {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert, &Profilwahl::bereitschaftGeaendert})
+        connect(m_nachbarn.profilwahl, signal, this, &Einrichtung::staendeGeaendert);
+    for (const auto signal :
+         {&Einrichtung::einrichtungGeaendert, &Einrichtung::strukturGeaendert, &Einrichtung::gelerntGelesen})
+        connect(this, signal, this, &Einrichtung::staendeGeaendert);
+    connect(m_nachbarn.modelldienst, &Modelldienst::modellGeaendert, this, &Einrichtung::staendeGeaendert);
+    connect(m_nachbarn.pruefung, &Pruefung::zaehlwerkGeaendert, this, &Einrichtung::staendeGeaendert);
 }
 
 const Profil *Einrichtung::aktiv() const { return m_nachbarn.profilwahl->aktiv(); }

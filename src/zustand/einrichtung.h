@@ -71,12 +71,14 @@ public:
 Q_SIGNALS:
     void einrichtungGeaendert();
     void strukturGeaendert();
+    void staendeGeaendert(); ///< what abschnittsstand() tells, of whatever section
     void abschnittGeaendert();
     void gelerntGelesen(); ///< the lists of what was learned
     void spracheVorbereitet(const QString &ordner);
 
 private:
     [[nodiscard]] const Profil *aktiv() const;
+    void staendeVerfolgen();
     void wechseln();
     void programmePruefen();
     void quelleVerfolgen();

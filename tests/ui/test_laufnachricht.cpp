@@ -109,7 +109,7 @@ private Q_SLOTS:
 
     void kurzeDurchgaengeSindKeineNachrichtWert()
     {
-        const Laufnachricht nachricht(m_z.get(), m_fenster.get());
+        const Laufnachricht nachricht(m_z->durchgang(), m_fenster.get());
         durchgang();
         QVERIFY(m_z->durchgang()->laufende().dauer > 0ms &&
                 m_z->durchgang()->laufende().dauer < Laufnachricht::ueblich);
@@ -120,7 +120,7 @@ private Q_SLOTS:
     /** A service that says nothing, and none at all: nobody waits for it. */
     void niemandWartet()
     {
-        const Laufnachricht nachricht(m_z.get(), m_fenster.get(), 0ms);
+        const Laufnachricht nachricht(m_z->durchgang(), m_fenster.get(), 0ms);
         m_dienst.stumm = true;
         durchgang();
         QTRY_COMPARE(m_dienst.gezeigt.size(), 1);
@@ -133,7 +133,7 @@ private Q_SLOTS:
     /** The last one: without a desktop, a window that was shown once stays in front. */
     void einKlickHoltDasFenster()
     {
-        const Laufnachricht nachricht(m_z.get(), m_fenster.get(), 0ms);
+        const Laufnachricht nachricht(m_z->durchgang(), m_fenster.get(), 0ms);
         QSignalSpy klicks(&nachricht, &Laufnachricht::angeklickt);
         durchgang();
         QTRY_COMPARE(m_dienst.gezeigt.size(), 1);

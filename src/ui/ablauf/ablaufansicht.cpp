@@ -112,7 +112,7 @@ QWidget *AblaufAnsicht::spalteBauen()
     auto *inhalt = new QWidget(this);
     auto *mitte = new QWidget(inhalt);
     auto *spalte = new QVBoxLayout(mitte);
-    m_frage = new Startfrage(m_zustand, mitte);
+    m_frage = new Startfrage(m_zustand->modelldienst(), mitte);
     m_hindernisse = new Laufhinweis(mitte);
     m_zahlen = new Zahlenreihe(mitte);
     m_stufen = new Stufenliste(mitte);
@@ -239,7 +239,7 @@ void AblaufAnsicht::zeigen()
 {
     m_stapel->setCurrentIndex(m_zustand->profilwahl()->offen() ? 0 : 1);
     if (!m_zustand->profilwahl()->offen())
-        return m_leere->ohneKatalogSetzen(u"large.play"_s, *m_zustand);
+        return m_leere->ohneKatalogSetzen(u"large.play"_s, *m_zustand->profilwahl());
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     kopfZeigen();
     knoepfeZeigen();

@@ -73,21 +73,21 @@ Leeransicht::Leeransicht(QWidget *eltern)
     });
 }
 
-QString katalogfehlersatz(const Zustand &zustand)
+QString katalogfehlersatz(const Profilwahl &profilwahl)
 {
     return gefuellt(Sprache::text(u"%@\n%@\nSchließe andere Programme, die ihn benutzen, und versuche es noch einmal. "
                                   "Ist er beschädigt, lege die Datei beiseite: Dann beginnt ein neuer Katalog. Deine "
                                   "Dokumente bleiben, wo sie sind."_s),
-                    {kurzpfad(zustand.profilwahl()->katalogdatei()), zustand.profilwahl()->katalogfehler()});
+                    {kurzpfad(profilwahl.katalogdatei()), profilwahl.katalogfehler()});
 }
 
-void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Zustand &zustand)
+void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Profilwahl &profilwahl)
 {
-    if (zustand.profilwahl()->katalogfehler().isEmpty())
+    if (profilwahl.katalogfehler().isEmpty())
         setzen(symbol, Sprache::text(u"Noch kein Profil"_s),
                Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s), Sprache::text(u"Zur Einrichtung"_s));
     else
-        setzen(symbol, Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s), katalogfehlersatz(zustand),
+        setzen(symbol, Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s), katalogfehlersatz(profilwahl),
                Sprache::text(u"Noch einmal versuchen"_s));
 }
 

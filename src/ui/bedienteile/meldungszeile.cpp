@@ -8,7 +8,6 @@
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QGridLayout>
 #include <QPainter>
@@ -29,9 +28,9 @@ QString tonzeichen(Meldestelle::Ton ton)
     return {};
 }
 
-Meldungszeile::Meldungszeile(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_text(new Elidiertext(Qt::ElideRight, this)),
-      m_zweite(new Elidiertext(Qt::ElideRight, this)),
+Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern)
+    : QWidget(eltern), m_meldestelle(meldestelle), m_pruefung(pruefung), m_ausfuehrung(ausfuehrung),
+      m_text(new Elidiertext(Qt::ElideRight, this)), m_zweite(new Elidiertext(Qt::ElideRight, this)),
       m_zurueck(new Flachknopf(u"rueckgaengig"_s, u"undo"_s, Sprache::text(u"Rückgängig"_s),
                                Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s), this))
 {
@@ -44,14 +43,12 @@ Meldungszeile::Meldungszeile(Zustand *zustand, QWidget *eltern)
     raster->addWidget(m_zweite, 1, 0, 1, 2);
     raster->setColumnStretch(0, 1);
     m_zurueck->setzeMitText(true);
-    connect(m_zurueck, &QToolButton::clicked, m_zustand, [this] {
-        m_zustand->ausfuehrung()->zurueckMoeglich() ? m_zustand->ausfuehrung()->zurueck()
-                                                    : m_zustand->ausfuehrung()->rueckgaengig();
-    });
-    connect(m_zustand->meldestelle(), &Meldestelle::hinweisGeaendert, this, &Meldungszeile::zeigen);
-    connect(m_zustand->pruefung(), &Pruefung::umkehrbarGeaendert, this, &Meldungszeile::zeigen);
+    connect(m_zurueck, &QToolButton::clicked, this,
+            [this] { m_ausfuehrung->zurueckMoeglich() ? m_ausfuehrung->zurueck() : m_ausfuehrung->rueckgaengig(); });
+    connect(m_meldestelle, &Meldestelle::hinweisGeaendert, this, &Meldungszeile::zeigen);
+    connect(m_pruefung, &Pruefung::umkehrbarGeaendert, this, &Meldungszeile::zeigen);
     for (const auto signal : {&Ausfuehrung::vorgangGeaendert, &Ausfuehrung::zurueckMoeglichGeaendert})
-        connect(m_zustand->ausfuehrung(), signal, this, &Meldungszeile::zeigen);
+        connect(m_ausfuehrung, signal, this, &Meldungszeile::zeigen);
     Stil::folgen(this, [raster] {
         raster->setContentsMargins(Stil::zeichengroesse() + abstand(6), 0, 0, 0);
         raster->setHorizontalSpacing(abstand(8));
@@ -71,16 +68,16 @@ void Meldungszeile::setzeZweizeilig(bool zweizeilig)
 
 void Meldungszeile::zeigen()
 {
-    QStringList teile = m_zustand->meldestelle()->meldungen();
+    QStringList teile = m_meldestelle->meldungen();
     // What is going on goes before what is done.
-    if (!m_zustand->ausfuehrung()->vorgang().isEmpty())
-        teile = {m_zustand->ausfuehrung()->vorgang() + u" …"_s};
+    if (!m_ausfuehrung->vorgang().isEmpty())
+        teile = {m_ausfuehrung->vorgang() + u" …"_s};
     const QString text = m_zweizeilig ? teile.value(0) : teile.join(u" · "_s);
     m_text->setzeText(text);
     m_zweite->setzeText(m_zweizeilig ? teile.value(1) : QString());
-    m_zurueck->setEnabled(m_zustand->ausfuehrung()->zurueckMoeglich() || m_zustand->pruefung()->umkehrbar());
+    m_zurueck->setEnabled(m_ausfuehrung->zurueckMoeglich() || m_pruefung->umkehrbar());
     m_zurueck->setzeHilfe(Sprache::text(u"Rückgängig"_s),
-                          m_zustand->ausfuehrung()->zurueckMoeglich()
+                          m_ausfuehrung->zurueckMoeglich()
                               ? Sprache::text(u"Macht genau das ungeschehen, was hier steht"_s)
                               : Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s));
     update();
@@ -88,10 +85,10 @@ void Meldungszeile::zeigen()
 
 void Meldungszeile::paintEvent(QPaintEvent *)
 {
-    if (m_text->ganzerText().isEmpty() || !m_zustand->ausfuehrung()->vorgang().isEmpty())
+    if (m_text->ganzerText().isEmpty() || !m_ausfuehrung->vorgang().isEmpty())
         return;
     QPainter maler(this);
     const int kante = Stil::zeichengroesse();
     Zeichen::malen(maler, QRect(0, m_text->geometry().center().y() - kante / 2, kante, kante),
-                   tonzeichen(m_zustand->meldestelle()->ton()), palette());
+                   tonzeichen(m_meldestelle->ton()), palette());
 }

@@ -6,7 +6,9 @@
 
 class Elidiertext;
 class Flachknopf;
-class Zustand;
+class Meldestelle;
+class Pruefung;
+class Ausfuehrung;
 
 /** The mark of @p ton; empty for none. */
 [[nodiscard]] QString tonzeichen(Meldestelle::Ton ton);
@@ -17,7 +19,7 @@ class Meldungszeile : public QWidget
     Q_OBJECT
 
 public:
-    explicit Meldungszeile(Zustand *zustand, QWidget *eltern = nullptr);
+    Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern = nullptr);
     void setzeMitText(bool mit);
     /** Deed and notice on a line each; otherwise both on one, where the end may be left out. */
     void setzeZweizeilig(bool zweizeilig);
@@ -28,7 +30,9 @@ protected:
 private:
     void zeigen();
 
-    Zustand *m_zustand;
+    Meldestelle *m_meldestelle;
+    Pruefung *m_pruefung;
+    Ausfuehrung *m_ausfuehrung;
     Elidiertext *m_text;
     Elidiertext *m_zweite;
     Flachknopf *m_zurueck;

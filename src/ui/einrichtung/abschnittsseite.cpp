@@ -10,7 +10,6 @@
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -72,8 +71,9 @@ void feldmass(QWidget *feld)
     });
 }
 
-Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QString &erklaerung, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_raster(new QGridLayout(this))
+Abschnittsseite::Abschnittsseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Abschnitt abschnitt,
+                                 const QString &erklaerung, QWidget *eltern)
+    : QWidget(eltern), m_profilwahl(profilwahl), m_einrichtung(einrichtung), m_raster(new QGridLayout(this))
 {
     setObjectName(u"abschnitt-"_s + rohwert(abschnitt));
     m_raster->setColumnStretch(1, 1);
@@ -90,24 +90,24 @@ Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QS
 const Profil &Abschnittsseite::profil() const
 {
     static const Profil keines;
-    return m_zustand->profilwahl()->aktiv() ? *m_zustand->profilwahl()->aktiv() : keines;
+    return m_profilwahl->aktiv() ? *m_profilwahl->aktiv() : keines;
 }
 
 void Abschnittsseite::aendern(const std::function<void(Profil &)> &aenderung) const
 {
-    if (!m_zustand->profilwahl()->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    Profil neu = *m_zustand->profilwahl()->aktiv();
+    Profil neu = *m_profilwahl->aktiv();
     aenderung(neu);
-    m_zustand->profilwahl()->profilAendern(neu);
+    m_profilwahl->profilAendern(neu);
 }
 
 void Abschnittsseite::folgen(const std::function<void()> &zeigen)
 {
     for (const auto signal :
          {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert, &Profilwahl::bereitschaftGeaendert})
-        connect(m_zustand->profilwahl(), signal, this, zeigen);
-    connect(m_zustand->einrichtung(), &Einrichtung::einrichtungGeaendert, this, zeigen);
+        connect(m_profilwahl, signal, this, zeigen);
+    connect(m_einrichtung, &Einrichtung::einrichtungGeaendert, this, zeigen);
     zeigen();
 }
 
@@ -264,7 +264,7 @@ QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
         pruefen(profil().*feld);
     };
     connect(eingabe, &QLineEdit::editingFinished, this, zuruecksetzen);
-    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, zuruecksetzen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, zuruecksetzen);
     return eingabe;
 }
 
@@ -280,7 +280,7 @@ QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*fel
         }
     });
     // The folder may have been made meanwhile.
-    connect(eingabe, &QLineEdit::editingFinished, m_zustand->einrichtung(), &Einrichtung::einrichtungPruefen);
+    connect(eingabe, &QLineEdit::editingFinished, m_einrichtung, &Einrichtung::einrichtungPruefen);
     *teil = nebeneinander(this, eingabe, waehlen, 1);
     return eingabe;
 }

@@ -54,15 +54,10 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
     waagrecht->addWidget(rechteSeite(sprache), 1);
     m_stapel->addWidget(erststart);
     m_stapel->addWidget(inhalt);
-    for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert,
-                              &Profilwahl::bereitschaftGeaendert, &Profilwahl::oeffnetGeaendert})
-        connect(m_zustand->profilwahl(), signal, this, &EinrichtungsAnsicht::zeigen);
-    for (const auto signal :
-         {&Einrichtung::abschnittGeaendert, &Einrichtung::einrichtungGeaendert, &Einrichtung::strukturGeaendert})
+    for (const auto signal : {&Einrichtung::abschnittGeaendert, &Einrichtung::staendeGeaendert})
         connect(m_zustand->einrichtung(), signal, this, &EinrichtungsAnsicht::zeigen);
-    connect(m_zustand->modelldienst(), &Modelldienst::modellGeaendert, this, &EinrichtungsAnsicht::zeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::oeffnetGeaendert, this, &EinrichtungsAnsicht::zeigen);
     connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &EinrichtungsAnsicht::zeigen);
-    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &EinrichtungsAnsicht::zeigen);
     Stil::folgen(this, [this] { beschriftungenAusrichten(); });
     zeigen();
 }
@@ -70,8 +65,8 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
 QWidget *EinrichtungsAnsicht::linkeSeite()
 {
     m_links = new QWidget(this);
-    m_liste = new Abschnittsliste(m_zustand, m_links);
-    auto *profil = new Profilleiste(m_zustand, m_links);
+    m_liste = new Abschnittsliste(m_zustand->einrichtung(), m_links);
+    auto *profil = new Profilleiste(m_zustand->profilwahl(), m_links);
     auto *spalte = new QVBoxLayout(m_links);
     spalte->addWidget(m_liste, 1);
     spalte->addWidget(profil);
@@ -116,11 +111,17 @@ QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
 
 void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
 {
+    Profilwahl *wahl = m_zustand->profilwahl();
+    Einrichtung *einrichtung = m_zustand->einrichtung();
     const QList<Abschnittsseite *> seiten = {
-        programmseite(m_zustand, this),    herkunftseite(m_zustand, this),
-        zielseite(m_zustand, this),        namenseite(m_zustand, this),
-        eigentuemerseite(m_zustand, this), modellseite(m_zustand, this),
-        gelerntseite(m_zustand, this),     oberflaechenseite(m_zustand, sprache, this),
+        programmseite(wahl, einrichtung, m_zustand->modelldienst(), this),
+        herkunftseite(wahl, einrichtung, m_zustand->pruefung(), this),
+        zielseite(wahl, einrichtung, this),
+        namenseite(wahl, einrichtung, this),
+        eigentuemerseite(wahl, einrichtung, this),
+        modellseite(wahl, einrichtung, m_zustand->modelldienst(), this),
+        gelerntseite(wahl, einrichtung, this),
+        oberflaechenseite(wahl, einrichtung, sprache, this),
     };
     for (const Abschnitt abschnitt : alleAbschnitte()) {
         Abschnittsseite *seite = seiten.at(int(abschnitt));
@@ -170,7 +171,7 @@ void EinrichtungsAnsicht::zeigen()
     m_katalogfehler->setVisible(!m_zustand->profilwahl()->katalogfehler().isEmpty());
     if (!m_zustand->profilwahl()->katalogfehler().isEmpty())
         m_katalogfehler->setzeText(Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s) + u": "_s +
-                                   katalogfehlersatz(*m_zustand));
+                                   katalogfehlersatz(*m_zustand->profilwahl()));
     m_seiten->setCurrentIndex(int(m_zustand->einrichtung()->abschnitt()));
     if (da)
         weiterZeigen();

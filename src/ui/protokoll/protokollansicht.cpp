@@ -32,7 +32,7 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
 {
     setObjectName(u"protokoll"_s);
     setFocusPolicy(Qt::ClickFocus);
-    m_sitzungen = new Sitzungsseite(m_zustand, this);
+    m_sitzungen = new Sitzungsseite(m_zustand->profilwahl(), m_zustand->sitzungen(), m_zustand->ausfuehrung(), this);
     m_teiler = new Teiler(m_sitzungen, sitzungsteil(), this);
     m_teiler->setzeAnteil(m_zustand->teilung());
     m_leere = new Leeransicht(this);
@@ -148,7 +148,7 @@ void ProtokollAnsicht::zeigen()
     const bool da = m_zustand->profilwahl()->aktiv() && m_zustand->profilwahl()->katalogfehler().isEmpty();
     m_stapel->setCurrentIndex(da ? 0 : 1);
     if (!da)
-        m_leere->ohneKatalogSetzen(u"large.clock"_s, *m_zustand);
+        m_leere->ohneKatalogSetzen(u"large.clock"_s, *m_zustand->profilwahl());
 }
 
 /** A log that does not lie in the folder of this profile is called by its file. */

@@ -9,7 +9,6 @@
 #include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
-#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,8 +17,8 @@ using namespace Qt::StringLiterals;
 using Stil::abstand;
 using Stil::Schrift;
 
-Protokollordner::Protokollordner(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_ort(new Elidiertext(Qt::ElideMiddle, this)),
+Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
+    : QWidget(eltern), m_profilwahl(profilwahl), m_ort(new Elidiertext(Qt::ElideMiddle, this)),
       m_pfad(new Elidiertext(Qt::ElideMiddle, this)),
       m_warnung(new Hinweisfeld(true, u"exclamationmark.triangle"_s,
                                 Sprache::text(u"In diesen Ordner lässt sich nicht schreiben, oder er ist nicht da. "
@@ -59,8 +58,8 @@ Protokollordner::Protokollordner(Zustand *zustand, QWidget *eltern)
     m_warnung->hide();
     connect(waehlen, &QPushButton::clicked, this, &Protokollordner::waehlen);
     connect(m_standard, &QToolButton::clicked, this, [this] { setzen({}); });
-    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Protokollordner::zeigen);
-    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Protokollordner::zeigen);
+    connect(m_profilwahl, &Profilwahl::profileGeaendert, this, &Protokollordner::zeigen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Protokollordner::zeigen);
     Stil::schriftFolgt(titel, Schrift::Abschnitt);
     Stil::nebentext(m_pfad);
     Stil::folgen(this, [reihe, spalte] {
@@ -72,9 +71,9 @@ Protokollordner::Protokollordner(Zustand *zustand, QWidget *eltern)
 
 void Protokollordner::zeigen()
 {
-    if (!m_zustand->profilwahl()->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    const Profil &profil = *m_zustand->profilwahl()->aktiv();
+    const Profil &profil = *m_profilwahl->aktiv();
     const auto ort = profil.protokollURL();
     const bool eigener = !profil.protokollOrdner.isEmpty();
     QString text = Sprache::text(u"noch kein Zielordner"_s);
@@ -91,9 +90,9 @@ void Protokollordner::zeigen()
 
 void Protokollordner::pruefen()
 {
-    if (!m_zustand->profilwahl()->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    m_frage.stellen([profil = *m_zustand->profilwahl()->aktiv()] { return protokollort(profil); },
+    m_frage.stellen([profil = *m_profilwahl->aktiv()] { return protokollort(profil); },
                     [this](const Ausgang<Protokollort> &ausgang) {
                         m_warnung->setVisible(ausgang.wert == Protokollort::unbrauchbar);
                     });
@@ -101,9 +100,9 @@ void Protokollordner::pruefen()
 
 void Protokollordner::waehlen()
 {
-    if (!m_zustand->profilwahl()->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    const Profil &profil = *m_zustand->profilwahl()->aktiv();
+    const Profil &profil = *m_profilwahl->aktiv();
     const auto ordner = Ordnerwahl::ordnerWaehlen(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s),
                                                   u"protokolle-"_s + profil.id.toString(QUuid::WithoutBraces),
                                                   profil.protokollURL().value_or(QString()));
@@ -114,9 +113,9 @@ void Protokollordner::waehlen()
 /** Saved at once; the state object reads the list of another folder by itself. */
 void Protokollordner::setzen(const QString &ordner)
 {
-    if (!m_zustand->profilwahl()->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    Profil profil = *m_zustand->profilwahl()->aktiv();
+    Profil profil = *m_profilwahl->aktiv();
     profil.protokollOrdner = ordner;
-    m_zustand->profilwahl()->profilAendern(profil);
+    m_profilwahl->profilAendern(profil);
 }

@@ -9,7 +9,7 @@ class Elidiertext;
 class Flachknopf;
 class QLabel;
 class Umbruchtext;
-class Zustand;
+class Profilwahl;
 
 /** Where the session logs go: the profile's own folder or the default place beside the target. */
 class Protokollordner : public QWidget
@@ -17,7 +17,7 @@ class Protokollordner : public QWidget
     Q_OBJECT
 
 public:
-    explicit Protokollordner(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Protokollordner(Profilwahl *profilwahl, QWidget *eltern = nullptr);
     /** Looks again whether logs can be written there. */
     void pruefen();
 
@@ -26,7 +26,7 @@ private:
     void waehlen();
     void setzen(const QString &ordner);
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
     Elidiertext *m_ort;
     Elidiertext *m_pfad;
     QWidget *m_warnung;

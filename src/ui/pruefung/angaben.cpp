@@ -8,7 +8,6 @@
 #include "stil.h"
 #include "zeichen.h"
 #include "zeile.h"
-#include "zustand.h"
 
 #include <QComboBox>
 #include <QDate>
@@ -87,8 +86,9 @@ QString erklaerung()
 }
 } // namespace
 
-Angaben::Angaben(Zustand *zustand, QWidget *eltern)
-    : Pruefabschnitt(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_zustand(zustand), m_tag(new QLabel(this))
+Angaben::Angaben(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *eltern)
+    : Pruefabschnitt(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_profilwahl(profilwahl), m_pruefung(pruefung),
+      m_tag(new QLabel(this))
 {
     m_erklaerung->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_tag->setTextFormat(Qt::PlainText);
@@ -107,10 +107,9 @@ Angaben::Angaben(Zustand *zustand, QWidget *eltern)
     anordnen();
     Stil::folgen(this, [this] { masse(); });
     for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
-        connect(m_zustand->pruefung(), signal, this, &Angaben::zeigen);
-    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Angaben::zeigen);
-    connect(m_zustand->pruefung(), &Pruefung::angabenFestGeaendert, this, &Angaben::festhalten);
-    connect(m_zustand->pruefung(), &Pruefung::aktuellesGeaendert, this, [this] {
+        connect(m_pruefung, signal, this, &Angaben::zeigen);
+    connect(m_pruefung, &Pruefung::angabenFestGeaendert, this, &Angaben::festhalten);
+    connect(m_pruefung, &Pruefung::aktuellesGeaendert, this, [this] {
         // An open list belongs to the document before.
         for (QComboBox *wahl : std::as_const(m_wahlen))
             wahl->hidePopup();
@@ -146,8 +145,8 @@ void Angaben::textfeldBauen(Feld feld, int zeichen)
         m_zeichen[feld] = zeichen;
     m_texte[feld] = eingabe;
     einrichten(feld, eingabe);
-    connect(eingabe, &QLineEdit::textEdited, m_zustand,
-            [this, feld](const QString &text) { m_zustand->pruefung()->feldSetzen(feld, text); });
+    connect(eingabe, &QLineEdit::textEdited, this,
+            [this, feld](const QString &text) { m_pruefung->feldSetzen(feld, text); });
 }
 
 void Angaben::wahlBauen(Feld feld)
@@ -160,9 +159,8 @@ void Angaben::wahlBauen(Feld feld)
     m_wahlen[feld] = wahl;
     einrichten(feld, wahl);
     radsperre(wahl);
-    connect(wahl, &QComboBox::activated, m_zustand, [this, feld, wahl](int stelle) {
-        m_zustand->pruefung()->feldSetzen(feld, wahl->itemData(stelle).toString());
-    });
+    connect(wahl, &QComboBox::activated, this,
+            [this, feld, wahl](int stelle) { m_pruefung->feldSetzen(feld, wahl->itemData(stelle).toString()); });
 }
 
 void Angaben::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
@@ -214,7 +212,7 @@ int Angaben::volleHoehe() const
 
 void Angaben::zeigen()
 {
-    const bool da = m_zustand->pruefung()->aktuelles() != nullptr;
+    const bool da = m_pruefung->aktuelles() != nullptr;
     setEnabled(da);
     for (auto it = m_texte.begin(); it != m_texte.end(); ++it)
         textZeigen(it.key());
@@ -226,13 +224,12 @@ void Angaben::zeigen()
 void Angaben::festhalten()
 {
     for (QLineEdit *eingabe : std::as_const(m_texte))
-        eingabe->setReadOnly(m_zustand->pruefung()->angabenFest());
+        eingabe->setReadOnly(m_pruefung->angabenFest());
 }
 
 void Angaben::textZeigen(Feld feld)
 {
-    const QString wert =
-        m_zustand->pruefung()->aktuelles() ? feldwert(*m_zustand->pruefung()->aktuelles(), feld) : QString();
+    const QString wert = m_pruefung->aktuelles() ? feldwert(*m_pruefung->aktuelles(), feld) : QString();
     // Setting it anew would move the cursor and forget what can be undone.
     if (m_texte[feld]->text() != wert)
         m_texte[feld]->setText(wert);
@@ -242,8 +239,8 @@ void Angaben::textZeigen(Feld feld)
 
 void Angaben::wahlenZeigen()
 {
-    const Dokument *d = m_zustand->pruefung()->aktuelles();
-    const auto &profil = m_zustand->profilwahl()->aktiv();
+    const Dokument *d = m_pruefung->aktuelles();
+    const auto &profil = m_profilwahl->aktiv();
     if (!d || !profil)
         return;
     const Zweig *zweig = profil->zweig(d->zweig);
@@ -287,9 +284,9 @@ void Angaben::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &w
 
 void Angaben::tagZeigen()
 {
-    const Dokument *d = m_zustand->pruefung()->aktuelles();
+    const Dokument *d = m_pruefung->aktuelles();
     const QString datum = d ? d->datum.trimmed() : QString();
-    const QString mangel = m_zustand->pruefung()->datumsmangel();
+    const QString mangel = m_pruefung->datumsmangel();
     const bool falsch = !mangel.isEmpty();
     QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
     if (falsch && !Einordnung::istDatum(datum))

@@ -103,10 +103,11 @@ QWidget *PruefAnsicht::vorschlagsseite()
 {
     auto *seite = new QWidget(this);
     auto *inhalt = new QWidget(seite);
-    m_vorschlag = new Vorschlagsteil(m_zustand, inhalt);
-    m_hinweise = new Hinweisfach(m_zustand, inhalt);
-    m_angaben = new Angaben(m_zustand, inhalt);
-    m_aktionen = new Aktionsfeld(m_zustand, seite);
+    m_vorschlag = new Vorschlagsteil(m_zustand->pruefung(), inhalt);
+    m_hinweise = new Hinweisfach(m_zustand->pruefung(), inhalt);
+    m_angaben = new Angaben(m_zustand->profilwahl(), m_zustand->pruefung(), inhalt);
+    m_aktionen = new Aktionsfeld(m_zustand->profilwahl(), m_zustand->pruefung(), m_zustand->ausfuehrung(),
+                                 m_zustand->meldestelle(), seite);
     m_rollen = rollbereich(inhalt, seite);
     m_rollen->installEventFilter(this);
     auto *spalte = new QVBoxLayout(inhalt);
@@ -135,7 +136,7 @@ QWidget *PruefAnsicht::leerseite()
 {
     auto *seite = new QWidget(this);
     m_leere = new Leeransicht(seite);
-    auto *meldung = new Meldungszeile(m_zustand, seite);
+    auto *meldung = new Meldungszeile(m_zustand->meldestelle(), m_zustand->pruefung(), m_zustand->ausfuehrung(), seite);
     auto *spalte = new QVBoxLayout(seite);
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->addWidget(m_leere, 1);
@@ -273,7 +274,7 @@ void PruefAnsicht::leereZeigen()
     if (m_zustand->profilwahl()->oeffnet())
         return m_leere->setzen(u"large.clock"_s, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
     if (!m_zustand->profilwahl()->offen())
-        return m_leere->ohneKatalogSetzen(u"large.folder"_s, *m_zustand);
+        return m_leere->ohneKatalogSetzen(u"large.folder"_s, *m_zustand->profilwahl());
     m_leereTat = [this] { m_zustand->setzeReiter(Reiter::einrichtung); };
     m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand),
                     naechsterSchritt());
