@@ -1,7 +1,9 @@
 #include "fenster.h"
 
 #include "analyse.h"
+#include "ausfuehrung.h"
 #include "beispielprofil.h"
+#include "durchgang.h"
 #include "fensterbuehne.h"
 #include "kommando.h"
 #include "messung.h"
@@ -10,6 +12,8 @@
 #include "profilspeicher.h"
 #include "protokollbuch.h"
 #include "pruefansicht.h"
+#include "pruefung.h"
+#include "sitzungen.h"
 #include "umbruchtext.h"
 #include "vorschau.h"
 #include "zustand.h"
@@ -133,7 +137,7 @@ void Fensterreihen::eingabe()
     Fenster f;
     QString sichtbar;
     QObject::connect(f.vorschau(), &Vorschau::seiteSichtbar, [&](const QString &pfad) { sichtbar = pfad; });
-    bis([&] { return f.zustand.aktuelles() && sichtbar == f.zustand.aktuelles()->pfad; });
+    bis([&] { return f.zustand.pruefung()->aktuelles() && sichtbar == f.zustand.pruefung()->aktuelles()->pfad; });
     QList<double> zeiten;
     for (int i = 0; i < eingaben; ++i) {
         warten(blick);
@@ -143,7 +147,7 @@ void Fensterreihen::eingabe()
         Fenster::druecken(Qt::Key_Return);
         bis([&] { return sichtbar != vorher; });
         zeiten << millisekunden(uhr);
-        bis([&] { return !f.zustand.beschaeftigt(); });
+        bis([&] { return !f.zustand.ausfuehrung()->beschaeftigt(); });
     }
     const Ziffern z = ziffern(zeiten);
     Messung::drucken("Return to the next page, median of 100", z.mitte, "ms", 100);
@@ -157,7 +161,7 @@ void Fensterreihen::taste()
     heim.sichern();
     heim.belegen(Probe::textPdfs(heim.profil.quelle, 2));
     Fenster f;
-    bis([&] { return f.zustand.aktuelles() != nullptr; });
+    bis([&] { return f.zustand.pruefung()->aktuelles() != nullptr; });
     warten(blick);
     auto *titel = f.fenster.findChild<QLineEdit *>(u"titel"_s);
     auto *neuerName = f.fenster.findChild<Umbruchtext *>(u"neuerName"_s);
@@ -186,8 +190,8 @@ void Fensterreihen::schleife()
     const Servierer server;
     Fenster f;
     Schleifenwache wache;
-    f.zustand.durchgangStarten();
-    while (f.zustand.analyse()->laeuft())
+    f.zustand.durchgang()->durchgangStarten();
+    while (f.zustand.durchgang()->analyse()->laeuft())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     Messung::drucken("longest block of the loop, 200 documents", wache.laengste(), "ms", 50);
 }
@@ -202,10 +206,10 @@ void Fensterreihen::protokollkarte()
     auto *liste = f.fenster.findChild<QListView *>(u"bewegungen"_s);
     Schleifenwache wache;
     f.zustand.setzeReiter(Reiter::protokoll);
-    bis([&] { return f.zustand.protokollDateien().size() == 1; });
+    bis([&] { return f.zustand.sitzungen()->protokollDateien().size() == 1; });
     warten(blick);
     Messung::drucken("log of 100,000: listing, longest block", wache.laengste(), "ms", 50);
-    f.zustand.protokollWaehlen(log);
+    f.zustand.sitzungen()->protokollWaehlen(log);
     bis([&] { return liste->model()->rowCount() == alle; });
     warten(blick);
     Messung::drucken("log of 100,000: opening, longest block", wache.laengste(), "ms", 50);
@@ -214,7 +218,7 @@ void Fensterreihen::protokollkarte()
         warten(16);
     }
     Messung::drucken("log of 100,000: scrolling, longest block", wache.laengste(), "ms", 50);
-    f.zustand.protokollWaehlen(std::nullopt);
+    f.zustand.sitzungen()->protokollWaehlen(std::nullopt);
     warten(blick);
     Messung::drucken("log of 100,000: closing, longest block", wache.laengste(), "ms", 50);
 }

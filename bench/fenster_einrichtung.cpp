@@ -1,6 +1,7 @@
 #include "fenster.h"
 
 #include "abschnitt.h"
+#include "einrichtung.h"
 #include "fensterbuehne.h"
 #include "messung.h"
 #include "probe.h"
@@ -56,7 +57,7 @@ void rollen(QTreeView *baum)
 
 void tippen(Fenster &f, Abschnitt abschnitt, const QString &feld)
 {
-    f.zustand.setzeAbschnitt(abschnitt);
+    f.zustand.einrichtung()->setzeAbschnitt(abschnitt);
     auto *eingabe = teil<QLineEdit>(f, feld);
     eingabe->setFocus();
     for (int n = 0; n < 20; ++n) {
@@ -77,22 +78,24 @@ void Fensterreihen::einrichtungskarte()
     warten(blick);
     Schleifenwache wache;
     f.zustand.setzeReiter(Reiter::einrichtung);
-    f.zustand.setzeAbschnitt(Abschnitt::herkunft);
-    bis([&] { return f.zustand.einrichtung().quelle && f.zustand.einrichtung().quelle->anzahl == alle; });
+    f.zustand.einrichtung()->setzeAbschnitt(Abschnitt::herkunft);
+    bis([&] {
+        return f.zustand.einrichtung()->stand().quelle && f.zustand.einrichtung()->stand().quelle->anzahl == alle;
+    });
     warten(blick);
     Messung::drucken("setup: counting 100,000 files, longest block", wache.laengste(), "ms", grenze);
-    f.zustand.setzeAbschnitt(Abschnitt::ziel);
+    f.zustand.einrichtung()->setzeAbschnitt(Abschnitt::ziel);
     warten(blick);
     wache.laengste();
     teil<QAbstractButton>(f, u"strukturEinlesen"_s)->click();
-    bis([&] { return f.zustand.einrichtung().zahlen.rubriken == rubriken; });
+    bis([&] { return f.zustand.einrichtung()->stand().zahlen.rubriken == rubriken; });
     warten(blick);
     Messung::drucken("setup: reading 5,000 rubrics, longest block", wache.laengste(), "ms", grenze);
     rollen(teil<QTreeView>(f, u"struktur"_s));
     Messung::drucken("setup: scrolling them, longest block", wache.laengste(), "ms", grenze);
     QDir(heim.profil.zielWurzel + u"/Zweig 0/Ablage 0"_s).removeRecursively();
     teil<QAbstractButton>(f, u"strukturEinlesen"_s)->click();
-    bis([&] { return f.zustand.einrichtung().zahlen.entfallen == rubriken / 50; });
+    bis([&] { return f.zustand.einrichtung()->stand().zahlen.entfallen == rubriken / 50; });
     warten(blick);
     Messung::drucken("setup: reading and comparing, longest block", wache.laengste(), "ms", grenze);
     tippen(f, Abschnitt::ziel, u"auffangOrdner"_s);
@@ -101,7 +104,7 @@ void Fensterreihen::einrichtungskarte()
     tippen(f, Abschnitt::herkunft, u"neueAusnahme"_s);
     Messung::drucken("setup: typing with that profile, longest block", wache.laengste(), "ms", grenze);
     for (const Abschnitt abschnitt : alleAbschnitte()) {
-        f.zustand.setzeAbschnitt(abschnitt);
+        f.zustand.einrichtung()->setzeAbschnitt(abschnitt);
         warten(blick / 2);
     }
     Messung::drucken("setup: going through the sections, longest block", wache.laengste(), "ms", grenze);

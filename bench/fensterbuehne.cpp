@@ -4,7 +4,9 @@
 #include "pfade.h"
 #include "probe.h"
 #include "profilspeicher.h"
+#include "profilwahl.h"
 #include "pruefansicht.h"
+#include "pruefung.h"
 #include "stapel.h"
 
 #include <QApplication>
@@ -80,8 +82,8 @@ Fenster::Fenster()
 {
     fenster.resize(1280, 860);
     fenster.show();
-    bis([&] { return zustand.offen() && zustand.bereitschaft(); });
-    if (zustand.aktuelles())
+    bis([&] { return zustand.profilwahl()->offen() && zustand.profilwahl()->bereitschaft(); });
+    if (zustand.pruefung()->aktuelles())
         bis([] { return QApplication::focusWidget() != nullptr; });
 }
 

@@ -3,11 +3,14 @@
 #include "beispielprofil.h"
 #include "bremse.h"
 #include "buehnenbild.h"
+#include "durchgang.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
 #include "kaestchenstil.h"
+#include "modelldienst.h"
 #include "modellserver.h"
 #include "profilspeicher.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zustand.h"
@@ -87,13 +90,13 @@ bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, Fenstersprache &sprach
 /** Before the pictures that show what an analysis has found. */
 void analysieren(Zustand &zustand)
 {
-    if (zustand.laufbild().gelaufen() && !zustand.analyse()->laeuft())
+    if (zustand.durchgang()->laufbild().gelaufen() && !zustand.durchgang()->analyse()->laeuft())
         return;
     qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(bremse().serverPort()));
     bremse().loslassen();
-    zustand.modellPruefen();
-    zustand.durchgangStarten();
-    while (zustand.analyse()->laeuft())
+    zustand.modelldienst()->modellPruefen();
+    zustand.durchgang()->durchgangStarten();
+    while (zustand.durchgang()->analyse()->laeuft())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 Bremse *vorDemServer = nullptr;
@@ -142,11 +145,11 @@ int main(int anzahl, char **argumente)
     qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(bremse.serverPort()));
     Fenstersprache sprache;
     Zustand zustand;
-    zustand.beginnen();
-    laufenBis([&] { return zustand.offen(); });
-    Profil profil = *zustand.aktiv();
+    zustand.profilwahl()->beginnen();
+    laufenBis([&] { return zustand.profilwahl()->offen(); });
+    Profil profil = *zustand.profilwahl()->aktiv();
     profil.zweige = Profil::struktureinlesen(profil.zielWurzel, 2);
-    zustand.profilAendern(profil);
+    zustand.profilwahl()->profilAendern(profil);
     bool analysiert = false;
     for (const Buehnenbild &bild : buehnenbilder()) {
         if (!wuensche.isEmpty() && !wuensche.contains(bild.name))

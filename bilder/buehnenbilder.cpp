@@ -1,8 +1,15 @@
 #include "buehnenbild.h"
 
+#include "ausfuehrung.h"
 #include "bremse.h"
+#include "durchgang.h"
+#include "einrichtung.h"
 #include "hauptfenster.h"
+#include "modelldienst.h"
+#include "profilwahl.h"
 #include "programmordner.h"
+#include "pruefung.h"
+#include "sitzungen.h"
 #include "zustand.h"
 
 #include <QAbstractButton>
@@ -20,17 +27,18 @@ constexpr QSize klein(1100, 700);
 void aufsuchen(Zustand &zustand, const QString &teil)
 {
     zustand.setzeReiter(Reiter::pruefen);
-    for (int n = 0; n < 100 && !(zustand.aktuelles() && zustand.aktuelles()->pfad.contains(teil)); ++n) {
-        zustand.weiter(Richtung::Weiter);
-        laufenBis([&] { return !zustand.beschaeftigt(); });
+    for (int n = 0;
+         n < 100 && !(zustand.pruefung()->aktuelles() && zustand.pruefung()->aktuelles()->pfad.contains(teil)); ++n) {
+        zustand.ausfuehrung()->weiter(Richtung::Weiter);
+        laufenBis([&] { return !zustand.ausfuehrung()->beschaeftigt(); });
     }
 }
 
 void uebernehmen(Zustand &zustand)
 {
-    zustand.setzeUngesehen(false); // its card need not be in front
-    zustand.uebernehmen();
-    laufenBis([&] { return !zustand.beschaeftigt(); });
+    zustand.pruefung()->setzeUngesehen(false); // its card need not be in front
+    zustand.ausfuehrung()->uebernehmen();
+    laufenBis([&] { return !zustand.ausfuehrung()->beschaeftigt(); });
 }
 
 void pruefen(Zustand &zustand, Hauptfenster &) { aufsuchen(zustand, u"trom"_s); }
@@ -39,9 +47,9 @@ void pruefen(Zustand &zustand, Hauptfenster &) { aufsuchen(zustand, u"trom"_s); 
 void serverDa(Zustand &zustand, bool da)
 {
     qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(da ? bremse().serverPort() : 9));
-    zustand.modellPruefen();
+    zustand.modelldienst()->modellPruefen();
     laufenBis([&] {
-        const Modellstand::Art art = zustand.modellstand().art;
+        const Modellstand::Art art = zustand.modelldienst()->modellstand().art;
         return art != Modellstand::Art::unbekannt && (art == Modellstand::Art::serverFehlt) != da;
     });
 }
@@ -67,7 +75,7 @@ void startfrage(Zustand &zustand, Hauptfenster &fenster)
     serverDa(zustand, false);
     ruhe();
     druecken(fenster, u"durchgangStarten"_s);
-    laufenBis([&] { return zustand.modellstand().art == Modellstand::Art::serverFehlt; });
+    laufenBis([&] { return zustand.modelldienst()->modellstand().art == Modellstand::Art::serverFehlt; });
 }
 
 /** A run that has come to the model and stays there. */
@@ -78,9 +86,9 @@ void laufend(Zustand &zustand, Hauptfenster &fenster)
     if (bremse().gehalten() > 0)
         return;
     bremse().halten(beantwortet);
-    zustand.durchgangStarten();
+    zustand.durchgang()->durchgangStarten();
     laufenBis([&] { return bremse().gehalten() > 0; });
-    zustand.aktualisieren();
+    zustand.pruefung()->aktualisieren();
 }
 
 std::function<void(Zustand &, Hauptfenster &)> abschnitt(Abschnitt welcher)
@@ -88,15 +96,15 @@ std::function<void(Zustand &, Hauptfenster &)> abschnitt(Abschnitt welcher)
     return [welcher](Zustand &zustand, Hauptfenster &) {
         serverDa(zustand, true);
         zustand.setzeReiter(Reiter::einrichtung);
-        zustand.setzeAbschnitt(welcher);
-        laufenBis([&] { return zustand.einrichtung().programme && zustand.einrichtung().quelle; });
+        zustand.einrichtung()->setzeAbschnitt(welcher);
+        laufenBis([&] { return zustand.einrichtung()->stand().programme && zustand.einrichtung()->stand().quelle; });
     };
 }
 
 /** The structure as it was before someone made one folder and removed another. */
 void strukturWechsel(Zustand &zustand, Hauptfenster &fenster)
 {
-    Profil vorher = *zustand.aktiv();
+    Profil vorher = *zustand.profilwahl()->aktiv();
     for (Ablageart &art : vorher.zweige.first().ablagen) {
         if (art.rubriken.size() > 1) {
             art.rubriken.removeFirst();
@@ -104,8 +112,8 @@ void strukturWechsel(Zustand &zustand, Hauptfenster &fenster)
             break;
         }
     }
-    zustand.profilAendern(vorher);
-    zustand.strukturEinlesen();
+    zustand.profilwahl()->profilAendern(vorher);
+    zustand.einrichtung()->strukturEinlesen();
     abschnitt(Abschnitt::ziel)(zustand, fenster);
 }
 
@@ -113,33 +121,33 @@ void strukturWechsel(Zustand &zustand, Hauptfenster &fenster)
 void modellKommt(Zustand &zustand, Hauptfenster &fenster)
 {
     abschnitt(Abschnitt::modell)(zustand, fenster);
-    if (!zustand.modellstand().laedtModell.isEmpty())
+    if (!zustand.modelldienst()->modellstand().laedtModell.isEmpty())
         return;
-    Profil profil = *zustand.aktiv();
+    Profil profil = *zustand.profilwahl()->aktiv();
     profil.modell = u"qwen3:4b"_s;
-    zustand.profilAendern(profil);
-    laufenBis([&] { return zustand.modellstand().art == Modellstand::Art::modellFehlt; });
-    zustand.modellLaden();
-    laufenBis([&] { return zustand.modellstand().geladen > 0; });
+    zustand.profilwahl()->profilAendern(profil);
+    laufenBis([&] { return zustand.modelldienst()->modellstand().art == Modellstand::Art::modellFehlt; });
+    zustand.modelldienst()->modellLaden();
+    laufenBis([&] { return zustand.modelldienst()->modellstand().geladen > 0; });
 }
 
 /** Nothing is where it should be. */
 void maengel(Zustand &zustand, Abschnitt welcher)
 {
-    zustand.modellLadenAbbrechen();
-    laufenBis([&] { return zustand.modellstand().laedtModell.isEmpty(); });
-    Profil profil = *zustand.aktiv();
+    zustand.modelldienst()->modellLadenAbbrechen();
+    laufenBis([&] { return zustand.modelldienst()->modellstand().laedtModell.isEmpty(); });
+    Profil profil = *zustand.profilwahl()->aktiv();
     profil.ocrSprache = u"fra"_s;
     profil.pfadVorlage = u"{zweig}/{monat}"_s;
     profil.namensVorlage = u"{datum} {gegenueber"_s;
     profil.eigeneNamen.clear();
     if (!profil.zielWurzel.endsWith(u"/alt"_s))
         profil.zielWurzel += u"/alt"_s;
-    zustand.profilAendern(profil);
+    zustand.profilwahl()->profilAendern(profil);
     zustand.setzeReiter(Reiter::einrichtung);
-    zustand.setzeAbschnitt(welcher);
+    zustand.einrichtung()->setzeAbschnitt(welcher);
     serverDa(zustand, false);
-    zustand.einrichtungPruefen();
+    zustand.einrichtung()->einrichtungPruefen();
 }
 
 /** The same section as it looks to others: dark and large, English and small. */
@@ -170,28 +178,29 @@ QList<Buehnenbild> varianten(const QString &name, const std::function<void(Zusta
 void hinweise(Zustand &zustand, Hauptfenster &fenster)
 {
     aufsuchen(zustand, u"Preisliste"_s); // the one that names nobody else
-    zustand.feldSetzen(Feld::Titel,
-                       u"Festsetzungsbescheid über die Erstattung von Grunderwerbsnebenkosten und Erschließung"_s);
+    zustand.pruefung()->feldSetzen(
+        Feld::Titel, u"Festsetzungsbescheid über die Erstattung von Grunderwerbsnebenkosten und Erschließung"_s);
     if (auto *feld = fenster.findChild<QLineEdit *>(u"titel"_s))
         feld->setFocus();
 }
 /** A running session of some length, with a step taken back and a file that somebody has put elsewhere. */
 void protokoll(Zustand &zustand, Hauptfenster &)
 {
-    const auto fertig = [&] { return !zustand.beschaeftigt(); };
-    if (!zustand.laufendesBuch() || Protokollbuch::lesen(zustand.laufendesBuch()->datei()).size() < 8) {
-        zustand.zurueckgestellteVorlegen();
+    const auto fertig = [&] { return !zustand.ausfuehrung()->beschaeftigt(); };
+    if (!zustand.sitzungen()->laufendesBuch() ||
+        Protokollbuch::lesen(zustand.sitzungen()->laufendesBuch()->datei()).size() < 8) {
+        zustand.ausfuehrung()->zurueckgestellteVorlegen();
         laufenBis(fertig);
-        for (int n = 0; n < 12 && zustand.aktuelles(); ++n)
+        for (int n = 0; n < 12 && zustand.pruefung()->aktuelles(); ++n)
             uebernehmen(zustand);
-        zustand.rueckgaengig();
+        zustand.ausfuehrung()->rueckgaengig();
         laufenBis(fertig);
-        const QList<Protokollzeile> zeilen = Protokollbuch::lesen(zustand.laufendesBuch()->datei());
+        const QList<Protokollzeile> zeilen = Protokollbuch::lesen(zustand.sitzungen()->laufendesBuch()->datei());
         QFile::remove(zeilen.value(2).nach);
     }
     zustand.setzeReiter(Reiter::protokoll);
-    if (zustand.protokollDatei() != zustand.laufendesBuch()->datei())
-        zustand.protokollWaehlen(zustand.laufendesBuch()->datei());
+    if (zustand.sitzungen()->protokollDatei() != zustand.sitzungen()->laufendesBuch()->datei())
+        zustand.sitzungen()->protokollWaehlen(zustand.sitzungen()->laufendesBuch()->datei());
 }
 
 void protokollfrage(Zustand &zustand, Hauptfenster &fenster)
@@ -206,9 +215,9 @@ void rueckbau(Zustand &zustand, Hauptfenster &)
 {
     constexpr int viele = 200'000;
     QFile datei(programmOrdner() + u"/Protokoll 2026-11-02 192014.jsonl"_s);
-    if (zustand.rueckbauLaeuft() || !datei.open(QIODevice::WriteOnly))
+    if (zustand.sitzungen()->rueckbauLaeuft() || !datei.open(QIODevice::WriteOnly))
         return;
-    const Profil &profil = *zustand.aktiv();
+    const Profil &profil = *zustand.profilwahl()->aktiv();
     datei.write(Protokollkopf::fuer(profil).json() + '\n');
     for (int n = 0; n < viele; ++n)
         datei.write(Protokollzeile{.zeit = u"2026-11-02T18:20:14Z"_s,
@@ -222,17 +231,17 @@ void rueckbau(Zustand &zustand, Hauptfenster &)
                     '\n');
     datei.close();
     zustand.setzeReiter(Reiter::protokoll);
-    zustand.protokollWaehlen(datei.fileName());
-    laufenBis([&] { return zustand.protokollZeilen().size() == viele; });
-    zustand.protokollZurueckdrehen();
-    laufenBis([&] { return zustand.rueckbauAnteil() > 0.2 || !zustand.rueckbauLaeuft(); });
+    zustand.sitzungen()->protokollWaehlen(datei.fileName());
+    laufenBis([&] { return zustand.sitzungen()->protokollZeilen().size() == viele; });
+    zustand.sitzungen()->protokollZurueckdrehen();
+    laufenBis([&] { return zustand.sitzungen()->rueckbauAnteil() > 0.2 || !zustand.sitzungen()->rueckbauLaeuft(); });
 }
 
 /** Back to the state in which the profile was shown at first. */
 void genesen(Zustand &zustand)
 {
-    zustand.anhalten();
-    laufenBis([&] { return !zustand.beschaeftigt(); });
+    zustand.ausfuehrung()->anhalten();
+    laufenBis([&] { return !zustand.ausfuehrung()->beschaeftigt(); });
 }
 
 void info(Zustand &, Hauptfenster &fenster)
@@ -243,43 +252,43 @@ void info(Zustand &, Hauptfenster &fenster)
 void allesZuruecklegen(Zustand &zustand, Hauptfenster &)
 {
     zustand.setzeReiter(Reiter::pruefen);
-    for (int n = 0; n < 100 && zustand.aktuelles(); ++n) {
-        zustand.setzeUngesehen(false); // its page need not have been painted
-        zustand.zuruecklegen();
-        laufenBis([&] { return !zustand.beschaeftigt(); });
+    for (int n = 0; n < 100 && zustand.pruefung()->aktuelles(); ++n) {
+        zustand.pruefung()->setzeUngesehen(false); // its page need not have been painted
+        zustand.ausfuehrung()->zuruecklegen();
+        laufenBis([&] { return !zustand.ausfuehrung()->beschaeftigt(); });
     }
 }
 
 void ausnahme(Zustand &zustand, Hauptfenster &fenster)
 {
-    if (!zustand.aktiv()->ausnahmen.contains(u"Fotos"_s))
-        Q_UNUSED(zustand.ausnahmeAufnehmen(u"Fotos"_s));
+    if (!zustand.profilwahl()->aktiv()->ausnahmen.contains(u"Fotos"_s))
+        Q_UNUSED(zustand.einrichtung()->ausnahmeAufnehmen(u"Fotos"_s));
     abschnitt(Abschnitt::herkunft)(zustand, fenster);
 }
 
 void monatImOrdner(Zustand &zustand, Hauptfenster &fenster)
 {
-    Profil profil = *zustand.aktiv();
+    Profil profil = *zustand.profilwahl()->aktiv();
     profil.pfadVorlage = u"{zweig}/{ablage}/{jahr}/{rubrik}/{monat}"_s;
-    zustand.profilAendern(profil);
+    zustand.profilwahl()->profilAendern(profil);
     abschnitt(Abschnitt::namen)(zustand, fenster);
 }
 
 /** As it was before monatImOrdner(). */
 void eigentuemer(Zustand &zustand, Hauptfenster &fenster)
 {
-    Profil profil = *zustand.aktiv();
+    Profil profil = *zustand.profilwahl()->aktiv();
     profil.pfadVorlage = u"{zweig}/{ablage}/{jahr}/{rubrik}"_s;
-    zustand.profilAendern(profil);
+    zustand.profilwahl()->profilAendern(profil);
     abschnitt(Abschnitt::eigentuemer)(zustand, fenster);
 }
 
 /** Something to be learned: a name corrected, and some documents taken over. */
 void gelernt(Zustand &zustand, Hauptfenster &fenster)
 {
-    if (zustand.zaehlwerk().erledigt < 4) {
+    if (zustand.pruefung()->zaehlwerk().erledigt < 4) {
         aufsuchen(zustand, u"trom"_s);
-        zustand.feldSetzen(Feld::Gegenueber, u"Elbtal Energie"_s);
+        zustand.pruefung()->feldSetzen(Feld::Gegenueber, u"Elbtal Energie"_s);
         uebernehmen(zustand);
         for (int n = 0; n < 3; ++n)
             uebernehmen(zustand);
@@ -291,17 +300,17 @@ void erststart(Zustand &zustand, Hauptfenster &)
 {
     genesen(zustand);
     zustand.setzeReiter(Reiter::einrichtung);
-    if (zustand.aktiv())
-        zustand.profilEntfernen(zustand.aktiv()->id);
+    if (zustand.profilwahl()->aktiv())
+        zustand.profilwahl()->profilEntfernen(zustand.profilwahl()->aktiv()->id);
 }
 
 void neuesProfil(Zustand &zustand, Hauptfenster &)
 {
-    if (!zustand.aktiv())
-        zustand.neuesProfil();
+    if (!zustand.profilwahl()->aktiv())
+        zustand.profilwahl()->neuesProfil();
     serverDa(zustand, true);
-    zustand.setzeAbschnitt(Abschnitt::herkunft);
-    laufenBis([&] { return zustand.offen() && zustand.einrichtung().programme; });
+    zustand.einrichtung()->setzeAbschnitt(Abschnitt::herkunft);
+    laufenBis([&] { return zustand.profilwahl()->offen() && zustand.einrichtung()->stand().programme; });
 }
 
 QList<Buehnenbild> pruefbilder()
@@ -323,11 +332,11 @@ QList<Buehnenbild> pruefbilder()
         {.name = u"pruefen-aehnlich"_s,
          .vorher =
              [](Zustand &zustand, Hauptfenster &) {
-                 for (int n = 0; n < 100 && !zustand.aehnliches(); ++n) {
-                     zustand.weiter(Richtung::Weiter);
-                     laufenBis([&] { return !zustand.beschaeftigt(); });
+                 for (int n = 0; n < 100 && !zustand.pruefung()->aehnliches(); ++n) {
+                     zustand.ausfuehrung()->weiter(Richtung::Weiter);
+                     laufenBis([&] { return !zustand.ausfuehrung()->beschaeftigt(); });
                  }
-                 zustand.setzePartnerZeigen(true);
+                 zustand.pruefung()->setzePartnerZeigen(true);
              }},
     };
 }

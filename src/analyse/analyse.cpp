@@ -3,6 +3,7 @@
 #include "ablagewerk.h"
 #include "bestand.h"
 #include "einordner.h"
+#include "hintergrund.h"
 #include "katalog.h"
 #include "sperrdatei.h"
 #include "sprache.h"
@@ -19,11 +20,11 @@ using namespace std::chrono_literals;
 
 /** What the worker shares with the object that started it, and what outlives that object. */
 struct Analyse::Verbindung {
+    explicit Verbindung(std::shared_ptr<Briefkasten> kasten) : briefe(std::move(kasten)) {}
+
+    const std::shared_ptr<Briefkasten> briefe;
     std::mutex schloss;
     std::condition_variable ende;
-    Analyse *ziel = nullptr;      ///< none once the object is gone
-    QList<Laufstand> ausstehende; ///< the newest state of each stage since the last delivery
-    bool unterwegs = false;       ///< a notice is on its way to the main thread and will take them along
     bool fertig = false;
     std::atomic<bool> abbrechen = false;
     std::optional<QStringList> ausnahmen; ///< as changed since the run began
@@ -34,43 +35,20 @@ struct Analyse::Verbindung {
         return ausnahmen;
     }
 
-    /** Hands the state to the main thread; states of one stage that come faster than it takes them are skipped. */
-    void melden(const std::shared_ptr<Verbindung> &selbst, const Laufstand &stand)
-    {
-        const std::lock_guard sperre(schloss);
-        if (!ausstehende.isEmpty() && ausstehende.last().stufe == stand.stufe)
-            ausstehende.last() = stand;
-        else
-            ausstehende << stand;
-        if (!ziel || unterwegs)
-            return;
-        unterwegs = true;
-        QMetaObject::invokeMethod(
-            ziel, [selbst] { selbst->ausliefern(); }, Qt::QueuedConnection);
-    }
-
-    void ausliefern()
-    {
-        std::unique_lock sperre(schloss);
-        unterwegs = false;
-        const QList<Laufstand> staende = std::exchange(ausstehende, {});
-        Analyse *const empfaenger = ziel;
-        sperre.unlock();
-        for (const Laufstand &stand : staende) {
-            if (empfaenger && empfaenger->m_laeuft)
-                empfaenger->standSetzen(stand);
-        }
-    }
-
-    void abmelden(const Laufstand &stand, const Lauffazit &fazit)
+    void abmelden()
     {
         const std::lock_guard sperre(schloss);
         fertig = true;
         ende.notify_all();
-        if (ziel)
-            QMetaObject::invokeMethod(
-                ziel, [z = ziel, stand, fazit] { z->schluss(stand, fazit); }, Qt::QueuedConnection);
     }
+};
+
+/** What a run works with. */
+struct Analyse::Arbeit {
+    std::shared_ptr<Datenbank> db;
+    Profil profil;
+    Laufauftrag auftrag;
+    std::stop_token ende;
 };
 
 namespace
@@ -142,11 +120,9 @@ Analyse::~Analyse()
     if (!m_verbindung)
         return;
     sofortBeenden();
-    std::unique_lock sperre(m_verbindung->schloss);
-    m_verbindung->ziel = nullptr;
     // A worker that waits for a locked catalogue is left behind; it holds all it needs.
-    if (!m_verbindung->ende.wait_for(sperre, laengstesWarten, [this] { return m_verbindung->fertig; }))
-        m_faden.detach();
+    std::unique_lock sperre(m_verbindung->schloss);
+    m_verbindung->ende.wait_for(sperre, laengstesWarten, [this] { return m_verbindung->fertig; });
 }
 
 QString Analyse::stufe() const { return Sprache::text(/* QUILLMAR_TEXT */ m_stand.stufe); }
@@ -168,7 +144,7 @@ void Analyse::ausnahmenSetzen(const QStringList &ausnahmen)
     m_verbindung->ausnahmen = ausnahmen;
 }
 
-void Analyse::sofortBeenden() { m_faden.request_stop(); }
+void Analyse::sofortBeenden() { m_ende.request_stop(); }
 
 void Analyse::allesStarten(const Laufauftrag &auftrag)
 {
@@ -177,16 +153,27 @@ void Analyse::allesStarten(const Laufauftrag &auftrag)
     m_laeuft = true;
     m_fazit = {};
     m_stand = {};
-    m_verbindung = std::make_shared<Verbindung>();
-    m_verbindung->ziel = this;
-    m_faden = std::jthread([v = m_verbindung, db = m_db, profil = m_profil, auftrag](const std::stop_token &ende) {
-        Lauf lauf(
-            db, profil, [v] { return v->abbrechen.load(); }, ende,
-            [v](const Laufstand &stand) { v->melden(v, stand); });
-        const Laufstand stand = durchgang(lauf, auftrag, [v] { return v->jetzigeAusnahmen(); });
-        v->abmelden(stand, lauf.fazit());
-    });
+    m_ende = {};
+    m_verbindung = std::make_shared<Verbindung>(Briefkasten::fuer(this));
+    Hintergrund::starten(
+        [this, v = m_verbindung, db = m_db, profil = m_profil, auftrag, ende = m_ende.get_token()]() mutable {
+            laufen(this, v, {std::move(db), profil, auftrag, ende});
+            v->abmelden(); // when nothing holds the catalogue any more
+        });
     Q_EMIT geaendert();
+}
+
+/** The run itself, on its own thread; @p ziel may be gone by then and is only where the letters go. */
+void Analyse::laufen(Analyse *ziel, const std::shared_ptr<Verbindung> &v, Arbeit arbeit)
+{
+    Lauf lauf(
+        std::move(arbeit.db), arbeit.profil, [v] { return v->abbrechen.load(); }, arbeit.ende,
+        [ziel, v](const Laufstand &stand) {
+            // States of one stage that come faster than they are taken are skipped.
+            v->briefe->fortschreiben([ziel, stand] { ziel->standSetzen(stand); }, stand.stufe);
+        });
+    const Laufstand stand = durchgang(lauf, arbeit.auftrag, [v] { return v->jetzigeAusnahmen(); });
+    v->briefe->einwerfen([ziel, stand, fazit = lauf.fazit()] { ziel->schluss(stand, fazit); });
 }
 
 void Analyse::standSetzen(const Laufstand &stand)

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <memory>
 #include <optional>
-#include <thread>
+#include <stop_token>
 
 /** What a run is to do beyond the usual. */
 struct Laufauftrag {
@@ -62,6 +62,8 @@ Q_SIGNALS:
 
 private:
     struct Verbindung;
+    struct Arbeit;
+    static void laufen(Analyse *ziel, const std::shared_ptr<Verbindung> &v, Arbeit arbeit);
     void standSetzen(const Laufstand &stand);
     void schluss(const Laufstand &stand, const Lauffazit &fazit);
 
@@ -71,5 +73,5 @@ private:
     Lauffazit m_fazit;
     bool m_laeuft = false;
     std::shared_ptr<Verbindung> m_verbindung;
-    std::jthread m_faden;
+    std::stop_source m_ende;
 };

@@ -1,12 +1,20 @@
 #include "fusszeile.h"
 
 #include "analyse.h"
+#include "ausfuehrung.h"
 #include "balken.h"
+#include "durchgang.h"
+#include "meldestelle.h"
 #include "meldungszeile.h"
+#include "modelldienst.h"
+#include "profilwahl.h"
+#include "pruefung.h"
+#include "sitzungen.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zeichen.h"
+#include "zustand.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -35,15 +43,18 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
                                         "Zurückgestellt: von dir übersprungen. In Analyse: noch nicht gelesen."_s);
     m_zaehler->setToolTip(hilfe);
     m_zaehler->setAccessibleDescription(hilfe);
-    for (const auto signal : {&Zustand::zaehlwerkGeaendert, &Zustand::aktivGeaendert})
-        connect(m_zustand, signal, this, &Fusszeile::zaehlenZeigen);
-    for (const auto signal : {&Zustand::laufGeaendert, &Zustand::modellGeaendert, &Zustand::vorgangGeaendert,
-                              &Zustand::oeffnetGeaendert, &Zustand::aktivGeaendert, &Zustand::rueckbauGeaendert})
-        connect(m_zustand, signal, this, &Fusszeile::lageZeigen);
-    connect(m_zustand, &Zustand::hinweisGeaendert, this, &Fusszeile::notieren);
+    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &Fusszeile::zaehlenZeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Fusszeile::zaehlenZeigen);
+    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &Fusszeile::lageZeigen);
+    connect(m_zustand->modelldienst(), &Modelldienst::modellGeaendert, this, &Fusszeile::lageZeigen);
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::vorgangGeaendert, this, &Fusszeile::lageZeigen);
+    for (const auto signal : {&Profilwahl::oeffnetGeaendert, &Profilwahl::aktivGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &Fusszeile::lageZeigen);
+    connect(m_zustand->sitzungen(), &Sitzungen::rueckbauGeaendert, this, &Fusszeile::lageZeigen);
+    connect(m_zustand->meldestelle(), &Meldestelle::hinweisGeaendert, this, &Fusszeile::notieren);
     connect(m_zustand, &Zustand::reiterGeaendert, this, &Fusszeile::notizVergessen);
-    connect(m_zustand, &Zustand::laufGeaendert, this, [this] {
-        if (m_zustand->analyse() && m_zustand->analyse()->laeuft())
+    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, [this] {
+        if (m_zustand->durchgang()->analyse() && m_zustand->durchgang()->analyse()->laeuft())
             m_notiz.clear();
     });
     zaehlenZeigen();
@@ -56,8 +67,8 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
 
 void Fusszeile::zaehlenZeigen()
 {
-    m_zaehler->setVisible(m_zustand->aktiv().has_value());
-    const Zaehlwerk &z = m_zustand->zaehlwerk();
+    m_zaehler->setVisible(m_zustand->profilwahl()->aktiv() != nullptr);
+    const Zaehlwerk &z = m_zustand->pruefung()->zaehlwerk();
     m_zaehler->setText(gefuellt(Sprache::text(u"%@ einsortiert · %@ offen · %@ zurückgestellt · %@ in Analyse"_s),
                                 {QString::number(z.erledigt), QString::number(z.bereit),
                                  QString::number(z.zurueckgestellt), QString::number(z.neu)}));
@@ -70,31 +81,32 @@ void Fusszeile::lageZeigen()
     m_rest.clear();
     m_anteil = -1;
     m_symbol.clear();
-    const Analyse *analyse = m_zustand->analyse();
-    if (m_zustand->oeffnet()) {
+    const Analyse *analyse = m_zustand->durchgang()->analyse();
+    if (m_zustand->profilwahl()->oeffnet()) {
         m_stufe = Sprache::text(u"Der Katalog wird geöffnet"_s);
-    } else if (m_zustand->rueckbauLaeuft()) {
-        m_stufe = m_zustand->rueckbauMeldung();
-        m_anteil = m_zustand->rueckbauAnteil();
-    } else if (!m_zustand->vorgang().isEmpty()) {
-        m_stufe = m_zustand->vorgang();
-        m_anteil = m_zustand->vorgangsanteil() > 0 ? m_zustand->vorgangsanteil() : -1;
+    } else if (m_zustand->sitzungen()->rueckbauLaeuft()) {
+        m_stufe = m_zustand->sitzungen()->rueckbauMeldung();
+        m_anteil = m_zustand->sitzungen()->rueckbauAnteil();
+    } else if (!m_zustand->ausfuehrung()->vorgang().isEmpty()) {
+        m_stufe = m_zustand->ausfuehrung()->vorgang();
+        m_anteil = m_zustand->ausfuehrung()->vorgangsanteil() > 0 ? m_zustand->ausfuehrung()->vorgangsanteil() : -1;
     } else if (analyse && analyse->laeuft()) {
         m_stufe = analyse->stufe();
         QStringList rest = {analyse->meldung(), analyse->restzeit()};
         rest.removeAll(QString());
         m_rest = rest.join(u" · "_s);
         m_anteil = analyse->anteil();
-    } else if (m_zustand->startWartet()) {
+    } else if (m_zustand->durchgang()->startWartet()) {
         m_stufe = Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s);
     } else if (!m_notiz.isEmpty()) {
         m_stufe = m_notiz;
-        m_symbol = tonzeichen(m_zustand->ton());
-    } else if (m_zustand->aktiv() && (m_zustand->modellstand().art == Modellstand::Art::serverFehlt ||
-                                      m_zustand->modellstand().art == Modellstand::Art::modellAnderswo ||
-                                      m_zustand->modellstand().art == Modellstand::Art::modellFehlt)) {
-        m_stufe = m_zustand->modellMeldung();
-        m_symbol = tonzeichen(Zustand::Ton::warnung);
+        m_symbol = tonzeichen(m_zustand->meldestelle()->ton());
+    } else if (m_zustand->profilwahl()->aktiv() &&
+               (m_zustand->modelldienst()->modellstand().art == Modellstand::Art::serverFehlt ||
+                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::modellAnderswo ||
+                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::modellFehlt)) {
+        m_stufe = m_zustand->modelldienst()->modellMeldung();
+        m_symbol = tonzeichen(Meldestelle::Ton::warnung);
     }
     anordnen();
     update();
@@ -106,7 +118,7 @@ void Fusszeile::notieren()
     const Reiter reiter = m_zustand->reiter();
     if (reiter != Reiter::einrichtung && reiter != Reiter::ablauf)
         return;
-    m_notiz = m_zustand->meldungen().value(0);
+    m_notiz = m_zustand->meldestelle()->meldungen().value(0);
     lageZeigen();
 }
 

@@ -2,6 +2,7 @@
 
 #include "ablaufansicht.h"
 #include "aktualisierung.h"
+#include "ausfuehrung.h"
 #include "einrichtungsansicht.h"
 #include "einstellungen.h"
 #include "fenstermenue.h"
@@ -11,8 +12,12 @@
 #include "infofenster.h"
 #include "kopfleiste.h"
 #include "laufnachricht.h"
+#include "meldestelle.h"
+#include "modelldienst.h"
+#include "profilwahl.h"
 #include "protokollansicht.h"
 #include "pruefansicht.h"
+#include "pruefung.h"
 #include "reiter.h"
 #include "sprache.h"
 #include "tastentakt.h"
@@ -72,19 +77,20 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     aufbauen();
     connect(m_sprache, &Fenstersprache::gewechselt, m_zustand, &Zustand::nachsprechen);
     connect(m_sprache, &Fenstersprache::gewechselt, this, &Hauptfenster::aufbauen);
-    connect(m_sprache, &Fenstersprache::gewechselt, m_zustand, &Zustand::modellPruefen); // says it in the new one
-    connect(m_zustand, &Zustand::aktivGeaendert, this, &Hauptfenster::titelSetzen);
-    connect(m_zustand, &Zustand::profileGeaendert, this, &Hauptfenster::titelSetzen);
-    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
-        if (m_schliesst && !m_zustand->beschaeftigt()) {
-            m_zustand->anhalten(); // what was asked for meanwhile
+    connect(m_sprache, &Fenstersprache::gewechselt, m_zustand->modelldienst(),
+            &Modelldienst::modellPruefen); // says it in the new one
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Hauptfenster::titelSetzen);
+    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Hauptfenster::titelSetzen);
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
+        if (m_schliesst && !m_zustand->ausfuehrung()->beschaeftigt()) {
+            m_zustand->ausfuehrung()->anhalten(); // what was asked for meanwhile
             close();
         }
     });
-    connect(&m_takt, &QTimer::timeout, m_zustand, &Zustand::aktualisieren);
+    connect(&m_takt, &QTimer::timeout, m_zustand->pruefung(), &Pruefung::aktualisieren);
     m_takt.start(auffrischung);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Hauptfenster::updateMelden);
-    connect(new Laufnachricht(m_zustand, this), &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
+    connect(new Laufnachricht(m_zustand->durchgang(), this), &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
     titelSetzen();
 }
 
@@ -102,10 +108,10 @@ void Hauptfenster::aufbauen()
     spalte->setSpacing(0);
     auto *karten = new QStackedWidget(inhalt);
     karten->setObjectName(u"karten"_s);
-    const auto info = [this] { Infofenster::oeffnen(m_zustand, m_aktualisierung, m_sprache, this); };
+    const auto info = [this] { Infofenster::oeffnen(m_zustand->profilwahl(), m_aktualisierung, m_sprache, this); };
     spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info), inhalt));
     spalte->addWidget(karten, 1);
-    spalte->addWidget(new Zielfrage(m_zustand, inhalt));
+    spalte->addWidget(new Zielfrage(m_zustand->profilwahl(), m_zustand->ausfuehrung(), inhalt));
     spalte->addWidget(new Fusszeile(m_zustand, inhalt));
     karten->addWidget(new EinrichtungsAnsicht(m_zustand, m_sprache, karten));
     karten->addWidget(new AblaufAnsicht(m_zustand, karten));
@@ -137,7 +143,7 @@ void Hauptfenster::nachVorn()
 
 void Hauptfenster::titelSetzen()
 {
-    const auto &aktiv = m_zustand->aktiv();
+    const auto &aktiv = m_zustand->profilwahl()->aktiv();
     setWindowTitle(aktiv ? aktiv->name + u" – Quillmar"_s : u"Quillmar"_s);
 }
 
@@ -146,11 +152,11 @@ void Hauptfenster::showEvent(QShowEvent *ereignis)
     QMainWindow::showEvent(ereignis);
     if (std::exchange(m_begonnen, true))
         return;
-    m_zustand->beginnen(m_profil);
+    m_zustand->profilwahl()->beginnen(m_profil);
     m_aktualisierung->beimStart();
-    if (!m_zustand->oeffnet())
+    if (!m_zustand->profilwahl()->oeffnet())
         return ersteKarteZeigen();
-    connect(m_zustand, &Zustand::bereitschaftGeaendert, this, &Hauptfenster::ersteKarteZeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::bereitschaftGeaendert, this, &Hauptfenster::ersteKarteZeigen);
     connect(m_zustand, &Zustand::reiterGeaendert, this, &Hauptfenster::ersteKarteZeigen);
     QTimer::singleShot(laengstesWarten, this, &Hauptfenster::ersteKarteZeigen);
 }
@@ -183,22 +189,22 @@ void Hauptfenster::updateMelden()
         return;
     // Behind what the opening of the catalogue had to say, which weighs more.
     const QString satz = Aktualisierung::satz(*ergebnis);
-    const QString bisher = m_zustand->hinweis();
+    const QString bisher = m_zustand->meldestelle()->hinweis();
     if (bisher.isEmpty())
-        m_zustand->melden(satz, Zustand::Ton::ruhig);
+        m_zustand->meldestelle()->melden(satz, Meldestelle::Ton::ruhig);
     else if (!bisher.contains(satz))
-        m_zustand->melden(bisher + u", "_s + satz, m_zustand->ton());
+        m_zustand->meldestelle()->melden(bisher + u", "_s + satz, m_zustand->meldestelle()->ton());
 }
 
 /** A file that is being moved reaches its place first; asked twice, it is left to the settling at the next start. */
 void Hauptfenster::closeEvent(QCloseEvent *ereignis)
 {
     Einstellungen::setzen(schluesselOrt, saveGeometry());
-    if (m_zustand->beschaeftigt() && !m_schliesst) {
+    if (m_zustand->ausfuehrung()->beschaeftigt() && !m_schliesst) {
         m_schliesst = true;
         const QString grund = Sprache::text(u"Schließt, sobald die laufende Bewegung fertig ist"_s);
-        m_zustand->anhalten(grund);
-        m_zustand->melden(grund, Zustand::Ton::ruhig);
+        m_zustand->ausfuehrung()->anhalten(grund);
+        m_zustand->meldestelle()->melden(grund, Meldestelle::Ton::ruhig);
         ereignis->ignore();
         return;
     }

@@ -5,12 +5,14 @@
 #include "dateiverwaltung.h"
 #include "diagnose.h"
 #include "elidiertext.h"
+#include "fehlersatz.h"
 #include "fenstersprache.h"
 #include "flachknopf.h"
 #include "hintergrund.h"
 #include "knopf.h"
 #include "kurzpfad.h"
 #include "pfade.h"
+#include "profilwahl.h"
 #include "programmordner.h"
 #include "sprache.h"
 #include "stil.h"
@@ -18,7 +20,6 @@
 #include "umbruchtext.h"
 #include "zeichen.h"
 #include "zeile.h"
-#include "zustand.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -44,17 +45,17 @@ struct Ordnerzeile {
 };
 
 /** Of the active profile; empty if there is none. */
-QString protokollordner(const Zustand &zustand)
+QString protokollordner(const Profilwahl &profilwahl)
 {
-    return zustand.aktiv() ? zustand.aktiv()->protokollURL().value_or(QString()) : QString();
+    return profilwahl.aktiv() ? profilwahl.aktiv()->protokollURL().value_or(QString()) : QString();
 }
 
-QList<Ordnerzeile> ordnerzeilen(const Zustand &zustand)
+QList<Ordnerzeile> ordnerzeilen(const Profilwahl &profilwahl)
 {
     return {
         {.name = u"programmordner"_s, .was = Sprache::text(u"Einstellungen und Katalog"_s), .pfad = programmOrdner()},
         {.name = u"sprachordner"_s, .was = Sprache::text(u"Eigene Sprachen"_s), .pfad = Sprache::eigenerOrdner()},
-        {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokollordner(zustand)}};
+        {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokollordner(profilwahl)}};
 }
 
 QLabel *schild(const QString &text, QWidget *eltern, Schrift art = Schrift::Grund)
@@ -99,11 +100,12 @@ Flachknopf *ordnerknopf(const Ordnerzeile &zeile, QWidget *eltern)
 }
 } // namespace
 
-void Infofenster::oeffnen(Zustand *zustand, Aktualisierung *aktualisierung, Fenstersprache *sprache, QWidget *fenster)
+void Infofenster::oeffnen(Profilwahl *profilwahl, Aktualisierung *aktualisierung, Fenstersprache *sprache,
+                          QWidget *fenster)
 {
     auto *info = fenster->findChild<Infofenster *>();
     if (!info || !info->isVisible()) {
-        info = new Infofenster(zustand, aktualisierung, fenster);
+        info = new Infofenster(profilwahl, aktualisierung, fenster);
         connect(sprache, &Fenstersprache::gewechselt, info, &Infofenster::aufbauen);
     }
     info->show();
@@ -111,8 +113,8 @@ void Infofenster::oeffnen(Zustand *zustand, Aktualisierung *aktualisierung, Fens
     info->activateWindow();
 }
 
-Infofenster::Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidget *fenster)
-    : QDialog(fenster), m_zustand(zustand), m_aktualisierung(aktualisierung)
+Infofenster::Infofenster(Profilwahl *profilwahl, Aktualisierung *aktualisierung, QWidget *fenster)
+    : QDialog(fenster), m_profilwahl(profilwahl), m_aktualisierung(aktualisierung)
 {
     setObjectName(u"info"_s);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -120,9 +122,9 @@ Infofenster::Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidg
     rahmen->setContentsMargins(0, 0, 0, 0);
     rahmen->setSizeConstraint(QLayout::SetFixedSize);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Infofenster::ergebnisZeigen);
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, [this] {
-            if (m_protokolle != protokollordner(*m_zustand))
+    for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert})
+        connect(m_profilwahl, signal, this, [this] {
+            if (m_protokolle != protokollordner(*m_profilwahl))
                 aufbauen();
         });
     aufbauen();
@@ -131,7 +133,7 @@ Infofenster::Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidg
 /** Everything anew: another language, another profile. */
 void Infofenster::aufbauen()
 {
-    m_protokolle = protokollordner(*m_zustand);
+    m_protokolle = protokollordner(*m_profilwahl);
     setWindowTitle(Sprache::text(u"Info zu Quillmar"_s));
     auto *inhalt = new QWidget(this);
     auto *aussen = new QVBoxLayout(inhalt);
@@ -244,7 +246,7 @@ QWidget *Infofenster::ordner(QWidget *eltern)
     auto *spalte = abschnitt(traeger, Sprache::text(u"Ordner"_s));
     auto *raster = new QGridLayout;
     raster->setColumnStretch(1, 1);
-    const QList<Ordnerzeile> zeilen = ordnerzeilen(*m_zustand);
+    const QList<Ordnerzeile> zeilen = ordnerzeilen(*m_profilwahl);
     for (int n = 0; n < zeilen.size(); ++n) {
         auto *pfad = new Elidiertext(Qt::ElideMiddle, traeger);
         pfad->setzeText(zeilen.at(n).pfad.isEmpty() ? Sprache::text(u"noch kein Zielordner"_s)
@@ -319,7 +321,8 @@ void Infofenster::angabenKopieren(Flachknopf *knopf)
 {
     knopf->setEnabled(false);
     imHintergrund(knopf, Diagnose::zeilen, [knopf](const Ausgang<QStringList> &zeilen) {
-        QGuiApplication::clipboard()->setText(zeilen.wert.value_or(QStringList{zeilen.fehler}).join(u'\n') + u'\n');
+        QGuiApplication::clipboard()->setText(zeilen.wert.value_or(QStringList{fehlersatz(zeilen.fehler)}).join(u'\n') +
+                                              u'\n');
         knopf->setEnabled(true);
         knopf->setzeHilfe(Sprache::text(u"Kopiert"_s), knopf->toolTip());
         knopf->updateGeometry();

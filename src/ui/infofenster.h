@@ -11,7 +11,7 @@ class QCheckBox;
 class QLabel;
 class QVBoxLayout;
 class Umbruchtext;
-class Zustand;
+class Profilwahl;
 
 /** What the program is: version, licence, update, the folders it uses, what it is made of. */
 class Infofenster : public QDialog
@@ -20,10 +20,11 @@ class Infofenster : public QDialog
 
 public:
     /** Opens it beside @p fenster, or brings the one to the front that is open already. */
-    static void oeffnen(Zustand *zustand, Aktualisierung *aktualisierung, Fenstersprache *sprache, QWidget *fenster);
+    static void oeffnen(Profilwahl *profilwahl, Aktualisierung *aktualisierung, Fenstersprache *sprache,
+                        QWidget *fenster);
 
 private:
-    Infofenster(Zustand *zustand, Aktualisierung *aktualisierung, QWidget *fenster);
+    Infofenster(Profilwahl *profilwahl, Aktualisierung *aktualisierung, QWidget *fenster);
     void aufbauen();
     QWidget *kopf(QWidget *eltern);
     QWidget *updateteil(QWidget *eltern);
@@ -34,7 +35,7 @@ private:
     static void angabenKopieren(Flachknopf *knopf);
     static void fassungenLesen(QWidget *traeger, const QHash<QString, QLabel *> &schilder);
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
     Aktualisierung *m_aktualisierung;
     QWidget *m_inhalt = nullptr;
     QString m_protokolle; ///< the folder that is shown

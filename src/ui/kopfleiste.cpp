@@ -1,5 +1,7 @@
 #include "kopfleiste.h"
 
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "radsperre.h"
 #include "reiterknopf.h"
 #include "sprache.h"
@@ -53,12 +55,12 @@ Kopfleiste::Kopfleiste(Zustand *zustand, QToolButton *menue, QWidget *eltern)
          .symbol = u"doc.on.doc.copy"_s},
         this);
     m_menue->setParent(this);
-    connect(m_art, &Umschalter::gewaehlt, m_zustand, &Zustand::kopierenSetzen);
-    connect(m_zustand, &Zustand::profileGeaendert, this, &Kopfleiste::profileZeigen);
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::oeffnetGeaendert})
-        connect(m_zustand, signal, this, &Kopfleiste::aktivZeigen);
-    for (const auto signal : {&Zustand::reiterGeaendert, &Zustand::zaehlwerkGeaendert})
-        connect(m_zustand, signal, this, &Kopfleiste::reiterZeigen);
+    connect(m_art, &Umschalter::gewaehlt, m_zustand->profilwahl(), &Profilwahl::kopierenSetzen);
+    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Kopfleiste::profileZeigen);
+    for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::oeffnetGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &Kopfleiste::aktivZeigen);
+    connect(m_zustand, &Zustand::reiterGeaendert, this, &Kopfleiste::reiterZeigen);
+    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &Kopfleiste::reiterZeigen);
     profileZeigen();
     reiterZeigen();
     Stil::folgen(this, [this] {
@@ -83,12 +85,12 @@ void Kopfleiste::profilwahlBauen()
     m_profil->setToolTip(hilfe);
     m_profil->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(m_profil, &QComboBox::activated, this,
-            [this](int stelle) { m_zustand->aktivieren(m_profil->itemData(stelle).toUuid()); });
+            [this](int stelle) { m_zustand->profilwahl()->aktivieren(m_profil->itemData(stelle).toUuid()); });
     m_neu = flacherKnopf(u"neuesProfil"_s, u"plus"_s, Sprache::text(u"Neues Profil"_s),
                          Sprache::text(u"Neues Profil anlegen, etwa für eine zweite Ablage oder einen anderen "
                                        "Rechner"_s),
                          this);
-    connect(m_neu, &QToolButton::clicked, m_zustand, &Zustand::neuesProfil);
+    connect(m_neu, &QToolButton::clicked, m_zustand->profilwahl(), &Profilwahl::neuesProfil);
 }
 
 void Kopfleiste::reiterBauen()
@@ -108,19 +110,19 @@ void Kopfleiste::reiterBauen()
 void Kopfleiste::profileZeigen()
 {
     m_profil->clear();
-    for (const Profil &profil : m_zustand->profile())
+    for (const Profil &profil : m_zustand->profilwahl()->profile())
         m_profil->addItem(profil.name, profil.id);
     aktivZeigen();
 }
 
 void Kopfleiste::aktivZeigen()
 {
-    const auto &aktiv = m_zustand->aktiv();
+    const Profil *aktiv = m_zustand->profilwahl()->aktiv();
     m_profil->setCurrentIndex(aktiv ? m_profil->findData(aktiv->id) : -1);
     // Where there is none, the setup card has the one button for the first profile.
     for (QWidget *teil : QList<QWidget *>{m_profil, m_neu})
-        teil->setVisible(!m_zustand->profile().isEmpty());
-    m_art->setVisible(aktiv.has_value());
+        teil->setVisible(!m_zustand->profilwahl()->profile().isEmpty());
+    m_art->setVisible(aktiv != nullptr);
     if (aktiv)
         m_art->setzeRechts(aktiv->kopieren);
     anordnen();
@@ -129,7 +131,7 @@ void Kopfleiste::aktivZeigen()
 void Kopfleiste::reiterZeigen()
 {
     m_reiter[m_zustand->reiter()]->setChecked(true);
-    m_reiter[Reiter::pruefen]->setzeZahl(m_zustand->zaehlwerk().bereit);
+    m_reiter[Reiter::pruefen]->setzeZahl(m_zustand->pruefung()->zaehlwerk().bereit);
     anordnen();
 }
 

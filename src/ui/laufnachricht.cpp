@@ -1,9 +1,9 @@
 #include "laufnachricht.h"
 
 #include "analyse.h"
+#include "durchgang.h"
 #include "sprache.h"
 #include "text.h"
-#include "zustand.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -37,10 +37,10 @@ QString zahlensatz(const Laufende &ende)
 }
 } // namespace
 
-Laufnachricht::Laufnachricht(Zustand *zustand, QWidget *fenster, std::chrono::milliseconds ab)
-    : QObject(fenster), m_zustand(zustand), m_fenster(fenster), m_ab(ab)
+Laufnachricht::Laufnachricht(Durchgang *durchgang, QWidget *fenster, std::chrono::milliseconds ab)
+    : QObject(fenster), m_durchgang(durchgang), m_fenster(fenster), m_ab(ab)
 {
-    connect(m_zustand, &Zustand::laufBeendet, this, &Laufnachricht::melden);
+    connect(m_durchgang, &Durchgang::laufBeendet, this, &Laufnachricht::melden);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &Laufnachricht::zuruecknehmen);
     // Without the name of the service: to look after its owner the bus would have to be asked, and waited for.
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -50,7 +50,7 @@ Laufnachricht::Laufnachricht(Zustand *zustand, QWidget *fenster, std::chrono::mi
 
 void Laufnachricht::melden()
 {
-    const Laufende &ende = m_zustand->laufende();
+    const Laufende &ende = m_durchgang->laufende();
     if (ende.dauer < m_ab || QGuiApplication::applicationState() == Qt::ApplicationActive)
         return;
     QApplication::alert(m_fenster);

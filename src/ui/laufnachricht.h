@@ -5,7 +5,7 @@
 #include <chrono>
 
 class QWidget;
-class Zustand;
+class Durchgang;
 
 /**
  * Tells on the desktop that a long run has ended while the user is at something else: counts only, no word of a
@@ -19,7 +19,7 @@ public:
     static constexpr std::chrono::milliseconds ueblich = std::chrono::minutes(1);
 
     /** Runs shorter than @p ab are not worth a message. Both others outlive it. */
-    Laufnachricht(Zustand *zustand, QWidget *fenster, std::chrono::milliseconds ab = ueblich);
+    Laufnachricht(Durchgang *durchgang, QWidget *fenster, std::chrono::milliseconds ab = ueblich);
 
 Q_SIGNALS:
     void angeklickt();
@@ -33,7 +33,7 @@ private:
     void senden(const QString &titel, const QString &text);
     void zuruecknehmen();
 
-    Zustand *m_zustand;
+    Durchgang *m_durchgang;
     QWidget *m_fenster;
     std::chrono::milliseconds m_ab;
     uint m_nummer = 0; ///< of the message on show; 0 if none

@@ -4,6 +4,9 @@
 #include "fenstersprache.h"
 #include "hauptfenster.h"
 #include "kaestchenstil.h"
+#include "meldestelle.h"
+#include "ordnerwahl.h"
+#include "profilwahl.h"
 #include "schriftgroesse.h"
 #include "sprache.h"
 #include "zustand.h"
@@ -58,8 +61,8 @@ QuillmarApp::QuillmarApp(int &anzahl, char **argumente) : QApplication(anzahl, a
     Kaestchenstil::anwenden();
     QIcon::setFallbackThemeName(u"breeze"_s);
     setWindowIcon(QIcon::fromTheme(u"quillmar"_s, QIcon(u":/quillmar.svg"_s)));
-    Zustand::ordnerwaehler = ordnerFragen;
-    Zustand::protokollwaehler = protokollFragen;
+    Ordnerwahl::ordnerwaehler = ordnerFragen;
+    Ordnerwahl::protokollwaehler = protokollFragen;
 }
 
 QuillmarApp::~QuillmarApp() = default;
@@ -85,11 +88,11 @@ void QuillmarApp::nachVorn(const QString &profil)
 {
     if (!m_fenster)
         return;
-    const auto &liste = m_zustand->profile();
+    const auto &liste = m_zustand->profilwahl()->profile();
     const auto p = std::find_if(liste.begin(), liste.end(), [&](const Profil &eines) { return eines.name == profil; });
     if (p != liste.end())
-        m_zustand->aktivieren(p->id);
+        m_zustand->profilwahl()->aktivieren(p->id);
     else if (!profil.isEmpty())
-        m_zustand->melden(Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + profil);
+        m_zustand->meldestelle()->melden(Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + profil);
     m_fenster->nachVorn();
 }

@@ -1,11 +1,12 @@
 #include "zielfrage.h"
 
+#include "ausfuehrung.h"
+#include "profilwahl.h"
 #include "rueckfrage.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -14,8 +15,8 @@
 using namespace Qt::StringLiterals;
 using Stil::abstand;
 
-Zielfrage::Zielfrage(Zustand *zustand, QWidget *eltern)
-    : QFrame(eltern), m_zustand(zustand),
+Zielfrage::Zielfrage(Profilwahl *profilwahl, Ausfuehrung *ausfuehrung, QWidget *eltern)
+    : QFrame(eltern), m_profilwahl(profilwahl), m_ausfuehrung(ausfuehrung),
       m_frage(new Rueckfrage(u"zielStimmt"_s, Sprache::text(u"Der Zielordner stimmt"_s), this))
 {
     setObjectName(u"zielfrage"_s);
@@ -25,19 +26,19 @@ Zielfrage::Zielfrage(Zustand *zustand, QWidget *eltern)
         const int links = abstand(16) + Stil::zeichengroesse() + abstand(8);
         spalte->setContentsMargins(links, abstand(10), abstand(16), abstand(10));
     });
-    connect(m_zustand, &Zustand::zielFraglich, this, &Zielfrage::fragen);
-    connect(m_zustand, &Zustand::aktivGeaendert, this, &Zielfrage::schliessen);
+    connect(m_ausfuehrung, &Ausfuehrung::zielFraglich, this, &Zielfrage::fragen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Zielfrage::schliessen);
     connect(m_frage, &Rueckfrage::abgebrochen, this, &Zielfrage::schliessen);
     connect(m_frage, &Rueckfrage::bestaetigt, this, [this] {
         schliessen();
-        m_zustand->zielBestaetigen();
+        m_ausfuehrung->zielBestaetigen();
     });
     hide();
 }
 
 void Zielfrage::fragen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
     m_fokusVorher = QApplication::focusWidget();
     show();
@@ -45,7 +46,7 @@ void Zielfrage::fragen()
         gefuellt(Sprache::text(u"Im Zielordner %@ liegt nichts von dem, was zuletzt dort einsortiert wurde. Ist sein "
                                "Datenträger nicht eingehängt, hänge ihn ein und versuche es noch einmal. Hast du die "
                                "Ablage selbst verlegt, bestätige den Ordner."_s),
-                 {m_zustand->aktiv()->zielWurzel}));
+                 {m_profilwahl->aktiv()->zielWurzel}));
 }
 
 /** A band of its own, as a warning among the notes: the page above it ends here. */

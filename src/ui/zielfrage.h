@@ -4,7 +4,8 @@
 #include <QPointer>
 
 class Rueckfrage;
-class Zustand;
+class Profilwahl;
+class Ausfuehrung;
 
 /**
  * Asks, on whatever card a deed was refused for it, whether the target folder is right although nothing lies there of
@@ -15,7 +16,7 @@ class Zielfrage : public QFrame
     Q_OBJECT
 
 public:
-    explicit Zielfrage(Zustand *zustand, QWidget *eltern = nullptr);
+    Zielfrage(Profilwahl *profilwahl, Ausfuehrung *ausfuehrung, QWidget *eltern = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
@@ -24,7 +25,8 @@ private:
     void fragen();
     void schliessen();
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
+    Ausfuehrung *m_ausfuehrung;
     Rueckfrage *m_frage;
     QPointer<QWidget> m_fokusVorher;
 };

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QList>
-#include <QString>
+#include "bereitschaft.h"
+#include "einrichtungsstand.h"
+#include "modellstand.h"
 
 /** The sections of the setup card, in their order. */
 enum class Abschnitt { programme, herkunft, ziel, namen, eigentuemer, modell, gelernt, oberflaeche };
@@ -28,3 +29,13 @@ struct Abschnittsstand {
 
     [[nodiscard]] bool hindert() const { return lage == Lage::fehlt || lage == Lage::gestoert; }
 };
+
+/** What the state of a section is made of. */
+struct Einrichtungslage {
+    const Profil &profil;
+    const std::optional<Bereitschaft> &bereitschaft; ///< none until it has been looked at
+    const Einrichtungsstand &stand;
+    const Modellstand &modell;
+    bool ohneDokumente = false; ///< the catalogue has none
+};
+[[nodiscard]] Abschnittsstand abschnittsstand(Abschnitt abschnitt, const Einrichtungslage &lage);

@@ -1,6 +1,5 @@
 #include "bewegungsstaende.h"
 
-#include "hintergrund.h"
 #include "pfade.h"
 
 #include <cerrno>
@@ -31,12 +30,11 @@ Bewegungsstand bewegungsstand(const Protokollzeile &zeile)
 
 void Bewegungsstaende::setzen(const QList<Protokollzeile> &zeilen)
 {
-    ++m_sitzung;
+    m_frage.verwerfen();
     m_zeilen = zeilen;
     m_eintraege = QList<Eintrag>(zeilen.size());
     m_von = 0;
     m_bis = -1;
-    m_unterwegs = false;
 }
 
 void Bewegungsstaende::fortsetzen(const QList<Protokollzeile> &zeilen)
@@ -47,7 +45,7 @@ void Bewegungsstaende::fortsetzen(const QList<Protokollzeile> &zeilen)
 
 void Bewegungsstaende::veralten()
 {
-    ++m_ansicht;
+    m_frage.verwerfen();
     for (Eintrag &eintrag : m_eintraege)
         eintrag.frisch = false;
     weiter();
@@ -64,7 +62,7 @@ Bewegungsstand Bewegungsstaende::stand(qsizetype stelle) const { return m_eintra
 
 void Bewegungsstaende::weiter()
 {
-    if (m_unterwegs)
+    if (m_frage.laeuft())
         return;
     QList<qsizetype> stellen;
     QList<Protokollzeile> zeilen;
@@ -76,22 +74,15 @@ void Bewegungsstaende::weiter()
     }
     if (stellen.isEmpty())
         return;
-    m_unterwegs = true;
-    imHintergrund(
-        this,
+    m_frage.stellen(
         [zeilen] {
             QList<Bewegungsstand> staende;
             for (const Protokollzeile &zeile : zeilen)
                 staende << bewegungsstand(zeile);
             return staende;
         },
-        [this, stellen, sitzung = m_sitzung, ansicht = m_ansicht](const Ausgang<QList<Bewegungsstand>> &ausgang) {
-            if (sitzung != m_sitzung)
-                return;
-            m_unterwegs = false;
-            if (ansicht == m_ansicht)
-                eintragen(stellen,
-                          ausgang.wert.value_or(QList<Bewegungsstand>(stellen.size(), Bewegungsstand::fehler)));
+        [this, stellen](const Ausgang<QList<Bewegungsstand>> &ausgang) {
+            eintragen(stellen, ausgang.wert.value_or(QList<Bewegungsstand>(stellen.size(), Bewegungsstand::fehler)));
             weiter();
         });
 }

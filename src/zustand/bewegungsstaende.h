@@ -1,5 +1,6 @@
 #pragma once
 
+#include "anfrage.h"
 #include "protokollzeile.h"
 
 #include <QObject>
@@ -26,7 +27,7 @@ class Bewegungsstaende : public QObject
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit Bewegungsstaende(QObject *vater = nullptr) : QObject(vater), m_frage(this) {}
 
     /** Another session; nothing is known of it yet. */
     void setzen(const QList<Protokollzeile> &zeilen);
@@ -54,7 +55,5 @@ private:
     QList<Eintrag> m_eintraege;
     qsizetype m_von = 0;
     qsizetype m_bis = -1;
-    quint64 m_sitzung = 0; ///< what was asked for an earlier one is not told any more
-    quint64 m_ansicht = 0; ///< counts veralten()
-    bool m_unterwegs = false;
+    Anfrage m_frage;
 };

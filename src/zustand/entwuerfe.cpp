@@ -121,5 +121,5 @@ void Entwuerfe::sichern()
         const Entwurf *entwurf = suchen(dokument);
         m_stube->offene.insert(dokument, entwurf ? entwurf->json() : QByteArray());
     }
-    static_cast<void>(QtConcurrent::run(&Hintergrund::faeden(), [stube = m_stube] { stube->leeren(); }));
+    Hintergrund::starten([stube = m_stube] { stube->leeren(); });
 }

@@ -3,7 +3,7 @@
 #include "ablagewerk.h"
 #include "dateien.h"
 #include "einordnung.h"
-#include "hintergrund.h"
+#include "fehlersatz.h"
 #include "originale.h"
 #include "pfade.h"
 #include "protokollbuch.h"
@@ -50,7 +50,7 @@ Geschehen gefasst(const Arbeitsplatz &platz, const std::function<void(Geschehen 
         g = nichts(g.buch, f.text());
         g.zielFraglich = true;
     } catch (...) {
-        g = nichts(g.buch, Hintergrund::fehlersatz());
+        g = nichts(g.buch, fehlersatz(std::current_exception()));
     }
     return g;
 }

@@ -2,7 +2,7 @@
 
 #include "ablagewerk.h"
 #include "bewegungsgang.h"
-#include "hintergrund.h"
+#include "fehlersatz.h"
 #include "katalog.h"
 #include "lernspeicher.h"
 #include "profilspeicher.h"
@@ -19,7 +19,7 @@ void versuchen(QStringList &hinweise, const std::function<QStringList()> &arbeit
     try {
         hinweise += arbeit();
     } catch (const Fehler &) {
-        hinweise << Hintergrund::fehlersatz();
+        hinweise << fehlersatz(std::current_exception());
     }
 }
 } // namespace

@@ -1,6 +1,5 @@
 #include "profilsicherung.h"
 
-#include "hintergrund.h"
 #include "sprache.h"
 #include "text.h"
 
@@ -14,7 +13,7 @@ namespace
 constexpr auto geduldAmEnde = 1s;
 }
 
-Profilsicherung::Profilsicherung(QObject *vater) : QObject(vater) {}
+Profilsicherung::Profilsicherung(QObject *vater) : QObject(vater), m_lesung(this) {}
 
 Profilsicherung::~Profilsicherung()
 {
@@ -29,14 +28,14 @@ void Profilsicherung::sichern(const QList<Profil> &profile)
 {
     m_wunsch = profile;
     m_dazu = true;
-    ++m_fassung;
+    m_lesung.verwerfen(); // what it finds is older than the wish
     // At the end of the event, so that a burst of changes is one saving.
     QMetaObject::invokeMethod(this, &Profilsicherung::starten, Qt::QueuedConnection);
 }
 
 void Profilsicherung::nachlesen()
 {
-    if (offen() || m_gescheitert)
+    if (offen() || m_gescheitert || m_lesung.laeuft())
         return;
     struct Gelesen {
         QDateTime von; // the file is never changed in place
@@ -50,8 +49,8 @@ void Profilsicherung::nachlesen()
             gelesen.profile.clear();
         return gelesen;
     };
-    imHintergrund(this, lesen, [this, fassung = m_fassung](const Ausgang<Gelesen> &ausgang) {
-        if (fassung != m_fassung || offen() || !ausgang.wert)
+    m_lesung.stellen(lesen, [this](const Ausgang<Gelesen> &ausgang) {
+        if (offen() || !ausgang.wert)
             return;
         m_gelesenVon = ausgang.wert->von;
         // An empty list may be one that cannot be read.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "anfrage.h"
 #include "profilspeicher.h"
 
 #include <QDateTime>
@@ -39,7 +40,7 @@ private:
     QList<Profil> m_wunsch;    ///< as it shall be
     QList<Profil> m_unterwegs; ///< as the running saving writes it
     QDateTime m_gelesenVon;    ///< when the file was written that nachlesen() has read last
-    quint64 m_fassung = 0;     ///< counts the wishes; what was read before the last one is old
+    Anfrage m_lesung;
     bool m_laeuft = false;
     bool m_gescheitert = false; ///< the last saving
     bool m_dazu = false;        ///< something was changed since the running saving began

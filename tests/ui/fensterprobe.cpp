@@ -1,6 +1,8 @@
 #include "fensterprobe.h"
 
+#include "profilwahl.h"
 #include "sprache.h"
+#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QTest>
@@ -21,7 +23,7 @@ void Fensterprobe::oeffnen(bool mitProfil)
     m_fenster = std::make_unique<Hauptfenster>(m_z.get(), m_sprache.get());
     m_fenster->show();
     QVERIFY(QTest::qWaitForWindowActive(m_fenster.get()));
-    QTRY_VERIFY(!mitProfil || (m_z->offen() && m_z->bereitschaft()));
+    QTRY_VERIFY(!mitProfil || (m_z->profilwahl()->offen() && m_z->profilwahl()->bereitschaft()));
 }
 
 void Fensterprobe::klicken(QAnyStringView name) { QTest::mouseClick(teil<QAbstractButton>(name), Qt::LeftButton); }

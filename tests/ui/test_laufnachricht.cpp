@@ -1,6 +1,9 @@
 #include "buehne.h"
+#include "durchgang.h"
 #include "laufnachricht.h"
+#include "meldestelle.h"
 #include "profilspeicher.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "zustand.h"
 
@@ -56,8 +59,8 @@ private:
     static QDBusConnection drueben() { return QDBusConnection(u"drueben"_s); }
     void durchgang()
     {
-        QSignalSpy ende(m_z.get(), &Zustand::laufBeendet);
-        m_z->durchgangStarten(Zustand::Durchgang::nurLesen);
+        QSignalSpy ende(m_z->durchgang(), &Durchgang::laufBeendet);
+        m_z->durchgang()->durchgangStarten(Durchgang::Art::nurLesen);
         QTRY_COMPARE(ende.size(), 1);
     }
 
@@ -87,8 +90,8 @@ private Q_SLOTS:
         m_b->profilSichern();
         m_z = std::make_unique<Zustand>();
         m_fenster = std::make_unique<QWidget>();
-        m_z->beginnen();
-        QTRY_VERIFY(m_z->offen() && m_z->bereitschaft());
+        m_z->profilwahl()->beginnen();
+        QTRY_VERIFY(m_z->profilwahl()->offen() && m_z->profilwahl()->bereitschaft());
         QVERIFY(QGuiApplication::applicationState() != Qt::ApplicationActive);
     }
     void cleanup()
@@ -106,9 +109,10 @@ private Q_SLOTS:
 
     void kurzeDurchgaengeSindKeineNachrichtWert()
     {
-        const Laufnachricht nachricht(m_z.get(), m_fenster.get());
+        const Laufnachricht nachricht(m_z->durchgang(), m_fenster.get());
         durchgang();
-        QVERIFY(m_z->laufende().dauer > 0ms && m_z->laufende().dauer < Laufnachricht::ueblich);
+        QVERIFY(m_z->durchgang()->laufende().dauer > 0ms &&
+                m_z->durchgang()->laufende().dauer < Laufnachricht::ueblich);
         QTest::qWait(100);
         QVERIFY(m_dienst.gezeigt.isEmpty());
     }
@@ -116,20 +120,20 @@ private Q_SLOTS:
     /** A service that says nothing, and none at all: nobody waits for it. */
     void niemandWartet()
     {
-        const Laufnachricht nachricht(m_z.get(), m_fenster.get(), 0ms);
+        const Laufnachricht nachricht(m_z->durchgang(), m_fenster.get(), 0ms);
         m_dienst.stumm = true;
         durchgang();
         QTRY_COMPARE(m_dienst.gezeigt.size(), 1);
         QVERIFY(drueben().unregisterService(u"org.freedesktop.Notifications"_s));
         durchgang();
-        QVERIFY(m_z->hinweis().isEmpty());
+        QVERIFY(m_z->meldestelle()->hinweis().isEmpty());
         QCOMPARE(m_dienst.gezeigt.size(), 1);
     }
 
     /** The last one: without a desktop, a window that was shown once stays in front. */
     void einKlickHoltDasFenster()
     {
-        const Laufnachricht nachricht(m_z.get(), m_fenster.get(), 0ms);
+        const Laufnachricht nachricht(m_z->durchgang(), m_fenster.get(), 0ms);
         QSignalSpy klicks(&nachricht, &Laufnachricht::angeklickt);
         durchgang();
         QTRY_COMPARE(m_dienst.gezeigt.size(), 1);

@@ -1,13 +1,20 @@
 #include "aktualisierung.h"
+#include "ausfuehrung.h"
 #include "bewegungsliste.h"
 #include "bewegungsmodell.h"
 #include "elidiertext.h"
 #include "fensterprobe.h"
 #include "infofenster.h"
+#include "meldestelle.h"
+#include "ordnerwahl.h"
 #include "profilspeicher.h"
+#include "profilwahl.h"
 #include "programmordner.h"
+#include "pruefung.h"
+#include "sitzungen.h"
 #include "sprache.h"
 #include "umbruchtext.h"
+#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -38,11 +45,11 @@ private:
     void uebernehmen(int anzahl)
     {
         for (int n = 0; n < anzahl; ++n) {
-            m_z->setzeUngesehen(false); // its card is not in front
-            QTRY_VERIFY(m_z->aktuelles() && !m_z->beschaeftigt());
-            m_z->setzeUngesehen(false); // another card is on show
-            m_z->uebernehmen();
-            QTRY_VERIFY(!m_z->beschaeftigt());
+            m_z->pruefung()->setzeUngesehen(false); // its card is not in front
+            QTRY_VERIFY(m_z->pruefung()->aktuelles() && !m_z->ausfuehrung()->beschaeftigt());
+            m_z->pruefung()->setzeUngesehen(false); // another card is on show
+            m_z->ausfuehrung()->uebernehmen();
+            QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
         }
     }
 
@@ -108,7 +115,7 @@ private Q_SLOTS:
                  u"Von: a.pdf\nNach: Haushalt/Jahresablage/2023/Strom/2023-02-14 Stadtwerke - a.pdf"_s);
         // The last step goes back; what the user moved himself is not found.
         druecken(Qt::Key_U); // no letter is a key here
-        QVERIFY(!m_z->beschaeftigt());
+        QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
         druecken(Qt::Key_Z, Qt::ControlModifier);
         QTRY_COMPARE(stand(2), Bewegungsstand::zurueck);
         QVERIFY(QFile::remove(modell()->zeile(1).nach));
@@ -125,7 +132,7 @@ private Q_SLOTS:
         QCOMPARE(fokus(), u"sitzungZurueckdrehen"_s);
         druecken(Qt::Key_Return);
         druecken(Qt::Key_Return); // on "Abbrechen"
-        QVERIFY(!m_z->rueckbauLaeuft() && QFile::exists(modell()->zeile(0).nach));
+        QVERIFY(!m_z->sitzungen()->rueckbauLaeuft() && QFile::exists(modell()->zeile(0).nach));
         // Asked and confirmed.
         druecken(Qt::Key_Return);
         druecken(Qt::Key_Tab, Qt::ShiftModifier);
@@ -135,13 +142,13 @@ private Q_SLOTS:
         QTRY_COMPARE(stand(0), Bewegungsstand::zurueck);
         QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
         QVERIFY(!sichtbar("rueckbauFehler"));
-        QCOMPARE(m_z->rueckbauTon(), Zustand::Ton::warnung);
+        QCOMPARE(m_z->sitzungen()->rueckbauTon(), Meldestelle::Ton::warnung);
         // Why the others are not back stands with them; the session goes on in its log.
         QTRY_COMPARE(modell()->index(1).data(Bewegungsmodell::Wort).toString(),
                      u"nicht gefunden: Die Datei liegt nicht mehr am Zielort"_s);
-        QVERIFY(m_z->laufendesBuch() && !sichtbar("nochNichtsBewegt"));
+        QVERIFY(m_z->sitzungen()->laufendesBuch() && !sichtbar("nochNichtsBewegt"));
         m_sprache->waehlen(u"en"_s);
-        QCOMPARE(m_z->rueckbauMeldung(), u"1 brought back, 2 passed over"_s);
+        QCOMPARE(m_z->sitzungen()->rueckbauMeldung(), u"1 brought back, 2 passed over"_s);
     }
 
     /** A failure stands below, with its reason, and at its movement. */
@@ -151,7 +158,7 @@ private Q_SLOTS:
         oeffnen();
         uebernehmen(1);
         m_z->setzeReiter(Reiter::protokoll);
-        m_z->protokollWaehlen(m_z->laufendesBuch()->datei());
+        m_z->sitzungen()->protokollWaehlen(m_z->sitzungen()->laufendesBuch()->datei());
         QTRY_COMPARE(modell()->rowCount(), 1);
         QVERIFY(QDir(m_b->profil.quelle).removeRecursively());
         QFile sperre(m_b->profil.quelle); // where the old folder would have to be made again
@@ -172,7 +179,7 @@ private Q_SLOTS:
         m_b->dokument(u"a.pdf"_s);
         oeffnen();
         uebernehmen(1);
-        const QString eigene = m_z->laufendesBuch()->datei();
+        const QString eigene = m_z->sitzungen()->laufendesBuch()->datei();
         m_z.reset();
         m_fenster.reset();
         oeffnen();
@@ -183,19 +190,19 @@ private Q_SLOTS:
         klicken("finden-1");
         QTRY_COMPARE(m_geoeffnet, QStringList{QFileInfo(eigene).path()}); // no file manager on the bus
         klicken("sitzungZurueckdrehen");
-        Zustand::protokollwaehler = [this](const QString &, const QString &) { return fremdesProtokoll(2); };
+        Ordnerwahl::protokollwaehler = [this](const QString &, const QString &) { return fremdesProtokoll(2); };
         klicken("protokollOeffnen");
         QVERIFY(!sichtbar("rueckbauFrage"));
         QTRY_COMPARE(modell()->rowCount(), 2);
         QVERIFY(teil<QWidget>("sitzungskopf")->findChild<Elidiertext *>());
-        QCOMPARE(m_z->protokollKopf()->rechner, u"anderswo"_s);
+        QCOMPARE(m_z->sitzungen()->protokollKopf()->rechner, u"anderswo"_s);
         QCOMPARE(teil<Elidiertext>("sitzungstitel")->ganzerText(), u"Sitzung aus fremd.jsonl"_s);
         QTRY_COMPARE(stand(1), Bewegungsstand::verschwunden);
         klicken("sitzungZurueckdrehen");
         klicken("jaZurueckdrehen");
         QTRY_VERIFY(meldung().startsWith(u"0 zurückgeholt, 2 übersprungen"_s));
         // What is no log has neither header nor movements, and nothing to turn back.
-        Zustand::protokollwaehler = [this](const QString &, const QString &) { return m_b->ziel(u"Haushalt"_s); };
+        Ordnerwahl::protokollwaehler = [this](const QString &, const QString &) { return m_b->ziel(u"Haushalt"_s); };
         klicken("protokollOeffnen");
         QTRY_COMPARE(teil<QLabel>("bewegungsAnzahl")->text(), u"In dieser Datei steht keine lesbare Bewegung."_s);
         QVERIFY(!teil<QAbstractButton>("sitzungZurueckdrehen")->isEnabled());
@@ -214,7 +221,7 @@ private Q_SLOTS:
         connect(&schlag, &QTimer::timeout, this, [&] { laengste = std::max(laengste, uhr.restart()); });
         uhr.start();
         schlag.start(0);
-        m_z->protokollWaehlen(datei);
+        m_z->sitzungen()->protokollWaehlen(datei);
         QTRY_COMPARE_WITH_TIMEOUT(modell()->rowCount(), viele, 60'000);
         QTRY_COMPARE(stand(0), Bewegungsstand::verschwunden);
         teil<Bewegungsliste>("bewegungen")->scrollToBottom();
@@ -232,7 +239,7 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(eigener));
         QVERIFY(QFile::copy(fremdesProtokoll(1), eigener + u"/Protokoll.jsonl"_s));
         QString gefragt;
-        Zustand::ordnerwaehler = [&](const QString &titel, const QString &) {
+        Ordnerwahl::ordnerwaehler = [&](const QString &titel, const QString &) {
             gefragt = titel;
             return eigener;
         };
@@ -242,14 +249,14 @@ private Q_SLOTS:
         QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokoll gefunden."_s);
         QTRY_COMPARE(Profilspeicher::laden().first().protokollOrdner, eigener);
         // A place where nothing can be written says so.
-        Zustand::ordnerwaehler = [this](const QString &, const QString &) {
+        Ordnerwahl::ordnerwaehler = [this](const QString &, const QString &) {
             return m_b->ordner() + u"/fremd.jsonl/darin"_s;
         };
         klicken("protokollOrdnerWaehlen");
         QTRY_VERIFY(sichtbar("protokollOrtWarnung"));
         klicken("protokollOrdnerStandard");
         QTRY_VERIFY(!sichtbar("protokollOrtWarnung"));
-        QCOMPARE(m_z->aktiv()->protokollOrdner, QString());
+        QCOMPARE(m_z->profilwahl()->aktiv()->protokollOrdner, QString());
         QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"Im Protokollordner liegt noch nichts."_s);
     }
 

@@ -1,11 +1,17 @@
 #include "analyse.h"
+#include "ausfuehrung.h"
+#include "durchgang.h"
+#include "einrichtung.h"
 #include "elidiertext.h"
 #include "fensterprobe.h"
 #include "pdf.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "satz.h"
 #include "sprache.h"
 #include "stil.h"
 #include "umbruchtext.h"
+#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -56,9 +62,9 @@ private:
 
     void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier)
     {
-        QTRY_VERIFY(!m_z->ungesehen());
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         Fensterprobe::druecken(taste, dazu);
-        QTRY_VERIFY(!m_z->beschaeftigt());
+        QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
     }
     void tippen(const char *feld, const QString &text)
     {
@@ -161,10 +167,10 @@ private Q_SLOTS:
                 QTRY_VERIFY(meldung().startsWith(u"Einsortiert: "_s));
             }
         }
-        QTRY_VERIFY(!m_z->aktuelles());
-        QCOMPARE(m_z->zaehlwerk().erledigt, einsortiert);
-        QCOMPARE(m_z->zaehlwerk().aussortiert, dubletten);
-        QCOMPARE(m_z->zaehlwerk().zurueckgestellt, zurueckgestellt);
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
+        QCOMPARE(m_z->pruefung()->zaehlwerk().erledigt, einsortiert);
+        QCOMPARE(m_z->pruefung()->zaehlwerk().aussortiert, dubletten);
+        QCOMPARE(m_z->pruefung()->zaehlwerk().zurueckgestellt, zurueckgestellt);
         QCOMPARE(m_b->lesen(ids[u"Scan_08.pdf"_s]).angaben.titel, u"Zudu 8"_s);
         QCOMPARE(m_b->lesen(ids[u"Scan_09.pdf"_s]).angaben.ort.rubrik, u"Wasser"_s);
         for (const qint64 id : std::as_const(ids))
@@ -175,7 +181,7 @@ private Q_SLOTS:
         druecken(Qt::Key_U);
         QTRY_COMPARE(name(), u"Scan_30.pdf"_s);
         druecken(Qt::Key_D);
-        QTRY_VERIFY(!m_z->aktuelles());
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
         mitTabZu("leerknopf");
         druecken(Qt::Key_Return);
         QTRY_COMPARE(name(), u"Scan_07.pdf"_s);
@@ -206,12 +212,12 @@ private Q_SLOTS:
         // In a choice a letter chooses.
         mitTabZu("rubrik");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_W);
-        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         // What the analysis writes meanwhile does not move what is typed, nor the cursor in it.
         tippen("gegenueber", u"Von Hand"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
         m_b->sql(u"UPDATE dokumente SET gegenueber='Modell', konfidenz=0.31"_s);
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(teil<QLabel>("konfidenz")->text(), u"31 Prozent"_s);
         QCOMPARE(teil<QLineEdit>("gegenueber")->text(), u"Von Hand"_s);
         QCOMPARE(teil<QLineEdit>("gegenueber")->cursorPosition(), 0);
@@ -220,7 +226,7 @@ private Q_SLOTS:
         QVERIFY(!qobject_cast<QLineEdit *>(QApplication::focusWidget()));
         QKeyEvent gehalten(QEvent::KeyPress, Qt::Key_Z, Qt::NoModifier, u"z"_s, true);
         QApplication::sendEvent(QApplication::focusWidget(), &gehalten);
-        QVERIFY(!m_z->beschaeftigt());
+        QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
         QCOMPARE(name(), u"a.pdf"_s);
         // So does one whose repeats come as strokes of their own, without time between release and press.
         constexpr ulong zeit = 1000;
@@ -228,7 +234,7 @@ private Q_SLOTS:
         los.setTimestamp(zeit);
         QApplication::sendEvent(QApplication::focusWidget(), &los);
         qt_sendShortcutOverrideEvent(QApplication::focusWidget(), zeit, Qt::Key_Right, Qt::NoModifier);
-        QVERIFY(!m_z->beschaeftigt());
+        QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
         qt_sendShortcutOverrideEvent(QApplication::focusWidget(), zeit + 80, Qt::Key_Right, Qt::NoModifier);
         QTRY_COMPARE(name(), u"b.pdf"_s);
         druecken(Qt::Key_Left);
@@ -249,17 +255,17 @@ private Q_SLOTS:
         for (const char *datei : {"a.pdf", "b.pdf", "c.pdf"})
             dokument(QString::fromLatin1(datei));
         oeffnen();
-        QTRY_VERIFY(!m_z->ungesehen());
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         plattformtaste(Qt::Key_Return);
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        QTRY_VERIFY(!m_z->ungesehen());
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         for (const Qt::Key taste : {Qt::Key_D, Qt::Key_Z, Qt::Key_U, Qt::Key_Left, Qt::Key_Right}) {
             aufklappen(was);
             QTRY_VERIFY(QApplication::activePopupWidget());
             plattformtaste(taste);
-            QVERIFY(!m_z->beschaeftigt());
+            QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
             QCOMPARE(name(), u"b.pdf"_s);
-            QCOMPARE(m_z->zaehlwerk().erledigt, 1);
+            QCOMPARE(m_z->pruefung()->zaehlwerk().erledigt, 1);
             while (QWidget *offen = QApplication::activePopupWidget())
                 offen->close();
         }
@@ -271,7 +277,7 @@ private Q_SLOTS:
         plattformtaste(Qt::Key_Down);
         plattformtaste(Qt::Key_Return);
         QTRY_VERIFY(!QApplication::activePopupWidget());
-        QVERIFY(!m_z->beschaeftigt());
+        QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
         QCOMPARE(name(), u"b.pdf"_s);
         plattformtaste(Qt::Key_Enter);
         QTRY_COMPARE(name(), u"c.pdf"_s);
@@ -291,11 +297,11 @@ private Q_SLOTS:
         QTest::keyClick(rubrik->view(), Qt::Key_Return);
         QTRY_VERIFY(!rubrik->view()->isVisible());
         QCOMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         rubrik->showPopup();
         QTRY_VERIFY(rubrik->view()->isVisible());
         m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {a});
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QTRY_VERIFY(!rubrik->view()->isVisible());
     }
@@ -310,7 +316,7 @@ private Q_SLOTS:
         // Another program takes the document away in the middle of a word.
         tippen("titel", u"Zu"_s);
         m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {a});
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QCOMPARE(meldung(), u"a.pdf wartet nicht mehr auf Prüfung"_s);
         QTest::keyClicks(QApplication::focusWidget(), u"zud"_s);
@@ -319,12 +325,12 @@ private Q_SLOTS:
         QTest::qWait(800);
         // While a slow deed runs nothing can be typed that would be dropped.
         tippen("titel", u"Fertig"_s);
-        QTRY_VERIFY(!m_z->ungesehen());
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         m_b->sql(u"BEGIN IMMEDIATE"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QTest::keyClicks(QApplication::focusWidget(), u" zu spaet"_s);
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Fertig"_s);
-        QVERIFY(m_z->beschaeftigt());
+        QVERIFY(m_z->ausfuehrung()->beschaeftigt());
         m_b->sql(u"COMMIT"_s);
         QTRY_COMPARE(name(), u"c.pdf"_s);
         QCOMPARE(m_b->lesen(b).angaben.titel, u"Fertig"_s);
@@ -332,7 +338,7 @@ private Q_SLOTS:
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Weiter"_s);
         // The window waits for what is in hand, says so, and begins nothing new.
         dokument(u"d.pdf"_s);
-        QTRY_VERIFY(!m_z->ungesehen());
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         m_b->sql(u"BEGIN IMMEDIATE"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QVERIFY(!m_fenster->close());
@@ -341,7 +347,7 @@ private Q_SLOTS:
         m_b->sql(u"COMMIT"_s);
         QTRY_VERIFY(!m_fenster->isVisible());
         QCOMPARE(m_b->lesen(3).status, Status::Erledigt);
-        QVERIFY(!m_z->beschaeftigt());
+        QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
     }
 
     /** Two strokes of one impatient hand: the second one comes before the next document was on the screen. */
@@ -351,8 +357,8 @@ private Q_SLOTS:
         for (const char *datei : {"a.pdf", "b.pdf", "c.pdf"})
             ids[QString::fromLatin1(datei)] = dokument(QString::fromLatin1(datei));
         oeffnen();
-        QTRY_VERIFY(!m_z->ungesehen());
-        QSignalSpy zuFrueh(m_z.get(), &Zustand::zuFruehGedrueckt);
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
+        QSignalSpy zuFrueh(m_z->ausfuehrung(), &Ausfuehrung::zuFruehGedrueckt);
         for (const Qt::Key zweite : {Qt::Key_Enter, Qt::Key_Z, Qt::Key_D, Qt::Key_unknown}) {
             const auto druecken = [&] {
                 if (zweite == Qt::Key_unknown)
@@ -361,19 +367,22 @@ private Q_SLOTS:
                     plattformtaste(zweite);
             };
             zuFrueh.clear();
+            m_b->sql(u"BEGIN IMMEDIATE"_s); // the first one is not done before the second one comes
             plattformtaste(Qt::Key_Return);
-            druecken();                                                         // while the first one is being done
-            connect(m_z.get(), &Zustand::beschaeftigtGeaendert, this, druecken, // when it is done, before it is painted
+            druecken(); // while the first one is being done
+            connect(m_z->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this,
+                    druecken, // when it is done, before it is painted
                     Qt::SingleShotConnection);
+            m_b->sql(u"COMMIT"_s);
             QTRY_COMPARE(name(), u"b.pdf"_s);
             QCOMPARE(zuFrueh.size(), 2);
             QCOMPARE(tasten(), u"Zu früh: Das nächste Dokument war noch nicht zu sehen."_s);
-            QTRY_VERIFY(!m_z->ungesehen());
+            QTRY_VERIFY(!m_z->pruefung()->ungesehen());
             QCOMPARE(name(), u"b.pdf"_s);
             QCOMPARE(m_b->lesen(ids[u"b.pdf"_s]).status, Status::Bereit);
             TestPruefkarte::druecken(Qt::Key_U);
             QTRY_COMPARE(name(), u"a.pdf"_s);
-            QTRY_VERIFY(!m_z->ungesehen());
+            QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         }
         // Looking around is kept.
         plattformtaste(Qt::Key_Return);
@@ -398,17 +407,17 @@ private Q_SLOTS:
         QCOMPARE(teil<QComboBox>("rubrik")->currentText(), u"Wasser"_s);
         QVERIFY(tasten().contains(u"Z zurückstellen"_s)); // the button has gone, and the focus into no field
         QTest::mouseClick(teil<QAbstractButton>("partnerZeigen"), Qt::LeftButton);
-        QVERIFY(m_z->partnerZeigen());
+        QVERIFY(m_z->pruefung()->partnerZeigen());
         QTest::mouseClick(teil<QAbstractButton>("zurueckZumDokument"), Qt::LeftButton);
-        QVERIFY(!m_z->partnerZeigen());
-        m_z->setzePartnerZeigen(true);
+        QVERIFY(!m_z->pruefung()->partnerZeigen());
+        m_z->pruefung()->setzePartnerZeigen(true);
         QVERIFY(teil<QAbstractButton>("zurueckZumDokument"));
-        m_z->setzePartnerZeigen(false);
+        m_z->pruefung()->setzePartnerZeigen(false);
         QVERIFY(!m_fenster->findChild<QAbstractButton *>(u"zurueckZumDokument"_s)->isVisible());
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und weiter"_s);
         QTest::mouseClick(teil<QAbstractButton>("kopieren"), Qt::LeftButton);
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Übernehmen und kopieren"_s);
-        QTRY_VERIFY(!m_z->ungesehen());
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         QTest::mouseClick(teil<QAbstractButton>("uebernehmen"), Qt::LeftButton);
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
@@ -422,14 +431,14 @@ private Q_SLOTS:
         oeffnen();
         QCOMPARE(teil<QLabel>("leerzeile")->text(), u"Hier gibt es noch keine Dokumente."_s);
         const qint64 a = dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"1 Dokument wartet darauf, gelesen zu werden."_s);
         mitTabZu("leerknopf");
         druecken(Qt::Key_Return);
         // What can be done about it is asked on the run card.
         QTRY_COMPARE(m_z->reiter(), Reiter::ablauf);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"modellPruefen"_s);
-        QVERIFY(!m_z->analyse()->laeuft());
+        QVERIFY(!m_z->durchgang()->analyse()->laeuft());
         QCOMPARE(m_b->lesen(a).status, Status::Neu);
         m_z->setzeReiter(Reiter::pruefen);
         auto *profil = teil<QComboBox>("aktiv");
@@ -440,10 +449,10 @@ private Q_SLOTS:
         QVERIFY(!profil->hasFocus());
         mitTabZu("neuesProfil");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 2"_s);
-        QTRY_VERIFY(!m_z->oeffnet());
+        QTRY_COMPARE(m_z->profilwahl()->aktiv()->name, u"Ablage 2"_s);
+        QTRY_VERIFY(!m_z->profilwahl()->oeffnet());
         // Cards without a place for notices have them in the status line.
-        m_z->dublettenAusraeumen();
+        m_z->ausfuehrung()->dublettenAusraeumen();
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Es ist noch kein Zielordner gewählt"_s);
         m_z->setzeReiter(Reiter::pruefen);
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Der Modellserver ollama läuft nicht"_s);
@@ -462,10 +471,10 @@ private Q_SLOTS:
         mitTabZu("leerknopf");
         druecken(Qt::Key_Return);
         QTRY_COMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->zaehlwerk().bereit, 2);
+        QCOMPARE(m_z->pruefung()->zaehlwerk().bereit, 2);
         druecken(Qt::Key_U);
-        QTRY_VERIFY(!m_z->aktuelles());
-        QTRY_COMPARE(m_z->zaehlwerk().zurueckgestellt, 2);
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
+        QTRY_COMPARE(m_z->pruefung()->zaehlwerk().zurueckgestellt, 2);
         QCOMPARE(teil<QLabel>("leerzeile")->text(), u"2 Dokumente sind noch zurückgestellt."_s);
     }
 
@@ -493,8 +502,8 @@ private Q_SLOTS:
             QCOMPARE(name(), u"b.pdf"_s);
         }
         druecken(Qt::Key_Return);
-        QTRY_VERIFY(!m_z->aktuelles());
-        QCOMPARE(m_z->zaehlwerk().erledigt, 2);
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
+        QCOMPARE(m_z->pruefung()->zaehlwerk().erledigt, 2);
     }
 
     void nichtsWirdAbgeschnitten_data()
@@ -536,7 +545,7 @@ private Q_SLOTS:
         oeffnen();
         tippen("titel", u"Von Hand"_s);
         m_sprache->waehlen(u"en"_s);
-        QCOMPARE(m_z->pruefhinweise().first().text, u"Cannot be classified: no text"_s);
+        QCOMPARE(m_z->pruefung()->pruefhinweise().first().text, u"Cannot be classified: no text"_s);
         QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
         QCOMPARE(teil<QAbstractButton>("uebernehmen")->text(), u"Accept and continue"_s);
         QCOMPARE(teil<QLineEdit>("titel")->text(), u"Von Hand"_s);
@@ -544,9 +553,9 @@ private Q_SLOTS:
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"The model server ollama is not running"_s);
         // What was said is said again, and in plain text.
         m_sprache->waehlen(u"de"_s);
-        QTRY_VERIFY(!m_z->ungesehen());
-        m_z->zuruecklegen();
-        QTRY_VERIFY(!m_z->aktuelles());
+        QTRY_VERIFY(!m_z->pruefung()->ungesehen());
+        m_z->ausfuehrung()->zuruecklegen();
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
         QTRY_VERIFY(suchen<Elidiertext>("hinweis"));
         QCOMPARE(meldung(), u"Zurückgestellt: a.pdf"_s);
         m_sprache->waehlen(u"en"_s);
@@ -556,7 +565,7 @@ private Q_SLOTS:
         QVERIFY(eigene.open(QIODevice::WriteOnly));
         eigene.write("{\"Vorschlag\": \"<b>V</b>\"}");
         eigene.close();
-        m_z->zurueck();
+        m_z->ausfuehrung()->zurueck();
         QTRY_COMPARE(name(), u"a.pdf"_s);
         m_sprache->waehlen(u"eigene"_s);
         QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
@@ -618,7 +627,7 @@ private Q_SLOTS:
             m_z->setzeReiter(reiter);
             QCoreApplication::processEvents();
             for (const Abschnitt abschnitt : alleAbschnitte()) {
-                m_z->setzeAbschnitt(abschnitt);
+                m_z->einrichtung()->setzeAbschnitt(abschnitt);
                 benannt();
                 radAendertNichts();
             }
@@ -627,7 +636,7 @@ private Q_SLOTS:
         // Notes that come later stand in the row of the Tab key where they are seen.
         m_b->sql(u"UPDATE dokumente SET alt_ordner='Haushalt/Jahresablage/2021/Wasser', aehnlich_zu=? WHERE id=?"_s,
                  {dokument(u"b.pdf"_s), a});
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
         QTRY_VERIFY(m_fenster->findChild<QAbstractButton *>(u"partnerZeigen"_s));
         QPoint vorher(0, 0);
         mitTabZu("teilung");

@@ -1,5 +1,13 @@
+#include "durchgang.h"
+#include "einrichtung.h"
+#include "modelldienst.h"
+#include "ordnerwahl.h"
 #include "profilspeicher.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "testserver.h"
+#include "vorlagenmangel.h"
+#include "zustand.h"
 #include "zustandsprobe.h"
 
 #include <QDir>
@@ -35,36 +43,39 @@ private:
     }
     void aendern(const std::function<void(Profil &)> &aenderung)
     {
-        Profil neu = *m_z->aktiv();
+        Profil neu = *m_z->profilwahl()->aktiv();
         aenderung(neu);
-        m_z->profilAendern(neu);
+        m_z->profilwahl()->profilAendern(neu);
     }
     void einlesen()
     {
-        m_z->strukturEinlesen();
-        QTRY_VERIFY(!m_z->einrichtung().liestStruktur);
+        m_z->einrichtung()->strukturEinlesen();
+        QTRY_VERIFY(!m_z->einrichtung()->stand().liestStruktur);
     }
     [[nodiscard]] QStringList mitWechsel(Wechsel wechsel) const
     {
         QStringList namen;
-        for (const Strukturzeile &zeile : m_z->einrichtung().struktur) {
+        for (const Strukturzeile &zeile : m_z->einrichtung()->stand().struktur) {
             if (zeile.wechsel == wechsel)
                 namen << zeile.name;
         }
         return namen;
     }
-    [[nodiscard]] qsizetype gezaehlt() const { return m_z->einrichtung().quelle.value_or(Quellstand{-1, 0}).anzahl; }
+    [[nodiscard]] qsizetype gezaehlt() const
+    {
+        return m_z->einrichtung()->stand().quelle.value_or(Quellstand{-1, 0}).anzahl;
+    }
 
 private Q_SLOTS:
     void programmeUndSprachen()
     {
         beginnen();
-        QTRY_VERIFY(m_z->einrichtung().programme);
-        QCOMPARE(m_z->einrichtung().programme->werkzeuge.size(), 3);
-        QVERIFY(QFile::exists(m_z->einrichtung().programme->werkzeuge.last().pfad));
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::programme).lage, Lage::gut);
+        QTRY_VERIFY(m_z->einrichtung()->stand().programme);
+        QCOMPARE(m_z->einrichtung()->stand().programme->werkzeuge.size(), 3);
+        QVERIFY(QFile::exists(m_z->einrichtung()->stand().programme->werkzeuge.last().pfad));
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::programme).lage, Lage::gut);
         aendern([](Profil &p) { p.ocrSprache = u"deu+tlh"_s; });
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::programme).lage, Lage::warnung);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::programme).lage, Lage::warnung);
         QCOMPARE(
             Programmstand::sprachenAus("List of available languages in \"/x\" (4):\nosd\neng\ndeu\nscript/Latin\n"),
             (QStringList{u"deu"_s, u"eng"_s}));
@@ -74,46 +85,48 @@ private Q_SLOTS:
     {
         m_b->profil.zweige.clear();
         beginnen();
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::ziel).lage, Lage::fehlt);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).lage, Lage::fehlt);
         einlesen();
-        QVERIFY(m_z->einrichtung().strukturmeldung.startsWith(u"Hier liegt noch keine Struktur."_s));
+        QVERIFY(m_z->einrichtung()->stand().strukturmeldung.startsWith(u"Hier liegt noch keine Struktur."_s));
         for (const QString &ordner : {u"Haus/Jahre/2023/Strom"_s, u"Haus/Jahre/2024/Gas"_s, u"Haus/Fest/Urkunden"_s})
             QDir().mkpath(m_b->ziel(ordner));
         einlesen();
-        QCOMPARE(m_z->einrichtung().zahlen,
+        QCOMPARE(m_z->einrichtung()->stand().zahlen,
                  (Strukturzahlen{.zweige = 1, .ablagen = 2, .rubriken = 3, .neu = 0, .entfallen = 0}));
-        QVERIFY(!m_z->einrichtung().geradeGelesen); // the first time there is nothing that could have stayed the same
-        QVERIFY(m_z->kenntRubrik(u"Gas"_s));
+        QVERIFY(!m_z->einrichtung()
+                     ->stand()
+                     .geradeGelesen); // the first time there is nothing that could have stayed the same
+        QVERIFY(m_z->einrichtung()->kenntRubrik(u"Gas"_s));
         QDir().mkpath(m_b->ziel(u"Verein/Fest/Satzung"_s));
         QDir(m_b->ziel(u"Haus/Jahre/2024/Gas"_s)).removeRecursively();
         einlesen();
         QCOMPARE(mitWechsel(Wechsel::neu), (QStringList{u"Verein"_s, u"Fest"_s, u"Satzung"_s}));
         QCOMPARE(mitWechsel(Wechsel::entfallen), QStringList{u"Gas"_s});
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::ziel).zeile, u"1 neu, 1 entfallen"_s);
-        QVERIFY(!m_z->kenntRubrik(u"Gas"_s));
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).zeile, u"1 neu, 1 entfallen"_s);
+        QVERIFY(!m_z->einrichtung()->kenntRubrik(u"Gas"_s));
         QTRY_COMPARE(Profilspeicher::laden().first().zweige.size(), 2);
         // A drive that is not there takes nothing away.
-        const QList<Zweig> bekannte = m_z->aktiv()->zweige;
+        const QList<Zweig> bekannte = m_z->profilwahl()->aktiv()->zweige;
         QVERIFY(QDir().rename(m_b->profil.zielWurzel, m_b->profil.zielWurzel + u"-weg"_s));
         einlesen();
-        QCOMPARE(m_z->einrichtung().strukturmeldung, u"Der Zielordner ist nicht erreichbar."_s);
-        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::ziel).lage, Lage::gestoert);
+        QCOMPARE(m_z->einrichtung()->stand().strukturmeldung, u"Der Zielordner ist nicht erreichbar."_s);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).lage, Lage::gestoert);
         QDir().mkpath(m_b->profil.zielWurzel);
         einlesen();
-        QVERIFY(m_z->einrichtung().strukturmeldung.endsWith(u"Die bisherige gilt weiter."_s));
-        QCOMPARE(m_z->aktiv()->zweige, bekannte);
+        QVERIFY(m_z->einrichtung()->stand().strukturmeldung.endsWith(u"Die bisherige gilt weiter."_s));
+        QCOMPARE(m_z->profilwahl()->aktiv()->zweige, bekannte);
         // Another root has another structure, which nobody has read yet.
         const QString wurzel = m_b->profil.zielWurzel;
         aendern([&](Profil &p) { p.zielWurzel = m_b->ziel(u"Verein"_s); });
-        QVERIFY(m_z->einrichtung().strukturAlt);
+        QVERIFY(m_z->einrichtung()->stand().strukturAlt);
         aendern([&](Profil &p) { p.zielWurzel = wurzel; });
-        QVERIFY(!m_z->einrichtung().strukturAlt);
+        QVERIFY(!m_z->einrichtung()->stand().strukturAlt);
         const QString andere = m_b->ordner() + u"/andere"_s;
         QDir().mkpath(andere + u"/Amt/Akten/Bescheide"_s);
         aendern([&](Profil &p) { p.zielWurzel = andere; });
-        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::ziel).zeile, u"Struktur neu einlesen"_s);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).zeile, u"Struktur neu einlesen"_s);
         einlesen();
-        QVERIFY(!m_z->einrichtung().strukturAlt && m_z->kenntRubrik(u"Bescheide"_s));
+        QVERIFY(!m_z->einrichtung()->stand().strukturAlt && m_z->einrichtung()->kenntRubrik(u"Bescheide"_s));
     }
 
     void zaehltUndNimmtAus()
@@ -124,25 +137,26 @@ private Q_SLOTS:
         schreiben(m_b->quelle(u"privat/d.pdf"_s));
         beginnen();
         QTRY_COMPARE(gezaehlt(), 4);
-        QCOMPARE(m_z->ausnahmeAufnehmen(u" /Fotos/ "_s), QString());
-        QTRY_COMPARE(m_z->ausgenommen(), 1);
+        QCOMPARE(m_z->einrichtung()->ausnahmeAufnehmen(u" /Fotos/ "_s), QString());
+        QTRY_COMPARE(m_z->pruefung()->ausgenommen(), 1);
         QTRY_COMPARE(gezaehlt(), 3);
-        QCOMPARE(m_z->ausnahmeAufnehmen(u"fotos"_s), u"fotos steht schon in der Liste"_s);
-        QCOMPARE(m_z->ausnahmeAufnehmen(u" // "_s), QString());
-        Zustand::ordnerwaehler = [this](const QString &, const QString &) { return m_b->profil.quelle; };
-        QCOMPARE(m_z->ausnahmeWaehlen(), u"Das ist der Herkunftsordner selbst. Dann bliebe nichts zu lesen."_s);
-        Zustand::ordnerwaehler = [this](const QString &, const QString &) { return m_b->quelle(u"privat"_s); };
-        QCOMPARE(m_z->ausnahmeWaehlen(), QString());
-        QCOMPARE(m_z->aktiv()->ausnahmen.last(), u"./privat"_s);
+        QCOMPARE(m_z->einrichtung()->ausnahmeAufnehmen(u"fotos"_s), u"fotos steht schon in der Liste"_s);
+        QCOMPARE(m_z->einrichtung()->ausnahmeAufnehmen(u" // "_s), QString());
+        Ordnerwahl::ordnerwaehler = [this](const QString &, const QString &) { return m_b->profil.quelle; };
+        QCOMPARE(m_z->einrichtung()->ausnahmeWaehlen(),
+                 u"Das ist der Herkunftsordner selbst. Dann bliebe nichts zu lesen."_s);
+        Ordnerwahl::ordnerwaehler = [this](const QString &, const QString &) { return m_b->quelle(u"privat"_s); };
+        QCOMPARE(m_z->einrichtung()->ausnahmeWaehlen(), QString());
+        QCOMPARE(m_z->profilwahl()->aktiv()->ausnahmen.last(), u"./privat"_s);
         QTRY_COMPARE(gezaehlt(), 2);
-        m_z->ausnahmeEntfernen(m_z->aktiv()->ausnahmen.first());
-        QTRY_COMPARE(m_z->ausgenommen(), 0);
+        m_z->einrichtung()->ausnahmeEntfernen(m_z->profilwahl()->aktiv()->ausnahmen.first());
+        QTRY_COMPARE(m_z->pruefung()->ausgenommen(), 0);
         QTRY_COMPARE(gezaehlt(), 3);
         QCOMPARE(m_b->lesen(a).status, Status::Bereit);
         aendern([](Profil &p) { p.mitUnterordnern = false; });
         QTRY_COMPARE(gezaehlt(), 2);
         aendern([this](Profil &p) { p.quelle = m_b->quelle(u"nirgends"_s); });
-        QTRY_COMPARE(m_z->abschnittsstand(Abschnitt::herkunft).lage, Lage::gestoert);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::herkunft).lage, Lage::gestoert);
     }
 
     void profilEntfernenLaesstDenKatalog()
@@ -153,21 +167,21 @@ private Q_SLOTS:
         m_b->schliessen();
         m_b->profilSichern({anderes});
         m_z = std::make_unique<Zustand>();
-        m_z->beginnen(u"Haushalt"_s);
-        QTRY_VERIFY(m_z->offen() && m_z->aktuelles());
-        m_z->profilEntfernen(m_b->profil.id);
-        QTRY_VERIFY(m_z->offen() && m_z->aktiv()->name == u"Anderes"_s);
-        QVERIFY(!m_z->aktuelles());
+        m_z->profilwahl()->beginnen(u"Haushalt"_s);
+        QTRY_VERIFY(m_z->profilwahl()->offen() && m_z->pruefung()->aktuelles());
+        m_z->profilwahl()->profilEntfernen(m_b->profil.id);
+        QTRY_VERIFY(m_z->profilwahl()->offen() && m_z->profilwahl()->aktiv()->name == u"Anderes"_s);
+        QVERIFY(!m_z->pruefung()->aktuelles());
         QVERIFY(QFile::exists(Profilspeicher::katalogDatei(m_b->profil)));
         QTRY_COMPARE(Profilspeicher::laden().size(), 1);
-        m_z->profilEntfernen(anderes.id);
-        QVERIFY(!m_z->aktiv() && !m_z->offen() && !m_z->analyse());
+        m_z->profilwahl()->profilEntfernen(anderes.id);
+        QVERIFY(!m_z->profilwahl()->aktiv() && !m_z->profilwahl()->offen() && !m_z->durchgang()->analyse());
         QTRY_VERIFY(Profilspeicher::laden().isEmpty());
-        QCOMPARE(m_z->zaehlwerk(), Zaehlwerk());
-        m_z->neuesProfil();
-        QTRY_VERIFY(m_z->offen());
-        QCOMPARE(m_z->naechsterAbschnitt(Abschnitt::programme), Abschnitt::herkunft);
-        QVERIFY(m_z->starthindernis().contains(u"Herkunft"_s));
+        QCOMPARE(m_z->pruefung()->zaehlwerk(), Zaehlwerk());
+        m_z->profilwahl()->neuesProfil();
+        QTRY_VERIFY(m_z->profilwahl()->offen());
+        QCOMPARE(m_z->einrichtung()->naechsterAbschnitt(Abschnitt::programme), Abschnitt::herkunft);
+        QVERIFY(m_z->einrichtung()->starthindernis().contains(u"Herkunft"_s));
     }
 
     void gelerntes()
@@ -176,12 +190,12 @@ private Q_SLOTS:
                  "('bank','Bank','Haushalt','Stammdaten','Verträge',3),('stadt','Stadt','Verein','','',1)"_s);
         m_b->sql(u"INSERT INTO namen (von, nach, anzahl) VALUES ('alt','Neu',2)"_s);
         beginnen();
-        QTRY_COMPARE(m_z->einrichtung().gelerntes.zuordnungen.size(), 2);
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::gelernt).zeile, u"2 Zuordnungen, 1 Name"_s);
-        m_z->gelerntVergessen(u"bank"_s);
-        QTRY_COMPARE(m_z->einrichtung().gelerntes.zuordnungen.size(), 1);
-        m_z->allesVergessen();
-        QTRY_VERIFY(m_z->einrichtung().gelerntes == Lernstand());
+        QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.zuordnungen.size(), 2);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::gelernt).zeile, u"2 Zuordnungen, 1 Name"_s);
+        m_z->einrichtung()->gelerntVergessen(u"bank"_s);
+        QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.zuordnungen.size(), 1);
+        m_z->einrichtung()->allesVergessen();
+        QTRY_VERIFY(m_z->einrichtung()->stand().gelerntes == Lernstand());
     }
 
     void beispielAusDerWarteschlange()
@@ -190,16 +204,17 @@ private Q_SLOTS:
         m_b->dokument(u"b.pdf"_s, [](Dokument &d) { d.angaben.titel.clear(); });
         m_b->dokument(u"c.pdf"_s);
         beginnen();
-        QTRY_VERIFY(m_z->beispiel().echt);
-        QCOMPARE(m_z->einrichtung().beispiel->id, a);
+        QTRY_VERIFY(m_z->einrichtung()->beispiel().echt);
+        QCOMPARE(m_z->einrichtung()->stand().beispiel->id, a);
         aendern([](Profil &p) { p.namensVorlage = u"{titel}, {gegenueber}"_s; });
-        QCOMPARE(m_z->beispiel().name, u"a, Stadtwerke.pdf"_s);
-        QCOMPARE(m_z->beispiel().ort, (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Strom"_s}));
-        QCOMPARE(m_z->beispiel().ohneRubrik, (QStringList{u"Haushalt"_s, u"prüfen"_s}));
-        m_z->anderesBeispiel();
-        QTRY_COMPARE(m_z->beispiel().dokument, u"c.pdf"_s);
-        m_z->anderesBeispiel();
-        QTRY_COMPARE(m_z->beispiel().dokument, u"a.pdf"_s);
+        QCOMPARE(m_z->einrichtung()->beispiel().name, u"a, Stadtwerke.pdf"_s);
+        QCOMPARE(m_z->einrichtung()->beispiel().ort,
+                 (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Strom"_s}));
+        QCOMPARE(m_z->einrichtung()->beispiel().ohneRubrik, (QStringList{u"Haushalt"_s, u"prüfen"_s}));
+        m_z->einrichtung()->anderesBeispiel();
+        QTRY_COMPARE(m_z->einrichtung()->beispiel().dokument, u"c.pdf"_s);
+        m_z->einrichtung()->anderesBeispiel();
+        QTRY_COMPARE(m_z->einrichtung()->beispiel().dokument, u"a.pdf"_s);
     }
 
     void grossesModellLaden()
@@ -214,23 +229,24 @@ private Q_SLOTS:
                          Testantwort::inStuecken({"{\"status\":\"pulling\",\"total\":4000,\"completed\":1000}\n",
                                                   "{\"error\":\"no space left\"}\n"}));
         beginnen();
-        QTRY_VERIFY(m_z->modellBereit());
+        QTRY_VERIFY(m_z->modelldienst()->modellBereit());
         QList<Modellstand> gesehen;
-        connect(m_z.get(), &Zustand::modellGeaendert, this, [&] { gesehen << m_z->modellstand(); });
-        m_z->modellGrossLaden();
-        QVERIFY(m_z->modellBereit()); // the other one stays usable
-        QTRY_COMPARE(m_z->modellstand().ladefehler, u"no space left"_s);
-        QCOMPARE(m_z->modellstand().fehlermodell, u"gross:9b"_s);
-        QVERIFY(m_z->modellstand().laedtModell.isEmpty() && m_z->modellBereit());
+        connect(m_z->modelldienst(), &Modelldienst::modellGeaendert, this,
+                [&] { gesehen << m_z->modelldienst()->modellstand(); });
+        m_z->modelldienst()->modellGrossLaden();
+        QVERIFY(m_z->modelldienst()->modellBereit()); // the other one stays usable
+        QTRY_COMPARE(m_z->modelldienst()->modellstand().ladefehler, u"no space left"_s);
+        QCOMPARE(m_z->modelldienst()->modellstand().fehlermodell, u"gross:9b"_s);
+        QVERIFY(m_z->modelldienst()->modellstand().laedtModell.isEmpty() && m_z->modelldienst()->modellBereit());
         QVERIFY(std::any_of(gesehen.cbegin(), gesehen.cend(),
                             [](const Modellstand &s) { return s.geladen == 1000 && s.ladegroesse == 4000; }));
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::modell).lage, Lage::gut);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::modell).lage, Lage::gut);
         Zweig viele{.name = u"Viele"_s, .ablagen = {{.name = u"Art"_s, .mitJahr = false, .rubriken = {}}}};
         for (int n = 0; n < 5000; ++n)
             viele.ablagen.first().rubriken << u"Rubrik %1"_s.arg(n);
         aendern([&](Profil &p) { p.zweige << viele; });
-        QVERIFY(platzImModell(*m_z->aktiv()) > 1);
-        QCOMPARE(m_z->abschnittsstand(Abschnitt::modell).lage, Lage::warnung);
+        QVERIFY(platzImModell(*m_z->profilwahl()->aktiv()) > 1);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::modell).lage, Lage::warnung);
     }
 
     /** While a model is being fetched, which may take hours, another one is chosen: what is known is about that one. */
@@ -246,22 +262,22 @@ private Q_SLOTS:
         server.antworten("/api/pull",
                          Testantwort::stumm(60s, "HTTP/1.1 200 OK\r\n\r\n{\"status\":\"pulling manifest\"}\n"));
         beginnen();
-        QTRY_VERIFY(m_z->modellBereit());
-        m_z->modellGrossLaden();
-        QTRY_COMPARE(m_z->modellstand().ladetext, u"pulling manifest"_s);
+        QTRY_VERIFY(m_z->modelldienst()->modellBereit());
+        m_z->modelldienst()->modellGrossLaden();
+        QTRY_COMPARE(m_z->modelldienst()->modellstand().ladetext, u"pulling manifest"_s);
         const auto waehlen = [this](const QString &modell) { aendern([&](Profil &p) { p.modell = modell; }); };
         waehlen(u"fehlt:1b"_s);
-        QTRY_VERIFY(!m_z->modellBereit());
-        QSignalSpy fraglich(m_z.get(), &Zustand::startFraglich);
-        m_z->durchgangErbitten();
+        QTRY_VERIFY(!m_z->modelldienst()->modellBereit());
+        QSignalSpy fraglich(m_z->durchgang(), &Durchgang::startFraglich);
+        m_z->durchgang()->durchgangErbitten();
         QTRY_COMPARE(fraglich.size(), 1); // instead of failing document by document
         waehlen(u"mittel:4b"_s);
-        QTRY_VERIFY(m_z->modellBereit());
+        QTRY_VERIFY(m_z->modelldienst()->modellBereit());
         waehlen(u"gross:9b"_s);
-        QTRY_COMPARE(m_z->modellstand().art, Modellstand::Art::laedt);
-        QCOMPARE(m_z->modellstand().laedtModell, u"gross:9b"_s);
-        m_z->modellLadenAbbrechen();
-        QTRY_COMPARE(m_z->modellstand().art, Modellstand::Art::modellFehlt);
+        QTRY_COMPARE(m_z->modelldienst()->modellstand().art, Modellstand::Art::laedt);
+        QCOMPARE(m_z->modelldienst()->modellstand().laedtModell, u"gross:9b"_s);
+        m_z->modelldienst()->modellLadenAbbrechen();
+        QTRY_COMPARE(m_z->modelldienst()->modellstand().art, Modellstand::Art::modellFehlt);
     }
 
     void vorlagen_data()

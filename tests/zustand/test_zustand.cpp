@@ -1,6 +1,15 @@
 #include "analyse.h"
+#include "ausfuehrung.h"
+#include "durchgang.h"
+#include "einrichtung.h"
+#include "meldestelle.h"
+#include "modelldienst.h"
 #include "profilspeicher.h"
+#include "profilwahl.h"
+#include "pruefung.h"
+#include "sitzungen.h"
 #include "testserver.h"
+#include "zustand.h"
 #include "zustandsprobe.h"
 
 #include <QDate>
@@ -51,15 +60,16 @@ private Q_SLOTS:
     void ohneProfilGeschiehtNichts()
     {
         Zustand z;
-        z.beginnen();
-        z.uebernehmen();
-        z.rueckgaengig();
-        z.weiter(Richtung::Weiter);
-        z.dublettenAusraeumen();
-        z.protokollZurueckdrehen();
-        z.feldSetzen(Feld::Titel, u"x"_s);
-        z.durchgangStarten();
-        QVERIFY(!z.aktiv() && !z.offen() && !z.beschaeftigt() && z.hinweis().isEmpty());
+        z.profilwahl()->beginnen();
+        z.ausfuehrung()->uebernehmen();
+        z.ausfuehrung()->rueckgaengig();
+        z.ausfuehrung()->weiter(Richtung::Weiter);
+        z.ausfuehrung()->dublettenAusraeumen();
+        z.sitzungen()->protokollZurueckdrehen();
+        z.pruefung()->feldSetzen(Feld::Titel, u"x"_s);
+        z.durchgang()->durchgangStarten();
+        QVERIFY(!z.profilwahl()->aktiv() && !z.profilwahl()->offen() && !z.ausfuehrung()->beschaeftigt() &&
+                z.meldestelle()->hinweis().isEmpty());
         QCOMPARE(z.reiter(), Reiter::einrichtung);
         QCOMPARE(z.teilung(), 0.5);
     }
@@ -79,7 +89,7 @@ private Q_SLOTS:
             m_b->profil.zielWurzel += u"-weg"_s;
         beginnen();
         QCOMPARE(m_z->reiter(), karte);
-        QCOMPARE(m_z->bereitschaft()->ziel, ziel);
+        QCOMPARE(m_z->profilwahl()->bereitschaft()->ziel, ziel);
     }
 
     void uebernehmenUndLernen()
@@ -89,44 +99,44 @@ private Q_SLOTS:
         const qint64 c = m_b->dokument(u"c.pdf"_s, [](Dokument &d) { d.angaben.gegenueber = u"Andere"_s; });
         beginnen();
         QCOMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->voraus(), QStringList{m_b->quelle(u"b.pdf"_s)});
-        m_z->feldSetzen(Feld::Titel, u"  Abschlag  "_s);
-        m_z->feldSetzen(Feld::Rubrik, u"Wasser"_s);
-        QCOMPARE(m_z->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Wasser"_s}));
-        m_z->uebernehmen();
+        QCOMPARE(m_z->pruefung()->voraus(), QStringList{m_b->quelle(u"b.pdf"_s)});
+        m_z->pruefung()->feldSetzen(Feld::Titel, u"  Abschlag  "_s);
+        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->pruefung()->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Wasser"_s}));
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        QCOMPARE(m_z->hinweis(), u"Gemerkt. 1 wartendes Dokument von Stadtwerke wurde angepasst."_s);
-        QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - Abschlag.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->meldestelle()->hinweis(), u"Gemerkt. 1 wartendes Dokument von Stadtwerke wurde angepasst."_s);
+        QCOMPARE(m_z->meldestelle()->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - Abschlag.pdf"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         const QString neu = m_b->ziel(u"Haushalt/Jahresablage/2023/Wasser/2023-02-14 Stadtwerke - Abschlag.pdf"_s);
         QVERIFY(liegt(neu) && !liegt(m_b->quelle(u"a.pdf"_s)));
         QCOMPARE(m_b->lesen(a).status, Status::Erledigt);
         QCOMPARE(m_b->lesen(a).angaben.titel, u"Abschlag"_s);
-        m_z->uebernehmen();
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
-        QCOMPARE(m_z->hinweis(), QString());
-        QCOMPARE(m_z->zaehlwerk().erledigt, 2);
-        m_z->uebernehmen();
-        QTRY_VERIFY(!m_z->aktuelles());
+        QCOMPARE(m_z->meldestelle()->hinweis(), QString());
+        QCOMPARE(m_z->pruefung()->zaehlwerk().erledigt, 2);
+        m_z->ausfuehrung()->uebernehmen();
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
         QCOMPARE(m_b->lesen(b).status, Status::Erledigt);
         QCOMPARE(m_b->lesen(c).status, Status::Erledigt);
         // The newest movement comes back and under review, whatever stands there.
-        m_z->rueckgaengig();
+        m_z->ausfuehrung()->rueckgaengig();
         QTRY_COMPARE(name(), u"c.pdf"_s);
         QVERIFY(liegt(m_b->quelle(u"c.pdf"_s)));
-        m_z->uebernehmen();
-        QTRY_VERIFY(!m_z->aktuelles());
+        m_z->ausfuehrung()->uebernehmen();
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
         // All movements of one run stand in one log.
-        QTRY_COMPARE(m_z->protokollDateien().size(), 1);
-        m_z->protokollWaehlen(m_z->protokollDateien().first());
-        QTRY_COMPARE(m_z->protokollZeilen().size(), 4);
-        QCOMPARE(m_z->protokollKopf()->profil, u"Haushalt"_s);
-        m_z->protokollZurueckdrehen();
-        QVERIFY(m_z->rueckbauLaeuft());
-        QCOMPARE(m_z->rueckbauMeldung(), u"Wird zurückgedreht"_s);
-        QTRY_VERIFY(!m_z->rueckbauLaeuft());
-        QCOMPARE(m_z->rueckbauMeldung(), u"3 zurückgeholt, 1 übersprungen"_s);
-        QTRY_COMPARE(m_z->zaehlwerk().bereit, 3);
+        QTRY_COMPARE(m_z->sitzungen()->protokollDateien().size(), 1);
+        m_z->sitzungen()->protokollWaehlen(m_z->sitzungen()->protokollDateien().first());
+        QTRY_COMPARE(m_z->sitzungen()->protokollZeilen().size(), 4);
+        QCOMPARE(m_z->sitzungen()->protokollKopf()->profil, u"Haushalt"_s);
+        m_z->sitzungen()->protokollZurueckdrehen();
+        QVERIFY(m_z->sitzungen()->rueckbauLaeuft());
+        QCOMPARE(m_z->sitzungen()->rueckbauMeldung(), u"Wird zurückgedreht"_s);
+        QTRY_VERIFY(!m_z->sitzungen()->rueckbauLaeuft());
+        QCOMPARE(m_z->sitzungen()->rueckbauMeldung(), u"3 zurückgeholt, 1 übersprungen"_s);
+        QTRY_COMPARE(m_z->pruefung()->zaehlwerk().bereit, 3);
         QTRY_COMPARE(name(), u"a.pdf"_s);
         QVERIFY(liegt(m_b->quelle(u"a.pdf"_s)) && liegt(m_b->quelle(u"b.pdf"_s)));
     }
@@ -154,21 +164,21 @@ private Q_SLOTS:
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         m_b->dokument(u"b.pdf"_s);
         beginnen();
-        QVERIFY(!m_z->zurueckMoeglich());
+        QVERIFY(!m_z->ausfuehrung()->zurueckMoeglich());
         if (taste == u"Eingabe")
-            m_z->uebernehmen();
+            m_z->ausfuehrung()->uebernehmen();
         else
-            taste == u"Z" ? m_z->zuruecklegen() : m_z->aussortieren();
+            taste == u"Z" ? m_z->ausfuehrung()->zuruecklegen() : m_z->ausfuehrung()->aussortieren();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QTEST(m_b->lesen(a).status, "status");
-        QTEST(m_z->geschehen(), "geschehen");
+        QTEST(m_z->meldestelle()->geschehen(), "geschehen");
         QCOMPARE(liegt(m_b->quelle(u"a.pdf"_s)), kopieren || taste == u"Z");
-        QVERIFY(m_z->zurueckMoeglich());
-        m_z->zurueck();
+        QVERIFY(m_z->ausfuehrung()->zurueckMoeglich());
+        m_z->ausfuehrung()->zurueck();
         QTRY_COMPARE(name(), u"a.pdf"_s);
         QCOMPARE(m_b->lesen(a).status, Status::Bereit);
         QVERIFY(liegt(m_b->quelle(u"a.pdf"_s)));
-        QVERIFY(!m_z->zurueckMoeglich());
+        QVERIFY(!m_z->ausfuehrung()->zurueckMoeglich());
     }
 
     void blaetternAendertNichts()
@@ -176,18 +186,18 @@ private Q_SLOTS:
         for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"c.pdf"_s})
             m_b->dokument(n);
         beginnen();
-        m_z->feldSetzen(Feld::Titel, u"Getippt"_s);
+        m_z->pruefung()->feldSetzen(Feld::Titel, u"Getippt"_s);
         using enum Richtung;
         const QList<Richtung> weg = {Weiter, Weiter, Weiter, Zurueck, Erstes, Weiter};
         const QStringList erwartet = {u"b.pdf"_s, u"c.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"b.pdf"_s};
         for (qsizetype i = 0; i < weg.size(); ++i) {
-            m_z->weiter(weg.at(i));
-            QTRY_VERIFY(!m_z->beschaeftigt());
+            m_z->ausfuehrung()->weiter(weg.at(i));
+            QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
             QCOMPARE(name(), erwartet.at(i));
         }
-        m_z->weiter(Richtung::Zurueck);
+        m_z->ausfuehrung()->weiter(Richtung::Zurueck);
         QTRY_COMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Getippt"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Getippt"_s);
         QCOMPARE(m_b->lesen(1).angaben.titel, u"a"_s);
     }
 
@@ -195,38 +205,38 @@ private Q_SLOTS:
     {
         const qint64 id = m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
-        m_z->feldSetzen(Feld::Datum, u"2019-05-0"_s); // half typed: the year stays
-        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2023"_s);
-        QVERIFY(!m_z->datumGueltig());
-        m_z->uebernehmen();
-        QTRY_COMPARE(m_z->hinweis(), u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
-        m_z->feldSetzen(Feld::Datum, u" 2019-05-03 "_s); // as it is pasted
-        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2019"_s);
-        m_z->feldSetzen(Feld::Datum, u"2019-05-03"_s);
+        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        m_z->pruefung()->feldSetzen(Feld::Datum, u"2019-05-0"_s); // half typed: the year stays
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2023"_s);
+        QVERIFY(!m_z->pruefung()->datumsmangel().isEmpty());
+        m_z->ausfuehrung()->uebernehmen();
+        QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
+        m_z->pruefung()->feldSetzen(Feld::Datum, u" 2019-05-03 "_s); // as it is pasted
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2019"_s);
+        m_z->pruefung()->feldSetzen(Feld::Datum, u"2019-05-03"_s);
         m_b->sql(u"UPDATE dokumente SET titel='Modell', datum='2001-01-01', jahr='2001', gegenueber='Neu' WHERE id=?"_s,
                  {id});
-        m_z->aktualisieren();
-        QTRY_COMPARE(m_z->aktuelles()->angaben.gegenueber, u"Neu"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.datum, u"2019-05-03"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2019"_s);
-        m_z->feldSetzen(Feld::Jahr, u"2020"_s);
-        m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited: it follows no more
-        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2020"_s);
-        m_z->feldSetzen(Feld::Zweig, u"Verein"_s); // has the kind and the category
-        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Strom"_s);
-        m_z->feldSetzen(Feld::Rubrik, u"Spenden"_s);
-        m_z->feldSetzen(Feld::Zweig, u"Haushalt"_s); // the kind only
-        QCOMPARE(m_z->aktuelles()->angaben.ort.ablage, u"Jahresablage"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, QString());
-        m_z->feldSetzen(Feld::Ablage, u"Stammdaten"_s);
-        m_z->feldSetzen(Feld::Zweig, u"Verein"_s); // neither
-        QCOMPARE(m_z->aktuelles()->angaben.ort.ablage, QString());
+        m_z->pruefung()->aktualisieren();
+        QTRY_COMPARE(m_z->pruefung()->aktuelles()->angaben.gegenueber, u"Neu"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Von Hand"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.datum, u"2019-05-03"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2019"_s);
+        m_z->pruefung()->feldSetzen(Feld::Jahr, u"2020"_s);
+        m_z->pruefung()->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited: it follows no more
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2020"_s);
+        m_z->pruefung()->feldSetzen(Feld::Zweig, u"Verein"_s); // has the kind and the category
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, u"Strom"_s);
+        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Spenden"_s);
+        m_z->pruefung()->feldSetzen(Feld::Zweig, u"Haushalt"_s); // the kind only
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.ablage, u"Jahresablage"_s);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, QString());
+        m_z->pruefung()->feldSetzen(Feld::Ablage, u"Stammdaten"_s);
+        m_z->pruefung()->feldSetzen(Feld::Zweig, u"Verein"_s); // neither
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.ablage, QString());
         // Another program took it out of the queue: it leaves the review.
         m_b->sql(u"UPDATE dokumente SET ausgenommen=1 WHERE id=?"_s, {id});
-        m_z->aktualisieren();
-        QTRY_VERIFY(!m_z->aktuelles());
+        m_z->pruefung()->aktualisieren();
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
     }
 
     void keinTag_data()
@@ -250,13 +260,13 @@ private Q_SLOTS:
         QFETCH(QString, mangel);
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->feldSetzen(Feld::Datum, datum);
-        QCOMPARE(m_z->datumsmangel(), mangel);
-        m_z->uebernehmen();
-        QTRY_VERIFY(!m_z->beschaeftigt());
+        m_z->pruefung()->feldSetzen(Feld::Datum, datum);
+        QCOMPARE(m_z->pruefung()->datumsmangel(), mangel);
+        m_z->ausfuehrung()->uebernehmen();
+        QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
         QCOMPARE(m_b->lesen(a).status, mangel.isEmpty() ? Status::Erledigt : Status::Bereit);
         if (!mangel.isEmpty())
-            QCOMPARE(m_z->hinweis(), mangel);
+            QCOMPARE(m_z->meldestelle()->hinweis(), mangel);
     }
 
     /** Whatever is done with a document and taken back, what was typed stays until it is filed. */
@@ -273,15 +283,15 @@ private Q_SLOTS:
         m_b->dokument(u"a.pdf"_s);
         m_b->dokument(u"b.pdf"_s);
         beginnen();
-        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
-        for (const auto tat : {&Zustand::aussortieren, &Zustand::zuruecklegen}) {
-            (m_z.get()->*tat)();
+        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        for (const auto tat : {&Ausfuehrung::aussortieren, &Ausfuehrung::zuruecklegen}) {
+            (m_z->ausfuehrung()->*tat)();
             QTRY_COMPARE(name(), u"b.pdf"_s);
-            QTRY_VERIFY(!m_z->beschaeftigt());
-            m_z->zurueck();
+            QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+            m_z->ausfuehrung()->zurueck();
             QTRY_COMPARE(name(), u"a.pdf"_s);
-            QTRY_VERIFY(!m_z->beschaeftigt());
-            QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
+            QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+            QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Von Hand"_s);
         }
     }
 
@@ -290,15 +300,15 @@ private Q_SLOTS:
     {
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
-        m_z->feldSetzen(Feld::Jahr, u"2020"_s);
+        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        m_z->pruefung()->feldSetzen(Feld::Jahr, u"2020"_s);
         m_z.reset();
         beginnen();
-        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
-        m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited before
-        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2020"_s);
-        m_z->uebernehmen();
-        QTRY_VERIFY(!m_z->aktuelles());
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Von Hand"_s);
+        m_z->pruefung()->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited before
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2020"_s);
+        m_z->ausfuehrung()->uebernehmen();
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
         QCOMPARE(m_b->lesen(a).status, Status::Erledigt);
         QCOMPARE(m_b->lesen(a).angaben.titel, u"Von Hand"_s);
         m_z.reset();
@@ -311,15 +321,15 @@ private Q_SLOTS:
         for (const char *name : {"a.pdf", "b.pdf", "c.pdf", "d.pdf"})
             m_b->dokument(QString::fromLatin1(name));
         beginnen();
-        m_z->weiter(Richtung::Weiter);
+        m_z->ausfuehrung()->weiter(Richtung::Weiter);
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        QCOMPARE(m_z->voraus(), QStringList{m_b->quelle(u"c.pdf"_s)});
-        m_z->uebernehmen();
+        QCOMPARE(m_z->pruefung()->voraus(), QStringList{m_b->quelle(u"c.pdf"_s)});
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
         m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE dateiname='c.pdf'"_s);
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(name(), u"d.pdf"_s);
-        m_z->zuruecklegen();
+        m_z->ausfuehrung()->zuruecklegen();
         QTRY_COMPARE(name(), u"a.pdf"_s);
     }
 
@@ -329,11 +339,11 @@ private Q_SLOTS:
         for (const char *name : {"a.pdf", "b.pdf", "c.pdf"})
             m_b->dokument(QString::fromLatin1(name));
         beginnen();
-        m_z->feldSetzen(Feld::Gegenueber, u"Elbtalwerke"_s);
-        m_z->feldSetzen(Feld::Rubrik, u"Wasser"_s);
-        m_z->uebernehmen();
+        m_z->pruefung()->feldSetzen(Feld::Gegenueber, u"Elbtalwerke"_s);
+        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        QCOMPARE(m_z->hinweis(), u"Gemerkt. 2 wartende Dokumente von Elbtalwerke wurden angepasst."_s);
+        QCOMPARE(m_z->meldestelle()->hinweis(), u"Gemerkt. 2 wartende Dokumente von Elbtalwerke wurden angepasst."_s);
     }
 
     /** The proposal has a counterpart, whatever the reviewer is just typing. */
@@ -341,9 +351,9 @@ private Q_SLOTS:
     {
         m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->feldSetzen(Feld::Gegenueber, {});
-        QCOMPARE(m_z->aktuelles()->angaben.gegenueber, QString());
-        QCOMPARE(m_z->pruefhinweise(), QList<Pruefhinweis>());
+        m_z->pruefung()->feldSetzen(Feld::Gegenueber, {});
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.gegenueber, QString());
+        QCOMPARE(m_z->pruefung()->pruefhinweise(), QList<Pruefhinweis>());
     }
 
     void katalogGehtNichtAuf()
@@ -358,14 +368,14 @@ private Q_SLOTS:
         kaputt.write(QByteArray(8192, 'x'));
         kaputt.close();
         m_z = std::make_unique<Zustand>();
-        m_z->beginnen();
-        QTRY_VERIFY(!m_z->oeffnet());
-        QVERIFY(!m_z->offen());
-        QCOMPARE(m_z->katalogdatei(), katalog);
-        QVERIFY(m_z->katalogfehler().startsWith(u"Datenbank lässt sich nicht öffnen: "_s));
+        m_z->profilwahl()->beginnen();
+        QTRY_VERIFY(!m_z->profilwahl()->oeffnet());
+        QVERIFY(!m_z->profilwahl()->offen());
+        QCOMPARE(m_z->profilwahl()->katalogdatei(), katalog);
+        QVERIFY(m_z->profilwahl()->katalogfehler().startsWith(u"Datenbank lässt sich nicht öffnen: "_s));
         QVERIFY(QFile::remove(katalog) && QFile::rename(katalog + u".gut"_s, katalog));
-        m_z->erneutOeffnen();
-        QCOMPARE(m_z->katalogfehler(), QString());
+        m_z->profilwahl()->erneutOeffnen();
+        QCOMPARE(m_z->profilwahl()->katalogfehler(), QString());
         QTRY_COMPARE(name(), u"a.pdf"_s);
     }
 
@@ -376,9 +386,9 @@ private Q_SLOTS:
         Testserver server;
         qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
         server.antworten("/api/version", Testantwort::stumm(std::chrono::seconds(60)));
-        m_z->durchgangErbitten();
-        QVERIFY(m_z->startErbeten() && !m_z->startWartet());
-        QTRY_VERIFY(m_z->startWartet());
+        m_z->durchgang()->durchgangErbitten();
+        QVERIFY(m_z->durchgang()->startErbeten() && !m_z->durchgang()->startWartet());
+        QTRY_VERIFY(m_z->durchgang()->startWartet());
     }
 
     /** It ends after the document in hand, and says how far it came. */
@@ -387,15 +397,15 @@ private Q_SLOTS:
         for (int n = 0; n < 300; ++n)
             m_b->dokument(u"%1.pdf"_s.arg(n), [](Dokument &d) { d.status = Status::Dublette; });
         beginnen();
-        QVERIFY(!m_z->anhaltbar());
-        m_z->dublettenAusraeumen();
-        QVERIFY(m_z->anhaltbar());
-        QTRY_VERIFY(m_z->vorgangsanteil() > 0);
-        m_z->anhalten();
-        QVERIFY(!m_z->anhaltbar() && m_z->raeumtAus());
-        QTRY_VERIFY(!m_z->beschaeftigt());
-        QVERIFY(!m_z->raeumtAus());
-        QVERIFY(m_z->zaehlwerk().dubletten > 0 && m_z->zaehlwerk().dubletten < 300);
+        QVERIFY(!m_z->ausfuehrung()->anhaltbar());
+        m_z->ausfuehrung()->dublettenAusraeumen();
+        QVERIFY(m_z->ausfuehrung()->anhaltbar());
+        QTRY_VERIFY(m_z->ausfuehrung()->vorgangsanteil() > 0);
+        m_z->ausfuehrung()->anhalten();
+        QVERIFY(!m_z->ausfuehrung()->anhaltbar() && m_z->ausfuehrung()->raeumtAus());
+        QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+        QVERIFY(!m_z->ausfuehrung()->raeumtAus());
+        QVERIFY(m_z->pruefung()->zaehlwerk().dubletten > 0 && m_z->pruefung()->zaehlwerk().dubletten < 300);
     }
 
     void alterOrt()
@@ -403,19 +413,19 @@ private Q_SLOTS:
         m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.altOrdner = u"Haushalt/Jahresablage/2021/Wasser"_s; });
         beginnen();
         const auto anders = [&] {
-            for (const Pruefhinweis &h : m_z->pruefhinweise()) {
+            for (const Pruefhinweis &h : m_z->pruefung()->pruefhinweise()) {
                 if (h.art == Pruefhinweis::Art::AndererOrt)
                     return h.text;
             }
             return QString();
         };
         QCOMPARE(anders(), u"Vorschlag weicht vom heutigen Ort ab. Bisher: Haushalt/Jahresablage/Wasser"_s);
-        m_z->altenOrtBehalten();
-        QCOMPARE(m_z->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
-        QCOMPARE(m_z->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2021"_s, u"Wasser"_s}));
+        m_z->pruefung()->altenOrtBehalten();
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
+        QCOMPARE(m_z->pruefung()->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2021"_s, u"Wasser"_s}));
         QCOMPARE(anders(), QString());
-        m_z->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year is the place's own
-        QCOMPARE(m_z->aktuelles()->angaben.jahr, u"2021"_s);
+        m_z->pruefung()->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year is the place's own
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2021"_s);
     }
 
     void hinweiseNachIhrerBedingung_data()
@@ -447,7 +457,7 @@ private Q_SLOTS:
             m_b->sql(u"UPDATE dokumente SET "_s + aenderung);
         beginnen();
         QList<Pruefhinweis::Art> gefunden;
-        for (const Pruefhinweis &h : m_z->pruefhinweise())
+        for (const Pruefhinweis &h : m_z->pruefung()->pruefhinweise())
             gefunden << h.art;
         QCOMPARE(gefunden, arten);
     }
@@ -458,15 +468,15 @@ private Q_SLOTS:
         const qint64 id = m_b->dokument(u"a.pdf"_s);
         m_b->sql(u"UPDATE dokumente SET fehler='Einordnung nicht möglich: x', vorschlag='a.pdf' WHERE id=?"_s, {id});
         beginnen();
-        const QSignalSpy fraglich(m_z.get(), &Zustand::startFraglich);
-        m_z->erneutVersuchen(id);
+        const QSignalSpy fraglich(m_z->durchgang(), &Durchgang::startFraglich);
+        m_z->durchgang()->erneutVersuchen(id);
         QTRY_COMPARE(fraglich.size(), 1);
-        QCOMPARE(m_z->erbetenesDokument(), id);
+        QCOMPARE(m_z->durchgang()->erbetenesDokument(), id);
         QCOMPARE(m_b->lesen(id).status, Status::Bereit);
         QVERIFY(m_b->lesen(id).fehler);
-        m_z->durchgangStarten(Zustand::Durchgang::erneutLesen);
+        m_z->durchgang()->durchgangStarten(Durchgang::Art::erneutLesen);
         QTRY_COMPARE(m_b->lesen(id).status, Status::Neu);
-        QTRY_VERIFY(!m_z->analyse()->laeuft());
+        QTRY_VERIFY(!m_z->durchgang()->analyse()->laeuft());
     }
 
     void ohneZielWirdNichtAbgelegt_data()
@@ -482,14 +492,14 @@ private Q_SLOTS:
         m_b->profil.zielWurzel = ziel;
         m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->uebernehmen();
-        QTRY_VERIFY(!m_z->beschaeftigt());
-        QTEST(m_z->hinweis(), "grund");
-        m_z->aussortieren();
-        QTRY_VERIFY(!m_z->beschaeftigt());
-        QTEST(m_z->hinweis(), "grund");
+        m_z->ausfuehrung()->uebernehmen();
+        QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+        QTEST(m_z->meldestelle()->hinweis(), "grund");
+        m_z->ausfuehrung()->aussortieren();
+        QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+        QTEST(m_z->meldestelle()->hinweis(), "grund");
         QCOMPARE(name(), u"a.pdf"_s);
-        QVERIFY(!m_z->laufendesBuch() && !QFile::exists(u"/nicht"_s));
+        QVERIFY(!m_z->sitzungen()->laufendesBuch() && !QFile::exists(u"/nicht"_s));
     }
 
     /** The notice stands beside another document then. */
@@ -500,23 +510,23 @@ private Q_SLOTS:
         m_b->dokument(u"c.pdf"_s);
         QVERIFY(QFile::remove(m_b->quelle(u"a.pdf"_s)));
         beginnen();
-        m_z->uebernehmen();
-        m_z->uebernehmen(); // not of the document that nobody has seen yet
+        m_z->ausfuehrung()->uebernehmen();
+        m_z->ausfuehrung()->uebernehmen(); // not of the document that nobody has seen yet
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        QVERIFY(!m_z->beschaeftigt());
-        QCOMPARE(m_z->hinweis(), u"a.pdf: Die Datei liegt nicht mehr am erwarteten Ort"_s);
+        QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
+        QCOMPARE(m_z->meldestelle()->hinweis(), u"a.pdf: Die Datei liegt nicht mehr am erwarteten Ort"_s);
         m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {b});
-        m_z->zuruecklegen();
+        m_z->ausfuehrung()->zuruecklegen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
-        QCOMPARE(m_z->hinweis(), u"b.pdf: Dieses Dokument wurde inzwischen schon bearbeitet"_s);
+        QCOMPARE(m_z->meldestelle()->hinweis(), u"b.pdf: Dieses Dokument wurde inzwischen schon bearbeitet"_s);
         // What came last is said first, with its mark.
-        m_z->zuruecklegen();
-        QTRY_VERIFY(!m_z->aktuelles());
-        m_z->melden(u"Neu"_s);
-        QCOMPARE(m_z->meldungen(), (QStringList{u"Neu"_s, u"Zurückgestellt: c.pdf"_s}));
-        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
-        m_z->zurueck();
-        QTRY_COMPARE(m_z->meldungen(), QStringList{u"Wieder zur Prüfung: c.pdf"_s});
+        m_z->ausfuehrung()->zuruecklegen();
+        QTRY_VERIFY(!m_z->pruefung()->aktuelles());
+        m_z->meldestelle()->melden(u"Neu"_s);
+        QCOMPARE(m_z->meldestelle()->meldungen(), (QStringList{u"Neu"_s, u"Zurückgestellt: c.pdf"_s}));
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
+        m_z->ausfuehrung()->zurueck();
+        QTRY_COMPARE(m_z->meldestelle()->meldungen(), QStringList{u"Wieder zur Prüfung: c.pdf"_s});
     }
 
     void einProtokollDasNichtGehtHindertNicht()
@@ -526,34 +536,37 @@ private Q_SLOTS:
         m_b->profil.protokollOrdner = sperre.fileName() + u"/Protokolle"_s;
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->uebernehmen();
-        QTRY_COMPARE(m_z->hinweis(),
+        m_z->ausfuehrung()->uebernehmen();
+        QTRY_COMPARE(m_z->meldestelle()->hinweis(),
                      u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll."_s);
         QCOMPARE(m_b->lesen(a).status, Status::Erledigt);
-        QCOMPARE(m_z->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - a.pdf"_s);
+        QCOMPARE(m_z->meldestelle()->geschehen(), u"Einsortiert: 2023-02-14 Stadtwerke - a.pdf"_s);
         // It goes before all else that is said, as a warning.
-        QCOMPARE(m_z->meldungen(), (QStringList{m_z->hinweis(), m_z->geschehen()}));
-        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
+        QCOMPARE(m_z->meldestelle()->meldungen(),
+                 (QStringList{m_z->meldestelle()->hinweis(), m_z->meldestelle()->geschehen()}));
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
         m_b->dokument(u"b.pdf"_s);
         m_b->dokument(u"c.pdf"_s);
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        m_z->feldSetzen(Feld::Rubrik, u"Wasser"_s);
-        m_z->uebernehmen();
+        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
-        QVERIFY(m_z->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
-        QVERIFY(m_z->hinweis().contains(u"Gemerkt. "_s));
-        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
+        QVERIFY(
+            m_z->meldestelle()->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
+        QVERIFY(m_z->meldestelle()->hinweis().contains(u"Gemerkt. "_s));
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
         // Setting all duplicates aside tells of it as well.
         const qint64 original = m_b->dokument(u"o.pdf"_s, {}, "gleich");
         const qint64 doppelt = m_b->dokument(
             u"p.pdf"_s, [](Dokument &d) { d.status = Status::Dublette; }, "gleich");
         m_b->sql(u"UPDATE dokumente SET dublette_von=?, aehnlichkeit=1 WHERE id=?"_s, {original, doppelt});
-        m_z->dublettenAusraeumen();
+        m_z->ausfuehrung()->dublettenAusraeumen();
         QTRY_COMPARE(m_b->lesen(doppelt).status, Status::Aussortiert);
-        QTRY_VERIFY(!m_z->beschaeftigt());
-        QVERIFY(m_z->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
-        QCOMPARE(m_z->ton(), Zustand::Ton::warnung);
+        QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+        QVERIFY(
+            m_z->meldestelle()->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
     }
 
     void andereBedingungenAnderesBuch()
@@ -561,14 +574,14 @@ private Q_SLOTS:
         for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"c.pdf"_s})
             m_b->dokument(n);
         beginnen();
-        m_z->uebernehmen();
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        const QString erstes = m_z->laufendesBuch()->datei();
-        m_z->kopierenSetzen(true);
-        m_z->uebernehmen();
+        const QString erstes = m_z->sitzungen()->laufendesBuch()->datei();
+        m_z->profilwahl()->kopierenSetzen(true);
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
         QVERIFY(liegt(m_b->quelle(u"b.pdf"_s)));
-        QVERIFY(m_z->laufendesBuch()->datei() != erstes);
+        QVERIFY(m_z->sitzungen()->laufendesBuch()->datei() != erstes);
         QTRY_VERIFY(Profilspeicher::laden().first().kopieren);
     }
 
@@ -580,14 +593,14 @@ private Q_SLOTS:
         Profil anders = m_b->profil;
         anders.pfadVorlage = u"{jahr}/{zweig}"_s;
         QVERIFY(Profilspeicher::sichern({anders}, {m_b->profil}).gelungen);
-        m_z->aktualisieren();
-        QTRY_COMPARE(m_z->zielpfad(), (QStringList{u"2023"_s, u"Haushalt"_s}));
-        m_z->aktualisieren(); // reads while the settings are changed here
-        m_z->kopierenSetzen(true);
-        m_z->aktualisieren();
+        m_z->pruefung()->aktualisieren();
+        QTRY_COMPARE(m_z->pruefung()->zielpfad(), (QStringList{u"2023"_s, u"Haushalt"_s}));
+        m_z->pruefung()->aktualisieren(); // reads while the settings are changed here
+        m_z->profilwahl()->kopierenSetzen(true);
+        m_z->pruefung()->aktualisieren();
         QTRY_VERIFY(Profilspeicher::laden().first().kopieren);
-        QVERIFY(m_z->aktiv()->kopieren);
-        QCOMPARE(m_z->aktiv()->pfadVorlage, anders.pfadVorlage);
+        QVERIFY(m_z->profilwahl()->aktiv()->kopieren);
+        QCOMPARE(m_z->profilwahl()->aktiv()->pfadVorlage, anders.pfadVorlage);
     }
 
     void gesperrterKatalogHaeltNichtsAuf()
@@ -599,29 +612,29 @@ private Q_SLOTS:
         auto sperre = std::make_unique<Fremdsperre>(Profilspeicher::katalogDatei(m_b->profil));
         QElapsedTimer uhr;
         uhr.start();
-        m_z->uebernehmen();
-        m_z->aktualisieren();
-        m_z->weiter(Richtung::Weiter); // kept
-        QSignalSpy zuFrueh(m_z.get(), &Zustand::zuFruehGedrueckt);
-        m_z->zuruecklegen(); // of a document that nobody has seen
-        m_z->uebernehmen();
-        m_z->aussortieren();
+        m_z->ausfuehrung()->uebernehmen();
+        m_z->pruefung()->aktualisieren();
+        m_z->ausfuehrung()->weiter(Richtung::Weiter); // kept
+        QSignalSpy zuFrueh(m_z->ausfuehrung(), &Ausfuehrung::zuFruehGedrueckt);
+        m_z->ausfuehrung()->zuruecklegen(); // of a document that nobody has seen
+        m_z->ausfuehrung()->uebernehmen();
+        m_z->ausfuehrung()->aussortieren();
         QCOMPARE(zuFrueh.size(), 3);
         QVERIFY(uhr.elapsed() < merklich);
-        QTRY_COMPARE(m_z->vorgang(), u"Datei wird verschoben"_s);
+        QTRY_COMPARE(m_z->ausfuehrung()->vorgang(), u"Datei wird verschoben"_s);
         QCOMPARE(name(), u"a.pdf"_s);
         sperre.reset();
         QTRY_COMPARE(name(), u"c.pdf"_s);
         QCOMPARE(m_b->lesen(1).status, Status::Erledigt);
-        m_z->weiter(Richtung::Zurueck);
+        m_z->ausfuehrung()->weiter(Richtung::Zurueck);
         QTRY_COMPARE(name(), u"b.pdf"_s);
         for (const QString &danach : {u"c.pdf"_s, QString()}) {
-            QTRY_VERIFY(!m_z->beschaeftigt());
-            m_z->zuruecklegen();
+            QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+            m_z->ausfuehrung()->zuruecklegen();
             QTRY_COMPARE(name(), danach);
         }
         QCOMPARE(m_b->lesen(2).status, Status::Zurueckgestellt);
-        m_z->zurueckgestellteVorlegen();
+        m_z->ausfuehrung()->zurueckgestellteVorlegen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
     }
 
@@ -633,26 +646,28 @@ private Q_SLOTS:
         m_b->dokument(u"b.pdf"_s);
         zweite.profilSichern({m_b->profil});
         m_z = std::make_unique<Zustand>();
-        m_z->beginnen(u"Verein"_s);
+        m_z->profilwahl()->beginnen(u"Verein"_s);
         QTRY_COMPARE(name(), u"zweit.pdf"_s);
-        m_z->feldSetzen(Feld::Titel, u"Von Hand"_s);
-        m_z->aktivieren(m_b->profil.id);
-        m_z->uebernehmen(); // nothing of the profile that is being left
+        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        m_z->profilwahl()->aktivieren(m_b->profil.id);
+        m_z->ausfuehrung()->uebernehmen(); // nothing of the profile that is being left
         QTRY_COMPARE(name(), u"a.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.titel, u"a"_s); // not the other profile's draft for the same number
-        m_z->aktivieren(zweite.profil.id);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel,
+                 u"a"_s); // not the other profile's draft for the same number
+        m_z->profilwahl()->aktivieren(zweite.profil.id);
         QTRY_COMPARE(name(), u"zweit.pdf"_s);
-        QCOMPARE(m_z->aktuelles()->angaben.titel, u"Von Hand"_s);
-        m_z->aktivieren(m_b->profil.id);
+        QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Von Hand"_s);
+        m_z->profilwahl()->aktivieren(m_b->profil.id);
         QTRY_COMPARE(name(), u"a.pdf"_s);
         QCOMPARE(zweite.lesen(1).status, Status::Bereit);
-        m_z->uebernehmen();
+        m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        QVERIFY(m_z->laufendesBuch());
-        m_z->neuesProfil();
-        QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 3"_s);
-        QTRY_VERIFY(!m_z->oeffnet());
-        QVERIFY(!m_z->aktuelles() && !m_z->laufendesBuch() && !m_z->zurueckMoeglich());
+        QVERIFY(m_z->sitzungen()->laufendesBuch());
+        m_z->profilwahl()->neuesProfil();
+        QTRY_COMPARE(m_z->profilwahl()->aktiv()->name, u"Ablage 3"_s);
+        QTRY_VERIFY(!m_z->profilwahl()->oeffnet());
+        QVERIFY(!m_z->pruefung()->aktuelles() && !m_z->sitzungen()->laufendesBuch() &&
+                !m_z->ausfuehrung()->zurueckMoeglich());
         QTRY_COMPARE(Profilspeicher::laden().size(), 3);
         // A catalogue that is none leaves the one in use.
         zweite.schliessen();
@@ -660,20 +675,20 @@ private Q_SLOTS:
         QVERIFY(kaputt.open(QIODevice::WriteOnly | QIODevice::Truncate));
         kaputt.write(QByteArray(8192, 'x'));
         kaputt.close();
-        m_z->aktivieren(m_b->profil.id);
+        m_z->profilwahl()->aktivieren(m_b->profil.id);
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        m_z->aktivieren(zweite.profil.id);
-        QTRY_VERIFY(!m_z->oeffnet());
-        QVERIFY(m_z->hinweis().startsWith(u"Datenbank lässt sich nicht öffnen: "_s));
-        QCOMPARE(m_z->aktiv()->name, u"Haushalt"_s);
+        m_z->profilwahl()->aktivieren(zweite.profil.id);
+        QTRY_VERIFY(!m_z->profilwahl()->oeffnet());
+        QVERIFY(m_z->meldestelle()->hinweis().startsWith(u"Datenbank lässt sich nicht öffnen: "_s));
+        QCOMPARE(m_z->profilwahl()->aktiv()->name, u"Haushalt"_s);
         QCOMPARE(name(), u"b.pdf"_s);
     }
 
     void dublettenAusraeumen()
     {
         beginnen();
-        m_z->dublettenAusraeumen();
-        QTRY_COMPARE(m_z->hinweis(), u"0 Dubletten nach _Dubletten verschoben"_s);
+        m_z->ausfuehrung()->dublettenAusraeumen();
+        QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"0 Dubletten nach _Dubletten verschoben"_s);
         const QByteArray inhalt = "gleich";
         const qint64 original = m_b->dokument(u"o.pdf"_s, {}, inhalt);
         for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"weg.pdf"_s})
@@ -681,12 +696,12 @@ private Q_SLOTS:
                 n, [](Dokument &d) { d.status = Status::Dublette; }, inhalt);
         m_b->sql(u"UPDATE dokumente SET dublette_von=?, aehnlichkeit=1 WHERE status='dublette'"_s, {original});
         QVERIFY(QFile::remove(m_b->quelle(u"weg.pdf"_s)));
-        m_z->dublettenAusraeumen();
+        m_z->ausfuehrung()->dublettenAusraeumen();
         QTRY_COMPARE(
-            m_z->hinweis(),
+            m_z->meldestelle()->hinweis(),
             u"2 Dubletten nach _Dubletten verschoben, 1 nicht: Die Datei liegt nicht mehr am erwarteten Ort"_s);
         QVERIFY(liegt(m_b->ziel(u"_Dubletten/b.pdf"_s)));
-        QCOMPARE(m_z->zaehlwerk().aussortiert, 2);
+        QCOMPARE(m_z->pruefung()->zaehlwerk().aussortiert, 2);
         // The original has been written to since: what was its copy may be the only one of what is in it.
         const qint64 letzte = m_b->dokument(
             u"letzte.pdf"_s, [](Dokument &d) { d.status = Status::Dublette; }, inhalt);
@@ -694,8 +709,9 @@ private Q_SLOTS:
         QFile datei(m_b->quelle(u"o.pdf"_s));
         QVERIFY(datei.open(QIODevice::Append) && datei.write("!") == 1);
         datei.close();
-        m_z->dublettenAusraeumen();
-        QTRY_VERIFY2(m_z->hinweis().contains(u"1 ist keine Dublette mehr"_s), qPrintable(m_z->hinweis()));
+        m_z->ausfuehrung()->dublettenAusraeumen();
+        QTRY_VERIFY2(m_z->meldestelle()->hinweis().contains(u"1 ist keine Dublette mehr"_s),
+                     qPrintable(m_z->meldestelle()->hinweis()));
         QCOMPARE(m_b->lesen(letzte).status, Status::Neu);
         QVERIFY(liegt(m_b->quelle(u"letzte.pdf"_s)));
     }
@@ -704,22 +720,22 @@ private Q_SLOTS:
     {
         m_b->dokument(u"a.pdf"_s);
         beginnen();
-        Profil neu = *m_z->aktiv();
+        Profil neu = *m_z->profilwahl()->aktiv();
         neu.ausnahmen = {u"a.pdf"_s};
-        m_z->profilAendern(neu);
-        m_z->ausnahmenAnwenden();
-        QTRY_COMPARE(m_z->hinweis(), u"1 aus der Warteschlange genommen"_s);
-        QTRY_COMPARE(m_z->ausgenommen(), 1);
-        QVERIFY(!m_z->aktuelles());
-        m_z->melden(u"bleibt"_s);
-        QSignalSpy hinweise(m_z.get(), &Zustand::hinweisGeaendert);
-        m_z->ausnahmenAnwenden();
+        m_z->profilwahl()->profilAendern(neu);
+        m_z->einrichtung()->ausnahmenAnwenden();
+        QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"1 aus der Warteschlange genommen"_s);
+        QTRY_COMPARE(m_z->pruefung()->ausgenommen(), 1);
+        QVERIFY(!m_z->pruefung()->aktuelles());
+        m_z->meldestelle()->melden(u"bleibt"_s);
+        QSignalSpy hinweise(m_z->meldestelle(), &Meldestelle::hinweisGeaendert);
+        m_z->einrichtung()->ausnahmenAnwenden();
         QVERIFY(!hinweise.wait(200));
-        QCOMPARE(m_z->hinweis(), u"bleibt"_s);
+        QCOMPARE(m_z->meldestelle()->hinweis(), u"bleibt"_s);
         neu.ausnahmen.clear();
-        m_z->profilAendern(neu);
-        m_z->ausnahmenAnwenden();
-        QTRY_COMPARE(m_z->hinweis(), u"1 zurückgeholt"_s);
+        m_z->profilwahl()->profilAendern(neu);
+        m_z->einrichtung()->ausnahmenAnwenden();
+        QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"1 zurückgeholt"_s);
         QTRY_COMPARE(name(), u"a.pdf"_s);
     }
 
@@ -743,8 +759,8 @@ private Q_SLOTS:
     {
         m_b->profil.modell = u"klein:1b"_s;
         beginnen();
-        QTRY_COMPARE(m_z->modellMeldung(), u"Der Modellserver ollama läuft nicht"_s);
-        QVERIFY(!m_z->modellBereit());
+        QTRY_COMPARE(m_z->modelldienst()->modellMeldung(), u"Der Modellserver ollama läuft nicht"_s);
+        QVERIFY(!m_z->modelldienst()->modellBereit());
         Testserver server;
         qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
         server.antworten("/api/version", Testantwort::fest(200, "{}"));
@@ -752,12 +768,12 @@ private Q_SLOTS:
                                        Testantwort::fest(200, R"({"models":[{"name":"klein:1b"}]})")});
         server.antworten("/api/pull", Testantwort::inStuecken(
                                           {"{\"status\":\"pulling manifest\"}\n", "{\"status\":\"success\"}\n"}));
-        m_z->modellPruefen();
-        QTRY_COMPARE(m_z->modellMeldung(), u"Das Modell klein:1b fehlt noch"_s);
-        m_z->modellLaden();
-        QCOMPARE(m_z->modellMeldung(), u"Modell wird geladen"_s);
-        QTRY_COMPARE(m_z->modellMeldung(), u"Sprachmodell klein:1b einsatzbereit"_s);
-        QVERIFY(m_z->modellBereit());
+        m_z->modelldienst()->modellPruefen();
+        QTRY_COMPARE(m_z->modelldienst()->modellMeldung(), u"Das Modell klein:1b fehlt noch"_s);
+        m_z->modelldienst()->modellLaden();
+        QCOMPARE(m_z->modelldienst()->modellMeldung(), u"Modell wird geladen"_s);
+        QTRY_COMPARE(m_z->modelldienst()->modellMeldung(), u"Sprachmodell klein:1b einsatzbereit"_s);
+        QVERIFY(m_z->modelldienst()->modellBereit());
     }
 
     void schliessenMittenImLauf()
@@ -769,13 +785,14 @@ private Q_SLOTS:
         m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         m_b->sql(u"UPDATE dokumente SET text_hash='x', sha256='x'"_s);
         beginnen();
-        m_z->durchgangStarten();
-        QVERIFY(m_z->analyse()->laeuft());
+        m_z->durchgang()->durchgangStarten();
+        QVERIFY(m_z->durchgang()->analyse()->laeuft());
         QTRY_VERIFY(gefragt(server, "/api/generate"));
-        m_z->neuesProfil(); // the run goes on with its document, under no window's eyes
-        QTRY_COMPARE(m_z->aktiv()->name, u"Ablage 2"_s);
-        QTRY_VERIFY(m_z->analyse() && !m_z->analyse()->laeuft());
-        QCOMPARE(m_z->hinweis(), u"Der Durchgang von Haushalt wurde angehalten, der nächste Start setzt ihn fort"_s);
+        m_z->profilwahl()->neuesProfil(); // the run goes on with its document, under no window's eyes
+        QTRY_COMPARE(m_z->profilwahl()->aktiv()->name, u"Ablage 2"_s);
+        QTRY_VERIFY(m_z->durchgang()->analyse() && !m_z->durchgang()->analyse()->laeuft());
+        QCOMPARE(m_z->meldestelle()->hinweis(),
+                 u"Der Durchgang von Haushalt wurde angehalten, der nächste Start setzt ihn fort"_s);
         QElapsedTimer uhr;
         uhr.start();
         m_z.reset();

@@ -1,6 +1,10 @@
 #include "zustandsprobe.h"
 
+#include "ordnerwahl.h"
 #include "profilspeicher.h"
+#include "profilwahl.h"
+#include "pruefung.h"
+#include "zustand.h"
 
 #include <QTest>
 
@@ -8,12 +12,15 @@ void Zustandsprobe::beginnen()
 {
     m_b->profilSichern();
     m_z = std::make_unique<Zustand>();
-    m_z->beginnen();
-    QTRY_VERIFY(m_z->offen() && !m_z->oeffnet());
-    QTRY_VERIFY(m_z->bereitschaft());
+    m_z->profilwahl()->beginnen();
+    QTRY_VERIFY(m_z->profilwahl()->offen() && !m_z->profilwahl()->oeffnet());
+    QTRY_VERIFY(m_z->profilwahl()->bereitschaft());
 }
 
-QString Zustandsprobe::name() const { return m_z->aktuelles() ? m_z->aktuelles()->dateiname : QString(); }
+QString Zustandsprobe::name() const
+{
+    return m_z->pruefung()->aktuelles() ? m_z->pruefung()->aktuelles()->dateiname : QString();
+}
 
 void Zustandsprobe::init()
 {
@@ -24,8 +31,8 @@ void Zustandsprobe::init()
 
 void Zustandsprobe::cleanup()
 {
-    Zustand::ordnerwaehler = {};
-    Zustand::protokollwaehler = {};
+    Ordnerwahl::ordnerwaehler = {};
+    Ordnerwahl::protokollwaehler = {};
     m_z.reset();
     m_b.reset();
 }

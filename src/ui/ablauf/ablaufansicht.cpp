@@ -1,12 +1,17 @@
 #include "ablaufansicht.h"
 
 #include "analyse.h"
+#include "ausfuehrung.h"
+#include "durchgang.h"
+#include "einrichtung.h"
 #include "hauptknopf.h"
 #include "knopf.h"
 #include "kurzpfad.h"
 #include "laufhinweis.h"
 #include "leeransicht.h"
 #include "nacharbeitsliste.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "rollbereich.h"
 #include "sprache.h"
 #include "startfrage.h"
@@ -16,6 +21,7 @@
 #include "umbruchtext.h"
 #include "zahlenreihe.h"
 #include "zeichen.h"
+#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -106,7 +112,7 @@ QWidget *AblaufAnsicht::spalteBauen()
     auto *inhalt = new QWidget(this);
     auto *mitte = new QWidget(inhalt);
     auto *spalte = new QVBoxLayout(mitte);
-    m_frage = new Startfrage(m_zustand, mitte);
+    m_frage = new Startfrage(m_zustand->modelldienst(), mitte);
     m_hindernisse = new Laufhinweis(mitte);
     m_zahlen = new Zahlenreihe(mitte);
     m_stufen = new Stufenliste(mitte);
@@ -136,47 +142,54 @@ void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
     m_dubletten = new Nacharbeitsliste(u"dubletten"_s, m_ausraeumen, {}, this);
     spalte->addWidget(m_gescheiterte);
     spalte->addWidget(m_dubletten);
-    connect(m_alleErneut, &QPushButton::clicked, m_zustand, [this] { starten(Zustand::Durchgang::erneut); });
-    connect(m_gescheiterte, &Nacharbeitsliste::gedrueckt, m_zustand, &Zustand::erneutVersuchen);
-    connect(m_ausraeumen, &QPushButton::clicked, m_zustand,
-            [this] { m_zustand->raeumtAus() ? m_zustand->anhalten() : m_zustand->dublettenAusraeumen(); });
+    connect(m_alleErneut, &QPushButton::clicked, m_zustand, [this] { starten(Durchgang::Art::erneut); });
+    connect(m_gescheiterte, &Nacharbeitsliste::gedrueckt, m_zustand->durchgang(), &Durchgang::erneutVersuchen);
+    connect(m_ausraeumen, &QPushButton::clicked, m_zustand, [this] {
+        m_zustand->ausfuehrung()->raeumtAus() ? m_zustand->ausfuehrung()->anhalten()
+                                              : m_zustand->ausfuehrung()->dublettenAusraeumen();
+    });
 }
 
 void AblaufAnsicht::verbinden()
 {
     connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
     connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::pruefen); });
-    connect(m_anhalten, &QPushButton::clicked, this, [this] { laeuft() ? m_zustand->durchgangAnhalten() : starten(); });
+    connect(m_anhalten, &QPushButton::clicked, this,
+            [this] { laeuft() ? m_zustand->durchgang()->durchgangAnhalten() : starten(); });
     connect(m_frage, &Startfrage::erneutPruefen, this, [this] {
         setFocus();
-        m_zustand->durchgangErbitten(m_fraglich, m_zustand->erbetenesDokument());
+        m_zustand->durchgang()->durchgangErbitten(m_fraglich, m_zustand->durchgang()->erbetenesDokument());
     });
     connect(m_frage, &Startfrage::nurLesen, this, [this] {
         setFocus();
-        m_zustand->durchgangStarten(m_fraglich == Zustand::Durchgang::erneut ? Zustand::Durchgang::erneutLesen
-                                                                             : Zustand::Durchgang::nurLesen);
+        m_zustand->durchgang()->durchgangStarten(m_fraglich == Durchgang::Art::erneut ? Durchgang::Art::erneutLesen
+                                                                                      : Durchgang::Art::nurLesen);
     });
     connect(m_hindernisse, &Laufhinweis::gedrueckt, this, [this] {
         setFocus();
-        starten(Zustand::Durchgang::erneut);
+        starten(Durchgang::Art::erneut);
     });
-    connect(m_zustand, &Zustand::startFraglich, this, &AblaufAnsicht::fragen);
-    connect(m_zustand, &Zustand::aktivGeaendert, m_frage, &QWidget::hide); // it was about the other profile
-    for (const auto signal : {&Zustand::laufGeaendert, &Zustand::zaehlwerkGeaendert, &Zustand::profileGeaendert,
-                              &Zustand::aktivGeaendert, &Zustand::bereitschaftGeaendert, &Zustand::nacharbeitGeaendert,
-                              &Zustand::beschaeftigtGeaendert, &Zustand::oeffnetGeaendert})
-        connect(m_zustand, signal, this, &AblaufAnsicht::zeigen);
-    connect(m_zustand, &Zustand::zaehlwerkGeaendert, this, [this] {
+    connect(m_zustand->durchgang(), &Durchgang::startFraglich, this, &AblaufAnsicht::fragen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, m_frage,
+            &QWidget::hide); // it was about the other profile
+    for (const auto signal : {&Durchgang::laufGeaendert, &Durchgang::nacharbeitGeaendert})
+        connect(m_zustand->durchgang(), signal, this, &AblaufAnsicht::zeigen);
+    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &AblaufAnsicht::zeigen);
+    for (const auto signal : {&Profilwahl::profileGeaendert, &Profilwahl::aktivGeaendert,
+                              &Profilwahl::bereitschaftGeaendert, &Profilwahl::oeffnetGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &AblaufAnsicht::zeigen);
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, &AblaufAnsicht::zeigen);
+    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, [this] {
         if (isVisible())
-            m_zustand->nacharbeitLesen();
+            m_zustand->durchgang()->nacharbeitLesen();
     });
 }
 
 void AblaufAnsicht::showEvent(QShowEvent *ereignis)
 {
     QWidget::showEvent(ereignis);
-    m_zustand->nacharbeitLesen();
-    m_zustand->bereitschaftPruefen();
+    m_zustand->durchgang()->nacharbeitLesen();
+    m_zustand->profilwahl()->bereitschaftPruefen();
 }
 
 void AblaufAnsicht::focusInEvent(QFocusEvent *ereignis)
@@ -188,16 +201,22 @@ void AblaufAnsicht::focusInEvent(QFocusEvent *ereignis)
         m_pruefen->setFocus();
 }
 
-bool AblaufAnsicht::laeuft() const { return m_zustand->analyse() && m_zustand->analyse()->laeuft(); }
+bool AblaufAnsicht::laeuft() const
+{
+    return m_zustand->durchgang()->analyse() && m_zustand->durchgang()->analyse()->laeuft();
+}
 
 /** Known to be; while that is being looked at, nothing is offered yet. */
-bool AblaufAnsicht::eingerichtet() const { return !m_zustand->bereitschaft() || m_zustand->bereitZumStart(); }
+bool AblaufAnsicht::eingerichtet() const
+{
+    return !m_zustand->profilwahl()->bereitschaft() || m_zustand->profilwahl()->bereitZumStart();
+}
 
 /** To the first section without which no run begins. */
 void AblaufAnsicht::zurEinrichtung()
 {
-    if (const auto erster = m_zustand->naechsterAbschnitt(alleAbschnitte().last()))
-        m_zustand->setzeAbschnitt(*erster);
+    if (const auto erster = m_zustand->einrichtung()->naechsterAbschnitt(alleAbschnitte().last()))
+        m_zustand->einrichtung()->setzeAbschnitt(*erster);
     m_zustand->setzeReiter(Reiter::einrichtung);
 }
 
@@ -218,9 +237,9 @@ void AblaufAnsicht::fokusHalten()
 
 void AblaufAnsicht::zeigen()
 {
-    m_stapel->setCurrentIndex(m_zustand->offen() ? 0 : 1);
-    if (!m_zustand->offen())
-        return m_leere->ohneKatalogSetzen(u"large.play"_s, *m_zustand);
+    m_stapel->setCurrentIndex(m_zustand->profilwahl()->offen() ? 0 : 1);
+    if (!m_zustand->profilwahl()->offen())
+        return m_leere->ohneKatalogSetzen(u"large.play"_s, *m_zustand->profilwahl());
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     kopfZeigen();
     knoepfeZeigen();
@@ -234,7 +253,7 @@ void AblaufAnsicht::zeigen()
 
 QString AblaufAnsicht::fehlendes() const
 {
-    const auto &b = m_zustand->bereitschaft();
+    const auto &b = m_zustand->profilwahl()->bereitschaft();
     if (!b || b->vollstaendig())
         return {};
     QStringList teile;
@@ -253,12 +272,12 @@ QString AblaufAnsicht::fehlendes() const
 
 QString AblaufAnsicht::unterzeile() const
 {
-    const Profil &profil = *m_zustand->aktiv();
-    if (m_zustand->startWartet())
+    const Profil &profil = *m_zustand->profilwahl()->aktiv();
+    if (m_zustand->durchgang()->startWartet())
         return Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s);
-    if (!laeuft() && !m_zustand->bereitZumStart())
+    if (!laeuft() && !m_zustand->profilwahl()->bereitZumStart())
         return fehlendes();
-    if (laeuft() && m_zustand->analyse()->abbrechenGewuenscht())
+    if (laeuft() && m_zustand->durchgang()->analyse()->abbrechenGewuenscht())
         return Sprache::text(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein späterer "
                              "Start setzt dort fort."_s);
     const QString weg =
@@ -275,10 +294,10 @@ void AblaufAnsicht::kopfZeigen()
     QString titel = Sprache::text(u"Bereit für den Durchgang"_s);
     if (laeuft())
         titel = Sprache::text(u"Der Durchgang läuft"_s);
-    else if (!m_zustand->bereitZumStart())
+    else if (!m_zustand->profilwahl()->bereitZumStart())
         titel = Sprache::text(u"Noch nicht eingerichtet"_s);
-    else if (m_zustand->laufbild().gelaufen())
-        titel = m_zustand->analyse()->stufe();
+    else if (m_zustand->durchgang()->laufbild().gelaufen())
+        titel = m_zustand->durchgang()->analyse()->stufe();
     m_titel->setText(titel);
     m_unterzeile->setzeText(unterzeile());
 }
@@ -286,8 +305,8 @@ void AblaufAnsicht::kopfZeigen()
 /** One filled button: before the run the start, while it runs and after it the review of what is there. */
 void AblaufAnsicht::knoepfeZeigen()
 {
-    const qint64 wartend = m_zustand->zaehlwerk().bereit;
-    const bool pruefbar = wartend > 0 && (laeuft() || m_zustand->laufbild().gelaufen());
+    const qint64 wartend = m_zustand->pruefung()->zaehlwerk().bereit;
+    const bool pruefbar = wartend > 0 && (laeuft() || m_zustand->durchgang()->laufbild().gelaufen());
     m_pruefen->setText(gefuellt(Sprache::text(wartend, u"%@ Vorschlag prüfen"_s, u"%@ Vorschläge prüfen"_s),
                                 {QString::number(wartend)}));
     m_pruefen->setVisible(pruefbar);
@@ -296,15 +315,16 @@ void AblaufAnsicht::knoepfeZeigen()
     m_starten->setText(eingerichtet() ? Sprache::text(u"Durchgang starten"_s) : Sprache::text(u"Zur Einrichtung"_s));
     m_starten->setAccessibleName(m_starten->text());
     m_starten->updateGeometry();
-    m_starten->setEnabled(m_zustand->bereitschaft() && !m_zustand->startErbeten());
+    m_starten->setEnabled(m_zustand->profilwahl()->bereitschaft() && !m_zustand->durchgang()->startErbeten());
     m_starten->setToolTip(fehlendes());
     m_anhalten->setVisible(laeuft() || pruefbar);
     m_anhalten->setText(laeuft() ? Sprache::text(u"Anhalten"_s) : Sprache::text(u"Erneut starten"_s));
     m_anhalten->setIcon(Zeichen::icon(laeuft() ? u"stop"_s : u"play.circle"_s));
     m_anhalten->updateGeometry();
-    m_anhalten->setEnabled(laeuft() ? !m_zustand->analyse()->abbrechenGewuenscht()
-                                    : m_zustand->bereitZumStart() && !m_zustand->startErbeten());
-    m_alleErneut->setEnabled(!laeuft() && !m_zustand->startErbeten());
+    m_anhalten->setEnabled(laeuft()
+                               ? !m_zustand->durchgang()->analyse()->abbrechenGewuenscht()
+                               : m_zustand->profilwahl()->bereitZumStart() && !m_zustand->durchgang()->startErbeten());
+    m_alleErneut->setEnabled(!laeuft() && !m_zustand->durchgang()->startErbeten());
     m_gescheiterte->setzeBedienbar(!laeuft());
     if (laeuft())
         m_frage->hide();
@@ -312,13 +332,14 @@ void AblaufAnsicht::knoepfeZeigen()
 
 void AblaufAnsicht::stufenZeigen()
 {
-    QList<Stufenbild> stufen = m_zustand->laufbild().stufen();
+    QList<Stufenbild> stufen = m_zustand->durchgang()->laufbild().stufen();
     for (int n = 0; n < stufen.size(); ++n) {
         stufen[n].name = Sprache::text(/* QUILLMAR_TEXT */ stufen.at(n).name);
         if (stufen.at(n).meldung.isEmpty())
-            stufen[n].meldung = stufenvorschau(n, *m_zustand->aktiv());
+            stufen[n].meldung = stufenvorschau(n, *m_zustand->profilwahl()->aktiv());
     }
-    m_stufen->zeigen(stufen, m_zustand->analyse()->restzeit(), m_zustand->analyse()->anteil());
+    m_stufen->zeigen(stufen, m_zustand->durchgang()->analyse()->restzeit(),
+                     m_zustand->durchgang()->analyse()->anteil());
 }
 
 /** What stood in the way of the last run, and what of its questions is still open. */
@@ -326,20 +347,20 @@ void AblaufAnsicht::hindernisseZeigen()
 {
     QStringList saetze;
     if (!laeuft()) {
-        for (const Laufhindernis &h : m_zustand->analyse()->fazit().hindernisse)
+        for (const Laufhindernis &h : m_zustand->durchgang()->analyse()->fazit().hindernisse)
             saetze << h.satz();
-        if (const qint64 offen = m_zustand->nacharbeit().unbeantwortet; offen > 0)
+        if (const qint64 offen = m_zustand->durchgang()->nacharbeit().unbeantwortet; offen > 0)
             saetze << gefuellt(Sprache::text(u"Nachgefragt und ohne Antwort geblieben: %@."_s),
                                {QString::number(offen)});
     }
     m_hindernisse->zeigen(saetze);
-    m_hindernisse->setzeBedienbar(m_zustand->bereitZumStart() && !m_zustand->startErbeten());
+    m_hindernisse->setzeBedienbar(m_zustand->profilwahl()->bereitZumStart() && !m_zustand->durchgang()->startErbeten());
 }
 
 void AblaufAnsicht::zahlenZeigen()
 {
-    const Zaehlwerk &z = m_zustand->zaehlwerk();
-    const qint64 gescheitert = m_zustand->nacharbeit().gescheiterte.size();
+    const Zaehlwerk &z = m_zustand->pruefung()->zaehlwerk();
+    const qint64 gescheitert = m_zustand->durchgang()->nacharbeit().gescheiterte.size();
     QList<Zahlenreihe::Zahl> zahlen = {
         {.wert = z.bereit, .was = Sprache::text(u"bereit zur Prüfung"_s), .betont = true},
         {.wert = z.neu, .was = Sprache::text(u"in Analyse"_s)},
@@ -350,14 +371,15 @@ void AblaufAnsicht::zahlenZeigen()
     };
     if (z.aussortiert > 0)
         zahlen << Zahlenreihe::Zahl{.wert = z.aussortiert, .was = Sprache::text(u"aussortiert"_s)};
-    if (m_zustand->ausgenommen() > 0)
-        zahlen << Zahlenreihe::Zahl{.wert = m_zustand->ausgenommen(), .was = Sprache::text(u"ausgenommen"_s)};
+    if (m_zustand->pruefung()->ausgenommen() > 0)
+        zahlen << Zahlenreihe::Zahl{.wert = m_zustand->pruefung()->ausgenommen(),
+                                    .was = Sprache::text(u"ausgenommen"_s)};
     m_zahlen->zeigen(zahlen);
 }
 
 void AblaufAnsicht::listenZeigen()
 {
-    const Nacharbeit &n = m_zustand->nacharbeit();
+    const Nacharbeit &n = m_zustand->durchgang()->nacharbeit();
     QList<Nacharbeitsliste::Zeile> gescheiterte;
     for (const auto &g : n.gescheiterte)
         gescheiterte << Nacharbeitsliste::Zeile{.id = g.id, .name = g.name, .bemerkung = g.grund};
@@ -379,30 +401,31 @@ void AblaufAnsicht::listenZeigen()
 /** While it sets aside, the button stops it. */
 void AblaufAnsicht::ausraeumenZeigen()
 {
-    QString text = gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s), {m_zustand->aktiv()->dublettenOrdner});
-    if (m_zustand->raeumtAus())
+    QString text =
+        gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s), {m_zustand->profilwahl()->aktiv()->dublettenOrdner});
+    if (m_zustand->ausfuehrung()->raeumtAus())
         text = Sprache::text(u"Anhalten"_s);
-    else if (m_zustand->aktiv()->kopieren)
+    else if (m_zustand->profilwahl()->aktiv()->kopieren)
         text = Sprache::text(u"Nicht mitkopieren"_s);
     m_ausraeumen->setText(text);
     m_ausraeumen->setAccessibleName(text);
-    m_ausraeumen->setToolTip(m_zustand->raeumtAus()
+    m_ausraeumen->setToolTip(m_zustand->ausfuehrung()->raeumtAus()
                                  ? Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest "
                                                  "bleibt, wie er ist."_s)
                                  : QString());
-    m_ausraeumen->setIcon(m_zustand->raeumtAus() ? Zeichen::icon(u"stop"_s) : QIcon());
+    m_ausraeumen->setIcon(m_zustand->ausfuehrung()->raeumtAus() ? Zeichen::icon(u"stop"_s) : QIcon());
     m_ausraeumen->updateGeometry();
-    m_ausraeumen->setEnabled(m_zustand->anhaltbar() || !m_zustand->beschaeftigt());
+    m_ausraeumen->setEnabled(m_zustand->ausfuehrung()->anhaltbar() || !m_zustand->ausfuehrung()->beschaeftigt());
 }
 
-void AblaufAnsicht::starten(Zustand::Durchgang art)
+void AblaufAnsicht::starten(Durchgang::Art art)
 {
     m_frage->hide();
-    m_zustand->durchgangErbitten(art);
+    m_zustand->durchgang()->durchgangErbitten(art);
 }
 
 /** Wherever the run was asked for: here stands what can be done. */
-void AblaufAnsicht::fragen(Zustand::Durchgang art)
+void AblaufAnsicht::fragen(Durchgang::Art art)
 {
     m_fraglich = art;
     m_zustand->setzeReiter(Reiter::ablauf);

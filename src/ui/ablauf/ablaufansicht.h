@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zustand.h"
+#include "durchgang.h"
 
 #include <QWidget>
 
@@ -18,6 +18,7 @@ class Startfrage;
 class Stufenliste;
 class Umbruchtext;
 class Zahlenreihe;
+class Zustand;
 
 /** The run card: start and stop, the stages, what is counted, and what is left to look after. */
 class AblaufAnsicht : public QWidget
@@ -44,8 +45,8 @@ private:
     void hindernisseZeigen();
     void listenZeigen();
     void ausraeumenZeigen();
-    void starten(Zustand::Durchgang art = Zustand::Durchgang::ganz);
-    void fragen(Zustand::Durchgang art);
+    void starten(Durchgang::Art art = Durchgang::Art::ganz);
+    void fragen(Durchgang::Art art);
     void zurEinrichtung();
     void fokusHalten();
     [[nodiscard]] bool laeuft() const;
@@ -69,5 +70,5 @@ private:
     Knopf *m_ausraeumen = nullptr;
     Nacharbeitsliste *m_gescheiterte = nullptr;
     Nacharbeitsliste *m_dubletten = nullptr;
-    Zustand::Durchgang m_fraglich = Zustand::Durchgang::ganz; ///< the run that the question is about
+    Durchgang::Art m_fraglich = Durchgang::Art::ganz; ///< the run that the question is about
 };

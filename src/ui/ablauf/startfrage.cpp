@@ -2,11 +2,11 @@
 
 #include "hinweisfeld.h"
 #include "knopf.h"
+#include "modelldienst.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zeile.h"
-#include "zustand.h"
 
 #include <QVBoxLayout>
 
@@ -28,8 +28,8 @@ QString abhilfe(Modellstand::Art art)
 }
 } // namespace
 
-Startfrage::Startfrage(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_spalte(new QVBoxLayout(this))
+Startfrage::Startfrage(Modelldienst *modelldienst, QWidget *eltern)
+    : QWidget(eltern), m_modelldienst(modelldienst), m_spalte(new QVBoxLayout(this))
 {
     auto *erneut = new Knopf(u"modellPruefen"_s, Sprache::text(u"Erneut prüfen"_s), this);
     auto *lesen = new Knopf(u"nurLesen"_s, Sprache::text(u"Nur Texte lesen"_s), this);
@@ -53,10 +53,10 @@ Startfrage::Startfrage(Zustand *zustand, QWidget *eltern)
 void Startfrage::fragen()
 {
     delete m_hinweis;
-    const QString wie = abhilfe(m_zustand->modellstand().art);
+    const QString wie = abhilfe(m_modelldienst->modellstand().art);
     m_hinweis =
         new Hinweisfeld(true, u"exclamationmark.triangle"_s,
-                        m_zustand->modellMeldung() + u". "_s +
+                        m_modelldienst->modellMeldung() + u". "_s +
                             Sprache::text(u"So werden die Texte gelesen, aber nichts wird eingeordnet."_s) + u' ' + wie,
                         {}, this);
     m_spalte->insertWidget(0, m_hinweis);

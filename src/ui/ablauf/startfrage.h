@@ -3,7 +3,7 @@
 #include <QWidget>
 
 class QVBoxLayout;
-class Zustand;
+class Modelldienst;
 
 /** What a start without the model asks, in its place under the title of the run card. */
 class Startfrage : public QWidget
@@ -11,7 +11,7 @@ class Startfrage : public QWidget
     Q_OBJECT
 
 public:
-    explicit Startfrage(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Startfrage(Modelldienst *modelldienst, QWidget *eltern = nullptr);
     /** Says what is missing and shows itself. */
     void fragen();
 
@@ -20,7 +20,7 @@ Q_SIGNALS:
     void nurLesen();
 
 private:
-    Zustand *m_zustand;
+    Modelldienst *m_modelldienst;
     QVBoxLayout *m_spalte;
     QWidget *m_hinweis = nullptr;
 };

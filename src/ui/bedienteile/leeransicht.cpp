@@ -2,6 +2,7 @@
 
 #include "knopf.h"
 #include "kurzpfad.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -72,30 +73,30 @@ Leeransicht::Leeransicht(QWidget *eltern)
     });
 }
 
-QString katalogfehlersatz(const Zustand &zustand)
+QString katalogfehlersatz(const Profilwahl &profilwahl)
 {
     return gefuellt(Sprache::text(u"%@\n%@\nSchließe andere Programme, die ihn benutzen, und versuche es noch einmal. "
                                   "Ist er beschädigt, lege die Datei beiseite: Dann beginnt ein neuer Katalog. Deine "
                                   "Dokumente bleiben, wo sie sind."_s),
-                    {kurzpfad(zustand.katalogdatei()), zustand.katalogfehler()});
+                    {kurzpfad(profilwahl.katalogdatei()), profilwahl.katalogfehler()});
 }
 
-void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Zustand &zustand)
+void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Profilwahl &profilwahl)
 {
-    if (zustand.katalogfehler().isEmpty())
+    if (profilwahl.katalogfehler().isEmpty())
         setzen(symbol, Sprache::text(u"Noch kein Profil"_s),
                Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s), Sprache::text(u"Zur Einrichtung"_s));
     else
-        setzen(symbol, Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s), katalogfehlersatz(zustand),
+        setzen(symbol, Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s), katalogfehlersatz(profilwahl),
                Sprache::text(u"Noch einmal versuchen"_s));
 }
 
 void Leeransicht::ohneKatalogWeiter(Zustand &zustand)
 {
-    if (zustand.katalogfehler().isEmpty())
+    if (zustand.profilwahl()->katalogfehler().isEmpty())
         zustand.setzeReiter(Reiter::einrichtung);
     else
-        zustand.erneutOeffnen();
+        zustand.profilwahl()->erneutOeffnen();
 }
 
 void Leeransicht::setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf)

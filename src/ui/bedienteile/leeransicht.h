@@ -2,12 +2,13 @@
 
 #include <QWidget>
 
+class Profilwahl;
 class Zustand;
 class QLabel;
 class QPushButton;
 
 /** The catalogue that does not open, the reason and the way on, for the user. */
-[[nodiscard]] QString katalogfehlersatz(const Zustand &zustand);
+[[nodiscard]] QString katalogfehlersatz(const Profilwahl &profilwahl);
 
 /** What stands where nothing is: a sign, a title, a line that says what is missing, and at most one next step. */
 class Leeransicht : public QWidget
@@ -20,7 +21,7 @@ public:
     /** @p symbol as in Zeichen, one of those that begin with "large."; without @p knopf there is no button. */
     void setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
     /** Shows why there is no open catalogue: none of the profile yet, or one that does not open. */
-    void ohneKatalogSetzen(const QString &symbol, const Zustand &zustand);
+    void ohneKatalogSetzen(const QString &symbol, const Profilwahl &profilwahl);
     /** What the button of ohneKatalogSetzen() does. */
     static void ohneKatalogWeiter(Zustand &zustand);
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }

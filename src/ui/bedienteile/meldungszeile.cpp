@@ -1,7 +1,10 @@
 #include "meldungszeile.h"
 
+#include "ausfuehrung.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
+#include "meldestelle.h"
+#include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"
@@ -12,22 +15,22 @@
 using namespace Qt::StringLiterals;
 using Stil::abstand;
 
-QString tonzeichen(Zustand::Ton ton)
+QString tonzeichen(Meldestelle::Ton ton)
 {
     switch (ton) {
-    case Zustand::Ton::gut:
+    case Meldestelle::Ton::gut:
         return u"checkmark.circle"_s;
-    case Zustand::Ton::warnung:
+    case Meldestelle::Ton::warnung:
         return u"exclamationmark.triangle"_s;
-    case Zustand::Ton::ruhig:
+    case Meldestelle::Ton::ruhig:
         break;
     }
     return {};
 }
 
-Meldungszeile::Meldungszeile(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_text(new Elidiertext(Qt::ElideRight, this)),
-      m_zweite(new Elidiertext(Qt::ElideRight, this)),
+Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern)
+    : QWidget(eltern), m_meldestelle(meldestelle), m_pruefung(pruefung), m_ausfuehrung(ausfuehrung),
+      m_text(new Elidiertext(Qt::ElideRight, this)), m_zweite(new Elidiertext(Qt::ElideRight, this)),
       m_zurueck(new Flachknopf(u"rueckgaengig"_s, u"undo"_s, Sprache::text(u"Rückgängig"_s),
                                Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s), this))
 {
@@ -40,10 +43,12 @@ Meldungszeile::Meldungszeile(Zustand *zustand, QWidget *eltern)
     raster->addWidget(m_zweite, 1, 0, 1, 2);
     raster->setColumnStretch(0, 1);
     m_zurueck->setzeMitText(true);
-    connect(m_zurueck, &QToolButton::clicked, m_zustand,
-            [this] { m_zustand->zurueckMoeglich() ? m_zustand->zurueck() : m_zustand->rueckgaengig(); });
-    connect(m_zustand, &Zustand::hinweisGeaendert, this, &Meldungszeile::zeigen);
-    connect(m_zustand, &Zustand::vorgangGeaendert, this, &Meldungszeile::zeigen);
+    connect(m_zurueck, &QToolButton::clicked, this,
+            [this] { m_ausfuehrung->zurueckMoeglich() ? m_ausfuehrung->zurueck() : m_ausfuehrung->rueckgaengig(); });
+    connect(m_meldestelle, &Meldestelle::hinweisGeaendert, this, &Meldungszeile::zeigen);
+    connect(m_pruefung, &Pruefung::umkehrbarGeaendert, this, &Meldungszeile::zeigen);
+    for (const auto signal : {&Ausfuehrung::vorgangGeaendert, &Ausfuehrung::zurueckMoeglichGeaendert})
+        connect(m_ausfuehrung, signal, this, &Meldungszeile::zeigen);
     Stil::folgen(this, [raster] {
         raster->setContentsMargins(Stil::zeichengroesse() + abstand(6), 0, 0, 0);
         raster->setHorizontalSpacing(abstand(8));
@@ -63,16 +68,16 @@ void Meldungszeile::setzeZweizeilig(bool zweizeilig)
 
 void Meldungszeile::zeigen()
 {
-    QStringList teile = m_zustand->meldungen();
+    QStringList teile = m_meldestelle->meldungen();
     // What is going on goes before what is done.
-    if (!m_zustand->vorgang().isEmpty())
-        teile = {m_zustand->vorgang() + u" …"_s};
+    if (!m_ausfuehrung->vorgang().isEmpty())
+        teile = {m_ausfuehrung->vorgang() + u" …"_s};
     const QString text = m_zweizeilig ? teile.value(0) : teile.join(u" · "_s);
     m_text->setzeText(text);
     m_zweite->setzeText(m_zweizeilig ? teile.value(1) : QString());
-    m_zurueck->setEnabled(m_zustand->zurueckMoeglich() || m_zustand->umkehrbar());
+    m_zurueck->setEnabled(m_ausfuehrung->zurueckMoeglich() || m_pruefung->umkehrbar());
     m_zurueck->setzeHilfe(Sprache::text(u"Rückgängig"_s),
-                          m_zustand->zurueckMoeglich()
+                          m_ausfuehrung->zurueckMoeglich()
                               ? Sprache::text(u"Macht genau das ungeschehen, was hier steht"_s)
                               : Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s));
     update();
@@ -80,10 +85,10 @@ void Meldungszeile::zeigen()
 
 void Meldungszeile::paintEvent(QPaintEvent *)
 {
-    if (m_text->ganzerText().isEmpty() || !m_zustand->vorgang().isEmpty())
+    if (m_text->ganzerText().isEmpty() || !m_ausfuehrung->vorgang().isEmpty())
         return;
     QPainter maler(this);
     const int kante = Stil::zeichengroesse();
     Zeichen::malen(maler, QRect(0, m_text->geometry().center().y() - kante / 2, kante, kante),
-                   tonzeichen(m_zustand->ton()), palette());
+                   tonzeichen(m_meldestelle->ton()), palette());
 }

@@ -1,13 +1,17 @@
 #pragma once
 
-#include "zustand.h"
+#include "meldestelle.h"
 
 #include <QWidget>
 
 class Elidiertext;
 class Flachknopf;
+class Meldestelle;
+class Pruefung;
+class Ausfuehrung;
+
 /** The mark of @p ton; empty for none. */
-[[nodiscard]] QString tonzeichen(Zustand::Ton ton);
+[[nodiscard]] QString tonzeichen(Meldestelle::Ton ton);
 
 /** What was done last and what is to be said, at one fixed place; at its end what takes it back. */
 class Meldungszeile : public QWidget
@@ -15,7 +19,7 @@ class Meldungszeile : public QWidget
     Q_OBJECT
 
 public:
-    explicit Meldungszeile(Zustand *zustand, QWidget *eltern = nullptr);
+    Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern = nullptr);
     void setzeMitText(bool mit);
     /** Deed and notice on a line each; otherwise both on one, where the end may be left out. */
     void setzeZweizeilig(bool zweizeilig);
@@ -26,7 +30,9 @@ protected:
 private:
     void zeigen();
 
-    Zustand *m_zustand;
+    Meldestelle *m_meldestelle;
+    Pruefung *m_pruefung;
+    Ausfuehrung *m_ausfuehrung;
     Elidiertext *m_text;
     Elidiertext *m_zweite;
     Flachknopf *m_zurueck;

@@ -1,9 +1,9 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "marktext.h"
 #include "sprache.h"
 #include "stil.h"
-#include "zustand.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -31,9 +31,9 @@ QStringList zeilen(const QString &text)
 class Eigentuemer : public Abschnittsseite
 {
 public:
-    Eigentuemer(Zustand *zustand, QWidget *eltern)
+    Eigentuemer(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
         : Abschnittsseite(
-              zustand, Abschnitt::eigentuemer,
+              profilwahl, einrichtung, Abschnitt::eigentuemer,
               Sprache::text(u"Wer du bist. Daran erkennt das Programm bei jedem Schreiben die andere Seite."_s), eltern)
     {
         QLineEdit *wer = textfeld(u"eigentuemer"_s, &Profil::eigentuemer);
@@ -95,7 +95,7 @@ private:
         reihe(beschriftung, hilfe, eingabe, daneben(eingabe, rubrikzeichen, text));
         folgen([this, text, feld, hilfe] {
             const QString &wert = profil().*feld;
-            const bool fehlt = !profil().zweige.isEmpty() && !zustand()->kenntRubrik(wert);
+            const bool fehlt = !profil().zweige.isEmpty() && !einrichtung()->kenntRubrik(wert);
             text->setzen(fehlt ? u"info.circle"_s : QString(),
                          fehlt ? Sprache::text(u"Gibt es in deiner Struktur nicht. Dann wird nicht unterschieden."_s)
                                : hilfe);
@@ -104,4 +104,7 @@ private:
 };
 } // namespace
 
-Abschnittsseite *eigentuemerseite(Zustand *zustand, QWidget *eltern) { return new Eigentuemer(zustand, eltern); }
+Abschnittsseite *eigentuemerseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
+{
+    return new Eigentuemer(profilwahl, einrichtung, eltern);
+}

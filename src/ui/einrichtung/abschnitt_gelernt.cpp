@@ -1,12 +1,13 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "lerntabelle.h"
 #include "marktext.h"
+#include "profilwahl.h"
 #include "rueckfrage.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
-#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -25,16 +26,16 @@ constexpr int ganze = 100; // of the height that is left over
 class Gelernt : public Abschnittsseite
 {
 public:
-    Gelernt(Zustand *zustand, QWidget *eltern)
-        : Abschnittsseite(zustand, Abschnitt::gelernt,
+    Gelernt(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::gelernt,
                           Sprache::text(u"Was sich das Programm aus deinen Entscheidungen gemerkt hat."_s), eltern)
     {
         zuordnungenBauen();
         gleichungenBauen();
         vergessenBauen();
         abschliessen();
-        connect(zustand, &Zustand::gelerntGelesen, this, [this] { zeigen(); });
-        connect(zustand, &Zustand::aktivGeaendert, this, [this] { zeigen(); });
+        connect(einrichtung, &Einrichtung::gelerntGelesen, this, [this] { zeigen(); });
+        connect(profilwahl, &Profilwahl::aktivGeaendert, this, [this] { zeigen(); });
         zeigen();
     }
 
@@ -46,7 +47,7 @@ private:
         QPushButton *vergessen = nullptr;
     };
 
-    [[nodiscard]] const Lernstand &gelerntes() const { return zustand()->einrichtung().gelerntes; }
+    [[nodiscard]] const Lernstand &gelerntes() const { return einrichtung()->stand().gelerntes; }
 
     Liste listeBauen(const QString &name, const QString &beschriftung, const QStringList &spalten,
                      const Lerntabelle::Inhalt &inhalt)
@@ -95,7 +96,7 @@ private:
         connect(m_zuordnungen.vergessen, &QPushButton::clicked, this, [this] {
             const int zeile = m_zuordnungen.ansicht->currentIndex().row();
             if (zeile >= 0)
-                zustand()->gelerntVergessen(gelerntes().zuordnungen.value(zeile).schluessel);
+                einrichtung()->gelerntVergessen(gelerntes().zuordnungen.value(zeile).schluessel);
         });
     }
 
@@ -111,7 +112,7 @@ private:
         connect(m_gleichungen.vergessen, &QPushButton::clicked, this, [this] {
             const int zeile = m_gleichungen.ansicht->currentIndex().row();
             if (zeile >= 0)
-                zustand()->gleichungVergessen(gelerntes().gleichungen.value(zeile).von);
+                einrichtung()->gleichungVergessen(gelerntes().gleichungen.value(zeile).von);
         });
     }
 
@@ -138,7 +139,7 @@ private:
         connect(m_frage, &Rueckfrage::abgebrochen, this, [this] { frageSchliessen(); });
         connect(m_frage, &Rueckfrage::bestaetigt, this, [this] {
             frageSchliessen();
-            zustand()->allesVergessen();
+            einrichtung()->allesVergessen();
         });
     }
 
@@ -184,4 +185,7 @@ private:
 };
 } // namespace
 
-Abschnittsseite *gelerntseite(Zustand *zustand, QWidget *eltern) { return new Gelernt(zustand, eltern); }
+Abschnittsseite *gelerntseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
+{
+    return new Gelernt(profilwahl, einrichtung, eltern);
+}

@@ -1,10 +1,12 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "marktext.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
-#include "zustand.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -25,16 +27,17 @@ constexpr int sichtbareRegeln = 6;
 class Herkunft : public Abschnittsseite
 {
 public:
-    Herkunft(Zustand *zustand, QWidget *eltern)
-        : Abschnittsseite(zustand, Abschnitt::herkunft,
+    Herkunft(Profilwahl *profilwahl, Einrichtung *einrichtung, Pruefung *pruefung, QWidget *eltern)
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::herkunft,
                           Sprache::text(u"Der Ordner mit den Scans. Gelesen wird er nur, bis du einen Vorschlag "
                                         "übernimmst."_s),
-                          eltern)
+                          eltern),
+          m_pruefung(pruefung)
     {
         ordnerBauen();
         ausnahmenBauen();
         abschliessen();
-        connect(zustand, &Zustand::zaehlwerkGeaendert, this, [this] { ruhendeZeigen(); });
+        connect(pruefung, &Pruefung::zaehlwerkGeaendert, this, [this] { ruhendeZeigen(); });
         folgen([this] { zeigen(); });
     }
 
@@ -98,9 +101,9 @@ private:
         connect(m_dazu, &QPushButton::clicked, this, [this] { hinzufuegen(); });
         connect(m_neue, &QLineEdit::returnPressed, this, [this] { hinzufuegen(); });
         connect(m_neue, &QLineEdit::textEdited, this, [this] { beschweren({}); });
-        connect(ordner, &QPushButton::clicked, this, [this] { beschweren(this->zustand()->ausnahmeWaehlen()); });
+        connect(ordner, &QPushButton::clicked, this, [this] { beschweren(einrichtung()->ausnahmeWaehlen()); });
         // What was typed for one profile is not meant for another.
-        connect(this->zustand(), &Zustand::aktivGeaendert, m_neue, [this] {
+        connect(profilwahl(), &Profilwahl::aktivGeaendert, m_neue, [this] {
             m_neue->clear();
             beschweren({});
         });
@@ -149,7 +152,7 @@ private:
 
     void hinzufuegen()
     {
-        const QString satz = zustand()->ausnahmeAufnehmen(m_neue->text());
+        const QString satz = einrichtung()->ausnahmeAufnehmen(m_neue->text());
         beschweren(satz);
         if (satz.isEmpty())
             m_neue->clear();
@@ -158,7 +161,7 @@ private:
     void entfernen()
     {
         if (m_liste->currentIndex().isValid())
-            zustand()->ausnahmeEntfernen(m_liste->currentIndex().data().toString());
+            einrichtung()->ausnahmeEntfernen(m_liste->currentIndex().data().toString());
     }
 
     void beschweren(const QString &satz)
@@ -181,8 +184,8 @@ private:
 
     void fundZeigen()
     {
-        const auto &bereit = zustand()->bereitschaft();
-        const auto &quelle = zustand()->einrichtung().quelle;
+        const auto &bereit = profilwahl()->bereitschaft();
+        const auto &quelle = einrichtung()->stand().quelle;
         if (profil().quelle.isEmpty())
             return m_fund->erklaeren(Sprache::text(u"Noch nicht gewählt. Hier liegen die Scans, die einen Namen "
                                                    "brauchen."_s));
@@ -207,8 +210,8 @@ private:
     /** While the folder is counted anew the last list stays. */
     void ausgelasseneZeigen()
     {
-        const auto &quelle = zustand()->einrichtung().quelle;
-        if (!quelle && zustand()->einrichtung().zaehlt)
+        const auto &quelle = einrichtung()->stand().quelle;
+        if (!quelle && einrichtung()->stand().zaehlt)
             return;
         const QStringList liste = quelle ? quelle->ausgenommene : QStringList();
         m_ausgelassene->setVisible(!liste.isEmpty());
@@ -219,7 +222,7 @@ private:
 
     void ruhendeZeigen()
     {
-        const qint64 anzahl = zustand()->ausgenommen();
+        const qint64 anzahl = m_pruefung->ausgenommen();
         if (anzahl == 0)
             m_ruhende->erklaeren(Sprache::text(u"Derzeit ruht kein Dokument wegen einer Ausnahme."_s));
         else
@@ -228,6 +231,7 @@ private:
                                           {QString::number(anzahl)}));
     }
 
+    Pruefung *m_pruefung;
     Marktext *m_fund = nullptr;
     QCheckBox *m_tiefer = nullptr;
     QLineEdit *m_neue = nullptr;
@@ -241,4 +245,7 @@ private:
 };
 } // namespace
 
-Abschnittsseite *herkunftseite(Zustand *zustand, QWidget *eltern) { return new Herkunft(zustand, eltern); }
+Abschnittsseite *herkunftseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Pruefung *pruefung, QWidget *eltern)
+{
+    return new Herkunft(profilwahl, einrichtung, pruefung, eltern);
+}

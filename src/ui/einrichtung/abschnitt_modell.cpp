@@ -1,14 +1,15 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
 #include "balken.h"
+#include "einrichtung.h"
 #include "flachknopf.h"
 #include "marktext.h"
+#include "modelldienst.h"
 #include "ollama.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -36,11 +37,12 @@ constexpr double knapp = 0.9;
 class Modell : public Abschnittsseite
 {
 public:
-    Modell(Zustand *zustand, QWidget *eltern)
-        : Abschnittsseite(zustand, Abschnitt::modell,
+    Modell(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst, QWidget *eltern)
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::modell,
                           Sprache::text(u"Womit die Dokumente eingeordnet werden. Alles läuft auf diesem Rechner, kein "
                                         "Text verlässt ihn."_s),
-                          eltern)
+                          eltern),
+          m_modelldienst(modelldienst)
     {
         serverBauen();
         m_klein = modellBauen(u"modell"_s, &Profil::modell, Sprache::text(u"Sprachmodell"_s),
@@ -55,7 +57,7 @@ public:
                               Sprache::text(u"Prüft nach, wo sich das Sprachmodell nicht sicher war."_s));
         leseteilBauen();
         abschliessen();
-        connect(zustand, &Zustand::modellGeaendert, this, [this] { zeigen(); });
+        connect(modelldienst, &Modelldienst::modellGeaendert, this, [this] { zeigen(); });
         folgen([this] { zeigen(); });
     }
 
@@ -73,7 +75,7 @@ private:
         m_server->setObjectName(u"modellstand"_s);
         Flachknopf *pruefen = flachknopf(u"modellPruefen"_s, Sprache::text(u"Erneut prüfen"_s),
                                          Sprache::text(u"Fragt den Modellserver noch einmal"_s), u"reload"_s);
-        connect(pruefen, &QToolButton::clicked, zustand(), &Zustand::modellPruefen);
+        connect(pruefen, &QToolButton::clicked, m_modelldienst, &Modelldienst::modellPruefen);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
         waagrecht->setContentsMargins(0, 0, 0, 0);
@@ -97,11 +99,11 @@ private:
         w.laden = knopf(name + u"-laden"_s, Sprache::text(u"Modell laden"_s),
                         Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s));
         w.laden->setAccessibleName(beschriftung + u": "_s + w.laden->text());
-        connect(w.laden, &QPushButton::clicked, zustand(),
-                feld == &Profil::modell ? &Zustand::modellLaden : &Zustand::modellGrossLaden);
+        connect(w.laden, &QPushButton::clicked, m_modelldienst,
+                feld == &Profil::modell ? &Modelldienst::modellLaden : &Modelldienst::modellGrossLaden);
         const auto setzen = [this, feld, wahl = w.wahl] {
             const QString text = wahl->currentText().trimmed();
-            if (!zustand()->modellstand().rechnetAnderswo(text) && (!text.isEmpty() || feld != &Profil::modell))
+            if (!m_modelldienst->modellstand().rechnetAnderswo(text) && (!text.isEmpty() || feld != &Profil::modell))
                 aendern([&](Profil &p) { p.*feld = text; });
             zeigen();
         };
@@ -125,7 +127,7 @@ private:
         m_balken = new Balken(0, m_ladeteil);
         Flachknopf *abbrechen = flachknopf(u"modellLadenAbbrechen"_s, Sprache::text(u"Abbrechen"_s),
                                            Sprache::text(u"Was schon da ist, bleibt für das nächste Mal"_s), u"stop"_s);
-        connect(abbrechen, &QToolButton::clicked, zustand(), &Zustand::modellLadenAbbrechen);
+        connect(abbrechen, &QToolButton::clicked, m_modelldienst, &Modelldienst::modellLadenAbbrechen);
         zeile->addWidget(m_balken, 1);
         zeile->addWidget(abbrechen);
         m_menge = new Marktext(m_ladeteil);
@@ -174,7 +176,7 @@ private:
 
     void zeigen()
     {
-        const Modellstand &stand = zustand()->modellstand();
+        const Modellstand &stand = m_modelldienst->modellstand();
         serverZeigen(stand.art);
         modellZeigen(m_klein);
         modellZeigen(m_gross);
@@ -221,7 +223,7 @@ private:
 
     void modellZeigen(const Modellwahl &w)
     {
-        const Modellstand &stand = zustand()->modellstand();
+        const Modellstand &stand = m_modelldienst->modellstand();
         const QString &gewaehlt = profil().*w.feld;
         wahlZeigen(w, stand, gewaehlt);
         const bool anderswo = stand.rechnetAnderswo(w.wahl->currentText());
@@ -314,7 +316,7 @@ private:
     {
         const double anteil = platzImModell(profil());
         const QString prozent = QString::number(qRound(anteil * 100));
-        const QString rubriken = QString::number(zustand()->einrichtung().zahlen.rubriken);
+        const QString rubriken = QString::number(einrichtung()->stand().zahlen.rubriken);
         if (anteil > 1)
             m_platz->setzen(u"exclamationmark.triangle"_s,
                             gefuellt(Sprache::text(u"Braucht mit Rubriken: %@ etwa %@ Prozent dessen, was das Modell "
@@ -331,6 +333,7 @@ private:
                 gefuellt(Sprache::text(u"Belegt etwa %@ Prozent dessen, was das Modell fasst."_s), {prozent}));
     }
 
+    Modelldienst *m_modelldienst;
     Marktext *m_server = nullptr;
     Modellwahl m_klein{};
     Modellwahl m_gross{};
@@ -344,4 +347,8 @@ private:
 };
 } // namespace
 
-Abschnittsseite *modellseite(Zustand *zustand, QWidget *eltern) { return new Modell(zustand, eltern); }
+Abschnittsseite *modellseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst,
+                             QWidget *eltern)
+{
+    return new Modell(profilwahl, einrichtung, modelldienst, eltern);
+}

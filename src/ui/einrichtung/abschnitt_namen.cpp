@@ -1,6 +1,7 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
 #include "baustein.h"
+#include "einrichtung.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
 #include "flussreihe.h"
@@ -8,7 +9,7 @@
 #include "sprache.h"
 #include "stil.h"
 #include "umbruchtext.h"
-#include "zustand.h"
+#include "vorlagenmangel.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -24,9 +25,9 @@ namespace
 class Namen : public Abschnittsseite
 {
 public:
-    Namen(Zustand *zustand, QWidget *eltern)
+    Namen(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
         : Abschnittsseite(
-              zustand, Abschnitt::namen,
+              profilwahl, einrichtung, Abschnitt::namen,
               Sprache::text(u"Wie die Dateien heißen und in welchen Ordner sie kommen. Ein Baustein wird an "
                             "der Schreibmarke eingesetzt."_s),
               eltern)
@@ -123,7 +124,7 @@ private:
         m_dokument->setObjectName(u"beispiel-dokument"_s);
         m_anderes = flachknopf(u"anderesBeispiel"_s, Sprache::text(u"Anderes Dokument"_s),
                                Sprache::text(u"Zeigt das Beispiel am nächsten wartenden Dokument"_s), u"reload"_s);
-        connect(m_anderes, &QToolButton::clicked, zustand(), &Zustand::anderesBeispiel);
+        connect(m_anderes, &QToolButton::clicked, einrichtung(), &Einrichtung::anderesBeispiel);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
         waagrecht->setContentsMargins(0, 0, 0, 0);
@@ -150,7 +151,7 @@ private:
 
     void beispielZeigen()
     {
-        const Beispiel b = zustand()->beispiel();
+        const Beispiel b = einrichtung()->beispiel();
         m_erklaerung->erklaeren(b.echt ? Sprache::text(u"An einem Dokument, das auf deine Prüfung wartet. Rechnet sich "
                                                        "mit jedem Tastendruck neu."_s)
                                        : Sprache::text(u"Noch wartet kein Dokument, deshalb an einem erfundenen. "
@@ -178,4 +179,7 @@ private:
 };
 } // namespace
 
-Abschnittsseite *namenseite(Zustand *zustand, QWidget *eltern) { return new Namen(zustand, eltern); }
+Abschnittsseite *namenseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
+{
+    return new Namen(profilwahl, einrichtung, eltern);
+}

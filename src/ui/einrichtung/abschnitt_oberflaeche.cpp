@@ -1,11 +1,11 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "fenstersprache.h"
 #include "marktext.h"
 #include "schriftgroesse.h"
 #include "sprache.h"
 #include "stil.h"
-#include "zustand.h"
 
 #include <QComboBox>
 #include <QDesktopServices>
@@ -56,8 +56,8 @@ private:
 class Oberflaeche : public Abschnittsseite
 {
 public:
-    Oberflaeche(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern)
-        : Abschnittsseite(zustand, Abschnitt::oberflaeche,
+    Oberflaeche(Profilwahl *profilwahl, Einrichtung *einrichtung, Fenstersprache *sprache, QWidget *eltern)
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::oberflaeche,
                           Sprache::text(u"Gilt für das ganze Fenster und alle Profile, sofort und ohne Neustart."_s),
                           eltern),
           m_sprache(sprache)
@@ -118,8 +118,8 @@ private:
         waagrecht->addWidget(oeffnen);
         waagrecht->addStretch(1);
         darunter(zeile);
-        connect(oeffnen, &QPushButton::clicked, zustand(), &Zustand::spracheVorbereiten);
-        connect(zustand(), &Zustand::spracheVorbereitet, this,
+        connect(oeffnen, &QPushButton::clicked, einrichtung(), &Einrichtung::spracheVorbereiten);
+        connect(einrichtung(), &Einrichtung::spracheVorbereitet, this,
                 [](const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); });
     }
 
@@ -127,7 +127,8 @@ private:
 };
 } // namespace
 
-Abschnittsseite *oberflaechenseite(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern)
+Abschnittsseite *oberflaechenseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Fenstersprache *sprache,
+                                   QWidget *eltern)
 {
-    return new Oberflaeche(zustand, sprache, eltern);
+    return new Oberflaeche(profilwahl, einrichtung, sprache, eltern);
 }

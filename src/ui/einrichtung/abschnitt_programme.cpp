@@ -1,12 +1,13 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "flachknopf.h"
 #include "marktext.h"
+#include "modelldienst.h"
 #include "ocrsprachen.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
-#include "zustand.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -22,18 +23,19 @@ constexpr int sprachzeichen = 22;
 class Programme : public Abschnittsseite
 {
 public:
-    Programme(Zustand *zustand, QWidget *eltern)
-        : Abschnittsseite(zustand, Abschnitt::programme,
+    Programme(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst, QWidget *eltern)
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::programme,
                           Sprache::text(u"Womit die Dokumente gelesen werden. Alles läuft auf diesem Rechner."_s),
-                          eltern)
+                          eltern),
+          m_modelldienst(modelldienst)
     {
         for (const QString &name : {u"pdftotext"_s, u"pdftoppm"_s, u"tesseract"_s})
             werkzeugBauen(name);
         Flachknopf *pruefen = flachknopf(u"programmePruefen"_s, Sprache::text(u"Erneut prüfen"_s),
                                          Sprache::text(u"Sieht noch einmal nach, was installiert ist"_s), u"reload"_s);
-        connect(pruefen, &QToolButton::clicked, zustand, [zustand] {
-            zustand->einrichtungPruefen();
-            zustand->modellPruefen();
+        connect(pruefen, &QToolButton::clicked, this, [einrichtung, modelldienst] {
+            einrichtung->einrichtungPruefen();
+            modelldienst->modellPruefen();
         });
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
@@ -44,7 +46,7 @@ public:
         spracheBauen();
         serverBauen();
         abschliessen();
-        connect(zustand, &Zustand::modellGeaendert, this, [this] { serverZeigen(); });
+        connect(modelldienst, &Modelldienst::modellGeaendert, this, [this] { serverZeigen(); });
         folgen([this] { zeigen(); });
     }
 
@@ -98,7 +100,7 @@ private:
 
     void zeigen()
     {
-        const auto &programme = zustand()->einrichtung().programme;
+        const auto &programme = einrichtung()->stand().programme;
         for (int i = 0; i < m_werkzeuge.size(); ++i) {
             if (programme)
                 werkzeugZeigen(*m_werkzeuge.at(i), programme->werkzeuge.at(i));
@@ -130,7 +132,7 @@ private:
                 m_sprache->addItem(Ocrsprachen::name(code), code);
         }
         m_sprache->setCurrentIndex(int(auswahl.indexOf(profil().ocrSprache)));
-        const auto &programme = zustand()->einrichtung().programme;
+        const auto &programme = einrichtung()->stand().programme;
         if (!programme || installierte.isEmpty())
             return m_sprachstand->erklaeren(Sprache::text(u"Noch keine Sprachen gefunden."_s));
         if (programme->kann(profil().ocrSprache))
@@ -144,21 +146,22 @@ private:
 
     void serverZeigen()
     {
-        switch (zustand()->modellstand().art) {
+        switch (m_modelldienst->modellstand().art) {
         case Modellstand::Art::unbekannt:
             m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
             return m_rat->erklaeren({});
         case Modellstand::Art::serverFehlt:
-            m_server->setzen(u"exclamationmark.triangle"_s, zustand()->modellMeldung());
+            m_server->setzen(u"exclamationmark.triangle"_s, m_modelldienst->modellMeldung());
             return m_rat->erklaeren(
                 Sprache::text(u"Starte ihn mit „ollama serve“. Fehlt er ganz, installiere das Programm ollama und "
                               "prüfe dann erneut."_s));
         default:
             m_server->setzen(u"checkmark.circle"_s, Sprache::text(u"Der Modellserver läuft."_s));
-            m_rat->erklaeren(zustand()->modellMeldung());
+            m_rat->erklaeren(m_modelldienst->modellMeldung());
         }
     }
 
+    Modelldienst *m_modelldienst;
     QList<Marktext *> m_werkzeuge;
     QComboBox *m_sprache = nullptr;
     Marktext *m_sprachstand = nullptr;
@@ -167,4 +170,8 @@ private:
 };
 } // namespace
 
-Abschnittsseite *programmseite(Zustand *zustand, QWidget *eltern) { return new Programme(zustand, eltern); }
+Abschnittsseite *programmseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst,
+                               QWidget *eltern)
+{
+    return new Programme(profilwahl, einrichtung, modelldienst, eltern);
+}

@@ -1,11 +1,12 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "einrichtung.h"
 #include "marktext.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
 #include "strukturmodell.h"
 #include "text.h"
-#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -27,9 +28,9 @@ constexpr int sichtbareZeilen = 8;
 class Ziel : public Abschnittsseite
 {
 public:
-    Ziel(Zustand *zustand, QWidget *eltern)
+    Ziel(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
         : Abschnittsseite(
-              zustand, Abschnitt::ziel,
+              profilwahl, einrichtung, Abschnitt::ziel,
               Sprache::text(u"Die Wurzel deiner Ablage. Darunter liegen Zweige, Ablagen und Rubriken so, wie du sie "
                             "angelegt hast."_s),
               eltern)
@@ -37,19 +38,19 @@ public:
         ordnerBauen();
         betriebsartBauen();
         strukturBauen();
-        connect(zustand, &Zustand::strukturGeaendert, this, [this] {
-            m_modell->setzen(this->zustand()->einrichtung().struktur);
+        connect(einrichtung, &Einrichtung::strukturGeaendert, this, [this] {
+            m_modell->setzen(this->einrichtung()->stand().struktur);
             m_baum->expandAll();
             zahlenZeigen();
         });
-        m_modell->setzen(zustand->einrichtung().struktur);
+        m_modell->setzen(einrichtung->stand().struktur);
         m_baum->expandAll();
         folgen([this] { zeigen(); });
     }
 
     [[nodiscard]] QString fussnote() const override
     {
-        const Strukturzahlen &z = zustand()->einrichtung().zahlen;
+        const Strukturzahlen &z = einrichtung()->stand().zahlen;
         return z.neu > 0 || z.entfallen > 0
                    ? Sprache::text(u"Die Änderungen der Struktur gelten ab dem nächsten Durchgang."_s)
                    : QString();
@@ -116,7 +117,7 @@ private:
             knopf->setMinimumHeight(abstand(30));
             paar->setSpacing(abstand(8));
         });
-        connect(knopf, &QRadioButton::clicked, this, [this, kopieren] { zustand()->kopierenSetzen(kopieren); });
+        connect(knopf, &QRadioButton::clicked, this, [this, kopieren] { profilwahl()->kopierenSetzen(kopieren); });
         return knopf;
     }
 
@@ -127,7 +128,7 @@ private:
         m_einlesen =
             knopf(u"strukturEinlesen"_s, Sprache::text(u"Struktur einlesen"_s),
                   Sprache::text(u"Liest die Ordner unter dem Zielordner. Verändert wird dort nichts."_s), u"reload"_s);
-        connect(m_einlesen, &QPushButton::clicked, zustand(), &Zustand::strukturEinlesen);
+        connect(m_einlesen, &QPushButton::clicked, einrichtung(), &Einrichtung::strukturEinlesen);
         titel(Sprache::text(u"Struktur"_s), m_zahlen, m_einlesen);
         m_modell = new Strukturmodell(this);
         m_baum = new QTreeView(this);
@@ -158,7 +159,7 @@ private:
     {
         m_verschieben->setChecked(!profil().kopieren);
         m_kopieren->setChecked(profil().kopieren);
-        const auto &bereit = zustand()->bereitschaft();
+        const auto &bereit = profilwahl()->bereitschaft();
         const bool da = bereit && bereit->ziel;
         if (profil().zielWurzel.isEmpty())
             m_wurzelstand->erklaeren(Sprache::text(u"Noch nicht gewählt. Hierhin wandern die Dokumente, die du "
@@ -171,13 +172,13 @@ private:
                 Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
         else
             m_wurzelstand->setzen(u"checkmark.circle"_s, Sprache::text(u"Ordner gefunden."_s));
-        m_einlesen->setEnabled(!profil().zielWurzel.isEmpty() && !zustand()->einrichtung().liestStruktur);
+        m_einlesen->setEnabled(!profil().zielWurzel.isEmpty() && !einrichtung()->stand().liestStruktur);
         zahlenZeigen();
     }
 
     void zahlenZeigen()
     {
-        const Einrichtungsstand &e = zustand()->einrichtung();
+        const Einrichtungsstand &e = einrichtung()->stand();
         const Strukturzahlen &z = e.zahlen;
         if (e.liestStruktur)
             return m_zahlen->setzen(u"circle.running"_s, Sprache::text(u"Ordner werden gelesen …"_s));
@@ -210,4 +211,7 @@ private:
 };
 } // namespace
 
-Abschnittsseite *zielseite(Zustand *zustand, QWidget *eltern) { return new Ziel(zustand, eltern); }
+Abschnittsseite *zielseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
+{
+    return new Ziel(profilwahl, einrichtung, eltern);
+}

@@ -1,16 +1,23 @@
 #pragma once
 
 class Abschnittsseite;
+class Einrichtung;
 class Fenstersprache;
+class Modelldienst;
+class Profilwahl;
+class Pruefung;
 class QWidget;
-class Zustand;
 
 /** The sections of the setup card, one to a file. */
-[[nodiscard]] Abschnittsseite *programmseite(Zustand *zustand, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *herkunftseite(Zustand *zustand, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *zielseite(Zustand *zustand, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *namenseite(Zustand *zustand, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *eigentuemerseite(Zustand *zustand, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *modellseite(Zustand *zustand, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *gelerntseite(Zustand *zustand, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *oberflaechenseite(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern);
+[[nodiscard]] Abschnittsseite *programmseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
+                                             Modelldienst *modelldienst, QWidget *eltern);
+[[nodiscard]] Abschnittsseite *herkunftseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Pruefung *pruefung,
+                                             QWidget *eltern);
+[[nodiscard]] Abschnittsseite *zielseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
+[[nodiscard]] Abschnittsseite *namenseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
+[[nodiscard]] Abschnittsseite *eigentuemerseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
+[[nodiscard]] Abschnittsseite *modellseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst,
+                                           QWidget *eltern);
+[[nodiscard]] Abschnittsseite *gelerntseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
+[[nodiscard]] Abschnittsseite *oberflaechenseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
+                                                 Fenstersprache *sprache, QWidget *eltern);

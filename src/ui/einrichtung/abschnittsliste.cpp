@@ -1,10 +1,10 @@
 #include "abschnittsliste.h"
 
+#include "einrichtung.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QPainter>
 #include <QStandardItemModel>
@@ -122,8 +122,8 @@ private:
 };
 } // namespace
 
-Abschnittsliste::Abschnittsliste(Zustand *zustand, QWidget *eltern)
-    : QListView(eltern), m_zustand(zustand), m_zeilen(new QStandardItemModel(this))
+Abschnittsliste::Abschnittsliste(Einrichtung *einrichtung, QWidget *eltern)
+    : QListView(eltern), m_einrichtung(einrichtung), m_zeilen(new QStandardItemModel(this))
 {
     setObjectName(u"abschnitte"_s);
     setAccessibleName(Sprache::text(u"Abschnitte der Einrichtung"_s));
@@ -138,11 +138,8 @@ Abschnittsliste::Abschnittsliste(Zustand *zustand, QWidget *eltern)
     for (const Abschnitt abschnitt : alleAbschnitte())
         m_zeilen->appendRow(new QStandardItem(abschnittTitel(abschnitt)));
     setModel(m_zeilen);
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert, &Zustand::bereitschaftGeaendert,
-                              &Zustand::einrichtungGeaendert, &Zustand::strukturGeaendert, &Zustand::modellGeaendert,
-                              &Zustand::gelerntGelesen, &Zustand::zaehlwerkGeaendert})
-        connect(m_zustand, signal, this, &Abschnittsliste::zeigen);
-    connect(m_zustand, &Zustand::abschnittGeaendert, this, &Abschnittsliste::waehlen);
+    connect(m_einrichtung, &Einrichtung::staendeGeaendert, this, &Abschnittsliste::zeigen);
+    connect(m_einrichtung, &Einrichtung::abschnittGeaendert, this, &Abschnittsliste::waehlen);
     Stil::folgen(this, [this] {
         setSpacing(1);
         scheduleDelayedItemsLayout();
@@ -155,7 +152,7 @@ Abschnittsliste::Abschnittsliste(Zustand *zustand, QWidget *eltern)
 void Abschnittsliste::zeigen()
 {
     for (const Abschnitt abschnitt : alleAbschnitte()) {
-        Abschnittsstand stand = m_zustand->abschnittsstand(abschnitt);
+        Abschnittsstand stand = m_einrichtung->abschnittsstand(abschnitt);
         if (abschnitt == Abschnitt::oberflaeche)
             stand.zeile = m_fenster;
         QStandardItem *zeile = m_zeilen->item(int(abschnitt));
@@ -168,11 +165,11 @@ void Abschnittsliste::zeigen()
     }
 }
 
-void Abschnittsliste::waehlen() { setCurrentIndex(m_zeilen->index(int(m_zustand->abschnitt()), 0)); }
+void Abschnittsliste::waehlen() { setCurrentIndex(m_zeilen->index(int(m_einrichtung->abschnitt()), 0)); }
 
 void Abschnittsliste::currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher)
 {
     QListView::currentChanged(jetzt, vorher);
     if (jetzt.isValid())
-        m_zustand->setzeAbschnitt(Abschnitt(jetzt.row()));
+        m_einrichtung->setzeAbschnitt(Abschnitt(jetzt.row()));
 }

@@ -3,7 +3,7 @@
 #include <QListView>
 
 class QStandardItemModel;
-class Zustand;
+class Einrichtung;
 
 /** The sections of the setup card: a mark for the state of each, its title and one line of what is set. */
 class Abschnittsliste : public QListView
@@ -11,7 +11,7 @@ class Abschnittsliste : public QListView
     Q_OBJECT
 
 public:
-    explicit Abschnittsliste(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Abschnittsliste(Einrichtung *einrichtung, QWidget *eltern = nullptr);
 
 protected:
     void currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher) override;
@@ -20,7 +20,7 @@ private:
     void zeigen();
     void waehlen();
 
-    Zustand *m_zustand;
+    Einrichtung *m_einrichtung;
     QStandardItemModel *m_zeilen;
     QString m_fenster; ///< language and font size, which are no business of the state object
 };

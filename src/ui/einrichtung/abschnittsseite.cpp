@@ -1,13 +1,15 @@
 #include "abschnittsseite.h"
 
+#include "einrichtung.h"
 #include "flachknopf.h"
 #include "knopf.h"
 #include "marktext.h"
+#include "ordnerwahl.h"
+#include "profilwahl.h"
 #include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"
-#include "zustand.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -69,8 +71,9 @@ void feldmass(QWidget *feld)
     });
 }
 
-Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QString &erklaerung, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_raster(new QGridLayout(this))
+Abschnittsseite::Abschnittsseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Abschnitt abschnitt,
+                                 const QString &erklaerung, QWidget *eltern)
+    : QWidget(eltern), m_profilwahl(profilwahl), m_einrichtung(einrichtung), m_raster(new QGridLayout(this))
 {
     setObjectName(u"abschnitt-"_s + rohwert(abschnitt));
     m_raster->setColumnStretch(1, 1);
@@ -87,23 +90,24 @@ Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QS
 const Profil &Abschnittsseite::profil() const
 {
     static const Profil keines;
-    return m_zustand->aktiv() ? *m_zustand->aktiv() : keines;
+    return m_profilwahl->aktiv() ? *m_profilwahl->aktiv() : keines;
 }
 
 void Abschnittsseite::aendern(const std::function<void(Profil &)> &aenderung) const
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    Profil neu = *m_zustand->aktiv();
+    Profil neu = *m_profilwahl->aktiv();
     aenderung(neu);
-    m_zustand->profilAendern(neu);
+    m_profilwahl->profilAendern(neu);
 }
 
 void Abschnittsseite::folgen(const std::function<void()> &zeigen)
 {
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::profileGeaendert, &Zustand::bereitschaftGeaendert,
-                              &Zustand::einrichtungGeaendert})
-        connect(m_zustand, signal, this, zeigen);
+    for (const auto signal :
+         {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert, &Profilwahl::bereitschaftGeaendert})
+        connect(m_profilwahl, signal, this, zeigen);
+    connect(m_einrichtung, &Einrichtung::einrichtungGeaendert, this, zeigen);
     zeigen();
 }
 
@@ -260,7 +264,7 @@ QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
         pruefen(profil().*feld);
     };
     connect(eingabe, &QLineEdit::editingFinished, this, zuruecksetzen);
-    connect(m_zustand, &Zustand::aktivGeaendert, this, zuruecksetzen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, zuruecksetzen);
     return eingabe;
 }
 
@@ -270,13 +274,13 @@ QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*fel
     QPushButton *waehlen = knopf(name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), frage);
     connect(waehlen, &QPushButton::clicked, this, [this, eingabe, feld, frage] {
         const QString zweck = eingabe->objectName() + u'-' + profil().id.toString(QUuid::WithoutBraces);
-        if (const auto ordner = Zustand::ordnerWaehlen(frage, zweck, profil().*feld)) {
+        if (const auto ordner = Ordnerwahl::ordnerWaehlen(frage, zweck, profil().*feld)) {
             aendern([&](Profil &p) { p.*feld = *ordner; });
             eingabe->setText(*ordner);
         }
     });
     // The folder may have been made meanwhile.
-    connect(eingabe, &QLineEdit::editingFinished, m_zustand, &Zustand::einrichtungPruefen);
+    connect(eingabe, &QLineEdit::editingFinished, m_einrichtung, &Einrichtung::einrichtungPruefen);
     *teil = nebeneinander(this, eingabe, waehlen, 1);
     return eingabe;
 }

@@ -14,7 +14,8 @@ class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class Zustand;
+class Einrichtung;
+class Profilwahl;
 
 /** One section of the setup card: title, explanation, and rows of a label and what belongs to it. */
 class Abschnittsseite : public QWidget
@@ -37,9 +38,11 @@ public:
     [[nodiscard]] virtual QString fussnote() const { return {}; }
 
 protected:
-    Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QString &erklaerung, QWidget *eltern);
+    Abschnittsseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Abschnitt abschnitt, const QString &erklaerung,
+                    QWidget *eltern);
 
-    [[nodiscard]] Zustand *zustand() const { return m_zustand; }
+    [[nodiscard]] Profilwahl *profilwahl() const { return m_profilwahl; }
+    [[nodiscard]] Einrichtung *einrichtung() const { return m_einrichtung; }
     [[nodiscard]] const Profil &profil() const;
     /** Changes the active profile; it is saved with that. */
     void aendern(const std::function<void(Profil &)> &aenderung) const;
@@ -83,7 +86,8 @@ private:
     void legen(const Reihe &reihe);
     void ausrichten(const Reihe &reihe) const;
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
+    Einrichtung *m_einrichtung;
     QGridLayout *m_raster;
     QList<Reihe> m_reihen;
     QList<QBoxLayout *> m_kippende;

@@ -3,12 +3,17 @@
 #include "abschnitte.h"
 #include "abschnittsliste.h"
 #include "abschnittsseite.h"
+#include "durchgang.h"
+#include "einrichtung.h"
 #include "erststart.h"
 #include "hauptknopf.h"
 #include "hinweisfeld.h"
 #include "leeransicht.h"
 #include "marktext.h"
+#include "modelldienst.h"
 #include "profilleiste.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "rollbereich.h"
 #include "sprache.h"
 #include "stil.h"
@@ -39,8 +44,8 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
 {
     setObjectName(u"einrichtung"_s);
     setFocusPolicy(Qt::ClickFocus);
-    auto *erststart = new Erststart(Zustand::datenordner(), m_zustand->unlesbareProfile(), this);
-    connect(erststart, &Erststart::anlegen, m_zustand, &Zustand::neuesProfil);
+    auto *erststart = new Erststart(Profilwahl::datenordner(), m_zustand->profilwahl()->unlesbareProfile(), this);
+    connect(erststart, &Erststart::anlegen, m_zustand->profilwahl(), &Profilwahl::neuesProfil);
     auto *inhalt = new QWidget(this);
     auto *waagrecht = new QHBoxLayout(inhalt);
     waagrecht->setContentsMargins(0, 0, 0, 0);
@@ -49,11 +54,10 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
     waagrecht->addWidget(rechteSeite(sprache), 1);
     m_stapel->addWidget(erststart);
     m_stapel->addWidget(inhalt);
-    for (const auto signal :
-         {&Zustand::aktivGeaendert, &Zustand::profileGeaendert, &Zustand::abschnittGeaendert,
-          &Zustand::bereitschaftGeaendert, &Zustand::einrichtungGeaendert, &Zustand::strukturGeaendert,
-          &Zustand::modellGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert, &Zustand::zaehlwerkGeaendert})
-        connect(m_zustand, signal, this, &EinrichtungsAnsicht::zeigen);
+    for (const auto signal : {&Einrichtung::abschnittGeaendert, &Einrichtung::staendeGeaendert})
+        connect(m_zustand->einrichtung(), signal, this, &EinrichtungsAnsicht::zeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::oeffnetGeaendert, this, &EinrichtungsAnsicht::zeigen);
+    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &EinrichtungsAnsicht::zeigen);
     Stil::folgen(this, [this] { beschriftungenAusrichten(); });
     zeigen();
 }
@@ -61,8 +65,8 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
 QWidget *EinrichtungsAnsicht::linkeSeite()
 {
     m_links = new QWidget(this);
-    m_liste = new Abschnittsliste(m_zustand, m_links);
-    auto *profil = new Profilleiste(m_zustand, m_links);
+    m_liste = new Abschnittsliste(m_zustand->einrichtung(), m_links);
+    auto *profil = new Profilleiste(m_zustand->profilwahl(), m_links);
     auto *spalte = new QVBoxLayout(m_links);
     spalte->addWidget(m_liste, 1);
     spalte->addWidget(profil);
@@ -93,7 +97,7 @@ QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
         new Hinweisfeld(true, u"exclamationmark.triangle"_s, {}, Sprache::text(u"Noch einmal versuchen"_s), seite);
     m_katalogfehler->setObjectName(u"katalogfehler"_s);
     m_katalogfehler->knopf()->setObjectName(u"katalogErneutOeffnen"_s);
-    connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand, &Zustand::erneutOeffnen);
+    connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand->profilwahl(), &Profilwahl::erneutOeffnen);
     spalte->addWidget(m_katalogfehler);
     spalte->addWidget(m_seiten, 1);
     spalte->addWidget(m_fuss);
@@ -107,11 +111,17 @@ QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
 
 void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
 {
+    Profilwahl *wahl = m_zustand->profilwahl();
+    Einrichtung *einrichtung = m_zustand->einrichtung();
     const QList<Abschnittsseite *> seiten = {
-        programmseite(m_zustand, this),    herkunftseite(m_zustand, this),
-        zielseite(m_zustand, this),        namenseite(m_zustand, this),
-        eigentuemerseite(m_zustand, this), modellseite(m_zustand, this),
-        gelerntseite(m_zustand, this),     oberflaechenseite(m_zustand, sprache, this),
+        programmseite(wahl, einrichtung, m_zustand->modelldienst(), this),
+        herkunftseite(wahl, einrichtung, m_zustand->pruefung(), this),
+        zielseite(wahl, einrichtung, this),
+        namenseite(wahl, einrichtung, this),
+        eigentuemerseite(wahl, einrichtung, this),
+        modellseite(wahl, einrichtung, m_zustand->modelldienst(), this),
+        gelerntseite(wahl, einrichtung, this),
+        oberflaechenseite(wahl, einrichtung, sprache, this),
     };
     for (const Abschnitt abschnitt : alleAbschnitte()) {
         Abschnittsseite *seite = seiten.at(int(abschnitt));
@@ -152,17 +162,17 @@ void EinrichtungsAnsicht::setzeEng(bool eng)
 
 void EinrichtungsAnsicht::zeigen()
 {
-    const bool da = m_zustand->aktiv().has_value();
+    const bool da = m_zustand->profilwahl()->aktiv() != nullptr;
     const bool gewechselt = m_stapel->currentIndex() != (da ? 1 : 0);
     m_stapel->setCurrentIndex(da ? 1 : 0);
     setFocusProxy(da ? static_cast<QWidget *>(m_liste) : m_stapel->widget(0));
     if (gewechselt && isVisible())
         setFocus();
-    m_katalogfehler->setVisible(!m_zustand->katalogfehler().isEmpty());
-    if (!m_zustand->katalogfehler().isEmpty())
+    m_katalogfehler->setVisible(!m_zustand->profilwahl()->katalogfehler().isEmpty());
+    if (!m_zustand->profilwahl()->katalogfehler().isEmpty())
         m_katalogfehler->setzeText(Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s) + u": "_s +
-                                   katalogfehlersatz(*m_zustand));
-    m_seiten->setCurrentIndex(int(m_zustand->abschnitt()));
+                                   katalogfehlersatz(*m_zustand->profilwahl()));
+    m_seiten->setCurrentIndex(int(m_zustand->einrichtung()->abschnitt()));
     if (da)
         weiterZeigen();
     update();
@@ -173,13 +183,13 @@ void EinrichtungsAnsicht::changeEvent(QEvent *ereignis)
 {
     QWidget::changeEvent(ereignis);
     if (ereignis->type() == QEvent::ActivationChange && isActiveWindow() && isVisible())
-        m_zustand->einrichtungPruefen();
+        m_zustand->einrichtung()->einrichtungPruefen();
 }
 
 void EinrichtungsAnsicht::showEvent(QShowEvent *ereignis)
 {
     QWidget::showEvent(ereignis);
-    if (m_zustand->aktiv())
+    if (m_zustand->profilwahl()->aktiv())
         weiterZeigen();
 }
 
@@ -187,9 +197,9 @@ void EinrichtungsAnsicht::weiterZeigen()
 {
     if (!isVisible())
         return; // a run tells of its progress many times a second
-    const auto naechster = m_zustand->naechsterAbschnitt(m_zustand->abschnitt());
-    const QString hindernis = naechster ? QString() : m_zustand->starthindernis();
-    const QString fussnote = m_abschnitte[m_zustand->abschnitt()]->fussnote();
+    const auto naechster = m_zustand->einrichtung()->naechsterAbschnitt(m_zustand->einrichtung()->abschnitt());
+    const QString hindernis = naechster ? QString() : m_zustand->einrichtung()->starthindernis();
+    const QString fussnote = m_abschnitte[m_zustand->einrichtung()->abschnitt()]->fussnote();
     m_weiter->setText(naechster ? gefuellt(Sprache::text(u"Weiter zu %@"_s), {abschnittTitel(*naechster)})
                                 : Sprache::text(u"Durchgang starten"_s));
     m_weiter->setAccessibleName(m_weiter->text());
@@ -201,19 +211,19 @@ void EinrichtungsAnsicht::weiterZeigen()
 
 void EinrichtungsAnsicht::weiter()
 {
-    if (const auto naechster = m_zustand->naechsterAbschnitt(m_zustand->abschnitt())) {
-        m_zustand->setzeAbschnitt(*naechster);
+    if (const auto naechster = m_zustand->einrichtung()->naechsterAbschnitt(m_zustand->einrichtung()->abschnitt())) {
+        m_zustand->einrichtung()->setzeAbschnitt(*naechster);
         return;
     }
-    if (!m_zustand->starthindernis().isEmpty())
+    if (!m_zustand->einrichtung()->starthindernis().isEmpty())
         return;
     m_zustand->setzeReiter(Reiter::ablauf);
-    m_zustand->durchgangErbitten();
+    m_zustand->durchgang()->durchgangErbitten();
 }
 
 void EinrichtungsAnsicht::paintEvent(QPaintEvent *)
 {
-    if (!m_zustand->aktiv())
+    if (!m_zustand->profilwahl()->aktiv())
         return;
     QPainter maler(this);
     maler.fillRect(m_links->width(), 0, 1, height(), Stil::linie(palette()));

@@ -1,12 +1,12 @@
 #include "profilleiste.h"
 
 #include "flachknopf.h"
+#include "profilwahl.h"
 #include "rueckfrage.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zeile.h"
-#include "zustand.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -17,8 +17,8 @@
 using namespace Qt::StringLiterals;
 using Stil::abstand;
 
-Profilleiste::Profilleiste(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand),
+Profilleiste::Profilleiste(Profilwahl *profilwahl, QWidget *eltern)
+    : QWidget(eltern), m_profilwahl(profilwahl),
       m_umbenennen(new Flachknopf(u"profilUmbenennen"_s, u"pencil"_s, Sprache::text(u"Profil umbenennen …"_s),
                                   Sprache::text(u"Gibt dem Profil einen anderen Namen. Sonst ändert sich nichts."_s),
                                   this)),
@@ -41,10 +41,10 @@ Profilleiste::Profilleiste(Zustand *zustand, QWidget *eltern)
     connect(m_frage, &Rueckfrage::abgebrochen, this, &Profilleiste::schliessen);
     connect(m_frage, &Rueckfrage::bestaetigt, this, [this] {
         schliessen();
-        if (m_zustand->aktiv())
-            m_zustand->profilEntfernen(m_zustand->aktiv()->id);
+        if (m_profilwahl->aktiv())
+            m_profilwahl->profilEntfernen(m_profilwahl->aktiv()->id);
     });
-    connect(m_zustand, &Zustand::aktivGeaendert, this, &Profilleiste::schliessen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Profilleiste::schliessen);
     Stil::folgen(this, [spalte] { spalte->setSpacing(abstand(4)); });
     schliessen();
 }
@@ -81,12 +81,12 @@ void Profilleiste::namensfeldBauen()
 
 void Profilleiste::umbenennen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
     m_umbenennen->hide();
     m_entfernen->hide();
     m_namensteil->show();
-    m_name->setText(m_zustand->aktiv()->name);
+    m_name->setText(m_profilwahl->aktiv()->name);
     m_name->selectAll();
     m_name->setFocus();
 }
@@ -94,24 +94,24 @@ void Profilleiste::umbenennen()
 void Profilleiste::nameUebernehmen()
 {
     const QString name = m_name->text().trimmed();
-    if (name.isEmpty() || !m_zustand->aktiv())
+    if (name.isEmpty() || !m_profilwahl->aktiv())
         return;
-    Profil neu = *m_zustand->aktiv();
+    Profil neu = *m_profilwahl->aktiv();
     neu.name = name;
-    m_zustand->profilAendern(neu);
+    m_profilwahl->profilAendern(neu);
     schliessen();
     m_umbenennen->setFocus();
 }
 
 void Profilleiste::entfernenFragen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
     m_umbenennen->hide();
     m_entfernen->hide();
     m_frage->fragen(gefuellt(Sprache::text(u"%@ aus der Liste nehmen? Deine Dokumente bleiben, wo sie sind. Auch der "
                                            "Katalog mit allem, was gelesen und gelernt wurde, bleibt liegen: in %@."_s),
-                             {m_zustand->aktiv()->name, Zustand::datenordner()}));
+                             {m_profilwahl->aktiv()->name, Profilwahl::datenordner()}));
 }
 
 void Profilleiste::schliessen()

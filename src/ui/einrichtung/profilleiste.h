@@ -5,7 +5,7 @@
 class Flachknopf;
 class QLineEdit;
 class Rueckfrage;
-class Zustand;
+class Profilwahl;
 
 /** Renames or removes the active profile; what it asks takes the place of its buttons. */
 class Profilleiste : public QWidget
@@ -13,7 +13,7 @@ class Profilleiste : public QWidget
     Q_OBJECT
 
 public:
-    explicit Profilleiste(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Profilleiste(Profilwahl *profilwahl, QWidget *eltern = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent *ereignis) override;
@@ -25,7 +25,7 @@ private:
     void entfernenFragen();
     void schliessen();
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
     Flachknopf *m_umbenennen;
     Flachknopf *m_entfernen;
     QWidget *m_namensteil;

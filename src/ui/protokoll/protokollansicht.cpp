@@ -1,11 +1,14 @@
 #include "protokollansicht.h"
 
+#include "ausfuehrung.h"
 #include "bewegungsliste.h"
 #include "bewegungsmodell.h"
 #include "elidiertext.h"
 #include "leeransicht.h"
 #include "pfade.h"
+#include "profilwahl.h"
 #include "rueckbaufeld.h"
+#include "sitzungen.h"
 #include "sitzungskopf.h"
 #include "sitzungsseite.h"
 #include "sprache.h"
@@ -29,7 +32,7 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
 {
     setObjectName(u"protokoll"_s);
     setFocusPolicy(Qt::ClickFocus);
-    m_sitzungen = new Sitzungsseite(m_zustand, this);
+    m_sitzungen = new Sitzungsseite(m_zustand->profilwahl(), m_zustand->sitzungen(), m_zustand->ausfuehrung(), this);
     m_teiler = new Teiler(m_sitzungen, sitzungsteil(), this);
     m_teiler->setzeAnteil(m_zustand->teilung());
     m_leere = new Leeransicht(this);
@@ -100,28 +103,30 @@ QWidget *ProtokollAnsicht::bewegungsteil()
 
 void ProtokollAnsicht::tastenBauen()
 {
-    kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this, [this] { m_zustand->letztenSchrittZurueck(); });
+    kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this, [this] { m_zustand->ausfuehrung()->letztenSchrittZurueck(); });
 }
 
 void ProtokollAnsicht::verbinden()
 {
     connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
     connect(m_zustand, &Zustand::teilungGeaendert, this, [this] { m_teiler->setzeAnteil(m_zustand->teilung()); });
-    for (const auto signal : {&Zustand::aktivGeaendert, &Zustand::oeffnetGeaendert})
-        connect(m_zustand, signal, this, &ProtokollAnsicht::zeigen);
-    connect(m_zustand, &Zustand::protokollGeaendert, this, &ProtokollAnsicht::sitzungZeigen);
-    connect(m_zustand, &Zustand::rueckbauGeaendert, this, [this] {
-        if (!m_zustand->rueckbauLaeuft())
-            m_liste->modell()->setzeBilanz(m_zustand->rueckbauBilanz());
+    for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::oeffnetGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &ProtokollAnsicht::zeigen);
+    connect(m_zustand->sitzungen(), &Sitzungen::protokollGeaendert, this, &ProtokollAnsicht::sitzungZeigen);
+    connect(m_zustand->sitzungen(), &Sitzungen::rueckbauGeaendert, this, [this] {
+        if (!m_zustand->sitzungen()->rueckbauLaeuft())
+            m_liste->modell()->setzeBilanz(m_zustand->sitzungen()->rueckbauBilanz());
     });
-    connect(m_zustand, &Zustand::protokollDateienGeaendert, this, [this] { m_titel->setzeText(titel()); });
-    connect(m_zustand, &Zustand::protokollDateienGeaendert, m_liste->modell(), &Bewegungsmodell::veralten);
+    connect(m_zustand->sitzungen(), &Sitzungen::protokollDateienGeaendert, this,
+            [this] { m_titel->setzeText(titel()); });
+    connect(m_zustand->sitzungen(), &Sitzungen::protokollDateienGeaendert, m_liste->modell(),
+            &Bewegungsmodell::veralten);
     // Whatever was done, files may lie elsewhere now.
-    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
-        if (m_zustand->beschaeftigt() || !isVisible())
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
+        if (m_zustand->ausfuehrung()->beschaeftigt() || !isVisible())
             return;
         m_liste->modell()->veralten();
-        m_zustand->protokollAuffrischen();
+        m_zustand->sitzungen()->protokollAuffrischen();
     });
 }
 
@@ -134,32 +139,33 @@ void ProtokollAnsicht::showEvent(QShowEvent *ereignis)
 void ProtokollAnsicht::focusInEvent(QFocusEvent *ereignis)
 {
     QWidget::focusInEvent(ereignis);
-    if (m_zustand->offen())
+    if (m_zustand->profilwahl()->offen())
         m_sitzungen->zurAuswahl();
 }
 
 void ProtokollAnsicht::zeigen()
 {
-    const bool da = m_zustand->aktiv() && m_zustand->katalogfehler().isEmpty();
+    const bool da = m_zustand->profilwahl()->aktiv() && m_zustand->profilwahl()->katalogfehler().isEmpty();
     m_stapel->setCurrentIndex(da ? 0 : 1);
     if (!da)
-        m_leere->ohneKatalogSetzen(u"large.clock"_s, *m_zustand);
+        m_leere->ohneKatalogSetzen(u"large.clock"_s, *m_zustand->profilwahl());
 }
 
 /** A log that does not lie in the folder of this profile is called by its file. */
 QString ProtokollAnsicht::titel() const
 {
-    const QString datei = m_zustand->protokollDatei().value_or(QString());
-    const bool laufend = m_zustand->laufendesBuch() && m_zustand->laufendesBuch()->datei() == datei;
-    if (datei.isEmpty() || laufend || m_zustand->protokollDateien().contains(datei))
+    const QString datei = m_zustand->sitzungen()->protokollDatei().value_or(QString());
+    const bool laufend =
+        m_zustand->sitzungen()->laufendesBuch() && m_zustand->sitzungen()->laufendesBuch()->datei() == datei;
+    if (datei.isEmpty() || laufend || m_zustand->sitzungen()->protokollDateien().contains(datei))
         return Sprache::text(u"Sitzung"_s);
     return gefuellt(Sprache::text(u"Sitzung aus %@"_s), {nameVon(datei)});
 }
 
 QString ProtokollAnsicht::anzahl() const
 {
-    const qsizetype zeilen = m_zustand->protokollZeilen().size();
-    if (m_zustand->protokollLaedt())
+    const qsizetype zeilen = m_zustand->sitzungen()->protokollZeilen().size();
+    if (m_zustand->sitzungen()->protokollLaedt())
         return Sprache::text(u"Wird gelesen …"_s);
     if (zeilen == 0)
         return Sprache::text(u"In dieser Datei steht keine lesbare Bewegung."_s);
@@ -169,13 +175,13 @@ QString ProtokollAnsicht::anzahl() const
 
 void ProtokollAnsicht::sitzungZeigen()
 {
-    const Protokollkopf kopf = m_zustand->protokollKopf().value_or(Protokollkopf{});
-    m_rechts->setCurrentIndex(m_zustand->protokollDatei() ? 1 : 0);
-    m_kopf->zeigen(m_zustand->protokollKopf());
+    const Protokollkopf kopf = m_zustand->sitzungen()->protokollKopf().value_or(Protokollkopf{});
+    m_rechts->setCurrentIndex(m_zustand->sitzungen()->protokollDatei() ? 1 : 0);
+    m_kopf->zeigen(m_zustand->sitzungen()->protokollKopf());
     m_titel->setzeText(titel());
-    m_titel->setzeHilfe(m_zustand->protokollDatei().value_or(QString()));
+    m_titel->setzeHilfe(m_zustand->sitzungen()->protokollDatei().value_or(QString()));
     m_anzahl->setText(anzahl());
-    m_liste->modell()->setzen(m_zustand->protokollZeilen(), kopf.quelle, kopf.ziel);
+    m_liste->modell()->setzen(m_zustand->sitzungen()->protokollZeilen(), kopf.quelle, kopf.ziel);
     anordnen();
 }
 

@@ -2,13 +2,13 @@
 
 #include "elidiertext.h"
 #include "flachknopf.h"
-#include "hintergrund.h"
 #include "hinweisfeld.h"
 #include "knopf.h"
 #include "kurzpfad.h"
+#include "ordnerwahl.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
-#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,13 +17,14 @@ using namespace Qt::StringLiterals;
 using Stil::abstand;
 using Stil::Schrift;
 
-Protokollordner::Protokollordner(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_ort(new Elidiertext(Qt::ElideMiddle, this)),
+Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
+    : QWidget(eltern), m_profilwahl(profilwahl), m_ort(new Elidiertext(Qt::ElideMiddle, this)),
       m_pfad(new Elidiertext(Qt::ElideMiddle, this)),
       m_warnung(new Hinweisfeld(true, u"exclamationmark.triangle"_s,
                                 Sprache::text(u"In diesen Ordner lässt sich nicht schreiben, oder er ist nicht da. "
                                               "Wähle einen anderen, oder schließe das Laufwerk an."_s),
-                                {}, this))
+                                {}, this)),
+      m_frage(this)
 {
     const QString hilfe =
         Sprache::text(u"Leer bedeutet: ein Unterordner _Protokolle direkt neben der Ablage. Dann bleiben Protokoll und "
@@ -57,8 +58,8 @@ Protokollordner::Protokollordner(Zustand *zustand, QWidget *eltern)
     m_warnung->hide();
     connect(waehlen, &QPushButton::clicked, this, &Protokollordner::waehlen);
     connect(m_standard, &QToolButton::clicked, this, [this] { setzen({}); });
-    connect(m_zustand, &Zustand::profileGeaendert, this, &Protokollordner::zeigen);
-    connect(m_zustand, &Zustand::aktivGeaendert, this, &Protokollordner::zeigen);
+    connect(m_profilwahl, &Profilwahl::profileGeaendert, this, &Protokollordner::zeigen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Protokollordner::zeigen);
     Stil::schriftFolgt(titel, Schrift::Abschnitt);
     Stil::nebentext(m_pfad);
     Stil::folgen(this, [reihe, spalte] {
@@ -70,9 +71,9 @@ Protokollordner::Protokollordner(Zustand *zustand, QWidget *eltern)
 
 void Protokollordner::zeigen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    const Profil &profil = *m_zustand->aktiv();
+    const Profil &profil = *m_profilwahl->aktiv();
     const auto ort = profil.protokollURL();
     const bool eigener = !profil.protokollOrdner.isEmpty();
     QString text = Sprache::text(u"noch kein Zielordner"_s);
@@ -89,24 +90,22 @@ void Protokollordner::zeigen()
 
 void Protokollordner::pruefen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    imHintergrund(
-        this, [profil = *m_zustand->aktiv()] { return protokollort(profil); },
-        [this, nummer = ++m_frage](const Ausgang<Protokollort> &ausgang) {
-            if (nummer == m_frage)
-                m_warnung->setVisible(ausgang.wert == Protokollort::unbrauchbar);
-        });
+    m_frage.stellen([profil = *m_profilwahl->aktiv()] { return protokollort(profil); },
+                    [this](const Ausgang<Protokollort> &ausgang) {
+                        m_warnung->setVisible(ausgang.wert == Protokollort::unbrauchbar);
+                    });
 }
 
 void Protokollordner::waehlen()
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    const Profil &profil = *m_zustand->aktiv();
-    const auto ordner = Zustand::ordnerWaehlen(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s),
-                                               u"protokolle-"_s + profil.id.toString(QUuid::WithoutBraces),
-                                               profil.protokollURL().value_or(QString()));
+    const Profil &profil = *m_profilwahl->aktiv();
+    const auto ordner = Ordnerwahl::ordnerWaehlen(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s),
+                                                  u"protokolle-"_s + profil.id.toString(QUuid::WithoutBraces),
+                                                  profil.protokollURL().value_or(QString()));
     if (ordner)
         setzen(*ordner);
 }
@@ -114,9 +113,9 @@ void Protokollordner::waehlen()
 /** Saved at once; the state object reads the list of another folder by itself. */
 void Protokollordner::setzen(const QString &ordner)
 {
-    if (!m_zustand->aktiv())
+    if (!m_profilwahl->aktiv())
         return;
-    Profil profil = *m_zustand->aktiv();
+    Profil profil = *m_profilwahl->aktiv();
     profil.protokollOrdner = ordner;
-    m_zustand->profilAendern(profil);
+    m_profilwahl->profilAendern(profil);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "anfrage.h"
 #include "protokollort.h"
 
 #include <QWidget>
@@ -8,7 +9,7 @@ class Elidiertext;
 class Flachknopf;
 class QLabel;
 class Umbruchtext;
-class Zustand;
+class Profilwahl;
 
 /** Where the session logs go: the profile's own folder or the default place beside the target. */
 class Protokollordner : public QWidget
@@ -16,7 +17,7 @@ class Protokollordner : public QWidget
     Q_OBJECT
 
 public:
-    explicit Protokollordner(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Protokollordner(Profilwahl *profilwahl, QWidget *eltern = nullptr);
     /** Looks again whether logs can be written there. */
     void pruefen();
 
@@ -25,10 +26,10 @@ private:
     void waehlen();
     void setzen(const QString &ordner);
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
     Elidiertext *m_ort;
     Elidiertext *m_pfad;
     QWidget *m_warnung;
     Flachknopf *m_standard = nullptr;
-    quint64 m_frage = 0;
+    Anfrage m_frage; ///< whether logs can be written there
 };

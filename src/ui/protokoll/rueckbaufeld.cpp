@@ -1,11 +1,16 @@
 #include "rueckbaufeld.h"
 
+#include "ausfuehrung.h"
 #include "balken.h"
 #include "elidiertext.h"
 #include "hauptknopf.h"
 #include "knopf.h"
+#include "meldestelle.h"
 #include "meldungszeile.h"
 #include "pfade.h"
+#include "profilwahl.h"
+#include "pruefung.h"
+#include "sitzungen.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -13,6 +18,7 @@
 #include "zeichen.h"
 #include "zeichenschild.h"
 #include "zeile.h"
+#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -41,8 +47,8 @@ Knopf *knopf(const QString &name, const QString &text, const QString &hilfe, QWi
 QString fehlerzeilenVon(const Zustand &zustand)
 {
     QStringList zeilen;
-    for (const Rueckbaubefund &befund : zustand.rueckbauBilanz().fehler) {
-        const QString name = nameVon(zustand.protokollZeilen().value(befund.stelle).nach);
+    for (const Rueckbaubefund &befund : zustand.sitzungen()->rueckbauBilanz().fehler) {
+        const QString name = nameVon(zustand.sitzungen()->protokollZeilen().value(befund.stelle).nach);
         zeilen << (name.isEmpty() ? befund.grund : name + u": "_s + befund.grund);
     }
     return zeilen.join(u'\n');
@@ -62,8 +68,8 @@ QString erklaerung(const std::optional<Protokollkopf> &kopf)
 /** Between which folders a log moves files that is not one of the active profile. */
 QString woher(const Zustand &zustand)
 {
-    const auto &aktiv = zustand.aktiv();
-    const auto &kopf = zustand.protokollKopf();
+    const auto &aktiv = zustand.profilwahl()->aktiv();
+    const auto &kopf = zustand.sitzungen()->protokollKopf();
     if (!aktiv || (kopf && kopf->quelle == aktiv->quelle && kopf->ziel == aktiv->zielWurzel))
         return {};
     return gefuellt(Sprache::text(u"Dieses Protokoll kommt von woanders. Es bewegt Dateien von %@ nach %@."_s),
@@ -202,29 +208,31 @@ QWidget *Rueckbaufeld::laufseite()
 void Rueckbaufeld::verbinden()
 {
     connect(m_zurueckdrehen, &QPushButton::clicked, this, &Rueckbaufeld::fragen);
-    connect(m_letzten, &QPushButton::clicked, m_zustand, &Zustand::letztenSchrittZurueck);
+    connect(m_letzten, &QPushButton::clicked, m_zustand->ausfuehrung(), &Ausfuehrung::letztenSchrittZurueck);
     connect(m_ja, &QPushButton::clicked, this, &Rueckbaufeld::bestaetigen);
     connect(m_nein, &QPushButton::clicked, this, &Rueckbaufeld::abbrechen);
     connect(m_anhalten, &QPushButton::clicked, m_zustand, [this] {
         m_anhalten->setEnabled(false);
-        m_zustand->anhalten();
+        m_zustand->ausfuehrung()->anhalten();
     });
     // Another session, or this one with more movements: what was asked is not what would be done.
-    connect(m_zustand, &Zustand::protokollGeaendert, this, [this] {
+    connect(m_zustand->sitzungen(), &Sitzungen::protokollGeaendert, this, [this] {
         if (m_stapel->currentIndex() == Frage)
             abbrechen();
     });
-    for (const auto signal :
-         {&Zustand::protokollGeaendert, &Zustand::rueckbauGeaendert, &Zustand::beschaeftigtGeaendert,
-          &Zustand::zaehlwerkGeaendert, &Zustand::hinweisGeaendert})
-        connect(m_zustand, signal, this, &Rueckbaufeld::zeigen);
-    for (const auto signal : {&Zustand::rueckbauGeaendert, &Zustand::hinweisGeaendert, &Zustand::vorgangGeaendert})
-        connect(m_zustand, signal, this, &Rueckbaufeld::meldungZeigen);
+    for (const auto signal : {&Sitzungen::protokollGeaendert, &Sitzungen::rueckbauGeaendert})
+        connect(m_zustand->sitzungen(), signal, this, &Rueckbaufeld::zeigen);
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, &Rueckbaufeld::zeigen);
+    for (const auto signal : {&Pruefung::zaehlwerkGeaendert, &Pruefung::umkehrbarGeaendert})
+        connect(m_zustand->pruefung(), signal, this, &Rueckbaufeld::zeigen);
+    connect(m_zustand->sitzungen(), &Sitzungen::rueckbauGeaendert, this, &Rueckbaufeld::meldungZeigen);
+    connect(m_zustand->meldestelle(), &Meldestelle::hinweisGeaendert, this, &Rueckbaufeld::meldungZeigen);
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::vorgangGeaendert, this, &Rueckbaufeld::meldungZeigen);
 }
 
 void Rueckbaufeld::fragen()
 {
-    const qsizetype anzahl = m_zustand->protokollZeilen().size();
+    const qsizetype anzahl = m_zustand->sitzungen()->protokollZeilen().size();
     m_frage->setText(woher(*m_zustand) + gefuellt(Sprache::text(anzahl, u"%@ Bewegung wird zurückgedreht. Sicher?"_s,
                                                                 u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
                                                   {QString::number(anzahl)}));
@@ -238,8 +246,8 @@ void Rueckbaufeld::fragen()
 void Rueckbaufeld::bestaetigen()
 {
     const bool fokus = m_ja->hasFocus();
-    m_zustand->protokollZurueckdrehen();
-    if (!m_zustand->rueckbauLaeuft())
+    m_zustand->sitzungen()->protokollZurueckdrehen();
+    if (!m_zustand->sitzungen()->rueckbauLaeuft())
         seiteSetzen(Knoepfe);
     else if (fokus)
         m_anhalten->setFocus();
@@ -261,12 +269,13 @@ void Rueckbaufeld::seiteSetzen(Seite seite)
 
 void Rueckbaufeld::zeigen()
 {
-    const bool laeuft = m_zustand->rueckbauLaeuft();
-    const bool frei = m_zustand->offen() && !m_zustand->beschaeftigt();
-    m_zurueckdrehen->setEnabled(frei && !m_zustand->protokollLaedt() && !m_zustand->protokollZeilen().isEmpty());
-    m_letzten->setEnabled(frei && m_zustand->hatBewegung());
-    m_lauf->setText(m_zustand->rueckbauMeldung() + u" …"_s);
-    m_balken->setzeAnteil(m_zustand->rueckbauAnteil());
+    const bool laeuft = m_zustand->sitzungen()->rueckbauLaeuft();
+    const bool frei = m_zustand->profilwahl()->offen() && !m_zustand->ausfuehrung()->beschaeftigt();
+    m_zurueckdrehen->setEnabled(frei && !m_zustand->sitzungen()->protokollLaedt() &&
+                                !m_zustand->sitzungen()->protokollZeilen().isEmpty());
+    m_letzten->setEnabled(frei && m_zustand->pruefung()->hatBewegung());
+    m_lauf->setText(m_zustand->sitzungen()->rueckbauMeldung() + u" …"_s);
+    m_balken->setzeAnteil(m_zustand->sitzungen()->rueckbauAnteil());
     if (laeuft && m_stapel->currentIndex() != Lauf) {
         m_anhalten->setEnabled(true);
         seiteSetzen(Lauf);
@@ -281,7 +290,7 @@ void Rueckbaufeld::zeigen()
     if (m_fehler->toPlainText() != fehler)
         m_fehler->setPlainText(fehler);
     m_fehler->setVisible(!fehler.isEmpty());
-    m_erklaerung->setzeText(erklaerung(m_zustand->protokollKopf()));
+    m_erklaerung->setzeText(erklaerung(m_zustand->sitzungen()->protokollKopf()));
     m_erklaerung->setVisible(fehler.isEmpty() && !m_dicht);
     m_zurueckdrehen->setToolTip(m_dicht ? m_erklaerung->ganzerText()
                                         : Sprache::text(u"Fragt noch einmal nach, bevor irgendetwas geschieht"_s));
@@ -289,22 +298,24 @@ void Rueckbaufeld::zeigen()
 
 QString Rueckbaufeld::meldungssymbol() const
 {
-    const bool gedreht = !m_zustand->rueckbauMeldung().isEmpty() && !m_zustand->rueckbauLaeuft();
-    return tonzeichen(gedreht ? m_zustand->rueckbauTon() : m_zustand->ton());
+    const bool gedreht =
+        !m_zustand->sitzungen()->rueckbauMeldung().isEmpty() && !m_zustand->sitzungen()->rueckbauLaeuft();
+    return tonzeichen(gedreht ? m_zustand->sitzungen()->rueckbauTon() : m_zustand->meldestelle()->ton());
 }
 
 /** What the turning back came to, else what was done or is to be said last. */
 void Rueckbaufeld::meldungZeigen()
 {
-    QStringList teile = m_zustand->meldungen();
-    if (!m_zustand->vorgang().isEmpty())
-        teile = QStringList{m_zustand->vorgang() + u" …"_s};
-    if (!m_zustand->rueckbauLaeuft())
-        teile.prepend(m_zustand->rueckbauMeldung());
+    QStringList teile = m_zustand->meldestelle()->meldungen();
+    if (!m_zustand->ausfuehrung()->vorgang().isEmpty())
+        teile = QStringList{m_zustand->ausfuehrung()->vorgang() + u" …"_s};
+    if (!m_zustand->sitzungen()->rueckbauLaeuft())
+        teile.prepend(m_zustand->sitzungen()->rueckbauMeldung());
     teile.removeAll(QString());
     const QString text = teile.join(u" · "_s);
     m_meldung->setzeText(text);
-    const QString symbol = text.isEmpty() || !m_zustand->vorgang().isEmpty() ? QString() : meldungssymbol();
+    const QString symbol =
+        text.isEmpty() || !m_zustand->ausfuehrung()->vorgang().isEmpty() ? QString() : meldungssymbol();
     m_marke->setPixmap(Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
     m_marke->setVisible(!symbol.isEmpty());
 }

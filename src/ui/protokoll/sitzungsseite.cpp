@@ -1,9 +1,12 @@
 #include "sitzungsseite.h"
 
+#include "ausfuehrung.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
+#include "profilwahl.h"
 #include "protokollordner.h"
 #include "rollbereich.h"
+#include "sitzungen.h"
 #include "sitzungszeile.h"
 #include "sprache.h"
 #include "stil.h"
@@ -11,7 +14,6 @@
 #include "umbruchtext.h"
 #include "zeichenschild.h"
 #include "zeile.h"
-#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -47,7 +49,8 @@ QWidget *nochNichts(QWidget *eltern)
 }
 } // namespace
 
-Sitzungsseite::Sitzungsseite(Zustand *zustand, QWidget *eltern) : QWidget(eltern), m_zustand(zustand), m_gezeigte(schub)
+Sitzungsseite::Sitzungsseite(Profilwahl *profilwahl, Sitzungen *sitzungen, Ausfuehrung *ausfuehrung, QWidget *eltern)
+    : QWidget(eltern), m_profilwahl(profilwahl), m_sitzungen(sitzungen), m_ausfuehrung(ausfuehrung), m_gezeigte(schub)
 {
     auto *aussen = new QVBoxLayout(this);
     aussen->setContentsMargins(0, 0, 0, 0);
@@ -55,11 +58,11 @@ Sitzungsseite::Sitzungsseite(Zustand *zustand, QWidget *eltern) : QWidget(eltern
     aussen->addWidget(rollbereich(inhalt(), this), 1);
     aussen->addWidget(fuss());
     connect(&m_bilder, &Sitzungsbilder::gelesen, this, &Sitzungsseite::bildZeigen);
-    for (const auto signal : {&Zustand::protokollDateienGeaendert, &Zustand::aktivGeaendert})
-        connect(m_zustand, signal, this, &Sitzungsseite::zeigen);
-    connect(m_zustand, &Zustand::protokollGeaendert, this, &Sitzungsseite::auswahlZeigen);
-    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, [this] {
-        if (!m_zustand->beschaeftigt() && isVisible())
+    connect(m_sitzungen, &Sitzungen::protokollDateienGeaendert, this, &Sitzungsseite::zeigen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Sitzungsseite::zeigen);
+    connect(m_sitzungen, &Sitzungen::protokollGeaendert, this, &Sitzungsseite::auswahlZeigen);
+    connect(m_ausfuehrung, &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
+        if (!m_ausfuehrung->beschaeftigt() && isVisible())
             zeigen();
     });
     zeigen();
@@ -69,7 +72,7 @@ QWidget *Sitzungsseite::inhalt()
 {
     auto *traeger = new QWidget(this);
     auto *spalte = new QVBoxLayout(traeger);
-    m_ordner = new Protokollordner(m_zustand, traeger);
+    m_ordner = new Protokollordner(m_profilwahl, traeger);
     spalte->addWidget(m_ordner);
     laufendeBauen(spalte);
     fruehereBauen(spalte);
@@ -137,7 +140,7 @@ QWidget *Sitzungsseite::fuss()
         m_fussreihe->addWidget(knopf, 0, Qt::AlignLeft | Qt::AlignTop);
     }
     m_fussreihe->addStretch(1);
-    connect(oeffnen, &QToolButton::clicked, m_zustand, &Zustand::protokollDateiWaehlen);
+    connect(oeffnen, &QToolButton::clicked, m_sitzungen, &Sitzungen::protokollDateiWaehlen);
     connect(auffrischen, &QToolButton::clicked, this, &Sitzungsseite::auffrischen);
     return m_fuss;
 }
@@ -145,9 +148,9 @@ QWidget *Sitzungsseite::fuss()
 Sitzungszeile *Sitzungsseite::neueZeile(QVBoxLayout *spalte)
 {
     auto *neu = new Sitzungszeile(this);
-    connect(neu, &Sitzungszeile::gewaehlt, m_zustand, [this](const QString &datei) {
-        if (m_zustand->protokollDatei() != datei)
-            m_zustand->protokollWaehlen(datei);
+    connect(neu, &Sitzungszeile::gewaehlt, this, [this](const QString &datei) {
+        if (m_sitzungen->protokollDatei() != datei)
+            m_sitzungen->protokollWaehlen(datei);
     });
     spalte->addWidget(neu);
     return neu;
@@ -155,20 +158,20 @@ Sitzungszeile *Sitzungsseite::neueZeile(QVBoxLayout *spalte)
 
 void Sitzungsseite::auffrischen()
 {
-    m_zustand->protokolleListen();
-    m_zustand->protokollAuffrischen();
+    m_sitzungen->protokolleListen();
+    m_sitzungen->protokollAuffrischen();
     m_ordner->pruefen();
 }
 
 /** The log of the running session; empty before the first movement. */
 QString Sitzungsseite::laufende() const
 {
-    return m_zustand->laufendesBuch() ? m_zustand->laufendesBuch()->datei() : QString();
+    return m_sitzungen->laufendesBuch() ? m_sitzungen->laufendesBuch()->datei() : QString();
 }
 
 QStringList Sitzungsseite::fruehere() const
 {
-    QStringList dateien = m_zustand->protokollDateien();
+    QStringList dateien = m_sitzungen->protokollDateien();
     dateien.removeAll(laufende());
     return dateien;
 }
@@ -184,7 +187,7 @@ void Sitzungsseite::zeigen()
 void Sitzungsseite::laufendeZeigen()
 {
     const QString datei = laufende();
-    const QString mangel = m_zustand->protokollmangel();
+    const QString mangel = m_sitzungen->protokollmangel();
     m_mangel->setzeText(mangel);
     m_mangelZeile->setVisible(!mangel.isEmpty());
     m_nochNichts->setVisible(datei.isEmpty() && mangel.isEmpty());
@@ -209,7 +212,7 @@ void Sitzungsseite::fruehereZeigen()
             bildZeigen(dateien.at(n));
         }
     }
-    const qsizetype alle = m_zustand->protokollDateien().size();
+    const qsizetype alle = m_sitzungen->protokollDateien().size();
     QString text =
         gefuellt(Sprache::text(alle, u"%@ Protokoll gefunden."_s, u"%@ Protokolle gefunden, neueste zuerst."_s),
                  {QString::number(alle)});
@@ -260,14 +263,14 @@ void Sitzungsseite::bildZeigen(const QString &datei)
 void Sitzungsseite::auswahlZeigen()
 {
     for (Sitzungszeile *zeile : alleZeilen())
-        zeile->setzeGewaehlt(m_zustand->protokollDatei() == zeile->datei());
+        zeile->setzeGewaehlt(m_sitzungen->protokollDatei() == zeile->datei());
 }
 
 void Sitzungsseite::zurAuswahl()
 {
     Sitzungszeile *ziel = nullptr;
     for (Sitzungszeile *zeile : alleZeilen()) {
-        if (!zeile->isHidden() && (!ziel || m_zustand->protokollDatei() == zeile->datei()))
+        if (!zeile->isHidden() && (!ziel || m_sitzungen->protokollDatei() == zeile->datei()))
             ziel = zeile;
     }
     if (ziel)

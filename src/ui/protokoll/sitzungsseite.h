@@ -11,7 +11,9 @@ class QLabel;
 class QVBoxLayout;
 class Sitzungszeile;
 class Umbruchtext;
-class Zustand;
+class Profilwahl;
+class Sitzungen;
+class Ausfuehrung;
 
 /** Left side of the log card: the log folder, the running session, earlier sessions. */
 class Sitzungsseite : public QWidget
@@ -19,7 +21,7 @@ class Sitzungsseite : public QWidget
     Q_OBJECT
 
 public:
-    explicit Sitzungsseite(Zustand *zustand, QWidget *eltern = nullptr);
+    Sitzungsseite(Profilwahl *profilwahl, Sitzungen *sitzungen, Ausfuehrung *ausfuehrung, QWidget *eltern = nullptr);
     /** Reads everything that is shown anew. */
     void auffrischen();
     /** Gives the focus to the chosen session, else to the newest. */
@@ -49,7 +51,9 @@ private:
     [[nodiscard]] QStringList fruehere() const;
     [[nodiscard]] QList<Sitzungszeile *> alleZeilen() const;
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
+    Sitzungen *m_sitzungen;
+    Ausfuehrung *m_ausfuehrung;
     Sitzungsbilder m_bilder;
     Protokollordner *m_ordner = nullptr;
     QWidget *m_nochNichts = nullptr;

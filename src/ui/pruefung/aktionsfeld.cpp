@@ -1,12 +1,13 @@
 #include "aktionsfeld.h"
 
+#include "ausfuehrung.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
 #include "hauptknopf.h"
 #include "meldungszeile.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
-#include "zustand.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -20,8 +21,9 @@ namespace
 constexpr auto zeichendauer = 2s;
 }
 
-Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_uebernehmen(new Hauptknopf({}, this)),
+Aktionsfeld::Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung *ausfuehrung, Meldestelle *meldestelle,
+                         QWidget *eltern)
+    : QWidget(eltern), m_profilwahl(profilwahl), m_ausfuehrung(ausfuehrung), m_uebernehmen(new Hauptknopf({}, this)),
       m_zuruecklegen(new Flachknopf(u"zuruecklegen"_s, u"skip"_s, Sprache::text(u"Zurückstellen"_s),
                                     Sprache::text(u"Überspringt dieses Dokument, ohne etwas zu verändern. Es kommt am "
                                                   "Ende wieder. Taste: Z"_s),
@@ -33,7 +35,8 @@ Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
       m_naechstes(new Flachknopf(u"naechstes"_s, u"arrow.right"_s, Sprache::text(u"Nächstes"_s),
                                  Sprache::text(u"Ein Dokument weiter, ohne etwas zu verändern. Taste: Pfeil rechts"_s),
                                  this)),
-      m_tasten(new Elidiertext(Qt::ElideRight, this)), m_meldung(new Meldungszeile(zustand, this))
+      m_tasten(new Elidiertext(Qt::ElideRight, this)),
+      m_meldung(new Meldungszeile(meldestelle, pruefung, ausfuehrung, this))
 {
     m_uebernehmen->setObjectName(u"uebernehmen"_s);
     m_tasten->setObjectName(u"tasten"_s);
@@ -55,24 +58,24 @@ Aktionsfeld::Aktionsfeld(Zustand *zustand, QWidget *eltern)
         spalte->setSpacing(abstand(5));
         einpassen();
     });
-    connect(m_uebernehmen, &QPushButton::clicked, m_zustand, &Zustand::uebernehmen);
-    connect(m_zuruecklegen, &QToolButton::clicked, m_zustand, &Zustand::zuruecklegen);
-    connect(m_aussortieren, &QToolButton::clicked, m_zustand, &Zustand::aussortieren);
-    connect(m_vorheriges, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(Richtung::Zurueck); });
-    connect(m_naechstes, &QToolButton::clicked, m_zustand, [this] { m_zustand->weiter(Richtung::Weiter); });
-    connect(m_zustand, &Zustand::zuFruehGedrueckt, this, &Aktionsfeld::zuFruehZeigen);
+    connect(m_uebernehmen, &QPushButton::clicked, m_ausfuehrung, &Ausfuehrung::uebernehmen);
+    connect(m_zuruecklegen, &QToolButton::clicked, m_ausfuehrung, &Ausfuehrung::zuruecklegen);
+    connect(m_aussortieren, &QToolButton::clicked, m_ausfuehrung, &Ausfuehrung::aussortieren);
+    connect(m_vorheriges, &QToolButton::clicked, this, [this] { m_ausfuehrung->weiter(Richtung::Zurueck); });
+    connect(m_naechstes, &QToolButton::clicked, this, [this] { m_ausfuehrung->weiter(Richtung::Weiter); });
+    connect(m_ausfuehrung, &Ausfuehrung::zuFruehGedrueckt, this, &Aktionsfeld::zuFruehZeigen);
     connect(&m_zuFrueh, &QTimer::timeout, this, &Aktionsfeld::tastenZeigen);
     m_zuFrueh.setSingleShot(true);
     m_zuFrueh.setInterval(zeichendauer);
-    connect(m_zustand, &Zustand::profileGeaendert, this, &Aktionsfeld::zeigen);
-    connect(m_zustand, &Zustand::aktivGeaendert, this, &Aktionsfeld::zeigen);
+    connect(m_profilwahl, &Profilwahl::profileGeaendert, this, &Aktionsfeld::zeigen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Aktionsfeld::zeigen);
     zeigen();
     setzeTasten(false, {});
 }
 
 void Aktionsfeld::zeigen()
 {
-    const bool kopieren = m_zustand->aktiv() && m_zustand->aktiv()->kopieren;
+    const bool kopieren = m_profilwahl->aktiv() && m_profilwahl->aktiv()->kopieren;
     m_uebernehmen->setText(kopieren ? Sprache::text(u"Übernehmen und kopieren"_s)
                                     : Sprache::text(u"Übernehmen und weiter"_s));
     m_uebernehmen->setAccessibleName(m_uebernehmen->text());

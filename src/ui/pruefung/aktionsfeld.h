@@ -8,7 +8,10 @@ class Flachknopf;
 class Hauptknopf;
 class QHBoxLayout;
 class Meldungszeile;
-class Zustand;
+class Profilwahl;
+class Pruefung;
+class Ausfuehrung;
+class Meldestelle;
 
 /** The deeds of the review: the filled button, skip, duplicate, arrows; the line of keys; what was done. */
 class Aktionsfeld : public QWidget
@@ -16,7 +19,8 @@ class Aktionsfeld : public QWidget
     Q_OBJECT
 
 public:
-    explicit Aktionsfeld(Zustand *zustand, QWidget *eltern = nullptr);
+    Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung *ausfuehrung, Meldestelle *meldestelle,
+                QWidget *eltern = nullptr);
 
     /** What the line of keys says: @p imFeld while a field has the focus, with its help if there is room nowhere else.
      */
@@ -37,7 +41,8 @@ private:
     void tastenZeigen();
     void zuFruehZeigen();
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
+    Ausfuehrung *m_ausfuehrung;
     QHBoxLayout *m_reihe = nullptr;
     Hauptknopf *m_uebernehmen;
     Flachknopf *m_zuruecklegen;

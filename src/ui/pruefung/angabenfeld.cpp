@@ -1,12 +1,13 @@
 #include "angabenfeld.h"
 
 #include "einordnung.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"
 #include "zeile.h"
-#include "zustand.h"
 
 #include <QComboBox>
 #include <QDate>
@@ -85,8 +86,9 @@ QString erklaerung()
 }
 } // namespace
 
-Angabenfeld::Angabenfeld(Zustand *zustand, QWidget *eltern)
-    : Pruefabschnitt(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_zustand(zustand), m_tag(new QLabel(this))
+Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *eltern)
+    : Pruefabschnitt(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_profilwahl(profilwahl), m_pruefung(pruefung),
+      m_tag(new QLabel(this))
 {
     m_erklaerung->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_tag->setTextFormat(Qt::PlainText);
@@ -104,10 +106,10 @@ Angabenfeld::Angabenfeld(Zustand *zustand, QWidget *eltern)
     Stil::nebentext(m_tag);
     anordnen();
     Stil::folgen(this, [this] { masse(); });
-    for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, &Angabenfeld::zeigen);
-    connect(m_zustand, &Zustand::beschaeftigtGeaendert, this, &Angabenfeld::festhalten);
-    connect(m_zustand, &Zustand::aktuellesGeaendert, this, [this] {
+    for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
+        connect(m_pruefung, signal, this, &Angabenfeld::zeigen);
+    connect(m_pruefung, &Pruefung::angabenFestGeaendert, this, &Angabenfeld::festhalten);
+    connect(m_pruefung, &Pruefung::aktuellesGeaendert, this, [this] {
         // An open list belongs to the document before.
         for (QComboBox *wahl : std::as_const(m_wahlen))
             wahl->hidePopup();
@@ -143,8 +145,8 @@ void Angabenfeld::textfeldBauen(Feld feld, int zeichen)
         m_zeichen[feld] = zeichen;
     m_texte[feld] = eingabe;
     einrichten(feld, eingabe);
-    connect(eingabe, &QLineEdit::textEdited, m_zustand,
-            [this, feld](const QString &text) { m_zustand->feldSetzen(feld, text); });
+    connect(eingabe, &QLineEdit::textEdited, this,
+            [this, feld](const QString &text) { m_pruefung->feldSetzen(feld, text); });
 }
 
 void Angabenfeld::wahlBauen(Feld feld)
@@ -157,8 +159,8 @@ void Angabenfeld::wahlBauen(Feld feld)
     m_wahlen[feld] = wahl;
     einrichten(feld, wahl);
     radsperre(wahl);
-    connect(wahl, &QComboBox::activated, m_zustand,
-            [this, feld, wahl](int stelle) { m_zustand->feldSetzen(feld, wahl->itemData(stelle).toString()); });
+    connect(wahl, &QComboBox::activated, this,
+            [this, feld, wahl](int stelle) { m_pruefung->feldSetzen(feld, wahl->itemData(stelle).toString()); });
 }
 
 void Angabenfeld::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
@@ -210,7 +212,7 @@ int Angabenfeld::volleHoehe() const
 
 void Angabenfeld::zeigen()
 {
-    const bool da = m_zustand->aktuelles() != nullptr;
+    const bool da = m_pruefung->aktuelles() != nullptr;
     setEnabled(da);
     for (auto it = m_texte.begin(); it != m_texte.end(); ++it)
         textZeigen(it.key());
@@ -222,12 +224,12 @@ void Angabenfeld::zeigen()
 void Angabenfeld::festhalten()
 {
     for (QLineEdit *eingabe : std::as_const(m_texte))
-        eingabe->setReadOnly(m_zustand->angabenFest());
+        eingabe->setReadOnly(m_pruefung->angabenFest());
 }
 
 void Angabenfeld::textZeigen(Feld feld)
 {
-    const QString wert = m_zustand->aktuelles() ? feldwert(m_zustand->aktuelles()->angaben, feld) : QString();
+    const QString wert = m_pruefung->aktuelles() ? feldwert(m_pruefung->aktuelles()->angaben, feld) : QString();
     // Setting it anew would move the cursor and forget what can be undone.
     if (m_texte[feld]->text() != wert)
         m_texte[feld]->setText(wert);
@@ -237,8 +239,8 @@ void Angabenfeld::textZeigen(Feld feld)
 
 void Angabenfeld::wahlenZeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
-    const auto &profil = m_zustand->aktiv();
+    const Dokument *d = m_pruefung->aktuelles();
+    const auto &profil = m_profilwahl->aktiv();
     if (!d || !profil)
         return;
     const Ort &ort = d->angaben.ort;
@@ -283,9 +285,9 @@ void Angabenfeld::wahlZeigen(Feld feld, const QStringList &auswahl, const QStrin
 
 void Angabenfeld::tagZeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
+    const Dokument *d = m_pruefung->aktuelles();
     const QString datum = d ? d->angaben.datum.trimmed() : QString();
-    const QString mangel = m_zustand->datumsmangel();
+    const QString mangel = m_pruefung->datumsmangel();
     const bool falsch = !mangel.isEmpty();
     QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
     if (falsch && !Einordnung::istDatum(datum))

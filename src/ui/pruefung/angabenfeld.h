@@ -8,7 +8,8 @@
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class Zustand;
+class Profilwahl;
+class Pruefung;
 
 /** The fields of the proposal. What is typed goes to the state object at every keystroke. */
 class Angabenfeld : public Pruefabschnitt
@@ -16,7 +17,7 @@ class Angabenfeld : public Pruefabschnitt
     Q_OBJECT
 
 public:
-    explicit Angabenfeld(Zustand *zustand, QWidget *eltern = nullptr);
+    Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *eltern = nullptr);
 
     /** Height that it needs at least when it is not short of height. */
     [[nodiscard]] int volleHoehe() const;
@@ -50,7 +51,8 @@ private:
     void erklaerungZeigen();
     void festhalten();
 
-    Zustand *m_zustand;
+    Profilwahl *m_profilwahl;
+    Pruefung *m_pruefung;
     QLabel *m_tag; ///< weekday of the date, or what is wrong with it
     QWidget *m_datumszeile = nullptr;
     QMap<Feld, QLabel *> m_schilder;

@@ -1,9 +1,9 @@
 #include "hinweisfach.h"
 
 #include "hinweisfeld.h"
+#include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
-#include "zustand.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -11,13 +11,13 @@
 using namespace Qt::StringLiterals;
 using Art = Pruefhinweis::Art;
 
-Hinweisfach::Hinweisfach(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_spalte(new QVBoxLayout(this))
+Hinweisfach::Hinweisfach(Pruefung *pruefung, QWidget *eltern)
+    : QWidget(eltern), m_pruefung(pruefung), m_spalte(new QVBoxLayout(this))
 {
     setObjectName(u"hinweise"_s);
     m_spalte->setContentsMargins(0, 0, 0, 0);
-    for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, &Hinweisfach::zeigen);
+    for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
+        connect(m_pruefung, signal, this, &Hinweisfach::zeigen);
     Stil::folgen(this, [this] { m_spalte->setSpacing(Stil::abstand(4)); });
     zeigen();
 }
@@ -25,7 +25,7 @@ Hinweisfach::Hinweisfach(Zustand *zustand, QWidget *eltern)
 /** A note that stays keeps its field, and with it the focus of its button. */
 void Hinweisfach::zeigen()
 {
-    const QList<Pruefhinweis> hinweise = m_zustand->pruefhinweise();
+    const QList<Pruefhinweis> hinweise = m_pruefung->pruefhinweise();
     if (hinweise == m_gezeigte)
         return;
     QList<Hinweisfeld *> felder(hinweise.size(), nullptr);
@@ -84,11 +84,11 @@ Hinweisfeld *Hinweisfach::neues(const Pruefhinweis &hinweis)
     auto *feld = new Hinweisfeld(hinweis.istWarnung(), symbol, hinweis.text, knopf, this);
     if (hinweis.art == Art::AndererOrt) {
         feld->knopf()->setObjectName(u"altenOrtBehalten"_s);
-        connect(feld, &Hinweisfeld::gedrueckt, m_zustand, &Zustand::altenOrtBehalten);
+        connect(feld, &Hinweisfeld::gedrueckt, m_pruefung, &Pruefung::altenOrtBehalten);
     } else if (hinweis.art == Art::Aehnlich) {
         feld->knopf()->setObjectName(u"partnerZeigen"_s);
         feld->knopf()->setToolTip(Sprache::text(u"Zeigt das ähnliche Dokument in der Vorschau"_s));
-        connect(feld, &Hinweisfeld::gedrueckt, m_zustand, [this] { m_zustand->setzePartnerZeigen(true); });
+        connect(feld, &Hinweisfeld::gedrueckt, this, [this] { m_pruefung->setzePartnerZeigen(true); });
     }
     return feld;
 }

@@ -6,7 +6,7 @@
 
 class Hinweisfeld;
 class QVBoxLayout;
-class Zustand;
+class Pruefung;
 
 /** The notes on the proposal, warnings first. Tab goes through their buttons from top to bottom. */
 class Hinweisfach : public QWidget
@@ -14,7 +14,7 @@ class Hinweisfach : public QWidget
     Q_OBJECT
 
 public:
-    explicit Hinweisfach(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Hinweisfach(Pruefung *pruefung, QWidget *eltern = nullptr);
 
 Q_SIGNALS:
     /** The note whose button has the focus is about to go. */
@@ -26,7 +26,7 @@ private:
     [[nodiscard]] Hinweisfeld *neues(const Pruefhinweis &hinweis);
     void tabReihe();
 
-    Zustand *m_zustand;
+    Pruefung *m_pruefung;
     QVBoxLayout *m_spalte;
     QList<Pruefhinweis> m_gezeigte;
     QList<Hinweisfeld *> m_felder; ///< of m_gezeigte

@@ -3,10 +3,14 @@
 #include "aktionsfeld.h"
 #include "analyse.h"
 #include "angabenfeld.h"
+#include "ausfuehrung.h"
+#include "durchgang.h"
 #include "hinweisfach.h"
 #include "leeransicht.h"
 #include "meldungszeile.h"
 #include "pfade.h"
+#include "profilwahl.h"
+#include "pruefung.h"
 #include "rollbereich.h"
 #include "sprache.h"
 #include "stil.h"
@@ -35,12 +39,15 @@ namespace
 {
 constexpr auto wortpause = 700ms; // longer than between two letters of a word
 
-bool ohneDokumente(const Zustand &zustand) { return zustand.zaehlwerk() == Zaehlwerk{} && zustand.ausgenommen() == 0; }
+bool ohneDokumente(const Zustand &zustand)
+{
+    return zustand.pruefung()->zaehlwerk() == Zaehlwerk{} && zustand.pruefung()->ausgenommen() == 0;
+}
 
 QString leerzeile(const Zustand &zustand)
 {
-    const Zaehlwerk &z = zustand.zaehlwerk();
-    if (zustand.analyse()->laeuft())
+    const Zaehlwerk &z = zustand.pruefung()->zaehlwerk();
+    if (zustand.durchgang()->analyse()->laeuft())
         return gefuellt(Sprache::text(z.neu,
                                       u"Der Durchgang läuft noch. %@ Dokument wartet darauf, gelesen zu werden."_s,
                                       u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
@@ -75,17 +82,20 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
         m_teiler->setzeAnteil(m_zustand->teilung());
         anordnen();
     });
-    connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand, [this] { m_zustand->setzePartnerZeigen(false); });
+    connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand,
+            [this] { m_zustand->pruefung()->setzePartnerZeigen(false); });
     connect(m_angaben, &Angabenfeld::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
     connect(m_hinweise, &Hinweisfach::fokusGehtVerloren, m_vorschau, [this] { m_vorschau->setFocus(); });
     connect(m_vorschau, &Vorschau::seiteSichtbar, this, &PruefAnsicht::gesehen);
-    connect(m_zustand, &Zustand::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
-    connect(m_zustand, &Zustand::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);
-    connect(m_zustand, &Zustand::partnerZeigenGeaendert, this, &PruefAnsicht::vorschauZeigen);
-    connect(m_zustand, &Zustand::vorausGeaendert, this, &PruefAnsicht::vorausladen);
-    for (const auto signal : {&Zustand::zaehlwerkGeaendert, &Zustand::laufGeaendert, &Zustand::oeffnetGeaendert,
-                              &Zustand::aktivGeaendert, &Zustand::bereitschaftGeaendert})
-        connect(m_zustand, signal, this, &PruefAnsicht::leereZeigen);
+    connect(m_zustand->pruefung(), &Pruefung::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
+    connect(m_zustand->pruefung(), &Pruefung::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);
+    connect(m_zustand->pruefung(), &Pruefung::partnerZeigenGeaendert, this, &PruefAnsicht::vorschauZeigen);
+    connect(m_zustand->pruefung(), &Pruefung::vorausGeaendert, this, &PruefAnsicht::vorausladen);
+    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &PruefAnsicht::leereZeigen);
+    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &PruefAnsicht::leereZeigen);
+    for (const auto signal :
+         {&Profilwahl::oeffnetGeaendert, &Profilwahl::aktivGeaendert, &Profilwahl::bereitschaftGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &PruefAnsicht::leereZeigen);
     dokumentZeigen();
 }
 
@@ -93,10 +103,11 @@ QWidget *PruefAnsicht::vorschlagsseite()
 {
     auto *seite = new QWidget(this);
     auto *inhalt = new QWidget(seite);
-    m_vorschlag = new Vorschlagsteil(m_zustand, inhalt);
-    m_hinweise = new Hinweisfach(m_zustand, inhalt);
-    m_angaben = new Angabenfeld(m_zustand, inhalt);
-    m_aktionen = new Aktionsfeld(m_zustand, seite);
+    m_vorschlag = new Vorschlagsteil(m_zustand->pruefung(), inhalt);
+    m_hinweise = new Hinweisfach(m_zustand->pruefung(), inhalt);
+    m_angaben = new Angabenfeld(m_zustand->profilwahl(), m_zustand->pruefung(), inhalt);
+    m_aktionen = new Aktionsfeld(m_zustand->profilwahl(), m_zustand->pruefung(), m_zustand->ausfuehrung(),
+                                 m_zustand->meldestelle(), seite);
     m_rollen = rollbereich(inhalt, seite);
     m_rollen->installEventFilter(this);
     auto *spalte = new QVBoxLayout(inhalt);
@@ -125,7 +136,7 @@ QWidget *PruefAnsicht::leerseite()
 {
     auto *seite = new QWidget(this);
     m_leere = new Leeransicht(seite);
-    auto *meldung = new Meldungszeile(m_zustand, seite);
+    auto *meldung = new Meldungszeile(m_zustand->meldestelle(), m_zustand->pruefung(), m_zustand->ausfuehrung(), seite);
     auto *spalte = new QVBoxLayout(seite);
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->addWidget(m_leere, 1);
@@ -158,17 +169,17 @@ void PruefAnsicht::tastenBauen()
     taste(
         QKeySequence(Qt::Key_Escape), [this] { feldVerlassen(); }, true);
     taste(
-        QKeySequence(Qt::Key_Z), [this] { m_zustand->zuruecklegen(); }, false);
+        QKeySequence(Qt::Key_Z), [this] { m_zustand->ausfuehrung()->zuruecklegen(); }, false);
     taste(
-        QKeySequence(Qt::Key_D), [this] { m_zustand->aussortieren(); }, false);
+        QKeySequence(Qt::Key_D), [this] { m_zustand->ausfuehrung()->aussortieren(); }, false);
     taste(
-        QKeySequence(Qt::Key_U), [this] { m_zustand->rueckgaengig(); }, false);
+        QKeySequence(Qt::Key_U), [this] { m_zustand->ausfuehrung()->rueckgaengig(); }, false);
     taste(
-        QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { m_zustand->rueckgaengig(); }, false);
+        QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { m_zustand->ausfuehrung()->rueckgaengig(); }, false);
     taste(
-        QKeySequence(Qt::Key_Left), [this] { m_zustand->weiter(Richtung::Zurueck); }, false);
+        QKeySequence(Qt::Key_Left), [this] { m_zustand->ausfuehrung()->weiter(Richtung::Zurueck); }, false);
     taste(
-        QKeySequence(Qt::Key_Right), [this] { m_zustand->weiter(Richtung::Weiter); }, false);
+        QKeySequence(Qt::Key_Right), [this] { m_zustand->ausfuehrung()->weiter(Richtung::Weiter); }, false);
 }
 
 /** The document was taken away in the middle of a word: what is still typed of it is not meant for the next one. */
@@ -186,13 +197,13 @@ void PruefAnsicht::eingabe()
     if (auto *knopf = knopfImFokus(this))
         knopf->click();
     else
-        m_zustand->uebernehmen();
+        m_zustand->ausfuehrung()->uebernehmen();
 }
 
 void PruefAnsicht::feldVerlassen()
 {
-    if (m_zustand->partnerZeigen() && !imFeld())
-        m_zustand->setzePartnerZeigen(false);
+    if (m_zustand->pruefung()->partnerZeigen() && !imFeld())
+        m_zustand->pruefung()->setzePartnerZeigen(false);
     setFocus();
 }
 
@@ -200,7 +211,7 @@ void PruefAnsicht::focusInEvent(QFocusEvent *ereignis)
 {
     QWidget::focusInEvent(ereignis);
     // The page is what the keys move when nothing else has the focus.
-    if (m_zustand->aktuelles())
+    if (m_zustand->pruefung()->aktuelles())
         m_vorschau->setFocus(ereignis->reason());
 }
 
@@ -212,15 +223,15 @@ void PruefAnsicht::keyPressEvent(QKeyEvent *ereignis)
 
 void PruefAnsicht::dokumentZeigen()
 {
-    const bool da = m_zustand->aktuelles() != nullptr;
-    if (imFeld() && !m_zustand->beschaeftigt())
+    const bool da = m_zustand->pruefung()->aktuelles() != nullptr;
+    if (imFeld() && !m_zustand->ausfuehrung()->beschaeftigt())
         m_ruhe.setRemainingTime(wortpause);
     const bool fokusHier = isVisible() && focusWidget() && focusWidget()->hasFocus();
     m_stapel->setCurrentIndex(da ? 0 : 1);
     m_rollen->verticalScrollBar()->setValue(0);
     leereZeigen();
     // The same file as another document is on the screen already.
-    m_zustand->setzeUngesehen(da && m_zustand->aktuelles()->pfad != m_vorschau->gesehen());
+    m_zustand->pruefung()->setzeUngesehen(da && m_zustand->pruefung()->aktuelles()->pfad != m_vorschau->gesehen());
     vorschauZeigen();
     vorausladen();
     // The single keys work at once: the focus starts outside the fields.
@@ -230,9 +241,9 @@ void PruefAnsicht::dokumentZeigen()
 
 void PruefAnsicht::vorschauZeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
-    const Dokument *aehnliches = m_zustand->aehnliches();
-    if (m_zustand->partnerZeigen() && aehnliches) {
+    const Dokument *d = m_zustand->pruefung()->aktuelles();
+    const Dokument *aehnliches = m_zustand->pruefung()->aehnliches();
+    if (m_zustand->pruefung()->partnerZeigen() && aehnliches) {
         m_vorschau->partnerZeigen(aehnliches->pfad, nameVon(aehnliches->pfad));
     } else {
         m_vorschau->zeigen(d ? d->pfad : QString());
@@ -243,27 +254,27 @@ void PruefAnsicht::vorschauZeigen()
 /** The page of @p pfad, or the reason why there is none, has been painted, and with it the proposal beside it. */
 void PruefAnsicht::gesehen(const QString &pfad)
 {
-    if (m_zustand->aktuelles() && m_zustand->aktuelles()->pfad == pfad)
-        m_zustand->setzeUngesehen(false);
+    if (m_zustand->pruefung()->aktuelles() && m_zustand->pruefung()->aktuelles()->pfad == pfad)
+        m_zustand->pruefung()->setzeUngesehen(false);
 }
 
 void PruefAnsicht::vorausladen()
 {
     // The likeliest last: its first page is the one that is ready.
-    const QStringList voraus = m_zustand->voraus();
+    const QStringList voraus = m_zustand->pruefung()->voraus();
     for (auto pfad = voraus.crbegin(); pfad != voraus.crend(); ++pfad)
         m_vorschau->vorausladen(*pfad);
 }
 
 void PruefAnsicht::leereZeigen()
 {
-    if (m_zustand->aktuelles())
+    if (m_zustand->pruefung()->aktuelles())
         return;
     m_leereTat = [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); };
-    if (m_zustand->oeffnet())
+    if (m_zustand->profilwahl()->oeffnet())
         return m_leere->setzen(u"large.clock"_s, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
-    if (!m_zustand->offen())
-        return m_leere->ohneKatalogSetzen(u"large.folder"_s, *m_zustand);
+    if (!m_zustand->profilwahl()->offen())
+        return m_leere->ohneKatalogSetzen(u"large.folder"_s, *m_zustand->profilwahl());
     m_leereTat = [this] { m_zustand->setzeReiter(Reiter::einrichtung); };
     m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand),
                     naechsterSchritt());
@@ -272,18 +283,18 @@ void PruefAnsicht::leereZeigen()
 /** The one thing to go on with, as the words of the button; empty if there is none. */
 QString PruefAnsicht::naechsterSchritt()
 {
-    const Zaehlwerk &z = m_zustand->zaehlwerk();
+    const Zaehlwerk &z = m_zustand->pruefung()->zaehlwerk();
     if (z.zurueckgestellt > 0) {
-        m_leereTat = [this] { m_zustand->zurueckgestellteVorlegen(); };
+        m_leereTat = [this] { m_zustand->ausfuehrung()->zurueckgestellteVorlegen(); };
         return gefuellt(Sprache::text(z.zurueckgestellt, u"%@ Zurückgestelltes wieder vorlegen"_s,
                                       u"%@ Zurückgestellte wieder vorlegen"_s),
                         {QString::number(z.zurueckgestellt)});
     }
-    if (m_zustand->analyse()->laeuft() || (z.neu == 0 && !ohneDokumente(*m_zustand)))
+    if (m_zustand->durchgang()->analyse()->laeuft() || (z.neu == 0 && !ohneDokumente(*m_zustand)))
         return {};
-    if (!m_zustand->bereitZumStart())
+    if (!m_zustand->profilwahl()->bereitZumStart())
         return Sprache::text(u"Zur Einrichtung"_s);
-    m_leereTat = [this] { m_zustand->durchgangErbitten(); };
+    m_leereTat = [this] { m_zustand->durchgang()->durchgangErbitten(); };
     return Sprache::text(u"Durchgang starten"_s);
 }
 

@@ -3,12 +3,12 @@
 #include "balken.h"
 #include "elidiertext.h"
 #include "pfade.h"
+#include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "umbruchtext.h"
 #include "zeile.h"
-#include "zustand.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -28,12 +28,12 @@ QString hilfeSicherheit()
 
 } // namespace
 
-Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
+Vorschlagsteil::Vorschlagsteil(Pruefung *pruefung, QWidget *eltern)
     : Pruefabschnitt(Sprache::text(u"Vorschlag"_s),
                      Sprache::text(u"Woher das Dokument kommt und wie es künftig heißen soll."_s), eltern),
-      m_zustand(zustand), m_bisher(new Elidiertext(Qt::ElideMiddle)), m_bisherOrdner(new Elidiertext(Qt::ElideMiddle)),
-      m_neu(new QWidget(this)), m_name(new Umbruchtext(m_neu)), m_pfad(new Umbruchtext(m_neu)),
-      m_balken(new Balken(96)), m_prozent(new QLabel)
+      m_pruefung(pruefung), m_bisher(new Elidiertext(Qt::ElideMiddle)),
+      m_bisherOrdner(new Elidiertext(Qt::ElideMiddle)), m_neu(new QWidget(this)), m_name(new Umbruchtext(m_neu)),
+      m_pfad(new Umbruchtext(m_neu)), m_balken(new Balken(96)), m_prozent(new QLabel)
 {
     m_bisherSchild = beschriftung(Sprache::text(u"Bisher"_s),
                                   Sprache::text(u"So heißt die Datei heute und dort liegt sie. Solange du nicht "
@@ -66,8 +66,8 @@ Vorschlagsteil::Vorschlagsteil(Zustand *zustand, QWidget *eltern)
     Stil::nebentext(m_bisherOrdner);
     anordnen();
     Stil::folgen(this, [this] { masse(); });
-    for (const auto signal : {&Zustand::aktuellesGeaendert, &Zustand::angabenGeaendert, &Zustand::profileGeaendert})
-        connect(m_zustand, signal, this, &Vorschlagsteil::zeigen);
+    for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
+        connect(m_pruefung, signal, this, &Vorschlagsteil::zeigen);
     zeigen();
 }
 
@@ -115,18 +115,18 @@ int Vorschlagsteil::volleHoehe() const
 
 void Vorschlagsteil::zeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
+    const Dokument *d = m_pruefung->aktuelles();
     m_bisher->setzeText(d ? nameVon(d->pfad) : QString());
     const QString ordner = d ? d->altOrdner : QString();
     m_bisherOrdner->setzeText(ordner.isEmpty() && d ? Sprache::text(u"im Herkunftsordner"_s) : ordner);
-    m_name->setzeText(m_zustand->neuerName());
-    m_pfad->setzeText(m_zustand->zielpfad().join(u" › "_s));
+    m_name->setzeText(m_pruefung->neuerName());
+    m_pfad->setzeText(m_pruefung->zielpfad().join(u" › "_s));
     sicherheitZeigen();
 }
 
 void Vorschlagsteil::sicherheitZeigen()
 {
-    const Dokument *d = m_zustand->aktuelles();
+    const Dokument *d = m_pruefung->aktuelles();
     const double anteil = d ? d->konfidenz : 0;
     const QString zahl = QString::number(qRound(anteil * 100));
     m_balken->setzeAnteil(anteil);

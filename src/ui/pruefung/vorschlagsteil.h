@@ -6,7 +6,7 @@ class Balken;
 class Elidiertext;
 class QLabel;
 class Umbruchtext;
-class Zustand;
+class Pruefung;
 
 /** The section of the proposal: what the file is called today, what it will be called, how sure the model is. */
 class Vorschlagsteil : public Pruefabschnitt
@@ -14,7 +14,7 @@ class Vorschlagsteil : public Pruefabschnitt
     Q_OBJECT
 
 public:
-    explicit Vorschlagsteil(Zustand *zustand, QWidget *eltern = nullptr);
+    explicit Vorschlagsteil(Pruefung *pruefung, QWidget *eltern = nullptr);
 
     /** Height that it needs at least when it is not short of height. */
     [[nodiscard]] int volleHoehe() const;
@@ -27,7 +27,7 @@ private:
     void zeigen();
     void sicherheitZeigen();
 
-    Zustand *m_zustand;
+    Pruefung *m_pruefung;
     QLabel *m_bisherSchild;
     QLabel *m_neuSchild;
     QLabel *m_sicherheitSchild;

@@ -1,11 +1,9 @@
 #include "seitenwerk.h"
 
+#include "hintergrund.h"
 #include "malreihe.h"
 
 #include <QPainter>
-#include <functional>
-#include <mutex>
-#include <thread>
 #include <utility>
 
 namespace
@@ -59,47 +57,23 @@ QImage aufWeiss(const QImage &seite)
 }
 } // namespace
 
-// Carries the outcome to the main thread as long as there is someone to receive it.
-struct Seitenwerk::Briefkasten {
-    std::mutex sperre;
-    Seitenwerk *empfaenger;
-
-    explicit Briefkasten(Seitenwerk *werk) : empfaenger(werk) {}
-
-    template <typename Brief>
-    void einwerfen(Brief brief)
-    {
-        const std::lock_guard halter(sperre);
-        if (empfaenger)
-            QMetaObject::invokeMethod(
-                empfaenger, [werk = empfaenger, brief] { brief(werk); }, Qt::QueuedConnection);
-    }
-};
-
 Seitenwerk::Seitenwerk(QObject *eltern)
-    : QObject(eltern), m_briefkasten(std::make_shared<Briefkasten>(this)), m_reihe(std::make_shared<Malreihe>())
+    : QObject(eltern), m_briefe(Briefkasten::fuer(this)), m_reihe(std::make_shared<Malreihe>())
 {
     Malreihe::starten(m_reihe);
 }
 
-Seitenwerk::~Seitenwerk()
-{
-    {
-        const std::lock_guard halter(m_briefkasten->sperre);
-        m_briefkasten->empfaenger = nullptr;
-    }
-    m_reihe->beenden(geduldAmEnde);
-}
+Seitenwerk::~Seitenwerk() { m_reihe->beenden(geduldAmEnde); }
 
 quint64 Seitenwerk::oeffnen(const QString &pfad, const Dateistand &bekannt)
 {
     const quint64 kennung = ++m_letzte;
     m_gewollte.insert(kennung);
-    // A thread of its own and no pool: one that hangs on its drive must not keep others from reading theirs.
-    std::thread([kennung, pfad, bekannt, briefkasten = m_briefkasten] {
-        const Dateiinhalt inhalt = dateiinhalt(pfad, groessteDatei, bekannt);
-        briefkasten->einwerfen([kennung, inhalt](Seitenwerk *werk) { werk->gelesen(kennung, inhalt); });
-    }).detach();
+    imHintergrund(
+        this, [pfad, bekannt] { return dateiinhalt(pfad, groessteDatei, bekannt); },
+        [this, kennung](const Ausgang<Dateiinhalt> &ausgang) {
+            gelesen(kennung, ausgang.wert.value_or(Dateiinhalt()));
+        });
     return kennung;
 }
 
@@ -115,7 +89,7 @@ void Seitenwerk::gelesen(quint64 kennung, const Dateiinhalt &inhalt)
 
 void Seitenwerk::dokumentOeffnen(quint64 kennung, const Dateiinhalt &inhalt)
 {
-    const auto oeffnen = [kennung, inhalt, briefkasten = m_briefkasten](OffeneDokumente &dokumente) {
+    const auto oeffnen = [this, kennung, inhalt, briefe = m_briefe](OffeneDokumente &dokumente) {
         const auto offenes = std::make_shared<OffenesDokument>();
         offenes->bytes.setData(inhalt.bytes);
         offenes->bytes.open(QIODevice::ReadOnly);
@@ -126,9 +100,9 @@ void Seitenwerk::dokumentOeffnen(quint64 kennung, const Dateiinhalt &inhalt)
             groessen = seitengroessen(offenes->dokument);
             dokumente.insert(kennung, offenes);
         }
-        briefkasten->einwerfen([kennung, ergebnis, groessen, stand = inhalt.stand](Seitenwerk *werk) {
-            if (werk->m_gewollte.contains(kennung))
-                Q_EMIT werk->geoeffnet(kennung, ergebnis, stand, groessen);
+        briefe->einwerfen([this, kennung, ergebnis, groessen, stand = inhalt.stand] {
+            if (m_gewollte.contains(kennung))
+                Q_EMIT geoeffnet(kennung, ergebnis, stand, groessen);
         });
     };
     m_reihe->auftragen({Sofort, kennung, -1, oeffnen});
@@ -136,12 +110,12 @@ void Seitenwerk::dokumentOeffnen(quint64 kennung, const Dateiinhalt &inhalt)
 
 void Seitenwerk::malen(quint64 kennung, int seite, const QSize &pixel, Vorrang vorrang)
 {
-    const auto malen = [kennung, seite, pixel, briefkasten = m_briefkasten](OffeneDokumente &dokumente) {
+    const auto malen = [this, kennung, seite, pixel, briefe = m_briefe](OffeneDokumente &dokumente) {
         const auto offenes = dokumente.value(kennung);
         const QImage bild = offenes ? aufWeiss(offenes->dokument.render(seite, pixel)) : QImage();
-        briefkasten->einwerfen([kennung, seite, bild](Seitenwerk *werk) {
-            if (werk->m_gewollte.contains(kennung))
-                Q_EMIT werk->gemalt(kennung, seite, bild);
+        briefe->einwerfen([this, kennung, seite, bild] {
+            if (m_gewollte.contains(kennung))
+                Q_EMIT gemalt(kennung, seite, bild);
         });
     };
     m_reihe->auftragen({vorrang, kennung, seite, malen});

@@ -9,6 +9,7 @@
 #include <QSizeF>
 #include <memory>
 
+class Briefkasten;
 class Malreihe;
 
 /** What has become of opening a document for the preview. */
@@ -51,12 +52,10 @@ Q_SIGNALS:
     void gemalt(quint64 kennung, int seite, const QImage &bild);
 
 private:
-    struct Briefkasten;
-
     void gelesen(quint64 kennung, const Dateiinhalt &inhalt);
     void dokumentOeffnen(quint64 kennung, const Dateiinhalt &inhalt);
 
-    std::shared_ptr<Briefkasten> m_briefkasten;
+    std::shared_ptr<Briefkasten> m_briefe;
     std::shared_ptr<Malreihe> m_reihe;
     QSet<quint64> m_gewollte;
     quint64 m_letzte = 0;

@@ -1,0 +1,180 @@
+#include "durchgang.h"
+
+#include "analyse.h"
+#include "katalog.h"
+#include "meldestelle.h"
+#include "modelldienst.h"
+#include "offenesprofil.h"
+#include "profilwahl.h"
+#include "pruefung.h"
+
+#include <QTimer>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+namespace
+{
+constexpr auto merklich = 200ms; // what takes longer is named
+}
+
+Durchgang::Durchgang(Profilwahl *profilwahl, Modelldienst *modelldienst, Pruefung *pruefung, Meldestelle *meldestelle)
+    : m_profilwahl(profilwahl), m_modelldienst(modelldienst), m_pruefung(pruefung), m_meldestelle(meldestelle),
+      m_nachlesen(this)
+{
+    connect(m_profilwahl, &Profilwahl::gewechselt, this, &Durchgang::wechseln);
+    connect(m_profilwahl, &Profilwahl::eingetreten, this, &Durchgang::nacharbeitLesen);
+    connect(m_modelldienst, &Modelldienst::modellGeprueft, this, &Durchgang::erbetenesStarten);
+}
+
+Durchgang::~Durchgang()
+{
+    if (OffenesProfil *offenes = m_profilwahl->offenes())
+        m_auslaufende.push_back(offenes->analyseAbgeben());
+    for (const auto &analyse : m_auslaufende)
+        analyse->sofortBeenden();
+}
+
+void Durchgang::wechseln(OffenesProfil *verlassenes)
+{
+    if (verlassenes)
+        auslaufenLassen(verlassenes->analyseAbgeben());
+    m_nachlesen.verwerfen();
+    m_lage = {};
+    if (const Analyse *neue = analyse())
+        folgen(neue);
+    Q_EMIT laufGeaendert();
+    Q_EMIT nacharbeitGeaendert();
+}
+
+/** The run finishes the document in hand; nobody waits for it. */
+void Durchgang::auslaufenLassen(std::unique_ptr<Analyse> analyse)
+{
+    analyse->disconnect(this);
+    if (!analyse->laeuft())
+        return;
+    analyse->abbrechen();
+    const Analyse *alt = analyse.get();
+    connect(
+        alt, &Analyse::beendet, this,
+        [this, alt] { std::erase_if(m_auslaufende, [alt](const auto &lauf) { return lauf.get() == alt; }); },
+        Qt::QueuedConnection);
+    m_auslaufende.push_back(std::move(analyse));
+}
+
+void Durchgang::folgen(const Analyse *analyse)
+{
+    connect(analyse, &Analyse::geaendert, this, [this, analyse] {
+        m_lage.bild.nehmen(analyse->stufenname(), analyse->meldung(), steady_clock::now());
+        Q_EMIT laufGeaendert();
+    });
+    connect(analyse, &Analyse::beendet, this, [this, analyse] { fertig(*analyse); });
+}
+
+const Analyse *Durchgang::analyse() const
+{
+    return m_profilwahl->offenes() ? m_profilwahl->offenes()->analyse() : nullptr;
+}
+
+bool Durchgang::laeuft() const { return analyse() && analyse()->laeuft(); }
+
+void Durchgang::fertig(const Analyse &analyse)
+{
+    const bool abgeschlossen = !analyse.abbrechenGewuenscht() && analyse.anteil() >= 1;
+    m_lage.bild.enden(abgeschlossen, steady_clock::now());
+    m_lage.bild.offenLassen(analyse.fazit().behinderte);
+    if (!analyse.hinweise().isEmpty())
+        m_meldestelle->melden(analyse.hinweise().join(u", "_s));
+    m_pruefung->aktualisieren();
+    Q_EMIT laufGeaendert();
+    endeLesen({.dauer = m_lage.bild.dauer(steady_clock::now()), .abgeschlossen = abgeschlossen});
+}
+
+void Durchgang::endeLesen(Laufende ende)
+{
+    OffenesProfil *offenes = m_profilwahl->offenes();
+    imHintergrund(
+        offenes, [db = offenes->db()] { return std::pair(Zaehlwerk::zaehlen(*db).bereit, Nacharbeit::lesen(*db)); },
+        [this, ende](const Ausgang<std::pair<qint64, Nacharbeit>> &ausgang) {
+            if (!ausgang.wert)
+                return;
+            setzeNacharbeit(ausgang.wert->second);
+            m_lage.ende = ende;
+            m_lage.ende.bereit = ausgang.wert->first;
+            m_lage.ende.gescheitert = m_lage.nacharbeit.gescheiterte.size();
+            Q_EMIT laufBeendet();
+        });
+}
+
+void Durchgang::durchgangStarten(Art art)
+{
+    if (!m_profilwahl->kannHandeln() || laeuft())
+        return;
+    m_lage.bild.beginnen(steady_clock::now());
+    Analyse *analyse = m_profilwahl->offenes()->analyse();
+    analyse->profilSetzen(*m_profilwahl->aktiv());
+    analyse->allesStarten({.erneut = art == Art::erneut || art == Art::erneutLesen,
+                           .nurDies = std::exchange(m_lage.nurDies, std::nullopt),
+                           .nurLesen = art == Art::nurLesen || art == Art::erneutLesen});
+}
+
+void Durchgang::durchgangErbitten(Art art, std::optional<qint64> nurDies)
+{
+    if (!m_profilwahl->kannHandeln() || laeuft() || m_lage.erbeten)
+        return;
+    m_lage.nurDies = nurDies;
+    m_lage.erbeten = art;
+    m_lage.wartet = false;
+    Q_EMIT laufGeaendert();
+    m_modelldienst->modellPruefen();
+    QTimer::singleShot(merklich, m_profilwahl->offenes(), [this] {
+        m_lage.wartet = m_lage.erbeten.has_value();
+        if (m_lage.wartet)
+            Q_EMIT laufGeaendert();
+    });
+}
+
+void Durchgang::erbetenesStarten()
+{
+    const auto art = std::exchange(m_lage.erbeten, std::nullopt);
+    if (!art)
+        return;
+    if (m_modelldienst->modellBereit())
+        durchgangStarten(*art);
+    else
+        Q_EMIT startFraglich(*art);
+    Q_EMIT laufGeaendert();
+}
+
+void Durchgang::durchgangAnhalten()
+{
+    if (m_profilwahl->offenes())
+        m_profilwahl->offenes()->analyse()->abbrechen();
+}
+
+void Durchgang::ausnahmenBeachten(const QStringList &ausnahmen)
+{
+    if (m_profilwahl->offenes())
+        m_profilwahl->offenes()->analyse()->ausnahmenSetzen(ausnahmen);
+}
+
+void Durchgang::nacharbeitLesen()
+{
+    if (!m_profilwahl->kannHandeln() || m_nachlesen.laeuft())
+        return;
+    m_nachlesen.stellen([db = m_profilwahl->offenes()->db()] { return Nacharbeit::lesen(*db); },
+                        [this](const Ausgang<Nacharbeit> &ausgang) {
+                            if (ausgang.wert)
+                                setzeNacharbeit(*ausgang.wert);
+                        });
+}
+
+void Durchgang::setzeNacharbeit(const Nacharbeit &nacharbeit)
+{
+    if (nacharbeit == m_lage.nacharbeit)
+        return;
+    m_lage.nacharbeit = nacharbeit;
+    Q_EMIT nacharbeitGeaendert();
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "anfrage.h"
+#include "laufbild.h"
+#include "nacharbeit.h"
+
+#include <QObject>
+#include <vector>
+
+class Analyse;
+class Meldestelle;
+class Modelldienst;
+class OffenesProfil;
+class Profilwahl;
+class Pruefung;
+
+/** The runs of the open profile's analysis: asking for one, its course, what it came to and what it left to do. */
+class Durchgang : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Art {
+        ganz,
+        erneut,      ///< what failed before is tried again
+        nurLesen,    ///< without the model
+        erneutLesen, ///< both
+    };
+
+    Durchgang(Profilwahl *profilwahl, Modelldienst *modelldienst, Pruefung *pruefung, Meldestelle *meldestelle);
+    /** Ends a run at once. */
+    ~Durchgang() override;
+
+    /** Null without an open catalogue. */
+    [[nodiscard]] const Analyse *analyse() const;
+    [[nodiscard]] bool laeuft() const;
+    void durchgangStarten(Art art = Art::ganz);
+    /**
+     * Starts one if the model can be asked, else tells so by startFraglich(): every document would fail by itself. Of
+     * what failed before it reopens only @p nurDies, if that is given.
+     */
+    void durchgangErbitten(Art art = Art::ganz, std::optional<qint64> nurDies = std::nullopt);
+    /** Opens one failed document again and starts a run. */
+    void erneutVersuchen(qint64 id) { durchgangErbitten(Art::erneut, id); }
+    /** The one document that the run asked for last is to try again, if it was asked for one. */
+    [[nodiscard]] std::optional<qint64> erbetenesDokument() const { return m_lage.nurDies; }
+    /** It is being looked whether the model is there. */
+    [[nodiscard]] bool startErbeten() const { return m_lage.erbeten.has_value(); }
+    /** That takes long enough to be said. */
+    [[nodiscard]] bool startWartet() const { return startErbeten() && m_lage.wartet; }
+    void durchgangAnhalten();
+    /** Rules added or taken out hold for the run under way too. */
+    void ausnahmenBeachten(const QStringList &ausnahmen);
+
+    [[nodiscard]] const Laufbild &laufbild() const { return m_lage.bild; }
+    /** What the last run came to. */
+    [[nodiscard]] const Laufende &laufende() const { return m_lage.ende; }
+    /** What the runs left to look after; read anew by nacharbeitLesen(). */
+    [[nodiscard]] const Nacharbeit &nacharbeit() const { return m_lage.nacharbeit; }
+    void nacharbeitLesen();
+
+Q_SIGNALS:
+    void laufGeaendert();
+    void startFraglich(Durchgang::Art art); ///< the run asked for would have no model
+    void laufBeendet();                     ///< and what it came to is known
+    void nacharbeitGeaendert();
+
+private:
+    /** What is known of the open profile's runs. */
+    struct Lage {
+        Laufbild bild;
+        Laufende ende;
+        Nacharbeit nacharbeit;
+        std::optional<Art> erbeten;
+        std::optional<qint64> nurDies;
+        bool wartet = false;
+    };
+
+    void wechseln(OffenesProfil *verlassenes);
+    void auslaufenLassen(std::unique_ptr<Analyse> analyse);
+    void folgen(const Analyse *analyse);
+    void fertig(const Analyse &analyse);
+    void endeLesen(Laufende ende);
+    void erbetenesStarten();
+    void setzeNacharbeit(const Nacharbeit &nacharbeit);
+
+    Profilwahl *m_profilwahl;
+    Modelldienst *m_modelldienst;
+    Pruefung *m_pruefung;
+    Meldestelle *m_meldestelle;
+    Lage m_lage;
+    Anfrage m_nachlesen;
+    std::vector<std::unique_ptr<Analyse>> m_auslaufende; ///< of profiles that were left: they finish their document
+};

@@ -1,0 +1,418 @@
+#include "einrichtung.h"
+
+#include "ausnahmefilter.h"
+#include "durchgang.h"
+#include "fehlersatz.h"
+#include "katalog.h"
+#include "lernspeicher.h"
+#include "meldestelle.h"
+#include "modelldienst.h"
+#include "oeffnung.h"
+#include "offenesprofil.h"
+#include "ordnerwahl.h"
+#include "pfade.h"
+#include "profilwahl.h"
+#include "pruefung.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <QDir>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Ton = Meldestelle::Ton;
+
+namespace
+{
+constexpr auto bisZumZaehlen = 300ms; // a path that is being typed changes with every key
+
+/** What the number of files found depends on. */
+QStringList zaehlschluessel(const Profil &p)
+{
+    return QStringList{p.quelle, p.zielWurzel, p.dublettenOrdner, QString::number(int(p.mitUnterordnern))} +
+           p.ausnahmen;
+}
+
+QList<Ausnahmefilter::Regel> regelnVon(const QString &regel) { return Ausnahmefilter({regel}).regeln(); }
+} // namespace
+
+/** Its facts keep up with the profile and the catalogue. */
+Einrichtung::Einrichtung(const Nachbarn &nachbarn) : m_nachbarn(nachbarn), m_einlesen(this), m_zaehlung(this)
+{
+    m_zaehltakt.setSingleShot(true);
+    m_zaehltakt.setInterval(bisZumZaehlen);
+    connect(&m_zaehltakt, &QTimer::timeout, this, &Einrichtung::quelleZaehlen);
+    connect(m_nachbarn.profilwahl, &Profilwahl::profileGeaendert, this, [this] {
+        quelleVerfolgen();
+        strukturVergleichen();
+    });
+    connect(m_nachbarn.profilwahl, &Profilwahl::aktivGeaendert, this, &Einrichtung::wechseln);
+    connect(m_nachbarn.profilwahl, &Profilwahl::eingetreten, this, &Einrichtung::gelerntLesen);
+    connect(m_nachbarn.pruefung, &Pruefung::zaehlwerkGeaendert, this, [this] {
+        if (!m_stand.beispiel && m_nachbarn.pruefung->zaehlwerk().bereit > 0)
+            anderesBeispiel();
+    });
+    staendeVerfolgen();
+}
+
+/** A section depends on what all of them know; its own facts come first. */
+void Einrichtung::staendeVerfolgen()
+{
+    for (const auto signal :
+         {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert, &Profilwahl::bereitschaftGeaendert})
+        connect(m_nachbarn.profilwahl, signal, this, &Einrichtung::staendeGeaendert);
+    for (const auto signal :
+         {&Einrichtung::einrichtungGeaendert, &Einrichtung::strukturGeaendert, &Einrichtung::gelerntGelesen})
+        connect(this, signal, this, &Einrichtung::staendeGeaendert);
+    connect(m_nachbarn.modelldienst, &Modelldienst::modellGeaendert, this, &Einrichtung::staendeGeaendert);
+    connect(m_nachbarn.pruefung, &Pruefung::zaehlwerkGeaendert, this, &Einrichtung::staendeGeaendert);
+}
+
+const Profil *Einrichtung::aktiv() const { return m_nachbarn.profilwahl->aktiv(); }
+
+/** Of another profile nothing is known yet; the programs are the same. */
+void Einrichtung::wechseln()
+{
+    m_einlesen.verwerfen();
+    m_zaehlung.verwerfen();
+    auto programme = std::exchange(m_stand, {}).programme;
+    m_stand.programme = std::move(programme);
+    m_strukturVorher.clear();
+    m_strukturGezeigt.reset();
+    m_strukturwurzel = aktiv() ? QDir::cleanPath(aktiv()->zielWurzel) : QString();
+    strukturOrdnen();
+    einrichtungPruefen();
+}
+
+void Einrichtung::setzeGewaehlt(bool gewaehlt)
+{
+    m_gewaehlt = gewaehlt;
+    if (gewaehlt)
+        einrichtungPruefen();
+}
+
+void Einrichtung::einrichtungPruefen()
+{
+    m_zaehlschluessel.clear();
+    if (!aktiv())
+        return;
+    programmePruefen();
+    quelleVerfolgen();
+    m_nachbarn.profilwahl->bereitschaftPruefen();
+    gelerntLesen();
+    if (!m_stand.beispiel)
+        anderesBeispiel();
+}
+
+void Einrichtung::programmePruefen()
+{
+    imHintergrund(
+        this, [] { return Programmstand::pruefen(); },
+        [this](const Ausgang<Programmstand> &ausgang) {
+            if (!ausgang.wert || ausgang.wert == m_stand.programme)
+                return;
+            m_stand.programme = ausgang.wert;
+            Q_EMIT einrichtungGeaendert();
+        });
+}
+
+void Einrichtung::quelleVerfolgen()
+{
+    if (!aktiv() || zaehlschluessel(*aktiv()) == m_zaehlschluessel)
+        return;
+    m_zaehlschluessel = zaehlschluessel(*aktiv());
+    m_zaehlung.verwerfen();
+    m_zaehltakt.start();
+}
+
+/** Only for who looks at it: a large folder is not walked through at every start. */
+void Einrichtung::quelleZaehlen()
+{
+    if (!aktiv())
+        return;
+    if (!m_gewaehlt)
+        return m_zaehlschluessel.clear();
+    m_stand.zaehlt = true;
+    const OffenesProfil *offenes = m_nachbarn.profilwahl->offenes();
+    m_zaehlung.stellen(
+        [profil = *aktiv(),
+         db = offenes ? offenes->db() : nullptr](const std::stop_token &ende) -> std::optional<Quellstand> {
+            if (profil.quelle.isEmpty() || !istOrdner(QDir::cleanPath(profil.quelle)))
+                return std::nullopt;
+            return Quellstand::zaehlen(profil, db, [ende] { return ende.stop_requested(); });
+        },
+        [this](const Ausgang<std::optional<Quellstand>> &ausgang) {
+            m_stand.zaehlt = false;
+            m_stand.quelle = ausgang.wert.value_or(std::nullopt);
+            Q_EMIT einrichtungGeaendert();
+        });
+    Q_EMIT einrichtungGeaendert();
+}
+
+void Einrichtung::setzeAbschnitt(Abschnitt abschnitt)
+{
+    if (m_abschnitt == abschnitt)
+        return;
+    m_abschnitt = abschnitt;
+    Q_EMIT abschnittGeaendert();
+}
+
+Abschnittsstand Einrichtung::abschnittsstand(Abschnitt abschnitt) const
+{
+    if (!aktiv())
+        return {};
+    return ::abschnittsstand(abschnitt, {.profil = *aktiv(),
+                                         .bereitschaft = m_nachbarn.profilwahl->bereitschaft(),
+                                         .stand = m_stand,
+                                         .modell = m_nachbarn.modelldienst->modellstand(),
+                                         .ohneDokumente = m_nachbarn.pruefung->zaehlwerk() == Zaehlwerk()});
+}
+
+/** The sections behind @p von first, then from the top; what a run cannot do without goes before the rest. */
+std::optional<Abschnitt> Einrichtung::naechsterAbschnitt(Abschnitt von) const
+{
+    const QList<Abschnitt> reihe = alleAbschnitte().mid(int(von) + 1) + alleAbschnitte().first(int(von));
+    for (const bool noetig : {true, false}) {
+        for (const Abschnitt abschnitt : reihe) {
+            const Abschnittsstand stand = abschnittsstand(abschnitt);
+            if (noetig ? stand.hindert() : stand.lage == Abschnittsstand::Lage::offen)
+                return abschnitt;
+        }
+    }
+    return std::nullopt;
+}
+
+QString Einrichtung::starthindernis() const
+{
+    if (!m_nachbarn.profilwahl->offen())
+        return Sprache::text(u"Der Katalog ist nicht offen."_s);
+    if (m_nachbarn.durchgang->laeuft())
+        return Sprache::text(u"Der Durchgang läuft schon."_s);
+    for (const Abschnitt abschnitt : alleAbschnitte()) {
+        const Abschnittsstand stand = abschnittsstand(abschnitt);
+        if (stand.hindert())
+            return gefuellt(Sprache::text(u"Es fehlt noch: %@ (%@)."_s), {abschnittTitel(abschnitt), stand.zeile});
+    }
+    if (m_nachbarn.modelldienst->modellstand().art == Modellstand::Art::laedt)
+        return Sprache::text(u"Das Sprachmodell wird gerade geladen."_s);
+    return m_nachbarn.profilwahl->bereitZumStart() ? QString() : Sprache::text(u"Es wird noch nachgesehen."_s);
+}
+
+void Einrichtung::strukturEinlesen()
+{
+    if (!aktiv() || m_stand.liestStruktur)
+        return;
+    m_stand.liestStruktur = true;
+    m_stand.strukturmeldung.clear();
+    const QString wurzel = aktiv()->zielWurzel;
+    m_einlesen.stellen(
+        [wurzel, eigene = aktiv()->eigeneOrdner()]() -> std::optional<QList<Zweig>> {
+            if (wurzel.isEmpty() || !istOrdner(QDir::cleanPath(wurzel)))
+                return std::nullopt;
+            return Profil::struktureinlesen(wurzel, 2, eigene);
+        },
+        [this, wurzel](const Ausgang<std::optional<QList<Zweig>>> &ausgang) {
+            m_stand.liestStruktur = false;
+            if (aktiv() && aktiv()->zielWurzel == wurzel)
+                strukturEingelesen(ausgang.wert.value_or(std::nullopt));
+            Q_EMIT einrichtungGeaendert();
+        });
+    Q_EMIT einrichtungGeaendert();
+}
+
+/** What is not there or holds nothing does not take the place of a structure that is known. */
+void Einrichtung::strukturEingelesen(const std::optional<QList<Zweig>> &zweige)
+{
+    if (!zweige) {
+        m_stand.strukturmeldung = Sprache::text(u"Der Zielordner ist nicht erreichbar."_s);
+        return m_nachbarn.profilwahl->bereitschaftPruefen();
+    }
+    if (!zweige->isEmpty())
+        return strukturUebernehmen(*zweige);
+    m_stand.strukturmeldung =
+        aktiv()->zweige.isEmpty()
+            ? Sprache::text(u"Hier liegt noch keine Struktur. Lege im Zielordner Zweige, darin Ablagen und darin "
+                            "Rubriken an, etwa Haushalt/Jahresablage/2024/Rechnungen, und lies dann ein."_s)
+            : Sprache::text(u"Hier liegt keine Struktur. Die bisherige gilt weiter."_s);
+}
+
+void Einrichtung::strukturUebernehmen(const QList<Zweig> &zweige)
+{
+    m_strukturwurzel = QDir::cleanPath(aktiv()->zielWurzel);
+    m_stand.strukturAlt = false;
+    m_strukturVorher = aktiv()->zweige;
+    m_strukturGezeigt.reset();
+    m_stand.geradeGelesen = !m_strukturVorher.isEmpty();
+    Profil neu = *aktiv();
+    neu.zweige = zweige;
+    if (neu == *aktiv())
+        strukturOrdnen();
+    else
+        m_nachbarn.profilwahl->profilAendern(neu);
+}
+
+void Einrichtung::strukturVergleichen()
+{
+    const Profil *profil = aktiv();
+    m_stand.strukturAlt = profil && !profil->zweige.isEmpty() && !profil->zielWurzel.isEmpty() &&
+                          QDir::cleanPath(profil->zielWurzel) != m_strukturwurzel;
+    strukturOrdnen();
+}
+
+void Einrichtung::strukturOrdnen()
+{
+    const QList<Zweig> jetzt = aktiv() ? aktiv()->zweige : QList<Zweig>();
+    if (m_strukturGezeigt == jetzt)
+        return;
+    m_strukturGezeigt = jetzt;
+    m_stand.struktur = strukturzeilen(m_strukturVorher, jetzt);
+    m_stand.zahlen = strukturzahlen(m_stand.struktur);
+    Q_EMIT strukturGeaendert();
+}
+
+bool Einrichtung::kenntRubrik(const QString &rubrik) const
+{
+    const QList<Strukturzeile> &zeilen = m_stand.struktur;
+    return std::any_of(zeilen.begin(), zeilen.end(), [&](const Strukturzeile &z) {
+        return z.ebene == 2 && z.name == rubrik && z.wechsel != Strukturzeile::Wechsel::entfallen;
+    });
+}
+
+QString Einrichtung::ausnahmeAufnehmen(const QString &regel)
+{
+    const QList<Ausnahmefilter::Regel> neue = regelnVon(regel);
+    if (!aktiv() || neue.isEmpty())
+        return {};
+    const QList<Ausnahmefilter::Regel> alte = Ausnahmefilter(aktiv()->ausnahmen).regeln();
+    if (std::any_of(alte.begin(), alte.end(), [&](const auto &r) { return r.kern == neue.first().kern; }))
+        return gefuellt(Sprache::text(u"%@ steht schon in der Liste"_s), {neue.first().roh});
+    Profil neu = *aktiv();
+    neu.ausnahmen << neue.first().roh;
+    m_nachbarn.profilwahl->profilAendern(neu);
+    ausnahmenAnwenden();
+    return {};
+}
+
+QString Einrichtung::ausnahmeWaehlen()
+{
+    if (!aktiv())
+        return {};
+    const auto ordner =
+        Ordnerwahl::ordnerWaehlen(Sprache::text(u"Ordner wählen, der in Ruhe gelassen wird"_s),
+                                  u"ausnahme-"_s + aktiv()->id.toString(QUuid::WithoutBraces), aktiv()->quelle);
+    if (!ordner || !aktiv())
+        return {};
+    const auto regel = aktiv()->regelFuer(*ordner);
+    return regel ? ausnahmeAufnehmen(*regel)
+                 : Sprache::text(u"Das ist der Herkunftsordner selbst. Dann bliebe nichts zu lesen."_s);
+}
+
+void Einrichtung::ausnahmeEntfernen(const QString &regel)
+{
+    if (!aktiv())
+        return;
+    Profil neu = *aktiv();
+    neu.ausnahmen.removeOne(regel);
+    if (neu == *aktiv())
+        return;
+    m_nachbarn.profilwahl->profilAendern(neu);
+    ausnahmenAnwenden();
+}
+
+void Einrichtung::ausnahmenAnwenden()
+{
+    if (!m_nachbarn.profilwahl->kannHandeln())
+        return;
+    m_nachbarn.durchgang->ausnahmenBeachten(aktiv()->ausnahmen);
+    OffenesProfil *offenes = m_nachbarn.profilwahl->offenes();
+    imHintergrund(
+        offenes, [db = offenes->db(), profil = *aktiv()] { return ausnahmenDurchsetzen(*db, profil); },
+        [this](const Ausgang<QStringList> &ausgang) {
+            if (!ausgang.wert)
+                m_nachbarn.meldestelle->melden(fehlersatz(ausgang.fehler));
+            else if (!ausgang.wert->isEmpty())
+                m_nachbarn.meldestelle->melden(ausgang.wert->join(u", "_s), Ton::gut);
+            m_nachbarn.pruefung->aktualisieren();
+        });
+}
+
+Beispiel Einrichtung::beispiel() const { return aktiv() ? Beispiel::fuer(*aktiv(), m_stand.beispiel) : Beispiel(); }
+
+void Einrichtung::anderesBeispiel()
+{
+    OffenesProfil *offenes = m_nachbarn.profilwahl->offenes();
+    if (!offenes)
+        return;
+    const qint64 id = m_stand.beispiel ? m_stand.beispiel->id : 0;
+    imHintergrund(
+        offenes, [db = offenes->db(), id] { return Beispiel::naechstes(*db, id); },
+        [this](const Ausgang<std::optional<Dokument>> &ausgang) {
+            if (!ausgang.wert || *ausgang.wert == m_stand.beispiel)
+                return;
+            m_stand.beispiel = *ausgang.wert;
+            Q_EMIT einrichtungGeaendert();
+        });
+}
+
+void Einrichtung::gelerntLesen()
+{
+    OffenesProfil *offenes = m_nachbarn.profilwahl->offenes();
+    if (!offenes)
+        return;
+    imHintergrund(
+        offenes, [db = offenes->db()] { return Lernstand::lesen(*db); },
+        [this](const Ausgang<Lernstand> &ausgang) {
+            if (!ausgang.wert || *ausgang.wert == m_stand.gelerntes)
+                return;
+            m_stand.gelerntes = *ausgang.wert;
+            Q_EMIT gelerntGelesen();
+        });
+}
+
+void Einrichtung::gelerntVergessen(const QString &schluessel)
+{
+    lernenAendern([schluessel](Lernspeicher &speicher) { speicher.vergessen(schluessel); },
+                  Sprache::text(u"Gelernte Zuordnung verworfen"_s));
+}
+
+void Einrichtung::gleichungVergessen(const QString &von)
+{
+    lernenAendern([von](Lernspeicher &speicher) { speicher.gleichungVergessen(von); },
+                  Sprache::text(u"Namensgleichung verworfen"_s));
+}
+
+void Einrichtung::allesVergessen()
+{
+    lernenAendern([](Lernspeicher &speicher) { speicher.leeren(); }, Sprache::text(u"Alles Gelernte verworfen"_s));
+}
+
+void Einrichtung::lernenAendern(const std::function<void(Lernspeicher &)> &aenderung, const QString &erfolg)
+{
+    if (!m_nachbarn.profilwahl->kannHandeln())
+        return;
+    const auto arbeit = [db = m_nachbarn.profilwahl->offenes()->db(), aenderung] {
+        Lernspeicher speicher(*db);
+        aenderung(speicher);
+        return true;
+    };
+    imHintergrund(this, arbeit, [this, erfolg](const Ausgang<bool> &ausgang) {
+        m_nachbarn.meldestelle->melden(ausgang.wert ? erfolg : fehlersatz(ausgang.fehler),
+                                       ausgang.wert ? Ton::gut : Ton::warnung);
+        gelerntLesen();
+    });
+}
+
+void Einrichtung::spracheVorbereiten()
+{
+    const auto arbeit = [] {
+        Sprache::vorbereiten();
+        return Sprache::eigenerOrdner();
+    };
+    imHintergrund(this, arbeit, [this](const Ausgang<QString> &ausgang) {
+        if (ausgang.wert)
+            Q_EMIT spracheVorbereitet(*ausgang.wert);
+    });
+}
+
+void Einrichtung::nachsprechen() { m_stand.strukturmeldung = Sprache::nachgesprochen(m_stand.strukturmeldung); }

@@ -1,0 +1,41 @@
+#include "meldestelle.h"
+
+#include "sprache.h"
+
+QStringList Meldestelle::meldungen() const
+{
+    QStringList beide = m_hinweisIstNeuer ? QStringList{m_hinweis, m_geschehen} : QStringList{m_geschehen, m_hinweis};
+    beide.removeAll(QString());
+    return beide;
+}
+
+void Meldestelle::melden(const QString &hinweis, Ton ton)
+{
+    m_hinweis = hinweis;
+    m_hinweisIstNeuer = true;
+    m_ton = hinweis.isEmpty() ? Ton::ruhig : ton;
+    Q_EMIT hinweisGeaendert();
+}
+
+void Meldestelle::berichten(const QString &geschehen, const QString &hinweis, Ton ton, bool hinweisZuerst)
+{
+    m_geschehen = geschehen;
+    m_hinweis = hinweis;
+    m_hinweisIstNeuer = hinweisZuerst;
+    const bool gutes = ton == Ton::gut && !geschehen.isEmpty();
+    m_ton = hinweis.isEmpty() && !gutes ? Ton::ruhig : ton;
+    Q_EMIT hinweisGeaendert();
+}
+
+void Meldestelle::vergessen()
+{
+    m_geschehen.clear();
+    Q_EMIT hinweisGeaendert();
+}
+
+void Meldestelle::nachsprechen()
+{
+    for (QString *satz : {&m_hinweis, &m_geschehen})
+        *satz = Sprache::nachgesprochen(*satz);
+    Q_EMIT hinweisGeaendert();
+}

@@ -1,0 +1,168 @@
+#include "pruefung.h"
+
+#include "einordnung.h"
+#include "meldestelle.h"
+#include "oeffnung.h"
+#include "offenesprofil.h"
+#include "profilwahl.h"
+#include "sprache.h"
+#include "text.h"
+#include "ziel.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+Pruefung::Pruefung(Profilwahl *profilwahl, Meldestelle *meldestelle)
+    : m_profilwahl(profilwahl), m_meldestelle(meldestelle), m_blickfrage(this)
+{
+    connect(m_profilwahl, &Profilwahl::gewechselt, this, &Pruefung::blickVerwerfen);
+    connect(m_profilwahl, &Profilwahl::eingetreten, this, &Pruefung::eintreten);
+    connect(m_profilwahl, &Profilwahl::einstellungenGeaendert, this, [this] {
+        if (m_stueck)
+            Q_EMIT angabenGeaendert();
+    });
+}
+
+Pruefung::~Pruefung() { m_entwuerfe.sichern(); }
+
+void Pruefung::eintreten(const Oeffnung &gefunden)
+{
+    if (const OffenesProfil *offenes = m_profilwahl->offenes())
+        m_entwuerfe.wechseln(offenes->profil().id, offenes->db(), gefunden.entwuerfe);
+    else
+        m_entwuerfe.schliessen();
+    zeigen(gefunden.blick);
+}
+
+QList<Pruefhinweis> Pruefung::pruefhinweise() const
+{
+    const Profil *profil = m_profilwahl->aktiv();
+    return m_stueck && profil ? ::pruefhinweise(*m_stueck, *profil) : QList<Pruefhinweis>();
+}
+
+const Dokument *Pruefung::aehnliches() const { return m_stueck && m_stueck->aehnlich ? &*m_stueck->aehnlich : nullptr; }
+
+void Pruefung::setzePartnerZeigen(bool zeigen)
+{
+    const bool neu = zeigen && aehnliches();
+    if (neu == m_partnerZeigen)
+        return;
+    m_partnerZeigen = neu;
+    Q_EMIT partnerZeigenGeaendert();
+}
+
+void Pruefung::feldSetzen(Feld feld, const QString &wert)
+{
+    const Profil *profil = m_profilwahl->aktiv();
+    if (!m_stueck || !profil || feldwert(m_stueck->dokument.angaben, feld) == wert)
+        return;
+    if (!angabenFest())
+        m_entwuerfe.aendern(m_stueck->dokument.id).setzen(m_stueck->dokument.angaben, feld, wert, *profil);
+    Q_EMIT angabenGeaendert();
+}
+
+void Pruefung::altenOrtBehalten()
+{
+    const Profil *profil = m_profilwahl->aktiv();
+    if (!m_stueck || !profil || angabenFest())
+        return;
+    if (const auto ort = heutigerOrt(m_stueck->dokument, *profil)) {
+        Dokument &dokument = m_stueck->dokument;
+        m_entwuerfe.aendern(dokument.id).ortSetzen(dokument.angaben, *ort, profil->jahrIn(dokument.altOrdner));
+        Q_EMIT angabenGeaendert();
+    }
+}
+
+QString Pruefung::datumsmangel() const
+{
+    return m_stueck ? Einordnung::datumsmangel(m_stueck->dokument.angaben.datum.trimmed()) : QString();
+}
+
+QString Pruefung::neuerName() const
+{
+    const Profil *profil = m_profilwahl->aktiv();
+    return m_stueck && profil ? Ziel::dateiname(m_stueck->dokument.angaben, m_stueck->dokument.dateiname, *profil)
+                              : QString();
+}
+
+QStringList Pruefung::zielpfad() const
+{
+    const Profil *profil = m_profilwahl->aktiv();
+    if (!m_stueck || !profil || profil->zielWurzel.isEmpty())
+        return {};
+    const Angaben &a = m_stueck->dokument.angaben;
+    const QString ordner = Ziel::ordner(a.ort, a.jahr.trimmed(), *profil);
+    return ordner.mid(QDir::cleanPath(profil->zielWurzel).size()).split(u'/', Qt::SkipEmptyParts);
+}
+
+void Pruefung::aktualisieren()
+{
+    m_profilwahl->nachlesen();
+    if (!m_profilwahl->kannHandeln() || m_arbeit != Arbeit::keine || m_blickfrage.laeuft())
+        return;
+    const OffenesProfil &offenes = *m_profilwahl->offenes();
+    const Wunsch wunsch = Wunsch::behalten(m_stueck ? std::optional(m_stueck->dokument.id) : std::nullopt);
+    m_blickfrage.stellen([db = offenes.db(), wunsch] { return Blick::auf(db, wunsch); },
+                         [this](const Ausgang<Blick> &ausgang) {
+                             if (ausgang.wert)
+                                 auffrischen(*ausgang.wert);
+                         });
+}
+
+/** Nobody here did anything: when the document under review is gone all the same, that is said. */
+void Pruefung::auffrischen(const Blick &blick)
+{
+    const auto vorher = m_stueck;
+    const bool durchRegel = blick.ausgenommen > m_blick.ausgenommen; // has its own notice
+    zeigen(blick);
+    const bool gegangen = vorher && !(m_stueck && m_stueck->dokument.id == vorher->dokument.id);
+    if (gegangen && !durchRegel)
+        m_meldestelle->melden(
+            gefuellt(Sprache::text(u"%@ wartet nicht mehr auf Prüfung"_s), {vorher->dokument.dateiname}),
+            Meldestelle::Ton::ruhig);
+}
+
+void Pruefung::zeigen(const Blick &blick)
+{
+    const Blick vorher = std::exchange(m_blick, blick);
+    stueckSetzen(blick.aktuelles);
+    if (!(vorher.zaehlwerk == blick.zaehlwerk) || vorher.ausgenommen != blick.ausgenommen)
+        Q_EMIT zaehlwerkGeaendert();
+    if (vorher.voraus != blick.voraus)
+        Q_EMIT vorausGeaendert();
+    if (vorher.umkehrbar != blick.umkehrbar || vorher.bewegt != blick.bewegt)
+        Q_EMIT umkehrbarGeaendert();
+}
+
+void Pruefung::stueckSetzen(std::optional<Pruefstueck> stueck)
+{
+    if (const Entwurf *entwurf = stueck ? m_entwuerfe.suchen(stueck->dokument.id) : nullptr)
+        entwurf->anwenden(stueck->dokument.angaben);
+    if (stueck == m_stueck)
+        return;
+    const bool dasselbe = stueck && m_stueck && stueck->dokument.id == m_stueck->dokument.id;
+    m_stueck = std::move(stueck);
+    if (dasselbe)
+        return Q_EMIT angabenGeaendert();
+    m_partnerZeigen = false;
+    Q_EMIT aktuellesGeaendert();
+}
+
+void Pruefung::setzeUngesehen(bool ungesehen)
+{
+    if (ungesehen == m_ungesehen)
+        return;
+    m_ungesehen = ungesehen;
+    Q_EMIT ungesehenGeaendert();
+}
+
+void Pruefung::setzeArbeit(Arbeit arbeit)
+{
+    const bool warFest = angabenFest();
+    m_arbeit = arbeit;
+    if (arbeit != Arbeit::keine)
+        blickVerwerfen();
+    if (warFest != angabenFest())
+        Q_EMIT angabenFestGeaendert();
+}
