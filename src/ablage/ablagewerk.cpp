@@ -168,7 +168,7 @@ void Ablagewerk::bewegen(const Vorhaben &vorhaben)
         inhaltPruefen(gespeichert);
         ausfuehren(vorhaben, gespeichert, angesehen, gang);
     } catch (const Fehler &f) {
-        throw Fehler(inSprache(f));
+        throw Fehler(f.text());
     }
 }
 
@@ -210,7 +210,7 @@ qint64 Ablagewerk::rueckgaengig()
     try {
         return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle);
     } catch (const Fehler &f) {
-        throw Fehler(inSprache(f));
+        throw Fehler(f.text());
     }
 }
 
@@ -220,7 +220,7 @@ Zurueckgenommen Ablagewerk::tatZurueck(const std::optional<Taten::Tat> &diese,
     try {
         return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
     } catch (const Fehler &f) {
-        throw Fehler(inSprache(f));
+        throw Fehler(f.text());
     }
 }
 

@@ -36,7 +36,7 @@ void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
                 gefuellt(Sprache::text(u"Nach einem Absturz noch ungeklärt, wo diese Datei liegt: %@"_s), {name}));
         Lernspeicher(*db).schluesselUebertragen();
     } catch (const Fehler &f) {
-        Ausgabe::melden(inSprache(f));
+        Ausgabe::melden(f.text());
     }
 }
 

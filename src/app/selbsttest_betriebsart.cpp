@@ -2,7 +2,6 @@
 #include "ausgabe.h"
 #include "dateibewegung.h"
 #include "datenbank.h"
-#include "insprache.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "selbstpruefung.h"
@@ -68,7 +67,7 @@ private:
                                                                 [](const Dateibewegung::Schritt &) {});
                 m_db->ausfuehren(u"UPDATE dokumente SET pfad=? WHERE id=?"_s, {kopie, z.ganz(u"id")});
             } catch (const Fehler &f) {
-                Ausgabe::melden(nameVon(z.text(u"pfad")) + u": "_s + inSprache(f));
+                Ausgabe::melden(nameVon(z.text(u"pfad")) + u": "_s + f.text());
             }
         }
     }
@@ -193,6 +192,6 @@ void betriebsartPruefen(Selbstpruefung &p, const std::shared_ptr<Datenbank> &db,
         hinweg(p, proben, buehne.db(), buehne.profil(), buch);
         rueckweg(p, proben, buehne.db(), buehne.profil(), buch->datei());
     } catch (const Fehler &f) {
-        Ausgabe::drucken(gefuellt(Sprache::text(u"  ausgelassen: %@"_s), {inSprache(f)}));
+        Ausgabe::drucken(gefuellt(Sprache::text(u"  ausgelassen: %@"_s), {f.text()}));
     }
 }

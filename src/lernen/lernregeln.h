@@ -1,8 +1,7 @@
 #pragma once
 
-#include "profil.h"
-
 #include <QList>
+#include <QString>
 
 /** One learned place: where the documents of a counterpart go. */
 struct Eintrag {

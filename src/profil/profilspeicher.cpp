@@ -1,10 +1,10 @@
 #include "profilspeicher.h"
 
+#include "nachschlagen.h"
 #include "platte.h"
 #include "profilformat.h"
 #include "programmordner.h"
 #include "sperrdatei.h"
-#include "sprache.h"
 #include "text.h"
 
 #include <QDateTime>
@@ -129,7 +129,7 @@ Profilspeicher::Gefunden Profilspeicher::lesen()
     }
     return {.profile = {},
             .unlesbar = true,
-            .anmerkungen = {gefuellt(Sprache::text(u"Die Profilliste ist nicht lesbar: %@"_s), {datei()})}};
+            .anmerkungen = {gefuellt(nachgeschlagen(QUILLMAR_TEXT(u"Die Profilliste ist nicht lesbar: %@"_s)), {datei()})}};
 }
 
 QString Profilspeicher::unlesbareSichern()

@@ -51,6 +51,9 @@ void vorlageSchreiben(const QString &ort)
 }
 } // namespace
 
+// Here, so that no one who looks up texts himself can forget it.
+Sprache::Sprache() { nachschlagewerkSetzen([](const QString &deutsch) { return text(/* QUILLMAR_TEXT */ deutsch); }); }
+
 Sprache &Sprache::sitzung()
 {
     static Sprache einzige;
@@ -149,6 +152,7 @@ QString Sprache::wirksameKennung()
 
 void Sprache::vorbereiten()
 {
+    Q_UNUSED(sitzung()); // whatever fails from now on is told in the chosen language
     const QString ordner = eigenerOrdner();
     fruehereUebersetzungUebernehmen(ordner);
     vorlageSchreiben(ordner + "/_Vorlage.json"_L1);
