@@ -1,5 +1,6 @@
 #include "einordner.h"
 
+#include "abbruch.h"
 #include "datenbank.h"
 #include "dokument.h"
 #include "fehlertext.h"
@@ -10,7 +11,6 @@
 #include "stapel.h"
 #include "text.h"
 #include "transaktion.h"
-#include "werkzeuge.h"
 #include "ziel.h"
 
 #include <QElapsedTimer>
@@ -51,37 +51,11 @@ void gegenueberPruefen(const Werkbank &bank, Einordnungsergebnis &e, const QStri
     try {
         const auto name = nachfragen(bank.gegenpruefung, text, bank.lauf.profil(), bank.ollama, bank.lauf.ende());
         e.gegenueber = name.value_or(QString());
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
-    } catch (const ModellFehlt &) {
+    } catch (const Modellmangel &) {
         throw; // the whole document is asked about again
-    } catch (const ModellAnderswo &) {
-        throw;
     } catch (const Fehler &) {
         // The rest of the proposal stands; the review says that no counterpart was found.
     }
-}
-
-void gelerntesAnwenden(Datenbank &db, Vorschlag &v)
-{
-    if (v.ergebnis.gegenueber.isEmpty())
-        return;
-    const Lernspeicher speicher(db);
-    if (const auto gleich = speicher.gleichwertig(v.ergebnis.gegenueber)) {
-        v.gelerntVon = Lernregeln::schluessel(v.ergebnis.gegenueber);
-        v.ergebnis.gegenueber = *gleich;
-    }
-    const auto eintrag = speicher.vorschlag(v.ergebnis.gegenueber);
-    if (!eintrag)
-        return;
-    if (Lernregeln::darfErsetzen(eintrag->anzeige, v.ergebnis.gegenueber))
-        v.ergebnis.gegenueber = eintrag->anzeige;
-    v.ergebnis.zweig = eintrag->zweig;
-    v.ergebnis.ablage = eintrag->ablage;
-    v.ergebnis.rubrik = eintrag->rubrik;
-    v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
-    v.gelerntVon = eintrag->schluessel;
-    v.ortQuelle = u"gelernt"_s;
 }
 
 QString ortQuelle(const Profil &profil, const QString &altOrdner, const Ort &ort)
@@ -112,7 +86,12 @@ Vorschlag vorschlagen(const Werkbank &bank, const Zeile &zeile)
 void wissenAnwenden(const Werkbank &bank, const Zeile &zeile, Vorschlag &v)
 {
     const Profil &profil = bank.lauf.profil();
-    gelerntesAnwenden(bank.lauf.db(), v);
+    const Einordner::Gelerntes gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), v.ergebnis);
+    v.gelerntVon = gelernt.von;
+    if (gelernt.ort) {
+        v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
+        v.ortQuelle = u"gelernt"_s;
+    }
     Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, zeile.text(u"text"), profil);
     if (v.ortQuelle.isEmpty())
         v.ortQuelle = ortQuelle(profil, zeile.text(u"alt_ordner"), v.ergebnis.ort());
@@ -180,12 +159,8 @@ void einesEinordnen(const Werkbank &bank, const Zeile &zeile)
     Vorschlag vorschlag;
     try {
         vorschlag = vorschlagen(bank, zeile);
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
-    } catch (const ModellFehlt &) {
-        throw;
-    } catch (const ModellAnderswo &) {
-        throw;
+    } catch (const Modellmangel &) {
+        throw; // ends the stage
     } catch (const Fehler &f) {
         scheitern(bank, zeile, f, dauer());
         return;
@@ -231,18 +206,42 @@ void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnun
     e.konfidenz = std::max(e.konfidenz, mindestensNachRegel);
 }
 
-void Einordner::einordnen(Lauf &lauf)
+Einordner::Gelerntes Einordner::gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
 {
-    lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
-    const QString modell = lauf.profil().modell;
+    const Lernspeicher speicher(db);
+    Gelerntes gelernt;
+    if (const auto gleich = speicher.gleichwertig(e.gegenueber)) {
+        gelernt.von = Lernregeln::schluessel(e.gegenueber);
+        e.gegenueber = *gleich;
+    }
+    const auto eintrag = speicher.vorschlag(e.gegenueber);
+    if (!eintrag)
+        return gelernt;
+    if (Lernregeln::darfErsetzen(eintrag->anzeige, e.gegenueber))
+        e.gegenueber = eintrag->anzeige;
+    e.zweig = eintrag->zweig;
+    e.ablage = eintrag->ablage;
+    e.rubrik = eintrag->rubrik;
+    return {.von = eintrag->schluessel, .ort = true};
+}
+
+void Einordner::fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt,
+                       const std::function<void()> &alle)
+{
     try {
-        alleEinordnen(Werkbank(lauf));
-    } catch (const Werkzeuge::Abgebrochen &) {
+        alle();
+    } catch (const Abbruch &) {
         return; // the program ends; the document in hand stays open
     } catch (const ModellFehlt &) {
         // No document can be asked about: all that are left wait for the next run.
-        lauf.hindernis(Laufhindernis::Art::ErstesModellFehlt, modell);
+        lauf.hindernis(wennFehlt, modell);
     } catch (const ModellAnderswo &) {
         lauf.hindernis(Laufhindernis::Art::ModellAnderswo, modell);
     }
+}
+
+void Einordner::einordnen(Lauf &lauf)
+{
+    lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
+    fragen(lauf, lauf.profil().modell, Laufhindernis::Art::ErstesModellFehlt, [&] { alleEinordnen(Werkbank(lauf)); });
 }

@@ -1,8 +1,7 @@
 #include "http.h"
 
-#include "fehler.h"
+#include "abbruch.h"
 #include "sprache.h"
-#include "werkzeuge.h"
 
 #include <QHostAddress>
 #include <QNetworkProxy>
@@ -36,7 +35,7 @@ public:
     void pruefen() const
     {
         if (m_anfrage.ende.stop_requested())
-            throw Werkzeuge::Abgebrochen();
+            throw Abbruch();
         if (steady_clock::now() >= m_schluss)
             throw Fehler(Sprache::text(u"Der Modellserver antwortet nicht rechtzeitig"_s));
     }

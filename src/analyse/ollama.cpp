@@ -150,7 +150,7 @@ QString ohneNachdenken(const QString &antwort)
 }
 } // namespace
 
-ModellAnderswo::ModellAnderswo(const QString &modell) : Fehler(satz(modell)) {}
+ModellAnderswo::ModellAnderswo(const QString &modell) : Modellmangel(satz(modell)) {}
 
 QString ModellAnderswo::satz(const QString &modell)
 {

@@ -12,8 +12,15 @@
 #include <optional>
 #include <stop_token>
 
+/** Nothing can be asked of this model, whatever the document. */
+class Modellmangel : public Fehler
+{
+public:
+    using Fehler::Fehler;
+};
+
 /** A model that the server only passes on to another computer; it is never used. */
-class ModellAnderswo : public Fehler
+class ModellAnderswo : public Modellmangel
 {
 public:
     explicit ModellAnderswo(const QString &modell);
@@ -21,10 +28,10 @@ public:
 };
 
 /** The server has no such model. */
-class ModellFehlt : public Fehler
+class ModellFehlt : public Modellmangel
 {
 public:
-    using Fehler::Fehler;
+    using Modellmangel::Modellmangel;
 };
 
 /**

@@ -4,11 +4,9 @@
 #include "einordner.h"
 #include "http.h"
 #include "lauf.h"
-#include "lernspeicher.h"
 #include "sprache.h"
 #include "stapel.h"
 #include "transaktion.h"
-#include "werkzeuge.h"
 #include "zeit.h"
 
 #include <optional>
@@ -48,24 +46,8 @@ Einordnungsergebnis antwort(const Werkbank &bank, const Zeile &zeile)
     return ergebnis;
 }
 
-/** What the user has taught goes before what any model says. Returns the entry that gave the place. */
-std::optional<Eintrag> gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
-{
-    const Lernspeicher speicher(db);
-    e.gegenueber = speicher.gleichwertig(e.gegenueber).value_or(e.gegenueber);
-    auto eintrag = speicher.vorschlag(e.gegenueber);
-    if (!eintrag)
-        return std::nullopt;
-    if (Lernregeln::darfErsetzen(eintrag->anzeige, e.gegenueber))
-        e.gegenueber = eintrag->anzeige;
-    e.zweig = eintrag->zweig;
-    e.ablage = eintrag->ablage;
-    e.rubrik = eintrag->rubrik;
-    return eintrag;
-}
-
 /** False when the document was taught, handled or excluded since it was read: then nothing is stored. */
-bool ergebnisSchreiben(Datenbank &db, qint64 id, const Einordnungsergebnis &e, const std::optional<Eintrag> &gelernt)
+bool ergebnisSchreiben(Datenbank &db, qint64 id, const Einordnungsergebnis &e, const Einordner::Gelerntes &gelernt)
 {
     Stapel stapel(db);
     const int geschrieben =
@@ -75,9 +57,9 @@ bool ergebnisSchreiben(Datenbank &db, qint64 id, const Einordnungsergebnis &e, c
                          {e.datum, e.gegenueber, e.titel, e.zweig, e.ablage, e.rubrik, e.jahr(), e.konfidenz, id});
     if (geschrieben > 0)
         stapel.schreiben(u"INSERT OR IGNORE INTO nachgeprueft (dokument_id) VALUES (?)"_s, {id});
-    if (geschrieben > 0 && gelernt)
+    if (geschrieben > 0 && gelernt.ort)
         stapel.schreiben(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
-                         {gelernt->schluessel, id});
+                         {gelernt.von, id});
     if (geschrieben > 0)
         stapel.schreiben(u"DELETE FROM zweitfragen WHERE dokument_id=?"_s, {id});
     stapel.abschliessen();
@@ -91,7 +73,7 @@ bool speichern(const Werkbank &bank, const Zeile &zeile, Einordnungsergebnis erg
     Transaktion transaktion(db);
     if (bank.gegenpruefung.istEigen(ergebnis.gegenueber))
         ergebnis.gegenueber = zeile.text(u"gegenueber");
-    const auto gelernt = gelerntesAnwenden(db, ergebnis);
+    const auto gelernt = Einordner::gelerntesAnwenden(db, ergebnis);
     Einordner::richtungBerichtigen(bank.richtung, ergebnis, zeile.text(u"text"), bank.lauf.profil());
     const bool geschrieben = ergebnisSchreiben(db, zeile.ganz(u"id"), ergebnis, gelernt);
     transaktion.abschliessen();
@@ -116,12 +98,8 @@ void einesNachpruefen(Werkbank &bank, const Zeile &zeile)
     std::optional<Einordnungsergebnis> ergebnis;
     try {
         ergebnis = antwort(bank, zeile);
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
-    } catch (const ModellFehlt &) {
-        throw;
-    } catch (const ModellAnderswo &) {
-        throw;
+    } catch (const Modellmangel &) {
+        throw; // ends the stage
     } catch (const Fehler &f) {
         // The first proposal stays.
         if (dynamic_cast<const Http::Unerreichbar *>(&f))
@@ -162,13 +140,5 @@ void Zweitmeinung::einholen(Lauf &lauf)
         return;
     lauf.stufe(QUILLMAR_TEXT(u"Strittige Fälle nachprüfen"_s));
     Werkbank bank(lauf);
-    try {
-        alleNachpruefen(bank);
-    } catch (const Werkzeuge::Abgebrochen &) {
-        return; // the program ends; the document in hand stays open
-    } catch (const ModellFehlt &) {
-        lauf.hindernis(Laufhindernis::Art::ModellFehlt, modell);
-    } catch (const ModellAnderswo &) {
-        lauf.hindernis(Laufhindernis::Art::ModellAnderswo, modell);
-    }
+    Einordner::fragen(lauf, modell, Laufhindernis::Art::ModellFehlt, [&] { alleNachpruefen(bank); });
 }
