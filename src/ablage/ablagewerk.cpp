@@ -16,6 +16,7 @@
 #include "zielwurzel.h"
 
 #include <QDir>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -50,9 +51,13 @@ QList<Aenderung> aenderungen(Datenbank &db, const Ausnahmefilter &filter)
 }
 } // namespace
 
-QString Ablagewerk::eindeutig(const QString &pfad) { return Dateibewegung::eindeutig(pfad); }
+void Ablagewerk::zielPruefen()
+{
+    Zielwurzel::pruefen(*m_db, m_profil);
+    m_zielGeprueft = true;
+}
 
-void Ablagewerk::uebernehmen(const Dokument &dokument)
+Vollzug Ablagewerk::uebernehmen(const Dokument &dokument)
 {
     const auto ordner = [&](const Dokument &) {
         return zielordner(dokument.zweig, dokument.ablage, dokument.rubrik, dokument.jahr);
@@ -62,26 +67,26 @@ void Ablagewerk::uebernehmen(const Dokument &dokument)
         endgueltig.dateiname = gespeichert.dateiname;
         return dateiname(endgueltig);
     };
-    bewegen({.id = dokument.id,
-             .gesehen = dokument.status,
-             .status = u"erledigt"_s,
-             .aktion = u"einsortiert"_s,
-             .ordner = ordner,
-             .name = name,
-             .werte = &dokument});
+    return bewegen({.id = dokument.id,
+                    .gesehen = dokument.status,
+                    .status = u"erledigt"_s,
+                    .aktion = u"einsortiert"_s,
+                    .ordner = ordner,
+                    .name = name,
+                    .werte = &dokument});
 }
 
-void Ablagewerk::aussortieren(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
+Vollzug Ablagewerk::aussortieren(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
 {
     if (m_profil.kopieren)
         return nurVermerken(id, gesehen, tat);
-    bewegen({.id = id,
-             .gesehen = gesehen,
-             .status = u"aussortiert"_s,
-             .aktion = u"dublette"_s,
-             .ordner = [this](const Dokument &d) { return dublettenordner(d); },
-             .name = [](const Dokument &d) { return Dateibewegung::nummeriert(d.dateiname, 1); },
-             .tat = tat ? tat->id : 0});
+    return bewegen({.id = id,
+                    .gesehen = gesehen,
+                    .status = u"aussortiert"_s,
+                    .aktion = u"dublette"_s,
+                    .ordner = [this](const Dokument &d) { return dublettenordner(d); },
+                    .name = [](const Dokument &d) { return Dateibewegung::nummeriert(d.dateiname, 1); },
+                    .tat = tat ? tat->id : 0});
 }
 
 QString Ablagewerk::dublettenordner(const Dokument &dokument) const
@@ -90,17 +95,17 @@ QString Ablagewerk::dublettenordner(const Dokument &dokument) const
 }
 
 /** A copying profile leaves the file where it is. */
-void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
+Vollzug Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::optional<Taten::Tat> &tat)
 {
     const Dokument gespeichert = gespeichertes(id);
     if ((!gesehen.isEmpty() && gesehen != gespeichert.status) || istBearbeitet(gespeichert.status))
         schonBearbeitet();
     const QString neu = u"aussortiert"_s;
     if (!tat) {
-        mitgezogen->tat = Taten::statusWechseln(*m_db, u"aussortiert"_s, id, gespeichert.status, neu);
-        if (!mitgezogen->tat)
+        const auto eigene = Taten::statusWechseln(*m_db, u"aussortiert"_s, id, gespeichert.status, neu);
+        if (!eigene)
             schonBearbeitet();
-        return;
+        return {.nach = {}, .tat = *eigene};
     }
     Transaktion t(*m_db);
     if (m_db->ausfuehren(u"UPDATE dokumente SET status=? WHERE id=? AND status=?"_s, {neu, id, gespeichert.status}) !=
@@ -110,17 +115,7 @@ void Ablagewerk::nurVermerken(qint64 id, const QString &gesehen, const std::opti
         schonBearbeitet();
     Taten::eintragen(*m_db, tat->id, {.dokument = id, .altStatus = gespeichert.status, .neuStatus = neu});
     t.abschliessen();
-}
-
-void Ablagewerk::verschieben(qint64 id, const QString &ordner, const QString &name, const QString &status,
-                             const QString &aktion)
-{
-    bewegen({.id = id,
-             .gesehen = {},
-             .status = status,
-             .aktion = aktion,
-             .ordner = [&](const Dokument &) { return ordner; },
-             .name = [&](const Dokument &) { return name; }});
+    return {.nach = {}, .tat = *tat};
 }
 
 Dokument Ablagewerk::gespeichertes(qint64 id) const
@@ -152,28 +147,24 @@ void Ablagewerk::inhaltPruefen(const Dokument &dokument) const
                                "sie neu"_s));
 }
 
-void Ablagewerk::bewegen(const Vorhaben &vorhaben)
+Vollzug Ablagewerk::bewegen(const Vorhaben &vorhaben)
 {
     Q_UNUSED(gespeichertes(vorhaben.id));
-    Zielwurzel::pruefen(*m_db, m_profil);
-    try {
-        Bewegungsgang gang(m_db);
-        // Read again: while this one waited for its turn, another program may have handled the document.
-        const Dokument gespeichert = gespeichertes(vorhaben.id);
-        const bool andersGesehen = !vorhaben.gesehen.isEmpty() && vorhaben.gesehen != gespeichert.status;
-        if (andersGesehen || (vorhaben.werte && istBearbeitet(gespeichert.status)))
-            schonBearbeitet();
-        quellePruefen(gespeichert);
-        const auto angesehen = Dateibewegung::angabenVon(gespeichert.pfad);
-        inhaltPruefen(gespeichert);
-        ausfuehren(vorhaben, gespeichert, angesehen, gang);
-    } catch (const Fehler &f) {
-        throw Fehler(f.text());
-    }
+    if (!std::exchange(m_zielGeprueft, false))
+        Zielwurzel::pruefen(*m_db, m_profil);
+    Bewegungsgang gang(m_db);
+    // Read again: while this one waited for its turn, another program may have handled the document.
+    const Dokument gespeichert = gespeichertes(vorhaben.id);
+    const bool andersGesehen = !vorhaben.gesehen.isEmpty() && vorhaben.gesehen != gespeichert.status;
+    if (andersGesehen || (vorhaben.werte && istBearbeitet(gespeichert.status)))
+        schonBearbeitet();
+    quellePruefen(gespeichert);
+    const auto angesehen = Dateibewegung::angabenVon(gespeichert.pfad);
+    inhaltPruefen(gespeichert);
+    return ausfuehren(vorhaben, gespeichert, angesehen, gang);
 }
 
-void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
-                            const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang)
+Absicht Ablagewerk::absichtFuer(const Vorhaben &vorhaben, const Dokument &gespeichert) const
 {
     Absicht absicht;
     absicht.zeile = {.zeit = jetztIso(),
@@ -190,6 +181,12 @@ void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeicher
     absicht.profil = m_profil;
     if (vorhaben.werte)
         absicht.werte = *vorhaben.werte;
+    return absicht;
+}
+
+Vollzug Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
+                               const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang)
+{
     const Dateibewegung::Auftrag auftrag{.von = gespeichert.pfad,
                                          .ordner = vorhaben.ordner(gespeichert),
                                          .name = vorhaben.name(gespeichert),
@@ -197,31 +194,19 @@ void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeicher
                                                                   : Dateibewegung::Art::Verschieben,
                                          .erwartet = angesehen};
     Dateibewegung::ordnerAnlegen(auftrag.ordner, m_profil.zielWurzel);
-    const auto ergebnis = gang.bewegen(absicht, auftrag, m_buch.get());
-    if (ergebnis.angepasst > 0)
-        mitgezogen->anzahl = ergebnis.angepasst;
-    mitgezogen->ohneProtokoll = mitgezogen->ohneProtokoll || !ergebnis.protokolliert;
-    mitgezogen->nach = ergebnis.nach;
-    mitgezogen->tat = Taten::Tat{.bewegung = true, .id = ergebnis.protokollId};
+    const auto ergebnis = gang.bewegen(absichtFuer(vorhaben, gespeichert), auftrag, m_buch.get());
+    return {.angepasst = ergebnis.angepasst,
+            .ohneProtokoll = !ergebnis.protokolliert,
+            .nach = ergebnis.nach,
+            .tat = {.bewegung = true, .id = ergebnis.protokollId}};
 }
 
-qint64 Ablagewerk::rueckgaengig()
-{
-    try {
-        return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle);
-    } catch (const Fehler &f) {
-        throw Fehler(f.text());
-    }
-}
+qint64 Ablagewerk::rueckgaengig() { return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle); }
 
 Zurueckgenommen Ablagewerk::tatZurueck(const std::optional<Taten::Tat> &diese,
                                        const Tatruecknahme::Fortschritt &fortschritt)
 {
-    try {
-        return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
-    } catch (const Fehler &f) {
-        throw Fehler(f.text());
-    }
+    return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
 }
 
 std::optional<Dokument> Ablagewerk::dokument(qint64 id) const

@@ -97,13 +97,13 @@ qint64 Lernspeicher::merken(const Dokument &dokument, const QString &vorher)
     const QString neu = Lernregeln::schluessel(dokument.gegenueber);
     if (!dokument.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu) {
         gleichungMerken(alt, dokument.gegenueber);
-        angepasst += angeglichene(alt, dokument.gegenueber, dokument.id);
+        angepasst += namenAngleichen(alt, dokument.gegenueber, dokument.id);
     }
     if (neu.size() >= Lernregeln::kuerzesterSchluessel && !dokument.zweig.isEmpty()) {
         zuordnungMerken(neu, dokument);
         angepasst +=
-            versetzte(neu, dokument.gegenueber,
-                      {.zweig = dokument.zweig, .ablage = dokument.ablage, .rubrik = dokument.rubrik}, dokument.id);
+            anwenden(neu, dokument.gegenueber,
+                     {.zweig = dokument.zweig, .ablage = dokument.ablage, .rubrik = dokument.rubrik}, dokument.id);
     }
     transaktion.abschliessen();
     return angepasst.size();
@@ -144,12 +144,7 @@ void Lernspeicher::zuordnungMerken(const QString &schluessel, const Dokument &do
               {schluessel, dokument.gegenueber, dokument.zweig, dokument.ablage, dokument.rubrik, anzahl, jetztIso()});
 }
 
-qint64 Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
-{
-    return versetzte(schluessel, name, ort, ausser).size();
-}
-
-QSet<qint64> Lernspeicher::versetzte(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
+QSet<qint64> Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
 {
     QList<Eintrag> eintraege = alle();
     const auto eigener =
@@ -272,12 +267,7 @@ QSet<qint64> Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &e
     return geaenderte;
 }
 
-qint64 Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qint64 ausser)
-{
-    return angeglichene(von, nach, ausser).size();
-}
-
-QSet<qint64> Lernspeicher::angeglichene(const QString &von, const QString &nach, qint64 ausser)
+QSet<qint64> Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qint64 ausser)
 {
     Transaktion transaktion(m_db);
     QSet<qint64> geaenderte;
