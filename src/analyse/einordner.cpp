@@ -180,8 +180,8 @@ void alleEinordnen(const Werkbank &bank)
                                {offene.at(i).ganz(u"id")});
         if (!zeilen.isEmpty())
             einesEinordnen(bank, zeilen.first());
-        lauf.fortschritt(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(offene.size()) +
-                             Sprache::text(u" eingeordnet"_s),
+        lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ eingeordnet"_s),
+                                  {QString::number(i + 1), QString::number(offene.size())}),
                          i + 1, offene.size());
     }
 }

@@ -6,6 +6,7 @@
 #include "lauf.h"
 #include "sprache.h"
 #include "stapel.h"
+#include "text.h"
 #include "transaktion.h"
 #include "zeit.h"
 
@@ -58,8 +59,7 @@ bool ergebnisSchreiben(Datenbank &db, qint64 id, const Einordnungsergebnis &e, c
     if (geschrieben > 0)
         stapel.schreiben(u"INSERT OR IGNORE INTO nachgeprueft (dokument_id) VALUES (?)"_s, {id});
     if (geschrieben > 0 && gelernt.ort)
-        stapel.schreiben(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
-                         {gelernt.von, id});
+        stapel.schreiben(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s, {gelernt.von, id});
     if (geschrieben > 0)
         stapel.schreiben(u"DELETE FROM zweitfragen WHERE dokument_id=?"_s, {id});
     stapel.abschliessen();
@@ -126,8 +126,8 @@ void alleNachpruefen(Werkbank &bank)
             {offene.at(i).ganz(u"id")});
         if (!zeilen.isEmpty())
             einesNachpruefen(bank, zeilen.first());
-        lauf.fortschritt(QString::number(bank.beantwortet) + Sprache::text(u" von "_s) +
-                             QString::number(offene.size()) + Sprache::text(u" nachgeprüft"_s),
+        lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ nachgeprüft"_s),
+                                  {QString::number(bank.beantwortet), QString::number(offene.size())}),
                          i + 1, offene.size());
     }
 }

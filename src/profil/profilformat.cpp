@@ -192,7 +192,8 @@ void eigeneKennungen(QList<Profil> &profile, QStringList &anmerkungen)
             profil.id = QUuid::createUuidV5(alte, QByteArray::number(n));
         if (profil.id != alte)
             anmerkungen << gefuellt(
-                nachgeschlagen(QUILLMAR_TEXT(u"Profil %@ hatte die Kennung eines anderen und bekommt eine eigene"_s)), {profil.name});
+                nachgeschlagen(QUILLMAR_TEXT(u"Profil %@ hatte die Kennung eines anderen und bekommt eine eigene"_s)),
+                {profil.name});
         vergeben << profil.id;
     }
 }

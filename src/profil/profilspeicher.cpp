@@ -127,9 +127,10 @@ Profilspeicher::Gefunden Profilspeicher::lesen()
         if (auto gelesen = Profilformat::auswerten(eingabe.readAll()))
             return {.profile = gelesen->profile, .unlesbar = false, .anmerkungen = gelesen->anmerkungen};
     }
-    return {.profile = {},
-            .unlesbar = true,
-            .anmerkungen = {gefuellt(nachgeschlagen(QUILLMAR_TEXT(u"Die Profilliste ist nicht lesbar: %@"_s)), {datei()})}};
+    return {
+        .profile = {},
+        .unlesbar = true,
+        .anmerkungen = {gefuellt(nachgeschlagen(QUILLMAR_TEXT(u"Die Profilliste ist nicht lesbar: %@"_s)), {datei()})}};
 }
 
 QString Profilspeicher::unlesbareSichern()
