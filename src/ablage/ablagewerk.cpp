@@ -16,6 +16,7 @@
 #include "zielwurzel.h"
 
 #include <QDir>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -45,35 +46,39 @@ QList<Aenderung> aenderungen(Datenbank &db, const Ausnahmefilter &filter)
 }
 } // namespace
 
-QString Ablagewerk::eindeutig(const QString &pfad) { return Dateibewegung::eindeutig(pfad); }
+void Ablagewerk::zielPruefen()
+{
+    Zielwurzel::pruefen(*m_db, m_profil);
+    m_zielGeprueft = true;
+}
 
-void Ablagewerk::uebernehmen(const Dokument &dokument)
+Vollzug Ablagewerk::uebernehmen(const Dokument &dokument)
 {
     const auto ordner = [&](const Dokument &) { return zielordner(dokument.angaben.ort, dokument.angaben.jahr); };
     const auto name = [&](const Dokument &gespeichert) {
         return Ziel::dateiname(dokument.angaben, gespeichert.dateiname, m_profil);
     };
     const bool gesehen = dokument.status != Status::Unbekannt;
-    bewegen({.id = dokument.id,
-             .gesehen = gesehen ? std::optional(dokument.status) : std::nullopt,
-             .status = Status::Erledigt,
-             .aktion = u"einsortiert"_s,
-             .ordner = ordner,
-             .name = name,
-             .werte = &dokument.angaben});
+    return bewegen({.id = dokument.id,
+                    .gesehen = gesehen ? std::optional(dokument.status) : std::nullopt,
+                    .status = Status::Erledigt,
+                    .aktion = u"einsortiert"_s,
+                    .ordner = ordner,
+                    .name = name,
+                    .werte = &dokument.angaben});
 }
 
-void Ablagewerk::aussortieren(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat)
+Vollzug Ablagewerk::aussortieren(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat)
 {
     if (m_profil.kopieren)
         return nurVermerken(id, gesehen, tat);
-    bewegen({.id = id,
-             .gesehen = gesehen,
-             .status = Status::Aussortiert,
-             .aktion = u"dublette"_s,
-             .ordner = [this](const Dokument &d) { return dublettenordner(d); },
-             .name = [](const Dokument &d) { return Dateibewegung::nummeriert(d.dateiname, 1); },
-             .tat = tat ? tat->id : 0});
+    return bewegen({.id = id,
+                    .gesehen = gesehen,
+                    .status = Status::Aussortiert,
+                    .aktion = u"dublette"_s,
+                    .ordner = [this](const Dokument &d) { return dublettenordner(d); },
+                    .name = [](const Dokument &d) { return Dateibewegung::nummeriert(d.dateiname, 1); },
+                    .tat = tat ? tat->id : 0});
 }
 
 QString Ablagewerk::dublettenordner(const Dokument &dokument) const
@@ -82,16 +87,16 @@ QString Ablagewerk::dublettenordner(const Dokument &dokument) const
 }
 
 /** A copying profile leaves the file where it is. */
-void Ablagewerk::nurVermerken(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat)
+Vollzug Ablagewerk::nurVermerken(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat)
 {
     const Dokument gespeichert = gespeichertes(id);
     if ((gesehen && *gesehen != gespeichert.status) || istBearbeitet(gespeichert.status))
         schonBearbeitet();
     if (!tat) {
-        mitgezogen->tat = Taten::statusWechseln(*m_db, u"aussortiert"_s, id, gespeichert.status, Status::Aussortiert);
-        if (!mitgezogen->tat)
+        const auto eigene = Taten::statusWechseln(*m_db, u"aussortiert"_s, id, gespeichert.status, Status::Aussortiert);
+        if (!eigene)
             schonBearbeitet();
-        return;
+        return {.nach = {}, .tat = *eigene};
     }
     Transaktion t(*m_db);
     if (!Dokumente(*m_db).statusWechseln(id, gespeichert.status, Status::Aussortiert))
@@ -99,6 +104,7 @@ void Ablagewerk::nurVermerken(qint64 id, std::optional<Status> gesehen, const st
     Taten::eintragen(*m_db, tat->id,
                      {.dokument = id, .altStatus = gespeichert.status, .neuStatus = Status::Aussortiert});
     t.abschliessen();
+    return {.nach = {}, .tat = *tat};
 }
 
 Dokument Ablagewerk::gespeichertes(qint64 id) const
@@ -130,28 +136,24 @@ void Ablagewerk::inhaltPruefen(const Dokument &dokument) const
                                "sie neu"_s));
 }
 
-void Ablagewerk::bewegen(const Vorhaben &vorhaben)
+Vollzug Ablagewerk::bewegen(const Vorhaben &vorhaben)
 {
     Q_UNUSED(gespeichertes(vorhaben.id));
-    Zielwurzel::pruefen(*m_db, m_profil);
-    try {
-        Bewegungsgang gang(m_db);
-        // Read again: while this one waited for its turn, another program may have handled the document.
-        const Dokument gespeichert = gespeichertes(vorhaben.id);
-        const bool andersGesehen = vorhaben.gesehen && *vorhaben.gesehen != gespeichert.status;
-        if (andersGesehen || (vorhaben.werte && istBearbeitet(gespeichert.status)))
-            schonBearbeitet();
-        quellePruefen(gespeichert);
-        const auto angesehen = Dateibewegung::angabenVon(gespeichert.pfad);
-        inhaltPruefen(gespeichert);
-        ausfuehren(vorhaben, gespeichert, angesehen, gang);
-    } catch (const Fehler &f) {
-        throw Fehler(inSprache(f));
-    }
+    if (!std::exchange(m_zielGeprueft, false))
+        Zielwurzel::pruefen(*m_db, m_profil);
+    Bewegungsgang gang(m_db);
+    // Read again: while this one waited for its turn, another program may have handled the document.
+    const Dokument gespeichert = gespeichertes(vorhaben.id);
+    const bool andersGesehen = vorhaben.gesehen && *vorhaben.gesehen != gespeichert.status;
+    if (andersGesehen || (vorhaben.werte && istBearbeitet(gespeichert.status)))
+        schonBearbeitet();
+    quellePruefen(gespeichert);
+    const auto angesehen = Dateibewegung::angabenVon(gespeichert.pfad);
+    inhaltPruefen(gespeichert);
+    return ausfuehren(vorhaben, gespeichert, angesehen, gang);
 }
 
-void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
-                            const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang)
+Absicht Ablagewerk::absichtFuer(const Vorhaben &vorhaben, const Dokument &gespeichert) const
 {
     Absicht absicht;
     absicht.zeile = {.zeit = jetztIso(),
@@ -168,6 +170,12 @@ void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeicher
     absicht.profil = m_profil;
     if (vorhaben.werte)
         absicht.werte = *vorhaben.werte;
+    return absicht;
+}
+
+Vollzug Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
+                               const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang)
+{
     const Dateibewegung::Auftrag auftrag{.von = gespeichert.pfad,
                                          .ordner = vorhaben.ordner(gespeichert),
                                          .name = vorhaben.name(gespeichert),
@@ -175,31 +183,19 @@ void Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeicher
                                                                   : Dateibewegung::Art::Verschieben,
                                          .erwartet = angesehen};
     Dateibewegung::ordnerAnlegen(auftrag.ordner, m_profil.zielWurzel);
-    const auto ergebnis = gang.bewegen(absicht, auftrag, m_buch.get());
-    if (ergebnis.angepasst > 0)
-        mitgezogen->anzahl = ergebnis.angepasst;
-    mitgezogen->ohneProtokoll = mitgezogen->ohneProtokoll || !ergebnis.protokolliert;
-    mitgezogen->nach = ergebnis.nach;
-    mitgezogen->tat = Taten::Tat{.bewegung = true, .id = ergebnis.protokollId};
+    const auto ergebnis = gang.bewegen(absichtFuer(vorhaben, gespeichert), auftrag, m_buch.get());
+    return {.angepasst = ergebnis.angepasst,
+            .ohneProtokoll = !ergebnis.protokolliert,
+            .nach = ergebnis.nach,
+            .tat = {.bewegung = true, .id = ergebnis.protokollId}};
 }
 
-qint64 Ablagewerk::rueckgaengig()
-{
-    try {
-        return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle);
-    } catch (const Fehler &f) {
-        throw Fehler(inSprache(f));
-    }
-}
+qint64 Ablagewerk::rueckgaengig() { return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle); }
 
 Zurueckgenommen Ablagewerk::tatZurueck(const std::optional<Taten::Tat> &diese,
                                        const Tatruecknahme::Fortschritt &fortschritt)
 {
-    try {
-        return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
-    } catch (const Fehler &f) {
-        throw Fehler(inSprache(f));
-    }
+    return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
 }
 
 std::optional<Dokument> Ablagewerk::dokument(qint64 id) const { return Dokumente(*m_db).eines(id); }

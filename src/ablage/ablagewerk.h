@@ -1,5 +1,6 @@
 #pragma once
 
+#include "absicht.h"
 #include "dateibewegung.h"
 #include "dokument.h"
 #include "profil.h"
@@ -15,12 +16,12 @@ class Bewegungsgang;
 class Datenbank;
 class Protokollbuch;
 
-/** What an action of the filing engine has to say beyond its success; shared, since the engine itself is a value. */
-struct Zaehler {
-    qint64 anzahl = 0;             ///< waiting documents that the learning memory adjusted; a 0 leaves it as it was
-    bool ohneProtokoll = false;    ///< the session log could not be written; once true it stays so
-    QString nach;                  ///< where the document lies now
-    std::optional<Taten::Tat> tat; ///< the last deed, to take back just that one
+/** What an action of the filing engine has done. */
+struct Vollzug {
+    qint64 angepasst = 0;       ///< waiting documents that the learning memory adjusted
+    bool ohneProtokoll = false; ///< the session log could not be written
+    QString nach;               ///< where the document lies now; empty where only its status has changed
+    Taten::Tat tat;             ///< to take back just this one
 };
 
 /** Carries out the user's decisions on reviewed documents; made anew for each action. */
@@ -29,15 +30,17 @@ class Ablagewerk
 public:
     /** @p buch is the session's log, null for none. */
     Ablagewerk(std::shared_ptr<Datenbank> db, Profil profil, std::shared_ptr<Protokollbuch> buch = nullptr)
-        : mitgezogen(std::make_shared<Zaehler>()), m_db(std::move(db)), m_profil(std::move(profil)),
-          m_buch(std::move(buch))
+        : m_db(std::move(db)), m_profil(std::move(profil)), m_buch(std::move(buch))
     {
     }
 
-    std::shared_ptr<Zaehler> mitgezogen;
-
-    /** The wanted path, or the first numbered one that does not exist; there is no race: see Dateibewegung. */
-    [[nodiscard]] static QString eindeutig(const QString &pfad);
+    /**
+     * Looks at the target root for the next movement, which does not ask again: for whoever makes something in it
+     * before. Throws as Zielwurzel::pruefen().
+     */
+    void zielPruefen();
+    /** From now on movements stand in @p buch; null for none. */
+    void buchFuehren(std::shared_ptr<Protokollbuch> buch) { m_buch = std::move(buch); }
 
     /**
      * Files a reviewed document with the user's final values: moves or copies it under its new name, records it and
@@ -47,12 +50,12 @@ public:
      * Throws Fehler; nothing has changed then, but that a vanished file is marked "fehlt", and that another file which
      * lies there by now is taken in as a document of its own.
      */
-    void uebernehmen(const Dokument &dokument);
+    Vollzug uebernehmen(const Dokument &dokument);
     /**
      * Sets a document aside: into the duplicates folder, or when copying only by its status. @p gesehen as above;
      * @p tat is the deed of many that it is part of. Throws Fehler as above.
      */
-    void aussortieren(qint64 id, std::optional<Status> gesehen = {}, const std::optional<Taten::Tat> &tat = {});
+    Vollzug aussortieren(qint64 id, std::optional<Status> gesehen = {}, const std::optional<Taten::Tat> &tat = {});
     /** Takes the newest movement back; returns its document. What cannot be is told once, then passed over. */
     qint64 rueckgaengig();
     /** Takes the newest deed of the review back, a movement or not; see Tatruecknahme. Throws Fehler. */
@@ -95,12 +98,14 @@ private:
     [[nodiscard]] QString dublettenordner(const Dokument &dokument) const;
     void quellePruefen(const Dokument &dokument) const;
     void inhaltPruefen(const Dokument &dokument) const;
-    void nurVermerken(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat);
-    void bewegen(const Vorhaben &vorhaben);
-    void ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
-                    const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang);
+    Vollzug nurVermerken(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat);
+    Vollzug bewegen(const Vorhaben &vorhaben);
+    [[nodiscard]] Absicht absichtFuer(const Vorhaben &vorhaben, const Dokument &gespeichert) const;
+    Vollzug ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeichert,
+                       const std::optional<Dateibewegung::Schritt> &angesehen, Bewegungsgang &gang);
 
     std::shared_ptr<Datenbank> m_db;
     Profil m_profil;
     std::shared_ptr<Protokollbuch> m_buch;
+    bool m_zielGeprueft = false;
 };

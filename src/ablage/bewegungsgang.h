@@ -2,7 +2,7 @@
 
 #include "absicht.h"
 #include "absichtsdatei.h"
-#include "insprache.h"
+#include "fehler.h"
 
 #include <functional>
 #include <memory>

@@ -60,7 +60,7 @@ Bilanz Rueckbau::ausfuehren()
         }
         gruppe(offene);
     } catch (const Fehler &f) {
-        m_bilanz.fehler << Rueckbaubefund{.stelle = -1, .grund = inSprache(f)};
+        m_bilanz.fehler << Rueckbaubefund{.stelle = -1, .grund = f.text()};
     }
     return m_bilanz;
 }
@@ -139,7 +139,7 @@ QStringList Rueckbau::zuruecknehmen(const QList<Absicht> &absichten)
                 absicht.zeile, m_herkunft, [](const Dateibewegung::Schritt &) {}, nullptr);
             fehler << QString();
         } catch (const Fehler &f) {
-            fehler << inSprache(f);
+            fehler << f.text();
         }
         weiter();
     }

@@ -2,7 +2,7 @@
 
 #include "aufzeichnung.h"
 #include "bewegungspruefung.h"
-#include "insprache.h"
+#include "fehler.h"
 #include "klaerung.h"
 #include "papierkorb.h"
 #include "pfade.h"
@@ -56,7 +56,7 @@ void Ruecknahme::vormerken()
         m_datei.schreiben(zeilen);
     } catch (const Fehler &f) {
         for (Posten &posten : m_posten)
-            posten.fehler = inSprache(f);
+            posten.fehler = f.text();
     }
 }
 
@@ -74,7 +74,7 @@ void Ruecknahme::zuruecklegen(Posten &posten)
         posten.imKorb = ::zuruecklegen(absicht.zeile, m_herkunft, ankuendigen, &m_ordner);
         posten.zurueck = true;
     } catch (const Fehler &f) {
-        posten.fehler = inSprache(f);
+        posten.fehler = f.text();
         if (!Klaerung::istUnberuehrt(absicht))
             m_offene << absicht.json();
     }
@@ -87,7 +87,7 @@ void Ruecknahme::sichern()
         try {
             Dateibewegung::ordnerSichern({ordner});
         } catch (const Fehler &f) {
-            gescheitert.insert(ordner, inSprache(f));
+            gescheitert.insert(ordner, f.text());
         }
     }
     if (gescheitert.isEmpty())
@@ -118,7 +118,7 @@ void Ruecknahme::aufzeichnen()
     } catch (const Fehler &f) {
         for (Posten &posten : m_posten) {
             if (istVerzeichnet(posten))
-                umkehren(posten, inSprache(f));
+                umkehren(posten, f.text());
         }
     }
 }

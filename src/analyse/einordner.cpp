@@ -1,5 +1,6 @@
 #include "einordner.h"
 
+#include "abbruch.h"
 #include "fehlertext.h"
 #include "http.h"
 #include "lauf.h"
@@ -8,7 +9,6 @@
 #include "text.h"
 #include "transaktion.h"
 #include "vorschlaege.h"
-#include "werkzeuge.h"
 #include "ziel.h"
 
 #include <QElapsedTimer>
@@ -51,36 +51,11 @@ void gegenueberPruefen(const Werkbank &bank, Einordnungsergebnis &e, const QStri
     try {
         const auto name = nachfragen(bank.gegenpruefung, text, bank.lauf.profil(), bank.ollama, bank.lauf.ende());
         e.angaben.gegenueber = name.value_or(QString());
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
-    } catch (const ModellFehlt &) {
+    } catch (const Modellmangel &) {
         throw; // the whole document is asked about again
-    } catch (const ModellAnderswo &) {
-        throw;
     } catch (const Fehler &) {
         // The rest of the proposal stands; the review says that no counterpart was found.
     }
-}
-
-void gelerntesAnwenden(Datenbank &db, Vorschlag &v)
-{
-    Angaben &a = v.ergebnis.angaben;
-    if (a.gegenueber.isEmpty())
-        return;
-    const Lernspeicher speicher(db);
-    if (const auto gleich = speicher.gleichwertig(a.gegenueber)) {
-        v.gelerntVon = Lernregeln::schluessel(a.gegenueber);
-        a.gegenueber = *gleich;
-    }
-    const auto eintrag = speicher.vorschlag(a.gegenueber);
-    if (!eintrag)
-        return;
-    if (Lernregeln::darfErsetzen(eintrag->anzeige, a.gegenueber))
-        a.gegenueber = eintrag->anzeige;
-    a.ort = eintrag->ort;
-    v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
-    v.gelerntVon = eintrag->schluessel;
-    v.ortQuelle = u"gelernt"_s;
 }
 
 QString ortQuelle(const Profil &profil, const QString &altOrdner, const Ort &ort)
@@ -111,7 +86,12 @@ Vorschlag vorschlagen(const Werkbank &bank, const Vorlage &vorlage)
 void wissenAnwenden(const Werkbank &bank, const Vorlage &vorlage, Vorschlag &v)
 {
     const Profil &profil = bank.lauf.profil();
-    gelerntesAnwenden(bank.lauf.db(), v);
+    const Einordner::Gelerntes gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), v.ergebnis);
+    v.gelerntVon = gelernt.von;
+    if (gelernt.ort) {
+        v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
+        v.ortQuelle = u"gelernt"_s;
+    }
     Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, vorlage.text, profil);
     if (v.ortQuelle.isEmpty())
         v.ortQuelle = ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
@@ -159,12 +139,8 @@ void einesEinordnen(const Werkbank &bank, const Vorlage &vorlage)
     Vorschlag vorschlag;
     try {
         vorschlag = vorschlagen(bank, vorlage);
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
-    } catch (const ModellFehlt &) {
-        throw;
-    } catch (const ModellAnderswo &) {
-        throw;
+    } catch (const Modellmangel &) {
+        throw; // ends the stage
     } catch (const Fehler &f) {
         scheitern(bank, vorlage.dokument, f, dauer());
         return;
@@ -180,8 +156,8 @@ void alleEinordnen(const Werkbank &bank)
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
         if (const auto vorlage = vorschlaege.einzuordnendes(offene.at(i)))
             einesEinordnen(bank, *vorlage);
-        lauf.fortschritt(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(offene.size()) +
-                             Sprache::text(u" eingeordnet"_s),
+        lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ eingeordnet"_s),
+                                  {QString::number(i + 1), QString::number(offene.size())}),
                          i + 1, offene.size());
     }
 }
@@ -206,18 +182,41 @@ void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnun
     e.konfidenz = std::max(e.konfidenz, mindestensNachRegel);
 }
 
-void Einordner::einordnen(Lauf &lauf)
+Einordner::Gelerntes Einordner::gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
 {
-    lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
-    const QString modell = lauf.profil().modell;
+    const Lernspeicher speicher(db);
+    Angaben &a = e.angaben;
+    Gelerntes gelernt;
+    if (const auto gleich = speicher.gleichwertig(a.gegenueber)) {
+        gelernt.von = Lernregeln::schluessel(a.gegenueber);
+        a.gegenueber = *gleich;
+    }
+    const auto eintrag = speicher.vorschlag(a.gegenueber);
+    if (!eintrag)
+        return gelernt;
+    if (Lernregeln::darfErsetzen(eintrag->anzeige, a.gegenueber))
+        a.gegenueber = eintrag->anzeige;
+    a.ort = eintrag->ort;
+    return {.von = eintrag->schluessel, .ort = true};
+}
+
+void Einordner::fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt,
+                       const std::function<void()> &alle)
+{
     try {
-        alleEinordnen(Werkbank(lauf));
-    } catch (const Werkzeuge::Abgebrochen &) {
+        alle();
+    } catch (const Abbruch &) {
         return; // the program ends; the document in hand stays open
     } catch (const ModellFehlt &) {
         // No document can be asked about: all that are left wait for the next run.
-        lauf.hindernis(Laufhindernis::Art::ErstesModellFehlt, modell);
+        lauf.hindernis(wennFehlt, modell);
     } catch (const ModellAnderswo &) {
         lauf.hindernis(Laufhindernis::Art::ModellAnderswo, modell);
     }
+}
+
+void Einordner::einordnen(Lauf &lauf)
+{
+    lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
+    fragen(lauf, lauf.profil().modell, Laufhindernis::Art::ErstesModellFehlt, [&] { alleEinordnen(Werkbank(lauf)); });
 }

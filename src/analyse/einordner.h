@@ -2,12 +2,14 @@
 
 #include "einordnung.h"
 #include "gegenpruefung.h"
+#include "lauf.h"
 #include "ollama.h"
 #include "rechnungsrichtung.h"
 
+#include <functional>
 #include <optional>
 
-class Lauf;
+class Datenbank;
 
 /** Asks the model for the other party of a document; none when there is none or it names the owner again. */
 [[nodiscard]] std::optional<QString> nachfragen(const Gegenpruefung &pruefung, const QString &text,
@@ -23,6 +25,20 @@ constexpr double mindestensGelernt = 0.85;  ///< confidence of a place that the 
 /** Gives @p e the invoice rubric that the owner's address in @p text proves. */
 void richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnungsergebnis &e, const QString &text,
                          const Profil &profil);
+
+/** What the learning memory has put into a proposal. */
+struct Gelerntes {
+    QString von;      ///< key of the place, else of the name equation; empty for neither
+    bool ort = false; ///< the place is a taught one
+};
+/** What the user has taught goes before what any model says: gives @p e the taught name and place. */
+Gelerntes gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e);
+
+/**
+ * Runs @p alle, which puts the documents of a stage to @p modell. A model that cannot be asked ends it and is noted as
+ * what hinders the run; so does the program's end, in silence.
+ */
+void fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt, const std::function<void()> &alle);
 
 /** The stage. Throws Fehler when the catalogue cannot be written. */
 void einordnen(Lauf &lauf);

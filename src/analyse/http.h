@@ -11,7 +11,7 @@
 
 /**
  * One HTTP/1.1 request to a server on this computer, blocking. Asks no proxy, follows no redirect, sends nothing twice,
- * and keeps to a limit for the whole exchange, which the general network classes do not.
+ * and keeps to a limit for the whole exchange. libcurl does the work.
  */
 namespace Http
 {
@@ -40,34 +40,9 @@ struct Antwort {
     QByteArray koerper;
 };
 
-/** Throws Unerreichbar when nobody listens, another Fehler when no complete answer comes in time, or too long a one. */
+/**
+ * Throws Unerreichbar when nobody listens, another Fehler when no complete answer comes in time, or too long a one, and
+ * Abbruch when it was to end. What @c stueck throws ends the exchange and comes out of it.
+ */
 Antwort senden(const Anfrage &anfrage);
-
-/** Takes an answer apart as its bytes come. Throws Fehler at what is no HTTP. */
-class Leser
-{
-public:
-    explicit Leser(std::function<void(QByteArrayView)> nehmen) : m_nehmen(std::move(nehmen)) {}
-    void dazu(QByteArrayView bytes);
-    /** The server has closed the connection: throws Fehler unless the answer is complete. */
-    void schluss();
-    [[nodiscard]] bool fertig() const { return m_lage == Lage::Fertig; }
-    [[nodiscard]] bool hatKopf() const { return m_lage != Lage::Kopf; }
-    [[nodiscard]] int status() const { return m_status; }
-
-private:
-    enum class Lage { Kopf, Laenge, BisEnde, StueckKopf, Stueck, StueckEnde, Nachspann, Fertig };
-    bool schritt();
-    bool kopf();
-    void felder(const QByteArray &kopf);
-    bool koerper(bool begrenzt);
-    bool stueckKopf();
-    bool zeile(QByteArray &ziel);
-
-    std::function<void(QByteArrayView)> m_nehmen;
-    Lage m_lage = Lage::Kopf;
-    QByteArray m_puffer;
-    qint64 m_rest = 0;
-    int m_status = 0;
-};
 } // namespace Http

@@ -150,7 +150,7 @@ QString ohneNachdenken(const QString &antwort)
 }
 } // namespace
 
-ModellAnderswo::ModellAnderswo(const QString &modell) : Fehler(satz(modell)) {}
+ModellAnderswo::ModellAnderswo(const QString &modell) : Modellmangel(satz(modell)) {}
 
 QString ModellAnderswo::satz(const QString &modell)
 {
@@ -198,10 +198,10 @@ QString Ollama::umgebungshinweis()
     return {};
 }
 
-bool Ollama::erreichbar(const std::stop_token &ende) const
+bool Ollama::erreichbar() const
 {
     try {
-        Http::Anfrage a = anfrage(m_basis, "/api/version", 4s, ende);
+        Http::Anfrage a = anfrage(m_basis, "/api/version", 4s, {});
         a.stueck = [](QByteArrayView) {}; // nobody reads the body, so it may be as long as it likes
         Http::senden(a);
         return true;
@@ -210,11 +210,11 @@ bool Ollama::erreichbar(const std::stop_token &ende) const
     }
 }
 
-std::optional<QString> Ollama::fassung(const std::stop_token &ende) const
+std::optional<QString> Ollama::fassung() const
 {
     constexpr qsizetype hoechstens = 40;
     try {
-        const Http::Antwort antwort = Http::senden(anfrage(m_basis, "/api/version", 4s, ende));
+        const Http::Antwort antwort = Http::senden(anfrage(m_basis, "/api/version", 4s, {}));
         const QString text = QJsonDocument::fromJson(antwort.koerper).object().value("version"_L1).toString();
         return text.simplified().left(hoechstens);
     } catch (const Fehler &) {
@@ -237,10 +237,10 @@ QString Ollama::hiesiges(const QString &gesucht, const std::stop_token &ende) co
     return name;
 }
 
-QStringList Ollama::modelle(const std::stop_token &ende) const
+QStringList Ollama::modelle() const
 {
     try {
-        const Modellverzeichnis liste = verzeichnis(ende);
+        const Modellverzeichnis liste = verzeichnis();
         return liste.vollstaendig() ? liste.namen() : QStringList();
     } catch (const Fehler &) {
         return {}; // as above
@@ -261,7 +261,7 @@ QString Ollama::fortschritt(const QByteArray &zeile, QString &fehler)
         return status;
     // Whatever the server says, the number stays one that an integer can hold.
     const double prozent = std::clamp(fertig.toDouble() / gesamt.toDouble() * 100, -1e9, 1e9);
-    return status + u' ' + QString::number(qint64(prozent)) + Sprache::text(u" Prozent"_s);
+    return gefuellt(Sprache::text(u"%@ %@ Prozent"_s), {status, QString::number(qint64(prozent))});
 }
 
 std::pair<qint64, qint64> Ollama::menge(const QByteArray &zeile)

@@ -12,8 +12,15 @@
 #include <optional>
 #include <stop_token>
 
+/** Nothing can be asked of this model, whatever the document. */
+class Modellmangel : public Fehler
+{
+public:
+    using Fehler::Fehler;
+};
+
 /** A model that the server only passes on to another computer; it is never used. */
-class ModellAnderswo : public Fehler
+class ModellAnderswo : public Modellmangel
 {
 public:
     explicit ModellAnderswo(const QString &modell);
@@ -21,10 +28,10 @@ public:
 };
 
 /** The server has no such model. */
-class ModellFehlt : public Fehler
+class ModellFehlt : public Modellmangel
 {
 public:
-    using Fehler::Fehler;
+    using Modellmangel::Modellmangel;
 };
 
 /**
@@ -63,13 +70,13 @@ public:
     [[nodiscard]] static QString umgebungshinweis();
 
     /** A server answers, whatever it says. */
-    [[nodiscard]] bool erreichbar(const std::stop_token &ende = {}) const;
+    [[nodiscard]] bool erreichbar() const;
     /** What the server says its version is, empty where it says none; no value when no server answers. */
-    [[nodiscard]] std::optional<QString> fassung(const std::stop_token &ende = {}) const;
+    [[nodiscard]] std::optional<QString> fassung() const;
     /** What the server lists. Throws Fehler when it cannot be asked; any answer that is no list means no models. */
     [[nodiscard]] Modellverzeichnis verzeichnis(const std::stop_token &ende = {}) const;
     /** Names of the installed models in the server's order; empty on any failure. */
-    [[nodiscard]] QStringList modelle(const std::stop_token &ende = {}) const;
+    [[nodiscard]] QStringList modelle() const;
 
     /**
      * Has the server fetch a model. @p meldung is called on the calling thread with each progress text, @p menge before

@@ -1,5 +1,6 @@
 #include "textleser.h"
 
+#include "abbruch.h"
 #include "bilderordner.h"
 #include "dateien.h"
 #include "dubletten.h"
@@ -49,8 +50,6 @@ Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad)
                               .textHash = skizze.textHash(),
                               .skizze = Skizze::json(skizze.werte())},
                 .fehler = {}};
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
     } catch (const Fehler &f) {
         Gelesen gelesen;
         gelesen.id = id;
@@ -96,7 +95,7 @@ void alleLesen(Lauf &lauf)
             continue; // handled or excluded since the list was made
         try {
             fertige << lesen(lauf, offene.at(i), *pfad);
-        } catch (const Werkzeuge::Abgebrochen &) {
+        } catch (const Abbruch &) {
             break; // the program ends; the document in hand stays open
         }
         if (!fertige.last().fehler.isEmpty())

@@ -1,5 +1,6 @@
 #include "werkzeuge.h"
 
+#include "abbruch.h"
 #include "bilderordner.h"
 #include "pfade.h"
 #include "sprache.h"
@@ -77,7 +78,7 @@ QByteArray abwarten(QProcess &prozess, const QString &name, std::chrono::millise
             continue;
         beenden(prozess);
         if (ende.stop_requested())
-            throw Werkzeuge::Abgebrochen();
+            throw Abbruch();
         throw Fehler(gefuellt(zuViel ? Sprache::text(u"%@ hat zu viel ausgegeben"_s)
                                      : Sprache::text(u"%@ hat zu lange gebraucht"_s),
                               {name}));
@@ -116,8 +117,6 @@ QString ursache(const QByteArray &beschwerde, const QString &sonst)
     return sonst;
 }
 } // namespace
-
-Werkzeuge::Abgebrochen::Abgebrochen() : Fehler(Sprache::text(u"abgebrochen"_s)) {}
 
 const QStringList &Werkzeuge::suchorte()
 {

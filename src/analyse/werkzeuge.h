@@ -12,13 +12,6 @@
 /** Finds and runs the command-line tools that read PDF files. Everything blocks; call it off the main thread. */
 namespace Werkzeuge
 {
-/** The given-up work of a program that ends; no failure of the document. */
-class Abgebrochen : public Fehler
-{
-public:
-    Abgebrochen();
-};
-
 /** A tool that ended with a failure; its complaint decides what the user is told. */
 class Fehlschlag : public Fehler
 {
@@ -45,7 +38,7 @@ private:
 /**
  * Runs a tool and returns its standard output. The tool and all it started are killed at @p zeitgrenze, when more than
  * 64 MiB come, when @p ende asks for it, and when the program dies. Throws Fehler when the tool is missing, does not
- * start, runs into a limit or ends with a status other than 0.
+ * start, runs into a limit or ends with a status other than 0, and Abbruch when it was to end.
  */
 QByteArray starten(const QString &name, const QStringList &argumente, std::chrono::milliseconds zeitgrenze,
                    const std::stop_token &ende = {});

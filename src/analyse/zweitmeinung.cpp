@@ -3,11 +3,10 @@
 #include "einordner.h"
 #include "http.h"
 #include "lauf.h"
-#include "lernspeicher.h"
 #include "sprache.h"
+#include "text.h"
 #include "transaktion.h"
 #include "vorschlaege.h"
-#include "werkzeuge.h"
 
 #include <optional>
 
@@ -48,21 +47,6 @@ Einordnungsergebnis antwort(const Werkbank &bank, const Vorlage &vorlage)
     return ergebnis;
 }
 
-/** What the user has taught goes before what any model says. Returns the entry that gave the place. */
-std::optional<Eintrag> gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
-{
-    const Lernspeicher speicher(db);
-    Angaben &a = e.angaben;
-    a.gegenueber = speicher.gleichwertig(a.gegenueber).value_or(a.gegenueber);
-    auto eintrag = speicher.vorschlag(a.gegenueber);
-    if (!eintrag)
-        return std::nullopt;
-    if (Lernregeln::darfErsetzen(eintrag->anzeige, a.gegenueber))
-        a.gegenueber = eintrag->anzeige;
-    a.ort = eintrag->ort;
-    return eintrag;
-}
-
 /** False when the document was taught, handled or excluded since it was read: then nothing is stored. */
 bool speichern(const Werkbank &bank, const Vorlage &vorlage, Einordnungsergebnis ergebnis)
 {
@@ -71,9 +55,9 @@ bool speichern(const Werkbank &bank, const Vorlage &vorlage, Einordnungsergebnis
     Transaktion transaktion(db);
     if (bank.gegenpruefung.istEigen(ergebnis.angaben.gegenueber))
         ergebnis.angaben.gegenueber = vorlage.dokument.angaben.gegenueber;
-    const auto gelernt = gelerntesAnwenden(db, ergebnis);
+    const auto gelernt = Einordner::gelerntesAnwenden(db, ergebnis);
     Einordner::richtungBerichtigen(bank.richtung, ergebnis, vorlage.text, bank.lauf.profil());
-    const auto gelerntVon = gelernt ? std::optional(gelernt->schluessel) : std::nullopt;
+    const auto gelerntVon = gelernt.ort ? std::optional(gelernt.von) : std::nullopt;
     const bool geschrieben =
         Vorschlaege(db).nachpruefen(vorlage.dokument.id, ergebnis.angaben, ergebnis.konfidenz, gelerntVon);
     transaktion.abschliessen();
@@ -89,12 +73,8 @@ void einesNachpruefen(Werkbank &bank, const Vorlage &vorlage)
     std::optional<Einordnungsergebnis> ergebnis;
     try {
         ergebnis = antwort(bank, vorlage);
-    } catch (const Werkzeuge::Abgebrochen &) {
-        throw;
-    } catch (const ModellFehlt &) {
-        throw;
-    } catch (const ModellAnderswo &) {
-        throw;
+    } catch (const Modellmangel &) {
+        throw; // ends the stage
     } catch (const Fehler &f) {
         // The first proposal stays.
         if (dynamic_cast<const Http::Unerreichbar *>(&f))
@@ -113,8 +93,8 @@ void alleNachpruefen(Werkbank &bank)
         // Read again: an hour may have passed since, and the user was not idle.
         if (const auto vorlage = vorschlaege.strittiges(offene.at(i)))
             einesNachpruefen(bank, *vorlage);
-        lauf.fortschritt(QString::number(bank.beantwortet) + Sprache::text(u" von "_s) +
-                             QString::number(offene.size()) + Sprache::text(u" nachgeprüft"_s),
+        lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ nachgeprüft"_s),
+                                  {QString::number(bank.beantwortet), QString::number(offene.size())}),
                          i + 1, offene.size());
     }
 }
@@ -127,13 +107,5 @@ void Zweitmeinung::einholen(Lauf &lauf)
         return;
     lauf.stufe(QUILLMAR_TEXT(u"Strittige Fälle nachprüfen"_s));
     Werkbank bank(lauf);
-    try {
-        alleNachpruefen(bank);
-    } catch (const Werkzeuge::Abgebrochen &) {
-        return; // the program ends; the document in hand stays open
-    } catch (const ModellFehlt &) {
-        lauf.hindernis(Laufhindernis::Art::ModellFehlt, modell);
-    } catch (const ModellAnderswo &) {
-        lauf.hindernis(Laufhindernis::Art::ModellAnderswo, modell);
-    }
+    Einordner::fragen(lauf, modell, Laufhindernis::Art::ModellFehlt, [&] { alleNachpruefen(bank); });
 }

@@ -4,7 +4,7 @@
 #include "einordnung.h"
 #include "kommandozeile.h"
 #include "lernspeicher.h"
-#include "sprache.h"
+#include "text.h"
 
 #include <QSet>
 
@@ -36,12 +36,16 @@ struct Guete {
 void Kommandozeile::bestandDrucken(const Ablagewerk &werk)
 {
     const Zaehlwerk z = werk.zaehlen();
-    drucken(Sprache::text(u"\nBestand\n  in Analyse      "_s) + QString::number(z.neu) +
-            Sprache::text(u"\n  zu prüfen       "_s) + QString::number(z.bereit) +
-            Sprache::text(u"\n  einsortiert     "_s) + QString::number(z.erledigt) +
-            Sprache::text(u"\n  zurückgestellt  "_s) + QString::number(z.zurueckgestellt) +
-            Sprache::text(u"\n  Dubletten       "_s) + QString::number(z.dubletten) +
-            Sprache::text(u"\n  aussortiert     "_s) + QString::number(z.aussortiert));
+    drucken(
+        gefuellt(u"\nBestand\n"
+                 "  in Analyse      %@\n"
+                 "  zu prüfen       %@\n"
+                 "  einsortiert     %@\n"
+                 "  zurückgestellt  %@\n"
+                 "  Dubletten       %@\n"
+                 "  aussortiert     %@"_s,
+                 {QString::number(z.neu), QString::number(z.bereit), QString::number(z.erledigt),
+                  QString::number(z.zurueckgestellt), QString::number(z.dubletten), QString::number(z.aussortiert)}));
 }
 
 void Kommandozeile::bericht(Datenbank &db, const Ablagewerk &werk)
@@ -50,12 +54,15 @@ void Kommandozeile::bericht(Datenbank &db, const Ablagewerk &werk)
     Dokumente(db).jedesBereite([&](const Dokument &d) { g.dazu(d, werk.dateiname(d)); });
     if (g.anzahl == 0)
         return;
-    const QString von = Sprache::text(u" von "_s) + QString::number(g.anzahl);
-    drucken(Sprache::text(u"Güte der Vorschläge\n  gültiges Datum  "_s) + QString::number(g.datum) + von +
-            Sprache::text(u"\n  Gegenüber       "_s) + QString::number(g.gegenueber) + von +
-            Sprache::text(u"\n  Titel           "_s) + QString::number(g.titel) + von +
-            Sprache::text(u"\n  Umsortierung    "_s) + QString::number(g.umsortierung) +
-            Sprache::text(u"\n  doppelte Namen  "_s) + QString::number(g.anzahl - g.namen.size()));
+    const QString alle = QString::number(g.anzahl);
+    drucken(gefuellt(u"Güte der Vorschläge\n"
+                     "  gültiges Datum  %@ von %@\n"
+                     "  Gegenüber       %@ von %@\n"
+                     "  Titel           %@ von %@\n"
+                     "  Umsortierung    %@\n"
+                     "  doppelte Namen  %@"_s,
+                     {QString::number(g.datum), alle, QString::number(g.gegenueber), alle, QString::number(g.titel),
+                      alle, QString::number(g.umsortierung), QString::number(g.anzahl - g.namen.size())}));
 }
 
 void Kommandozeile::gelernt(Datenbank &db, const Profil &profil, bool anwenden)
@@ -63,16 +70,15 @@ void Kommandozeile::gelernt(Datenbank &db, const Profil &profil, bool anwenden)
     Lernspeicher speicher(db, profil);
     const QList<Eintrag> eintraege = speicher.alle();
     if (eintraege.isEmpty()) {
-        drucken(Sprache::text(u"Noch nichts gelernt."_s));
+        drucken(u"Noch nichts gelernt."_s);
     } else {
-        drucken(Sprache::text(u"Gelernte Zuordnungen, "_s) + QString::number(eintraege.size()) +
-                Sprache::text(u" Stück\n"_s));
+        drucken(gefuellt(u"Gelernte Zuordnungen, %@ Stück\n"_s, {QString::number(eintraege.size())}));
         for (const Eintrag &eintrag : eintraege) {
-            drucken(u"  "_s + QString::number(eintrag.anzahl) + u"x  "_s + eintrag.anzeige);
-            drucken(u"        -> "_s + eintrag.ziel());
+            drucken(gefuellt(u"  %@x  %@"_s, {QString::number(eintrag.anzahl), eintrag.anzeige}));
+            drucken(gefuellt(u"        -> %@"_s, {eintrag.ziel()}));
         }
     }
     if (anwenden)
-        drucken(Sprache::text(u"\nAuf die Warteschlange angewendet: "_s) + QString::number(speicher.allesAnwenden()) +
-                Sprache::text(u" Dokumente"_s));
+        drucken(gefuellt(u"\nAuf die Warteschlange angewendet: %@ Dokumente"_s,
+                         {QString::number(speicher.allesAnwenden())}));
 }

@@ -1,8 +1,8 @@
 #include "ausgabe.h"
 #include "einordner.h"
 #include "kommandozeile.h"
-#include "sprache.h"
 #include "stapel.h"
+#include "text.h"
 #include "texte.h"
 #include "transaktion.h"
 #include "vorschlaege.h"
@@ -92,12 +92,12 @@ void richtungenSchreiben(Datenbank &db, const QList<Berichtigung> &liste)
 void Kommandozeile::gegenueberBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen)
 {
     if (profil.eigenkennungen().isEmpty())
-        return drucken(Sprache::text(u"Im Profil ist kein eigener Name hinterlegt."_s));
+        return drucken(u"Im Profil ist kein eigener Name hinterlegt."_s);
     const Gegenpruefung pruefung(profil);
     const auto betroffene = eigeneAlsGegenueber(db, pruefung);
-    drucken(Sprache::text(u"Betroffen: "_s) + QString::number(betroffene.size()) + Sprache::text(u" Dokumente"_s));
+    drucken(gefuellt(u"Betroffen: %@ Dokumente"_s, {QString::number(betroffene.size())}));
     if (nurZeigen)
-        return drucken(Sprache::text(u"Nur gezeigt. Mit --anwenden wird nachgefragt und geschrieben."_s));
+        return drucken(u"Nur gezeigt. Mit --anwenden wird nachgefragt und geschrieben."_s);
     Nachfragebilanz bilanz;
     for (qsizetype i = 0; i < betroffene.size(); ++i) {
         try {
@@ -105,26 +105,29 @@ void Kommandozeile::gegenueberBerichtigen(Datenbank &db, const Profil &profil, b
         } catch (const Fehler &f) {
             Ausgabe::melden(f.text()); // an unanswered question changes nothing; the next run asks again
         }
-        drucken(QString::number(i + 1) + Sprache::text(u" von "_s) + QString::number(betroffene.size()));
+        drucken(gefuellt(u"%@ von %@"_s, {QString::number(i + 1), QString::number(betroffene.size())}));
     }
-    drucken(Sprache::text(u"\nGegenueber berichtigt"_s));
-    drucken(Sprache::text(u"  ersetzt  "_s) + QString::number(bilanz.ersetzt));
-    drucken(Sprache::text(u"  geleert  "_s) + QString::number(bilanz.geleert));
+    drucken(gefuellt(u"\nGegenueber berichtigt\n"
+                     "  ersetzt  %@\n"
+                     "  geleert  %@"_s,
+                     {QString::number(bilanz.ersetzt), QString::number(bilanz.geleert)}));
 }
 
 void Kommandozeile::rechnungenBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen)
 {
     if (Rechnungsrichtung(profil.eigeneAnschriften).istLeer())
-        return drucken(Sprache::text(u"Im Profil ist keine eigene Anschrift hinterlegt."_s));
+        return drucken(u"Im Profil ist keine eigene Anschrift hinterlegt."_s);
     const Richtungsbilanz bilanz = richtungenPruefen(db, profil);
-    drucken(Sprache::text(u"Richtungsregel fuer Rechnungen"_s));
-    drucken(Sprache::text(u"  betrachtete Dokumente  "_s) + QString::number(bilanz.betrachtet));
-    drucken(Sprache::text(u"  mit Rechnungsrubrik    "_s) + QString::number(bilanz.rechnungen));
-    drucken(Sprache::text(u"  berichtigt             "_s) + QString::number(bilanz.berichtigt.size()));
+    drucken(gefuellt(u"Richtungsregel fuer Rechnungen\n"
+                     "  betrachtete Dokumente  %@\n"
+                     "  mit Rechnungsrubrik    %@\n"
+                     "  berichtigt             %@"_s,
+                     {QString::number(bilanz.betrachtet), QString::number(bilanz.rechnungen),
+                      QString::number(bilanz.berichtigt.size())}));
     for (const Berichtigung &b : bilanz.berichtigt)
-        drucken(u"    "_s + b.alt + Sprache::text(u" nach "_s) + b.neu);
+        drucken(gefuellt(u"    %@ nach %@"_s, {b.alt, b.neu}));
     if (nurZeigen)
-        return drucken(Sprache::text(u"Nur gezeigt. Mit --anwenden wird es geschrieben."_s));
+        return drucken(u"Nur gezeigt. Mit --anwenden wird es geschrieben."_s);
     richtungenSchreiben(db, bilanz.berichtigt);
-    drucken(Sprache::text(u"Geschrieben."_s));
+    drucken(u"Geschrieben."_s);
 }

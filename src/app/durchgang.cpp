@@ -2,7 +2,6 @@
 #include "ausgabe.h"
 #include "kommandozeile.h"
 #include "ollama.h"
-#include "sprache.h"
 #include "text.h"
 
 #include <QEventLoop>
@@ -79,9 +78,8 @@ void fazitMelden(const Lauffazit &fazit)
             Ausgabe::melden(h.satz());
     }
     for (const auto &[grund, anzahl] : fazit.gescheiterte)
-        Ausgabe::melden(
-            gefuellt(Sprache::text(u"%@ ohne Vorschlag: %@. Noch einmal versuchen mit --analyse --erneut"_s),
-                     {QString::number(anzahl), grund}));
+        Ausgabe::melden(gefuellt(u"%@ ohne Vorschlag: %@. Noch einmal versuchen mit --analyse --erneut"_s,
+                                 {QString::number(anzahl), grund}));
 }
 } // namespace
 
@@ -103,8 +101,8 @@ void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Prof
         gewarnt = true;
         analyse.abbrechen();
         status.loeschen();
-        Ausgabe::melden(Sprache::text(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein "
-                                      "späterer Start setzt dort fort."_s));
+        Ausgabe::melden(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein "
+                        "späterer Start setzt dort fort."_s);
     });
     QObject::connect(&analyse, &Analyse::beendet, &schleife, &QEventLoop::quit);
     analyse.allesStarten({.erneut = erneut, .nurDies = {}, .nurLesen = false});

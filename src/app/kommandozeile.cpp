@@ -6,7 +6,6 @@
 #include "katalog.h"
 #include "lernspeicher.h"
 #include "profilspeicher.h"
-#include "sprache.h"
 #include "text.h"
 
 #include <algorithm>
@@ -32,11 +31,10 @@ void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 {
     try {
         for (const QString &name : Bewegungsgang::klaeren(db))
-            Ausgabe::melden(
-                gefuellt(Sprache::text(u"Nach einem Absturz noch ungeklärt, wo diese Datei liegt: %@"_s), {name}));
+            Ausgabe::melden(gefuellt(u"Nach einem Absturz noch ungeklärt, wo diese Datei liegt: %@"_s, {name}));
         Lernspeicher(*db).schluesselUebertragen();
     } catch (const Fehler &f) {
-        Ausgabe::melden(inSprache(f));
+        Ausgabe::melden(f.text());
     }
 }
 
@@ -45,12 +43,11 @@ std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil)
     try {
         auto db = Katalog::oeffnen(Profilspeicher::katalogDatei(profil));
         if (Katalog::nurLesen(*db))
-            Ausgabe::melden(
-                Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s));
+            Ausgabe::melden(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
         absturzKlaeren(db);
         return db;
     } catch (const Fehler &f) {
-        drucken(Sprache::text(u"Datenbank nicht erreichbar"_s));
+        drucken(u"Datenbank nicht erreichbar"_s);
         Ausgabe::melden(f.text());
         return {};
     }
@@ -61,9 +58,8 @@ void ausnahmenAnwenden(Datenbank &db, const Profil &profil)
     try {
         const auto wechsel = Ablagewerk::ausnahmenAnwenden(db, profil);
         if (wechsel.ruhen > 0 || wechsel.zurueckgeholt > 0)
-            drucken(Sprache::text(u"Ausnahmen: "_s) + QString::number(wechsel.ruhen) +
-                    Sprache::text(u" ruhen jetzt, "_s) + QString::number(wechsel.zurueckgeholt) +
-                    Sprache::text(u" zurückgeholt"_s));
+            drucken(gefuellt(u"Ausnahmen: %@ ruhen jetzt, %@ zurückgeholt"_s,
+                             {QString::number(wechsel.ruhen), QString::number(wechsel.zurueckgeholt)}));
     } catch (const Fehler &f) {
         Ausgabe::melden(f.text()); // the report can still be given
     }
@@ -84,8 +80,8 @@ void strukturErgaenzen(Profil &profil, const QList<Profil> &liste)
         for (const Ablageart &art : zweig.ablagen)
             rubriken += art.rubriken.size();
     }
-    drucken(Sprache::text(u"Struktur eingelesen: "_s) + QString::number(profil.zweige.size()) +
-            Sprache::text(u" Zweige, "_s) + QString::number(rubriken) + Sprache::text(u" Rubriken"_s));
+    drucken(gefuellt(u"Struktur eingelesen: %@ Zweige, %@ Rubriken"_s,
+                     {QString::number(profil.zweige.size()), QString::number(rubriken)}));
 }
 
 void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &db, const Profil &profil)
@@ -126,11 +122,11 @@ void Kommandozeile::laufen(const QStringList &argumente)
     for (const QString &anmerkung : anmerkungen)
         Ausgabe::melden(anmerkung);
     if (liste.isEmpty())
-        return drucken(Sprache::text(u"Kein Profil vorhanden"_s));
+        return drucken(u"Kein Profil vorhanden"_s);
     auto profil = profilWaehlen(liste, argumente);
     if (!profil)
-        return drucken(Sprache::text(u"Profil nicht gefunden"_s));
-    drucken(Sprache::text(u"Profil: "_s) + profil->name);
+        return drucken(u"Profil nicht gefunden"_s);
+    drucken(gefuellt(u"Profil: %@"_s, {profil->name}));
     const auto db = katalogOeffnen(*profil);
     if (!db)
         return;

@@ -1,7 +1,7 @@
 #include "selbstpruefung.h"
 
 #include "ausgabe.h"
-#include "sprache.h"
+#include "text.h"
 
 using namespace Qt::StringLiterals;
 using Ausgabe::drucken;
@@ -18,7 +18,7 @@ void Selbstpruefung::pruefe(bool erfuellt, const QString &name)
 void Selbstpruefung::ergebnis() const
 {
     if (m_gescheitert.isEmpty())
-        return drucken(Sprache::text(u"\nSelbsttest bestanden"_s));
-    drucken(Sprache::text(u"\nSelbsttest mit "_s) + QString::number(m_gescheitert.size()) +
-            Sprache::text(u" Fehlern: "_s) + m_gescheitert.join(u", "_s));
+        return drucken(u"\nSelbsttest bestanden"_s);
+    drucken(gefuellt(u"\nSelbsttest mit %@ Fehlern: %@"_s,
+                     {QString::number(m_gescheitert.size()), m_gescheitert.join(u", "_s)}));
 }

@@ -2,13 +2,11 @@
 #include "ausgabe.h"
 #include "dateibewegung.h"
 #include "dokumente.h"
-#include "insprache.h"
 #include "katalog.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "selbstpruefung.h"
 #include "sha256.h"
-#include "sprache.h"
 #include "text.h"
 #include "zielwurzel.h"
 
@@ -36,7 +34,7 @@ public:
         if (!m_quelle->isValid()) // may be read, but not written to
             m_quelle = std::make_unique<QTemporaryDir>();
         if (!m_quelle->isValid() || !m_ziel.isValid() || !m_katalog.isValid())
-            throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {profil.zielWurzel}));
+            throw Fehler(gefuellt(u"Der Ordner %@ lässt sich nicht anlegen"_s, {profil.zielWurzel}));
         m_profil.quelle = m_quelle->path();
         m_profil.zielWurzel = m_ziel.path();
         m_profil.protokollOrdner.clear();
@@ -65,7 +63,7 @@ private:
                     [](const Dateibewegung::Schritt &) {});
                 dokumente.pfadSetzen(d.id, kopie);
             } catch (const Fehler &f) {
-                Ausgabe::melden(nameVon(d.pfad) + u": "_s + inSprache(f));
+                Ausgabe::melden(nameVon(d.pfad) + u": "_s + f.text());
             }
         }
     }
@@ -129,28 +127,25 @@ void hinweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr
     for (const Probe &probe : proben) {
         Ablagewerk werk(db, profil, buch);
         try {
-            werk.uebernehmen(probe.vorher);
-            orte.insert(probe.vorher.id, werk.mitgezogen->nach);
+            orte.insert(probe.vorher.id, werk.uebernehmen(probe.vorher).nach);
         } catch (const Fehler &f) {
             Ausgabe::melden(probe.vorher.dateiname + u": "_s + f.text());
         }
     }
     const Ablagewerk werk(db, profil);
-    p.pruefe(orte.size() == proben.size(), Sprache::text(u"alle wartenden Dokumente übernommen"_s));
+    p.pruefe(orte.size() == proben.size(), u"alle wartenden Dokumente übernommen"_s);
     p.pruefe(alle(proben, [&](const Probe &q) { return sha256Datei(aufDerPlatte(orte[q.vorher.id])) == q.summe; }),
-             Sprache::text(u"jede Datei liegt unverändert am Zielort"_s));
+             u"jede Datei liegt unverändert am Zielort"_s);
     p.pruefe(alle(proben, [&](const Probe &q) { return werk.dokument(q.vorher.id)->status == Status::Erledigt; }),
-             Sprache::text(u"jedes Dokument gilt als einsortiert"_s));
-    p.pruefe(Protokollbuch::lesen(buch->datei()).size() == orte.size(),
-             Sprache::text(u"jede Bewegung steht im Protokoll"_s));
+             u"jedes Dokument gilt als einsortiert"_s);
+    p.pruefe(Protokollbuch::lesen(buch->datei()).size() == orte.size(), u"jede Bewegung steht im Protokoll"_s);
     const bool kopieren = profil.kopieren;
     p.pruefe(alle(proben,
                   [&](const Probe &q) {
                       const bool liegtNoch = istVorhanden(q.vorher.pfad);
                       return liegtNoch == (kopieren || orte[q.vorher.id] == q.vorher.pfad);
                   }),
-             kopieren ? Sprache::text(u"die Originale liegen noch da"_s)
-                      : Sprache::text(u"am alten Platz liegt nichts mehr"_s));
+             kopieren ? u"die Originale liegen noch da"_s : u"am alten Platz liegt nichts mehr"_s);
 }
 
 void rueckweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr<Datenbank> &db, const Profil &profil,
@@ -160,34 +155,34 @@ void rueckweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_p
     const Bilanz bilanz = Protokollbuch::zurueckdrehen(protokoll, db, [](qint64, qint64) {});
     const Ablagewerk werk(db, profil);
     const bool ganz = bilanz.fehler.isEmpty() && bilanz.zurueckgedreht == proben.size();
-    p.pruefe(ganz, Sprache::text(u"die Sitzung ist zurückgedreht"_s));
+    p.pruefe(ganz, u"die Sitzung ist zurückgedreht"_s);
     for (const Rueckbaubefund &befund : bilanz.fehler)
         Ausgabe::melden(nameVon(Protokollbuch::lesen(protokoll).value(befund.stelle).nach) + u": "_s + befund.grund);
     p.pruefe(alle(proben, [&](const Probe &q) { return sha256Datei(aufDerPlatte(q.vorher.pfad)) == q.summe; }),
-             Sprache::text(u"jede Datei liegt unverändert am alten Platz"_s));
+             u"jede Datei liegt unverändert am alten Platz"_s);
     p.pruefe(alle(proben,
                   [&](const Probe &q) {
                       const auto jetzt = werk.dokument(q.vorher.id);
                       return jetzt && jetzt->status == Status::Bereit && jetzt->pfad == q.vorher.pfad;
                   }),
-             Sprache::text(u"jedes Dokument wartet wieder"_s));
+             u"jedes Dokument wartet wieder"_s);
 }
 } // namespace
 
 void betriebsartPruefen(Selbstpruefung &p, const std::shared_ptr<Datenbank> &db, const Profil &profil)
 {
-    p.block(Sprache::text(u"Betriebsart"_s));
+    p.block(u"Betriebsart"_s);
     try {
         Zielwurzel::pruefen(*db, profil);
         const Probebuehne buehne(*db, profil);
         const QList<Probe> proben = wartende(*buehne.db());
         const auto buch = Protokollbuch::anlegen(buehne.profil().protokollURL().value_or(QString()), buehne.profil());
-        p.pruefe(buch != nullptr, Sprache::text(u"das Protokoll lässt sich anlegen"_s));
+        p.pruefe(buch != nullptr, u"das Protokoll lässt sich anlegen"_s);
         if (!buch)
             return;
         hinweg(p, proben, buehne.db(), buehne.profil(), buch);
         rueckweg(p, proben, buehne.db(), buehne.profil(), buch->datei());
     } catch (const Fehler &f) {
-        Ausgabe::drucken(gefuellt(Sprache::text(u"  ausgelassen: %@"_s), {inSprache(f)}));
+        Ausgabe::drucken(gefuellt(u"  ausgelassen: %@"_s, {f.text()}));
     }
 }

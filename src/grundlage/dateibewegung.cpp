@@ -224,14 +224,6 @@ QString Dateibewegung::nummeriert(const QString &name, int n, qsizetype reserve)
     return stamm.first(std::max<qsizetype>(ende, 0)).trimmed() + rest;
 }
 
-QString Dateibewegung::eindeutig(const QString &pfad)
-{
-    QString frei = pfad;
-    for (int n = 2; istVorhanden(frei); ++n)
-        frei = ordnerVon(pfad) + u'/' + nummeriert(nameVon(pfad), n);
-    return frei;
-}
-
 void Dateibewegung::ordnerAnlegen(const QString &ordner, const QString &wurzel)
 {
     const QString unten = QDir::cleanPath(nfc(ordner));

@@ -47,9 +47,6 @@ struct Auftrag {
  */
 QString ausfuehren(const Auftrag &auftrag, const Ankuendigung &ankuendigung);
 
-/** Full path of the wanted name, or of the first numbered one that does not exist in its folder. */
-[[nodiscard]] QString eindeutig(const QString &pfad);
-
 /**
  * @p name with the counter @p n put before its extension (none for 1); what comes before is shortened at a character,
  * so that the whole fits into the 255 bytes of a file system, less @p reserve.

@@ -45,6 +45,7 @@ QString Platte::ursache(int fehler)
     case EROFS:
         return QUILLMAR_TEXT(u"der Datenträger ist schreibgeschützt"_s);
     case ENOENT:
+    case ENOTDIR:
         return QUILLMAR_TEXT(u"nicht gefunden"_s);
     case EEXIST:
         return QUILLMAR_TEXT(u"der Name ist schon vergeben"_s);
@@ -54,6 +55,21 @@ QString Platte::ursache(int fehler)
         return QUILLMAR_TEXT(u"die Datei ist zu groß für diesen Datenträger"_s);
     case EIO:
         return QUILLMAR_TEXT(u"der Datenträger meldet einen Fehler"_s);
+    case EBUSY:
+    case ETXTBSY:
+        return QUILLMAR_TEXT(u"ein anderes Programm benutzt es gerade"_s);
+    case ENODEV:
+    case ENXIO:
+    case ENOTCONN:
+    case ESTALE:
+    case EHOSTDOWN:
+    case ETIMEDOUT:
+        return QUILLMAR_TEXT(u"der Datenträger ist nicht mehr erreichbar"_s);
+    case EMFILE:
+    case ENFILE:
+        return QUILLMAR_TEXT(u"zu viele Dateien sind geöffnet"_s);
+    case ENOMEM:
+        return QUILLMAR_TEXT(u"der Arbeitsspeicher reicht nicht"_s);
     default:
         return QString::fromLocal8Bit(std::strerror(fehler));
     }

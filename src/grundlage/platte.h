@@ -10,7 +10,7 @@
 /** System calls on files with their failures in the user's words. Paths are bytes as on disk. */
 namespace Platte
 {
-/** What went wrong, from errno: "Kein Platz mehr auf dem Datenträger", … */
+/** What went wrong, from errno, as a marked German text: "kein Platz mehr auf dem Datenträger", … */
 [[nodiscard]] QString ursache(int fehler);
 /** Throws Plattenfehler: @p satz and the cause that errno names. */
 [[noreturn]] void scheitern(const QString &satz, int fehler);

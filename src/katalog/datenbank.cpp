@@ -122,7 +122,7 @@ Datenbank::Datenbank(const QString &pfad) : m_pfad(pfad)
         throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {ordner}));
     neuFuerDenBesitzer(pfad);
     if (!griffOeffnen({}) && !zumLesenOeffnen())
-        throw Fehler(Sprache::text(u"Datenbank lässt sich nicht öffnen: "_s) + pfad);
+        throw Fehler(gefuellt(Sprache::text(u"Datenbank lässt sich nicht öffnen: %@"_s), {pfad}));
     if (!m_nurLesen)
         einrichten();
     if (m_nurLesen)
@@ -170,7 +170,7 @@ void Datenbank::einrichten()
     anlegen();
     m_nurLesen = !istBeschreibbar();
     if (abfragen(u"SELECT 1 FROM sqlite_master WHERE name='dokumente'"_s).isEmpty())
-        throw Fehler(Sprache::text(u"Datenbank lässt sich nicht öffnen: "_s) + m_pfad);
+        throw Fehler(gefuellt(Sprache::text(u"Datenbank lässt sich nicht öffnen: %@"_s), {m_pfad}));
     nurFuerDenBesitzer(m_pfad);
     // From here on waiting is done in slices, outside the queue.
     sqlite3_busy_timeout(m_griff.get(), 0);

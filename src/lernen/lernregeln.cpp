@@ -1,6 +1,6 @@
 #include "lernregeln.h"
 
-#include "rechnungsrichtung.h"
+#include "text.h"
 
 #include <QStringList>
 
@@ -16,7 +16,7 @@ QString Lernregeln::schluessel(const QString &name)
                                              u" ug"_s,         u" gbr"_s,
                                              u" ltd"_s,        u" inc"_s,
                                              u" co"_s,         u" aktiengesellschaft"_s};
-    QString text = Rechnungsrichtung::vereinheitlichen(name);
+    QString text = gefaltet(name, Faltung::Namen);
     for (const QString &form : rechtsformen) {
         if (text.endsWith(form))
             text.chop(form.size());

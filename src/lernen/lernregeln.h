@@ -3,6 +3,7 @@
 #include "eintrag.h"
 
 #include <QList>
+#include <QString>
 
 /** The rules of the learning memory that need no catalogue. */
 namespace Lernregeln

@@ -48,11 +48,11 @@ qint64 Lernspeicher::merken(qint64 dokument, const Angaben &a, const QString &vo
     const QString neu = Lernregeln::schluessel(a.gegenueber);
     if (!a.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu) {
         gleichungMerken(alt, a.gegenueber);
-        angepasst += angeglichene(alt, a.gegenueber, dokument);
+        angepasst += namenAngleichen(alt, a.gegenueber, dokument);
     }
     if (neu.size() >= Lernregeln::kuerzesterSchluessel && !a.ort.zweig.isEmpty()) {
         zuordnungMerken(neu, a);
-        angepasst += versetzte(neu, a.gegenueber, a.ort, dokument);
+        angepasst += anwenden(neu, a.gegenueber, a.ort, dokument);
     }
     transaktion.abschliessen();
     return angepasst.size();
@@ -78,12 +78,7 @@ void Lernspeicher::zuordnungMerken(const QString &schluessel, const Angaben &a)
         {.schluessel = schluessel, .anzeige = a.gegenueber, .ort = a.ort, .anzahl = gleich ? bisher->anzahl + 1 : 1});
 }
 
-qint64 Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
-{
-    return versetzte(schluessel, name, ort, ausser).size();
-}
-
-QSet<qint64> Lernspeicher::versetzte(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
+QSet<qint64> Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
 {
     QList<Eintrag> eintraege = alle();
     const auto eigener =
@@ -197,12 +192,7 @@ QSet<qint64> Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &e
     return geaenderte;
 }
 
-qint64 Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qint64 ausser)
-{
-    return angeglichene(von, nach, ausser).size();
-}
-
-QSet<qint64> Lernspeicher::angeglichene(const QString &von, const QString &nach, qint64 ausser)
+QSet<qint64> Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qint64 ausser)
 {
     Transaktion transaktion(m_db);
     Vorschlaege vorschlaege(m_db);

@@ -48,14 +48,10 @@ public:
     qint64 merken(qint64 dokument, const Angaben &angaben, const QString &vorher);
 
     /**
-     * Gives the learned place to the waiting documents of its counterpart, @p ausser one. A document that several
-     * entries fit takes the one that vorschlag() ranks first. Returns how many documents changed.
+     * Gives every learned place to the waiting documents of its counterpart. A document that several entries fit takes
+     * the one that vorschlag() ranks first. Returns how many documents changed.
      */
-    qint64 anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser);
-    /** The same for every learned place. */
     qint64 allesAnwenden();
-    /** Gives the waiting documents whose counterpart has the key @p von the name @p nach, @p ausser one. */
-    qint64 namenAngleichen(const QString &von, const QString &nach, qint64 ausser);
 
     /**
      * Brings the keys that an earlier version has stored into the form of today, once for each catalogue. Two that meet
@@ -71,9 +67,11 @@ public:
 private:
     void gleichungMerken(const QString &von, const QString &nach);
     void zuordnungMerken(const QString &schluessel, const Angaben &angaben);
-    // The documents that changed.
-    QSet<qint64> versetzte(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser);
-    QSet<qint64> angeglichene(const QString &von, const QString &nach, qint64 ausser);
+    // Each gives the waiting documents that changed, @p ausser one that is left alone.
+    /** The learned place to the documents of its counterpart. */
+    QSet<qint64> anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser);
+    /** The name @p nach to the documents whose counterpart has the key @p von. */
+    QSet<qint64> namenAngleichen(const QString &von, const QString &nach, qint64 ausser);
     QSet<qint64> aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);
 
     QSet<qint64> eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser);

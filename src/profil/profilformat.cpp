@@ -1,6 +1,6 @@
 #include "profilformat.h"
 
-#include "sprache.h"
+#include "nachschlagen.h"
 #include "text.h"
 
 #include <QJsonArray>
@@ -175,7 +175,7 @@ void mindestensEins(Profil &profil, const QJsonObject &objekt, QStringList &anme
         zahl = std::max(zahl, 1);
         const double stand = objekt.value(schluessel).toDouble(zahl);
         if (stand != zahl)
-            anmerkungen << gefuellt(Sprache::text(u"Profil %@: %@ ist %@, es gilt %@"_s),
+            anmerkungen << gefuellt(nachgeschlagen(QUILLMAR_TEXT(u"Profil %@: %@ ist %@, es gilt %@"_s)),
                                     {profil.name, schluessel, QString::number(stand, 'g', 15), QString::number(zahl)});
     };
     begrenzen(u"seiten"_s, profil.seiten);
@@ -192,7 +192,8 @@ void eigeneKennungen(QList<Profil> &profile, QStringList &anmerkungen)
             profil.id = QUuid::createUuidV5(alte, QByteArray::number(n));
         if (profil.id != alte)
             anmerkungen << gefuellt(
-                Sprache::text(u"Profil %@ hatte die Kennung eines anderen und bekommt eine eigene"_s), {profil.name});
+                nachgeschlagen(QUILLMAR_TEXT(u"Profil %@ hatte die Kennung eines anderen und bekommt eine eigene"_s)),
+                {profil.name});
         vergeben << profil.id;
     }
 }

@@ -1,10 +1,10 @@
 #include "profilspeicher.h"
 
+#include "nachschlagen.h"
 #include "platte.h"
 #include "profilformat.h"
 #include "programmordner.h"
 #include "sperrdatei.h"
-#include "sprache.h"
 #include "text.h"
 
 #include <QDateTime>
@@ -127,9 +127,10 @@ Profilspeicher::Gefunden Profilspeicher::lesen()
         if (auto gelesen = Profilformat::auswerten(eingabe.readAll()))
             return {.profile = gelesen->profile, .unlesbar = false, .anmerkungen = gelesen->anmerkungen};
     }
-    return {.profile = {},
-            .unlesbar = true,
-            .anmerkungen = {gefuellt(Sprache::text(u"Die Profilliste ist nicht lesbar: %@"_s), {datei()})}};
+    return {
+        .profile = {},
+        .unlesbar = true,
+        .anmerkungen = {gefuellt(nachgeschlagen(QUILLMAR_TEXT(u"Die Profilliste ist nicht lesbar: %@"_s)), {datei()})}};
 }
 
 QString Profilspeicher::unlesbareSichern()

@@ -3,6 +3,7 @@
 #include "einstellungen.h"
 #include "platte.h"
 #include "programmordner.h"
+#include "stuecke.h"
 #include "textkatalog.h"
 #include "uebertragung.h"
 
@@ -39,6 +40,14 @@ QByteArray vorlage()
     return QJsonDocument(objekt).toJson(QJsonDocument::Indented);
 }
 
+std::optional<QHash<QString, QString>> texteAus(const QString &datei)
+{
+    auto texte = spracheLesen(datei);
+    if (texte)
+        ausStueckenErgaenzen(*texte);
+    return texte;
+}
+
 void vorlageSchreiben(const QString &ort)
 {
     const QByteArray inhalt = vorlage();
@@ -50,6 +59,12 @@ void vorlageSchreiben(const QString &ort)
         datei.commit();
 }
 } // namespace
+
+// Here, so that no one who looks up texts himself can forget it.
+Sprache::Sprache()
+{
+    nachschlagewerkSetzen([](const QString &deutsch) { return text(/* QUILLMAR_TEXT */ deutsch); });
+}
 
 Sprache &Sprache::sitzung()
 {
@@ -79,7 +94,7 @@ void Sprache::laden()
 {
     // A broken file is not tried again until another language is chosen.
     m_geladen = true;
-    if (auto texte = spracheLesen(wirksameDatei()))
+    if (auto texte = texteAus(wirksameDatei()))
         m_eintraege = std::move(*texte);
 }
 
@@ -104,7 +119,7 @@ QString Sprache::nachgesprochen(const QString &satz)
 
 bool Sprache::auffrischen()
 {
-    const auto neue = spracheLesen(wirksameDatei());
+    const auto neue = texteAus(wirksameDatei());
     Sprache &selbst = sitzung();
     const QMutexLocker halten(&selbst.m_sperre);
     if (!neue || !selbst.m_geladen || *neue == selbst.m_eintraege)
@@ -149,6 +164,7 @@ QString Sprache::wirksameKennung()
 
 void Sprache::vorbereiten()
 {
+    Q_UNUSED(sitzung()); // whatever fails from now on is told in the chosen language
     const QString ordner = eigenerOrdner();
     fruehereUebersetzungUebernehmen(ordner);
     vorlageSchreiben(ordner + "/_Vorlage.json"_L1);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plattenfehler.h"
+#include "nachschlagen.h"
 #include "sprachsatz.h"
 
 #include <QHash>
@@ -50,7 +50,7 @@ public:
     [[nodiscard]] static QString eigenerOrdner();
 
 private:
-    Sprache() = default;
+    Sprache();
     [[nodiscard]] static Sprache &sitzung();
     [[nodiscard]] QString nachschlagen(const QString &schluessel);
     void laden();

@@ -1,6 +1,6 @@
 #include "sprachsatz.h"
 
-#include "plattenfehler.h"
+#include "nachschlagen.h"
 
 #include <QDir>
 #include <QFile>

@@ -9,6 +9,7 @@
 #include "profilwahl.h"
 #include "schriftgroesse.h"
 #include "sprache.h"
+#include "text.h"
 #include "zustand.h"
 
 #include <QDir>
@@ -93,6 +94,6 @@ void QuillmarApp::nachVorn(const QString &profil)
     if (p != liste.end())
         m_zustand->profilwahl()->aktivieren(p->id);
     else if (!profil.isEmpty())
-        m_zustand->meldestelle()->melden(Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + profil);
+        m_zustand->meldestelle()->melden(gefuellt(Sprache::text(u"Profil nicht gefunden: %@"_s), {profil}));
     m_fenster->nachVorn();
 }

@@ -21,13 +21,14 @@ namespace
 /** The engine with the session's log; a log that cannot be made is told and hinders nothing. */
 Ablagewerk werkMitBuch(const Arbeitsplatz &platz, Geschehen &g)
 {
-    // Before a log folder is made in it.
-    Zielwurzel::pruefen(*platz.db, platz.profil);
+    Ablagewerk werk(platz.db, platz.profil);
+    werk.zielPruefen(); // before a log folder is made in it
     g.buch = Handlung::buchBereitstellen(platz);
     if (!g.buch)
         g.warnungen << Sprache::text(
             u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll."_s);
-    return {platz.db, platz.profil, g.buch};
+    werk.buchFuehren(g.buch);
+    return werk;
 }
 
 Geschehen nichts(const std::shared_ptr<Protokollbuch> &buch, const QString &grund = {})
@@ -55,15 +56,20 @@ Geschehen gefasst(const Arbeitsplatz &platz, const std::function<void(Geschehen 
     return g;
 }
 
-void zaehlerMelden(const Zaehler &zaehler, const QString &gegenueber, Geschehen &g)
+void protokollMelden(bool ohneProtokoll, Geschehen &g)
 {
-    if (zaehler.anzahl >= 1)
-        g.hinweise.prepend(
-            gefuellt(Sprache::text(zaehler.anzahl, u"Gemerkt. %@ wartendes Dokument von %@ wurde angepasst."_s,
-                                   u"Gemerkt. %@ wartende Dokumente von %@ wurden angepasst."_s),
-                     {QString::number(zaehler.anzahl), gegenueber}));
-    if (zaehler.ohneProtokoll && g.buch)
+    if (ohneProtokoll && g.buch)
         g.warnungen << Sprache::text(u"Die Bewegung ließ sich nicht ins Protokoll schreiben"_s);
+}
+
+void vollzugMelden(const Vollzug &vollzug, const QString &gegenueber, Geschehen &g)
+{
+    if (vollzug.angepasst >= 1)
+        g.hinweise.prepend(
+            gefuellt(Sprache::text(vollzug.angepasst, u"Gemerkt. %@ wartendes Dokument von %@ wurde angepasst."_s,
+                                   u"Gemerkt. %@ wartende Dokumente von %@ wurden angepasst."_s),
+                     {QString::number(vollzug.angepasst), gegenueber}));
+    protokollMelden(vollzug.ohneProtokoll, g);
 }
 
 QString aktuellerName(const Ablagewerk &werk, qint64 id)
@@ -105,6 +111,7 @@ Geschehen tatZurueck(const Arbeitsplatz &platz, const std::optional<Taten::Tat> 
 struct Ausraeumung {
     qint64 anzahl = 0;
     qint64 wiederNeu = 0; ///< whose original is not what it was any more
+    bool ohneProtokoll = false;
     QStringList fehler;
 
     void eines(Ablagewerk &werk, const Arbeitsplatz &platz, qint64 id, const Taten::Tat &tat)
@@ -115,7 +122,7 @@ struct Ausraeumung {
                 ++wiederNeu;
                 return;
             }
-            werk.aussortieren(id, Status::Dublette, tat);
+            ohneProtokoll = werk.aussortieren(id, Status::Dublette, tat).ohneProtokoll || ohneProtokoll;
             ++anzahl;
         } catch (const Fehler &f) {
             fehler << f.text(); // one that cannot be moved does not keep the others from it
@@ -173,12 +180,12 @@ Geschehen Handlung::uebernehmen(const Arbeitsplatz &platz, Dokument dokument)
         if (const QString mangel = Einordnung::datumsmangel(a.datum); !mangel.isEmpty())
             throw Fehler(mangel);
         Ablagewerk werk = werkMitBuch(platz, g);
-        werk.uebernehmen(dokument);
-        zaehlerMelden(*werk.mitgezogen, a.gegenueber, g);
-        const QString name = nameVon(werk.mitgezogen->nach);
+        const Vollzug vollzug = werk.uebernehmen(dokument);
+        vollzugMelden(vollzug, a.gegenueber, g);
+        const QString name = nameVon(vollzug.nach);
         g.text = platz.profil.kopieren ? gefuellt(Sprache::text(u"Kopiert: %@"_s), {name})
                                        : gefuellt(Sprache::text(u"Einsortiert: %@"_s), {name});
-        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat};
+        g.rueckweg = Rueckweg{.tat = vollzug.tat};
         g.uebernommen = dokument.id;
     });
 }
@@ -199,12 +206,12 @@ Geschehen Handlung::aussortieren(const Arbeitsplatz &platz, const Dokument &doku
 {
     return gefasst(platz, [&](Geschehen &g) {
         Ablagewerk werk = werkMitBuch(platz, g);
-        werk.aussortieren(dokument.id, Status::Bereit);
-        zaehlerMelden(*werk.mitgezogen, {}, g);
+        const Vollzug vollzug = werk.aussortieren(dokument.id, Status::Bereit);
+        vollzugMelden(vollzug, {}, g);
         const bool nurStatus = platz.profil.kopieren;
         g.text = nurStatus ? gefuellt(Sprache::text(u"Als Dublette vermerkt: %@"_s), {nameVon(dokument.pfad)})
                            : gefuellt(Sprache::text(u"Als Dublette beiseitegelegt: %@"_s), {nameVon(dokument.pfad)});
-        g.rueckweg = Rueckweg{.tat = *werk.mitgezogen->tat};
+        g.rueckweg = Rueckweg{.tat = vollzug.tat};
     });
 }
 
@@ -237,7 +244,7 @@ Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlun
         for (qsizetype i = 0; i < dubletten.size() && fortschritt(i, dubletten.size()); ++i)
             a.eines(werk, platz, dubletten.at(i).id, tat);
         a.melden(platz.profil, g);
-        zaehlerMelden(*werk.mitgezogen, {}, g);
+        protokollMelden(a.ohneProtokoll, g);
         if (a.anzahl > 0)
             g.rueckweg = Rueckweg{.tat = tat};
     });

@@ -1,6 +1,6 @@
 #include "modelldienst.h"
 
-#include "fehlersatz.h"
+#include "abbruch.h"
 #include "ollama.h"
 #include "profilwahl.h"
 #include "restzeit.h"
@@ -32,10 +32,12 @@ Modelldienst::Ladeausgang Modelldienst::Ladeausgang::von(const QString &modell, 
         ausgang.fehler = Ollama().laden(modell, melden, ende, [&](qint64 fertig, qint64 gesamt) {
             menge = {fertig, gesamt};
         });
-    } catch (const Fehler &) {
+    } catch (const Abbruch &) {
+        ausgang.gescheitert = true; // what is there is looked at, and nothing more is said
+    } catch (const Fehler &f) {
         // Whether the model is there is looked at all the same, and the cause is told with it.
         ausgang.gescheitert = true;
-        ausgang.fehler = gefuellt(Sprache::text(u"Laden fehlgeschlagen: %@"_s), {fehlersatz(std::current_exception())});
+        ausgang.fehler = gefuellt(Sprache::text(u"Laden fehlgeschlagen: %@"_s), {f.text()});
     }
     ausgang.stand = Modellstand::pruefen(gesucht);
     return ausgang;

@@ -60,7 +60,7 @@ void Profilwahl::beginnen(const QString &name)
     auto gewaehlt = std::find_if(m_profile.cbegin(), m_profile.cend(), [&](const Profil &p) { return p.name == name; });
     if (gewaehlt == m_profile.cend()) {
         if (!name.isEmpty())
-            m_vorab << Sprache::text(u"Profil nicht gefunden"_s) + u": "_s + name;
+            m_vorab << gefuellt(Sprache::text(u"Profil nicht gefunden: %@"_s), {name});
         gewaehlt = m_profile.cbegin();
     }
     aktivieren(gewaehlt->id);

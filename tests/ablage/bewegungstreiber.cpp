@@ -15,10 +15,11 @@ namespace
 {
 int ausfuehren(Werkbank &bank, const QString &aktion)
 {
+    bool ohneProtokoll = false;
     if (aktion == u"uebernehmen"_s) {
-        bank.uebernehmen(1, u"Stadtwerke Nord"_s);
+        ohneProtokoll = bank.uebernehmen(1, u"Stadtwerke Nord"_s).ohneProtokoll;
     } else if (aktion == u"aussortieren"_s) {
-        bank.aussortieren(1);
+        ohneProtokoll = bank.aussortieren(1).ohneProtokoll;
     } else if (aktion == u"rueckgaengig"_s) {
         bank.rueckgaengig();
     } else if (aktion == u"sitzung"_s) {
@@ -28,7 +29,7 @@ int ausfuehren(Werkbank &bank, const QString &aktion)
             std::fprintf(stderr, "%s\n", qPrintable(befund.grund));
         return bilanz.fehler.isEmpty() ? 0 : 1;
     }
-    return bank.zaehler().ohneProtokoll ? 3 : 0;
+    return ohneProtokoll ? 3 : 0;
 }
 } // namespace
 

@@ -68,22 +68,15 @@ qint64 Werkbank::dokument(const QString &name, const QByteArray &inhalt, const Q
     return m_db->abfragen(u"SELECT MAX(id) n FROM dokumente"_s).first().ganz(u"n");
 }
 
-Ablagewerk Werkbank::werk()
-{
-    Ablagewerk werk(m_db, m_profil, m_buch);
-    m_zaehler = werk.mitgezogen;
-    return werk;
-}
-
-void Werkbank::uebernehmen(qint64 id, const QString &gegenueber)
+Vollzug Werkbank::uebernehmen(qint64 id, const QString &gegenueber)
 {
     Dokument d = lesen(id);
     if (!gegenueber.isEmpty())
         d.angaben.gegenueber = gegenueber;
-    werk().uebernehmen(d);
+    return werk().uebernehmen(d);
 }
 
-void Werkbank::aussortieren(qint64 id) { werk().aussortieren(id); }
+Vollzug Werkbank::aussortieren(qint64 id) { return werk().aussortieren(id); }
 
 qint64 Werkbank::rueckgaengig() { return werk().rueckgaengig(); }
 

@@ -24,8 +24,8 @@ public:
     qint64 dokument(const QString &name, const QByteArray &inhalt, const QString &titel = QStringLiteral("Abschlag"));
     void oeffnen();
 
-    void uebernehmen(qint64 id, const QString &gegenueber = {});
-    void aussortieren(qint64 id);
+    Vollzug uebernehmen(qint64 id, const QString &gegenueber = {});
+    Vollzug aussortieren(qint64 id);
     qint64 rueckgaengig();
 
     [[nodiscard]] Dokument lesen(qint64 id) const;
@@ -34,8 +34,6 @@ public:
     [[nodiscard]] QString quelle(const QString &name) const { return m_profil.quelle + u'/' + name; }
     [[nodiscard]] QString ziel(const QString &name) const;
     [[nodiscard]] QString buchDatei() const;
-    /** Where the engine's last action put the document, and what it had to say. */
-    [[nodiscard]] const Zaehler &zaehler() const { return *m_zaehler; }
 
     /** SHA-256 of every regular file below source, target, and trash, with how often it occurs. */
     [[nodiscard]] QMap<QString, int> bestand() const;
@@ -45,12 +43,11 @@ public:
     [[nodiscard]] QStringList widersprueche() const;
 
 private:
-    [[nodiscard]] Ablagewerk werk();
+    [[nodiscard]] Ablagewerk werk() const { return {m_db, m_profil, m_buch}; }
     Profil m_profil;
     QString m_ordner;
     std::shared_ptr<Datenbank> m_db;
     std::shared_ptr<Protokollbuch> m_buch;
-    std::shared_ptr<Zaehler> m_zaehler = std::make_shared<Zaehler>();
 };
 
 [[nodiscard]] QByteArray inhaltVon(const QString &pfad);

@@ -1,7 +1,7 @@
+#include "abbruch.h"
 #include "fehler.h"
 #include "ollama.h"
 #include "testserver.h"
-#include "werkzeuge.h"
 
 #include <QJsonDocument>
 #include <QNetworkProxy>
@@ -414,10 +414,9 @@ private Q_SLOTS:
             if (laden)
                 QVERIFY_EXCEPTION_THROWN(ollama().laden(
                                              u"m"_s, [](const QString &) {}, ende.get_token()),
-                                         Werkzeuge::Abgebrochen);
+                                         Abbruch);
             else
-                QVERIFY_EXCEPTION_THROWN(Q_UNUSED(ollama().fragen(u"m"_s, u"p"_s, 60s, ende.get_token())),
-                                         Werkzeuge::Abgebrochen);
+                QVERIFY_EXCEPTION_THROWN(Q_UNUSED(ollama().fragen(u"m"_s, u"p"_s, 60s, ende.get_token())), Abbruch);
         }
     }
 };

@@ -1,3 +1,4 @@
+#include "abbruch.h"
 #include "bilderordner.h"
 #include "pdf.h"
 #include "satz.h"
@@ -185,7 +186,7 @@ private Q_SLOTS:
         });
         QVERIFY_EXCEPTION_THROWN(
             Q_UNUSED(laufen("sleep 100 & echo $! > \"$1/k\"; mv \"$1/k\" \"$1/kind\"; wait", 60s, ende.get_token())),
-            Werkzeuge::Abgebrochen);
+            Abbruch);
         QTRY_VERIFY(kindIstTot());
     }
 

@@ -1,4 +1,6 @@
 #include "einstellungen.h"
+#include "fehler.h"
+#include "platte.h"
 #include "programmordner.h"
 #include "sprache.h"
 #include "textkatalog.h"
@@ -162,6 +164,55 @@ private Q_SLOTS:
                                                   {u"Offen"_s, {}}};
         QTEST(uebertragen(gesagt, texte, {}, englisch), "erwartet");
         QCOMPARE(uebertragen(uebertragen(gesagt, texte, {}, englisch), texte, englisch, {}), gesagt);
+    }
+
+    /** Sentences that used to be put together keep the translation of their pieces until they have one of their own. */
+    void einSatzAusFrueherenStuecken_data()
+    {
+        QTest::addColumn<QByteArray>("datei");
+        QTest::addColumn<QString>("eingeordnet");
+        QTest::addColumn<QString>("von");
+        const QString satz = u"%@ von %@ eingeordnet"_s;
+        const QString von = u"Von: %@"_s;
+        QTest::newRow("alle Stücke") << QByteArray(R"({" von ": " of ", " eingeordnet": " filed", "Von: ": "From "})")
+                                     << u"%@ of %@ filed"_s << u"From %@"_s;
+        QTest::newRow("eines davon") << QByteArray(R"({" eingeordnet": " filed"})") << u"%@ von %@ filed"_s << von;
+        QTest::newRow("der ganze Satz") << QByteArray(R"({" von ": " of ", "%@ von %@ eingeordnet": "%@/%@"})")
+                                        << u"%@/%@"_s << von;
+        QTest::newRow("noch leer") << QByteArray(R"({" von ": " of ", "%@ von %@ eingeordnet": ""})")
+                                   << u"%@ of %@ eingeordnet"_s << von;
+        QTest::newRow("nichts") << QByteArray(R"({"%@": "!", " von ": ""})") << satz << von;
+    }
+
+    void einSatzAusFrueherenStuecken()
+    {
+        QFETCH(QByteArray, datei);
+        const QString ort = Sprache::eigenerOrdner() + u"/xx.json"_s;
+        schreiben(ort, datei);
+        Sprache::setzeGewaehlteKennung(u"xx"_s);
+        QTEST(Sprache::text(u"%@ von %@ eingeordnet"_s), "eingeordnet");
+        QTEST(Sprache::text(u"Von: %@"_s), "von");
+        schreiben(ort, R"({" von ": " / "})");
+        QVERIFY(Sprache::auffrischen());
+        QCOMPARE(Sprache::text(u"%@ von %@ eingeordnet"_s), u"%@ / %@ eingeordnet"_s);
+    }
+
+    void einFehlerDerPlatteInDerSprache()
+    {
+        const auto gescheitert = [](int fehler) {
+            try {
+                Platte::scheitern(u"Der Ordner ließ sich nicht anlegen"_s, fehler);
+            } catch (const Fehler &f) {
+                return f.text();
+            }
+        };
+        schreiben(
+            Sprache::eigenerOrdner() + u"/xx.json"_s,
+            R"({"Der Ordner ließ sich nicht anlegen": "No folder", "kein Platz mehr auf dem Datenträger": "full"})");
+        QCOMPARE(gescheitert(ENOSPC), u"Der Ordner ließ sich nicht anlegen: kein Platz mehr auf dem Datenträger"_s);
+        Sprache::setzeGewaehlteKennung(u"xx"_s);
+        QCOMPARE(gescheitert(ENOSPC), u"No folder: full"_s);
+        QCOMPARE(gescheitert(EACCES), u"No folder: keine Berechtigung"_s);
     }
 
     void eineKaputteDateiIstKeinFehler_data()

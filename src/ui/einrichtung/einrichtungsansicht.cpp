@@ -170,8 +170,8 @@ void EinrichtungsAnsicht::zeigen()
         setFocus();
     m_katalogfehler->setVisible(!m_zustand->profilwahl()->katalogfehler().isEmpty());
     if (!m_zustand->profilwahl()->katalogfehler().isEmpty())
-        m_katalogfehler->setzeText(Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s) + u": "_s +
-                                   katalogfehlersatz(*m_zustand->profilwahl()));
+        m_katalogfehler->setzeText(gefuellt(Sprache::text(u"Der Katalog lässt sich nicht öffnen: %@"_s),
+                                            {katalogfehlersatz(*m_zustand->profilwahl())}));
     m_seiten->setCurrentIndex(int(m_zustand->einrichtung()->abschnitt()));
     if (da)
         weiterZeigen();

@@ -2,6 +2,7 @@
 
 #include "kurzpfad.h"
 #include "sprache.h"
+#include "text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -121,8 +122,8 @@ QString Bewegungsmodell::ansage(int stelle) const
 QString Bewegungsmodell::hilfe(int stelle) const
 {
     const Protokollzeile &z = m_zeilen.at(stelle);
-    QStringList teile = {z.zeitKurz() + u"  "_s + z.aktion, Sprache::text(u"Von: "_s) + z.von,
-                         Sprache::text(u"Nach: "_s) + z.nach};
+    QStringList teile = {z.zeitKurz() + u"  "_s + z.aktion, gefuellt(Sprache::text(u"Von: %@"_s), {z.von}),
+                         gefuellt(Sprache::text(u"Nach: %@"_s), {z.nach})};
     const Bewegungsstand s = stand(stelle);
     if (s == Bewegungsstand::fehler)
         teile << m_gescheiterte.value(stelle, Sprache::text(u"Der Ordner lässt sich nicht lesen"_s));
@@ -138,9 +139,9 @@ QVariant Bewegungsmodell::data(const QModelIndex &index, int rolle) const
         return {};
     switch (rolle) {
     case Von:
-        return Sprache::text(u"Von: "_s) + unter(m_zeilen.at(stelle).von, m_quelle);
+        return gefuellt(Sprache::text(u"Von: %@"_s), {unter(m_zeilen.at(stelle).von, m_quelle)});
     case Nach:
-        return Sprache::text(u"Nach: "_s) + unter(m_zeilen.at(stelle).nach, m_ziel);
+        return gefuellt(Sprache::text(u"Nach: %@"_s), {unter(m_zeilen.at(stelle).nach, m_ziel)});
     case Stand:
         return int(stand(stelle));
     case Wort:

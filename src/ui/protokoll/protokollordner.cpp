@@ -9,6 +9,7 @@
 #include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
+#include "text.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -80,7 +81,7 @@ void Protokollordner::zeigen()
     if (eigener)
         text = Sprache::text(u"Eigener Ort gewählt"_s);
     else if (ort)
-        text = Sprache::text(u"Standard: "_s) + kurzpfad(*ort);
+        text = gefuellt(Sprache::text(u"Standard: %@"_s), {kurzpfad(*ort)});
     m_ort->setzeText(text);
     m_pfad->setzeText(eigener ? kurzpfad(*ort) : QString());
     m_pfad->setVisible(eigener);

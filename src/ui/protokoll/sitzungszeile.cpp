@@ -95,15 +95,15 @@ void Sitzungszeile::bildZeigen(const Sitzungsbild &bild, bool laufend, bool mitS
 /** Read aloud, each of them says which session it means. */
 void Sitzungszeile::knoepfeBenennen()
 {
-    const QString welche = u": "_s + m_titel->ganzerText();
+    const QString welche = m_titel->ganzerText();
     m_marke->setzeHilfe({}, Sprache::text(u"Zeigt den Inhalt dieser Datei rechts an"_s));
-    m_marke->setAccessibleName(Sprache::text(u"Sitzung"_s) + welche);
+    m_marke->setAccessibleName(gefuellt(Sprache::text(u"Sitzung: %@"_s), {welche}));
     m_ansehen->setzeHilfe(Sprache::text(u"Ansehen"_s),
                           Sprache::text(u"Zeigt diese Sitzung rechts an, damit du vor dem Zurückdrehen siehst, was "
                                         "darin steht"_s));
-    m_ansehen->setAccessibleName(Sprache::text(u"Ansehen"_s) + welche);
+    m_ansehen->setAccessibleName(gefuellt(Sprache::text(u"Ansehen: %@"_s), {welche}));
     m_finden->setzeHilfe({}, Sprache::text(u"Diese Protokolldatei in der Dateiverwaltung zeigen"_s));
-    m_finden->setAccessibleName(m_finden->toolTip() + welche);
+    m_finden->setAccessibleName(m_finden->toolTip() + u": "_s + welche);
 }
 
 void Sitzungszeile::setzeGewaehlt(bool gewaehlt)
