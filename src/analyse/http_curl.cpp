@@ -1,9 +1,9 @@
 #include "abbruch.h"
+#include "curlbibliothek.h"
 #include "http.h"
 #include "sprache.h"
 
 #include <algorithm>
-#include <curl/curl.h>
 #include <exception>
 #include <memory>
 
@@ -21,10 +21,6 @@ Fehler unverstaendlich() { return Fehler(Sprache::text(u"Die Antwort des Modells
 Fehler abgerissen() { return Fehler(Sprache::text(u"Die Verbindung zum Modellserver ist abgebrochen"_s)); }
 
 Fehler zuSpaet() { return Fehler(Sprache::text(u"Der Modellserver antwortet nicht rechtzeitig"_s)); }
-
-/** The owner of what @p freigeben takes back. */
-template <typename Ding, auto freigeben>
-using Besitz = std::unique_ptr<Ding, std::integral_constant<decltype(freigeben), freigeben>>;
 
 /** Keeps the time limit in view. */
 class Uhr
@@ -50,30 +46,27 @@ class Austausch
 public:
     explicit Austausch(const Http::Anfrage &anfrage) : m_anfrage(anfrage), m_uhr(anfrage.zeitgrenze)
     {
-        static const CURLcode bereit = curl_global_init(CURL_GLOBAL_NOTHING);
-        m_griff.reset(bereit == CURLE_OK ? curl_easy_init() : nullptr);
-        m_griffe.reset(curl_multi_init());
         if (!m_griff || !m_griffe)
             throw std::bad_alloc();
         strecke();
         inhalt();
         empfang();
-        curl_multi_add_handle(m_griffe.get(), m_griff.get());
+        m_curl.multiAddHandle(m_griffe.get(), m_griff.get());
     }
-    ~Austausch() { curl_multi_remove_handle(m_griffe.get(), m_griff.get()); }
+    ~Austausch() { m_curl.multiRemoveHandle(m_griffe.get(), m_griff.get()); }
     Austausch(const Austausch &) = delete;
     Austausch &operator=(const Austausch &) = delete;
 
     Http::Antwort fuehren()
     {
-        const std::stop_callback wecker(m_anfrage.ende, [this] { curl_multi_wakeup(m_griffe.get()); });
+        const std::stop_callback wecker(m_anfrage.ende, [this] { m_curl.multiWakeup(m_griffe.get()); });
         int laufend = 1;
-        while (curl_multi_perform(m_griffe.get(), &laufend) == CURLM_OK && laufend > 0) {
+        while (m_curl.multiPerform(m_griffe.get(), &laufend) == CURLM_OK && laufend > 0) {
             if (m_anfrage.ende.stop_requested())
                 throw Abbruch();
             if (m_uhr.rest() == 0)
                 throw zuSpaet();
-            curl_multi_poll(m_griffe.get(), nullptr, 0, m_uhr.rest(), nullptr);
+            m_curl.multiPoll(m_griffe.get(), nullptr, 0, m_uhr.rest(), nullptr);
         }
         ausgangPruefen();
         m_antwort.status = int(status());
@@ -84,7 +77,7 @@ private:
     [[nodiscard]] long angabe(CURLINFO was) const
     {
         long wert = 0;
-        curl_easy_getinfo(m_griff.get(), was, &wert);
+        m_curl.easyGetinfo(m_griff.get(), was, &wert);
         return wert;
     }
     [[nodiscard]] long status() const { return angabe(CURLINFO_RESPONSE_CODE); }
@@ -92,7 +85,7 @@ private:
     template <typename Wert>
     void setzen(CURLoption option, Wert wert)
     {
-        curl_easy_setopt(m_griff.get(), option, wert);
+        m_curl.easySetopt(m_griff.get(), option, wert);
     }
 
     /** Straight to the server, and nowhere else. */
@@ -129,7 +122,7 @@ private:
 
     void kopfzeile(const char *zeile)
     {
-        if (curl_slist *mit = curl_slist_append(m_koepfe.get(), zeile)) {
+        if (curl_slist *mit = m_curl.slistAppend(m_koepfe.get(), zeile)) {
             static_cast<void>(m_koepfe.release());
             m_koepfe.reset(mit);
         }
@@ -194,7 +187,7 @@ private:
         if (m_gescheitert)
             std::rethrow_exception(m_gescheitert);
         int uebrige = 0;
-        const CURLMsg *nachricht = curl_multi_info_read(m_griffe.get(), &uebrige);
+        const CURLMsg *nachricht = m_curl.multiInfoRead(m_griffe.get(), &uebrige);
         const CURLcode ausgang = nachricht ? nachricht->data.result : CURLE_RECV_ERROR;
         if (ausgang == CURLE_COULDNT_CONNECT)
             throw Http::Unerreichbar();
@@ -217,9 +210,10 @@ private:
 
     const Http::Anfrage &m_anfrage;
     Uhr m_uhr;
-    Besitz<curl_slist, &curl_slist_free_all> m_koepfe;
-    Besitz<CURL, &curl_easy_cleanup> m_griff;
-    Besitz<CURLM, &curl_multi_cleanup> m_griffe;
+    const Curlbibliothek &m_curl = Curlbibliothek::geladen();
+    std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> m_koepfe{nullptr, m_curl.slistFreeAll};
+    std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> m_griff{m_curl.easyInit(), m_curl.easyCleanup};
+    std::unique_ptr<CURLM, decltype(&curl_multi_cleanup)> m_griffe{m_curl.multiInit(), m_curl.multiCleanup};
     std::exception_ptr m_gescheitert;
     size_t m_kopflaenge = 0;
     bool m_kopfGanz = false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dateigriff.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -17,12 +19,6 @@ public:
      * made. */
     [[nodiscard]] static std::optional<Absichtsdatei> oeffnen(const QString &pfad, std::chrono::milliseconds wartezeit);
 
-    Absichtsdatei(Absichtsdatei &&andere) noexcept;
-    Absichtsdatei &operator=(Absichtsdatei &&) = delete;
-    Absichtsdatei(const Absichtsdatei &) = delete;
-    Absichtsdatei &operator=(const Absichtsdatei &) = delete;
-    ~Absichtsdatei();
-
     /** What an earlier holder left, line by line; a last line without its end does not count. Throws
      * Plattenfehler. */
     [[nodiscard]] QList<QByteArray> zeilen() const;
@@ -32,6 +28,6 @@ public:
     void leeren(const QList<QByteArray> &bleibende = {});
 
 private:
-    explicit Absichtsdatei(int griff) : m_griff(griff) {}
-    int m_griff = -1;
+    explicit Absichtsdatei(Dateigriff griff) : m_griff(std::move(griff)) {}
+    Dateigriff m_griff;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dateigriff.h"
+
 #include <QString>
 #include <chrono>
 #include <optional>
@@ -14,13 +16,7 @@ public:
     /** The lock, or none when another holds it past @p wartezeit or the file cannot be made. Follows no link. */
     [[nodiscard]] static std::optional<Sperrdatei> nehmen(const QString &pfad, std::chrono::milliseconds wartezeit);
 
-    Sperrdatei(Sperrdatei &&andere) noexcept;
-    Sperrdatei &operator=(Sperrdatei &&andere) noexcept;
-    Sperrdatei(const Sperrdatei &) = delete;
-    Sperrdatei &operator=(const Sperrdatei &) = delete;
-    ~Sperrdatei();
-
 private:
-    explicit Sperrdatei(int griff) : m_griff(griff) {}
-    int m_griff = -1;
+    explicit Sperrdatei(Dateigriff griff) : m_griff(std::move(griff)) {}
+    Dateigriff m_griff;
 };

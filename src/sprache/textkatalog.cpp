@@ -254,6 +254,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Die Originale bleiben unberührt liegen, im Zielordner entstehen Kopien",
     u"Die Originale bleiben unberührt liegen.",
     u"Die Profilliste ist nicht lesbar: %@",
+    u"Die Programmbibliothek libcurl lässt sich nicht laden",
     u"Die Prüfung ist fehlgeschlagen. Besteht eine Internetverbindung?",
     u"Die Sprache, in der deine Briefe meist sind.",
     u"Die Struktur stammt aus dem bisherigen Zielordner. Lies sie neu ein.",

@@ -18,6 +18,7 @@ QList<Bestandteil> bestandteile()
         {.name = u"OpenSSL"_s,
          .fassung = QString::fromLatin1(OpenSSL_version(OPENSSL_VERSION_STRING)),
          .lizenz = u"Apache 2.0"_s},
+        {.name = u"libcurl"_s, .fassung = {}, .lizenz = u"curl"_s},
         {.name = Sprache::text(u"Breeze, Symbole"_s), .fassung = {}, .lizenz = u"LGPL 3"_s},
         {.name = Sprache::text(u"poppler-utils, als Programm"_s),
          .fassung = {},

@@ -373,7 +373,8 @@ void TestBewegungen::katalogGesperrt()
     Datenbank anderes(m_ordner->filePath(u"katalog.db"_s));
     anderes.ausfuehren(u"BEGIN IMMEDIATE"_s);
     std::jthread freigeber([&] {
-        std::this_thread::sleep_for(1500ms);
+        while (!QFile::exists(bank.ziel(abschlag))) // the file has moved, its record waits
+            std::this_thread::sleep_for(5ms);
         anderes.ausfuehren(u"COMMIT"_s);
     });
     bank.uebernehmen(id);

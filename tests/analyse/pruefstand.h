@@ -24,6 +24,8 @@ public:
     /** The usual proposal, with @p anders instead of or besides it. */
     [[nodiscard]] static QJsonObject vorschlag(const QJsonObject &anders = {});
     void modellSagt(const QList<Testantwort> &folge) { m_server->antworten("/api/generate", folge); }
+    /** Gives the answers that were held back. */
+    void loslassen() { m_server->loslassen(); }
     /** What the server lists, one object per model; without this it lists nothing. */
     void serverListet(const QList<QJsonObject> &modelle);
     /** Nobody listens any more where the server was. */

@@ -261,14 +261,13 @@ private Q_SLOTS:
     void wasDerMenschInzwischenTatBleibt()
     {
         const qint64 id = m_stand->dokument(u"a.pdf"_s, u"Text"_s);
-        Testantwort langsam = Pruefstand::antwort(Pruefstand::vorschlag());
-        langsam.schritte.prepend({.art = Testschritt::Art::Warten, .dauer = 400ms});
-        m_stand->modellSagt({langsam});
+        m_stand->modellSagt({Testantwort::gehalten(Pruefstand::antwort(Pruefstand::vorschlag()))});
         {
             const std::jthread mensch([&] {
                 while (m_stand->fragen().isEmpty())
                     std::this_thread::sleep_for(5ms);
                 m_stand->db().ausfuehren(u"UPDATE dokumente SET status='erledigt', titel='von Hand'"_s);
+                m_stand->loslassen();
             });
             einordnen();
         }

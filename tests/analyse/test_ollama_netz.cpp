@@ -102,7 +102,12 @@ class TestOllamaNetz : public QObject
 
 private Q_SLOTS:
     void init() { m_server = std::make_unique<Testserver>(); }
-    void cleanup() { QNetworkProxy::setApplicationProxy(QNetworkProxy::DefaultProxy); }
+    void cleanup()
+    {
+        QNetworkProxy::setApplicationProxy(QNetworkProxy::DefaultProxy);
+        for (const char *name : {"http_proxy", "all_proxy"})
+            qunsetenv(name);
+    }
 
     void dieAnfrageAnDasModell()
     {
@@ -359,6 +364,8 @@ private Q_SLOTS:
     {
         const Testserver fremder;
         QNetworkProxy::setApplicationProxy({QNetworkProxy::HttpProxy, u"127.0.0.1"_s, fremder.port()});
+        for (const char *name : {"http_proxy", "all_proxy"})
+            qputenv(name, fremder.adresse().toUtf8());
         const QByteArray woanders = "Location: " + fremder.adresse().toUtf8() + "/api/generate\r\n";
         for (const int status : {301, 302, 307, 308}) {
             m_server->antworten("/api/generate", Testantwort::fest(status, {}, woanders));
@@ -403,12 +410,14 @@ private Q_SLOTS:
 
     void dasEndeDesProgrammsBrichtAb()
     {
-        m_server->antworten("/api/generate", Testantwort::stumm(60s));
-        m_server->antworten("/api/pull", Testantwort::stumm(60s));
+        m_server->antworten("/api/generate", Testantwort::gehalten());
+        m_server->antworten("/api/pull", Testantwort::gehalten());
         for (const bool laden : {false, true}) {
             std::stop_source ende;
+            const qsizetype bisher = m_server->anfragen().size();
             const std::jthread halter([&] {
-                std::this_thread::sleep_for(100ms);
+                while (m_server->anfragen().size() == bisher)
+                    std::this_thread::sleep_for(5ms);
                 ende.request_stop();
             });
             if (laden)

@@ -214,14 +214,13 @@ private Q_SLOTS:
     {
         QFETCH(QString, aenderung);
         const QList<qint64> ids = {vorgeschlagen(0.1), vorgeschlagen(0.2)};
-        Testantwort langsam = Pruefstand::antwort(Pruefstand::vorschlag());
-        langsam.schritte.prepend({.art = Testschritt::Art::Warten, .dauer = 400ms});
-        m_stand->modellSagt({langsam});
+        m_stand->modellSagt({Testantwort::gehalten(Pruefstand::antwort(Pruefstand::vorschlag()))});
         {
             const std::jthread mensch([&] {
                 while (m_stand->fragen().isEmpty())
                     std::this_thread::sleep_for(5ms);
                 m_stand->db().ausfuehren(u"UPDATE dokumente SET "_s + aenderung);
+                m_stand->loslassen();
             });
             einholen();
         }
@@ -233,14 +232,13 @@ private Q_SLOTS:
     void wasDerMenschInzwischenTatBleibt()
     {
         const qint64 id = vorgeschlagen();
-        Testantwort langsam = Pruefstand::antwort(Pruefstand::vorschlag());
-        langsam.schritte.prepend({.art = Testschritt::Art::Warten, .dauer = 400ms});
-        m_stand->modellSagt({langsam});
+        m_stand->modellSagt({Testantwort::gehalten(Pruefstand::antwort(Pruefstand::vorschlag()))});
         {
             const std::jthread mensch([&] {
                 while (m_stand->fragen().isEmpty())
                     std::this_thread::sleep_for(5ms);
                 m_stand->db().ausfuehren(u"UPDATE dokumente SET status='erledigt', titel='von Hand'"_s);
+                m_stand->loslassen();
             });
             einholen();
         }

@@ -85,7 +85,7 @@ private Q_SLOTS:
                 const auto sperre = Sperrdatei::nehmen(m_pfad, 30s);
                 gehalten += sperre ? 1 : 0;
                 zuviel += ++drinnen > 1 ? 1 : 0;
-                std::this_thread::sleep_for(1ms);
+                std::this_thread::yield();
                 --drinnen;
             }
         };

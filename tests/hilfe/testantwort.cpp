@@ -60,6 +60,12 @@ Testantwort Testantwort::zurueckgesetzt(const QByteArray &vorher)
     return {{senden(vorher), Testschritt{Art::Zuruecksetzen}}};
 }
 
+Testantwort Testantwort::gehalten(Testantwort antwort)
+{
+    antwort.schritte.prepend(Testschritt{Art::Halten});
+    return antwort;
+}
+
 Testantwort Testantwort::stumm(std::chrono::milliseconds dauer, const QByteArray &vorher)
 {
     return {{senden(vorher), warten(dauer)}};

@@ -6,7 +6,13 @@
 
 /** One thing that a Testserver does on a connection after it has read the request. */
 struct Testschritt {
-    enum class Art { Senden, Warten, Schliessen, Zuruecksetzen };
+    enum class Art {
+        Senden,
+        Warten,
+        Halten, ///< until Testserver::loslassen()
+        Schliessen,
+        Zuruecksetzen,
+    };
     Art art = Art::Schliessen;
     QByteArray bytes = {};                ///< Senden: what goes out
     qint64 mal = 1;                       ///< Senden: how often
@@ -39,6 +45,9 @@ struct Testantwort {
 
     /** Resets the connection (RST), after sending @p vorher. */
     [[nodiscard]] static Testantwort zurueckgesetzt(const QByteArray &vorher = {});
+
+    /** @p antwort, but not before Testserver::loslassen(). */
+    [[nodiscard]] static Testantwort gehalten(Testantwort antwort = {});
 
     /** Says nothing for @p dauer after sending @p vorher, then closes. */
     [[nodiscard]] static Testantwort stumm(std::chrono::milliseconds dauer, const QByteArray &vorher = {});

@@ -8,6 +8,7 @@
 #include <sys/socket.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -45,7 +46,10 @@ public:
             m_server.dazu(bytes);
             weiter();
         });
-        connect(buchse, &QTcpSocket::disconnected, buchse, &QObject::deleteLater);
+        connect(buchse, &QTcpSocket::disconnected, buchse, [this, buchse] {
+            --m_server.m_offene;
+            buchse->deleteLater();
+        });
     }
 
 private:
@@ -80,6 +84,11 @@ private:
         case Testschritt::Art::Warten:
             warten(jetzt.dauer);
             break;
+        case Testschritt::Art::Halten:
+            if (m_server.m_losgelassen)
+                break;
+            warten(5ms);
+            return true;
         case Testschritt::Art::Schliessen:
             m_schritte.clear();
             return true;
@@ -159,6 +168,7 @@ void Testserver::annehmen()
     while (QTcpSocket *buchse = m_server->nextPendingConnection()) {
         const QMutexLocker halten(&m_sperre);
         ++m_verbindungen;
+        ++m_offene;
         new Testverbindung(buchse, *this);
     }
 }

@@ -8,6 +8,7 @@
 #include <QMutex>
 #include <QString>
 #include <QThread>
+#include <atomic>
 
 class QTcpServer;
 
@@ -39,6 +40,9 @@ public:
     void antworten(const QByteArray &pfad, const QList<Testantwort> &folge);
     void antworten(const QByteArray &pfad, const Testantwort &antwort) { antworten(pfad, QList{antwort}); }
 
+    /** From now on no answer is held back; see Testantwort::gehalten(). */
+    void loslassen() { m_losgelassen = true; }
+
     /** The requests so far, in the order in which they were complete. */
     [[nodiscard]] QList<Testanfrage> anfragen() const;
 
@@ -47,6 +51,8 @@ public:
 
     /** Connections that were accepted so far, with or without a request. */
     [[nodiscard]] int verbindungen() const;
+    /** Those of them that have not ended. */
+    [[nodiscard]] int offene() const { return m_offene; }
 
 private:
     friend class Testverbindung;
@@ -59,6 +65,8 @@ private:
     QList<Testanfrage> m_anfragen;
     qint64 m_gesendet = 0;
     int m_verbindungen = 0;
+    std::atomic<bool> m_losgelassen = false;
+    std::atomic<int> m_offene = 0;
     quint16 m_port = 0;
     QThread m_faden;
     QTcpServer *m_server = nullptr;

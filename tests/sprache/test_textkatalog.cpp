@@ -14,24 +14,24 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("quelltext");
         QTest::addColumn<QByteArrayList>("texte");
-        QTest::newRow("Literal") << QByteArray(R"(x = Sprache::text(u"Ja \"%@\"\n"_s);)")
-                                 << QByteArrayList{R"("Ja \"%@\"\n")"};
+        QTest::newRow("Literal") << QByteArray("x = Sprache::text(u\"Ja \\\"%@\\\"\\n\"_s);")
+                                 << QByteArrayList{"\"Ja \\\"%@\\\"\\n\""};
         QTest::newRow("mehrzeilig") << QByteArray("Sprache::text(\n    u\"Eins \"\n    u\"zwei\"_s)")
-                                    << QByteArrayList{R"("Eins zwei")"};
-        QTest::newRow("Merker") << QByteArray(R"(QUILLMAR_TEXT(u"Drei"), QUILLMAR_TEXT(u"Vier"_s))")
-                                << QByteArrayList{R"("Drei")", R"("Vier")"};
+                                    << QByteArrayList{"\"Eins zwei\""};
+        QTest::newRow("Merker") << QByteArray("QUILLMAR_TEXT(u\"Drei\"), QUILLMAR_TEXT(u\"Vier\"_s)")
+                                << QByteArrayList{"\"Drei\"", "\"Vier\""};
         QTest::newRow("eines und mehrere")
             << QByteArray("Sprache::text(liste.size(), u\"%@ Blatt\"_s,\n u\"%@ \" \"Blätter\"_s)")
-            << QByteArrayList{R"("%@ Blatt")", R"("%@ Blätter")"};
-        QTest::newRow("leer") << QByteArray(R"(Sprache::text(u""_s))") << QByteArrayList{};
+            << QByteArrayList{"\"%@ Blatt\"", "\"%@ Blätter\""};
+        QTest::newRow("leer") << QByteArray("Sprache::text(u\"\"_s)") << QByteArrayList{};
         QTest::newRow("gekennzeichnet") << QByteArray("Sprache::text(/* QUILLMAR_TEXT */ titel)") << QByteArrayList{};
         QTest::newRow("Kommentar") << QByteArray("// Sprache::text(titel)\n/* Sprache::text(b) */") << QByteArrayList{};
         QTest::newRow("Schrägstriche im Text")
-            << QByteArray(R"(Sprache::text(u"http://a"_s))") << QByteArrayList{R"("http://a")"};
+            << QByteArray("Sprache::text(u\"http://a\"_s)") << QByteArrayList{"\"http://a\""};
         const QByteArrayList verstoss{"quelle.cpp:1: no literal; mark a variable with /* QUILLMAR_TEXT */"};
         QTest::newRow("Variable") << QByteArray("Sprache::text(titel)") << verstoss;
-        QTest::newRow("zwei zur Wahl") << QByteArray(R"(Sprache::text(a ? u"A"_s : u"B"_s))") << verstoss;
-        QTest::newRow("zusammengesetzt") << QByteArray(R"(Sprache::text(u"A"_s + b))") << verstoss;
+        QTest::newRow("zwei zur Wahl") << QByteArray("Sprache::text(a ? u\"A\"_s : u\"B\"_s)") << verstoss;
+        QTest::newRow("zusammengesetzt") << QByteArray("Sprache::text(u\"A\"_s + b)") << verstoss;
         QTest::newRow("ohne Aufruf") << QByteArray("transform(a, b, Sprache::text)") << verstoss;
     }
 

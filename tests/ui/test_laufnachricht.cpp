@@ -64,6 +64,18 @@ private:
         QTRY_COMPARE(ende.size(), 1);
     }
 
+    /** All that was sent so far: the bus keeps the order, so it is here once something behind it is. */
+    void angekommen()
+    {
+        constexpr uint letzte = 99;
+        QDBusMessage danach =
+            QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s,
+                                           u"org.freedesktop.Notifications"_s, u"CloseNotification"_s);
+        danach << letzte;
+        QVERIFY(QDBusConnection::sessionBus().send(danach));
+        QTRY_VERIFY(m_dienst.geschlossen.contains(letzte));
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -113,7 +125,7 @@ private Q_SLOTS:
         durchgang();
         QVERIFY(m_z->durchgang()->laufende().dauer > 0ms &&
                 m_z->durchgang()->laufende().dauer < Laufnachricht::ueblich);
-        QTest::qWait(100);
+        angekommen();
         QVERIFY(m_dienst.gezeigt.isEmpty());
     }
 
@@ -152,7 +164,7 @@ private Q_SLOTS:
         m_fenster->show();
         QTRY_COMPARE(m_dienst.geschlossen, QList{41U});
         durchgang();
-        QTest::qWait(100);
+        angekommen();
         QCOMPARE(m_dienst.gezeigt.size(), 2);
     }
 };

@@ -6,6 +6,7 @@
 #include "fensterprobe.h"
 #include "pdf.h"
 #include "profilwahl.h"
+#include "pruefansicht.h"
 #include "pruefung.h"
 #include "satz.h"
 #include "sprache.h"
@@ -322,7 +323,7 @@ private Q_SLOTS:
         QTest::keyClicks(QApplication::focusWidget(), u"zud"_s);
         druecken(Qt::Key_Return);
         QCOMPARE(name(), u"b.pdf"_s);
-        QTest::qWait(800);
+        QTRY_VERIFY(m_fenster->findChild<PruefAnsicht *>()->nimmtTasten());
         // While a slow deed runs nothing can be typed that would be dropped.
         tippen("titel", u"Fertig"_s);
         QTRY_VERIFY(!m_z->pruefung()->ungesehen());

@@ -277,7 +277,8 @@ private Q_SLOTS:
             vorschau.show();
             vorschau.zeigen(pfad(u"Inbox/scan0001.pdf"_s));
             vorschau.vorausladen(pfad(u"Inbox/scan0002.pdf"_s));
-            QTest::qWait(i * 3);
+            for (int runde = 0; runde < i; ++runde)
+                QCoreApplication::processEvents();
         }
     }
 };

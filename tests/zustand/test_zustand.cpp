@@ -14,7 +14,6 @@
 
 #include <QDate>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
@@ -24,7 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int merklich = 50; // ms that the main thread may stand still
 
 /** Another program that keeps the catalogue locked. */
 class Fremdsperre
@@ -610,8 +608,7 @@ private Q_SLOTS:
         m_b->dokument(u"c.pdf"_s);
         beginnen();
         auto sperre = std::make_unique<Fremdsperre>(Profilspeicher::katalogDatei(m_b->profil));
-        QElapsedTimer uhr;
-        uhr.start();
+        // Whoever waited for the catalogue would wait until it gives up: it is set free below, by this very thread.
         m_z->ausfuehrung()->uebernehmen();
         m_z->pruefung()->aktualisieren();
         m_z->ausfuehrung()->weiter(Richtung::Weiter); // kept
@@ -620,7 +617,6 @@ private Q_SLOTS:
         m_z->ausfuehrung()->uebernehmen();
         m_z->ausfuehrung()->aussortieren();
         QCOMPARE(zuFrueh.size(), 3);
-        QVERIFY(uhr.elapsed() < merklich);
         QTRY_COMPARE(m_z->ausfuehrung()->vorgang(), u"Datei wird verschoben"_s);
         QCOMPARE(name(), u"a.pdf"_s);
         sperre.reset();
@@ -781,7 +777,7 @@ private Q_SLOTS:
         Testserver server;
         qputenv("OLLAMA_HOST", "127.0.0.1:" + QByteArray::number(server.port()));
         server.antworten("/api/version", Testantwort::fest(200, "{}"));
-        server.antworten("/api/generate", Testantwort::stumm(std::chrono::seconds(60)));
+        server.antworten("/api/generate", Testantwort::gehalten());
         m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         m_b->sql(u"UPDATE dokumente SET text_hash='x', sha256='x'"_s);
         beginnen();
@@ -793,10 +789,8 @@ private Q_SLOTS:
         QTRY_VERIFY(m_z->durchgang()->analyse() && !m_z->durchgang()->analyse()->laeuft());
         QCOMPARE(m_z->meldestelle()->hinweis(),
                  u"Der Durchgang von Haushalt wurde angehalten, der nächste Start setzt ihn fort"_s);
-        QElapsedTimer uhr;
-        uhr.start();
         m_z.reset();
-        QVERIFY(uhr.elapsed() < 3000);
+        QTRY_COMPARE(server.offene(), 0); // hung up, although the answer is still held back
         QCOMPARE(m_b->lesen(1).status, Status::Neu);
         QCOMPARE(Profilspeicher::laden().size(), 2);
     }

@@ -25,6 +25,8 @@ public:
     explicit PruefAnsicht(Zustand *zustand, QWidget *eltern = nullptr);
 
     [[nodiscard]] Vorschau *vorschau() const { return m_vorschau; }
+    /** Keys are taken, and not for the rest of a word that was typed for another document. */
+    [[nodiscard]] bool nimmtTasten() const { return m_ruhe.hasExpired(); }
 
 protected:
     void focusInEvent(QFocusEvent *ereignis) override;
