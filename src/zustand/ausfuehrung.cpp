@@ -195,24 +195,18 @@ void Ausfuehrung::handeln(const Tat &tat, const Wunsch &danach, const QString &v
     if (!m_profilwahl->kannHandeln())
         return;
     belegen(danach.art == Wunsch::Art::Weiter);
-    const auto antworten = [this, offenes = QPointer(m_profilwahl->offenes())](const Ausgang<Tatfolge> &ausgang) {
-        const Geschehen g = ausgang.wert ? ausgang.wert->geschehen : Geschehen();
-        if (!g.gelungen)
-            m_spaeter = {}; // why comes first; the next key may meet another document than it was meant for
-        if (offenes && ausgang.wert)
-            fertig(*offenes, *ausgang.wert);
-        else if (ausgang.wert) // of the profile that was left meanwhile
-            m_meldestelle->melden(g.allesGesagte(), g.gelungen ? Meldestelle::Ton::gut : Meldestelle::Ton::warnung);
-        else
-            m_meldestelle->melden(fehlersatz(ausgang.fehler));
-        freigeben();
-    };
     imHintergrund(
         this,
         [platz = m_profilwahl->offenes()->arbeitsplatz(), tat, danach, hier = dokumentId()] {
             return ausfuehren(platz, tat, danach, hier);
         },
-        antworten);
+        [this, offenes = QPointer(m_profilwahl->offenes())](const Ausgang<Tatfolge> &ausgang) {
+            if (ausgang.wert)
+                fertig(offenes, *ausgang.wert);
+            else
+                gescheitert(fehlersatz(ausgang.fehler));
+            freigeben();
+        });
     m_vorgangsname = vorgang;
     if (!vorgang.isEmpty())
         m_merklich.start();
@@ -232,7 +226,25 @@ Ausfuehrung::Tatfolge Ausfuehrung::ausfuehren(const Arbeitsplatz &platz, const T
     return folge;
 }
 
-void Ausfuehrung::fertig(OffenesProfil &offenes, const Tatfolge &folge)
+/** Why comes first; the next key may meet another document than it was meant for. */
+void Ausfuehrung::gescheitert(const QString &satz)
+{
+    m_spaeter = {};
+    m_meldestelle->melden(satz);
+}
+
+void Ausfuehrung::fertig(OffenesProfil *offenes, const Tatfolge &folge)
+{
+    const Geschehen &g = folge.geschehen;
+    if (!g.gelungen)
+        m_spaeter = {};
+    if (offenes)
+        eintragen(*offenes, folge);
+    else // of the profile that was left meanwhile
+        m_meldestelle->melden(g.allesGesagte(), g.gelungen ? Meldestelle::Ton::gut : Meldestelle::Ton::warnung);
+}
+
+void Ausfuehrung::eintragen(OffenesProfil &offenes, const Tatfolge &folge)
 {
     const Geschehen &g = folge.geschehen;
     const bool neuesBuch = g.buch != offenes.buch();

@@ -75,7 +75,9 @@ private:
     [[nodiscard]] static Tatfolge ausfuehren(const Arbeitsplatz &platz, const Tat &tat, const Wunsch &danach,
                                              std::optional<qint64> hier);
     [[nodiscard]] std::function<bool(qint64, qint64)> vorgangMelder(const QString &vorgang);
-    void fertig(OffenesProfil &offenes, const Tatfolge &folge);
+    void fertig(OffenesProfil *offenes, const Tatfolge &folge);
+    void gescheitert(const QString &satz);
+    void eintragen(OffenesProfil &offenes, const Tatfolge &folge);
     void berichten(const Tatfolge &folge);
     void warten(std::function<void()> spaeter);
     [[nodiscard]] bool zuFrueh();

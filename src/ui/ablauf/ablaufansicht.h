@@ -4,14 +4,12 @@
 
 #include <QWidget>
 
-class Elidiertext;
 class Hauptknopf;
 class Knopf;
 class Laufhinweis;
 class Leeransicht;
 class Nacharbeitsliste;
 class QLabel;
-class QScrollArea;
 class QStackedLayout;
 class QVBoxLayout;
 class Startfrage;

@@ -7,8 +7,6 @@
 
 class Elidiertext;
 class Flachknopf;
-class QLabel;
-class Umbruchtext;
 class Profilwahl;
 
 /** Where the session logs go: the profile's own folder or the default place beside the target. */

@@ -8,7 +8,6 @@ class Aktionsfeld;
 class Angaben;
 class Hinweisfach;
 class Leeransicht;
-class Meldungszeile;
 class QScrollArea;
 class QStackedLayout;
 class Teiler;
