@@ -34,6 +34,7 @@ private:
     QWidget *kopf();
     QWidget *spalteBauen();
     void listenBauen(QVBoxLayout *spalte);
+    void knoepfeVerbinden();
     void verbinden();
     void zeigen();
     void kopfZeigen();

@@ -20,6 +20,7 @@ public:
     void pruefen();
 
 private:
+    void anordnen(QWidget *waehlen);
     void zeigen();
     void waehlen();
     void setzen(const QString &ordner);

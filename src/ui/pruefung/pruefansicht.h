@@ -36,6 +36,7 @@ private:
     QWidget *vorschlagsseite();
     QWidget *leerseite();
     void tastenBauen();
+    void verbinden();
     void taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld);
     void eingabe();
     void feldVerlassen();
