@@ -46,7 +46,7 @@ void Ausfuehrung::wechseln()
 {
     m_spaeter = {};
     m_merklich.stop();
-    setzeRueckweg(std::nullopt);
+    Q_EMIT zurueckMoeglichGeaendert();
 }
 
 std::optional<qint64> Ausfuehrung::dokumentId() const
@@ -111,14 +111,16 @@ void Ausfuehrung::letztenSchrittZurueck()
             Sprache::text(u"Datei wird zurückgeholt"_s));
 }
 
+bool Ausfuehrung::zurueckMoeglich() const { return m_profilwahl->offenes() && m_profilwahl->offenes()->rueckweg(); }
+
 void Ausfuehrung::zurueck()
 {
     if (beschaeftigt())
         return warten([this] { zurueck(); });
-    if (!m_rueckweg)
+    if (!zurueckMoeglich())
         return;
     const QString vorgang = Sprache::text(u"Datei wird zurückgeholt"_s);
-    handeln([weg = *m_rueckweg, melder = vorgangMelder(vorgang)](
+    handeln([weg = *m_profilwahl->offenes()->rueckweg(), melder = vorgangMelder(vorgang)](
                 const Arbeitsplatz &platz) { return Handlung::zurueck(platz, weg, melder); },
             {}, vorgang);
 }
@@ -253,7 +255,8 @@ void Ausfuehrung::eintragen(OffenesProfil &offenes, const Tatfolge &folge)
         offenes.setzeProtokollmangel(g.warnungen.join(u' '));
     if (g.uebernommen)
         m_pruefung->entwurfVerwerfen(*g.uebernommen); // whatever else is done with a document, what was typed stays
-    setzeRueckweg(g.rueckweg);
+    offenes.setzeRueckweg(g.rueckweg);
+    Q_EMIT zurueckMoeglichGeaendert();
     berichten(folge);
     m_pruefung->zeigen(folge.blick);
     if (g.zielFraglich)
@@ -318,17 +321,11 @@ void Ausfuehrung::rueckbauBeenden()
 {
     m_rueckbau = false;
     m_profilwahl->setzeInArbeit(false);
-    setzeRueckweg(std::nullopt);
+    if (OffenesProfil *offenes = m_profilwahl->offenes())
+        offenes->setzeRueckweg(std::nullopt);
     Q_EMIT beschaeftigtGeaendert();
-    m_meldestelle->vergessen(); // the deed may be one of those that were turned back
-}
-
-void Ausfuehrung::setzeRueckweg(const std::optional<Rueckweg> &weg)
-{
-    if (weg == m_rueckweg)
-        return;
-    m_rueckweg = weg;
     Q_EMIT zurueckMoeglichGeaendert();
+    m_meldestelle->vergessen(); // the deed may be one of those that were turned back
 }
 
 void Ausfuehrung::vorgangSetzen(const QString &text, double anteil)

@@ -35,7 +35,7 @@ public:
     /** "weiter", "zurueck", or empty for the first waiting document. */
     void weiter(const QString &richtung);
     /** zurueck() has something to take back. */
-    [[nodiscard]] bool zurueckMoeglich() const { return m_rueckweg.has_value(); }
+    [[nodiscard]] bool zurueckMoeglich() const;
     /** Takes back what the notice tells of. */
     void zurueck();
     void zurueckgestellteVorlegen();
@@ -85,7 +85,6 @@ private:
     void belegen(bool anDiesem);
     void freigeben();
     void vorgangSetzen(const QString &text, double anteil);
-    void setzeRueckweg(const std::optional<Rueckweg> &weg);
     void wechseln();
 
     Profilwahl *m_profilwahl;
@@ -101,5 +100,4 @@ private:
     QString m_vorgang;
     QString m_vorgangsname; ///< of the deed under way
     double m_vorgangsanteil = 0;
-    std::optional<Rueckweg> m_rueckweg;
 };

@@ -17,9 +17,9 @@ Strukturlesung::Strukturlesung(Profilwahl *profilwahl, Einrichtungsstand *stand)
 void Strukturlesung::wechseln()
 {
     m_frage.verwerfen();
-    m_vorher.clear();
-    m_gezeigt.reset();
-    m_wurzel = m_profilwahl->aktiv() ? QDir::cleanPath(m_profilwahl->aktiv()->zielWurzel) : QString();
+    m_bekanntes = {};
+    if (const Profil *profil = m_profilwahl->aktiv())
+        m_bekanntes.wurzel = QDir::cleanPath(profil->zielWurzel);
     ordnen();
 }
 
@@ -63,11 +63,11 @@ void Strukturlesung::fertig(const std::optional<QList<Zweig>> &zweige)
 
 void Strukturlesung::uebernehmen(const QList<Zweig> &zweige)
 {
-    m_wurzel = QDir::cleanPath(m_profilwahl->aktiv()->zielWurzel);
+    m_bekanntes.wurzel = QDir::cleanPath(m_profilwahl->aktiv()->zielWurzel);
     m_stand->strukturAlt = false;
-    m_vorher = m_profilwahl->aktiv()->zweige;
-    m_gezeigt.reset();
-    m_stand->geradeGelesen = !m_vorher.isEmpty();
+    m_bekanntes.vorher = m_profilwahl->aktiv()->zweige;
+    m_bekanntes.gezeigt.reset();
+    m_stand->geradeGelesen = !m_bekanntes.vorher.isEmpty();
     Profil neu = *m_profilwahl->aktiv();
     neu.zweige = zweige;
     if (neu == *m_profilwahl->aktiv())
@@ -80,17 +80,17 @@ void Strukturlesung::vergleichen()
 {
     const Profil *profil = m_profilwahl->aktiv();
     m_stand->strukturAlt = profil && !profil->zweige.isEmpty() && !profil->zielWurzel.isEmpty() &&
-                           QDir::cleanPath(profil->zielWurzel) != m_wurzel;
+                           QDir::cleanPath(profil->zielWurzel) != m_bekanntes.wurzel;
     ordnen();
 }
 
 void Strukturlesung::ordnen()
 {
     const QList<Zweig> jetzt = m_profilwahl->aktiv() ? m_profilwahl->aktiv()->zweige : QList<Zweig>();
-    if (m_gezeigt == jetzt)
+    if (m_bekanntes.gezeigt == jetzt)
         return;
-    m_gezeigt = jetzt;
-    m_stand->struktur = strukturzeilen(m_vorher, jetzt);
+    m_bekanntes.gezeigt = jetzt;
+    m_stand->struktur = strukturzeilen(m_bekanntes.vorher, jetzt);
     m_stand->zahlen = strukturzahlen(m_stand->struktur);
     Q_EMIT geordnet();
 }

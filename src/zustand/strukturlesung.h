@@ -29,6 +29,13 @@ Q_SIGNALS:
     void geordnet(); ///< there are other lines
 
 private:
+    /** Of the active profile's structure. */
+    struct Bekanntes {
+        QString wurzel;                      ///< below which it was read, as far as is known
+        QList<Zweig> vorher;                 ///< before the last reading; empty: nothing to compare with
+        std::optional<QList<Zweig>> gezeigt; ///< that the lines were made from
+    };
+
     void fertig(const std::optional<QList<Zweig>> &zweige);
     void uebernehmen(const QList<Zweig> &zweige);
     void ordnen();
@@ -36,7 +43,5 @@ private:
     Profilwahl *m_profilwahl;
     Einrichtungsstand *m_stand;
     Anfrage m_frage;
-    QList<Zweig> m_vorher;                 ///< before the last reading; empty: nothing to compare with
-    QString m_wurzel;                      ///< below which the structure was read, as far as is known
-    std::optional<QList<Zweig>> m_gezeigt; ///< that the lines were made from
+    Bekanntes m_bekanntes;
 };
