@@ -16,7 +16,6 @@
 #include "sitzungen.h"
 #include "umbruchtext.h"
 #include "vorschau.h"
-#include "zustand.h"
 
 #include <QApplication>
 #include <QDir>

@@ -43,6 +43,17 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
                                         "Zurückgestellt: von dir übersprungen. In Analyse: noch nicht gelesen."_s);
     m_zaehler->setToolTip(hilfe);
     m_zaehler->setAccessibleDescription(hilfe);
+    verbinden();
+    zaehlenZeigen();
+    lageZeigen();
+    Stil::folgen(this, [this] {
+        updateGeometry();
+        anordnen();
+    });
+}
+
+void Fusszeile::verbinden()
+{
     connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &Fusszeile::zaehlenZeigen);
     connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Fusszeile::zaehlenZeigen);
     connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &Fusszeile::lageZeigen);
@@ -56,12 +67,6 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
     connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, [this] {
         if (m_zustand->durchgang()->analyse() && m_zustand->durchgang()->analyse()->laeuft())
             m_notiz.clear();
-    });
-    zaehlenZeigen();
-    lageZeigen();
-    Stil::folgen(this, [this] {
-        updateGeometry();
-        anordnen();
     });
 }
 

@@ -21,6 +21,7 @@ protected:
     void paintEvent(QPaintEvent *ereignis) override;
 
 private:
+    void verbinden();
     void zaehlenZeigen();
     void lageZeigen();
     void notieren();

@@ -107,12 +107,19 @@ void Hauptfenster::aufbauen()
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->setSpacing(0);
     auto *karten = new QStackedWidget(inhalt);
-    karten->setObjectName(u"karten"_s);
     const auto info = [this] { Infofenster::oeffnen(m_zustand->profilwahl(), m_aktualisierung, m_sprache, this); };
     spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info), inhalt));
     spalte->addWidget(karten, 1);
     spalte->addWidget(new Zielfrage(m_zustand->profilwahl(), m_zustand->ausfuehrung(), inhalt));
     spalte->addWidget(new Fusszeile(m_zustand, inhalt));
+    kartenBauen(karten);
+    setCentralWidget(inhalt);
+    kartenWechseln(karten);
+}
+
+void Hauptfenster::kartenBauen(QStackedWidget *karten)
+{
+    karten->setObjectName(u"karten"_s);
     karten->addWidget(new EinrichtungsAnsicht(m_zustand, m_sprache, karten));
     karten->addWidget(new AblaufAnsicht(m_zustand, karten));
     karten->addWidget(new PruefAnsicht(m_zustand, karten));
@@ -120,7 +127,11 @@ void Hauptfenster::aufbauen()
     // Which card is the first one shows only when the profile has been looked at: until then none flashes up.
     karten->setVisible(m_gewaehlt);
     m_karten = karten;
-    setCentralWidget(inhalt);
+}
+
+/** The chosen card is in front and has the focus; each has its key. */
+void Hauptfenster::kartenWechseln(QStackedWidget *karten)
+{
     const auto zeigen = [this, karten] {
         karten->setCurrentIndex(int(m_zustand->reiter()));
         karten->currentWidget()->setFocus();
@@ -128,7 +139,7 @@ void Hauptfenster::aufbauen()
     connect(m_zustand, &Zustand::reiterGeaendert, karten, zeigen);
     zeigen();
     for (const Reiter reiter : alleReiter()) {
-        auto *taste = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(reiter))), inhalt);
+        auto *taste = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(reiter))), centralWidget());
         connect(taste, &QShortcut::activated, m_zustand, [this, reiter] { m_zustand->setzeReiter(reiter); });
     }
 }

@@ -29,6 +29,8 @@ protected:
 
 private:
     void aufbauen();
+    void kartenBauen(QStackedWidget *karten);
+    void kartenWechseln(QStackedWidget *karten);
     void ersteKarteZeigen();
     void titelSetzen();
     void updateMelden();

@@ -7,9 +7,7 @@ class Aktualisierung;
 class Fenstersprache;
 class Flachknopf;
 class Knopf;
-class QCheckBox;
 class QLabel;
-class QVBoxLayout;
 class Umbruchtext;
 class Profilwahl;
 

@@ -55,12 +55,7 @@ Kopfleiste::Kopfleiste(Zustand *zustand, QToolButton *menue, QWidget *eltern)
          .symbol = u"doc.on.doc.copy"_s},
         this);
     m_menue->setParent(this);
-    connect(m_art, &Umschalter::gewaehlt, m_zustand->profilwahl(), &Profilwahl::kopierenSetzen);
-    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Kopfleiste::profileZeigen);
-    for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::oeffnetGeaendert})
-        connect(m_zustand->profilwahl(), signal, this, &Kopfleiste::aktivZeigen);
-    connect(m_zustand, &Zustand::reiterGeaendert, this, &Kopfleiste::reiterZeigen);
-    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &Kopfleiste::reiterZeigen);
+    verbinden();
     profileZeigen();
     reiterZeigen();
     Stil::folgen(this, [this] {
@@ -70,6 +65,16 @@ Kopfleiste::Kopfleiste(Zustand *zustand, QToolButton *menue, QWidget *eltern)
         updateGeometry();
         anordnen();
     });
+}
+
+void Kopfleiste::verbinden()
+{
+    connect(m_art, &Umschalter::gewaehlt, m_zustand->profilwahl(), &Profilwahl::kopierenSetzen);
+    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Kopfleiste::profileZeigen);
+    for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::oeffnetGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &Kopfleiste::aktivZeigen);
+    connect(m_zustand, &Zustand::reiterGeaendert, this, &Kopfleiste::reiterZeigen);
+    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &Kopfleiste::reiterZeigen);
 }
 
 void Kopfleiste::profilwahlBauen()

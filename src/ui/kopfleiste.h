@@ -27,6 +27,7 @@ protected:
     void paintEvent(QPaintEvent *ereignis) override;
 
 private:
+    void verbinden();
     void profilwahlBauen();
     void reiterBauen();
     void profileZeigen();

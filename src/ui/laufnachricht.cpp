@@ -1,6 +1,5 @@
 #include "laufnachricht.h"
 
-#include "analyse.h"
 #include "durchgang.h"
 #include "sprache.h"
 #include "text.h"

@@ -46,7 +46,7 @@ void Ausfuehrung::wechseln()
 {
     m_spaeter = {};
     m_merklich.stop();
-    setzeRueckweg(std::nullopt);
+    Q_EMIT zurueckMoeglichGeaendert();
 }
 
 std::optional<qint64> Ausfuehrung::dokumentId() const
@@ -111,14 +111,16 @@ void Ausfuehrung::letztenSchrittZurueck()
             Sprache::text(u"Datei wird zurückgeholt"_s));
 }
 
+bool Ausfuehrung::zurueckMoeglich() const { return m_profilwahl->offenes() && m_profilwahl->offenes()->rueckweg(); }
+
 void Ausfuehrung::zurueck()
 {
     if (beschaeftigt())
         return warten([this] { zurueck(); });
-    if (!m_rueckweg)
+    if (!zurueckMoeglich())
         return;
     const QString vorgang = Sprache::text(u"Datei wird zurückgeholt"_s);
-    handeln([weg = *m_rueckweg, melder = vorgangMelder(vorgang)](
+    handeln([weg = *m_profilwahl->offenes()->rueckweg(), melder = vorgangMelder(vorgang)](
                 const Arbeitsplatz &platz) { return Handlung::zurueck(platz, weg, melder); },
             {}, vorgang);
 }
@@ -194,24 +196,18 @@ void Ausfuehrung::handeln(const Tat &tat, const Wunsch &danach, const QString &v
     if (!m_profilwahl->kannHandeln())
         return;
     belegen(danach.art == Wunsch::Art::Weiter);
-    const auto antworten = [this, offenes = QPointer(m_profilwahl->offenes())](const Ausgang<Tatfolge> &ausgang) {
-        const Geschehen g = ausgang.wert ? ausgang.wert->geschehen : Geschehen();
-        if (!g.gelungen)
-            m_spaeter = {}; // why comes first; the next key may meet another document than it was meant for
-        if (offenes && ausgang.wert)
-            fertig(*offenes, *ausgang.wert);
-        else if (ausgang.wert) // of the profile that was left meanwhile
-            m_meldestelle->melden(g.allesGesagte(), g.gelungen ? Meldestelle::Ton::gut : Meldestelle::Ton::warnung);
-        else
-            m_meldestelle->melden(fehlersatz(ausgang.fehler));
-        freigeben();
-    };
     imHintergrund(
         this,
         [platz = m_profilwahl->offenes()->arbeitsplatz(), tat, danach, hier = dokumentId()] {
             return ausfuehren(platz, tat, danach, hier);
         },
-        antworten);
+        [this, offenes = QPointer(m_profilwahl->offenes())](const Ausgang<Tatfolge> &ausgang) {
+            if (ausgang.wert)
+                fertig(offenes, *ausgang.wert);
+            else
+                gescheitert(fehlersatz(ausgang.fehler));
+            freigeben();
+        });
     m_vorgangsname = vorgang;
     if (!vorgang.isEmpty())
         m_merklich.start();
@@ -231,7 +227,25 @@ Ausfuehrung::Tatfolge Ausfuehrung::ausfuehren(const Arbeitsplatz &platz, const T
     return folge;
 }
 
-void Ausfuehrung::fertig(OffenesProfil &offenes, const Tatfolge &folge)
+/** Why comes first; the next key may meet another document than it was meant for. */
+void Ausfuehrung::gescheitert(const QString &satz)
+{
+    m_spaeter = {};
+    m_meldestelle->melden(satz);
+}
+
+void Ausfuehrung::fertig(OffenesProfil *offenes, const Tatfolge &folge)
+{
+    const Geschehen &g = folge.geschehen;
+    if (!g.gelungen)
+        m_spaeter = {};
+    if (offenes)
+        eintragen(*offenes, folge);
+    else // of the profile that was left meanwhile
+        m_meldestelle->melden(g.allesGesagte(), g.gelungen ? Meldestelle::Ton::gut : Meldestelle::Ton::warnung);
+}
+
+void Ausfuehrung::eintragen(OffenesProfil &offenes, const Tatfolge &folge)
 {
     const Geschehen &g = folge.geschehen;
     const bool neuesBuch = g.buch != offenes.buch();
@@ -240,7 +254,8 @@ void Ausfuehrung::fertig(OffenesProfil &offenes, const Tatfolge &folge)
         offenes.setzeProtokollmangel(g.warnungen.join(u' '));
     if (g.uebernommen)
         m_pruefung->entwurfVerwerfen(*g.uebernommen); // whatever else is done with a document, what was typed stays
-    setzeRueckweg(g.rueckweg);
+    offenes.setzeRueckweg(g.rueckweg);
+    Q_EMIT zurueckMoeglichGeaendert();
     berichten(folge);
     m_pruefung->zeigen(folge.blick);
     if (g.zielFraglich)
@@ -305,17 +320,11 @@ void Ausfuehrung::rueckbauBeenden()
 {
     m_rueckbau = false;
     m_profilwahl->setzeInArbeit(false);
-    setzeRueckweg(std::nullopt);
+    if (OffenesProfil *offenes = m_profilwahl->offenes())
+        offenes->setzeRueckweg(std::nullopt);
     Q_EMIT beschaeftigtGeaendert();
-    m_meldestelle->vergessen(); // the deed may be one of those that were turned back
-}
-
-void Ausfuehrung::setzeRueckweg(const std::optional<Rueckweg> &weg)
-{
-    if (weg == m_rueckweg)
-        return;
-    m_rueckweg = weg;
     Q_EMIT zurueckMoeglichGeaendert();
+    m_meldestelle->vergessen(); // the deed may be one of those that were turned back
 }
 
 void Ausfuehrung::vorgangSetzen(const QString &text, double anteil)

@@ -34,7 +34,7 @@ public:
     void letztenSchrittZurueck();
     void weiter(Richtung richtung);
     /** zurueck() has something to take back. */
-    [[nodiscard]] bool zurueckMoeglich() const { return m_rueckweg.has_value(); }
+    [[nodiscard]] bool zurueckMoeglich() const;
     /** Takes back what the notice tells of. */
     void zurueck();
     void zurueckgestellteVorlegen();
@@ -74,7 +74,9 @@ private:
     [[nodiscard]] static Tatfolge ausfuehren(const Arbeitsplatz &platz, const Tat &tat, const Wunsch &danach,
                                              std::optional<qint64> hier);
     [[nodiscard]] std::function<bool(qint64, qint64)> vorgangMelder(const QString &vorgang);
-    void fertig(OffenesProfil &offenes, const Tatfolge &folge);
+    void fertig(OffenesProfil *offenes, const Tatfolge &folge);
+    void gescheitert(const QString &satz);
+    void eintragen(OffenesProfil &offenes, const Tatfolge &folge);
     void berichten(const Tatfolge &folge);
     void warten(std::function<void()> spaeter);
     [[nodiscard]] bool zuFrueh();
@@ -82,7 +84,6 @@ private:
     void belegen(bool anDiesem);
     void freigeben();
     void vorgangSetzen(const QString &text, double anteil);
-    void setzeRueckweg(const std::optional<Rueckweg> &weg);
     void wechseln();
 
     Profilwahl *m_profilwahl;
@@ -98,5 +99,4 @@ private:
     QString m_vorgang;
     QString m_vorgangsname; ///< of the deed under way
     double m_vorgangsanteil = 0;
-    std::optional<Rueckweg> m_rueckweg;
 };

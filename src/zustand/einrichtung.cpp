@@ -38,14 +38,15 @@ QList<Ausnahmefilter::Regel> regelnVon(const QString &regel) { return Ausnahmefi
 } // namespace
 
 /** Its facts keep up with the profile and the catalogue. */
-Einrichtung::Einrichtung(const Nachbarn &nachbarn) : m_nachbarn(nachbarn), m_einlesen(this), m_zaehlung(this)
+Einrichtung::Einrichtung(const Nachbarn &nachbarn)
+    : m_nachbarn(nachbarn), m_struktur(nachbarn.profilwahl, &m_stand), m_zaehlung(this)
 {
     m_zaehltakt.setSingleShot(true);
     m_zaehltakt.setInterval(bisZumZaehlen);
     connect(&m_zaehltakt, &QTimer::timeout, this, &Einrichtung::quelleZaehlen);
     connect(m_nachbarn.profilwahl, &Profilwahl::profileGeaendert, this, [this] {
         quelleVerfolgen();
-        strukturVergleichen();
+        m_struktur.vergleichen();
     });
     connect(m_nachbarn.profilwahl, &Profilwahl::aktivGeaendert, this, &Einrichtung::wechseln);
     connect(m_nachbarn.profilwahl, &Profilwahl::eingetreten, this, &Einrichtung::gelerntLesen);
@@ -53,6 +54,8 @@ Einrichtung::Einrichtung(const Nachbarn &nachbarn) : m_nachbarn(nachbarn), m_ein
         if (!m_stand.beispiel && m_nachbarn.pruefung->zaehlwerk().bereit > 0)
             anderesBeispiel();
     });
+    connect(&m_struktur, &Strukturlesung::gelesen, this, &Einrichtung::einrichtungGeaendert);
+    connect(&m_struktur, &Strukturlesung::geordnet, this, &Einrichtung::strukturGeaendert);
     staendeVerfolgen();
 }
 
@@ -74,14 +77,10 @@ const Profil *Einrichtung::aktiv() const { return m_nachbarn.profilwahl->aktiv()
 /** Of another profile nothing is known yet; the programs are the same. */
 void Einrichtung::wechseln()
 {
-    m_einlesen.verwerfen();
     m_zaehlung.verwerfen();
     auto programme = std::exchange(m_stand, {}).programme;
     m_stand.programme = std::move(programme);
-    m_strukturVorher.clear();
-    m_strukturGezeigt.reset();
-    m_strukturwurzel = aktiv() ? QDir::cleanPath(aktiv()->zielWurzel) : QString();
-    strukturOrdnen();
+    m_struktur.wechseln();
     einrichtungPruefen();
 }
 
@@ -199,85 +198,9 @@ QString Einrichtung::starthindernis() const
     return m_nachbarn.profilwahl->bereitZumStart() ? QString() : Sprache::text(u"Es wird noch nachgesehen."_s);
 }
 
-void Einrichtung::strukturEinlesen()
-{
-    if (!aktiv() || m_stand.liestStruktur)
-        return;
-    m_stand.liestStruktur = true;
-    m_stand.strukturmeldung.clear();
-    const QString wurzel = aktiv()->zielWurzel;
-    m_einlesen.stellen(
-        [wurzel, eigene = aktiv()->eigeneOrdner()]() -> std::optional<QList<Zweig>> {
-            if (wurzel.isEmpty() || !istOrdner(QDir::cleanPath(wurzel)))
-                return std::nullopt;
-            return Profil::struktureinlesen(wurzel, 2, eigene);
-        },
-        [this, wurzel](const Ausgang<std::optional<QList<Zweig>>> &ausgang) {
-            m_stand.liestStruktur = false;
-            if (aktiv() && aktiv()->zielWurzel == wurzel)
-                strukturEingelesen(ausgang.wert.value_or(std::nullopt));
-            Q_EMIT einrichtungGeaendert();
-        });
-    Q_EMIT einrichtungGeaendert();
-}
+void Einrichtung::strukturEinlesen() { m_struktur.einlesen(); }
 
-/** What is not there or holds nothing does not take the place of a structure that is known. */
-void Einrichtung::strukturEingelesen(const std::optional<QList<Zweig>> &zweige)
-{
-    if (!zweige) {
-        m_stand.strukturmeldung = Sprache::text(u"Der Zielordner ist nicht erreichbar."_s);
-        return m_nachbarn.profilwahl->bereitschaftPruefen();
-    }
-    if (!zweige->isEmpty())
-        return strukturUebernehmen(*zweige);
-    m_stand.strukturmeldung =
-        aktiv()->zweige.isEmpty()
-            ? Sprache::text(u"Hier liegt noch keine Struktur. Lege im Zielordner Zweige, darin Ablagen und darin "
-                            "Rubriken an, etwa Haushalt/Jahresablage/2024/Rechnungen, und lies dann ein."_s)
-            : Sprache::text(u"Hier liegt keine Struktur. Die bisherige gilt weiter."_s);
-}
-
-void Einrichtung::strukturUebernehmen(const QList<Zweig> &zweige)
-{
-    m_strukturwurzel = QDir::cleanPath(aktiv()->zielWurzel);
-    m_stand.strukturAlt = false;
-    m_strukturVorher = aktiv()->zweige;
-    m_strukturGezeigt.reset();
-    m_stand.geradeGelesen = !m_strukturVorher.isEmpty();
-    Profil neu = *aktiv();
-    neu.zweige = zweige;
-    if (neu == *aktiv())
-        strukturOrdnen();
-    else
-        m_nachbarn.profilwahl->profilAendern(neu);
-}
-
-void Einrichtung::strukturVergleichen()
-{
-    const Profil *profil = aktiv();
-    m_stand.strukturAlt = profil && !profil->zweige.isEmpty() && !profil->zielWurzel.isEmpty() &&
-                          QDir::cleanPath(profil->zielWurzel) != m_strukturwurzel;
-    strukturOrdnen();
-}
-
-void Einrichtung::strukturOrdnen()
-{
-    const QList<Zweig> jetzt = aktiv() ? aktiv()->zweige : QList<Zweig>();
-    if (m_strukturGezeigt == jetzt)
-        return;
-    m_strukturGezeigt = jetzt;
-    m_stand.struktur = strukturzeilen(m_strukturVorher, jetzt);
-    m_stand.zahlen = strukturzahlen(m_stand.struktur);
-    Q_EMIT strukturGeaendert();
-}
-
-bool Einrichtung::kenntRubrik(const QString &rubrik) const
-{
-    const QList<Strukturzeile> &zeilen = m_stand.struktur;
-    return std::any_of(zeilen.begin(), zeilen.end(), [&](const Strukturzeile &z) {
-        return z.ebene == 2 && z.name == rubrik && z.wechsel != Strukturzeile::Wechsel::entfallen;
-    });
-}
+bool Einrichtung::kenntRubrik(const QString &rubrik) const { return m_struktur.kenntRubrik(rubrik); }
 
 QString Einrichtung::ausnahmeAufnehmen(const QString &regel)
 {

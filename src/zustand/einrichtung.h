@@ -3,6 +3,7 @@
 #include "abschnitt.h"
 #include "anfrage.h"
 #include "einrichtungsstand.h"
+#include "strukturlesung.h"
 
 #include <QObject>
 #include <QTimer>
@@ -83,10 +84,6 @@ private:
     void programmePruefen();
     void quelleVerfolgen();
     void quelleZaehlen();
-    void strukturVergleichen();
-    void strukturEingelesen(const std::optional<QList<Zweig>> &zweige);
-    void strukturUebernehmen(const QList<Zweig> &zweige);
-    void strukturOrdnen();
     void gelerntLesen();
     void lernenAendern(const std::function<void(Lernspeicher &)> &aenderung, const QString &erfolg);
 
@@ -94,10 +91,7 @@ private:
     Einrichtungsstand m_stand;
     Abschnitt m_abschnitt = Abschnitt::programme;
     bool m_gewaehlt = true;
-    QList<Zweig> m_strukturVorher;                 ///< before the last reading; empty: nothing to compare with
-    QString m_strukturwurzel;                      ///< below which the structure was read, as far as is known
-    std::optional<QList<Zweig>> m_strukturGezeigt; ///< that the lines were made from
-    Anfrage m_einlesen;
+    Strukturlesung m_struktur;
     QTimer m_zaehltakt;
     QStringList m_zaehlschluessel; ///< what the count was asked for
     Anfrage m_zaehlung;

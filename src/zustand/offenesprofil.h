@@ -36,10 +36,15 @@ public:
     [[nodiscard]] const QString &protokollmangel() const { return m_protokollmangel; }
     void setzeProtokollmangel(const QString &satz) { m_protokollmangel = satz; }
 
+    /** How exactly the last deed is taken back, if it can be. */
+    [[nodiscard]] const std::optional<Rueckweg> &rueckweg() const { return m_rueckweg; }
+    void setzeRueckweg(const std::optional<Rueckweg> &weg) { m_rueckweg = weg; }
+
 private:
     Profil m_profil;
     std::shared_ptr<Datenbank> m_db;
     std::unique_ptr<Analyse> m_analyse;
     std::shared_ptr<Protokollbuch> m_buch;
     QString m_protokollmangel;
+    std::optional<Rueckweg> m_rueckweg;
 };

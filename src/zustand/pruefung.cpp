@@ -149,14 +149,6 @@ void Pruefung::stueckSetzen(std::optional<Pruefstueck> stueck)
     Q_EMIT aktuellesGeaendert();
 }
 
-void Pruefung::setzeUngesehen(bool ungesehen)
-{
-    if (ungesehen == m_ungesehen)
-        return;
-    m_ungesehen = ungesehen;
-    Q_EMIT ungesehenGeaendert();
-}
-
 void Pruefung::setzeArbeit(Arbeit arbeit)
 {
     const bool warFest = angabenFest();

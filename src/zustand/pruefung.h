@@ -44,7 +44,7 @@ public:
 
     /** The document under review has not been on the screen yet. Told by whoever shows it; false without a window. */
     [[nodiscard]] bool ungesehen() const { return m_ungesehen; }
-    void setzeUngesehen(bool ungesehen);
+    void setzeUngesehen(bool ungesehen) { m_ungesehen = ungesehen; }
     /** It is being filed, skipped or set aside: changes to its fields would come too late. */
     [[nodiscard]] bool angabenFest() const { return m_arbeit == Arbeit::anDiesem; }
 
@@ -68,7 +68,6 @@ Q_SIGNALS:
     void angabenFestGeaendert();
     void partnerZeigenGeaendert();
     void vorausGeaendert();
-    void ungesehenGeaendert();
     void umkehrbarGeaendert();
 
 private:

@@ -42,15 +42,6 @@ const QList<Reiter> &alleReiter()
 
 QString rohwert(Reiter reiter) { return eintrag(reiter).rohwert; }
 
-Reiter reiterAus(const QString &rohwert)
-{
-    for (const Eintrag &e : tabelle()) {
-        if (e.rohwert == rohwert)
-            return e.reiter;
-    }
-    return Reiter::einrichtung;
-}
-
 QString reiterTitel(Reiter reiter) { return Sprache::text(/* QUILLMAR_TEXT */ eintrag(reiter).titel); }
 QString reiterHilfe(Reiter reiter) { return Sprache::text(/* QUILLMAR_TEXT */ eintrag(reiter).hilfe); }
 QString reiterSymbol(Reiter reiter) { return eintrag(reiter).symbol; }

@@ -8,7 +8,6 @@ enum class Reiter { einrichtung, ablauf, pruefen, protokoll };
 
 [[nodiscard]] const QList<Reiter> &alleReiter();
 [[nodiscard]] QString rohwert(Reiter reiter);
-[[nodiscard]] Reiter reiterAus(const QString &rohwert); ///< `einrichtung` for anything else
 
 /** Title and help text in the user's language, and the name of the symbol. */
 [[nodiscard]] QString reiterTitel(Reiter reiter);

@@ -6,7 +6,6 @@
 #include "einstellungen.h"
 #include "hintergrund.h"
 #include "modelldienst.h"
-#include "offenesprofil.h"
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sitzungen.h"

@@ -14,7 +14,6 @@
 #include "sitzungen.h"
 #include "sprache.h"
 #include "umbruchtext.h"
-#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QAccessible>

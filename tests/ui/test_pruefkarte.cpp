@@ -12,7 +12,6 @@
 #include "sprache.h"
 #include "stil.h"
 #include "umbruchtext.h"
-#include "zustand.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

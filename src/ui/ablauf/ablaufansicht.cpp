@@ -70,6 +70,7 @@ AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
     m_stapel->addWidget(rollbereich(spalteBauen(), this));
     m_stapel->addWidget(m_leere);
     connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); });
+    knoepfeVerbinden();
     verbinden();
     zeigen();
 }
@@ -150,7 +151,7 @@ void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
     });
 }
 
-void AblaufAnsicht::verbinden()
+void AblaufAnsicht::knoepfeVerbinden()
 {
     connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
     connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::pruefen); });
@@ -169,6 +170,10 @@ void AblaufAnsicht::verbinden()
         setFocus();
         starten(Durchgang::Art::erneut);
     });
+}
+
+void AblaufAnsicht::verbinden()
+{
     connect(m_zustand->durchgang(), &Durchgang::startFraglich, this, &AblaufAnsicht::fragen);
     connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, m_frage,
             &QWidget::hide); // it was about the other profile

@@ -4,14 +4,12 @@
 
 #include <QWidget>
 
-class Elidiertext;
 class Hauptknopf;
 class Knopf;
 class Laufhinweis;
 class Leeransicht;
 class Nacharbeitsliste;
 class QLabel;
-class QScrollArea;
 class QStackedLayout;
 class QVBoxLayout;
 class Startfrage;
@@ -36,6 +34,7 @@ private:
     QWidget *kopf();
     QWidget *spalteBauen();
     void listenBauen(QVBoxLayout *spalte);
+    void knoepfeVerbinden();
     void verbinden();
     void zeigen();
     void kopfZeigen();

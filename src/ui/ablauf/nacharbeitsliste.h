@@ -4,7 +4,6 @@
 
 class Flachknopf;
 class QGridLayout;
-class QHBoxLayout;
 class QLabel;
 
 /** A heading with what can be done for all, and rows of a name, a remark and perhaps a button; three to begin with. */

@@ -2,8 +2,6 @@
 
 #include <QWidget>
 
-class QAbstractButton;
-
 /** Two choices side by side of which one holds. The words can be dropped; they stay as tool tips then. */
 class Umschalter : public QWidget
 {

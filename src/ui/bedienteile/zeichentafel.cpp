@@ -37,8 +37,6 @@ constexpr Zeichenzeile zeilen[] = {
     {"folder.open", "document-open", "ordner-auf"},
     {"arrow.up.forward.app", "document-open-folder", "aufschlagen"},
     {"pencil", "edit-rename", "umbenennen"},
-    {"trash", "edit-delete", "loeschen"},
-    {"xmark", "window-close", "schliessen"},
     // Marks
     {"checkmark.circle", "", "gut", Farbe::Gut},
     {"exclamationmark.triangle", "", "warnung", Farbe::Warnung},

@@ -9,7 +9,6 @@
 class Flachknopf;
 class Marktext;
 class QBoxLayout;
-class QComboBox;
 class QGridLayout;
 class QLabel;
 class QLineEdit;

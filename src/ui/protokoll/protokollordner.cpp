@@ -30,8 +30,6 @@ Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
     const QString hilfe =
         Sprache::text(u"Leer bedeutet: ein Unterordner _Protokolle direkt neben der Ablage. Dann bleiben Protokoll und "
                       "Dateien zusammen, auch an einem anderen Rechner."_s);
-    auto *titel = new QLabel(Sprache::text(u"Ordner für die Protokolle"_s), this);
-    titel->setToolTip(hilfe);
     m_ort->setObjectName(u"protokollOrdner"_s);
     m_ort->setAccessibleDescription(hilfe);
     auto *waehlen = new Knopf(u"protokollOrdnerWaehlen"_s, Sprache::text(u"Wählen …"_s), this);
@@ -40,6 +38,20 @@ Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
     waehlen->setToolTip(hilfe);
     m_standard = new Flachknopf(u"protokollOrdnerStandard"_s, u"undo"_s, Sprache::text(u"Standardort"_s),
                                 Sprache::text(u"Stellt den Standardort neben der Ablage wieder her"_s), this);
+    m_warnung->setObjectName(u"protokollOrtWarnung"_s);
+    m_warnung->hide();
+    connect(waehlen, &QPushButton::clicked, this, &Protokollordner::waehlen);
+    connect(m_standard, &QToolButton::clicked, this, [this] { setzen({}); });
+    connect(m_profilwahl, &Profilwahl::profileGeaendert, this, &Protokollordner::zeigen);
+    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Protokollordner::zeigen);
+    anordnen(waehlen);
+    zeigen();
+}
+
+void Protokollordner::anordnen(QWidget *waehlen)
+{
+    auto *titel = new QLabel(Sprache::text(u"Ordner für die Protokolle"_s), this);
+    titel->setToolTip(m_ort->accessibleDescription());
     auto *worte = new QVBoxLayout;
     worte->setSpacing(0);
     worte->addStretch(1);
@@ -55,19 +67,12 @@ Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
     spalte->addWidget(titel);
     spalte->addLayout(reihe);
     spalte->addWidget(m_warnung);
-    m_warnung->setObjectName(u"protokollOrtWarnung"_s);
-    m_warnung->hide();
-    connect(waehlen, &QPushButton::clicked, this, &Protokollordner::waehlen);
-    connect(m_standard, &QToolButton::clicked, this, [this] { setzen({}); });
-    connect(m_profilwahl, &Profilwahl::profileGeaendert, this, &Protokollordner::zeigen);
-    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Protokollordner::zeigen);
     Stil::schriftFolgt(titel, Schrift::Abschnitt);
     Stil::nebentext(m_pfad);
     Stil::folgen(this, [reihe, spalte] {
         reihe->setSpacing(abstand(8));
         spalte->setSpacing(abstand(6));
     });
-    zeigen();
 }
 
 void Protokollordner::zeigen()

@@ -7,8 +7,6 @@
 
 class Elidiertext;
 class Flachknopf;
-class QLabel;
-class Umbruchtext;
 class Profilwahl;
 
 /** Where the session logs go: the profile's own folder or the default place beside the target. */
@@ -22,6 +20,7 @@ public:
     void pruefen();
 
 private:
+    void anordnen(QWidget *waehlen);
     void zeigen();
     void waehlen();
     void setzen(const QString &ordner);

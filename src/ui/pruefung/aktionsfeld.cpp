@@ -58,6 +58,13 @@ Aktionsfeld::Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung
         spalte->setSpacing(abstand(5));
         einpassen();
     });
+    verbinden();
+    zeigen();
+    setzeTasten(false, {});
+}
+
+void Aktionsfeld::verbinden()
+{
     connect(m_uebernehmen, &QPushButton::clicked, m_ausfuehrung, &Ausfuehrung::uebernehmen);
     connect(m_zuruecklegen, &QToolButton::clicked, m_ausfuehrung, &Ausfuehrung::zuruecklegen);
     connect(m_aussortieren, &QToolButton::clicked, m_ausfuehrung, &Ausfuehrung::aussortieren);
@@ -69,8 +76,6 @@ Aktionsfeld::Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung
     m_zuFrueh.setInterval(zeichendauer);
     connect(m_profilwahl, &Profilwahl::profileGeaendert, this, &Aktionsfeld::zeigen);
     connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Aktionsfeld::zeigen);
-    zeigen();
-    setzeTasten(false, {});
 }
 
 void Aktionsfeld::zeigen()

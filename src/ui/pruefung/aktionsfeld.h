@@ -36,6 +36,7 @@ protected:
     void paintEvent(QPaintEvent *ereignis) override;
 
 private:
+    void verbinden();
     void zeigen();
     void einpassen();
     void tastenZeigen();

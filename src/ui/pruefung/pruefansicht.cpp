@@ -77,6 +77,12 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     m_stapel->addWidget(m_teiler);
     m_stapel->addWidget(leerseite());
     tastenBauen();
+    verbinden();
+    dokumentZeigen();
+}
+
+void PruefAnsicht::verbinden()
+{
     connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
     connect(m_zustand, &Zustand::teilungGeaendert, this, [this] {
         m_teiler->setzeAnteil(m_zustand->teilung());
@@ -96,7 +102,6 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     for (const auto signal :
          {&Profilwahl::oeffnetGeaendert, &Profilwahl::aktivGeaendert, &Profilwahl::bereitschaftGeaendert})
         connect(m_zustand->profilwahl(), signal, this, &PruefAnsicht::leereZeigen);
-    dokumentZeigen();
 }
 
 QWidget *PruefAnsicht::vorschlagsseite()

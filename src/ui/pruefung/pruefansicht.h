@@ -8,7 +8,6 @@ class Aktionsfeld;
 class Angabenfeld;
 class Hinweisfach;
 class Leeransicht;
-class Meldungszeile;
 class QScrollArea;
 class QStackedLayout;
 class Teiler;
@@ -37,6 +36,7 @@ private:
     QWidget *vorschlagsseite();
     QWidget *leerseite();
     void tastenBauen();
+    void verbinden();
     void taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld);
     void eingabe();
     void feldVerlassen();

@@ -44,6 +44,16 @@ Vorschlagsteil::Vorschlagsteil(Pruefung *pruefung, QWidget *eltern)
                                              "Beides rechnet sich aus den Feldern darunter."_s),
                                Qt::AlignTop);
     m_sicherheitSchild = beschriftung(Sprache::text(u"Sicherheit"_s), hilfeSicherheit(), Qt::AlignTop);
+    teileBauen();
+    anordnen();
+    Stil::folgen(this, [this] { masse(); });
+    for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
+        connect(m_pruefung, signal, this, &Vorschlagsteil::zeigen);
+    zeigen();
+}
+
+void Vorschlagsteil::teileBauen()
+{
     m_bisherZeile = zeile(this, {m_bisher, m_bisherOrdner});
     m_sicherheit = zeile(this, {m_balken, m_prozent});
     m_bisher->setObjectName(u"dateiname"_s);
@@ -64,11 +74,6 @@ Vorschlagsteil::Vorschlagsteil(Pruefung *pruefung, QWidget *eltern)
     spalte->addStretch(1);
     Stil::schriftFolgt(m_name, Schrift::Abschnitt);
     Stil::nebentext(m_bisherOrdner);
-    anordnen();
-    Stil::folgen(this, [this] { masse(); });
-    for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
-        connect(m_pruefung, signal, this, &Vorschlagsteil::zeigen);
-    zeigen();
 }
 
 QStringList Vorschlagsteil::beschriftungen()

@@ -23,6 +23,7 @@ public:
 private:
     /** Short of height, certainty stands beside the title. */
     void anordnen() override;
+    void teileBauen();
     void masse();
     void zeigen();
     void sicherheitZeigen();
