@@ -15,6 +15,14 @@ bool istSicherLeer(const QString &pfad)
     struct stat s = {};
     return ::lstat(plattenPfad(pfad).constData(), &s) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
+
+QList<Bewegungsstand> nachsehen(const QList<Protokollzeile> &zeilen)
+{
+    QList<Bewegungsstand> staende;
+    for (const Protokollzeile &zeile : zeilen)
+        staende << bewegungsstand(zeile);
+    return staende;
+}
 } // namespace
 
 Bewegungsstand bewegungsstand(const Protokollzeile &zeile)
@@ -74,17 +82,12 @@ void Bewegungsstaende::weiter()
     }
     if (stellen.isEmpty())
         return;
-    m_frage.stellen(
-        [zeilen] {
-            QList<Bewegungsstand> staende;
-            for (const Protokollzeile &zeile : zeilen)
-                staende << bewegungsstand(zeile);
-            return staende;
-        },
-        [this, stellen](const Ausgang<QList<Bewegungsstand>> &ausgang) {
-            eintragen(stellen, ausgang.wert.value_or(QList<Bewegungsstand>(stellen.size(), Bewegungsstand::fehler)));
-            weiter();
-        });
+    m_frage.stellen([zeilen] { return nachsehen(zeilen); },
+                    [this, stellen](const Ausgang<QList<Bewegungsstand>> &ausgang) {
+                        eintragen(stellen,
+                                  ausgang.wert.value_or(QList<Bewegungsstand>(stellen.size(), Bewegungsstand::fehler)));
+                        weiter();
+                    });
 }
 
 void Bewegungsstaende::eintragen(const QList<qsizetype> &stellen, const QList<Bewegungsstand> &staende)

@@ -11,7 +11,23 @@ using namespace std::chrono_literals;
 namespace
 {
 constexpr auto geduldAmEnde = 1s;
-}
+
+/** What is stored, if it is something else than what is known. */
+struct Gelesen {
+    QDateTime von; // the file is never changed in place
+    QList<Profil> profile;
+
+    static Gelesen seit(const QDateTime &bekannt, const QList<Profil> &stand)
+    {
+        Gelesen gelesen{.von = QFileInfo(Profilspeicher::datei()).lastModified(), .profile = {}};
+        if (gelesen.von != bekannt)
+            gelesen.profile = Profilspeicher::laden();
+        if (gelesen.profile == stand)
+            gelesen.profile.clear();
+        return gelesen;
+    }
+};
+} // namespace
 
 Profilsicherung::Profilsicherung(QObject *vater) : QObject(vater), m_lesung(this) {}
 
@@ -37,28 +53,17 @@ void Profilsicherung::nachlesen()
 {
     if (offen() || m_gescheitert || m_lesung.laeuft())
         return;
-    struct Gelesen {
-        QDateTime von; // the file is never changed in place
-        QList<Profil> profile;
-    };
-    const auto lesen = [stand = m_stand, bekannt = m_gelesenVon] {
-        Gelesen gelesen{.von = QFileInfo(Profilspeicher::datei()).lastModified(), .profile = {}};
-        if (gelesen.von != bekannt)
-            gelesen.profile = Profilspeicher::laden();
-        if (gelesen.profile == stand)
-            gelesen.profile.clear();
-        return gelesen;
-    };
-    m_lesung.stellen(lesen, [this](const Ausgang<Gelesen> &ausgang) {
-        if (offen() || !ausgang.wert)
-            return;
-        m_gelesenVon = ausgang.wert->von;
-        // An empty list may be one that cannot be read.
-        if (ausgang.wert->profile.isEmpty())
-            return;
-        m_stand = ausgang.wert->profile;
-        Q_EMIT gesichert(m_stand);
-    });
+    m_lesung.stellen([stand = m_stand, bekannt = m_gelesenVon] { return Gelesen::seit(bekannt, stand); },
+                     [this](const Ausgang<Gelesen> &ausgang) {
+                         if (offen() || !ausgang.wert)
+                             return;
+                         m_gelesenVon = ausgang.wert->von;
+                         // An empty list may be one that cannot be read.
+                         if (ausgang.wert->profile.isEmpty())
+                             return;
+                         m_stand = ausgang.wert->profile;
+                         Q_EMIT gesichert(m_stand);
+                     });
 }
 
 void Profilsicherung::starten()
