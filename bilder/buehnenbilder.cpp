@@ -8,6 +8,7 @@
 #include "modelldienst.h"
 #include "profilwahl.h"
 #include "programmordner.h"
+#include "protokollbuch.h"
 #include "pruefung.h"
 #include "sitzungen.h"
 #include "zustand.h"

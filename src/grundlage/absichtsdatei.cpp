@@ -1,7 +1,7 @@
 #include "absichtsdatei.h"
 
+#include "nachschlagen.h"
 #include "platte.h"
-#include "plattenfehler.h"
 
 #include <QFile>
 #include <array>

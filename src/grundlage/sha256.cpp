@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <new>
+#include <openssl/crypto.h>
 #include <openssl/evp.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -49,6 +50,8 @@ QString Sha256::hex(const Wert &wert)
 {
     return QString::fromLatin1(QByteArray::fromRawData(reinterpret_cast<const char *>(wert.data()), 32).toHex());
 }
+
+QString Sha256::opensslFassung() { return QString::fromLatin1(OpenSSL_version(OPENSSL_VERSION_STRING)); }
 
 QString sha256Datei(const QByteArray &pfad, const std::function<bool()> &abbruch)
 {

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] Wert von(QByteArrayView bytes);
     /** 64 lower-case hexadecimal characters. */
     [[nodiscard]] static QString hex(const Wert &wert);
+    /** The version of OpenSSL in use. */
+    [[nodiscard]] static QString opensslFassung();
 
 private:
     struct Freigeber {

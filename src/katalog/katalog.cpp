@@ -2,6 +2,8 @@
 
 #include "datenbank.h"
 
+#include <sqlite3.h>
+
 using namespace Qt::StringLiterals;
 
 std::shared_ptr<Datenbank> Katalog::oeffnen(const QString &pfad) { return std::make_shared<Datenbank>(pfad); }
@@ -11,3 +13,5 @@ const QString &Katalog::pfad(const Datenbank &db) { return db.pfad(); }
 bool Katalog::nurLesen(const Datenbank &db) { return db.nurLesen(); }
 
 void Katalog::kopieren(Datenbank &db, const QString &ziel) { db.schreiben(u"VACUUM INTO ?"_s, {ziel}); }
+
+QString Katalog::sqliteFassung() { return QString::fromLatin1(sqlite3_libversion()); }

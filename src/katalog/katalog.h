@@ -32,4 +32,6 @@ namespace Katalog
 [[nodiscard]] bool nurLesen(const Datenbank &db);
 /** Writes a copy to the new file @p ziel. Throws Fehler. */
 void kopieren(Datenbank &db, const QString &ziel);
+/** The version of SQLite in use. */
+[[nodiscard]] QString sqliteFassung();
 } // namespace Katalog

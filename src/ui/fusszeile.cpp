@@ -65,7 +65,7 @@ void Fusszeile::verbinden()
     connect(m_zustand->meldestelle(), &Meldestelle::hinweisGeaendert, this, &Fusszeile::notieren);
     connect(m_zustand, &Zustand::reiterGeaendert, this, &Fusszeile::notizVergessen);
     connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, [this] {
-        if (m_zustand->durchgang()->analyse() && m_zustand->durchgang()->analyse()->laeuft())
+        if (m_zustand->durchgang()->laeuft())
             m_notiz.clear();
     });
 }

@@ -1,9 +1,8 @@
 #include "bestandteile.h"
 
+#include "katalog.h"
+#include "sha256.h"
 #include "sprache.h"
-
-#include <openssl/crypto.h>
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -12,12 +11,8 @@ QList<Bestandteil> bestandteile()
     return {
         {.name = u"Qt"_s, .fassung = QString::fromLatin1(qVersion()), .lizenz = u"LGPL 3"_s},
         {.name = Sprache::text(u"PDFium, in Qt PDF"_s), .fassung = {}, .lizenz = u"BSD, Apache 2.0"_s},
-        {.name = u"SQLite"_s,
-         .fassung = QString::fromLatin1(sqlite3_libversion()),
-         .lizenz = Sprache::text(u"gemeinfrei"_s)},
-        {.name = u"OpenSSL"_s,
-         .fassung = QString::fromLatin1(OpenSSL_version(OPENSSL_VERSION_STRING)),
-         .lizenz = u"Apache 2.0"_s},
+        {.name = u"SQLite"_s, .fassung = Katalog::sqliteFassung(), .lizenz = Sprache::text(u"gemeinfrei"_s)},
+        {.name = u"OpenSSL"_s, .fassung = Sha256::opensslFassung(), .lizenz = u"Apache 2.0"_s},
         {.name = u"libcurl"_s, .fassung = {}, .lizenz = u"curl"_s},
         {.name = Sprache::text(u"Breeze, Symbole"_s), .fassung = {}, .lizenz = u"LGPL 3"_s},
         {.name = Sprache::text(u"poppler-utils, als Programm"_s),

@@ -1,5 +1,6 @@
 #include "diagnose.h"
 
+#include "katalog.h"
 #include "ollama.h"
 #include "sprache.h"
 #include "text.h"
@@ -8,7 +9,6 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSysInfo>
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -62,8 +62,7 @@ QList<Diagnose::Helfer> Diagnose::helfer()
 QStringList Diagnose::zeilen()
 {
     QStringList zeilen = {QStringLiteral("Quillmar ") + QStringLiteral(QUILLMAR_FASSUNG),
-                          u"Qt "_s + QString::fromLatin1(qVersion()),
-                          u"SQLite "_s + QString::fromLatin1(sqlite3_libversion()),
+                          u"Qt "_s + QString::fromLatin1(qVersion()), u"SQLite "_s + Katalog::sqliteFassung(),
                           QSysInfo::prettyProductName() + u", "_s + QSysInfo::currentCpuArchitecture()};
     for (const Helfer &einer : helfer())
         zeilen << einer.name + u' ' + einer.fassung + (einer.dazu.isEmpty() ? QString() : u" ("_s + einer.dazu + u')');

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dokument.h"
-#include "lernregeln.h"
+#include "eintrag.h"
 #include "struktur_vergleich.h"
 
 #include <QStringList>

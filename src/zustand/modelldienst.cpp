@@ -65,6 +65,8 @@ void Modelldienst::setzen(const Modellstand &stand)
     Q_EMIT modellGeaendert();
 }
 
+QString Modelldienst::umgebungshinweis() { return Ollama::umgebungshinweis(); }
+
 void Modelldienst::modellPruefen()
 {
     if (!m_profilwahl->aktiv())

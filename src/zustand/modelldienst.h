@@ -21,6 +21,8 @@ public:
     [[nodiscard]] bool modellBereit() const { return m_modell.art == Modellstand::Art::bereit; }
     [[nodiscard]] const QString &modellMeldung() const { return m_modell.meldung; }
     [[nodiscard]] const Modellstand &modellstand() const { return m_modell; }
+    /** That the environment names a server which is not asked; empty where there is nothing to say. */
+    [[nodiscard]] static QString umgebungshinweis();
     void modellPruefen();
     void modellLaden();
     /** The same for the larger model; the other one stays usable meanwhile. */

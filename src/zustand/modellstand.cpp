@@ -47,3 +47,5 @@ Modellstand Modellstand::pruefen(const QString &gesucht)
                              : gefuellt(Sprache::text(u"Das Modell %@ fehlt noch"_s), {gesucht});
     return stand;
 }
+
+QString Modellstand::anderswoSatz(const QString &modell) { return ModellAnderswo::satz(modell); }

@@ -24,6 +24,8 @@ struct Modellstand {
 
     /** @p modell, or the installed one that it means, would be computed on another computer: it is never used. */
     [[nodiscard]] bool rechnetAnderswo(const QString &modell) const;
+    /** Says so of @p modell, for the user. */
+    [[nodiscard]] static QString anderswoSatz(const QString &modell);
     /** The installed model that @p gesucht means; see Modellverzeichnis::treffer(). */
     [[nodiscard]] std::optional<QString> treffer(const QString &gesucht) const;
     /** As above, of @p vorhandene. */

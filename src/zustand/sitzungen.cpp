@@ -5,6 +5,7 @@
 #include "offenesprofil.h"
 #include "ordnerwahl.h"
 #include "profilwahl.h"
+#include "protokollbuch.h"
 #include "pruefung.h"
 #include "sprache.h"
 #include "text.h"
@@ -61,6 +62,8 @@ const Protokollbuch *Sitzungen::laufendesBuch() const
 {
     return m_profilwahl->offenes() ? m_profilwahl->offenes()->buch().get() : nullptr;
 }
+
+QString Sitzungen::laufendeDatei() const { return laufendesBuch() ? laufendesBuch()->datei() : QString(); }
 
 QString Sitzungen::protokollmangel() const
 {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "anfrage.h"
+#include "bilanz.h"
 #include "meldestelle.h"
-#include "protokollbuch.h"
+#include "protokollzeile.h"
 
 class Ausfuehrung;
 class Profilwahl;
+class Protokollbuch;
 class Pruefung;
 
 /** The session logs: which there are, the one that is shown, and the turning back of a whole session. */
@@ -27,6 +29,8 @@ public:
     [[nodiscard]] QString protokollmangel() const;
     /** The running session's log; null before the first movement. */
     [[nodiscard]] const Protokollbuch *laufendesBuch() const;
+    /** Its file; empty before the first movement. */
+    [[nodiscard]] QString laufendeDatei() const;
     void protokolleListen();
     void protokollWaehlen(const std::optional<QString> &datei);
     /** Reads on in the shown log, to which the running session may have added. */

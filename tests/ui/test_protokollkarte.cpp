@@ -10,6 +10,7 @@
 #include "profilspeicher.h"
 #include "profilwahl.h"
 #include "programmordner.h"
+#include "protokollbuch.h"
 #include "pruefung.h"
 #include "sitzungen.h"
 #include "sprache.h"

@@ -6,6 +6,7 @@
 #include "modelldienst.h"
 #include "profilspeicher.h"
 #include "profilwahl.h"
+#include "protokollbuch.h"
 #include "pruefung.h"
 #include "sitzungen.h"
 #include "testserver.h"

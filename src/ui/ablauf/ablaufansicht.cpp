@@ -206,10 +206,7 @@ void AblaufAnsicht::focusInEvent(QFocusEvent *ereignis)
         m_pruefen->setFocus();
 }
 
-bool AblaufAnsicht::laeuft() const
-{
-    return m_zustand->durchgang()->analyse() && m_zustand->durchgang()->analyse()->laeuft();
-}
+bool AblaufAnsicht::laeuft() const { return m_zustand->durchgang()->laeuft(); }
 
 /** Known to be; while that is being looked at, nothing is offered yet. */
 bool AblaufAnsicht::eingerichtet() const

@@ -5,7 +5,6 @@
 #include "modelldienst.h"
 #include "sprache.h"
 #include "stil.h"
-#include "text.h"
 #include "zeile.h"
 
 #include <QVBoxLayout>

@@ -5,7 +5,6 @@
 #include "flachknopf.h"
 #include "marktext.h"
 #include "modelldienst.h"
-#include "ollama.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -217,7 +216,7 @@ private:
     /** That the environment names a server which is not asked. */
     static QString umgebung(const QString &davor)
     {
-        const QString hinweis = Ollama::umgebungshinweis();
+        const QString hinweis = Modelldienst::umgebungshinweis();
         return hinweis.isEmpty() ? hinweis : davor + hinweis;
     }
 
@@ -232,7 +231,7 @@ private:
         w.laden->setVisible(!da && !kommt && !anderswo && !gewaehlt.isEmpty());
         w.laden->setEnabled(stand.art != Modellstand::Art::serverFehlt && stand.laedtModell.isEmpty());
         if (anderswo)
-            w.stand->setzen(u"exclamationmark.triangle"_s, ModellAnderswo::satz(w.wahl->currentText()));
+            w.stand->setzen(u"exclamationmark.triangle"_s, Modellstand::anderswoSatz(w.wahl->currentText()));
         else if (gewaehlt.isEmpty())
             w.stand->erklaeren(Sprache::text(u"Keines gewählt."_s));
         else if (kommt)
@@ -292,7 +291,7 @@ private:
             QStandardItem *eintrag = liste->item(i);
             const bool anderswo = stand.rechnetAnderswo(eintrag->text());
             eintrag->setEnabled(!anderswo);
-            eintrag->setToolTip(anderswo ? ModellAnderswo::satz(eintrag->text()) : QString());
+            eintrag->setToolTip(anderswo ? Modellstand::anderswoSatz(eintrag->text()) : QString());
             eintrag->setIcon(anderswo ? Zeichen::icon(u"exclamationmark.triangle"_s) : QIcon());
         }
     }

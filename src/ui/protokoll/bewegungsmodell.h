@@ -1,7 +1,8 @@
 #pragma once
 
 #include "bewegungsstaende.h"
-#include "protokollbuch.h"
+#include "bilanz.h"
+#include "protokollzeile.h"
 
 #include <QAbstractListModel>
 #include <QHash>

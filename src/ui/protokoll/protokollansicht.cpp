@@ -155,8 +155,7 @@ void ProtokollAnsicht::zeigen()
 QString ProtokollAnsicht::titel() const
 {
     const QString datei = m_zustand->sitzungen()->protokollDatei().value_or(QString());
-    const bool laufend =
-        m_zustand->sitzungen()->laufendesBuch() && m_zustand->sitzungen()->laufendesBuch()->datei() == datei;
+    const bool laufend = m_zustand->sitzungen()->laufendeDatei() == datei;
     if (datei.isEmpty() || laufend || m_zustand->sitzungen()->protokollDateien().contains(datei))
         return Sprache::text(u"Sitzung"_s);
     return gefuellt(Sprache::text(u"Sitzung aus %@"_s), {nameVon(datei)});

@@ -163,16 +163,10 @@ void Sitzungsseite::auffrischen()
     m_ordner->pruefen();
 }
 
-/** The log of the running session; empty before the first movement. */
-QString Sitzungsseite::laufende() const
-{
-    return m_sitzungen->laufendesBuch() ? m_sitzungen->laufendesBuch()->datei() : QString();
-}
-
 QStringList Sitzungsseite::fruehere() const
 {
     QStringList dateien = m_sitzungen->protokollDateien();
-    dateien.removeAll(laufende());
+    dateien.removeAll(m_sitzungen->laufendeDatei());
     return dateien;
 }
 
@@ -186,7 +180,7 @@ void Sitzungsseite::zeigen()
 
 void Sitzungsseite::laufendeZeigen()
 {
-    const QString datei = laufende();
+    const QString datei = m_sitzungen->laufendeDatei();
     const QString mangel = m_sitzungen->protokollmangel();
     m_mangel->setzeText(mangel);
     m_mangelZeile->setVisible(!mangel.isEmpty());

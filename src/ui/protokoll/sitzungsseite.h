@@ -47,7 +47,6 @@ private:
     void auswahlZeigen();
     void fussEinpassen();
     Sitzungszeile *neueZeile(QVBoxLayout *spalte);
-    [[nodiscard]] QString laufende() const;
     [[nodiscard]] QStringList fruehere() const;
     [[nodiscard]] QList<Sitzungszeile *> alleZeilen() const;
 

@@ -1,7 +1,6 @@
 #include "pruefansicht.h"
 
 #include "aktionsfeld.h"
-#include "analyse.h"
 #include "angabenfeld.h"
 #include "ausfuehrung.h"
 #include "durchgang.h"
@@ -47,7 +46,7 @@ bool ohneDokumente(const Zustand &zustand)
 QString leerzeile(const Zustand &zustand)
 {
     const Zaehlwerk &z = zustand.pruefung()->zaehlwerk();
-    if (zustand.durchgang()->analyse()->laeuft())
+    if (zustand.durchgang()->laeuft())
         return gefuellt(Sprache::text(z.neu,
                                       u"Der Durchgang läuft noch. %@ Dokument wartet darauf, gelesen zu werden."_s,
                                       u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
@@ -295,7 +294,7 @@ QString PruefAnsicht::naechsterSchritt()
                                       u"%@ Zurückgestellte wieder vorlegen"_s),
                         {QString::number(z.zurueckgestellt)});
     }
-    if (m_zustand->durchgang()->analyse()->laeuft() || (z.neu == 0 && !ohneDokumente(*m_zustand)))
+    if (m_zustand->durchgang()->laeuft() || (z.neu == 0 && !ohneDokumente(*m_zustand)))
         return {};
     if (!m_zustand->profilwahl()->bereitZumStart())
         return Sprache::text(u"Zur Einrichtung"_s);
