@@ -30,11 +30,23 @@ add_library(quillmar_vorab_fenster STATIC ${CMAKE_BINARY_DIR}/vorab.cpp)
 target_link_libraries(quillmar_vorab_fenster PRIVATE quillmar_uebersetzung Qt6::Widgets)
 target_precompile_headers(quillmar_vorab_fenster PRIVATE ${vorabkoepfe} ${fensterkoepfe})
 
+# Every include is looked at before anything is compiled; the table of who may include what stands in schichten.cmake.
+file(GLOB_RECURSE schichtenquellen CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.h ${CMAKE_SOURCE_DIR}/src/*.cpp)
+set(schichtenstempel ${CMAKE_BINARY_DIR}/schichten.stempel)
+set(QUILLMAR_SCHICHTEN ${CMAKE_COMMAND} -DQT=${QT6_INSTALL_PREFIX}/${QT6_INSTALL_HEADERS})
+add_custom_command(OUTPUT ${schichtenstempel}
+    COMMAND ${QUILLMAR_SCHICHTEN} -DQUELLEN=${CMAKE_SOURCE_DIR}/src -P ${CMAKE_SOURCE_DIR}/cmake/schichten.cmake
+    COMMAND ${CMAKE_COMMAND} -E touch ${schichtenstempel}
+    DEPENDS ${CMAKE_SOURCE_DIR}/cmake/schichten.cmake ${schichtenquellen}
+    COMMENT "Who includes what")
+add_custom_target(quillmar_schichten DEPENDS ${schichtenstempel})
+
 # quillmar_bibliothek(NAME [MOC] [FENSTER] SOURCES ... PUBLIC ... PRIVATE ...)
 #   One static library per folder of src/, with its own include directory and the libraries that it may use.
 function(quillmar_bibliothek name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "MOC;FENSTER" "" "SOURCES;PUBLIC;PRIVATE")
     add_library(quillmar_${name} STATIC ${arg_SOURCES})
+    add_dependencies(quillmar_${name} quillmar_schichten)
     target_include_directories(quillmar_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(quillmar_${name} PUBLIC quillmar_uebersetzung ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
     set_target_properties(quillmar_${name} PROPERTIES AUTOMOC ${arg_MOC})
