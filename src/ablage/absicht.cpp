@@ -48,6 +48,35 @@ Profil rechnungAus(const QJsonObject &o)
     p.rubrikEingang = o.value("eingang"_L1).toString();
     return p;
 }
+
+/** What not every intent has. */
+void beigabenSchreiben(Jsonschreiber &o, const Absicht &a)
+{
+    if (!a.temporaer.isEmpty())
+        o.text("temporaer", a.temporaer);
+    if (a.werte) {
+        o.roh("werte", kompakt(werteJson(*a.werte)));
+        o.roh("rechnung", kompakt(rechnungJson(a.profil)));
+    }
+    if (!a.vorher.isEmpty())
+        o.text("vorher", a.vorher);
+    if (!a.buch.isEmpty())
+        o.text("buch", a.buch);
+    if (a.kopf)
+        o.roh("kopf", a.kopf->json());
+}
+
+void beigabenLesen(const QJsonObject &o, Absicht &a)
+{
+    a.temporaer = o.value("temporaer"_L1).toString();
+    if (o.contains("werte"_L1)) {
+        a.werte = werteAus(o.value("werte"_L1).toObject());
+        a.profil = rechnungAus(o.value("rechnung"_L1).toObject());
+    }
+    a.vorher = o.value("vorher"_L1).toString();
+    a.buch = o.value("buch"_L1).toString();
+    a.kopf = Protokollkopf::aus(kompakt(o.value("kopf"_L1).toObject()));
+}
 } // namespace
 
 QByteArray Absicht::json() const
@@ -62,18 +91,7 @@ QByteArray Absicht::json() const
         o.zahl("tat", tat);
     o.zahl("groesse", groesse);
     o.text("dateizeit", QString::number(dateizeit)); // too large for the numbers of some readers
-    if (!temporaer.isEmpty())
-        o.text("temporaer", temporaer);
-    if (werte) {
-        o.roh("werte", kompakt(werteJson(*werte)));
-        o.roh("rechnung", kompakt(rechnungJson(profil)));
-    }
-    if (!vorher.isEmpty())
-        o.text("vorher", vorher);
-    if (!buch.isEmpty())
-        o.text("buch", buch);
-    if (kopf)
-        o.roh("kopf", kopf->json());
+    beigabenSchreiben(o, *this);
     return o.ende();
 }
 
@@ -89,16 +107,9 @@ std::optional<Absicht> Absicht::aus(const QByteArray &text)
     a.status = statusAus(o.value("status"_L1).toString());
     a.protokollId = o.value("protokoll"_L1).toInteger();
     a.tat = o.value("tat"_L1).toInteger();
-    a.temporaer = o.value("temporaer"_L1).toString();
     a.groesse = o.value("groesse"_L1).toInteger();
     a.dateizeit = o.value("dateizeit"_L1).toString().toLongLong();
-    a.vorher = o.value("vorher"_L1).toString();
-    a.buch = o.value("buch"_L1).toString();
-    a.kopf = Protokollkopf::aus(kompakt(o.value("kopf"_L1).toObject()));
-    if (o.contains("werte"_L1)) {
-        a.werte = werteAus(o.value("werte"_L1).toObject());
-        a.profil = rechnungAus(o.value("rechnung"_L1).toObject());
-    }
+    beigabenLesen(o, a);
     a.zeile = std::move(*zeile);
     return a;
 }

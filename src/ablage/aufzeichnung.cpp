@@ -38,6 +38,15 @@ void standSchreiben(Datenbank &db, const Absicht &a)
         Dokumente(db).ortSchreiben(z.dokument, a.status, z.nach);
 }
 
+void tatSchreiben(Datenbank &db, const Absicht &a, qint64 protokollId)
+{
+    Taten::eintragen(db, a.tat,
+                     {.dokument = a.zeile.dokument,
+                      .altStatus = statusAus(a.zeile.altStatus),
+                      .neuStatus = a.status,
+                      .protokollId = protokollId});
+}
+
 void ruecknahme(Datenbank &db, const Absicht &a)
 {
     if (a.protokollId == 0)
@@ -61,11 +70,7 @@ Aufzeichnung::Ergebnis Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
     }
     ergebnis.protokollId = zeileSchreiben(db, a.zeile);
     if (a.tat != 0)
-        Taten::eintragen(db, a.tat,
-                         {.dokument = dokument,
-                          .altStatus = statusAus(a.zeile.altStatus),
-                          .neuStatus = a.status,
-                          .protokollId = ergebnis.protokollId});
+        tatSchreiben(db, a, ergebnis.protokollId);
     standSchreiben(db, a);
     t.abschliessen();
     return ergebnis;

@@ -4,6 +4,30 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+/** What the user reads of a placeholder. */
+struct Bausteinworte {
+    QString anzeige;
+    QString erklaerung;
+};
+
+const Bausteinworte &worte(Baustein baustein)
+{
+    static const std::array<Bausteinworte, alleBausteine.size()> alle = {
+        {{QUILLMAR_TEXT(u"Datum"_s), QUILLMAR_TEXT(u"Datum des Schreibens, JJJJ-MM-TT"_s)},
+         {QUILLMAR_TEXT(u"Jahr"_s), QUILLMAR_TEXT(u"Jahr aus dem Datum"_s)},
+         {QUILLMAR_TEXT(u"Monat"_s), QUILLMAR_TEXT(u"Monat aus dem Datum"_s)},
+         {QUILLMAR_TEXT(u"Gegenüber"_s), QUILLMAR_TEXT(u"Absender oder Empfänger"_s)},
+         {QUILLMAR_TEXT(u"Titel"_s), QUILLMAR_TEXT(u"Worum es im Schreiben geht"_s)},
+         {QUILLMAR_TEXT(u"Zweig"_s), QUILLMAR_TEXT(u"Oberste Ebene der Ablage"_s)},
+         {QUILLMAR_TEXT(u"Ablageart"_s), QUILLMAR_TEXT(u"Zweite Ebene, etwa Jahresablage oder Stammdaten"_s)},
+         {QUILLMAR_TEXT(u"Rubrik"_s), QUILLMAR_TEXT(u"Sachgruppe innerhalb der Ablage"_s)},
+         {QUILLMAR_TEXT(u"Bisheriger Name"_s), QUILLMAR_TEXT(u"Dateiname vor der Umbenennung"_s)}}};
+    return alle.at(size_t(baustein));
+}
+} // namespace
+
 QString bausteinWort(Baustein baustein)
 {
     static const std::array woerter = {u"datum"_s, u"jahr"_s,   u"monat"_s,  u"gegenueber"_s, u"titel"_s,
@@ -20,52 +44,6 @@ std::optional<Baustein> bausteinAus(QStringView wort)
     return std::nullopt;
 }
 
-QString bausteinAnzeige(Baustein baustein)
-{
-    switch (baustein) {
-    case Baustein::datum:
-        return Sprache::text(u"Datum"_s);
-    case Baustein::jahr:
-        return Sprache::text(u"Jahr"_s);
-    case Baustein::monat:
-        return Sprache::text(u"Monat"_s);
-    case Baustein::gegenueber:
-        return Sprache::text(u"Gegenüber"_s);
-    case Baustein::titel:
-        return Sprache::text(u"Titel"_s);
-    case Baustein::zweig:
-        return Sprache::text(u"Zweig"_s);
-    case Baustein::ablage:
-        return Sprache::text(u"Ablageart"_s);
-    case Baustein::rubrik:
-        return Sprache::text(u"Rubrik"_s);
-    case Baustein::altname:
-        return Sprache::text(u"Bisheriger Name"_s);
-    }
-    return {};
-}
+QString bausteinAnzeige(Baustein baustein) { return Sprache::text(/* QUILLMAR_TEXT */ worte(baustein).anzeige); }
 
-QString bausteinErklaerung(Baustein baustein)
-{
-    switch (baustein) {
-    case Baustein::datum:
-        return Sprache::text(u"Datum des Schreibens, JJJJ-MM-TT"_s);
-    case Baustein::jahr:
-        return Sprache::text(u"Jahr aus dem Datum"_s);
-    case Baustein::monat:
-        return Sprache::text(u"Monat aus dem Datum"_s);
-    case Baustein::gegenueber:
-        return Sprache::text(u"Absender oder Empfänger"_s);
-    case Baustein::titel:
-        return Sprache::text(u"Worum es im Schreiben geht"_s);
-    case Baustein::zweig:
-        return Sprache::text(u"Oberste Ebene der Ablage"_s);
-    case Baustein::ablage:
-        return Sprache::text(u"Zweite Ebene, etwa Jahresablage oder Stammdaten"_s);
-    case Baustein::rubrik:
-        return Sprache::text(u"Sachgruppe innerhalb der Ablage"_s);
-    case Baustein::altname:
-        return Sprache::text(u"Dateiname vor der Umbenennung"_s);
-    }
-    return {};
-}
+QString bausteinErklaerung(Baustein baustein) { return Sprache::text(/* QUILLMAR_TEXT */ worte(baustein).erklaerung); }

@@ -11,7 +11,7 @@
 #include "sprache.h"
 #include "text.h"
 
-#include <QMap>
+#include <QHash>
 #include <QUuid>
 #include <algorithm>
 
@@ -33,6 +33,15 @@ Absichtsdatei dateiNehmen(const Datenbank &db)
         throw Fehler(
             Sprache::text(u"Ein anderes Programm bewegt gerade Dateien. Bitte gleich noch einmal versuchen."_s));
     return std::move(*datei);
+}
+
+/** One that no longer equals its original stays: it may be the only copy of what is in it. */
+bool kopieEntfernt(const Protokollzeile &z)
+{
+    if (!Dateibewegung::istGleich(z.von, z.nach))
+        return false;
+    Dateibewegung::quelleEntfernen(z.nach);
+    return true;
 }
 
 /** Files would come back into the empty folder that the source folder's drive is mounted on. */
@@ -70,23 +79,28 @@ QStringList Bewegungsgang::klaeren(const std::shared_ptr<Datenbank> &db)
     return namen;
 }
 
-void Bewegungsgang::offenesKlaeren()
+/** A movement that had to try several names has a line for each: the last one counts, in the order of beginning. */
+QList<Absicht> Bewegungsgang::letzteAbsichten()
 {
-    // A movement that had to try several names has a line for each: the last one counts, in the order of beginning.
-    QStringList reihenfolge;
-    QMap<QString, Absicht> absichten;
+    QHash<QString, qsizetype> stellen;
+    QList<Absicht> absichten;
     for (const QByteArray &zeile : m_datei.zeilen()) {
         const auto absicht = Absicht::aus(zeile);
         if (!absicht) {
             m_offene << zeile; // of a later version or damaged: not ours to throw away
-            continue;
+        } else if (const auto stelle = stellen.constFind(absicht->vorgang); stelle != stellen.cend()) {
+            absichten[*stelle] = *absicht;
+        } else {
+            stellen.insert(absicht->vorgang, absichten.size());
+            absichten << *absicht;
         }
-        if (!absichten.contains(absicht->vorgang))
-            reihenfolge << absicht->vorgang;
-        absichten.insert(absicht->vorgang, *absicht);
     }
-    for (const QString &vorgang : std::as_const(reihenfolge)) {
-        const Absicht absicht = absichten.value(vorgang);
+    return absichten;
+}
+
+void Bewegungsgang::offenesKlaeren()
+{
+    for (const Absicht &absicht : letzteAbsichten()) {
         try {
             if (!geklaert(absicht))
                 m_offene << absicht.json();
@@ -134,19 +148,14 @@ bool Bewegungsgang::zurueckgesetzt(Absicht absicht)
     try {
         if (z.von == z.nach)
             return true;
-        if (!z.kopiert) {
-            Dateibewegung::ausfuehren({.von = z.nach,
-                                       .ordner = ordnerVon(z.von),
-                                       .name = nameVon(z.von),
-                                       .nameArt = Dateibewegung::Name::Genau,
-                                       .plattenname = z.vonName},
-                                      nurZwischendatei(m_datei, absicht));
-            return true;
-        }
-        // One that no longer equals its original may be the only copy of what is in it.
-        if (!Dateibewegung::istGleich(z.von, z.nach))
-            return false;
-        Dateibewegung::quelleEntfernen(z.nach);
+        if (z.kopiert)
+            return kopieEntfernt(z);
+        Dateibewegung::ausfuehren({.von = z.nach,
+                                   .ordner = ordnerVon(z.von),
+                                   .name = nameVon(z.von),
+                                   .nameArt = Dateibewegung::Name::Genau,
+                                   .plattenname = z.vonName},
+                                  nurZwischendatei(m_datei, absicht));
         return true;
     } catch (const Fehler &) {
         return false;
@@ -163,6 +172,16 @@ Bewegungsgang::Ergebnis Bewegungsgang::bewegen(Absicht absicht, const Dateibeweg
         absicht.buch = buch->datei();
         absicht.kopf = buch->kopf();
     }
+    dateiBewegen(absicht, auftrag);
+    Ergebnis ergebnis = verzeichnen(absicht);
+    ergebnis.protokolliert = !buch || buch->anhaengen(absicht.zeile);
+    abschliessen();
+    return ergebnis;
+}
+
+/** Announces and moves; @p absicht then tells where the file lies. */
+void Bewegungsgang::dateiBewegen(Absicht &absicht, const Dateibewegung::Auftrag &auftrag)
+{
     const auto ankuendigen = [&](const Dateibewegung::Schritt &schritt) {
         absicht.uebernehmen(schritt);
         // What lies right already is not copied.
@@ -178,19 +197,19 @@ Bewegungsgang::Ergebnis Bewegungsgang::bewegen(Absicht absicht, const Dateibeweg
         throw;
     }
     absicht.zeile.kopiert = absicht.zeile.kopiert && absicht.zeile.nach != absicht.zeile.von;
-    Ergebnis ergebnis{.nach = absicht.zeile.nach};
+}
+
+/** Records the movement in the catalogue, or takes it back. */
+Bewegungsgang::Ergebnis Bewegungsgang::verzeichnen(const Absicht &absicht)
+{
     try {
         const auto verzeichnet = Aufzeichnung::bewegung(*m_db, absicht);
-        ergebnis.protokollId = verzeichnet.protokollId;
-        ergebnis.angepasst = verzeichnet.angepasst;
+        return {.nach = absicht.zeile.nach, .protokollId = verzeichnet.protokollId, .angepasst = verzeichnet.angepasst};
     } catch (const Fehler &) {
         if (zurueckgesetzt(absicht))
             abschliessen();
         throw;
     }
-    ergebnis.protokolliert = !buch || buch->anhaengen(absicht.zeile);
-    abschliessen();
-    return ergebnis;
 }
 
 QStringList Bewegungsgang::zuruecknehmen(const QList<Absicht> &absichten, const QString &herkunft,

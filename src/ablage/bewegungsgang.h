@@ -45,10 +45,13 @@ public:
 
 private:
     Bewegungsgang(std::shared_ptr<Datenbank> db, Absichtsdatei datei);
+    [[nodiscard]] QList<Absicht> letzteAbsichten();
     void offenesKlaeren();
     [[nodiscard]] bool geklaert(const Absicht &absicht);
     [[nodiscard]] bool nachgeholt(const Absicht &absicht);
     [[nodiscard]] bool zurueckgesetzt(Absicht absicht);
+    void dateiBewegen(Absicht &absicht, const Dateibewegung::Auftrag &auftrag);
+    [[nodiscard]] Ergebnis verzeichnen(const Absicht &absicht);
     void abschliessen() { m_datei.leeren(m_offene); }
 
     std::shared_ptr<Datenbank> m_db;

@@ -21,6 +21,24 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+struct Log {
+    QString pfad;
+    qint64 zeit = 0; ///< of the last change, in nanoseconds
+};
+
+QList<Log> logsIn(const QString &ordner)
+{
+    QList<Log> logs;
+    ordnerLesen(plattenPfad(ordner), [&](int griff, const Ordnereintrag &e) {
+        const QString name = nameVonPlatte(e.name);
+        struct stat s = {};
+        if (name.endsWith(".jsonl"_L1) && ::fstatat(griff, e.name.constData(), &s, 0) == 0 && S_ISREG(s.st_mode))
+            logs << Log{.pfad = ordner + u'/' + name,
+                        .zeit = qint64(s.st_mtim.tv_sec) * 1000000000 + s.st_mtim.tv_nsec};
+    });
+    return logs;
+}
+
 /** First name of the form "Protokoll 2025-01-31 140509.jsonl" from now on that is not taken. */
 QString freierName(const QString &ordner)
 {
@@ -158,19 +176,7 @@ bool Protokollbuch::nachtragen(const QString &datei, const Protokollkopf &kopf, 
 
 QStringList Protokollbuch::dateien(const QString &ordner)
 {
-    struct Log {
-        QString pfad;
-        qint64 zeit = 0;
-    };
-    QList<Log> logs;
-    const QByteArray platte = plattenPfad(ordner);
-    ordnerLesen(platte, [&](int griff, const Ordnereintrag &e) {
-        const QString name = nameVonPlatte(e.name);
-        struct stat s = {};
-        if (name.endsWith(".jsonl"_L1) && ::fstatat(griff, e.name.constData(), &s, 0) == 0 && S_ISREG(s.st_mode))
-            logs << Log{.pfad = ordner + u'/' + name,
-                        .zeit = qint64(s.st_mtim.tv_sec) * 1000000000 + s.st_mtim.tv_nsec};
-    });
+    QList<Log> logs = logsIn(ordner);
     std::sort(logs.begin(), logs.end(), [](const Log &a, const Log &b) {
         return a.zeit != b.zeit ? a.zeit > b.zeit : a.pfad > b.pfad; // equal times: the later name first
     });

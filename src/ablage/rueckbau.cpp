@@ -45,24 +45,29 @@ Bilanz Rueckbau::ausfuehren()
     try {
         if (m_db)
             m_gang = std::make_unique<Bewegungsgang>(m_db);
-        QList<Eintrag> offene;
-        QSet<QString> orte;
-        for (const Eintrag &eintrag : std::as_const(m_eintraege)) {
-            const Protokollzeile &zeile = eintrag.zeile;
-            // Whether a movement can be taken back shows only when those after it at the same places are back.
-            const bool beruehrt = orte.contains(zeile.von) || orte.contains(zeile.nach);
-            if (offene.size() >= hoechstensGruppe || beruehrt) {
-                gruppe(std::exchange(offene, {}));
-                orte.clear();
-            }
-            offene << eintrag;
-            orte << zeile.von << zeile.nach;
-        }
-        gruppe(offene);
+        inGruppen();
     } catch (const Fehler &f) {
         m_bilanz.fehler << Rueckbaubefund{.stelle = -1, .grund = f.text()};
     }
     return m_bilanz;
+}
+
+void Rueckbau::inGruppen()
+{
+    QList<Eintrag> offene;
+    QSet<QString> orte;
+    for (const Eintrag &eintrag : std::as_const(m_eintraege)) {
+        const Protokollzeile &zeile = eintrag.zeile;
+        // Whether a movement can be taken back shows only when those after it at the same places are back.
+        const bool beruehrt = orte.contains(zeile.von) || orte.contains(zeile.nach);
+        if (offene.size() >= hoechstensGruppe || beruehrt) {
+            gruppe(std::exchange(offene, {}));
+            orte.clear();
+        }
+        offene << eintrag;
+        orte << zeile.von << zeile.nach;
+    }
+    gruppe(offene);
 }
 
 void Rueckbau::gruppe(const QList<Eintrag> &eintraege)
@@ -82,7 +87,13 @@ void Rueckbau::gruppe(const QList<Eintrag> &eintraege)
         absichten << std::move(absicht);
         stellen << eintrag.stelle;
     }
-    const QStringList fehler = absichten.isEmpty() ? QStringList() : zuruecknehmen(absichten);
+    if (!absichten.isEmpty())
+        verbuchen(stellen, zuruecknehmen(absichten));
+}
+
+/** What became of the movements at @p stellen; an empty text stands for success. */
+void Rueckbau::verbuchen(const QList<qsizetype> &stellen, const QStringList &fehler)
+{
     for (qsizetype i = 0; i < fehler.size(); ++i) {
         if (fehler.at(i).isEmpty())
             ++m_bilanz.zurueckgedreht;

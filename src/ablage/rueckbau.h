@@ -22,7 +22,9 @@ private:
         qsizetype stelle = 0; ///< in the log
         Protokollzeile zeile;
     };
+    void inGruppen();
     void gruppe(const QList<Eintrag> &eintraege);
+    void verbuchen(const QList<qsizetype> &stellen, const QStringList &fehler);
     [[nodiscard]] QString pruefen(const Protokollzeile &zeile, Absicht &absicht) const;
     [[nodiscard]] bool istErlaubt(const Protokollzeile &zeile) const;
     [[nodiscard]] QStringList zuruecknehmen(const QList<Absicht> &absichten);

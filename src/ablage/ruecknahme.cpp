@@ -13,6 +13,29 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+/** The folder that a file goes back to; of the source folder only what lies in it is made. */
+void ordnerBereiten(const QString &ordner, const Protokollzeile &zeile, const QString &herkunft)
+{
+    if (liegtUnter(zeile.von, herkunft) && !istOrdner(herkunft))
+        throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {herkunft}));
+    Dateibewegung::ordnerAnlegen(ordner, u"/"_s);
+}
+
+/** Once more from where it was to where the line says. */
+void wiederholen(const Protokollzeile &z, const Dateibewegung::Ankuendigung &ankuendigung)
+{
+    QSet<QByteArray> ungesichert; // its folders may be the ones that cannot be flushed
+    Dateibewegung::ausfuehren({.von = z.von,
+                               .ordner = ordnerVon(z.nach),
+                               .name = nameVon(z.nach),
+                               .nameArt = Dateibewegung::Name::Genau,
+                               .spaeterSichern = &ungesichert},
+                              ankuendigung);
+}
+} // namespace
+
 Ruecknahme::Ruecknahme(Datenbank &db, Absichtsdatei &datei, const QList<Absicht> &absichten, QString herkunft)
     : m_db(db), m_datei(datei), m_herkunft(std::move(herkunft))
 {
@@ -130,17 +153,11 @@ void Ruecknahme::umkehren(Posten &posten, const QString &fehler)
     posten.fehler = fehler;
     const Protokollzeile z = posten.absicht.zeile;
     const auto ankuendigung = nurZwischendatei(m_datei, posten.absicht);
-    QSet<QByteArray> ungesichert; // its folders may be the ones that cannot be flushed
     try {
         if (z.kopiert && !posten.imKorb.isEmpty())
             Papierkorb::zurueckholen(posten.imKorb, z.nach, ankuendigung);
         else if (!Bewegungspruefung::istOhneWeg(z))
-            Dateibewegung::ausfuehren({.von = z.von,
-                                       .ordner = ordnerVon(z.nach),
-                                       .name = nameVon(z.nach),
-                                       .nameArt = Dateibewegung::Name::Genau,
-                                       .spaeterSichern = &ungesichert},
-                                      ankuendigung);
+            wiederholen(z, ankuendigung);
     } catch (const Fehler &) {
         // It lies at one of both ends, and the intent names them.
     }
@@ -157,11 +174,8 @@ QString zuruecklegen(const Protokollzeile &zeile, const QString &herkunft,
         return Papierkorb::hineinlegen(zeile.nach, ankuendigung);
     const QString ordner = ordnerVon(zeile.von);
     // A folder that this group has used already needs no second look.
-    if (!spaeterSichern || !spaeterSichern->contains(plattenPfad(ordner) + '/')) {
-        if (liegtUnter(zeile.von, herkunft) && !istOrdner(herkunft))
-            throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {herkunft}));
-        Dateibewegung::ordnerAnlegen(ordner, u"/"_s);
-    }
+    if (!spaeterSichern || !spaeterSichern->contains(plattenPfad(ordner) + '/'))
+        ordnerBereiten(ordner, zeile, herkunft);
     Dateibewegung::ausfuehren({.von = zeile.nach,
                                .ordner = ordner,
                                .name = nameVon(zeile.von),

@@ -50,6 +50,14 @@ QString mitEinfachenLuecken(const QString &text)
     }
     return ergebnis;
 }
+
+/** What takes the place of the placeholder called @p wort: its value, or the mark of an empty one. */
+QString fuellung(const Vorlage::Werte &werte, QStringView wort)
+{
+    const auto baustein = bausteinAus(wort);
+    const QString wert = baustein ? werte.value(*baustein) : QString();
+    return wert.isEmpty() ? QString(marke) : wert;
+}
 } // namespace
 
 QString Vorlage::fuellen(const Werte &werte, const QString &vorlage)
@@ -64,12 +72,7 @@ QString Vorlage::fuellen(const Werte &werte, const QString &vorlage)
             break;
         }
         ergebnis += QStringView(vorlage).mid(stelle, auf - stelle);
-        const auto baustein = bausteinAus(QStringView(vorlage).mid(auf + 1, zu - auf - 1));
-        const QString wert = baustein ? werte.value(*baustein) : QString();
-        if (wert.isEmpty())
-            ergebnis += marke;
-        else
-            ergebnis += wert;
+        ergebnis += fuellung(werte, QStringView(vorlage).mid(auf + 1, zu - auf - 1));
         stelle = zu + 1;
     }
     return aufraeumen(ergebnis);

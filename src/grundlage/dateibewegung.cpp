@@ -84,19 +84,24 @@ private:
             const QByteArray belegt = genau ? QByteArray() : aufDerPlatte(nach, s);
             if (istQuelle(belegt, s))
                 return bleiben();
-            if (belegt.isEmpty()) {
-                ankuendigen(nach, temporaer);
-                const int fehler = versuchen(von, m_ordner + plattenname(nach));
-                if (fehler == 0)
-                    return nach;
-                if (fehler == EXDEV)
-                    return {};
-                if (fehler != EEXIST)
-                    Platte::scheitern(nichtBewegt(), fehler);
-            }
+            const int fehler = belegt.isEmpty() ? angekuendigtVersuchen(von, nach, temporaer) : EEXIST;
+            if (fehler == 0)
+                return nach;
+            if (fehler == EXDEV)
+                return {};
             if (genau)
                 nameBelegt();
         }
+    }
+
+    /** Announces and renames. Returns 0, EXDEV or EEXIST; throws on every other error. */
+    int angekuendigtVersuchen(const QByteArray &von, const QString &nach, const QString &temporaer)
+    {
+        ankuendigen(nach, temporaer);
+        const int fehler = versuchen(von, m_ordner + plattenname(nach));
+        if (fehler != 0 && fehler != EXDEV && fehler != EEXIST)
+            Platte::scheitern(nichtBewegt(), fehler);
+        return fehler;
     }
 
     [[noreturn]] static void nameBelegt()

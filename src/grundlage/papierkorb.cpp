@@ -55,6 +55,18 @@ bool vermerken(const QString &datei, const QByteArray &text)
     ::unlink(platte.constData());
     Platte::scheitern(gescheitert(), fehler);
 }
+
+/** Moves the file to the name that its note @p info has taken; the note goes when that fails. */
+QString nachVermerkBewegen(const Dateibewegung::Auftrag &auftrag, const QString &info,
+                           const Dateibewegung::Ankuendigung &ankuendigung)
+{
+    try {
+        return Dateibewegung::ausfuehren(auftrag, ankuendigung);
+    } catch (const Fehler &) {
+        ::unlink(plattenPfad(info).constData());
+        throw;
+    }
+}
 } // namespace
 
 QString Papierkorb::hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung)
@@ -69,14 +81,9 @@ QString Papierkorb::hineinlegen(const QString &pfad, const Dateibewegung::Ankuen
         const QString info = ort + u"/info/"_s + name + endung;
         if (istVorhanden(ort + u"/files/"_s + name) || !vermerken(info, vermerk(platte)))
             continue;
-        try {
-            return Dateibewegung::ausfuehren(
-                {.von = pfad, .ordner = ort + u"/files"_s, .name = name, .nameArt = Dateibewegung::Name::Genau},
-                ankuendigung);
-        } catch (const Fehler &) {
-            ::unlink(plattenPfad(info).constData());
-            throw;
-        }
+        return nachVermerkBewegen(
+            {.von = pfad, .ordner = ort + u"/files"_s, .name = name, .nameArt = Dateibewegung::Name::Genau}, info,
+            ankuendigung);
     }
 }
 

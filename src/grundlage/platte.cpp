@@ -31,48 +31,40 @@ int ueberPlatzhalter(const QByteArray &von, const QByteArray &nach)
     ::unlink(nach.constData());
     return fehler;
 }
+
+/** What errors of the operating system mean for the user. */
+struct Fehlerursache {
+    QList<int> nummern;
+    QString satz;
+};
+
+const QList<Fehlerursache> &fehlerursachen()
+{
+    static const QList<Fehlerursache> liste = {
+        {{ENOSPC, EDQUOT}, QUILLMAR_TEXT(u"kein Platz mehr auf dem Datenträger"_s)},
+        {{EACCES, EPERM}, QUILLMAR_TEXT(u"keine Berechtigung"_s)},
+        {{EROFS}, QUILLMAR_TEXT(u"der Datenträger ist schreibgeschützt"_s)},
+        {{ENOENT, ENOTDIR}, QUILLMAR_TEXT(u"nicht gefunden"_s)},
+        {{EEXIST}, QUILLMAR_TEXT(u"der Name ist schon vergeben"_s)},
+        {{ENAMETOOLONG}, QUILLMAR_TEXT(u"der Name ist zu lang"_s)},
+        {{EFBIG}, QUILLMAR_TEXT(u"die Datei ist zu groß für diesen Datenträger"_s)},
+        {{EIO}, QUILLMAR_TEXT(u"der Datenträger meldet einen Fehler"_s)},
+        {{EBUSY, ETXTBSY}, QUILLMAR_TEXT(u"ein anderes Programm benutzt es gerade"_s)},
+        {{ENODEV, ENXIO, ENOTCONN, ESTALE, EHOSTDOWN, ETIMEDOUT},
+         QUILLMAR_TEXT(u"der Datenträger ist nicht mehr erreichbar"_s)},
+        {{EMFILE, ENFILE}, QUILLMAR_TEXT(u"zu viele Dateien sind geöffnet"_s)},
+        {{ENOMEM}, QUILLMAR_TEXT(u"der Arbeitsspeicher reicht nicht"_s)}};
+    return liste;
+}
 } // namespace
 
 QString Platte::ursache(int fehler)
 {
-    switch (fehler) {
-    case ENOSPC:
-    case EDQUOT:
-        return QUILLMAR_TEXT(u"kein Platz mehr auf dem Datenträger"_s);
-    case EACCES:
-    case EPERM:
-        return QUILLMAR_TEXT(u"keine Berechtigung"_s);
-    case EROFS:
-        return QUILLMAR_TEXT(u"der Datenträger ist schreibgeschützt"_s);
-    case ENOENT:
-    case ENOTDIR:
-        return QUILLMAR_TEXT(u"nicht gefunden"_s);
-    case EEXIST:
-        return QUILLMAR_TEXT(u"der Name ist schon vergeben"_s);
-    case ENAMETOOLONG:
-        return QUILLMAR_TEXT(u"der Name ist zu lang"_s);
-    case EFBIG:
-        return QUILLMAR_TEXT(u"die Datei ist zu groß für diesen Datenträger"_s);
-    case EIO:
-        return QUILLMAR_TEXT(u"der Datenträger meldet einen Fehler"_s);
-    case EBUSY:
-    case ETXTBSY:
-        return QUILLMAR_TEXT(u"ein anderes Programm benutzt es gerade"_s);
-    case ENODEV:
-    case ENXIO:
-    case ENOTCONN:
-    case ESTALE:
-    case EHOSTDOWN:
-    case ETIMEDOUT:
-        return QUILLMAR_TEXT(u"der Datenträger ist nicht mehr erreichbar"_s);
-    case EMFILE:
-    case ENFILE:
-        return QUILLMAR_TEXT(u"zu viele Dateien sind geöffnet"_s);
-    case ENOMEM:
-        return QUILLMAR_TEXT(u"der Arbeitsspeicher reicht nicht"_s);
-    default:
-        return QString::fromLocal8Bit(std::strerror(fehler));
+    for (const Fehlerursache &ursache : fehlerursachen()) {
+        if (ursache.nummern.contains(fehler))
+            return ursache.satz;
     }
+    return QString::fromLocal8Bit(std::strerror(fehler));
 }
 
 void Platte::scheitern(const QString &satz, int fehler) { throw Plattenfehler(satz, ursache(fehler)); }

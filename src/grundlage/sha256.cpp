@@ -20,6 +20,24 @@ const EVP_MD *verfahren()
 }
 
 constexpr size_t stueck = size_t{256} * 1024;
+
+/** The digest of what can be read of @p griff; null when that fails or is stopped. */
+QString inhaltssumme(int griff, const std::function<bool()> &abbruch)
+{
+    Sha256 digest;
+    std::vector<char> puffer(stueck);
+    for (;;) {
+        if (abbruch && abbruch())
+            return {};
+        const ssize_t n = ::read(griff, puffer.data(), puffer.size());
+        if (n == 0)
+            return Sha256::hex(digest.ende());
+        if (n < 0 && errno != EINTR)
+            return {};
+        if (n > 0)
+            digest.dazu(QByteArrayView(puffer.data(), n));
+    }
+}
 } // namespace
 
 void Sha256::Freigeber::operator()(EVP_MD_CTX *c) const noexcept { EVP_MD_CTX_free(c); }
@@ -61,17 +79,5 @@ QString sha256Datei(const QByteArray &pfad, const std::function<bool()> &abbruch
     if (datei.nummer() < 0 || ::fstat(datei.nummer(), &s) != 0 || !S_ISREG(s.st_mode))
         return {};
     ::posix_fadvise(datei.nummer(), 0, 0, POSIX_FADV_SEQUENTIAL);
-    Sha256 digest;
-    std::vector<char> puffer(stueck);
-    for (;;) {
-        if (abbruch && abbruch())
-            return {};
-        const ssize_t n = ::read(datei.nummer(), puffer.data(), puffer.size());
-        if (n == 0)
-            return Sha256::hex(digest.ende());
-        if (n < 0 && errno != EINTR)
-            return {};
-        if (n > 0)
-            digest.dazu(QByteArrayView(puffer.data(), n));
-    }
+    return inhaltssumme(datei.nummer(), abbruch);
 }

@@ -67,6 +67,24 @@ char16_t klein(char16_t c)
         return u'i';
     return char16_t(QChar::toLower(char32_t(c)));
 }
+
+/** Hands on the letter that @p c is without its marks; a sharp s is two. */
+void falten(Falter &falter, char16_t c)
+{
+    switch (c) {
+    case u'ä':
+        return falter.zeichen(u'a');
+    case u'ö':
+        return falter.zeichen(u'o');
+    case u'ü':
+        return falter.zeichen(u'u');
+    case u'ß':
+        falter.zeichen(u's');
+        return falter.zeichen(u's');
+    default:
+        return falter.zeichen(c);
+    }
+}
 } // namespace
 
 QString nfc(const QString &text) { return brauchtNfc(text) ? text.normalized(QString::NormalizationForm_C) : text; }
@@ -114,25 +132,8 @@ QString gefaltet(const QString &text, Faltung faltung)
 {
     const QString vorlage = brauchtNfc(text) ? nfc(text).toLower() : text;
     Falter falter(faltung, vorlage.size());
-    for (const QChar zeichen : vorlage) {
-        switch (const char16_t c = klein(zeichen.unicode())) {
-        case u'ä':
-            falter.zeichen(u'a');
-            break;
-        case u'ö':
-            falter.zeichen(u'o');
-            break;
-        case u'ü':
-            falter.zeichen(u'u');
-            break;
-        case u'ß':
-            falter.zeichen(u's');
-            falter.zeichen(u's');
-            break;
-        default:
-            falter.zeichen(c);
-        }
-    }
+    for (const QChar zeichen : vorlage)
+        falten(falter, klein(zeichen.unicode()));
     return falter.ergebnis();
 }
 
