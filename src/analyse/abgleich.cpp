@@ -133,6 +133,15 @@ void eintragen(Eintragung &e, Fall fall, const Offenes &o, QList<Offenes> &offen
     }
 }
 
+/** True if the catalogue knew the file. */
+bool fundEintragen(Eintragung &e, const Dateien::Verzeichnis &bekannte, const Fund &fund, QList<Offenes> &offene)
+{
+    const auto b = bekannte.constFind(fund.pfad);
+    const bool da = b != bekannte.cend();
+    eintragen(e, Abgleich::fall(da ? &*b : nullptr, fund), {.bekannt = da ? *b : Bekanntes(), .fund = fund}, offene);
+    return da;
+}
+
 /** New files that are no longer as they were found: filed or brought back by a deed of the review meanwhile, say. */
 QSet<QString> verschwundenSeither(const Dateien::Verzeichnis &bekannte, const QList<Fund> &funde)
 {
@@ -182,12 +191,7 @@ void Abgleich::eintragen(Lauf &lauf, const QList<Fund> &funde, qint64 seit)
     QList<Offenes> offene;
     Eintragung e(lauf.db(), seit);
     for (const Fund &f : funde) {
-        if (verschwundene.contains(f.pfad))
-            continue;
-        const auto b = bekannte.constFind(f.pfad);
-        const bool da = b != bekannte.cend();
-        ::eintragen(e, fall(da ? &*b : nullptr, f), {.bekannt = da ? *b : Bekanntes(), .fund = f}, offene);
-        if (da)
+        if (!verschwundene.contains(f.pfad) && fundEintragen(e, bekannte, f, offene))
             gefunden.insert(f.pfad);
     }
     e.abschliessen();

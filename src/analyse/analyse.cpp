@@ -85,12 +85,14 @@ void stufen(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
         Zweitmeinung::einholen(lauf);
 }
 
+Laufstand angehalten(const QString &grund)
+{
+    return {.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
+}
+
 /** One whole run; tells the state in which it ended. */
 Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
 {
-    const auto angehalten = [](const QString &grund) {
-        return Laufstand{.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
-    };
     try {
         if (Katalog::nurLesen(lauf.db()))
             return angehalten(Sprache::text(

@@ -147,6 +147,13 @@ private:
             ++m_ergebnis.verweise;
             return;
         }
+        gefunden(griff, e, ordner, relativ, name);
+    }
+
+    /** Takes a document in, by the path that leads to it. */
+    void gefunden(int griff, const Ordnereintrag &e, const QByteArray &ordner, const QString &relativ,
+                  const QString &name)
+    {
         const QString voll = vollerPfad(relativ);
         const QString pfad = voll == u"/"_s ? voll + name : voll + u'/' + name;
         struct stat s = {};
@@ -242,6 +249,20 @@ void ausgelassenesMelden(Lauf &lauf, const Bestand::Ergebnis &e)
                                             u"%@ Ordner ließen sich nicht lesen"_s));
 }
 
+void pruefsummenSchreiben(Datenbank &db, const QList<Pruefsummen::Ergebnis> &neue)
+{
+    Stapel stapel(db);
+    for (const Pruefsummen::Ergebnis &e : neue) {
+        // Without a digest the next run tries again.
+        if (e.sha256.isNull())
+            continue;
+        stapel.naechstes();
+        if (Dateien(db).pruefsummeSetzen(e.id, e.sha256))
+            Dateien(db).standNotieren(e.id, e.groesse, e.geaendert, true);
+    }
+    stapel.abschliessen();
+}
+
 void pruefsummenBilden(Lauf &lauf)
 {
     QList<Pruefsummen::Datei> dateien;
@@ -251,16 +272,7 @@ void pruefsummenBilden(Lauf &lauf)
     Pruefsummen::berechnen(
         dateien, [&lauf] { return lauf.sollHalten(); },
         [&](const QList<Pruefsummen::Ergebnis> &neue) {
-            Stapel stapel(lauf.db());
-            for (const Pruefsummen::Ergebnis &e : neue) {
-                // Without a digest the next run tries again.
-                if (e.sha256.isNull())
-                    continue;
-                stapel.naechstes();
-                if (Dateien(lauf.db()).pruefsummeSetzen(e.id, e.sha256))
-                    Dateien(lauf.db()).standNotieren(e.id, e.groesse, e.geaendert, true);
-            }
-            stapel.abschliessen();
+            pruefsummenSchreiben(lauf.db(), neue);
             fertig += neue.size();
             lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ verglichen"_s),
                                       {QString::number(fertig), QString::number(dateien.size())}),
@@ -272,6 +284,21 @@ void pruefsummenBilden(Lauf &lauf)
 [[noreturn]] void nichtErreichbar(const Lauf &lauf)
 {
     throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {lauf.profil().quelle}));
+}
+
+void herkunftVerlangen(const Lauf &lauf)
+{
+    if (lauf.profil().quelle.isEmpty())
+        throw Fehler(Sprache::text(u"Es ist noch kein Herkunftsordner gewählt"_s));
+    if (!istOrdner(QDir::cleanPath(lauf.profil().quelle)))
+        nichtErreichbar(lauf);
+}
+
+void anzahlMelden(Lauf &lauf, qsizetype anzahl)
+{
+    lauf.fortschritt(gefuellt(Sprache::text(anzahl, u"%@ PDF-Datei gefunden"_s, u"%@ PDF-Dateien gefunden"_s),
+                              {QString::number(anzahl)}),
+                     0, 1);
 }
 } // namespace
 
@@ -294,10 +321,7 @@ Bestand::Eigenes Bestand::eigenesVon(Datenbank &db, const QString &quelle)
 void Bestand::verzeichnen(Lauf &lauf)
 {
     lauf.stufe(QUILLMAR_TEXT(u"Bestand aufnehmen"_s));
-    if (lauf.profil().quelle.isEmpty())
-        throw Fehler(Sprache::text(u"Es ist noch kein Herkunftsordner gewählt"_s));
-    if (!istOrdner(QDir::cleanPath(lauf.profil().quelle)))
-        nichtErreichbar(lauf);
+    herkunftVerlangen(lauf);
     const auto halt = [&lauf] { return lauf.sollHalten(); };
     Q_UNUSED(Bewegungsgang::klaeren(lauf.katalog())); // what a crash left open would look like new files
     const qint64 seit = Bewegungen(lauf.db()).neueste();
@@ -309,10 +333,7 @@ void Bestand::verzeichnen(Lauf &lauf)
         nichtErreichbar(lauf);
     if (!ergebnis.funde.isEmpty())
         Herkunft::merken(lauf.db(), lauf.profil());
-    lauf.fortschritt(
-        gefuellt(Sprache::text(ergebnis.funde.size(), u"%@ PDF-Datei gefunden"_s, u"%@ PDF-Dateien gefunden"_s),
-                 {QString::number(ergebnis.funde.size())}),
-        0, 1);
+    anzahlMelden(lauf, ergebnis.funde.size());
     Abgleich::eintragen(lauf, ergebnis.funde, seit);
     verwaisteDublettenFreigeben(lauf);
     ausgelassenesMelden(lauf, ergebnis);

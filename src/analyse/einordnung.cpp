@@ -117,35 +117,50 @@ Ort ortAus(const QJsonObject &antwort, const Profil &profil)
         ort.rubrik = rubrik;
     return ort;
 }
-} // namespace
 
-QString Einordnung::anweisung(const Profil &profil)
+/** Whose papers they are and what the model gets. */
+QString vorspann(const Profil &profil)
 {
     QString text = u"Du bist Archivar einer deutschen Dokumentenablage.\n"_s;
     if (!profil.eigentuemer.isEmpty())
         text += u"Eigentuemer: "_s + profil.eigentuemer;
-    text += u"\n\nDu bekommst den Text eines eingescannten Dokuments. Entscheide allein aus dem Inhalt.\n"
-            "Der bisherige Dateiname kann ein Datum enthalten, ist sonst aber unzuverlaessig.\n\n"
-            "Liefere:\n"
-            "- datum: das Datum AUF dem Dokument, Format JJJJ-MM-TT. Kein Scandatum. Unbekannt heisst leer.\n"
-            "- gegenueber: Name der ANDEREN Seite, also Absender oder Empfaenger. Ausgeschrieben mit\n"
-            "  Leerzeichen, ohne Rechtsform. Beispiele: Finanzamt Meissen, GLS Bank, Telekom Deutschland.\n"
-            "  Bei eigenen Ausgangsrechnungen ist das Gegenueber der Kunde.\n"
-            "  WICHTIG: Das Gegenueber ist NIEMALS der Eigentuemer selbst"_s;
+    return text + u"\n\nDu bekommst den Text eines eingescannten Dokuments. Entscheide allein aus dem Inhalt.\n"
+                  "Der bisherige Dateiname kann ein Datum enthalten, ist sonst aber unzuverlaessig.\n\n"
+                  "Liefere:\n"_s;
+}
+
+/** What the page itself tells: date, counterpart and title. */
+QString inhaltsfelder(const Profil &profil)
+{
+    QString text = u"- datum: das Datum AUF dem Dokument, Format JJJJ-MM-TT. Kein Scandatum. Unbekannt heisst leer.\n"
+                   "- gegenueber: Name der ANDEREN Seite, also Absender oder Empfaenger. Ausgeschrieben mit\n"
+                   "  Leerzeichen, ohne Rechtsform. Beispiele: Finanzamt Meissen, GLS Bank, Telekom Deutschland.\n"
+                   "  Bei eigenen Ausgangsrechnungen ist das Gegenueber der Kunde.\n"
+                   "  WICHTIG: Das Gegenueber ist NIEMALS der Eigentuemer selbst"_s;
     if (const QStringList eigene = profil.eigenkennungen(); !eigene.isEmpty())
         text += u", also nicht "_s + eigene.join(u", "_s);
-    text += u".\n  Steht der Eigentuemer als Absender, nimm den Empfaenger. Steht er als Empfaenger,\n"
-            "  nimm den Absender. Gibt es keine andere Seite, lass das Feld leer.\n"
-            "- titel: worum es konkret geht, kurz und sachlich. Er muss dieses Dokument von allen\n"
-            "  anderen desselben Absenders unterscheidbar machen. Nenne Rechnungsnummer, Vertragsnummer,\n"
-            "  Zeitraum oder Gegenstand. Keine Wiederholung des Gegenuebers, kein Datum im Titel.\n"
-            "- zweig: einer von "_s;
-    text += zweignamen(profil) + u".\n- ablage: eine von "_s + ablagenamen(profil);
+    return text + u".\n  Steht der Eigentuemer als Absender, nimm den Empfaenger. Steht er als Empfaenger,\n"
+                  "  nimm den Absender. Gibt es keine andere Seite, lass das Feld leer.\n"
+                  "- titel: worum es konkret geht, kurz und sachlich. Er muss dieses Dokument von allen\n"
+                  "  anderen desselben Absenders unterscheidbar machen. Nenne Rechnungsnummer, Vertragsnummer,\n"
+                  "  Zeitraum oder Gegenstand. Keine Wiederholung des Gegenuebers, kein Datum im Titel.\n"_s;
+}
+
+/** The places that there are, of which the model is to name one. */
+QString ortsfelder(const Profil &profil)
+{
+    QString text = u"- zweig: einer von "_s + zweignamen(profil) + u".\n- ablage: eine von "_s + ablagenamen(profil);
     text += u".\n- rubrik: exakt ein Eintrag aus der Liste des gewaehlten Zweigs und der gewaehlten Ablage.\n"
             "- konfidenz: Zahl zwischen 0 und 1.\n\nRubriken:\n"_s;
-    text += rubrikenliste(profil);
-    return text + u"\nAntworte ausschliesslich mit einem JSON-Objekt mit den Schluesseln\n"
-                  "datum, gegenueber, titel, zweig, ablage, rubrik, konfidenz."_s;
+    return text + rubrikenliste(profil);
+}
+} // namespace
+
+QString Einordnung::anweisung(const Profil &profil)
+{
+    return vorspann(profil) + inhaltsfelder(profil) + ortsfelder(profil) +
+           u"\nAntworte ausschliesslich mit einem JSON-Objekt mit den Schluesseln\n"
+           "datum, gegenueber, titel, zweig, ablage, rubrik, konfidenz."_s;
 }
 
 QString Einordnung::frage(const QString &anweisung, const QString &dateiname, const QString &text, int maxZeichen)

@@ -23,18 +23,7 @@ public:
         for (const Paare::Abdruck &a : abdruecke)
             m_werte.insert(m_werte.end(), a.werte.begin(), a.werte.end());
         std::sort(m_werte.begin(), m_werte.end());
-        std::vector<quint32> haeufigkeit;
-        qsizetype letzter = -1;
-        for (size_t i = 0; i < m_werte.size(); ++i) {
-            if (i == 0 || m_werte[i] != m_werte[size_t(letzter)]) {
-                m_werte[size_t(++letzter)] = m_werte[i];
-                haeufigkeit.push_back(0);
-            }
-            ++haeufigkeit.back();
-        }
-        m_werte.resize(size_t(letzter + 1));
-        m_werte.shrink_to_fit();
-        ordnen(haeufigkeit);
+        ordnen(zusammenfassen());
     }
 
     [[nodiscard]] Werte raenge(const QList<quint64> &werte) const
@@ -50,6 +39,23 @@ public:
     }
 
 private:
+    /** Keeps each of the sorted values once; returns how often each was there. */
+    std::vector<quint32> zusammenfassen()
+    {
+        std::vector<quint32> haeufigkeit;
+        qsizetype letzter = -1;
+        for (size_t i = 0; i < m_werte.size(); ++i) {
+            if (i == 0 || m_werte[i] != m_werte[size_t(letzter)]) {
+                m_werte[size_t(++letzter)] = m_werte[i];
+                haeufigkeit.push_back(0);
+            }
+            ++haeufigkeit.back();
+        }
+        m_werte.resize(size_t(letzter + 1));
+        m_werte.shrink_to_fit();
+        return haeufigkeit;
+    }
+
     void ordnen(const std::vector<quint32> &haeufigkeit)
     {
         std::vector<Rang> reihe(haeufigkeit.size());
@@ -115,25 +121,30 @@ private:
     std::unordered_map<Rang, std::vector<quint32>> m_index;
     std::vector<quint32> m_kandidaten;
 };
+
+/** The values of each as ranks; takes the values themselves away, of which there are many. */
+std::vector<Werte> rangmengen(QList<Paare::Abdruck> &abdruecke)
+{
+    const Rangliste rangliste(abdruecke);
+    std::vector<Werte> mengen;
+    for (Paare::Abdruck &a : abdruecke) {
+        mengen.push_back(rangliste.raenge(a.werte));
+        a.werte = {};
+    }
+    return mengen;
+}
+
+/** By number; what is known comes before what is new, which is compared with all before it. */
+bool kommtVor(const Paare::Abdruck &a, const Paare::Abdruck &b) { return a.neu != b.neu ? b.neu : a.id < b.id; }
 } // namespace
 
 QList<Paare::Paar> Paare::finden(QList<Abdruck> abdruecke, const Eignung &taugt)
 {
     abdruecke.removeIf([](const Abdruck &a) { return a.werte.size() < mindestWerte; });
-    std::sort(abdruecke.begin(), abdruecke.end(),
-              [](const Abdruck &a, const Abdruck &b) { return a.neu != b.neu ? b.neu : a.id < b.id; });
+    std::sort(abdruecke.begin(), abdruecke.end(), kommtVor);
     const auto bekannte =
         quint32(std::count_if(abdruecke.begin(), abdruecke.end(), [](const Abdruck &a) { return !a.neu; }));
-    std::vector<Werte> mengen;
-    std::vector<qint64> ids;
-    {
-        const Rangliste rangliste(abdruecke);
-        for (Abdruck &a : abdruecke) {
-            mengen.push_back(rangliste.raenge(a.werte));
-            ids.push_back(a.id);
-            a.werte = {};
-        }
-    }
+    const std::vector<Werte> mengen = rangmengen(abdruecke);
     Verzeichnis verzeichnis(mengen);
     QList<Paar> paare;
     for (quint32 i = 0; i < bekannte; ++i)
@@ -143,8 +154,8 @@ QList<Paare::Paar> Paare::finden(QList<Abdruck> abdruecke, const Eignung &taugt)
             if (!groessePasst(mengen[i].size(), mengen[j].size()))
                 continue;
             const double wert = jaccard(mengen[i], mengen[j]);
-            if (wert >= schwelle && (j >= bekannte || !taugt || taugt(ids[i], ids[j]))) {
-                paare << Paar{.id = ids[i], .partner = ids[j], .aehnlichkeit = wert};
+            if (wert >= schwelle && (j >= bekannte || !taugt || taugt(abdruecke.at(i).id, abdruecke.at(j).id))) {
+                paare << Paar{.id = abdruecke.at(i).id, .partner = abdruecke.at(j).id, .aehnlichkeit = wert};
                 break;
             }
         }

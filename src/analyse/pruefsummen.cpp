@@ -51,6 +51,22 @@ private:
     QList<Pruefsummen::Ergebnis> m_fertig;
     int m_abgemeldet = 0;
 };
+
+/** What changes while it is read has another state afterwards, and is read again next time. */
+Pruefsummen::Ergebnis berechnet(const Pruefsummen::Datei &datei, const std::function<bool()> &sollHalten)
+{
+    const auto stand = Dateibewegung::angabenVon(datei.pfad).value_or(Dateibewegung::Schritt());
+    return {.id = datei.id,
+            .sha256 = sha256Datei(aufDerPlatte(datei.pfad), sollHalten),
+            .groesse = stand.groesse,
+            .geaendert = stand.zeit};
+}
+
+/** Lets the workers go when delivery throws. */
+struct Ausschalter {
+    std::atomic<bool> &aus;
+    ~Ausschalter() { aus = true; }
+};
 } // namespace
 
 void Pruefsummen::berechnen(const QList<Datei> &dateien, const std::function<bool()> &halt,
@@ -62,21 +78,13 @@ void Pruefsummen::berechnen(const QList<Datei> &dateien, const std::function<boo
     const auto sollHalten = [&] { return aus.load(std::memory_order_relaxed) || halt(); };
     const auto arbeiten = [&] {
         for (qsizetype i = naechste++; i < dateien.size() && !sollHalten(); i = naechste++) {
-            // What changes while it is read has another state afterwards, and is read again next time.
-            const auto stand = Dateibewegung::angabenVon(dateien.at(i).pfad).value_or(Dateibewegung::Schritt());
-            const QString summe = sha256Datei(aufDerPlatte(dateien.at(i).pfad), sollHalten);
+            Ergebnis ergebnis = berechnet(dateien.at(i), sollHalten);
             if (!sollHalten())
-                stelle.abgeben(
-                    {.id = dateien.at(i).id, .sha256 = summe, .groesse = stand.groesse, .geaendert = stand.zeit});
+                stelle.abgeben(std::move(ergebnis));
         }
         stelle.abmelden();
     };
-    std::array<std::jthread, faeden> arbeiter;
-    // Lets the workers go when delivery throws; the threads are joined after it, in reverse order of declaration.
-    struct Ausschalter {
-        std::atomic<bool> &aus;
-        ~Ausschalter() { aus = true; }
-    };
+    std::array<std::jthread, faeden> arbeiter; // declared before the switch, so joined after it
     for (std::jthread &einer : arbeiter)
         einer = std::jthread(arbeiten);
     const Ausschalter ausschalter{aus};

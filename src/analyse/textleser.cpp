@@ -83,6 +83,21 @@ void herkunftPruefen(const Lauf &lauf)
         throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {profil.quelle}));
 }
 
+/** Small documents come faster than a disk flushes: some share one transaction. */
+void abUndZuSchreiben(Datenbank &db, QList<Gelesen> &fertige, steady_clock::time_point &geschrieben)
+{
+    if (steady_clock::now() - geschrieben <= schreibabstand)
+        return;
+    schreiben(db, fertige);
+    geschrieben = steady_clock::now();
+}
+
+void lesenMelden(Lauf &lauf, qsizetype stand, qsizetype alle)
+{
+    lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ gelesen"_s), {QString::number(stand), QString::number(alle)}),
+                     stand, alle);
+}
+
 void alleLesen(Lauf &lauf)
 {
     const Texte texte(lauf.db());
@@ -100,14 +115,8 @@ void alleLesen(Lauf &lauf)
         }
         if (!fertige.last().fehler.isEmpty())
             herkunftPruefen(lauf);
-        // Small documents come faster than a disk flushes: some share one transaction.
-        if (steady_clock::now() - geschrieben > schreibabstand) {
-            schreiben(lauf.db(), fertige);
-            geschrieben = steady_clock::now();
-        }
-        lauf.fortschritt(
-            gefuellt(Sprache::text(u"%@ von %@ gelesen"_s), {QString::number(i + 1), QString::number(offene.size())}),
-            i + 1, offene.size());
+        abUndZuSchreiben(lauf.db(), fertige, geschrieben);
+        lesenMelden(lauf, i + 1, offene.size());
     }
     schreiben(lauf.db(), fertige);
 }

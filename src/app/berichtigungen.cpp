@@ -51,6 +51,21 @@ void einesNachfragen(Datenbank &db, const Gegenpruefung &pruefung, const Profil 
     ++(name ? bilanz.ersetzt : bilanz.geleert);
 }
 
+Nachfragebilanz alleNachfragen(Datenbank &db, const Gegenpruefung &pruefung, const Profil &profil,
+                               const QList<Vorschlaege::Vorlage> &betroffene)
+{
+    Nachfragebilanz bilanz;
+    for (qsizetype i = 0; i < betroffene.size(); ++i) {
+        try {
+            einesNachfragen(db, pruefung, profil, betroffene.at(i), bilanz);
+        } catch (const Fehler &f) {
+            Ausgabe::melden(f.text()); // an unanswered question changes nothing; the next run asks again
+        }
+        drucken(gefuellt(u"%@ von %@"_s, {QString::number(i + 1), QString::number(betroffene.size())}));
+    }
+    return bilanz;
+}
+
 struct Berichtigung {
     qint64 id = 0;
     QString alt;
@@ -98,15 +113,7 @@ void Kommandozeile::gegenueberBerichtigen(Datenbank &db, const Profil &profil, b
     drucken(gefuellt(u"Betroffen: %@ Dokumente"_s, {QString::number(betroffene.size())}));
     if (nurZeigen)
         return drucken(u"Nur gezeigt. Mit --anwenden wird nachgefragt und geschrieben."_s);
-    Nachfragebilanz bilanz;
-    for (qsizetype i = 0; i < betroffene.size(); ++i) {
-        try {
-            einesNachfragen(db, pruefung, profil, betroffene.at(i), bilanz);
-        } catch (const Fehler &f) {
-            Ausgabe::melden(f.text()); // an unanswered question changes nothing; the next run asks again
-        }
-        drucken(gefuellt(u"%@ von %@"_s, {QString::number(i + 1), QString::number(betroffene.size())}));
-    }
+    const Nachfragebilanz bilanz = alleNachfragen(db, pruefung, profil, betroffene);
     drucken(gefuellt(u"\nGegenueber berichtigt\n"
                      "  ersetzt  %@\n"
                      "  geleert  %@"_s,

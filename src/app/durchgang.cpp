@@ -61,6 +61,37 @@ private:
     std::unique_ptr<QSocketNotifier> m_melder;
     void (*m_alterHup)(int) = SIG_DFL;
 };
+
+/** The first Ctrl+C lets the document in hand be finished; everything else ends the run at once. */
+class Haltewunsch
+{
+public:
+    Haltewunsch(Analyse &analyse, Ausgabe::Statuszeile &status, QEventLoop &schleife)
+        : m_analyse(analyse), m_status(status), m_schleife(schleife)
+    {
+    }
+
+    void aufnehmen(int nummer)
+    {
+        if (m_gewarnt || nummer != SIGINT) {
+            m_analyse.sofortBeenden();
+            // Whatever the run waits for, a locked catalogue say.
+            return QTimer::singleShot(laengstesWarten, &m_schleife, &QEventLoop::quit);
+        }
+        m_gewarnt = true;
+        m_analyse.abbrechen();
+        m_status.loeschen();
+        Ausgabe::melden(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein "
+                        "späterer Start setzt dort fort."_s);
+    }
+
+private:
+    Analyse &m_analyse;
+    Ausgabe::Statuszeile &m_status;
+    QEventLoop &m_schleife;
+    bool m_gewarnt = false;
+};
+
 void umgebungMelden()
 {
     if (const QString satz = Ollama::umgebungshinweis(); !satz.isEmpty())
@@ -91,19 +122,8 @@ void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Prof
     QObject::connect(&analyse, &Analyse::geaendert, &analyse,
                      [&] { status.zeigen(analyse.stufe(), analyse.anteil(), analyse.meldung(), analyse.restzeit()); });
     QEventLoop schleife;
-    bool gewarnt = false;
-    const Signale signale([&](int nummer) {
-        if (gewarnt || nummer != SIGINT) {
-            analyse.sofortBeenden();
-            // Whatever the run waits for, a locked catalogue say.
-            return QTimer::singleShot(laengstesWarten, &schleife, &QEventLoop::quit);
-        }
-        gewarnt = true;
-        analyse.abbrechen();
-        status.loeschen();
-        Ausgabe::melden(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein "
-                        "späterer Start setzt dort fort."_s);
-    });
+    Haltewunsch haltewunsch(analyse, status, schleife);
+    const Signale signale([&](int nummer) { haltewunsch.aufnehmen(nummer); });
     QObject::connect(&analyse, &Analyse::beendet, &schleife, &QEventLoop::quit);
     analyse.allesStarten({.erneut = erneut, .nurDies = {}, .nurLesen = false});
     schleife.exec();

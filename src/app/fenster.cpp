@@ -40,22 +40,30 @@ void beiMeldung(QtMsgType art, const QMessageLogContext &, const QString &text)
     sagen(stderr, hilfe());
     ::_exit(1);
 }
-} // namespace
 
-int main(int anzahl, char **argumente)
+/** Answers what needs no window; false if nothing of the kind was asked. */
+bool istBeantwortet(int anzahl, char **argumente)
 {
     for (int i = 1; i < anzahl; ++i) {
         const QByteArrayView argument(argumente[i]);
         if (argument == "--version") {
             const QCoreApplication programm(anzahl, argumente);
             sagen(stdout, Diagnose::zeilen().join(u'\n'));
-            return 0;
+            return true;
         }
         if (argument == "--help") {
             sagen(stdout, hilfe());
-            return 0;
+            return true;
         }
     }
+    return false;
+}
+} // namespace
+
+int main(int anzahl, char **argumente)
+{
+    if (istBeantwortet(anzahl, argumente))
+        return 0;
     qInstallMessageHandler(beiMeldung);
     int ende = 0;
     {

@@ -101,6 +101,15 @@ void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &
     Kommandozeile::bestandDrucken(werk);
     Kommandozeile::bericht(*db, werk);
 }
+
+void ausfuehrenOderMelden(const QStringList &argumente, const std::shared_ptr<Datenbank> &db, const Profil &profil)
+{
+    try {
+        ausfuehren(argumente, db, profil);
+    } catch (const Fehler &f) {
+        Ausgabe::melden(f.text());
+    }
+}
 } // namespace
 
 bool Kommandozeile::istGemeint(const QStringList &argumente)
@@ -132,9 +141,5 @@ void Kommandozeile::laufen(const QStringList &argumente)
         return;
     ausnahmenAnwenden(*db, *profil);
     strukturErgaenzen(*profil, liste);
-    try {
-        ausfuehren(argumente, db, *profil);
-    } catch (const Fehler &f) {
-        Ausgabe::melden(f.text());
-    }
+    ausfuehrenOderMelden(argumente, db, *profil);
 }

@@ -120,8 +120,9 @@ bool alle(const QList<Probe> &proben, Bedingung bedingung)
     return std::all_of(proben.begin(), proben.end(), bedingung);
 }
 
-void hinweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr<Datenbank> &db, const Profil &profil,
-            const std::shared_ptr<Protokollbuch> &buch)
+/** Files all of them; where each lies now, by its number. */
+QHash<qint64, QString> uebernommene(const QList<Probe> &proben, const std::shared_ptr<Datenbank> &db,
+                                    const Profil &profil, const std::shared_ptr<Protokollbuch> &buch)
 {
     QHash<qint64, QString> orte;
     for (const Probe &probe : proben) {
@@ -132,6 +133,13 @@ void hinweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr
             Ausgabe::melden(probe.vorher.dateiname + u": "_s + f.text());
         }
     }
+    return orte;
+}
+
+void hinweg(Selbstpruefung &p, const QList<Probe> &proben, const std::shared_ptr<Datenbank> &db, const Profil &profil,
+            const std::shared_ptr<Protokollbuch> &buch)
+{
+    QHash<qint64, QString> orte = uebernommene(proben, db, profil, buch);
     const Ablagewerk werk(db, profil);
     p.pruefe(orte.size() == proben.size(), u"alle wartenden Dokumente übernommen"_s);
     p.pruefe(alle(proben, [&](const Probe &q) { return sha256Datei(aufDerPlatte(orte[q.vorher.id])) == q.summe; }),

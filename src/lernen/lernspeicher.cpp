@@ -17,6 +17,31 @@ bool istFruehererSchluessel(const QString &alt, const QString &neu)
 {
     return !neu.isEmpty() && alt == neu + u" gmbh"_s;
 }
+
+void zuordnungenUebertragen(Datenbank &db)
+{
+    Gelerntes gelerntes(db);
+    for (const Eintrag &eintrag : gelerntes.zuordnungen()) {
+        // The name it was made from tells for certain what the key is today.
+        const QString neu = Lernregeln::schluessel(eintrag.anzeige);
+        if (!istFruehererSchluessel(eintrag.schluessel, neu))
+            continue;
+        gelerntes.zuordnungUmschluesseln(eintrag.schluessel, neu);
+        Vorschlaege(db).umschluesseln(eintrag.schluessel, neu);
+    }
+}
+
+void gleichungenUebertragen(Datenbank &db)
+{
+    Gelerntes gelerntes(db);
+    for (const Gleichung &gleichung : gelerntes.gleichungen()) {
+        const QString neu = Lernregeln::schluessel(gleichung.von);
+        if (!istFruehererSchluessel(gleichung.von, neu))
+            continue;
+        gelerntes.gleichungUmschluesseln(gleichung.von, neu);
+        Vorschlaege(db).umschluesseln(gleichung.von, neu);
+    }
+}
 } // namespace
 
 QList<Eintrag> Lernspeicher::alle() const { return Gelerntes(m_db).zuordnungen(); }
@@ -218,21 +243,8 @@ void Lernspeicher::schluesselUebertragen()
     if (gelerntes.istUebertragen(was))
         return;
     Transaktion transaktion(m_db);
-    for (const Eintrag &eintrag : gelerntes.zuordnungen()) {
-        // The name it was made from tells for certain what the key is today.
-        const QString neu = Lernregeln::schluessel(eintrag.anzeige);
-        if (!istFruehererSchluessel(eintrag.schluessel, neu))
-            continue;
-        gelerntes.zuordnungUmschluesseln(eintrag.schluessel, neu);
-        Vorschlaege(m_db).umschluesseln(eintrag.schluessel, neu);
-    }
-    for (const Gleichung &gleichung : gelerntes.gleichungen()) {
-        const QString neu = Lernregeln::schluessel(gleichung.von);
-        if (!istFruehererSchluessel(gleichung.von, neu))
-            continue;
-        gelerntes.gleichungUmschluesseln(gleichung.von, neu);
-        Vorschlaege(m_db).umschluesseln(gleichung.von, neu);
-    }
+    zuordnungenUebertragen(m_db);
+    gleichungenUebertragen(m_db);
     gelerntes.uebertragenVermerken(was);
     transaktion.abschliessen();
 }

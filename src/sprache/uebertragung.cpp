@@ -54,19 +54,24 @@ private:
             const qsizetype festes = muster.size() - muster.count(platzhalter) * platzhalter.size();
             if (festes <= meistes || !muster.contains(platzhalter))
                 continue;
-            const QStringList stuecke = muster.split(platzhalter);
-            QStringList regel;
-            for (const QString &stueck : stuecke)
-                regel << QRegularExpression::escape(stueck);
-            const auto treffer = QRegularExpression(u"\\A"_s + regel.join(u"(.*?)"_s) + u"\\z"_s,
-                                                    QRegularExpression::DotMatchesEverythingOption)
-                                     .match(gesagt);
+            const auto treffer = alsRegel(muster).match(gesagt);
             if (!treffer.hasMatch())
                 continue;
             meistes = festes;
             bestes = gefuelltes(inSprache(m_nach, text), treffer.capturedTexts().mid(1));
         }
         return bestes;
+    }
+
+    /** Finds what has been filled into the places of @p muster. */
+    [[nodiscard]] static QRegularExpression alsRegel(const QString &muster)
+    {
+        const QStringList stuecke = muster.split(platzhalter);
+        QStringList regel;
+        for (const QString &stueck : stuecke)
+            regel << QRegularExpression::escape(stueck);
+        return QRegularExpression(u"\\A"_s + regel.join(u"(.*?)"_s) + u"\\z"_s,
+                                  QRegularExpression::DotMatchesEverythingOption);
     }
 
     [[nodiscard]] static QString gefuelltes(const QString &muster, const QStringList &werte)

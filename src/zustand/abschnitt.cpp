@@ -102,27 +102,32 @@ Abschnittsstand eigentuemer(const Profil &p)
     return {.lage = Lage::gut, .zeile = p.eigentuemer.isEmpty() ? p.eigenkennungen().first() : p.eigentuemer};
 }
 
-Abschnittsstand modell(const Einrichtungslage &z)
+/** How it stands with the model of @p profil while none is being fetched. */
+Abschnittsstand nachArt(Modellstand::Art art, const Profil &profil)
 {
-    const Modellstand &stand = z.modell;
-    if (!stand.laedtModell.isEmpty())
-        return {.lage = Lage::prueft, .zeile = gefuellt(Sprache::text(u"%@ wird geladen"_s), {stand.laedtModell})};
-    switch (stand.art) {
+    switch (art) {
     case Modellstand::Art::bereit:
-        return {.lage = platzImModell(z.profil) > 1 ? Lage::warnung : Lage::gut,
-                .zeile = gefuellt(Sprache::text(u"%@ einsatzbereit"_s), {z.profil.modell})};
+        return {.lage = platzImModell(profil) > 1 ? Lage::warnung : Lage::gut,
+                .zeile = gefuellt(Sprache::text(u"%@ einsatzbereit"_s), {profil.modell})};
     case Modellstand::Art::serverFehlt:
         return {.lage = Lage::gestoert, .zeile = Sprache::text(u"Modellserver läuft nicht"_s)};
     case Modellstand::Art::modellFehlt:
-        return {.lage = Lage::gestoert, .zeile = gefuellt(Sprache::text(u"%@ fehlt"_s), {z.profil.modell})};
+        return {.lage = Lage::gestoert, .zeile = gefuellt(Sprache::text(u"%@ fehlt"_s), {profil.modell})};
     case Modellstand::Art::modellAnderswo:
-        return {.lage = Lage::gestoert,
-                .zeile = gefuellt(Sprache::text(u"%@ rechnet nicht hier"_s), {z.profil.modell})};
+        return {.lage = Lage::gestoert, .zeile = gefuellt(Sprache::text(u"%@ rechnet nicht hier"_s), {profil.modell})};
     case Modellstand::Art::laedt:
     case Modellstand::Art::unbekannt:
         break;
     }
     return {.lage = Lage::prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
+}
+
+Abschnittsstand modell(const Einrichtungslage &z)
+{
+    const Modellstand &stand = z.modell;
+    if (!stand.laedtModell.isEmpty())
+        return {.lage = Lage::prueft, .zeile = gefuellt(Sprache::text(u"%@ wird geladen"_s), {stand.laedtModell})};
+    return nachArt(stand.art, z.profil);
 }
 
 Abschnittsstand gelernt(const Lernstand &g)

@@ -34,6 +34,15 @@ QStringList zaehlschluessel(const Profil &p)
            p.ausnahmen;
 }
 
+/** What lies in the source folder; none if that is not there. Blocks. */
+std::optional<Quellstand> gezaehlt(const Profil &profil, const std::shared_ptr<Datenbank> &db,
+                                   const std::stop_token &ende)
+{
+    if (profil.quelle.isEmpty() || !istOrdner(QDir::cleanPath(profil.quelle)))
+        return std::nullopt;
+    return Quellstand::zaehlen(profil, db, [ende] { return ende.stop_requested(); });
+}
+
 QList<Ausnahmefilter::Regel> regelnVon(const QString &regel) { return Ausnahmefilter({regel}).regeln(); }
 } // namespace
 
@@ -134,18 +143,13 @@ void Einrichtung::quelleZaehlen()
         return m_zaehlschluessel.clear();
     m_stand.zaehlt = true;
     const OffenesProfil *offenes = m_nachbarn.profilwahl->offenes();
-    m_zaehlung.stellen(
-        [profil = *aktiv(),
-         db = offenes ? offenes->db() : nullptr](const std::stop_token &ende) -> std::optional<Quellstand> {
-            if (profil.quelle.isEmpty() || !istOrdner(QDir::cleanPath(profil.quelle)))
-                return std::nullopt;
-            return Quellstand::zaehlen(profil, db, [ende] { return ende.stop_requested(); });
-        },
-        [this](const Ausgang<std::optional<Quellstand>> &ausgang) {
-            m_stand.zaehlt = false;
-            m_stand.quelle = ausgang.wert.value_or(std::nullopt);
-            Q_EMIT einrichtungGeaendert();
-        });
+    m_zaehlung.stellen([profil = *aktiv(), db = offenes ? offenes->db() : nullptr](
+                           const std::stop_token &ende) { return gezaehlt(profil, db, ende); },
+                       [this](const Ausgang<std::optional<Quellstand>> &ausgang) {
+                           m_stand.zaehlt = false;
+                           m_stand.quelle = ausgang.wert.value_or(std::nullopt);
+                           Q_EMIT einrichtungGeaendert();
+                       });
     Q_EMIT einrichtungGeaendert();
 }
 

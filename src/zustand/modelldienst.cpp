@@ -16,6 +16,14 @@ struct Modelldienst::Ladeausgang {
     QString fehler;
     bool gescheitert = false; ///< the transfer itself, not the server's doing
 
+    /** Why the model is not there, should it not be. Empty when the server was not to be asked. */
+    [[nodiscard]] QString ursache() const
+    {
+        if (fehler.isEmpty() && stand.art != Modellstand::Art::serverFehlt)
+            return Sprache::text(u"Der Modellserver hat aufgehört, bevor es da war"_s);
+        return fehler;
+    }
+
     using Melder = std::function<void(const QString &text, qint64 fertig, qint64 gesamt)>;
     [[nodiscard]] static Ladeausgang von(const QString &modell, const QString &gesucht, const Melder &melder,
                                          const std::stop_token &ende);
@@ -163,9 +171,7 @@ void Modelldienst::geladen(const Ladeausgang &ausgang)
     Modellstand stand = ausgang.stand;
     const QString geladenes = m_modell.laedtModell;
     const bool abgebrochen = m_ladeende.stop_requested();
-    QString fehler = ausgang.fehler;
-    if (fehler.isEmpty() && stand.art != Modellstand::Art::serverFehlt)
-        fehler = Sprache::text(u"Der Modellserver hat aufgehört, bevor es da war"_s);
+    const QString fehler = ausgang.ursache();
     if (!abgebrochen && !fehler.isEmpty() && !Modellstand::treffer(stand.vorhandene, geladenes)) {
         stand.ladefehler = fehler;
         stand.fehlermodell = geladenes;

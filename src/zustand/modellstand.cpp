@@ -21,6 +21,19 @@ bool Modellstand::rechnetAnderswo(const QString &modell) const
     return verzeichnis.rechnetAnderswo(modell) || verzeichnis.rechnetAnderswo(treffer(modell).value_or(modell));
 }
 
+namespace
+{
+/** What @p server lists; a server that does not tell its models has none. */
+Modellverzeichnis verzeichnisVon(const Ollama &server)
+{
+    try {
+        return server.verzeichnis();
+    } catch (const Fehler &) {
+        return {};
+    }
+}
+} // namespace
+
 Modellstand Modellstand::pruefen(const QString &gesucht)
 {
     const Ollama server;
@@ -30,11 +43,7 @@ Modellstand Modellstand::pruefen(const QString &gesucht)
         stand.meldung = Sprache::text(u"Der Modellserver ollama läuft nicht"_s);
         return stand;
     }
-    try {
-        stand.verzeichnis = server.verzeichnis();
-    } catch (const Fehler &) {
-        stand.verzeichnis = {}; // a server that does not tell its models has none
-    }
+    stand.verzeichnis = verzeichnisVon(server);
     stand.vorhandene = stand.verzeichnis.vollstaendig() ? stand.verzeichnis.namen() : QStringList();
     if (stand.rechnetAnderswo(gesucht)) {
         stand.art = Art::modellAnderswo;

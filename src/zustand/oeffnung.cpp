@@ -22,6 +22,15 @@ void versuchen(QStringList &hinweise, const std::function<QStringList()> &arbeit
         hinweise << fehlersatz(std::current_exception());
     }
 }
+
+QStringList bewegungenKlaeren(const std::shared_ptr<Datenbank> &db)
+{
+    const QStringList ungeklaert = Bewegungsgang::klaeren(db);
+    if (ungeklaert.isEmpty())
+        return {};
+    return {gefuellt(Sprache::text(u"%@ Bewegungen nach einem Absturz noch ungeklärt: %@"_s),
+                     {QString::number(ungeklaert.size()), ungeklaert.join(u", "_s)})};
+}
 } // namespace
 
 QStringList ausnahmenDurchsetzen(Datenbank &db, const Profil &profil)
@@ -42,13 +51,7 @@ Oeffnung Oeffnung::von(const Profil &profil)
     if (Katalog::nurLesen(*o.db)) {
         o.hinweise << Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
     } else {
-        versuchen(o.hinweise, [&] {
-            const QStringList ungeklaert = Bewegungsgang::klaeren(o.db);
-            return ungeklaert.isEmpty()
-                       ? QStringList()
-                       : QStringList{gefuellt(Sprache::text(u"%@ Bewegungen nach einem Absturz noch ungeklärt: %@"_s),
-                                              {QString::number(ungeklaert.size()), ungeklaert.join(u", "_s)})};
-        });
+        versuchen(o.hinweise, [&] { return bewegungenKlaeren(o.db); });
         versuchen(o.hinweise, [&] {
             Lernspeicher(*o.db).schluesselUebertragen();
             return QStringList();

@@ -25,6 +25,15 @@ Vorlagenmangel leerImPfad(const QString &block)
     return {.satz = gefuellt(Sprache::text(u"%@ bleibt im Ordner immer leer, die Ebene fällt weg."_s), {block}),
             .block = block};
 }
+
+/** What is wrong with @p block, a word with its braces. */
+std::optional<Vorlagenmangel> blockmangel(const QString &block, bool istPfad)
+{
+    const auto baustein = bausteinAus(QStringView(block).sliced(1).chopped(1));
+    if (!baustein)
+        return unbekannt(block);
+    return istPfad && !imPfad(*baustein) ? std::optional(leerImPfad(block)) : std::nullopt;
+}
 } // namespace
 
 QList<Vorlagenmangel> vorlagenmaengel(const QString &vorlage, bool istPfad)
@@ -41,12 +50,8 @@ QList<Vorlagenmangel> vorlagenmaengel(const QString &vorlage, bool istPfad)
                                       .block = {}};
             break;
         }
-        const auto baustein = bausteinAus(QStringView(vorlage).mid(auf + 1, zu - auf - 1));
-        const QString block = vorlage.mid(auf, zu - auf + 1);
-        if (!baustein)
-            maengel << unbekannt(block);
-        else if (istPfad && !imPfad(*baustein))
-            maengel << leerImPfad(block);
+        if (const auto mangel = blockmangel(vorlage.mid(auf, zu - auf + 1), istPfad))
+            maengel << *mangel;
         auf = vorlage.indexOf(u'{', zu);
     }
     return maengel;
