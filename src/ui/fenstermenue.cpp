@@ -18,14 +18,7 @@ Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(elt
     schriftBauen();
     sprachenBauen();
     addSeparator();
-    QAction *handbuch = addAction(Sprache::text(u"Handbuch"_s));
-    handbuch->setObjectName(u"handbuch"_s);
-    handbuch->setShortcut(QKeySequence(Qt::Key_F1));
-    connect(handbuch, &QAction::triggered, this, [this, fenster = eltern->window()] {
-        if (!m_handbuch)
-            m_handbuch = new Handbuchfenster(fenster);
-        m_handbuch->zeigen();
-    });
+    handbuchBauen(eltern->window());
     QAction *info = addAction(Sprache::text(u"Info"_s));
     info->setObjectName(u"info"_s);
     connect(info, &QAction::triggered, this, &Fenstermenue::infoGewuenscht);
@@ -33,6 +26,18 @@ Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(elt
     beenden->setObjectName(u"beenden"_s);
     beenden->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(beenden, &QAction::triggered, eltern->window(), &QWidget::close);
+}
+
+void Fenstermenue::handbuchBauen(QWidget *fenster)
+{
+    QAction *handbuch = addAction(Sprache::text(u"Handbuch"_s));
+    handbuch->setObjectName(u"handbuch"_s);
+    handbuch->setShortcut(QKeySequence(Qt::Key_F1));
+    connect(handbuch, &QAction::triggered, this, [this, fenster] {
+        if (!m_handbuch)
+            m_handbuch = new Handbuchfenster(fenster);
+        m_handbuch->zeigen();
+    });
 }
 
 void Fenstermenue::schriftBauen()
@@ -48,6 +53,12 @@ void Fenstermenue::schriftBauen()
     connect(groesser, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::floor(Stil::schriftgroesse()) + 1); });
     connect(kleiner, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::ceil(Stil::schriftgroesse()) - 1); });
     schrift->addSeparator();
+    punkteBauen(schrift);
+}
+
+/** One entry for each size that can be chosen. */
+void Fenstermenue::punkteBauen(QMenu *schrift)
+{
     auto *gruppe = new QActionGroup(this);
     for (int punkte = int(Stil::kleinsteSchrift); punkte <= int(Stil::groessteSchrift); ++punkte) {
         QAction *wahl = schrift->addAction(gefuellt(Sprache::text(u"%@ Punkt"_s), {QString::number(punkte)}));

@@ -18,7 +18,9 @@ Q_SIGNALS:
     void infoGewuenscht();
 
 private:
+    void handbuchBauen(QWidget *fenster);
     void schriftBauen();
+    void punkteBauen(QMenu *schrift);
     void sprachenBauen();
     void sprachenZeigen();
 

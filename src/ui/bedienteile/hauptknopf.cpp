@@ -33,20 +33,25 @@ QSize Hauptknopf::minimumSizeHint() const
     return {fontMetrics().horizontalAdvance(text()) + 2 * abstand(6), knopfhoehe()};
 }
 
+QColor Hauptknopf::grundfarbe() const
+{
+    const QColor akzent = Stil::akzent(palette());
+    if (!isEnabled())
+        return Stil::rille(palette());
+    if (isDown())
+        return akzent.darker(abgedunkelt);
+    if (!underMouse())
+        return akzent;
+    const bool helleSchrift = Stil::aufAkzent(palette()).lightness() > 127;
+    return helleSchrift ? akzent.darker(aufgehellt) : akzent.lighter(aufgehellt);
+}
+
 void Hauptknopf::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);
     maler.setRenderHint(QPainter::Antialiasing);
-    QColor grund = Stil::akzent(palette());
-    QColor schrift = Stil::aufAkzent(palette());
-    if (!isEnabled()) {
-        grund = Stil::rille(palette());
-        schrift = Stil::nebenfarbe(palette(), grund);
-    } else if (isDown()) {
-        grund = grund.darker(abgedunkelt);
-    } else if (underMouse()) {
-        grund = schrift.lightness() > 127 ? grund.darker(aufgehellt) : grund.lighter(aufgehellt);
-    }
+    const QColor grund = grundfarbe();
+    const QColor schrift = isEnabled() ? Stil::aufAkzent(palette()) : Stil::nebenfarbe(palette(), grund);
     maler.setPen(Qt::NoPen);
     maler.setBrush(grund);
     maler.drawRoundedRect(rect(), 3, 3);

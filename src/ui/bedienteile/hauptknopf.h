@@ -14,6 +14,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
+
+private:
+    [[nodiscard]] QColor grundfarbe() const;
 };
 
 /** Height of the buttons in the row of a filled one. */

@@ -44,11 +44,8 @@ protected:
     {
         QPainter maler(this);
         maler.setRenderHint(QPainter::Antialiasing);
-        if (isChecked()) {
-            maler.setPen(Stil::griff(palette()));
-            maler.setBrush(palette().color(Stil::istDunkel(palette()) ? QPalette::Button : QPalette::Base));
-            maler.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-        }
+        if (isChecked())
+            griffMalen(maler);
         const int kante = Stil::zeichengroesse();
         Zeichen::malen(maler, QRect(abstand(12), (height() - kante) / 2, kante, kante), m_symbol, palette());
         if (m_mitText) {
@@ -64,6 +61,14 @@ protected:
     }
 
 private:
+    /** The handle that lies on the chosen half. */
+    void griffMalen(QPainter &maler) const
+    {
+        maler.setPen(Stil::griff(palette()));
+        maler.setBrush(palette().color(Stil::istDunkel(palette()) ? QPalette::Button : QPalette::Base));
+        maler.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    }
+
     QString m_symbol;
     bool m_mitText = true;
 };

@@ -60,28 +60,34 @@ private:
         l.vergessen->setAccessibleName(beschriftung + u": "_s + l.vergessen->text());
         titel(beschriftung, l.text, l.vergessen);
         l.modell = new Lerntabelle(spalten, inhalt, this);
-        l.ansicht = new QTreeView(this);
+        l.ansicht = ansichtBauen(l.modell, spalten);
         l.ansicht->setObjectName(name);
         l.ansicht->setAccessibleName(beschriftung);
-        l.ansicht->setRootIsDecorated(false);
-        l.ansicht->setUniformRowHeights(true);
-        l.ansicht->setTabKeyNavigation(false);
-        l.ansicht->setTextElideMode(Qt::ElideMiddle);
-        l.ansicht->setModel(l.modell);
-        l.ansicht->header()->setStretchLastSection(false);
-        l.ansicht->header()->setSectionsMovable(false);
-        l.ansicht->header()->setHighlightSections(false);
-        l.ansicht->header()->setSectionResizeMode(QHeaderView::Stretch);
-        l.ansicht->header()->setSectionResizeMode(int(spalten.size()) - 1, QHeaderView::Fixed);
-        Stil::folgen(l.ansicht, [ansicht = l.ansicht, letzte = int(spalten.size()) - 1, titel = spalten.last()] {
-            const QFontMetrics mass = ansicht->fontMetrics();
-            ansicht->setMinimumHeight(sichtbareZeilen * (mass.height() + abstand(4)));
-            ansicht->header()->resizeSection(letzte, mass.horizontalAdvance(titel) + abstand(24));
-        });
         ueberAlles(l.ansicht);
         connect(l.ansicht->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 [l] { l.vergessen->setEnabled(l.ansicht->currentIndex().isValid()); });
         return l;
+    }
+
+    QTreeView *ansichtBauen(Lerntabelle *modell, const QStringList &spalten)
+    {
+        auto *ansicht = new QTreeView(this);
+        ansicht->setRootIsDecorated(false);
+        ansicht->setUniformRowHeights(true);
+        ansicht->setTabKeyNavigation(false);
+        ansicht->setTextElideMode(Qt::ElideMiddle);
+        ansicht->setModel(modell);
+        ansicht->header()->setStretchLastSection(false);
+        ansicht->header()->setSectionsMovable(false);
+        ansicht->header()->setHighlightSections(false);
+        ansicht->header()->setSectionResizeMode(QHeaderView::Stretch);
+        ansicht->header()->setSectionResizeMode(int(spalten.size()) - 1, QHeaderView::Fixed);
+        Stil::folgen(ansicht, [ansicht, letzte = int(spalten.size()) - 1, titel = spalten.last()] {
+            const QFontMetrics mass = ansicht->fontMetrics();
+            ansicht->setMinimumHeight(sichtbareZeilen * (mass.height() + abstand(4)));
+            ansicht->header()->resizeSection(letzte, mass.horizontalAdvance(titel) + abstand(24));
+        });
+        return ansicht;
     }
 
     void zuordnungenBauen()

@@ -75,6 +75,27 @@ private:
             Sprache::text(u"Ausnahmen wirken sofort auf die ganze Warteschlange. Nimmst du eine Regel wieder heraus, "
                           "kehren die Dokumente von selbst zurück."_s));
         titel(Sprache::text(u"Ausnahmen"_s), erklaerung);
+        eingabeBauen();
+        m_beschwerde = marktext();
+        m_beschwerde->setObjectName(u"ausnahme-stand"_s);
+        darunter(m_beschwerde);
+        listeBauen();
+        ruhendeBauen();
+        ausgelasseneBauen();
+        connect(m_dazu, &QPushButton::clicked, this, [this] { hinzufuegen(); });
+        connect(m_neue, &QLineEdit::returnPressed, this, [this] { hinzufuegen(); });
+        connect(m_neue, &QLineEdit::textEdited, this, [this] { beschweren({}); });
+        // What was typed for one profile is not meant for another.
+        connect(profilwahl(), &Profilwahl::aktivGeaendert, m_neue, [this] {
+            m_neue->clear();
+            beschweren({});
+        });
+        beschweren({});
+    }
+
+    /** The field for a new rule with its two buttons. */
+    void eingabeBauen()
+    {
         m_neue = new QLineEdit(this);
         m_neue->setObjectName(u"neueAusnahme"_s);
         m_neue->setPlaceholderText(Sprache::text(u"etwa Fotos oder privat/2019"_s));
@@ -94,31 +115,13 @@ private:
                   "Schrägstrich trifft er genau diese Folge von Ordnern, mit ./ davor einen Ordner direkt in der "
                   "Herkunft."_s),
               m_neue, zeile);
-        m_beschwerde = marktext();
-        m_beschwerde->setObjectName(u"ausnahme-stand"_s);
-        darunter(m_beschwerde);
-        listeBauen();
-        connect(m_dazu, &QPushButton::clicked, this, [this] { hinzufuegen(); });
-        connect(m_neue, &QLineEdit::returnPressed, this, [this] { hinzufuegen(); });
-        connect(m_neue, &QLineEdit::textEdited, this, [this] { beschweren({}); });
         connect(ordner, &QPushButton::clicked, this, [this] { beschweren(einrichtung()->ausnahmeWaehlen()); });
-        // What was typed for one profile is not meant for another.
-        connect(profilwahl(), &Profilwahl::aktivGeaendert, m_neue, [this] {
-            m_neue->clear();
-            beschweren({});
-        });
-        beschweren({});
     }
 
     void listeBauen()
     {
         m_regeln = new QStringListModel(this);
-        m_liste = new QListView(this);
-        m_liste->setObjectName(u"ausnahmen"_s);
-        m_liste->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        m_liste->setUniformItemSizes(true);
-        m_liste->setTabKeyNavigation(false);
-        m_liste->setModel(m_regeln);
+        m_liste = regelansicht(u"ausnahmen"_s, m_regeln);
         m_entfernen = knopf(u"ausnahmeEntfernen"_s, Sprache::text(u"Entfernen"_s),
                             Sprache::text(u"Nimmt die gewählte Ausnahme heraus. Taste: Entf"_s));
         connect(m_entfernen, &QPushButton::clicked, this, [this] { entfernen(); });
@@ -130,23 +133,39 @@ private:
         waagrecht->addWidget(m_liste, 1);
         waagrecht->addWidget(m_entfernen, 0, Qt::AlignTop);
         reihe(Sprache::text(u"Ausgenommen"_s), {}, m_liste, zeile);
-        Stil::folgen(m_liste, [this] {
-            m_liste->setFixedHeight(sichtbareRegeln * (m_liste->fontMetrics().height() + abstand(4)) + abstand(6));
-        });
+        hoeheFolgt(m_liste);
+    }
+
+    void ruhendeBauen()
+    {
         m_ruhende = marktext();
         m_ruhende->setObjectName(u"ruhende"_s);
         darunter(m_ruhende);
-        m_ausgelassene = new QListView(this);
-        m_ausgelassene->setObjectName(u"ausgelassene"_s);
+    }
+
+    void ausgelasseneBauen()
+    {
+        m_ausgelassene = regelansicht(u"ausgelassene"_s, new QStringListModel(this));
         m_ausgelassene->setAccessibleName(Sprache::text(u"Durch Ausnahmen ausgelassen"_s));
-        m_ausgelassene->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        m_ausgelassene->setUniformItemSizes(true);
-        m_ausgelassene->setTabKeyNavigation(false);
-        m_ausgelassene->setModel(new QStringListModel(m_ausgelassene));
         darunter(m_ausgelassene);
-        Stil::folgen(m_ausgelassene, [this] {
-            m_ausgelassene->setFixedHeight(sichtbareRegeln * (m_ausgelassene->fontMetrics().height() + abstand(4)) +
-                                           abstand(6));
+        hoeheFolgt(m_ausgelassene);
+    }
+
+    QListView *regelansicht(const QString &name, QStringListModel *modell)
+    {
+        auto *ansicht = new QListView(this);
+        ansicht->setObjectName(name);
+        ansicht->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        ansicht->setUniformItemSizes(true);
+        ansicht->setTabKeyNavigation(false);
+        ansicht->setModel(modell);
+        return ansicht;
+    }
+
+    static void hoeheFolgt(QListView *ansicht)
+    {
+        Stil::folgen(ansicht, [ansicht] {
+            ansicht->setFixedHeight(sichtbareRegeln * (ansicht->fontMetrics().height() + abstand(4)) + abstand(6));
         });
     }
 
@@ -195,16 +214,21 @@ private:
                 Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
         if (!quelle)
             return m_fund->setzen(u"circle.running"_s, Sprache::text(u"PDF werden gezählt …"_s));
-        QString satz = gefuellt(Sprache::text(quelle->anzahl, u"1 PDF gefunden."_s, u"%@ PDF gefunden."_s),
-                                {QString::number(quelle->anzahl)});
-        if (quelle->ausgenommen > 0)
+        m_fund->setzen(quelle->anzahl > 0 ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s, fundsatz(*quelle));
+    }
+
+    [[nodiscard]] static QString fundsatz(const Quellstand &quelle)
+    {
+        QString satz = gefuellt(Sprache::text(quelle.anzahl, u"1 PDF gefunden."_s, u"%@ PDF gefunden."_s),
+                                {QString::number(quelle.anzahl)});
+        if (quelle.ausgenommen > 0)
             satz += u' ' + gefuellt(Sprache::text(u"%@ durch Ausnahmen ausgelassen."_s),
-                                    {QString::number(quelle->ausgenommen)});
-        if (quelle->ausgelassen > 0)
+                                    {QString::number(quelle.ausgenommen)});
+        if (quelle.ausgelassen > 0)
             satz +=
                 u' ' + gefuellt(Sprache::text(u"%@ ausgelassen: Verweise oder Namen, die sich nicht lesen lassen."_s),
-                                {QString::number(quelle->ausgelassen)});
-        m_fund->setzen(quelle->anzahl > 0 ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s, satz);
+                                {QString::number(quelle.ausgelassen)});
+        return satz;
     }
 
     /** While the folder is counted anew the last list stays. */

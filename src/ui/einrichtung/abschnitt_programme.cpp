@@ -120,9 +120,8 @@ private:
             text.setzen(u"checkmark.circle"_s, w.pfad);
     }
 
-    void sprachenZeigen(const QStringList &installierte)
+    void sprachwahlZeigen(const QStringList &auswahl)
     {
-        const QStringList auswahl = Ocrsprachen::auswahl(installierte, profil().ocrSprache);
         QStringList jetzige;
         for (int i = 0; i < m_sprache->count(); ++i)
             jetzige << m_sprache->itemData(i).toString();
@@ -132,6 +131,11 @@ private:
                 m_sprache->addItem(Ocrsprachen::name(code), code);
         }
         m_sprache->setCurrentIndex(int(auswahl.indexOf(profil().ocrSprache)));
+    }
+
+    void sprachenZeigen(const QStringList &installierte)
+    {
+        sprachwahlZeigen(Ocrsprachen::auswahl(installierte, profil().ocrSprache));
         const auto &programme = einrichtung()->stand().programme;
         if (!programme || installierte.isEmpty())
             return m_sprachstand->erklaeren(Sprache::text(u"Noch keine Sprachen gefunden."_s));

@@ -130,6 +130,12 @@ private:
                   Sprache::text(u"Liest die Ordner unter dem Zielordner. Verändert wird dort nichts."_s), u"reload"_s);
         connect(m_einlesen, &QPushButton::clicked, einrichtung(), &Einrichtung::strukturEinlesen);
         titel(Sprache::text(u"Struktur"_s), m_zahlen, m_einlesen);
+        baumBauen();
+        ueberAlles(m_baum, 1);
+    }
+
+    void baumBauen()
+    {
         m_modell = new Strukturmodell(this);
         m_baum = new QTreeView(this);
         m_baum->setObjectName(u"struktur"_s);
@@ -152,7 +158,6 @@ private:
                     mass.horizontalAdvance(m_modell->headerData(spalte, Qt::Horizontal, Qt::DisplayRole).toString()) +
                         abstand(24));
         });
-        ueberAlles(m_baum, 1);
     }
 
     void zeigen()
@@ -191,14 +196,19 @@ private:
         if (z.rubriken == 0 && z.ablagen == 0)
             return m_zahlen->erklaeren(Sprache::text(u"Noch nicht eingelesen. Ohne Struktur weiß das Modell nicht, "
                                                      "wohin."_s));
+        m_zahlen->erklaeren(zahlensatz(z, e.geradeGelesen));
+    }
+
+    [[nodiscard]] static QString zahlensatz(const Strukturzahlen &z, bool geradeGelesen)
+    {
         QString satz = gefuellt(Sprache::text(u"Zweige: %@, Ablagen: %@, Rubriken: %@."_s),
                                 {QString::number(z.zweige), QString::number(z.ablagen), QString::number(z.rubriken)});
         if (z.neu > 0 || z.entfallen > 0)
             satz += u' ' + gefuellt(Sprache::text(u"Neu: %@, entfallen: %@."_s),
                                     {QString::number(z.neu), QString::number(z.entfallen)});
-        else if (e.geradeGelesen)
+        else if (geradeGelesen)
             satz += u' ' + Sprache::text(u"Eben eingelesen, nichts hat sich geändert."_s);
-        m_zahlen->erklaeren(satz);
+        return satz;
     }
 
     Marktext *m_wurzelstand = nullptr;

@@ -83,20 +83,11 @@ public:
     {
         const bool gewaehlt = option.state & QStyle::State_Selected;
         const QPalette &palette = option.palette;
-        QColor grund = palette.color(QPalette::Window);
+        const QColor grund = gewaehlt ? Stil::auswahlgrund(palette) : palette.color(QPalette::Window);
         maler->save();
         maler->setRenderHint(QPainter::Antialiasing);
-        if (gewaehlt) {
-            grund = Stil::auswahlgrund(palette);
-            maler->setPen(Qt::NoPen);
-            maler->setBrush(grund);
-            maler->drawRoundedRect(option.rect, 3, 3);
-        }
-        if (option.state & QStyle::State_HasFocus && gewaehlt) {
-            maler->setPen(QPen(Stil::akzentmarke(palette), 2));
-            maler->setBrush(Qt::NoBrush);
-            maler->drawRoundedRect(option.rect.adjusted(1, 1, -1, -1), 3, 3);
-        }
+        if (gewaehlt)
+            auswahlMalen(*maler, option, grund);
         const int kante = Stil::zeichengroesse();
         const QRect flaeche = option.rect;
         Zeichen::malen(*maler, QRect(flaeche.x() + abstand(10), flaeche.center().y() - kante / 2, kante, kante),
@@ -107,6 +98,18 @@ public:
     }
 
 private:
+    static void auswahlMalen(QPainter &maler, const QStyleOptionViewItem &option, const QColor &grund)
+    {
+        maler.setPen(Qt::NoPen);
+        maler.setBrush(grund);
+        maler.drawRoundedRect(option.rect, 3, 3);
+        if (!(option.state & QStyle::State_HasFocus))
+            return;
+        maler.setPen(QPen(Stil::akzentmarke(option.palette), 2));
+        maler.setBrush(Qt::NoBrush);
+        maler.drawRoundedRect(option.rect.adjusted(1, 1, -1, -1), 3, 3);
+    }
+
     static void texteMalen(QPainter &maler, const QRect &flaeche, const QModelIndex &stelle,
                            const std::pair<QColor, QColor> &farben, bool gewaehlt)
     {

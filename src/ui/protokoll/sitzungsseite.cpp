@@ -47,6 +47,16 @@ QWidget *nochNichts(QWidget *eltern)
     text->setAccessibleDescription(traeger->toolTip());
     return traeger;
 }
+
+QString anzahlsatz(qsizetype alle, bool nurLaufende)
+{
+    if (alle == 0)
+        return Sprache::text(u"Im Protokollordner liegt noch nichts."_s);
+    if (nurLaufende)
+        return Sprache::text(u"Im Protokollordner liegt nur die laufende Sitzung."_s);
+    return gefuellt(Sprache::text(alle, u"%@ Protokoll gefunden."_s, u"%@ Protokolle gefunden, neueste zuerst."_s),
+                    {QString::number(alle)});
+}
 } // namespace
 
 Sitzungsseite::Sitzungsseite(Profilwahl *profilwahl, Sitzungen *sitzungen, Ausfuehrung *ausfuehrung, QWidget *eltern)
@@ -194,6 +204,18 @@ void Sitzungsseite::fruehereZeigen()
 {
     const QStringList dateien = fruehere();
     const int anzahl = std::min<int>(m_gezeigte, int(dateien.size()));
+    zeilenZeigen(dateien, anzahl);
+    m_anzahl->setText(anzahlsatz(m_sitzungen->protokollDateien().size(), dateien.isEmpty()));
+    const qsizetype rest = dateien.size() - anzahl;
+    m_mehr->setzeHilfe(gefuellt(Sprache::text(u"%@ weitere zeigen"_s), {QString::number(rest)}),
+                       Sprache::text(u"Zeigt weitere Zeilen"_s));
+    m_mehr->setVisible(rest > 0);
+    m_mehr->updateGeometry();
+}
+
+/** A row for each of the first @p anzahl of @p dateien. */
+void Sitzungsseite::zeilenZeigen(const QStringList &dateien, int anzahl)
+{
     while (m_zeilen.size() < anzahl) {
         m_liste->removeWidget(m_mehr);
         m_zeilen << neueZeile(m_liste);
@@ -206,20 +228,6 @@ void Sitzungsseite::fruehereZeigen()
             bildZeigen(dateien.at(n));
         }
     }
-    const qsizetype alle = m_sitzungen->protokollDateien().size();
-    QString text =
-        gefuellt(Sprache::text(alle, u"%@ Protokoll gefunden."_s, u"%@ Protokolle gefunden, neueste zuerst."_s),
-                 {QString::number(alle)});
-    if (alle == 0)
-        text = Sprache::text(u"Im Protokollordner liegt noch nichts."_s);
-    else if (dateien.isEmpty())
-        text = Sprache::text(u"Im Protokollordner liegt nur die laufende Sitzung."_s);
-    m_anzahl->setText(text);
-    const qsizetype rest = dateien.size() - anzahl;
-    m_mehr->setzeHilfe(gefuellt(Sprache::text(u"%@ weitere zeigen"_s), {QString::number(rest)}),
-                       Sprache::text(u"Zeigt weitere Zeilen"_s));
-    m_mehr->setVisible(rest > 0);
-    m_mehr->updateGeometry();
 }
 
 QList<Sitzungszeile *> Sitzungsseite::alleZeilen() const { return QList{m_laufende} + m_zeilen; }

@@ -42,6 +42,7 @@ private:
     void zeigen();
     void laufendeZeigen();
     void fruehereZeigen();
+    void zeilenZeigen(const QStringList &dateien, int anzahl);
     void bilderLesen();
     void bildZeigen(const QString &datei);
     void auswahlZeigen();

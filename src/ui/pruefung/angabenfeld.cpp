@@ -84,6 +84,36 @@ QString erklaerung()
     return Sprache::text(u"Prüfen und bei Bedarf ändern. Eine Korrektur merkt sich das Programm für die nächsten "
                          "Dokumente desselben Gegenübers."_s);
 }
+
+/** Shows @p anzeige for @p werte; a list that is the same stays, and what is open in it with it. */
+void fuellen(QComboBox *wahl, const QStringList &werte, const QStringList &anzeige)
+{
+    QStringList jetzige;
+    for (int i = 0; i < wahl->count(); ++i)
+        jetzige << wahl->itemData(i).toString();
+    if (jetzige == werte && wahl->count() != 0)
+        return;
+    wahl->clear();
+    wahl->addItems(anzeige);
+    for (int i = 0; i < werte.size(); ++i)
+        wahl->setItemData(i, werte.at(i));
+}
+
+/** Marks a chosen value that the structure does not know. */
+void fremdesZeigen(QComboBox *wahl, Feld feld, bool fremd)
+{
+    wahl->setItemIcon(wahl->currentIndex(), fremd ? Zeichen::icon(u"exclamationmark.triangle"_s) : QIcon());
+    const QString rat = fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + hilfe(feld) : hilfe(feld);
+    wahl->setToolTip(rat);
+    wahl->setAccessibleDescription(rat);
+}
+
+/** A letter or number typed without a modifier. */
+bool istZeichen(const QKeyEvent *ereignis)
+{
+    return ereignis->modifiers() == Qt::NoModifier && !ereignis->text().trimmed().isEmpty() &&
+           ereignis->text().at(0).isLetterOrNumber();
+}
 } // namespace
 
 Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *eltern)
@@ -266,21 +296,9 @@ void Angabenfeld::wahlZeigen(Feld feld, const QStringList &auswahl, const QStrin
         anzeige.prepend(leerWaehlbar ? Sprache::text(u"ohne Rubrik"_s) : Sprache::text(u"bitte wählen"_s));
     }
     QComboBox *wahl = m_wahlen[feld];
-    QStringList jetzige;
-    for (int i = 0; i < wahl->count(); ++i)
-        jetzige << wahl->itemData(i).toString();
-    if (jetzige != werte || wahl->count() == 0) {
-        wahl->clear();
-        wahl->addItems(anzeige);
-        for (int i = 0; i < werte.size(); ++i)
-            wahl->setItemData(i, werte.at(i));
-    }
+    fuellen(wahl, werte, anzeige);
     wahl->setCurrentIndex(int(werte.indexOf(wert)));
-    const bool fremd = !wert.isEmpty() && !auswahl.contains(wert);
-    wahl->setItemIcon(wahl->currentIndex(), fremd ? Zeichen::icon(u"exclamationmark.triangle"_s) : QIcon());
-    const QString rat = fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + hilfe(feld) : hilfe(feld);
-    wahl->setToolTip(rat);
-    wahl->setAccessibleDescription(rat);
+    fremdesZeigen(wahl, feld, !wert.isEmpty() && !auswahl.contains(wert));
 }
 
 void Angabenfeld::tagZeigen()
@@ -325,10 +343,7 @@ bool Angabenfeld::eventFilter(QObject *objekt, QEvent *ereignis)
 {
     const bool wahl = qobject_cast<QComboBox *>(objekt) != nullptr;
     // In a choice the letters choose, also those that are keys of the card.
-    if (wahl && ereignis->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent *>(ereignis)->modifiers() == Qt::NoModifier &&
-        !static_cast<QKeyEvent *>(ereignis)->text().trimmed().isEmpty() &&
-        static_cast<QKeyEvent *>(ereignis)->text().at(0).isLetterOrNumber()) {
+    if (wahl && ereignis->type() == QEvent::ShortcutOverride && istZeichen(static_cast<QKeyEvent *>(ereignis))) {
         ereignis->accept();
         return true;
     }

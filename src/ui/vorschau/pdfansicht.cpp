@@ -21,6 +21,30 @@ constexpr std::chrono::milliseconds geduld(200);
 constexpr double groesstesBild = 24e6;
 
 constexpr QSizeF a4(595, 842);
+
+/** How far a key scrolls; none for a key that does not. */
+std::optional<QScrollBar::SliderAction> rollschritt(const QKeyEvent *ereignis)
+{
+    switch (ereignis->key()) {
+    case Qt::Key_PageUp:
+        return QScrollBar::SliderPageStepSub;
+    case Qt::Key_PageDown:
+        return QScrollBar::SliderPageStepAdd;
+    case Qt::Key_Home:
+        return QScrollBar::SliderToMinimum;
+    case Qt::Key_End:
+        return QScrollBar::SliderToMaximum;
+    case Qt::Key_Up:
+        return QScrollBar::SliderSingleStepSub;
+    case Qt::Key_Down:
+        return QScrollBar::SliderSingleStepAdd;
+    case Qt::Key_Space:
+        return ereignis->modifiers() & Qt::ShiftModifier ? QScrollBar::SliderPageStepSub
+                                                         : QScrollBar::SliderPageStepAdd;
+    default:
+        return std::nullopt;
+    }
+}
 } // namespace
 
 PDFAnsicht::PDFAnsicht(PDFSteuerung *steuerung, QWidget *eltern)
@@ -206,33 +230,10 @@ std::pair<int, int> PDFAnsicht::sichtbare() const
 
 bool PDFAnsicht::taste(const QKeyEvent *ereignis)
 {
-    QScrollBar *leiste = verticalScrollBar();
-    const bool zurueck = ereignis->modifiers() & Qt::ShiftModifier;
-    switch (ereignis->key()) {
-    case Qt::Key_PageUp:
-        leiste->triggerAction(QScrollBar::SliderPageStepSub);
-        return true;
-    case Qt::Key_PageDown:
-        leiste->triggerAction(QScrollBar::SliderPageStepAdd);
-        return true;
-    case Qt::Key_Home:
-        leiste->triggerAction(QScrollBar::SliderToMinimum);
-        return true;
-    case Qt::Key_End:
-        leiste->triggerAction(QScrollBar::SliderToMaximum);
-        return true;
-    case Qt::Key_Up:
-        leiste->triggerAction(QScrollBar::SliderSingleStepSub);
-        return true;
-    case Qt::Key_Down:
-        leiste->triggerAction(QScrollBar::SliderSingleStepAdd);
-        return true;
-    case Qt::Key_Space:
-        leiste->triggerAction(zurueck ? QScrollBar::SliderPageStepSub : QScrollBar::SliderPageStepAdd);
-        return true;
-    default:
-        return false;
-    }
+    const auto schritt = rollschritt(ereignis);
+    if (schritt)
+        verticalScrollBar()->triggerAction(*schritt);
+    return schritt.has_value();
 }
 
 void PDFAnsicht::resizeEvent(QResizeEvent *) { ordnen(); }
