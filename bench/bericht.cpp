@@ -12,6 +12,7 @@
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {

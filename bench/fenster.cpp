@@ -31,6 +31,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 using namespace Fensterbuehne;
 
 namespace
@@ -204,7 +205,7 @@ void Fensterreihen::protokollkarte()
     Fenster f;
     auto *liste = f.fenster.findChild<QListView *>(u"bewegungen"_s);
     Schleifenwache wache;
-    f.zustand.setzeReiter(Reiter::protokoll);
+    f.zustand.setzeReiter(Reiter::Protokoll);
     bis([&] { return f.zustand.sitzungen()->protokollDateien().size() == 1; });
     warten(blick);
     Messung::drucken("log of 100,000: listing, longest block", wache.laengste(), "ms", 50);

@@ -15,6 +15,7 @@
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 using namespace Fensterbuehne;
 
 namespace
@@ -74,17 +75,17 @@ void Fensterreihen::einrichtungskarte()
     heim.sichern();
     anlegen(heim.profil);
     Fenster f;
-    f.zustand.setzeReiter(Reiter::ablauf);
+    f.zustand.setzeReiter(Reiter::Ablauf);
     warten(blick);
     Schleifenwache wache;
-    f.zustand.setzeReiter(Reiter::einrichtung);
-    f.zustand.einrichtung()->setzeAbschnitt(Abschnitt::herkunft);
+    f.zustand.setzeReiter(Reiter::Einrichtung);
+    f.zustand.einrichtung()->setzeAbschnitt(Abschnitt::Herkunft);
     bis([&] {
         return f.zustand.einrichtung()->stand().quelle && f.zustand.einrichtung()->stand().quelle->anzahl == alle;
     });
     warten(blick);
     Messung::drucken("setup: counting 100,000 files, longest block", wache.laengste(), "ms", grenze);
-    f.zustand.einrichtung()->setzeAbschnitt(Abschnitt::ziel);
+    f.zustand.einrichtung()->setzeAbschnitt(Abschnitt::Ziel);
     warten(blick);
     wache.laengste();
     teil<QAbstractButton>(f, u"strukturEinlesen"_s)->click();
@@ -98,10 +99,10 @@ void Fensterreihen::einrichtungskarte()
     bis([&] { return f.zustand.einrichtung()->stand().zahlen.entfallen == rubriken / 50; });
     warten(blick);
     Messung::drucken("setup: reading and comparing, longest block", wache.laengste(), "ms", grenze);
-    tippen(f, Abschnitt::ziel, u"auffangOrdner"_s);
-    tippen(f, Abschnitt::namen, u"namensVorlage"_s);
-    tippen(f, Abschnitt::eigentuemer, u"eigentuemer"_s);
-    tippen(f, Abschnitt::herkunft, u"neueAusnahme"_s);
+    tippen(f, Abschnitt::Ziel, u"auffangOrdner"_s);
+    tippen(f, Abschnitt::Namen, u"namensVorlage"_s);
+    tippen(f, Abschnitt::Eigentuemer, u"eigentuemer"_s);
+    tippen(f, Abschnitt::Herkunft, u"neueAusnahme"_s);
     Messung::drucken("setup: typing with that profile, longest block", wache.laengste(), "ms", grenze);
     for (const Abschnitt abschnitt : alleAbschnitte()) {
         f.zustand.einrichtung()->setzeAbschnitt(abschnitt);

@@ -11,7 +11,12 @@
 #include <QTimer>
 #include <functional>
 
+using namespace quillmar::ui;
+
+namespace quillmar::vorschau
+{
 class Vorschau;
+} // namespace quillmar::vorschau
 
 /** What the rows with a window have in common: a home with a profile, the window in it, a watch on its event loop. */
 namespace Fensterbuehne

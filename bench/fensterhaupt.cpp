@@ -3,6 +3,7 @@
 
 #include <array>
 
+
 namespace
 {
 constexpr std::array<Reihe, 6> reihen = {{

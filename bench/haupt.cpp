@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <array>
 
+
 namespace
 {
 constexpr std::array<Reihe, 14> reihen = {{

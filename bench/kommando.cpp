@@ -8,6 +8,7 @@
 #include <unistd.h>
 #include <vector>
 
+
 namespace
 {
 void pruefen(bool gelungen, const QByteArray &was)

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <vector>
 
+
 namespace
 {
 double mitte(std::vector<double> werte)

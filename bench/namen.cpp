@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {

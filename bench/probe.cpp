@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <random>
 
+using namespace quillmar::ui;
+
 /** Made-up data, the same at every run. */
 namespace Probe
 {

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <exception>
 
+
 int reiheMessen(std::span<const Reihe> reihen, std::string_view gesucht)
 {
     try {

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {

@@ -25,6 +25,7 @@
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {
@@ -149,7 +150,7 @@ int main(int anzahl, char **argumente)
     laufenBis([&] { return zustand.profilwahl()->offen(); });
     Profil profil = *zustand.profilwahl()->aktiv();
     profil.zweige = Profil::struktureinlesen(profil.zielWurzel, 2);
-    zustand.profilwahl()->profilAendern(profil);
+    zustand.profilwahl()->setzeProfil(profil);
     bool analysiert = false;
     for (const Buehnenbild &bild : buehnenbilder()) {
         if (!wuensche.isEmpty() && !wuensche.contains(bild.name))

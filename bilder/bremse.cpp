@@ -2,6 +2,7 @@
 
 #include <QTcpSocket>
 
+
 Bremse::Bremse(quint16 dahinter, QObject *vater) : QTcpServer(vater), m_dahinter(dahinter)
 {
     connect(this, &QTcpServer::newConnection, this, [this] {

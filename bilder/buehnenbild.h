@@ -4,14 +4,22 @@
 #include <QString>
 #include <functional>
 
-class Bremse;
-class Hauptfenster;
+namespace quillmar::zustand
+{
 class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::ui
+{
+class Hauptfenster;
+} // namespace quillmar::ui
+
+class Bremse;
 
 /** One picture of the window: how it is set up, and what is done before it is taken. */
 struct Buehnenbild {
     QString name; ///< of the file, without ".png"
-    std::function<void(Zustand &, Hauptfenster &)> vorher = {};
+    std::function<void(quillmar::zustand::Zustand &, quillmar::ui::Hauptfenster &)> vorher = {};
     QSize groesse = {1280, 860};
     double punkte = 10;
     bool dunkel = false;

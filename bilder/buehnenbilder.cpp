@@ -19,6 +19,7 @@
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {
@@ -27,7 +28,7 @@ constexpr QSize klein(1100, 700);
 /** Brings the document whose present name contains @p teil under review. */
 void aufsuchen(Zustand &zustand, const QString &teil)
 {
-    zustand.setzeReiter(Reiter::pruefen);
+    zustand.setzeReiter(Reiter::Pruefen);
     for (int n = 0;
          n < 100 && !(zustand.pruefung()->aktuelles() && zustand.pruefung()->aktuelles()->pfad.contains(teil)); ++n) {
         zustand.ausfuehrung()->weiter(Richtung::Weiter);
@@ -51,7 +52,7 @@ void serverDa(Zustand &zustand, bool da)
     zustand.modelldienst()->modellPruefen();
     laufenBis([&] {
         const Modellstand::Art art = zustand.modelldienst()->modellstand().art;
-        return art != Modellstand::Art::unbekannt && (art == Modellstand::Art::serverFehlt) != da;
+        return art != Modellstand::Art::Unbekannt && (art == Modellstand::Art::ServerFehlt) != da;
     });
 }
 
@@ -65,18 +66,18 @@ void druecken(const Hauptfenster &fenster, const QString &name)
 
 void ablauf(Zustand &zustand, Hauptfenster &)
 {
-    zustand.setzeReiter(Reiter::ablauf);
+    zustand.setzeReiter(Reiter::Ablauf);
     serverDa(zustand, true);
 }
 
 /** A start that finds no model server. */
 void startfrage(Zustand &zustand, Hauptfenster &fenster)
 {
-    zustand.setzeReiter(Reiter::ablauf);
+    zustand.setzeReiter(Reiter::Ablauf);
     serverDa(zustand, false);
     ruhe();
     druecken(fenster, u"durchgangStarten"_s);
-    laufenBis([&] { return zustand.modelldienst()->modellstand().art == Modellstand::Art::serverFehlt; });
+    laufenBis([&] { return zustand.modelldienst()->modellstand().art == Modellstand::Art::ServerFehlt; });
 }
 
 /** A run that has come to the model and stays there. */
@@ -96,7 +97,7 @@ std::function<void(Zustand &, Hauptfenster &)> abschnitt(Abschnitt welcher)
 {
     return [welcher](Zustand &zustand, Hauptfenster &) {
         serverDa(zustand, true);
-        zustand.setzeReiter(Reiter::einrichtung);
+        zustand.setzeReiter(Reiter::Einrichtung);
         zustand.einrichtung()->setzeAbschnitt(welcher);
         laufenBis([&] { return zustand.einrichtung()->stand().programme && zustand.einrichtung()->stand().quelle; });
     };
@@ -113,21 +114,21 @@ void strukturWechsel(Zustand &zustand, Hauptfenster &fenster)
             break;
         }
     }
-    zustand.profilwahl()->profilAendern(vorher);
+    zustand.profilwahl()->setzeProfil(vorher);
     zustand.einrichtung()->strukturEinlesen();
-    abschnitt(Abschnitt::ziel)(zustand, fenster);
+    abschnitt(Abschnitt::Ziel)(zustand, fenster);
 }
 
 /** A model that is not there yet comes slowly. */
 void modellKommt(Zustand &zustand, Hauptfenster &fenster)
 {
-    abschnitt(Abschnitt::modell)(zustand, fenster);
+    abschnitt(Abschnitt::Modell)(zustand, fenster);
     if (!zustand.modelldienst()->modellstand().laedtModell.isEmpty())
         return;
     Profil profil = *zustand.profilwahl()->aktiv();
     profil.modell = u"qwen3:4b"_s;
-    zustand.profilwahl()->profilAendern(profil);
-    laufenBis([&] { return zustand.modelldienst()->modellstand().art == Modellstand::Art::modellFehlt; });
+    zustand.profilwahl()->setzeProfil(profil);
+    laufenBis([&] { return zustand.modelldienst()->modellstand().art == Modellstand::Art::ModellFehlt; });
     zustand.modelldienst()->modellLaden();
     laufenBis([&] { return zustand.modelldienst()->modellstand().geladen > 0; });
 }
@@ -144,8 +145,8 @@ void maengel(Zustand &zustand, Abschnitt welcher)
     profil.eigeneNamen.clear();
     if (!profil.zielWurzel.endsWith(u"/alt"_s))
         profil.zielWurzel += u"/alt"_s;
-    zustand.profilwahl()->profilAendern(profil);
-    zustand.setzeReiter(Reiter::einrichtung);
+    zustand.profilwahl()->setzeProfil(profil);
+    zustand.setzeReiter(Reiter::Einrichtung);
     zustand.einrichtung()->setzeAbschnitt(welcher);
     serverDa(zustand, false);
     zustand.einrichtung()->einrichtungPruefen();
@@ -179,7 +180,7 @@ QList<Buehnenbild> varianten(const QString &name, const std::function<void(Zusta
 void hinweise(Zustand &zustand, Hauptfenster &fenster)
 {
     aufsuchen(zustand, u"Preisliste"_s); // the one that names nobody else
-    zustand.pruefung()->feldSetzen(
+    zustand.pruefung()->setzeFeld(
         Feld::Titel, u"Festsetzungsbescheid über die Erstattung von Grunderwerbsnebenkosten und Erschließung"_s);
     if (auto *feld = fenster.findChild<QLineEdit *>(u"titel"_s))
         feld->setFocus();
@@ -199,7 +200,7 @@ void protokoll(Zustand &zustand, Hauptfenster &)
         const QList<Protokollzeile> zeilen = Protokollbuch::lesen(zustand.sitzungen()->laufendesBuch()->datei());
         QFile::remove(zeilen.value(2).nach);
     }
-    zustand.setzeReiter(Reiter::protokoll);
+    zustand.setzeReiter(Reiter::Protokoll);
     if (zustand.sitzungen()->protokollDatei() != zustand.sitzungen()->laufendesBuch()->datei())
         zustand.sitzungen()->protokollWaehlen(zustand.sitzungen()->laufendesBuch()->datei());
 }
@@ -231,7 +232,7 @@ void rueckbau(Zustand &zustand, Hauptfenster &)
                         .json() +
                     '\n');
     datei.close();
-    zustand.setzeReiter(Reiter::protokoll);
+    zustand.setzeReiter(Reiter::Protokoll);
     zustand.sitzungen()->protokollWaehlen(datei.fileName());
     laufenBis([&] { return zustand.sitzungen()->protokollZeilen().size() == viele; });
     zustand.sitzungen()->protokollZurueckdrehen();
@@ -252,7 +253,7 @@ void info(Zustand &, Hauptfenster &fenster)
 }
 void allesZuruecklegen(Zustand &zustand, Hauptfenster &)
 {
-    zustand.setzeReiter(Reiter::pruefen);
+    zustand.setzeReiter(Reiter::Pruefen);
     for (int n = 0; n < 100 && zustand.pruefung()->aktuelles(); ++n) {
         zustand.pruefung()->setzeUngesehen(false); // its page need not have been painted
         zustand.ausfuehrung()->zuruecklegen();
@@ -264,15 +265,15 @@ void ausnahme(Zustand &zustand, Hauptfenster &fenster)
 {
     if (!zustand.profilwahl()->aktiv()->ausnahmen.contains(u"Fotos"_s))
         Q_UNUSED(zustand.einrichtung()->ausnahmeAufnehmen(u"Fotos"_s));
-    abschnitt(Abschnitt::herkunft)(zustand, fenster);
+    abschnitt(Abschnitt::Herkunft)(zustand, fenster);
 }
 
 void monatImOrdner(Zustand &zustand, Hauptfenster &fenster)
 {
     Profil profil = *zustand.profilwahl()->aktiv();
     profil.pfadVorlage = u"{zweig}/{ablage}/{jahr}/{rubrik}/{monat}"_s;
-    zustand.profilwahl()->profilAendern(profil);
-    abschnitt(Abschnitt::namen)(zustand, fenster);
+    zustand.profilwahl()->setzeProfil(profil);
+    abschnitt(Abschnitt::Namen)(zustand, fenster);
 }
 
 /** As it was before monatImOrdner(). */
@@ -280,8 +281,8 @@ void eigentuemer(Zustand &zustand, Hauptfenster &fenster)
 {
     Profil profil = *zustand.profilwahl()->aktiv();
     profil.pfadVorlage = u"{zweig}/{ablage}/{jahr}/{rubrik}"_s;
-    zustand.profilwahl()->profilAendern(profil);
-    abschnitt(Abschnitt::eigentuemer)(zustand, fenster);
+    zustand.profilwahl()->setzeProfil(profil);
+    abschnitt(Abschnitt::Eigentuemer)(zustand, fenster);
 }
 
 /** Something to be learned: a name corrected, and some documents taken over. */
@@ -289,18 +290,18 @@ void gelernt(Zustand &zustand, Hauptfenster &fenster)
 {
     if (zustand.pruefung()->zaehlwerk().erledigt < 4) {
         aufsuchen(zustand, u"trom"_s);
-        zustand.pruefung()->feldSetzen(Feld::Gegenueber, u"Elbtal Energie"_s);
+        zustand.pruefung()->setzeFeld(Feld::Gegenueber, u"Elbtal Energie"_s);
         uebernehmen(zustand);
         for (int n = 0; n < 3; ++n)
             uebernehmen(zustand);
     }
-    abschnitt(Abschnitt::gelernt)(zustand, fenster);
+    abschnitt(Abschnitt::Gelernt)(zustand, fenster);
 }
 
 void erststart(Zustand &zustand, Hauptfenster &)
 {
     genesen(zustand);
-    zustand.setzeReiter(Reiter::einrichtung);
+    zustand.setzeReiter(Reiter::Einrichtung);
     if (zustand.profilwahl()->aktiv())
         zustand.profilwahl()->profilEntfernen(zustand.profilwahl()->aktiv()->id);
 }
@@ -310,7 +311,7 @@ void neuesProfil(Zustand &zustand, Hauptfenster &)
     if (!zustand.profilwahl()->aktiv())
         zustand.profilwahl()->neuesProfil();
     serverDa(zustand, true);
-    zustand.einrichtung()->setzeAbschnitt(Abschnitt::herkunft);
+    zustand.einrichtung()->setzeAbschnitt(Abschnitt::Herkunft);
     laufenBis([&] { return zustand.profilwahl()->offen() && zustand.einrichtung()->stand().programme; });
 }
 
@@ -344,14 +345,14 @@ QList<Buehnenbild> pruefbilder()
 
 QList<Buehnenbild> einrichtungsbilder()
 {
-    QList<Buehnenbild> alle = varianten(u"einrichtung-programme"_s, abschnitt(Abschnitt::programme));
+    QList<Buehnenbild> alle = varianten(u"einrichtung-programme"_s, abschnitt(Abschnitt::Programme));
     alle += varianten(u"einrichtung-herkunft"_s, ausnahme);
     alle += varianten(u"einrichtung"_s, strukturWechsel);
     alle += varianten(u"einrichtung-namen"_s, monatImOrdner);
     alle += varianten(u"einrichtung-eigentuemer"_s, eigentuemer);
-    alle += varianten(u"einrichtung-modell"_s, abschnitt(Abschnitt::modell));
+    alle += varianten(u"einrichtung-modell"_s, abschnitt(Abschnitt::Modell));
     alle += varianten(u"einrichtung-gelernt"_s, gelernt);
-    alle += varianten(u"einrichtung-sprache"_s, abschnitt(Abschnitt::oberflaeche));
+    alle += varianten(u"einrichtung-sprache"_s, abschnitt(Abschnitt::Oberflaeche));
     return alle;
 }
 
@@ -367,10 +368,10 @@ QList<Buehnenbild> infobilder()
 QList<Buehnenbild> maengelbilder()
 {
     QList<Buehnenbild> alle = varianten(u"einrichtung-laden"_s, modellKommt);
-    const QList<QPair<QString, Abschnitt>> welche = {{u"programme"_s, Abschnitt::programme},
-                                                     {u"ziel"_s, Abschnitt::ziel},
-                                                     {u"namen"_s, Abschnitt::namen},
-                                                     {u"modell"_s, Abschnitt::modell}};
+    const QList<QPair<QString, Abschnitt>> welche = {{u"programme"_s, Abschnitt::Programme},
+                                                     {u"ziel"_s, Abschnitt::Ziel},
+                                                     {u"namen"_s, Abschnitt::Namen},
+                                                     {u"modell"_s, Abschnitt::Modell}};
     for (const auto &[name, abschnitt] : welche)
         alle += varianten(u"maengel-"_s + name, [abschnitt](Zustand &zustand, Hauptfenster &) {
             genesen(zustand);

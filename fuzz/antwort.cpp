@@ -4,6 +4,7 @@
 #include "pruefziel.h"
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::analyse;
 
 /** Whatever a model says: no place that the profile lacks, no certainty outside 0 to 1, no date of another form. */
 void pruefen(const QByteArray &eingabe)

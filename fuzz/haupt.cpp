@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+using namespace quillmar::analyse;
+
 void verlangen(bool gilt)
 {
     if (!gilt)

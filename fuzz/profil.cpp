@@ -1,6 +1,8 @@
 #include "profilformat.h"
 #include "pruefziel.h"
 
+using namespace quillmar::analyse;
+
 /** A profile list of any bytes: what is read is read the same after saving. */
 void pruefen(const QByteArray &eingabe)
 {

@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::analyse;
 
 /** A session log of any bytes: whole movements come out as they would be written again. */
 void pruefen(const QByteArray &eingabe)

@@ -1,6 +1,8 @@
 #include "skizze.h"
 #include "pruefziel.h"
 
+using namespace quillmar::analyse;
+
 /** A stored sketch of any text, and the sketch of any text: at most 64 values, the same after storing. */
 void pruefen(const QByteArray &eingabe)
 {

@@ -4,6 +4,7 @@
 #include "ziel.h"
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::analyse;
 
 /** Values and templates of any text: a name that a file system takes, a folder below the target root. */
 void pruefen(const QByteArray &eingabe)

@@ -20,6 +20,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 bool istBearbeitet(Status status) { return status == Status::Erledigt || status == Status::Aussortiert; }
@@ -122,7 +124,7 @@ void Ablagewerk::quellePruefen(const Dokument &dokument) const
         return;
     if (Herkunft::istUnerreichbarFuer(*m_db, m_profil, dokument.pfad))
         throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {m_profil.quelle}));
-    Dokumente(*m_db).statusSetzen(dokument.id, Status::Fehlt);
+    Dokumente(*m_db).setzeStatus(dokument.id, Status::Fehlt);
     throw Fehler(Sprache::text(u"Die Datei liegt nicht mehr am erwarteten Ort"_s));
 }
 
@@ -192,7 +194,7 @@ Vollzug Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeic
 
 qint64 Ablagewerk::rueckgaengig() { return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle); }
 
-Zurueckgenommen Ablagewerk::tatZurueck(const std::optional<Taten::Tat> &diese,
+Zurueckgenommen Ablagewerk::tatZuruecknehmen(const std::optional<Taten::Tat> &diese,
                                        const Tatruecknahme::Fortschritt &fortschritt)
 {
     return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
@@ -221,9 +223,10 @@ Ablagewerk::Ausnahmenwechsel Ablagewerk::ausnahmenAnwenden(Datenbank &db, const 
     Stapel stapel(db);
     for (const Aenderung &a : liste) {
         stapel.naechstes();
-        Dokumente(db).ausgenommenSetzen(a.id, a.ausgenommen);
+        Dokumente(db).setzeAusgenommen(a.id, a.ausgenommen);
         ++(a.ausgenommen ? wechsel.ruhen : wechsel.zurueckgeholt);
     }
     stapel.abschliessen();
     return wechsel;
 }
+} // namespace quillmar::ablage

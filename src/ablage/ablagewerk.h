@@ -3,6 +3,7 @@
 #include "absicht.h"
 #include "dateibewegung.h"
 #include "dokument.h"
+#include "namensraeume.h"
 #include "profil.h"
 #include "richtung.h"
 #include "tatruecknahme.h"
@@ -12,8 +13,14 @@
 #include <memory>
 #include <utility>
 
-class Bewegungsgang;
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
+
+namespace quillmar::ablage
+{
+class Bewegungsgang;
 class Protokollbuch;
 
 /** What an action of the filing engine has done. */
@@ -59,7 +66,7 @@ public:
     /** Takes the newest movement back; returns its document. What cannot be is told once, then passed over. */
     qint64 rueckgaengig();
     /** Takes the newest deed of the review back, a movement or not; see Tatruecknahme. Throws Fehler. */
-    Zurueckgenommen tatZurueck(const std::optional<Taten::Tat> &diese = {},
+    Zurueckgenommen tatZuruecknehmen(const std::optional<Taten::Tat> &diese = {},
                                const Tatruecknahme::Fortschritt &fortschritt = {});
 
     [[nodiscard]] std::optional<Dokument> dokument(qint64 id) const;
@@ -109,3 +116,4 @@ private:
     std::shared_ptr<Protokollbuch> m_buch;
     bool m_zielGeprueft = false;
 };
+} // namespace quillmar::ablage

@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 QByteArray kompakt(const QJsonObject &objekt) { return QJsonDocument(objekt).toJson(QJsonDocument::Compact); }
@@ -138,3 +140,4 @@ Status statusZurueck(const Protokollzeile &zeile)
 }
 
 QString absichtsdatei(const Datenbank &db) { return Katalog::pfad(db) + u".absicht"_s; }
+} // namespace quillmar::ablage

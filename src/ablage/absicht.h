@@ -2,10 +2,16 @@
 
 #include "dateibewegung.h"
 #include "dokument.h"
+#include "namensraeume.h"
 #include "protokollzeile.h"
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::ablage
+{
 /** All that is needed to settle a movement that a crash has interrupted, and to record it. One line of the intent file.
  */
 struct Absicht {
@@ -45,3 +51,4 @@ struct Absicht {
 
 /** The intent file of a catalogue. */
 [[nodiscard]] QString absichtsdatei(const Datenbank &db);
+} // namespace quillmar::ablage

@@ -7,6 +7,8 @@
 #include "taten.h"
 #include "transaktion.h"
 
+namespace quillmar::ablage
+{
 namespace
 {
 void werteSchreiben(Datenbank &db, qint64 id, const Angaben &angaben)
@@ -33,7 +35,7 @@ void standSchreiben(Datenbank &db, const Absicht &a)
     const Protokollzeile &z = a.zeile;
     // A copying profile leaves the document where it was; so does a document that lay right already.
     if (z.kopiert || z.von == z.nach)
-        Dokumente(db).statusSetzen(z.dokument, a.status);
+        Dokumente(db).setzeStatus(z.dokument, a.status);
     else
         Dokumente(db).ortSchreiben(z.dokument, a.status, z.nach);
 }
@@ -91,3 +93,4 @@ bool Aufzeichnung::istErfolgt(Datenbank &db, const Absicht &a)
         return a.protokollId == 0 || bewegungen.istZurueck(a.protokollId);
     return bewegungen.istEingetragen(a.protokollId, a.zeile.dokument, a.zeile.von, a.zeile.nach);
 }
+} // namespace quillmar::ablage

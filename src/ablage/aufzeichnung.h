@@ -1,9 +1,15 @@
 #pragma once
 
 #include "absicht.h"
+#include "namensraeume.h"
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::ablage
+{
 /** Writing of finished movements into the catalogue. */
 namespace Aufzeichnung
 {
@@ -23,3 +29,4 @@ void ruecknahmen(Datenbank &db, const QList<Absicht> &absichten);
 /** The catalogue knows of the movement, or of its being turned back, already. */
 [[nodiscard]] bool istErfolgt(Datenbank &db, const Absicht &absicht);
 } // namespace Aufzeichnung
+} // namespace quillmar::ablage

@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 /** What the user reads of a placeholder. */
@@ -47,3 +49,4 @@ std::optional<Baustein> bausteinAus(QStringView wort)
 QString bausteinAnzeige(Baustein baustein) { return Sprache::text(/* QUILLMAR_TEXT */ worte(baustein).anzeige); }
 
 QString bausteinErklaerung(Baustein baustein) { return Sprache::text(/* QUILLMAR_TEXT */ worte(baustein).erklaerung); }
+} // namespace quillmar::ablage

@@ -1,15 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 #include <array>
 #include <optional>
 
+namespace quillmar::ablage
+{
 /** The building blocks of the name and path templates, in the order in which they are offered. */
-enum class Baustein { datum, jahr, monat, gegenueber, titel, zweig, ablage, rubrik, altname };
+enum class Baustein { Datum, Jahr, Monat, Gegenueber, Titel, Zweig, Ablage, Rubrik, Altname };
 
 inline constexpr std::array alleBausteine = {
-    Baustein::datum, Baustein::jahr,   Baustein::monat,  Baustein::gegenueber, Baustein::titel,
-    Baustein::zweig, Baustein::ablage, Baustein::rubrik, Baustein::altname,
+    Baustein::Datum, Baustein::Jahr,   Baustein::Monat,  Baustein::Gegenueber, Baustein::Titel,
+    Baustein::Zweig, Baustein::Ablage, Baustein::Rubrik, Baustein::Altname,
 };
 
 /** The word between the braces. */
@@ -19,3 +22,4 @@ inline constexpr std::array alleBausteine = {
 /** Display name and explanation, in the user's language. */
 [[nodiscard]] QString bausteinAnzeige(Baustein baustein);
 [[nodiscard]] QString bausteinErklaerung(Baustein baustein);
+} // namespace quillmar::ablage

@@ -18,6 +18,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 constexpr auto geduld = 60s;
@@ -224,3 +226,4 @@ QStringList Bewegungsgang::zuruecknehmen(const QList<Absicht> &absichten, const 
     abschliessen();
     return fehler;
 }
+} // namespace quillmar::ablage

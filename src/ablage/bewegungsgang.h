@@ -3,11 +3,18 @@
 #include "absicht.h"
 #include "absichtsdatei.h"
 #include "fehler.h"
+#include "namensraeume.h"
 
 #include <functional>
 #include <memory>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
+
+namespace quillmar::ablage
+{
 class Protokollbuch;
 
 /**
@@ -58,3 +65,4 @@ private:
     Absichtsdatei m_datei;
     QList<QByteArray> m_offene; ///< what cannot be settled yet, since a drive is not there or a disk fails
 };
+} // namespace quillmar::ablage

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 /** The document is not where the movement has brought it, but has moved on since. */
@@ -74,3 +76,4 @@ QString Bewegungspruefung::hindernis(const Protokollzeile &zeile, const Verzeich
                ? QString()
                : Sprache::text(u"Das Original fehlt oder ist nicht mehr wie die Kopie"_s);
 }
+} // namespace quillmar::ablage

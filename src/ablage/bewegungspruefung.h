@@ -1,9 +1,15 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "protokollzeile.h"
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::ablage
+{
 /** Whether a recorded movement can be taken back, as catalogue and disk are now. */
 namespace Bewegungspruefung
 {
@@ -27,3 +33,4 @@ struct Verzeichnet {
 /** Why the disk or the catalogue do not allow to take it back, for the user; empty if they do. Blocks. */
 [[nodiscard]] QString hindernis(const Protokollzeile &zeile, const Verzeichnet &stand);
 } // namespace Bewegungspruefung
+} // namespace quillmar::ablage

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 
+namespace quillmar::ablage
+{
 /** Why a movement of a session was not turned back. */
 struct Rueckbaubefund {
     qsizetype stelle = -1; ///< of its line among Protokollbuch::lesen(); -1: of the session as a whole
@@ -17,3 +20,4 @@ struct Bilanz {
     QList<Rueckbaubefund> uebersprungen; ///< passed over: turned back already, vanished, or its old place is taken
     bool operator==(const Bilanz &) const = default;
 };
+} // namespace quillmar::ablage

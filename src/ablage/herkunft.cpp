@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 bool hatPdfIn(const QByteArray &ordner, bool mitUnterordnern)
@@ -75,3 +77,4 @@ bool Herkunft::istUnerreichbarFuer(Datenbank &db, const Profil &profil, const QS
     return liegtUnter(pfad, profil.quelle) && (!istOrdner(wurzel(profil)) || istFremderLeererOrdner(db, profil) ||
                                                istLeererEinhaengepunkt(db, profil, mehrAlsEines));
 }
+} // namespace quillmar::ablage

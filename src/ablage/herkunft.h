@@ -1,9 +1,15 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::ablage
+{
 /** The source folder: whether it is there, or only the empty folder that its drive is mounted on. */
 namespace Herkunft
 {
@@ -28,3 +34,4 @@ void merken(Datenbank &db, const Profil &profil);
 /** The file @p pfad is missing since the whole source folder is. */
 [[nodiscard]] bool istUnerreichbarFuer(Datenbank &db, const Profil &profil, const QString &pfad);
 } // namespace Herkunft
+} // namespace quillmar::ablage

@@ -1,5 +1,7 @@
 #include "jsonschreiber.h"
 
+namespace quillmar::ablage
+{
 namespace
 {
 constexpr qsizetype ueblicheLaenge = 512;
@@ -59,3 +61,4 @@ void Jsonschreiber::roh(QByteArrayView name, const QByteArray &json)
 }
 
 QByteArray Jsonschreiber::ende() { return m_bytes.isEmpty() ? "{}" : m_bytes.append('}'); }
+} // namespace quillmar::ablage

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QString>
 
+namespace quillmar::ablage
+{
 /** Writes one flat object as a line of JSON; for lines by the thousand, where building a QJsonObject takes longest. */
 class Jsonschreiber
 {
@@ -21,3 +24,4 @@ private:
     void beginnen(QByteArrayView name);
     QByteArray m_bytes;
 };
+} // namespace quillmar::ablage

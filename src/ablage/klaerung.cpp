@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace quillmar::ablage
+{
 namespace
 {
 using Klaerung::Lage;
@@ -191,3 +193,4 @@ bool Klaerung::istUnberuehrt(const Absicht &a)
         a.ende() != a.anfang() && !a.ende().isEmpty() && Dateibewegung::istDieselbe(a.ende(), a.groesse, a.dateizeit);
     return istVorhanden(a.anfang()) && !rest && !amZiel;
 }
+} // namespace quillmar::ablage

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "namensraeume.h"
+
+namespace quillmar::ablage
+{
 struct Absicht;
 
 /** What a crash has left of a movement, seen from the disk. */
@@ -20,3 +24,4 @@ enum class Lage {
 /** A file lies where it was before, and nothing of it where it was to go. */
 [[nodiscard]] bool istUnberuehrt(const Absicht &absicht);
 } // namespace Klaerung
+} // namespace quillmar::ablage

@@ -19,6 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 struct Log {
@@ -213,3 +215,4 @@ Bilanz Protokollbuch::zurueckdrehen(const QString &datei, const std::shared_ptr<
 {
     return Rueckbau(datei, db, fortschritt, ende, grenzen).ausfuehren();
 }
+} // namespace quillmar::ablage

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bilanz.h"
+#include "namensraeume.h"
 #include "protokollzeile.h"
 
 #include <QStringList>
@@ -9,8 +10,13 @@
 #include <mutex>
 #include <stop_token>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::ablage
+{
 /**
  * The log of one session: a file in JSON Lines form, a header and a line for each movement. It is the record from which
  * a session can be turned back, on another computer or without the catalogue too. Never rewritten, never deleted.
@@ -66,3 +72,4 @@ private:
     bool m_begonnen = false;
     mutable std::mutex m_schloss;
 };
+} // namespace quillmar::ablage

@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 /** Reads required members; remembers whether one was missing or of another type. */
@@ -245,3 +247,4 @@ std::optional<Protokollzeile> Protokollzeile::aus(const QByteArray &zeile)
         gelesen.vonName.clear();
     return istBewegung && leser.ganz() ? std::optional(std::move(gelesen)) : std::nullopt;
 }
+} // namespace quillmar::ablage

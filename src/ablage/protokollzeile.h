@@ -1,10 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QByteArray>
 #include <optional>
 
+namespace quillmar::ablage
+{
 /** Header of a session log. */
 struct Protokollkopf {
     QString zeit; ///< start of the session, ISO 8601 in UTC
@@ -45,3 +48,4 @@ struct Protokollzeile {
     /** None for anything but a whole movement line. */
     [[nodiscard]] static std::optional<Protokollzeile> aus(const QByteArray &zeile);
 };
+} // namespace quillmar::ablage

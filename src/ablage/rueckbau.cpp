@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 constexpr qsizetype hoechstensGruppe = 100;
@@ -146,7 +148,7 @@ QStringList Rueckbau::zuruecknehmen(const QList<Absicht> &absichten)
     QStringList fehler;
     for (const Absicht &absicht : absichten) {
         try {
-            zuruecklegen(
+            bewegungZuruecknehmen(
                 absicht.zeile, m_herkunft, [](const Dateibewegung::Schritt &) {}, nullptr);
             fehler << QString();
         } catch (const Fehler &f) {
@@ -156,3 +158,4 @@ QStringList Rueckbau::zuruecknehmen(const QList<Absicht> &absichten)
     }
     return fehler;
 }
+} // namespace quillmar::ablage

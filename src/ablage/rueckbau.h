@@ -1,8 +1,11 @@
 #pragma once
 
 #include "absicht.h"
+#include "namensraeume.h"
 #include "protokollbuch.h"
 
+namespace quillmar::ablage
+{
 class Bewegungsgang;
 
 /** The turning back of one whole session; see Protokollbuch::zurueckdrehen(). */
@@ -39,3 +42,4 @@ private:
     Bilanz m_bilanz;
     qint64 m_fertig = 0;
 };
+} // namespace quillmar::ablage

@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 /** The folder that a file goes back to; of the source folder only what lies in it is made. */
@@ -58,7 +60,7 @@ QStringList Ruecknahme::ausfuehren(const std::function<void()> &jeweils)
     vormerken();
     for (Posten &posten : m_posten) {
         if (posten.fehler.isEmpty())
-            zuruecklegen(posten);
+            zuruecknehmen(posten);
         if (jeweils)
             jeweils();
     }
@@ -83,7 +85,7 @@ void Ruecknahme::vormerken()
     }
 }
 
-void Ruecknahme::zuruecklegen(Posten &posten)
+void Ruecknahme::zuruecknehmen(Posten &posten)
 {
     Absicht &absicht = posten.absicht;
     // Announced already, but for the temporary file that a copy across disks needs.
@@ -94,7 +96,7 @@ void Ruecknahme::zuruecklegen(Posten &posten)
         m_datei.schreiben({absicht.json()});
     };
     try {
-        posten.imKorb = ::zuruecklegen(absicht.zeile, m_herkunft, ankuendigen, &m_ordner);
+        posten.imKorb = bewegungZuruecknehmen(absicht.zeile, m_herkunft, ankuendigen, &m_ordner);
         posten.zurueck = true;
     } catch (const Fehler &f) {
         posten.fehler = f.text();
@@ -120,7 +122,7 @@ void Ruecknahme::sichern()
         for (const QString &pfad : {z.von, z.nach}) {
             const QString fehler = gescheitert.value(plattenPfad(ordnerVon(pfad)) + '/');
             if (posten.zurueck && !z.kopiert && !fehler.isEmpty())
-                umkehren(posten, fehler);
+                zuruecksetzen(posten, fehler);
         }
     }
 }
@@ -141,13 +143,13 @@ void Ruecknahme::aufzeichnen()
     } catch (const Fehler &f) {
         for (Posten &posten : m_posten) {
             if (istVerzeichnet(posten))
-                umkehren(posten, f.text());
+                zuruecksetzen(posten, f.text());
         }
     }
 }
 
 /** Back to where the catalogue says it is. The intent stays in any case: the next settling sees what has lasted. */
-void Ruecknahme::umkehren(Posten &posten, const QString &fehler)
+void Ruecknahme::zuruecksetzen(Posten &posten, const QString &fehler)
 {
     posten.zurueck = false;
     posten.fehler = fehler;
@@ -164,8 +166,8 @@ void Ruecknahme::umkehren(Posten &posten, const QString &fehler)
     m_offene << posten.absicht.json();
 }
 
-QString zuruecklegen(const Protokollzeile &zeile, const QString &herkunft,
-                     const Dateibewegung::Ankuendigung &ankuendigung, QSet<QByteArray> *spaeterSichern)
+QString bewegungZuruecknehmen(const Protokollzeile &zeile, const QString &herkunft,
+                              const Dateibewegung::Ankuendigung &ankuendigung, QSet<QByteArray> *spaeterSichern)
 {
     // One entry at both ends is the only file that there is.
     if (Bewegungspruefung::istOhneWeg(zeile))
@@ -199,3 +201,4 @@ Dateibewegung::Ankuendigung nurZwischendatei(Absichtsdatei &datei, Absicht &absi
         }
     };
 }
+} // namespace quillmar::ablage

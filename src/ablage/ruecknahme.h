@@ -2,9 +2,12 @@
 
 #include "absicht.h"
 #include "absichtsdatei.h"
+#include "namensraeume.h"
 
 #include <functional>
 
+namespace quillmar::ablage
+{
 /** Movements that are taken back together: announced at once, their folders flushed once, recorded in one transaction.
  */
 class Ruecknahme
@@ -31,10 +34,10 @@ private:
     };
 
     void vormerken();
-    void zuruecklegen(Posten &posten);
+    void zuruecknehmen(Posten &posten);
     void sichern();
     void aufzeichnen();
-    void umkehren(Posten &posten, const QString &fehler);
+    void zuruecksetzen(Posten &posten, const QString &fehler);
 
     Datenbank &m_db;
     Absichtsdatei &m_datei;
@@ -48,11 +51,12 @@ private:
  * Takes one movement back: a copy to the trash, a moved file to its old place. @p ankuendigung as for
  * Dateibewegung::ausfuehren(). Returns the place in the trash. Throws Fehler.
  */
-QString zuruecklegen(const Protokollzeile &zeile, const QString &herkunft,
-                     const Dateibewegung::Ankuendigung &ankuendigung, QSet<QByteArray> *spaeterSichern);
+QString bewegungZuruecknehmen(const Protokollzeile &zeile, const QString &herkunft,
+                              const Dateibewegung::Ankuendigung &ankuendigung, QSet<QByteArray> *spaeterSichern);
 
 /**
  * For a movement that has to be undone since it could not be recorded: both ends are announced already, so only a
  * temporary file is, and a full disk does not keep the file from going back.
  */
 [[nodiscard]] Dateibewegung::Ankuendigung nurZwischendatei(Absichtsdatei &datei, Absicht &absicht);
+} // namespace quillmar::ablage

@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 constexpr qsizetype hoechstensGruppe = 100;
@@ -203,3 +205,4 @@ qint64 Tatruecknahme::letzteBewegung(const std::shared_ptr<Datenbank> &db, const
     }
     nichtsDa();
 }
+} // namespace quillmar::ablage

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "taten.h"
 
 #include <QStringList>
 #include <functional>
 #include <memory>
 
+namespace quillmar::ablage
+{
 /** What taking a deed back came to. */
 struct Zurueckgenommen {
     QList<qint64> dokumente; ///< what waits, or is a duplicate, again; first the one to be shown
@@ -31,3 +34,4 @@ using Fortschritt = std::function<bool(qint64 fertig, qint64 gesamt)>;
 /** The same for movements alone, whatever deed they are part of. Returns the document. */
 [[nodiscard]] qint64 letzteBewegung(const std::shared_ptr<Datenbank> &db, const QString &herkunft);
 } // namespace Tatruecknahme
+} // namespace quillmar::ablage

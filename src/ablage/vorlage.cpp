@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 constexpr auto unicode = QRegularExpression::UseUnicodePropertiesOption;
@@ -133,3 +135,4 @@ QString Vorlage::saeubern(const QString &text, qsizetype grenze)
     const QString sauber = ohneRaender(mitEinfachenLuecken(ohneUnsichtbares(nfc(text))), u" .-");
     return ohneRaender(ersteZeichen(sauber, grenze), u" .-");
 }
+} // namespace quillmar::ablage

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "baustein.h"
+#include "namensraeume.h"
 
 #include <QMap>
 
+namespace quillmar::ablage
+{
 /** Filling of templates: text with building blocks in curly braces. Pure functions that never fail. */
 namespace Vorlage
 {
@@ -27,3 +30,4 @@ using Werte = QMap<Baustein, QString>;
  */
 [[nodiscard]] QString saeubern(const QString &text, qsizetype grenze);
 } // namespace Vorlage
+} // namespace quillmar::ablage

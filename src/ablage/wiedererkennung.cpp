@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 Wiedererkennung::Vergleich Wiedererkennung::vergleich(const Dateinotiz &stand, qint64 groesse, qint64 geaendert)
 {
     if (stand.sha256.isEmpty())
@@ -39,3 +41,4 @@ void Wiedererkennung::ersetzen(Datenbank &db, qint64 id, const QString &pfad)
     const auto jetzt = Dateibewegung::angabenVon(pfad);
     Dateien(db).ersetzen(id, jetzt ? jetzt->groesse : 0);
 }
+} // namespace quillmar::ablage

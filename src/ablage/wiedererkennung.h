@@ -1,7 +1,10 @@
 #pragma once
 
 #include "dateien.h"
+#include "namensraeume.h"
 
+namespace quillmar::ablage
+{
 /**
  * Whether a file is still the one that a document was read from. With every digest the size and modification time of
  * the file are noted: while they are the same the file is taken for the same, else its bytes decide.
@@ -25,3 +28,4 @@ enum class Vergleich {
 /** Takes in what lies at @p pfad, the path of document @p id, now as a document of its own, still to be read. */
 void ersetzen(Datenbank &db, qint64 id, const QString &pfad);
 } // namespace Wiedererkennung
+} // namespace quillmar::ablage

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 constexpr qsizetype laengeDatum = 10;
@@ -38,9 +40,9 @@ QString unterZiel(const Profil &profil, const QString &relativ)
 /** A level that the structure knows is taken as it is on the disk, with whatever a new name would lose. */
 QString ebeneFuellen(const QString &ebene, const Vorlage::Werte &werte, const Ablageart &art)
 {
-    for (const Baustein baustein : {Baustein::zweig, Baustein::ablage, Baustein::rubrik}) {
+    for (const Baustein baustein : {Baustein::Zweig, Baustein::Ablage, Baustein::Rubrik}) {
         const QString wert = werte.value(baustein);
-        const bool bekannt = baustein != Baustein::rubrik || art.rubriken.contains(wert);
+        const bool bekannt = baustein != Baustein::Rubrik || art.rubriken.contains(wert);
         if (bekannt && ebene == u'{' + bausteinWort(baustein) + u'}')
             return wert;
     }
@@ -58,15 +60,15 @@ QString Ziel::dateiname(const Angaben &a, const QString &altName, const Profil &
 {
     const QString datum = Vorlage::saeubern(a.datum, laengeDatum);
     const Vorlage::Werte werte = {
-        {Baustein::datum, datum},
-        {Baustein::jahr, a.jahr},
-        {Baustein::monat, datum.size() >= 7 ? datum.mid(5, 2) : QString()},
-        {Baustein::gegenueber, Vorlage::saeubern(a.gegenueber, laengeGegenueber)},
-        {Baustein::titel, Vorlage::saeubern(a.titel, laengeTitel)},
-        {Baustein::zweig, a.ort.zweig},
-        {Baustein::ablage, a.ort.ablage},
-        {Baustein::rubrik, a.ort.rubrik},
-        {Baustein::altname, ohneEndung(altName)},
+        {Baustein::Datum, datum},
+        {Baustein::Jahr, a.jahr},
+        {Baustein::Monat, datum.size() >= 7 ? datum.mid(5, 2) : QString()},
+        {Baustein::Gegenueber, Vorlage::saeubern(a.gegenueber, laengeGegenueber)},
+        {Baustein::Titel, Vorlage::saeubern(a.titel, laengeTitel)},
+        {Baustein::Zweig, a.ort.zweig},
+        {Baustein::Ablage, a.ort.ablage},
+        {Baustein::Rubrik, a.ort.rubrik},
+        {Baustein::Altname, ohneEndung(altName)},
     };
     QString name = Vorlage::ohneUnsichtbares(nfc(Vorlage::fuellen(werte, profil.namensVorlage)));
     // A rubric of two levels or a template brings separators and marks of its own.
@@ -92,10 +94,10 @@ QString Ziel::ordner(const Ort &ort, const QString &jahr, const Profil &profil)
     if (!art || ort.rubrik.isEmpty() || (art->mitJahr && jahr.size() != 4))
         return auffang(ort, profil);
     const Vorlage::Werte werte = {
-        {Baustein::zweig, ort.zweig},
-        {Baustein::ablage, ort.ablage},
-        {Baustein::rubrik, ort.rubrik},
-        {Baustein::jahr, art->mitJahr ? jahr : QString()},
+        {Baustein::Zweig, ort.zweig},
+        {Baustein::Ablage, ort.ablage},
+        {Baustein::Rubrik, ort.rubrik},
+        {Baustein::Jahr, art->mitJahr ? jahr : QString()},
     };
     QStringList ebenen;
     for (const QString &ebene : Vorlage::ebenen(profil.pfadVorlage))
@@ -103,3 +105,4 @@ QString Ziel::ordner(const Ort &ort, const QString &jahr, const Profil &profil)
     ebenen.removeAll(QString());
     return unterZiel(profil, ohneSpruenge(ebenen.join(u'/')));
 }
+} // namespace quillmar::ablage

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "angaben.h"
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::ablage
+{
 /** Where an accepted document goes and what it is called there. Pure rules. */
 namespace Ziel
 {
@@ -22,3 +25,4 @@ namespace Ziel
 /** The profile's duplicates folder. Throws Fehler when its name leads out of the target root. */
 [[nodiscard]] QString dublettenordner(const Profil &profil);
 } // namespace Ziel
+} // namespace quillmar::ablage

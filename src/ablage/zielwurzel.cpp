@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablage
+{
 namespace
 {
 QString wurzelVon(const Profil &profil) { return QDir::cleanPath(nfc(profil.zielWurzel)); }
@@ -35,3 +37,4 @@ bool Zielwurzel::istAndere(Datenbank &db, const Profil &profil)
 }
 
 void Zielwurzel::bestaetigen(Datenbank &db, const Profil &profil) { Bewegungen(db).umzugVermerken(wurzelVon(profil)); }
+} // namespace quillmar::ablage

@@ -1,10 +1,16 @@
 #pragma once
 
 #include "fehler.h"
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::ablage
+{
 /**
  * A folder stands at the target root, but nothing of what was filed there last: the drive may not be mounted, and what
  * is filed now would lie in the empty folder below it.
@@ -30,3 +36,4 @@ void pruefen(Datenbank &db, const Profil &profil);
 /** The user has moved his tree by hand: what was filed until now is no sign any more. Throws Fehler. */
 void bestaetigen(Datenbank &db, const Profil &profil);
 } // namespace Zielwurzel
+} // namespace quillmar::ablage

@@ -9,6 +9,8 @@
 
 #include <QSet>
 
+namespace quillmar::analyse
+{
 namespace
 {
 using Abgleich::Bekanntes;
@@ -196,7 +198,8 @@ void Abgleich::eintragen(Lauf &lauf, const QList<Fund> &funde, qint64 seit)
     }
     e.abschliessen();
     for (const Offenes &o : andernorts(bekannte, gefunden))
-        ::eintragen(e, fall(&o.bekannt, o.fund), o, offene);
+        analyse::eintragen(e, fall(&o.bekannt, o.fund), o, offene);
     e.abschliessen();
     offeneEntscheiden(lauf, offene, seit);
 }
+} // namespace quillmar::analyse

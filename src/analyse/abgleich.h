@@ -2,8 +2,15 @@
 
 #include "bestand.h"
 #include "dateien.h"
+#include "namensraeume.h"
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
+
+namespace quillmar::analyse
+{
 class Lauf;
 
 /**
@@ -30,3 +37,4 @@ enum class Fall {
  */
 void eintragen(Lauf &lauf, const QList<Bestand::Fund> &funde, qint64 seit);
 } // namespace Abgleich
+} // namespace quillmar::analyse

@@ -18,6 +18,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::analyse
+{
 /** What the worker shares with the object that started it, and what outlives that object. */
 struct Analyse::Verbindung {
     explicit Verbindung(std::shared_ptr<Briefkasten> kasten) : briefe(std::move(kasten)) {}
@@ -138,7 +140,7 @@ void Analyse::abbrechen()
     Q_EMIT geaendert();
 }
 
-void Analyse::ausnahmenSetzen(const QStringList &ausnahmen)
+void Analyse::setzeAusnahmen(const QStringList &ausnahmen)
 {
     if (!m_laeuft)
         return;
@@ -172,13 +174,13 @@ void Analyse::laufen(Analyse *ziel, const std::shared_ptr<Verbindung> &v, Arbeit
         std::move(arbeit.db), arbeit.profil, [v] { return v->abbrechen.load(); }, arbeit.ende,
         [ziel, v](const Laufstand &stand) {
             // States of one stage that come faster than they are taken are skipped.
-            v->briefe->fortschreiben([ziel, stand] { ziel->standSetzen(stand); }, stand.stufe);
+            v->briefe->fortschreiben([ziel, stand] { ziel->setzeStand(stand); }, stand.stufe);
         });
     const Laufstand stand = durchgang(lauf, arbeit.auftrag, [v] { return v->jetzigeAusnahmen(); });
     v->briefe->einwerfen([ziel, stand, fazit = lauf.fazit()] { ziel->schluss(stand, fazit); });
 }
 
-void Analyse::standSetzen(const Laufstand &stand)
+void Analyse::setzeStand(const Laufstand &stand)
 {
     m_stand = stand;
     Q_EMIT geaendert();
@@ -197,3 +199,4 @@ void Analyse::schluss(const Laufstand &stand, const Lauffazit &fazit)
     Q_EMIT geaendert();
     Q_EMIT beendet();
 }
+} // namespace quillmar::analyse

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "lauf.h"
+#include "namensraeume.h"
 
 #include <QObject>
 #include <memory>
 #include <optional>
 #include <stop_token>
 
+namespace quillmar::analyse
+{
 /** What a run is to do beyond the usual. */
 struct Laufauftrag {
     bool erneut = false;           ///< reopen what failed before, once it is certain that the run takes place
@@ -38,9 +41,9 @@ public:
     /** Ends the run at once, as the end of the program does. */
     void sofortBeenden();
     /** Rules added or taken out while a run goes on hold for it too. */
-    void ausnahmenSetzen(const QStringList &ausnahmen);
+    void setzeAusnahmen(const QStringList &ausnahmen);
     /** The profile of the next run. */
-    void profilSetzen(const Profil &profil) { m_profil = profil; }
+    void setzeProfil(const Profil &profil) { m_profil = profil; }
 
     [[nodiscard]] bool laeuft() const { return m_laeuft; }
     [[nodiscard]] bool abbrechenGewuenscht() const;
@@ -64,7 +67,7 @@ private:
     struct Verbindung;
     struct Arbeit;
     static void laufen(Analyse *ziel, const std::shared_ptr<Verbindung> &v, Arbeit arbeit);
-    void standSetzen(const Laufstand &stand);
+    void setzeStand(const Laufstand &stand);
     void schluss(const Laufstand &stand, const Lauffazit &fazit);
 
     std::shared_ptr<Datenbank> m_db;
@@ -75,3 +78,4 @@ private:
     std::shared_ptr<Verbindung> m_verbindung;
     std::stop_source m_ende;
 };
+} // namespace quillmar::analyse

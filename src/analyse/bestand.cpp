@@ -24,6 +24,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 constexpr qsizetype meisteAusgenommene = 500; // that are listed one by one
@@ -257,7 +259,7 @@ void pruefsummenSchreiben(Datenbank &db, const QList<Pruefsummen::Ergebnis> &neu
         if (e.sha256.isNull())
             continue;
         stapel.naechstes();
-        if (Dateien(db).pruefsummeSetzen(e.id, e.sha256))
+        if (Dateien(db).setzePruefsumme(e.id, e.sha256))
             Dateien(db).standNotieren(e.id, e.groesse, e.geaendert, true);
     }
     stapel.abschliessen();
@@ -353,3 +355,4 @@ void Bestand::aufnehmen(Lauf &lauf)
     lauf.fortschritt(gefuellt(Sprache::text(u"%@ byte-identische Dubletten gefunden"_s), {QString::number(gleiche)}), 1,
                      1);
 }
+} // namespace quillmar::analyse

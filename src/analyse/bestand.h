@@ -1,11 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QSet>
 #include <functional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
+
+namespace quillmar::analyse
+{
 class Lauf;
 
 /** The first stage: which PDF files there are, and which of them are the same to the byte. */
@@ -57,3 +64,4 @@ void verzeichnen(Lauf &lauf);
 /** The stage. Throws Fehler when the source folder is not there or the catalogue cannot be written. */
 void aufnehmen(Lauf &lauf);
 } // namespace Bestand
+} // namespace quillmar::analyse

@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 /** The folder's lock; not open when another holds it or it is not the user's own folder. */
@@ -56,3 +58,4 @@ void Bilderordner::verwaisteEntfernen()
             QDir(ablage.filePath(name)).removeRecursively();
     }
 }
+} // namespace quillmar::analyse

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "dateigriff.h"
+#include "namensraeume.h"
 
 #include <QStringList>
 
+namespace quillmar::analyse
+{
 /**
  * A fresh folder for page images in the system's temporary folder, for the user alone; gone with the object. Locked
  * while it lives, so that what a killed program has left behind can be told from what is in use.
@@ -29,3 +32,4 @@ private:
     QString m_ort;
     Dateigriff m_sperre;
 };
+} // namespace quillmar::analyse

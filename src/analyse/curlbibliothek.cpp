@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 constexpr int fassung = 4; // of its binary interface
@@ -46,3 +48,4 @@ const Curlbibliothek &Curlbibliothek::geladen()
     static const Curlbibliothek einzige;
     return einzige;
 }
+} // namespace quillmar::analyse

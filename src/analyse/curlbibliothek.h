@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <curl/curl.h>
 
+namespace quillmar::analyse
+{
 /**
  * libcurl, loaded at its first use. It brings some thirty libraries along: linked, they would make up a third of the
  * start of every console command, most of which ask nobody.
@@ -31,3 +34,4 @@ public:
 private:
     Curlbibliothek();
 };
+} // namespace quillmar::analyse

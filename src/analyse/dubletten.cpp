@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 using Dubletten::Mitglied;
@@ -76,3 +78,4 @@ Dubletten::Gruppen Dubletten::gruppen(Datenbank &db, Dateien::Gleichheit gleichh
     }
     return alle;
 }
+} // namespace quillmar::analyse

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "dateien.h"
+#include "namensraeume.h"
 
+namespace quillmar::analyse
+{
 /** Marking of documents that are the same. */
 namespace Dubletten
 {
@@ -32,3 +35,4 @@ qsizetype dublettenMarkieren(Datenbank &db, const Gruppen &gruppen, double guete
  */
 [[nodiscard]] Gruppen gruppen(Datenbank &db, Dateien::Gleichheit gleichheit);
 } // namespace Dubletten
+} // namespace quillmar::analyse

@@ -16,6 +16,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 using Vorlage = Vorschlaege::Vorlage;
@@ -220,3 +222,4 @@ void Einordner::einordnen(Lauf &lauf)
     lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
     fragen(lauf, lauf.profil().modell, Laufhindernis::Art::ErstesModellFehlt, [&] { alleEinordnen(Werkbank(lauf)); });
 }
+} // namespace quillmar::analyse

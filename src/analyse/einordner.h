@@ -3,14 +3,20 @@
 #include "einordnung.h"
 #include "gegenpruefung.h"
 #include "lauf.h"
+#include "namensraeume.h"
 #include "ollama.h"
 #include "rechnungsrichtung.h"
 
 #include <functional>
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::analyse
+{
 /** Asks the model for the other party of a document; none when there is none or it names the owner again. */
 [[nodiscard]] std::optional<QString> nachfragen(const Gegenpruefung &pruefung, const QString &text,
                                                 const Profil &profil, const Ollama &ollama,
@@ -43,3 +49,4 @@ void fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt, con
 /** The stage. Throws Fehler when the catalogue cannot be written. */
 void einordnen(Lauf &lauf);
 } // namespace Einordner
+} // namespace quillmar::analyse

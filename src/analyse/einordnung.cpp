@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 /** Without a date or a known rubric the model cannot have been sure. */
@@ -228,3 +230,4 @@ QString Einordnung::datumAusName(const QString &name)
         return {};
     return treffer.captured(1) + u'-' + treffer.captured(2) + u'-' + treffer.captured(3);
 }
+} // namespace quillmar::analyse

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "angaben.h"
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QDate>
 #include <QJsonObject>
 
+namespace quillmar::analyse
+{
 /** One checked classification. Texts are trimmed; the place holds only levels that the profile knows. */
 struct Einordnungsergebnis {
     Angaben angaben;      ///< the year is that of the date
@@ -40,3 +43,4 @@ namespace Einordnung
 /** The first date of the 20th or 21st century in a file name, as JJJJ-MM-TT; empty if there is none. */
 [[nodiscard]] QString datumAusName(const QString &name);
 } // namespace Einordnung
+} // namespace quillmar::analyse

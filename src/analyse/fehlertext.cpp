@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 constexpr QStringView nichtGelesen = u"Lesen nicht möglich";
@@ -37,3 +39,4 @@ QString Fehlertext::anzeige(const QString &fehler)
         return Sprache::text(u"Einordnung nicht möglich"_s) + uebersetzt(fehler.mid(nichtEingeordnet.size()));
     return fehler;
 }
+} // namespace quillmar::analyse

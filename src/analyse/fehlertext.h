@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 
+namespace quillmar::analyse
+{
 /**
  * Why a document could not be read or classified, as it stands in the catalogue: one of two fixed beginnings, ": " and
  * the reason. The beginnings are German whatever the language, since later runs in any language look for them.
@@ -17,3 +20,4 @@ namespace Fehlertext
 /** A stored text for the user: its beginning in the user's language, its reason too where it is known. */
 [[nodiscard]] QString anzeige(const QString &fehler);
 } // namespace Fehlertext
+} // namespace quillmar::analyse

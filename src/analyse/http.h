@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fehler.h"
+#include "namensraeume.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -9,6 +10,8 @@
 #include <functional>
 #include <stop_token>
 
+namespace quillmar::analyse
+{
 /**
  * One HTTP/1.1 request to a server on this computer, blocking. Asks no proxy, follows no redirect, sends nothing twice,
  * and keeps to a limit for the whole exchange. libcurl does the work.
@@ -46,3 +49,4 @@ struct Antwort {
  */
 Antwort senden(const Anfrage &anfrage);
 } // namespace Http
+} // namespace quillmar::analyse

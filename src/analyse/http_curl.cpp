@@ -9,6 +9,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::analyse
+{
 using std::chrono::steady_clock;
 
 namespace
@@ -224,3 +227,4 @@ private:
 Http::Unerreichbar::Unerreichbar() : Fehler(Sprache::text(u"Der Modellserver ollama läuft nicht"_s)) {}
 
 Http::Antwort Http::senden(const Anfrage &anfrage) { return Austausch(anfrage).fuehren(); }
+} // namespace quillmar::analyse

@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 QString Laufhindernis::satz() const
 {
     switch (art) {
@@ -72,3 +74,4 @@ void Lauf::gescheitert(const QString &grund)
     else
         ++bekannt->second;
 }
+} // namespace quillmar::analyse

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QString>
@@ -9,8 +10,13 @@
 #include <memory>
 #include <stop_token>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::analyse
+{
 /** What keeps a run from having its questions answered, whatever the document; the user is told once. */
 struct Laufhindernis {
     enum class Art {
@@ -88,3 +94,4 @@ private:
     Lauffazit m_fazit;
     std::chrono::steady_clock::time_point m_beginn;
 };
+} // namespace quillmar::analyse

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 /** Says anything at all; a server that computes the model itself leaves the member out or empty. */
@@ -83,3 +85,4 @@ bool Modellverzeichnis::heisstAnderswo(const QString &modell)
 {
     return modell.trimmed().endsWith("cloud"_L1, Qt::CaseInsensitive);
 }
+} // namespace quillmar::analyse

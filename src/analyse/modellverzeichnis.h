@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
 #include <optional>
 
+namespace quillmar::analyse
+{
 /** The models that the server lists, and which of them it only passes on to another computer. */
 class Modellverzeichnis
 {
@@ -44,3 +47,4 @@ private:
     QList<Modell> m_modelle;
     bool m_vollstaendig = true;
 };
+} // namespace quillmar::analyse

@@ -15,6 +15,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 constexpr qsizetype hoechstensZeile = 4LL * 1024 * 1024;
@@ -328,3 +330,4 @@ QJsonObject Ollama::objektAus(const QString &antwort)
     }
     throw Fehler(Sprache::text(u"Antwort des Modells nicht lesbar"_s));
 }
+} // namespace quillmar::analyse

@@ -2,6 +2,7 @@
 
 #include "fehler.h"
 #include "modellverzeichnis.h"
+#include "namensraeume.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -12,6 +13,8 @@
 #include <optional>
 #include <stop_token>
 
+namespace quillmar::analyse
+{
 /** Nothing can be asked of this model, whatever the document. */
 class Modellmangel : public Fehler
 {
@@ -112,3 +115,4 @@ public:
 private:
     Basis m_basis;
 };
+} // namespace quillmar::analyse

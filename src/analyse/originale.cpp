@@ -11,6 +11,8 @@
 #include <QSet>
 #include <algorithm>
 
+namespace quillmar::analyse
+{
 namespace
 {
 QSet<quint64> skizze(Datenbank &db, qint64 id)
@@ -83,3 +85,4 @@ double Originale::aehnlichkeit(Datenbank &db, qint64 a, qint64 b)
     const qsizetype alle = links.size() + rechts.size() - gemeinsam;
     return alle == 0 ? 0 : double(gemeinsam) / double(alle);
 }
+} // namespace quillmar::analyse

@@ -1,10 +1,16 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 #include <QStringList>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::analyse
+{
 /** Duplicates and the documents that they repeat. */
 namespace Originale
 {
@@ -29,3 +35,4 @@ namespace Originale
 /** Jaccard index of the words of two documents, as far as their sketches tell; 0 where one has none. */
 [[nodiscard]] double aehnlichkeit(Datenbank &db, qint64 a, qint64 b);
 } // namespace Originale
+} // namespace quillmar::analyse

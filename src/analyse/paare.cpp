@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+namespace quillmar::analyse
+{
 namespace
 {
 using Rang = quint32;
@@ -163,3 +165,4 @@ QList<Paare::Paar> Paare::finden(QList<Abdruck> abdruecke, const Eignung &taugt)
     }
     return paare;
 }
+} // namespace quillmar::analyse

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <functional>
 
+namespace quillmar::analyse
+{
 /** Finding of similar documents by their sketches. */
 namespace Paare
 {
@@ -30,3 +33,4 @@ struct Paar {
 using Eignung = std::function<bool(qint64 id, qint64 partner)>;
 [[nodiscard]] QList<Paar> finden(QList<Abdruck> abdruecke, const Eignung &taugt = {});
 } // namespace Paare
+} // namespace quillmar::analyse

@@ -13,6 +13,8 @@
 
 using namespace std::chrono_literals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 constexpr int faeden = 2;
@@ -91,3 +93,4 @@ void Pruefsummen::berechnen(const QList<Datei> &dateien, const std::function<boo
     for (QList<Ergebnis> neue = stelle.abholen(); !neue.isEmpty(); neue = stelle.abholen())
         fertig(neue);
 }
+} // namespace quillmar::analyse

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 #include <functional>
 
+namespace quillmar::analyse
+{
 /** Digests of many files, two threads at a time. */
 namespace Pruefsummen
 {
@@ -25,3 +28,4 @@ struct Ergebnis {
 void berechnen(const QList<Datei> &dateien, const std::function<bool()> &halt,
                const std::function<void(const QList<Ergebnis> &)> &fertig);
 } // namespace Pruefsummen
+} // namespace quillmar::analyse

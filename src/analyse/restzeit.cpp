@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 QString restzeitText(std::chrono::duration<double> vergangen, qsizetype fertig, qsizetype gesamt)
 {
     if (fertig < 1 || gesamt <= fertig)
@@ -22,3 +24,4 @@ QString restzeitText(std::chrono::duration<double> vergangen, qsizetype fertig, 
     gebiet.setNumberOptions(QLocale::OmitGroupSeparator);
     return Sprache::text(u"noch rund %.1f Stunden"_s).replace("%.1f"_L1, gebiet.toString(rest / 3600, 'f', 1));
 }
+} // namespace quillmar::analyse

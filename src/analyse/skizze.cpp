@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 constexpr qsizetype worteJeRun = 5;
@@ -138,3 +140,4 @@ std::optional<QList<quint64>> Skizze::ausJson(const QString &json)
     }
     return werte;
 }
+} // namespace quillmar::analyse

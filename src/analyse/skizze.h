@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
 #include <optional>
 
+namespace quillmar::analyse
+{
 /** The words of a text and what is computed from them to find documents that say the same. */
 class Skizze
 {
@@ -36,3 +39,4 @@ public:
 private:
     QString m_worte; ///< joined with single blanks
 };
+} // namespace quillmar::analyse

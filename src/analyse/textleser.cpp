@@ -23,6 +23,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::analyse
+{
 using std::chrono::steady_clock;
 
 namespace
@@ -224,3 +227,4 @@ void Textleser::textLesen(Lauf &lauf)
                               {QString::number(texte.dubletten), QString::number(paare)}),
                      1, 1);
 }
+} // namespace quillmar::analyse

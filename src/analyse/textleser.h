@@ -1,9 +1,16 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QtGlobal>
 
-class Lauf;
+namespace quillmar::profil
+{
 struct Profil;
+} // namespace quillmar::profil
+
+namespace quillmar::analyse
+{
+class Lauf;
 
 /** The second stage: the text of every document, and which documents say the same. */
 namespace Textleser
@@ -14,3 +21,4 @@ namespace Textleser
 /** The stage. Throws Fehler when the source folder vanishes or the catalogue cannot be written. */
 void textLesen(Lauf &lauf);
 } // namespace Textleser
+} // namespace quillmar::analyse

@@ -18,6 +18,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::analyse
+{
 using std::chrono::steady_clock;
 
 namespace
@@ -218,3 +221,4 @@ Werkzeuge::Text Werkzeuge::text(const QString &pdf, int seiten, const QString &s
         throw Fehler(ursache(f.beschwerde(), f.text()));
     }
 }
+} // namespace quillmar::analyse

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fehler.h"
+#include "namensraeume.h"
 
 #include <QByteArray>
 #include <QString>
@@ -9,6 +10,8 @@
 #include <optional>
 #include <stop_token>
 
+namespace quillmar::analyse
+{
 /** Finds and runs the command-line tools that read PDF files. Everything blocks; call it off the main thread. */
 namespace Werkzeuge
 {
@@ -61,3 +64,4 @@ struct Text {
  */
 [[nodiscard]] Text text(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende = {});
 } // namespace Werkzeuge
+} // namespace quillmar::analyse

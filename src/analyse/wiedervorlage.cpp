@@ -3,6 +3,8 @@
 #include "stapel.h"
 #include "vorschlaege.h"
 
+namespace quillmar::analyse
+{
 qint64 Wiedervorlage::oeffnen(Datenbank &db, std::optional<qint64> id)
 {
     Vorschlaege vorschlaege(db);
@@ -20,3 +22,4 @@ qint64 Wiedervorlage::oeffnen(Datenbank &db, std::optional<qint64> id)
     stapel.abschliessen();
     return anzahl;
 }
+} // namespace quillmar::analyse

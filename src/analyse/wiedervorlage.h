@@ -1,10 +1,16 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QtGlobal>
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::analyse
+{
 /** Reopening of documents whose reading, classification or second opinion failed. */
 namespace Wiedervorlage
 {
@@ -15,3 +21,4 @@ namespace Wiedervorlage
  */
 qint64 oeffnen(Datenbank &db, std::optional<qint64> id = std::nullopt);
 } // namespace Wiedervorlage
+} // namespace quillmar::analyse

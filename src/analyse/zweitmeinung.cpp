@@ -13,6 +13,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::analyse
+{
 namespace
 {
 using Vorlage = Vorschlaege::Vorlage;
@@ -109,3 +111,4 @@ void Zweitmeinung::einholen(Lauf &lauf)
     Werkbank bank(lauf);
     Einordner::fragen(lauf, modell, Laufhindernis::Art::ModellFehlt, [&] { alleNachpruefen(bank); });
 }
+} // namespace quillmar::analyse

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "namensraeume.h"
+
+namespace quillmar::analyse
+{
 class Lauf;
 
 /** The fourth stage: doubtful proposals are put to the larger model, each document once. */
@@ -9,3 +13,4 @@ namespace Zweitmeinung
  */
 void einholen(Lauf &lauf);
 } // namespace Zweitmeinung
+} // namespace quillmar::analyse

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::app
+{
 namespace
 {
 constexpr int balkenBreite = 20;
@@ -79,3 +81,4 @@ void Ausgabe::Statuszeile::loeschen()
     m_gezeigt.clear();
     schreiben(stderr, u"\r\x1b[K"_s);
 }
+} // namespace quillmar::app

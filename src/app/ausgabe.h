@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 
+namespace quillmar::app
+{
 /** Writing of the console mode. */
 namespace Ausgabe
 {
@@ -34,3 +37,4 @@ private:
     QString m_gezeigt;
 };
 } // namespace Ausgabe
+} // namespace quillmar::app

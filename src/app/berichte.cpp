@@ -9,6 +9,9 @@
 #include <QSet>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::app
+{
 using Ausgabe::drucken;
 
 namespace
@@ -82,3 +85,4 @@ void Kommandozeile::gelernt(Datenbank &db, const Profil &profil, bool anwenden)
         drucken(gefuellt(u"\nAuf die Warteschlange angewendet: %@ Dokumente"_s,
                          {QString::number(speicher.allesAnwenden())}));
 }
+} // namespace quillmar::app

@@ -8,6 +8,9 @@
 #include "vorschlaege.h"
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::app
+{
 using Ausgabe::drucken;
 
 namespace
@@ -44,9 +47,9 @@ void einesNachfragen(Datenbank &db, const Gegenpruefung &pruefung, const Profil 
     if (!vorschlaege.istOffenMit(id, bisher))
         return;
     if (name)
-        vorschlaege.gegenueberSetzen(id, *name, std::nullopt);
+        vorschlaege.setzeGegenueber(id, *name, std::nullopt);
     else
-        vorschlaege.gegenueberSetzen(id, {}, konfidenzOhneGegenueber);
+        vorschlaege.setzeGegenueber(id, {}, konfidenzOhneGegenueber);
     transaktion.abschliessen();
     ++(name ? bilanz.ersetzt : bilanz.geleert);
 }
@@ -138,3 +141,4 @@ void Kommandozeile::rechnungenBerichtigen(Datenbank &db, const Profil &profil, b
     richtungenSchreiben(db, bilanz.berichtigt);
     drucken(u"Geschrieben."_s);
 }
+} // namespace quillmar::app

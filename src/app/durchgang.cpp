@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::app
+{
 namespace
 {
 constexpr int laengstesWarten = 1000; // ms for a run that is to end at once
@@ -130,3 +132,4 @@ void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Prof
     status.loeschen();
     fazitMelden(analyse.fazit());
 }
+} // namespace quillmar::app

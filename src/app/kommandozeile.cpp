@@ -11,6 +11,9 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::app
+{
 using Ausgabe::drucken;
 
 namespace
@@ -143,3 +146,4 @@ void Kommandozeile::laufen(const QStringList &argumente)
     strukturErgaenzen(*profil, liste);
     ausfuehrenOderMelden(argumente, db, *profil);
 }
+} // namespace quillmar::app

@@ -1,13 +1,23 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QStringList>
 #include <memory>
 
-class Ablagewerk;
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::ablage
+{
+class Ablagewerk;
+} // namespace quillmar::ablage
+
+namespace quillmar::app
+{
 /** The console mode: works on one profile's catalogue without a window and prints German text. */
 namespace Kommandozeile
 {
@@ -38,3 +48,4 @@ void rechnungenBerichtigen(Datenbank &db, const Profil &profil, bool nurZeigen);
 /** The built-in self-test; leaves the catalogue as it was. Refuses catalogues of more than 50 documents. */
 void selbsttest(const std::shared_ptr<Datenbank> &db, const Profil &profil);
 } // namespace Kommandozeile
+} // namespace quillmar::app

@@ -4,6 +4,9 @@
 #include "text.h"
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::app
+{
 using Ausgabe::drucken;
 
 void Selbstpruefung::block(const QString &name) { drucken(u"\n=== "_s + name); }
@@ -22,3 +25,4 @@ void Selbstpruefung::ergebnis() const
     drucken(gefuellt(u"\nSelbsttest mit %@ Fehlern: %@"_s,
                      {QString::number(m_gescheitert.size()), m_gescheitert.join(u", "_s)}));
 }
+} // namespace quillmar::app

@@ -1,12 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QStringList>
 #include <memory>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::app
+{
 /** Prints each check of the self-test with its label and remembers what failed. */
 class Selbstpruefung
 {
@@ -25,3 +31,4 @@ private:
  * files. Works on copies: documents, catalogue and folders stay as they are.
  */
 void betriebsartPruefen(Selbstpruefung &p, const std::shared_ptr<Datenbank> &db, const Profil &profil);
+} // namespace quillmar::app

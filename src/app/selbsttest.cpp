@@ -10,6 +10,9 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::app
+{
 using Ausgabe::drucken;
 
 namespace
@@ -120,3 +123,4 @@ void Kommandozeile::selbsttest(const std::shared_ptr<Datenbank> &katalog, const 
     betriebsartPruefen(p, katalog, profil);
     p.ergebnis();
 }
+} // namespace quillmar::app

@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::app
+{
 namespace
 {
 /**
@@ -61,7 +63,7 @@ private:
                 const QString kopie = Dateibewegung::ausfuehren(
                     {.von = d.pfad, .ordner = ordner, .name = nameVon(d.pfad), .art = Dateibewegung::Art::Kopieren},
                     [](const Dateibewegung::Schritt &) {});
-                dokumente.pfadSetzen(d.id, kopie);
+                dokumente.setzePfad(d.id, kopie);
             } catch (const Fehler &f) {
                 Ausgabe::melden(nameVon(d.pfad) + u": "_s + f.text());
             }
@@ -194,3 +196,4 @@ void betriebsartPruefen(Selbstpruefung &p, const std::shared_ptr<Datenbank> &db,
         Ausgabe::drucken(gefuellt(u"  ausgelassen: %@"_s, {f.text()}));
     }
 }
+} // namespace quillmar::app

@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 QString nichtBegonnen() { return QUILLMAR_TEXT(u"Die Bewegung lässt sich nicht vormerken und beginnt daher nicht"_s); }
@@ -74,3 +76,4 @@ void Absichtsdatei::leeren(const QList<QByteArray> &bleibende)
         [[maybe_unused]] const int egal = ::ftruncate(m_griff.nummer(), bytes.size());
     }
 }
+} // namespace quillmar::grundlage

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dateigriff.h"
+#include "namensraeume.h"
 
 #include <QByteArray>
 #include <QList>
@@ -8,6 +9,8 @@
 #include <chrono>
 #include <optional>
 
+namespace quillmar::grundlage
+{
 /**
  * The file in which a movement is announced before it begins, one line each, and cleared when it is recorded. Whoever
  * holds this object is the only one who moves files for the catalogue.
@@ -31,3 +34,4 @@ private:
     explicit Absichtsdatei(Dateigriff griff) : m_griff(std::move(griff)) {}
     Dateigriff m_griff;
 };
+} // namespace quillmar::grundlage

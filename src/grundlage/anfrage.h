@@ -1,9 +1,12 @@
 #pragma once
 
 #include "hintergrund.h"
+#include "namensraeume.h"
 
 #include <stop_token>
 
+namespace quillmar::grundlage
+{
 /**
  * A question to a disk, a catalogue or a server of which only the newest counts: asked anew, it overtakes the former
  * one, whose answer is not delivered. It is told to stop when it is overtaken, dropped, or its owner is gone.
@@ -54,3 +57,4 @@ private:
     std::stop_source m_ende;
     bool m_laeuft = false;
 };
+} // namespace quillmar::grundlage

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+namespace quillmar::grundlage
+{
 std::shared_ptr<Briefkasten> Briefkasten::fuer(QObject *empfaenger)
 {
     const std::shared_ptr<Briefkasten> neuer(new Briefkasten(empfaenger));
@@ -59,3 +61,4 @@ void Briefkasten::schliessen()
     m_empfaenger = nullptr;
     alte.swap(m_briefe);
 }
+} // namespace quillmar::grundlage

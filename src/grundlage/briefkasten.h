@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QMetaObject>
 #include <QString>
@@ -10,6 +11,8 @@
 
 class QObject;
 
+namespace quillmar::grundlage
+{
 /**
  * The one way from any thread to an object on the main thread: what is thrown in is called there, in order. May outlive
  * its receiver; nothing is delivered any more once that is gone.
@@ -43,3 +46,4 @@ private:
     QList<std::pair<std::optional<QString>, Brief>> m_briefe;
     bool m_unterwegs = false; ///< the receiver's thread has been asked to empty it
 };
+} // namespace quillmar::grundlage

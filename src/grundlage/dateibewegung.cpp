@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 constexpr qsizetype hoechstensBytes = 255;
@@ -332,3 +334,4 @@ void Dateibewegung::quelleEntfernen(const QString &pfad)
         Platte::scheitern(nichtBewegt(), errno);
     gegangenesSichern(platte);
 }
+} // namespace quillmar::grundlage

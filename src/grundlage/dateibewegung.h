@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QSet>
 #include <QString>
 #include <functional>
 #include <optional>
 
+namespace quillmar::grundlage
+{
 /**
  * The one place that moves and copies the user's files. Nothing is ever overwritten; a failure leaves the source whole
  * and no fragment; the source of a move goes only when the target is safe on its disk.
@@ -81,3 +84,4 @@ void temporaeresEntfernen(const QString &pfad);
 /** Removes the source of a move whose target is safe; used when a crash came in between. */
 void quelleEntfernen(const QString &pfad);
 } // namespace Dateibewegung
+} // namespace quillmar::grundlage

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <unistd.h>
 #include <utility>
 
+namespace quillmar::grundlage
+{
 /** Owner of a file descriptor. */
 class Dateigriff
 {
@@ -28,3 +31,4 @@ public:
 private:
     int m_nummer;
 };
+} // namespace quillmar::grundlage

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace quillmar::grundlage
+{
 namespace
 {
 using Befund = Dateiinhalt::Befund;
@@ -52,3 +54,4 @@ Dateiinhalt dateiinhalt(const QString &pfad, qint64 hoechstens, const Dateistand
         inhalt.befund = Befund::Unlesbar;
     return inhalt;
 }
+} // namespace quillmar::grundlage

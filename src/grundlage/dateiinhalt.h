@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QString>
 
+namespace quillmar::grundlage
+{
 /** What tells one state of a file from another without reading it. */
 struct Dateistand {
     qint64 groesse = -1;  ///< bytes
@@ -25,3 +28,4 @@ struct Dateiinhalt {
  * for as long as the drive takes, for ever on a network drive that hangs. Never throws.
  */
 [[nodiscard]] Dateiinhalt dateiinhalt(const QString &pfad, qint64 hoechstens, const Dateistand &bekannt = {});
+} // namespace quillmar::grundlage

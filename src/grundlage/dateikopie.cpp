@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 constexpr size_t stueck = 1024 * 1024;
@@ -132,3 +134,4 @@ void Dateikopie::vergleichen(const QString &summe) const
     if (!Platte::angaben(pfad(), s) || s.st_size != m_angaben.st_size || sha256Datei(pfad()) != summe)
         throw Plattenfehler(nichtKopiert(), QUILLMAR_TEXT(u"die Kopie stimmt nicht mit dem Original überein"_s));
 }
+} // namespace quillmar::grundlage

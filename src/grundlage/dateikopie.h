@@ -1,11 +1,14 @@
 #pragma once
 
 #include "dateigriff.h"
+#include "namensraeume.h"
 
 #include <QByteArray>
 #include <QString>
 #include <sys/stat.h>
 
+namespace quillmar::grundlage
+{
 /**
  * A copy of a file under a hidden temporary name in the target folder, checked byte by byte and flushed. Removed with
  * the object unless it was kept.
@@ -40,3 +43,4 @@ private:
     QString m_name;
     bool m_angelegt = false;
 };
+} // namespace quillmar::grundlage

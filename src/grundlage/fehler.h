@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QString>
 #include <exception>
 
+namespace quillmar::grundlage
+{
 /** A failure that the user is told about: @c text is the whole sentence, in the user's language. */
 class Fehler : public std::exception
 {
@@ -16,3 +19,4 @@ private:
     QString m_text;
     QByteArray m_utf8;
 };
+} // namespace quillmar::grundlage

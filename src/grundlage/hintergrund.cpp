@@ -2,6 +2,8 @@
 
 #include <QThreadPool>
 
+namespace quillmar::grundlage
+{
 namespace
 {
 // As good as no limit: what hangs on a drive must not keep others from theirs.
@@ -22,3 +24,4 @@ QThreadPool &faeden()
 void Hintergrund::starten(std::function<void()> arbeit) { faeden().start(std::move(arbeit)); }
 
 bool Hintergrund::warten(std::chrono::milliseconds laengstens) { return faeden().waitForDone(int(laengstens.count())); }
+} // namespace quillmar::grundlage

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "briefkasten.h"
+#include "namensraeume.h"
 
 #include <chrono>
 #include <exception>
 #include <type_traits>
 
+namespace quillmar::grundlage
+{
 /** Work off the main thread. */
 namespace Hintergrund
 {
@@ -41,3 +44,4 @@ void imHintergrund(QObject *empfaenger, Arbeit arbeit, Lieferung liefern)
         briefe->einwerfen([ausgang = std::move(ausgang), liefern] { liefern(ausgang); });
     });
 }
+} // namespace quillmar::grundlage

@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 const QString endung = u".trashinfo"_s;
@@ -96,3 +98,4 @@ void Papierkorb::zurueckholen(const QString &imKorb, const QString &pfad,
     const QString korb = ordnerVon(ordnerVon(imKorb));
     ::unlink(plattenPfad(korb + u"/info/"_s + nameVon(imKorb) + endung).constData());
 }
+} // namespace quillmar::grundlage

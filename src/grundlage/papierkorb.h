@@ -1,7 +1,10 @@
 #pragma once
 
 #include "dateibewegung.h"
+#include "namensraeume.h"
 
+namespace quillmar::grundlage
+{
 /** The user's trash, by the rules of freedesktop.org: his data folder's "Trash" with "files" and "info". */
 namespace Papierkorb
 {
@@ -14,3 +17,4 @@ QString hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &anku
 /** Takes a file out of the trash again, from @p imKorb to @p pfad, which must be free. Throws Fehler. */
 void zurueckholen(const QString &imKorb, const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung);
 } // namespace Papierkorb
+} // namespace quillmar::grundlage

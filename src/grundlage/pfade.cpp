@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 constexpr qsizetype hoechstensMischungen = 6;
@@ -230,3 +232,4 @@ QString ordnerVon(const QString &pfad)
 }
 
 QString nameVon(const QString &pfad) { return pfad.mid(pfad.lastIndexOf(u'/') + 1); }
+} // namespace quillmar::grundlage

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QHashFunctions>
 #include <QString>
@@ -9,6 +10,8 @@
 
 struct stat;
 
+namespace quillmar::grundlage
+{
 /**
  * Paths are kept in NFC, but a Linux file system takes NFC and NFD names apart. Everything that opens, reads, tests or
  * moves a file asks aufDerPlatte() for the name that the entry really has.
@@ -66,3 +69,4 @@ bool ordnerLesen(const QByteArray &ordner, const std::function<void(int griff, c
 /** Folder part of an absolute path ("/" for an entry of the root), and its last component. */
 [[nodiscard]] QString ordnerVon(const QString &pfad);
 [[nodiscard]] QString nameVon(const QString &pfad);
+} // namespace quillmar::grundlage

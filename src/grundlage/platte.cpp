@@ -12,6 +12,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 bool nichtUnterstuetzt(int fehler)
@@ -126,3 +128,4 @@ bool Platte::sperren(int griff, std::chrono::milliseconds wartezeit)
     }
     return true;
 }
+} // namespace quillmar::grundlage

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "dateigriff.h"
+#include "namensraeume.h"
 
 #include <QByteArray>
 #include <QString>
 #include <chrono>
 #include <sys/stat.h>
 
+namespace quillmar::grundlage
+{
 /** System calls on files with their failures in the user's words. Paths are bytes as on disk. */
 namespace Platte
 {
@@ -36,3 +39,4 @@ void anderenVerschliessen(const QByteArray &pfad);
 /** Where a file lies: folder, with "/" at its end. */
 [[nodiscard]] QByteArray ordnerTeil(const QByteArray &pfad);
 } // namespace Platte
+} // namespace quillmar::grundlage

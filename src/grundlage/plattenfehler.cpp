@@ -2,6 +2,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 QString zusammen(const QString &satz, const QString &ursache)
@@ -11,3 +13,4 @@ QString zusammen(const QString &satz, const QString &ursache)
 } // namespace
 
 Plattenfehler::Plattenfehler(const QString &satz, const QString &ursache) : Fehler(zusammen(satz, ursache)) {}
+} // namespace quillmar::grundlage

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 constexpr auto nurBesitzer = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
@@ -35,3 +37,4 @@ QString programmOrdner()
     Platte::anderenVerschliessen(QFile::encodeName(ordner));
     return ordner;
 }
+} // namespace quillmar::grundlage

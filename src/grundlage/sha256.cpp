@@ -10,6 +10,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace quillmar::grundlage
+{
 namespace
 {
 // Fetched once: the look-up costs more than the digest of a short text.
@@ -81,3 +83,4 @@ QString sha256Datei(const QByteArray &pfad, const std::function<bool()> &abbruch
     ::posix_fadvise(datei.nummer(), 0, 0, POSIX_FADV_SEQUENTIAL);
     return inhaltssumme(datei.nummer(), abbruch);
 }
+} // namespace quillmar::grundlage

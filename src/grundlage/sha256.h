@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
@@ -8,6 +9,8 @@
 #include <memory>
 #include <openssl/types.h>
 
+namespace quillmar::grundlage
+{
 /** SHA-256 through the processor's instructions; one object digests any number of messages after one another. */
 class Sha256
 {
@@ -37,3 +40,4 @@ private:
  * be read, is no regular file, or @p abbruch turned true in between.
  */
 [[nodiscard]] QString sha256Datei(const QByteArray &pfad, const std::function<bool()> &abbruch = {});
+} // namespace quillmar::grundlage

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <fcntl.h>
 
+namespace quillmar::grundlage
+{
 std::optional<Sperrdatei> Sperrdatei::nehmen(const QString &pfad, std::chrono::milliseconds wartezeit)
 {
     const QByteArray ort = QFile::encodeName(pfad);
@@ -16,3 +18,4 @@ std::optional<Sperrdatei> Sperrdatei::nehmen(const QString &pfad, std::chrono::m
         return std::nullopt;
     return Sperrdatei(std::move(griff));
 }
+} // namespace quillmar::grundlage

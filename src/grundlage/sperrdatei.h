@@ -1,11 +1,14 @@
 #pragma once
 
 #include "dateigriff.h"
+#include "namensraeume.h"
 
 #include <QString>
 #include <chrono>
 #include <optional>
 
+namespace quillmar::grundlage
+{
 /**
  * Exclusive lock between programs, held on an open file (flock) while the object lives; the kernel frees it when the
  * holder dies. The file is created for the user alone and stays.
@@ -20,3 +23,4 @@ private:
     explicit Sperrdatei(Dateigriff griff) : m_griff(std::move(griff)) {}
     Dateigriff m_griff;
 };
+} // namespace quillmar::grundlage

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::grundlage
+{
 namespace
 {
 // Below U+0300 every code unit is a user-perceived character of its own and already composed, CR LF apart.
@@ -151,3 +153,4 @@ QString gefuellt(const QString &muster, std::initializer_list<QString> werte)
     }
     return ergebnis.append(QStringView(muster).mid(von));
 }
+} // namespace quillmar::grundlage

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 #include <QStringView>
 
+namespace quillmar::grundlage
+{
 /** Unicode normalisation form C. Text that needs no change is returned without a copy. */
 [[nodiscard]] QString nfc(const QString &text);
 
@@ -32,3 +35,4 @@ enum class Faltung {
  * they are; surplus placeholders stay too.
  */
 [[nodiscard]] QString gefuellt(const QString &muster, std::initializer_list<QString> werte);
+} // namespace quillmar::grundlage

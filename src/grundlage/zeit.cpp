@@ -2,4 +2,7 @@
 
 #include <QDateTime>
 
+namespace quillmar::grundlage
+{
 QString jetztIso() { return QDateTime::currentDateTimeUtc().toString(Qt::ISODate); }
+} // namespace quillmar::grundlage

@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 const QString standauswahl = u"SELECT p.id, p.rueckgaengig, p.zeit, d.pfad, n.name,\n"
@@ -144,3 +146,4 @@ void Bewegungen::herkunftMerken(const QString &pfad, qint64 nummer)
 {
     m_db.schreiben(u"INSERT OR REPLACE INTO herkunft (pfad, nummer) VALUES (?,?)"_s, {pfad, nummer});
 }
+} // namespace quillmar::katalog

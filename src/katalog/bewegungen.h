@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QList>
 #include <QSet>
@@ -7,6 +8,8 @@
 #include <QStringList>
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /** One movement of a file as the catalogue has recorded it. */
@@ -73,3 +76,4 @@ public:
 private:
     Datenbank &m_db;
 };
+} // namespace quillmar::katalog

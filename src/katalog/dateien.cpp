@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 const QString standspalten = u"d.sha256, coalesce(s.groesse, d.groesse, -1) AS bytes, s.geaendert, s.geprueft,\n"
@@ -168,7 +170,7 @@ QList<Dateien::Ohnesumme> Dateien::ohnePruefsumme() const
     return liste;
 }
 
-bool Dateien::pruefsummeSetzen(qint64 id, const QString &summe)
+bool Dateien::setzePruefsumme(qint64 id, const QString &summe)
 {
     return m_db.schreiben(u"UPDATE dokumente SET sha256=? WHERE id=? AND sha256 IS NULL"_s, {summe, id}) > 0;
 }
@@ -183,3 +185,4 @@ QStringList Dateien::orte(qint64 id) const
         pfade << z.text(u"pfad");
     return pfade;
 }
+} // namespace quillmar::katalog

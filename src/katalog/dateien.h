@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "status.h"
 
 #include <QHash>
@@ -9,6 +10,8 @@
 #include <functional>
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /** What the catalogue knows of a document's file. */
@@ -83,7 +86,7 @@ public:
     };
     [[nodiscard]] QList<Ohnesumme> ohnePruefsumme() const;
     /** Returns whether it had none. */
-    bool pruefsummeSetzen(qint64 id, const QString &summe);
+    bool setzePruefsumme(qint64 id, const QString &summe);
 
     /** What two documents may share. */
     enum class Gleichheit { Bytes, Text };
@@ -122,3 +125,4 @@ public:
 private:
     Datenbank &m_db;
 };
+} // namespace quillmar::katalog

@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 const QString auswahl = u"SELECT d.id, d.pfad, d.dublette_von, o.pfad AS original,\n"
@@ -70,3 +72,4 @@ QMap<QString, QList<Dateien::Gleiches>> Dateien::gleiche(Gleichheit gleichheit, 
                   });
     return alle;
 }
+} // namespace quillmar::katalog

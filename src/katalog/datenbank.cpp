@@ -19,6 +19,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 constexpr auto geduld = 60s;
@@ -385,3 +387,4 @@ int Datenbank::mitGeduld(const std::function<int()> &arbeit, bool platzBehalten)
         std::this_thread::sleep_for(scheibe);
     }
 }
+} // namespace quillmar::katalog

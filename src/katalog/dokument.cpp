@@ -2,6 +2,8 @@
 
 #include "wert.h"
 
+namespace quillmar::katalog
+{
 namespace
 {
 Angaben angabenAus(const Zeile &zeile)
@@ -37,3 +39,4 @@ Dokument Dokument::aus(const Zeile &zeile)
         .fehler = zeile.textOderNil(u"fehler"),
     };
 }
+} // namespace quillmar::katalog

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "angaben.h"
+#include "namensraeume.h"
 #include "status.h"
 
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Zeile;
 
 /** One row of the table dokumente as the program works with it. */
@@ -30,3 +33,4 @@ struct Dokument {
 
     bool operator==(const Dokument &) const = default;
 };
+} // namespace quillmar::katalog

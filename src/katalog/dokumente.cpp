@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 const QString wartet = u"status='bereit' AND ausgenommen=0"_s;
@@ -88,7 +90,7 @@ bool Dokumente::statusWechseln(qint64 id, Status von, Status nach)
                           {statuswort(nach), id, statuswort(von)}) > 0;
 }
 
-void Dokumente::statusSetzen(qint64 id, Status status)
+void Dokumente::setzeStatus(qint64 id, Status status)
 {
     m_db.schreiben(u"UPDATE dokumente SET status=? WHERE id=?"_s, {statuswort(status), id});
 }
@@ -111,7 +113,7 @@ void Dokumente::ortSchreiben(qint64 id, Status status, const QString &pfad)
     m_db.schreiben(sql, werte);
 }
 
-void Dokumente::pfadSetzen(qint64 id, const QString &pfad)
+void Dokumente::setzePfad(qint64 id, const QString &pfad)
 {
     m_db.schreiben(u"UPDATE dokumente SET pfad=? WHERE id=?"_s, {pfad, id});
 }
@@ -126,7 +128,8 @@ void Dokumente::jederFundort(const std::function<void(const Fundort &)> &besuch)
     });
 }
 
-void Dokumente::ausgenommenSetzen(qint64 id, bool ausgenommen)
+void Dokumente::setzeAusgenommen(qint64 id, bool ausgenommen)
 {
     m_db.schreiben(u"UPDATE dokumente SET ausgenommen=? WHERE id=?"_s, {ausgenommen, id});
 }
+} // namespace quillmar::katalog

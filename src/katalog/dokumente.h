@@ -1,11 +1,14 @@
 #pragma once
 
 #include "dokument.h"
+#include "namensraeume.h"
 #include "richtung.h"
 
 #include <QList>
 #include <functional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /** The table dokumente as the review sees it: what waits, what it says, and what becomes of it. Throws Katalogfehler.
@@ -36,12 +39,12 @@ public:
 
     /** Changes the status if it is @p von. Returns whether it was. */
     bool statusWechseln(qint64 id, Status von, Status nach);
-    void statusSetzen(qint64 id, Status status);
+    void setzeStatus(qint64 id, Status status);
     void angabenSchreiben(qint64 id, const Angaben &angaben);
     /** It lies at @p pfad now. Whatever other document claims that place gives it up. To be part of a transaction. */
     void ortSchreiben(qint64 id, Status status, const QString &pfad);
     /** Only where its file is; for a copy of the catalogue. */
-    void pfadSetzen(qint64 id, const QString &pfad);
+    void setzePfad(qint64 id, const QString &pfad);
 
     /** What exclusion rules are compared with. */
     struct Fundort {
@@ -51,8 +54,9 @@ public:
         bool ausgenommen = false;
     };
     void jederFundort(const std::function<void(const Fundort &)> &besuch) const;
-    void ausgenommenSetzen(qint64 id, bool ausgenommen);
+    void setzeAusgenommen(qint64 id, bool ausgenommen);
 
 private:
     Datenbank &m_db;
 };
+} // namespace quillmar::katalog

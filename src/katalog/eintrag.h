@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "ort.h"
 
+namespace quillmar::katalog
+{
 /** One learned place: where the documents of a counterpart go. */
 struct Eintrag {
     QString schluessel; ///< normalised counterpart
@@ -21,3 +24,4 @@ struct Gleichung {
     qint64 anzahl = 0;
     bool operator==(const Gleichung &) const = default;
 };
+} // namespace quillmar::katalog

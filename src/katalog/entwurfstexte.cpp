@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 QHash<qint64, QByteArray> Entwurfstexte::alle() const
 {
     QHash<qint64, QByteArray> texte;
@@ -21,3 +23,4 @@ void Entwurfstexte::speichern(qint64 dokument, const QByteArray &text)
         m_db.schreiben(u"INSERT OR REPLACE INTO entwuerfe (dokument_id, felder) VALUES (?,?)"_s,
                        {dokument, QString::fromUtf8(text)});
 }
+} // namespace quillmar::katalog

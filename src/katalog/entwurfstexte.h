@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QByteArray>
 #include <QHash>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /** The table entwuerfe: what the reviewer has typed and not filed yet, as text. Throws Katalogfehler. */
@@ -19,3 +22,4 @@ public:
 private:
     Datenbank &m_db;
 };
+} // namespace quillmar::katalog

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 Eintrag eintragAus(const Zeile &z)
@@ -36,7 +38,7 @@ std::optional<Eintrag> Gelerntes::zuordnung(const QString &schluessel) const
     return zeilen.isEmpty() ? std::nullopt : std::optional(eintragAus(zeilen.first()));
 }
 
-void Gelerntes::zuordnungSetzen(const Eintrag &e)
+void Gelerntes::setzeZuordnung(const Eintrag &e)
 {
     m_db.schreiben(u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl, zeit)\n"
                    "VALUES (?,?,?,?,?,?,?)\n"
@@ -65,7 +67,7 @@ std::optional<Gleichung> Gelerntes::gleichung(const QString &von) const
     return zeilen.isEmpty() ? std::nullopt : std::optional(gleichungAus(zeilen.first()));
 }
 
-void Gelerntes::gleichungSetzen(const Gleichung &g)
+void Gelerntes::setzeGleichung(const Gleichung &g)
 {
     m_db.schreiben(u"INSERT INTO namen (von, nach, anzahl, zeit) VALUES (?,?,?,?)\n"
                    "ON CONFLICT(von) DO UPDATE SET nach=excluded.nach,\n"
@@ -118,3 +120,4 @@ void Gelerntes::uebertragenVermerken(const QString &was)
 {
     m_db.schreiben(u"INSERT OR REPLACE INTO uebertragungen (name, zeit) VALUES (?,?)"_s, {was, jetztIso()});
 }
+} // namespace quillmar::katalog

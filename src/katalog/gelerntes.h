@@ -1,10 +1,13 @@
 #pragma once
 
 #include "eintrag.h"
+#include "namensraeume.h"
 
 #include <QList>
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /** What was learned, as it is stored: the tables gelernt, namen and uebertragungen. Throws Katalogfehler. */
@@ -17,14 +20,14 @@ public:
     [[nodiscard]] QList<Eintrag> zuordnungen() const;
     [[nodiscard]] std::optional<Eintrag> zuordnung(const QString &schluessel) const;
     /** Stores it in place of the one with the same key. */
-    void zuordnungSetzen(const Eintrag &eintrag);
+    void setzeZuordnung(const Eintrag &eintrag);
     void zuordnungStreichen(const QString &schluessel);
 
     /** Most confirmed first. */
     [[nodiscard]] QList<Gleichung> gleichungen() const;
     [[nodiscard]] std::optional<Gleichung> gleichung(const QString &von) const;
     /** Stores it in place of the one with the same key. */
-    void gleichungSetzen(const Gleichung &gleichung);
+    void setzeGleichung(const Gleichung &gleichung);
     void gleichungStreichen(const QString &von);
 
     void leeren();
@@ -39,3 +42,4 @@ public:
 private:
     Datenbank &m_db;
 };
+} // namespace quillmar::katalog

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 std::shared_ptr<Datenbank> Katalog::oeffnen(const QString &pfad) { return std::make_shared<Datenbank>(pfad); }
 
 const QString &Katalog::pfad(const Datenbank &db) { return db.pfad(); }
@@ -15,3 +17,4 @@ bool Katalog::nurLesen(const Datenbank &db) { return db.nurLesen(); }
 void Katalog::kopieren(Datenbank &db, const QString &ziel) { db.schreiben(u"VACUUM INTO ?"_s, {ziel}); }
 
 QString Katalog::sqliteFassung() { return QString::fromLatin1(sqlite3_libversion()); }
+} // namespace quillmar::katalog

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "fehler.h"
+#include "namensraeume.h"
 
 #include <QString>
 #include <memory>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /** What the catalogue could not do, for the user; what it was about, for whoever looks for the fault. */
@@ -35,3 +38,4 @@ void kopieren(Datenbank &db, const QString &ziel);
 /** The version of SQLite in use. */
 [[nodiscard]] QString sqliteFassung();
 } // namespace Katalog
+} // namespace quillmar::katalog

@@ -2,6 +2,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 const QList<QString> &schemaAnweisungen()
 {
     static const QList<QString> anweisungen = {
@@ -90,3 +92,4 @@ const QString &schemaNachgeprueft()
     static const QString anweisung = u"CREATE TABLE nachgeprueft (dokument_id INTEGER PRIMARY KEY);"_s;
     return anweisung;
 }
+} // namespace quillmar::katalog

@@ -4,6 +4,8 @@
 
 using namespace std::chrono_literals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 constexpr int hoechstensSchreiben = 1000;
@@ -33,3 +35,4 @@ void Stapel::abschliessen()
         m_offen->abschliessen();
     m_offen.reset();
 }
+} // namespace quillmar::katalog

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <chrono>
 #include <memory>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 class Transaktion;
 
@@ -29,3 +32,4 @@ private:
     std::chrono::steady_clock::time_point m_beginn;
     int m_anzahl = 0;
 };
+} // namespace quillmar::katalog

@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 constexpr std::array<QStringView, 9> woerter = {
@@ -19,3 +21,4 @@ Status statusAus(QStringView wort)
     const auto stelle = std::find(woerter.begin(), woerter.end(), wort);
     return stelle == woerter.end() ? Status::Unbekannt : Status(stelle - woerter.begin());
 }
+} // namespace quillmar::katalog

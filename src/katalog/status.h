@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 
+namespace quillmar::katalog
+{
 /** Where a document stands in the workflow. */
 enum class Status {
     Unbekannt, ///< a word that this version does not know
@@ -19,3 +22,4 @@ enum class Status {
 [[nodiscard]] QString statuswort(Status status);
 /** Exactly that word; Unbekannt for any other. */
 [[nodiscard]] Status statusAus(QStringView wort);
+} // namespace quillmar::katalog

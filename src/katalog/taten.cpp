@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 const QString offenePosten = u"FROM tatposten t LEFT JOIN dokumente d ON d.id=t.dokument_id\n"
@@ -144,3 +146,4 @@ bool Taten::istUebergangen(Datenbank &db, const Tat &tat)
 {
     return db.gibtEs(u"SELECT 1 FROM uebergangen WHERE art=? AND id=?"_s, {artVon(tat), tat.id});
 }
+} // namespace quillmar::katalog

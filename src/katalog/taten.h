@@ -1,10 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "status.h"
 
 #include <QList>
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /**
@@ -67,3 +70,4 @@ void schliessen(Datenbank &db, const Tat &tat);
 void uebergehen(Datenbank &db, const Tat &tat);
 [[nodiscard]] bool istUebergangen(Datenbank &db, const Tat &tat);
 } // namespace Taten
+} // namespace quillmar::katalog

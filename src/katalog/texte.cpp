@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 std::optional<QString> Texte::text(qint64 id) const
 {
     const QList<Zeile> zeilen = m_db.lesen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {id});
@@ -75,3 +77,4 @@ void Texte::jedesOffene(const std::function<void(const Dokument &, const QString
                   "WHERE d.status IN ('bereit','zurueckgestellt') AND d.ausgenommen=0"_s,
                   {}, [&](const Zeile &z) { besuch(Dokument::aus(z), z.text(u"text")); });
 }
+} // namespace quillmar::katalog

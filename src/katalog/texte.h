@@ -1,10 +1,13 @@
 #pragma once
 
 #include "dokument.h"
+#include "namensraeume.h"
 
 #include <QList>
 #include <functional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /**
@@ -48,3 +51,4 @@ public:
 private:
     Datenbank &m_db;
 };
+} // namespace quillmar::katalog

@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 Transaktion::Transaktion(Datenbank &db) : m_db(db)
 {
     if (db.beginnen(m_innere) != 0)
@@ -32,3 +34,4 @@ void Transaktion::scheitern() const
     throw Fehler(
         Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
 }
+} // namespace quillmar::katalog

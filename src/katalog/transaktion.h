@@ -1,5 +1,9 @@
 #pragma once
 
+#include "namensraeume.h"
+
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /**
@@ -26,3 +30,4 @@ private:
     bool m_innere = false; ///< inside another transaction of this thread: a savepoint of that one
     bool m_offen = true;
 };
+} // namespace quillmar::katalog

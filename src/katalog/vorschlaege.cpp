@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 const QString mitText = u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t ON t.dokument_id=d.id\n"_s;
@@ -147,3 +149,4 @@ qint64 Vorschlaege::zweitfragenOeffnen(std::optional<qint64> id)
     t.abschliessen();
     return anzahl;
 }
+} // namespace quillmar::katalog

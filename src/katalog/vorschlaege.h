@@ -1,10 +1,13 @@
 #pragma once
 
 #include "dokument.h"
+#include "namensraeume.h"
 
 #include <QList>
 #include <QStringList>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /**
@@ -67,7 +70,7 @@ public:
 
     // Corrections by a rule
     [[nodiscard]] bool istOffenMit(qint64 id, const QString &gegenueber) const;
-    void gegenueberSetzen(qint64 id, const QString &gegenueber, const std::optional<double> &konfidenz);
+    void setzeGegenueber(qint64 id, const QString &gegenueber, const std::optional<double> &konfidenz);
     /** Unless its category is no longer @p alt. */
     void rubrikBerichtigen(qint64 id, const QString &alt, const QString &neu, double konfidenz);
 
@@ -80,11 +83,12 @@ public:
         QString textHash;
     };
     [[nodiscard]] QList<Wartendes> wartendeVon(const QString &gegenueber) const;
-    void gelerntSetzen(qint64 id, const QString &gegenueber, const Ort &ort, const QString &schluessel);
-    void gelerntenNamenSetzen(qint64 id, const QString &gegenueber, const QString &schluessel);
+    void setzeGelernt(qint64 id, const QString &gegenueber, const Ort &ort, const QString &schluessel);
+    void setzeGelerntenNamen(qint64 id, const QString &gegenueber, const QString &schluessel);
     /** Entries of the learning memory have another key from now on. */
     void umschluesseln(const QString &alt, const QString &neu);
 
 private:
     Datenbank &m_db;
 };
+} // namespace quillmar::katalog

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 bool Vorschlaege::istOffenMit(qint64 id, const QString &gegenueber) const
 {
     return m_db.gibtEs(u"SELECT 1 FROM dokumente WHERE id=? AND gegenueber=? AND ausgenommen=0\n"
@@ -13,7 +15,7 @@ bool Vorschlaege::istOffenMit(qint64 id, const QString &gegenueber) const
                        {id, gegenueber});
 }
 
-void Vorschlaege::gegenueberSetzen(qint64 id, const QString &gegenueber, const std::optional<double> &konfidenz)
+void Vorschlaege::setzeGegenueber(qint64 id, const QString &gegenueber, const std::optional<double> &konfidenz)
 {
     Transaktion t(m_db);
     m_db.schreiben(u"UPDATE dokumente SET gegenueber=? WHERE id=?"_s, {gegenueber, id});
@@ -52,14 +54,14 @@ QList<Vorschlaege::Wartendes> Vorschlaege::wartendeVon(const QString &gegenueber
     return liste;
 }
 
-void Vorschlaege::gelerntSetzen(qint64 id, const QString &gegenueber, const Ort &ort, const QString &schluessel)
+void Vorschlaege::setzeGelernt(qint64 id, const QString &gegenueber, const Ort &ort, const QString &schluessel)
 {
     m_db.schreiben(u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
                    "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
                    {gegenueber, ort.zweig, ort.ablage, ort.rubrik, schluessel, id});
 }
 
-void Vorschlaege::gelerntenNamenSetzen(qint64 id, const QString &gegenueber, const QString &schluessel)
+void Vorschlaege::setzeGelerntenNamen(qint64 id, const QString &gegenueber, const QString &schluessel)
 {
     m_db.schreiben(u"UPDATE dokumente SET gegenueber=?, ort_quelle='gelernt', gelernt_von=?\nWHERE id=?"_s,
                    {gegenueber, schluessel, id});
@@ -69,3 +71,4 @@ void Vorschlaege::umschluesseln(const QString &alt, const QString &neu)
 {
     m_db.schreiben(u"UPDATE dokumente SET gelernt_von=? WHERE gelernt_von=?"_s, {neu, alt});
 }
+} // namespace quillmar::katalog

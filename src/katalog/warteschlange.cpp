@@ -1,5 +1,7 @@
 #include "warteschlange.h"
 
+namespace quillmar::katalog
+{
 void Warteschlange::betreten()
 {
     std::unique_lock sperre(m_schloss);
@@ -28,3 +30,4 @@ bool Warteschlange::verschachtelt()
     const std::lock_guard sperre(m_schloss);
     return m_inhaber == std::this_thread::get_id() && m_tiefe > 1;
 }
+} // namespace quillmar::katalog

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+namespace quillmar::katalog
+{
 namespace
 {
 struct AlsGanz {
@@ -50,3 +52,4 @@ std::optional<QString> Zeile::textOderNil(QStringView name) const
     const QString t = text(name);
     return t.isEmpty() ? std::nullopt : std::optional(t);
 }
+} // namespace quillmar::katalog

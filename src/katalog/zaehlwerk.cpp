@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::katalog
+{
 namespace
 {
 /** The counter of a status; none for one that is not counted. */
@@ -42,3 +44,4 @@ Zaehlwerk Zaehlwerk::zaehlen(Datenbank &db)
     }
     return werk;
 }
+} // namespace quillmar::katalog

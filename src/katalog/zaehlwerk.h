@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QtGlobal>
 
+namespace quillmar::katalog
+{
 class Datenbank;
 
 /** How many documents stand at which status. Documents that an exclusion covers or that are gone count nowhere. */
@@ -17,3 +20,4 @@ struct Zaehlwerk {
 
     bool operator==(const Zaehlwerk &) const = default;
 };
+} // namespace quillmar::katalog

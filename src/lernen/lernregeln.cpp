@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::lernen
+{
 QString Lernregeln::schluessel(const QString &name)
 {
     static const QStringList rechtsformen = {u" gmbh co kg"_s, u" gmbh und co kg"_s,
@@ -59,3 +61,4 @@ const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &
     }
     return bester;
 }
+} // namespace quillmar::lernen

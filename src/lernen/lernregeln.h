@@ -1,10 +1,13 @@
 #pragma once
 
 #include "eintrag.h"
+#include "namensraeume.h"
 
 #include <QList>
 #include <QString>
 
+namespace quillmar::lernen
+{
 /** The rules of the learning memory that need no catalogue. */
 namespace Lernregeln
 {
@@ -28,3 +31,4 @@ constexpr qsizetype kuerzesterSchluessel = 4;
 /** The same for a waiting document, where also a key too short for that meets its equal. */
 [[nodiscard]] const Eintrag *passender(const QList<Eintrag> &alle, const QString &schluessel);
 } // namespace Lernregeln
+} // namespace quillmar::lernen

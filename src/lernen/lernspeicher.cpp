@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::lernen
+{
 namespace
 {
 /** "GmbH & Co. KG" used to leave its "gmbh" in the key. */
@@ -92,14 +94,14 @@ void Lernspeicher::gleichungMerken(const QString &von, const QString &nach)
         gelerntes.gleichungStreichen(gegen);
     const auto bisher = gelerntes.gleichung(von);
     const bool gleich = bisher && bisher->nach == nach;
-    gelerntes.gleichungSetzen({.von = von, .nach = nach, .anzahl = gleich ? bisher->anzahl + 1 : 1});
+    gelerntes.setzeGleichung({.von = von, .nach = nach, .anzahl = gleich ? bisher->anzahl + 1 : 1});
 }
 
 void Lernspeicher::zuordnungMerken(const QString &schluessel, const Angaben &a)
 {
     const auto bisher = Gelerntes(m_db).zuordnung(schluessel);
     const bool gleich = bisher && bisher->ort == a.ort;
-    Gelerntes(m_db).zuordnungSetzen(
+    Gelerntes(m_db).setzeZuordnung(
         {.schluessel = schluessel, .anzeige = a.gegenueber, .ort = a.ort, .anzahl = gleich ? bisher->anzahl + 1 : 1});
 }
 
@@ -211,7 +213,7 @@ QSet<qint64> Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &e
         ort.rubrik = rubrikFuer(wartendes.id, wartendes.textHash, eintrag.ort.rubrik);
         if (name == gegenueber && wartendes.ort == ort)
             continue;
-        vorschlaege.gelerntSetzen(wartendes.id, name, ort, eintrag.schluessel);
+        vorschlaege.setzeGelernt(wartendes.id, name, ort, eintrag.schluessel);
         geaenderte << wartendes.id;
     }
     return geaenderte;
@@ -228,7 +230,7 @@ QSet<qint64> Lernspeicher::namenAngleichen(const QString &von, const QString &na
         for (const auto &wartendes : vorschlaege.wartendeVon(gegenueber)) {
             if (wartendes.id == ausser)
                 continue;
-            vorschlaege.gelerntenNamenSetzen(wartendes.id, nach, von);
+            vorschlaege.setzeGelerntenNamen(wartendes.id, nach, von);
             geaenderte << wartendes.id;
         }
     }
@@ -254,3 +256,4 @@ void Lernspeicher::leeren() { Gelerntes(m_db).leeren(); }
 void Lernspeicher::vergessen(const QString &schluessel) { Gelerntes(m_db).zuordnungStreichen(schluessel); }
 
 void Lernspeicher::gleichungVergessen(const QString &von) { Gelerntes(m_db).gleichungStreichen(von); }
+} // namespace quillmar::lernen

@@ -2,6 +2,7 @@
 
 #include "angaben.h"
 #include "lernregeln.h"
+#include "namensraeume.h"
 #include "profil.h"
 #include "rechnungsrichtung.h"
 
@@ -9,8 +10,13 @@
 #include <QSet>
 #include <optional>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::lernen
+{
 /**
  * What the program has learned from the user's confirmed decisions, kept in the catalogue: the filing place of each
  * counterpart and the equations between names. Applied to waiting documents at once, to new ones at classification.
@@ -90,3 +96,4 @@ private:
     Rechnungsrichtung m_richtung;
     QHash<qint64, Erkannt> m_erkannt; ///< by document
 };
+} // namespace quillmar::lernen

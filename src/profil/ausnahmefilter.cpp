@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::profil
+{
 namespace
 {
 constexpr auto nurHier = "./"_L1; // directly in the source folder, and nowhere else
@@ -46,3 +48,4 @@ std::optional<Ausnahmefilter::Regel> Ausnahmefilter::erste(const QString &ordner
     }
     return std::nullopt;
 }
+} // namespace quillmar::profil

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QHashFunctions>
 #include <QList>
 #include <QString>
 #include <QStringList>
 #include <optional>
 
+namespace quillmar::profil
+{
 /** Rules for folders and files of the source folder that are not to be read or filed. */
 class Ausnahmefilter
 {
@@ -32,3 +35,4 @@ public:
 private:
     QList<Regel> m_regeln;
 };
+} // namespace quillmar::profil

@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::profil
+{
 namespace
 {
 bool istJahr(const QString &text)
@@ -104,3 +106,4 @@ std::optional<QString> Profil::regelFuer(const QString &ordner) const
     const QString name = gewaehlt.mid(gewaehlt.lastIndexOf(u'/') + 1);
     return name.isEmpty() ? std::nullopt : std::optional(name); // the root of all folders has no name
 }
+} // namespace quillmar::profil

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "ort.h"
 
 #include <QJsonObject>
@@ -9,6 +10,8 @@
 #include <QUuid>
 #include <optional>
 
+namespace quillmar::profil
+{
 /** Filing kind, the second level of the target tree. */
 struct Ablageart {
     QString name;
@@ -94,3 +97,4 @@ struct Profil {
      */
     [[nodiscard]] std::optional<QString> regelFuer(const QString &ordner) const;
 };
+} // namespace quillmar::profil

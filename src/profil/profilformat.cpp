@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::profil
+{
 namespace
 {
 struct Unlesbar {
@@ -246,3 +248,4 @@ std::optional<Profilformat::Gelesen> Profilformat::auswerten(const QByteArray &t
         return std::nullopt; // the whole file counts as unreadable, by rule
     }
 }
+} // namespace quillmar::profil

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QByteArray>
 
+namespace quillmar::profil
+{
 /** The profile list as JSON: an array of objects, pretty-printed, keys sorted, every key of every profile written. */
 namespace Profilformat
 {
@@ -25,3 +28,4 @@ struct Gelesen {
 /** The same without what was remarked. */
 [[nodiscard]] std::optional<QList<Profil>> lesen(const QByteArray &json);
 } // namespace Profilformat
+} // namespace quillmar::profil

@@ -17,6 +17,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::profil
+{
 namespace
 {
 constexpr auto nurBesitzer = QFile::ReadOwner | QFile::WriteOwner;
@@ -163,3 +165,4 @@ Profilspeicher::Gesichert Profilspeicher::sichern(const QList<Profil> &profile, 
     ergebnis.gelungen = schreiben(ziel, ergebnis.profile);
     return ergebnis;
 }
+} // namespace quillmar::profil

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::profil
+{
 /** Keeps all profiles together in "profile.json" in the program's folder. */
 namespace Profilspeicher
 {
@@ -43,3 +46,4 @@ struct Gesichert {
  */
 Gesichert sichern(const QList<Profil> &profile, const QList<Profil> &stand);
 } // namespace Profilspeicher
+} // namespace quillmar::profil

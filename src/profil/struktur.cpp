@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::profil
+{
 namespace
 {
 bool istJahresordner(const QString &name)
@@ -124,3 +126,4 @@ QStringList Profil::vereinheitlichen(const QStringList &namen)
     ergebnis.sort();
     return ergebnis;
 }
+} // namespace quillmar::profil

@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::regeln
+{
 namespace
 {
 QStringList woerter(const QString &name)
@@ -53,3 +55,4 @@ QString Gegenpruefung::frage(const QString &text, const Profil &profil)
            "{\"gegenueber\": \"\"}\n\nDokumenttext:\n\"\"\"\n"_s +
            ersteZeichen(text, profil.maxZeichen) + u"\n\"\"\""_s;
 }
+} // namespace quillmar::regeln

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QSet>
 
+namespace quillmar::regeln
+{
 /** Catches a counterpart that is really the owner himself. */
 class Gegenpruefung
 {
@@ -19,3 +22,4 @@ public:
 private:
     QSet<QString> m_namen;
 };
+} // namespace quillmar::regeln

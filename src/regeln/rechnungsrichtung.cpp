@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::regeln
+{
 namespace
 {
 constexpr qsizetype kuerzesterTeil = 3;
@@ -102,3 +104,4 @@ std::optional<QString> Rechnungsrichtung::berichtigen(const QString &rubrik, con
 {
     return Rechnungsrichtung(profil.eigeneAnschriften).berichtigt(rubrik, text, profil);
 }
+} // namespace quillmar::regeln

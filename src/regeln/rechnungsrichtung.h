@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::regeln
+{
 /** Tells from the owner's postal addresses whether he wrote an invoice or received it. */
 class Rechnungsrichtung
 {
@@ -39,3 +42,4 @@ public:
 private:
     QList<QStringList> m_anschriften; ///< normalised parts of each address
 };
+} // namespace quillmar::regeln

@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::sprache
+{
 namespace
 {
 QSettings ablage() { return QSettings(QSettings::NativeFormat, QSettings::UserScope, u"Quillmar"_s, u"Quillmar"_s); }
@@ -23,3 +25,4 @@ void Einstellungen::setzen(const QString &schluessel, const QVariant &wert)
 }
 
 void Einstellungen::entfernen(const QString &schluessel) { ablage().remove(schluessel); }
+} // namespace quillmar::sprache

@@ -19,6 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::sprache
+{
 namespace
 {
 constexpr auto schluesselSprache = "sprache"_L1;
@@ -63,7 +65,7 @@ void vorlageSchreiben(const QString &ort)
 // Here, so that no one who looks up texts himself can forget it.
 Sprache::Sprache()
 {
-    nachschlagewerkSetzen([](const QString &deutsch) { return text(/* QUILLMAR_TEXT */ deutsch); });
+    setzeNachschlagewerk([](const QString &deutsch) { return text(/* QUILLMAR_TEXT */ deutsch); });
 }
 
 Sprache &Sprache::sitzung()
@@ -194,3 +196,4 @@ QString Sprache::eigenerOrdner()
     QDir().mkpath(ordner);
     return ordner;
 }
+} // namespace quillmar::sprache

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nachschlagen.h"
+#include "namensraeume.h"
 #include "sprachsatz.h"
 
 #include <QHash>
@@ -8,6 +9,8 @@
 #include <QString>
 #include <atomic>
 
+namespace quillmar::sprache
+{
 /**
  * Looks up what the user sees. The German text is the key, placeholders ("%@") included; they are filled afterwards.
  * The lookup takes literals, so that `scripts/texte` finds them; a variable is marked as
@@ -62,3 +65,4 @@ private:
     bool m_geladen = false;
     std::atomic<bool> m_nurDeutsch = false;
 };
+} // namespace quillmar::sprache

@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::sprache
+{
 namespace
 {
 constexpr auto schluesselName = "_sprache"_L1;
@@ -74,3 +76,4 @@ QString kennungFuer(const QString &gewaehlt, const QStringList &vorhandene, cons
     }
     return u"de"_s;
 }
+} // namespace quillmar::sprache

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
 #include <optional>
 
+namespace quillmar::sprache
+{
 /** One language file that can be chosen. */
 struct Sprachsatz {
     QString kennung;    ///< file name without extension, lower case: "en"
@@ -29,3 +32,4 @@ struct Sprachsatz {
  */
 [[nodiscard]] QString kennungFuer(const QString &gewaehlt, const QStringList &vorhandene,
                                   const QStringList &bevorzugte);
+} // namespace quillmar::sprache

@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::sprache
+{
 namespace
 {
 struct Satz {
@@ -45,3 +47,4 @@ void ausStueckenErgaenzen(QHash<QString, QString> &texte)
         texte.insert(satz.ganz, ganz);
     }
 }
+} // namespace quillmar::sprache

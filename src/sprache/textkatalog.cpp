@@ -3,6 +3,8 @@
 
 #include <initializer_list>
 
+namespace quillmar::sprache
+{
 namespace
 {
 // clang-format off
@@ -748,3 +750,4 @@ QStringList Textkatalog::alle()
         liste << text.toString();
     return liste;
 }
+} // namespace quillmar::sprache

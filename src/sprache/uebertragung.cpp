@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::sprache
+{
 namespace
 {
 constexpr auto platzhalter = "%@"_L1;
@@ -111,3 +113,4 @@ QString uebertragen(const QString &satz, const QStringList &texte, const QHash<Q
 {
     return satz.isEmpty() ? satz : Uebertragung(texte, von, nach).satz(satz);
 }
+} // namespace quillmar::sprache

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QHash>
 #include <QString>
 #include <QStringList>
 
+namespace quillmar::sprache
+{
 /**
  * Says a sentence again that was made in one language: the text of the program that it was made of, with its arguments
  * as they are, in another one. A sentence that was put together of several ones is taken apart at its commas and
@@ -13,3 +16,4 @@
  */
 [[nodiscard]] QString uebertragen(const QString &satz, const QStringList &texte, const QHash<QString, QString> &von,
                                   const QHash<QString, QString> &nach);
+} // namespace quillmar::sprache

@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ui
+{
 namespace
 {
 constexpr qint64 hoechstens = 64LL * 1024;
@@ -134,18 +136,18 @@ Aktualisierung::Ergebnis Aktualisierung::auswerten() const
     if (!fassung.isString() || fassung.toString().size() > laengsteFassung)
         return {};
     if (istNeuer(fassung.toString(), eigeneFassung()))
-        return {.art = Ergebnis::Art::neuereDa, .fassung = fassung.toString()};
-    return {.art = Ergebnis::Art::aktuell, .fassung = eigeneFassung()};
+        return {.art = Ergebnis::Art::NeuereDa, .fassung = fassung.toString()};
+    return {.art = Ergebnis::Art::Aktuell, .fassung = eigeneFassung()};
 }
 
 QString Aktualisierung::satz(const Ergebnis &ergebnis)
 {
     switch (ergebnis.art) {
-    case Ergebnis::Art::aktuell:
+    case Ergebnis::Art::Aktuell:
         return gefuellt(Sprache::text(u"Version %@ ist aktuell."_s), {ergebnis.fassung});
-    case Ergebnis::Art::neuereDa:
+    case Ergebnis::Art::NeuereDa:
         return gefuellt(Sprache::text(u"Version %@ ist verfügbar."_s), {ergebnis.fassung});
-    case Ergebnis::Art::fehlgeschlagen:
+    case Ergebnis::Art::Fehlgeschlagen:
         break;
     }
     return Sprache::text(u"Die Prüfung ist fehlgeschlagen. Besteht eine Internetverbindung?"_s);
@@ -169,3 +171,4 @@ bool Aktualisierung::istNeuer(const QString &a, const QString &als)
     }
     return false;
 }
+} // namespace quillmar::ui

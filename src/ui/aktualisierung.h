@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QObject>
 #include <QSslConfiguration>
 #include <QTimer>
@@ -10,6 +11,8 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 
+namespace quillmar::ui
+{
 /**
  * Asks the maker's site whether there is a newer version: one public file, over HTTPS only. Beyond what every request
  * carries the site learns the program's version and nothing else.
@@ -20,8 +23,8 @@ class Aktualisierung : public QObject
 
 public:
     struct Ergebnis {
-        enum class Art { aktuell, neuereDa, fehlgeschlagen };
-        Art art = Art::fehlgeschlagen;
+        enum class Art { Aktuell, NeuereDa, Fehlgeschlagen };
+        Art art = Art::Fehlgeschlagen;
         QString fassung; ///< the own one, or the newer one; empty after a failure
         bool operator==(const Ergebnis &) const = default;
     };
@@ -72,3 +75,4 @@ private:
     QTimer m_frist;
     std::optional<Ergebnis> m_ergebnis;
 };
+} // namespace quillmar::ui

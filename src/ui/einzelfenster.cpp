@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ui
+{
 namespace
 {
 constexpr auto dienst = "example.quillmar.Quillmar"_L1;
@@ -55,3 +57,4 @@ void Einzelfenster::ActivateAction(const QString &, const QVariantList &, const 
 {
     Activate(angaben);
 }
+} // namespace quillmar::ui

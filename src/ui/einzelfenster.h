@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QObject>
 #include <QVariantMap>
 
+namespace quillmar::ui
+{
 /**
  * One window per user: the first one takes a name on the session bus, a second start wakes it and ends. Without a
  * session bus every start has its window.
@@ -28,3 +31,4 @@ Q_SIGNALS:
     /** Somebody has started the program again, perhaps for a profile. */
     void geweckt(const QString &profil);
 };
+} // namespace quillmar::ui

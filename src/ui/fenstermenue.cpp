@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ui
+{
 Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(eltern), m_sprache(sprache)
 {
     setObjectName(u"menue"_s);
@@ -106,3 +108,4 @@ void Fenstermenue::sprachenZeigen()
     for (const Sprachsatz &satz : Fenstersprache::angebot())
         dazu(satz.kennung, satz.name, Sprache::text(/* QUILLMAR_TEXT */ satz.mangel));
 }
+} // namespace quillmar::ui

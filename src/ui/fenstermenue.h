@@ -1,9 +1,16 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QMenu>
 #include <QPointer>
 
+namespace quillmar::bedienteile
+{
 class Fenstersprache;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ui
+{
 class Handbuchfenster;
 
 /** The menu at the right end of the top bar. */
@@ -28,3 +35,4 @@ private:
     QMenu *m_sprachen = nullptr;
     QPointer<Handbuchfenster> m_handbuch;
 };
+} // namespace quillmar::ui

@@ -20,6 +20,9 @@
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ui
+{
 using Stil::abstand;
 
 namespace
@@ -107,11 +110,11 @@ void Fusszeile::lageZeigen()
         m_stufe = m_notiz;
         m_symbol = tonzeichen(m_zustand->meldestelle()->ton());
     } else if (m_zustand->profilwahl()->aktiv() &&
-               (m_zustand->modelldienst()->modellstand().art == Modellstand::Art::serverFehlt ||
-                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::modellAnderswo ||
-                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::modellFehlt)) {
+               (m_zustand->modelldienst()->modellstand().art == Modellstand::Art::ServerFehlt ||
+                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::ModellAnderswo ||
+                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::ModellFehlt)) {
         m_stufe = m_zustand->modelldienst()->modellMeldung();
-        m_symbol = tonzeichen(Meldestelle::Ton::warnung);
+        m_symbol = tonzeichen(Meldestelle::Ton::Warnung);
     }
     anordnen();
     update();
@@ -121,7 +124,7 @@ void Fusszeile::lageZeigen()
 void Fusszeile::notieren()
 {
     const Reiter reiter = m_zustand->reiter();
-    if (reiter != Reiter::einrichtung && reiter != Reiter::ablauf)
+    if (reiter != Reiter::Einrichtung && reiter != Reiter::Ablauf)
         return;
     m_notiz = m_zustand->meldestelle()->meldungen().value(0);
     lageZeigen();
@@ -179,3 +182,4 @@ void Fusszeile::paintEvent(QPaintEvent *)
     Balken::malen(maler, QRectF(m_balkenX, (height() - dicke) / 2.0, abstand(balkenlaenge), dicke), m_anteil,
                   palette());
 }
+} // namespace quillmar::ui

@@ -1,10 +1,17 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
 class QLabel;
-class Zustand;
 
+namespace quillmar::zustand
+{
+class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::ui
+{
 /** The line below the cards: the counts; what the analysis or a long deed is doing, or that the model is missing. */
 class Fusszeile : public QWidget
 {
@@ -38,3 +45,4 @@ private:
     QString m_notiz;      ///< what was said while a card was chosen that has no place for notices
     int m_balkenX = 0;    ///< 0: the bar has no room
 };
+} // namespace quillmar::ui

@@ -11,6 +11,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ui
+{
 using Stil::abstand;
 
 namespace
@@ -95,3 +98,4 @@ void Handbuchfenster::verweisFolgen(const QUrl &ziel)
         return;
     }
 }
+} // namespace quillmar::ui

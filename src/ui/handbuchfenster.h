@@ -1,10 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
 class QTextBrowser;
 class QUrl;
 
+namespace quillmar::ui
+{
 /** The handbook in a window of its own, with its pictures. */
 class Handbuchfenster : public QWidget
 {
@@ -21,3 +24,4 @@ private:
 
     QTextBrowser *m_text;
 };
+} // namespace quillmar::ui

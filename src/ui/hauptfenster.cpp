@@ -37,6 +37,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::ui
+{
 namespace
 {
 constexpr QSize kleinste(1100, 600);
@@ -79,8 +81,8 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     connect(m_sprache, &Fenstersprache::gewechselt, this, &Hauptfenster::aufbauen);
     connect(m_sprache, &Fenstersprache::gewechselt, m_zustand->modelldienst(),
             &Modelldienst::modellPruefen); // says it in the new one
-    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Hauptfenster::titelSetzen);
-    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Hauptfenster::titelSetzen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Hauptfenster::setzeTitel);
+    connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Hauptfenster::setzeTitel);
     connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
         if (m_schliesst && !m_zustand->ausfuehrung()->beschaeftigt()) {
             m_zustand->ausfuehrung()->anhalten(); // what was asked for meanwhile
@@ -91,7 +93,7 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     m_takt.start(auffrischung);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Hauptfenster::updateMelden);
     connect(new Laufnachricht(m_zustand->durchgang(), this), &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
-    titelSetzen();
+    setzeTitel();
 }
 
 Hauptfenster::~Hauptfenster() = default;
@@ -152,7 +154,7 @@ void Hauptfenster::nachVorn()
     activateWindow();
 }
 
-void Hauptfenster::titelSetzen()
+void Hauptfenster::setzeTitel()
 {
     const auto &aktiv = m_zustand->profilwahl()->aktiv();
     setWindowTitle(aktiv ? aktiv->name + u" – Quillmar"_s : u"Quillmar"_s);
@@ -196,13 +198,13 @@ void Hauptfenster::keyPressEvent(QKeyEvent *ereignis)
 void Hauptfenster::updateMelden()
 {
     const auto &ergebnis = m_aktualisierung->ergebnis();
-    if (m_aktualisierung->laeuft() || !ergebnis || ergebnis->art != Aktualisierung::Ergebnis::Art::neuereDa)
+    if (m_aktualisierung->laeuft() || !ergebnis || ergebnis->art != Aktualisierung::Ergebnis::Art::NeuereDa)
         return;
     // Behind what the opening of the catalogue had to say, which weighs more.
     const QString satz = Aktualisierung::satz(*ergebnis);
     const QString bisher = m_zustand->meldestelle()->hinweis();
     if (bisher.isEmpty())
-        m_zustand->meldestelle()->melden(satz, Meldestelle::Ton::ruhig);
+        m_zustand->meldestelle()->melden(satz, Meldestelle::Ton::Ruhig);
     else if (!bisher.contains(satz))
         m_zustand->meldestelle()->melden(bisher + u", "_s + satz, m_zustand->meldestelle()->ton());
 }
@@ -215,7 +217,7 @@ void Hauptfenster::closeEvent(QCloseEvent *ereignis)
         m_schliesst = true;
         const QString grund = Sprache::text(u"Schließt, sobald die laufende Bewegung fertig ist"_s);
         m_zustand->ausfuehrung()->anhalten(grund);
-        m_zustand->meldestelle()->melden(grund, Meldestelle::Ton::ruhig);
+        m_zustand->meldestelle()->melden(grund, Meldestelle::Ton::Ruhig);
         ereignis->ignore();
         return;
     }
@@ -225,3 +227,4 @@ void Hauptfenster::closeEvent(QCloseEvent *ereignis)
     QMetaObject::invokeMethod(
         qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }
+} // namespace quillmar::ui

@@ -1,13 +1,25 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
 
-class Aktualisierung;
-class Fenstersprache;
 class QStackedWidget;
+
+namespace quillmar::zustand
+{
 class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Fenstersprache;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ui
+{
+class Aktualisierung;
 
 /** The program's window: top bar, four cards chosen by tabs, status line. */
 class Hauptfenster : public QMainWindow
@@ -32,7 +44,7 @@ private:
     void kartenBauen(QStackedWidget *karten);
     void kartenWechseln(QStackedWidget *karten);
     void ersteKarteZeigen();
-    void titelSetzen();
+    void setzeTitel();
     void updateMelden();
 
     Zustand *m_zustand;
@@ -45,3 +57,4 @@ private:
     bool m_gewaehlt = false; ///< the first card is on show
     bool m_schliesst = false;
 };
+} // namespace quillmar::ui

@@ -30,6 +30,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ui
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -228,10 +231,10 @@ void Infofenster::ergebnisZeigen()
         text = Sprache::text(u"Wird gesucht …"_s);
     } else if (ergebnis) {
         text = Aktualisierung::satz(*ergebnis);
-        symbol = ergebnis->art == Aktualisierung::Ergebnis::Art::fehlgeschlagen ? u"exclamationmark.triangle"_s
+        symbol = ergebnis->art == Aktualisierung::Ergebnis::Art::Fehlgeschlagen ? u"exclamationmark.triangle"_s
                                                                                 : u"checkmark.circle"_s;
     }
-    const bool neuere = !laeuft && ergebnis && ergebnis->art == Aktualisierung::Ergebnis::Art::neuereDa;
+    const bool neuere = !laeuft && ergebnis && ergebnis->art == Aktualisierung::Ergebnis::Art::NeuereDa;
     if (neuere)
         symbol = u"info.circle"_s;
     m_marke->setPixmap(symbol.isEmpty() ? QPixmap()
@@ -328,3 +331,4 @@ void Infofenster::angabenKopieren(Flachknopf *knopf)
         knopf->updateGeometry();
     });
 }
+} // namespace quillmar::ui

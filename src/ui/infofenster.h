@@ -1,15 +1,27 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QDialog>
 #include <QHash>
 
-class Aktualisierung;
+class QLabel;
+
+namespace quillmar::zustand
+{
+class Profilwahl;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
 class Fenstersprache;
 class Flachknopf;
 class Knopf;
-class QLabel;
 class Umbruchtext;
-class Profilwahl;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ui
+{
+class Aktualisierung;
 
 /** What the program is: version, licence, update, the folders it uses, what it is made of. */
 class Infofenster : public QDialog
@@ -42,3 +54,4 @@ private:
     Umbruchtext *m_ergebnis = nullptr;
     Flachknopf *m_laden = nullptr;
 };
+} // namespace quillmar::ui

@@ -16,6 +16,9 @@
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ui
+{
 using Stil::abstand;
 
 namespace
@@ -69,7 +72,7 @@ Kopfleiste::Kopfleiste(Zustand *zustand, QToolButton *menue, QWidget *eltern)
 
 void Kopfleiste::verbinden()
 {
-    connect(m_art, &Umschalter::gewaehlt, m_zustand->profilwahl(), &Profilwahl::kopierenSetzen);
+    connect(m_art, &Umschalter::gewaehlt, m_zustand->profilwahl(), &Profilwahl::setzeKopieren);
     connect(m_zustand->profilwahl(), &Profilwahl::profileGeaendert, this, &Kopfleiste::profileZeigen);
     for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::oeffnetGeaendert})
         connect(m_zustand->profilwahl(), signal, this, &Kopfleiste::aktivZeigen);
@@ -136,11 +139,11 @@ void Kopfleiste::aktivZeigen()
 void Kopfleiste::reiterZeigen()
 {
     m_reiter[m_zustand->reiter()]->setChecked(true);
-    m_reiter[Reiter::pruefen]->setzeZahl(m_zustand->pruefung()->zaehlwerk().bereit);
+    m_reiter[Reiter::Pruefen]->setzeZahl(m_zustand->pruefung()->zaehlwerk().bereit);
     anordnen();
 }
 
-void Kopfleiste::stufeSetzen(int stufe)
+void Kopfleiste::setzeStufe(int stufe)
 {
     for (Reiterknopf *knopf : std::as_const(m_reiter)) {
         knopf->setzeMitZeichen(stufe < 2);
@@ -168,7 +171,7 @@ int Kopfleiste::reiterbreite() const
 /** Sets everything to @p stufe and tells how wide it is then. */
 int Kopfleiste::breiteBei(int stufe)
 {
-    stufeSetzen(stufe);
+    setzeStufe(stufe);
     const int rechts =
         (m_art->isVisibleTo(this) ? m_art->sizeHint().width() + abstand(4) : 0) + m_menue->sizeHint().width();
     const int neu = m_neu->isVisibleTo(this) ? m_neu->sizeHint().width() : 0;
@@ -218,3 +221,4 @@ void Kopfleiste::paintEvent(QPaintEvent *)
 {
     QPainter(this).fillRect(0, height() - 1, width(), 1, Stil::linie(palette()));
 }
+} // namespace quillmar::ui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "reiter.h"
 
 #include <QMap>
@@ -7,9 +8,20 @@
 
 class QComboBox;
 class QToolButton;
-class Reiterknopf;
-class Umschalter;
+
+namespace quillmar::zustand
+{
 class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Umschalter;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ui
+{
+class Reiterknopf;
 
 /** The bar above the cards: profile, tabs in the middle of the window, move or copy, menu. */
 class Kopfleiste : public QWidget
@@ -34,7 +46,7 @@ private:
     void aktivZeigen();
     void reiterZeigen();
     void anordnen();
-    void stufeSetzen(int stufe);
+    void setzeStufe(int stufe);
     [[nodiscard]] int profilbreite(int stufe) const;
     [[nodiscard]] int reiterbreite() const;
     [[nodiscard]] int breiteBei(int stufe);
@@ -47,3 +59,4 @@ private:
     Umschalter *m_art;
     QToolButton *m_menue;
 };
+} // namespace quillmar::ui

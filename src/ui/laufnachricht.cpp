@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ui
+{
 namespace
 {
 constexpr auto dienst = "org.freedesktop.Notifications"_L1;
@@ -98,3 +100,4 @@ void Laufnachricht::aktion(uint nummer, const QString &name)
     if (nummer == m_nummer && nummer != 0 && name == taetigkeit)
         Q_EMIT angeklickt();
 }
+} // namespace quillmar::ui

@@ -1,12 +1,19 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QObject>
 #include <QVariantMap>
 #include <chrono>
 
 class QWidget;
-class Durchgang;
 
+namespace quillmar::zustand
+{
+class Durchgang;
+} // namespace quillmar::zustand
+
+namespace quillmar::ui
+{
 /**
  * Tells on the desktop that a long run has ended while the user is at something else: counts only, no word of a
  * document. Without a notification service only the window's entry in the task bar asks for attention. Never blocks.
@@ -38,3 +45,4 @@ private:
     std::chrono::milliseconds m_ab;
     uint m_nummer = 0; ///< of the message on show; 0 if none
 };
+} // namespace quillmar::ui

@@ -19,6 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ui
+{
 namespace
 {
 /** The desktop's own dialog speaks the desktop's language; in another one ours is used. */
@@ -97,3 +99,4 @@ void QuillmarApp::nachVorn(const QString &profil)
         m_zustand->meldestelle()->melden(gefuellt(Sprache::text(u"Profil nicht gefunden: %@"_s), {profil}));
     m_fenster->nachVorn();
 }
+} // namespace quillmar::ui

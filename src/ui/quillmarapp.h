@@ -1,12 +1,23 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QApplication>
 #include <memory>
 
-class Einzelfenster;
-class Fenstersprache;
-class Hauptfenster;
+namespace quillmar::zustand
+{
 class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Fenstersprache;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ui
+{
+class Einzelfenster;
+class Hauptfenster;
 
 /** The windowed application: the one state object, the language, the main
  * window. */
@@ -33,3 +44,4 @@ private:
     std::unique_ptr<Fenstersprache> m_sprache;
     std::unique_ptr<Hauptfenster> m_fenster;
 };
+} // namespace quillmar::ui

@@ -10,6 +10,9 @@
 #include <QStyle>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ui
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -115,3 +118,4 @@ void Reiterknopf::paintEvent(QPaintEvent *)
         maler.drawRoundedRect(rect().adjusted(2, abstand(6), -2, -abstand(6)), 3, 3);
     }
 }
+} // namespace quillmar::ui

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QAbstractButton>
 
+namespace quillmar::ui
+{
 /**
  * A tab of the top bar: icon, title, and a number when there is something to do. The chosen one is semi-bold with a
  * line in the accent; all are as wide as their semi-bold title, so that choosing one moves none.
@@ -34,3 +37,4 @@ private:
     bool m_mitZeichen = true;
     bool m_eng = false;
 };
+} // namespace quillmar::ui

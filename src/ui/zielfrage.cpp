@@ -13,6 +13,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ui
+{
 using Stil::abstand;
 
 Zielfrage::Zielfrage(Profilwahl *profilwahl, Ausfuehrung *ausfuehrung, QWidget *eltern)
@@ -69,3 +72,4 @@ void Zielfrage::schliessen()
     if (m_fokusVorher && m_fokusVorher->isVisible())
         m_fokusVorher->setFocus();
 }
+} // namespace quillmar::ui

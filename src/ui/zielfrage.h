@@ -1,12 +1,22 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QFrame>
 #include <QPointer>
 
-class Rueckfrage;
-class Profilwahl;
+namespace quillmar::zustand
+{
 class Ausfuehrung;
+class Profilwahl;
+} // namespace quillmar::zustand
 
+namespace quillmar::bedienteile
+{
+class Rueckfrage;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ui
+{
 /**
  * Asks, on whatever card a deed was refused for it, whether the target folder is right although nothing lies there of
  * what was filed last.
@@ -30,3 +40,4 @@ private:
     Rueckfrage *m_frage;
     QPointer<QWidget> m_fokusVorher;
 };
+} // namespace quillmar::ui

@@ -5,6 +5,9 @@
 #include "vorlagenmangel.h"
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::zustand
+{
 using Lage = Abschnittsstand::Lage;
 
 namespace
@@ -18,14 +21,14 @@ struct Titelzeile {
 const QList<Titelzeile> &tabelle()
 {
     static const QList<Titelzeile> zeilen = {
-        {Abschnitt::programme, u"programme"_s, QUILLMAR_TEXT(u"Programme"_s)},
-        {Abschnitt::herkunft, u"herkunft"_s, QUILLMAR_TEXT(u"Herkunft"_s)},
-        {Abschnitt::ziel, u"ziel"_s, QUILLMAR_TEXT(u"Ziel"_s)},
-        {Abschnitt::namen, u"namen"_s, QUILLMAR_TEXT(u"Namen"_s)},
-        {Abschnitt::eigentuemer, u"eigentuemer"_s, QUILLMAR_TEXT(u"Eigentümer"_s)},
-        {Abschnitt::modell, u"modell"_s, QUILLMAR_TEXT(u"Lesen und Modell"_s)},
-        {Abschnitt::gelernt, u"gelernt"_s, QUILLMAR_TEXT(u"Gelernt"_s)},
-        {Abschnitt::oberflaeche, u"oberflaeche"_s, QUILLMAR_TEXT(u"Sprache und Schrift"_s)},
+        {Abschnitt::Programme, u"programme"_s, QUILLMAR_TEXT(u"Programme"_s)},
+        {Abschnitt::Herkunft, u"herkunft"_s, QUILLMAR_TEXT(u"Herkunft"_s)},
+        {Abschnitt::Ziel, u"ziel"_s, QUILLMAR_TEXT(u"Ziel"_s)},
+        {Abschnitt::Namen, u"namen"_s, QUILLMAR_TEXT(u"Namen"_s)},
+        {Abschnitt::Eigentuemer, u"eigentuemer"_s, QUILLMAR_TEXT(u"Eigentümer"_s)},
+        {Abschnitt::Modell, u"modell"_s, QUILLMAR_TEXT(u"Lesen und Modell"_s)},
+        {Abschnitt::Gelernt, u"gelernt"_s, QUILLMAR_TEXT(u"Gelernt"_s)},
+        {Abschnitt::Oberflaeche, u"oberflaeche"_s, QUILLMAR_TEXT(u"Sprache und Schrift"_s)},
     };
     return zeilen;
 }
@@ -36,97 +39,97 @@ Abschnittsstand programme(const Einrichtungslage &z)
 {
     const auto &programme = z.stand.programme;
     if (!programme)
-        return {.lage = Lage::prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
+        return {.lage = Lage::Prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
     QStringList fehlende;
     for (const Programmstand::Werkzeug &w : programme->werkzeuge) {
         if (w.pfad.isEmpty())
             fehlende << w.name;
     }
     if (!fehlende.isEmpty())
-        return {.lage = Lage::gestoert, .zeile = gefuellt(Sprache::text(u"%@ fehlt"_s), {fehlende.join(u", "_s)})};
+        return {.lage = Lage::Gestoert, .zeile = gefuellt(Sprache::text(u"%@ fehlt"_s), {fehlende.join(u", "_s)})};
     if (!programme->kann(z.profil.ocrSprache))
-        return {.lage = Lage::warnung, .zeile = Sprache::text(u"Sprache der Scans fehlt"_s)};
-    return {.lage = Lage::gut, .zeile = Sprache::text(u"alles gefunden"_s)};
+        return {.lage = Lage::Warnung, .zeile = Sprache::text(u"Sprache der Scans fehlt"_s)};
+    return {.lage = Lage::Gut, .zeile = Sprache::text(u"alles gefunden"_s)};
 }
 
 Abschnittsstand herkunft(const Einrichtungslage &z)
 {
     if (z.profil.quelle.isEmpty())
-        return {.lage = Lage::fehlt, .zeile = Sprache::text(u"noch nicht gewählt"_s)};
+        return {.lage = Lage::Fehlt, .zeile = Sprache::text(u"noch nicht gewählt"_s)};
     if (!z.bereitschaft)
-        return {.lage = Lage::prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
+        return {.lage = Lage::Prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
     if (!z.bereitschaft->quelle)
-        return {.lage = Lage::gestoert, .zeile = Sprache::text(u"Ordner nicht erreichbar"_s)};
+        return {.lage = Lage::Gestoert, .zeile = Sprache::text(u"Ordner nicht erreichbar"_s)};
     const auto &quelle = z.stand.quelle;
     QString zeile = quelle ? gefuellt(Sprache::text(quelle->anzahl, u"1 PDF"_s, u"%@ PDF"_s), {zahl(quelle->anzahl)})
                            : Sprache::text(u"PDF werden gezählt"_s);
     const qsizetype ausnahmen = z.profil.ausnahmen.size();
     if (ausnahmen > 0)
         zeile += u", "_s + gefuellt(Sprache::text(ausnahmen, u"%@ Ausnahme"_s, u"%@ Ausnahmen"_s), {zahl(ausnahmen)});
-    return {.lage = quelle && quelle->anzahl == 0 && z.ohneDokumente ? Lage::warnung : Lage::gut, .zeile = zeile};
+    return {.lage = quelle && quelle->anzahl == 0 && z.ohneDokumente ? Lage::Warnung : Lage::Gut, .zeile = zeile};
 }
 
 Abschnittsstand ziel(const Einrichtungslage &z)
 {
     if (z.profil.zielWurzel.isEmpty())
-        return {.lage = Lage::fehlt, .zeile = Sprache::text(u"noch nicht gewählt"_s)};
+        return {.lage = Lage::Fehlt, .zeile = Sprache::text(u"noch nicht gewählt"_s)};
     if (!z.bereitschaft)
-        return {.lage = Lage::prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
+        return {.lage = Lage::Prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
     if (!z.bereitschaft->ziel)
-        return {.lage = Lage::gestoert, .zeile = Sprache::text(u"Ordner nicht erreichbar"_s)};
+        return {.lage = Lage::Gestoert, .zeile = Sprache::text(u"Ordner nicht erreichbar"_s)};
     if (z.profil.zweige.isEmpty())
-        return {.lage = Lage::fehlt, .zeile = Sprache::text(u"Struktur noch nicht eingelesen"_s)};
+        return {.lage = Lage::Fehlt, .zeile = Sprache::text(u"Struktur noch nicht eingelesen"_s)};
     if (z.stand.strukturAlt)
-        return {.lage = Lage::warnung, .zeile = Sprache::text(u"Struktur neu einlesen"_s)};
+        return {.lage = Lage::Warnung, .zeile = Sprache::text(u"Struktur neu einlesen"_s)};
     const Strukturzahlen &s = z.stand.zahlen;
     if (s.neu > 0 || s.entfallen > 0)
-        return {.lage = s.entfallen > 0 ? Lage::warnung : Lage::gut,
+        return {.lage = s.entfallen > 0 ? Lage::Warnung : Lage::Gut,
                 .zeile = gefuellt(Sprache::text(u"%@ neu, %@ entfallen"_s), {zahl(s.neu), zahl(s.entfallen)})};
-    return {.lage = Lage::gut, .zeile = gefuellt(Sprache::text(u"Rubriken: %@"_s), {zahl(s.rubriken)})};
+    return {.lage = Lage::Gut, .zeile = gefuellt(Sprache::text(u"Rubriken: %@"_s), {zahl(s.rubriken)})};
 }
 
 Abschnittsstand namen(const Einrichtungslage &z)
 {
     const QString vorlage = z.profil.namensVorlage.trimmed();
     if (vorlage.isEmpty())
-        return {.lage = Lage::fehlt, .zeile = Sprache::text(u"Vorlage für den Dateinamen fehlt"_s)};
+        return {.lage = Lage::Fehlt, .zeile = Sprache::text(u"Vorlage für den Dateinamen fehlt"_s)};
     const bool strittig = !vorlagenmaengel(z.profil.namensVorlage, false).isEmpty() ||
                           !vorlagenmaengel(z.profil.pfadVorlage, true).isEmpty();
-    return {.lage = strittig ? Lage::warnung : Lage::gut, .zeile = vorlage};
+    return {.lage = strittig ? Lage::Warnung : Lage::Gut, .zeile = vorlage};
 }
 
 Abschnittsstand eigentuemer(const Profil &p)
 {
     if (p.eigenkennungen().isEmpty())
-        return {.lage = Lage::offen, .zeile = Sprache::text(u"eigene Namen fehlen noch"_s)};
-    return {.lage = Lage::gut, .zeile = p.eigentuemer.isEmpty() ? p.eigenkennungen().first() : p.eigentuemer};
+        return {.lage = Lage::Offen, .zeile = Sprache::text(u"eigene Namen fehlen noch"_s)};
+    return {.lage = Lage::Gut, .zeile = p.eigentuemer.isEmpty() ? p.eigenkennungen().first() : p.eigentuemer};
 }
 
 /** How it stands with the model of @p profil while none is being fetched. */
 Abschnittsstand nachArt(Modellstand::Art art, const Profil &profil)
 {
     switch (art) {
-    case Modellstand::Art::bereit:
-        return {.lage = platzImModell(profil) > 1 ? Lage::warnung : Lage::gut,
+    case Modellstand::Art::Bereit:
+        return {.lage = platzImModell(profil) > 1 ? Lage::Warnung : Lage::Gut,
                 .zeile = gefuellt(Sprache::text(u"%@ einsatzbereit"_s), {profil.modell})};
-    case Modellstand::Art::serverFehlt:
-        return {.lage = Lage::gestoert, .zeile = Sprache::text(u"Modellserver läuft nicht"_s)};
-    case Modellstand::Art::modellFehlt:
-        return {.lage = Lage::gestoert, .zeile = gefuellt(Sprache::text(u"%@ fehlt"_s), {profil.modell})};
-    case Modellstand::Art::modellAnderswo:
-        return {.lage = Lage::gestoert, .zeile = gefuellt(Sprache::text(u"%@ rechnet nicht hier"_s), {profil.modell})};
-    case Modellstand::Art::laedt:
-    case Modellstand::Art::unbekannt:
+    case Modellstand::Art::ServerFehlt:
+        return {.lage = Lage::Gestoert, .zeile = Sprache::text(u"Modellserver läuft nicht"_s)};
+    case Modellstand::Art::ModellFehlt:
+        return {.lage = Lage::Gestoert, .zeile = gefuellt(Sprache::text(u"%@ fehlt"_s), {profil.modell})};
+    case Modellstand::Art::ModellAnderswo:
+        return {.lage = Lage::Gestoert, .zeile = gefuellt(Sprache::text(u"%@ rechnet nicht hier"_s), {profil.modell})};
+    case Modellstand::Art::Laedt:
+    case Modellstand::Art::Unbekannt:
         break;
     }
-    return {.lage = Lage::prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
+    return {.lage = Lage::Prueft, .zeile = Sprache::text(u"wird nachgesehen"_s)};
 }
 
 Abschnittsstand modell(const Einrichtungslage &z)
 {
     const Modellstand &stand = z.modell;
     if (!stand.laedtModell.isEmpty())
-        return {.lage = Lage::prueft, .zeile = gefuellt(Sprache::text(u"%@ wird geladen"_s), {stand.laedtModell})};
+        return {.lage = Lage::Prueft, .zeile = gefuellt(Sprache::text(u"%@ wird geladen"_s), {stand.laedtModell})};
     return nachArt(stand.art, z.profil);
 }
 
@@ -162,22 +165,23 @@ QString abschnittTitel(Abschnitt abschnitt)
 Abschnittsstand abschnittsstand(Abschnitt abschnitt, const Einrichtungslage &lage)
 {
     switch (abschnitt) {
-    case Abschnitt::programme:
+    case Abschnitt::Programme:
         return programme(lage);
-    case Abschnitt::herkunft:
+    case Abschnitt::Herkunft:
         return herkunft(lage);
-    case Abschnitt::ziel:
-        return ::ziel(lage);
-    case Abschnitt::namen:
+    case Abschnitt::Ziel:
+        return zustand::ziel(lage);
+    case Abschnitt::Namen:
         return namen(lage);
-    case Abschnitt::eigentuemer:
+    case Abschnitt::Eigentuemer:
         return eigentuemer(lage.profil);
-    case Abschnitt::modell:
-        return ::modell(lage);
-    case Abschnitt::gelernt:
+    case Abschnitt::Modell:
+        return zustand::modell(lage);
+    case Abschnitt::Gelernt:
         return gelernt(lage.stand.gelerntes);
-    case Abschnitt::oberflaeche:
+    case Abschnitt::Oberflaeche:
         break;
     }
     return {};
 }
+} // namespace quillmar::zustand

@@ -3,9 +3,12 @@
 #include "bereitschaft.h"
 #include "einrichtungsstand.h"
 #include "modellstand.h"
+#include "namensraeume.h"
 
+namespace quillmar::zustand
+{
 /** The sections of the setup card, in their order. */
-enum class Abschnitt { programme, herkunft, ziel, namen, eigentuemer, modell, gelernt, oberflaeche };
+enum class Abschnitt { Programme, Herkunft, Ziel, Namen, Eigentuemer, Modell, Gelernt, Oberflaeche };
 
 [[nodiscard]] const QList<Abschnitt> &alleAbschnitte();
 /** The raw word, and the title in the user's language. */
@@ -15,19 +18,19 @@ enum class Abschnitt { programme, herkunft, ziel, namen, eigentuemer, modell, ge
 /** How far a section is, and one line of what is set in it. */
 struct Abschnittsstand {
     enum class Lage {
-        ohne,     ///< nothing can be missing here
-        prueft,   ///< being looked at
-        fehlt,    ///< not set yet, and no run without it
-        gestoert, ///< set, but not there; no run without it
-        offen,    ///< not set yet; a run works without it, but less well
-        warnung,  ///< set, but something is to be looked at
-        gut,
+        Ohne,     ///< nothing can be missing here
+        Prueft,   ///< being looked at
+        Fehlt,    ///< not set yet, and no run without it
+        Gestoert, ///< set, but not there; no run without it
+        Offen,    ///< not set yet; a run works without it, but less well
+        Warnung,  ///< set, but something is to be looked at
+        Gut,
     };
-    Lage lage = Lage::ohne;
+    Lage lage = Lage::Ohne;
     QString zeile;
     bool operator==(const Abschnittsstand &) const = default;
 
-    [[nodiscard]] bool hindert() const { return lage == Lage::fehlt || lage == Lage::gestoert; }
+    [[nodiscard]] bool hindert() const { return lage == Lage::Fehlt || lage == Lage::Gestoert; }
 };
 
 /** What the state of a section is made of. */
@@ -39,3 +42,4 @@ struct Einrichtungslage {
     bool ohneDokumente = false; ///< the catalogue has none
 };
 [[nodiscard]] Abschnittsstand abschnittsstand(Abschnitt abschnitt, const Einrichtungslage &lage);
+} // namespace quillmar::zustand

@@ -13,6 +13,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr auto merklich = 200ms; // what takes longer is named
@@ -31,7 +33,7 @@ Ausfuehrung::Ausfuehrung(Profilwahl *profilwahl, Pruefung *pruefung, Meldestelle
     m_merklich.setInterval(merklich);
     connect(&m_merklich, &QTimer::timeout, this, [this] {
         if (m_vorgang.isEmpty())
-            vorgangSetzen(m_vorgangsname, 0);
+            setzeVorgang(m_vorgangsname, 0);
     });
     connect(m_profilwahl, &Profilwahl::gewechselt, this, &Ausfuehrung::wechseln);
     connect(m_profilwahl, &Profilwahl::oeffnetGeaendert, this, [this] {
@@ -46,7 +48,7 @@ void Ausfuehrung::wechseln()
 {
     m_spaeter = {};
     m_merklich.stop();
-    Q_EMIT zurueckMoeglichGeaendert();
+    Q_EMIT tatRuecknehmbarGeaendert();
 }
 
 std::optional<qint64> Ausfuehrung::dokumentId() const
@@ -103,25 +105,25 @@ void Ausfuehrung::rueckgaengig()
         {}, vorgang);
 }
 
-void Ausfuehrung::letztenSchrittZurueck()
+void Ausfuehrung::letzteBewegungZuruecknehmen()
 {
     if (beschaeftigt())
-        return warten([this] { letztenSchrittZurueck(); });
-    handeln([](const Arbeitsplatz &platz) { return Handlung::letzterSchrittZurueck(platz); }, {},
+        return warten([this] { letzteBewegungZuruecknehmen(); });
+    handeln([](const Arbeitsplatz &platz) { return Handlung::letzteBewegungZuruecknehmen(platz); }, {},
             Sprache::text(u"Datei wird zurückgeholt"_s));
 }
 
-bool Ausfuehrung::zurueckMoeglich() const { return m_profilwahl->offenes() && m_profilwahl->offenes()->rueckweg(); }
+bool Ausfuehrung::tatRuecknehmbar() const { return m_profilwahl->offenes() && m_profilwahl->offenes()->rueckweg(); }
 
-void Ausfuehrung::zurueck()
+void Ausfuehrung::tatZuruecknehmen()
 {
     if (beschaeftigt())
-        return warten([this] { zurueck(); });
-    if (!zurueckMoeglich())
+        return warten([this] { tatZuruecknehmen(); });
+    if (!tatRuecknehmbar())
         return;
     const QString vorgang = Sprache::text(u"Datei wird zurückgeholt"_s);
     handeln([weg = *m_profilwahl->offenes()->rueckweg(), melder = vorgangMelder(vorgang)](
-                const Arbeitsplatz &platz) { return Handlung::zurueck(platz, weg, melder); },
+                const Arbeitsplatz &platz) { return Handlung::tatZuruecknehmen(platz, weg, melder); },
             {}, vorgang);
 }
 
@@ -175,7 +177,7 @@ std::function<bool(qint64, qint64)> Ausfuehrung::vorgangMelder(const QString &vo
         if (gesamt > 1)
             briefe->fortschreiben([this, vorgang, fertig, gesamt] {
                 if (m_taetig)
-                    vorgangSetzen(vorgang, double(fertig) / double(gesamt));
+                    setzeVorgang(vorgang, double(fertig) / double(gesamt));
             });
         return !halt.stop_requested();
     };
@@ -188,7 +190,7 @@ void Ausfuehrung::anhalten(const QString &vorgang)
     if (m_anhaltbar)
         Q_EMIT beschaeftigtGeaendert();
     if (m_taetig && !vorgang.isEmpty())
-        vorgangSetzen(vorgang, 0);
+        setzeVorgang(vorgang, 0);
 }
 
 void Ausfuehrung::handeln(const Tat &tat, const Wunsch &danach, const QString &vorgang)
@@ -242,7 +244,7 @@ void Ausfuehrung::fertig(OffenesProfil *offenes, const Tatfolge &folge)
     if (offenes)
         eintragen(*offenes, folge);
     else // of the profile that was left meanwhile
-        m_meldestelle->melden(g.allesGesagte(), g.gelungen ? Meldestelle::Ton::gut : Meldestelle::Ton::warnung);
+        m_meldestelle->melden(g.allesGesagte(), g.gelungen ? Meldestelle::Ton::Gut : Meldestelle::Ton::Warnung);
 }
 
 void Ausfuehrung::eintragen(OffenesProfil &offenes, const Tatfolge &folge)
@@ -255,7 +257,7 @@ void Ausfuehrung::eintragen(OffenesProfil &offenes, const Tatfolge &folge)
     if (g.uebernommen)
         m_pruefung->entwurfVerwerfen(*g.uebernommen); // whatever else is done with a document, what was typed stays
     offenes.setzeRueckweg(g.rueckweg);
-    Q_EMIT zurueckMoeglichGeaendert();
+    Q_EMIT tatRuecknehmbarGeaendert();
     berichten(folge);
     m_pruefung->zeigen(folge.blick);
     if (g.zielFraglich)
@@ -273,7 +275,7 @@ void Ausfuehrung::berichten(const Tatfolge &folge)
     const QString woran = !g.gelungen && verlassen ? dieses->dateiname + u": "_s : QString();
     const bool gut = g.gelungen && g.warnungen.isEmpty();
     m_meldestelle->berichten(g.text, woran + (g.warnungen + g.hinweise).join(u", "_s),
-                             gut ? Meldestelle::Ton::gut : Meldestelle::Ton::warnung, !g.warnungen.isEmpty());
+                             gut ? Meldestelle::Ton::Gut : Meldestelle::Ton::Warnung, !g.warnungen.isEmpty());
 }
 
 void Ausfuehrung::warten(std::function<void()> spaeter)
@@ -289,7 +291,7 @@ void Ausfuehrung::belegen(bool anDiesem)
 {
     m_taetig = true;
     m_profilwahl->setzeInArbeit(true);
-    m_pruefung->setzeArbeit(anDiesem ? Pruefung::Arbeit::anDiesem : Pruefung::Arbeit::anAnderem);
+    m_pruefung->setzeArbeit(anDiesem ? Pruefung::Arbeit::AnDiesem : Pruefung::Arbeit::AnAnderem);
     Q_EMIT beschaeftigtGeaendert();
 }
 
@@ -299,8 +301,8 @@ void Ausfuehrung::freigeben()
     m_anhaltbar = false;
     m_merklich.stop();
     m_profilwahl->setzeInArbeit(false);
-    m_pruefung->setzeArbeit(Pruefung::Arbeit::keine);
-    vorgangSetzen({}, 0);
+    m_pruefung->setzeArbeit(Pruefung::Arbeit::Keine);
+    setzeVorgang({}, 0);
     Q_EMIT beschaeftigtGeaendert();
     if (const auto spaeter = std::exchange(m_spaeter, {}))
         spaeter();
@@ -323,11 +325,11 @@ void Ausfuehrung::rueckbauBeenden()
     if (OffenesProfil *offenes = m_profilwahl->offenes())
         offenes->setzeRueckweg(std::nullopt);
     Q_EMIT beschaeftigtGeaendert();
-    Q_EMIT zurueckMoeglichGeaendert();
+    Q_EMIT tatRuecknehmbarGeaendert();
     m_meldestelle->vergessen(); // the deed may be one of those that were turned back
 }
 
-void Ausfuehrung::vorgangSetzen(const QString &text, double anteil)
+void Ausfuehrung::setzeVorgang(const QString &text, double anteil)
 {
     if (text == m_vorgang && anteil == m_vorgangsanteil)
         return;
@@ -337,3 +339,4 @@ void Ausfuehrung::vorgangSetzen(const QString &text, double anteil)
 }
 
 void Ausfuehrung::nachsprechen() { m_vorgang = Sprache::nachgesprochen(m_vorgang); }
+} // namespace quillmar::zustand

@@ -1,12 +1,19 @@
 #pragma once
 
 #include "handlung.h"
+#include "namensraeume.h"
 
 #include <QObject>
 #include <QTimer>
 #include <stop_token>
 
+namespace quillmar::grundlage
+{
 class Briefkasten;
+} // namespace quillmar::grundlage
+
+namespace quillmar::zustand
+{
 class Meldestelle;
 class OffenesProfil;
 class Profilwahl;
@@ -31,12 +38,12 @@ public:
     /** Takes the last deed back, whatever kind it was. */
     void rueckgaengig();
     /** Takes the last movement back. */
-    void letztenSchrittZurueck();
+    void letzteBewegungZuruecknehmen();
     void weiter(Richtung richtung);
-    /** zurueck() has something to take back. */
-    [[nodiscard]] bool zurueckMoeglich() const;
+    /** tatZuruecknehmen() has something to take back. */
+    [[nodiscard]] bool tatRuecknehmbar() const;
     /** Takes back what the notice tells of. */
-    void zurueck();
+    void tatZuruecknehmen();
     void zurueckgestellteVorlegen();
     void dublettenAusraeumen();
     /** The target folder is right as it is; what was filed there was moved elsewhere by hand. */
@@ -61,7 +68,7 @@ public:
 Q_SIGNALS:
     void beschaeftigtGeaendert();
     void vorgangGeaendert();
-    void zurueckMoeglichGeaendert();
+    void tatRuecknehmbarGeaendert();
     void zuFruehGedrueckt(); ///< a deed came before its document was seen, and was not done
     void zielFraglich();     ///< a deed was refused: of what was filed last nothing lies in the target folder
     void buchBegonnen();     ///< the running session has another log
@@ -83,7 +90,7 @@ private:
     [[nodiscard]] std::optional<qint64> dokumentId() const;
     void belegen(bool anDiesem);
     void freigeben();
-    void vorgangSetzen(const QString &text, double anteil);
+    void setzeVorgang(const QString &text, double anteil);
     void wechseln();
 
     Profilwahl *m_profilwahl;
@@ -100,3 +107,4 @@ private:
     QString m_vorgangsname; ///< of the deed under way
     double m_vorgangsanteil = 0;
 };
+} // namespace quillmar::zustand

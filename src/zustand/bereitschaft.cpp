@@ -5,6 +5,8 @@
 
 #include <QDir>
 
+namespace quillmar::zustand
+{
 namespace
 {
 bool istDa(const QString &ordner) { return !ordner.isEmpty() && istOrdner(QDir::cleanPath(ordner)); }
@@ -20,3 +22,4 @@ Bereitschaft Bereitschaft::pruefen(const Profil &profil)
             .struktur = !profil.zweige.isEmpty(),
             .namen = !profil.namensVorlage.trimmed().isEmpty()};
 }
+} // namespace quillmar::zustand

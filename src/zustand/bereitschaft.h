@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::zustand
+{
 /** Whether everything that a run needs is there, part by part. */
 struct Bereitschaft {
     QStringList fehlendeWerkzeuge;
@@ -15,3 +18,4 @@ struct Bereitschaft {
     /** Looks at the disk. Blocks, on a network drive perhaps for long. */
     [[nodiscard]] static Bereitschaft pruefen(const Profil &profil);
 };
+} // namespace quillmar::zustand

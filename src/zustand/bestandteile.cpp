@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 QList<Bestandteil> bestandteile()
 {
     return {
@@ -26,3 +28,4 @@ QList<Bestandteil> bestandteile()
         {.name = Sprache::text(u"ollama, als Programm"_s), .fassung = {}, .lizenz = u"MIT"_s, .helfer = u"ollama"_s},
     };
 }
+} // namespace quillmar::zustand

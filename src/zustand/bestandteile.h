@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 
+namespace quillmar::zustand
+{
 /** A program or library that the program is made of or calls. */
 struct Bestandteil {
     QString name;
@@ -13,3 +16,4 @@ struct Bestandteil {
 
 /** In the user's language. */
 [[nodiscard]] QList<Bestandteil> bestandteile();
+} // namespace quillmar::zustand

@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <sys/stat.h>
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr qsizetype schub = 32; // movements that are looked at in one go
@@ -28,12 +30,12 @@ QList<Bewegungsstand> nachsehen(const QList<Protokollzeile> &zeilen)
 Bewegungsstand bewegungsstand(const Protokollzeile &zeile)
 {
     if (istVorhanden(zeile.nach))
-        return Bewegungsstand::amZiel;
+        return Bewegungsstand::AmZiel;
     if (!istSicherLeer(zeile.nach))
-        return Bewegungsstand::fehler;
+        return Bewegungsstand::Fehler;
     if (istVorhanden(zeile.von))
-        return Bewegungsstand::zurueck;
-    return istSicherLeer(zeile.von) ? Bewegungsstand::verschwunden : Bewegungsstand::fehler;
+        return Bewegungsstand::Zurueck;
+    return istSicherLeer(zeile.von) ? Bewegungsstand::Verschwunden : Bewegungsstand::Fehler;
 }
 
 void Bewegungsstaende::setzen(const QList<Protokollzeile> &zeilen)
@@ -85,7 +87,7 @@ void Bewegungsstaende::weiter()
     m_frage.stellen([zeilen] { return nachsehen(zeilen); },
                     [this, stellen](const Ausgang<QList<Bewegungsstand>> &ausgang) {
                         eintragen(stellen,
-                                  ausgang.wert.value_or(QList<Bewegungsstand>(stellen.size(), Bewegungsstand::fehler)));
+                                  ausgang.wert.value_or(QList<Bewegungsstand>(stellen.size(), Bewegungsstand::Fehler)));
                         weiter();
                     });
 }
@@ -96,3 +98,4 @@ void Bewegungsstaende::eintragen(const QList<qsizetype> &stellen, const QList<Be
         m_eintraege[stellen.at(n)] = {.stand = staende.at(n), .frisch = true};
     Q_EMIT erkannt(stellen.first(), stellen.last());
 }
+} // namespace quillmar::zustand

@@ -1,18 +1,21 @@
 #pragma once
 
 #include "anfrage.h"
+#include "namensraeume.h"
 #include "protokollzeile.h"
 
 #include <QObject>
 
+namespace quillmar::zustand
+{
 /** Where the file of a movement is found today. */
 enum class Bewegungsstand {
-    unbekannt, ///< not looked at yet
-    amZiel,
-    zurueck, ///< at its old place; a copy that is gone again
-    verschwunden,
-    fehler,       ///< the disk does not say, or it could not be turned back
-    uebersprungen ///< at its new place, and passed over when its session was turned back
+    Unbekannt, ///< not looked at yet
+    AmZiel,
+    Zurueck, ///< at its old place; a copy that is gone again
+    Verschwunden,
+    Fehler,       ///< the disk does not say, or it could not be turned back
+    Uebersprungen ///< at its new place, and passed over when its session was turned back
 };
 
 /** Looks at the disk; blocks as long as that takes. */
@@ -45,7 +48,7 @@ Q_SIGNALS:
 
 private:
     struct Eintrag {
-        Bewegungsstand stand = Bewegungsstand::unbekannt;
+        Bewegungsstand stand = Bewegungsstand::Unbekannt;
         bool frisch = false;
     };
     void weiter();
@@ -57,3 +60,4 @@ private:
     qsizetype m_bis = -1;
     Anfrage m_frage;
 };
+} // namespace quillmar::zustand

@@ -6,6 +6,8 @@
 #include "texte.h"
 #include "vorschlaege.h"
 
+namespace quillmar::zustand
+{
 namespace
 {
 std::optional<Dokument> gewaehltes(const Dokumente &dokumente, const Wunsch &wunsch)
@@ -43,7 +45,8 @@ Blick Blick::auf(const std::shared_ptr<Datenbank> &db, const Wunsch &wunsch)
     }
     blick.zaehlwerk = Zaehlwerk::zaehlen(*db);
     blick.ausgenommen = dokumente.ausgenommene();
-    blick.umkehrbar = Tatruecknahme::istMoeglich(*db);
+    blick.ruecknehmbar = Tatruecknahme::istMoeglich(*db);
     blick.bewegt = Bewegungen(*db).letzte().has_value();
     return blick;
 }
+} // namespace quillmar::zustand

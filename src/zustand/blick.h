@@ -1,14 +1,20 @@
 #pragma once
 
 #include "dokument.h"
+#include "namensraeume.h"
 #include "richtung.h"
 #include "zaehlwerk.h"
 
 #include <QStringList>
 #include <memory>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::zustand
+{
 /** A document under review, with what the catalogue knows about it beside its row. */
 struct Pruefstueck {
     Dokument dokument;
@@ -46,10 +52,10 @@ struct Wunsch {
 struct Blick {
     Zaehlwerk zaehlwerk;
     std::optional<Pruefstueck> aktuelles;
-    QStringList voraus;     ///< paths of the documents that are likely to come next
-    qint64 ausgenommen = 0; ///< documents that the exclusion rules cover
-    bool umkehrbar = false; ///< some deed of the review can be taken back
-    bool bewegt = false;    ///< some movement can be taken back
+    QStringList voraus;        ///< paths of the documents that are likely to come next
+    qint64 ausgenommen = 0;    ///< documents that the exclusion rules cover
+    bool ruecknehmbar = false; ///< some deed of the review can be taken back
+    bool bewegt = false;       ///< some movement can be taken back
     bool operator==(const Blick &) const = default;
 
     [[nodiscard]] std::optional<qint64> id() const
@@ -60,3 +66,4 @@ struct Blick {
     /** Looks into the catalogue. Blocks. */
     [[nodiscard]] static Blick auf(const std::shared_ptr<Datenbank> &db, const Wunsch &wunsch);
 };
+} // namespace quillmar::zustand

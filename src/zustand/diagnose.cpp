@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr int geduld = 3000; // ms for a tool that is asked for its version
@@ -68,3 +70,4 @@ QStringList Diagnose::zeilen()
         zeilen << einer.name + u' ' + einer.fassung + (einer.dazu.isEmpty() ? QString() : u" ("_s + einer.dazu + u')');
     return zeilen;
 }
+} // namespace quillmar::zustand

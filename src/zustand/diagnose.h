@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QStringList>
 
+namespace quillmar::zustand
+{
 /** What somebody who helps needs to know about the installation; nothing about documents, folders or profiles. */
 namespace Diagnose
 {
@@ -19,3 +22,4 @@ struct Helfer {
 /** One line for each: program, Qt, SQLite, system, helpers. Blocks. */
 [[nodiscard]] QStringList zeilen();
 } // namespace Diagnose
+} // namespace quillmar::zustand

@@ -13,6 +13,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::zustand
+{
 using std::chrono::steady_clock;
 
 namespace
@@ -114,10 +117,10 @@ void Durchgang::durchgangStarten(Art art)
         return;
     m_lage.bild.beginnen(steady_clock::now());
     Analyse *analyse = m_profilwahl->offenes()->analyse();
-    analyse->profilSetzen(*m_profilwahl->aktiv());
-    analyse->allesStarten({.erneut = art == Art::erneut || art == Art::erneutLesen,
+    analyse->setzeProfil(*m_profilwahl->aktiv());
+    analyse->allesStarten({.erneut = art == Art::Erneut || art == Art::ErneutLesen,
                            .nurDies = std::exchange(m_lage.nurDies, std::nullopt),
-                           .nurLesen = art == Art::nurLesen || art == Art::erneutLesen});
+                           .nurLesen = art == Art::NurLesen || art == Art::ErneutLesen});
 }
 
 void Durchgang::durchgangErbitten(Art art, std::optional<qint64> nurDies)
@@ -157,7 +160,7 @@ void Durchgang::durchgangAnhalten()
 void Durchgang::ausnahmenBeachten(const QStringList &ausnahmen)
 {
     if (m_profilwahl->offenes())
-        m_profilwahl->offenes()->analyse()->ausnahmenSetzen(ausnahmen);
+        m_profilwahl->offenes()->analyse()->setzeAusnahmen(ausnahmen);
 }
 
 void Durchgang::nacharbeitLesen()
@@ -178,3 +181,4 @@ void Durchgang::setzeNacharbeit(const Nacharbeit &nacharbeit)
     m_lage.nacharbeit = nacharbeit;
     Q_EMIT nacharbeitGeaendert();
 }
+} // namespace quillmar::zustand

@@ -3,11 +3,18 @@
 #include "anfrage.h"
 #include "laufbild.h"
 #include "nacharbeit.h"
+#include "namensraeume.h"
 
 #include <QObject>
 #include <vector>
 
+namespace quillmar::analyse
+{
 class Analyse;
+} // namespace quillmar::analyse
+
+namespace quillmar::zustand
+{
 class Meldestelle;
 class Modelldienst;
 class OffenesProfil;
@@ -21,10 +28,10 @@ class Durchgang : public QObject
 
 public:
     enum class Art {
-        ganz,
-        erneut,      ///< what failed before is tried again
-        nurLesen,    ///< without the model
-        erneutLesen, ///< both
+        Ganz,
+        Erneut,      ///< what failed before is tried again
+        NurLesen,    ///< without the model
+        ErneutLesen, ///< both
     };
 
     Durchgang(Profilwahl *profilwahl, Modelldienst *modelldienst, Pruefung *pruefung, Meldestelle *meldestelle);
@@ -34,14 +41,14 @@ public:
     /** Null without an open catalogue. */
     [[nodiscard]] const Analyse *analyse() const;
     [[nodiscard]] bool laeuft() const;
-    void durchgangStarten(Art art = Art::ganz);
+    void durchgangStarten(Art art = Art::Ganz);
     /**
      * Starts one if the model can be asked, else tells so by startFraglich(): every document would fail by itself. Of
      * what failed before it reopens only @p nurDies, if that is given.
      */
-    void durchgangErbitten(Art art = Art::ganz, std::optional<qint64> nurDies = std::nullopt);
+    void durchgangErbitten(Art art = Art::Ganz, std::optional<qint64> nurDies = std::nullopt);
     /** Opens one failed document again and starts a run. */
-    void erneutVersuchen(qint64 id) { durchgangErbitten(Art::erneut, id); }
+    void erneutVersuchen(qint64 id) { durchgangErbitten(Art::Erneut, id); }
     /** The one document that the run asked for last is to try again, if it was asked for one. */
     [[nodiscard]] std::optional<qint64> erbetenesDokument() const { return m_lage.nurDies; }
     /** It is being looked whether the model is there. */
@@ -92,3 +99,4 @@ private:
     Anfrage m_nachlesen;
     std::vector<std::unique_ptr<Analyse>> m_auslaufende; ///< of profiles that were left: they finish their document
 };
+} // namespace quillmar::zustand

@@ -21,6 +21,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::zustand
+{
 using Ton = Meldestelle::Ton;
 
 namespace
@@ -165,11 +168,11 @@ Abschnittsstand Einrichtung::abschnittsstand(Abschnitt abschnitt) const
 {
     if (!aktiv())
         return {};
-    return ::abschnittsstand(abschnitt, {.profil = *aktiv(),
-                                         .bereitschaft = m_nachbarn.profilwahl->bereitschaft(),
-                                         .stand = m_stand,
-                                         .modell = m_nachbarn.modelldienst->modellstand(),
-                                         .ohneDokumente = m_nachbarn.pruefung->zaehlwerk() == Zaehlwerk()});
+    return zustand::abschnittsstand(abschnitt, {.profil = *aktiv(),
+                                                .bereitschaft = m_nachbarn.profilwahl->bereitschaft(),
+                                                .stand = m_stand,
+                                                .modell = m_nachbarn.modelldienst->modellstand(),
+                                                .ohneDokumente = m_nachbarn.pruefung->zaehlwerk() == Zaehlwerk()});
 }
 
 /** The sections behind @p von first, then from the top; what a run cannot do without goes before the rest. */
@@ -179,7 +182,7 @@ std::optional<Abschnitt> Einrichtung::naechsterAbschnitt(Abschnitt von) const
     for (const bool noetig : {true, false}) {
         for (const Abschnitt abschnitt : reihe) {
             const Abschnittsstand stand = abschnittsstand(abschnitt);
-            if (noetig ? stand.hindert() : stand.lage == Abschnittsstand::Lage::offen)
+            if (noetig ? stand.hindert() : stand.lage == Abschnittsstand::Lage::Offen)
                 return abschnitt;
         }
     }
@@ -197,7 +200,7 @@ QString Einrichtung::starthindernis() const
         if (stand.hindert())
             return gefuellt(Sprache::text(u"Es fehlt noch: %@ (%@)."_s), {abschnittTitel(abschnitt), stand.zeile});
     }
-    if (m_nachbarn.modelldienst->modellstand().art == Modellstand::Art::laedt)
+    if (m_nachbarn.modelldienst->modellstand().art == Modellstand::Art::Laedt)
         return Sprache::text(u"Das Sprachmodell wird gerade geladen."_s);
     return m_nachbarn.profilwahl->bereitZumStart() ? QString() : Sprache::text(u"Es wird noch nachgesehen."_s);
 }
@@ -216,7 +219,7 @@ QString Einrichtung::ausnahmeAufnehmen(const QString &regel)
         return gefuellt(Sprache::text(u"%@ steht schon in der Liste"_s), {neue.first().roh});
     Profil neu = *aktiv();
     neu.ausnahmen << neue.first().roh;
-    m_nachbarn.profilwahl->profilAendern(neu);
+    m_nachbarn.profilwahl->setzeProfil(neu);
     ausnahmenAnwenden();
     return {};
 }
@@ -243,7 +246,7 @@ void Einrichtung::ausnahmeEntfernen(const QString &regel)
     neu.ausnahmen.removeOne(regel);
     if (neu == *aktiv())
         return;
-    m_nachbarn.profilwahl->profilAendern(neu);
+    m_nachbarn.profilwahl->setzeProfil(neu);
     ausnahmenAnwenden();
 }
 
@@ -259,7 +262,7 @@ void Einrichtung::ausnahmenAnwenden()
             if (!ausgang.wert)
                 m_nachbarn.meldestelle->melden(fehlersatz(ausgang.fehler));
             else if (!ausgang.wert->isEmpty())
-                m_nachbarn.meldestelle->melden(ausgang.wert->join(u", "_s), Ton::gut);
+                m_nachbarn.meldestelle->melden(ausgang.wert->join(u", "_s), Ton::Gut);
             m_nachbarn.pruefung->aktualisieren();
         });
 }
@@ -325,7 +328,7 @@ void Einrichtung::lernenAendern(const std::function<void(Lernspeicher &)> &aende
     };
     imHintergrund(this, arbeit, [this, erfolg](const Ausgang<bool> &ausgang) {
         m_nachbarn.meldestelle->melden(ausgang.wert ? erfolg : fehlersatz(ausgang.fehler),
-                                       ausgang.wert ? Ton::gut : Ton::warnung);
+                                       ausgang.wert ? Ton::Gut : Ton::Warnung);
         gelerntLesen();
     });
 }
@@ -342,4 +345,5 @@ void Einrichtung::spracheVorbereiten()
     });
 }
 
-void Einrichtung::nachsprechen() { m_stand.strukturmeldung = Sprache::nachgesprochen(m_stand.strukturmeldung); }
+void Einrichtung::nachsprechen() { m_stand.strukturmangel = Sprache::nachgesprochen(m_stand.strukturmangel); }
+} // namespace quillmar::zustand

@@ -3,13 +3,20 @@
 #include "abschnitt.h"
 #include "anfrage.h"
 #include "einrichtungsstand.h"
+#include "namensraeume.h"
 #include "strukturlesung.h"
 
 #include <QObject>
 #include <QTimer>
 
-class Durchgang;
+namespace quillmar::lernen
+{
 class Lernspeicher;
+} // namespace quillmar::lernen
+
+namespace quillmar::zustand
+{
+class Durchgang;
 class Meldestelle;
 class Modelldienst;
 class Profilwahl;
@@ -89,10 +96,11 @@ private:
 
     Nachbarn m_nachbarn;
     Einrichtungsstand m_stand;
-    Abschnitt m_abschnitt = Abschnitt::programme;
+    Abschnitt m_abschnitt = Abschnitt::Programme;
     bool m_gewaehlt = true;
     Strukturlesung m_struktur;
     QTimer m_zaehltakt;
     QStringList m_zaehlschluessel; ///< what the count was asked for
     Anfrage m_zaehlung;
 };
+} // namespace quillmar::zustand

@@ -16,6 +16,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr double zeichenJeToken = 3; // German with the tokenizers of common models: 3.1 to 3.8
@@ -149,3 +151,4 @@ QString ordnernamenmangel(const QString &name)
         return Sprache::text(u"Nur ein Name, kein Pfad."_s);
     return {};
 }
+} // namespace quillmar::zustand

@@ -2,14 +2,20 @@
 
 #include "dokument.h"
 #include "eintrag.h"
+#include "namensraeume.h"
 #include "struktur_vergleich.h"
 
 #include <QStringList>
 #include <functional>
 #include <memory>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::zustand
+{
 /** The programs that read PDF files, and the languages of the text recognition. */
 struct Programmstand {
     struct Werkzeug {
@@ -74,7 +80,7 @@ struct Einrichtungsstand {
     std::optional<Quellstand> quelle;       ///< none while it is being counted or there is no folder
     bool zaehlt = false;
     bool liestStruktur = false;
-    QString strukturmeldung;       ///< why the last reading brought nothing; empty if it did
+    QString strukturmangel;        ///< why the last reading brought nothing; empty if it did
     bool strukturAlt = false;      ///< the structure was read below a target root that was chosen before
     bool geradeGelesen = false;    ///< the structure was read in this session
     QList<Strukturzeile> struktur; ///< with what is new or gone since the reading before
@@ -91,3 +97,4 @@ struct Einrichtungsstand {
 
 /** Why @p name cannot be the name of a folder, for the user; empty when it can. */
 [[nodiscard]] QString ordnernamenmangel(const QString &name);
+} // namespace quillmar::zustand

@@ -10,6 +10,8 @@
 
 using namespace std::chrono_literals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr auto schreibpause = 400ms; // of the keys, before what was typed is stored
@@ -36,7 +38,7 @@ struct Entwuerfe::Schreibstube {
         const QHash<qint64, QByteArray> aenderungen = std::exchange(offene, {});
         sperre.unlock();
         try {
-            ::schreiben(*db, aenderungen);
+            zustand::schreiben(*db, aenderungen);
         } catch (const Fehler &) { // they stay in memory, and are tried again with the next one
             sperre.lock();
             for (auto it = aenderungen.begin(); it != aenderungen.end(); ++it) {
@@ -123,3 +125,4 @@ void Entwuerfe::sichern()
     }
     Hintergrund::starten([stube = m_stube] { stube->leeren(); });
 }
+} // namespace quillmar::zustand

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entwurf.h"
+#include "namensraeume.h"
 
 #include <QHash>
 #include <QObject>
@@ -9,8 +10,13 @@
 #include <QUuid>
 #include <memory>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::zustand
+{
 /** Drafts by the number of their document. */
 using Entwurfsliste = QHash<qint64, Entwurf>;
 
@@ -53,3 +59,4 @@ private:
     QSet<qint64> m_offene;                 ///< changed and not handed over yet
     QTimer m_takt;
 };
+} // namespace quillmar::zustand

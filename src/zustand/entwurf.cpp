@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr auto vonHand = "jahrVonHand"_L1;
@@ -73,7 +75,7 @@ void Entwurf::setzen(Angaben &angaben, Feld feld, const QString &wert, const Pro
         schreiben(angaben, Feld::Rubrik, {});
 }
 
-void Entwurf::ortSetzen(Angaben &angaben, const Ort &ort, const QString &jahr)
+void Entwurf::setzeOrt(Angaben &angaben, const Ort &ort, const QString &jahr)
 {
     schreiben(angaben, Feld::Zweig, ort.zweig);
     schreiben(angaben, Feld::Ablage, ort.ablage);
@@ -113,3 +115,4 @@ Entwurf Entwurf::aus(const QByteArray &json)
     entwurf.m_jahrVonHand = objekt.value(vonHand).toBool();
     return entwurf;
 }
+} // namespace quillmar::zustand

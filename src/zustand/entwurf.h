@@ -1,10 +1,13 @@
 #pragma once
 
 #include "angaben.h"
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QMap>
 
+namespace quillmar::zustand
+{
 /** What the reviewer can change in a proposal, in the order of the review card. */
 enum class Feld { Datum, Gegenueber, Titel, Zweig, Ablage, Jahr, Rubrik };
 
@@ -20,7 +23,7 @@ public:
      */
     void setzen(Angaben &angaben, Feld feld, const QString &wert, const Profil &profil);
     /** All three levels at once, and the year unless @p jahr is empty. */
-    void ortSetzen(Angaben &angaben, const Ort &ort, const QString &jahr);
+    void setzeOrt(Angaben &angaben, const Ort &ort, const QString &jahr);
 
     /** Puts the changes over freshly read @p angaben. */
     void anwenden(Angaben &angaben) const;
@@ -37,3 +40,4 @@ private:
     QMap<Feld, QString> m_werte;
     bool m_jahrVonHand = false;
 };
+} // namespace quillmar::zustand

@@ -1,5 +1,7 @@
 #include "fehlersatz.h"
 
+namespace quillmar::zustand
+{
 QString fehlersatz(const std::exception_ptr &fehler)
 {
     if (!fehler)
@@ -10,3 +12,4 @@ QString fehlersatz(const std::exception_ptr &fehler)
         return QString::fromUtf8(f.what()); // a Fehler's sentence, or out of memory, say: the program goes on
     }
 }
+} // namespace quillmar::zustand

@@ -16,6 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 /** The engine with the session's log; a log that cannot be made is told and hinders nothing. */
@@ -99,11 +101,11 @@ void ruecknahmeMelden(const Arbeitsplatz &platz, const Zurueckgenommen &z, Gesch
                                {QString::number(z.fehler.size()), z.fehler.constFirst()});
 }
 
-Geschehen tatZurueck(const Arbeitsplatz &platz, const std::optional<Taten::Tat> &diese,
+Geschehen zuruecknehmen(const Arbeitsplatz &platz, const std::optional<Taten::Tat> &diese,
                      const Handlungsfortschritt &fortschritt)
 {
     return gefasst(platz, [&](Geschehen &g) {
-        ruecknahmeMelden(platz, Ablagewerk(platz.db, platz.profil).tatZurueck(diese, fortschritt), g);
+        ruecknahmeMelden(platz, Ablagewerk(platz.db, platz.profil).tatZuruecknehmen(diese, fortschritt), g);
     });
 }
 
@@ -217,15 +219,16 @@ Geschehen Handlung::aussortieren(const Arbeitsplatz &platz, const Dokument &doku
 
 Geschehen Handlung::rueckgaengig(const Arbeitsplatz &platz, const Handlungsfortschritt &fortschritt)
 {
-    return tatZurueck(platz, std::nullopt, fortschritt);
+    return zuruecknehmen(platz, std::nullopt, fortschritt);
 }
 
-Geschehen Handlung::zurueck(const Arbeitsplatz &platz, const Rueckweg &weg, const Handlungsfortschritt &fortschritt)
+Geschehen Handlung::tatZuruecknehmen(const Arbeitsplatz &platz, const Rueckweg &weg,
+                                     const Handlungsfortschritt &fortschritt)
 {
-    return tatZurueck(platz, weg.tat, fortschritt);
+    return zuruecknehmen(platz, weg.tat, fortschritt);
 }
 
-Geschehen Handlung::letzterSchrittZurueck(const Arbeitsplatz &platz)
+Geschehen Handlung::letzteBewegungZuruecknehmen(const Arbeitsplatz &platz)
 {
     return gefasst(platz, [&](Geschehen &g) {
         Ablagewerk werk(platz.db, platz.profil);
@@ -265,3 +268,4 @@ Geschehen Handlung::zielBestaetigen(const Arbeitsplatz &platz)
         g.hinweise << Sprache::text(u"Der Zielordner gilt, jetzt kannst du weiter einsortieren"_s);
     });
 }
+} // namespace quillmar::zustand

@@ -1,13 +1,19 @@
 #pragma once
 
 #include "blick.h"
+#include "namensraeume.h"
 #include "profil.h"
 #include "taten.h"
 
 #include <functional>
 
+namespace quillmar::ablage
+{
 class Protokollbuch;
+} // namespace quillmar::ablage
 
+namespace quillmar::zustand
+{
 /** What a deed of the reviewer works with; values and shared owners, so that it can run on any thread. */
 struct Arbeitsplatz {
     std::shared_ptr<Datenbank> db;
@@ -52,10 +58,10 @@ namespace Handlung
 /** Takes the newest deed back, whatever kind it was; all of it, what fails apart. */
 [[nodiscard]] Geschehen rueckgaengig(const Arbeitsplatz &platz, const Handlungsfortschritt &fortschritt = {});
 /** Takes exactly the deed back that gave @p weg; refuses when another one came after it. */
-[[nodiscard]] Geschehen zurueck(const Arbeitsplatz &platz, const Rueckweg &weg,
-                                const Handlungsfortschritt &fortschritt = {});
+[[nodiscard]] Geschehen tatZuruecknehmen(const Arbeitsplatz &platz, const Rueckweg &weg,
+                                         const Handlungsfortschritt &fortschritt = {});
 /** Takes the newest movement back. */
-[[nodiscard]] Geschehen letzterSchrittZurueck(const Arbeitsplatz &platz);
+[[nodiscard]] Geschehen letzteBewegungZuruecknehmen(const Arbeitsplatz &platz);
 /** Sets all waiting duplicates aside; what fails is passed over. */
 [[nodiscard]] Geschehen dublettenAusraeumen(const Arbeitsplatz &platz, const Handlungsfortschritt &fortschritt);
 /** The user says that the target folder is right although nothing of what was filed lies there; see Zielwurzel. */
@@ -66,3 +72,4 @@ namespace Handlung
 /** The log of the running session: @p platz's own while it fits the profile, else a new one; null if it cannot be. */
 [[nodiscard]] std::shared_ptr<Protokollbuch> buchBereitstellen(const Arbeitsplatz &platz);
 } // namespace Handlung
+} // namespace quillmar::zustand

@@ -3,6 +3,9 @@
 #include "sprache.h"
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::zustand
+{
 using std::chrono::duration_cast;
 using std::chrono::milliseconds;
 
@@ -55,11 +58,11 @@ void Laufbild::stufeBeginnen(int stufe, Zeitpunkt jetzt)
     if (m_stufe >= 0)
         m_stufen[m_stufe].dauer = duration_cast<milliseconds>(jetzt - m_stufenbeginn);
     for (int n = std::max(0, m_stufe); n < stufe; ++n)
-        m_stufen[n].stand = Stufenbild::Stand::fertig; // one that went by too fast to be seen as well
+        m_stufen[n].stand = Stufenbild::Stand::Fertig; // one that went by too fast to be seen as well
     m_stufe = stufe;
     m_stufenbeginn = jetzt;
     m_fruehere.clear();
-    m_stufen[stufe].stand = Stufenbild::Stand::laeuft;
+    m_stufen[stufe].stand = Stufenbild::Stand::Laeuft;
 }
 
 void Laufbild::nehmen(const QString &schritt, const QString &meldung, Zeitpunkt jetzt)
@@ -86,14 +89,14 @@ void Laufbild::enden(bool abgeschlossen, Zeitpunkt jetzt)
         return;
     Stufenbild &letzte = m_stufen[m_stufe];
     letzte.dauer = duration_cast<milliseconds>(jetzt - m_stufenbeginn);
-    letzte.stand = abgeschlossen ? Stufenbild::Stand::fertig : Stufenbild::Stand::offen;
+    letzte.stand = abgeschlossen ? Stufenbild::Stand::Fertig : Stufenbild::Stand::Offen;
 }
 
 void Laufbild::offenLassen(const QStringList &schritte)
 {
     for (const QString &schritt : schritte) {
         if (const int stufe = stufeVon(schritt); stufe >= 0)
-            m_stufen[stufe].stand = Stufenbild::Stand::offen;
+            m_stufen[stufe].stand = Stufenbild::Stand::Offen;
     }
 }
 
@@ -101,3 +104,4 @@ std::chrono::milliseconds Laufbild::dauer(Zeitpunkt jetzt) const
 {
     return m_gelaufen ? duration_cast<milliseconds>((m_laeuft ? jetzt : m_ende) - m_beginn) : milliseconds();
 }
+} // namespace quillmar::zustand

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QStringList>
 #include <chrono>
 
+namespace quillmar::zustand
+{
 /** One of the four stages of a run, as the run card shows it. */
 struct Stufenbild {
-    enum class Stand { offen, laeuft, fertig };
-    Stand stand = Stand::offen;
+    enum class Stand { Offen, Laeuft, Fertig };
+    Stand stand = Stand::Offen;
     QString name;                      ///< in German; to be looked up
     QString meldung;                   ///< the last message of each of its steps
     std::chrono::milliseconds dauer{}; ///< of a stage that is done
@@ -57,3 +60,4 @@ private:
     bool m_gelaufen = false;
     bool m_laeuft = false;
 };
+} // namespace quillmar::zustand

@@ -2,6 +2,8 @@
 
 #include "sprache.h"
 
+namespace quillmar::zustand
+{
 QStringList Meldestelle::meldungen() const
 {
     QStringList beide = m_hinweisIstNeuer ? QStringList{m_hinweis, m_geschehen} : QStringList{m_geschehen, m_hinweis};
@@ -13,7 +15,7 @@ void Meldestelle::melden(const QString &hinweis, Ton ton)
 {
     m_hinweis = hinweis;
     m_hinweisIstNeuer = true;
-    m_ton = hinweis.isEmpty() ? Ton::ruhig : ton;
+    m_ton = hinweis.isEmpty() ? Ton::Ruhig : ton;
     Q_EMIT hinweisGeaendert();
 }
 
@@ -22,8 +24,8 @@ void Meldestelle::berichten(const QString &geschehen, const QString &hinweis, To
     m_geschehen = geschehen;
     m_hinweis = hinweis;
     m_hinweisIstNeuer = hinweisZuerst;
-    const bool gutes = ton == Ton::gut && !geschehen.isEmpty();
-    m_ton = hinweis.isEmpty() && !gutes ? Ton::ruhig : ton;
+    const bool gutes = ton == Ton::Gut && !geschehen.isEmpty();
+    m_ton = hinweis.isEmpty() && !gutes ? Ton::Ruhig : ton;
     Q_EMIT hinweisGeaendert();
 }
 
@@ -39,3 +41,4 @@ void Meldestelle::nachsprechen()
         *satz = Sprache::nachgesprochen(*satz);
     Q_EMIT hinweisGeaendert();
 }
+} // namespace quillmar::zustand

@@ -1,15 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QObject>
 #include <QStringList>
 
+namespace quillmar::zustand
+{
 /** What was done last and what is to be said. Failures never leave the models: they are told here. */
 class Meldestelle : public QObject
 {
     Q_OBJECT
 
 public:
-    enum class Ton { ruhig, gut, warnung };
+    enum class Ton { Ruhig, Gut, Warnung };
 
     using QObject::QObject;
 
@@ -20,7 +23,7 @@ public:
     /** Deed and notice, the newer one first, without what is empty; ton() is the first one's. */
     [[nodiscard]] QStringList meldungen() const;
 
-    void melden(const QString &hinweis, Ton ton = Ton::warnung);
+    void melden(const QString &hinweis, Ton ton = Ton::Warnung);
     /** A deed and what is to be said of it; @p hinweisZuerst: that weighs more than the deed. */
     void berichten(const QString &geschehen, const QString &hinweis, Ton ton, bool hinweisZuerst = true);
     /** The last deed is nothing to speak of any more; the notice stays. */
@@ -35,5 +38,6 @@ private:
     QString m_hinweis;
     QString m_geschehen;
     bool m_hinweisIstNeuer = false; ///< than the deed
-    Ton m_ton = Ton::ruhig;
+    Ton m_ton = Ton::Ruhig;
 };
+} // namespace quillmar::zustand

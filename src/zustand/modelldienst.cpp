@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 /** What the fetching of a model came to. */
 struct Modelldienst::Ladeausgang {
     Modellstand stand;
@@ -19,7 +21,7 @@ struct Modelldienst::Ladeausgang {
     /** Why the model is not there, should it not be. Empty when the server was not to be asked. */
     [[nodiscard]] QString ursache() const
     {
-        if (fehler.isEmpty() && stand.art != Modellstand::Art::serverFehlt)
+        if (fehler.isEmpty() && stand.art != Modellstand::Art::ServerFehlt)
             return Sprache::text(u"Der Modellserver hat aufgehört, bevor es da war"_s);
         return fehler;
     }
@@ -96,8 +98,8 @@ Modellstand Modelldienst::mitLadestand(const Modellstand &gefunden) const
     stand.vorhandene = gefunden.vorhandene;
     stand.verzeichnis = gefunden.verzeichnis;
     const bool kommt = m_profilwahl->aktiv() && !stand.laedtModell.isEmpty() && stand.laedtModell == modell();
-    if (kommt && stand.art != Modellstand::Art::bereit) {
-        stand.art = Modellstand::Art::laedt;
+    if (kommt && stand.art != Modellstand::Art::Bereit) {
+        stand.art = Modellstand::Art::Laedt;
         stand.meldung = stand.ladetext;
     }
     return stand;
@@ -140,7 +142,7 @@ void Modelldienst::ladenAnzeigen(const QString &modell)
     stand.ladetext = Sprache::text(u"Modell wird geladen"_s);
     stand.ladefehler.clear();
     if (modell == this->modell()) {
-        stand.art = Modellstand::Art::laedt;
+        stand.art = Modellstand::Art::Laedt;
         stand.meldung = stand.ladetext;
     }
     setzen(stand);
@@ -152,7 +154,7 @@ void Modelldienst::ladenMelden(const QString &text, qint64 fertig, qint64 gesamt
         return;
     Modellstand stand = m_modell;
     stand.ladetext = text;
-    if (stand.art == Modellstand::Art::laedt)
+    if (stand.art == Modellstand::Art::Laedt)
         stand.meldung = text;
     if (gesamt != stand.ladegroesse) {
         m_ladebeginn.start();
@@ -187,3 +189,4 @@ void Modelldienst::geladen(const Ladeausgang &ausgang)
 }
 
 void Modelldienst::modellLadenAbbrechen() { m_ladeende.request_stop(); }
+} // namespace quillmar::zustand

@@ -2,10 +2,13 @@
 
 #include "anfrage.h"
 #include "modellstand.h"
+#include "namensraeume.h"
 
 #include <QElapsedTimer>
 #include <QObject>
 
+namespace quillmar::zustand
+{
 class Profilwahl;
 
 /** The model server: whether the active profile's model can be asked, and the fetching of models. */
@@ -18,7 +21,7 @@ public:
     /** Ends a fetching. */
     ~Modelldienst() override;
 
-    [[nodiscard]] bool modellBereit() const { return m_modell.art == Modellstand::Art::bereit; }
+    [[nodiscard]] bool modellBereit() const { return m_modell.art == Modellstand::Art::Bereit; }
     [[nodiscard]] const QString &modellMeldung() const { return m_modell.meldung; }
     [[nodiscard]] const Modellstand &modellstand() const { return m_modell; }
     /** That the environment names a server which is not asked; empty where there is nothing to say. */
@@ -51,3 +54,4 @@ private:
     QElapsedTimer m_ladebeginn; ///< of the part under way
     qint64 m_ladeanfang = 0;    ///< bytes that were there already when it began
 };
+} // namespace quillmar::zustand

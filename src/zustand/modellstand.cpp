@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 std::optional<QString> Modellstand::treffer(const QStringList &vorhandene, const QString &gesucht)
 {
     return Modellverzeichnis::treffer(vorhandene, gesucht);
@@ -39,22 +41,23 @@ Modellstand Modellstand::pruefen(const QString &gesucht)
     const Ollama server;
     Modellstand stand;
     if (!server.erreichbar()) {
-        stand.art = Art::serverFehlt;
+        stand.art = Art::ServerFehlt;
         stand.meldung = Sprache::text(u"Der Modellserver ollama läuft nicht"_s);
         return stand;
     }
     stand.verzeichnis = verzeichnisVon(server);
     stand.vorhandene = stand.verzeichnis.vollstaendig() ? stand.verzeichnis.namen() : QStringList();
     if (stand.rechnetAnderswo(gesucht)) {
-        stand.art = Art::modellAnderswo;
+        stand.art = Art::ModellAnderswo;
         stand.meldung = ModellAnderswo::satz(gesucht);
         return stand;
     }
     const auto gefunden = stand.treffer(gesucht);
-    stand.art = gefunden ? Art::bereit : Art::modellFehlt;
+    stand.art = gefunden ? Art::Bereit : Art::ModellFehlt;
     stand.meldung = gefunden ? gefuellt(Sprache::text(u"Sprachmodell %@ einsatzbereit"_s), {*gefunden})
                              : gefuellt(Sprache::text(u"Das Modell %@ fehlt noch"_s), {gesucht});
     return stand;
 }
 
 QString Modellstand::anderswoSatz(const QString &modell) { return ModellAnderswo::satz(modell); }
+} // namespace quillmar::zustand

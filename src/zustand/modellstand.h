@@ -1,15 +1,18 @@
 #pragma once
 
 #include "modellverzeichnis.h"
+#include "namensraeume.h"
 
 #include <QString>
 #include <QStringList>
 #include <optional>
 
+namespace quillmar::zustand
+{
 /** What is known about the model server and the model of a profile. */
 struct Modellstand {
-    enum class Art { unbekannt, serverFehlt, modellFehlt, modellAnderswo, laedt, bereit };
-    Art art = Art::unbekannt;
+    enum class Art { Unbekannt, ServerFehlt, ModellFehlt, ModellAnderswo, Laedt, Bereit };
+    Art art = Art::Unbekannt;
     QString meldung;               ///< for the user
     QStringList vorhandene;        ///< the installed models, in the server's order
     Modellverzeichnis verzeichnis; ///< the same with what the server tells of each
@@ -33,3 +36,4 @@ struct Modellstand {
     /** Asks the server. Blocks. */
     [[nodiscard]] static Modellstand pruefen(const QString &gesucht);
 };
+} // namespace quillmar::zustand

@@ -5,6 +5,8 @@
 #include "pfade.h"
 #include "vorschlaege.h"
 
+namespace quillmar::zustand
+{
 Nacharbeit Nacharbeit::lesen(Datenbank &db)
 {
     Nacharbeit n;
@@ -17,3 +19,4 @@ Nacharbeit Nacharbeit::lesen(Datenbank &db)
     n.unbeantwortet = vorschlaege.unbeantwortete();
     return n;
 }
+} // namespace quillmar::zustand

@@ -1,10 +1,16 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 
+namespace quillmar::katalog
+{
 class Datenbank;
+} // namespace quillmar::katalog
 
+namespace quillmar::zustand
+{
 /** What a run left for the user to look after. */
 struct Nacharbeit {
     /** A document that could not be read or classified. */
@@ -30,3 +36,4 @@ struct Nacharbeit {
     /** Reads it from the catalogue. Blocks. */
     [[nodiscard]] static Nacharbeit lesen(Datenbank &db);
 };
+} // namespace quillmar::zustand

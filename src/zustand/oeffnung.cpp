@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 /** Runs what may fail without keeping the catalogue from being used, and collects what it has to say. */
@@ -62,3 +64,4 @@ Oeffnung Oeffnung::von(const Profil &profil)
     o.entwuerfe = entwuerfeLesen(*o.db);
     return o;
 }
+} // namespace quillmar::zustand

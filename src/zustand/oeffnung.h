@@ -2,7 +2,10 @@
 
 #include "blick.h"
 #include "entwuerfe.h"
+#include "namensraeume.h"
 
+namespace quillmar::zustand
+{
 /** A freshly opened catalogue with what the interface shows first. */
 struct Oeffnung {
     std::shared_ptr<Datenbank> db;
@@ -20,3 +23,4 @@ struct Oeffnung {
 /** Applies the exclusion rules; the sentences say what changed by it. Throws Fehler when the catalogue is not writable.
  */
 [[nodiscard]] QStringList ausnahmenDurchsetzen(Datenbank &db, const Profil &profil);
+} // namespace quillmar::zustand

@@ -1,11 +1,17 @@
 #pragma once
 
 #include "handlung.h"
+#include "namensraeume.h"
 
 #include <QObject>
 
+namespace quillmar::analyse
+{
 class Analyse;
+} // namespace quillmar::analyse
 
+namespace quillmar::zustand
+{
 /**
  * A profile whose catalogue is open, with all that belongs to it: made when it is opened, destroyed when it is left.
  * What is asked for on its behalf has it as receiver, so that a late answer finds nobody.
@@ -48,3 +54,4 @@ private:
     QString m_protokollmangel;
     std::optional<Rueckweg> m_rueckweg;
 };
+} // namespace quillmar::zustand

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr auto schluesselOrdner = "ordner"_L1;
@@ -44,3 +46,4 @@ std::optional<QString> Ordnerwahl::protokollWaehlen(const QString &titel, const 
         Einstellungen::setzen(schluesselProtokoll, QFileInfo(*datei).path());
     return datei;
 }
+} // namespace quillmar::zustand

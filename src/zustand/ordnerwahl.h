@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 #include <functional>
 #include <optional>
 
+namespace quillmar::zustand
+{
 /** Asking the user for a folder or a file. The interface (or a test) answers through the choosers below. */
 namespace Ordnerwahl
 {
@@ -20,3 +23,4 @@ extern Waehler protokollwaehler;
 /** Asks for a log file, first where one was last chosen, else in @p sonst. */
 [[nodiscard]] std::optional<QString> protokollWaehlen(const QString &titel, const QString &sonst);
 } // namespace Ordnerwahl
+} // namespace quillmar::zustand

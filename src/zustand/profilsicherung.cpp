@@ -8,6 +8,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr auto geduldAmEnde = 1s;
@@ -99,3 +101,4 @@ void Profilsicherung::ausliefern(const Profilspeicher::Gesichert &ergebnis)
         return starten();
     Q_EMIT gesichert(ergebnis.profile);
 }
+} // namespace quillmar::zustand

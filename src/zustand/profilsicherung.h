@@ -1,11 +1,14 @@
 #pragma once
 
 #include "anfrage.h"
+#include "namensraeume.h"
 #include "profilspeicher.h"
 
 #include <QDateTime>
 #include <QObject>
 
+namespace quillmar::zustand
+{
 /**
  * Saves the profile list off the main thread, one saving after the other, each with all changes made until then.
  * Nothing is lost at the end of the program: the destructor saves what is still open.
@@ -19,7 +22,7 @@ public:
     ~Profilsicherung() override;
 
     /** The list as it is stored now. */
-    void standSetzen(const QList<Profil> &stand) { m_stand = stand; }
+    void setzeStand(const QList<Profil> &stand) { m_stand = stand; }
     /** Saves @p profile soon; several calls in a row become one saving. */
     void sichern(const QList<Profil> &profile);
     /** Looks for what other programs have stored meanwhile; gesichert() tells of it. Nothing while a saving is open. */
@@ -45,3 +48,4 @@ private:
     bool m_gescheitert = false; ///< the last saving
     bool m_dazu = false;        ///< something was changed since the running saving began
 };
+} // namespace quillmar::zustand

@@ -14,6 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 template <typename Liste>
@@ -30,7 +32,7 @@ Profilwahl::Profilwahl(Meldestelle *meldestelle)
     m_profile = gefunden.profile;
     if (gefunden.unlesbar)
         m_unlesbareProfile = Profilspeicher::unlesbareSichern();
-    m_sicherung->standSetzen(m_profile);
+    m_sicherung->setzeStand(m_profile);
     m_vorab = gefunden.anmerkungen;
     if (gefunden.unlesbar) // nothing will open that could say it
         m_meldestelle->melden(m_vorab.join(u", "_s));
@@ -105,7 +107,7 @@ void Profilwahl::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
                             {aktiv()->name});
     wechseln(std::make_unique<OffenesProfil>(*gewaehlt, oeffnung.db));
     m_meldestelle->berichten({}, (std::exchange(m_vorab, {}) + oeffnung.hinweise).join(u", "_s),
-                             Meldestelle::Ton::warnung);
+                             Meldestelle::Ton::Warnung);
     Q_EMIT eingetreten(oeffnung);
     bereitschaftPruefen();
 }
@@ -126,7 +128,7 @@ void Profilwahl::schliessen()
     m_katalogfehler.clear();
     wechseln(nullptr);
     Q_EMIT eingetreten({});
-    m_meldestelle->berichten({}, {}, Meldestelle::Ton::ruhig);
+    m_meldestelle->berichten({}, {}, Meldestelle::Ton::Ruhig);
     Q_EMIT bereitschaftGeaendert();
 }
 
@@ -157,7 +159,7 @@ void Profilwahl::setzeAktives(const Profil &profil)
         m_geschlossenes = profil;
 }
 
-void Profilwahl::profilAendern(const Profil &profil)
+void Profilwahl::setzeProfil(const Profil &profil)
 {
     if (!aktiv() || aktiv()->id != profil.id || *aktiv() == profil)
         return;
@@ -175,13 +177,13 @@ void Profilwahl::folgen(const Profil &vorher)
     bereitschaftPruefen();
 }
 
-void Profilwahl::kopierenSetzen(bool kopieren)
+void Profilwahl::setzeKopieren(bool kopieren)
 {
     if (!aktiv())
         return;
     Profil neu = *aktiv();
     neu.kopieren = kopieren;
-    profilAendern(neu);
+    setzeProfil(neu);
 }
 
 void Profilwahl::profilEntfernen(const QUuid &id)
@@ -250,3 +252,4 @@ void Profilwahl::nachsprechen()
     if (m_offenes)
         m_offenes->setzeProtokollmangel(Sprache::nachgesprochen(m_offenes->protokollmangel()));
 }
+} // namespace quillmar::zustand

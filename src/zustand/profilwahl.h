@@ -2,10 +2,13 @@
 
 #include "anfrage.h"
 #include "bereitschaft.h"
+#include "namensraeume.h"
 
 #include <QObject>
 #include <QUuid>
 
+namespace quillmar::zustand
+{
 class Meldestelle;
 class OffenesProfil;
 struct Oeffnung;
@@ -35,8 +38,8 @@ public:
     void erneutOeffnen();
     void neuesProfil();
     /** The active profile with other settings: takes effect at once and is saved. */
-    void profilAendern(const Profil &profil);
-    void kopierenSetzen(bool kopieren);
+    void setzeProfil(const Profil &profil);
+    void setzeKopieren(bool kopieren);
     /** Takes the profile out of the list; its catalogue stays. Not while a deed is under way. */
     void profilEntfernen(const QUuid &id);
     /** A deed is under way. Told by who carries it out. */
@@ -98,3 +101,4 @@ private:
     Anfrage m_bereitschaftsfrage;
     bool m_inArbeit = false;
 };
+} // namespace quillmar::zustand

@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 using Art = Pruefhinweis::Art;
@@ -92,3 +94,4 @@ std::optional<Ort> heutigerOrt(const Dokument &dokument, const Profil &profil)
     const Ort heute = profil.zerlegen(dokument.altOrdner);
     return profil.kennt(heute) ? std::optional(heute) : std::nullopt;
 }
+} // namespace quillmar::zustand

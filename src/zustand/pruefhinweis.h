@@ -1,8 +1,11 @@
 #pragma once
 
 #include "blick.h"
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::zustand
+{
 /** Something that the reviewer should know about a proposal. */
 struct Pruefhinweis {
     enum class Art {
@@ -27,3 +30,4 @@ struct Pruefhinweis {
 
 /** Where the document lies today in the filing tree; none when that is no place that the structure knows. */
 [[nodiscard]] std::optional<Ort> heutigerOrt(const Dokument &dokument, const Profil &profil);
+} // namespace quillmar::zustand

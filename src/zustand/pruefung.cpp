@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 Pruefung::Pruefung(Profilwahl *profilwahl, Meldestelle *meldestelle)
     : m_profilwahl(profilwahl), m_meldestelle(meldestelle), m_blickfrage(this)
 {
@@ -38,7 +40,7 @@ void Pruefung::eintreten(const Oeffnung &gefunden)
 QList<Pruefhinweis> Pruefung::pruefhinweise() const
 {
     const Profil *profil = m_profilwahl->aktiv();
-    return m_stueck && profil ? ::pruefhinweise(*m_stueck, *profil) : QList<Pruefhinweis>();
+    return m_stueck && profil ? zustand::pruefhinweise(*m_stueck, *profil) : QList<Pruefhinweis>();
 }
 
 const Dokument *Pruefung::aehnliches() const { return m_stueck && m_stueck->aehnlich ? &*m_stueck->aehnlich : nullptr; }
@@ -52,7 +54,7 @@ void Pruefung::setzePartnerZeigen(bool zeigen)
     Q_EMIT partnerZeigenGeaendert();
 }
 
-void Pruefung::feldSetzen(Feld feld, const QString &wert)
+void Pruefung::setzeFeld(Feld feld, const QString &wert)
 {
     const Profil *profil = m_profilwahl->aktiv();
     if (!m_stueck || !profil || feldwert(m_stueck->dokument.angaben, feld) == wert)
@@ -69,7 +71,7 @@ void Pruefung::altenOrtBehalten()
         return;
     if (const auto ort = heutigerOrt(m_stueck->dokument, *profil)) {
         Dokument &dokument = m_stueck->dokument;
-        m_entwuerfe.aendern(dokument.id).ortSetzen(dokument.angaben, *ort, profil->jahrIn(dokument.altOrdner));
+        m_entwuerfe.aendern(dokument.id).setzeOrt(dokument.angaben, *ort, profil->jahrIn(dokument.altOrdner));
         Q_EMIT angabenGeaendert();
     }
 }
@@ -99,7 +101,7 @@ QStringList Pruefung::zielpfad() const
 void Pruefung::aktualisieren()
 {
     m_profilwahl->nachlesen();
-    if (!m_profilwahl->kannHandeln() || m_arbeit != Arbeit::keine || m_blickfrage.laeuft())
+    if (!m_profilwahl->kannHandeln() || m_arbeit != Arbeit::Keine || m_blickfrage.laeuft())
         return;
     const OffenesProfil &offenes = *m_profilwahl->offenes();
     const Wunsch wunsch = Wunsch::behalten(m_stueck ? std::optional(m_stueck->dokument.id) : std::nullopt);
@@ -120,22 +122,22 @@ void Pruefung::auffrischen(const Blick &blick)
     if (gegangen && !durchRegel)
         m_meldestelle->melden(
             gefuellt(Sprache::text(u"%@ wartet nicht mehr auf Prüfung"_s), {vorher->dokument.dateiname}),
-            Meldestelle::Ton::ruhig);
+            Meldestelle::Ton::Ruhig);
 }
 
 void Pruefung::zeigen(const Blick &blick)
 {
     const Blick vorher = std::exchange(m_blick, blick);
-    stueckSetzen(blick.aktuelles);
+    setzeStueck(blick.aktuelles);
     if (!(vorher.zaehlwerk == blick.zaehlwerk) || vorher.ausgenommen != blick.ausgenommen)
         Q_EMIT zaehlwerkGeaendert();
     if (vorher.voraus != blick.voraus)
         Q_EMIT vorausGeaendert();
-    if (vorher.umkehrbar != blick.umkehrbar || vorher.bewegt != blick.bewegt)
-        Q_EMIT umkehrbarGeaendert();
+    if (vorher.ruecknehmbar != blick.ruecknehmbar || vorher.bewegt != blick.bewegt)
+        Q_EMIT ruecknehmbarGeaendert();
 }
 
-void Pruefung::stueckSetzen(std::optional<Pruefstueck> stueck)
+void Pruefung::setzeStueck(std::optional<Pruefstueck> stueck)
 {
     if (const Entwurf *entwurf = stueck ? m_entwuerfe.suchen(stueck->dokument.id) : nullptr)
         entwurf->anwenden(stueck->dokument.angaben);
@@ -153,8 +155,9 @@ void Pruefung::setzeArbeit(Arbeit arbeit)
 {
     const bool warFest = angabenFest();
     m_arbeit = arbeit;
-    if (arbeit != Arbeit::keine)
+    if (arbeit != Arbeit::Keine)
         blickVerwerfen();
     if (warFest != angabenFest())
         Q_EMIT angabenFestGeaendert();
 }
+} // namespace quillmar::zustand

@@ -3,8 +3,11 @@
 #include "anfrage.h"
 #include "blick.h"
 #include "entwuerfe.h"
+#include "namensraeume.h"
 #include "pruefhinweis.h"
 
+namespace quillmar::zustand
+{
 class Meldestelle;
 struct Oeffnung;
 class Profilwahl;
@@ -30,7 +33,7 @@ public:
     void setzePartnerZeigen(bool zeigen);
     /** Paths of the documents that are likely to be shown next. */
     [[nodiscard]] const QStringList &voraus() const { return m_blick.voraus; }
-    void feldSetzen(Feld feld, const QString &wert);
+    void setzeFeld(Feld feld, const QString &wert);
     void altenOrtBehalten();
     /** Why the date cannot be filed, for the user; empty for a day and for none. */
     [[nodiscard]] QString datumsmangel() const;
@@ -38,7 +41,7 @@ public:
     [[nodiscard]] QString neuerName() const;
     [[nodiscard]] QStringList zielpfad() const;
     /** Some deed of the review can be taken back. */
-    [[nodiscard]] bool umkehrbar() const { return m_blick.umkehrbar; }
+    [[nodiscard]] bool ruecknehmbar() const { return m_blick.ruecknehmbar; }
     /** Some movement can be taken back. */
     [[nodiscard]] bool hatBewegung() const { return m_blick.bewegt; }
 
@@ -46,13 +49,13 @@ public:
     [[nodiscard]] bool ungesehen() const { return m_ungesehen; }
     void setzeUngesehen(bool ungesehen) { m_ungesehen = ungesehen; }
     /** It is being filed, skipped or set aside: changes to its fields would come too late. */
-    [[nodiscard]] bool angabenFest() const { return m_arbeit == Arbeit::anDiesem; }
+    [[nodiscard]] bool angabenFest() const { return m_arbeit == Arbeit::AnDiesem; }
 
     /** Looks into the catalogue and for settings that other programs have changed. */
     void aktualisieren();
 
     // For who carries out the deeds
-    enum class Arbeit { keine, anAnderem, anDiesem };
+    enum class Arbeit { Keine, AnAnderem, AnDiesem };
     /** A deed is under way: no look is taken meanwhile, since it brings its own. */
     void setzeArbeit(Arbeit arbeit);
     void zeigen(const Blick &blick);
@@ -68,12 +71,12 @@ Q_SIGNALS:
     void angabenFestGeaendert();
     void partnerZeigenGeaendert();
     void vorausGeaendert();
-    void umkehrbarGeaendert();
+    void ruecknehmbarGeaendert();
 
 private:
     void eintreten(const Oeffnung &gefunden);
     void auffrischen(const Blick &blick);
-    void stueckSetzen(std::optional<Pruefstueck> stueck);
+    void setzeStueck(std::optional<Pruefstueck> stueck);
 
     Profilwahl *m_profilwahl;
     Meldestelle *m_meldestelle;
@@ -81,7 +84,8 @@ private:
     std::optional<Pruefstueck> m_stueck; ///< m_blick's document with the reviewer's changes
     Entwuerfe m_entwuerfe;
     Anfrage m_blickfrage;
-    Arbeit m_arbeit = Arbeit::keine;
+    Arbeit m_arbeit = Arbeit::Keine;
     bool m_partnerZeigen = false;
     bool m_ungesehen = false;
 };
+} // namespace quillmar::zustand

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 
+namespace quillmar::zustand
+{
 /** The cards of the main window, in their order. */
-enum class Reiter { einrichtung, ablauf, pruefen, protokoll };
+enum class Reiter { Einrichtung, Ablauf, Pruefen, Protokoll };
 
 [[nodiscard]] const QList<Reiter> &alleReiter();
 [[nodiscard]] QString rohwert(Reiter reiter);
@@ -13,3 +16,4 @@ enum class Reiter { einrichtung, ablauf, pruefen, protokoll };
 [[nodiscard]] QString reiterTitel(Reiter reiter);
 [[nodiscard]] QString reiterHilfe(Reiter reiter);
 [[nodiscard]] QString reiterSymbol(Reiter reiter);
+} // namespace quillmar::zustand

@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 /** To free a hundred thousand lines takes a while, so it is done elsewhere. */
@@ -169,7 +171,7 @@ void Sitzungen::zurueckgedreht(const Bilanz &bilanz)
 {
     m_rueckbau.laeuft = false;
     m_rueckbau.meldung = zusammenfassung(bilanz);
-    m_rueckbau.ton = bilanz.fehler.isEmpty() && bilanz.uebersprungen.isEmpty() ? Ton::gut : Ton::warnung;
+    m_rueckbau.ton = bilanz.fehler.isEmpty() && bilanz.uebersprungen.isEmpty() ? Ton::Gut : Ton::Warnung;
     // Its entries are numbers of lines: another log that was chosen meanwhile has other lines.
     if (m_datei == m_rueckbau.datei)
         m_rueckbau.bilanz = bilanz;
@@ -187,3 +189,4 @@ void Sitzungen::nachsprechen()
     }
     Q_EMIT rueckbauGeaendert();
 }
+} // namespace quillmar::zustand

@@ -3,11 +3,18 @@
 #include "anfrage.h"
 #include "bilanz.h"
 #include "meldestelle.h"
+#include "namensraeume.h"
 #include "protokollzeile.h"
 
+namespace quillmar::ablage
+{
+class Protokollbuch;
+} // namespace quillmar::ablage
+
+namespace quillmar::zustand
+{
 class Ausfuehrung;
 class Profilwahl;
-class Protokollbuch;
 class Pruefung;
 
 /** The session logs: which there are, the one that is shown, and the turning back of a whole session. */
@@ -65,7 +72,7 @@ private:
         QString datei = {}; ///< the log that is being turned back
         QString meldung = {};
         double anteil = 0;
-        Ton ton = Ton::ruhig;
+        Ton ton = Ton::Ruhig;
         Bilanz bilanz = {};
     };
 
@@ -87,3 +94,4 @@ private:
     Anfrage m_nachlesung; ///< of what was added to the shown log
     Rueckbau m_rueckbau;
 };
+} // namespace quillmar::zustand

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace quillmar::zustand
+{
 namespace
 {
 QDateTime ortszeit(const QString &iso) { return QDateTime::fromString(iso, Qt::ISODate).toLocalTime(); }
@@ -23,7 +25,7 @@ Sitzungsbild Sitzungsbild::von(const QString &datei)
     bild.zuletzt = ortszeit(zeilen.last().zeit);
     // Of most sessions the first file already lies where it was put.
     bild.zurueckgedreht = std::all_of(zeilen.begin(), zeilen.end(), [](const Protokollzeile &zeile) {
-        return bewegungsstand(zeile) == Bewegungsstand::zurueck;
+        return bewegungsstand(zeile) == Bewegungsstand::Zurueck;
     });
     return bild;
 }
@@ -55,3 +57,4 @@ void Sitzungsbilder::weiter()
             weiter();
         });
 }
+} // namespace quillmar::zustand

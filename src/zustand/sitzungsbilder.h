@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QDateTime>
 #include <QHash>
 #include <QObject>
 #include <QStringList>
 #include <optional>
 
+namespace quillmar::zustand
+{
 /** What a list of sessions says of one log. */
 struct Sitzungsbild {
     QDateTime beginn;  ///< invalid when the file has no readable header
@@ -41,3 +44,4 @@ private:
     QHash<QString, Sitzungsbild> m_bilder;
     bool m_unterwegs = false;
 };
+} // namespace quillmar::zustand

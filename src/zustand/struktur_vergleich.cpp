@@ -3,6 +3,8 @@
 #include <QSet>
 #include <algorithm>
 
+namespace quillmar::zustand
+{
 using Wechsel = Strukturzeile::Wechsel;
 
 namespace
@@ -29,8 +31,8 @@ void abgleichen(const Liste &vorher, const Liste &jetzt, const Zeigen &zeigen)
 Wechsel wechselVon(const void *vorher, const void *jetzt)
 {
     if (!jetzt)
-        return Wechsel::entfallen;
-    return vorher ? Wechsel::gleich : Wechsel::neu;
+        return Wechsel::Entfallen;
+    return vorher ? Wechsel::Gleich : Wechsel::Neu;
 }
 
 void rubriken(QList<Strukturzeile> &zeilen, const QStringList &vorher, const QStringList &jetzt)
@@ -39,10 +41,10 @@ void rubriken(QList<Strukturzeile> &zeilen, const QStringList &vorher, const QSt
     const QSet<QString> neue(jetzt.begin(), jetzt.end());
     for (const QString &name : jetzt)
         zeilen << Strukturzeile{
-            .ebene = 2, .name = name, .wechsel = alte.contains(name) ? Wechsel::gleich : Wechsel::neu};
+            .ebene = 2, .name = name, .wechsel = alte.contains(name) ? Wechsel::Gleich : Wechsel::Neu};
     for (const QString &name : vorher) {
         if (!neue.contains(name))
-            zeilen << Strukturzeile{.ebene = 2, .name = name, .wechsel = Wechsel::entfallen};
+            zeilen << Strukturzeile{.ebene = 2, .name = name, .wechsel = Wechsel::Entfallen};
     }
 }
 
@@ -71,14 +73,15 @@ Strukturzahlen strukturzahlen(const QList<Strukturzeile> &zeilen)
 {
     Strukturzahlen zahlen;
     for (const Strukturzeile &zeile : zeilen) {
-        const bool da = zeile.wechsel != Wechsel::entfallen;
+        const bool da = zeile.wechsel != Wechsel::Entfallen;
         zahlen.zweige += da && zeile.ebene == 0 ? 1 : 0;
         zahlen.ablagen += da && zeile.ebene == 1 ? 1 : 0;
         if (zeile.ebene != 2)
             continue;
         zahlen.rubriken += da ? 1 : 0;
-        zahlen.neu += zeile.wechsel == Wechsel::neu ? 1 : 0;
+        zahlen.neu += zeile.wechsel == Wechsel::Neu ? 1 : 0;
         zahlen.entfallen += da ? 0 : 1;
     }
     return zahlen;
 }
+} // namespace quillmar::zustand

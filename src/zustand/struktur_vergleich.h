@@ -1,15 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "profil.h"
 
+namespace quillmar::zustand
+{
 /** One line of the filing tree as it is shown: a branch, a filing kind or a rubric, with what changed at the last
  * reading. */
 struct Strukturzeile {
-    enum class Wechsel { gleich, neu, entfallen };
+    enum class Wechsel { Gleich, Neu, Entfallen };
     int ebene = 0; ///< 0 branch, 1 filing kind, 2 rubric
     QString name;
     bool mitJahr = false; ///< of a filing kind
-    Wechsel wechsel = Wechsel::gleich;
+    Wechsel wechsel = Wechsel::Gleich;
     bool operator==(const Strukturzeile &) const = default;
 };
 
@@ -31,3 +34,4 @@ struct Strukturzahlen {
 
 /** Counts the lines; what is gone counts only there. */
 [[nodiscard]] Strukturzahlen strukturzahlen(const QList<Strukturzeile> &zeilen);
+} // namespace quillmar::zustand

@@ -9,6 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 Strukturlesung::Strukturlesung(Profilwahl *profilwahl, Einrichtungsstand *stand)
     : m_profilwahl(profilwahl), m_stand(stand), m_frage(this)
 {
@@ -28,7 +30,7 @@ void Strukturlesung::einlesen()
     if (!m_profilwahl->aktiv() || m_stand->liestStruktur)
         return;
     m_stand->liestStruktur = true;
-    m_stand->strukturmeldung.clear();
+    m_stand->strukturmangel.clear();
     const QString wurzel = m_profilwahl->aktiv()->zielWurzel;
     m_frage.stellen(
         [wurzel, eigene = m_profilwahl->aktiv()->eigeneOrdner()]() -> std::optional<QList<Zweig>> {
@@ -49,12 +51,12 @@ void Strukturlesung::einlesen()
 void Strukturlesung::fertig(const std::optional<QList<Zweig>> &zweige)
 {
     if (!zweige) {
-        m_stand->strukturmeldung = Sprache::text(u"Der Zielordner ist nicht erreichbar."_s);
+        m_stand->strukturmangel = Sprache::text(u"Der Zielordner ist nicht erreichbar."_s);
         return m_profilwahl->bereitschaftPruefen();
     }
     if (!zweige->isEmpty())
         return uebernehmen(*zweige);
-    m_stand->strukturmeldung =
+    m_stand->strukturmangel =
         m_profilwahl->aktiv()->zweige.isEmpty()
             ? Sprache::text(u"Hier liegt noch keine Struktur. Lege im Zielordner Zweige, darin Ablagen und darin "
                             "Rubriken an, etwa Haushalt/Jahresablage/2024/Rechnungen, und lies dann ein."_s)
@@ -73,7 +75,7 @@ void Strukturlesung::uebernehmen(const QList<Zweig> &zweige)
     if (neu == *m_profilwahl->aktiv())
         ordnen();
     else
-        m_profilwahl->profilAendern(neu);
+        m_profilwahl->setzeProfil(neu);
 }
 
 void Strukturlesung::vergleichen()
@@ -99,6 +101,7 @@ bool Strukturlesung::kenntRubrik(const QString &rubrik) const
 {
     const QList<Strukturzeile> &zeilen = m_stand->struktur;
     return std::any_of(zeilen.begin(), zeilen.end(), [&](const Strukturzeile &z) {
-        return z.ebene == 2 && z.name == rubrik && z.wechsel != Strukturzeile::Wechsel::entfallen;
+        return z.ebene == 2 && z.name == rubrik && z.wechsel != Strukturzeile::Wechsel::Entfallen;
     });
 }
+} // namespace quillmar::zustand

@@ -2,9 +2,12 @@
 
 #include "anfrage.h"
 #include "einrichtungsstand.h"
+#include "namensraeume.h"
 
 #include <QObject>
 
+namespace quillmar::zustand
+{
 class Profilwahl;
 
 /** Reads the tree below the target root into the active profile, and compares it with what was read before. */
@@ -45,3 +48,4 @@ private:
     Anfrage m_frage;
     Bekanntes m_bekanntes;
 };
+} // namespace quillmar::zustand

@@ -6,12 +6,14 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 bool imPfad(Baustein baustein)
 {
-    return baustein == Baustein::zweig || baustein == Baustein::ablage || baustein == Baustein::jahr ||
-           baustein == Baustein::rubrik;
+    return baustein == Baustein::Zweig || baustein == Baustein::Ablage || baustein == Baustein::Jahr ||
+           baustein == Baustein::Rubrik;
 }
 
 Vorlagenmangel unbekannt(const QString &block)
@@ -73,3 +75,4 @@ QString ohneBlock(const QString &vorlage, const QString &block)
         ++bis;
     return vorlage.first(von) + rest.mid(bis);
 }
+} // namespace quillmar::zustand

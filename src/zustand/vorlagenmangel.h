@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 
+namespace quillmar::zustand
+{
 /** Something in a template that will not do what its writer means. */
 struct Vorlagenmangel {
     QString satz;  ///< for the user
@@ -15,3 +18,4 @@ struct Vorlagenmangel {
 
 /** @p vorlage without @p block, with at most one of the separators that stood around it. */
 [[nodiscard]] QString ohneBlock(const QString &vorlage, const QString &block);
+} // namespace quillmar::zustand

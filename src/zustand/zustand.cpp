@@ -16,6 +16,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::zustand
+{
 namespace
 {
 constexpr auto schluesselTeilung = "teilung"_L1;
@@ -49,7 +51,7 @@ Zustand::Zustand(QObject *vater)
                                                                         .durchgang = m_durchgang.get()})),
       m_teilung(gespeicherteTeilung())
 {
-    connect(m_profilwahl.get(), &Profilwahl::angelegt, this, [this] { setzeReiter(Reiter::einrichtung); });
+    connect(m_profilwahl.get(), &Profilwahl::angelegt, this, [this] { setzeReiter(Reiter::Einrichtung); });
     connect(m_profilwahl.get(), &Profilwahl::bereitschaftGeaendert, this, &Zustand::ersteKarteWaehlen);
 }
 
@@ -67,7 +69,7 @@ Zustand::~Zustand()
 void Zustand::ersteKarteWaehlen()
 {
     if (std::exchange(m_ersteWahl, false) && m_profilwahl->bereitZumStart())
-        setzeReiter(Reiter::pruefen);
+        setzeReiter(Reiter::Pruefen);
 }
 
 void Zustand::setzeReiter(Reiter reiter)
@@ -76,7 +78,7 @@ void Zustand::setzeReiter(Reiter reiter)
     if (m_reiter == reiter)
         return;
     m_reiter = reiter;
-    m_einrichtung->setzeGewaehlt(reiter == Reiter::einrichtung);
+    m_einrichtung->setzeGewaehlt(reiter == Reiter::Einrichtung);
     Q_EMIT reiterGeaendert();
 }
 
@@ -98,3 +100,4 @@ void Zustand::nachsprechen()
     m_meldestelle->nachsprechen();
     m_sitzungen->nachsprechen();
 }
+} // namespace quillmar::zustand

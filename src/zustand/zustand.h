@@ -1,10 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "reiter.h"
 
 #include <QObject>
 #include <memory>
 
+namespace quillmar::zustand
+{
 class Ausfuehrung;
 class Durchgang;
 class Einrichtung;
@@ -64,7 +67,8 @@ private:
     std::unique_ptr<Durchgang> m_durchgang;
     std::unique_ptr<Sitzungen> m_sitzungen;
     std::unique_ptr<Einrichtung> m_einrichtung;
-    Reiter m_reiter = Reiter::einrichtung;
+    Reiter m_reiter = Reiter::Einrichtung;
     bool m_ersteWahl = true; ///< nobody has chosen a card yet
     double m_teilung;
 };
+} // namespace quillmar::zustand

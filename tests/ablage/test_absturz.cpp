@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ablage;
 
 namespace
 {

@@ -16,6 +16,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::ablage;
 
 namespace
 {

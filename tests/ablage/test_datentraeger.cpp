@@ -8,6 +8,7 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ablage;
 
 /** Full and write-protected disks, made with mounts in a name space of their own, and programs side by side. */
 class TestDatentraeger : public QObject

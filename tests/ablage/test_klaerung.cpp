@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ablage;
 
 namespace
 {

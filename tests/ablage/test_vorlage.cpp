@@ -3,6 +3,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ablage;
 using Werte = Vorlage::Werte;
 
 namespace
@@ -12,15 +13,15 @@ const QString pfadVorlage = u"{zweig}/{ablage}/{jahr}/{rubrik}"_s;
 
 Werte name(const QString &datum, const QString &gegenueber, const QString &titel)
 {
-    return {{Baustein::datum, datum}, {Baustein::gegenueber, gegenueber}, {Baustein::titel, titel}};
+    return {{Baustein::Datum, datum}, {Baustein::Gegenueber, gegenueber}, {Baustein::Titel, titel}};
 }
 
 Werte pfad(const QString &zweig, const QString &jahr, const QString &rubrik)
 {
-    return {{Baustein::zweig, zweig},
-            {Baustein::ablage, u"Versicherungen"_s},
-            {Baustein::jahr, jahr},
-            {Baustein::rubrik, rubrik}};
+    return {{Baustein::Zweig, zweig},
+            {Baustein::Ablage, u"Versicherungen"_s},
+            {Baustein::Jahr, jahr},
+            {Baustein::Rubrik, rubrik}};
 }
 } // namespace
 
@@ -62,7 +63,7 @@ private Q_SLOTS:
         QTest::newRow("Punkt ist kein Trenner") << u"{gegenueber}. {titel}"_s << name(u""_s, u""_s, u"t"_s) << u"t"_s;
         QTest::newRow("geschütztes Leerzeichen am Trenner")
             << u"{titel}\u00a0-\u00a0{rubrik}"_s << name(u""_s, u""_s, u"t"_s) << u"t"_s;
-        QTest::newRow("doppelte Striche") << u"a//{jahr}///b"_s << Werte{{Baustein::jahr, u"7"_s}} << u"a/7/b"_s;
+        QTest::newRow("doppelte Striche") << u"a//{jahr}///b"_s << Werte{{Baustein::Jahr, u"7"_s}} << u"a/7/b"_s;
     }
     void fuellen()
     {
@@ -109,8 +110,8 @@ private Q_SLOTS:
         QCOMPARE(woerter.join(u' '), u"datum jahr monat gegenueber titel zweig ablage rubrik altname"_s);
         for (const QString &fremd : {u""_s, u"Datum"_s, u" datum"_s, u"gegenüber"_s})
             QVERIFY(!bausteinAus(fremd));
-        QCOMPARE(bausteinAnzeige(Baustein::altname), u"Bisheriger Name"_s);
-        QCOMPARE(bausteinErklaerung(Baustein::ablage), u"Zweite Ebene, etwa Jahresablage oder Stammdaten"_s);
+        QCOMPARE(bausteinAnzeige(Baustein::Altname), u"Bisheriger Name"_s);
+        QCOMPARE(bausteinErklaerung(Baustein::Ablage), u"Zweite Ebene, etwa Jahresablage oder Stammdaten"_s);
     }
 };
 

@@ -9,6 +9,7 @@
 #include <QDirIterator>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ablage;
 
 namespace
 {

@@ -9,7 +9,12 @@
 #include <QStringList>
 #include <memory>
 
+using namespace quillmar::ablage;
+
+namespace quillmar::ablage
+{
 class Protokollbuch;
+} // namespace quillmar::ablage
 
 /**
  * A small place to file in: @p ordner with "quelle", "katalog.db" and the logs, and a target root that may lie on

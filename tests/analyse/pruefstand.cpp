@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::analyse;
 
 Pruefstand::Pruefstand() : m_db(std::make_shared<Datenbank>(m_ordner.filePath(u"k.db"_s)))
 {

@@ -7,6 +7,8 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+using namespace quillmar::analyse;
+
 /** A catalogue, a profile with a small structure, and a model server that says what a test scripts. */
 class Pruefstand
 {

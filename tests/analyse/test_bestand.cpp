@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::analyse;
 
 namespace
 {
@@ -399,7 +400,7 @@ private Q_SLOTS:
         {
             const Transaktion haelt(*db);
             analyse.allesStarten({.erneut = false, .nurDies = {}, .nurLesen = true});
-            analyse.ausnahmenSetzen({u"geheim"_s});
+            analyse.setzeAusnahmen({u"geheim"_s});
         }
         QTRY_VERIFY(!analyse.laeuft());
         QStringList staende;

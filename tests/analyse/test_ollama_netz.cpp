@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::analyse;
 
 namespace
 {

@@ -12,6 +12,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::analyse;
 
 namespace
 {

@@ -17,6 +17,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::analyse;
 using vorfuehrung::Schreibweise;
 
 namespace

@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QStringList>
 
+using namespace quillmar::app;
+
 /** The built program, run on a program folder of the test's own. */
 class Programm
 {

@@ -18,6 +18,7 @@
 #include <csignal>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::app;
 
 namespace
 {

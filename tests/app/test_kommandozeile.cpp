@@ -11,6 +11,7 @@
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::app;
 
 namespace
 {

@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::grundlage;
 using Dateibewegung::Art;
 
 namespace

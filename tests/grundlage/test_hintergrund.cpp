@@ -7,6 +7,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::grundlage;
 
 /** The way to another thread and back. */
 class TestHintergrund : public QObject

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::grundlage;
 
 namespace
 {

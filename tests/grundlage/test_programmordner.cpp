@@ -5,6 +5,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::grundlage;
 
 class TestProgrammordner : public QObject
 {

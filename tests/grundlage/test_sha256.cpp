@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::grundlage;
 
 class TestSha256 : public QObject
 {

@@ -11,6 +11,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::grundlage;
 
 namespace
 {

@@ -8,6 +8,7 @@
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::katalog;
 
 namespace
 {

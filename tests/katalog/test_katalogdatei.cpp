@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::katalog;
 
 namespace
 {

@@ -13,6 +13,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::katalog;
 
 namespace
 {

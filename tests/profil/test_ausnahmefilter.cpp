@@ -4,6 +4,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::profil;
 
 class TestAusnahmefilter : public QObject
 {

@@ -3,6 +3,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::regeln;
 using Richtung = Rechnungsrichtung::Richtung;
 
 class TestRechnungsrichtung : public QObject

@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::sprache;
 
 namespace
 {

@@ -6,6 +6,8 @@
 
 #include <QApplication>
 
+using namespace quillmar::ui;
+
 /** A test of the window on a stage of real files, in German. */
 class Fensterprobe : public Zustandsprobe
 {

@@ -11,6 +11,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::ui;
 using Art = Aktualisierung::Ergebnis::Art;
 
 namespace
@@ -138,20 +139,20 @@ private Q_SLOTS:
         QTest::addColumn<Art>("art");
         QTest::addColumn<QString>("nummer");
         const QString eigene = Aktualisierung::eigeneFassung();
-        QTest::newRow("neuer") << antwort(fassung("99.1")) << Art::neuereDa << u"99.1"_s;
-        QTest::newRow("gleich") << antwort(fassung(eigene.toUtf8())) << Art::aktuell << eigene;
-        QTest::newRow("aelter") << antwort(fassung("0.0.1")) << Art::aktuell << eigene;
-        QTest::newRow("gerade noch") << antwort(gefuelltAuf(65536)) << Art::neuereDa << u"99.0"_s;
-        QTest::newRow("ein Byte zu viel") << antwort(gefuelltAuf(65537)) << Art::fehlgeschlagen << QString();
-        QTest::newRow("viel zu viel") << antwort(gefuelltAuf(5'000'000)) << Art::fehlgeschlagen << QString();
-        QTest::newRow("kein JSON") << antwort("<html>") << Art::fehlgeschlagen << QString();
-        QTest::newRow("kein Text") << antwort("{\"version\": 99}") << Art::fehlgeschlagen << QString();
-        QTest::newRow("zu lange Nummer") << antwort(fassung(QByteArray(41, '9'))) << Art::fehlgeschlagen << QString();
-        QTest::newRow("ohne Fassung") << antwort("{}") << Art::fehlgeschlagen << QString();
-        QTest::newRow("404") << antwort(fassung("99.1"), "404 Not Found") << Art::fehlgeschlagen << QString();
-        QTest::newRow("203") << antwort(fassung("99.1"), "203 Other") << Art::fehlgeschlagen << QString();
-        QTest::newRow("abgeschnitten") << antwort(fassung("99.1")).chopped(1) << Art::fehlgeschlagen << QString();
-        QTest::newRow("kein HTTP") << QByteArray("hallo\r\n\r\n") << Art::fehlgeschlagen << QString();
+        QTest::newRow("neuer") << antwort(fassung("99.1")) << Art::NeuereDa << u"99.1"_s;
+        QTest::newRow("gleich") << antwort(fassung(eigene.toUtf8())) << Art::Aktuell << eigene;
+        QTest::newRow("aelter") << antwort(fassung("0.0.1")) << Art::Aktuell << eigene;
+        QTest::newRow("gerade noch") << antwort(gefuelltAuf(65536)) << Art::NeuereDa << u"99.0"_s;
+        QTest::newRow("ein Byte zu viel") << antwort(gefuelltAuf(65537)) << Art::Fehlgeschlagen << QString();
+        QTest::newRow("viel zu viel") << antwort(gefuelltAuf(5'000'000)) << Art::Fehlgeschlagen << QString();
+        QTest::newRow("kein JSON") << antwort("<html>") << Art::Fehlgeschlagen << QString();
+        QTest::newRow("kein Text") << antwort("{\"version\": 99}") << Art::Fehlgeschlagen << QString();
+        QTest::newRow("zu lange Nummer") << antwort(fassung(QByteArray(41, '9'))) << Art::Fehlgeschlagen << QString();
+        QTest::newRow("ohne Fassung") << antwort("{}") << Art::Fehlgeschlagen << QString();
+        QTest::newRow("404") << antwort(fassung("99.1"), "404 Not Found") << Art::Fehlgeschlagen << QString();
+        QTest::newRow("203") << antwort(fassung("99.1"), "203 Other") << Art::Fehlgeschlagen << QString();
+        QTest::newRow("abgeschnitten") << antwort(fassung("99.1")).chopped(1) << Art::Fehlgeschlagen << QString();
+        QTest::newRow("kein HTTP") << QByteArray("hallo\r\n\r\n") << Art::Fehlgeschlagen << QString();
     }
     void pruefen()
     {
@@ -204,8 +205,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("schema");
         QTest::addColumn<Art>("art");
-        QTest::newRow("https") << QByteArray("https") << Art::neuereDa;
-        QTest::newRow("http") << QByteArray("http") << Art::fehlgeschlagen;
+        QTest::newRow("https") << QByteArray("https") << Art::NeuereDa;
+        QTest::newRow("http") << QByteArray("http") << Art::Fehlgeschlagen;
     }
     void umleitung()
     {
@@ -236,11 +237,11 @@ private Q_SLOTS:
         Aktualisierung a(quelle(maker, 200ms), nullptr);
         a.pruefen();
         QTRY_VERIFY(!a.laeuft());
-        QCOMPARE(a.ergebnis()->art, Art::fehlgeschlagen);
+        QCOMPARE(a.ergebnis()->art, Art::Fehlgeschlagen);
         maker.antworten = {antwort(fassung("99.1"))};
         a.pruefen();
         QTRY_VERIFY(!a.laeuft());
-        QCOMPARE(a.ergebnis()->art, Art::neuereDa);
+        QCOMPARE(a.ergebnis()->art, Art::NeuereDa);
     }
 
     void fremdesZeugnis()
@@ -254,7 +255,7 @@ private Q_SLOTS:
         Aktualisierung a(ohne, nullptr);
         a.pruefen();
         QTRY_VERIFY(!a.laeuft());
-        QCOMPARE(a.ergebnis()->art, Art::fehlgeschlagen);
+        QCOMPARE(a.ergebnis()->art, Art::Fehlgeschlagen);
         QVERIFY(maker.anfragen.isEmpty());
     }
 

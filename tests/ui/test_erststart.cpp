@@ -25,6 +25,7 @@
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {
@@ -50,7 +51,7 @@ private:
     void mitProfil(Abschnitt abschnitt)
     {
         oeffnen();
-        m_z->setzeReiter(Reiter::einrichtung);
+        m_z->setzeReiter(Reiter::Einrichtung);
         m_z->einrichtung()->setzeAbschnitt(abschnitt);
     }
     [[nodiscard]] QString satz(const QString &name) { return teil<Marktext>(name)->text(); }
@@ -92,7 +93,7 @@ private Q_SLOTS:
         druecken(Qt::Key_Space);
         QTRY_VERIFY(m_z->profilwahl()->offen());
         QTRY_VERIFY(imFokus(u"abschnitte"_s));
-        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::programme).lage, Abschnittsstand::Lage::gut);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Programme).lage, Abschnittsstand::Lage::Gut);
         QTRY_VERIFY(m_z->modelldienst()->modellBereit());
 
         QCOMPARE(weiter(), u"Weiter zu Herkunft"_s);
@@ -121,7 +122,7 @@ private Q_SLOTS:
         QTRY_COMPARE(weiter(), u"Durchgang starten"_s);
         QTRY_VERIFY(teil<QAbstractButton>(u"weiter"_s)->isEnabled());
         klicken(u"weiter"_s);
-        QCOMPARE(m_z->reiter(), Reiter::ablauf);
+        QCOMPARE(m_z->reiter(), Reiter::Ablauf);
         QTRY_VERIFY_WITH_TIMEOUT(!m_z->durchgang()->analyse()->laeuft() &&
                                      m_z->pruefung()->zaehlwerk().bereit + m_z->pruefung()->zaehlwerk().dubletten ==
                                          anzahl,
@@ -149,12 +150,12 @@ private Q_SLOTS:
         m_b->profil.eigeneNamen = QStringList{u"Anna Muster"_s};
         m_b->dokument(u"a.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         m_b->dokument(u"b.pdf"_s, [](Dokument &d) { d.fehler = u"Einordnung nicht möglich"_s; });
-        mitProfil(Abschnitt::programme);
+        mitProfil(Abschnitt::Programme);
         QTRY_COMPARE(weiter(), u"Durchgang starten"_s);
         QTRY_VERIFY(teil<QAbstractButton>(u"weiter"_s)->isEnabled());
         server.reset();
         klicken(u"weiter"_s);
-        QCOMPARE(m_z->reiter(), Reiter::ablauf);
+        QCOMPARE(m_z->reiter(), Reiter::Ablauf);
         QTRY_VERIFY(imFokus(u"modellPruefen"_s));
         QVERIFY(!m_z->durchgang()->analyse()->laeuft() && !m_z->durchgang()->laufbild().gelaufen());
         druecken(Qt::Key_Space); // still none
@@ -162,7 +163,7 @@ private Q_SLOTS:
         QTRY_VERIFY(imFokus(u"modellPruefen"_s));
         klicken(u"nurLesen"_s);
         QTRY_VERIFY(m_z->durchgang()->laufbild().gelaufen() && !m_z->durchgang()->analyse()->laeuft());
-        QCOMPARE(m_z->durchgang()->laufbild().stufen().at(2).stand, Stufenbild::Stand::offen);
+        QCOMPARE(m_z->durchgang()->laufbild().stufen().at(2).stand, Stufenbild::Stand::Offen);
         // Not the choice of the profile: the next key would change that.
         QTRY_VERIFY(imFokus(u"vorschlaegePruefen"_s) || imFokus(u"durchgangStarten"_s));
         QTRY_COMPARE(m_z->durchgang()->nacharbeit().gescheiterte.size(), 1);
@@ -176,17 +177,17 @@ private Q_SLOTS:
         QTRY_VERIFY(imFokus(u"modellPruefen"_s));
         m_z->profilwahl()->neuesProfil(); // which the question is not about
         QTRY_VERIFY(m_z->profilwahl()->offen() && m_z->profilwahl()->aktiv()->id != m_b->profil.id);
-        m_z->setzeReiter(Reiter::ablauf);
+        m_z->setzeReiter(Reiter::Ablauf);
         QVERIFY(!m_fenster->findChild<QWidget *>(u"nurLesen"_s)->isVisible());
         QTRY_COMPARE(teil<QAbstractButton>(u"durchgangStarten"_s)->text(), u"Zur Einrichtung"_s);
         klicken(u"durchgangStarten"_s);
-        QCOMPARE(m_z->reiter(), Reiter::einrichtung);
-        QCOMPARE(m_z->einrichtung()->abschnitt(), Abschnitt::herkunft);
+        QCOMPARE(m_z->reiter(), Reiter::Einrichtung);
+        QCOMPARE(m_z->einrichtung()->abschnitt(), Abschnitt::Herkunft);
     }
 
     void beschwerdeStehtAmFeld()
     {
-        mitProfil(Abschnitt::ziel);
+        mitProfil(Abschnitt::Ziel);
         tippen(u"auffangOrdner"_s, u"a/b"_s);
         QCOMPARE(satz(u"auffangOrdner-stand"_s), u"Nur ein Name, kein Pfad."_s);
         QCOMPARE(m_z->profilwahl()->aktiv()->auffangOrdner, u"a"_s);
@@ -200,7 +201,7 @@ private Q_SLOTS:
 
     void tabGehtDenWegDesAuges()
     {
-        mitProfil(Abschnitt::ziel);
+        mitProfil(Abschnitt::Ziel);
         teil<QWidget>(u"abschnitte"_s)->setFocus();
         QStringList weg;
         for (int n = 0; n < 12 && !weg.contains(u"weiter"_s); ++n) {
@@ -216,7 +217,7 @@ private Q_SLOTS:
     void nichtsWirdAbgeschnitten()
     {
         const auto zurueck = qScopeGuard([vorher = Stil::schriftgroesse()] { Stil::setzeSchriftgroesse(vorher); });
-        mitProfil(Abschnitt::programme);
+        mitProfil(Abschnitt::Programme);
         for (const QString &sprache : {u"de"_s, u"en"_s}) {
             m_sprache->waehlen(sprache);
             for (double punkte = Stil::kleinsteSchrift; punkte <= Stil::groessteSchrift; ++punkte) {
@@ -239,7 +240,7 @@ private Q_SLOTS:
     void bausteineUndBeispiel()
     {
         m_b->dokument(u"Scan.pdf"_s, [](Dokument &d) { d.angaben.titel = u"Abschlag"_s; });
-        mitProfil(Abschnitt::namen);
+        mitProfil(Abschnitt::Namen);
         tippen(u"namensVorlage"_s, u"{datum} "_s);
         klicken(u"namensVorlage-titel"_s);
         QVERIFY(imFokus(u"namensVorlage"_s));
@@ -283,13 +284,13 @@ private Q_SLOTS:
         kaputt.write(QByteArray(8192, 'x'));
         kaputt.close();
         oeffnenOhneKatalog();
-        for (const Reiter reiter : {Reiter::ablauf, Reiter::pruefen, Reiter::protokoll}) {
+        for (const Reiter reiter : {Reiter::Ablauf, Reiter::Pruefen, Reiter::Protokoll}) {
             m_z->setzeReiter(reiter);
             QTRY_COMPARE(teil<QLabel>(u"leertitel"_s)->text(), u"Der Katalog lässt sich nicht öffnen"_s);
             QVERIFY(teil<QLabel>(u"leerzeile"_s)->text().contains(QFileInfo(katalog).fileName()));
             QCOMPARE(teil<QAbstractButton>(u"leerknopf"_s)->text(), u"Noch einmal versuchen"_s);
         }
-        m_z->setzeReiter(Reiter::einrichtung);
+        m_z->setzeReiter(Reiter::Einrichtung);
         QTRY_VERIFY(suchen<QWidget>(u"katalogfehler"_s));
         QVERIFY(QFile::remove(katalog));
         klicken(u"katalogErneutOeffnen"_s);
@@ -300,7 +301,7 @@ private Q_SLOTS:
     /** A folder that is made meanwhile is found: on Return, on leaving the field, and on coming back to the window. */
     void ordnerInzwischenAngelegt()
     {
-        mitProfil(Abschnitt::herkunft);
+        mitProfil(Abschnitt::Herkunft);
         const QString fehlt = u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s;
         for (const QString &wie : {u"eingabe"_s, u"verlassen"_s, u"fenster"_s}) {
             const QString ordner = m_b->ordner() + u'/' + wie;
@@ -321,7 +322,7 @@ private Q_SLOTS:
     /** Where the question begins: where this one was answered before, else where the field points. */
     void ordnerfrageBeginntBeimVorigen()
     {
-        mitProfil(Abschnitt::herkunft);
+        mitProfil(Abschnitt::Herkunft);
         QStringList beginne;
         Ordnerwahl::ordnerwaehler = [&](const QString &, const QString &beginn) {
             beginne << beginn;
@@ -329,14 +330,14 @@ private Q_SLOTS:
         };
         klicken(u"quelle-waehlen"_s);
         klicken(u"quelle-waehlen"_s);
-        m_z->einrichtung()->setzeAbschnitt(Abschnitt::ziel);
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Ziel);
         klicken(u"zielWurzel-waehlen"_s);
         QCOMPARE(beginne, (QStringList{m_b->profil.quelle, m_b->ordner(), m_b->profil.zielWurzel}));
     }
 
     void umbenennenUndEntfernenMitDerTastatur()
     {
-        mitProfil(Abschnitt::gelernt);
+        mitProfil(Abschnitt::Gelernt);
         auto *umbenennen = teil<QAbstractButton>(u"profilUmbenennen"_s);
         umbenennen->setFocus();
         druecken(Qt::Key_Space);
@@ -361,7 +362,7 @@ private Q_SLOTS:
     {
         for (int n = 0; n < 5000; ++n)
             m_b->profil.zweige.first().ablagen.first().rubriken << u"Rubrik %1"_s.arg(n);
-        mitProfil(Abschnitt::ziel);
+        mitProfil(Abschnitt::Ziel);
         auto *baum = teil<QTreeView>(u"struktur"_s);
         const QModelIndex art = baum->model()->index(0, 0, baum->model()->index(0, 0));
         QCOMPARE(baum->model()->rowCount(art), 5002);
@@ -370,7 +371,7 @@ private Q_SLOTS:
         QDir().mkpath(m_b->ziel(u"Haushalt/Jahresablage/2024/Strom"_s));
         klicken(u"strukturEinlesen"_s);
         QTRY_COMPARE(m_z->einrichtung()->stand().zahlen.entfallen, 5000 + 1 + 1 + 2);
-        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).zeile, u"0 neu, 5004 entfallen"_s);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Ziel).zeile, u"0 neu, 5004 entfallen"_s);
     }
 };
 

@@ -18,6 +18,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::ui;
 
 /** Stands for the desktop's notifications. */
 class Dienst : public QObject, protected QDBusContext
@@ -60,7 +61,7 @@ private:
     void durchgang()
     {
         QSignalSpy ende(m_z->durchgang(), &Durchgang::laufBeendet);
-        m_z->durchgang()->durchgangStarten(Durchgang::Art::nurLesen);
+        m_z->durchgang()->durchgangStarten(Durchgang::Art::NurLesen);
         QTRY_COMPARE(ende.size(), 1);
     }
 

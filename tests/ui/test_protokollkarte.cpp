@@ -30,6 +30,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 /** Log card and info window on a stage of real files. */
 class TestProtokollkarte : public Fensterprobe
@@ -99,7 +100,7 @@ private Q_SLOTS:
         for (const QString &name : {u"a.pdf"_s, u"b.pdf"_s, u"c.pdf"_s})
             m_b->dokument(name);
         oeffnen();
-        m_z->setzeReiter(Reiter::protokoll);
+        m_z->setzeReiter(Reiter::Protokoll);
         QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"Im Protokollordner liegt noch nichts."_s);
         QCOMPARE(teil<QLabel>("leertitel")->text(), u"Keine Sitzung gewählt"_s);
         QVERIFY(teil<QWidget>("nochNichtsBewegt")->toolTip().startsWith(u"Die Datei entsteht erst"_s));
@@ -110,19 +111,19 @@ private Q_SLOTS:
         mitTabZu("ansehen-0");
         druecken(Qt::Key_Return);
         QTRY_COMPARE(teil<QLabel>("bewegungsAnzahl")->text(), u"3 Einträge, älteste zuerst."_s);
-        QTRY_COMPARE(stand(2), Bewegungsstand::amZiel);
+        QTRY_COMPARE(stand(2), Bewegungsstand::AmZiel);
         QCOMPARE(modell()->index(0).data().toString(),
                  u"Von: a.pdf\nNach: Haushalt/Jahresablage/2023/Strom/2023-02-14 Stadtwerke - a.pdf"_s);
         // The last step goes back; what the user moved himself is not found.
         druecken(Qt::Key_U); // no letter is a key here
         QVERIFY(!m_z->ausfuehrung()->beschaeftigt());
         druecken(Qt::Key_Z, Qt::ControlModifier);
-        QTRY_COMPARE(stand(2), Bewegungsstand::zurueck);
+        QTRY_COMPARE(stand(2), Bewegungsstand::Zurueck);
         QVERIFY(QFile::remove(modell()->zeile(1).nach));
         mitTabZu("protokolleAuffrischen");
         druecken(Qt::Key_Space);
-        QTRY_COMPARE(stand(1), Bewegungsstand::verschwunden);
-        QCOMPARE(stand(0), Bewegungsstand::amZiel);
+        QTRY_COMPARE(stand(1), Bewegungsstand::Verschwunden);
+        QCOMPARE(stand(0), Bewegungsstand::AmZiel);
         // Asked and left.
         mitTabZu("sitzungZurueckdrehen");
         druecken(Qt::Key_Return);
@@ -139,10 +140,10 @@ private Q_SLOTS:
         QCOMPARE(fokus(), u"jaZurueckdrehen"_s);
         druecken(Qt::Key_Return);
         QTRY_VERIFY(meldung().startsWith(u"1 zurückgeholt, 2 übersprungen"_s));
-        QTRY_COMPARE(stand(0), Bewegungsstand::zurueck);
+        QTRY_COMPARE(stand(0), Bewegungsstand::Zurueck);
         QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
         QVERIFY(!sichtbar("rueckbauFehler"));
-        QCOMPARE(m_z->sitzungen()->rueckbauTon(), Meldestelle::Ton::warnung);
+        QCOMPARE(m_z->sitzungen()->rueckbauTon(), Meldestelle::Ton::Warnung);
         // Why the others are not back stands with them; the session goes on in its log.
         QTRY_COMPARE(modell()->index(1).data(Bewegungsmodell::Wort).toString(),
                      u"nicht gefunden: Die Datei liegt nicht mehr am Zielort"_s);
@@ -157,7 +158,7 @@ private Q_SLOTS:
         m_b->dokument(u"a.pdf"_s);
         oeffnen();
         uebernehmen(1);
-        m_z->setzeReiter(Reiter::protokoll);
+        m_z->setzeReiter(Reiter::Protokoll);
         m_z->sitzungen()->protokollWaehlen(m_z->sitzungen()->laufendesBuch()->datei());
         QTRY_COMPARE(modell()->rowCount(), 1);
         QVERIFY(QDir(m_b->profil.quelle).removeRecursively());
@@ -168,7 +169,7 @@ private Q_SLOTS:
         QTRY_COMPARE(meldung(), u"0 zurückgeholt, 1 Fehler"_s);
         const QString zeile = teil<QPlainTextEdit>("rueckbauFehler")->toPlainText();
         QVERIFY2(zeile.startsWith(u"2023-02-14 Stadtwerke - a.pdf: "_s), qPrintable(zeile));
-        QTRY_COMPARE(stand(0), Bewegungsstand::fehler);
+        QTRY_COMPARE(stand(0), Bewegungsstand::Fehler);
         QVERIFY(modell()->index(0).data(Qt::ToolTipRole).toString().contains(zeile.mid(zeile.indexOf(u": "_s) + 2)));
         QVERIFY(QFile::exists(modell()->zeile(0).nach));
     }
@@ -183,7 +184,7 @@ private Q_SLOTS:
         m_z.reset();
         m_fenster.reset();
         oeffnen();
-        m_z->setzeReiter(Reiter::protokoll);
+        m_z->setzeReiter(Reiter::Protokoll);
         QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokoll gefunden."_s);
         klicken("ansehen-1");
         QTRY_COMPARE(modell()->rowCount(), 1);
@@ -197,7 +198,7 @@ private Q_SLOTS:
         QVERIFY(teil<QWidget>("sitzungskopf")->findChild<Elidiertext *>());
         QCOMPARE(m_z->sitzungen()->protokollKopf()->rechner, u"anderswo"_s);
         QCOMPARE(teil<Elidiertext>("sitzungstitel")->ganzerText(), u"Sitzung aus fremd.jsonl"_s);
-        QTRY_COMPARE(stand(1), Bewegungsstand::verschwunden);
+        QTRY_COMPARE(stand(1), Bewegungsstand::Verschwunden);
         klicken("sitzungZurueckdrehen");
         klicken("jaZurueckdrehen");
         QTRY_VERIFY(meldung().startsWith(u"0 zurückgeholt, 2 übersprungen"_s));
@@ -213,7 +214,7 @@ private Q_SLOTS:
     {
         constexpr int viele = 100'000;
         oeffnen();
-        m_z->setzeReiter(Reiter::protokoll);
+        m_z->setzeReiter(Reiter::Protokoll);
         const QString datei = fremdesProtokoll(viele);
         QElapsedTimer uhr;
         qint64 laengste = 0;
@@ -223,17 +224,17 @@ private Q_SLOTS:
         schlag.start(0);
         m_z->sitzungen()->protokollWaehlen(datei);
         QTRY_COMPARE_WITH_TIMEOUT(modell()->rowCount(), viele, 60'000);
-        QTRY_COMPARE(stand(0), Bewegungsstand::verschwunden);
+        QTRY_COMPARE(stand(0), Bewegungsstand::Verschwunden);
         teil<Bewegungsliste>("bewegungen")->scrollToBottom();
-        QTRY_COMPARE(stand(viele - 1), Bewegungsstand::verschwunden);
-        QCOMPARE(stand(viele / 2), Bewegungsstand::unbekannt);
+        QTRY_COMPARE(stand(viele - 1), Bewegungsstand::Verschwunden);
+        QCOMPARE(stand(viele / 2), Bewegungsstand::Unbekannt);
         qInfo("longest turn of the event loop: %lld ms", static_cast<long long>(laengste));
     }
 
     void protokollordner()
     {
         oeffnen();
-        m_z->setzeReiter(Reiter::protokoll);
+        m_z->setzeReiter(Reiter::Protokoll);
         QVERIFY(teil<Elidiertext>("protokollOrdner")->ganzerText().startsWith(u"Standard: "_s));
         const QString eigener = m_b->ordner() + u"/Logbuch"_s;
         QVERIFY(QDir().mkpath(eigener));
@@ -263,10 +264,10 @@ private Q_SLOTS:
     void ohneProfil()
     {
         oeffnen(false);
-        m_z->setzeReiter(Reiter::protokoll);
+        m_z->setzeReiter(Reiter::Protokoll);
         QCOMPARE(teil<QLabel>("leertitel")->text(), u"Noch kein Profil"_s);
         klicken("leerknopf");
-        QCOMPARE(m_z->reiter(), Reiter::einrichtung);
+        QCOMPARE(m_z->reiter(), Reiter::Einrichtung);
     }
 
     void infofenster()

@@ -29,6 +29,7 @@
 #include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 namespace
 {
@@ -54,7 +55,7 @@ private:
     void oeffnen()
     {
         Fensterprobe::oeffnen();
-        QCOMPARE(m_z->reiter(), Reiter::pruefen);
+        QCOMPARE(m_z->reiter(), Reiter::Pruefen);
     }
     [[nodiscard]] QString meldung() { return teil<Elidiertext>("hinweis")->ganzerText(); }
     [[nodiscard]] QString tasten() { return teil<Elidiertext>("tasten")->ganzerText(); }
@@ -436,11 +437,11 @@ private Q_SLOTS:
         mitTabZu("leerknopf");
         druecken(Qt::Key_Return);
         // What can be done about it is asked on the run card.
-        QTRY_COMPARE(m_z->reiter(), Reiter::ablauf);
+        QTRY_COMPARE(m_z->reiter(), Reiter::Ablauf);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"modellPruefen"_s);
         QVERIFY(!m_z->durchgang()->analyse()->laeuft());
         QCOMPARE(m_b->lesen(a).status, Status::Neu);
-        m_z->setzeReiter(Reiter::pruefen);
+        m_z->setzeReiter(Reiter::Pruefen);
         auto *profil = teil<QComboBox>("aktiv");
         QTest::mouseClick(profil, Qt::LeftButton);
         QTRY_VERIFY(profil->view()->isVisible());
@@ -454,7 +455,7 @@ private Q_SLOTS:
         // Cards without a place for notices have them in the status line.
         m_z->ausfuehrung()->dublettenAusraeumen();
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Es ist noch kein Zielordner gewählt"_s);
-        m_z->setzeReiter(Reiter::pruefen);
+        m_z->setzeReiter(Reiter::Pruefen);
         QTRY_COMPARE(teil<QLabel>("lage")->text(), u"Der Modellserver ollama läuft nicht"_s);
     }
 
@@ -465,7 +466,7 @@ private Q_SLOTS:
         dokument(u"b.pdf"_s, [](Dokument &d) { d.status = Status::Zurueckgestellt; });
         dokument(u"c.pdf"_s, [](Dokument &d) { d.status = Status::Neu; });
         Fensterprobe::oeffnen();
-        m_z->setzeReiter(Reiter::pruefen);
+        m_z->setzeReiter(Reiter::Pruefen);
         QTRY_COMPARE(teil<QLabel>("leerzeile")->text(), u"2 Dokumente sind noch zurückgestellt."_s);
         QCOMPARE(teil<QAbstractButton>("leerknopf")->text(), u"2 Zurückgestellte wieder vorlegen"_s);
         mitTabZu("leerknopf");
@@ -565,7 +566,7 @@ private Q_SLOTS:
         QVERIFY(eigene.open(QIODevice::WriteOnly));
         eigene.write("{\"Vorschlag\": \"<b>V</b>\"}");
         eigene.close();
-        m_z->ausfuehrung()->zurueck();
+        m_z->ausfuehrung()->tatZuruecknehmen();
         QTRY_COMPARE(name(), u"a.pdf"_s);
         m_sprache->waehlen(u"eigene"_s);
         QTRY_VERIFY(m_fenster->centralWidget()->isVisible());
@@ -612,7 +613,7 @@ private Q_SLOTS:
                     QVERIFY2(w->accessibleDescription().contains(w->toolTip()), qPrintable(w->objectName()));
             }
         }
-        m_z->setzeReiter(Reiter::ablauf);
+        m_z->setzeReiter(Reiter::Ablauf);
         QCoreApplication::processEvents();
         QCOMPARE(teil<QLabel>("stufe-1")->accessibleName(), u"Bestand aufnehmen"_s);
         QCOMPARE(teil<QLabel>("zahl-1")->accessibleName(), u"0 bereit zur Prüfung"_s);
@@ -632,7 +633,7 @@ private Q_SLOTS:
                 radAendertNichts();
             }
         }
-        m_z->setzeReiter(Reiter::pruefen);
+        m_z->setzeReiter(Reiter::Pruefen);
         // Notes that come later stand in the row of the Tab key where they are seen.
         m_b->sql(u"UPDATE dokumente SET alt_ordner='Haushalt/Jahresablage/2021/Wasser', aehnlich_zu=? WHERE id=?"_s,
                  {dokument(u"b.pdf"_s), a});

@@ -10,6 +10,7 @@
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 using namespace Farbrechnung;
 
 namespace

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
 
 class TeilerTest : public QObject
 {

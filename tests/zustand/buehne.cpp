@@ -6,6 +6,7 @@
 #include <QFile>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::zustand;
 
 Buehne::Buehne(const QString &name)
 {

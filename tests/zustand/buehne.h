@@ -6,6 +6,8 @@
 
 #include <QTemporaryDir>
 
+using namespace quillmar::zustand;
+
 /** A profile with source, target and catalogue in the test's own home, and documents that wait for review. */
 class Buehne
 {

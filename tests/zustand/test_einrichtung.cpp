@@ -16,6 +16,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmar::zustand;
 using Lage = Abschnittsstand::Lage;
 using Wechsel = Strukturzeile::Wechsel;
 
@@ -39,13 +40,13 @@ private:
     void beginnen()
     {
         Zustandsprobe::beginnen();
-        m_z->setzeReiter(Reiter::einrichtung);
+        m_z->setzeReiter(Reiter::Einrichtung);
     }
     void aendern(const std::function<void(Profil &)> &aenderung)
     {
         Profil neu = *m_z->profilwahl()->aktiv();
         aenderung(neu);
-        m_z->profilwahl()->profilAendern(neu);
+        m_z->profilwahl()->setzeProfil(neu);
     }
     void einlesen()
     {
@@ -73,9 +74,9 @@ private Q_SLOTS:
         QTRY_VERIFY(m_z->einrichtung()->stand().programme);
         QCOMPARE(m_z->einrichtung()->stand().programme->werkzeuge.size(), 3);
         QVERIFY(QFile::exists(m_z->einrichtung()->stand().programme->werkzeuge.last().pfad));
-        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::programme).lage, Lage::gut);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Programme).lage, Lage::Gut);
         aendern([](Profil &p) { p.ocrSprache = u"deu+tlh"_s; });
-        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::programme).lage, Lage::warnung);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Programme).lage, Lage::Warnung);
         QCOMPARE(
             Programmstand::sprachenAus("List of available languages in \"/x\" (4):\nosd\neng\ndeu\nscript/Latin\n"),
             (QStringList{u"deu"_s, u"eng"_s}));
@@ -85,9 +86,9 @@ private Q_SLOTS:
     {
         m_b->profil.zweige.clear();
         beginnen();
-        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).lage, Lage::fehlt);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Ziel).lage, Lage::Fehlt);
         einlesen();
-        QVERIFY(m_z->einrichtung()->stand().strukturmeldung.startsWith(u"Hier liegt noch keine Struktur."_s));
+        QVERIFY(m_z->einrichtung()->stand().strukturmangel.startsWith(u"Hier liegt noch keine Struktur."_s));
         for (const QString &ordner : {u"Haus/Jahre/2023/Strom"_s, u"Haus/Jahre/2024/Gas"_s, u"Haus/Fest/Urkunden"_s})
             QDir().mkpath(m_b->ziel(ordner));
         einlesen();
@@ -100,20 +101,20 @@ private Q_SLOTS:
         QDir().mkpath(m_b->ziel(u"Verein/Fest/Satzung"_s));
         QDir(m_b->ziel(u"Haus/Jahre/2024/Gas"_s)).removeRecursively();
         einlesen();
-        QCOMPARE(mitWechsel(Wechsel::neu), (QStringList{u"Verein"_s, u"Fest"_s, u"Satzung"_s}));
-        QCOMPARE(mitWechsel(Wechsel::entfallen), QStringList{u"Gas"_s});
-        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).zeile, u"1 neu, 1 entfallen"_s);
+        QCOMPARE(mitWechsel(Wechsel::Neu), (QStringList{u"Verein"_s, u"Fest"_s, u"Satzung"_s}));
+        QCOMPARE(mitWechsel(Wechsel::Entfallen), QStringList{u"Gas"_s});
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Ziel).zeile, u"1 neu, 1 entfallen"_s);
         QVERIFY(!m_z->einrichtung()->kenntRubrik(u"Gas"_s));
         QTRY_COMPARE(Profilspeicher::laden().first().zweige.size(), 2);
         // A drive that is not there takes nothing away.
         const QList<Zweig> bekannte = m_z->profilwahl()->aktiv()->zweige;
         QVERIFY(QDir().rename(m_b->profil.zielWurzel, m_b->profil.zielWurzel + u"-weg"_s));
         einlesen();
-        QCOMPARE(m_z->einrichtung()->stand().strukturmeldung, u"Der Zielordner ist nicht erreichbar."_s);
-        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).lage, Lage::gestoert);
+        QCOMPARE(m_z->einrichtung()->stand().strukturmangel, u"Der Zielordner ist nicht erreichbar."_s);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Ziel).lage, Lage::Gestoert);
         QDir().mkpath(m_b->profil.zielWurzel);
         einlesen();
-        QVERIFY(m_z->einrichtung()->stand().strukturmeldung.endsWith(u"Die bisherige gilt weiter."_s));
+        QVERIFY(m_z->einrichtung()->stand().strukturmangel.endsWith(u"Die bisherige gilt weiter."_s));
         QCOMPARE(m_z->profilwahl()->aktiv()->zweige, bekannte);
         // Another root has another structure, which nobody has read yet.
         const QString wurzel = m_b->profil.zielWurzel;
@@ -124,7 +125,7 @@ private Q_SLOTS:
         const QString andere = m_b->ordner() + u"/andere"_s;
         QDir().mkpath(andere + u"/Amt/Akten/Bescheide"_s);
         aendern([&](Profil &p) { p.zielWurzel = andere; });
-        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::ziel).zeile, u"Struktur neu einlesen"_s);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Ziel).zeile, u"Struktur neu einlesen"_s);
         einlesen();
         QVERIFY(!m_z->einrichtung()->stand().strukturAlt && m_z->einrichtung()->kenntRubrik(u"Bescheide"_s));
     }
@@ -156,7 +157,7 @@ private Q_SLOTS:
         aendern([](Profil &p) { p.mitUnterordnern = false; });
         QTRY_COMPARE(gezaehlt(), 2);
         aendern([this](Profil &p) { p.quelle = m_b->quelle(u"nirgends"_s); });
-        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::herkunft).lage, Lage::gestoert);
+        QTRY_COMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Herkunft).lage, Lage::Gestoert);
     }
 
     void profilEntfernenLaesstDenKatalog()
@@ -180,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(m_z->pruefung()->zaehlwerk(), Zaehlwerk());
         m_z->profilwahl()->neuesProfil();
         QTRY_VERIFY(m_z->profilwahl()->offen());
-        QCOMPARE(m_z->einrichtung()->naechsterAbschnitt(Abschnitt::programme), Abschnitt::herkunft);
+        QCOMPARE(m_z->einrichtung()->naechsterAbschnitt(Abschnitt::Programme), Abschnitt::Herkunft);
         QVERIFY(m_z->einrichtung()->starthindernis().contains(u"Herkunft"_s));
     }
 
@@ -191,7 +192,7 @@ private Q_SLOTS:
         m_b->sql(u"INSERT INTO namen (von, nach, anzahl) VALUES ('alt','Neu',2)"_s);
         beginnen();
         QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.zuordnungen.size(), 2);
-        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::gelernt).zeile, u"2 Zuordnungen, 1 Name"_s);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Gelernt).zeile, u"2 Zuordnungen, 1 Name"_s);
         m_z->einrichtung()->gelerntVergessen(u"bank"_s);
         QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.zuordnungen.size(), 1);
         m_z->einrichtung()->allesVergessen();
@@ -240,13 +241,13 @@ private Q_SLOTS:
         QVERIFY(m_z->modelldienst()->modellstand().laedtModell.isEmpty() && m_z->modelldienst()->modellBereit());
         QVERIFY(std::any_of(gesehen.cbegin(), gesehen.cend(),
                             [](const Modellstand &s) { return s.geladen == 1000 && s.ladegroesse == 4000; }));
-        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::modell).lage, Lage::gut);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Modell).lage, Lage::Gut);
         Zweig viele{.name = u"Viele"_s, .ablagen = {{.name = u"Art"_s, .mitJahr = false, .rubriken = {}}}};
         for (int n = 0; n < 5000; ++n)
             viele.ablagen.first().rubriken << u"Rubrik %1"_s.arg(n);
         aendern([&](Profil &p) { p.zweige << viele; });
         QVERIFY(platzImModell(*m_z->profilwahl()->aktiv()) > 1);
-        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::modell).lage, Lage::warnung);
+        QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Modell).lage, Lage::Warnung);
     }
 
     /** While a model is being fetched, which may take hours, another one is chosen: what is known is about that one. */
@@ -274,10 +275,10 @@ private Q_SLOTS:
         waehlen(u"mittel:4b"_s);
         QTRY_VERIFY(m_z->modelldienst()->modellBereit());
         waehlen(u"gross:9b"_s);
-        QTRY_COMPARE(m_z->modelldienst()->modellstand().art, Modellstand::Art::laedt);
+        QTRY_COMPARE(m_z->modelldienst()->modellstand().art, Modellstand::Art::Laedt);
         QCOMPARE(m_z->modelldienst()->modellstand().laedtModell, u"gross:9b"_s);
         m_z->modelldienst()->modellLadenAbbrechen();
-        QTRY_COMPARE(m_z->modelldienst()->modellstand().art, Modellstand::Art::modellFehlt);
+        QTRY_COMPARE(m_z->modelldienst()->modellstand().art, Modellstand::Art::ModellFehlt);
     }
 
     void vorlagen_data()

@@ -20,6 +20,7 @@
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::zustand;
 
 namespace
 {

@@ -21,6 +21,7 @@
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillmar::zustand;
 
 namespace
 {
@@ -65,11 +66,11 @@ private Q_SLOTS:
         z.ausfuehrung()->weiter(Richtung::Weiter);
         z.ausfuehrung()->dublettenAusraeumen();
         z.sitzungen()->protokollZurueckdrehen();
-        z.pruefung()->feldSetzen(Feld::Titel, u"x"_s);
+        z.pruefung()->setzeFeld(Feld::Titel, u"x"_s);
         z.durchgang()->durchgangStarten();
         QVERIFY(!z.profilwahl()->aktiv() && !z.profilwahl()->offen() && !z.ausfuehrung()->beschaeftigt() &&
                 z.meldestelle()->hinweis().isEmpty());
-        QCOMPARE(z.reiter(), Reiter::einrichtung);
+        QCOMPARE(z.reiter(), Reiter::Einrichtung);
         QCOMPARE(z.teilung(), 0.5);
     }
 
@@ -77,8 +78,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("ziel");
         QTest::addColumn<Reiter>("karte");
-        QTest::newRow("eingerichtet") << true << Reiter::pruefen;
-        QTest::newRow("Ziel fehlt") << false << Reiter::einrichtung;
+        QTest::newRow("eingerichtet") << true << Reiter::Pruefen;
+        QTest::newRow("Ziel fehlt") << false << Reiter::Einrichtung;
     }
     void oeffnetAufDerPassendenKarte()
     {
@@ -99,8 +100,8 @@ private Q_SLOTS:
         beginnen();
         QCOMPARE(name(), u"a.pdf"_s);
         QCOMPARE(m_z->pruefung()->voraus(), QStringList{m_b->quelle(u"b.pdf"_s)});
-        m_z->pruefung()->feldSetzen(Feld::Titel, u"  Abschlag  "_s);
-        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"  Abschlag  "_s);
+        m_z->pruefung()->setzeFeld(Feld::Rubrik, u"Wasser"_s);
         QCOMPARE(m_z->pruefung()->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2023"_s, u"Wasser"_s}));
         m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
@@ -163,7 +164,7 @@ private Q_SLOTS:
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         m_b->dokument(u"b.pdf"_s);
         beginnen();
-        QVERIFY(!m_z->ausfuehrung()->zurueckMoeglich());
+        QVERIFY(!m_z->ausfuehrung()->tatRuecknehmbar());
         if (taste == u"Eingabe")
             m_z->ausfuehrung()->uebernehmen();
         else
@@ -172,12 +173,12 @@ private Q_SLOTS:
         QTEST(m_b->lesen(a).status, "status");
         QTEST(m_z->meldestelle()->geschehen(), "geschehen");
         QCOMPARE(liegt(m_b->quelle(u"a.pdf"_s)), kopieren || taste == u"Z");
-        QVERIFY(m_z->ausfuehrung()->zurueckMoeglich());
-        m_z->ausfuehrung()->zurueck();
+        QVERIFY(m_z->ausfuehrung()->tatRuecknehmbar());
+        m_z->ausfuehrung()->tatZuruecknehmen();
         QTRY_COMPARE(name(), u"a.pdf"_s);
         QCOMPARE(m_b->lesen(a).status, Status::Bereit);
         QVERIFY(liegt(m_b->quelle(u"a.pdf"_s)));
-        QVERIFY(!m_z->ausfuehrung()->zurueckMoeglich());
+        QVERIFY(!m_z->ausfuehrung()->tatRuecknehmbar());
     }
 
     void blaetternAendertNichts()
@@ -185,7 +186,7 @@ private Q_SLOTS:
         for (const QString &n : {u"a.pdf"_s, u"b.pdf"_s, u"c.pdf"_s})
             m_b->dokument(n);
         beginnen();
-        m_z->pruefung()->feldSetzen(Feld::Titel, u"Getippt"_s);
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"Getippt"_s);
         using enum Richtung;
         const QList<Richtung> weg = {Weiter, Weiter, Weiter, Zurueck, Erstes, Weiter};
         const QStringList erwartet = {u"b.pdf"_s, u"c.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"a.pdf"_s, u"b.pdf"_s};
@@ -204,15 +205,15 @@ private Q_SLOTS:
     {
         const qint64 id = m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
-        m_z->pruefung()->feldSetzen(Feld::Datum, u"2019-05-0"_s); // half typed: the year stays
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"Von Hand"_s);
+        m_z->pruefung()->setzeFeld(Feld::Datum, u"2019-05-0"_s); // half typed: the year stays
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2023"_s);
         QVERIFY(!m_z->pruefung()->datumsmangel().isEmpty());
         m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"Das Datum hat nicht die Form JJJJ-MM-TT"_s);
-        m_z->pruefung()->feldSetzen(Feld::Datum, u" 2019-05-03 "_s); // as it is pasted
+        m_z->pruefung()->setzeFeld(Feld::Datum, u" 2019-05-03 "_s); // as it is pasted
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2019"_s);
-        m_z->pruefung()->feldSetzen(Feld::Datum, u"2019-05-03"_s);
+        m_z->pruefung()->setzeFeld(Feld::Datum, u"2019-05-03"_s);
         m_b->sql(u"UPDATE dokumente SET titel='Modell', datum='2001-01-01', jahr='2001', gegenueber='Neu' WHERE id=?"_s,
                  {id});
         m_z->pruefung()->aktualisieren();
@@ -220,17 +221,17 @@ private Q_SLOTS:
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Von Hand"_s);
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.datum, u"2019-05-03"_s);
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2019"_s);
-        m_z->pruefung()->feldSetzen(Feld::Jahr, u"2020"_s);
-        m_z->pruefung()->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited: it follows no more
+        m_z->pruefung()->setzeFeld(Feld::Jahr, u"2020"_s);
+        m_z->pruefung()->setzeFeld(Feld::Datum, u"2022-05-03"_s); // the year was edited: it follows no more
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2020"_s);
-        m_z->pruefung()->feldSetzen(Feld::Zweig, u"Verein"_s); // has the kind and the category
+        m_z->pruefung()->setzeFeld(Feld::Zweig, u"Verein"_s); // has the kind and the category
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, u"Strom"_s);
-        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Spenden"_s);
-        m_z->pruefung()->feldSetzen(Feld::Zweig, u"Haushalt"_s); // the kind only
+        m_z->pruefung()->setzeFeld(Feld::Rubrik, u"Spenden"_s);
+        m_z->pruefung()->setzeFeld(Feld::Zweig, u"Haushalt"_s); // the kind only
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.ablage, u"Jahresablage"_s);
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, QString());
-        m_z->pruefung()->feldSetzen(Feld::Ablage, u"Stammdaten"_s);
-        m_z->pruefung()->feldSetzen(Feld::Zweig, u"Verein"_s); // neither
+        m_z->pruefung()->setzeFeld(Feld::Ablage, u"Stammdaten"_s);
+        m_z->pruefung()->setzeFeld(Feld::Zweig, u"Verein"_s); // neither
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.ablage, QString());
         // Another program took it out of the queue: it leaves the review.
         m_b->sql(u"UPDATE dokumente SET ausgenommen=1 WHERE id=?"_s, {id});
@@ -259,7 +260,7 @@ private Q_SLOTS:
         QFETCH(QString, mangel);
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->pruefung()->feldSetzen(Feld::Datum, datum);
+        m_z->pruefung()->setzeFeld(Feld::Datum, datum);
         QCOMPARE(m_z->pruefung()->datumsmangel(), mangel);
         m_z->ausfuehrung()->uebernehmen();
         QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
@@ -282,12 +283,12 @@ private Q_SLOTS:
         m_b->dokument(u"a.pdf"_s);
         m_b->dokument(u"b.pdf"_s);
         beginnen();
-        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"Von Hand"_s);
         for (const auto tat : {&Ausfuehrung::aussortieren, &Ausfuehrung::zuruecklegen}) {
             (m_z->ausfuehrung()->*tat)();
             QTRY_COMPARE(name(), u"b.pdf"_s);
             QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
-            m_z->ausfuehrung()->zurueck();
+            m_z->ausfuehrung()->tatZuruecknehmen();
             QTRY_COMPARE(name(), u"a.pdf"_s);
             QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
             QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Von Hand"_s);
@@ -299,12 +300,12 @@ private Q_SLOTS:
     {
         const qint64 a = m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
-        m_z->pruefung()->feldSetzen(Feld::Jahr, u"2020"_s);
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"Von Hand"_s);
+        m_z->pruefung()->setzeFeld(Feld::Jahr, u"2020"_s);
         m_z.reset();
         beginnen();
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.titel, u"Von Hand"_s);
-        m_z->pruefung()->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year was edited before
+        m_z->pruefung()->setzeFeld(Feld::Datum, u"2022-05-03"_s); // the year was edited before
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2020"_s);
         m_z->ausfuehrung()->uebernehmen();
         QTRY_VERIFY(!m_z->pruefung()->aktuelles());
@@ -338,8 +339,8 @@ private Q_SLOTS:
         for (const char *name : {"a.pdf", "b.pdf", "c.pdf"})
             m_b->dokument(QString::fromLatin1(name));
         beginnen();
-        m_z->pruefung()->feldSetzen(Feld::Gegenueber, u"Elbtalwerke"_s);
-        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        m_z->pruefung()->setzeFeld(Feld::Gegenueber, u"Elbtalwerke"_s);
+        m_z->pruefung()->setzeFeld(Feld::Rubrik, u"Wasser"_s);
         m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QCOMPARE(m_z->meldestelle()->hinweis(), u"Gemerkt. 2 wartende Dokumente von Elbtalwerke wurden angepasst."_s);
@@ -350,7 +351,7 @@ private Q_SLOTS:
     {
         m_b->dokument(u"a.pdf"_s);
         beginnen();
-        m_z->pruefung()->feldSetzen(Feld::Gegenueber, {});
+        m_z->pruefung()->setzeFeld(Feld::Gegenueber, {});
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.gegenueber, QString());
         QCOMPARE(m_z->pruefung()->pruefhinweise(), QList<Pruefhinweis>());
     }
@@ -423,7 +424,7 @@ private Q_SLOTS:
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.ort.rubrik, u"Wasser"_s);
         QCOMPARE(m_z->pruefung()->zielpfad(), (QStringList{u"Haushalt"_s, u"Jahresablage"_s, u"2021"_s, u"Wasser"_s}));
         QCOMPARE(anders(), QString());
-        m_z->pruefung()->feldSetzen(Feld::Datum, u"2022-05-03"_s); // the year is the place's own
+        m_z->pruefung()->setzeFeld(Feld::Datum, u"2022-05-03"_s); // the year is the place's own
         QCOMPARE(m_z->pruefung()->aktuelles()->angaben.jahr, u"2021"_s);
     }
 
@@ -473,7 +474,7 @@ private Q_SLOTS:
         QCOMPARE(m_z->durchgang()->erbetenesDokument(), id);
         QCOMPARE(m_b->lesen(id).status, Status::Bereit);
         QVERIFY(m_b->lesen(id).fehler);
-        m_z->durchgang()->durchgangStarten(Durchgang::Art::erneutLesen);
+        m_z->durchgang()->durchgangStarten(Durchgang::Art::ErneutLesen);
         QTRY_COMPARE(m_b->lesen(id).status, Status::Neu);
         QTRY_VERIFY(!m_z->durchgang()->analyse()->laeuft());
     }
@@ -523,8 +524,8 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_z->pruefung()->aktuelles());
         m_z->meldestelle()->melden(u"Neu"_s);
         QCOMPARE(m_z->meldestelle()->meldungen(), (QStringList{u"Neu"_s, u"Zurückgestellt: c.pdf"_s}));
-        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
-        m_z->ausfuehrung()->zurueck();
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::Warnung);
+        m_z->ausfuehrung()->tatZuruecknehmen();
         QTRY_COMPARE(m_z->meldestelle()->meldungen(), QStringList{u"Wieder zur Prüfung: c.pdf"_s});
     }
 
@@ -543,18 +544,18 @@ private Q_SLOTS:
         // It goes before all else that is said, as a warning.
         QCOMPARE(m_z->meldestelle()->meldungen(),
                  (QStringList{m_z->meldestelle()->hinweis(), m_z->meldestelle()->geschehen()}));
-        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::Warnung);
         m_b->dokument(u"b.pdf"_s);
         m_b->dokument(u"c.pdf"_s);
         m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(name(), u"b.pdf"_s);
-        m_z->pruefung()->feldSetzen(Feld::Rubrik, u"Wasser"_s);
+        m_z->pruefung()->setzeFeld(Feld::Rubrik, u"Wasser"_s);
         m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
         QVERIFY(
             m_z->meldestelle()->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
         QVERIFY(m_z->meldestelle()->hinweis().contains(u"Gemerkt. "_s));
-        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::Warnung);
         // Setting all duplicates aside tells of it as well.
         const qint64 original = m_b->dokument(u"o.pdf"_s, {}, "gleich");
         const qint64 doppelt = m_b->dokument(
@@ -565,7 +566,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
         QVERIFY(
             m_z->meldestelle()->meldungen().constFirst().startsWith(u"Das Protokoll konnte nicht angelegt werden."_s));
-        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::warnung);
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::Warnung);
     }
 
     void andereBedingungenAnderesBuch()
@@ -576,7 +577,7 @@ private Q_SLOTS:
         m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         const QString erstes = m_z->sitzungen()->laufendesBuch()->datei();
-        m_z->profilwahl()->kopierenSetzen(true);
+        m_z->profilwahl()->setzeKopieren(true);
         m_z->ausfuehrung()->uebernehmen();
         QTRY_COMPARE(name(), u"c.pdf"_s);
         QVERIFY(liegt(m_b->quelle(u"b.pdf"_s)));
@@ -595,7 +596,7 @@ private Q_SLOTS:
         m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(m_z->pruefung()->zielpfad(), (QStringList{u"2023"_s, u"Haushalt"_s}));
         m_z->pruefung()->aktualisieren(); // reads while the settings are changed here
-        m_z->profilwahl()->kopierenSetzen(true);
+        m_z->profilwahl()->setzeKopieren(true);
         m_z->pruefung()->aktualisieren();
         QTRY_VERIFY(Profilspeicher::laden().first().kopieren);
         QVERIFY(m_z->profilwahl()->aktiv()->kopieren);
@@ -645,7 +646,7 @@ private Q_SLOTS:
         m_z = std::make_unique<Zustand>();
         m_z->profilwahl()->beginnen(u"Verein"_s);
         QTRY_COMPARE(name(), u"zweit.pdf"_s);
-        m_z->pruefung()->feldSetzen(Feld::Titel, u"Von Hand"_s);
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"Von Hand"_s);
         m_z->profilwahl()->aktivieren(m_b->profil.id);
         m_z->ausfuehrung()->uebernehmen(); // nothing of the profile that is being left
         QTRY_COMPARE(name(), u"a.pdf"_s);
@@ -664,7 +665,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_z->profilwahl()->aktiv()->name, u"Ablage 3"_s);
         QTRY_VERIFY(!m_z->profilwahl()->oeffnet());
         QVERIFY(!m_z->pruefung()->aktuelles() && !m_z->sitzungen()->laufendesBuch() &&
-                !m_z->ausfuehrung()->zurueckMoeglich());
+                !m_z->ausfuehrung()->tatRuecknehmbar());
         QTRY_COMPARE(Profilspeicher::laden().size(), 3);
         // A catalogue that is none leaves the one in use.
         zweite.schliessen();
@@ -719,7 +720,7 @@ private Q_SLOTS:
         beginnen();
         Profil neu = *m_z->profilwahl()->aktiv();
         neu.ausnahmen = {u"a.pdf"_s};
-        m_z->profilwahl()->profilAendern(neu);
+        m_z->profilwahl()->setzeProfil(neu);
         m_z->einrichtung()->ausnahmenAnwenden();
         QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"1 aus der Warteschlange genommen"_s);
         QTRY_COMPARE(m_z->pruefung()->ausgenommen(), 1);
@@ -730,7 +731,7 @@ private Q_SLOTS:
         QVERIFY(!hinweise.wait(200));
         QCOMPARE(m_z->meldestelle()->hinweis(), u"bleibt"_s);
         neu.ausnahmen.clear();
-        m_z->profilwahl()->profilAendern(neu);
+        m_z->profilwahl()->setzeProfil(neu);
         m_z->einrichtung()->ausnahmenAnwenden();
         QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"1 zurückgeholt"_s);
         QTRY_COMPARE(name(), u"a.pdf"_s);

@@ -8,6 +8,8 @@
 
 #include <QTest>
 
+using namespace quillmar::zustand;
+
 void Zustandsprobe::beginnen()
 {
     m_b->profilSichern();

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+using namespace quillmar::zustand;
+
 /** A test of the state object on a stage: it begins with no profile stored and no model server. */
 class Zustandsprobe : public QObject
 {

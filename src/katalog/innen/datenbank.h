@@ -1,6 +1,7 @@
 #pragma once
 
 #include "katalog.h"
+#include "namensraeume.h"
 #include "warteschlange.h"
 #include "wert.h"
 
@@ -13,6 +14,8 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
+namespace quillmar::katalog
+{
 /**
  * A profile's catalogue: one SQLite file, its schema, a query and a statement. All SQL is literal text with "?"
  * placeholders and stands in the classes of the tables; nobody else sees this class from inside.
@@ -23,9 +26,9 @@ struct sqlite3_stmt;
 class Datenbank
 {
 public:
-    using Fehler = ::Fehler;
-    using Wert = ::Wert;
-    using Zeile = ::Zeile;
+    using Fehler = grundlage::Fehler;
+    using Wert = katalog::Wert;
+    using Zeile = katalog::Zeile;
 
     /**
      * Opens the catalogue at @p pfad, or makes it with its folder when there is no file or an empty one. What cannot be
@@ -106,3 +109,4 @@ private:
     std::unordered_map<QString, Anweisung> m_bereit; ///< prepared statements that nobody uses at the moment
     bool m_nurLesen = false;
 };
+} // namespace quillmar::katalog

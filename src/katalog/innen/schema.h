@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 
+namespace quillmar::katalog
+{
 /**
  * The statements that make or bring up to date the tables of a catalogue, to be run in this order at every opening.
  * There is no schema version: a column that is already there makes its statement fail, and that is meant.
@@ -14,3 +17,4 @@
  * column of dokumente, which is read once, when this table is made.
  */
 [[nodiscard]] const QString &schemaNachgeprueft();
+} // namespace quillmar::katalog

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 
+namespace quillmar::katalog
+{
 /**
  * The serial queue of a catalogue: a lock that lets callers in in the order in which they came, so that a busy worker
  * never starves the window. The thread that holds it may take it again.
@@ -44,3 +47,4 @@ private:
     std::thread::id m_inhaber;
     int m_tiefe = 0;
 };
+} // namespace quillmar::katalog

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -7,6 +8,8 @@
 #include <optional>
 #include <variant>
 
+namespace quillmar::katalog
+{
 /** A column value: nothing (SQL NULL), text, whole number or floating-point number. */
 using Wert = std::variant<std::monostate, QString, qint64, double>;
 
@@ -36,3 +39,4 @@ private:
     Spalten m_spalten;
     QList<Wert> m_werte;
 };
+} // namespace quillmar::katalog

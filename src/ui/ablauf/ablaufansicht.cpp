@@ -31,6 +31,9 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ablauf
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -143,7 +146,7 @@ void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
     m_dubletten = new Nacharbeitsliste(u"dubletten"_s, m_ausraeumen, {}, this);
     spalte->addWidget(m_gescheiterte);
     spalte->addWidget(m_dubletten);
-    connect(m_alleErneut, &QPushButton::clicked, m_zustand, [this] { starten(Durchgang::Art::erneut); });
+    connect(m_alleErneut, &QPushButton::clicked, m_zustand, [this] { starten(Durchgang::Art::Erneut); });
     connect(m_gescheiterte, &Nacharbeitsliste::gedrueckt, m_zustand->durchgang(), &Durchgang::erneutVersuchen);
     connect(m_ausraeumen, &QPushButton::clicked, m_zustand, [this] {
         m_zustand->ausfuehrung()->raeumtAus() ? m_zustand->ausfuehrung()->anhalten()
@@ -154,7 +157,7 @@ void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
 void AblaufAnsicht::knoepfeVerbinden()
 {
     connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
-    connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::pruefen); });
+    connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::Pruefen); });
     connect(m_anhalten, &QPushButton::clicked, this,
             [this] { laeuft() ? m_zustand->durchgang()->durchgangAnhalten() : starten(); });
     connect(m_frage, &Startfrage::erneutPruefen, this, [this] {
@@ -163,12 +166,12 @@ void AblaufAnsicht::knoepfeVerbinden()
     });
     connect(m_frage, &Startfrage::nurLesen, this, [this] {
         setFocus();
-        m_zustand->durchgang()->durchgangStarten(m_fraglich == Durchgang::Art::erneut ? Durchgang::Art::erneutLesen
-                                                                                      : Durchgang::Art::nurLesen);
+        m_zustand->durchgang()->durchgangStarten(m_fraglich == Durchgang::Art::Erneut ? Durchgang::Art::ErneutLesen
+                                                                                      : Durchgang::Art::NurLesen);
     });
     connect(m_hindernisse, &Laufhinweis::gedrueckt, this, [this] {
         setFocus();
-        starten(Durchgang::Art::erneut);
+        starten(Durchgang::Art::Erneut);
     });
 }
 
@@ -219,7 +222,7 @@ void AblaufAnsicht::zurEinrichtung()
 {
     if (const auto erster = m_zustand->einrichtung()->naechsterAbschnitt(alleAbschnitte().last()))
         m_zustand->einrichtung()->setzeAbschnitt(*erster);
-    m_zustand->setzeReiter(Reiter::einrichtung);
+    m_zustand->setzeReiter(Reiter::Einrichtung);
 }
 
 /**
@@ -241,7 +244,7 @@ void AblaufAnsicht::zeigen()
 {
     m_stapel->setCurrentIndex(m_zustand->profilwahl()->offen() ? 0 : 1);
     if (!m_zustand->profilwahl()->offen())
-        return m_leere->ohneKatalogSetzen(u"large.play"_s, *m_zustand->profilwahl());
+        return m_leere->setzeOhneKatalog(u"large.play"_s, *m_zustand->profilwahl());
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     kopfZeigen();
     knoepfeZeigen();
@@ -430,6 +433,7 @@ void AblaufAnsicht::starten(Durchgang::Art art)
 void AblaufAnsicht::fragen(Durchgang::Art art)
 {
     m_fraglich = art;
-    m_zustand->setzeReiter(Reiter::ablauf);
+    m_zustand->setzeReiter(Reiter::Ablauf);
     m_frage->fragen();
 }
+} // namespace quillmar::ablauf

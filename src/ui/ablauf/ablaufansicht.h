@@ -1,22 +1,34 @@
 #pragma once
 
 #include "durchgang.h"
+#include "namensraeume.h"
 
 #include <QWidget>
 
-class Hauptknopf;
-class Knopf;
-class Laufhinweis;
-class Leeransicht;
-class Nacharbeitsliste;
 class QLabel;
 class QStackedLayout;
 class QVBoxLayout;
+
+namespace quillmar::zustand
+{
+class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Hauptknopf;
+class Knopf;
+class Leeransicht;
+class Umbruchtext;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ablauf
+{
+class Laufhinweis;
+class Nacharbeitsliste;
 class Startfrage;
 class Stufenliste;
-class Umbruchtext;
 class Zahlenreihe;
-class Zustand;
 
 /** The run card: start and stop, the stages, what is counted, and what is left to look after. */
 class AblaufAnsicht : public QWidget
@@ -44,7 +56,7 @@ private:
     void hindernisseZeigen();
     void listenZeigen();
     void ausraeumenZeigen();
-    void starten(Durchgang::Art art = Durchgang::Art::ganz);
+    void starten(Durchgang::Art art = Durchgang::Art::Ganz);
     void fragen(Durchgang::Art art);
     void zurEinrichtung();
     void fokusHalten();
@@ -69,5 +81,6 @@ private:
     Knopf *m_ausraeumen = nullptr;
     Nacharbeitsliste *m_gescheiterte = nullptr;
     Nacharbeitsliste *m_dubletten = nullptr;
-    Durchgang::Art m_fraglich = Durchgang::Art::ganz; ///< the run that the question is about
+    Durchgang::Art m_fraglich = Durchgang::Art::Ganz; ///< the run that the question is about
 };
+} // namespace quillmar::ablauf

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::ablauf
+{
 Laufhinweis::Laufhinweis(QWidget *eltern) : QWidget(eltern), m_spalte(new QVBoxLayout(this))
 {
     setObjectName(u"laufhinweis"_s);
@@ -40,3 +42,4 @@ void Laufhinweis::setzeBedienbar(bool bedienbar)
     if (m_feld)
         m_feld->knopf()->setEnabled(bedienbar);
 }
+} // namespace quillmar::ablauf

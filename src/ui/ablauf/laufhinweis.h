@@ -1,11 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QStringList>
 #include <QWidget>
 
-class Hinweisfeld;
 class QVBoxLayout;
 
+namespace quillmar::bedienteile
+{
+class Hinweisfeld;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ablauf
+{
 /** What stood in the way of a run, with the way on; not to be seen while there is nothing. */
 class Laufhinweis : public QWidget
 {
@@ -26,3 +33,4 @@ private:
     Hinweisfeld *m_feld = nullptr;
     QStringList m_saetze;
 };
+} // namespace quillmar::ablauf

@@ -10,6 +10,9 @@
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ablauf
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -106,3 +109,4 @@ void Nacharbeitsliste::zeileBauen(int stelle)
     connect(knopf, &QToolButton::clicked, this, [this, id = zeile.id] { Q_EMIT gedrueckt(id); });
     m_raster->addWidget(knopf, stelle, 2, Qt::AlignRight);
 }
+} // namespace quillmar::ablauf

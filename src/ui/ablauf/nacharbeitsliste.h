@@ -1,11 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
-class Flachknopf;
 class QGridLayout;
 class QLabel;
 
+namespace quillmar::bedienteile
+{
+class Flachknopf;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::ablauf
+{
 /** A heading with what can be done for all, and rows of a name, a remark and perhaps a button; three to begin with. */
 class Nacharbeitsliste : public QWidget
 {
@@ -43,3 +50,4 @@ private:
     int m_gezeigte = 0;
     bool m_bedienbar = true;
 };
+} // namespace quillmar::ablauf

@@ -10,6 +10,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ablauf
+{
 using Stil::abstand;
 
 namespace
@@ -17,9 +20,9 @@ namespace
 QString abhilfe(Modellstand::Art art)
 {
     switch (art) {
-    case Modellstand::Art::serverFehlt:
+    case Modellstand::Art::ServerFehlt:
         return Sprache::text(u"Im Terminal startet ihn der Befehl „ollama serve“."_s);
-    case Modellstand::Art::modellAnderswo:
+    case Modellstand::Art::ModellAnderswo:
         return Sprache::text(u"Wähle auf der Karte Einrichtung eines, das hier rechnet."_s);
     default:
         return Sprache::text(u"Laden lässt es sich auf der Karte Einrichtung."_s);
@@ -64,3 +67,4 @@ void Startfrage::fragen()
     if (auto *erneut = findChild<Knopf *>(u"modellPruefen"_s))
         erneut->setFocus(Qt::ShortcutFocusReason); // a focus that is to be seen
 }
+} // namespace quillmar::ablauf

@@ -1,10 +1,17 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
 class QVBoxLayout;
-class Modelldienst;
 
+namespace quillmar::zustand
+{
+class Modelldienst;
+} // namespace quillmar::zustand
+
+namespace quillmar::ablauf
+{
 /** What a start without the model asks, in its place under the title of the run card. */
 class Startfrage : public QWidget
 {
@@ -24,3 +31,4 @@ private:
     QVBoxLayout *m_spalte;
     QWidget *m_hinweis = nullptr;
 };
+} // namespace quillmar::ablauf

@@ -12,6 +12,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::ablauf
+{
 using Stil::abstand;
 using Stil::Schrift;
 using Stand = Stufenbild::Stand;
@@ -23,15 +26,15 @@ constexpr int stufenabstand = 12;
 
 QString symbol(Stand stand)
 {
-    if (stand == Stand::fertig)
+    if (stand == Stand::Fertig)
         return u"checkmark.circle"_s;
-    return stand == Stand::laeuft ? u"circle.running"_s : u"circle"_s;
+    return stand == Stand::Laeuft ? u"circle.running"_s : u"circle"_s;
 }
 QString standwort(Stand stand)
 {
-    if (stand == Stand::fertig)
+    if (stand == Stand::Fertig)
         return Sprache::text(u"fertig"_s);
-    return stand == Stand::laeuft ? Sprache::text(u"läuft"_s) : Sprache::text(u"noch nicht begonnen"_s);
+    return stand == Stand::Laeuft ? Sprache::text(u"läuft"_s) : Sprache::text(u"noch nicht begonnen"_s);
 }
 } // namespace
 
@@ -94,16 +97,16 @@ void Stufenliste::resizeEvent(QResizeEvent *) { teileLegen(); }
 
 QString Stufenliste::zeittext(const Stufenbild &stufe) const
 {
-    if (stufe.stand == Stand::laeuft)
+    if (stufe.stand == Stand::Laeuft)
         return m_rest;
-    return stufe.stand == Stand::fertig ? dauertext(stufe.dauer) : QString();
+    return stufe.stand == Stand::Fertig ? dauertext(stufe.dauer) : QString();
 }
 
 int Stufenliste::zeilenhoehe(const Stufenbild &stufe) const
 {
     const int text =
         fontMetrics().lineSpacing() + QFontMetrics(Stil::schrift(Schrift::Neben)).lineSpacing() + abstand(4);
-    return text + abstand(stufenabstand) + (stufe.stand == Stand::laeuft ? abstand(12) : 0);
+    return text + abstand(stufenabstand) + (stufe.stand == Stand::Laeuft ? abstand(12) : 0);
 }
 
 QSize Stufenliste::sizeHint() const
@@ -135,11 +138,11 @@ void Stufenliste::stufeMalen(QPainter &maler, const Stufenbild &stufe, int oben,
     maler.drawText(QRect(zeile.left(), oben + hoehe + abstand(4), zeile.width(), neben),
                    Qt::AlignLeft | Qt::AlignVCenter,
                    maler.fontMetrics().elidedText(stufe.meldung, Qt::ElideRight, zeile.width()));
-    maler.setFont(Stil::schrift(stufe.stand == Stand::laeuft ? Schrift::Halbfett : Schrift::Grund));
+    maler.setFont(Stil::schrift(stufe.stand == Stand::Laeuft ? Schrift::Halbfett : Schrift::Grund));
     maler.setPen(palette().color(QPalette::WindowText));
     maler.drawText(zeile, Qt::AlignLeft | Qt::AlignVCenter,
                    maler.fontMetrics().elidedText(stufe.name, Qt::ElideRight, platz));
-    if (stufe.stand == Stand::laeuft)
+    if (stufe.stand == Stand::Laeuft)
         Balken::malen(maler, QRectF(zeile.left(), oben + hoehe + neben + abstand(8), zeile.width(), abstand(6)),
                       m_anteil, palette());
 }
@@ -153,3 +156,4 @@ void Stufenliste::paintEvent(QPaintEvent *)
         oben += zeilenhoehe(m_stufen.at(n));
     }
 }
+} // namespace quillmar::ablauf

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "laufbild.h"
+#include "namensraeume.h"
 
 #include <QWidget>
 
+namespace quillmar::ablauf
+{
 /** The four stages of a run below each other: mark, name, message, time; a bar under the one that is going on. */
 class Stufenliste : public QWidget
 {
@@ -36,3 +39,4 @@ private:
 
 /** A duration for the user: seconds, minutes or hours. */
 [[nodiscard]] QString dauertext(std::chrono::milliseconds dauer);
+} // namespace quillmar::ablauf

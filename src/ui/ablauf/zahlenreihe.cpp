@@ -8,6 +8,9 @@
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::ablauf
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -113,3 +116,4 @@ void Zahlenreihe::malen(QPainter &maler, const Zahl &zahl, QPoint ort) const
     maler.setPen(Stil::nebenfarbe(palette()));
     maler.drawText(ort + QPoint(0, gross.lineSpacing() + maler.fontMetrics().ascent()), zahl.was);
 }
+} // namespace quillmar::ablauf

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
+namespace quillmar::ablauf
+{
 /** Figures in a row, or more where it is narrow, each above what it counts. */
 class Zahlenreihe : public QWidget
 {
@@ -35,3 +38,4 @@ private:
     QList<Zahl> m_zahlen;
     QList<QWidget *> m_teile; ///< one over each figure, for a screen reader
 };
+} // namespace quillmar::ablauf

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <algorithm>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr int dicke = 6;
@@ -49,3 +51,4 @@ void Balken::paintEvent(QPaintEvent *)
     QPainter maler(this);
     malen(maler, rect(), m_anteil, palette());
 }
+} // namespace quillmar::bedienteile

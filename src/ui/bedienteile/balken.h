@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
+namespace quillmar::bedienteile
+{
 /** A thin bar in the accent that shows a share: certainty, progress. */
 class Balken : public QWidget
 {
@@ -26,3 +29,4 @@ private:
     int m_breite;
     double m_anteil = 0;
 };
+} // namespace quillmar::bedienteile

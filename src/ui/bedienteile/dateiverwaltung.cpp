@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::bedienteile
+{
 void Dateiverwaltung::ordnerOeffnen(const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); }
 
 void Dateiverwaltung::zeigen(const QString &datei)
@@ -31,3 +33,4 @@ void Dateiverwaltung::zeigen(const QString &datei)
         return fertig(); // without a session bus no signal comes
     QObject::connect(antwort, &QDBusPendingCallWatcher::finished, antwort, fertig);
 }
+} // namespace quillmar::bedienteile

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QString>
 
+namespace quillmar::bedienteile
+{
 /** The desktop's file manager. Nothing here waits for it. */
 namespace Dateiverwaltung
 {
@@ -9,3 +12,4 @@ void ordnerOeffnen(const QString &ordner);
 /** Opens the folder of @p datei with the file selected; where the desktop cannot do that, the folder alone. */
 void zeigen(const QString &datei);
 } // namespace Dateiverwaltung
+} // namespace quillmar::bedienteile

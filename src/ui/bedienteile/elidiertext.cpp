@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr int mindestens = 3; // characters that stay
@@ -63,3 +65,4 @@ void Elidiertext::changeEvent(QEvent *ereignis)
     if (ereignis->type() == QEvent::FontChange)
         einpassen();
 }
+} // namespace quillmar::bedienteile

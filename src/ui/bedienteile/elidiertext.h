@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QLabel>
 
+namespace quillmar::bedienteile
+{
 /** One line of plain text that never widens the window: what does not fit is left out, and stands in the tool tip. */
 class Elidiertext : public QLabel
 {
@@ -30,3 +33,4 @@ private:
     QString m_text;
     QString m_hilfe;
 };
+} // namespace quillmar::bedienteile

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr double schritt = 0.02;
@@ -60,3 +62,4 @@ QColor Farbrechnung::textAuf(const QColor &flaeche, const QColor &wunsch)
 {
     return kontrast(wunsch, flaeche) >= 4.5 ? wunsch : schwarzOderWeiss(flaeche);
 }
+} // namespace quillmar::bedienteile

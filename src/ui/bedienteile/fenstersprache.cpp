@@ -11,6 +11,8 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr auto schreibdauer = 200ms; // of an editor, which may put the file together in steps
@@ -91,3 +93,4 @@ void Fenstersprache::laden()
         QCoreApplication::installTranslator(&m_qt);
     beobachten();
 }
+} // namespace quillmar::bedienteile

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "sprachsatz.h"
 
 #include <QFileSystemWatcher>
@@ -7,6 +8,8 @@
 #include <QTimer>
 #include <QTranslator>
 
+namespace quillmar::bedienteile
+{
 /** The language of the window: the program's own texts, Qt's own (standard buttons, dialogs) and number formats. */
 class Fenstersprache : public QObject
 {
@@ -36,3 +39,4 @@ private:
     QFileSystemWatcher m_waechter; ///< of the file in use and its folder
     QTimer m_takt;
 };
+} // namespace quillmar::bedienteile

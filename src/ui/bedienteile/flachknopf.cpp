@@ -7,6 +7,8 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 
 Flachknopf::Flachknopf(const QString &name, const QString &symbol, const QString &titel, const QString &hilfe,
@@ -73,3 +75,4 @@ void Flachknopf::paintEvent(QPaintEvent *)
         maler.drawItemText(rect().adjusted(icon().isNull() ? x : x + kante + abstand(6), 0, 0, 0),
                            Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), text(), QPalette::ButtonText);
 }
+} // namespace quillmar::bedienteile

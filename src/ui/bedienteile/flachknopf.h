@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QToolButton>
 
+namespace quillmar::bedienteile
+{
 /** A flat button with icon and text that can drop its text, which stays as tool tip. */
 class Flachknopf : public QToolButton
 {
@@ -26,3 +29,4 @@ protected:
 private:
     bool m_hoch = false;
 };
+} // namespace quillmar::bedienteile

@@ -1,5 +1,7 @@
 #include "flussreihe.h"
 
+namespace quillmar::bedienteile
+{
 Flussreihe::~Flussreihe() { qDeleteAll(m_teile); }
 
 QLayoutItem *Flussreihe::takeAt(int stelle)
@@ -49,3 +51,4 @@ QSize Flussreihe::minimumSize() const
         groesse = groesse.expandedTo(teil->sizeHint());
     return groesse;
 }
+} // namespace quillmar::bedienteile

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QLayout>
 
+namespace quillmar::bedienteile
+{
 /** Puts its widgets side by side and goes on in the next line where there is no more room. */
 class Flussreihe : public QLayout
 {
@@ -27,3 +30,4 @@ private:
 
     QList<QLayoutItem *> m_teile;
 };
+} // namespace quillmar::bedienteile

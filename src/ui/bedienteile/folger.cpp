@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <utility>
 
+namespace quillmar::bedienteile
+{
 Schriftmelder::Schriftmelder(QObject *anwendung) : QObject(anwendung) { anwendung->installEventFilter(this); }
 
 Schriftmelder *Schriftmelder::derAnwendung()
@@ -57,3 +59,4 @@ void Folger::folgen()
 }
 
 void Stil::folgen(QWidget *traeger, std::function<void()> anwenden) { new Folger(traeger, std::move(anwenden)); }
+} // namespace quillmar::bedienteile

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QObject>
 #include <functional>
 
 class QWidget;
 
+namespace quillmar::bedienteile
+{
 /** Tells of a new font or palette of the application, of which widgets with a size of their own hear nothing. */
 class Schriftmelder : public QObject
 {
@@ -38,3 +41,4 @@ private:
     std::function<void()> m_anwenden;
     bool m_dabei = false;
 };
+} // namespace quillmar::bedienteile

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -64,3 +66,4 @@ void Hauptknopf::paintEvent(QPaintEvent *)
     maler.setFont(font());
     maler.drawText(rect(), Qt::AlignCenter, text());
 }
+} // namespace quillmar::bedienteile

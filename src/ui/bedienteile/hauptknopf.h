@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QPushButton>
 
+namespace quillmar::bedienteile
+{
 /** The one filled button of a card, the one that goes on: drawn in the accent, with text that reads upon it. */
 class Hauptknopf : public QPushButton
 {
@@ -21,3 +24,4 @@ private:
 
 /** Height of the buttons in the row of a filled one. */
 [[nodiscard]] int knopfhoehe();
+} // namespace quillmar::bedienteile

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr auto zuletzt = "hilfetext"; // the help text that stands as description
@@ -64,3 +66,4 @@ bool Hilfetexte::eventFilter(QObject *empfaenger, QEvent *ereignis)
         return false;
     }
 }
+} // namespace quillmar::bedienteile

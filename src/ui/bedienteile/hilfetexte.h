@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QObject>
 
+namespace quillmar::bedienteile
+{
 /**
  * What the user reads of the program is plain text, wherever it comes from: a label does not take a text for markup,
  * and neither does a tool tip, which wraps instead. A help text is the accessible description of its widget too, and
@@ -20,3 +23,4 @@ public:
 private:
     explicit Hilfetexte(QObject *anwendung);
 };
+} // namespace quillmar::bedienteile

@@ -9,6 +9,9 @@
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 
 namespace
@@ -50,3 +53,4 @@ void Hinweisfeld::paintEvent(QPaintEvent *)
     const int kante = Stil::zeichengroesse();
     Zeichen::malen(maler, QRect(leiste + abstand(4), (height() - kante) / 2, kante, kante), m_symbol, palette());
 }
+} // namespace quillmar::bedienteile

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
 class QPushButton;
+
+namespace quillmar::bedienteile
+{
 class Umbruchtext;
 
 /** A note: a rule at its left edge, a mark, a sentence that wraps, at most one button at its end. */
@@ -30,3 +34,4 @@ private:
     Umbruchtext *m_text;
     QPushButton *m_knopf = nullptr;
 };
+} // namespace quillmar::bedienteile

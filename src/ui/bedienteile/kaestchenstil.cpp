@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr auto eigener = "fusion"_L1;
@@ -56,3 +58,4 @@ void Kaestchenstil::drawPrimitive(PrimitiveElement teil, const QStyleOption *opt
         maler->drawEllipse(rand);
     maler->restore();
 }
+} // namespace quillmar::bedienteile

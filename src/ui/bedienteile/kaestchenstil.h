@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QProxyStyle>
 
+namespace quillmar::bedienteile
+{
 /**
  * The toolkit's own style with boxes to tick that grow with the font, and whose edge is to be seen on a dark ground. A
  * desktop's style does both by itself.
@@ -21,3 +24,4 @@ public:
 private:
     Kaestchenstil();
 };
+} // namespace quillmar::bedienteile

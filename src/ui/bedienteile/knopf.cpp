@@ -6,6 +6,8 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 
 Knopf::Knopf(const QString &name, const QString &text, QWidget *eltern, Hoehe hoehe)
@@ -45,3 +47,4 @@ void Knopf::paintEvent(QPaintEvent *)
     rest.setLeft(rest.left() + kante);
     maler.drawItemText(rest, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), text(), QPalette::ButtonText);
 }
+} // namespace quillmar::bedienteile

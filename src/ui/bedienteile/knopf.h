@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QPushButton>
 
+namespace quillmar::bedienteile
+{
 /** A push button of the platform with even room around its text, as tall as a field or as a filled button. */
 class Knopf : public QPushButton
 {
@@ -19,3 +22,4 @@ protected:
 private:
     Hoehe m_hoehe;
 };
+} // namespace quillmar::bedienteile

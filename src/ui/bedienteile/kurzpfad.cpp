@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+namespace quillmar::bedienteile
+{
 QString kurzpfad(const QString &pfad)
 {
     const QString heim = QDir::homePath();
@@ -9,3 +11,4 @@ QString kurzpfad(const QString &pfad)
         return QStringLiteral("~");
     return pfad.startsWith(heim + u'/') ? u'~' + pfad.mid(heim.size()) : pfad;
 }
+} // namespace quillmar::bedienteile

@@ -14,6 +14,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -81,7 +84,7 @@ QString katalogfehlersatz(const Profilwahl &profilwahl)
                     {kurzpfad(profilwahl.katalogdatei()), profilwahl.katalogfehler()});
 }
 
-void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Profilwahl &profilwahl)
+void Leeransicht::setzeOhneKatalog(const QString &symbol, const Profilwahl &profilwahl)
 {
     if (profilwahl.katalogfehler().isEmpty())
         setzen(symbol, Sprache::text(u"Noch kein Profil"_s),
@@ -94,7 +97,7 @@ void Leeransicht::ohneKatalogSetzen(const QString &symbol, const Profilwahl &pro
 void Leeransicht::ohneKatalogWeiter(Zustand &zustand)
 {
     if (zustand.profilwahl()->katalogfehler().isEmpty())
-        zustand.setzeReiter(Reiter::einrichtung);
+        zustand.setzeReiter(Reiter::Einrichtung);
     else
         zustand.profilwahl()->erneutOeffnen();
 }
@@ -111,3 +114,4 @@ void Leeransicht::setzen(const QString &symbol, const QString &titel, const QStr
     setAccessibleName(titel);
     setAccessibleDescription(zeile);
 }
+} // namespace quillmar::bedienteile

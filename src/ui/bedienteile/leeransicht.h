@@ -1,12 +1,19 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
-class Profilwahl;
-class Zustand;
 class QLabel;
 class QPushButton;
 
+namespace quillmar::zustand
+{
+class Profilwahl;
+class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
 /** The catalogue that does not open, the reason and the way on, for the user. */
 [[nodiscard]] QString katalogfehlersatz(const Profilwahl &profilwahl);
 
@@ -21,8 +28,8 @@ public:
     /** @p symbol as in Zeichen, one of those that begin with "large."; without @p knopf there is no button. */
     void setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
     /** Shows why there is no open catalogue: none of the profile yet, or one that does not open. */
-    void ohneKatalogSetzen(const QString &symbol, const Profilwahl &profilwahl);
-    /** What the button of ohneKatalogSetzen() does. */
+    void setzeOhneKatalog(const QString &symbol, const Profilwahl &profilwahl);
+    /** What the button of setzeOhneKatalog() does. */
     static void ohneKatalogWeiter(Zustand &zustand);
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }
 
@@ -36,3 +43,4 @@ private:
     QLabel *m_zeile;
     QPushButton *m_knopf;
 };
+} // namespace quillmar::bedienteile

@@ -7,6 +7,8 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -51,3 +53,4 @@ void Marktext::paintEvent(QPaintEvent *)
     const int y = m_text->y() + (fontMetrics().height() - kante) / 2;
     Zeichen::malen(maler, QRect(0, std::max(0, y), kante, kante), m_symbol, palette());
 }
+} // namespace quillmar::bedienteile

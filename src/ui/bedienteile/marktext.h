@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
+namespace quillmar::bedienteile
+{
 class Umbruchtext;
 
 /** A sentence that wraps, with a mark before it when there is something to mark; without one it is secondary text. */
@@ -27,3 +30,4 @@ private:
     QString m_symbol;
     Umbruchtext *m_text;
 };
+} // namespace quillmar::bedienteile

@@ -13,16 +13,19 @@
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 
 QString tonzeichen(Meldestelle::Ton ton)
 {
     switch (ton) {
-    case Meldestelle::Ton::gut:
+    case Meldestelle::Ton::Gut:
         return u"checkmark.circle"_s;
-    case Meldestelle::Ton::warnung:
+    case Meldestelle::Ton::Warnung:
         return u"exclamationmark.triangle"_s;
-    case Meldestelle::Ton::ruhig:
+    case Meldestelle::Ton::Ruhig:
         break;
     }
     return {};
@@ -43,11 +46,12 @@ Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfu
     raster->addWidget(m_zweite, 1, 0, 1, 2);
     raster->setColumnStretch(0, 1);
     m_zurueck->setzeMitText(true);
-    connect(m_zurueck, &QToolButton::clicked, this,
-            [this] { m_ausfuehrung->zurueckMoeglich() ? m_ausfuehrung->zurueck() : m_ausfuehrung->rueckgaengig(); });
+    connect(m_zurueck, &QToolButton::clicked, this, [this] {
+        m_ausfuehrung->tatRuecknehmbar() ? m_ausfuehrung->tatZuruecknehmen() : m_ausfuehrung->rueckgaengig();
+    });
     connect(m_meldestelle, &Meldestelle::hinweisGeaendert, this, &Meldungszeile::zeigen);
-    connect(m_pruefung, &Pruefung::umkehrbarGeaendert, this, &Meldungszeile::zeigen);
-    for (const auto signal : {&Ausfuehrung::vorgangGeaendert, &Ausfuehrung::zurueckMoeglichGeaendert})
+    connect(m_pruefung, &Pruefung::ruecknehmbarGeaendert, this, &Meldungszeile::zeigen);
+    for (const auto signal : {&Ausfuehrung::vorgangGeaendert, &Ausfuehrung::tatRuecknehmbarGeaendert})
         connect(m_ausfuehrung, signal, this, &Meldungszeile::zeigen);
     Stil::folgen(this, [raster] {
         raster->setContentsMargins(Stil::zeichengroesse() + abstand(6), 0, 0, 0);
@@ -75,9 +79,9 @@ void Meldungszeile::zeigen()
     const QString text = m_zweizeilig ? teile.value(0) : teile.join(u" · "_s);
     m_text->setzeText(text);
     m_zweite->setzeText(m_zweizeilig ? teile.value(1) : QString());
-    m_zurueck->setEnabled(m_ausfuehrung->zurueckMoeglich() || m_pruefung->umkehrbar());
+    m_zurueck->setEnabled(m_ausfuehrung->tatRuecknehmbar() || m_pruefung->ruecknehmbar());
     m_zurueck->setzeHilfe(Sprache::text(u"Rückgängig"_s),
-                          m_ausfuehrung->zurueckMoeglich()
+                          m_ausfuehrung->tatRuecknehmbar()
                               ? Sprache::text(u"Macht genau das ungeschehen, was hier steht"_s)
                               : Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s));
     update();
@@ -92,3 +96,4 @@ void Meldungszeile::paintEvent(QPaintEvent *)
     Zeichen::malen(maler, QRect(0, m_text->geometry().center().y() - kante / 2, kante, kante),
                    tonzeichen(m_meldestelle->ton()), palette());
 }
+} // namespace quillmar::bedienteile

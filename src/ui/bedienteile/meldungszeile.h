@@ -1,14 +1,21 @@
 #pragma once
 
 #include "meldestelle.h"
+#include "namensraeume.h"
 
 #include <QWidget>
 
-class Elidiertext;
-class Flachknopf;
+namespace quillmar::zustand
+{
+class Ausfuehrung;
 class Meldestelle;
 class Pruefung;
-class Ausfuehrung;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Elidiertext;
+class Flachknopf;
 
 /** The mark of @p ton; empty for none. */
 [[nodiscard]] QString tonzeichen(Meldestelle::Ton ton);
@@ -38,3 +45,4 @@ private:
     Flachknopf *m_zurueck;
     bool m_zweizeilig = false;
 };
+} // namespace quillmar::bedienteile

@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QWidget>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 class Sperre : public QObject
@@ -21,3 +23,4 @@ public:
 } // namespace
 
 void radsperre(QWidget *feld) { feld->installEventFilter(new Sperre(feld)); }
+} // namespace quillmar::bedienteile

@@ -2,6 +2,8 @@
 
 #include <QScrollArea>
 
+namespace quillmar::bedienteile
+{
 QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern)
 {
     auto *rollen = new QScrollArea(eltern);
@@ -14,3 +16,4 @@ QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern)
     inhalt->setAutoFillBackground(false);
     return rollen;
 }
+} // namespace quillmar::bedienteile

@@ -10,6 +10,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 
 Rueckfrage::Rueckfrage(const QString &name, const QString &knopf, QWidget *eltern)
@@ -46,3 +49,4 @@ void Rueckfrage::keyPressEvent(QKeyEvent *ereignis)
     else
         QWidget::keyPressEvent(ereignis);
 }
+} // namespace quillmar::bedienteile

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
-class Umbruchtext;
 class QPushButton;
+
+namespace quillmar::bedienteile
+{
+class Umbruchtext;
 
 /** Asks before something that cannot be taken back, in the place where it was asked for. The focus is on "Abbrechen".
  */
@@ -29,3 +33,4 @@ private:
     QPushButton *m_tun;
     QPushButton *m_lassen;
 };
+} // namespace quillmar::bedienteile

@@ -11,6 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr auto schluesselSchrift = "schriftgroesse"_L1;
@@ -41,3 +43,4 @@ void schriftgroesseWaehlen(double punkte)
     Einstellungen::setzen(schluesselSchrift, neu);
     Stil::setzeSchriftgroesse(neu);
 }
+} // namespace quillmar::bedienteile

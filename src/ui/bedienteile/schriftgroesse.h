@@ -1,5 +1,9 @@
 #pragma once
 
+#include "namensraeume.h"
+
+namespace quillmar::bedienteile
+{
 /** Sets and stores the font size, within its bounds. */
 void schriftgroesseWaehlen(double punkte);
 
@@ -8,3 +12,4 @@ void schriftgroesseWaehlen(double punkte);
  * without one the desktop's holds.
  */
 void schriftgroesseAnwenden();
+} // namespace quillmar::bedienteile

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr double zeichnungspunkte = 10;
@@ -215,3 +217,4 @@ void Stil::platzhalterFolgt(QWidget *feld)
         feld->setPalette(palette);
     });
 }
+} // namespace quillmar::bedienteile

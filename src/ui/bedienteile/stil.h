@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QColor>
 #include <QFont>
 #include <QPalette>
@@ -7,6 +8,8 @@
 
 class QWidget;
 
+namespace quillmar::bedienteile
+{
 /**
  * What makes the window look of one piece: sizes of type, distances and colours. Everything is computed from the
  * application's font and a palette, so that the desktop's colours, dark mode and the chosen font size come by
@@ -98,3 +101,4 @@ void schriftFolgt(QWidget *schild, Schrift art);
 void nebentext(QWidget *schild);
 void platzhalterFolgt(QWidget *feld);
 } // namespace Stil
+} // namespace quillmar::bedienteile

@@ -6,6 +6,8 @@
 #include <QShortcut>
 #include <utility>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr quint64 keineHand = 5; // ms from release to press that no finger is fast enough for
@@ -71,3 +73,4 @@ QAbstractButton *knopfImFokus(const QWidget *teil)
     auto *knopf = qobject_cast<QAbstractButton *>(teil->focusWidget());
     return knopf && knopf->hasFocus() ? knopf : nullptr;
 }
+} // namespace quillmar::bedienteile

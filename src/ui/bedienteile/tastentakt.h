@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QHash>
 #include <QKeySequence>
 #include <QObject>
@@ -7,6 +8,8 @@
 
 class QAbstractButton;
 
+namespace quillmar::bedienteile
+{
 /**
  * Tells a key that is held down from one that is pressed anew. QKeyEvent::isAutoRepeat() alone does not: under X11 a
  * repeat comes as a release and a press, and on a busy machine Qt takes the two for another stroke.
@@ -42,3 +45,4 @@ void kurztaste(const QKeySequence &tasten, QWidget *karte, const std::function<v
 
 /** The button below @p teil that has the focus; null if another widget has it. */
 [[nodiscard]] QAbstractButton *knopfImFokus(const QWidget *teil);
+} // namespace quillmar::bedienteile

@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr double kleinster = 0.25;
@@ -140,3 +142,4 @@ void Teiler::anordnen()
 }
 
 void Teiler::resizeEvent(QResizeEvent *) { anordnen(); }
+} // namespace quillmar::bedienteile

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 #include <optional>
 
+namespace quillmar::bedienteile
+{
 /**
  * Two panes with a line between them that can be moved: by dragging (from 10 pixels on), by the arrow keys when it has
  * the focus, and back to the middle by a double click.
@@ -35,3 +38,4 @@ private:
     Griff *m_griff;
     double m_anteil = 0.5;
 };
+} // namespace quillmar::bedienteile

@@ -4,6 +4,8 @@
 #include <QTextLayout>
 #include <cmath>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr int mindestens = 12; // characters of width that it asks for
@@ -76,3 +78,4 @@ void Umbruchtext::paintEvent(QPaintEvent *)
     zeilenLegen(satz, width());
     satz.draw(&maler, {0, 0});
 }
+} // namespace quillmar::bedienteile

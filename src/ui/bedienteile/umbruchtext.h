@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QLabel>
 
 class QTextLayout;
 
+namespace quillmar::bedienteile
+{
 /** Plain text that wraps wherever it must, in the middle of long words too; never left out, never wider than its room.
  */
 class Umbruchtext : public QLabel
@@ -27,3 +30,4 @@ private:
 
     QString m_text;
 };
+} // namespace quillmar::bedienteile

@@ -8,6 +8,8 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+namespace quillmar::bedienteile
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -110,3 +112,4 @@ void Umschalter::paintEvent(QPaintEvent *)
     maler.setBrush(Stil::toenung(palette().color(QPalette::WindowText), palette()));
     maler.drawRoundedRect(rect(), 4, 4);
 }
+} // namespace quillmar::bedienteile

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
+namespace quillmar::bedienteile
+{
 /** Two choices side by side of which one holds. The words can be dropped; they stay as tool tips then. */
 class Umschalter : public QWidget
 {
@@ -33,3 +36,4 @@ private:
     Haelfte *m_links;
     Haelfte *m_rechts;
 };
+} // namespace quillmar::bedienteile

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QLabel>
 
+namespace quillmar::bedienteile
+{
 /** A label that shows nothing and hears no mouse: what its parent paints below it, as an object for a screen reader. */
 inline QLabel *vorlesbares(const QString &name, QWidget *eltern)
 {
@@ -10,3 +13,4 @@ inline QLabel *vorlesbares(const QString &name, QWidget *eltern)
     teil->setAttribute(Qt::WA_TransparentForMouseEvents);
     return teil;
 }
+} // namespace quillmar::bedienteile

@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 QColor bedeutungsfarbe(const Zeichenzeile &zeile, const QPalette &palette)
@@ -162,3 +164,4 @@ void Zeichen::malen(QPainter &maler, const QRect &flaeche, const QString &name, 
 }
 
 QStringList Zeichen::namen() { return Zeichentafel::namen(); }
+} // namespace quillmar::bedienteile

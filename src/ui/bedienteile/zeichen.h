@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QColor>
 #include <QIcon>
 #include <QPalette>
 
 class QPainter;
 
+namespace quillmar::bedienteile
+{
 /**
  * The window's symbols, asked for by name in one table: from the desktop's icon theme where it has them, else our own
  * drawings. What the theme draws in grey alone and all of ours take their colours from the palette when they are
@@ -26,3 +29,4 @@ void malen(QPainter &maler, const QRect &flaeche, const QString &name, const QPa
 /** All names of the table. */
 [[nodiscard]] QStringList namen();
 } // namespace Zeichen
+} // namespace quillmar::bedienteile

@@ -5,6 +5,8 @@
 
 #include <QLabel>
 
+namespace quillmar::bedienteile
+{
 QLabel *zeichenschild(const QString &symbol, QWidget *eltern)
 {
     auto *schild = new QLabel(eltern);
@@ -13,3 +15,4 @@ QLabel *zeichenschild(const QString &symbol, QWidget *eltern)
     });
     return schild;
 }
+} // namespace quillmar::bedienteile

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 using Farbe = Zeichenzeile::Farbe;
@@ -74,3 +76,4 @@ QStringList Zeichentafel::namen()
         namen << QString::fromLatin1(zeile.name);
     return namen;
 }
+} // namespace quillmar::bedienteile

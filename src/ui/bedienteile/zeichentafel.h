@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QStringList>
 
+namespace quillmar::bedienteile
+{
 /** One line of the table of symbols. */
 struct Zeichenzeile {
     enum class Farbe { Schrift, Warnung, Gut, Fehler, Akzent };
@@ -19,3 +22,4 @@ namespace Zeichentafel
 
 [[nodiscard]] QStringList namen();
 } // namespace Zeichentafel
+} // namespace quillmar::bedienteile

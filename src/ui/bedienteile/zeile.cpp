@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QWidget>
 
+namespace quillmar::bedienteile
+{
 namespace
 {
 constexpr int zwischenraum = 10;
@@ -21,3 +23,4 @@ QWidget *zeile(QWidget *eltern, const QList<QWidget *> &teile)
     Stil::folgen(traeger, [reihe] { reihe->setSpacing(Stil::abstand(zwischenraum)); });
     return traeger;
 }
+} // namespace quillmar::bedienteile

@@ -9,6 +9,9 @@
 #include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 
 namespace
@@ -33,7 +36,7 @@ class Eigentuemer : public Abschnittsseite
 public:
     Eigentuemer(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
         : Abschnittsseite(
-              profilwahl, einrichtung, Abschnitt::eigentuemer,
+              profilwahl, einrichtung, Abschnitt::Eigentuemer,
               Sprache::text(u"Wer du bist. Daran erkennt das Programm bei jedem Schreiben die andere Seite."_s), eltern)
     {
         QLineEdit *wer = textfeld(u"eigentuemer"_s, &Profil::eigentuemer);
@@ -108,3 +111,4 @@ Abschnittsseite *eigentuemerseite(Profilwahl *profilwahl, Einrichtung *einrichtu
 {
     return new Eigentuemer(profilwahl, einrichtung, eltern);
 }
+} // namespace quillmar::einrichtung

@@ -15,6 +15,9 @@
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 
 namespace
@@ -27,7 +30,7 @@ class Gelernt : public Abschnittsseite
 {
 public:
     Gelernt(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
-        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::gelernt,
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::Gelernt,
                           Sprache::text(u"Was sich das Programm aus deinen Entscheidungen gemerkt hat."_s), eltern)
     {
         zuordnungenBauen();
@@ -195,3 +198,4 @@ Abschnittsseite *gelerntseite(Profilwahl *profilwahl, Einrichtung *einrichtung, 
 {
     return new Gelernt(profilwahl, einrichtung, eltern);
 }
+} // namespace quillmar::einrichtung

@@ -17,6 +17,9 @@
 #include <QStringListModel>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 
 namespace
@@ -28,7 +31,7 @@ class Herkunft : public Abschnittsseite
 {
 public:
     Herkunft(Profilwahl *profilwahl, Einrichtung *einrichtung, Pruefung *pruefung, QWidget *eltern)
-        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::herkunft,
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::Herkunft,
                           Sprache::text(u"Der Ordner mit den Scans. Gelesen wird er nur, bis du einen Vorschlag "
                                         "übernimmst."_s),
                           eltern),
@@ -273,3 +276,4 @@ Abschnittsseite *herkunftseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
 {
     return new Herkunft(profilwahl, einrichtung, pruefung, eltern);
 }
+} // namespace quillmar::einrichtung

@@ -21,6 +21,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 
 namespace
@@ -37,7 +40,7 @@ class Modell : public Abschnittsseite
 {
 public:
     Modell(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst, QWidget *eltern)
-        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::modell,
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::Modell,
                           Sprache::text(u"Womit die Dokumente eingeordnet werden. Alles läuft auf diesem Rechner, kein "
                                         "Text verlässt ihn."_s),
                           eltern),
@@ -202,9 +205,9 @@ private:
 
     void serverZeigen(Modellstand::Art art)
     {
-        if (art == Modellstand::Art::unbekannt)
+        if (art == Modellstand::Art::Unbekannt)
             return m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
-        if (art == Modellstand::Art::serverFehlt)
+        if (art == Modellstand::Art::ServerFehlt)
             return m_server->setzen(u"exclamationmark.triangle"_s,
                                     Sprache::text(u"ollama läuft nicht. Was zu tun ist, steht unter Programme."_s) +
                                         umgebung(u" "_s));
@@ -229,7 +232,7 @@ private:
         const bool da = Modellstand::treffer(stand.vorhandene, gewaehlt).has_value();
         const bool kommt = stand.laedtModell == gewaehlt && !gewaehlt.isEmpty();
         w.laden->setVisible(!da && !kommt && !anderswo && !gewaehlt.isEmpty());
-        w.laden->setEnabled(stand.art != Modellstand::Art::serverFehlt && stand.laedtModell.isEmpty());
+        w.laden->setEnabled(stand.art != Modellstand::Art::ServerFehlt && stand.laedtModell.isEmpty());
         if (anderswo)
             w.stand->setzen(u"exclamationmark.triangle"_s, Modellstand::anderswoSatz(w.wahl->currentText()));
         else if (gewaehlt.isEmpty())
@@ -244,7 +247,7 @@ private:
 
     static void fehlendesZeigen(const Modellwahl &w, const Modellstand &stand, const QString &gewaehlt)
     {
-        if (stand.art == Modellstand::Art::serverFehlt || stand.art == Modellstand::Art::unbekannt)
+        if (stand.art == Modellstand::Art::ServerFehlt || stand.art == Modellstand::Art::Unbekannt)
             return w.stand->erklaeren(Sprache::text(u"Ob es da ist, weiß nur der Modellserver."_s));
         QString satz = gefuellt(Sprache::text(u"Das Modell %@ fehlt noch"_s), {gewaehlt});
         if (stand.fehlermodell == gewaehlt && !stand.ladefehler.isEmpty())
@@ -351,3 +354,4 @@ Abschnittsseite *modellseite(Profilwahl *profilwahl, Einrichtung *einrichtung, M
 {
     return new Modell(profilwahl, einrichtung, modelldienst, eltern);
 }
+} // namespace quillmar::einrichtung

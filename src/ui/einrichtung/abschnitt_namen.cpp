@@ -16,6 +16,9 @@
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -27,7 +30,7 @@ class Namen : public Abschnittsseite
 public:
     Namen(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
         : Abschnittsseite(
-              profilwahl, einrichtung, Abschnitt::namen,
+              profilwahl, einrichtung, Abschnitt::Namen,
               Sprache::text(u"Wie die Dateien heißen und in welchen Ordner sie kommen. Ein Baustein wird an "
                             "der Schreibmarke eingesetzt."_s),
               eltern)
@@ -39,7 +42,7 @@ public:
         luecke();
         vorlage(u"pfadVorlage"_s, &Profil::pfadVorlage, Sprache::text(u"Ordner"_s),
                 Sprache::text(u"Ordnerebenen durch Schrägstrich getrennt. Fehlt ein Baustein, fällt die Ebene weg."_s),
-                {Baustein::zweig, Baustein::ablage, Baustein::jahr, Baustein::rubrik}, true);
+                {Baustein::Zweig, Baustein::Ablage, Baustein::Jahr, Baustein::Rubrik}, true);
         beispielBauen();
         abschliessen();
         folgen([this] { beispielZeigen(); });
@@ -54,7 +57,7 @@ private:
     void vorlage(const QString &name, QString Profil::*feld, const QString &beschriftung, const QString &hilfe,
                  const QList<Baustein> &bausteine, bool istPfad)
     {
-        QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::bleibt);
+        QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::Bleibt);
         reihe(beschriftung, hilfe, eingabe);
         auto *bloecke = new QWidget(this);
         auto *fluss = new Flussreihe(bloecke);
@@ -183,3 +186,4 @@ Abschnittsseite *namenseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QW
 {
     return new Namen(profilwahl, einrichtung, eltern);
 }
+} // namespace quillmar::einrichtung

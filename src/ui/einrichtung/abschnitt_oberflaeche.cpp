@@ -17,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::einrichtung
+{
 namespace
 {
 constexpr int sprachzeichen = 22;
@@ -57,7 +59,7 @@ class Oberflaeche : public Abschnittsseite
 {
 public:
     Oberflaeche(Profilwahl *profilwahl, Einrichtung *einrichtung, Fenstersprache *sprache, QWidget *eltern)
-        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::oberflaeche,
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::Oberflaeche,
                           Sprache::text(u"Gilt für das ganze Fenster und alle Profile, sofort und ohne Neustart."_s),
                           eltern),
           m_sprache(sprache)
@@ -132,3 +134,4 @@ Abschnittsseite *oberflaechenseite(Profilwahl *profilwahl, Einrichtung *einricht
 {
     return new Oberflaeche(profilwahl, einrichtung, sprache, eltern);
 }
+} // namespace quillmar::einrichtung

@@ -15,6 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::einrichtung
+{
 namespace
 {
 constexpr int sprachzeichen = 22;
@@ -24,7 +26,7 @@ class Programme : public Abschnittsseite
 {
 public:
     Programme(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst, QWidget *eltern)
-        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::programme,
+        : Abschnittsseite(profilwahl, einrichtung, Abschnitt::Programme,
                           Sprache::text(u"Womit die Dokumente gelesen werden. Alles läuft auf diesem Rechner."_s),
                           eltern),
           m_modelldienst(modelldienst)
@@ -151,10 +153,10 @@ private:
     void serverZeigen()
     {
         switch (m_modelldienst->modellstand().art) {
-        case Modellstand::Art::unbekannt:
+        case Modellstand::Art::Unbekannt:
             m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
             return m_rat->erklaeren({});
-        case Modellstand::Art::serverFehlt:
+        case Modellstand::Art::ServerFehlt:
             m_server->setzen(u"exclamationmark.triangle"_s, m_modelldienst->modellMeldung());
             return m_rat->erklaeren(
                 Sprache::text(u"Starte ihn mit „ollama serve“. Fehlt er ganz, installiere das Programm ollama und "
@@ -179,3 +181,4 @@ Abschnittsseite *programmseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
 {
     return new Programme(profilwahl, einrichtung, modelldienst, eltern);
 }
+} // namespace quillmar::einrichtung

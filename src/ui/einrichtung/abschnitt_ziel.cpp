@@ -17,6 +17,9 @@
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 
 namespace
@@ -30,7 +33,7 @@ class Ziel : public Abschnittsseite
 public:
     Ziel(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern)
         : Abschnittsseite(
-              profilwahl, einrichtung, Abschnitt::ziel,
+              profilwahl, einrichtung, Abschnitt::Ziel,
               Sprache::text(u"Die Wurzel deiner Ablage. Darunter liegen Zweige, Ablagen und Rubriken so, wie du sie "
                             "angelegt hast."_s),
               eltern)
@@ -117,7 +120,7 @@ private:
             knopf->setMinimumHeight(abstand(30));
             paar->setSpacing(abstand(8));
         });
-        connect(knopf, &QRadioButton::clicked, this, [this, kopieren] { profilwahl()->kopierenSetzen(kopieren); });
+        connect(knopf, &QRadioButton::clicked, this, [this, kopieren] { profilwahl()->setzeKopieren(kopieren); });
         return knopf;
     }
 
@@ -187,8 +190,8 @@ private:
         const Strukturzahlen &z = e.zahlen;
         if (e.liestStruktur)
             return m_zahlen->setzen(u"circle.running"_s, Sprache::text(u"Ordner werden gelesen …"_s));
-        if (!e.strukturmeldung.isEmpty())
-            return m_zahlen->setzen(u"exclamationmark.triangle"_s, e.strukturmeldung);
+        if (!e.strukturmangel.isEmpty())
+            return m_zahlen->setzen(u"exclamationmark.triangle"_s, e.strukturmangel);
         if (e.strukturAlt)
             return m_zahlen->setzen(
                 u"exclamationmark.triangle"_s,
@@ -225,3 +228,4 @@ Abschnittsseite *zielseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWi
 {
     return new Ziel(profilwahl, einrichtung, eltern);
 }
+} // namespace quillmar::einrichtung

@@ -1,12 +1,25 @@
 #pragma once
 
-class Abschnittsseite;
+#include "namensraeume.h"
+
+class QWidget;
+
+namespace quillmar::zustand
+{
 class Einrichtung;
-class Fenstersprache;
 class Modelldienst;
 class Profilwahl;
 class Pruefung;
-class QWidget;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Fenstersprache;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::einrichtung
+{
+class Abschnittsseite;
 
 /** The sections of the setup card, one to a file. */
 [[nodiscard]] Abschnittsseite *programmseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
@@ -21,3 +34,4 @@ class QWidget;
 [[nodiscard]] Abschnittsseite *gelerntseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
 [[nodiscard]] Abschnittsseite *oberflaechenseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
                                                  Fenstersprache *sprache, QWidget *eltern);
+} // namespace quillmar::einrichtung

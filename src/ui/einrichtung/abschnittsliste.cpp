@@ -11,6 +11,9 @@
 #include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -22,17 +25,17 @@ constexpr int rolleSymbol = Qt::UserRole + 1;
 QString symbol(Abschnittsstand::Lage lage)
 {
     switch (lage) {
-    case Abschnittsstand::Lage::fehlt:
-    case Abschnittsstand::Lage::offen:
+    case Abschnittsstand::Lage::Fehlt:
+    case Abschnittsstand::Lage::Offen:
         return u"circle"_s;
-    case Abschnittsstand::Lage::gestoert:
-    case Abschnittsstand::Lage::warnung:
+    case Abschnittsstand::Lage::Gestoert:
+    case Abschnittsstand::Lage::Warnung:
         return u"exclamationmark.triangle"_s;
-    case Abschnittsstand::Lage::prueft:
+    case Abschnittsstand::Lage::Prueft:
         return u"circle.running"_s;
-    case Abschnittsstand::Lage::gut:
+    case Abschnittsstand::Lage::Gut:
         return u"checkmark.circle"_s;
-    case Abschnittsstand::Lage::ohne:
+    case Abschnittsstand::Lage::Ohne:
         break;
     }
     return {};
@@ -52,16 +55,16 @@ QString spracheUndSchrift()
 QString wort(Abschnittsstand::Lage lage)
 {
     switch (lage) {
-    case Abschnittsstand::Lage::fehlt:
-    case Abschnittsstand::Lage::offen:
+    case Abschnittsstand::Lage::Fehlt:
+    case Abschnittsstand::Lage::Offen:
         return Sprache::text(u"fehlt noch"_s);
-    case Abschnittsstand::Lage::gestoert:
-    case Abschnittsstand::Lage::warnung:
+    case Abschnittsstand::Lage::Gestoert:
+    case Abschnittsstand::Lage::Warnung:
         return Sprache::text(u"Achtung"_s);
-    case Abschnittsstand::Lage::gut:
+    case Abschnittsstand::Lage::Gut:
         return Sprache::text(u"fertig"_s);
-    case Abschnittsstand::Lage::prueft:
-    case Abschnittsstand::Lage::ohne:
+    case Abschnittsstand::Lage::Prueft:
+    case Abschnittsstand::Lage::Ohne:
         break;
     }
     return {};
@@ -156,7 +159,7 @@ void Abschnittsliste::zeigen()
 {
     for (const Abschnitt abschnitt : alleAbschnitte()) {
         Abschnittsstand stand = m_einrichtung->abschnittsstand(abschnitt);
-        if (abschnitt == Abschnitt::oberflaeche)
+        if (abschnitt == Abschnitt::Oberflaeche)
             stand.zeile = m_fenster;
         QStandardItem *zeile = m_zeilen->item(int(abschnitt));
         zeile->setData(stand.zeile, rolleZeile);
@@ -176,3 +179,4 @@ void Abschnittsliste::currentChanged(const QModelIndex &jetzt, const QModelIndex
     if (jetzt.isValid())
         m_einrichtung->setzeAbschnitt(Abschnitt(jetzt.row()));
 }
+} // namespace quillmar::einrichtung

@@ -1,10 +1,17 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QListView>
 
 class QStandardItemModel;
-class Einrichtung;
 
+namespace quillmar::zustand
+{
+class Einrichtung;
+} // namespace quillmar::zustand
+
+namespace quillmar::einrichtung
+{
 /** The sections of the setup card: a mark for the state of each, its title and one line of what is set. */
 class Abschnittsliste : public QListView
 {
@@ -24,3 +31,4 @@ private:
     QStandardItemModel *m_zeilen;
     QString m_fenster; ///< language and font size, which are no business of the state object
 };
+} // namespace quillmar::einrichtung

@@ -19,6 +19,9 @@
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -36,11 +39,11 @@ QString ausgeschrieben(const QString &pfad)
 QString bereinigt(const QString &text, Abschnittsseite::Rand rand)
 {
     switch (rand) {
-    case Abschnittsseite::Rand::weg:
+    case Abschnittsseite::Rand::Weg:
         return text.trimmed();
-    case Abschnittsseite::Rand::pfad:
+    case Abschnittsseite::Rand::Pfad:
         return ausgeschrieben(text);
-    case Abschnittsseite::Rand::bleibt:
+    case Abschnittsseite::Rand::Bleibt:
         break;
     }
     return text;
@@ -99,7 +102,7 @@ void Abschnittsseite::aendern(const std::function<void(Profil &)> &aenderung) co
         return;
     Profil neu = *m_profilwahl->aktiv();
     aenderung(neu);
-    m_profilwahl->profilAendern(neu);
+    m_profilwahl->setzeProfil(neu);
 }
 
 void Abschnittsseite::folgen(const std::function<void()> &zeigen)
@@ -270,7 +273,7 @@ QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
 
 QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*feld, const QString &frage, QWidget **teil)
 {
-    QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::pfad);
+    QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::Pfad);
     QPushButton *waehlen = knopf(name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), frage);
     connect(waehlen, &QPushButton::clicked, this, [this, eingabe, feld, frage] {
         const QString zweck = eingabe->objectName() + u'-' + profil().id.toString(QUuid::WithoutBraces);
@@ -321,3 +324,4 @@ QWidget *Abschnittsseite::daneben(QWidget *feld, int zeichen, QWidget *text)
     kippen(static_cast<QBoxLayout *>(zeile->layout()));
     return zeile;
 }
+} // namespace quillmar::einrichtung

@@ -1,21 +1,32 @@
 #pragma once
 
 #include "abschnitt.h"
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <QWidget>
 #include <functional>
 
-class Flachknopf;
-class Marktext;
 class QBoxLayout;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+
+namespace quillmar::zustand
+{
 class Einrichtung;
 class Profilwahl;
+} // namespace quillmar::zustand
 
+namespace quillmar::bedienteile
+{
+class Flachknopf;
+class Marktext;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::einrichtung
+{
 /** One section of the setup card: title, explanation, and rows of a label and what belongs to it. */
 class Abschnittsseite : public QWidget
 {
@@ -23,9 +34,9 @@ class Abschnittsseite : public QWidget
 
 public:
     enum class Rand {
-        weg,
-        pfad,
-        bleibt
+        Weg,
+        Pfad,
+        Bleibt
     }; ///< blanks at the ends of what is typed; in a path "~" is spelled out as well
 
     /** Widest label, and the width that the column of labels has in all sections. */
@@ -63,7 +74,7 @@ protected:
     /** A line edit whose text is the profile's @p feld; @p mangel says what is wrong with a text that is not stored. */
     QLineEdit *textfeld(const QString &name, QString Profil::*feld,
                         const std::function<QString(const QString &)> &mangel = {}, Marktext *beschwerde = nullptr,
-                        const QString &hilfe = {}, Rand rand = Rand::weg);
+                        const QString &hilfe = {}, Rand rand = Rand::Weg);
     /** A line edit for a folder, and the row with its button "Wählen …". */
     QLineEdit *ordnerfeld(const QString &name, QString Profil::*feld, const QString &frage, QWidget **teil);
     QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe = {}, const QString &symbol = {});
@@ -103,3 +114,4 @@ private:
 
 /** Height and text margin of a field, as they are in all cards; follows the font. */
 void feldmass(QWidget *feld);
+} // namespace quillmar::einrichtung

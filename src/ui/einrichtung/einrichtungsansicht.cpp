@@ -30,6 +30,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 
 namespace
@@ -217,7 +220,7 @@ void EinrichtungsAnsicht::weiter()
     }
     if (!m_zustand->einrichtung()->starthindernis().isEmpty())
         return;
-    m_zustand->setzeReiter(Reiter::ablauf);
+    m_zustand->setzeReiter(Reiter::Ablauf);
     m_zustand->durchgang()->durchgangErbitten();
 }
 
@@ -229,3 +232,4 @@ void EinrichtungsAnsicht::paintEvent(QPaintEvent *)
     maler.fillRect(m_links->width(), 0, 1, height(), Stil::linie(palette()));
     maler.fillRect(m_links->width(), height() - m_fuss->height(), width(), 1, Stil::linie(palette()));
 }
+} // namespace quillmar::einrichtung

@@ -1,19 +1,31 @@
 #pragma once
 
 #include "abschnitt.h"
+#include "namensraeume.h"
 
 #include <QMap>
 #include <QWidget>
 
-class Abschnittsliste;
-class Abschnittsseite;
+class QStackedLayout;
+class QStackedWidget;
+
+namespace quillmar::zustand
+{
+class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
 class Fenstersprache;
 class Hauptknopf;
 class Hinweisfeld;
 class Marktext;
-class QStackedLayout;
-class QStackedWidget;
-class Zustand;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::einrichtung
+{
+class Abschnittsliste;
+class Abschnittsseite;
 
 /** The setup card: the sections, the chosen one, and the button that goes on; before the first profile what to begin
  * with. */
@@ -51,3 +63,4 @@ private:
     Hauptknopf *m_weiter = nullptr;
     Marktext *m_grund = nullptr;
 };
+} // namespace quillmar::einrichtung

@@ -15,6 +15,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -88,3 +91,4 @@ void Erststart::paintEvent(QPaintEvent *)
     const QRect flaeche((width() - abstand(kante)) / 2, m_bild->y(), abstand(kante), abstand(kante));
     Zeichen::malen(maler, flaeche, u"large.folder"_s, palette(), Stil::nebenfarbe(palette()));
 }
+} // namespace quillmar::einrichtung

@@ -1,10 +1,17 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
-class Hauptknopf;
 class QVBoxLayout;
 
+namespace quillmar::bedienteile
+{
+class Hauptknopf;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::einrichtung
+{
 /** What stands on the setup card before there is a profile: what the program does, and the one next step. */
 class Erststart : public QWidget
 {
@@ -26,3 +33,4 @@ private:
     QWidget *m_bild;
     Hauptknopf *m_knopf;
 };
+} // namespace quillmar::einrichtung

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QAbstractTableModel>
 #include <functional>
 
+namespace quillmar::einrichtung
+{
 /** Rows of texts that a view asks for one by one, so that long lists cost nothing until they are seen. */
 class Lerntabelle : public QAbstractTableModel
 {
@@ -46,3 +49,4 @@ private:
     Inhalt m_inhalt;
     int m_anzahl = 0;
 };
+} // namespace quillmar::einrichtung

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QStringList>
 
+namespace quillmar::einrichtung
+{
 /** The languages of the text recognition as the user reads them. Codes are those of tesseract: "deu", "deu+eng". */
 namespace Ocrsprachen
 {
@@ -13,3 +16,4 @@ namespace Ocrsprachen
 /** The package that brings the data of @p code. */
 [[nodiscard]] QString paket(const QString &code);
 } // namespace Ocrsprachen
+} // namespace quillmar::einrichtung

@@ -15,6 +15,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Stil::abstand;
 
 Profilleiste::Profilleiste(Profilwahl *profilwahl, QWidget *eltern)
@@ -98,7 +101,7 @@ void Profilleiste::nameUebernehmen()
         return;
     Profil neu = *m_profilwahl->aktiv();
     neu.name = name;
-    m_profilwahl->profilAendern(neu);
+    m_profilwahl->setzeProfil(neu);
     schliessen();
     m_umbenennen->setFocus();
 }
@@ -129,3 +132,4 @@ void Profilleiste::keyPressEvent(QKeyEvent *ereignis)
     schliessen();
     m_umbenennen->setFocus();
 }
+} // namespace quillmar::einrichtung

@@ -1,12 +1,23 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
-class Flachknopf;
 class QLineEdit;
-class Rueckfrage;
-class Profilwahl;
 
+namespace quillmar::zustand
+{
+class Profilwahl;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Flachknopf;
+class Rueckfrage;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::einrichtung
+{
 /** Renames or removes the active profile; what it asks takes the place of its buttons. */
 class Profilleiste : public QWidget
 {
@@ -32,3 +43,4 @@ private:
     QLineEdit *m_name;
     Rueckfrage *m_frage;
 };
+} // namespace quillmar::einrichtung

@@ -4,11 +4,14 @@
 #include "zeichen.h"
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::einrichtung
+{
 using Wechsel = Strukturzeile::Wechsel;
 
 namespace
 {
-enum Spalte { name, jahre, wechsel, spalten };
+enum Spalte { NameSpalte, JahreSpalte, WechselSpalte, Spaltenzahl };
 
 QString jahresordner(const Strukturzeile &zeile)
 {
@@ -20,11 +23,11 @@ QString jahresordner(const Strukturzeile &zeile)
 QString wort(Wechsel w)
 {
     switch (w) {
-    case Wechsel::neu:
+    case Wechsel::Neu:
         return Sprache::text(u"neu"_s);
-    case Wechsel::entfallen:
+    case Wechsel::Entfallen:
         return Sprache::text(u"entfallen"_s);
-    case Wechsel::gleich:
+    case Wechsel::Gleich:
         break;
     }
     return {};
@@ -32,9 +35,9 @@ QString wort(Wechsel w)
 
 QVariant symbol(Wechsel w)
 {
-    if (w == Wechsel::gleich)
+    if (w == Wechsel::Gleich)
         return {};
-    return Zeichen::icon(w == Wechsel::neu ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s);
+    return Zeichen::icon(w == Wechsel::Neu ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s);
 }
 } // namespace
 
@@ -81,21 +84,21 @@ int Strukturmodell::rowCount(const QModelIndex &eltern) const
     return eltern.column() > 0 ? 0 : int(kinder(eltern).size());
 }
 
-int Strukturmodell::columnCount(const QModelIndex &) const { return spalten; }
+int Strukturmodell::columnCount(const QModelIndex &) const { return Spaltenzahl; }
 
 QVariant Strukturmodell::data(const QModelIndex &stelle, int rolle) const
 {
     if (!stelle.isValid())
         return {};
     const Strukturzeile &zeile = m_knoten.at(int(stelle.internalId())).zeile;
-    if (rolle == Qt::DecorationRole && stelle.column() == wechsel)
+    if (rolle == Qt::DecorationRole && stelle.column() == WechselSpalte)
         return symbol(zeile.wechsel);
     if (rolle != Qt::DisplayRole)
         return {};
     switch (stelle.column()) {
-    case name:
+    case NameSpalte:
         return zeile.name;
-    case jahre:
+    case JahreSpalte:
         return jahresordner(zeile);
     default:
         return wort(zeile.wechsel);
@@ -107,11 +110,12 @@ QVariant Strukturmodell::headerData(int spalte, Qt::Orientation richtung, int ro
     if (richtung != Qt::Horizontal || rolle != Qt::DisplayRole)
         return {};
     switch (spalte) {
-    case name:
+    case NameSpalte:
         return Sprache::text(u"Zweig, Ablage, Rubrik"_s);
-    case jahre:
+    case JahreSpalte:
         return Sprache::text(u"Jahresordner"_s);
     default:
         return Sprache::text(u"Seit dem letzten Einlesen"_s);
     }
 }
+} // namespace quillmar::einrichtung

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "struktur_vergleich.h"
 
 #include <QAbstractItemModel>
 
+namespace quillmar::einrichtung
+{
 /** The filing tree as a view shows it: name, year folders, what changed at the last reading. */
 class Strukturmodell : public QAbstractItemModel
 {
@@ -33,3 +36,4 @@ private:
     QList<Knoten> m_knoten;
     QList<int> m_wurzeln;
 };
+} // namespace quillmar::einrichtung

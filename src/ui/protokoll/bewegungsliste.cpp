@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::protokoll
+{
 Bewegungsliste::Bewegungsliste(QWidget *eltern) : QListView(eltern), m_modell(new Bewegungsmodell(this))
 {
     setObjectName(u"bewegungen"_s);
@@ -49,5 +51,6 @@ void Bewegungsliste::zeigen(const QModelIndex &index) const
 {
     const Protokollzeile &zeile = m_modell->zeile(index.row());
     const auto stand = Bewegungsstand(index.data(Bewegungsmodell::Stand).toInt());
-    Dateiverwaltung::zeigen(stand == Bewegungsstand::zurueck ? zeile.von : zeile.nach);
+    Dateiverwaltung::zeigen(stand == Bewegungsstand::Zurueck ? zeile.von : zeile.nach);
 }
+} // namespace quillmar::protokoll

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QListView>
 
+namespace quillmar::protokoll
+{
 class Bewegungsmodell;
 
 /** The list of a session's movements; asks for the marks of the rows in view. */
@@ -22,3 +25,4 @@ private:
 
     Bewegungsmodell *m_modell;
 };
+} // namespace quillmar::protokoll

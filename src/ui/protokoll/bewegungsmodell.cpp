@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::protokoll
+{
 namespace
 {
 QString unter(const QString &pfad, const QString &ordner)
@@ -17,16 +19,16 @@ QString unter(const QString &pfad, const QString &ordner)
 QString standwort(Bewegungsstand stand)
 {
     switch (stand) {
-    case Bewegungsstand::zurueck:
+    case Bewegungsstand::Zurueck:
         return Sprache::text(u"zurückgedreht"_s);
-    case Bewegungsstand::verschwunden:
+    case Bewegungsstand::Verschwunden:
         return Sprache::text(u"nicht gefunden"_s);
-    case Bewegungsstand::fehler:
+    case Bewegungsstand::Fehler:
         return Sprache::text(u"Fehler"_s);
-    case Bewegungsstand::uebersprungen:
+    case Bewegungsstand::Uebersprungen:
         return Sprache::text(u"übersprungen"_s);
-    case Bewegungsstand::unbekannt:
-    case Bewegungsstand::amZiel:
+    case Bewegungsstand::Unbekannt:
+    case Bewegungsstand::AmZiel:
         break;
     }
     return {};
@@ -35,17 +37,17 @@ QString standwort(Bewegungsstand stand)
 QString standsymbol(Bewegungsstand stand)
 {
     switch (stand) {
-    case Bewegungsstand::amZiel:
+    case Bewegungsstand::AmZiel:
         return u"checkmark.circle"_s;
-    case Bewegungsstand::zurueck:
+    case Bewegungsstand::Zurueck:
         return u"arrow.uturn.backward"_s;
-    case Bewegungsstand::verschwunden:
+    case Bewegungsstand::Verschwunden:
         return u"questionmark.circle"_s;
-    case Bewegungsstand::fehler:
+    case Bewegungsstand::Fehler:
         return u"xmark.circle"_s;
-    case Bewegungsstand::uebersprungen:
+    case Bewegungsstand::Uebersprungen:
         return u"exclamationmark.triangle"_s;
-    case Bewegungsstand::unbekannt:
+    case Bewegungsstand::Unbekannt:
         break;
     }
     return {};
@@ -91,11 +93,11 @@ int Bewegungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.i
 Bewegungsstand Bewegungsmodell::stand(int stelle) const
 {
     const Bewegungsstand stand = m_staende.stand(stelle);
-    if (stand != Bewegungsstand::amZiel)
+    if (stand != Bewegungsstand::AmZiel)
         return stand;
     if (m_gescheiterte.contains(stelle))
-        return Bewegungsstand::fehler;
-    return m_uebersprungene.contains(stelle) ? Bewegungsstand::uebersprungen : stand;
+        return Bewegungsstand::Fehler;
+    return m_uebersprungene.contains(stelle) ? Bewegungsstand::Uebersprungen : stand;
 }
 
 /** What stands at the end of the row: the state, and why it is not another one. */
@@ -104,9 +106,9 @@ QString Bewegungsmodell::wort(int stelle) const
     const Bewegungsstand s = stand(stelle);
     const QString wort = standwort(s);
     QString grund;
-    if (s == Bewegungsstand::fehler)
+    if (s == Bewegungsstand::Fehler)
         grund = m_gescheiterte.value(stelle);
-    else if (s != Bewegungsstand::zurueck)
+    else if (s != Bewegungsstand::Zurueck)
         grund = m_uebersprungene.value(stelle);
     return wort.isEmpty() || grund.isEmpty() ? wort : wort + u": "_s + grund;
 }
@@ -114,7 +116,7 @@ QString Bewegungsmodell::wort(int stelle) const
 QString Bewegungsmodell::ansage(int stelle) const
 {
     const Bewegungsstand s = stand(stelle);
-    const QString wort = s == Bewegungsstand::amZiel ? Sprache::text(u"am Ziel"_s) : this->wort(stelle);
+    const QString wort = s == Bewegungsstand::AmZiel ? Sprache::text(u"am Ziel"_s) : this->wort(stelle);
     const QString zeilen = data(index(stelle), Von).toString() + u", "_s + data(index(stelle), Nach).toString();
     return wort.isEmpty() ? zeilen : wort + u": "_s + zeilen;
 }
@@ -125,9 +127,9 @@ QString Bewegungsmodell::hilfe(int stelle) const
     QStringList teile = {z.zeitKurz() + u"  "_s + z.aktion, gefuellt(Sprache::text(u"Von: %@"_s), {z.von}),
                          gefuellt(Sprache::text(u"Nach: %@"_s), {z.nach})};
     const Bewegungsstand s = stand(stelle);
-    if (s == Bewegungsstand::fehler)
+    if (s == Bewegungsstand::Fehler)
         teile << m_gescheiterte.value(stelle, Sprache::text(u"Der Ordner lässt sich nicht lesen"_s));
-    else if (s != Bewegungsstand::zurueck && m_uebersprungene.contains(stelle))
+    else if (s != Bewegungsstand::Zurueck && m_uebersprungene.contains(stelle))
         teile << m_uebersprungene.value(stelle);
     return u"<qt>"_s + teile.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s;
 }
@@ -156,3 +158,4 @@ QVariant Bewegungsmodell::data(const QModelIndex &index, int rolle) const
         return {};
     }
 }
+} // namespace quillmar::protokoll

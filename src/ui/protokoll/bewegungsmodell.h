@@ -2,11 +2,14 @@
 
 #include "bewegungsstaende.h"
 #include "bilanz.h"
+#include "namensraeume.h"
 #include "protokollzeile.h"
 
 #include <QAbstractListModel>
 #include <QHash>
 
+namespace quillmar::protokoll
+{
 /** The movements of a session as rows of a list, oldest first; nothing is computed for rows that nobody looks at. */
 class Bewegungsmodell : public QAbstractListModel
 {
@@ -46,3 +49,4 @@ private:
 [[nodiscard]] QString standwort(Bewegungsstand stand);
 /** Name of the mark's symbol; empty while nothing is known. */
 [[nodiscard]] QString standsymbol(Bewegungsstand stand);
+} // namespace quillmar::protokoll

@@ -6,6 +6,8 @@
 
 #include <QPainter>
 
+namespace quillmar::protokoll
+{
 using Stil::abstand;
 
 namespace
@@ -42,13 +44,13 @@ void Bewegungszeichner::paint(QPainter *maler, const QStyleOptionViewItem &optio
     const QRect mitte = option.rect.adjusted(0, abstand(4), -abstand(2), -abstand(4));
     const QColor neben = Stil::nebenfarbe(palette, grund);
     const bool bunt =
-        stand == Bewegungsstand::amZiel || stand == Bewegungsstand::fehler || stand == Bewegungsstand::uebersprungen;
-    const QColor zeichenfarbe = stand == Bewegungsstand::verschwunden ? neben : QColor();
+        stand == Bewegungsstand::AmZiel || stand == Bewegungsstand::Fehler || stand == Bewegungsstand::Uebersprungen;
+    const QColor zeichenfarbe = stand == Bewegungsstand::Verschwunden ? neben : QColor();
     Zeichen::malen(*maler, QRect(mitte.x(), mitte.y(), kante, mitte.height()), standsymbol(stand), palette,
                    bunt ? QColor() : zeichenfarbe);
     maler->setFont(Stil::schrift(Stil::Schrift::Neben));
     QRect text = mitte.adjusted(kante + abstand(10), 0, 0, 0);
-    const bool fehler = stand == Bewegungsstand::fehler;
+    const bool fehler = stand == Bewegungsstand::Fehler;
     text.setRight(text.right() - wortMalen(*maler, mitte, index.data(Bewegungsmodell::Wort).toString(),
                                            fehler ? Stil::farbe(Stil::Bedeutung::Fehler, palette) : neben));
     maler->setPen(neben);
@@ -65,3 +67,4 @@ QSize Bewegungszeichner::sizeHint(const QStyleOptionViewItem &option, const QMod
     const int zeilenhoehe = QFontMetrics(Stil::schrift(Stil::Schrift::Grund)).height();
     return {option.rect.width(), 2 * zeilenhoehe + abstand(8)};
 }
+} // namespace quillmar::protokoll

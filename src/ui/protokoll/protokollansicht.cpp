@@ -24,6 +24,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::protokoll
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -103,7 +106,8 @@ QWidget *ProtokollAnsicht::bewegungsteil()
 
 void ProtokollAnsicht::tastenBauen()
 {
-    kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this, [this] { m_zustand->ausfuehrung()->letztenSchrittZurueck(); });
+    kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this,
+              [this] { m_zustand->ausfuehrung()->letzteBewegungZuruecknehmen(); });
 }
 
 void ProtokollAnsicht::verbinden()
@@ -148,7 +152,7 @@ void ProtokollAnsicht::zeigen()
     const bool da = m_zustand->profilwahl()->aktiv() && m_zustand->profilwahl()->katalogfehler().isEmpty();
     m_stapel->setCurrentIndex(da ? 0 : 1);
     if (!da)
-        m_leere->ohneKatalogSetzen(u"large.clock"_s, *m_zustand->profilwahl());
+        m_leere->setzeOhneKatalog(u"large.clock"_s, *m_zustand->profilwahl());
 }
 
 /** A log that does not lie in the folder of this profile is called by its file. */
@@ -209,3 +213,4 @@ bool ProtokollAnsicht::eventFilter(QObject *objekt, QEvent *ereignis)
         anordnen();
     return QWidget::eventFilter(objekt, ereignis);
 }
+} // namespace quillmar::protokoll

@@ -1,18 +1,30 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
-class Bewegungsliste;
-class Elidiertext;
-class Leeransicht;
 class QLabel;
 class QStackedLayout;
 class QStackedWidget;
+
+namespace quillmar::zustand
+{
+class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Elidiertext;
+class Leeransicht;
+class Teiler;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::protokoll
+{
+class Bewegungsliste;
 class Rueckbaufeld;
 class Sitzungskopf;
 class Sitzungsseite;
-class Teiler;
-class Zustand;
 
 /** The log card: the sessions on the left, on the right the chosen one with every movement, and the way back. */
 class ProtokollAnsicht : public QWidget
@@ -52,3 +64,4 @@ private:
     Bewegungsliste *m_liste = nullptr;
     Rueckbaufeld *m_rueckbau = nullptr;
 };
+} // namespace quillmar::protokoll

@@ -15,6 +15,9 @@
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::protokoll
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -100,7 +103,7 @@ void Protokollordner::pruefen()
         return;
     m_frage.stellen([profil = *m_profilwahl->aktiv()] { return protokollort(profil); },
                     [this](const Ausgang<Protokollort> &ausgang) {
-                        m_warnung->setVisible(ausgang.wert == Protokollort::unbrauchbar);
+                        m_warnung->setVisible(ausgang.wert == Protokollort::Unbrauchbar);
                     });
 }
 
@@ -123,5 +126,6 @@ void Protokollordner::setzen(const QString &ordner)
         return;
     Profil profil = *m_profilwahl->aktiv();
     profil.protokollOrdner = ordner;
-    m_profilwahl->profilAendern(profil);
+    m_profilwahl->setzeProfil(profil);
 }
+} // namespace quillmar::protokoll

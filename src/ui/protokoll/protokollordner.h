@@ -1,14 +1,24 @@
 #pragma once
 
 #include "anfrage.h"
+#include "namensraeume.h"
 #include "protokollort.h"
 
 #include <QWidget>
 
+namespace quillmar::zustand
+{
+class Profilwahl;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
 class Elidiertext;
 class Flachknopf;
-class Profilwahl;
+} // namespace quillmar::bedienteile
 
+namespace quillmar::protokoll
+{
 /** Where the session logs go: the profile's own folder or the default place beside the target. */
 class Protokollordner : public QWidget
 {
@@ -32,3 +42,4 @@ private:
     Flachknopf *m_standard = nullptr;
     Anfrage m_frage; ///< whether logs can be written there
 };
+} // namespace quillmar::protokoll

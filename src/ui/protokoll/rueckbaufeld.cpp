@@ -28,6 +28,9 @@
 #include <QStackedLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::protokoll
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -208,7 +211,7 @@ QWidget *Rueckbaufeld::laufseite()
 void Rueckbaufeld::verbinden()
 {
     connect(m_zurueckdrehen, &QPushButton::clicked, this, &Rueckbaufeld::fragen);
-    connect(m_letzten, &QPushButton::clicked, m_zustand->ausfuehrung(), &Ausfuehrung::letztenSchrittZurueck);
+    connect(m_letzten, &QPushButton::clicked, m_zustand->ausfuehrung(), &Ausfuehrung::letzteBewegungZuruecknehmen);
     connect(m_ja, &QPushButton::clicked, this, &Rueckbaufeld::bestaetigen);
     connect(m_nein, &QPushButton::clicked, this, &Rueckbaufeld::abbrechen);
     connect(m_anhalten, &QPushButton::clicked, m_zustand, [this] {
@@ -223,7 +226,7 @@ void Rueckbaufeld::verbinden()
     for (const auto signal : {&Sitzungen::protokollGeaendert, &Sitzungen::rueckbauGeaendert})
         connect(m_zustand->sitzungen(), signal, this, &Rueckbaufeld::zeigen);
     connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, &Rueckbaufeld::zeigen);
-    for (const auto signal : {&Pruefung::zaehlwerkGeaendert, &Pruefung::umkehrbarGeaendert})
+    for (const auto signal : {&Pruefung::zaehlwerkGeaendert, &Pruefung::ruecknehmbarGeaendert})
         connect(m_zustand->pruefung(), signal, this, &Rueckbaufeld::zeigen);
     connect(m_zustand->sitzungen(), &Sitzungen::rueckbauGeaendert, this, &Rueckbaufeld::meldungZeigen);
     connect(m_zustand->meldestelle(), &Meldestelle::hinweisGeaendert, this, &Rueckbaufeld::meldungZeigen);
@@ -238,7 +241,7 @@ void Rueckbaufeld::fragen()
                                                   {QString::number(anzahl)}));
     m_ja->setAccessibleDescription(m_frage->text());
     m_nein->setAccessibleDescription(m_frage->text());
-    seiteSetzen(Frage);
+    setzeSeite(Frage);
     einpassen();
     m_nein->setFocus(Qt::ShortcutFocusReason); // a focus that is to be seen
 }
@@ -248,7 +251,7 @@ void Rueckbaufeld::bestaetigen()
     const bool fokus = m_ja->hasFocus();
     m_zustand->sitzungen()->protokollZurueckdrehen();
     if (!m_zustand->sitzungen()->rueckbauLaeuft())
-        seiteSetzen(Knoepfe);
+        setzeSeite(Knoepfe);
     else if (fokus)
         m_anhalten->setFocus();
 }
@@ -256,12 +259,12 @@ void Rueckbaufeld::bestaetigen()
 void Rueckbaufeld::abbrechen()
 {
     const bool fokus = m_ja->hasFocus() || m_nein->hasFocus();
-    seiteSetzen(Knoepfe);
+    setzeSeite(Knoepfe);
     if (fokus)
         m_zurueckdrehen->setFocus();
 }
 
-void Rueckbaufeld::seiteSetzen(Seite seite)
+void Rueckbaufeld::setzeSeite(Seite seite)
 {
     if (m_stapel->currentIndex() != seite)
         m_stapel->setCurrentIndex(seite);
@@ -278,11 +281,11 @@ void Rueckbaufeld::zeigen()
     m_balken->setzeAnteil(m_zustand->sitzungen()->rueckbauAnteil());
     if (laeuft && m_stapel->currentIndex() != Lauf) {
         m_anhalten->setEnabled(true);
-        seiteSetzen(Lauf);
+        setzeSeite(Lauf);
     }
     if (!laeuft && m_stapel->currentIndex() == Lauf) {
         const bool fokus = m_anhalten->hasFocus();
-        seiteSetzen(Knoepfe);
+        setzeSeite(Knoepfe);
         if (fokus)
             m_zurueckdrehen->setFocus();
     }
@@ -323,3 +326,4 @@ void Rueckbaufeld::meldungZeigen()
 void Rueckbaufeld::resizeEvent(QResizeEvent *) { einpassen(); }
 
 void Rueckbaufeld::paintEvent(QPaintEvent *) { QPainter(this).fillRect(0, 0, width(), 1, Stil::linie(palette())); }
+} // namespace quillmar::protokoll

@@ -1,17 +1,28 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
-class Balken;
-class Elidiertext;
-class Knopf;
 class QBoxLayout;
 class QLabel;
 class QPlainTextEdit;
 class QStackedLayout;
-class Umbruchtext;
-class Zustand;
 
+namespace quillmar::zustand
+{
+class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Balken;
+class Elidiertext;
+class Knopf;
+class Umbruchtext;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::protokoll
+{
 /** The action area of the log card: turning the shown session back, asked before, and the last step. */
 class Rueckbaufeld : public QWidget
 {
@@ -42,7 +53,7 @@ private:
     void zeigen();
     void meldungZeigen();
     [[nodiscard]] QString meldungssymbol() const;
-    void seiteSetzen(Seite seite);
+    void setzeSeite(Seite seite);
     void einpassen();
     QWidget *reihe(const QList<QWidget *> &teile);
 
@@ -63,3 +74,4 @@ private:
     QList<QBoxLayout *> m_reihen; ///< turned upright where they are too wide
     bool m_dicht = false;
 };
+} // namespace quillmar::protokoll

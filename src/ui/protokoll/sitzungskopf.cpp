@@ -10,6 +10,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::protokoll
+{
 using Stil::abstand;
 
 namespace
@@ -81,3 +84,4 @@ void Sitzungskopf::setzeDicht(bool dicht)
 }
 
 int Sitzungskopf::volleHoehe() const { return m_tafel->sizeHint().height(); }
+} // namespace quillmar::protokoll

@@ -1,12 +1,18 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "protokollzeile.h"
 
 #include <QList>
 #include <QWidget>
 
+namespace quillmar::bedienteile
+{
 class Elidiertext;
+} // namespace quillmar::bedienteile
 
+namespace quillmar::protokoll
+{
 /** Under which conditions the shown session was worked: a row each, or one line where there is little height. */
 class Sitzungskopf : public QWidget
 {
@@ -25,3 +31,4 @@ private:
     Elidiertext *m_kurz;
     QList<Elidiertext *> m_werte;
 };
+} // namespace quillmar::protokoll

@@ -22,6 +22,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::protokoll
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -317,3 +320,4 @@ void Sitzungsseite::paintEvent(QPaintEvent *)
 {
     QPainter(this).fillRect(0, m_fuss->y(), width(), 1, Stil::linie(palette()));
 }
+} // namespace quillmar::protokoll

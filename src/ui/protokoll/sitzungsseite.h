@@ -1,19 +1,31 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "sitzungsbilder.h"
 
 #include <QWidget>
 
-class Flachknopf;
-class Protokollordner;
 class QBoxLayout;
 class QLabel;
 class QVBoxLayout;
-class Sitzungszeile;
-class Umbruchtext;
+
+namespace quillmar::zustand
+{
+class Ausfuehrung;
 class Profilwahl;
 class Sitzungen;
-class Ausfuehrung;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Flachknopf;
+class Umbruchtext;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::protokoll
+{
+class Protokollordner;
+class Sitzungszeile;
 
 /** Left side of the log card: the log folder, the running session, earlier sessions. */
 class Sitzungsseite : public QWidget
@@ -71,3 +83,4 @@ private:
     bool m_fussGestapelt = false;
     int m_gezeigte;
 };
+} // namespace quillmar::protokoll

@@ -16,6 +16,9 @@
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::protokoll
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -152,3 +155,4 @@ void Sitzungszeile::paintEvent(QPaintEvent *)
     maler.setBrush(Stil::auswahlgrund(palette()));
     maler.drawRoundedRect(rect(), 3, 3);
 }
+} // namespace quillmar::protokoll

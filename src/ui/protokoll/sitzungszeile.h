@@ -1,11 +1,21 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
+namespace quillmar::zustand
+{
+struct Sitzungsbild;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
 class Elidiertext;
 class Flachknopf;
-struct Sitzungsbild;
+} // namespace quillmar::bedienteile
 
+namespace quillmar::protokoll
+{
 /** A log in the list of sessions: its mark, when it was, what it holds; a click on it shows it. */
 class Sitzungszeile : public QWidget
 {
@@ -43,3 +53,4 @@ private:
     Flachknopf *m_ansehen;
     Flachknopf *m_finden;
 };
+} // namespace quillmar::protokoll

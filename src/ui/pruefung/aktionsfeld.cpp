@@ -14,6 +14,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::pruefung
+{
 using Stil::abstand;
 
 namespace
@@ -149,3 +152,4 @@ void Aktionsfeld::einpassen()
 void Aktionsfeld::resizeEvent(QResizeEvent *) { einpassen(); }
 
 void Aktionsfeld::paintEvent(QPaintEvent *) { QPainter(this).fillRect(0, 0, width(), 1, Stil::linie(palette())); }
+} // namespace quillmar::pruefung

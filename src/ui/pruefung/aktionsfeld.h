@@ -1,18 +1,29 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QTimer>
 #include <QWidget>
 
+class QHBoxLayout;
+
+namespace quillmar::zustand
+{
+class Ausfuehrung;
+class Meldestelle;
+class Profilwahl;
+class Pruefung;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
 class Elidiertext;
 class Flachknopf;
 class Hauptknopf;
-class QHBoxLayout;
 class Meldungszeile;
-class Profilwahl;
-class Pruefung;
-class Ausfuehrung;
-class Meldestelle;
+} // namespace quillmar::bedienteile
 
+namespace quillmar::pruefung
+{
 /** The deeds of the review: the filled button, skip, duplicate, arrows; the line of keys; what was done. */
 class Aktionsfeld : public QWidget
 {
@@ -55,3 +66,4 @@ private:
     QString m_tastentext;
     QTimer m_zuFrueh; ///< runs while the line of keys says that one came too early
 };
+} // namespace quillmar::pruefung

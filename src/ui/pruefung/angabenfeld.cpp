@@ -20,6 +20,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::pruefung
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -152,18 +155,18 @@ QStringList Angabenfeld::beschriftungen()
 {
     QStringList liste;
     for (const Feldtext &text : feldtexte())
-        liste << ::beschriftung(text.feld);
+        liste << pruefung::beschriftung(text.feld);
     return liste;
 }
 
 void Angabenfeld::einrichten(Feld feld, QWidget *eingabe)
 {
     eingabe->setObjectName(feldtext(feld).name);
-    eingabe->setAccessibleName(::beschriftung(feld));
+    eingabe->setAccessibleName(pruefung::beschriftung(feld));
     eingabe->setAccessibleDescription(hilfe(feld));
     eingabe->setToolTip(hilfe(feld));
     eingabe->installEventFilter(this);
-    QLabel *schild = Pruefabschnitt::beschriftung(::beschriftung(feld), hilfe(feld), Qt::AlignVCenter);
+    QLabel *schild = Pruefabschnitt::beschriftung(pruefung::beschriftung(feld), hilfe(feld), Qt::AlignVCenter);
     schild->setBuddy(eingabe);
     m_schilder[feld] = schild;
 }
@@ -176,7 +179,7 @@ void Angabenfeld::textfeldBauen(Feld feld, int zeichen)
     m_texte[feld] = eingabe;
     einrichten(feld, eingabe);
     connect(eingabe, &QLineEdit::textEdited, this,
-            [this, feld](const QString &text) { m_pruefung->feldSetzen(feld, text); });
+            [this, feld](const QString &text) { m_pruefung->setzeFeld(feld, text); });
 }
 
 void Angabenfeld::wahlBauen(Feld feld)
@@ -190,7 +193,7 @@ void Angabenfeld::wahlBauen(Feld feld)
     einrichten(feld, wahl);
     radsperre(wahl);
     connect(wahl, &QComboBox::activated, this,
-            [this, feld, wahl](int stelle) { m_pruefung->feldSetzen(feld, wahl->itemData(stelle).toString()); });
+            [this, feld, wahl](int stelle) { m_pruefung->setzeFeld(feld, wahl->itemData(stelle).toString()); });
 }
 
 void Angabenfeld::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
@@ -328,7 +331,7 @@ QString Angabenfeld::hilfeImFokus() const
         const QWidget *eingabe =
             m_texte.contains(text.feld) ? static_cast<QWidget *>(m_texte[text.feld]) : m_wahlen[text.feld];
         if (eingabe->hasFocus())
-            return ::beschriftung(text.feld) + u": "_s + hilfe(text.feld);
+            return pruefung::beschriftung(text.feld) + u": "_s + hilfe(text.feld);
     }
     return {};
 }
@@ -359,3 +362,4 @@ bool Angabenfeld::eventFilter(QObject *objekt, QEvent *ereignis)
     }
     return QWidget::eventFilter(objekt, ereignis);
 }
+} // namespace quillmar::pruefung

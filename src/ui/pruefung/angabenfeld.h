@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entwurf.h"
+#include "namensraeume.h"
 #include "pruefabschnitt.h"
 
 #include <QMap>
@@ -8,9 +9,15 @@
 class QComboBox;
 class QLabel;
 class QLineEdit;
+
+namespace quillmar::zustand
+{
 class Profilwahl;
 class Pruefung;
+} // namespace quillmar::zustand
 
+namespace quillmar::pruefung
+{
 /** The fields of the proposal. What is typed goes to the state object at every keystroke. */
 class Angabenfeld : public Pruefabschnitt
 {
@@ -60,3 +67,4 @@ private:
     QMap<Feld, QComboBox *> m_wahlen;
     QMap<Feld, int> m_zeichen; ///< width of short fields in characters
 };
+} // namespace quillmar::pruefung

@@ -9,6 +9,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::pruefung
+{
 using Art = Pruefhinweis::Art;
 
 Hinweisfach::Hinweisfach(Pruefung *pruefung, QWidget *eltern)
@@ -92,3 +95,4 @@ Hinweisfeld *Hinweisfach::neues(const Pruefhinweis &hinweis)
     }
     return feld;
 }
+} // namespace quillmar::pruefung

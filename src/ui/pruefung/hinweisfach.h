@@ -1,13 +1,24 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "pruefhinweis.h"
 
 #include <QWidget>
 
-class Hinweisfeld;
 class QVBoxLayout;
-class Pruefung;
 
+namespace quillmar::zustand
+{
+class Pruefung;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Hinweisfeld;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::pruefung
+{
 /** The notes on the proposal, warnings first. Tab goes through their buttons from top to bottom. */
 class Hinweisfach : public QWidget
 {
@@ -31,3 +42,4 @@ private:
     QList<Pruefhinweis> m_gezeigte;
     QList<Hinweisfeld *> m_felder; ///< of m_gezeigte
 };
+} // namespace quillmar::pruefung

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+namespace quillmar::pruefung
+{
 Pruefabschnitt::Pruefabschnitt(const QString &titel, const QString &erklaerung, QWidget *eltern)
     : QWidget(eltern), m_raster(new QGridLayout(this)), m_kopf(new QWidget(this)), m_titel(new QLabel(titel, m_kopf)),
       m_erklaerung(new QLabel(erklaerung, m_kopf)), m_hilfe(erklaerung)
@@ -50,3 +52,4 @@ QLabel *Pruefabschnitt::beschriftung(const QString &text, const QString &hilfe, 
     Stil::folgen(schild, [schild, this] { Stil::setzeTextfarbe(schild, Stil::nebenfarbe(palette())); });
     return schild;
 }
+} // namespace quillmar::pruefung

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
 class QGridLayout;
 class QLabel;
 
+namespace quillmar::pruefung
+{
 /** A part of the proposal: a title, an explanation, and rows of a label and what belongs to it. */
 class Pruefabschnitt : public QWidget
 {
@@ -36,3 +39,4 @@ protected:
 private:
     QString m_hilfe; ///< the explanation, on the title where it has no room
 };
+} // namespace quillmar::pruefung

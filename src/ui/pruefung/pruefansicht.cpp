@@ -32,6 +32,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace quillmar::pruefung
+{
 using Stil::abstand;
 
 namespace
@@ -278,8 +281,8 @@ void PruefAnsicht::leereZeigen()
     if (m_zustand->profilwahl()->oeffnet())
         return m_leere->setzen(u"large.clock"_s, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
     if (!m_zustand->profilwahl()->offen())
-        return m_leere->ohneKatalogSetzen(u"large.folder"_s, *m_zustand->profilwahl());
-    m_leereTat = [this] { m_zustand->setzeReiter(Reiter::einrichtung); };
+        return m_leere->setzeOhneKatalog(u"large.folder"_s, *m_zustand->profilwahl());
+    m_leereTat = [this] { m_zustand->setzeReiter(Reiter::Einrichtung); };
     m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand),
                     naechsterSchritt());
 }
@@ -303,7 +306,7 @@ QString PruefAnsicht::naechsterSchritt()
 }
 
 /** Returns how wide the sections are at least then. */
-int PruefAnsicht::teileSetzen(bool schmal)
+int PruefAnsicht::setzeTeile(bool schmal)
 {
     m_vorschlag->setzeDicht(m_dicht, schmal);
     m_angaben->setzeDicht(m_dicht, schmal);
@@ -322,8 +325,8 @@ void PruefAnsicht::anordnen()
     const int breite = m_rollen->width();
     const int rand = Stil::seitenrand(breite);
     const int platz = breite - 2 * rand - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    if (Stil::istSchmal(breite) || teileSetzen(false) > platz)
-        teileSetzen(true);
+    if (Stil::istSchmal(breite) || setzeTeile(false) > platz)
+        setzeTeile(true);
     m_aktionen->setzeDicht(m_dicht);
     m_rollen->widget()->layout()->setContentsMargins(rand, abstand(12), rand, abstand(12));
     tastenZeigen();
@@ -341,3 +344,4 @@ bool PruefAnsicht::eventFilter(QObject *objekt, QEvent *ereignis)
         anordnen();
     return QWidget::eventFilter(objekt, ereignis);
 }
+} // namespace quillmar::pruefung

@@ -1,19 +1,35 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QDeadlineTimer>
 #include <QWidget>
 #include <functional>
 
+class QScrollArea;
+class QStackedLayout;
+
+namespace quillmar::zustand
+{
+class Zustand;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Leeransicht;
+class Teiler;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::vorschau
+{
+class Vorschau;
+} // namespace quillmar::vorschau
+
+namespace quillmar::pruefung
+{
 class Aktionsfeld;
 class Angabenfeld;
 class Hinweisfach;
-class Leeransicht;
-class QScrollArea;
-class QStackedLayout;
-class Teiler;
-class Vorschau;
 class Vorschlagsteil;
-class Zustand;
 
 /** The review card: the page on the left, the proposal on the right, one document after the other by the keyboard. */
 class PruefAnsicht : public QWidget
@@ -47,7 +63,7 @@ private:
     void leereZeigen();
     [[nodiscard]] QString naechsterSchritt();
     void anordnen();
-    int teileSetzen(bool schmal);
+    int setzeTeile(bool schmal);
     void tastenZeigen();
     [[nodiscard]] bool imFeld() const;
     [[nodiscard]] bool ruht();
@@ -66,3 +82,4 @@ private:
     bool m_dicht = false;
     QDeadlineTimer m_ruhe; ///< until then keys are the rest of a word that was typed
 };
+} // namespace quillmar::pruefung

@@ -15,6 +15,9 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace quillmar::pruefung
+{
 using Stil::abstand;
 using Stil::Schrift;
 
@@ -140,3 +143,4 @@ void Vorschlagsteil::sicherheitZeigen()
     m_prozent->setToolTip(hilfeSicherheit());
     m_sicherheit->setToolTip(hilfeSicherheit());
 }
+} // namespace quillmar::pruefung

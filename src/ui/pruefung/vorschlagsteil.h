@@ -1,13 +1,24 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "pruefabschnitt.h"
 
+class QLabel;
+
+namespace quillmar::zustand
+{
+class Pruefung;
+} // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
 class Balken;
 class Elidiertext;
-class QLabel;
 class Umbruchtext;
-class Pruefung;
+} // namespace quillmar::bedienteile
 
+namespace quillmar::pruefung
+{
 /** The section of the proposal: what the file is called today, what it will be called, how sure the model is. */
 class Vorschlagsteil : public Pruefabschnitt
 {
@@ -42,3 +53,4 @@ private:
     Balken *m_balken;
     QLabel *m_prozent;
 };
+} // namespace quillmar::pruefung

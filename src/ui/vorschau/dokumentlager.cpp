@@ -1,5 +1,7 @@
 #include "dokumentlager.h"
 
+namespace quillmar::vorschau
+{
 namespace
 {
 constexpr int hoechstzahl = 4;
@@ -131,3 +133,4 @@ void Dokumentlager::bildAufnehmen(quint64 kennung, int seite, const QImage &bild
     dokument->bilder.insert(seite, bild);
     Q_EMIT gemalt(pfad, seite);
 }
+} // namespace quillmar::vorschau

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "seitenwerk.h"
 
 #include <QHash>
@@ -7,6 +8,8 @@
 #include <QObject>
 #include <QStringList>
 
+namespace quillmar::vorschau
+{
 /** A document of the preview as far as it is known by now. */
 struct Vorschaudokument {
     quint64 kennung = 0;
@@ -65,3 +68,4 @@ private:
     QHash<quint64, QString> m_pfade; ///< of all numbers that may still be told of
     QStringList m_reihenfolge;       ///< last asked for first
 };
+} // namespace quillmar::vorschau

@@ -4,6 +4,8 @@
 #include <thread>
 #include <utility>
 
+namespace quillmar::vorschau
+{
 void Malreihe::starten(const std::shared_ptr<Malreihe> &reihe)
 {
     reihe->m_laeuft = true;
@@ -70,3 +72,4 @@ bool Malreihe::naechster(Malauftrag &auftrag)
     auftrag = m_auftraege.takeFirst();
     return true;
 }
+} // namespace quillmar::vorschau

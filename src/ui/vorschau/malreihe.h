@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QBuffer>
 #include <QHash>
 #include <QList>
@@ -10,6 +11,8 @@
 #include <memory>
 #include <mutex>
 
+namespace quillmar::vorschau
+{
 /** A document that is open, with the bytes that it is read from. Only the queue's own thread touches it. */
 struct OffenesDokument {
     QBuffer bytes;
@@ -60,3 +63,4 @@ private:
     bool m_schluss = false;
     bool m_laeuft = false;
 };
+} // namespace quillmar::vorschau

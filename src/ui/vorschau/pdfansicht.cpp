@@ -12,6 +12,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::vorschau
+{
 namespace
 {
 constexpr double punkteJeZoll = 72;
@@ -59,12 +61,12 @@ PDFAnsicht::PDFAnsicht(PDFSteuerung *steuerung, QWidget *eltern)
     connect(&m_geduld, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
     connect(&m_lager, &Dokumentlager::geoeffnet, this, &PDFAnsicht::geoeffnet);
     connect(&m_lager, &Dokumentlager::gemalt, this, &PDFAnsicht::gemalt);
-    m_steuerung->setAnsicht(this);
+    m_steuerung->setzeAnsicht(this);
 }
 
 QUrl PDFAnsicht::url() const { return m_pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(m_pfad); }
 
-void PDFAnsicht::setUrl(const QUrl &url)
+void PDFAnsicht::setzeUrl(const QUrl &url)
 {
     const QString pfad = url.toLocalFile();
     if (pfad == m_pfad)
@@ -116,7 +118,7 @@ double PDFAnsicht::massstab() const
     return m_ordnung.seiten().value(seite).width() / (m_groessen.value(seite, a4).width() * raum().pixelJePunkt);
 }
 
-void PDFAnsicht::setZoom(const Zoom &zoom)
+void PDFAnsicht::setzeZoom(const Zoom &zoom)
 {
     m_zoom = zoom;
     ordnen();
@@ -150,7 +152,7 @@ void PDFAnsicht::ordnen()
     const QRect vorher = m_ordnung.seiten().value(seite);
     const bool amAnfang = versatz().y() == 0;
     m_ordnung = Seitenordnung(m_groessen, m_zoom, raum());
-    leistenSetzen();
+    setzeLeisten();
     const QRect nachher = m_ordnung.seiten().value(seite);
     if (!vorher.isEmpty() && !nachher.isEmpty()) {
         const QPointF anteil(double(mitte.x() - vorher.x()) / vorher.width(),
@@ -170,7 +172,7 @@ void PDFAnsicht::nachOben()
     horizontalScrollBar()->setValue(0);
 }
 
-void PDFAnsicht::leistenSetzen()
+void PDFAnsicht::setzeLeisten()
 {
     const QSize flaeche = viewport()->size();
     const QSize gesamt = m_ordnung.gesamt();
@@ -331,3 +333,4 @@ void PDFAnsicht::sichtbarkeitMelden()
     QMetaObject::invokeMethod(
         this, [this, pfad = m_pfad] { Q_EMIT seiteSichtbar(pfad); }, Qt::QueuedConnection);
 }
+} // namespace quillmar::vorschau

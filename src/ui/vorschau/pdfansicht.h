@@ -1,12 +1,15 @@
 #pragma once
 
 #include "dokumentlager.h"
+#include "namensraeume.h"
 #include "seitenordnung.h"
 
 #include <QAbstractScrollArea>
 #include <QTimer>
 #include <QUrl>
 
+namespace quillmar::vorschau
+{
 class PDFSteuerung;
 
 /**
@@ -22,9 +25,9 @@ public:
 
     /** The file on show; empty: none. Setting another one shows its beginning. */
     [[nodiscard]] QUrl url() const;
-    void setUrl(const QUrl &url);
+    void setzeUrl(const QUrl &url);
 
-    /** Has the first page of the file @p pfad drawn, so that setUrl() shows it at once. */
+    /** Has the first page of the file @p pfad drawn, so that setzeUrl() shows it at once. */
     void vorausladen(const QString &pfad);
 
     /** The first page of @p pfad is drawn, or it is known why it cannot be. */
@@ -38,7 +41,7 @@ public:
 
     /** Scale of the page on show; 1: as large as on paper. */
     [[nodiscard]] double massstab() const;
-    void setZoom(const Zoom &zoom);
+    void setzeZoom(const Zoom &zoom);
 
     /** Scrolls by PageUp, PageDown, Home, End, Space, Up and Down. False for any other key. */
     bool taste(const QKeyEvent *ereignis);
@@ -63,7 +66,7 @@ private:
     void gemalt(const QString &pfad, int seite);
     void ordnen();
     void nachOben();
-    void leistenSetzen();
+    void setzeLeisten();
     void bestellen();
     void ersteSeiteBestellen(const QString &pfad);
     void seiteMalen(QPainter &maler, int seite, const QRect &flaeche);
@@ -86,3 +89,4 @@ private:
     int m_rad = 0;   ///< turned with Ctrl, in eighths of a degree, as far as it made no step yet
     bool m_gemeldet = true;
 };
+} // namespace quillmar::vorschau

@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::vorschau
+{
 namespace
 {
 constexpr double spielraum = 0.001;
@@ -36,10 +38,10 @@ double PDFSteuerung::stufeUnter(double massstab)
     return stufe == stufen.rend() ? stufen.front() : *stufe;
 }
 
-void PDFSteuerung::setAnsicht(PDFAnsicht *ansicht)
+void PDFSteuerung::setzeAnsicht(PDFAnsicht *ansicht)
 {
     m_ansicht = ansicht;
-    zoomSetzen(m_zoom);
+    setzeZoom(m_zoom);
     standZeigen();
 }
 
@@ -48,24 +50,24 @@ PDFAnsicht *PDFSteuerung::ansicht() const { return m_ansicht; }
 void PDFSteuerung::groesser()
 {
     if (m_ansicht)
-        zoomSetzen({Zoom::Art::Stufe, stufeUeber(m_ansicht->massstab())});
+        setzeZoom({Zoom::Art::Stufe, stufeUeber(m_ansicht->massstab())});
 }
 
 void PDFSteuerung::kleiner()
 {
     if (m_ansicht)
-        zoomSetzen({Zoom::Art::Stufe, stufeUnter(m_ansicht->massstab())});
+        setzeZoom({Zoom::Art::Stufe, stufeUnter(m_ansicht->massstab())});
 }
 
 void PDFSteuerung::anfangen()
 {
     if (m_zoom != m_passung)
-        zoomSetzen(m_passung);
+        setzeZoom(m_passung);
 }
 
-void PDFSteuerung::breiteSetzen() { zoomSetzen({Zoom::Art::Breite, 1}); }
+void PDFSteuerung::breiteSetzen() { setzeZoom({Zoom::Art::Breite, 1}); }
 
-void PDFSteuerung::ganzeSeiteSetzen() { zoomSetzen({Zoom::Art::Seite, 1}); }
+void PDFSteuerung::ganzeSeiteSetzen() { setzeZoom({Zoom::Art::Seite, 1}); }
 
 void PDFSteuerung::standZeigen()
 {
@@ -78,10 +80,10 @@ void PDFSteuerung::standZeigen()
     Q_EMIT geaendert();
 }
 
-void PDFSteuerung::zoomSetzen(const Zoom &zoom)
+void PDFSteuerung::setzeZoom(const Zoom &zoom)
 {
     if (m_ansicht)
-        m_ansicht->setZoom(zoom);
+        m_ansicht->setzeZoom(zoom);
     m_zoom = zoom;
     if (zoom.art != Zoom::Art::Stufe && zoom != m_passung) {
         m_passung = zoom;
@@ -90,3 +92,4 @@ void PDFSteuerung::zoomSetzen(const Zoom &zoom)
     // The buttons show the mode again even where it was chosen a second time.
     Q_EMIT geaendert();
 }
+} // namespace quillmar::vorschau

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "seitenordnung.h"
 
 #include <QObject>
 #include <QPointer>
 #include <array>
 
+namespace quillmar::vorschau
+{
 class PDFAnsicht;
 
 /**
@@ -29,7 +32,7 @@ public:
     [[nodiscard]] static double stufeUnter(double massstab);
 
     /** Takes control of @p ansicht, which may go at any time. */
-    void setAnsicht(PDFAnsicht *ansicht);
+    void setzeAnsicht(PDFAnsicht *ansicht);
     [[nodiscard]] PDFAnsicht *ansicht() const;
 
     [[nodiscard]] int seiten() const { return m_seiten; } ///< 0: no document is open
@@ -57,7 +60,7 @@ Q_SIGNALS:
     void geaendert();
 
 private:
-    void zoomSetzen(const Zoom &zoom);
+    void setzeZoom(const Zoom &zoom);
 
     QPointer<PDFAnsicht> m_ansicht;
     Zoom m_zoom;
@@ -65,3 +68,4 @@ private:
     int m_seiten = 0;
     int m_seite = 1;
 };
+} // namespace quillmar::vorschau

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace quillmar::vorschau
+{
 namespace
 {
 constexpr int kleinsteSeite = 8;
@@ -48,3 +50,4 @@ int Seitenordnung::seiteBei(int y) const
         std::find_if(m_seiten.begin(), m_seiten.end(), [y](const QRect &seite) { return seite.bottom() >= y; });
     return int(std::min<qsizetype>(gefunden - m_seiten.begin(), std::max<qsizetype>(m_seiten.size() - 1, 0)));
 }
+} // namespace quillmar::vorschau

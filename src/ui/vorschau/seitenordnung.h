@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QList>
 #include <QRect>
 #include <QSizeF>
 
+namespace quillmar::vorschau
+{
 /** How large pages are shown. */
 struct Zoom {
     enum class Art { Breite, Seite, Stufe };
@@ -42,3 +45,4 @@ private:
     QList<QRect> m_seiten;
     QSize m_gesamt;
 };
+} // namespace quillmar::vorschau

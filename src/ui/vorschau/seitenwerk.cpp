@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <utility>
 
+namespace quillmar::vorschau
+{
 namespace
 {
 constexpr qint64 groessteDatei = qint64(256) << 20;
@@ -129,3 +131,4 @@ void Seitenwerk::schliessen(quint64 kennung)
     m_reihe->verwerfen(kennung);
     m_reihe->auftragen({Sofort, kennung, -1, [kennung](OffeneDokumente &dokumente) { dokumente.remove(kennung); }});
 }
+} // namespace quillmar::vorschau

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dateiinhalt.h"
+#include "namensraeume.h"
 
 #include <QImage>
 #include <QList>
@@ -9,7 +10,13 @@
 #include <QSizeF>
 #include <memory>
 
+namespace quillmar::grundlage
+{
 class Briefkasten;
+} // namespace quillmar::grundlage
+
+namespace quillmar::vorschau
+{
 class Malreihe;
 
 /** What has become of opening a document for the preview. */
@@ -60,3 +67,4 @@ private:
     QSet<quint64> m_gewollte;
     quint64 m_letzte = 0;
 };
+} // namespace quillmar::vorschau

@@ -19,6 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::vorschau
+{
 namespace
 {
 constexpr int zeilenhoehe = 40;
@@ -106,7 +108,7 @@ void Vorschau::zeileAufbauen()
         reihe->setContentsMargins(Stil::abstand(8), 0, Stil::abstand(12), 0);
         reihe->setSpacing(Stil::abstand(2));
         m_partner->setContentsMargins(Stil::abstand(8), 0, Stil::abstand(8), 0);
-        reihenfarbeSetzen();
+        setzeReihenfarbe();
         platzVerteilen();
     });
 }
@@ -168,7 +170,7 @@ void Vorschau::partnerZeigen(const QString &pfad, const QString &name)
     m_partnerPfad = pfad;
     m_partnerName->setzeText(name);
     m_partner->show();
-    reihenfarbeSetzen();
+    setzeReihenfarbe();
     platzVerteilen();
     anzeigen(pfad);
 }
@@ -182,7 +184,7 @@ void Vorschau::partnerBeenden()
     if (m_zurueck->hasFocus())
         m_ansicht->setFocus();
     m_partner->hide();
-    reihenfarbeSetzen();
+    setzeReihenfarbe();
     platzVerteilen();
     anzeigen(m_pfad);
 }
@@ -197,7 +199,7 @@ void Vorschau::anzeigen(const QString &pfad)
     m_satzGemeldet = false;
     if (pfad != m_partnerPfad)
         m_gesehen.clear();
-    m_ansicht->setUrl(pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(pfad));
+    m_ansicht->setzeUrl(pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(pfad));
 }
 
 void Vorschau::befundZeigen()
@@ -233,7 +235,7 @@ void Vorschau::standZeigen()
     platzVerteilen();
 }
 
-void Vorschau::reihenfarbeSetzen()
+void Vorschau::setzeReihenfarbe()
 {
     QPalette farben;
     if (!m_partnerPfad.isEmpty()) {
@@ -271,3 +273,4 @@ void Vorschau::changeEvent(QEvent *ereignis)
     }
     QWidget::changeEvent(ereignis);
 }
+} // namespace quillmar::vorschau

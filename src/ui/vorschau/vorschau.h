@@ -1,14 +1,22 @@
 #pragma once
 
+#include "namensraeume.h"
 #include <QWidget>
 
+class QLabel;
+class QStackedLayout;
+
+namespace quillmar::bedienteile
+{
 class Elidiertext;
 class Flachknopf;
 class Leeransicht;
+} // namespace quillmar::bedienteile
+
+namespace quillmar::vorschau
+{
 class PDFAnsicht;
 class PDFSteuerung;
-class QLabel;
-class QStackedLayout;
 
 /**
  * The preview side: a tool row and below it the document's pages, or a sentence where there is nothing to show. Another
@@ -59,7 +67,7 @@ private:
     void partnerAufbauen();
     void verbinden();
     void beschriften();
-    void reihenfarbeSetzen();
+    void setzeReihenfarbe();
     void platzVerteilen();
     void anzeigen(const QString &pfad);
     void befundZeigen();
@@ -83,3 +91,4 @@ private:
     QString m_gesehen;
     bool m_satzGemeldet = false;
 };
+} // namespace quillmar::vorschau

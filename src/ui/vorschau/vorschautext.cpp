@@ -5,6 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace quillmar::vorschau
+{
 Vorschausatz vorschausatz(Vorschaubefund befund)
 {
     switch (befund) {
@@ -45,3 +47,4 @@ QString seitenanzeige(int seite, int seiten)
         return Sprache::text(u"1 Seite"_s);
     return gefuellt(Sprache::text(u"Seite %@ von %@"_s), {QString::number(seite), QString::number(seiten)});
 }
+} // namespace quillmar::vorschau

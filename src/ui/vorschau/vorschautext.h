@@ -1,9 +1,12 @@
 #pragma once
 
+#include "namensraeume.h"
 #include "seitenwerk.h"
 
 #include <QString>
 
+namespace quillmar::vorschau
+{
 /** Sign, title and line that the preview shows in place of pages. */
 struct Vorschausatz {
     QString zeichen;
@@ -19,3 +22,4 @@ struct Vorschausatz {
 
 /** "Seite 2 von 5", "1 Seite"; empty without pages. */
 [[nodiscard]] QString seitenanzeige(int seite, int seiten);
+} // namespace quillmar::vorschau
