@@ -1,4 +1,7 @@
+#include "dateien.h"
 #include "datenbank.h"
+#include "taten.h"
+#include "vorschlaege.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -179,6 +182,25 @@ private Q_SLOTS:
         }
         QCOMPARE(::chmod(m_ordner->path().toUtf8().constData(), 0700), 0);
         QCOMPARE(lesen(m_pfad), vorher);
+    }
+
+    // Tables of the program's own came later: a catalogue that lacks them can be looked at all the same.
+    void schreibgeschuetztVonEinerFrueherenFassung()
+    {
+        katalogAnlegen();
+        mitSqlite(m_pfad, "DROP TABLE nachgeprueft; DROP TABLE zweitfragen; DROP TABLE dateistand; DROP TABLE taten");
+        QCOMPARE(::chmod(m_pfad.toUtf8().constData(), 0444), 0);
+        QCOMPARE(::chmod(m_ordner->path().toUtf8().constData(), 0555), 0);
+        {
+            const OhneVorrechte ohne;
+            Datenbank db(m_pfad);
+            QCOMPARE(zustand(db), "nur lesen 1");
+            QVERIFY(!Vorschlaege(db).istNachgeprueft(1));
+            QCOMPARE(Vorschlaege(db).unbeantwortete(), 0);
+            QVERIFY(Dateien(db).verzeichnis().isEmpty());
+            QVERIFY(!Taten::Folge(db).naechste());
+        }
+        QCOMPARE(::chmod(m_ordner->path().toUtf8().constData(), 0700), 0);
     }
 
     // Read without its journal such a catalogue would show rows that are long replaced.
