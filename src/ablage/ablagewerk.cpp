@@ -4,6 +4,7 @@
 #include "bewegungsgang.h"
 #include "dokumente.h"
 #include "herkunft.h"
+#include "katalog.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "sprache.h"
@@ -74,6 +75,8 @@ Vollzug Ablagewerk::aussortieren(qint64 id, std::optional<Status> gesehen, const
 {
     if (m_profil.kopieren)
         return nurVermerken(id, gesehen, tat);
+    if (tat)
+        m_zielGeprueft = false; // one of many: its turn may come minutes later
     return bewegen({.id = id,
                     .gesehen = gesehen,
                     .status = Status::Aussortiert,
@@ -117,6 +120,16 @@ Dokument Ablagewerk::gespeichertes(qint64 id) const
     return *gefunden;
 }
 
+/** As well as it goes: where it cannot be noted, the user is told of the file all the same. */
+void Ablagewerk::verschwundenVermerken(qint64 id) const
+{
+    try {
+        Dokumente(*m_db).setzeStatus(id, Status::Fehlt);
+    } catch (const Katalogfehler &) {
+        return;
+    }
+}
+
 /** A vanished file is marked, unless its whole drive is gone. */
 void Ablagewerk::quellePruefen(const Dokument &dokument) const
 {
@@ -124,7 +137,7 @@ void Ablagewerk::quellePruefen(const Dokument &dokument) const
         return;
     if (Herkunft::istUnerreichbarFuer(*m_db, m_profil, dokument.pfad))
         throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {m_profil.quelle}));
-    Dokumente(*m_db).setzeStatus(dokument.id, Status::Fehlt);
+    verschwundenVermerken(dokument.id);
     throw Fehler(Sprache::text(u"Die Datei liegt nicht mehr am erwarteten Ort"_s));
 }
 
@@ -195,7 +208,7 @@ Vollzug Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeic
 qint64 Ablagewerk::rueckgaengig() { return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle); }
 
 Zurueckgenommen Ablagewerk::tatZuruecknehmen(const std::optional<Taten::Tat> &diese,
-                                       const Tatruecknahme::Fortschritt &fortschritt)
+                                             const Tatruecknahme::Fortschritt &fortschritt)
 {
     return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
 }

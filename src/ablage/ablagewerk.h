@@ -67,7 +67,7 @@ public:
     qint64 rueckgaengig();
     /** Takes the newest deed of the review back, a movement or not; see Tatruecknahme. Throws Fehler. */
     Zurueckgenommen tatZuruecknehmen(const std::optional<Taten::Tat> &diese = {},
-                               const Tatruecknahme::Fortschritt &fortschritt = {});
+                                     const Tatruecknahme::Fortschritt &fortschritt = {});
 
     [[nodiscard]] std::optional<Dokument> dokument(qint64 id) const;
     /** New file name of a document with its values as they stand; see Ziel::dateiname(). */
@@ -103,6 +103,7 @@ private:
     };
     [[nodiscard]] Dokument gespeichertes(qint64 id) const;
     [[nodiscard]] QString dublettenordner(const Dokument &dokument) const;
+    void verschwundenVermerken(qint64 id) const;
     void quellePruefen(const Dokument &dokument) const;
     void inhaltPruefen(const Dokument &dokument) const;
     Vollzug nurVermerken(qint64 id, std::optional<Status> gesehen, const std::optional<Taten::Tat> &tat);

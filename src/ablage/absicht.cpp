@@ -103,10 +103,13 @@ std::optional<Absicht> Absicht::aus(const QByteArray &text)
     auto zeile = Protokollzeile::aus(kompakt(o.value("zeile"_L1).toObject()));
     if (!zeile || o.value("vorgang"_L1).toString().isEmpty())
         return std::nullopt;
+    const QString status = o.value("status"_L1).toString();
+    if (!status.isEmpty() && statusAus(status) == Status::Unbekannt)
+        return std::nullopt; // of a later version
     Absicht a;
     a.art = o.value("ruecknahme"_L1).toBool() ? Art::Ruecknahme : Art::Bewegung;
     a.vorgang = o.value("vorgang"_L1).toString();
-    a.status = statusAus(o.value("status"_L1).toString());
+    a.status = statusAus(status);
     a.protokollId = o.value("protokoll"_L1).toInteger();
     a.tat = o.value("tat"_L1).toInteger();
     a.groesse = o.value("groesse"_L1).toInteger();

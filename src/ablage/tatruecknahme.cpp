@@ -82,12 +82,33 @@ public:
         bewegungen(fortschritt);
         if (m_ergebnis.dokumente.isEmpty() && !m_ergebnis.fehler.isEmpty())
             throw Fehler(m_ergebnis.fehler.first());
-        if (Taten::istErledigt(m_db, m_tat))
-            Taten::schliessen(m_db, m_tat);
+        schliessen();
         return std::move(m_ergebnis);
     }
 
 private:
+    /** What is back is back: a catalogue that fails now leaves the closing to the next time. */
+    void schliessen()
+    {
+        try {
+            if (Taten::istErledigt(m_db, m_tat))
+                Taten::schliessen(m_db, m_tat);
+        } catch (const Fehler &) {
+            return;
+        }
+    }
+
+    /** None when there is no such movement, or the catalogue cannot tell; the latter is noted. */
+    [[nodiscard]] std::optional<Vorhaben> vorhabenFuer(const Taten::Posten &posten)
+    {
+        try {
+            return posten.protokollId == 0 ? std::nullopt : vorhaben(m_db, posten.protokollId);
+        } catch (const Fehler &f) {
+            m_ergebnis.fehler << f.text();
+            return std::nullopt;
+        }
+    }
+
     void nurStatus()
     {
         QList<Taten::Posten> status;
@@ -105,7 +126,7 @@ private:
         for (const Taten::Posten &p : std::as_const(m_posten)) {
             if (fortschritt && !fortschritt(fertig++, m_posten.size()))
                 break;
-            const auto v = p.protokollId == 0 ? std::nullopt : vorhaben(m_db, p.protokollId);
+            const auto v = vorhabenFuer(p);
             if (!v)
                 continue;
             if (v->hindernis.isEmpty())

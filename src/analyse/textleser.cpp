@@ -203,8 +203,9 @@ qsizetype aehnlicheVerbinden(Datenbank &db, const Textvergleich &texte)
         anzahl += verbinden(db, paar.id, paar.partner, paar.aehnlichkeit) ? 1 : 0;
     }
     for (const auto &[id, partner] : texte.gleicherAnfang) {
+        const double aehnlichkeit = Originale::aehnlichkeit(db, id, partner);
         stapel.naechstes();
-        anzahl += verbinden(db, id, partner, Originale::aehnlichkeit(db, id, partner)) ? 1 : 0;
+        anzahl += verbinden(db, id, partner, aehnlichkeit) ? 1 : 0;
     }
     stapel.abschliessen();
     return anzahl;

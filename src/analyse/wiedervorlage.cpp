@@ -1,6 +1,7 @@
 #include "wiedervorlage.h"
 
 #include "stapel.h"
+#include "texte.h"
 #include "vorschlaege.h"
 
 namespace quillmar::analyse
@@ -13,12 +14,17 @@ qint64 Wiedervorlage::oeffnen(Datenbank &db, std::optional<qint64> id)
     for (const Vorschlaege::Gescheitertes &g : vorschlaege.gescheiterte()) {
         if (id && *id != g.id)
             continue;
+        const bool hatText = !Texte(db).text(g.id).value_or(QString()).isEmpty();
         stapel.naechstes();
-        vorschlaege.wiederOeffnen(g.id, !g.hatText);
+        vorschlaege.wiederOeffnen(g.id, !hatText);
         ++anzahl;
     }
-    stapel.naechstes();
-    anzahl += vorschlaege.zweitfragenOeffnen(id);
+    for (const qint64 dokument : vorschlaege.zweitfragen()) {
+        if (id && *id != dokument)
+            continue;
+        stapel.naechstes();
+        anzahl += vorschlaege.zweitfrageOeffnen(dokument) ? 1 : 0;
+    }
     stapel.abschliessen();
     return anzahl;
 }

@@ -52,12 +52,13 @@ public:
 private:
     static QString hier() { return u"/.quillmar-selbsttest-XXXXXX"_s; }
 
-    /** One that cannot be copied keeps its path, and fails in the trial with its reason. */
+    /** One that cannot be copied has no file in the trial, and fails there: the user's own is never touched. */
     void dokumenteHolen()
     {
         Dokumente dokumente(*m_db);
         for (const Dokument &d : dokumente.wartende()) {
             const QString ordner = m_profil.quelle + u'/' + QString::number(d.id);
+            dokumente.setzePfad(d.id, ordner + u'/' + nameVon(d.pfad));
             try {
                 Dateibewegung::ordnerAnlegen(ordner, m_profil.quelle);
                 const QString kopie = Dateibewegung::ausfuehren(

@@ -21,7 +21,16 @@ QThreadPool &faeden()
 }
 } // namespace
 
-void Hintergrund::starten(std::function<void()> arbeit) { faeden().start(std::move(arbeit)); }
+void Hintergrund::starten(std::function<void()> arbeit)
+{
+    faeden().start([arbeit = std::move(arbeit)] {
+        try {
+            arbeit();
+        } catch (...) { // out of memory, say: the program goes on
+            return;
+        }
+    });
+}
 
 bool Hintergrund::warten(std::chrono::milliseconds laengstens) { return faeden().waitForDone(int(laengstens.count())); }
 } // namespace quillmar::grundlage

@@ -12,7 +12,7 @@ namespace quillmar::grundlage
 /** Work off the main thread. */
 namespace Hintergrund
 {
-/** Has @p arbeit done on another thread; it must not throw. Never waits for one to be free. */
+/** Has @p arbeit done on another thread; what it throws is lost. Never waits for one to be free. */
 void starten(std::function<void()> arbeit);
 
 /** Waits until no work is under way, at most @p laengstens. False when some still is. */

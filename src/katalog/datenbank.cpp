@@ -330,6 +330,7 @@ int Datenbank::schreiben(const QString &sql, const QVariantList &parameter)
 
 void Datenbank::scheitern(int code, const QString &satz)
 {
+    const Warteschlange::Platz platz(m_schlange); // the message is the connection's own
     throw Katalogfehler(satz, QString::fromUtf8(sqlite3_errstr(code)) + u": "_s +
                                   QString::fromUtf8(sqlite3_errmsg(m_griff.get())));
 }

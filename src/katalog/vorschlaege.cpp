@@ -107,15 +107,10 @@ qint64 Vorschlaege::unbeantwortete() const
 QList<Vorschlaege::Gescheitertes> Vorschlaege::gescheiterte() const
 {
     QList<Gescheitertes> liste;
-    m_db.besuchen(u"SELECT d.id, d.pfad, d.fehler, coalesce(t.text,'')<>'' AS gelesen FROM dokumente d\n"
-                  "LEFT JOIN texte t ON t.dokument_id=d.id WHERE d.status='bereit' AND d.ausgenommen=0\n"
-                  "AND (d.fehler LIKE 'Lesen nicht möglich%' OR d.fehler LIKE 'Einordnung nicht möglich%')\n"
-                  "ORDER BY d.id"_s,
+    m_db.besuchen(u"SELECT id, pfad, fehler FROM dokumente WHERE status='bereit' AND ausgenommen=0\n"
+                  "AND (fehler LIKE 'Lesen nicht möglich%' OR fehler LIKE 'Einordnung nicht möglich%') ORDER BY id"_s,
                   {}, [&](const Zeile &z) {
-                      liste << Gescheitertes{.id = z.ganz(u"id"),
-                                             .pfad = z.text(u"pfad"),
-                                             .fehler = z.text(u"fehler"),
-                                             .hatText = z.ganz(u"gelesen") == 1};
+                      liste << Gescheitertes{.id = z.ganz(u"id"), .pfad = z.text(u"pfad"), .fehler = z.text(u"fehler")};
                   });
     return liste;
 }
@@ -132,21 +127,17 @@ void Vorschlaege::wiederOeffnen(qint64 id, bool lesen)
     t.abschliessen();
 }
 
-qint64 Vorschlaege::zweitfragenOeffnen(std::optional<qint64> id)
+QList<qint64> Vorschlaege::zweitfragen() const { return m_db.nummern(u"SELECT dokument_id AS id FROM zweitfragen"_s); }
+
+bool Vorschlaege::zweitfrageOeffnen(qint64 id)
 {
     Transaktion t(m_db);
-    qint64 anzahl = 0;
-    for (const qint64 dokument : m_db.nummern(u"SELECT dokument_id AS id FROM zweitfragen"_s)) {
-        if (id && *id != dokument)
-            continue;
-        const int offen = m_db.schreiben(u"UPDATE dokumente SET zweitmeinung=0\n"
-                                         "WHERE id=? AND status='bereit' AND ausgenommen=0 AND zweitmeinung=1"_s,
-                                         {dokument});
-        if (offen > 0)
-            m_db.schreiben(u"DELETE FROM zweitfragen WHERE dokument_id=?"_s, {dokument});
-        anzahl += offen;
-    }
+    const int offen = m_db.schreiben(u"UPDATE dokumente SET zweitmeinung=0\n"
+                                     "WHERE id=? AND status='bereit' AND ausgenommen=0 AND zweitmeinung=1"_s,
+                                     {id});
+    if (offen > 0)
+        m_db.schreiben(u"DELETE FROM zweitfragen WHERE dokument_id=?"_s, {id});
     t.abschliessen();
-    return anzahl;
+    return offen > 0;
 }
 } // namespace quillmar::katalog

@@ -60,13 +60,14 @@ public:
         qint64 id = 0;
         QString pfad;
         QString fehler;
-        bool hatText = false;
     };
     [[nodiscard]] QList<Gescheitertes> gescheiterte() const;
     /** Back to the beginning; @p lesen: it is read again as well. */
     void wiederOeffnen(qint64 id, bool lesen);
-    /** Asks about those again that unbeantwortete() counts, or only about @p id. Returns how many. */
-    qint64 zweitfragenOeffnen(std::optional<qint64> id);
+    /** Documents whose second opinion was asked for in vain, also those that do not wait any more. */
+    [[nodiscard]] QList<qint64> zweitfragen() const;
+    /** It is asked about again. Returns whether it still waits. */
+    bool zweitfrageOeffnen(qint64 id);
 
     // Corrections by a rule
     [[nodiscard]] bool istOffenMit(qint64 id, const QString &gegenueber) const;

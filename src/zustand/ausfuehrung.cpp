@@ -1,5 +1,6 @@
 #include "ausfuehrung.h"
 
+#include "fehler.h"
 #include "fehlersatz.h"
 #include "hintergrund.h"
 #include "meldestelle.h"
@@ -23,7 +24,7 @@ constexpr auto merklich = 200ms; // what takes longer is named
 /** One deed with all that belongs to it, as it comes back from the worker. */
 struct Ausfuehrung::Tatfolge {
     Geschehen geschehen;
-    Blick blick;
+    std::optional<Blick> blick; ///< none when the catalogue cannot be read any more
 };
 
 Ausfuehrung::Ausfuehrung(Profilwahl *profilwahl, Pruefung *pruefung, Meldestelle *meldestelle)
@@ -138,7 +139,9 @@ void Ausfuehrung::weiter(Richtung richtung)
     imHintergrund(
         this, [platz, wunsch = Wunsch::weiter(dokumentId(), richtung)] { return Blick::auf(platz.db, wunsch); },
         [this, hier = QPointer(m_profilwahl->offenes())](const Ausgang<Blick> &ausgang) {
-            if (hier && ausgang.wert)
+            if (!ausgang.wert)
+                gescheitert(fehlersatz(ausgang.fehler));
+            else if (hier)
                 m_pruefung->zeigen(*ausgang.wert);
             freigeben();
         });
@@ -225,7 +228,11 @@ Ausfuehrung::Tatfolge Ausfuehrung::ausfuehren(const Arbeitsplatz &platz, const T
         wunsch = Wunsch::dieses(*g.wieder, hier);
     else if (g.gelungen && danach.art == Wunsch::Art::Weiter)
         wunsch = danach;
-    folge.blick = Blick::auf(platz.db, wunsch);
+    try {
+        folge.blick = Blick::auf(platz.db, wunsch);
+    } catch (const Fehler &f) {
+        folge.geschehen.hinweise << f.text(); // the deed stands, and is told with its way back
+    }
     return folge;
 }
 
@@ -259,7 +266,8 @@ void Ausfuehrung::eintragen(OffenesProfil &offenes, const Tatfolge &folge)
     offenes.setzeRueckweg(g.rueckweg);
     Q_EMIT tatRuecknehmbarGeaendert();
     berichten(folge);
-    m_pruefung->zeigen(folge.blick);
+    if (folge.blick)
+        m_pruefung->zeigen(*folge.blick);
     if (g.zielFraglich)
         Q_EMIT zielFraglich();
     if (neuesBuch)
@@ -271,7 +279,7 @@ void Ausfuehrung::berichten(const Tatfolge &folge)
     const Geschehen &g = folge.geschehen;
     // Another document stands there now: it is not the one that this is about.
     const Dokument *dieses = m_pruefung->angabenFest() ? m_pruefung->aktuelles() : nullptr;
-    const bool verlassen = dieses && folge.blick.id() != dieses->id;
+    const bool verlassen = dieses && folge.blick && folge.blick->id() != dieses->id;
     const QString woran = !g.gelungen && verlassen ? dieses->dateiname + u": "_s : QString();
     const bool gut = g.gelungen && g.warnungen.isEmpty();
     m_meldestelle->berichten(g.text, woran + (g.warnungen + g.hinweise).join(u", "_s),

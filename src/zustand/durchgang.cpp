@@ -1,6 +1,7 @@
 #include "durchgang.h"
 
 #include "analyse.h"
+#include "fehlersatz.h"
 #include "katalog.h"
 #include "meldestelle.h"
 #include "modelldienst.h"
@@ -101,12 +102,14 @@ void Durchgang::endeLesen(Laufende ende)
     imHintergrund(
         offenes, [db = offenes->db()] { return std::pair(Zaehlwerk::zaehlen(*db).bereit, Nacharbeit::lesen(*db)); },
         [this, ende](const Ausgang<std::pair<qint64, Nacharbeit>> &ausgang) {
-            if (!ausgang.wert)
-                return;
-            setzeNacharbeit(ausgang.wert->second);
             m_lage.ende = ende;
-            m_lage.ende.bereit = ausgang.wert->first;
-            m_lage.ende.gescheitert = m_lage.nacharbeit.gescheiterte.size();
+            if (ausgang.wert) {
+                setzeNacharbeit(ausgang.wert->second);
+                m_lage.ende.bereit = ausgang.wert->first;
+                m_lage.ende.gescheitert = m_lage.nacharbeit.gescheiterte.size();
+            } else {
+                m_meldestelle->melden(fehlersatz(ausgang.fehler));
+            }
             Q_EMIT laufBeendet();
         });
 }

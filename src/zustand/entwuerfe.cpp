@@ -39,7 +39,7 @@ struct Entwuerfe::Schreibstube {
         sperre.unlock();
         try {
             zustand::schreiben(*db, aenderungen);
-        } catch (const Fehler &) { // they stay in memory, and are tried again with the next one
+        } catch (...) { // they stay in memory, and are tried again with the next one
             sperre.lock();
             for (auto it = aenderungen.begin(); it != aenderungen.end(); ++it) {
                 if (!offene.contains(it.key()))

@@ -74,10 +74,14 @@ void vollzugMelden(const Vollzug &vollzug, const QString &gegenueber, Geschehen 
     protokollMelden(vollzug.ohneProtokoll, g);
 }
 
-QString aktuellerName(const Ablagewerk &werk, qint64 id)
+/** As it is now; an unknown one when the catalogue cannot tell: what was done is told all the same. */
+Dokument jetziges(const Arbeitsplatz &platz, qint64 id)
 {
-    const auto dokument = werk.dokument(id);
-    return dokument ? nameVon(dokument->pfad) : QString();
+    try {
+        return Ablagewerk(platz.db, platz.profil).dokument(id).value_or(Dokument());
+    } catch (const Fehler &) {
+        return {};
+    }
 }
 
 /** Tells what was taken back; the name where it is one document. */
@@ -86,12 +90,12 @@ void ruecknahmeMelden(const Arbeitsplatz &platz, const Zurueckgenommen &z, Gesch
     if (z.dokumente.isEmpty())
         return; // stopped before the first one
     g.wieder = z.dokumente.first();
+    const Dokument erstes = jetziges(platz, *g.wieder);
     const qsizetype anzahl = z.dokumente.size();
     const QString was =
-        anzahl == 1 ? aktuellerName(Ablagewerk(platz.db, platz.profil), *g.wieder)
+        anzahl == 1 ? nameVon(erstes.pfad)
                     : gefuellt(Sprache::text(anzahl, u"%@ Dokument"_s, u"%@ Dokumente"_s), {QString::number(anzahl)});
-    const auto erstes = Ablagewerk(platz.db, platz.profil).dokument(*g.wieder);
-    const bool wartet = erstes && erstes->status == Status::Bereit;
+    const bool wartet = erstes.status == Status::Bereit;
     g.text = gefuellt(z.bewegt ? Sprache::text(u"Zurückgeholt: %@"_s)
                       : wartet ? Sprache::text(u"Wieder zur Prüfung: %@"_s)
                                : Sprache::text(u"Zurückgenommen: %@"_s),
@@ -102,7 +106,7 @@ void ruecknahmeMelden(const Arbeitsplatz &platz, const Zurueckgenommen &z, Gesch
 }
 
 Geschehen zuruecknehmen(const Arbeitsplatz &platz, const std::optional<Taten::Tat> &diese,
-                     const Handlungsfortschritt &fortschritt)
+                        const Handlungsfortschritt &fortschritt)
 {
     return gefasst(platz, [&](Geschehen &g) {
         ruecknahmeMelden(platz, Ablagewerk(platz.db, platz.profil).tatZuruecknehmen(diese, fortschritt), g);

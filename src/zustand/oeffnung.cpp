@@ -60,8 +60,15 @@ Oeffnung Oeffnung::von(const Profil &profil)
         });
         versuchen(o.hinweise, [&] { return ausnahmenDurchsetzen(*o.db, profil); });
     }
-    o.blick = Blick::auf(o.db, {});
-    o.entwuerfe = entwuerfeLesen(*o.db);
+    // One that can be read in part is shown in part.
+    versuchen(o.hinweise, [&] {
+        o.blick = Blick::auf(o.db, {});
+        return QStringList();
+    });
+    versuchen(o.hinweise, [&] {
+        o.entwuerfe = entwuerfeLesen(*o.db);
+        return QStringList();
+    });
     return o;
 }
 } // namespace quillmar::zustand

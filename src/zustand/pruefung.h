@@ -62,6 +62,8 @@ public:
     /** What is being looked at is out of date. */
     void blickVerwerfen() { m_blickfrage.verwerfen(); }
     /** The document was filed with what was typed: its draft is done with. */
+    /** Stores what was typed at once; for the end of the program. */
+    void entwuerfeSichern() { m_entwuerfe.sichern(); }
     void entwurfVerwerfen(qint64 dokument) { m_entwuerfe.verwerfen(dokument); }
 
 Q_SIGNALS:

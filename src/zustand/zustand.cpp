@@ -59,8 +59,9 @@ Zustand::~Zustand()
 {
     m_einrichtung.reset();
     m_sitzungen.reset();
-    m_durchgang.reset();
     m_ausfuehrung.reset();
+    m_pruefung->entwuerfeSichern(); // before the run is waited for
+    m_durchgang.reset();
     m_pruefung.reset();
     m_modelldienst.reset();
     Hintergrund::warten(geduldAmEnde); // before the catalogue goes
@@ -68,6 +69,8 @@ Zustand::~Zustand()
 
 void Zustand::ersteKarteWaehlen()
 {
+    if (!m_profilwahl->bereitschaft())
+        return; // not known yet
     if (std::exchange(m_ersteWahl, false) && m_profilwahl->bereitZumStart())
         setzeReiter(Reiter::Pruefen);
 }
