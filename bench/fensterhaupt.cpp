@@ -3,7 +3,6 @@
 
 #include <array>
 
-
 namespace
 {
 constexpr std::array<Reihe, 6> reihen = {{

@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <array>
 
-
 namespace
 {
 constexpr std::array<Reihe, 14> reihen = {{

@@ -8,7 +8,6 @@
 #include <unistd.h>
 #include <vector>
 
-
 namespace
 {
 void pruefen(bool gelungen, const QByteArray &was)

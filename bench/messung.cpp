@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <vector>
 
-
 namespace
 {
 double mitte(std::vector<double> werte)

@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <exception>
 
-
 int reiheMessen(std::span<const Reihe> reihen, std::string_view gesucht)
 {
     try {

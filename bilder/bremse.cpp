@@ -2,7 +2,6 @@
 
 #include <QTcpSocket>
 
-
 Bremse::Bremse(quint16 dahinter, QObject *vater) : QTcpServer(vater), m_dahinter(dahinter)
 {
     connect(this, &QTcpServer::newConnection, this, [this] {
