@@ -28,8 +28,7 @@ Absichtsdatei dateiNehmen(const Datenbank &db)
 {
     // Found out before, not by a movement there and back.
     if (Katalog::nurLesen(db))
-        throw Fehler(
-            Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+        throw Fehler(Katalog::nichtBeschreibbar());
     auto datei = Absichtsdatei::oeffnen(absichtsdatei(db), geduld);
     if (!datei)
         throw Fehler(

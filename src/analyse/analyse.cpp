@@ -97,8 +97,7 @@ Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &aus
 {
     try {
         if (Katalog::nurLesen(lauf.db()))
-            return angehalten(Sprache::text(
-                u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+            return angehalten(Katalog::nichtBeschreibbar());
         const auto sperre = Sperrdatei::nehmen(Katalog::pfad(lauf.db()) + u".lauf"_s, 0ms);
         if (!sperre)
             return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));

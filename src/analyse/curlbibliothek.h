@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+
 #include <curl/curl.h>
 
 namespace quillmar::analyse

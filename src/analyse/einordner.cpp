@@ -88,7 +88,7 @@ Vorschlag vorschlagen(const Werkbank &bank, const Vorlage &vorlage)
 void wissenAnwenden(const Werkbank &bank, const Vorlage &vorlage, Vorschlag &v)
 {
     const Profil &profil = bank.lauf.profil();
-    const Einordner::Gelerntes gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), v.ergebnis);
+    const Einordner::Lernspur gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), v.ergebnis);
     v.gelerntVon = gelernt.von;
     if (gelernt.ort) {
         v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
@@ -184,11 +184,11 @@ void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnun
     e.konfidenz = std::max(e.konfidenz, mindestensNachRegel);
 }
 
-Einordner::Gelerntes Einordner::gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
+Einordner::Lernspur Einordner::gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
 {
     const Lernspeicher speicher(db);
     Angaben &a = e.angaben;
-    Gelerntes gelernt;
+    Lernspur gelernt;
     if (const auto gleich = speicher.gleichwertig(a.gegenueber)) {
         gelernt.von = Lernregeln::schluessel(a.gegenueber);
         a.gegenueber = *gleich;

@@ -33,12 +33,12 @@ void richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnungsergebnis 
                          const Profil &profil);
 
 /** What the learning memory has put into a proposal. */
-struct Gelerntes {
+struct Lernspur {
     QString von;      ///< key of the place, else of the name equation; empty for neither
     bool ort = false; ///< the place is a taught one
 };
 /** What the user has taught goes before what any model says: gives @p e the taught name and place. */
-Gelerntes gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e);
+Lernspur gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e);
 
 /**
  * Runs @p alle, which puts the documents of a stage to @p modell. A model that cannot be asked ends it and is noted as

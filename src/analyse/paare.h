@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+
 #include <QList>
 #include <functional>
 

@@ -14,7 +14,7 @@ qint64 Wiedervorlage::oeffnen(Datenbank &db, std::optional<qint64> id)
     for (const Vorschlaege::Gescheitertes &g : vorschlaege.gescheiterte()) {
         if (id && *id != g.id)
             continue;
-        const bool hatText = !Texte(db).text(g.id).value_or(QString()).isEmpty();
+        const bool hatText = Texte(db).hatText(g.id);
         stapel.naechstes();
         vorschlaege.wiederOeffnen(g.id, !hatText);
         ++anzahl;

@@ -46,9 +46,9 @@ qint64 deckel(std::optional<qint64> vor) { return vor.value_or(std::numeric_limi
 
 std::optional<Bewegung> Bewegungen::eine(qint64 id) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(
-        u"SELECT p.*, n.name FROM protokoll p LEFT JOIN schreibweisen n ON n.protokoll_id=p.id WHERE p.id=?"_s, {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(bewegungAus(zeilen.first()));
+    return m_db.eine(
+        u"SELECT p.*, n.name FROM protokoll p LEFT JOIN schreibweisen n ON n.protokoll_id=p.id WHERE p.id=?"_s, {id},
+        bewegungAus);
 }
 
 qint64 Bewegungen::neueste() const { return m_db.zahl(u"SELECT MAX(id) n FROM protokoll"_s); }
@@ -97,8 +97,7 @@ bool Bewegungen::istEingetragen(qint64 hinter, qint64 dokument, const QString &v
 
 std::optional<Bewegungen::Stand> Bewegungen::stand(qint64 id) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(standauswahl + u"WHERE p.id=?"_s, {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(standAus(zeilen.first()));
+    return m_db.eine(standauswahl + u"WHERE p.id=?"_s, {id}, standAus);
 }
 
 QList<Bewegungen::Stand> Bewegungen::staende(qint64 dokument, const QString &von, const QString &nach) const

@@ -40,10 +40,9 @@ Dateien::Verzeichnis Dateien::verzeichnis() const
 
 std::optional<Dateinotiz> Dateien::stand(qint64 id) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(
-        u"SELECT "_s + standspalten + u"\nFROM dokumente d LEFT JOIN dateistand s ON s.dokument_id=d.id WHERE d.id=?"_s,
-        {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(standAus(zeilen.first()));
+    return m_db.eine(u"SELECT "_s + standspalten +
+                         u"\nFROM dokumente d LEFT JOIN dateistand s ON s.dokument_id=d.id WHERE d.id=?"_s,
+                     {id}, standAus);
 }
 
 void Dateien::jederPfad(const std::function<void(const QString &)> &besuch) const

@@ -39,8 +39,7 @@ QList<Dateien::Dublette> Dateien::dubletten() const
 
 std::optional<Dateien::Dublette> Dateien::dublette(qint64 id) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(auswahl + u"WHERE d.id=?"_s, {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(aus(zeilen.first()));
+    return m_db.eine(auswahl + u"WHERE d.id=?"_s, {id}, aus);
 }
 
 void Dateien::alsDubletteMarkieren(qint64 id, qint64 original, double guete)

@@ -254,14 +254,8 @@ void Datenbank::zurueckgeben(const QString &sql, Anweisung anweisung)
 QList<Zeile> Datenbank::abfragen(const QString &sql, const QVariantList &parameter)
 {
     QList<Zeile> zeilen;
-    durchlaufen(sql, parameter, [&zeilen](const Zeile &zeile) { zeilen << zeile; });
+    Q_UNUSED(schritte(sql, parameter, [&zeilen](const Zeile &zeile) { zeilen << zeile; }));
     return zeilen;
-}
-
-void Datenbank::durchlaufen(const QString &sql, const QVariantList &parameter,
-                            const std::function<void(const Zeile &)> &besuch)
-{
-    Q_UNUSED(schritte(sql, parameter, besuch));
 }
 
 int Datenbank::schritte(const QString &sql, const QVariantList &parameter,
@@ -323,8 +317,7 @@ int Datenbank::schreiben(const QString &sql, const QVariantList &parameter)
         return ergebnis;
     });
     if (code != SQLITE_OK)
-        scheitern(code, Sprache::text(
-                            u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
+        scheitern(code, Katalog::nichtBeschreibbar());
     return anzahl;
 }
 
@@ -339,14 +332,12 @@ bool Datenbank::gibtEs(const QString &sql, const QVariantList &parameter) { retu
 
 qint64 Datenbank::zahl(const QString &sql, const QVariantList &parameter)
 {
-    const QList<Zeile> zeilen = lesen(sql, parameter);
-    return zeilen.isEmpty() ? 0 : zeilen.first().ganz(u"n");
+    return eine(sql, parameter, [](const Zeile &z) { return z.ganz(u"n"); }).value_or(0);
 }
 
 std::optional<qint64> Datenbank::nummer(const QString &sql, const QVariantList &parameter)
 {
-    const QList<Zeile> zeilen = lesen(sql, parameter);
-    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().ganz(u"id"));
+    return eine(sql, parameter, [](const Zeile &z) { return z.ganz(u"id"); });
 }
 
 QList<qint64> Datenbank::nummern(const QString &sql, const QVariantList &parameter)
@@ -354,12 +345,6 @@ QList<qint64> Datenbank::nummern(const QString &sql, const QVariantList &paramet
     QList<qint64> liste;
     besuchen(sql, parameter, [&liste](const Zeile &z) { liste << z.ganz(u"id"); });
     return liste;
-}
-
-int Datenbank::geaendert()
-{
-    const Warteschlange::Platz platz(m_schlange);
-    return sqlite3_changes(m_griff.get());
 }
 
 int Datenbank::beginnen(bool &innere)

@@ -11,21 +11,16 @@ namespace quillmar::katalog
 namespace
 {
 const QString wartet = u"status='bereit' AND ausgenommen=0"_s;
-
-std::optional<Dokument> erstes(const QList<Zeile> &zeilen)
-{
-    return zeilen.isEmpty() ? std::nullopt : std::optional(Dokument::aus(zeilen.first()));
-}
 } // namespace
 
 std::optional<Dokument> Dokumente::eines(qint64 id) const
 {
-    return erstes(m_db.lesen(u"SELECT * FROM dokumente WHERE id=?"_s, {id}));
+    return m_db.eine(u"SELECT * FROM dokumente WHERE id=?"_s, {id}, Dokument::aus);
 }
 
 std::optional<Dokument> Dokumente::wartendes(std::optional<qint64> id) const
 {
-    return id ? erstes(m_db.lesen(u"SELECT * FROM dokumente WHERE id=? AND "_s + wartet, {*id})) : std::nullopt;
+    return id ? m_db.eine(u"SELECT * FROM dokumente WHERE id=? AND "_s + wartet, {*id}, Dokument::aus) : std::nullopt;
 }
 
 QList<Dokument> Dokumente::wartende() const
@@ -37,41 +32,33 @@ QList<Dokument> Dokumente::wartende() const
 
 std::optional<Dokument> Dokumente::naechstes(std::optional<qint64> nach, Richtung richtung) const
 {
+    const QString wartende = u"SELECT * FROM dokumente WHERE "_s + wartet;
     std::optional<Dokument> gefunden;
     if (nach && richtung == Richtung::Weiter)
-        gefunden = erstes(m_db.lesen(
-            u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id>? ORDER BY id LIMIT 1"_s,
-            {*nach}));
+        gefunden = m_db.eine(wartende + u" AND id>? ORDER BY id LIMIT 1"_s, {*nach}, Dokument::aus);
     else if (nach && richtung == Richtung::Zurueck)
-        gefunden = erstes(m_db.lesen(
-            u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id<? ORDER BY id DESC LIMIT 1"_s,
-            {*nach}));
-    if (gefunden)
-        return gefunden;
-    return erstes(m_db.lesen(u"SELECT * FROM dokumente WHERE "_s + wartet + u" ORDER BY id LIMIT 1"_s));
+        gefunden = m_db.eine(wartende + u" AND id<? ORDER BY id DESC LIMIT 1"_s, {*nach}, Dokument::aus);
+    return gefunden ? gefunden : m_db.eine(wartende + u" ORDER BY id LIMIT 1"_s, {}, Dokument::aus);
 }
 
 std::optional<QString> Dokumente::pfadDesNaechsten(qint64 id) const
 {
-    for (const QString &wo : {u"id>?"_s, u"id<?"_s}) {
-        const QList<Zeile> zeilen = m_db.lesen(
-            u"SELECT pfad FROM dokumente WHERE "_s + wartet + u" AND "_s + wo + u" ORDER BY id LIMIT 1"_s, {id});
-        if (!zeilen.isEmpty())
-            return zeilen.first().text(u"pfad");
+    // Behind it, else from the start again.
+    for (const QString &wo : {u" AND id>?"_s, u" AND id<?"_s}) {
+        auto pfad = m_db.eine(u"SELECT pfad FROM dokumente WHERE "_s + wartet + wo + u" ORDER BY id LIMIT 1"_s, {id},
+                              [](const Zeile &z) { return z.text(u"pfad"); });
+        if (pfad)
+            return pfad;
     }
     return std::nullopt;
 }
 
 std::optional<Dokument> Dokumente::naechstesVollstaendige(qint64 id) const
 {
-    for (const qint64 ab : {id, qint64(0)}) {
-        if (auto gefunden =
-                erstes(m_db.lesen(u"SELECT * FROM dokumente WHERE status='bereit' AND ausgenommen=0 AND id>?\n"
-                                  "AND titel<>'' AND rubrik<>'' ORDER BY id LIMIT 1"_s,
-                                  {ab})))
-            return gefunden;
-    }
-    return std::nullopt;
+    const QString vollstaendige =
+        u"SELECT * FROM dokumente WHERE "_s + wartet + u" AND id>? AND titel<>'' AND rubrik<>'' ORDER BY id LIMIT 1"_s;
+    auto gefunden = m_db.eine(vollstaendige, {id}, Dokument::aus);
+    return gefunden ? gefunden : m_db.eine(vollstaendige, {0}, Dokument::aus);
 }
 
 void Dokumente::jedesBereite(const std::function<void(const Dokument &)> &besuch) const

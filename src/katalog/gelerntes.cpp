@@ -34,8 +34,7 @@ QList<Eintrag> Gelerntes::zuordnungen() const
 
 std::optional<Eintrag> Gelerntes::zuordnung(const QString &schluessel) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(u"SELECT * FROM gelernt WHERE schluessel=?"_s, {schluessel});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(eintragAus(zeilen.first()));
+    return m_db.eine(u"SELECT * FROM gelernt WHERE schluessel=?"_s, {schluessel}, eintragAus);
 }
 
 void Gelerntes::setzeZuordnung(const Eintrag &e)
@@ -63,8 +62,7 @@ QList<Gleichung> Gelerntes::gleichungen() const
 
 std::optional<Gleichung> Gelerntes::gleichung(const QString &von) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(u"SELECT * FROM namen WHERE von=?"_s, {von});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(gleichungAus(zeilen.first()));
+    return m_db.eine(u"SELECT * FROM namen WHERE von=?"_s, {von}, gleichungAus);
 }
 
 void Gelerntes::setzeGleichung(const Gleichung &g)

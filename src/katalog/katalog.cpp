@@ -1,6 +1,7 @@
 #include "katalog.h"
 
 #include "datenbank.h"
+#include "sprache.h"
 
 #include <sqlite3.h>
 
@@ -13,6 +14,11 @@ std::shared_ptr<Datenbank> Katalog::oeffnen(const QString &pfad) { return std::m
 const QString &Katalog::pfad(const Datenbank &db) { return db.pfad(); }
 
 bool Katalog::nurLesen(const Datenbank &db) { return db.nurLesen(); }
+
+QString Katalog::nichtBeschreibbar()
+{
+    return Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s);
+}
 
 void Katalog::kopieren(Datenbank &db, const QString &ziel) { db.schreiben(u"VACUUM INTO ?"_s, {ziel}); }
 

@@ -33,6 +33,8 @@ namespace Katalog
 [[nodiscard]] const QString &pfad(const Datenbank &db);
 /** It could not be opened for writing, or its disk is full. */
 [[nodiscard]] bool nurLesen(const Datenbank &db);
+/** The sentence for the user: it could not be written, whatever the reason. */
+[[nodiscard]] QString nichtBeschreibbar();
 /** Writes a copy to the new file @p ziel. Throws Fehler. */
 void kopieren(Datenbank &db, const QString &ziel);
 /** The version of SQLite in use. */

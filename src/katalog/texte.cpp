@@ -9,8 +9,13 @@ namespace quillmar::katalog
 {
 std::optional<QString> Texte::text(qint64 id) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(u"SELECT text FROM texte WHERE dokument_id=?"_s, {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"text"));
+    return m_db.eine(u"SELECT text FROM texte WHERE dokument_id=?"_s, {id},
+                     [](const Zeile &z) { return z.text(u"text"); });
+}
+
+bool Texte::hatText(qint64 id) const
+{
+    return m_db.gibtEs(u"SELECT 1 FROM texte WHERE dokument_id=? AND text<>''"_s, {id});
 }
 
 QList<qint64> Texte::zuLesende() const
@@ -22,10 +27,9 @@ QList<qint64> Texte::zuLesende() const
 
 std::optional<QString> Texte::pfadZumLesen(qint64 id) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(u"SELECT pfad FROM dokumente WHERE id=? AND text_hash IS NULL\n"
-                                           "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
-                                           {id});
-    return zeilen.isEmpty() ? std::nullopt : std::optional(zeilen.first().text(u"pfad"));
+    return m_db.eine(u"SELECT pfad FROM dokumente WHERE id=? AND text_hash IS NULL\n"
+                     "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
+                     {id}, [](const Zeile &z) { return z.text(u"pfad"); });
 }
 
 void Texte::speichern(qint64 id, const Gelesenes &g)
@@ -48,8 +52,9 @@ void Texte::scheitern(qint64 id, const QString &fehler)
 
 QString Texte::skizze(qint64 id) const
 {
-    const QList<Zeile> zeilen = m_db.lesen(u"SELECT skizze FROM dokumente WHERE id=?"_s, {id});
-    return zeilen.isEmpty() ? QString() : zeilen.first().text(u"skizze");
+    return m_db
+        .eine(u"SELECT skizze FROM dokumente WHERE id=?"_s, {id}, [](const Zeile &z) { return z.text(u"skizze"); })
+        .value_or(QString());
 }
 
 void Texte::jedeSkizze(bool neue, const std::function<void(qint64, const QString &)> &besuch) const

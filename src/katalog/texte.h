@@ -21,6 +21,8 @@ public:
 
     /** The stored text; none if there is no row, empty if nothing was found. */
     [[nodiscard]] std::optional<QString> text(qint64 id) const;
+    /** Some text is stored. */
+    [[nodiscard]] bool hatText(qint64 id) const;
 
     // Reading
     [[nodiscard]] QList<qint64> zuLesende() const;

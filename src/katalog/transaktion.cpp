@@ -1,7 +1,6 @@
 #include "transaktion.h"
 
 #include "datenbank.h"
-#include "sprache.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,7 +9,7 @@ namespace quillmar::katalog
 Transaktion::Transaktion(Datenbank &db) : m_db(db)
 {
     if (db.beginnen(m_innere) != 0)
-        scheitern();
+        throw Katalogfehler(Katalog::nichtBeschreibbar(), u"transaction"_s);
 }
 
 Transaktion::~Transaktion()
@@ -24,14 +23,9 @@ Transaktion::~Transaktion()
 void Transaktion::abschliessen()
 {
     if (m_db.ausfuehren(m_innere ? u"RELEASE stufe"_s : u"COMMIT"_s) != 0)
-        scheitern();
+        throw Katalogfehler(Katalog::nichtBeschreibbar(), u"transaction"_s);
     m_offen = false;
     m_db.schlange().verlassen();
 }
 
-void Transaktion::scheitern() const
-{
-    throw Fehler(
-        Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s));
-}
 } // namespace quillmar::katalog

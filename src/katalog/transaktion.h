@@ -13,17 +13,14 @@ class Datenbank;
 class Transaktion
 {
 public:
-    /** Throws Fehler when the catalogue cannot be written, or stays locked by another program for a minute. */
+    /** Throws Katalogfehler when the catalogue cannot be written, or stays locked by another program for a minute. */
     explicit Transaktion(Datenbank &db);
     ~Transaktion();
     Transaktion(const Transaktion &) = delete;
     Transaktion &operator=(const Transaktion &) = delete;
 
-    /** Writes what was done to the disk. Throws Fehler when that fails; nothing of it is stored then. */
+    /** Writes what was done to the disk. Throws Katalogfehler when that fails; nothing of it is stored then. */
     void abschliessen();
-
-    /** Throws the Fehler that tells the user that the catalogue cannot be written. */
-    [[noreturn]] void scheitern() const;
 
 private:
     Datenbank &m_db;

@@ -16,12 +16,7 @@ const QString nochZuFragen = u"d.status='bereit' AND (d.zweitmeinung IS NULL OR 
                              "AND (d.ort_quelle='umsortierung' OR d.konfidenz < 0.75)\n"
                              "AND (d.ort_quelle IS NULL OR d.ort_quelle<>'gelernt') AND d.ausgenommen=0"_s;
 
-std::optional<Vorschlaege::Vorlage> vorlage(const QList<Zeile> &zeilen)
-{
-    if (zeilen.isEmpty())
-        return std::nullopt;
-    return Vorschlaege::Vorlage{.dokument = Dokument::aus(zeilen.first()), .text = zeilen.first().text(u"text")};
-}
+Vorschlaege::Vorlage vorlageAus(const Zeile &z) { return {.dokument = Dokument::aus(z), .text = z.text(u"text")}; }
 } // namespace
 
 QList<qint64> Vorschlaege::einzuordnende() const
@@ -32,8 +27,8 @@ QList<qint64> Vorschlaege::einzuordnende() const
 
 std::optional<Vorschlaege::Vorlage> Vorschlaege::einzuordnendes(qint64 id) const
 {
-    return vorlage(
-        m_db.lesen(mitText + u"WHERE d.id=? AND d.status='neu' AND d.vorschlag IS NULL AND d.ausgenommen=0"_s, {id}));
+    return m_db.eine(mitText + u"WHERE d.id=? AND d.status='neu' AND d.vorschlag IS NULL AND d.ausgenommen=0"_s, {id},
+                     vorlageAus);
 }
 
 void Vorschlaege::speichern(qint64 id, const Vorschlag &v)
@@ -62,7 +57,7 @@ QList<qint64> Vorschlaege::strittige() const
 
 std::optional<Vorschlaege::Vorlage> Vorschlaege::strittiges(qint64 id) const
 {
-    return vorlage(m_db.lesen(mitText + u"WHERE d.id=? AND "_s + nochZuFragen, {id}));
+    return m_db.eine(mitText + u"WHERE d.id=? AND "_s + nochZuFragen, {id}, vorlageAus);
 }
 
 bool Vorschlaege::nachpruefen(qint64 id, const Angaben &a, double konfidenz, const std::optional<QString> &gelerntVon)

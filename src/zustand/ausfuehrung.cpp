@@ -139,10 +139,10 @@ void Ausfuehrung::weiter(Richtung richtung)
     imHintergrund(
         this, [platz, wunsch = Wunsch::weiter(dokumentId(), richtung)] { return Blick::auf(platz.db, wunsch); },
         [this, hier = QPointer(m_profilwahl->offenes())](const Ausgang<Blick> &ausgang) {
-            if (!ausgang.wert)
-                gescheitert(fehlersatz(ausgang.fehler));
-            else if (hier)
+            if (hier && ausgang.wert)
                 m_pruefung->zeigen(*ausgang.wert);
+            else if (hier)
+                gescheitert(fehlersatz(ausgang.fehler));
             freigeben();
         });
 }

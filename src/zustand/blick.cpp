@@ -25,7 +25,7 @@ Pruefstueck vollstaendig(Datenbank &db, const Dokument &dokument)
 {
     Pruefstueck stueck{
         .dokument = dokument, .ohneGegenueber = dokument.angaben.gegenueber.isEmpty(), .aehnlich = std::nullopt};
-    stueck.hatText = !Texte(db).text(dokument.id).value_or(QString()).isEmpty();
+    stueck.hatText = Texte(db).hatText(dokument.id);
     stueck.nachgeprueft = Vorschlaege(db).istNachgeprueft(dokument.id);
     if (dokument.aehnlichZu)
         stueck.aehnlich = Dokumente(db).eines(*dokument.aehnlichZu);

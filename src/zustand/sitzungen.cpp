@@ -115,6 +115,11 @@ void Sitzungen::protokollAuffrischen()
 {
     if (!m_datei || protokollLaedt())
         return;
+    if (m_nachlesung.laeuft()) { // deeds may come faster than a large log is read: it is shown all the same
+        m_nochmal = true;
+        return;
+    }
+    m_nochmal = false;
     m_nachlesung.stellen(
         [datei = *m_datei, bisher = m_zeilen.size()] {
             Inhalt inhalt = Inhalt::von(datei);
@@ -123,6 +128,8 @@ void Sitzungen::protokollAuffrischen()
         [this](const Ausgang<Inhalt> &ausgang) {
             if (ausgang.wert && ausgang.wert->zeilen.size() > m_zeilen.size())
                 setzeInhalt(*ausgang.wert);
+            if (m_nochmal)
+                protokollAuffrischen();
         });
 }
 

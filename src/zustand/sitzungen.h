@@ -91,7 +91,8 @@ private:
     std::optional<Protokollkopf> m_kopf;
     QList<Protokollzeile> m_zeilen;
     Anfrage m_lesung;
-    Anfrage m_nachlesung; ///< of what was added to the shown log
+    Anfrage m_nachlesung;   ///< of what was added to the shown log
+    bool m_nochmal = false; ///< the log has grown while it was read on
     Rueckbau m_rueckbau;
 };
 } // namespace quillmar::zustand

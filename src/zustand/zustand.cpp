@@ -60,10 +60,10 @@ Zustand::~Zustand()
     m_einrichtung.reset();
     m_sitzungen.reset();
     m_ausfuehrung.reset();
-    m_pruefung->entwuerfeSichern(); // before the run is waited for
-    m_durchgang.reset();
-    m_pruefung.reset();
     m_modelldienst.reset();
+    m_pruefung->entwuerfeSichern();
+    m_durchgang.reset(); // waits for a run: what was to be stopped or stored has been told before
+    m_pruefung.reset();
     Hintergrund::warten(geduldAmEnde); // before the catalogue goes
 }
 

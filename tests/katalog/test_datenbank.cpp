@@ -213,7 +213,7 @@ private Q_SLOTS:
         db.ausfuehren(u"INSERT INTO texte VALUES (1,'a'), (2,'b')"_s);
         const QString sql = u"SELECT text w FROM texte ORDER BY 1"_s;
         QStringList gesehen;
-        db.durchlaufen(sql, {}, [&](const Zeile &z) { gesehen << z.text(u"w") + werte(db, sql).join(QString()); });
+        db.besuchen(sql, {}, [&](const Zeile &z) { gesehen << z.text(u"w") + werte(db, sql).join(QString()); });
         QCOMPARE(gesehen, (QStringList{u"aab"_s, u"bab"_s}));
     }
 

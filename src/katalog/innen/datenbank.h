@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <unordered_map>
 
 struct sqlite3;
@@ -42,10 +43,6 @@ public:
 
     /** All rows; none when the statement is faulty. An error in the middle ends the list there. */
     [[nodiscard]] QList<Zeile> abfragen(const QString &sql, const QVariantList &parameter = {});
-    /** Calls @p besuch row by row, for results that should not stand in memory at once. Holds the queue meanwhile. */
-    void durchlaufen(const QString &sql, const QVariantList &parameter,
-                     const std::function<void(const Zeile &)> &besuch);
-
     /**
      * Without parameters: runs all statements of the text. With parameters: the first one only. Returns SQLite's result
      * code, 0 for success, 1 for a faulty statement. A file locked by another program is waited for, up to a minute.
@@ -53,21 +50,31 @@ public:
     int ausfuehren(const QString &sql, const QVariantList &parameter = {});
     /** As abfragen(), but what cannot be asked throws Katalogfehler. */
     [[nodiscard]] QList<Zeile> lesen(const QString &sql, const QVariantList &parameter = {});
-    /** As durchlaufen(), but what cannot be asked throws Katalogfehler. */
+    /**
+     * The same row by row, for results that should not stand in memory at once; the queue is held meanwhile. Throws
+     * when rows are missing, after those that came were visited.
+     */
     void besuchen(const QString &sql, const QVariantList &parameter, const std::function<void(const Zeile &)> &besuch);
     /** Runs one statement; returns how many rows it has changed. Throws Katalogfehler when it could not. */
     int schreiben(const QString &sql, const QVariantList &parameter = {});
 
-    // What lesen() has found, for questions of one column.
+    // What lesen() has found, for questions of one row or column.
+    /** What @p aus makes of the first row; none if there is none. */
+    template <typename Aus>
+    [[nodiscard]] auto eine(const QString &sql, const QVariantList &parameter, Aus aus)
+        -> std::optional<std::invoke_result_t<Aus, const Zeile &>>
+    {
+        const QList<Zeile> zeilen = lesen(sql, parameter);
+        if (zeilen.isEmpty())
+            return std::nullopt;
+        return aus(zeilen.first());
+    }
     [[nodiscard]] bool gibtEs(const QString &sql, const QVariantList &parameter);
     /** Column n of the only row. */
     [[nodiscard]] qint64 zahl(const QString &sql, const QVariantList &parameter = {});
     /** Column id of the first row, and of all rows. */
     [[nodiscard]] std::optional<qint64> nummer(const QString &sql, const QVariantList &parameter);
     [[nodiscard]] QList<qint64> nummern(const QString &sql, const QVariantList &parameter = {});
-
-    /** Number of rows that the calling thread's last statement inside a transaction has changed. */
-    [[nodiscard]] int geaendert();
 
     [[nodiscard]] const QString &pfad() const { return m_pfad; }
     /** The catalogue could not be opened for writing, or its disk is full. */

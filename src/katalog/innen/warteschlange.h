@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+
 #include <condition_variable>
 #include <mutex>
 #include <thread>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+
 #include <QProxyStyle>
 
 namespace quillmar::bedienteile

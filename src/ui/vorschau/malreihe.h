@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+
 #include <QBuffer>
 #include <QHash>
 #include <QList>
