@@ -88,7 +88,7 @@ void Fusszeile::lageZeigen()
     m_stufe.clear();
     m_rest.clear();
     m_anteil = -1;
-    m_symbol.clear();
+    m_symbol = Symbol::Keines;
     const Analyse *analyse = m_zustand->durchgang()->analyse();
     if (m_zustand->profilwahl()->oeffnet()) {
         m_stufe = Sprache::text(u"Der Katalog wird geöffnet"_s);
@@ -142,7 +142,7 @@ void Fusszeile::anordnen()
     const int rand = abstand(12);
     const int links = rand + m_zaehler->sizeHint().width();
     const int frei =
-        width() - links - abstand(24) - rand - (m_symbol.isEmpty() ? 0 : Stil::zeichengroesse() + abstand(6));
+        width() - links - abstand(24) - rand - (m_symbol == Symbol::Keines ? 0 : Stil::zeichengroesse() + abstand(6));
     const QFontMetrics mass(m_lage->font());
     const QString ganz = m_rest.isEmpty() ? m_stufe : m_stufe + u"   "_s + m_rest;
     const int balken = abstand(balkenlaenge + 8);
@@ -171,7 +171,7 @@ void Fusszeile::paintEvent(QPaintEvent *)
     QPainter maler(this);
     maler.fillRect(0, 0, width(), 1, Stil::linie(palette()));
     maler.setRenderHint(QPainter::Antialiasing);
-    if (!m_symbol.isEmpty() && !m_lage->text().isEmpty()) {
+    if (m_symbol != Symbol::Keines && !m_lage->text().isEmpty()) {
         const int kante = Stil::zeichengroesse();
         Zeichen::malen(maler, QRect(m_lage->x() - kante - abstand(6), (height() - kante) / 2, kante, kante), m_symbol,
                        palette());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QWidget>
 
@@ -41,9 +42,9 @@ private:
     QLabel *m_lage;
     QString m_stufe;
     QString m_rest;
-    double m_anteil = -1; ///< 0 to 1; below 0: no bar
-    QString m_symbol;     ///< of the mark; empty: none
-    QString m_notiz;      ///< what was said while a card was chosen that has no place for notices
-    int m_balkenX = 0;    ///< 0: the bar has no room
+    double m_anteil = -1;             ///< 0 to 1; below 0: no bar
+    Symbol m_symbol = Symbol::Keines; ///< of the mark
+    QString m_notiz;                  ///< what was said while a card was chosen that has no place for notices
+    int m_balkenX = 0;                ///< 0: the bar has no room
 };
 } // namespace quillmar::ui

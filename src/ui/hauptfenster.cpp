@@ -53,7 +53,7 @@ QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster, const std::fu
     knopf->setObjectName(u"menueknopf"_s);
     knopf->setAutoRaise(true);
     knopf->setFocusPolicy(Qt::TabFocus);
-    knopf->setIcon(Zeichen::icon(u"menu"_s));
+    knopf->setIcon(Zeichen::icon(Symbol::Menue));
     knopf->setAccessibleName(Sprache::text(u"Menü"_s));
     knopf->setToolTip(Sprache::text(u"Schriftgröße, Sprache, Info, Beenden"_s));
     knopf->setPopupMode(QToolButton::InstantPopup);

@@ -90,7 +90,7 @@ QVBoxLayout *abschnitt(QWidget *traeger, const QString &titel)
 /** Opens a folder that is there; whether it is, is found out elsewhere: a drive may be slow. */
 Flachknopf *ordnerknopf(const Ordnerzeile &zeile, QWidget *eltern)
 {
-    auto *knopf = new Flachknopf(zeile.name + u"Oeffnen"_s, u"arrow.up.forward.app"_s, {},
+    auto *knopf = new Flachknopf(zeile.name + u"Oeffnen"_s, Symbol::Aufschlagen, {},
                                  Sprache::text(u"Öffnet diesen Ordner"_s), eltern);
     knopf->setAccessibleName(gefuellt(Sprache::text(u"Ordner öffnen: %@"_s), {zeile.was}));
     knopf->setEnabled(false);
@@ -194,12 +194,12 @@ QWidget *Infofenster::updateteil(QWidget *eltern)
     auto *traeger = new QWidget(eltern);
     auto *spalte = abschnitt(traeger, {});
     m_suchen = new Knopf(u"updateSuchen"_s, Sprache::text(u"Nach Update suchen"_s), traeger);
-    m_suchen->setIcon(Zeichen::icon(u"reload"_s));
+    m_suchen->setIcon(Zeichen::icon(Symbol::NeuLaden));
     m_marke = new QLabel(traeger);
     m_ergebnis = new Umbruchtext(traeger);
     m_ergebnis->setObjectName(u"updateErgebnis"_s);
     m_laden = new Flachknopf(
-        u"updateLaden"_s, u"arrow.up.forward.app"_s, Sprache::text(u"Zur Seite"_s),
+        u"updateLaden"_s, Symbol::Aufschlagen, Sprache::text(u"Zur Seite"_s),
         gefuellt(Sprache::text(u"Öffnet %@ im Browser"_s), {Aktualisierung::ladeseite().toDisplayString()}), traeger);
     m_laden->setzeMitText(true);
     auto *reihe = zeile(traeger, {m_suchen, m_marke, m_ergebnis, m_laden});
@@ -226,19 +226,19 @@ void Infofenster::ergebnisZeigen()
     const bool laeuft = m_aktualisierung->laeuft();
     m_suchen->setEnabled(!laeuft);
     QString text;
-    QString symbol;
+    Symbol symbol = Symbol::Keines;
     if (laeuft) {
         text = Sprache::text(u"Wird gesucht …"_s);
     } else if (ergebnis) {
         text = Aktualisierung::satz(*ergebnis);
-        symbol = ergebnis->art == Aktualisierung::Ergebnis::Art::Fehlgeschlagen ? u"exclamationmark.triangle"_s
-                                                                                : u"checkmark.circle"_s;
+        symbol = ergebnis->art == Aktualisierung::Ergebnis::Art::Fehlgeschlagen ? Symbol::Warnung : Symbol::Gut;
     }
     const bool neuere = !laeuft && ergebnis && ergebnis->art == Aktualisierung::Ergebnis::Art::NeuereDa;
     if (neuere)
-        symbol = u"info.circle"_s;
-    m_marke->setPixmap(symbol.isEmpty() ? QPixmap()
-                                        : Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
+        symbol = Symbol::Info;
+    m_marke->setPixmap(symbol == Symbol::Keines
+                           ? QPixmap()
+                           : Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
     m_ergebnis->setzeText(text);
     m_laden->setVisible(neuere);
 }
@@ -308,7 +308,7 @@ void Infofenster::fassungenLesen(QWidget *traeger, const QHash<QString, QLabel *
 QWidget *Infofenster::fuss(QWidget *eltern)
 {
     auto *kopieren = new Flachknopf(
-        u"angabenKopieren"_s, u"doc.on.doc.copy"_s, Sprache::text(u"Angaben kopieren"_s),
+        u"angabenKopieren"_s, Symbol::Kopieren, Sprache::text(u"Angaben kopieren"_s),
         Sprache::text(u"Fassungen des Programms und seiner Helfer als Text, etwa für eine Fehlermeldung"_s), eltern);
     kopieren->setzeMitText(true);
     auto *schliessen = new Knopf(u"schliessen"_s, Sprache::text(u"Schließen"_s), eltern);

@@ -27,7 +27,7 @@ namespace
 constexpr int schmalsteStufe = 4;
 constexpr int profilzeichen = 13;
 
-QToolButton *flacherKnopf(const QString &name, const QString &symbol, const QString &titel, const QString &hilfe,
+QToolButton *flacherKnopf(const QString &name, Symbol symbol, const QString &titel, const QString &hilfe,
                           QWidget *eltern)
 {
     auto *knopf = new QToolButton(eltern);
@@ -51,11 +51,11 @@ Kopfleiste::Kopfleiste(Zustand *zustand, QToolButton *menue, QWidget *eltern)
         {.name = u"verschieben"_s,
          .titel = Sprache::text(u"Verschieben"_s),
          .hilfe = Sprache::text(u"Die Dateien werden an den Zielort verschoben, am alten Platz bleibt nichts"_s),
-         .symbol = u"arrow.right.doc.on.clipboard"_s},
+         .symbol = Symbol::Verschieben},
         {.name = u"kopieren"_s,
          .titel = Sprache::text(u"Kopieren"_s),
          .hilfe = Sprache::text(u"Die Originale bleiben unberührt liegen, im Zielordner entstehen Kopien"_s),
-         .symbol = u"doc.on.doc.copy"_s},
+         .symbol = Symbol::Kopieren},
         this);
     m_menue->setParent(this);
     verbinden();
@@ -94,7 +94,7 @@ void Kopfleiste::profilwahlBauen()
     m_profil->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(m_profil, &QComboBox::activated, this,
             [this](int stelle) { m_zustand->profilwahl()->aktivieren(m_profil->itemData(stelle).toUuid()); });
-    m_neu = flacherKnopf(u"neuesProfil"_s, u"plus"_s, Sprache::text(u"Neues Profil"_s),
+    m_neu = flacherKnopf(u"neuesProfil"_s, Symbol::Plus, Sprache::text(u"Neues Profil"_s),
                          Sprache::text(u"Neues Profil anlegen, etwa für eine zweite Ablage oder einen anderen "
                                        "Rechner"_s),
                          this);
@@ -105,7 +105,7 @@ void Kopfleiste::reiterBauen()
 {
     auto *gruppe = new QButtonGroup(this);
     for (const Reiter reiter : alleReiter()) {
-        auto *knopf = new Reiterknopf(reiterTitel(reiter), reiterSymbol(reiter), this);
+        auto *knopf = new Reiterknopf(reiterTitel(reiter), Zeichen::symbol(reiterSymbol(reiter)), this);
         knopf->setObjectName(u"reiter-"_s + rohwert(reiter));
         knopf->setToolTip(reiterHilfe(reiter));
         knopf->setAccessibleDescription(reiterHilfe(reiter));

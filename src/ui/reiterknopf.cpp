@@ -21,7 +21,7 @@ namespace
 int breite(const QString &text, Schrift art) { return QFontMetrics(Stil::schrift(art)).horizontalAdvance(text); }
 } // namespace
 
-Reiterknopf::Reiterknopf(const QString &titel, const QString &symbol, QWidget *eltern)
+Reiterknopf::Reiterknopf(const QString &titel, Symbol symbol, QWidget *eltern)
     : QAbstractButton(eltern), m_symbol(symbol)
 {
     setText(titel);

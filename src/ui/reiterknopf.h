@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QAbstractButton>
 
@@ -15,7 +16,7 @@ class Reiterknopf : public QAbstractButton
     Q_OBJECT
 
 public:
-    Reiterknopf(const QString &titel, const QString &symbol, QWidget *eltern = nullptr);
+    Reiterknopf(const QString &titel, Symbol symbol, QWidget *eltern = nullptr);
 
     /** The number behind the title; none for 0. */
     void setzeZahl(qint64 zahl);
@@ -33,7 +34,7 @@ private:
     void zahlMalen(QPainter &maler, const QRect &flaeche) const;
     void benennen();
 
-    QString m_symbol;
+    Symbol m_symbol = Symbol::Keines;
     qint64 m_zahl = 0;
     bool m_mitZeichen = true;
     bool m_eng = false;

@@ -61,7 +61,7 @@ void Zielfrage::paintEvent(QPaintEvent *)
     maler.fillRect(0, 0, width(), 1, farbe);
     const int kante = Stil::zeichengroesse();
     const int oben = abstand(10) + (fontMetrics().lineSpacing() - kante) / 2;
-    Zeichen::malen(maler, QRect(abstand(16), oben, kante, kante), u"exclamationmark.triangle"_s, palette());
+    Zeichen::malen(maler, QRect(abstand(16), oben, kante, kante), Symbol::Warnung, palette());
 }
 
 void Zielfrage::schliessen()

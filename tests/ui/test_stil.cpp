@@ -138,22 +138,26 @@ private Q_SLOTS:
     // Every symbol shows something, in the text colour or that of its meaning, and another one when it is disabled.
     void zeichen()
     {
-        QVERIFY(Zeichen::icon(u"gibt es nicht"_s).isNull());
+        QVERIFY(Zeichen::icon(Symbol::Keines).isNull());
+        QCOMPARE(Zeichen::symbol(u"gibt es nicht"_s), Symbol::Keines);
+        QCOMPARE(Zeichen::symbol(u"largecircle.fill.circle"_s), Symbol::Gewaehlt);
+        QCOMPARE(Zeichen::symbol(u"large.play"_s), Symbol::GrossStart);
         const QColor schrift = QGuiApplication::palette().color(QPalette::WindowText);
         const QColor aus = QGuiApplication::palette().color(QPalette::Disabled, QPalette::WindowText);
-        for (const QString &name : Zeichen::namen()) {
+        for (const Symbol symbol : Zeichen::alle()) {
+            const QByteArray name = QByteArray::number(int(symbol));
             QColor farbe;
-            const QPixmap bild = Zeichen::icon(name).pixmap(QSize(16, 16), 2.0);
+            const QPixmap bild = Zeichen::icon(symbol).pixmap(QSize(16, 16), 2.0);
             QCOMPARE(bild.size(), QSize(32, 32));
-            QVERIFY2(deckung(bild.toImage(), &farbe) > 0.03, qPrintable(name));
-            QVERIFY2(kontrast(farbe, QGuiApplication::palette().color(QPalette::Window)) >= 3, qPrintable(name));
-            (void)deckung(Zeichen::icon(name).pixmap(QSize(16, 16), 1.0, QIcon::Disabled).toImage(), &farbe);
-            QVERIFY2(kontrast(farbe, aus) < 1.2, qPrintable(name));
-            (void)deckung(Zeichen::icon(name, Qt::magenta).pixmap(64, 64).toImage(), &farbe);
-            QVERIFY2(kontrast(farbe, Qt::magenta) < 1.2, qPrintable(name));
+            QVERIFY2(deckung(bild.toImage(), &farbe) > 0.03, name.constData());
+            QVERIFY2(kontrast(farbe, QGuiApplication::palette().color(QPalette::Window)) >= 3, name.constData());
+            (void)deckung(Zeichen::icon(symbol).pixmap(QSize(16, 16), 1.0, QIcon::Disabled).toImage(), &farbe);
+            QVERIFY2(kontrast(farbe, aus) < 1.2, name.constData());
+            (void)deckung(Zeichen::icon(symbol, Qt::magenta).pixmap(64, 64).toImage(), &farbe);
+            QVERIFY2(kontrast(farbe, Qt::magenta) < 1.2, name.constData());
         }
         QColor gut;
-        (void)deckung(Zeichen::icon(u"checkmark.circle"_s).pixmap(16, 16).toImage(), &gut);
+        (void)deckung(Zeichen::icon(Symbol::Gut).pixmap(16, 16).toImage(), &gut);
         QCOMPARE(gut, Stil::farbe(Stil::Bedeutung::Gut, QGuiApplication::palette()));
         QVERIFY(kontrast(gut, schrift) > 1.5);
     }

@@ -89,7 +89,7 @@ QWidget *AblaufAnsicht::kopf()
     // In the order in which they stand: Tab goes through them in the order of their making.
     m_anhalten = new Knopf(u"durchgangAnhalten"_s, {}, traeger, Knopf::Hoehe::Haupt);
     m_anhalten->setText(Sprache::text(u"Anhalten"_s));
-    m_anhalten->setIcon(Zeichen::icon(u"stop"_s));
+    m_anhalten->setIcon(Zeichen::icon(Symbol::Halt));
     m_pruefen = new Hauptknopf({}, traeger);
     m_pruefen->setObjectName(u"vorschlaegePruefen"_s);
     m_starten = new Hauptknopf(Sprache::text(u"Durchgang starten"_s), traeger);
@@ -140,7 +140,7 @@ QWidget *AblaufAnsicht::spalteBauen()
 void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
 {
     m_alleErneut = new Knopf(u"alleErneut"_s, Sprache::text(u"Alle erneut versuchen"_s), this);
-    m_alleErneut->setIcon(Zeichen::icon(u"reload"_s));
+    m_alleErneut->setIcon(Zeichen::icon(Symbol::NeuLaden));
     m_gescheiterte = new Nacharbeitsliste(u"gescheiterte"_s, m_alleErneut, Sprache::text(u"Erneut versuchen"_s), this);
     m_ausraeumen = new Knopf(u"dublettenAusraeumen"_s, {}, this);
     m_dubletten = new Nacharbeitsliste(u"dubletten"_s, m_ausraeumen, {}, this);
@@ -244,7 +244,7 @@ void AblaufAnsicht::zeigen()
 {
     m_stapel->setCurrentIndex(m_zustand->profilwahl()->offen() ? 0 : 1);
     if (!m_zustand->profilwahl()->offen())
-        return m_leere->setzeOhneKatalog(u"large.play"_s, *m_zustand->profilwahl());
+        return m_leere->setzeOhneKatalog(Symbol::GrossStart, *m_zustand->profilwahl());
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     kopfZeigen();
     knoepfeZeigen();
@@ -324,7 +324,7 @@ void AblaufAnsicht::knoepfeZeigen()
     m_starten->setToolTip(fehlendes());
     m_anhalten->setVisible(laeuft() || pruefbar);
     m_anhalten->setText(laeuft() ? Sprache::text(u"Anhalten"_s) : Sprache::text(u"Erneut starten"_s));
-    m_anhalten->setIcon(Zeichen::icon(laeuft() ? u"stop"_s : u"play.circle"_s));
+    m_anhalten->setIcon(Zeichen::icon(laeuft() ? Symbol::Halt : Symbol::Start));
     m_anhalten->updateGeometry();
     m_anhalten->setEnabled(laeuft()
                                ? !m_zustand->durchgang()->analyse()->abbrechenGewuenscht()
@@ -418,7 +418,7 @@ void AblaufAnsicht::ausraeumenZeigen()
                                  ? Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest "
                                                  "bleibt, wie er ist."_s)
                                  : QString());
-    m_ausraeumen->setIcon(m_zustand->ausfuehrung()->raeumtAus() ? Zeichen::icon(u"stop"_s) : QIcon());
+    m_ausraeumen->setIcon(m_zustand->ausfuehrung()->raeumtAus() ? Zeichen::icon(Symbol::Halt) : QIcon());
     m_ausraeumen->updateGeometry();
     m_ausraeumen->setEnabled(m_zustand->ausfuehrung()->anhaltbar() || !m_zustand->ausfuehrung()->beschaeftigt());
 }

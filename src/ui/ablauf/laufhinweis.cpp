@@ -30,8 +30,7 @@ void Laufhinweis::zeigen(const QStringList &saetze)
     setVisible(!saetze.isEmpty());
     if (saetze.isEmpty())
         return;
-    m_feld = new Hinweisfeld(true, u"exclamationmark.triangle"_s, saetze.join(u' '),
-                             Sprache::text(u"Noch einmal versuchen"_s), this);
+    m_feld = new Hinweisfeld(true, Symbol::Warnung, saetze.join(u' '), Sprache::text(u"Noch einmal versuchen"_s), this);
     m_feld->knopf()->setObjectName(u"nochEinmalVersuchen"_s);
     connect(m_feld, &Hinweisfeld::gedrueckt, this, &Laufhinweis::gedrueckt);
     m_spalte->addWidget(m_feld);

@@ -28,7 +28,7 @@ Nacharbeitsliste::Nacharbeitsliste(const QString &name, QWidget *knopf, const QS
     setObjectName(name);
     knopf->setParent(this);
     m_titel->setTextFormat(Qt::PlainText);
-    m_mehr = new Flachknopf(name + u"-mehr"_s, u"plus"_s, {}, Sprache::text(u"Zeigt weitere Zeilen"_s), this);
+    m_mehr = new Flachknopf(name + u"-mehr"_s, Symbol::Plus, {}, Sprache::text(u"Zeigt weitere Zeilen"_s), this);
     m_mehr->setzeMitText(true);
     auto *kopf = new QHBoxLayout;
     kopf->addWidget(m_titel);
@@ -102,7 +102,7 @@ void Nacharbeitsliste::zeileBauen(int stelle)
     m_raster->addWidget(bemerkung, stelle, 1);
     if (m_zeilenknopf.isEmpty())
         return;
-    auto *knopf = new Flachknopf(u"erneut-"_s + QString::number(zeile.id), u"reload"_s, m_zeilenknopf,
+    auto *knopf = new Flachknopf(u"erneut-"_s + QString::number(zeile.id), Symbol::NeuLaden, m_zeilenknopf,
                                  m_zeilenknopf + u": "_s + zeile.name, m_traeger);
     knopf->setzeMitText(true);
     knopf->setEnabled(m_bedienbar);

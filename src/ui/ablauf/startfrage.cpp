@@ -57,7 +57,7 @@ void Startfrage::fragen()
     delete m_hinweis;
     const QString wie = abhilfe(m_modelldienst->modellstand().art);
     m_hinweis =
-        new Hinweisfeld(true, u"exclamationmark.triangle"_s,
+        new Hinweisfeld(true, Symbol::Warnung,
                         m_modelldienst->modellMeldung() + u". "_s +
                             Sprache::text(u"So werden die Texte gelesen, aber nichts wird eingeordnet."_s) + u' ' + wie,
                         {}, this);

@@ -24,11 +24,11 @@ namespace
 constexpr int textversatz = 32;
 constexpr int stufenabstand = 12;
 
-QString symbol(Stand stand)
+Symbol symbol(Stand stand)
 {
     if (stand == Stand::Fertig)
-        return u"checkmark.circle"_s;
-    return stand == Stand::Laeuft ? u"circle.running"_s : u"circle"_s;
+        return Symbol::Gut;
+    return stand == Stand::Laeuft ? Symbol::Laeuft : Symbol::Offen;
 }
 QString standwort(Stand stand)
 {

@@ -110,7 +110,7 @@ void Zahlenreihe::malen(QPainter &maler, const Zahl &zahl, QPoint ort) const
     if (zahl.warnung) {
         const int kante = Stil::zeichengroesse();
         const QPoint marke(gross.horizontalAdvance(ziffern) + abstand(6), (gross.height() - kante) / 2);
-        Zeichen::malen(maler, QRect(ort + marke, QSize(kante, kante)), u"exclamationmark.triangle"_s, palette());
+        Zeichen::malen(maler, QRect(ort + marke, QSize(kante, kante)), Symbol::Warnung, palette());
     }
     maler.setFont(Stil::schrift(Schrift::Neben));
     maler.setPen(Stil::nebenfarbe(palette()));

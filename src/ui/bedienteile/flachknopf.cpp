@@ -11,8 +11,7 @@ namespace quillmar::bedienteile
 {
 using Stil::abstand;
 
-Flachknopf::Flachknopf(const QString &name, const QString &symbol, const QString &titel, const QString &hilfe,
-                       QWidget *eltern)
+Flachknopf::Flachknopf(const QString &name, Symbol symbol, const QString &titel, const QString &hilfe, QWidget *eltern)
     : QToolButton(eltern)
 {
     setObjectName(name);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QToolButton>
 
@@ -14,7 +15,7 @@ class Flachknopf : public QToolButton
 public:
     /** @p symbol names the icon, see Zeichen; empty: none. @p titel may be shown beside it; @p hilfe says what it does.
      */
-    Flachknopf(const QString &name, const QString &symbol, const QString &titel, const QString &hilfe,
+    Flachknopf(const QString &name, Symbol symbol, const QString &titel, const QString &hilfe,
                QWidget *eltern = nullptr);
 
     void setzeMitText(bool mit);

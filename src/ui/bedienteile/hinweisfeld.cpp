@@ -19,8 +19,7 @@ namespace
 constexpr int leiste = 3;
 }
 
-Hinweisfeld::Hinweisfeld(bool warnung, const QString &symbol, const QString &text, const QString &knopf,
-                         QWidget *eltern)
+Hinweisfeld::Hinweisfeld(bool warnung, Symbol symbol, const QString &text, const QString &knopf, QWidget *eltern)
     : QWidget(eltern), m_warnung(warnung), m_symbol(symbol), m_text(new Umbruchtext(this))
 {
     m_text->setzeText(text);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QWidget>
 
@@ -17,8 +18,7 @@ class Hinweisfeld : public QWidget
 
 public:
     /** A warning stands on a tinted ground. @p knopf names the button; none when empty. */
-    Hinweisfeld(bool warnung, const QString &symbol, const QString &text, const QString &knopf = {},
-                QWidget *eltern = nullptr);
+    Hinweisfeld(bool warnung, Symbol symbol, const QString &text, const QString &knopf = {}, QWidget *eltern = nullptr);
 
     void setzeText(const QString &text);
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }
@@ -31,7 +31,7 @@ protected:
 
 private:
     bool m_warnung;
-    QString m_symbol;
+    Symbol m_symbol = Symbol::Keines;
     Umbruchtext *m_text;
     QPushButton *m_knopf = nullptr;
 };

@@ -29,7 +29,7 @@ class Leeransicht::Bild : public QWidget
 {
 public:
     using QWidget::QWidget;
-    void setzen(const QString &symbol)
+    void setzen(Symbol symbol)
     {
         m_symbol = symbol;
         update();
@@ -45,7 +45,7 @@ protected:
     }
 
 private:
-    QString m_symbol;
+    Symbol m_symbol = Symbol::Keines;
 };
 
 Leeransicht::Leeransicht(QWidget *eltern)
@@ -84,7 +84,7 @@ QString katalogfehlersatz(const Profilwahl &profilwahl)
                     {kurzpfad(profilwahl.katalogdatei()), profilwahl.katalogfehler()});
 }
 
-void Leeransicht::setzeOhneKatalog(const QString &symbol, const Profilwahl &profilwahl)
+void Leeransicht::setzeOhneKatalog(Symbol symbol, const Profilwahl &profilwahl)
 {
     if (profilwahl.katalogfehler().isEmpty())
         setzen(symbol, Sprache::text(u"Noch kein Profil"_s),
@@ -102,7 +102,7 @@ void Leeransicht::ohneKatalogWeiter(Zustand &zustand)
         zustand.profilwahl()->erneutOeffnen();
 }
 
-void Leeransicht::setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf)
+void Leeransicht::setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf)
 {
     m_bild->setzen(symbol);
     m_titel->setText(titel);

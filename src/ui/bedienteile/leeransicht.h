@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QWidget>
 
@@ -27,9 +28,9 @@ public:
     explicit Leeransicht(QWidget *eltern = nullptr);
 
     /** @p symbol as in Zeichen, one of those that begin with "large."; without @p knopf there is no button. */
-    void setzen(const QString &symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
+    void setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
     /** Shows why there is no open catalogue: none of the profile yet, or one that does not open. */
-    void setzeOhneKatalog(const QString &symbol, const Profilwahl &profilwahl);
+    void setzeOhneKatalog(Symbol symbol, const Profilwahl &profilwahl);
     /** What the button of setzeOhneKatalog() does. */
     static void ohneKatalogWeiter(Zustand &zustand);
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }

@@ -24,13 +24,13 @@ Marktext::Marktext(QWidget *eltern) : QWidget(eltern), m_text(new Umbruchtext(th
 
 void Marktext::kleiden()
 {
-    const bool schlicht = m_symbol.isEmpty();
+    const bool schlicht = m_symbol == Symbol::Keines;
     m_text->setFont(Stil::schrift(schlicht ? Schrift::Neben : Schrift::Grund));
     Stil::setzeTextfarbe(m_text, schlicht ? Stil::nebenfarbe(palette()) : palette().color(QPalette::WindowText));
     layout()->setContentsMargins(schlicht ? 0 : Stil::zeichengroesse() + abstand(6), 0, 0, 0);
 }
 
-void Marktext::setzen(const QString &symbol, const QString &text)
+void Marktext::setzen(Symbol symbol, const QString &text)
 {
     if (symbol == m_symbol && text == m_text->ganzerText())
         return;
@@ -45,7 +45,7 @@ QString Marktext::text() const { return m_text->ganzerText(); }
 
 void Marktext::paintEvent(QPaintEvent *)
 {
-    if (m_symbol.isEmpty() || m_text->ganzerText().isEmpty())
+    if (m_symbol == Symbol::Keines || m_text->ganzerText().isEmpty())
         return;
     QPainter maler(this);
     const int kante = Stil::zeichengroesse();

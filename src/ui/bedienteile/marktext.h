@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QWidget>
 
@@ -17,7 +18,7 @@ public:
     explicit Marktext(QWidget *eltern = nullptr);
 
     /** @p symbol as in Zeichen; empty for a plain explanation. */
-    void setzen(const QString &symbol, const QString &text);
+    void setzen(Symbol symbol, const QString &text);
     /** As an explanation. */
     void erklaeren(const QString &text) { setzen({}, text); }
     [[nodiscard]] QString text() const;
@@ -28,7 +29,7 @@ protected:
 private:
     void kleiden();
 
-    QString m_symbol;
+    Symbol m_symbol = Symbol::Keines;
     Umbruchtext *m_text;
 };
 } // namespace quillmar::bedienteile

@@ -18,23 +18,23 @@ namespace quillmar::bedienteile
 {
 using Stil::abstand;
 
-QString tonzeichen(Meldestelle::Ton ton)
+Symbol tonzeichen(Meldestelle::Ton ton)
 {
     switch (ton) {
     case Meldestelle::Ton::Gut:
-        return u"checkmark.circle"_s;
+        return Symbol::Gut;
     case Meldestelle::Ton::Warnung:
-        return u"exclamationmark.triangle"_s;
+        return Symbol::Warnung;
     case Meldestelle::Ton::Ruhig:
         break;
     }
-    return {};
+    return Symbol::Keines;
 }
 
 Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern)
     : QWidget(eltern), m_meldestelle(meldestelle), m_pruefung(pruefung), m_ausfuehrung(ausfuehrung),
       m_text(new Elidiertext(Qt::ElideRight, this)), m_zweite(new Elidiertext(Qt::ElideRight, this)),
-      m_zurueck(new Flachknopf(u"rueckgaengig"_s, u"undo"_s, Sprache::text(u"Rückgängig"_s),
+      m_zurueck(new Flachknopf(u"rueckgaengig"_s, Symbol::Ruecknehmen, Sprache::text(u"Rückgängig"_s),
                                Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s), this))
 {
     m_text->setObjectName(u"hinweis"_s);

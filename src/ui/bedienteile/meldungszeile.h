@@ -2,6 +2,7 @@
 
 #include "meldestelle.h"
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QWidget>
 
@@ -18,7 +19,7 @@ class Elidiertext;
 class Flachknopf;
 
 /** The mark of @p ton; empty for none. */
-[[nodiscard]] QString tonzeichen(Meldestelle::Ton ton);
+[[nodiscard]] Symbol tonzeichen(Meldestelle::Ton ton);
 
 /** What was done last and what is to be said, at one fixed place; at its end what takes it back. */
 class Meldungszeile : public QWidget

@@ -71,7 +71,7 @@ private:
         maler.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     }
 
-    QString m_symbol;
+    Symbol m_symbol = Symbol::Keines;
     bool m_mitText = true;
 };
 

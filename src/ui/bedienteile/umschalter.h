@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QWidget>
 
@@ -16,7 +17,7 @@ public:
         QString name; ///< of the object
         QString titel;
         QString hilfe;
-        QString symbol;
+        Symbol symbol = Symbol::Keines;
     };
     Umschalter(const Wahl &links, const Wahl &rechts, QWidget *eltern = nullptr);
 

@@ -1,7 +1,6 @@
 #include "zeichen.h"
 
 #include "stil.h"
-#include "zeichentafel.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -10,6 +9,7 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -17,18 +17,83 @@ namespace quillmar::bedienteile
 {
 namespace
 {
-QColor bedeutungsfarbe(const Zeichenzeile &zeile, const QPalette &palette)
+/** One line of the table of symbols. */
+struct Zeile {
+    enum class Farbe { Schrift, Warnung, Gut, Fehler, Akzent };
+    const char *name;   ///< as published
+    const char *thema;  ///< name in the desktop's icon theme; empty: ours alone
+    const char *eigene; ///< our drawing, without folder and ending
+    Farbe farbe = Farbe::Schrift;
+};
+using Farbe = Zeile::Farbe;
+
+// In the order of Symbol. Where the common themes show all but the same picture for two of our operations, only our own
+// drawing is used.
+constexpr Zeile zeilen[] = {
+    {"", "", ""},
+    // Cards
+    {"slider.horizontal.3", "settings-configure", "regler"},
+    {"play.circle", "media-playback-start", "start"},
+    {"doc.text.magnifyingglass", "document-preview", "vorschau"},
+    {"clock.arrow.circlepath", "clock", "uhr"},
+    // Top bar
+    {"plus", "list-add", "plus"},
+    {"minus", "list-remove", "minus"},
+    {"arrow.right.doc.on.clipboard", "document-export", "verschieben"},
+    {"doc.on.doc.copy", "edit-copy", "kopieren"},
+    {"menu", "application-menu", "menue"},
+    // Preview
+    {"minus.magnifyingglass", "", "lupe-minus"},
+    {"plus.magnifyingglass", "", "lupe-plus"},
+    {"arrow.left.and.right", "", "breite"},
+    {"rectangle.arrowtriangle.2.inward", "", "ganze-seite"},
+    {"doc.on.doc", "", "dublette"},
+    // Actions
+    {"skip", "mail-download-later", "spaeter"},
+    {"undo", "edit-undo", "rueckgaengig"},
+    {"arrow.left", "go-previous", "pfeil-links"},
+    {"arrow.right", "go-next", "pfeil-rechts"},
+    {"stop", "media-playback-stop", "halt"},
+    {"reload", "view-refresh", "neu-laden"},
+    {"folder", "folder", "ordner"},
+    {"folder.open", "document-open", "ordner-auf"},
+    {"arrow.up.forward.app", "document-open-folder", "aufschlagen"},
+    {"pencil", "edit-rename", "umbenennen"},
+    // Marks
+    {"checkmark.circle", "", "gut", Farbe::Gut},
+    {"exclamationmark.triangle", "", "warnung", Farbe::Warnung},
+    {"xmark.circle", "", "fehler", Farbe::Fehler},
+    {"questionmark.circle", "", "frage"},
+    {"info.circle", "", "info"},
+    {"circle", "", "offen"},
+    {"circle.running", "", "laeuft", Farbe::Akzent},
+    {"largecircle.fill.circle", "", "gewaehlt", Farbe::Akzent},
+    {"arrow.uturn.backward", "", "rueckgaengig"},
+    // Line signs of the empty states
+    {"large.checkmark.circle", "", "gross-gut"},
+    {"large.doc.text.magnifyingglass", "", "gross-vorschau"},
+    {"large.lock", "", "gross-schloss"},
+    {"large.damaged", "", "gross-beschaedigt"},
+    {"large.missing", "", "gross-verschwunden"},
+    {"large.clock", "", "gross-uhr"},
+    {"large.folder", "", "gross-ordner"},
+    {"large.play", "", "gross-start"},
+};
+
+const Zeile &zeile(Symbol symbol) { return zeilen[int(symbol)]; }
+
+QColor bedeutungsfarbe(const Zeile &zeile, const QPalette &palette)
 {
     switch (zeile.farbe) {
-    case Zeichenzeile::Farbe::Warnung:
+    case Farbe::Warnung:
         return Stil::farbe(Stil::Bedeutung::Warnung, palette);
-    case Zeichenzeile::Farbe::Gut:
+    case Farbe::Gut:
         return Stil::farbe(Stil::Bedeutung::Gut, palette);
-    case Zeichenzeile::Farbe::Fehler:
+    case Farbe::Fehler:
         return Stil::farbe(Stil::Bedeutung::Fehler, palette);
-    case Zeichenzeile::Farbe::Akzent:
+    case Farbe::Akzent:
         return Stil::akzentmarke(palette);
-    case Zeichenzeile::Farbe::Schrift:
+    case Farbe::Schrift:
         break;
     }
     return palette.color(QPalette::Active, QPalette::WindowText);
@@ -41,7 +106,7 @@ QImage leeresBild(int kante)
     return bild;
 }
 
-QImage eigenesBild(const Zeichenzeile &zeile, int kante, const QColor &farbe)
+QImage eigenesBild(const Zeile &zeile, int kante, const QColor &farbe)
 {
     QFile datei(u":/zeichen/%1.svg"_s.arg(QLatin1String(zeile.eigene)));
     QImage bild = leeresBild(kante);
@@ -69,7 +134,7 @@ bool istGrau(const QImage &bild)
 }
 
 // A theme without colours of its own is coloured by us: its drawing may have been made for the other ground.
-QImage bildDesThemas(const Zeichenzeile &zeile, int kante, const QColor &farbe)
+QImage bildDesThemas(const Zeile &zeile, int kante, const QColor &farbe)
 {
     QImage bild = leeresBild(kante);
     QPainter maler(&bild);
@@ -82,7 +147,7 @@ QImage bildDesThemas(const Zeichenzeile &zeile, int kante, const QColor &farbe)
 }
 
 // A theme drawn for small sizes only would stand lost in a large font: then our own drawing is taken.
-bool hatThema(const Zeichenzeile &zeile, int kante)
+bool hatThema(const Zeile &zeile, int kante)
 {
     if (!*zeile.thema || !QIcon::hasThemeIcon(QString::fromLatin1(zeile.thema)))
         return false;
@@ -90,7 +155,7 @@ bool hatThema(const Zeichenzeile &zeile, int kante)
     return std::max(groesse.width(), groesse.height()) >= kante * 9 / 10;
 }
 
-QPixmap gemalt(const Zeichenzeile &zeile, int kante, const QColor &farbe)
+QPixmap gemalt(const Zeile &zeile, int kante, const QColor &farbe)
 {
     const QString schluessel =
         u"zeichen/%1/%2/%3/%4"_s.arg(QIcon::themeName(), QLatin1String(zeile.name), farbe.name()).arg(kante);
@@ -106,7 +171,7 @@ QPixmap gemalt(const Zeichenzeile &zeile, int kante, const QColor &farbe)
 class Zeichenmaschine : public QIconEngine
 {
 public:
-    Zeichenmaschine(const Zeichenzeile &zeile, const QColor &farbe) : m_zeile(zeile), m_farbe(farbe) {}
+    Zeichenmaschine(const Zeile &zeile, const QColor &farbe) : m_zeile(zeile), m_farbe(farbe) {}
 
     QIconEngine *clone() const override { return new Zeichenmaschine(m_zeile, m_farbe); }
     QString key() const override { return u"quillmar"_s; }
@@ -136,32 +201,42 @@ private:
         return bedeutungsfarbe(m_zeile, palette);
     }
 
-    const Zeichenzeile &m_zeile;
+    const Zeile &m_zeile;
     const QColor m_farbe;
 };
 } // namespace
 
-QIcon Zeichen::icon(const QString &name) { return icon(name, {}); }
-
-QIcon Zeichen::icon(const QString &name, const QColor &farbe)
+QIcon Zeichen::icon(Symbol symbol, const QColor &farbe)
 {
-    const Zeichenzeile *zeile = Zeichentafel::zeile(name);
-    return zeile ? QIcon(new Zeichenmaschine(*zeile, farbe)) : QIcon();
+    return symbol == Symbol::Keines ? QIcon() : QIcon(new Zeichenmaschine(zeile(symbol), farbe));
 }
 
-void Zeichen::malen(QPainter &maler, const QRect &flaeche, const QString &name, const QPalette &palette,
-                    const QColor &farbe)
+QPixmap Zeichen::bild(Symbol symbol) { return icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()); }
+
+void Zeichen::malen(QPainter &maler, const QRect &flaeche, Symbol symbol, const QPalette &palette, const QColor &farbe)
 {
-    const Zeichenzeile *zeile = Zeichentafel::zeile(name);
-    if (!zeile)
+    if (symbol == Symbol::Keines)
         return;
     const int kante = std::min(flaeche.width(), flaeche.height());
     const int pixel = qRound(kante * maler.device()->devicePixelRatioF());
-    const QPixmap bild = gemalt(*zeile, pixel, farbe.isValid() ? farbe : bedeutungsfarbe(*zeile, palette));
+    const Zeile &z = zeile(symbol);
     QRect ziel(0, 0, kante, kante);
     ziel.moveCenter(flaeche.center());
-    maler.drawPixmap(ziel, bild);
+    maler.drawPixmap(ziel, gemalt(z, pixel, farbe.isValid() ? farbe : bedeutungsfarbe(z, palette)));
 }
 
-QStringList Zeichen::namen() { return Zeichentafel::namen(); }
+Symbol Zeichen::symbol(const QString &name)
+{
+    const auto *gefunden = std::find_if(std::begin(zeilen), std::end(zeilen),
+                                        [&name](const Zeile &zeile) { return name == QLatin1String(zeile.name); });
+    return gefunden == std::end(zeilen) ? Symbol::Keines : Symbol(gefunden - std::begin(zeilen));
+}
+
+QList<Symbol> Zeichen::alle()
+{
+    QList<Symbol> symbole;
+    for (int n = 1; n < int(std::size(zeilen)); ++n)
+        symbole << Symbol(n);
+    return symbole;
+}
 } // namespace quillmar::bedienteile

@@ -7,7 +7,7 @@
 
 namespace quillmar::bedienteile
 {
-QLabel *zeichenschild(const QString &symbol, QWidget *eltern)
+QLabel *zeichenschild(Symbol symbol, QWidget *eltern)
 {
     auto *schild = new QLabel(eltern);
     Stil::folgen(schild, [schild, symbol] {

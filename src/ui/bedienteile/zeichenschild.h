@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 class QLabel;
 class QString;
@@ -9,5 +10,5 @@ class QWidget;
 namespace quillmar::bedienteile
 {
 /** A mark of the size of an icon beside text; it follows the font. */
-[[nodiscard]] QLabel *zeichenschild(const QString &symbol, QWidget *eltern);
+[[nodiscard]] QLabel *zeichenschild(Symbol symbol, QWidget *eltern);
 } // namespace quillmar::bedienteile

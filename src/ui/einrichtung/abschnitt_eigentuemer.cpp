@@ -99,7 +99,7 @@ private:
         folgen([this, text, feld, hilfe] {
             const QString &wert = profil().*feld;
             const bool fehlt = !profil().zweige.isEmpty() && !einrichtung()->kenntRubrik(wert);
-            text->setzen(fehlt ? u"info.circle"_s : QString(),
+            text->setzen(fehlt ? Symbol::Info : Symbol::Keines,
                          fehlt ? Sprache::text(u"Gibt es in deiner Struktur nicht. Dann wird nicht unterschieden."_s)
                                : hilfe);
         });

@@ -188,7 +188,7 @@ private:
 
     void beschweren(const QString &satz)
     {
-        m_beschwerde->setzen(satz.isEmpty() ? QString() : u"exclamationmark.triangle"_s,
+        m_beschwerde->setzen(satz.isEmpty() ? Symbol::Keines : Symbol::Warnung,
                              satz.isEmpty() ? Sprache::text(u"Ein bloßer Name gilt überall, ein Pfad nur dort."_s)
                                             : satz);
     }
@@ -213,11 +213,10 @@ private:
                                                    "brauchen."_s));
         if (bereit && !bereit->quelle)
             return m_fund->setzen(
-                u"exclamationmark.triangle"_s,
-                Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
+                Symbol::Warnung, Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
         if (!quelle)
-            return m_fund->setzen(u"circle.running"_s, Sprache::text(u"PDF werden gezählt …"_s));
-        m_fund->setzen(quelle->anzahl > 0 ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s, fundsatz(*quelle));
+            return m_fund->setzen(Symbol::Laeuft, Sprache::text(u"PDF werden gezählt …"_s));
+        m_fund->setzen(quelle->anzahl > 0 ? Symbol::Gut : Symbol::Warnung, fundsatz(*quelle));
     }
 
     [[nodiscard]] static QString fundsatz(const Quellstand &quelle)

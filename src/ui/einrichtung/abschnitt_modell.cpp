@@ -76,7 +76,7 @@ private:
         m_server = marktext();
         m_server->setObjectName(u"modellstand"_s);
         Flachknopf *pruefen = flachknopf(u"modellPruefen"_s, Sprache::text(u"Erneut prüfen"_s),
-                                         Sprache::text(u"Fragt den Modellserver noch einmal"_s), u"reload"_s);
+                                         Sprache::text(u"Fragt den Modellserver noch einmal"_s), Symbol::NeuLaden);
         connect(pruefen, &QToolButton::clicked, m_modelldienst, &Modelldienst::modellPruefen);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
@@ -127,8 +127,9 @@ private:
         spalte->setContentsMargins(0, 0, 0, 0);
         auto *zeile = new QHBoxLayout;
         m_balken = new Balken(0, m_ladeteil);
-        Flachknopf *abbrechen = flachknopf(u"modellLadenAbbrechen"_s, Sprache::text(u"Abbrechen"_s),
-                                           Sprache::text(u"Was schon da ist, bleibt für das nächste Mal"_s), u"stop"_s);
+        Flachknopf *abbrechen =
+            flachknopf(u"modellLadenAbbrechen"_s, Sprache::text(u"Abbrechen"_s),
+                       Sprache::text(u"Was schon da ist, bleibt für das nächste Mal"_s), Symbol::Halt);
         connect(abbrechen, &QToolButton::clicked, m_modelldienst, &Modelldienst::modellLadenAbbrechen);
         zeile->addWidget(m_balken, 1);
         zeile->addWidget(abbrechen);
@@ -206,14 +207,13 @@ private:
     void serverZeigen(Modellstand::Art art)
     {
         if (art == Modellstand::Art::Unbekannt)
-            return m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+            return m_server->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
         if (art == Modellstand::Art::ServerFehlt)
-            return m_server->setzen(u"exclamationmark.triangle"_s,
+            return m_server->setzen(Symbol::Warnung,
                                     Sprache::text(u"ollama läuft nicht. Was zu tun ist, steht unter Programme."_s) +
                                         umgebung(u" "_s));
         const QString hinweis = umgebung(u". "_s);
-        m_server->setzen(hinweis.isEmpty() ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s,
-                         Sprache::text(u"ollama läuft"_s) + hinweis);
+        m_server->setzen(hinweis.isEmpty() ? Symbol::Gut : Symbol::Warnung, Sprache::text(u"ollama läuft"_s) + hinweis);
     }
 
     /** That the environment names a server which is not asked. */
@@ -234,13 +234,13 @@ private:
         w.laden->setVisible(!da && !kommt && !anderswo && !gewaehlt.isEmpty());
         w.laden->setEnabled(stand.art != Modellstand::Art::ServerFehlt && stand.laedtModell.isEmpty());
         if (anderswo)
-            w.stand->setzen(u"exclamationmark.triangle"_s, Modellstand::anderswoSatz(w.wahl->currentText()));
+            w.stand->setzen(Symbol::Warnung, Modellstand::anderswoSatz(w.wahl->currentText()));
         else if (gewaehlt.isEmpty())
             w.stand->erklaeren(Sprache::text(u"Keines gewählt."_s));
         else if (kommt)
-            w.stand->setzen(u"circle.running"_s, ladewort(stand));
+            w.stand->setzen(Symbol::Laeuft, ladewort(stand));
         else if (da)
-            w.stand->setzen(u"checkmark.circle"_s, Sprache::text(u"einsatzbereit"_s));
+            w.stand->setzen(Symbol::Gut, Sprache::text(u"einsatzbereit"_s));
         else
             fehlendesZeigen(w, stand, gewaehlt);
     }
@@ -252,7 +252,7 @@ private:
         QString satz = gefuellt(Sprache::text(u"Das Modell %@ fehlt noch"_s), {gewaehlt});
         if (stand.fehlermodell == gewaehlt && !stand.ladefehler.isEmpty())
             satz += u": "_s + stand.ladefehler;
-        w.stand->setzen(u"exclamationmark.triangle"_s, satz);
+        w.stand->setzen(Symbol::Warnung, satz);
     }
 
     static QString ladewort(const Modellstand &stand)
@@ -295,7 +295,7 @@ private:
             const bool anderswo = stand.rechnetAnderswo(eintrag->text());
             eintrag->setEnabled(!anderswo);
             eintrag->setToolTip(anderswo ? Modellstand::anderswoSatz(eintrag->text()) : QString());
-            eintrag->setIcon(anderswo ? Zeichen::icon(u"exclamationmark.triangle"_s) : QIcon());
+            eintrag->setIcon(anderswo ? Zeichen::icon(Symbol::Warnung) : QIcon());
         }
     }
 
@@ -320,18 +320,18 @@ private:
         const QString prozent = QString::number(qRound(anteil * 100));
         const QString rubriken = QString::number(einrichtung()->stand().zahlen.rubriken);
         if (anteil > 1)
-            m_platz->setzen(u"exclamationmark.triangle"_s,
+            m_platz->setzen(Symbol::Warnung,
                             gefuellt(Sprache::text(u"Braucht mit Rubriken: %@ etwa %@ Prozent dessen, was das Modell "
                                                    "fasst. Lass weniger Zeichen lesen oder fasse Rubriken zusammen."_s),
                                      {rubriken, prozent}));
         else if (anteil > knapp)
-            m_platz->setzen(u"info.circle"_s,
+            m_platz->setzen(Symbol::Info,
                             gefuellt(Sprache::text(u"Belegt etwa %@ Prozent dessen, was das Modell fasst. Das ist "
                                                    "knapp."_s),
                                      {prozent}));
         else
             m_platz->setzen(
-                u"checkmark.circle"_s,
+                Symbol::Gut,
                 gefuellt(Sprache::text(u"Belegt etwa %@ Prozent dessen, was das Modell fasst."_s), {prozent}));
     }
 

@@ -95,7 +95,7 @@ private:
         Marktext *text = marktext();
         text->setObjectName(name + u"-stand"_s);
         Flachknopf *entfernen = flachknopf(name + u"-entfernen"_s, Sprache::text(u"Entfernen"_s),
-                                           Sprache::text(u"Nimmt den Baustein aus der Vorlage."_s), u"minus"_s);
+                                           Sprache::text(u"Nimmt den Baustein aus der Vorlage."_s), Symbol::Minus);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
         waagrecht->setContentsMargins(0, 0, 0, 0);
@@ -104,7 +104,7 @@ private:
         darunter(zeile);
         folgen([this, text, entfernen, feld, istPfad, zeile] {
             const QList<Vorlagenmangel> maengel = vorlagenmaengel(profil().*feld, istPfad);
-            text->setzen(maengel.isEmpty() ? QString() : u"exclamationmark.triangle"_s,
+            text->setzen(maengel.isEmpty() ? Symbol::Keines : Symbol::Warnung,
                          maengel.isEmpty() ? QString() : maengel.first().satz);
             entfernen->setVisible(!maengel.isEmpty() && !maengel.first().block.isEmpty());
             zeile->setVisible(!maengel.isEmpty());
@@ -126,7 +126,7 @@ private:
         m_dokument = new Elidiertext(Qt::ElideMiddle, this);
         m_dokument->setObjectName(u"beispiel-dokument"_s);
         m_anderes = flachknopf(u"anderesBeispiel"_s, Sprache::text(u"Anderes Dokument"_s),
-                               Sprache::text(u"Zeigt das Beispiel am nächsten wartenden Dokument"_s), u"reload"_s);
+                               Sprache::text(u"Zeigt das Beispiel am nächsten wartenden Dokument"_s), Symbol::NeuLaden);
         connect(m_anderes, &QToolButton::clicked, einrichtung(), &Einrichtung::anderesBeispiel);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);

@@ -113,7 +113,7 @@ private:
             "Wahl."_s));
         titel(Sprache::text(u"Eigene Sprachen"_s), erklaerung);
         QPushButton *oeffnen = knopf(u"eigeneSprachen"_s, Sprache::text(u"Ordner für eigene Sprachen öffnen"_s),
-                                     Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s), u"folder"_s);
+                                     Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s), Symbol::Ordner);
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
         waagrecht->setContentsMargins(0, 0, 0, 0);

@@ -33,8 +33,9 @@ public:
     {
         for (const QString &name : {u"pdftotext"_s, u"pdftoppm"_s, u"tesseract"_s})
             werkzeugBauen(name);
-        Flachknopf *pruefen = flachknopf(u"programmePruefen"_s, Sprache::text(u"Erneut prüfen"_s),
-                                         Sprache::text(u"Sieht noch einmal nach, was installiert ist"_s), u"reload"_s);
+        Flachknopf *pruefen =
+            flachknopf(u"programmePruefen"_s, Sprache::text(u"Erneut prüfen"_s),
+                       Sprache::text(u"Sieht noch einmal nach, was installiert ist"_s), Symbol::NeuLaden);
         connect(pruefen, &QToolButton::clicked, this, [einrichtung, modelldienst] {
             einrichtung->einrichtungPruefen();
             modelldienst->modellPruefen();
@@ -107,7 +108,7 @@ private:
             if (programme)
                 werkzeugZeigen(*m_werkzeuge.at(i), programme->werkzeuge.at(i));
             else
-                m_werkzeuge.at(i)->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+                m_werkzeuge.at(i)->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
         }
         sprachenZeigen(programme ? programme->sprachen : QStringList());
         serverZeigen();
@@ -116,10 +117,10 @@ private:
     static void werkzeugZeigen(Marktext &text, const Programmstand::Werkzeug &w)
     {
         if (w.pfad.isEmpty())
-            text.setzen(u"exclamationmark.triangle"_s,
+            text.setzen(Symbol::Warnung,
                         gefuellt(Sprache::text(u"Nicht gefunden. Installiere das Paket %@."_s), {w.paket}));
         else
-            text.setzen(u"checkmark.circle"_s, w.pfad);
+            text.setzen(Symbol::Gut, w.pfad);
     }
 
     void sprachwahlZeigen(const QStringList &auswahl)
@@ -145,7 +146,7 @@ private:
             return m_sprachstand->erklaeren(
                 gefuellt(Sprache::text(u"Installiert: %@."_s), {Ocrsprachen::namen(installierte).join(u", "_s)}));
         m_sprachstand->setzen(
-            u"exclamationmark.triangle"_s,
+            Symbol::Warnung,
             gefuellt(Sprache::text(u"%@ ist nicht installiert, Scans bleiben ungelesen. Installiere das Paket %@."_s),
                      {Ocrsprachen::name(profil().ocrSprache), Ocrsprachen::paket(profil().ocrSprache)}));
     }
@@ -154,15 +155,15 @@ private:
     {
         switch (m_modelldienst->modellstand().art) {
         case Modellstand::Art::Unbekannt:
-            m_server->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+            m_server->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
             return m_rat->erklaeren({});
         case Modellstand::Art::ServerFehlt:
-            m_server->setzen(u"exclamationmark.triangle"_s, m_modelldienst->modellMeldung());
+            m_server->setzen(Symbol::Warnung, m_modelldienst->modellMeldung());
             return m_rat->erklaeren(
                 Sprache::text(u"Starte ihn mit „ollama serve“. Fehlt er ganz, installiere das Programm ollama und "
                               "prüfe dann erneut."_s));
         default:
-            m_server->setzen(u"checkmark.circle"_s, Sprache::text(u"Der Modellserver läuft."_s));
+            m_server->setzen(Symbol::Gut, Sprache::text(u"Der Modellserver läuft."_s));
             m_rat->erklaeren(m_modelldienst->modellMeldung());
         }
     }

@@ -128,9 +128,9 @@ private:
     {
         m_zahlen = marktext();
         m_zahlen->setObjectName(u"struktur-stand"_s);
-        m_einlesen =
-            knopf(u"strukturEinlesen"_s, Sprache::text(u"Struktur einlesen"_s),
-                  Sprache::text(u"Liest die Ordner unter dem Zielordner. Verändert wird dort nichts."_s), u"reload"_s);
+        m_einlesen = knopf(u"strukturEinlesen"_s, Sprache::text(u"Struktur einlesen"_s),
+                           Sprache::text(u"Liest die Ordner unter dem Zielordner. Verändert wird dort nichts."_s),
+                           Symbol::NeuLaden);
         connect(m_einlesen, &QPushButton::clicked, einrichtung(), &Einrichtung::strukturEinlesen);
         titel(Sprache::text(u"Struktur"_s), m_zahlen, m_einlesen);
         baumBauen();
@@ -173,13 +173,12 @@ private:
             m_wurzelstand->erklaeren(Sprache::text(u"Noch nicht gewählt. Hierhin wandern die Dokumente, die du "
                                                    "übernimmst."_s));
         else if (!bereit)
-            m_wurzelstand->setzen(u"circle.running"_s, Sprache::text(u"Wird gesucht …"_s));
+            m_wurzelstand->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
         else if (!da)
             m_wurzelstand->setzen(
-                u"exclamationmark.triangle"_s,
-                Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
+                Symbol::Warnung, Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
         else
-            m_wurzelstand->setzen(u"checkmark.circle"_s, Sprache::text(u"Ordner gefunden."_s));
+            m_wurzelstand->setzen(Symbol::Gut, Sprache::text(u"Ordner gefunden."_s));
         m_einlesen->setEnabled(!profil().zielWurzel.isEmpty() && !einrichtung()->stand().liestStruktur);
         zahlenZeigen();
     }
@@ -189,12 +188,12 @@ private:
         const Einrichtungsstand &e = einrichtung()->stand();
         const Strukturzahlen &z = e.zahlen;
         if (e.liestStruktur)
-            return m_zahlen->setzen(u"circle.running"_s, Sprache::text(u"Ordner werden gelesen …"_s));
+            return m_zahlen->setzen(Symbol::Laeuft, Sprache::text(u"Ordner werden gelesen …"_s));
         if (!e.strukturmangel.isEmpty())
-            return m_zahlen->setzen(u"exclamationmark.triangle"_s, e.strukturmangel);
+            return m_zahlen->setzen(Symbol::Warnung, e.strukturmangel);
         if (e.strukturAlt)
             return m_zahlen->setzen(
-                u"exclamationmark.triangle"_s,
+                Symbol::Warnung,
                 Sprache::text(u"Die Struktur stammt aus dem bisherigen Zielordner. Lies sie neu ein."_s));
         if (z.rubriken == 0 && z.ablagen == 0)
             return m_zahlen->erklaeren(Sprache::text(u"Noch nicht eingelesen. Ohne Struktur weiß das Modell nicht, "

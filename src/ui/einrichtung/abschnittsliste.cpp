@@ -22,23 +22,23 @@ namespace
 constexpr int rolleZeile = Qt::UserRole;
 constexpr int rolleSymbol = Qt::UserRole + 1;
 
-QString symbol(Abschnittsstand::Lage lage)
+Symbol symbol(Abschnittsstand::Lage lage)
 {
     switch (lage) {
     case Abschnittsstand::Lage::Fehlt:
     case Abschnittsstand::Lage::Offen:
-        return u"circle"_s;
+        return Symbol::Offen;
     case Abschnittsstand::Lage::Gestoert:
     case Abschnittsstand::Lage::Warnung:
-        return u"exclamationmark.triangle"_s;
+        return Symbol::Warnung;
     case Abschnittsstand::Lage::Prueft:
-        return u"circle.running"_s;
+        return Symbol::Laeuft;
     case Abschnittsstand::Lage::Gut:
-        return u"checkmark.circle"_s;
+        return Symbol::Gut;
     case Abschnittsstand::Lage::Ohne:
         break;
     }
-    return {};
+    return Symbol::Keines;
 }
 
 QString spracheUndSchrift()
@@ -94,7 +94,7 @@ public:
         const int kante = Stil::zeichengroesse();
         const QRect flaeche = option.rect;
         Zeichen::malen(*maler, QRect(flaeche.x() + abstand(10), flaeche.center().y() - kante / 2, kante, kante),
-                       stelle.data(rolleSymbol).toString(), palette);
+                       Symbol(stelle.data(rolleSymbol).toInt()), palette);
         texteMalen(*maler, flaeche.adjusted(abstand(20) + kante, abstand(6), -abstand(8), -abstand(6)), stelle,
                    {palette.color(QPalette::WindowText), Stil::nebenfarbe(palette, grund)}, gewaehlt);
         maler->restore();
@@ -163,7 +163,7 @@ void Abschnittsliste::zeigen()
             stand.zeile = m_fenster;
         QStandardItem *zeile = m_zeilen->item(int(abschnitt));
         zeile->setData(stand.zeile, rolleZeile);
-        zeile->setData(symbol(stand.lage), rolleSymbol);
+        zeile->setData(int(symbol(stand.lage)), rolleSymbol);
         zeile->setToolTip(u"<qt>"_s + stand.zeile.toHtmlEscaped() + u"</qt>"_s);
         QStringList teile = {zeile->text(), wort(stand.lage), stand.zeile};
         teile.removeAll(QString());

@@ -244,8 +244,7 @@ QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
     const auto pruefen = [mangel, beschwerde, hilfe](const QString &text) {
         const QString satz = mangel ? mangel(text) : QString();
         if (beschwerde)
-            beschwerde->setzen(satz.isEmpty() ? QString() : u"exclamationmark.triangle"_s,
-                               satz.isEmpty() ? hilfe : satz);
+            beschwerde->setzen(satz.isEmpty() ? Symbol::Keines : Symbol::Warnung, satz.isEmpty() ? hilfe : satz);
         return satz.isEmpty();
     };
     connect(eingabe, &QLineEdit::textEdited, this, [this, feld, pruefen, rand](const QString &text) {
@@ -288,19 +287,17 @@ QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*fel
     return eingabe;
 }
 
-QPushButton *Abschnittsseite::knopf(const QString &name, const QString &text, const QString &hilfe,
-                                    const QString &symbol)
+QPushButton *Abschnittsseite::knopf(const QString &name, const QString &text, const QString &hilfe, Symbol symbol)
 {
     auto *k = new Knopf(name, text, this);
     k->setToolTip(hilfe);
     k->setAccessibleDescription(hilfe);
-    if (!symbol.isEmpty())
+    if (symbol != Symbol::Keines)
         k->setIcon(Zeichen::icon(symbol));
     return k;
 }
 
-Flachknopf *Abschnittsseite::flachknopf(const QString &name, const QString &text, const QString &hilfe,
-                                        const QString &symbol)
+Flachknopf *Abschnittsseite::flachknopf(const QString &name, const QString &text, const QString &hilfe, Symbol symbol)
 {
     auto *k = new Flachknopf(name, symbol, text, hilfe, this);
     k->setzeMitText(true);

@@ -3,6 +3,7 @@
 #include "abschnitt.h"
 #include "namensraeume.h"
 #include "profil.h"
+#include "zeichen.h"
 
 #include <QWidget>
 #include <functional>
@@ -77,8 +78,9 @@ protected:
                         const QString &hilfe = {}, Rand rand = Rand::Weg);
     /** A line edit for a folder, and the row with its button "Wählen …". */
     QLineEdit *ordnerfeld(const QString &name, QString Profil::*feld, const QString &frage, QWidget **teil);
-    QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe = {}, const QString &symbol = {});
-    Flachknopf *flachknopf(const QString &name, const QString &text, const QString &hilfe, const QString &symbol);
+    QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe = {},
+                       Symbol symbol = Symbol::Keines);
+    Flachknopf *flachknopf(const QString &name, const QString &text, const QString &hilfe, Symbol symbol);
     /** A little more room before the next row. */
     void luecke();
     /** A field of @p zeichen characters and what stands beside it. */

@@ -96,8 +96,7 @@ QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
     auto *spalte = new QVBoxLayout(seite);
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->setSpacing(0);
-    m_katalogfehler =
-        new Hinweisfeld(true, u"exclamationmark.triangle"_s, {}, Sprache::text(u"Noch einmal versuchen"_s), seite);
+    m_katalogfehler = new Hinweisfeld(true, Symbol::Warnung, {}, Sprache::text(u"Noch einmal versuchen"_s), seite);
     m_katalogfehler->setObjectName(u"katalogfehler"_s);
     m_katalogfehler->knopf()->setObjectName(u"katalogErneutOeffnen"_s);
     connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand->profilwahl(), &Profilwahl::erneutOeffnen);

@@ -40,7 +40,7 @@ QLabel *zeile(const QString &text, QVBoxLayout *spalte, QWidget *eltern)
 void Erststart::unlesbaresZeigen(const QString &kopie, QVBoxLayout *spalte)
 {
     auto *feld = new Hinweisfeld(
-        true, u"exclamationmark.triangle"_s,
+        true, Symbol::Warnung,
         gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
                  {kurzpfad(kopie)}) +
             u". "_s + Sprache::text(u"Die Kataloge der Profile und deine Dokumente sind nicht davon betroffen."_s),
@@ -89,6 +89,6 @@ void Erststart::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);
     const QRect flaeche((width() - abstand(kante)) / 2, m_bild->y(), abstand(kante), abstand(kante));
-    Zeichen::malen(maler, flaeche, u"large.folder"_s, palette(), Stil::nebenfarbe(palette()));
+    Zeichen::malen(maler, flaeche, Symbol::GrossOrdner, palette(), Stil::nebenfarbe(palette()));
 }
 } // namespace quillmar::einrichtung

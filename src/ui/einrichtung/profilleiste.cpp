@@ -22,10 +22,10 @@ using Stil::abstand;
 
 Profilleiste::Profilleiste(Profilwahl *profilwahl, QWidget *eltern)
     : QWidget(eltern), m_profilwahl(profilwahl),
-      m_umbenennen(new Flachknopf(u"profilUmbenennen"_s, u"pencil"_s, Sprache::text(u"Profil umbenennen …"_s),
+      m_umbenennen(new Flachknopf(u"profilUmbenennen"_s, Symbol::Umbenennen, Sprache::text(u"Profil umbenennen …"_s),
                                   Sprache::text(u"Gibt dem Profil einen anderen Namen. Sonst ändert sich nichts."_s),
                                   this)),
-      m_entfernen(new Flachknopf(u"profilEntfernen"_s, u"minus"_s, Sprache::text(u"Profil entfernen …"_s),
+      m_entfernen(new Flachknopf(u"profilEntfernen"_s, Symbol::Minus, Sprache::text(u"Profil entfernen …"_s),
                                  Sprache::text(u"Nimmt das Profil aus der Liste. Es wird vorher gefragt."_s), this)),
       m_namensteil(new QWidget(this)), m_name(new QLineEdit(m_namensteil)),
       m_frage(new Rueckfrage(u"profilEntfernenJa"_s, Sprache::text(u"Profil entfernen"_s), this))

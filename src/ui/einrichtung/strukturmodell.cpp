@@ -37,7 +37,7 @@ QVariant symbol(Wechsel w)
 {
     if (w == Wechsel::Gleich)
         return {};
-    return Zeichen::icon(w == Wechsel::Neu ? u"checkmark.circle"_s : u"exclamationmark.triangle"_s);
+    return Zeichen::icon(w == Wechsel::Neu ? Symbol::Gut : Symbol::Warnung);
 }
 } // namespace
 

@@ -34,23 +34,23 @@ QString standwort(Bewegungsstand stand)
     return {};
 }
 
-QString standsymbol(Bewegungsstand stand)
+Symbol standsymbol(Bewegungsstand stand)
 {
     switch (stand) {
     case Bewegungsstand::AmZiel:
-        return u"checkmark.circle"_s;
+        return Symbol::Gut;
     case Bewegungsstand::Zurueck:
-        return u"arrow.uturn.backward"_s;
+        return Symbol::Zurueckgedreht;
     case Bewegungsstand::Verschwunden:
-        return u"questionmark.circle"_s;
+        return Symbol::Frage;
     case Bewegungsstand::Fehler:
-        return u"xmark.circle"_s;
+        return Symbol::Fehler;
     case Bewegungsstand::Uebersprungen:
-        return u"exclamationmark.triangle"_s;
+        return Symbol::Warnung;
     case Bewegungsstand::Unbekannt:
         break;
     }
-    return {};
+    return Symbol::Keines;
 }
 
 Bewegungsmodell::Bewegungsmodell(QObject *vater) : QAbstractListModel(vater)

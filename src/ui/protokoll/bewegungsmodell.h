@@ -4,6 +4,7 @@
 #include "bilanz.h"
 #include "namensraeume.h"
 #include "protokollzeile.h"
+#include "zeichen.h"
 
 #include <QAbstractListModel>
 #include <QHash>
@@ -48,5 +49,5 @@ private:
 /** What is said of a movement beside its mark; empty where the mark says it all. */
 [[nodiscard]] QString standwort(Bewegungsstand stand);
 /** Name of the mark's symbol; empty while nothing is known. */
-[[nodiscard]] QString standsymbol(Bewegungsstand stand);
+[[nodiscard]] Symbol standsymbol(Bewegungsstand stand);
 } // namespace quillmar::protokoll

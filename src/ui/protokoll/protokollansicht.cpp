@@ -54,7 +54,7 @@ QWidget *ProtokollAnsicht::sitzungsteil()
     auto *seite = new QWidget(this);
     m_rechts = new QStackedWidget(seite);
     auto *leere = new Leeransicht(m_rechts);
-    leere->setzen(u"large.clock"_s, Sprache::text(u"Keine Sitzung gewählt"_s),
+    leere->setzen(Symbol::GrossUhr, Sprache::text(u"Keine Sitzung gewählt"_s),
                   Sprache::text(u"Wähle links ein Protokoll aus. Hier steht dann jede einzelne Bewegung dieser "
                                 "Sitzung, bevor du entscheidest."_s));
     m_rechts->addWidget(leere);
@@ -152,7 +152,7 @@ void ProtokollAnsicht::zeigen()
     const bool da = m_zustand->profilwahl()->aktiv() && m_zustand->profilwahl()->katalogfehler().isEmpty();
     m_stapel->setCurrentIndex(da ? 0 : 1);
     if (!da)
-        m_leere->setzeOhneKatalog(u"large.clock"_s, *m_zustand->profilwahl());
+        m_leere->setzeOhneKatalog(Symbol::GrossUhr, *m_zustand->profilwahl());
 }
 
 /** A log that does not lie in the folder of this profile is called by its file. */

@@ -24,7 +24,7 @@ using Stil::Schrift;
 Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
     : QWidget(eltern), m_profilwahl(profilwahl), m_ort(new Elidiertext(Qt::ElideMiddle, this)),
       m_pfad(new Elidiertext(Qt::ElideMiddle, this)),
-      m_warnung(new Hinweisfeld(true, u"exclamationmark.triangle"_s,
+      m_warnung(new Hinweisfeld(true, Symbol::Warnung,
                                 Sprache::text(u"In diesen Ordner lässt sich nicht schreiben, oder er ist nicht da. "
                                               "Wähle einen anderen, oder schließe das Laufwerk an."_s),
                                 {}, this)),
@@ -39,7 +39,7 @@ Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
     waehlen->setAccessibleName(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s));
     waehlen->setAccessibleDescription(hilfe);
     waehlen->setToolTip(hilfe);
-    m_standard = new Flachknopf(u"protokollOrdnerStandard"_s, u"undo"_s, Sprache::text(u"Standardort"_s),
+    m_standard = new Flachknopf(u"protokollOrdnerStandard"_s, Symbol::Ruecknehmen, Sprache::text(u"Standardort"_s),
                                 Sprache::text(u"Stellt den Standardort neben der Ablage wieder her"_s), this);
     m_warnung->setObjectName(u"protokollOrtWarnung"_s);
     m_warnung->hide();

@@ -120,7 +120,7 @@ QWidget *Rueckbaufeld::knopfseite()
 {
     m_zurueckdrehen = knopf(u"sitzungZurueckdrehen"_s, Sprache::text(u"Sitzung zurückdrehen"_s),
                             Sprache::text(u"Fragt noch einmal nach, bevor irgendetwas geschieht"_s), this);
-    m_zurueckdrehen->setIcon(Zeichen::icon(u"undo"_s));
+    m_zurueckdrehen->setIcon(Zeichen::icon(Symbol::Ruecknehmen));
     m_letzten = knopf(u"letztenSchrittZurueck"_s, Sprache::text(u"Letzten Schritt zurück"_s),
                       Sprache::text(u"Dreht nur die allerletzte Bewegung um, unabhängig von der Auswahl"_s), this);
     return reihe({m_zurueckdrehen, m_letzten});
@@ -183,7 +183,7 @@ QWidget *Rueckbaufeld::frageseite()
                  Sprache::text(u"Führt die Rückabwicklung jetzt aus"_s), this);
     m_nein =
         knopf(u"rueckbauAbbrechen"_s, Sprache::text(u"Abbrechen"_s), Sprache::text(u"Lässt alles, wie es ist"_s), this);
-    auto *worte = zeile(this, {zeichenschild(u"exclamationmark.triangle"_s, this), m_frage});
+    auto *worte = zeile(this, {zeichenschild(Symbol::Warnung, this), m_frage});
     static_cast<QHBoxLayout *>(worte->layout())->setStretch(1, 1000); // it wraps before it pushes the buttons out
     auto *seite = reihe({worte, zeile(this, {m_ja, m_nein})});
     auto *esc = new QShortcut(Qt::Key_Escape, seite);
@@ -299,7 +299,7 @@ void Rueckbaufeld::zeigen()
                                         : Sprache::text(u"Fragt noch einmal nach, bevor irgendetwas geschieht"_s));
 }
 
-QString Rueckbaufeld::meldungssymbol() const
+Symbol Rueckbaufeld::meldungssymbol() const
 {
     const bool gedreht =
         !m_zustand->sitzungen()->rueckbauMeldung().isEmpty() && !m_zustand->sitzungen()->rueckbauLaeuft();
@@ -317,10 +317,10 @@ void Rueckbaufeld::meldungZeigen()
     teile.removeAll(QString());
     const QString text = teile.join(u" · "_s);
     m_meldung->setzeText(text);
-    const QString symbol =
-        text.isEmpty() || !m_zustand->ausfuehrung()->vorgang().isEmpty() ? QString() : meldungssymbol();
+    const Symbol symbol =
+        text.isEmpty() || !m_zustand->ausfuehrung()->vorgang().isEmpty() ? Symbol::Keines : meldungssymbol();
     m_marke->setPixmap(Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
-    m_marke->setVisible(!symbol.isEmpty());
+    m_marke->setVisible(symbol != Symbol::Keines);
 }
 
 void Rueckbaufeld::resizeEvent(QResizeEvent *) { einpassen(); }

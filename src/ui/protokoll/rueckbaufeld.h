@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "zeichen.h"
 
 #include <QWidget>
 
@@ -53,7 +54,7 @@ private:
     void abbrechen();
     void zeigen();
     void meldungZeigen();
-    [[nodiscard]] QString meldungssymbol() const;
+    [[nodiscard]] Symbol meldungssymbol() const;
     void setzeSeite(Seite seite);
     void einpassen();
     QWidget *reihe(const QList<QWidget *> &teile);

@@ -43,7 +43,7 @@ QWidget *nochNichts(QWidget *eltern)
 {
     auto *text = new Elidiertext(Qt::ElideRight, eltern);
     text->setzeText(Sprache::text(u"Noch nichts bewegt, daher noch kein Protokoll"_s));
-    auto *traeger = zeile(eltern, {zeichenschild(u"info.circle"_s, eltern), text});
+    auto *traeger = zeile(eltern, {zeichenschild(Symbol::Info, eltern), text});
     traeger->setToolTip(Sprache::text(u"Die Datei entsteht erst mit der ersten Umbenennung, damit keine leeren "
                                       "Protokolle herumliegen."_s) +
                         u' ' + Sprache::text(u"Wird angelegt, sobald die erste Datei bewegt wird."_s));
@@ -107,7 +107,7 @@ void Sitzungsseite::laufendeBauen(QVBoxLayout *spalte)
     teil->addWidget(m_nochNichts);
     m_mangel = new Umbruchtext(this);
     m_mangel->setObjectName(u"protokollmangel"_s);
-    m_mangelZeile = zeile(this, {zeichenschild(u"exclamationmark.triangle"_s, this), m_mangel});
+    m_mangelZeile = zeile(this, {zeichenschild(Symbol::Warnung, this), m_mangel});
     static_cast<QHBoxLayout *>(m_mangelZeile->layout())->setStretch(1, 1);
     teil->addWidget(m_mangelZeile);
     m_laufende = neueZeile(teil);
@@ -122,7 +122,7 @@ void Sitzungsseite::fruehereBauen(QVBoxLayout *spalte)
     m_anzahl = new QLabel(this);
     m_anzahl->setObjectName(u"protokollAnzahl"_s);
     m_anzahl->setTextFormat(Qt::PlainText);
-    m_mehr = new Flachknopf(u"sitzungen-mehr"_s, u"plus"_s, {}, Sprache::text(u"Zeigt weitere Zeilen"_s), this);
+    m_mehr = new Flachknopf(u"sitzungen-mehr"_s, Symbol::Plus, {}, Sprache::text(u"Zeigt weitere Zeilen"_s), this);
     m_mehr->setzeMitText(true);
     m_liste->addWidget(abschnitt(Sprache::text(u"Frühere Sitzungen"_s), this));
     m_liste->addWidget(m_anzahl);
@@ -139,12 +139,13 @@ void Sitzungsseite::fruehereBauen(QVBoxLayout *spalte)
 QWidget *Sitzungsseite::fuss()
 {
     auto *oeffnen = new Flachknopf(
-        u"protokollOeffnen"_s, u"folder.open"_s, Sprache::text(u"Andere Datei öffnen …"_s),
+        u"protokollOeffnen"_s, Symbol::OrdnerAuf, Sprache::text(u"Andere Datei öffnen …"_s),
         Sprache::text(
             u"Eine Protokolldatei von irgendwo öffnen, auch von einem anderen Rechner oder aus einer Sicherung"_s),
         this);
-    auto *auffrischen = new Flachknopf(u"protokolleAuffrischen"_s, u"reload"_s, Sprache::text(u"Liste auffrischen"_s),
-                                       Sprache::text(u"Liest den Protokollordner noch einmal ein"_s), this);
+    auto *auffrischen =
+        new Flachknopf(u"protokolleAuffrischen"_s, Symbol::NeuLaden, Sprache::text(u"Liste auffrischen"_s),
+                       Sprache::text(u"Liest den Protokollordner noch einmal ein"_s), this);
     m_fussknoepfe = {oeffnen, auffrischen};
     m_fuss = new QWidget(this);
     m_fussreihe = new QBoxLayout(QBoxLayout::LeftToRight, m_fuss);

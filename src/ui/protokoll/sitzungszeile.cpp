@@ -44,10 +44,10 @@ QString unterzeile(const Sitzungsbild &bild, bool laufend)
 } // namespace
 
 Sitzungszeile::Sitzungszeile(QWidget *eltern)
-    : QWidget(eltern), m_marke(new Flachknopf({}, u"circle"_s, {}, {}, this)),
+    : QWidget(eltern), m_marke(new Flachknopf({}, Symbol::Offen, {}, {}, this)),
       m_titel(new Elidiertext(Qt::ElideRight, this)), m_unterzeile(new Elidiertext(Qt::ElideRight, this)),
-      m_ansehen(new Flachknopf({}, {}, Sprache::text(u"Ansehen"_s), {}, this)),
-      m_finden(new Flachknopf({}, u"arrow.up.forward.app"_s, {}, {}, this))
+      m_ansehen(new Flachknopf({}, Symbol::Keines, Sprache::text(u"Ansehen"_s), {}, this)),
+      m_finden(new Flachknopf({}, Symbol::Aufschlagen, {}, {}, this))
 {
     m_ansehen->setzeMitText(true);
     m_marke->setFocusPolicy(Qt::NoFocus); // the button beside it does the same
@@ -112,8 +112,7 @@ void Sitzungszeile::knoepfeBenennen()
 void Sitzungszeile::setzeGewaehlt(bool gewaehlt)
 {
     m_gewaehlt = gewaehlt;
-    m_marke->setIcon(
-        Zeichen::icon(gewaehlt ? u"largecircle.fill.circle"_s : u"circle"_s, palette().color(QPalette::WindowText)));
+    m_marke->setIcon(Zeichen::icon(gewaehlt ? Symbol::Gewaehlt : Symbol::Offen, palette().color(QPalette::WindowText)));
     m_titel->setFont(Stil::schrift(gewaehlt ? Schrift::Halbfett : Schrift::Grund));
     m_unterzeile->setFont(Stil::schrift(Schrift::Neben));
     Stil::setzeTextfarbe(m_unterzeile, gewaehlt ? Stil::nebenfarbe(palette(), Stil::auswahlgrund(palette()))
@@ -131,7 +130,7 @@ void Sitzungszeile::einpassen()
                        m_finden->sizeHint().width() + 3 * abstand(8) + 2 * abstand(6);
     if (breite <= width())
         return;
-    m_ansehen->setIcon(Zeichen::icon(u"doc.text.magnifyingglass"_s));
+    m_ansehen->setIcon(Zeichen::icon(Symbol::Vorschau));
     m_ansehen->setzeMitText(false);
 }
 

@@ -105,7 +105,7 @@ void fuellen(QComboBox *wahl, const QStringList &werte, const QStringList &anzei
 /** Marks a chosen value that the structure does not know. */
 void fremdesZeigen(QComboBox *wahl, Feld feld, bool fremd)
 {
-    wahl->setItemIcon(wahl->currentIndex(), fremd ? Zeichen::icon(u"exclamationmark.triangle"_s) : QIcon());
+    wahl->setItemIcon(wahl->currentIndex(), fremd ? Zeichen::icon(Symbol::Warnung) : QIcon());
     const QString rat = fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + hilfe(feld) : hilfe(feld);
     wahl->setToolTip(rat);
     wahl->setAccessibleDescription(rat);

@@ -76,12 +76,12 @@ void Hinweisfach::tabReihe()
 
 Hinweisfeld *Hinweisfach::neues(const Pruefhinweis &hinweis)
 {
-    QString symbol = hinweis.istWarnung() ? u"exclamationmark.triangle"_s : u"info.circle"_s;
+    Symbol symbol = hinweis.istWarnung() ? Symbol::Warnung : Symbol::Info;
     QString knopf;
     if (hinweis.art == Art::AndererOrt) {
         knopf = Sprache::text(u"Alten Ort behalten"_s);
     } else if (hinweis.art == Art::Aehnlich) {
-        symbol = u"doc.on.doc"_s;
+        symbol = Symbol::Dublette;
         knopf = Sprache::text(u"Ansehen"_s);
     }
     auto *feld = new Hinweisfeld(hinweis.istWarnung(), symbol, hinweis.text, knopf, this);

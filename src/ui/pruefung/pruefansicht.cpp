@@ -279,12 +279,11 @@ void PruefAnsicht::leereZeigen()
         return;
     m_leereTat = [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); };
     if (m_zustand->profilwahl()->oeffnet())
-        return m_leere->setzen(u"large.clock"_s, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
+        return m_leere->setzen(Symbol::GrossUhr, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
     if (!m_zustand->profilwahl()->offen())
-        return m_leere->setzeOhneKatalog(u"large.folder"_s, *m_zustand->profilwahl());
+        return m_leere->setzeOhneKatalog(Symbol::GrossOrdner, *m_zustand->profilwahl());
     m_leereTat = [this] { m_zustand->setzeReiter(Reiter::Einrichtung); };
-    m_leere->setzen(u"large.checkmark.circle"_s, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand),
-                    naechsterSchritt());
+    m_leere->setzen(Symbol::GrossGut, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand), naechsterSchritt());
 }
 
 /** The one thing to go on with, as the words of the button; empty if there is none. */

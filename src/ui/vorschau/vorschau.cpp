@@ -34,7 +34,7 @@ QLabel *partnerzeichen()
     auto *schild = new QLabel;
     Stil::folgen(schild, [schild] {
         const QSize groesse(Stil::zeichengroesse(), Stil::zeichengroesse());
-        schild->setPixmap(Zeichen::icon(u"doc.on.doc"_s).pixmap(groesse, schild->devicePixelRatioF()));
+        schild->setPixmap(Zeichen::icon(Symbol::Dublette).pixmap(groesse, schild->devicePixelRatioF()));
     });
     return schild;
 }
@@ -42,13 +42,12 @@ QLabel *partnerzeichen()
 
 Vorschau::Vorschau(QWidget *eltern)
     : QWidget(eltern), m_steuerung(new PDFSteuerung(this)), m_ansicht(new PDFAnsicht(m_steuerung)),
-      m_leer(new Leeransicht), m_zeile(new QWidget),
-      m_kleiner(new Flachknopf(u"kleiner"_s, u"minus.magnifyingglass"_s, {}, {})),
-      m_groesser(new Flachknopf(u"groesser"_s, u"plus.magnifyingglass"_s, {}, {})),
-      m_breite(new Flachknopf(u"breiteSetzen"_s, u"arrow.left.and.right"_s, {}, {})),
-      m_ganzeSeite(new Flachknopf(u"ganzeSeite"_s, u"rectangle.arrowtriangle.2.inward"_s, {}, {})),
-      m_partner(new QWidget), m_partnerName(new Elidiertext(Qt::ElideMiddle)),
-      m_zurueck(new Flachknopf(u"zurueckZumDokument"_s, u"arrow.left"_s, {}, {})), m_seiten(new QLabel),
+      m_leer(new Leeransicht), m_zeile(new QWidget), m_kleiner(new Flachknopf(u"kleiner"_s, Symbol::LupeMinus, {}, {})),
+      m_groesser(new Flachknopf(u"groesser"_s, Symbol::LupePlus, {}, {})),
+      m_breite(new Flachknopf(u"breiteSetzen"_s, Symbol::Breite, {}, {})),
+      m_ganzeSeite(new Flachknopf(u"ganzeSeite"_s, Symbol::GanzeSeite, {}, {})), m_partner(new QWidget),
+      m_partnerName(new Elidiertext(Qt::ElideMiddle)),
+      m_zurueck(new Flachknopf(u"zurueckZumDokument"_s, Symbol::PfeilLinks, {}, {})), m_seiten(new QLabel),
       m_stapel(new QStackedLayout)
 {
     auto *spalte = new QVBoxLayout(this);

@@ -11,31 +11,31 @@ Vorschausatz vorschausatz(Vorschaubefund befund)
 {
     switch (befund) {
     case Vorschaubefund::Gesichert:
-        return {u"large.lock"_s, Sprache::text(u"Mit Kennwort geschützt"_s),
+        return {Symbol::GrossSchloss, Sprache::text(u"Mit Kennwort geschützt"_s),
                 Sprache::text(u"Das Dokument lässt sich erst nach Eingabe eines Kennworts lesen. Ablegen kannst du es "
                               u"trotzdem."_s)};
     case Vorschaubefund::Beschaedigt:
-        return {u"large.damaged"_s, Sprache::text(u"Datei beschädigt"_s),
+        return {Symbol::GrossBeschaedigt, Sprache::text(u"Datei beschädigt"_s),
                 Sprache::text(u"Der Inhalt lässt sich nicht darstellen. Die Datei bleibt, wie sie ist."_s)};
     case Vorschaubefund::Verschwunden:
         return {
-            u"large.missing"_s, Sprache::text(u"Datei nicht gefunden"_s),
+            Symbol::GrossVerschwunden, Sprache::text(u"Datei nicht gefunden"_s),
             Sprache::text(u"Sie wurde verschoben, umbenannt oder gelöscht, oder ihr Laufwerk ist nicht verbunden."_s)};
     case Vorschaubefund::ZuGross:
-        return {u"large.doc.text.magnifyingglass"_s, Sprache::text(u"Zu groß für die Vorschau"_s),
+        return {Symbol::GrossVorschau, Sprache::text(u"Zu groß für die Vorschau"_s),
                 Sprache::text(u"Dateien ab 256 MB zeigt die Vorschau nicht. Ablegen kannst du sie trotzdem."_s)};
     case Vorschaubefund::Unlesbar:
     case Vorschaubefund::Laedt:
     case Vorschaubefund::Offen:
         break;
     }
-    return {u"large.lock"_s, Sprache::text(u"Datei nicht lesbar"_s),
+    return {Symbol::GrossSchloss, Sprache::text(u"Datei nicht lesbar"_s),
             Sprache::text(u"Dir fehlt das Recht, sie zu öffnen, oder das Laufwerk meldet einen Fehler."_s)};
 }
 
 Vorschausatz satzOhneDokument()
 {
-    return {u"large.doc.text.magnifyingglass"_s, Sprache::text(u"Keine Vorschau"_s),
+    return {Symbol::GrossVorschau, Sprache::text(u"Keine Vorschau"_s),
             Sprache::text(u"Sobald ein Dokument zur Prüfung ansteht, erscheint es hier."_s)};
 }
 

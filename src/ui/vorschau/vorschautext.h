@@ -2,6 +2,7 @@
 
 #include "namensraeume.h"
 #include "seitenwerk.h"
+#include "zeichen.h"
 
 #include <QString>
 
@@ -9,7 +10,7 @@ namespace quillmar::vorschau
 {
 /** Sign, title and line that the preview shows in place of pages. */
 struct Vorschausatz {
-    QString zeichen;
+    Symbol zeichen = Symbol::Keines;
     QString titel;
     QString zeile;
 };
