@@ -14,7 +14,7 @@
 #include "pruefansicht.h"
 #include "pruefung.h"
 #include "sitzungen.h"
-#include "umbruchtext.h"
+#include "textschild.h"
 #include "vorschau.h"
 
 #include <QApplication>
@@ -164,7 +164,7 @@ void Fensterreihen::taste()
     bis([&] { return f.zustand.pruefung()->aktuelles() != nullptr; });
     warten(blick);
     auto *titel = f.fenster.findChild<QLineEdit *>(u"titel"_s);
-    auto *neuerName = f.fenster.findChild<Umbruchtext *>(u"neuerName"_s);
+    auto *neuerName = f.fenster.findChild<Textschild *>(u"neuerName"_s);
     titel->setFocus();
     titel->clear();
     QList<double> zeiten;

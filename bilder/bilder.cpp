@@ -6,11 +6,11 @@
 #include "durchgang.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
-#include "kaestchenstil.h"
 #include "modelldienst.h"
 #include "modellserver.h"
 #include "profilspeicher.h"
 #include "profilwahl.h"
+#include "quillmarstil.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zustand.h"
@@ -129,7 +129,7 @@ int main(int anzahl, char **argumente)
     qputenv("XDG_CONFIG_HOME", heim.filePath(u"einstellungen"_s).toUtf8());
     const QApplication programm(anzahl, argumente);
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    Kaestchenstil::anwenden();
+    Quillmarstil::anwenden();
     QApplication::setFont(QFont(u"Noto Sans"_s, 10));
     QIcon::setThemeName(u"breeze"_s);
     const QStringList wuensche = QCoreApplication::arguments().mid(2);

@@ -18,6 +18,7 @@
 #include "protokollansicht.h"
 #include "pruefansicht.h"
 #include "pruefung.h"
+#include "quillmarstil.h"
 #include "reiter.h"
 #include "sprache.h"
 #include "tastentakt.h"
@@ -71,6 +72,7 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     : QMainWindow(eltern), m_zustand(zustand), m_sprache(sprache), m_profil(profil),
       m_aktualisierung(new Aktualisierung(this))
 {
+    Quillmarstil::anwenden();
     Hilfetexte::anwenden();
     setObjectName(u"hauptfenster"_s);
     setMinimumSize(kleinste);

@@ -1,8 +1,8 @@
 #include "kopfleiste.h"
 
+#include "bau.h"
 #include "profilwahl.h"
 #include "pruefung.h"
-#include "radsperre.h"
 #include "reiterknopf.h"
 #include "sprache.h"
 #include "stil.h"

@@ -3,10 +3,10 @@
 #include "einzelfenster.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
-#include "kaestchenstil.h"
 #include "meldestelle.h"
 #include "ordnerwahl.h"
 #include "profilwahl.h"
+#include "quillmarstil.h"
 #include "schriftgroesse.h"
 #include "sprache.h"
 #include "text.h"
@@ -61,7 +61,7 @@ QuillmarApp::QuillmarApp(int &anzahl, char **argumente) : QApplication(anzahl, a
     setApplicationDisplayName(u"Quillmar"_s);
     setDesktopFileName(u"quillmar"_s);
     setApplicationVersion(QStringLiteral(QUILLMAR_FASSUNG));
-    Kaestchenstil::anwenden();
+    Quillmarstil::anwenden();
     QIcon::setFallbackThemeName(u"breeze"_s);
     setWindowIcon(QIcon::fromTheme(u"quillmar"_s, QIcon(u":/quillmar.svg"_s)));
     Ordnerwahl::ordnerwaehler = ordnerFragen;

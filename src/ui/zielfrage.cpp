@@ -20,7 +20,7 @@ using Stil::abstand;
 
 Zielfrage::Zielfrage(Profilwahl *profilwahl, Ausfuehrung *ausfuehrung, QWidget *eltern)
     : QFrame(eltern), m_profilwahl(profilwahl), m_ausfuehrung(ausfuehrung),
-      m_frage(new Rueckfrage(u"zielStimmt"_s, Sprache::text(u"Der Zielordner stimmt"_s), this))
+      m_frage(new Rueckfrage({{.name = u"zielStimmt"_s, .text = Sprache::text(u"Der Zielordner stimmt"_s)}}, this))
 {
     setObjectName(u"zielfrage"_s);
     auto *spalte = new QVBoxLayout(this);

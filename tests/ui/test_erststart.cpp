@@ -3,7 +3,6 @@
 #include "durchgang.h"
 #include "einrichtung.h"
 #include "fensterprobe.h"
-#include "marktext.h"
 #include "modelldienst.h"
 #include "modellserver.h"
 #include "ordnerwahl.h"
@@ -11,7 +10,7 @@
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "stil.h"
-#include "umbruchtext.h"
+#include "textschild.h"
 #include "zustand.h"
 
 #include <QAbstractButton>
@@ -54,7 +53,7 @@ private:
         m_z->setzeReiter(Reiter::Einrichtung);
         m_z->einrichtung()->setzeAbschnitt(abschnitt);
     }
-    [[nodiscard]] QString satz(const QString &name) { return teil<Marktext>(name)->text(); }
+    [[nodiscard]] QString satz(const QString &name) { return teil<Textschild>(name)->text(); }
     void tippen(const QString &feld, const QString &text)
     {
         auto *eingabe = teil<QWidget>(feld);
@@ -131,7 +130,7 @@ private Q_SLOTS:
         klicken(u"vorschlaegePruefen"_s);
         QTRY_VERIFY(m_z->pruefung()->aktuelles());
         const QString alterPfad = m_z->pruefung()->aktuelles()->pfad;
-        const QString name = teil<Umbruchtext>(u"neuerName"_s)->ganzerText();
+        const QString name = teil<Textschild>(u"neuerName"_s)->ganzerText();
         QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         druecken(Qt::Key_Return);
         QTRY_COMPARE(m_z->pruefung()->zaehlwerk().erledigt, 1);
@@ -244,13 +243,13 @@ private Q_SLOTS:
         tippen(u"namensVorlage"_s, u"{datum} "_s);
         klicken(u"namensVorlage-titel"_s);
         QVERIFY(imFokus(u"namensVorlage"_s));
-        QTRY_COMPARE(teil<Umbruchtext>(u"beispiel-name"_s)->ganzerText(), u"2023-02-14 Abschlag.pdf"_s);
-        QCOMPARE(teil<Umbruchtext>(u"beispiel-ohneTitel"_s)->ganzerText(), u"2023-02-14.pdf"_s);
+        QTRY_COMPARE(teil<Textschild>(u"beispiel-name"_s)->ganzerText(), u"2023-02-14 Abschlag.pdf"_s);
+        QCOMPARE(teil<Textschild>(u"beispiel-ohneTitel"_s)->ganzerText(), u"2023-02-14.pdf"_s);
         tippen(u"pfadVorlage"_s, u"{zweig}/{monat}"_s);
         QVERIFY(satz(u"pfadVorlage-stand"_s).startsWith(u"{monat} bleibt im Ordner immer leer"_s));
         klicken(u"pfadVorlage-entfernen"_s);
         QCOMPARE(m_z->profilwahl()->aktiv()->pfadVorlage, u"{zweig}"_s);
-        QCOMPARE(teil<Umbruchtext>(u"beispiel-ort"_s)->ganzerText(), u"Haushalt"_s);
+        QCOMPARE(teil<Textschild>(u"beispiel-ort"_s)->ganzerText(), u"Haushalt"_s);
     }
 
     /** A list that cannot be read is no first start. */

@@ -2,7 +2,6 @@
 #include "ausfuehrung.h"
 #include "bewegungsliste.h"
 #include "bewegungsmodell.h"
-#include "elidiertext.h"
 #include "fensterprobe.h"
 #include "infofenster.h"
 #include "meldestelle.h"
@@ -14,7 +13,7 @@
 #include "pruefung.h"
 #include "sitzungen.h"
 #include "sprache.h"
-#include "umbruchtext.h"
+#include "textschild.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -60,7 +59,7 @@ private:
     {
         return Bewegungsstand(modell()->index(zeile).data(Bewegungsmodell::Stand).toInt());
     }
-    QString meldung() { return teil<Elidiertext>("rueckbauMeldung")->ganzerText(); }
+    QString meldung() { return teil<Textschild>("rueckbauMeldung")->ganzerText(); }
 
     /** A log from elsewhere, of files that are not here. */
     QString fremdesProtokoll(int zeilen)
@@ -195,9 +194,9 @@ private Q_SLOTS:
         klicken("protokollOeffnen");
         QVERIFY(!sichtbar("rueckbauFrage"));
         QTRY_COMPARE(modell()->rowCount(), 2);
-        QVERIFY(teil<QWidget>("sitzungskopf")->findChild<Elidiertext *>());
+        QVERIFY(teil<QWidget>("sitzungskopf")->findChild<Textschild *>());
         QCOMPARE(m_z->sitzungen()->protokollKopf()->rechner, u"anderswo"_s);
-        QCOMPARE(teil<Elidiertext>("sitzungstitel")->ganzerText(), u"Sitzung aus fremd.jsonl"_s);
+        QCOMPARE(teil<Textschild>("sitzungstitel")->ganzerText(), u"Sitzung aus fremd.jsonl"_s);
         QTRY_COMPARE(stand(1), Bewegungsstand::Verschwunden);
         klicken("sitzungZurueckdrehen");
         klicken("jaZurueckdrehen");
@@ -235,7 +234,7 @@ private Q_SLOTS:
     {
         oeffnen();
         m_z->setzeReiter(Reiter::Protokoll);
-        QVERIFY(teil<Elidiertext>("protokollOrdner")->ganzerText().startsWith(u"Standard: "_s));
+        QVERIFY(teil<Textschild>("protokollOrdner")->ganzerText().startsWith(u"Standard: "_s));
         const QString eigener = m_b->ordner() + u"/Logbuch"_s;
         QVERIFY(QDir().mkpath(eigener));
         QVERIFY(QFile::copy(fremdesProtokoll(1), eigener + u"/Protokoll.jsonl"_s));
@@ -246,7 +245,7 @@ private Q_SLOTS:
         };
         klicken("protokollOrdnerWaehlen");
         QCOMPARE(gefragt, u"Ordner für die Sitzungsprotokolle wählen"_s);
-        QCOMPARE(teil<Elidiertext>("protokollOrdner")->ganzerText(), u"Eigener Ort gewählt"_s);
+        QCOMPARE(teil<Textschild>("protokollOrdner")->ganzerText(), u"Eigener Ort gewählt"_s);
         QTRY_COMPARE(teil<QLabel>("protokollAnzahl")->text(), u"1 Protokoll gefunden."_s);
         QTRY_COMPARE(Profilspeicher::laden().first().protokollOrdner, eigener);
         // A place where nothing can be written says so.

@@ -2,7 +2,6 @@
 #include "ausfuehrung.h"
 #include "durchgang.h"
 #include "einrichtung.h"
-#include "elidiertext.h"
 #include "fensterprobe.h"
 #include "pdf.h"
 #include "profilwahl.h"
@@ -11,7 +10,7 @@
 #include "satz.h"
 #include "sprache.h"
 #include "stil.h"
-#include "umbruchtext.h"
+#include "textschild.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -57,9 +56,9 @@ private:
         Fensterprobe::oeffnen();
         QCOMPARE(m_z->reiter(), Reiter::Pruefen);
     }
-    [[nodiscard]] QString meldung() { return teil<Elidiertext>("hinweis")->ganzerText(); }
-    [[nodiscard]] QString tasten() { return teil<Elidiertext>("tasten")->ganzerText(); }
-    [[nodiscard]] QString neuerName() { return teil<Umbruchtext>("neuerName")->ganzerText(); }
+    [[nodiscard]] QString meldung() { return teil<Textschild>("hinweis")->ganzerText(); }
+    [[nodiscard]] QString tasten() { return teil<Textschild>("tasten")->ganzerText(); }
+    [[nodiscard]] QString neuerName() { return teil<Textschild>("neuerName")->ganzerText(); }
 
     void druecken(Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier)
     {
@@ -203,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(teil<QLabel>("wochentag")->text(), u"Freitag"_s);
         QCOMPARE(teil<QLineEdit>("jahr")->text(), u"2019"_s);
         QCOMPARE(neuerName(), u"2019-05-03 Stadtwerke - a.pdf"_s);
-        QCOMPARE(teil<Umbruchtext>("zielpfad")->ganzerText(), u"Haushalt › Jahresablage › 2019 › Strom"_s);
+        QCOMPARE(teil<Textschild>("zielpfad")->ganzerText(), u"Haushalt › Jahresablage › 2019 › Strom"_s);
         // In a field Ctrl+Z takes the typing back; the arrows move the cursor.
         tippen("titel", u"Neu"_s);
         druecken(Qt::Key_Left);
@@ -401,7 +400,7 @@ private Q_SLOTS:
         const qint64 b = dokument(u"b.pdf"_s);
         m_b->sql(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=0.861 WHERE id=?"_s, {b, a});
         oeffnen();
-        QCOMPARE(teil<Umbruchtext>("neuerName")->textFormat(), Qt::PlainText);
+        QCOMPARE(teil<Textschild>("neuerName")->textFormat(), Qt::PlainText);
         QVERIFY(neuerName().contains(u"Fett & Söhne"_s));
         mitTabZu("altenOrtBehalten");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
@@ -557,10 +556,10 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_z->pruefung()->ungesehen());
         m_z->ausfuehrung()->zuruecklegen();
         QTRY_VERIFY(!m_z->pruefung()->aktuelles());
-        QTRY_VERIFY(suchen<Elidiertext>("hinweis"));
+        QTRY_VERIFY(suchen<Textschild>("hinweis"));
         QCOMPARE(meldung(), u"Zurückgestellt: a.pdf"_s);
         m_sprache->waehlen(u"en"_s);
-        QTRY_VERIFY(suchen<Elidiertext>("hinweis"));
+        QTRY_VERIFY(suchen<Textschild>("hinweis"));
         QCOMPARE(meldung(), u"Skipped: a.pdf"_s);
         QFile eigene(Sprache::eigenerOrdner() + u"/eigene.json"_s);
         QVERIFY(eigene.open(QIODevice::WriteOnly));

@@ -1,9 +1,9 @@
 #include "archiv.h"
 #include "einstellungen.h"
-#include "elidiertext.h"
 #include "leeransicht.h"
 #include "pdfansicht.h"
 #include "pdfsteuerung.h"
+#include "textschild.h"
 #include "vorschau.h"
 
 #include <QFile>
@@ -256,7 +256,7 @@ private Q_SLOTS:
         QVERIFY(!knopf->isVisible());
         m_vorschau->partnerZeigen(vertrag(), u"<b>Mietvertrag</b>.pdf"_s);
         QTRY_COMPARE_WITH_TIMEOUT(seitenanzeige(*m_vorschau), u"Seite 1 von 4"_s, geduld);
-        QCOMPARE(m_vorschau->findChild<Elidiertext *>(u"partnerName"_s)->accessibleName(), u"<b>Mietvertrag</b>.pdf"_s);
+        QCOMPARE(m_vorschau->findChild<Textschild *>(u"partnerName"_s)->accessibleName(), u"<b>Mietvertrag</b>.pdf"_s);
         // Even in a pane that has room for nothing else.
         for (const int breite : {600, 300, 170}) {
             m_vorschau->resize(breite, 700);

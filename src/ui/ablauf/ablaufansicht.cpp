@@ -2,192 +2,167 @@
 
 #include "analyse.h"
 #include "ausfuehrung.h"
+#include "bau.h"
 #include "durchgang.h"
 #include "einrichtung.h"
-#include "hauptknopf.h"
-#include "knopf.h"
-#include "kurzpfad.h"
-#include "laufhinweis.h"
+#include "flussreihe.h"
+#include "laufteile.h"
 #include "leeransicht.h"
-#include "nacharbeitsliste.h"
+#include "liste.h"
+#include "modelldienst.h"
 #include "profilwahl.h"
 #include "pruefung.h"
-#include "rollbereich.h"
+#include "rueckfrage.h"
 #include "sprache.h"
-#include "startfrage.h"
-#include "stil.h"
-#include "stufenliste.h"
 #include "text.h"
-#include "umbruchtext.h"
-#include "zahlenreihe.h"
-#include "zeichen.h"
+#include "textschild.h"
 #include "zustand.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QStackedLayout>
-#include <QVBoxLayout>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::ablauf
 {
-using Stil::abstand;
+using Stil::Abstand;
 using Stil::Schrift;
 
 namespace
 {
-constexpr int spaltenbreite = 880;
+constexpr int spaltenbreite = 920;
+constexpr int sichtbareZeilen = 5;
+constexpr int stufenzahl = 4;
 
-QString stufenvorschau(int stufe, const Profil &profil)
+/** What each figure counts, in their order. */
+QStringList gezaehltes()
 {
-    switch (stufe) {
-    case 0:
-        if (profil.quelle.isEmpty())
-            return Sprache::text(u"Sucht die PDF-Dateien im Herkunftsordner."_s);
-        return profil.mitUnterordnern
-                   ? gefuellt(Sprache::text(u"Sucht die PDF-Dateien in %@ und den Ordnern darunter."_s),
-                              {kurzpfad(profil.quelle)})
-                   : gefuellt(Sprache::text(u"Sucht die PDF-Dateien in %@."_s), {kurzpfad(profil.quelle)});
-    case 1:
-        return gefuellt(Sprache::text(profil.seiten, u"Die erste Seite, wo nötig per Texterkennung."_s,
-                                      u"Die ersten %@ Seiten, wo nötig per Texterkennung."_s),
-                        {QString::number(profil.seiten)});
-    case 2:
-        return gefuellt(Sprache::text(u"%@ schlägt Datum, Gegenüber, Titel und Ort vor."_s), {profil.modell});
-    default:
-        return profil.zweitmeinung && !profil.modellGross.isEmpty()
-                   ? gefuellt(Sprache::text(u"%@ sieht sich an, was unsicher ist."_s), {profil.modellGross})
-                   : Sprache::text(u"Ist in diesem Profil ausgeschaltet."_s);
-    }
+    return {Sprache::text(u"bereit zur Prüfung"_s), Sprache::text(u"in Analyse"_s),
+            Sprache::text(u"einsortiert"_s),        Sprache::text(u"zurückgestellt"_s),
+            Sprache::text(u"Dubletten"_s),          Sprache::text(u"ohne Vorschlag"_s),
+            Sprache::text(u"aussortiert"_s),        Sprache::text(u"ausgenommen"_s)};
 }
 } // namespace
 
 AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_leere(new Leeransicht(this))
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_leere(new Leeransicht),
+      m_titel(schild({}, Schrift::Seitentitel, u"lauftitel"_s)),
+      m_unterzeile(new Textschild(Textschild::Art::Umbruch, Schrift::Neben, u"laufzeile"_s)),
+      m_starten(hauptknopf(u"durchgangStarten"_s)), m_pruefen(hauptknopf(u"vorschlaegePruefen"_s)),
+      m_anhalten(knopf(u"durchgangAnhalten"_s, {}, {}, Knopfart::Hoch)),
+      m_frage(new Rueckfrage({{.name = u"modellPruefen"_s, .text = Sprache::text(u"Erneut prüfen"_s)},
+                              {.name = u"nurLesen"_s, .text = Sprache::text(u"Nur Texte lesen"_s)}},
+                             {.name = u"startAbbrechen"_s, .text = Sprache::text(u"Abbrechen"_s)})),
+      m_hindernisse(new Hinweisfeld(
+          Symbol::Warnung, {},
+          {{.name = u"nochEinmalVersuchen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}})),
+      m_erneut(knopf(u"erneut"_s, Sprache::text(u"Erneut versuchen"_s), {}, Knopfart::Feld, Symbol::NeuLaden)),
+      m_alleErneut(
+          knopf(u"alleErneut"_s, Sprache::text(u"Alle erneut versuchen"_s), {}, Knopfart::Feld, Symbol::NeuLaden)),
+      m_ausraeumen(knopf(u"dublettenAusraeumen"_s, {}))
 {
     setObjectName(u"ablauf"_s);
     setFocusPolicy(Qt::ClickFocus);
-    m_stapel->addWidget(rollbereich(spalteBauen(), this));
+    m_hindernisse->setObjectName(u"laufhinweis"_s);
+    m_gescheiterte = teilBauen(u"gescheiterte"_s, Sprache::text(u"ohne Vorschlag"_s), {m_erneut, m_alleErneut});
+    m_dubletten = teilBauen(u"dubletten"_s, Sprache::text(u"Dubletten"_s), {m_ausraeumen});
+    m_stapel->addWidget(rollbereich(spalteBauen()));
     m_stapel->addWidget(m_leere);
-    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); });
-    knoepfeVerbinden();
     verbinden();
     zeigen();
 }
 
 QWidget *AblaufAnsicht::kopf()
 {
-    auto *traeger = new QWidget(this);
-    m_titel = new QLabel(traeger);
-    m_titel->setObjectName(u"lauftitel"_s);
-    m_titel->setTextFormat(Qt::PlainText);
-    m_unterzeile = new Umbruchtext(traeger);
-    m_unterzeile->setObjectName(u"laufzeile"_s);
-    // In the order in which they stand: Tab goes through them in the order of their making.
-    m_anhalten = new Knopf(u"durchgangAnhalten"_s, {}, traeger, Knopf::Hoehe::Haupt);
-    m_anhalten->setText(Sprache::text(u"Anhalten"_s));
-    m_anhalten->setIcon(Zeichen::icon(Symbol::Halt));
-    m_pruefen = new Hauptknopf({}, traeger);
-    m_pruefen->setObjectName(u"vorschlaegePruefen"_s);
-    m_starten = new Hauptknopf(Sprache::text(u"Durchgang starten"_s), traeger);
-    m_starten->setObjectName(u"durchgangStarten"_s);
-    auto *reihe = new QHBoxLayout;
-    reihe->addWidget(m_titel, 1);
-    for (QWidget *teil : QList<QWidget *>{m_anhalten, m_pruefen, m_starten})
-        reihe->addWidget(teil);
-    auto *spalte = new QVBoxLayout(traeger);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    spalte->addLayout(reihe);
-    spalte->addWidget(m_unterzeile);
-    Stil::schriftFolgt(m_titel, Schrift::Seitentitel);
-    Stil::nebentext(m_unterzeile);
-    Stil::folgen(traeger, [reihe, spalte] {
-        reihe->setSpacing(abstand(8));
-        spalte->setSpacing(abstand(4));
-    });
-    return traeger;
+    return traeger(
+        spalte({reihe({{m_titel, 1}, m_anhalten, m_pruefen, m_starten}), m_unterzeile}, Abstand::Eng));
 }
 
+QWidget *AblaufAnsicht::zahlen()
+{
+    auto *fluss = new Flussreihe(Abstand::Rand);
+    for (const QString &was : gezaehltes()) {
+        m_zahlen << new Zahl(int(m_zahlen.size()) + 1, m_zahlen.isEmpty() ? Schrift::Hauptzahl : Schrift::Zahl, was);
+        fluss->addWidget(m_zahlen.last());
+    }
+    return traeger(fluss);
+}
+
+QWidget *AblaufAnsicht::stufen()
+{
+    Kette *folge = spalte({}, Abstand::Eng);
+    for (int n = 1; n <= stufenzahl; ++n) {
+        m_stufen << new Stufe(n, n == stufenzahl);
+        folge->addWidget(m_stufen.last());
+    }
+    return traeger(folge);
+}
+
+/** One column in the middle of the card. */
 QWidget *AblaufAnsicht::spalteBauen()
 {
-    auto *inhalt = new QWidget(this);
-    auto *mitte = new QWidget(inhalt);
-    auto *spalte = new QVBoxLayout(mitte);
-    m_frage = new Startfrage(m_zustand->modelldienst(), mitte);
-    m_hindernisse = new Laufhinweis(mitte);
-    m_zahlen = new Zahlenreihe(mitte);
-    m_stufen = new Stufenliste(mitte);
-    for (QWidget *teil : QList<QWidget *>{kopf(), m_frage, m_hindernisse, m_zahlen, m_stufen})
-        spalte->addWidget(teil);
-    listenBauen(spalte);
-    spalte->addStretch(1);
-    auto *aussen = new QHBoxLayout(inhalt);
-    aussen->setContentsMargins(0, 0, 0, 0);
-    aussen->addStretch(1);
-    aussen->addWidget(mitte, 1000);
-    aussen->addStretch(1);
-    Stil::folgen(mitte, [mitte, spalte] {
-        mitte->setMaximumWidth(abstand(spaltenbreite) + 2 * abstand(24));
-        spalte->setContentsMargins(abstand(24), abstand(28), abstand(24), abstand(24));
-        spalte->setSpacing(abstand(16));
-    });
-    return inhalt;
+    auto *mitte = fuellen(new QWidget,
+                          spalte({kopf(), m_frage, m_hindernisse, zahlen(), stufen(), m_gescheiterte.traeger,
+                                  m_dubletten.traeger, Teil::rest()},
+                                 Abstand::Gruppe),
+                          Abstand::Rand, Abstand::Rand);
+    Stil::folgen(mitte, [mitte] { mitte->setMaximumWidth(Stil::mass(spaltenbreite)); });
+    return traeger(reihe({Teil::rest(), {mitte, 1000}, Teil::rest()}, Abstand::Keiner));
 }
 
-void AblaufAnsicht::listenBauen(QVBoxLayout *spalte)
+AblaufAnsicht::Nacharbeitsteil AblaufAnsicht::teilBauen(const QString &name, const QString &ansage,
+                                                        const QList<QPushButton *> &knoepfe)
 {
-    m_alleErneut = new Knopf(u"alleErneut"_s, Sprache::text(u"Alle erneut versuchen"_s), this);
-    m_alleErneut->setIcon(Zeichen::icon(Symbol::NeuLaden));
-    m_gescheiterte = new Nacharbeitsliste(u"gescheiterte"_s, m_alleErneut, Sprache::text(u"Erneut versuchen"_s), this);
-    m_ausraeumen = new Knopf(u"dublettenAusraeumen"_s, {}, this);
-    m_dubletten = new Nacharbeitsliste(u"dubletten"_s, m_ausraeumen, {}, this);
-    spalte->addWidget(m_gescheiterte);
-    spalte->addWidget(m_dubletten);
-    connect(m_alleErneut, &QPushButton::clicked, m_zustand, [this] { starten(Durchgang::Art::Erneut); });
-    connect(m_gescheiterte, &Nacharbeitsliste::gedrueckt, m_zustand->durchgang(), &Durchgang::erneutVersuchen);
-    connect(m_ausraeumen, &QPushButton::clicked, m_zustand, [this] {
-        m_zustand->ausfuehrung()->raeumtAus() ? m_zustand->ausfuehrung()->anhalten()
-                                              : m_zustand->ausfuehrung()->dublettenAusraeumen();
-    });
-}
-
-void AblaufAnsicht::knoepfeVerbinden()
-{
-    connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
-    connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::Pruefen); });
-    connect(m_anhalten, &QPushButton::clicked, this,
-            [this] { laeuft() ? m_zustand->durchgang()->durchgangAnhalten() : starten(); });
-    connect(m_frage, &Startfrage::erneutPruefen, this, [this] {
-        setFocus();
-        m_zustand->durchgang()->durchgangErbitten(m_fraglich, m_zustand->durchgang()->erbetenesDokument());
-    });
-    connect(m_frage, &Startfrage::nurLesen, this, [this] {
-        setFocus();
-        m_zustand->durchgang()->durchgangStarten(m_fraglich == Durchgang::Art::Erneut ? Durchgang::Art::ErneutLesen
-                                                                                      : Durchgang::Art::NurLesen);
-    });
-    connect(m_hindernisse, &Laufhinweis::gedrueckt, this, [this] {
-        setFocus();
-        starten(Durchgang::Art::Erneut);
-    });
+    Nacharbeitsteil teil;
+    teil.titel = schild({}, Schrift::Abschnitt);
+    teil.liste = new Liste(name + u"-liste"_s, ansage);
+    teil.liste->setzeHoechstens(sichtbareZeilen);
+    teil.modell = new Listenmodell(teil.liste);
+    teil.liste->setModel(teil.modell);
+    Kette *kopf = reihe({{teil.titel, 1}});
+    for (QPushButton *knopf : knoepfe)
+        kopf->addWidget(knopf);
+    teil.traeger = traeger(spalte({kopf, teil.liste}, Abstand::Eng));
+    teil.traeger->setObjectName(name);
+    return teil;
 }
 
 void AblaufAnsicht::verbinden()
 {
-    connect(m_zustand->durchgang(), &Durchgang::startFraglich, this, &AblaufAnsicht::fragen);
-    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, m_frage,
-            &QWidget::hide); // it was about the other profile
+    Durchgang *durchgang = m_zustand->durchgang();
+    Profilwahl *wahl = m_zustand->profilwahl();
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); });
+    connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
+    connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::Pruefen); });
+    connect(m_anhalten, &QPushButton::clicked, this,
+            [this] { laeuft() ? m_zustand->durchgang()->durchgangAnhalten() : starten(); });
+    connect(m_frage, &Rueckfrage::bestaetigt, this, [this](int welche) { antworten(welche == 1); });
+    connect(m_hindernisse, &Hinweisfeld::gedrueckt, this, [this] {
+        setFocus();
+        starten(Durchgang::Art::Erneut);
+    });
+    connect(m_alleErneut, &QPushButton::clicked, this, [this] { starten(Durchgang::Art::Erneut); });
+    connect(m_erneut, &QPushButton::clicked, durchgang,
+            [this] { m_zustand->durchgang()->erneutVersuchen(m_gescheiterte.liste->kennung().toLongLong()); });
+    connect(m_gescheiterte.liste->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &AblaufAnsicht::knoepfeZeigen);
+    connect(m_ausraeumen, &QPushButton::clicked, m_zustand, [this] {
+        Ausfuehrung *ausfuehrung = m_zustand->ausfuehrung();
+        ausfuehrung->raeumtAus() ? ausfuehrung->anhalten() : ausfuehrung->dublettenAusraeumen();
+    });
+    connect(durchgang, &Durchgang::startFraglich, this, &AblaufAnsicht::fragen);
+    connect(wahl, &Profilwahl::aktivGeaendert, m_frage, &QWidget::hide); // it was about the other profile
     for (const auto signal : {&Durchgang::laufGeaendert, &Durchgang::nacharbeitGeaendert})
-        connect(m_zustand->durchgang(), signal, this, &AblaufAnsicht::zeigen);
-    connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &AblaufAnsicht::zeigen);
+        connect(durchgang, signal, this, &AblaufAnsicht::zeigen);
     for (const auto signal : {&Profilwahl::profileGeaendert, &Profilwahl::aktivGeaendert,
                               &Profilwahl::bereitschaftGeaendert, &Profilwahl::oeffnetGeaendert})
-        connect(m_zustand->profilwahl(), signal, this, &AblaufAnsicht::zeigen);
+        connect(wahl, signal, this, &AblaufAnsicht::zeigen);
     connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, &AblaufAnsicht::zeigen);
     connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, [this] {
+        zeigen();
         if (isVisible())
             m_zustand->durchgang()->nacharbeitLesen();
     });
@@ -217,6 +192,18 @@ bool AblaufAnsicht::eingerichtet() const
     return !m_zustand->profilwahl()->bereitschaft() || m_zustand->profilwahl()->bereitZumStart();
 }
 
+Lauflage AblaufAnsicht::lage() const
+{
+    const Durchgang *durchgang = m_zustand->durchgang();
+    return {.profil = *m_zustand->profilwahl()->aktiv(),
+            .bereitschaft = m_zustand->profilwahl()->bereitschaft(),
+            .laeuft = laeuft(),
+            .haeltAn = durchgang->analyse()->abbrechenGewuenscht(),
+            .startWartet = durchgang->startWartet(),
+            .gelaufen = durchgang->laufbild().gelaufen(),
+            .stufe = durchgang->analyse()->stufe()};
+}
+
 /** To the first section without which no run begins. */
 void AblaufAnsicht::zurEinrichtung()
 {
@@ -231,13 +218,13 @@ void AblaufAnsicht::zurEinrichtung()
  */
 void AblaufAnsicht::fokusHalten()
 {
-    const QList<QPushButton *> reihe = {m_starten, m_anhalten, m_pruefen};
-    if (std::any_of(reihe.begin(), reihe.end(), [](const QPushButton *knopf) { return knopf->hasFocus(); }))
+    const QList<QPushButton *> knoepfe = {m_starten, m_anhalten, m_pruefen};
+    if (std::any_of(knoepfe.begin(), knoepfe.end(), [](const QPushButton *knopf) { return knopf->hasFocus(); }))
         return;
-    const auto ziel = std::find_if(reihe.begin(), reihe.end(), [this](const QPushButton *knopf) {
+    const auto ziel = std::find_if(knoepfe.begin(), knoepfe.end(), [this](const QPushButton *knopf) {
         return knopf->isVisible() && knopf->isEnabled() && !(knopf == m_anhalten && laeuft()); // no key stops unasked
     });
-    ziel != reihe.end() ? (*ziel)->setFocus() : setFocus();
+    ziel != knoepfe.end() ? (*ziel)->setFocus() : setFocus();
 }
 
 void AblaufAnsicht::zeigen()
@@ -246,7 +233,8 @@ void AblaufAnsicht::zeigen()
     if (!m_zustand->profilwahl()->offen())
         return m_leere->setzeOhneKatalog(Symbol::GrossStart, *m_zustand->profilwahl());
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
-    kopfZeigen();
+    m_titel->setText(lage().titel());
+    m_unterzeile->setzeText(lage().zeile());
     knoepfeZeigen();
     hindernisseZeigen();
     zahlenZeigen();
@@ -256,95 +244,48 @@ void AblaufAnsicht::zeigen()
         fokusHalten();
 }
 
-QString AblaufAnsicht::fehlendes() const
-{
-    const auto &b = m_zustand->profilwahl()->bereitschaft();
-    if (!b || b->vollstaendig())
-        return {};
-    QStringList teile;
-    if (!b->fehlendeWerkzeuge.isEmpty())
-        teile << b->fehlendeWerkzeuge.join(u", "_s);
-    if (!b->quelle)
-        teile << Sprache::text(u"Herkunftsordner"_s);
-    if (!b->ziel)
-        teile << Sprache::text(u"Zielordner"_s);
-    if (!b->struktur)
-        teile << Sprache::text(u"Struktur der Ablage"_s);
-    if (!b->namen)
-        teile << Sprache::text(u"Namensmuster"_s);
-    return gefuellt(Sprache::text(u"Es fehlt noch: %@. Das geht auf der Karte Einrichtung."_s), {teile.join(u", "_s)});
-}
-
-QString AblaufAnsicht::unterzeile() const
-{
-    const Profil &profil = *m_zustand->profilwahl()->aktiv();
-    if (m_zustand->durchgang()->startWartet())
-        return Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s);
-    if (!laeuft() && !m_zustand->profilwahl()->bereitZumStart())
-        return fehlendes();
-    if (laeuft() && m_zustand->durchgang()->analyse()->abbrechenGewuenscht())
-        return Sprache::text(u"Hält nach dem laufenden Dokument an. Das bereits Erkannte bleibt erhalten, ein späterer "
-                             "Start setzt dort fort."_s);
-    const QString weg =
-        gefuellt(Sprache::text(u"Von %@ nach %@."_s), {kurzpfad(profil.quelle), kurzpfad(profil.zielWurzel)});
-    if (laeuft())
-        return weg + u' ' + Sprache::text(u"Du kannst nebenher prüfen."_s);
-    return weg + u' ' +
-           (profil.kopieren ? Sprache::text(u"Kopiert wird erst, was du beim Prüfen übernimmst."_s)
-                            : Sprache::text(u"Verschoben wird erst, was du beim Prüfen übernimmst."_s));
-}
-
-void AblaufAnsicht::kopfZeigen()
-{
-    QString titel = Sprache::text(u"Bereit für den Durchgang"_s);
-    if (laeuft())
-        titel = Sprache::text(u"Der Durchgang läuft"_s);
-    else if (!m_zustand->profilwahl()->bereitZumStart())
-        titel = Sprache::text(u"Noch nicht eingerichtet"_s);
-    else if (m_zustand->durchgang()->laufbild().gelaufen())
-        titel = m_zustand->durchgang()->analyse()->stufe();
-    m_titel->setText(titel);
-    m_unterzeile->setzeText(unterzeile());
-}
-
 /** One filled button: before the run the start, while it runs and after it the review of what is there. */
 void AblaufAnsicht::knoepfeZeigen()
 {
+    const Durchgang *durchgang = m_zustand->durchgang();
     const qint64 wartend = m_zustand->pruefung()->zaehlwerk().bereit;
-    const bool pruefbar = wartend > 0 && (laeuft() || m_zustand->durchgang()->laufbild().gelaufen());
-    m_pruefen->setText(gefuellt(Sprache::text(wartend, u"%@ Vorschlag prüfen"_s, u"%@ Vorschläge prüfen"_s),
-                                {QString::number(wartend)}));
+    const bool pruefbar = wartend > 0 && (laeuft() || durchgang->laufbild().gelaufen());
+    const bool startbar = m_zustand->profilwahl()->bereitZumStart() && !durchgang->startErbeten();
+    benennen(m_pruefen,
+             gefuellt(Sprache::text(wartend, u"%@ Vorschlag prüfen"_s, u"%@ Vorschläge prüfen"_s),
+                      {QString::number(wartend)}),
+             {});
     m_pruefen->setVisible(pruefbar);
-    m_pruefen->updateGeometry();
+    benennen(m_starten, eingerichtet() ? Sprache::text(u"Durchgang starten"_s) : Sprache::text(u"Zur Einrichtung"_s),
+             lage().fehlendes());
     m_starten->setVisible(!laeuft() && !pruefbar);
-    m_starten->setText(eingerichtet() ? Sprache::text(u"Durchgang starten"_s) : Sprache::text(u"Zur Einrichtung"_s));
-    m_starten->setAccessibleName(m_starten->text());
-    m_starten->updateGeometry();
-    m_starten->setEnabled(m_zustand->profilwahl()->bereitschaft() && !m_zustand->durchgang()->startErbeten());
-    m_starten->setToolTip(fehlendes());
-    m_anhalten->setVisible(laeuft() || pruefbar);
-    m_anhalten->setText(laeuft() ? Sprache::text(u"Anhalten"_s) : Sprache::text(u"Erneut starten"_s));
+    m_starten->setEnabled(m_zustand->profilwahl()->bereitschaft() && !durchgang->startErbeten());
+    benennen(m_anhalten, laeuft() ? Sprache::text(u"Anhalten"_s) : Sprache::text(u"Erneut starten"_s), {});
     m_anhalten->setIcon(Zeichen::icon(laeuft() ? Symbol::Halt : Symbol::Start));
-    m_anhalten->updateGeometry();
-    m_anhalten->setEnabled(laeuft()
-                               ? !m_zustand->durchgang()->analyse()->abbrechenGewuenscht()
-                               : m_zustand->profilwahl()->bereitZumStart() && !m_zustand->durchgang()->startErbeten());
-    m_alleErneut->setEnabled(!laeuft() && !m_zustand->durchgang()->startErbeten());
-    m_gescheiterte->setzeBedienbar(!laeuft());
+    m_anhalten->setVisible(laeuft() || pruefbar);
+    m_anhalten->setEnabled(laeuft() ? !durchgang->analyse()->abbrechenGewuenscht() : startbar);
+    m_alleErneut->setEnabled(!laeuft() && !durchgang->startErbeten());
+    m_erneut->setEnabled(!laeuft() && m_gescheiterte.liste->currentIndex().isValid());
     if (laeuft())
         m_frage->hide();
 }
 
 void AblaufAnsicht::stufenZeigen()
 {
-    QList<Stufenbild> stufen = m_zustand->durchgang()->laufbild().stufen();
-    for (int n = 0; n < stufen.size(); ++n) {
-        stufen[n].name = Sprache::text(/* QUILLMAR_TEXT */ stufen.at(n).name);
-        if (stufen.at(n).meldung.isEmpty())
-            stufen[n].meldung = stufenvorschau(n, *m_zustand->profilwahl()->aktiv());
+    const Analyse *analyse = m_zustand->durchgang()->analyse();
+    const QList<Stufenbild> bilder = m_zustand->durchgang()->laufbild().stufen();
+    for (int n = 0; n < m_stufen.size(); ++n) {
+        Stufenbild bild = bilder.value(n);
+        bild.name = Sprache::text(/* QUILLMAR_TEXT */ bild.name);
+        if (bild.meldung.isEmpty())
+            bild.meldung = lage().vorschau(n);
+        QString zeit;
+        if (bild.stand == Stufenbild::Stand::Laeuft)
+            zeit = analyse->restzeit();
+        else if (bild.stand == Stufenbild::Stand::Fertig)
+            zeit = dauertext(bild.dauer);
+        m_stufen.at(n)->zeigen(bild, zeit, analyse->anteil());
     }
-    m_stufen->zeigen(stufen, m_zustand->durchgang()->analyse()->restzeit(),
-                     m_zustand->durchgang()->analyse()->anteil());
 }
 
 /** What stood in the way of the last run, and what of its questions is still open. */
@@ -358,69 +299,62 @@ void AblaufAnsicht::hindernisseZeigen()
             saetze << gefuellt(Sprache::text(u"Nachgefragt und ohne Antwort geblieben: %@."_s),
                                {QString::number(offen)});
     }
-    m_hindernisse->zeigen(saetze);
-    m_hindernisse->setzeBedienbar(m_zustand->profilwahl()->bereitZumStart() && !m_zustand->durchgang()->startErbeten());
+    m_hindernisse->setzeText(saetze.join(u' '));
+    m_hindernisse->setVisible(!saetze.isEmpty());
+    m_hindernisse->knopf()->setEnabled(m_zustand->profilwahl()->bereitZumStart() &&
+                                       !m_zustand->durchgang()->startErbeten());
 }
 
 void AblaufAnsicht::zahlenZeigen()
 {
+    constexpr int immerGezeigte = 6;
     const Zaehlwerk &z = m_zustand->pruefung()->zaehlwerk();
     const qint64 gescheitert = m_zustand->durchgang()->nacharbeit().gescheiterte.size();
-    QList<Zahlenreihe::Zahl> zahlen = {
-        {.wert = z.bereit, .was = Sprache::text(u"bereit zur Prüfung"_s), .betont = true},
-        {.wert = z.neu, .was = Sprache::text(u"in Analyse"_s)},
-        {.wert = z.erledigt, .was = Sprache::text(u"einsortiert"_s)},
-        {.wert = z.zurueckgestellt, .was = Sprache::text(u"zurückgestellt"_s)},
-        {.wert = z.dubletten, .was = Sprache::text(u"Dubletten"_s)},
-        {.wert = gescheitert, .was = Sprache::text(u"ohne Vorschlag"_s), .betont = false, .warnung = gescheitert > 0},
-    };
-    if (z.aussortiert > 0)
-        zahlen << Zahlenreihe::Zahl{.wert = z.aussortiert, .was = Sprache::text(u"aussortiert"_s)};
-    if (m_zustand->pruefung()->ausgenommen() > 0)
-        zahlen << Zahlenreihe::Zahl{.wert = m_zustand->pruefung()->ausgenommen(),
-                                    .was = Sprache::text(u"ausgenommen"_s)};
-    m_zahlen->zeigen(zahlen);
+    const QList<qint64> werte = {z.bereit,    z.neu,       z.erledigt,    z.zurueckgestellt,
+                                 z.dubletten, gescheitert, z.aussortiert, m_zustand->pruefung()->ausgenommen()};
+    for (int n = 0; n < m_zahlen.size(); ++n) {
+        m_zahlen.at(n)->zeigen(werte.at(n), n == immerGezeigte - 1 && gescheitert > 0);
+        m_zahlen.at(n)->setVisible(n < immerGezeigte || werte.at(n) > 0);
+    }
 }
 
 void AblaufAnsicht::listenZeigen()
 {
     const Nacharbeit &n = m_zustand->durchgang()->nacharbeit();
-    QList<Nacharbeitsliste::Zeile> gescheiterte;
+    QList<Listenzeile> gescheiterte;
     for (const auto &g : n.gescheiterte)
-        gescheiterte << Nacharbeitsliste::Zeile{.id = g.id, .name = g.name, .bemerkung = g.grund};
-    QList<Nacharbeitsliste::Zeile> dubletten;
+        gescheiterte << Listenzeile{.kennung = g.id, .erste = g.name, .zweite = g.grund};
+    QList<Listenzeile> dubletten;
     for (const auto &d : n.dubletten)
-        dubletten << Nacharbeitsliste::Zeile{
-            .id = d.id,
-            .name = d.name,
-            .bemerkung = d.bytegleich ? gefuellt(Sprache::text(u"gleich wie %@"_s), {d.original})
-                                      : gefuellt(Sprache::text(u"gleicher Text wie %@"_s), {d.original})};
-    m_gescheiterte->zeigen(gefuellt(Sprache::text(u"%@ ohne Vorschlag"_s), {QString::number(gescheiterte.size())}),
-                           gescheiterte);
-    m_dubletten->zeigen(gefuellt(Sprache::text(dubletten.size(), u"%@ Dublette"_s, u"%@ Dubletten"_s),
-                                 {QString::number(dubletten.size())}),
-                        dubletten);
+        dubletten << Listenzeile{.kennung = d.id, .erste = d.name, .zweite = dublettensatz(d)};
+    m_gescheiterte.modell->setzen(gescheiterte);
+    m_gescheiterte.titel->setText(
+        gefuellt(Sprache::text(u"%@ ohne Vorschlag"_s), {QString::number(gescheiterte.size())}));
+    m_gescheiterte.traeger->setVisible(!gescheiterte.isEmpty());
+    m_dubletten.modell->setzen(dubletten);
+    m_dubletten.titel->setText(gefuellt(Sprache::text(dubletten.size(), u"%@ Dublette"_s, u"%@ Dubletten"_s),
+                                        {QString::number(dubletten.size())}));
+    m_dubletten.traeger->setVisible(!dubletten.isEmpty());
     ausraeumenZeigen();
 }
 
 /** While it sets aside, the button stops it. */
 void AblaufAnsicht::ausraeumenZeigen()
 {
-    QString text =
-        gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s), {m_zustand->profilwahl()->aktiv()->dublettenOrdner});
-    if (m_zustand->ausfuehrung()->raeumtAus())
+    const Profil &profil = *m_zustand->profilwahl()->aktiv();
+    const Ausfuehrung *ausfuehrung = m_zustand->ausfuehrung();
+    const bool raeumt = ausfuehrung->raeumtAus();
+    QString text = gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s), {profil.dublettenOrdner});
+    QString hilfe;
+    if (raeumt) {
         text = Sprache::text(u"Anhalten"_s);
-    else if (m_zustand->profilwahl()->aktiv()->kopieren)
+        hilfe = Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest bleibt, wie er ist."_s);
+    } else if (profil.kopieren) {
         text = Sprache::text(u"Nicht mitkopieren"_s);
-    m_ausraeumen->setText(text);
-    m_ausraeumen->setAccessibleName(text);
-    m_ausraeumen->setToolTip(m_zustand->ausfuehrung()->raeumtAus()
-                                 ? Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest "
-                                                 "bleibt, wie er ist."_s)
-                                 : QString());
-    m_ausraeumen->setIcon(m_zustand->ausfuehrung()->raeumtAus() ? Zeichen::icon(Symbol::Halt) : QIcon());
-    m_ausraeumen->updateGeometry();
-    m_ausraeumen->setEnabled(m_zustand->ausfuehrung()->anhaltbar() || !m_zustand->ausfuehrung()->beschaeftigt());
+    }
+    benennen(m_ausraeumen, text, hilfe);
+    m_ausraeumen->setIcon(Zeichen::icon(raeumt ? Symbol::Halt : Symbol::Keines));
+    m_ausraeumen->setEnabled(ausfuehrung->anhaltbar() || !ausfuehrung->beschaeftigt());
 }
 
 void AblaufAnsicht::starten(Durchgang::Art art)
@@ -432,8 +366,20 @@ void AblaufAnsicht::starten(Durchgang::Art art)
 /** Wherever the run was asked for: here stands what can be done. */
 void AblaufAnsicht::fragen(Durchgang::Art art)
 {
+    const Modelldienst *dienst = m_zustand->modelldienst();
     m_fraglich = art;
     m_zustand->setzeReiter(Reiter::Ablauf);
-    m_frage->fragen();
+    m_frage->fragen(startfrage(dienst->modellstand().art, dienst->modellMeldung()), 0);
+}
+
+void AblaufAnsicht::antworten(bool nurLesen)
+{
+    setFocus();
+    Durchgang *durchgang = m_zustand->durchgang();
+    if (!nurLesen)
+        durchgang->durchgangErbitten(m_fraglich, durchgang->erbetenesDokument());
+    else
+        durchgang->durchgangStarten(m_fraglich == Durchgang::Art::Erneut ? Durchgang::Art::ErneutLesen
+                                                                         : Durchgang::Art::NurLesen);
 }
 } // namespace quillmar::ablauf

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "durchgang.h"
+#include "laufkarte.h"
 #include "namensraeume.h"
 
 #include <QWidget>
 
 class QLabel;
+class QPushButton;
 class QStackedLayout;
-class QVBoxLayout;
 
 namespace quillmar::zustand
 {
@@ -16,19 +17,18 @@ class Zustand;
 
 namespace quillmar::bedienteile
 {
-class Hauptknopf;
-class Knopf;
+class Hinweisfeld;
 class Leeransicht;
-class Umbruchtext;
+class Liste;
+class Listenmodell;
+class Rueckfrage;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::ablauf
 {
-class Laufhinweis;
-class Nacharbeitsliste;
-class Startfrage;
-class Stufenliste;
-class Zahlenreihe;
+class Stufe;
+class Zahl;
 
 /** The run card: start and stop, the stages, what is counted, and what is left to look after. */
 class AblaufAnsicht : public QWidget
@@ -43,44 +43,52 @@ protected:
     void focusInEvent(QFocusEvent *ereignis) override;
 
 private:
+    /** A heading with what can be done, and what it is about below it. */
+    struct Nacharbeitsteil {
+        QWidget *traeger = nullptr;
+        QLabel *titel = nullptr;
+        Liste *liste = nullptr;
+        Listenmodell *modell = nullptr;
+    };
     QWidget *kopf();
+    QWidget *zahlen();
+    QWidget *stufen();
     QWidget *spalteBauen();
-    void listenBauen(QVBoxLayout *spalte);
-    void knoepfeVerbinden();
+    Nacharbeitsteil teilBauen(const QString &name, const QString &ansage, const QList<QPushButton *> &knoepfe);
     void verbinden();
     void zeigen();
-    void kopfZeigen();
     void knoepfeZeigen();
     void stufenZeigen();
-    void zahlenZeigen();
     void hindernisseZeigen();
+    void zahlenZeigen();
     void listenZeigen();
     void ausraeumenZeigen();
     void starten(Durchgang::Art art = Durchgang::Art::Ganz);
     void fragen(Durchgang::Art art);
+    void antworten(bool nurLesen);
     void zurEinrichtung();
     void fokusHalten();
     [[nodiscard]] bool laeuft() const;
     [[nodiscard]] bool eingerichtet() const;
-    [[nodiscard]] QString unterzeile() const;
-    [[nodiscard]] QString fehlendes() const;
+    [[nodiscard]] Lauflage lage() const;
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;
     Leeransicht *m_leere;
-    QLabel *m_titel = nullptr;
-    Umbruchtext *m_unterzeile = nullptr;
-    Hauptknopf *m_starten = nullptr;
-    Hauptknopf *m_pruefen = nullptr;
-    Knopf *m_anhalten = nullptr;
-    Startfrage *m_frage = nullptr;
-    Laufhinweis *m_hindernisse = nullptr;
-    Zahlenreihe *m_zahlen = nullptr;
-    Stufenliste *m_stufen = nullptr;
-    Knopf *m_alleErneut = nullptr;
-    Knopf *m_ausraeumen = nullptr;
-    Nacharbeitsliste *m_gescheiterte = nullptr;
-    Nacharbeitsliste *m_dubletten = nullptr;
+    QLabel *m_titel;
+    Textschild *m_unterzeile;
+    QPushButton *m_starten;
+    QPushButton *m_pruefen;
+    QPushButton *m_anhalten;
+    Rueckfrage *m_frage;
+    Hinweisfeld *m_hindernisse;
+    QList<Zahl *> m_zahlen;
+    QList<Stufe *> m_stufen;
+    QPushButton *m_erneut;
+    QPushButton *m_alleErneut;
+    QPushButton *m_ausraeumen;
+    Nacharbeitsteil m_gescheiterte;
+    Nacharbeitsteil m_dubletten;
     Durchgang::Art m_fraglich = Durchgang::Art::Ganz; ///< the run that the question is about
 };
 } // namespace quillmar::ablauf

@@ -16,6 +16,8 @@ int Flussreihe::legen(const QRect &flaeche, bool setzen) const
     int y = flaeche.y();
     int hoehe = 0;
     for (QLayoutItem *teil : m_teile) {
+        if (teil->isEmpty())
+            continue;
         const QSize groesse = teil->sizeHint();
         if (x > flaeche.x() && x + groesse.width() > flaeche.right() + 1) {
             x = flaeche.x();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "stil.h"
 
 #include <QLayout>
 
@@ -12,9 +13,10 @@ class Flussreihe : public QLayout
     Q_OBJECT
 
 public:
-    explicit Flussreihe(QWidget *eltern) : QLayout(eltern) {}
+    explicit Flussreihe(Stil::Abstand abstand) : m_abstand(abstand) {}
     ~Flussreihe() override;
 
+    [[nodiscard]] int spacing() const override { return Stil::abstand(m_abstand); }
     void addItem(QLayoutItem *teil) override { m_teile << teil; }
     [[nodiscard]] int count() const override { return int(m_teile.size()); }
     [[nodiscard]] QLayoutItem *itemAt(int stelle) const override { return m_teile.value(stelle); }
@@ -29,6 +31,7 @@ public:
 private:
     int legen(const QRect &flaeche, bool setzen) const;
 
+    Stil::Abstand m_abstand;
     QList<QLayoutItem *> m_teile;
 };
 } // namespace quillmar::bedienteile

@@ -1,6 +1,6 @@
 #include "hilfetexte.h"
 
-#include "elidiertext.h"
+#include "textschild.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -22,7 +22,8 @@ void beschreiben(QWidget *teil)
     const QString bisher = teil->accessibleDescription();
     const bool folgt = bisher.isEmpty() || bisher == teil->property(zuletzt).toString();
     // The tool tip of a text that was cut off is the text.
-    if (qobject_cast<Elidiertext *>(teil) || !folgt)
+    const auto *text = qobject_cast<Textschild *>(teil);
+    if ((text && !text->wordWrap()) || !folgt)
         return;
     teil->setProperty(zuletzt, hilfe);
     teil->setAccessibleDescription(hilfe);

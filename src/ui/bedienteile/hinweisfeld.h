@@ -9,30 +9,38 @@ class QPushButton;
 
 namespace quillmar::bedienteile
 {
-class Umbruchtext;
+class Kette;
+class Textschild;
 
-/** A note: a rule at its left edge, a mark, a sentence that wraps, at most one button at its end. */
+/** A note: a rule at its left edge, a mark, a sentence that wraps, and what can be done about it at its end. */
 class Hinweisfeld : public QWidget
 {
     Q_OBJECT
 
 public:
-    /** A warning stands on a tinted ground. @p knopf names the button; none when empty. */
-    Hinweisfeld(bool warnung, Symbol symbol, const QString &text, const QString &knopf = {}, QWidget *eltern = nullptr);
+    struct Antwort {
+        QString name; ///< of the button
+        QString text;
+        QString hilfe = {};
+    };
+    /** A warning (Symbol::Warnung) stands on a tinted ground. */
+    explicit Hinweisfeld(Symbol symbol, const QString &text = {}, const QList<Antwort> &antworten = {},
+                         QWidget *eltern = nullptr);
 
     void setzeText(const QString &text);
-    [[nodiscard]] QPushButton *knopf() const { return m_knopf; }
+    [[nodiscard]] QPushButton *knopf(int stelle = 0) const { return m_knoepfe.value(stelle); }
+    [[nodiscard]] bool hatFokus() const;
 
 Q_SIGNALS:
-    void gedrueckt();
+    /** The button of the answer @p stelle was pressed. */
+    void gedrueckt(int stelle);
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
 
 private:
-    bool m_warnung;
-    Symbol m_symbol = Symbol::Keines;
-    Umbruchtext *m_text;
-    QPushButton *m_knopf = nullptr;
+    Symbol m_symbol;
+    Textschild *m_text;
+    QList<QPushButton *> m_knoepfe;
 };
 } // namespace quillmar::bedienteile

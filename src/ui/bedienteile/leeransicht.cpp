@@ -1,79 +1,47 @@
 #include "leeransicht.h"
 
-#include "knopf.h"
+#include "bau.h"
 #include "kurzpfad.h"
 #include "profilwahl.h"
 #include "sprache.h"
-#include "stil.h"
 #include "text.h"
-#include "zeichen.h"
 #include "zustand.h"
 
+#include <QEvent>
 #include <QLabel>
-#include <QPainter>
-#include <QVBoxLayout>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-using Stil::abstand;
+using Stil::Abstand;
 using Stil::Schrift;
 
 namespace
 {
 constexpr int kante = 56;
+
+QLabel *mittig(Schrift art, const QString &name)
+{
+    QLabel *text = schild({}, art, name);
+    text->setAlignment(Qt::AlignCenter);
+    text->setWordWrap(true);
+    return text;
 }
+} // namespace
 
-class Leeransicht::Bild : public QWidget
+Leeransicht::Leeransicht(QWidget *eltern, const QString &knopfname, Knopfart knopfart)
+    : QWidget(eltern), m_bild(mittig(Schrift::Grund, {})), m_titel(mittig(Schrift::Seitentitel, u"leertitel"_s)),
+      m_zeile(mittig(Schrift::Neben, u"leerzeile"_s)), m_knopf(bedienteile::knopf(knopfname, {}, {}, knopfart)),
+      m_zusatz(mittig(Schrift::Neben, u"leerzusatz"_s))
 {
-public:
-    using QWidget::QWidget;
-    void setzen(Symbol symbol)
-    {
-        m_symbol = symbol;
-        update();
-    }
-    [[nodiscard]] QSize sizeHint() const override { return {abstand(kante), abstand(kante)}; }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter maler(this);
-        const QRect flaeche((width() - abstand(kante)) / 2, 0, abstand(kante), abstand(kante));
-        Zeichen::malen(maler, flaeche, m_symbol, palette(), Stil::nebenfarbe(palette()));
-    }
-
-private:
-    Symbol m_symbol = Symbol::Keines;
-};
-
-Leeransicht::Leeransicht(QWidget *eltern)
-    : QWidget(eltern), m_bild(new Bild(this)), m_titel(new QLabel(this)), m_zeile(new QLabel(this)),
-      m_knopf(new Knopf(u"leerknopf"_s, {}, this))
-{
-    auto *spalte = new QVBoxLayout(this);
-    spalte->addStretch(1);
-    for (QLabel *schild : {m_titel, m_zeile}) {
-        schild->setAlignment(Qt::AlignCenter);
-        schild->setTextFormat(Qt::PlainText);
-        schild->setWordWrap(true);
-    }
-    m_titel->setObjectName(u"leertitel"_s);
-    m_zeile->setObjectName(u"leerzeile"_s);
-    spalte->addWidget(m_bild);
-    spalte->addWidget(m_titel);
-    spalte->addWidget(m_zeile);
-    spalte->addWidget(m_knopf, 0, Qt::AlignHCenter);
-    spalte->addStretch(2); // a third down
+    // A third down.
+    fuellen(this,
+            spalte({Teil::rest(1), m_bild, m_titel, m_zeile, {m_knopf, 0, Qt::AlignHCenter}, m_zusatz, Teil::rest(2)}),
+            Abstand::Rand, Abstand::Rand);
+    m_zusatz->hide();
     connect(m_knopf, &QPushButton::clicked, this, &Leeransicht::gedrueckt);
-    Stil::schriftFolgt(m_titel, Schrift::Seitentitel);
-    Stil::nebentext(m_zeile);
-    Stil::folgen(this, [this, spalte] {
-        spalte->setContentsMargins(abstand(24), abstand(24), abstand(24), abstand(24));
-        spalte->setSpacing(abstand(8));
-        m_bild->setFixedHeight(abstand(kante) + abstand(6));
-    });
 }
 
 QString katalogfehlersatz(const Profilwahl &profilwahl)
@@ -104,14 +72,33 @@ void Leeransicht::ohneKatalogWeiter(Zustand &zustand)
 
 void Leeransicht::setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf)
 {
-    m_bild->setzen(symbol);
+    m_symbol = symbol;
     m_titel->setText(titel);
     m_zeile->setText(zeile);
     m_zeile->setVisible(!zeile.isEmpty());
-    m_knopf->setText(knopf);
-    m_knopf->updateGeometry();
+    benennen(m_knopf, knopf, {});
     m_knopf->setVisible(!knopf.isEmpty());
     setAccessibleName(titel);
     setAccessibleDescription(zeile);
+    bildZeigen();
+}
+
+void Leeransicht::setzeZusatz(const QStringList &zeilen)
+{
+    m_zusatz->setText(zeilen.join(u'\n'));
+    m_zusatz->setVisible(!zeilen.isEmpty());
+}
+
+void Leeransicht::bildZeigen()
+{
+    const QIcon icon = Zeichen::icon(m_symbol, Stil::nebenfarbe(palette()));
+    m_bild->setPixmap(icon.pixmap(QSize(Stil::mass(kante), Stil::mass(kante)), devicePixelRatioF()));
+}
+
+void Leeransicht::changeEvent(QEvent *ereignis)
+{
+    QWidget::changeEvent(ereignis);
+    if (ereignis->type() == QEvent::FontChange || ereignis->type() == QEvent::PaletteChange)
+        bildZeigen();
 }
 } // namespace quillmar::bedienteile

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "quillmarstil.h"
 #include "zeichen.h"
 
 #include <QWidget>
@@ -25,10 +26,14 @@ class Leeransicht : public QWidget
     Q_OBJECT
 
 public:
-    explicit Leeransicht(QWidget *eltern = nullptr);
+    /** @p knopfart of the next step, the button called @p knopfname. */
+    explicit Leeransicht(QWidget *eltern = nullptr, const QString &knopfname = QStringLiteral("leerknopf"),
+                         Knopfart knopfart = Knopfart::Feld);
 
-    /** @p symbol as in Zeichen, one of those that begin with "large."; without @p knopf there is no button. */
+    /** @p symbol is one of the large ones; without @p knopf there is no button. */
     void setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
+    /** Lines below the button. */
+    void setzeZusatz(const QStringList &zeilen);
     /** Shows why there is no open catalogue: none of the profile yet, or one that does not open. */
     void setzeOhneKatalog(Symbol symbol, const Profilwahl &profilwahl);
     /** What the button of setzeOhneKatalog() does. */
@@ -38,11 +43,17 @@ public:
 Q_SIGNALS:
     void gedrueckt();
 
+protected:
+    void changeEvent(QEvent *ereignis) override;
+
 private:
-    class Bild;
-    Bild *m_bild;
+    void bildZeigen();
+
+    Symbol m_symbol = Symbol::Keines;
+    QLabel *m_bild;
     QLabel *m_titel;
     QLabel *m_zeile;
     QPushButton *m_knopf;
+    QLabel *m_zusatz;
 };
 } // namespace quillmar::bedienteile

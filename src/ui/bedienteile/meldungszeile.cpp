@@ -1,23 +1,18 @@
 #include "meldungszeile.h"
 
 #include "ausfuehrung.h"
-#include "elidiertext.h"
-#include "flachknopf.h"
+#include "bau.h"
 #include "meldestelle.h"
 #include "pruefung.h"
 #include "sprache.h"
-#include "stil.h"
-#include "zeichen.h"
+#include "textschild.h"
 
-#include <QGridLayout>
-#include <QPainter>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-using Stil::abstand;
-
 Symbol tonzeichen(Meldestelle::Ton ton)
 {
     switch (ton) {
@@ -33,19 +28,11 @@ Symbol tonzeichen(Meldestelle::Ton ton)
 
 Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern)
     : QWidget(eltern), m_meldestelle(meldestelle), m_pruefung(pruefung), m_ausfuehrung(ausfuehrung),
-      m_text(new Elidiertext(Qt::ElideRight, this)), m_zweite(new Elidiertext(Qt::ElideRight, this)),
-      m_zurueck(new Flachknopf(u"rueckgaengig"_s, Symbol::Ruecknehmen, Sprache::text(u"Rückgängig"_s),
-                               Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s), this))
+      m_text(new Textschild(Textschild::Art::KurzEnde, Stil::Schrift::Grund, u"hinweis"_s)),
+      m_zweite(new Textschild(Textschild::Art::KurzEnde, Stil::Schrift::Neben, u"hinweis-zusatz"_s)),
+      m_zurueck(flachknopf(u"rueckgaengig"_s, Symbol::Ruecknehmen, {}, {}))
 {
-    m_text->setObjectName(u"hinweis"_s);
-    m_zweite->setObjectName(u"hinweis-zusatz"_s);
-    Stil::nebentext(m_zweite);
-    auto *raster = new QGridLayout(this);
-    raster->addWidget(m_text, 0, 0);
-    raster->addWidget(m_zurueck, 0, 1);
-    raster->addWidget(m_zweite, 1, 0, 1, 2);
-    raster->setColumnStretch(0, 1);
-    m_zurueck->setzeMitText(true);
+    fuellen(this, spalte({reihe({{m_text, 1}, m_zurueck}), m_zweite}, Stil::Abstand::Keiner));
     connect(m_zurueck, &QToolButton::clicked, this, [this] {
         m_ausfuehrung->tatRuecknehmbar() ? m_ausfuehrung->tatZuruecknehmen() : m_ausfuehrung->rueckgaengig();
     });
@@ -53,15 +40,10 @@ Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfu
     connect(m_pruefung, &Pruefung::ruecknehmbarGeaendert, this, &Meldungszeile::zeigen);
     for (const auto signal : {&Ausfuehrung::vorgangGeaendert, &Ausfuehrung::tatRuecknehmbarGeaendert})
         connect(m_ausfuehrung, signal, this, &Meldungszeile::zeigen);
-    Stil::folgen(this, [raster] {
-        raster->setContentsMargins(Stil::zeichengroesse() + abstand(6), 0, 0, 0);
-        raster->setHorizontalSpacing(abstand(8));
-        raster->setVerticalSpacing(0);
-    });
     setzeZweizeilig(true);
 }
 
-void Meldungszeile::setzeMitText(bool mit) { m_zurueck->setzeMitText(mit); }
+void Meldungszeile::setzeMitText(bool mit) { bedienteile::setzeMitText(m_zurueck, mit); }
 
 void Meldungszeile::setzeZweizeilig(bool zweizeilig)
 {
@@ -73,27 +55,17 @@ void Meldungszeile::setzeZweizeilig(bool zweizeilig)
 void Meldungszeile::zeigen()
 {
     QStringList teile = m_meldestelle->meldungen();
+    Symbol symbol = tonzeichen(m_meldestelle->ton());
     // What is going on goes before what is done.
-    if (!m_ausfuehrung->vorgang().isEmpty())
+    if (!m_ausfuehrung->vorgang().isEmpty()) {
         teile = {m_ausfuehrung->vorgang() + u" …"_s};
-    const QString text = m_zweizeilig ? teile.value(0) : teile.join(u" · "_s);
-    m_text->setzeText(text);
+        symbol = Symbol::Keines;
+    }
+    m_text->setzen(symbol, m_zweizeilig ? teile.value(0) : teile.join(u" · "_s));
     m_zweite->setzeText(m_zweizeilig ? teile.value(1) : QString());
     m_zurueck->setEnabled(m_ausfuehrung->tatRuecknehmbar() || m_pruefung->ruecknehmbar());
-    m_zurueck->setzeHilfe(Sprache::text(u"Rückgängig"_s),
-                          m_ausfuehrung->tatRuecknehmbar()
-                              ? Sprache::text(u"Macht genau das ungeschehen, was hier steht"_s)
-                              : Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s));
-    update();
-}
-
-void Meldungszeile::paintEvent(QPaintEvent *)
-{
-    if (m_text->ganzerText().isEmpty() || !m_ausfuehrung->vorgang().isEmpty())
-        return;
-    QPainter maler(this);
-    const int kante = Stil::zeichengroesse();
-    Zeichen::malen(maler, QRect(0, m_text->geometry().center().y() - kante / 2, kante, kante),
-                   tonzeichen(m_meldestelle->ton()), palette());
+    benennen(m_zurueck, Sprache::text(u"Rückgängig"_s),
+             m_ausfuehrung->tatRuecknehmbar() ? Sprache::text(u"Macht genau das ungeschehen, was hier steht"_s)
+                                              : Sprache::text(u"Dreht die letzte Bewegung zurück. Taste: U"_s));
 }
 } // namespace quillmar::bedienteile

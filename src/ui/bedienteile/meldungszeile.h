@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+class QToolButton;
+
 namespace quillmar::zustand
 {
 class Ausfuehrung;
@@ -15,8 +17,7 @@ class Pruefung;
 
 namespace quillmar::bedienteile
 {
-class Elidiertext;
-class Flachknopf;
+class Textschild;
 
 /** The mark of @p ton; empty for none. */
 [[nodiscard]] Symbol tonzeichen(Meldestelle::Ton ton);
@@ -32,18 +33,15 @@ public:
     /** Deed and notice on a line each; otherwise both on one, where the end may be left out. */
     void setzeZweizeilig(bool zweizeilig);
 
-protected:
-    void paintEvent(QPaintEvent *ereignis) override;
-
 private:
     void zeigen();
 
     Meldestelle *m_meldestelle;
     Pruefung *m_pruefung;
     Ausfuehrung *m_ausfuehrung;
-    Elidiertext *m_text;
-    Elidiertext *m_zweite;
-    Flachknopf *m_zurueck;
+    Textschild *m_text;
+    Textschild *m_zweite;
+    QToolButton *m_zurueck;
     bool m_zweizeilig = false;
 };
 } // namespace quillmar::bedienteile

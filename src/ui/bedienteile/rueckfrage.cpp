@@ -1,51 +1,51 @@
 #include "rueckfrage.h"
 
 #include "sprache.h"
-#include "stil.h"
-#include "umbruchtext.h"
-#include "zeile.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-using Stil::abstand;
-
-Rueckfrage::Rueckfrage(const QString &name, const QString &knopf, QWidget *eltern)
-    : QWidget(eltern), m_text(new Umbruchtext(this)), m_tun(new QPushButton(knopf)),
-      m_lassen(new QPushButton(Sprache::text(u"Abbrechen"_s)))
+Rueckfrage::Rueckfrage(const QList<Antwort> &antworten, QWidget *eltern)
+    : Rueckfrage(antworten, {.name = antworten.first().name + u"-abbrechen"_s, .text = Sprache::text(u"Abbrechen"_s)},
+                 eltern)
 {
-    m_tun->setObjectName(name);
-    m_lassen->setObjectName(name + u"-abbrechen"_s);
-    auto *spalte = new QVBoxLayout(this);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    spalte->addWidget(m_text);
-    spalte->addWidget(zeile(this, {m_tun, m_lassen}));
-    connect(m_tun, &QPushButton::clicked, this, &Rueckfrage::bestaetigt);
-    connect(m_lassen, &QPushButton::clicked, this, &Rueckfrage::abgebrochen);
-    Stil::folgen(this, [this, spalte] {
-        spalte->setSpacing(abstand(8));
-        for (QPushButton *k : {m_tun, m_lassen})
-            k->setMinimumHeight(abstand(30));
-    });
 }
 
-void Rueckfrage::fragen(const QString &text)
+Rueckfrage::Rueckfrage(const QList<Antwort> &antworten, const Antwort &abbrechen, QWidget *eltern)
+    : Hinweisfeld(Symbol::Warnung, {}, antworten + QList{abbrechen}, eltern), m_letzte(int(antworten.size()))
 {
-    m_text->setzeText(text);
-    m_tun->setAccessibleDescription(text);
+    connect(this, &Hinweisfeld::gedrueckt, this, [this](int welche) {
+        schliessen();
+        welche == m_letzte ? Q_EMIT abgebrochen() : Q_EMIT bestaetigt(welche);
+    });
+    hide();
+}
+
+void Rueckfrage::fragen(const QString &text, int fokus)
+{
+    setzeText(text);
+    m_fokusVorher = QApplication::focusWidget();
     show();
-    m_lassen->setFocus(Qt::ShortcutFocusReason); // a focus that is to be seen
+    knopf(fokus < 0 ? m_letzte : fokus)->setFocus(Qt::ShortcutFocusReason); // a focus that is to be seen
+}
+
+void Rueckfrage::schliessen()
+{
+    const bool fokus = hatFokus();
+    hide();
+    if (fokus && m_fokusVorher && m_fokusVorher->isVisible())
+        m_fokusVorher->setFocus();
 }
 
 void Rueckfrage::keyPressEvent(QKeyEvent *ereignis)
 {
     if (ereignis->key() == Qt::Key_Escape)
-        Q_EMIT abgebrochen();
+        knopf(m_letzte)->click();
     else
         QWidget::keyPressEvent(ereignis);
 }

@@ -1,37 +1,39 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "hinweisfeld.h"
 
-#include <QWidget>
-
-class QPushButton;
+#include <QPointer>
 
 namespace quillmar::bedienteile
 {
-class Umbruchtext;
-
-/** Asks before something that cannot be taken back, in the place where it was asked for. The focus is on "Abbrechen".
+/**
+ * Asks before something that cannot be taken back, in the place where it was asked for, and goes with the answer. The
+ * focus is on the last one, which leaves everything as it is, as Esc does.
  */
-class Rueckfrage : public QWidget
+class Rueckfrage : public Hinweisfeld
 {
     Q_OBJECT
 
 public:
-    /** @p name is the object name of the button that does it. */
-    Rueckfrage(const QString &name, const QString &knopf, QWidget *eltern = nullptr);
+    /** @p antworten without the last one, "Abbrechen"; its object is called as the first one, with "-abbrechen". */
+    explicit Rueckfrage(const QList<Antwort> &antworten, QWidget *eltern = nullptr);
+    /** "Abbrechen" under a name and with a help of its own. */
+    Rueckfrage(const QList<Antwort> &antworten, const Antwort &abbrechen, QWidget *eltern = nullptr);
 
-    void fragen(const QString &text);
+    /** The focus goes to the answer @p fokus, or to the last one. */
+    void fragen(const QString &text, int fokus = -1);
+    /** Goes as if nothing had been asked; the focus goes back to where it was. */
+    void schliessen();
 
 Q_SIGNALS:
-    void bestaetigt();
+    void bestaetigt(int welche);
     void abgebrochen();
 
 protected:
     void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
-    Umbruchtext *m_text;
-    QPushButton *m_tun;
-    QPushButton *m_lassen;
+    int m_letzte;
+    QPointer<QWidget> m_fokusVorher;
 };
 } // namespace quillmar::bedienteile

@@ -1,7 +1,7 @@
 #include "schriftgroesse.h"
 
 #include "einstellungen.h"
-#include "folger.h"
+#include "kleiderordnung.h"
 #include "stil.h"
 
 #include <QApplication>
@@ -34,7 +34,7 @@ void schriftgroesseAnwenden()
             Stil::setzeSchriftgroesse(begrenzt(*punkte));
     };
     anwenden();
-    QObject::connect(Schriftmelder::derAnwendung(), &Schriftmelder::schriftGeaendert, qApp, anwenden);
+    QObject::connect(Kleiderordnung::derAnwendung(), &Kleiderordnung::geaendert, qApp, anwenden);
 }
 
 void schriftgroesseWaehlen(double punkte)

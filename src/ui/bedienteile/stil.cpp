@@ -46,8 +46,12 @@ Abwandlung abwandlung(Stil::Schrift art)
     case Stil::Schrift::Seitentitel:
         return {1.5, QFont::DemiBold};
     case Stil::Schrift::Zahl:
+    case Stil::Schrift::Hauptzahl:
         return {1.7, QFont::DemiBold};
     case Stil::Schrift::Grund:
+    case Stil::Schrift::Beschriftung:
+    case Stil::Schrift::Verweis:
+    case Stil::Schrift::Warnung:
         break;
     }
     return {1, QFont::Normal};
@@ -80,10 +84,17 @@ void Stil::setzeSchriftgroesse(double wunsch)
     QApplication::setFont(schrift);
 }
 
-int Stil::abstand(double pixel)
+int Stil::mass(double pixel)
 {
     const int gewachsen = int(std::lround(pixel * wachstum()));
     return pixel > 0 ? std::max(1, gewachsen) : gewachsen;
+}
+
+int Stil::abstand(Abstand abstand)
+{
+    constexpr int groessterRand = 26;
+    const int gewachsen = mass(int(abstand));
+    return abstand == Abstand::Rand ? std::min(gewachsen, groessterRand) : gewachsen;
 }
 
 int Stil::seitenrand(int breite) { return std::min(abstand(20), std::max(12, breite / 36)); }
@@ -196,18 +207,8 @@ void Stil::setzeTextfarbe(QWidget *schild, const QColor &farbe)
     schild->setPalette(palette);
 }
 
-void Stil::schriftFolgt(QWidget *schild, Schrift art)
-{
-    folgen(schild, [schild, art] { schild->setFont(schrift(art)); });
-}
-
-void Stil::nebentext(QWidget *schild)
-{
-    folgen(schild, [schild] {
-        schild->setFont(schrift(Schrift::Neben));
-        setzeTextfarbe(schild, nebenfarbe(vorgabePalette(schild)));
-    });
-}
+void Stil::schriftFolgt(QWidget *schild, Schrift art) { ankleiden(schild, art); }
+void Stil::nebentext(QWidget *schild) { ankleiden(schild, Schrift::Neben); }
 
 void Stil::platzhalterFolgt(QWidget *feld)
 {

@@ -14,23 +14,21 @@ namespace quillmar::bedienteile
 /**
  * What makes the window look of one piece: sizes of type, distances and colours. Everything is computed from the
  * application's font and a palette, so that the desktop's colours, dark mode and the chosen font size come by
- * themselves.
- *
- * A widget that keeps a font, a distance or a colour from here says so once, and follows every change:
- *
- *     Stil::folgen(this, [this] {
- *         m_titel->setFont(Stil::schrift(Schrift::Abschnitt));
- *         layout()->setSpacing(Stil::abstand(8));
- *     });
- *
- * What is drawn asks in paintEvent and needs nothing of the kind.
+ * themselves. Widgets get most of it from Quillmarstil, texts by kleiden(), layouts by bau.h; what is painted by hand
+ * asks in paintEvent.
  */
 namespace Stil
 {
-enum class Schrift { Grund, Neben, Halbfett, Abschnitt, Seitentitel, Zahl };
+/** What a text is: its size, its weight and its colour. */
+enum class Schrift { Grund, Neben, Beschriftung, Verweis, Warnung, Halbfett, Abschnitt, Seitentitel, Zahl, Hauptzahl };
 
 /** The application's font in the size and weight of @p art. */
 [[nodiscard]] QFont schrift(Schrift art);
+
+/** From now on @p schild has font and colour of @p art, whatever becomes of font, palette and style; returns it. */
+template <class Schild>
+Schild *kleiden(Schild *schild, Schrift art);
+void ankleiden(QWidget *schild, Schrift art);
 
 /** Base font size in points, between these bounds. Setting it changes every widget of the running program. */
 constexpr double kleinsteSchrift = 9;
@@ -38,8 +36,14 @@ constexpr double groessteSchrift = 18;
 [[nodiscard]] double schriftgroesse();
 void setzeSchriftgroesse(double punkte);
 
+/** Between parts of one thing, related things, label and field, groups; from the edge of a pane. */
+enum class Abstand { Keiner = 0, Eng = 4, Nah = 8, Feld = 12, Gruppe = 16, Rand = 20 };
+/** In pixels, grown with the base font; that from the edge stops growing where the room is needed for text. */
+[[nodiscard]] int abstand(Abstand abstand);
+
 /** @p pixel of a drawing made for 10 pt at 96 dpi, grown with the base font; at least 1 for every positive length. */
-[[nodiscard]] int abstand(double pixel);
+[[nodiscard]] int mass(double pixel);
+[[nodiscard]] inline int abstand(double pixel) { return mass(pixel); }
 
 /** Distance of a pane's content from its edge: 20, less where a pane of @p breite is narrow for the font. */
 [[nodiscard]] int seitenrand(int breite);
@@ -91,15 +95,19 @@ enum class Bedeutung { Warnung, Gut, Fehler };
 /** Colours the text of @p schild, to be called from folgen(). Compute @p farbe from another palette than its own. */
 void setzeTextfarbe(QWidget *schild, const QColor &farbe);
 
-/**
- * Calls @p anwenden now and after every change of font, palette or style of @p traeger, as long as it lives. What
- * @p anwenden changes on @p traeger itself does not call it again.
- */
+/** Calls @p anwenden now and after every change of the application's font or palette, as long as @p traeger lives. */
 void folgen(QWidget *traeger, std::function<void()> anwenden);
 
 /** From now on: @p schild has the font @p art; secondary text size and colour; @p feld has a readable placeholder. */
 void schriftFolgt(QWidget *schild, Schrift art);
 void nebentext(QWidget *schild);
 void platzhalterFolgt(QWidget *feld);
+
+template <class Schild>
+Schild *kleiden(Schild *schild, Schrift art)
+{
+    ankleiden(schild, art);
+    return schild;
+}
 } // namespace Stil
 } // namespace quillmar::bedienteile

@@ -1,34 +1,13 @@
 #pragma once
 
-#include "namensraeume.h"
-
-#include <QLabel>
-
-class QTextLayout;
+#include "textschild.h"
 
 namespace quillmar::bedienteile
 {
-/** Plain text that wraps wherever it must, in the middle of long words too; never left out, never wider than its room.
- */
-class Umbruchtext : public QLabel
+/** Plain text that wraps wherever it must. */
+class Umbruchtext : public Textschild
 {
-    Q_OBJECT
-
 public:
-    explicit Umbruchtext(QWidget *eltern = nullptr);
-
-    void setzeText(const QString &text);
-    [[nodiscard]] const QString &ganzerText() const { return m_text; }
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
-    [[nodiscard]] int heightForWidth(int breite) const override;
-
-protected:
-    void paintEvent(QPaintEvent *ereignis) override;
-
-private:
-    int zeilenLegen(QTextLayout &satz, int breite) const;
-
-    QString m_text;
+    explicit Umbruchtext(QWidget *eltern = nullptr) { setParent(eltern); }
 };
 } // namespace quillmar::bedienteile

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+class QToolButton;
+
 namespace quillmar::bedienteile
 {
 /** Two choices side by side of which one holds. The words can be dropped; they stay as tool tips then. */
@@ -21,8 +23,6 @@ public:
     };
     Umschalter(const Wahl &links, const Wahl &rechts, QWidget *eltern = nullptr);
 
-    /** The right choice holds. */
-    [[nodiscard]] bool rechts() const;
     void setzeRechts(bool rechts);
     void setzeMitText(bool mit);
 
@@ -34,8 +34,9 @@ protected:
     void paintEvent(QPaintEvent *ereignis) override;
 
 private:
-    class Haelfte;
-    Haelfte *m_links;
-    Haelfte *m_rechts;
+    QToolButton *haelfte(const Wahl &wahl);
+
+    QToolButton *m_links;
+    QToolButton *m_rechts;
 };
 } // namespace quillmar::bedienteile

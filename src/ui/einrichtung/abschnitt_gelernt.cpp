@@ -132,7 +132,7 @@ private:
         auto *zeile = new QWidget(this);
         auto *waagrecht = new QHBoxLayout(zeile);
         waagrecht->setContentsMargins(0, 0, 0, 0);
-        m_frage = new Rueckfrage(u"allesVergessenJa"_s, Sprache::text(u"Alles vergessen"_s), zeile);
+        m_frage = new Rueckfrage({{.name = u"allesVergessenJa"_s, .text = Sprache::text(u"Alles vergessen"_s)}}, zeile);
         waagrecht->addWidget(m_alles);
         waagrecht->addWidget(m_frage, 1);
         waagrecht->addStretch(0);

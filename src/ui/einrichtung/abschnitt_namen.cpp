@@ -60,11 +60,10 @@ private:
         QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::Bleibt);
         reihe(beschriftung, hilfe, eingabe);
         auto *bloecke = new QWidget(this);
-        auto *fluss = new Flussreihe(bloecke);
-        fluss->setContentsMargins(0, 0, 0, 0);
+        auto *fluss = new Flussreihe(Stil::Abstand::Eng);
+        bloecke->setLayout(fluss);
         for (const Baustein baustein : bausteine)
             fluss->addWidget(blockknopf(name, baustein, eingabe, feld));
-        Stil::folgen(bloecke, [fluss] { fluss->setSpacing(abstand(5)); });
         darunter(bloecke);
         auto *erklaerung = marktext();
         erklaerung->erklaeren(hilfe);

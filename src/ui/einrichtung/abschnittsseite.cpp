@@ -1,12 +1,12 @@
 #include "abschnittsseite.h"
 
+#include "bau.h"
 #include "einrichtung.h"
 #include "flachknopf.h"
 #include "knopf.h"
 #include "marktext.h"
 #include "ordnerwahl.h"
 #include "profilwahl.h"
-#include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"

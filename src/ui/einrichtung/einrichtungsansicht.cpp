@@ -3,6 +3,7 @@
 #include "abschnitte.h"
 #include "abschnittsliste.h"
 #include "abschnittsseite.h"
+#include "bau.h"
 #include "durchgang.h"
 #include "einrichtung.h"
 #include "erststart.h"
@@ -14,7 +15,6 @@
 #include "profilleiste.h"
 #include "profilwahl.h"
 #include "pruefung.h"
-#include "rollbereich.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
@@ -96,9 +96,10 @@ QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
     auto *spalte = new QVBoxLayout(seite);
     spalte->setContentsMargins(0, 0, 0, 0);
     spalte->setSpacing(0);
-    m_katalogfehler = new Hinweisfeld(true, Symbol::Warnung, {}, Sprache::text(u"Noch einmal versuchen"_s), seite);
+    m_katalogfehler = new Hinweisfeld(
+        Symbol::Warnung, {}, {{.name = u"katalogErneutOeffnen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}},
+        seite);
     m_katalogfehler->setObjectName(u"katalogfehler"_s);
-    m_katalogfehler->knopf()->setObjectName(u"katalogErneutOeffnen"_s);
     connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand->profilwahl(), &Profilwahl::erneutOeffnen);
     spalte->addWidget(m_katalogfehler);
     spalte->addWidget(m_seiten, 1);

@@ -40,14 +40,15 @@ QLabel *zeile(const QString &text, QVBoxLayout *spalte, QWidget *eltern)
 void Erststart::unlesbaresZeigen(const QString &kopie, QVBoxLayout *spalte)
 {
     auto *feld = new Hinweisfeld(
-        true, Symbol::Warnung,
+        Symbol::Warnung,
         gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
                  {kurzpfad(kopie)}) +
             u". "_s + Sprache::text(u"Die Kataloge der Profile und deine Dokumente sind nicht davon betroffen."_s),
-        Sprache::text(u"Ordner öffnen"_s), this);
+        {{.name = u"unlesbareProfileZeigen"_s,
+          .text = Sprache::text(u"Ordner öffnen"_s),
+          .hilfe = Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s)}},
+        this);
     feld->setObjectName(u"unlesbareProfile"_s);
-    feld->knopf()->setObjectName(u"unlesbareProfileZeigen"_s);
-    feld->knopf()->setToolTip(Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s));
     connect(feld, &Hinweisfeld::gedrueckt, this, [kopie] { Dateiverwaltung::zeigen(kopie); });
     spalte->addWidget(feld);
 }

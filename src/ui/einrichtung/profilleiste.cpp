@@ -28,7 +28,7 @@ Profilleiste::Profilleiste(Profilwahl *profilwahl, QWidget *eltern)
       m_entfernen(new Flachknopf(u"profilEntfernen"_s, Symbol::Minus, Sprache::text(u"Profil entfernen …"_s),
                                  Sprache::text(u"Nimmt das Profil aus der Liste. Es wird vorher gefragt."_s), this)),
       m_namensteil(new QWidget(this)), m_name(new QLineEdit(m_namensteil)),
-      m_frage(new Rueckfrage(u"profilEntfernenJa"_s, Sprache::text(u"Profil entfernen"_s), this))
+      m_frage(new Rueckfrage({{.name = u"profilEntfernenJa"_s, .text = Sprache::text(u"Profil entfernen"_s)}}, this))
 {
     auto *spalte = new QVBoxLayout(this);
     spalte->setContentsMargins(0, 0, 0, 0);

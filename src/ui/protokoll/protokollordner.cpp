@@ -24,7 +24,7 @@ using Stil::Schrift;
 Protokollordner::Protokollordner(Profilwahl *profilwahl, QWidget *eltern)
     : QWidget(eltern), m_profilwahl(profilwahl), m_ort(new Elidiertext(Qt::ElideMiddle, this)),
       m_pfad(new Elidiertext(Qt::ElideMiddle, this)),
-      m_warnung(new Hinweisfeld(true, Symbol::Warnung,
+      m_warnung(new Hinweisfeld(Symbol::Warnung,
                                 Sprache::text(u"In diesen Ordner lässt sich nicht schreiben, oder er ist nicht da. "
                                               "Wähle einen anderen, oder schließe das Laufwerk an."_s),
                                 {}, this)),

@@ -1,11 +1,11 @@
 #include "sitzungsseite.h"
 
 #include "ausfuehrung.h"
+#include "bau.h"
 #include "elidiertext.h"
 #include "flachknopf.h"
 #include "profilwahl.h"
 #include "protokollordner.h"
-#include "rollbereich.h"
 #include "sitzungen.h"
 #include "sitzungszeile.h"
 #include "sprache.h"

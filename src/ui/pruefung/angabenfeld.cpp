@@ -1,9 +1,9 @@
 #include "angabenfeld.h"
 
+#include "bau.h"
 #include "einordnung.h"
 #include "profilwahl.h"
 #include "pruefung.h"
-#include "radsperre.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zeichen.h"

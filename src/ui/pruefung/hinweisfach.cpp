@@ -77,22 +77,20 @@ void Hinweisfach::tabReihe()
 Hinweisfeld *Hinweisfach::neues(const Pruefhinweis &hinweis)
 {
     Symbol symbol = hinweis.istWarnung() ? Symbol::Warnung : Symbol::Info;
-    QString knopf;
+    QList<Hinweisfeld::Antwort> antworten;
     if (hinweis.art == Art::AndererOrt) {
-        knopf = Sprache::text(u"Alten Ort behalten"_s);
+        antworten << Hinweisfeld::Antwort{.name = u"altenOrtBehalten"_s,
+                                          .text = Sprache::text(u"Alten Ort behalten"_s)};
     } else if (hinweis.art == Art::Aehnlich) {
         symbol = Symbol::Dublette;
-        knopf = Sprache::text(u"Ansehen"_s);
+        antworten << Hinweisfeld::Antwort{.name = u"partnerZeigen"_s,
+                                          .text = Sprache::text(u"Ansehen"_s),
+                                          .hilfe = Sprache::text(u"Zeigt das ähnliche Dokument in der Vorschau"_s)};
     }
-    auto *feld = new Hinweisfeld(hinweis.istWarnung(), symbol, hinweis.text, knopf, this);
-    if (hinweis.art == Art::AndererOrt) {
-        feld->knopf()->setObjectName(u"altenOrtBehalten"_s);
-        connect(feld, &Hinweisfeld::gedrueckt, m_pruefung, &Pruefung::altenOrtBehalten);
-    } else if (hinweis.art == Art::Aehnlich) {
-        feld->knopf()->setObjectName(u"partnerZeigen"_s);
-        feld->knopf()->setToolTip(Sprache::text(u"Zeigt das ähnliche Dokument in der Vorschau"_s));
-        connect(feld, &Hinweisfeld::gedrueckt, this, [this] { m_pruefung->setzePartnerZeigen(true); });
-    }
+    auto *feld = new Hinweisfeld(symbol, hinweis.text, antworten, this);
+    connect(feld, &Hinweisfeld::gedrueckt, this, [this, art = hinweis.art] {
+        art == Art::AndererOrt ? m_pruefung->altenOrtBehalten() : m_pruefung->setzePartnerZeigen(true);
+    });
     return feld;
 }
 } // namespace quillmar::pruefung

@@ -1,0 +1,85 @@
+#include "laufteile.h"
+
+#include "bau.h"
+#include "laufkarte.h"
+#include "sprache.h"
+#include "textschild.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::ablauf
+{
+using Stil::Abstand;
+using Stil::Schrift;
+using Stand = Stufenbild::Stand;
+
+namespace
+{
+Symbol symbol(Stand stand)
+{
+    if (stand == Stand::Fertig)
+        return Symbol::Gut;
+    return stand == Stand::Laeuft ? Symbol::Laeuft : Symbol::Offen;
+}
+} // namespace
+
+Zahl::Zahl(int nummer, Schrift schrift, const QString &was)
+    : m_wert(new Textschild(Textschild::Art::KurzEnde, schrift)), m_was(was)
+{
+    setObjectName(u"zahl-%1"_s.arg(nummer));
+    fuellen(this, spalte({m_wert, schild(was, Schrift::Neben)}, Abstand::Keiner));
+}
+
+void Zahl::zeigen(qint64 wert, bool warnung)
+{
+    m_wert->setzen(warnung ? Symbol::Warnung : Symbol::Keines, QLocale().toString(wert));
+    setAccessibleName(m_wert->ganzerText() + u' ' + m_was);
+}
+
+Stufe::Stufe(int nummer, bool letzte)
+    : m_marke(new QLabel), m_name(schild({})), m_zeit(schild({}, Schrift::Neben)),
+      m_meldung(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben)), m_balken(balken({}))
+{
+    setObjectName(u"stufe-%1"_s.arg(nummer));
+    auto *raster = new QGridLayout;
+    raster->addWidget(m_marke, 0, 0, Qt::AlignCenter);
+    raster->addWidget(m_name, 0, 1);
+    raster->addWidget(m_zeit, 0, 2);
+    raster->addWidget(m_meldung, 1, 1, 1, 2);
+    raster->addWidget(m_balken, 2, 1, 1, 2);
+    raster->setColumnStretch(1, 1);
+    if (!letzte)
+        raster->addWidget(linie(Qt::Vertical), 1, 0, 2, 1, Qt::AlignHCenter);
+    setzeLuecken(this, Abstand::Feld, Abstand::Eng);
+    setzeRaender(this, {Abstand::Keiner, Abstand::Keiner, Abstand::Keiner, Abstand::Nah});
+    setLayout(raster);
+}
+
+void Stufe::zeigen(const Stufenbild &stufe, const QString &zeit, double anteil)
+{
+    const bool laeuft = stufe.stand == Stand::Laeuft;
+    m_symbol = symbol(stufe.stand);
+    m_marke->setPixmap(Zeichen::bild(m_symbol));
+    Stil::kleiden(m_name, laeuft ? Schrift::Halbfett : Schrift::Grund)->setText(stufe.name);
+    m_zeit->setText(zeit);
+    m_meldung->setzeText(stufe.meldung);
+    m_balken->setVisible(laeuft);
+    setzeAnteil(m_balken, anteil);
+    QStringList worte = {standwort(stufe.stand), stufe.meldung, zeit};
+    worte.removeAll(QString());
+    setAccessibleName(stufe.name);
+    setAccessibleDescription(worte.join(u", "_s));
+}
+
+void Stufe::changeEvent(QEvent *ereignis)
+{
+    QWidget::changeEvent(ereignis);
+    if (ereignis->type() == QEvent::FontChange || ereignis->type() == QEvent::PaletteChange)
+        m_marke->setPixmap(Zeichen::bild(m_symbol));
+}
+} // namespace quillmar::ablauf

@@ -1,0 +1,168 @@
+#include "bau.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::bedienteile
+{
+namespace
+{
+constexpr int feinheit = 1000; // steps of a bar
+
+class Radsperre : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *, QEvent *ereignis) override
+    {
+        if (ereignis->type() != QEvent::Wheel)
+            return false;
+        ereignis->ignore();
+        return true;
+    }
+};
+
+class Linie : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Stil::linie(palette())); }
+};
+
+Kette *kette(QBoxLayout::Direction richtung, std::initializer_list<Teil> teile, Stil::Abstand abstand)
+{
+    auto *neue = new Kette(richtung, abstand);
+    for (const Teil &teil : teile)
+        neue->anfuegen(teil);
+    return neue;
+}
+} // namespace
+
+void Kette::setzeAbstand(Stil::Abstand abstand)
+{
+    m_abstand = abstand;
+    invalidate();
+}
+
+void Kette::anfuegen(const Teil &teil)
+{
+    if (teil.layout)
+        addLayout(teil.layout, teil.dehnung);
+    else if (teil.widget)
+        addWidget(teil.widget, teil.dehnung, teil.wo);
+    else
+        addStretch(teil.dehnung);
+}
+
+Kette *reihe(std::initializer_list<Teil> teile, Stil::Abstand abstand)
+{
+    return kette(QBoxLayout::LeftToRight, teile, abstand);
+}
+
+Kette *spalte(std::initializer_list<Teil> teile, Stil::Abstand abstand)
+{
+    return kette(QBoxLayout::TopToBottom, teile, abstand);
+}
+
+QWidget *traeger(QLayout *inhalt, QWidget *eltern) { return fuellen(new QWidget(eltern), inhalt); }
+
+QLabel *schild(const QString &text, Stil::Schrift art, const QString &name)
+{
+    auto *neues = new QLabel(text);
+    neues->setObjectName(name);
+    neues->setTextFormat(Qt::PlainText);
+    return Stil::kleiden(neues, art);
+}
+
+QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe, Knopfart art, Symbol symbol)
+{
+    auto *neuer = new QPushButton(text);
+    neuer->setObjectName(name);
+    neuer->setFocusPolicy(Qt::TabFocus);
+    neuer->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    neuer->setIcon(Zeichen::icon(symbol));
+    setzeKnopfart(neuer, art);
+    benennen(neuer, text, hilfe);
+    return neuer;
+}
+
+QPushButton *hauptknopf(const QString &name, const QString &text) { return knopf(name, text, {}, Knopfart::Haupt); }
+
+QToolButton *flachknopf(const QString &name, Symbol symbol, const QString &titel, const QString &hilfe, bool mitText)
+{
+    auto *neuer = new QToolButton;
+    neuer->setObjectName(name);
+    neuer->setAutoRaise(true);
+    neuer->setFocusPolicy(Qt::TabFocus);
+    neuer->setIcon(Zeichen::icon(symbol));
+    benennen(neuer, titel, hilfe);
+    setzeMitText(neuer, mitText);
+    return neuer;
+}
+
+void setzeMitText(QToolButton *knopf, bool mit)
+{
+    knopf->setToolButtonStyle(mit ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+}
+
+void benennen(QAbstractButton *knopf, const QString &titel, const QString &hilfe)
+{
+    knopf->setText(titel);
+    knopf->setAccessibleName(titel);
+    knopf->setAccessibleDescription(hilfe);
+    knopf->setToolTip(hilfe);
+}
+
+QProgressBar *balken(const QString &name, double breite)
+{
+    auto *neuer = new QProgressBar;
+    neuer->setObjectName(name);
+    neuer->setTextVisible(false);
+    neuer->setRange(0, feinheit);
+    neuer->setProperty("laenge", breite);
+    neuer->setSizePolicy(breite > 0 ? QSizePolicy::Fixed : QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return neuer;
+}
+
+void setzeAnteil(QProgressBar *balken, double anteil)
+{
+    balken->setValue(qRound(std::clamp(anteil, 0.0, 1.0) * feinheit));
+}
+
+QWidget *linie(Qt::Orientation richtung)
+{
+    auto *neue = new Linie;
+    richtung == Qt::Horizontal ? neue->setFixedHeight(1) : neue->setFixedWidth(1);
+    return neue;
+}
+
+QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern)
+{
+    auto *rollen = new QScrollArea(eltern);
+    rollen->setFrameShape(QFrame::NoFrame);
+    rollen->setWidgetResizable(true);
+    rollen->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    rollen->setFocusPolicy(Qt::NoFocus);
+    rollen->setWidget(inhalt);
+    rollen->viewport()->setAutoFillBackground(false);
+    inhalt->setAutoFillBackground(false);
+    return rollen;
+}
+
+void radsperre(QWidget *feld) { feld->installEventFilter(new Radsperre(feld)); }
+
+void tabReihe(std::initializer_list<QWidget *> teile)
+{
+    for (const auto *teil = teile.begin(); teil + 1 < teile.end(); ++teil)
+        QWidget::setTabOrder(teil[0], teil[1]);
+}
+} // namespace quillmar::bedienteile

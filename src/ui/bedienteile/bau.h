@@ -1,0 +1,97 @@
+#pragma once
+
+#include "namensraeume.h"
+#include "quillmarstil.h"
+#include "zeichen.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <initializer_list>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QScrollArea;
+class QToolButton;
+
+/** The parts that every card is put together from, and how they stand. */
+namespace quillmar::bedienteile
+{
+/** What stands in a row or column: a widget, another row or column, or room that is left over. */
+struct Teil {
+    Teil(QWidget *widget, int dehnung = 0, Qt::Alignment wo = {})
+        : widget(widget), dehnung(dehnung), wo(wo) {}                            // NOLINT
+    Teil(QLayout *layout, int dehnung = 0) : layout(layout), dehnung(dehnung) {} // NOLINT
+    /** Takes the room that nobody else wants. */
+    [[nodiscard]] static Teil rest(int dehnung = 1) { return {static_cast<QWidget *>(nullptr), dehnung}; }
+
+    QWidget *widget = nullptr;
+    QLayout *layout = nullptr;
+    int dehnung = 0;
+    Qt::Alignment wo;
+};
+
+/** A row or column whose distance has a name and grows with the font. */
+class Kette : public QBoxLayout
+{
+    Q_OBJECT
+
+public:
+    Kette(Direction richtung, Stil::Abstand abstand) : QBoxLayout(richtung), m_abstand(abstand) {}
+    [[nodiscard]] int spacing() const override { return Stil::abstand(m_abstand); }
+    void setzeAbstand(Stil::Abstand abstand);
+    void anfuegen(const Teil &teil);
+
+private:
+    Stil::Abstand m_abstand;
+};
+
+[[nodiscard]] Kette *reihe(std::initializer_list<Teil> teile, Stil::Abstand abstand = Stil::Abstand::Nah);
+[[nodiscard]] Kette *spalte(std::initializer_list<Teil> teile, Stil::Abstand abstand = Stil::Abstand::Nah);
+
+/** A widget that holds @p inhalt, without distances from its edges. */
+[[nodiscard]] QWidget *traeger(QLayout *inhalt, QWidget *eltern = nullptr);
+/** @p inhalt fills @p teil, with these distances from its edges; returns @p teil. */
+template <class Widget>
+Widget *fuellen(Widget *teil, QLayout *inhalt, Stil::Abstand waagrecht = Stil::Abstand::Keiner,
+                Stil::Abstand senkrecht = Stil::Abstand::Keiner)
+{
+    setzeRaender(teil, waagrecht, senkrecht);
+    teil->setLayout(inhalt);
+    return teil;
+}
+
+/** Plain text in the looks of @p art; @p name of the object. */
+[[nodiscard]] QLabel *schild(const QString &text, Stil::Schrift art = Stil::Schrift::Grund, const QString &name = {});
+
+/** A push button. @p hilfe is its tool tip and description. */
+[[nodiscard]] QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe = {},
+                                 Knopfart art = Knopfart::Feld, Symbol symbol = Symbol::Keines);
+/** The one filled button of a card. */
+[[nodiscard]] QPushButton *hauptknopf(const QString &name, const QString &text = {});
+
+/** A flat button, with its words or with the icon alone; then they are what is read aloud. */
+[[nodiscard]] QToolButton *flachknopf(const QString &name, Symbol symbol, const QString &titel, const QString &hilfe,
+                                      bool mitText = true);
+void setzeMitText(QToolButton *knopf, bool mit);
+
+/** Words and help of a button whose meaning changes. */
+void benennen(QAbstractButton *knopf, const QString &titel, const QString &hilfe);
+
+/** A thin bar that shows a share; @p breite in pixels at 10 pt, 0: as wide as there is room. */
+[[nodiscard]] QProgressBar *balken(const QString &name, double breite = 0);
+/** @p anteil from 0 to 1. */
+void setzeAnteil(QProgressBar *balken, double anteil);
+
+/** A line between two areas. */
+[[nodiscard]] QWidget *linie(Qt::Orientation richtung = Qt::Horizontal);
+
+/** @p inhalt, which scrolls up and down where it is too high: without a frame or a ground of its own. */
+[[nodiscard]] QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern = nullptr);
+
+/** Scrolling past a choice or a number must not change it unnoticed: over @p feld the wheel goes on to what scrolls. */
+void radsperre(QWidget *feld);
+
+/** Tab goes from each to the next. */
+void tabReihe(std::initializer_list<QWidget *> teile);
+} // namespace quillmar::bedienteile

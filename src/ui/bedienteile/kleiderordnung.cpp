@@ -1,0 +1,123 @@
+#include "kleiderordnung.h"
+
+#include "stil.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLineEdit>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::bedienteile
+{
+namespace
+{
+constexpr auto eigenschaft = "textart"; // on every text that was dressed
+
+/** The palette that @p schild would have if none were set on it. */
+QPalette vorgabe(const QWidget *schild)
+{
+    return schild->parentWidget() ? schild->parentWidget()->palette() : QApplication::palette();
+}
+
+QColor farbe(Stil::Schrift art, const QPalette &palette)
+{
+    switch (art) {
+    case Stil::Schrift::Neben:
+    case Stil::Schrift::Beschriftung:
+        return Stil::nebenfarbe(palette);
+    case Stil::Schrift::Verweis:
+        return Stil::verweis(palette);
+    case Stil::Schrift::Hauptzahl:
+        return Stil::akzentmarke(palette);
+    case Stil::Schrift::Warnung:
+        return Stil::farbe(Stil::Bedeutung::Warnung, palette);
+    default:
+        return {};
+    }
+}
+
+/** Nothing but this one role is set, so that all others go on following the desktop. */
+QPalette gefaerbt(QPalette::ColorRole rolle, const QColor &farbe)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Active, rolle, farbe);
+    palette.setColor(QPalette::Inactive, rolle, farbe);
+    return palette;
+}
+
+void kleid(QWidget *teil)
+{
+    if (qobject_cast<QLineEdit *>(teil))
+        return teil->setPalette(gefaerbt(QPalette::PlaceholderText, Stil::platzhalter(vorgabe(teil))));
+    const auto art = Stil::Schrift(teil->property(eigenschaft).toInt());
+    const QColor schriftfarbe = farbe(art, vorgabe(teil));
+    teil->setFont(Stil::schrift(art));
+    teil->setPalette(schriftfarbe.isValid() ? gefaerbt(QPalette::WindowText, schriftfarbe) : QPalette());
+}
+} // namespace
+
+Kleiderordnung::Kleiderordnung(QObject *anwendung) : QObject(anwendung) { anwendung->installEventFilter(this); }
+
+Kleiderordnung *Kleiderordnung::derAnwendung()
+{
+    auto *vorhanden = qApp->findChild<Kleiderordnung *>(QString(), Qt::FindDirectChildrenOnly);
+    return vorhanden ? vorhanden : new Kleiderordnung(qApp);
+}
+
+bool Kleiderordnung::eventFilter(QObject *empfaenger, QEvent *ereignis)
+{
+    switch (ereignis->type()) {
+    case QEvent::ApplicationFontChange:
+        if (empfaenger == qApp)
+            alleKleiden();
+        break;
+    case QEvent::ApplicationPaletteChange:
+        // By then all others have the new palette.
+        if (empfaenger == qApp)
+            QMetaObject::invokeMethod(this, &Kleiderordnung::alleKleiden, Qt::QueuedConnection);
+        break;
+    case QEvent::FontChange:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+    case QEvent::ParentChange:
+        if (!m_dabei && empfaenger->property(eigenschaft).isValid()) {
+            m_dabei = true;
+            kleid(static_cast<QWidget *>(empfaenger));
+            m_dabei = false;
+        }
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void Kleiderordnung::alleKleiden()
+{
+    m_dabei = true;
+    for (QWidget *teil : QApplication::allWidgets()) {
+        if (teil->property(eigenschaft).isValid())
+            kleid(teil);
+    }
+    m_dabei = false;
+    Q_EMIT geaendert();
+}
+
+void Stil::folgen(QWidget *traeger, std::function<void()> anwenden)
+{
+    QObject::connect(Kleiderordnung::derAnwendung(), &Kleiderordnung::geaendert, traeger, anwenden);
+    anwenden();
+}
+
+void Stil::ankleiden(QWidget *schild, Schrift art)
+{
+    Kleiderordnung *ordnung = Kleiderordnung::derAnwendung();
+    if (schild->property(eigenschaft).isValid() && schild->property(eigenschaft).toInt() == int(art))
+        return;
+    schild->setProperty(eigenschaft, int(art));
+    schild->installEventFilter(ordnung);
+    kleid(schild);
+}
+} // namespace quillmar::bedienteile

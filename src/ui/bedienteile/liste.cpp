@@ -1,0 +1,239 @@
+#include "liste.h"
+
+#include "stil.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::bedienteile
+{
+using Stil::Abstand;
+using Stil::abstand;
+using Stil::mass;
+using Stil::Schrift;
+
+namespace
+{
+int tatbreite() { return Stil::zeichengroesse() + 2 * abstand(Abstand::Nah); }
+
+/** Where the symbol stands that does something. */
+QRect tatflaeche(const QRect &zeile) { return {zeile.right() - tatbreite(), zeile.top(), tatbreite(), zeile.height()}; }
+
+class Zeilenmaler : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &stelle) const override
+    {
+        const int erste = QFontMetrics(Stil::schrift(Schrift::Halbfett)).height();
+        const int zweite = QFontMetrics(Stil::schrift(Schrift::Neben)).height();
+        const bool zwei = stelle.data(ZweiteZeile).isValid();
+        return {mass(100), erste + (zwei ? zweite : 0) + abstand(Abstand::Nah)};
+    }
+
+    void paint(QPainter *maler, const QStyleOptionViewItem &option, const QModelIndex &stelle) const override
+    {
+        const QVariant gewaehlteZeile = stelle.data(Gewaehlt);
+        const bool gewaehlt =
+            gewaehlteZeile.isValid() ? gewaehlteZeile.toBool() : bool(option.state & QStyle::State_Selected);
+        const QColor grund =
+            gewaehlt ? Stil::auswahlgrund(option.palette) : option.palette.color(QPalette::Active, QPalette::Window);
+        maler->save();
+        maler->setRenderHint(QPainter::Antialiasing);
+        grundMalen(*maler, option, grund, gewaehlt);
+        const int kante = Stil::zeichengroesse();
+        QRect text = option.rect.adjusted(abstand(Abstand::Nah), abstand(Abstand::Eng), -abstand(Abstand::Nah),
+                                          -abstand(Abstand::Eng));
+        if (const QVariant marke = stelle.data(Marke); marke.toInt() != int(Symbol::Keines)) {
+            Zeichen::malen(*maler, QRect(text.x(), text.y(), kante, text.height()), Symbol(marke.toInt()),
+                           option.palette);
+            text.setLeft(text.left() + kante + abstand(Abstand::Nah));
+        }
+        if (const auto tat = Symbol(stelle.data(Zeilentat).toInt()); tat != Symbol::Keines) {
+            Zeichen::malen(*maler, tatflaeche(option.rect), tat, option.palette);
+            text.setRight(tatflaeche(option.rect).left());
+        }
+        text.setRight(text.right() - wortMalen(*maler, text, stelle, option.palette, grund));
+        zeilenMalen(*maler, text, stelle, option.palette, grund, gewaehlt);
+        maler->restore();
+    }
+
+private:
+    static void grundMalen(QPainter &maler, const QStyleOptionViewItem &option, const QColor &grund, bool gewaehlt)
+    {
+        if (gewaehlt) {
+            maler.setPen(Qt::NoPen);
+            maler.setBrush(grund);
+            maler.drawRoundedRect(option.rect, 3, 3);
+        }
+        if (!(option.state & QStyle::State_HasFocus))
+            return;
+        maler.setPen(QPen(Stil::akzentmarke(option.palette), 2));
+        maler.setBrush(Qt::NoBrush);
+        maler.drawRoundedRect(option.rect.adjusted(1, 1, -1, -1), 3, 3);
+    }
+
+    /** The room for the word is taken from the lines, which keep half of the row. Returns its width. */
+    static int wortMalen(QPainter &maler, const QRect &flaeche, const QModelIndex &stelle, const QPalette &palette,
+                         const QColor &grund)
+    {
+        const QString wort = stelle.data(Wort).toString();
+        if (wort.isEmpty())
+            return 0;
+        const bool warnung = Schrift(stelle.data(Wortart).toInt()) == Schrift::Warnung;
+        maler.setFont(Stil::schrift(Schrift::Neben));
+        maler.setPen(warnung ? Stil::farbe(Stil::Bedeutung::Fehler, palette) : Stil::nebenfarbe(palette, grund));
+        const QString gezeigt = maler.fontMetrics().elidedText(wort, Qt::ElideRight, flaeche.width() / 2);
+        maler.drawText(flaeche, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, gezeigt);
+        return maler.fontMetrics().horizontalAdvance(gezeigt) + abstand(Abstand::Feld);
+    }
+
+    static void zeilenMalen(QPainter &maler, const QRect &flaeche, const QModelIndex &stelle, const QPalette &palette,
+                            const QColor &grund, bool gewaehlt)
+    {
+        const QVariant zweite = stelle.data(ZweiteZeile);
+        const auto schreiben = [&](const QString &text, bool haupt, Qt::Alignment wo) {
+            maler.setFont(Stil::schrift(haupt ? (gewaehlt ? Schrift::Halbfett : Schrift::Grund) : Schrift::Neben));
+            maler.setPen(haupt ? palette.color(QPalette::WindowText) : Stil::nebenfarbe(palette, grund));
+            maler.drawText(flaeche, int(wo | Qt::AlignLeft | Qt::TextSingleLine),
+                           maler.fontMetrics().elidedText(text, Qt::ElideMiddle, flaeche.width()));
+        };
+        const bool unten = stelle.data(Hauptzeile).toInt() == 1;
+        schreiben(stelle.data().toString(), !unten, zweite.isValid() ? Qt::AlignTop : Qt::AlignVCenter);
+        if (zweite.isValid())
+            schreiben(zweite.toString(), unten, Qt::AlignBottom);
+    }
+};
+} // namespace
+
+void Listenmodell::setzen(const QList<Listenzeile> &zeilen)
+{
+    if (zeilen == m_zeilen)
+        return;
+    const bool gleichViele = zeilen.size() == m_zeilen.size();
+    if (!gleichViele)
+        beginResetModel();
+    m_zeilen = zeilen;
+    if (!gleichViele)
+        return endResetModel();
+    Q_EMIT dataChanged(index(0), index(int(zeilen.size()) - 1));
+}
+
+int Listenmodell::rowCount(const QModelIndex &eltern) const { return eltern.isValid() ? 0 : int(m_zeilen.size()); }
+
+QVariant Listenmodell::data(const QModelIndex &index, int rolle) const
+{
+    const Listenzeile &z = m_zeilen.at(index.row());
+    switch (rolle) {
+    case Qt::DisplayRole:
+        return z.erste;
+    case ZweiteZeile:
+        return z.zweite.isNull() ? QVariant() : z.zweite;
+    case Marke:
+        return int(z.marke);
+    case Wort:
+        return z.wort;
+    case Kennung:
+        return z.kennung;
+    case Qt::ToolTipRole:
+        return QVariant(u"<qt>"_s + QString(z.erste + u'\n' + z.zweite).toHtmlEscaped().replace(u'\n', u"<br>"_s) +
+                        u"</qt>"_s);
+    case Qt::AccessibleTextRole: {
+        QStringList teile = {z.erste, z.zweite, z.wort};
+        teile.removeAll(QString());
+        return z.ansage.isEmpty() ? teile.join(u", "_s) : z.ansage;
+    }
+    default:
+        return {};
+    }
+}
+
+Liste::Liste(const QString &name, const QString &ansage, QWidget *eltern) : QListView(eltern)
+{
+    setObjectName(name);
+    setAccessibleName(ansage);
+    setFrameShape(QFrame::NoFrame);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setUniformItemSizes(true);
+    setTabKeyNavigation(false);
+    viewport()->setAutoFillBackground(false);
+    setItemDelegate(new Zeilenmaler(this));
+}
+
+void Liste::setModel(QAbstractItemModel *modell)
+{
+    QListView::setModel(modell);
+    const auto neu = [this] { updateGeometry(); };
+    connect(modell, &QAbstractItemModel::modelReset, this, neu);
+    connect(modell, &QAbstractItemModel::layoutChanged, this, neu);
+    connect(modell, &QAbstractItemModel::rowsInserted, this, neu);
+    connect(modell, &QAbstractItemModel::rowsRemoved, this, neu);
+}
+
+void Liste::setzeHoechstens(int zeilen)
+{
+    m_hoechstens = zeilen;
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    updateGeometry();
+}
+
+QSize Liste::sizeHint() const
+{
+    if (m_hoechstens == 0 || !model())
+        return {mass(200), mass(200)};
+    const int zeilen = std::min(m_hoechstens, model()->rowCount());
+    return {mass(200), zeilen * std::max(0, sizeHintForRow(0))};
+}
+
+QSize Liste::minimumSizeHint() const { return {mass(60), m_hoechstens > 0 ? sizeHint().height() : mass(60)}; }
+
+std::pair<int, int> Liste::sichtbare() const
+{
+    const QModelIndex erste = indexAt({1, 1});
+    if (!erste.isValid())
+        return {-1, -2};
+    const int hoehe = std::max(1, sizeHintForRow(0));
+    return {erste.row(), std::min(model()->rowCount() - 1, erste.row() + viewport()->height() / hoehe + 1)};
+}
+
+void Liste::paintEvent(QPaintEvent *ereignis)
+{
+    QListView::paintEvent(ereignis);
+    if (const auto [erste, letzte] = sichtbare(); erste >= 0)
+        Q_EMIT gesehen(erste, letzte);
+}
+
+void Liste::focusInEvent(QFocusEvent *ereignis)
+{
+    QListView::focusInEvent(ereignis);
+    if (!currentIndex().isValid())
+        setCurrentIndex(indexAt({1, 1}));
+}
+
+/** The height of the rows is asked for once only. */
+void Liste::changeEvent(QEvent *ereignis)
+{
+    QListView::changeEvent(ereignis);
+    if (ereignis->type() == QEvent::FontChange || ereignis->type() == QEvent::StyleChange) {
+        scheduleDelayedItemsLayout();
+        updateGeometry();
+    }
+}
+
+void Liste::mouseReleaseEvent(QMouseEvent *ereignis)
+{
+    QListView::mouseReleaseEvent(ereignis);
+    const QModelIndex zeile = indexAt(ereignis->position().toPoint());
+    const bool getroffen = ereignis->button() == Qt::LeftButton && zeile.data(Zeilentat).toInt() != 0 &&
+                           tatflaeche(visualRect(zeile)).contains(ereignis->position().toPoint());
+    if (getroffen)
+        Q_EMIT tatGewuenscht(zeile);
+}
+} // namespace quillmar::bedienteile

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "bereitschaft.h"
+#include "laufbild.h"
+#include "modellstand.h"
+#include "namensraeume.h"
+#include "nacharbeit.h"
+#include "profil.h"
+
+#include <optional>
+
+namespace quillmar::zustand
+{
+/** What the run card says, made of what it looks at. Pure; all texts in the user's language. */
+struct Lauflage {
+    const Profil &profil;
+    const std::optional<Bereitschaft> &bereitschaft; ///< none until it has been looked at
+    bool laeuft = false;
+    bool haeltAn = false;     ///< the run ends behind the document in hand
+    bool startWartet = false; ///< for the answer of the model server
+    bool gelaufen = false;    ///< a run has been seen
+    QString stufe;            ///< in which the last run ended
+
+    [[nodiscard]] bool startbereit() const { return bereitschaft && bereitschaft->vollstaendig(); }
+    [[nodiscard]] QString titel() const;
+    /** The line below the title. */
+    [[nodiscard]] QString zeile() const;
+    /** What no run begins without; empty when nothing is missing or it is not known yet. */
+    [[nodiscard]] QString fehlendes() const;
+    /** What the stage @p nummer (from 0) is going to do. */
+    [[nodiscard]] QString vorschau(int nummer) const;
+};
+
+/** How long a stage took, in seconds, minutes or hours. */
+[[nodiscard]] QString dauertext(std::chrono::milliseconds dauer);
+/** How far a stage is, for who cannot see its mark. */
+[[nodiscard]] QString standwort(Stufenbild::Stand stand);
+/** What @p dublette repeats. */
+[[nodiscard]] QString dublettensatz(const Nacharbeit::Dublette &dublette);
+/** What a start without the model asks, @p meldung being what is wrong with it. */
+[[nodiscard]] QString startfrage(Modellstand::Art art, const QString &meldung);
+} // namespace quillmar::zustand
