@@ -5,7 +5,7 @@ set(reihen
     "ui/pruefung/angabenfeld.cpp|\"datenbank.h\"|datenbank.h, which is private to katalog"
     "ui/ablauf/stufenliste.cpp|<sqlite3.h>|sqlite3.h, which is for: katalog"
     "ui/protokoll/sitzungsseite.cpp|\"bewegungsgang.h\"|bewegungsgang.h of ablage"
-    "ui/einrichtung/ocrsprachen.cpp|\"dokumente.h\"|dokumente.h of katalog"
+    "ui/einrichtung/einrichtungsansicht.cpp|\"dokumente.h\"|dokumente.h of katalog"
     "ui/ablauf/zahlenreihe.cpp|\"pruefansicht.h\"|pruefansicht.h of ui/pruefung"
     "ui/bedienteile/balken.h|\"ollama.h\"|ollama.h of analyse"
     "ui/vorschau/vorschau.cpp|\"pruefung.h\"|pruefung.h of zustand"

@@ -7,7 +7,6 @@
 #include "ocrsprachen.h"
 #include "sprache.h"
 #include "stil.h"
-#include "text.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -103,24 +102,13 @@ private:
 
     void zeigen()
     {
-        const auto &programme = einrichtung()->stand().programme;
-        for (int i = 0; i < m_werkzeuge.size(); ++i) {
-            if (programme)
-                werkzeugZeigen(*m_werkzeuge.at(i), programme->werkzeuge.at(i));
-            else
-                m_werkzeuge.at(i)->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
-        }
-        sprachenZeigen(programme ? programme->sprachen : QStringList());
+        const Einrichtungslage lage = einrichtung()->lage();
+        for (Marktext *text : m_werkzeuge)
+            einrichtung::zeigen(*text, Befunde::werkzeug(lage, text->objectName().section(u'-', 1)));
+        const auto &programme = lage.stand.programme;
+        sprachwahlZeigen(Ocrsprachen::auswahl(programme ? programme->sprachen : QStringList(), lage.profil.ocrSprache));
+        einrichtung::zeigen(*m_sprachstand, Befunde::ocrSprache(lage));
         serverZeigen();
-    }
-
-    static void werkzeugZeigen(Marktext &text, const Programmstand::Werkzeug &w)
-    {
-        if (w.pfad.isEmpty())
-            text.setzen(Symbol::Warnung,
-                        gefuellt(Sprache::text(u"Nicht gefunden. Installiere das Paket %@."_s), {w.paket}));
-        else
-            text.setzen(Symbol::Gut, w.pfad);
     }
 
     void sprachwahlZeigen(const QStringList &auswahl)
@@ -136,36 +124,10 @@ private:
         m_sprache->setCurrentIndex(int(auswahl.indexOf(profil().ocrSprache)));
     }
 
-    void sprachenZeigen(const QStringList &installierte)
-    {
-        sprachwahlZeigen(Ocrsprachen::auswahl(installierte, profil().ocrSprache));
-        const auto &programme = einrichtung()->stand().programme;
-        if (!programme || installierte.isEmpty())
-            return m_sprachstand->erklaeren(Sprache::text(u"Noch keine Sprachen gefunden."_s));
-        if (programme->kann(profil().ocrSprache))
-            return m_sprachstand->erklaeren(
-                gefuellt(Sprache::text(u"Installiert: %@."_s), {Ocrsprachen::namen(installierte).join(u", "_s)}));
-        m_sprachstand->setzen(
-            Symbol::Warnung,
-            gefuellt(Sprache::text(u"%@ ist nicht installiert, Scans bleiben ungelesen. Installiere das Paket %@."_s),
-                     {Ocrsprachen::name(profil().ocrSprache), Ocrsprachen::paket(profil().ocrSprache)}));
-    }
-
     void serverZeigen()
     {
-        switch (m_modelldienst->modellstand().art) {
-        case Modellstand::Art::Unbekannt:
-            m_server->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
-            return m_rat->erklaeren({});
-        case Modellstand::Art::ServerFehlt:
-            m_server->setzen(Symbol::Warnung, m_modelldienst->modellMeldung());
-            return m_rat->erklaeren(
-                Sprache::text(u"Starte ihn mit „ollama serve“. Fehlt er ganz, installiere das Programm ollama und "
-                              "prüfe dann erneut."_s));
-        default:
-            m_server->setzen(Symbol::Gut, Sprache::text(u"Der Modellserver läuft."_s));
-            m_rat->erklaeren(m_modelldienst->modellMeldung());
-        }
+        einrichtung::zeigen(*m_server, Befunde::modellserver(einrichtung()->lage()));
+        einrichtung::zeigen(*m_rat, Befunde::serverrat(einrichtung()->lage()));
     }
 
     Modelldienst *m_modelldienst;

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-namespace quillmar::einrichtung
+namespace quillmar::zustand
 {
 /** The languages of the text recognition as the user reads them. Codes are those of tesseract: "deu", "deu+eng". */
 namespace Ocrsprachen
@@ -17,4 +17,4 @@ namespace Ocrsprachen
 /** The package that brings the data of @p code. */
 [[nodiscard]] QString paket(const QString &code);
 } // namespace Ocrsprachen
-} // namespace quillmar::einrichtung
+} // namespace quillmar::zustand

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quillmar::einrichtung
+namespace quillmar::zustand
 {
 namespace
 {
@@ -50,4 +50,4 @@ QString Ocrsprachen::paket(const QString &code)
     // Packages are named with a hyphen where the codes have an underscore.
     return u"tesseract-ocr-"_s + code.section(u'+', 0, 0).replace(u'_', u'-');
 }
-} // namespace quillmar::einrichtung
+} // namespace quillmar::zustand
