@@ -1,5 +1,6 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "auswahl.h"
 #include "balken.h"
 #include "einrichtung.h"
 #include "flachknopf.h"
@@ -7,15 +8,12 @@
 #include "modelldienst.h"
 #include "sprache.h"
 #include "stil.h"
-#include "zeichen.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QStandardItemModel>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -217,34 +215,12 @@ private:
         QStringList namen = stand.vorhandene;
         if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
             namen.prepend(gewaehlt);
-        QStringList jetzige;
-        for (int i = 0; i < w.wahl->count(); ++i)
-            jetzige << w.wahl->itemText(i);
-        const bool tippt = w.wahl->lineEdit()->hasFocus() && w.wahl->lineEdit()->isModified();
-        if (tippt)
+        if (w.wahl->lineEdit()->hasFocus() && w.wahl->lineEdit()->isModified())
             return;
-        const QSignalBlocker still(w.wahl);
-        if (jetzige != namen) {
-            w.wahl->clear();
-            w.wahl->addItems(namen);
-        }
-        entferntesSperren(w.wahl, stand);
-        w.wahl->setCurrentIndex(int(namen.indexOf(gewaehlt)));
-        if (!stand.rechnetAnderswo(w.wahl->currentText()) || w.wahl->currentIndex() >= 0)
-            w.wahl->setEditText(gewaehlt);
-    }
-
-    /** A model that the server only passes on is there to be seen, with the reason, and cannot be chosen. */
-    static void entferntesSperren(QComboBox *wahl, const Modellstand &stand)
-    {
-        auto *liste = qobject_cast<QStandardItemModel *>(wahl->model());
-        for (int i = 0; liste && i < liste->rowCount(); ++i) {
-            QStandardItem *eintrag = liste->item(i);
-            const bool anderswo = stand.rechnetAnderswo(eintrag->text());
-            eintrag->setEnabled(!anderswo);
-            eintrag->setToolTip(anderswo ? Modellstand::anderswoSatz(eintrag->text()) : QString());
-            eintrag->setIcon(anderswo ? Zeichen::icon(Symbol::Warnung) : QIcon());
-        }
+        QList<Wahleintrag> eintraege = wahleintraege(namen);
+        for (Wahleintrag &eintrag : eintraege)
+            eintrag.mangel = stand.rechnetAnderswo(eintrag.wert) ? Modellstand::anderswoSatz(eintrag.wert) : QString();
+        wahlAuffrischen(w.wahl, eintraege, gewaehlt);
     }
 
     Modelldienst *m_modelldienst;

@@ -1,5 +1,6 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "auswahl.h"
 #include "einrichtung.h"
 #include "flachknopf.h"
 #include "marktext.h"
@@ -8,7 +9,6 @@
 #include "sprache.h"
 #include "stil.h"
 
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -106,22 +106,13 @@ private:
         for (Marktext *text : m_werkzeuge)
             einrichtung::zeigen(*text, Befunde::werkzeug(lage, text->objectName().section(u'-', 1)));
         const auto &programme = lage.stand.programme;
-        sprachwahlZeigen(Ocrsprachen::auswahl(programme ? programme->sprachen : QStringList(), lage.profil.ocrSprache));
+        QList<Wahleintrag> sprachen;
+        for (const QString &code :
+             Ocrsprachen::auswahl(programme ? programme->sprachen : QStringList(), lage.profil.ocrSprache))
+            sprachen << Wahleintrag{.wert = code, .anzeige = Ocrsprachen::name(code)};
+        wahlAuffrischen(m_sprache, sprachen, lage.profil.ocrSprache);
         einrichtung::zeigen(*m_sprachstand, Befunde::ocrSprache(lage));
         serverZeigen();
-    }
-
-    void sprachwahlZeigen(const QStringList &auswahl)
-    {
-        QStringList jetzige;
-        for (int i = 0; i < m_sprache->count(); ++i)
-            jetzige << m_sprache->itemData(i).toString();
-        if (jetzige != auswahl) {
-            m_sprache->clear();
-            for (const QString &code : auswahl)
-                m_sprache->addItem(Ocrsprachen::name(code), code);
-        }
-        m_sprache->setCurrentIndex(int(auswahl.indexOf(profil().ocrSprache)));
     }
 
     void serverZeigen()
