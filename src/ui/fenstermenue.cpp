@@ -5,20 +5,18 @@
 #include "schriftgroesse.h"
 #include "sprache.h"
 #include "stil.h"
-#include "text.h"
 
-#include <QActionGroup>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
-Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(eltern), m_sprache(sprache)
+Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(eltern)
 {
     setObjectName(u"menue"_s);
     schriftBauen();
-    sprachenBauen();
+    sprachenBauen(sprache);
     addSeparator();
     handbuchBauen(eltern->window());
     QAction *info = addAction(Sprache::text(u"Info"_s));
@@ -55,57 +53,23 @@ void Fenstermenue::schriftBauen()
     connect(groesser, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::floor(Stil::schriftgroesse()) + 1); });
     connect(kleiner, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::ceil(Stil::schriftgroesse()) - 1); });
     schrift->addSeparator();
-    punkteBauen(schrift);
+    const auto zeigen = [this, schrift] {
+        menueAuffrischen(schrift, schriftgroessen(), naechsteSchriftgroesse(), this,
+                         [](const QString &punkte) { schriftgroesseWaehlen(punkte.toDouble()); });
+    };
+    connect(schrift, &QMenu::aboutToShow, this, zeigen);
+    zeigen();
 }
 
-/** One entry for each size that can be chosen. */
-void Fenstermenue::punkteBauen(QMenu *schrift)
-{
-    auto *gruppe = new QActionGroup(this);
-    for (int punkte = int(Stil::kleinsteSchrift); punkte <= int(Stil::groessteSchrift); ++punkte) {
-        QAction *wahl = schrift->addAction(gefuellt(Sprache::text(u"%@ Punkt"_s), {QString::number(punkte)}));
-        wahl->setCheckable(true);
-        wahl->setData(punkte);
-        gruppe->addAction(wahl);
-        connect(wahl, &QAction::triggered, this, [punkte] { schriftgroesseWaehlen(punkte); });
-    }
-    connect(schrift, &QMenu::aboutToShow, gruppe, [gruppe] {
-        for (QAction *wahl : gruppe->actions())
-            wahl->setChecked(qFuzzyCompare(wahl->data().toDouble(), Stil::schriftgroesse()));
-    });
-}
-
-void Fenstermenue::sprachenBauen()
+void Fenstermenue::sprachenBauen(Fenstersprache *sprache)
 {
     QMenu *sprachen = addMenu(Sprache::text(u"Sprache"_s));
     sprachen->setObjectName(u"sprache"_s);
-    m_sprachen = sprachen;
-    connect(sprachen, &QMenu::aboutToShow, this, &Fenstermenue::sprachenZeigen);
-    sprachenZeigen();
-}
-
-/** What lies in the folders now; a file that cannot be chosen says why. */
-void Fenstermenue::sprachenZeigen()
-{
-    m_sprachen->clear();
-    auto *gruppe = new QActionGroup(m_sprachen);
-    const auto dazu = [&](const QString &kennung, const QString &name, const QString &mangel) {
-        // What a file is called is no mnemonic.
-        QString zeile = name;
-        zeile.replace(u'&', u"&&"_s);
-        QAction *wahl = m_sprachen->addAction(mangel.isEmpty() ? zeile : zeile + u" – "_s + mangel);
-        wahl->setObjectName(u"sprache-"_s + kennung);
-        wahl->setEnabled(mangel.isEmpty());
-        wahl->setCheckable(true);
-        wahl->setChecked(m_sprache->kennung() == kennung);
-        gruppe->addAction(wahl);
-        // Later: the menu goes down with the window's whole content.
-        connect(
-            wahl, &QAction::triggered, m_sprache, [sprache = m_sprache, kennung] { sprache->waehlen(kennung); },
-            Qt::QueuedConnection);
+    const auto zeigen = [sprachen, sprache] {
+        menueAuffrischen(sprachen, Fenstersprache::auswahl(), sprache->kennung(), sprache,
+                         [sprache](const QString &kennung) { sprache->waehlen(kennung); });
     };
-    dazu({}, Sprache::text(u"Wie das System"_s), {});
-    for (const Sprachsatz &satz : Fenstersprache::angebot())
-        dazu(satz.kennung, satz.name, Sprache::text(/* QUILLMAR_TEXT */ satz.mangel));
+    connect(sprachen, &QMenu::aboutToShow, this, zeigen);
+    zeigen();
 }
 } // namespace quillmar::ui

@@ -28,12 +28,8 @@ Q_SIGNALS:
 private:
     void handbuchBauen(QWidget *fenster);
     void schriftBauen();
-    void punkteBauen(QMenu *schrift);
-    void sprachenBauen();
-    void sprachenZeigen();
+    void sprachenBauen(Fenstersprache *sprache);
 
-    Fenstersprache *m_sprache;
-    QMenu *m_sprachen = nullptr;
     QPointer<Handbuchfenster> m_handbuch;
 };
 } // namespace quillmar::ui

@@ -162,6 +162,39 @@ QString abschnittTitel(Abschnitt abschnitt)
     return Sprache::text(/* QUILLMAR_TEXT */ tabelle().at(int(abschnitt)).titel);
 }
 
+Befund::Marke Abschnittsstand::marke() const
+{
+    switch (lage) {
+    case Lage::Fehlt:
+    case Lage::Offen:
+        return Befund::Marke::Offen;
+    case Lage::Gestoert:
+    case Lage::Warnung:
+        return Befund::Marke::Warnung;
+    case Lage::Prueft:
+        return Befund::Marke::Laeuft;
+    case Lage::Gut:
+        return Befund::Marke::Gut;
+    case Lage::Ohne:
+        break;
+    }
+    return Befund::Marke::Keine;
+}
+
+QString Abschnittsstand::markenwort() const
+{
+    switch (marke()) {
+    case Befund::Marke::Offen:
+        return Sprache::text(u"fehlt noch"_s);
+    case Befund::Marke::Warnung:
+        return Sprache::text(u"Achtung"_s);
+    case Befund::Marke::Gut:
+        return Sprache::text(u"fertig"_s);
+    default:
+        return {};
+    }
+}
+
 Abschnittsstand abschnittsstand(Abschnitt abschnitt, const Einrichtungslage &lage)
 {
     switch (abschnitt) {

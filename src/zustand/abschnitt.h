@@ -1,5 +1,6 @@
 #pragma once
 
+#include "befund.h"
 #include "bereitschaft.h"
 #include "einrichtungsstand.h"
 #include "modellstand.h"
@@ -31,14 +32,19 @@ struct Abschnittsstand {
     bool operator==(const Abschnittsstand &) const = default;
 
     [[nodiscard]] bool hindert() const { return lage == Lage::Fehlt || lage == Lage::Gestoert; }
+    /** The mark that stands for @p lage, and the same in words for who cannot see it; empty where it says nothing. */
+    [[nodiscard]] Befund::Marke marke() const;
+    [[nodiscard]] QString markenwort() const;
 };
 
-/** What the state of a section is made of. */
+/** What is known of a profile's setup: what findings and the states of the sections are made of. */
 struct Einrichtungslage {
     const Profil &profil;
     const std::optional<Bereitschaft> &bereitschaft; ///< none until it has been looked at
     const Einrichtungsstand &stand;
     const Modellstand &modell;
+    QString umgebung = {};      ///< that the environment names a model server which is not asked; else empty
+    qint64 ruhende = 0;         ///< documents that rest because of an exclusion
     bool ohneDokumente = false; ///< the catalogue has none
 };
 [[nodiscard]] Abschnittsstand abschnittsstand(Abschnitt abschnitt, const Einrichtungslage &lage);

@@ -164,15 +164,21 @@ void Einrichtung::setzeAbschnitt(Abschnitt abschnitt)
     Q_EMIT abschnittGeaendert();
 }
 
+Einrichtungslage Einrichtung::lage() const
+{
+    static const Profil keines;
+    return {.profil = aktiv() ? *aktiv() : keines,
+            .bereitschaft = m_nachbarn.profilwahl->bereitschaft(),
+            .stand = m_stand,
+            .modell = m_nachbarn.modelldienst->modellstand(),
+            .umgebung = Modelldienst::umgebungshinweis(),
+            .ruhende = m_nachbarn.pruefung->ausgenommen(),
+            .ohneDokumente = m_nachbarn.pruefung->zaehlwerk() == Zaehlwerk()};
+}
+
 Abschnittsstand Einrichtung::abschnittsstand(Abschnitt abschnitt) const
 {
-    if (!aktiv())
-        return {};
-    return zustand::abschnittsstand(abschnitt, {.profil = *aktiv(),
-                                                .bereitschaft = m_nachbarn.profilwahl->bereitschaft(),
-                                                .stand = m_stand,
-                                                .modell = m_nachbarn.modelldienst->modellstand(),
-                                                .ohneDokumente = m_nachbarn.pruefung->zaehlwerk() == Zaehlwerk()});
+    return aktiv() ? zustand::abschnittsstand(abschnitt, lage()) : Abschnittsstand();
 }
 
 /** The sections behind @p von first, then from the top; what a run cannot do without goes before the rest. */
@@ -206,8 +212,6 @@ QString Einrichtung::starthindernis() const
 }
 
 void Einrichtung::strukturEinlesen() { m_struktur.einlesen(); }
-
-bool Einrichtung::kenntRubrik(const QString &rubrik) const { return m_struktur.kenntRubrik(rubrik); }
 
 QString Einrichtung::ausnahmeAufnehmen(const QString &regel)
 {

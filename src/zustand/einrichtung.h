@@ -39,6 +39,9 @@ public:
     explicit Einrichtung(const Nachbarn &nachbarn);
 
     [[nodiscard]] const Einrichtungsstand &stand() const { return m_stand; }
+    /** The same with what the other models know; without a profile that of an empty one. Holds while nothing changes.
+     */
+    [[nodiscard]] Einrichtungslage lage() const;
     /** Looks anew at programs, folders and the learning memory. */
     void einrichtungPruefen();
     /** The setup card is the chosen one: it is looked anew, and only then a large folder is walked through. */
@@ -55,8 +58,6 @@ public:
 
     /** Takes the tree below the target root into the profile and notes what is new or gone. */
     void strukturEinlesen();
-    /** Some filing kind of the structure has a rubric of that name. */
-    [[nodiscard]] bool kenntRubrik(const QString &rubrik) const;
     /** Adds an exclusion rule, or the one for a folder that the user picks. Returns why it was not added, or nothing.
      */
     [[nodiscard]] QString ausnahmeAufnehmen(const QString &regel);

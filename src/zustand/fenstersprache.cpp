@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -38,17 +37,20 @@ Fenstersprache::Fenstersprache(QObject *vater) : QObject(vater)
     laden();
 }
 
-QList<Sprachsatz> Fenstersprache::angebot()
+QList<Wahleintrag> Fenstersprache::auswahl()
 {
-    QList<Sprachsatz> liste = Sprache::verfuegbare();
-    const auto deutsch =
-        std::find_if(liste.begin(), liste.end(), [](const Sprachsatz &satz) { return satz.kennung == u"de"_s; });
-    Sprachsatz erste{.kennung = u"de"_s, .name = u"Deutsch"_s, .eigen = false, .ort = {}, .mangel = {}};
-    if (deutsch != liste.end()) {
-        erste = *deutsch;
-        liste.erase(deutsch);
+    QList<Wahleintrag> liste = {{.wert = {}, .anzeige = Sprache::text(u"Wie das System"_s)},
+                                {.wert = u"de"_s, .anzeige = u"Deutsch"_s}};
+    for (const Sprachsatz &satz : Sprache::verfuegbare()) {
+        const QString mangel = Sprache::text(/* QUILLMAR_TEXT */ satz.mangel);
+        const Wahleintrag eintrag{.wert = satz.kennung,
+                                  .anzeige = mangel.isEmpty() ? satz.name : satz.name + u" – "_s + mangel,
+                                  .mangel = mangel};
+        if (satz.kennung == "de"_L1)
+            liste[1] = eintrag;
+        else
+            liste << eintrag;
     }
-    liste.prepend(erste);
     return liste;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
-#include "sprachsatz.h"
+#include "wahleintrag.h"
 
 #include <QFileSystemWatcher>
 #include <QObject>
@@ -22,9 +22,8 @@ public:
     /** The stored choice; empty: follow the system. */
     [[nodiscard]] QString kennung() const;
     void waehlen(const QString &kennung);
-    /** The languages that can be chosen, those that cannot with their reason; read anew. German is always among them.
-     */
-    [[nodiscard]] static QList<Sprachsatz> angebot();
+    /** What lies in the folders now, the system's language first. German is always among them. */
+    [[nodiscard]] static QList<Wahleintrag> auswahl();
 
 Q_SIGNALS:
     /** Every text is to be looked up anew. */

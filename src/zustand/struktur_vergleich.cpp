@@ -84,4 +84,11 @@ Strukturzahlen strukturzahlen(const QList<Strukturzeile> &zeilen)
     }
     return zahlen;
 }
+
+bool kenntRubrik(const QList<Strukturzeile> &zeilen, const QString &rubrik)
+{
+    return std::any_of(zeilen.begin(), zeilen.end(), [&](const Strukturzeile &z) {
+        return z.ebene == 2 && z.name == rubrik && z.wechsel != Wechsel::Entfallen;
+    });
+}
 } // namespace quillmar::zustand

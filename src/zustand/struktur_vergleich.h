@@ -34,4 +34,7 @@ struct Strukturzahlen {
 
 /** Counts the lines; what is gone counts only there. */
 [[nodiscard]] Strukturzahlen strukturzahlen(const QList<Strukturzeile> &zeilen);
+
+/** Some filing kind has a rubric of that name, and has it still. */
+[[nodiscard]] bool kenntRubrik(const QList<Strukturzeile> &zeilen, const QString &rubrik);
 } // namespace quillmar::zustand

@@ -5,7 +5,6 @@
 #include "sprache.h"
 
 #include <QDir>
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -95,13 +94,5 @@ void Strukturlesung::ordnen()
     m_stand->struktur = strukturzeilen(m_bekanntes.vorher, jetzt);
     m_stand->zahlen = strukturzahlen(m_stand->struktur);
     Q_EMIT geordnet();
-}
-
-bool Strukturlesung::kenntRubrik(const QString &rubrik) const
-{
-    const QList<Strukturzeile> &zeilen = m_stand->struktur;
-    return std::any_of(zeilen.begin(), zeilen.end(), [&](const Strukturzeile &z) {
-        return z.ebene == 2 && z.name == rubrik && z.wechsel != Strukturzeile::Wechsel::Entfallen;
-    });
 }
 } // namespace quillmar::zustand

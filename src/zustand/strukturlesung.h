@@ -24,8 +24,6 @@ public:
     /** Other settings: the target root may be another one, or the structure. */
     void vergleichen();
     void einlesen();
-    /** Some filing kind of the structure has a rubric of that name. */
-    [[nodiscard]] bool kenntRubrik(const QString &rubrik) const;
 
 Q_SIGNALS:
     void gelesen();  ///< a reading has begun or ended

@@ -3,7 +3,7 @@
 # Adds one forbidden include at a time to a copy of the sources. Each row: the file, what is added, what is to be told.
 set(reihen
     "ui/pruefung/angabenfeld.cpp|\"datenbank.h\"|datenbank.h, which is private to katalog"
-    "ui/ablauf/stufenliste.cpp|<sqlite3.h>|sqlite3.h, which is for: katalog"
+    "ui/ablauf/laufteile.cpp|<sqlite3.h>|sqlite3.h, which is for: katalog"
     "ui/protokoll/sitzungsseite.cpp|\"bewegungsgang.h\"|bewegungsgang.h of ablage"
     "ui/einrichtung/einrichtungsansicht.cpp|\"dokumente.h\"|dokumente.h of katalog"
     "ui/ablauf/zahlenreihe.cpp|\"pruefansicht.h\"|pruefansicht.h of ui/pruefung"

@@ -614,8 +614,8 @@ private Q_SLOTS:
         }
         m_z->setzeReiter(Reiter::Ablauf);
         QCoreApplication::processEvents();
-        QCOMPARE(teil<QLabel>("stufe-1")->accessibleName(), u"Bestand aufnehmen"_s);
-        QCOMPARE(teil<QLabel>("zahl-1")->accessibleName(), u"0 bereit zur Prüfung"_s);
+        QCOMPARE(teil<QWidget>("stufe-1")->accessibleName(), u"Bestand aufnehmen"_s);
+        QCOMPARE(teil<QWidget>("zahl-1")->accessibleName(), u"0 bereit zur Prüfung"_s);
     }
 
     /** Nothing can have the focus without a name, in any card; Tab goes the way of the eye. */

@@ -40,9 +40,8 @@ constexpr int stufenzahl = 4;
 /** What each figure counts, in their order. */
 QStringList gezaehltes()
 {
-    return {Sprache::text(u"bereit zur Prüfung"_s), Sprache::text(u"in Analyse"_s),
-            Sprache::text(u"einsortiert"_s),        Sprache::text(u"zurückgestellt"_s),
-            Sprache::text(u"Dubletten"_s),          Sprache::text(u"ohne Vorschlag"_s),
+    return {Sprache::text(u"bereit zur Prüfung"_s), Sprache::text(u"in Analyse"_s), Sprache::text(u"einsortiert"_s),
+            Sprache::text(u"zurückgestellt"_s),     Sprache::text(u"Dubletten"_s),  Sprache::text(u"ohne Vorschlag"_s),
             Sprache::text(u"aussortiert"_s),        Sprache::text(u"ausgenommen"_s)};
 }
 } // namespace
@@ -56,9 +55,9 @@ AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
       m_frage(new Rueckfrage({{.name = u"modellPruefen"_s, .text = Sprache::text(u"Erneut prüfen"_s)},
                               {.name = u"nurLesen"_s, .text = Sprache::text(u"Nur Texte lesen"_s)}},
                              {.name = u"startAbbrechen"_s, .text = Sprache::text(u"Abbrechen"_s)})),
-      m_hindernisse(new Hinweisfeld(
-          Symbol::Warnung, {},
-          {{.name = u"nochEinmalVersuchen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}})),
+      m_hindernisse(
+          new Hinweisfeld(Symbol::Warnung, {},
+                          {{.name = u"nochEinmalVersuchen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}})),
       m_erneut(knopf(u"erneut"_s, Sprache::text(u"Erneut versuchen"_s), {}, Knopfart::Feld, Symbol::NeuLaden)),
       m_alleErneut(
           knopf(u"alleErneut"_s, Sprache::text(u"Alle erneut versuchen"_s), {}, Knopfart::Feld, Symbol::NeuLaden)),
@@ -77,8 +76,7 @@ AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
 
 QWidget *AblaufAnsicht::kopf()
 {
-    return traeger(
-        spalte({reihe({{m_titel, 1}, m_anhalten, m_pruefen, m_starten}), m_unterzeile}, Abstand::Eng));
+    return traeger(spalte({reihe({{m_titel, 1}, m_anhalten, m_pruefen, m_starten}), m_unterzeile}, Abstand::Eng));
 }
 
 QWidget *AblaufAnsicht::zahlen()
@@ -348,7 +346,8 @@ void AblaufAnsicht::ausraeumenZeigen()
     QString hilfe;
     if (raeumt) {
         text = Sprache::text(u"Anhalten"_s);
-        hilfe = Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest bleibt, wie er ist."_s);
+        hilfe =
+            Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest bleibt, wie er ist."_s);
     } else if (profil.kopieren) {
         text = Sprache::text(u"Nicht mitkopieren"_s);
     }

@@ -16,17 +16,18 @@ enum Listenrolle {
     Wortart,    ///< Stil::Schrift of that word, as int: secondary by default, or a warning
     Hauptzeile, ///< 0 or 1: which of the two lines is the one to be read first; the other is secondary
     Gewaehlt,   ///< the row is the chosen one, whatever row is current
+    Kennung,    ///< Listenzeile::kennung
     Zeilentat   ///< Symbol at the end of the row that does something when it is clicked, as int
 };
 
 /** A row as data, for lists that are short enough to be held. */
 struct Listenzeile {
-    QVariant kennung; ///< whose row it is
-    QString erste;
-    QString zweite;
-    QString wort;
+    QVariant kennung = {}; ///< whose row it is
+    QString erste = {};
+    QString zweite = {};
+    QString wort = {};
     Symbol marke = Symbol::Keines;
-    QString ansage; ///< read aloud in place of its lines; empty: those
+    QString ansage = {}; ///< read aloud in place of its lines; empty: those
     bool operator==(const Listenzeile &) const = default;
 };
 

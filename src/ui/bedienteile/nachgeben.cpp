@@ -8,8 +8,10 @@
 
 namespace quillmar::bedienteile
 {
-Nachgeben::Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwenden, std::function<bool()> passt)
-    : QObject(traeger), m_traeger(traeger), m_letzte(letzte), m_anwenden(std::move(anwenden)), m_passt(std::move(passt))
+Nachgeben::Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwenden, std::function<bool()> passt,
+                     Anlass anlass)
+    : QObject(traeger), m_traeger(traeger), m_letzte(letzte), m_anwenden(std::move(anwenden)),
+      m_passt(std::move(passt)), m_anlass(anlass)
 {
     if (!m_passt)
         m_passt = [traeger] { return traeger->layout()->sizeHint().width() <= traeger->width(); };
@@ -34,7 +36,8 @@ void Nachgeben::pruefen()
 
 bool Nachgeben::eventFilter(QObject *, QEvent *ereignis)
 {
-    if (ereignis->type() == QEvent::Resize || ereignis->type() == QEvent::LayoutRequest)
+    const bool inhalt = ereignis->type() == QEvent::LayoutRequest && m_anlass == Anlass::Inhalt;
+    if (inhalt || ereignis->type() == QEvent::Resize || ereignis->type() == QEvent::FontChange)
         pruefen();
     return false;
 }

@@ -18,11 +18,14 @@ class Nachgeben : public QObject
     Q_OBJECT
 
 public:
+    /** What is a reason to try again: another size, or other contents too. */
+    enum class Anlass { Groesse, Inhalt };
     /**
      * @p anwenden shows it in way 0 (everything) to @p letzte (the least). @p passt: by default whether the layout of
      * @p traeger asks for no more width than there is.
      */
-    Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwenden, std::function<bool()> passt = {});
+    Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwenden, std::function<bool()> passt = {},
+              Anlass anlass = Anlass::Inhalt);
 
     void pruefen();
     [[nodiscard]] int stufe() const { return m_stufe; }
@@ -34,6 +37,7 @@ private:
     std::function<void(int)> m_anwenden;
     std::function<bool()> m_passt;
     int m_stufe = 0;
+    Anlass m_anlass;
     bool m_dabei = false;
 };
 } // namespace quillmar::bedienteile

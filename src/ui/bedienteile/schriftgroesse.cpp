@@ -2,7 +2,9 @@
 
 #include "einstellungen.h"
 #include "kleiderordnung.h"
+#include "sprache.h"
 #include "stil.h"
+#include "text.h"
 
 #include <QApplication>
 #include <algorithm>
@@ -36,6 +38,18 @@ void schriftgroesseAnwenden()
     anwenden();
     QObject::connect(Kleiderordnung::derAnwendung(), &Kleiderordnung::geaendert, qApp, anwenden);
 }
+
+QList<Wahleintrag> schriftgroessen()
+{
+    QList<Wahleintrag> groessen;
+    for (int punkte = int(Stil::kleinsteSchrift); punkte <= int(Stil::groessteSchrift); ++punkte) {
+        const QString wert = QString::number(punkte);
+        groessen << Wahleintrag{.wert = wert, .anzeige = gefuellt(Sprache::text(u"%@ Punkt"_s), {wert})};
+    }
+    return groessen;
+}
+
+QString naechsteSchriftgroesse() { return QString::number(qRound(Stil::schriftgroesse())); }
 
 void schriftgroesseWaehlen(double punkte)
 {

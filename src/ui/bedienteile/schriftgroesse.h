@@ -1,11 +1,16 @@
 #pragma once
 
+#include "auswahl.h"
 #include "namensraeume.h"
 
 namespace quillmar::bedienteile
 {
 /** Sets and stores the font size, within its bounds. */
 void schriftgroesseWaehlen(double punkte);
+
+/** The sizes that are offered, and the one that comes next to what is set. */
+[[nodiscard]] QList<Wahleintrag> schriftgroessen();
+[[nodiscard]] QString naechsteSchriftgroesse();
 
 /**
  * Takes the stored font size over into the running program, and again whenever a desktop sets a font of its own later;

@@ -97,11 +97,7 @@ private:
         text->setObjectName(name + u"-stand"_s);
         reihe(beschriftung, hilfe, eingabe, daneben(eingabe, rubrikzeichen, text));
         folgen([this, text, feld, hilfe] {
-            const QString &wert = profil().*feld;
-            const bool fehlt = !profil().zweige.isEmpty() && !einrichtung()->kenntRubrik(wert);
-            text->setzen(fehlt ? Symbol::Info : Symbol::Keines,
-                         fehlt ? Sprache::text(u"Gibt es in deiner Struktur nicht. Dann wird nicht unterschieden."_s)
-                               : hilfe);
+            zeigen(*text, Befunde::rubrik(einrichtung()->lage(), profil().*feld), hilfe);
         });
     }
 };

@@ -162,23 +162,18 @@ private:
 
     void zeigen()
     {
-        anzahlZeigen(m_zuordnungen, gelerntes().zuordnungen.size(),
-                     Sprache::text(u"Noch keine. Übernimmst du ein Dokument, merkt sich das Programm den Ort für sein "
-                                   "Gegenüber."_s));
-        anzahlZeigen(m_gleichungen, gelerntes().gleichungen.size(),
-                     Sprache::text(u"Noch keine. Änderst du beim Prüfen den Namen des Gegenübers, merkt sich das "
-                                   "Programm die Gleichung und trägt sie in alle wartenden Dokumente mit dem alten "
-                                   "Namen ein."_s));
+        anzahlZeigen(m_zuordnungen, gelerntes().zuordnungen.size(), Befunde::zuordnungen(einrichtung()->lage()));
+        anzahlZeigen(m_gleichungen, gelerntes().gleichungen.size(), Befunde::gleichungen(einrichtung()->lage()));
         m_alles->setVisible(m_frage->isHidden() &&
                             (!gelerntes().zuordnungen.isEmpty() || !gelerntes().gleichungen.isEmpty()));
     }
 
     /** The line that was forgotten gives its place to the next, so that one can go on. */
-    void anzahlZeigen(const Liste &l, qsizetype anzahl, const QString &leer)
+    void anzahlZeigen(const Liste &l, qsizetype anzahl, const Befund &befund)
     {
         const int zeile = l.ansicht->currentIndex().row();
         l.modell->setzeAnzahl(int(anzahl));
-        l.text->erklaeren(anzahl == 0 ? leer : gefuellt(Sprache::text(u"%@ gemerkt"_s), {QString::number(anzahl)}));
+        einrichtung::zeigen(*l.text, befund);
         if (zeile >= 0 && anzahl > 0)
             l.ansicht->setCurrentIndex(l.modell->index(std::min(zeile, int(anzahl) - 1), 0));
         l.vergessen->setEnabled(l.ansicht->currentIndex().isValid());

@@ -6,7 +6,6 @@
 #include "pruefung.h"
 #include "sprache.h"
 #include "stil.h"
-#include "text.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -34,8 +33,7 @@ public:
         : Abschnittsseite(profilwahl, einrichtung, Abschnitt::Herkunft,
                           Sprache::text(u"Der Ordner mit den Scans. Gelesen wird er nur, bis du einen Vorschlag "
                                         "übernimmst."_s),
-                          eltern),
-          m_pruefung(pruefung)
+                          eltern)
     {
         ordnerBauen();
         ausnahmenBauen();
@@ -199,38 +197,9 @@ private:
         if (m_regeln->stringList() != profil().ausnahmen)
             m_regeln->setStringList(profil().ausnahmen);
         m_entfernen->setEnabled(m_liste->currentIndex().isValid());
-        fundZeigen();
+        einrichtung::zeigen(*m_fund, Befunde::quelle(einrichtung()->lage()));
         ruhendeZeigen();
         ausgelasseneZeigen();
-    }
-
-    void fundZeigen()
-    {
-        const auto &bereit = profilwahl()->bereitschaft();
-        const auto &quelle = einrichtung()->stand().quelle;
-        if (profil().quelle.isEmpty())
-            return m_fund->erklaeren(Sprache::text(u"Noch nicht gewählt. Hier liegen die Scans, die einen Namen "
-                                                   "brauchen."_s));
-        if (bereit && !bereit->quelle)
-            return m_fund->setzen(
-                Symbol::Warnung, Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
-        if (!quelle)
-            return m_fund->setzen(Symbol::Laeuft, Sprache::text(u"PDF werden gezählt …"_s));
-        m_fund->setzen(quelle->anzahl > 0 ? Symbol::Gut : Symbol::Warnung, fundsatz(*quelle));
-    }
-
-    [[nodiscard]] static QString fundsatz(const Quellstand &quelle)
-    {
-        QString satz = gefuellt(Sprache::text(quelle.anzahl, u"1 PDF gefunden."_s, u"%@ PDF gefunden."_s),
-                                {QString::number(quelle.anzahl)});
-        if (quelle.ausgenommen > 0)
-            satz += u' ' + gefuellt(Sprache::text(u"%@ durch Ausnahmen ausgelassen."_s),
-                                    {QString::number(quelle.ausgenommen)});
-        if (quelle.ausgelassen > 0)
-            satz +=
-                u' ' + gefuellt(Sprache::text(u"%@ ausgelassen: Verweise oder Namen, die sich nicht lesen lassen."_s),
-                                {QString::number(quelle.ausgelassen)});
-        return satz;
     }
 
     /** While the folder is counted anew the last list stays. */
@@ -246,18 +215,8 @@ private:
             modell->setStringList(liste);
     }
 
-    void ruhendeZeigen()
-    {
-        const qint64 anzahl = m_pruefung->ausgenommen();
-        if (anzahl == 0)
-            m_ruhende->erklaeren(Sprache::text(u"Derzeit ruht kein Dokument wegen einer Ausnahme."_s));
-        else
-            m_ruhende->erklaeren(gefuellt(Sprache::text(anzahl, u"%@ Dokument ruht wegen einer Ausnahme."_s,
-                                                        u"%@ Dokumente ruhen wegen einer Ausnahme."_s),
-                                          {QString::number(anzahl)}));
-    }
+    void ruhendeZeigen() { einrichtung::zeigen(*m_ruhende, Befunde::ruhende(einrichtung()->lage())); }
 
-    Pruefung *m_pruefung;
     Marktext *m_fund = nullptr;
     QCheckBox *m_tiefer = nullptr;
     QLineEdit *m_neue = nullptr;

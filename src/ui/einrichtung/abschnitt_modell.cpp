@@ -1,5 +1,6 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "auswahl.h"
 #include "balken.h"
 #include "einrichtung.h"
 #include "flachknopf.h"
@@ -7,17 +8,12 @@
 #include "modelldienst.h"
 #include "sprache.h"
 #include "stil.h"
-#include "text.h"
-#include "zeichen.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QStandardItemModel>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -33,7 +29,6 @@ constexpr int zahlzeichen = 8;
 constexpr int meisteSeiten = 50;
 constexpr int meisteZeichen = 20'000;
 constexpr int zeichenschritt = 100;
-constexpr double knapp = 0.9;
 
 /** The models with what is known about them, how much is read, and whether the question still fits. */
 class Modell : public Abschnittsseite
@@ -180,20 +175,21 @@ private:
     void zeigen()
     {
         const Modellstand &stand = m_modelldienst->modellstand();
-        serverZeigen(stand.art);
+        const Einrichtungslage lage = einrichtung()->lage();
+        einrichtung::zeigen(*m_server, Befunde::server(lage));
         modellZeigen(m_klein);
         modellZeigen(m_gross);
+        einrichtung::zeigen(*m_klein.stand, Befunde::modell(lage, profil().modell, m_klein.wahl->currentText()));
+        einrichtung::zeigen(*m_gross.stand, Befunde::modellGross(lage, m_gross.wahl->currentText()));
         m_zweitmeinung->setChecked(profil().zweitmeinung);
         m_gross.wahl->setEnabled(profil().zweitmeinung);
-        if (!profil().zweitmeinung) {
-            m_gross.stand->erklaeren(Sprache::text(u"Wird nicht gefragt."_s));
-            m_gross.laden->hide();
-        }
+        m_gross.laden->setVisible(profil().zweitmeinung && !m_gross.laden->isHidden());
         m_ladeteil->setVisible(!stand.laedtModell.isEmpty());
-        fortschrittZeigen(stand);
+        m_balken->setzeAnteil(stand.ladegroesse > 0 ? double(stand.geladen) / double(stand.ladegroesse) : 0);
+        einrichtung::zeigen(*m_menge, Befunde::ladestand(lage));
         zahlZeigen(m_seiten, profil().seiten);
         zahlZeigen(m_zeichen, profil().maxZeichen);
-        platzZeigen();
+        einrichtung::zeigen(*m_platz, Befunde::platz(lage));
     }
 
     static void zahlZeigen(QSpinBox *eingabe, int wert)
@@ -204,63 +200,13 @@ private:
         eingabe->setValue(wert);
     }
 
-    void serverZeigen(Modellstand::Art art)
-    {
-        if (art == Modellstand::Art::Unbekannt)
-            return m_server->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
-        if (art == Modellstand::Art::ServerFehlt)
-            return m_server->setzen(Symbol::Warnung,
-                                    Sprache::text(u"ollama läuft nicht. Was zu tun ist, steht unter Programme."_s) +
-                                        umgebung(u" "_s));
-        const QString hinweis = umgebung(u". "_s);
-        m_server->setzen(hinweis.isEmpty() ? Symbol::Gut : Symbol::Warnung, Sprache::text(u"ollama läuft"_s) + hinweis);
-    }
-
-    /** That the environment names a server which is not asked. */
-    static QString umgebung(const QString &davor)
-    {
-        const QString hinweis = Modelldienst::umgebungshinweis();
-        return hinweis.isEmpty() ? hinweis : davor + hinweis;
-    }
-
     void modellZeigen(const Modellwahl &w)
     {
         const Modellstand &stand = m_modelldienst->modellstand();
         const QString &gewaehlt = profil().*w.feld;
         wahlZeigen(w, stand, gewaehlt);
-        const bool anderswo = stand.rechnetAnderswo(w.wahl->currentText());
-        const bool da = Modellstand::treffer(stand.vorhandene, gewaehlt).has_value();
-        const bool kommt = stand.laedtModell == gewaehlt && !gewaehlt.isEmpty();
-        w.laden->setVisible(!da && !kommt && !anderswo && !gewaehlt.isEmpty());
+        w.laden->setVisible(Befunde::fehlt(stand, gewaehlt, w.wahl->currentText()));
         w.laden->setEnabled(stand.art != Modellstand::Art::ServerFehlt && stand.laedtModell.isEmpty());
-        if (anderswo)
-            w.stand->setzen(Symbol::Warnung, Modellstand::anderswoSatz(w.wahl->currentText()));
-        else if (gewaehlt.isEmpty())
-            w.stand->erklaeren(Sprache::text(u"Keines gewählt."_s));
-        else if (kommt)
-            w.stand->setzen(Symbol::Laeuft, ladewort(stand));
-        else if (da)
-            w.stand->setzen(Symbol::Gut, Sprache::text(u"einsatzbereit"_s));
-        else
-            fehlendesZeigen(w, stand, gewaehlt);
-    }
-
-    static void fehlendesZeigen(const Modellwahl &w, const Modellstand &stand, const QString &gewaehlt)
-    {
-        if (stand.art == Modellstand::Art::ServerFehlt || stand.art == Modellstand::Art::Unbekannt)
-            return w.stand->erklaeren(Sprache::text(u"Ob es da ist, weiß nur der Modellserver."_s));
-        QString satz = gefuellt(Sprache::text(u"Das Modell %@ fehlt noch"_s), {gewaehlt});
-        if (stand.fehlermodell == gewaehlt && !stand.ladefehler.isEmpty())
-            satz += u": "_s + stand.ladefehler;
-        w.stand->setzen(Symbol::Warnung, satz);
-    }
-
-    static QString ladewort(const Modellstand &stand)
-    {
-        if (stand.ladegroesse <= 0)
-            return Sprache::text(u"wird geladen"_s);
-        return gefuellt(Sprache::text(u"wird geladen, %@ %"_s),
-                        {QString::number(stand.geladen * 100 / stand.ladegroesse)});
     }
 
     /** The list is left alone while someone types into it. */
@@ -269,70 +215,12 @@ private:
         QStringList namen = stand.vorhandene;
         if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
             namen.prepend(gewaehlt);
-        QStringList jetzige;
-        for (int i = 0; i < w.wahl->count(); ++i)
-            jetzige << w.wahl->itemText(i);
-        const bool tippt = w.wahl->lineEdit()->hasFocus() && w.wahl->lineEdit()->isModified();
-        if (tippt)
+        if (w.wahl->lineEdit()->hasFocus() && w.wahl->lineEdit()->isModified())
             return;
-        const QSignalBlocker still(w.wahl);
-        if (jetzige != namen) {
-            w.wahl->clear();
-            w.wahl->addItems(namen);
-        }
-        entferntesSperren(w.wahl, stand);
-        w.wahl->setCurrentIndex(int(namen.indexOf(gewaehlt)));
-        if (!stand.rechnetAnderswo(w.wahl->currentText()) || w.wahl->currentIndex() >= 0)
-            w.wahl->setEditText(gewaehlt);
-    }
-
-    /** A model that the server only passes on is there to be seen, with the reason, and cannot be chosen. */
-    static void entferntesSperren(QComboBox *wahl, const Modellstand &stand)
-    {
-        auto *liste = qobject_cast<QStandardItemModel *>(wahl->model());
-        for (int i = 0; liste && i < liste->rowCount(); ++i) {
-            QStandardItem *eintrag = liste->item(i);
-            const bool anderswo = stand.rechnetAnderswo(eintrag->text());
-            eintrag->setEnabled(!anderswo);
-            eintrag->setToolTip(anderswo ? Modellstand::anderswoSatz(eintrag->text()) : QString());
-            eintrag->setIcon(anderswo ? Zeichen::icon(Symbol::Warnung) : QIcon());
-        }
-    }
-
-    void fortschrittZeigen(const Modellstand &stand)
-    {
-        m_balken->setzeAnteil(stand.ladegroesse > 0 ? double(stand.geladen) / double(stand.ladegroesse) : 0);
-        QStringList teile;
-        if (stand.ladegroesse > 0)
-            teile << gefuellt(Sprache::text(u"%@ von %@"_s), {QLocale().formattedDataSize(stand.geladen, 1),
-                                                              QLocale().formattedDataSize(stand.ladegroesse, 1)});
-        else
-            teile << stand.ladetext;
-        if (!stand.restzeit.isEmpty())
-            teile << stand.restzeit;
-        m_menge->erklaeren(teile.join(u" · "_s) + u". "_s +
-                           Sprache::text(u"Du kannst inzwischen weiter einrichten."_s));
-    }
-
-    void platzZeigen()
-    {
-        const double anteil = platzImModell(profil());
-        const QString prozent = QString::number(qRound(anteil * 100));
-        const QString rubriken = QString::number(einrichtung()->stand().zahlen.rubriken);
-        if (anteil > 1)
-            m_platz->setzen(Symbol::Warnung,
-                            gefuellt(Sprache::text(u"Braucht mit Rubriken: %@ etwa %@ Prozent dessen, was das Modell "
-                                                   "fasst. Lass weniger Zeichen lesen oder fasse Rubriken zusammen."_s),
-                                     {rubriken, prozent}));
-        else if (anteil > knapp)
-            m_platz->setzen(Symbol::Info,
-                            gefuellt(Sprache::text(u"Belegt etwa %@ Prozent dessen, was das Modell fasst. Das ist "
-                                                   "knapp."_s),
-                                     {prozent}));
-        else
-            m_platz->setzen(
-                Symbol::Gut,
-                gefuellt(Sprache::text(u"Belegt etwa %@ Prozent dessen, was das Modell fasst."_s), {prozent}));
+        QList<Wahleintrag> eintraege = wahleintraege(namen);
+        for (Wahleintrag &eintrag : eintraege)
+            eintrag.mangel = stand.rechnetAnderswo(eintrag.wert) ? Modellstand::anderswoSatz(eintrag.wert) : QString();
+        wahlAuffrischen(w.wahl, eintraege, gewaehlt);
     }
 
     Modelldienst *m_modelldienst;

@@ -48,11 +48,6 @@ public:
         folgen([this] { beispielZeigen(); });
     }
 
-    [[nodiscard]] QString fussnote() const override
-    {
-        return Sprache::text(u"Gilt ab dem nächsten Übernehmen. Schon Abgelegtes behält seinen Namen."_s);
-    }
-
 private:
     void vorlage(const QString &name, QString Profil::*feld, const QString &beschriftung, const QString &hilfe,
                  const QList<Baustein> &bausteine, bool istPfad)
@@ -103,8 +98,7 @@ private:
         darunter(zeile);
         folgen([this, text, entfernen, feld, istPfad, zeile] {
             const QList<Vorlagenmangel> maengel = vorlagenmaengel(profil().*feld, istPfad);
-            text->setzen(maengel.isEmpty() ? Symbol::Keines : Symbol::Warnung,
-                         maengel.isEmpty() ? QString() : maengel.first().satz);
+            zeigen(*text, Befunde::vorlage(profil().*feld, istPfad));
             entfernen->setVisible(!maengel.isEmpty() && !maengel.first().block.isEmpty());
             zeile->setVisible(!maengel.isEmpty());
         });
@@ -154,21 +148,13 @@ private:
     void beispielZeigen()
     {
         const Beispiel b = einrichtung()->beispiel();
-        m_erklaerung->erklaeren(b.echt ? Sprache::text(u"An einem Dokument, das auf deine Prüfung wartet. Rechnet sich "
-                                                       "mit jedem Tastendruck neu."_s)
-                                       : Sprache::text(u"Noch wartet kein Dokument, deshalb an einem erfundenen. "
-                                                       "Rechnet sich mit jedem Tastendruck neu."_s));
+        zeigen(*m_erklaerung, Befunde::beispiel(b));
         m_anderes->setEnabled(b.echt);
         m_dokument->setzeText(b.dokument);
         m_name->setzeText(b.name);
-        m_ort->setzeText(ort(b.ort));
+        m_ort->setzeText(Befunde::ort(b.ort));
         m_ohneTitel->setzeText(b.ohneTitel);
-        m_ohneRubrik->setzeText(ort(b.ohneRubrik));
-    }
-
-    static QString ort(const QStringList &ebenen)
-    {
-        return ebenen.isEmpty() ? Sprache::text(u"Noch kein Zielordner gewählt"_s) : ebenen.join(u" › "_s);
+        m_ohneRubrik->setzeText(Befunde::ort(b.ohneRubrik));
     }
 
     Marktext *m_erklaerung = nullptr;

@@ -11,8 +11,6 @@
 #include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QSpinBox>
-#include <QStandardItemModel>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -22,37 +20,6 @@ namespace quillmar::einrichtung
 namespace
 {
 constexpr int sprachzeichen = 22;
-constexpr int zahlzeichen = 8;
-
-/** Reads what lies in the folders whenever it is opened; a file that cannot be chosen says why. */
-class Sprachwahl : public QComboBox
-{
-public:
-    Sprachwahl(Fenstersprache *sprache, QWidget *eltern) : QComboBox(eltern), m_sprache(sprache) { fuellen(); }
-
-    void showPopup() override
-    {
-        fuellen();
-        QComboBox::showPopup();
-    }
-
-private:
-    void fuellen()
-    {
-        const QSignalBlocker still(this);
-        clear();
-        addItem(Sprache::text(u"Wie das System"_s), QString());
-        for (const Sprachsatz &satz : Fenstersprache::angebot()) {
-            const QString mangel = Sprache::text(/* QUILLMAR_TEXT */ satz.mangel);
-            addItem(mangel.isEmpty() ? satz.name : satz.name + u" – "_s + mangel, satz.kennung);
-            if (!mangel.isEmpty())
-                qobject_cast<QStandardItemModel *>(model())->item(count() - 1)->setEnabled(false);
-        }
-        setCurrentIndex(std::max(0, findData(m_sprache->kennung())));
-    }
-
-    Fenstersprache *m_sprache;
-};
 
 /** Language and font size of the window. */
 class Oberflaeche : public Abschnittsseite
@@ -73,7 +40,11 @@ public:
 private:
     void spracheBauen()
     {
-        auto *wahl = new Sprachwahl(m_sprache, this);
+        auto *wahl = new Auswahl(
+            [sprache = m_sprache](QComboBox *auswahl) {
+                wahlAuffrischen(auswahl, Fenstersprache::auswahl(), sprache->kennung());
+            },
+            this);
         wahl->setObjectName(u"sprache"_s);
         // Later: the choice goes down with the window's whole content.
         connect(wahl, &QComboBox::activated, m_sprache, [sprache = m_sprache, wahl](int stelle) {
@@ -89,19 +60,15 @@ private:
 
     void schriftBauen()
     {
-        auto *groesse = new QSpinBox(this);
+        auto *groesse = new QComboBox(this);
         groesse->setObjectName(u"schriftgroesse-wahl"_s);
-        groesse->setRange(int(Stil::kleinsteSchrift), int(Stil::groessteSchrift));
-        groesse->setSuffix(u" pt"_s);
-        connect(groesse, &QSpinBox::valueChanged, this, [](int punkte) { schriftgroesseWaehlen(punkte); });
-        Stil::folgen(groesse, [groesse] {
-            const QSignalBlocker still(groesse);
-            groesse->setValue(qRound(Stil::schriftgroesse()));
-        });
+        connect(groesse, &QComboBox::activated, this,
+                [groesse] { schriftgroesseWaehlen(groesse->currentData().toDouble()); });
+        Stil::folgen(groesse, [groesse] { wahlAuffrischen(groesse, schriftgroessen(), naechsteSchriftgroesse()); });
         auto *text = marktext();
         text->erklaeren(Sprache::text(u"Überall auch mit Strg und Plus oder Minus."_s));
         reihe(Sprache::text(u"Schriftgröße"_s), Sprache::text(u"Grundgröße der Schrift in Punkt."_s), groesse,
-              daneben(groesse, zahlzeichen, text));
+              daneben(groesse, sprachzeichen, text));
     }
 
     void ordnerBauen()

@@ -1,5 +1,6 @@
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "auswahl.h"
 #include "einrichtung.h"
 #include "flachknopf.h"
 #include "marktext.h"
@@ -7,9 +8,7 @@
 #include "ocrsprachen.h"
 #include "sprache.h"
 #include "stil.h"
-#include "text.h"
 
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -103,69 +102,23 @@ private:
 
     void zeigen()
     {
-        const auto &programme = einrichtung()->stand().programme;
-        for (int i = 0; i < m_werkzeuge.size(); ++i) {
-            if (programme)
-                werkzeugZeigen(*m_werkzeuge.at(i), programme->werkzeuge.at(i));
-            else
-                m_werkzeuge.at(i)->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
-        }
-        sprachenZeigen(programme ? programme->sprachen : QStringList());
+        const Einrichtungslage lage = einrichtung()->lage();
+        for (Marktext *text : m_werkzeuge)
+            einrichtung::zeigen(*text, Befunde::werkzeug(lage, text->objectName().section(u'-', 1)));
+        const auto &programme = lage.stand.programme;
+        QList<Wahleintrag> sprachen;
+        for (const QString &code :
+             Ocrsprachen::auswahl(programme ? programme->sprachen : QStringList(), lage.profil.ocrSprache))
+            sprachen << Wahleintrag{.wert = code, .anzeige = Ocrsprachen::name(code)};
+        wahlAuffrischen(m_sprache, sprachen, lage.profil.ocrSprache);
+        einrichtung::zeigen(*m_sprachstand, Befunde::ocrSprache(lage));
         serverZeigen();
-    }
-
-    static void werkzeugZeigen(Marktext &text, const Programmstand::Werkzeug &w)
-    {
-        if (w.pfad.isEmpty())
-            text.setzen(Symbol::Warnung,
-                        gefuellt(Sprache::text(u"Nicht gefunden. Installiere das Paket %@."_s), {w.paket}));
-        else
-            text.setzen(Symbol::Gut, w.pfad);
-    }
-
-    void sprachwahlZeigen(const QStringList &auswahl)
-    {
-        QStringList jetzige;
-        for (int i = 0; i < m_sprache->count(); ++i)
-            jetzige << m_sprache->itemData(i).toString();
-        if (jetzige != auswahl) {
-            m_sprache->clear();
-            for (const QString &code : auswahl)
-                m_sprache->addItem(Ocrsprachen::name(code), code);
-        }
-        m_sprache->setCurrentIndex(int(auswahl.indexOf(profil().ocrSprache)));
-    }
-
-    void sprachenZeigen(const QStringList &installierte)
-    {
-        sprachwahlZeigen(Ocrsprachen::auswahl(installierte, profil().ocrSprache));
-        const auto &programme = einrichtung()->stand().programme;
-        if (!programme || installierte.isEmpty())
-            return m_sprachstand->erklaeren(Sprache::text(u"Noch keine Sprachen gefunden."_s));
-        if (programme->kann(profil().ocrSprache))
-            return m_sprachstand->erklaeren(
-                gefuellt(Sprache::text(u"Installiert: %@."_s), {Ocrsprachen::namen(installierte).join(u", "_s)}));
-        m_sprachstand->setzen(
-            Symbol::Warnung,
-            gefuellt(Sprache::text(u"%@ ist nicht installiert, Scans bleiben ungelesen. Installiere das Paket %@."_s),
-                     {Ocrsprachen::name(profil().ocrSprache), Ocrsprachen::paket(profil().ocrSprache)}));
     }
 
     void serverZeigen()
     {
-        switch (m_modelldienst->modellstand().art) {
-        case Modellstand::Art::Unbekannt:
-            m_server->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
-            return m_rat->erklaeren({});
-        case Modellstand::Art::ServerFehlt:
-            m_server->setzen(Symbol::Warnung, m_modelldienst->modellMeldung());
-            return m_rat->erklaeren(
-                Sprache::text(u"Starte ihn mit „ollama serve“. Fehlt er ganz, installiere das Programm ollama und "
-                              "prüfe dann erneut."_s));
-        default:
-            m_server->setzen(Symbol::Gut, Sprache::text(u"Der Modellserver läuft."_s));
-            m_rat->erklaeren(m_modelldienst->modellMeldung());
-        }
+        einrichtung::zeigen(*m_server, Befunde::modellserver(einrichtung()->lage()));
+        einrichtung::zeigen(*m_rat, Befunde::serverrat(einrichtung()->lage()));
     }
 
     Modelldienst *m_modelldienst;

@@ -6,7 +6,6 @@
 #include "sprache.h"
 #include "stil.h"
 #include "strukturmodell.h"
-#include "text.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -49,14 +48,6 @@ public:
         m_modell->setzen(einrichtung->stand().struktur);
         m_baum->expandAll();
         folgen([this] { zeigen(); });
-    }
-
-    [[nodiscard]] QString fussnote() const override
-    {
-        const Strukturzahlen &z = einrichtung()->stand().zahlen;
-        return z.neu > 0 || z.entfallen > 0
-                   ? Sprache::text(u"Die Änderungen der Struktur gelten ab dem nächsten Durchgang."_s)
-                   : QString();
     }
 
 private:
@@ -167,51 +158,12 @@ private:
     {
         m_verschieben->setChecked(!profil().kopieren);
         m_kopieren->setChecked(profil().kopieren);
-        const auto &bereit = profilwahl()->bereitschaft();
-        const bool da = bereit && bereit->ziel;
-        if (profil().zielWurzel.isEmpty())
-            m_wurzelstand->erklaeren(Sprache::text(u"Noch nicht gewählt. Hierhin wandern die Dokumente, die du "
-                                                   "übernimmst."_s));
-        else if (!bereit)
-            m_wurzelstand->setzen(Symbol::Laeuft, Sprache::text(u"Wird gesucht …"_s));
-        else if (!da)
-            m_wurzelstand->setzen(
-                Symbol::Warnung, Sprache::text(u"Diesen Ordner gibt es nicht, oder er ist gerade nicht erreichbar."_s));
-        else
-            m_wurzelstand->setzen(Symbol::Gut, Sprache::text(u"Ordner gefunden."_s));
+        einrichtung::zeigen(*m_wurzelstand, Befunde::zielWurzel(einrichtung()->lage()));
         m_einlesen->setEnabled(!profil().zielWurzel.isEmpty() && !einrichtung()->stand().liestStruktur);
         zahlenZeigen();
     }
 
-    void zahlenZeigen()
-    {
-        const Einrichtungsstand &e = einrichtung()->stand();
-        const Strukturzahlen &z = e.zahlen;
-        if (e.liestStruktur)
-            return m_zahlen->setzen(Symbol::Laeuft, Sprache::text(u"Ordner werden gelesen …"_s));
-        if (!e.strukturmangel.isEmpty())
-            return m_zahlen->setzen(Symbol::Warnung, e.strukturmangel);
-        if (e.strukturAlt)
-            return m_zahlen->setzen(
-                Symbol::Warnung,
-                Sprache::text(u"Die Struktur stammt aus dem bisherigen Zielordner. Lies sie neu ein."_s));
-        if (z.rubriken == 0 && z.ablagen == 0)
-            return m_zahlen->erklaeren(Sprache::text(u"Noch nicht eingelesen. Ohne Struktur weiß das Modell nicht, "
-                                                     "wohin."_s));
-        m_zahlen->erklaeren(zahlensatz(z, e.geradeGelesen));
-    }
-
-    [[nodiscard]] static QString zahlensatz(const Strukturzahlen &z, bool geradeGelesen)
-    {
-        QString satz = gefuellt(Sprache::text(u"Zweige: %@, Ablagen: %@, Rubriken: %@."_s),
-                                {QString::number(z.zweige), QString::number(z.ablagen), QString::number(z.rubriken)});
-        if (z.neu > 0 || z.entfallen > 0)
-            satz += u' ' + gefuellt(Sprache::text(u"Neu: %@, entfallen: %@."_s),
-                                    {QString::number(z.neu), QString::number(z.entfallen)});
-        else if (geradeGelesen)
-            satz += u' ' + Sprache::text(u"Eben eingelesen, nichts hat sich geändert."_s);
-        return satz;
-    }
+    void zahlenZeigen() { einrichtung::zeigen(*m_zahlen, Befunde::struktur(einrichtung()->lage())); }
 
     Marktext *m_wurzelstand = nullptr;
     QRadioButton *m_verschieben = nullptr;

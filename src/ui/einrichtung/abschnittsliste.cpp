@@ -1,5 +1,6 @@
 #include "abschnittsliste.h"
 
+#include "abschnittsseite.h"
 #include "einrichtung.h"
 #include "sprache.h"
 #include "stil.h"
@@ -22,25 +23,6 @@ namespace
 constexpr int rolleZeile = Qt::UserRole;
 constexpr int rolleSymbol = Qt::UserRole + 1;
 
-Symbol symbol(Abschnittsstand::Lage lage)
-{
-    switch (lage) {
-    case Abschnittsstand::Lage::Fehlt:
-    case Abschnittsstand::Lage::Offen:
-        return Symbol::Offen;
-    case Abschnittsstand::Lage::Gestoert:
-    case Abschnittsstand::Lage::Warnung:
-        return Symbol::Warnung;
-    case Abschnittsstand::Lage::Prueft:
-        return Symbol::Laeuft;
-    case Abschnittsstand::Lage::Gut:
-        return Symbol::Gut;
-    case Abschnittsstand::Lage::Ohne:
-        break;
-    }
-    return Symbol::Keines;
-}
-
 QString spracheUndSchrift()
 {
     const QString punkte = gefuellt(Sprache::text(u"%@ Punkt"_s), {QString::number(qRound(Stil::schriftgroesse()))});
@@ -49,25 +31,6 @@ QString spracheUndSchrift()
             return satz.name + u", "_s + punkte;
     }
     return u"Deutsch, "_s + punkte;
-}
-
-/** The mark in words, for who cannot see it. */
-QString wort(Abschnittsstand::Lage lage)
-{
-    switch (lage) {
-    case Abschnittsstand::Lage::Fehlt:
-    case Abschnittsstand::Lage::Offen:
-        return Sprache::text(u"fehlt noch"_s);
-    case Abschnittsstand::Lage::Gestoert:
-    case Abschnittsstand::Lage::Warnung:
-        return Sprache::text(u"Achtung"_s);
-    case Abschnittsstand::Lage::Gut:
-        return Sprache::text(u"fertig"_s);
-    case Abschnittsstand::Lage::Prueft:
-    case Abschnittsstand::Lage::Ohne:
-        break;
-    }
-    return {};
 }
 
 class Zeilenmaler : public QStyledItemDelegate
@@ -163,9 +126,9 @@ void Abschnittsliste::zeigen()
             stand.zeile = m_fenster;
         QStandardItem *zeile = m_zeilen->item(int(abschnitt));
         zeile->setData(stand.zeile, rolleZeile);
-        zeile->setData(int(symbol(stand.lage)), rolleSymbol);
+        zeile->setData(int(symbol(stand.marke())), rolleSymbol);
         zeile->setToolTip(u"<qt>"_s + stand.zeile.toHtmlEscaped() + u"</qt>"_s);
-        QStringList teile = {zeile->text(), wort(stand.lage), stand.zeile};
+        QStringList teile = {zeile->text(), stand.markenwort(), stand.zeile};
         teile.removeAll(QString());
         zeile->setData(teile.join(u", "_s), Qt::AccessibleTextRole);
     }

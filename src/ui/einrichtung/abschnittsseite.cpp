@@ -63,6 +63,30 @@ QWidget *nebeneinander(QWidget *eltern, QWidget *links, QWidget *rechts, int str
 
 QString alsBeschriftung(const QString &text) { return text.left(1).toUpper() + text.mid(1); }
 
+Symbol symbol(Befund::Marke marke)
+{
+    switch (marke) {
+    case Befund::Marke::Gut:
+        return Symbol::Gut;
+    case Befund::Marke::Warnung:
+        return Symbol::Warnung;
+    case Befund::Marke::Laeuft:
+        return Symbol::Laeuft;
+    case Befund::Marke::Hinweis:
+        return Symbol::Info;
+    case Befund::Marke::Offen:
+        return Symbol::Offen;
+    case Befund::Marke::Keine:
+        break;
+    }
+    return Symbol::Keines;
+}
+
+void zeigen(Marktext &text, const Befund &befund, const QString &hilfe)
+{
+    text.setzen(symbol(befund.marke), befund.satz.isEmpty() ? hilfe : befund.satz);
+}
+
 int abschnittsrand() { return std::min(abstand(24), groessterRand); }
 
 void feldmass(QWidget *feld)
@@ -148,7 +172,7 @@ void Abschnittsseite::reihe(const QString &beschriftung, const QString &hilfe, Q
     eingabe->setAccessibleDescription(hilfe);
     eingabe->setToolTip(hilfe);
     radsperre(eingabe);
-    const bool istText = !teil && (qobject_cast<QLabel *>(eingabe) || qobject_cast<Marktext *>(eingabe));
+    const bool istText = !teil && qobject_cast<QLabel *>(eingabe);
     const Reihe neue{
         .schild = schild, .teil = teil ? teil : eingabe, .text = istText ? eingabe : nullptr, .zeile = m_zeile};
     m_reihen << neue;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "abschnitt.h"
+#include "befunde.h"
 #include "namensraeume.h"
 #include "profil.h"
 #include "zeichen.h"
@@ -45,8 +45,6 @@ public:
     void setzeBeschriftungsbreite(int breite);
     /** With little room for the font, labels stand above what they name and explanations below it. */
     void setzeEng(bool eng);
-    /** What stands beside the button that goes on; empty for nothing. */
-    [[nodiscard]] virtual QString fussnote() const { return {}; }
 
 protected:
     Abschnittsseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Abschnitt abschnitt, const QString &erklaerung,
@@ -110,6 +108,10 @@ private:
 
 /** A word that stands inside sentences too, and so begins small in some languages. */
 [[nodiscard]] QString alsBeschriftung(const QString &text);
+
+[[nodiscard]] Symbol symbol(Befund::Marke marke);
+/** Says @p befund; a help text in its place where it says nothing. */
+void zeigen(Marktext &text, const Befund &befund, const QString &hilfe = {});
 
 /** Distance of the content from the pane's edge, the same as below it. */
 [[nodiscard]] int abschnittsrand();

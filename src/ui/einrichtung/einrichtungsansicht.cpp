@@ -202,7 +202,7 @@ void EinrichtungsAnsicht::weiterZeigen()
         return; // a run tells of its progress many times a second
     const auto naechster = m_zustand->einrichtung()->naechsterAbschnitt(m_zustand->einrichtung()->abschnitt());
     const QString hindernis = naechster ? QString() : m_zustand->einrichtung()->starthindernis();
-    const QString fussnote = m_abschnitte[m_zustand->einrichtung()->abschnitt()]->fussnote();
+    const QString fussnote = zustand::fussnote(m_zustand->einrichtung()->abschnitt(), m_zustand->einrichtung()->lage());
     m_weiter->setText(naechster ? gefuellt(Sprache::text(u"Weiter zu %@"_s), {abschnittTitel(*naechster)})
                                 : Sprache::text(u"Durchgang starten"_s));
     m_weiter->setAccessibleName(m_weiter->text());

@@ -1,5 +1,6 @@
 #include "angabenfeld.h"
 
+#include "auswahl.h"
 #include "bau.h"
 #include "einordnung.h"
 #include "profilwahl.h"
@@ -9,7 +10,6 @@
 #include "zeichen.h"
 #include "zeile.h"
 
-#include <QComboBox>
 #include <QDate>
 #include <QEvent>
 #include <QGridLayout>
@@ -86,20 +86,6 @@ QString erklaerung()
 {
     return Sprache::text(u"Prüfen und bei Bedarf ändern. Eine Korrektur merkt sich das Programm für die nächsten "
                          "Dokumente desselben Gegenübers."_s);
-}
-
-/** Shows @p anzeige for @p werte; a list that is the same stays, and what is open in it with it. */
-void fuellen(QComboBox *wahl, const QStringList &werte, const QStringList &anzeige)
-{
-    QStringList jetzige;
-    for (int i = 0; i < wahl->count(); ++i)
-        jetzige << wahl->itemData(i).toString();
-    if (jetzige == werte && wahl->count() != 0)
-        return;
-    wahl->clear();
-    wahl->addItems(anzeige);
-    for (int i = 0; i < werte.size(); ++i)
-        wahl->setItemData(i, werte.at(i));
 }
 
 /** Marks a chosen value that the structure does not know. */
@@ -288,19 +274,15 @@ void Angabenfeld::wahlenZeigen()
 void Angabenfeld::wahlZeigen(Feld feld, const QStringList &auswahl, const QString &wert)
 {
     QStringList werte = auswahl;
-    QStringList anzeige = auswahl;
-    if (!wert.isEmpty() && !werte.contains(wert)) {
+    if (!wert.isEmpty() && !werte.contains(wert))
         werte << wert;
-        anzeige << wert;
-    }
-    const bool leerWaehlbar = feld == Feld::Rubrik;
-    if (leerWaehlbar || wert.isEmpty()) {
-        werte.prepend({});
-        anzeige.prepend(leerWaehlbar ? Sprache::text(u"ohne Rubrik"_s) : Sprache::text(u"bitte wählen"_s));
-    }
+    QList<Wahleintrag> eintraege = wahleintraege(werte);
+    if (feld == Feld::Rubrik)
+        eintraege.prepend({.wert = {}, .anzeige = Sprache::text(u"ohne Rubrik"_s)});
+    else if (wert.isEmpty())
+        eintraege.prepend({.wert = {}, .anzeige = Sprache::text(u"bitte wählen"_s)});
     QComboBox *wahl = m_wahlen[feld];
-    fuellen(wahl, werte, anzeige);
-    wahl->setCurrentIndex(int(werte.indexOf(wert)));
+    wahlAuffrischen(wahl, eintraege, wert);
     fremdesZeigen(wahl, feld, !wert.isEmpty() && !auswahl.contains(wert));
 }
 
