@@ -18,13 +18,15 @@ set(zeilen
     "ablage: grundlage sprache profil katalog lernen"
     "analyse: grundlage sprache profil katalog regeln lernen ablage"
     "zustand: grundlage sprache profil katalog lernen ablage analyse"
+    "desktop: grundlage sprache zustand/durchgang.h"
+    "seiten: grundlage"
     "ui/bedienteile: grundlage/pfade.h grundlage/text.h sprache zustand"
-    "ui/vorschau: grundlage/dateiinhalt.h grundlage/hintergrund.h grundlage/text.h sprache ui/bedienteile"
-    "ui/einrichtung: grundlage/text.h sprache profil/profil.h ablage/baustein.h zustand ui/bedienteile"
-    "ui/ablauf: grundlage/text.h sprache analyse/analyse.h zustand ui/bedienteile"
+    "ui/vorschau: grundlage/text.h sprache seiten ui/bedienteile"
+    "ui/einrichtung: grundlage/pfade.h grundlage/text.h sprache profil/profil.h ablage/baustein.h zustand desktop/dateiverwaltung.h ui/bedienteile"
+    "ui/ablauf: grundlage/pfade.h grundlage/text.h sprache analyse/analyse.h zustand ui/bedienteile"
     "ui/pruefung: grundlage/pfade.h grundlage/text.h sprache analyse/einordnung.h zustand ui/bedienteile ui/vorschau/vorschau.h"
-    "ui/protokoll: grundlage/anfrage.h grundlage/pfade.h grundlage/text.h sprache ablage/bilanz.h ablage/protokollzeile.h zustand ui/bedienteile"
-    "ui: grundlage/hintergrund.h grundlage/pfade.h grundlage/programmordner.h grundlage/text.h sprache analyse/analyse.h zustand ui/bedienteile ui/einrichtung/einrichtungsansicht.h ui/ablauf/ablaufansicht.h ui/pruefung/pruefansicht.h ui/protokoll/protokollansicht.h"
+    "ui/protokoll: grundlage/anfrage.h grundlage/pfade.h grundlage/text.h sprache ablage/bilanz.h ablage/protokollzeile.h zustand desktop/dateiverwaltung.h ui/bedienteile"
+    "ui: grundlage/hintergrund.h grundlage/pfade.h grundlage/programmordner.h grundlage/text.h sprache analyse/analyse.h zustand desktop ui/bedienteile ui/einrichtung/einrichtungsansicht.h ui/ablauf/ablaufansicht.h ui/pruefung/pruefansicht.h ui/protokoll/protokollansicht.h"
     "app: grundlage sprache profil katalog lernen ablage analyse"
     "app/fenster.cpp: sprache zustand/diagnose.h ui/quillmarapp.h")
 
@@ -33,12 +35,12 @@ set(fremde
     "sqlite3.h: katalog"
     "curl/: analyse"
     "openssl/: grundlage"
-    "QtGui/: ui/bedienteile ui/vorschau ui/einrichtung ui/ablauf ui/pruefung ui/protokoll ui"
+    "QtGui/: desktop seiten ui/bedienteile ui/vorschau ui/einrichtung ui/ablauf ui/pruefung ui/protokoll ui"
     "QtWidgets/: ui/bedienteile ui/vorschau ui/einrichtung ui/ablauf ui/pruefung ui/protokoll ui"
-    "QtPdf/: ui/vorschau"
+    "QtPdf/: seiten"
     "QtSvg/: ui/bedienteile"
-    "QtDBus/: ui/bedienteile ui"
-    "QtNetwork/: analyse ui")
+    "QtDBus/: desktop"
+    "QtNetwork/: analyse zustand")
 
 foreach(zeile ${zeilen} ${fremde})
     string(REGEX MATCH "^([^:]+): *(.*)$" passt "${zeile}")

@@ -52,15 +52,26 @@ namespace zustand
 using namespace analyse;
 }
 
-namespace bedienteile
+namespace desktop
 {
 using namespace zustand;
+}
+
+namespace seiten
+{
+using namespace grundlage;
+}
+
+namespace bedienteile
+{
+using namespace desktop;
 }
 
 namespace vorschau
 {
 using namespace bedienteile;
-}
+using namespace seiten;
+} // namespace vorschau
 
 namespace einrichtung
 {

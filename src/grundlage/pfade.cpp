@@ -232,4 +232,10 @@ QString ordnerVon(const QString &pfad)
 }
 
 QString nameVon(const QString &pfad) { return pfad.mid(pfad.lastIndexOf(u'/') + 1); }
+
+QString kurzpfad(const QString &pfad)
+{
+    const QString heim = QDir::homePath();
+    return pfad == heim || pfad.startsWith(heim + u'/') ? u'~' + pfad.mid(heim.size()) : pfad;
+}
 } // namespace quillmar::grundlage

@@ -70,4 +70,7 @@ bool ordnerLesen(const QByteArray &ordner, const std::function<void(int griff, c
 /** Folder part of an absolute path ("/" for an entry of the root), and its last component. */
 [[nodiscard]] QString ordnerVon(const QString &pfad);
 [[nodiscard]] QString nameVon(const QString &pfad);
+
+/** A path for the user's eye: the home folder as "~". */
+[[nodiscard]] QString kurzpfad(const QString &pfad);
 } // namespace quillmar::grundlage

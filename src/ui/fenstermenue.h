@@ -5,10 +5,10 @@
 #include <QMenu>
 #include <QPointer>
 
-namespace quillmar::bedienteile
+namespace quillmar::zustand
 {
 class Fenstersprache;
-} // namespace quillmar::bedienteile
+} // namespace quillmar::zustand
 
 namespace quillmar::ui
 {

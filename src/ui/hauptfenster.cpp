@@ -92,7 +92,9 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
     connect(&m_takt, &QTimer::timeout, m_zustand->pruefung(), &Pruefung::aktualisieren);
     m_takt.start(auffrischung);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Hauptfenster::updateMelden);
-    connect(new Laufnachricht(m_zustand->durchgang(), this), &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
+    const auto *nachricht = new Laufnachricht(m_zustand->durchgang(), this);
+    connect(nachricht, &Laufnachricht::gemeldet, this, [this] { QApplication::alert(this); });
+    connect(nachricht, &Laufnachricht::angeklickt, this, &Hauptfenster::nachVorn);
     setzeTitel();
 }
 

@@ -10,18 +10,13 @@ class QStackedWidget;
 
 namespace quillmar::zustand
 {
+class Aktualisierung;
+class Fenstersprache;
 class Zustand;
 } // namespace quillmar::zustand
 
-namespace quillmar::bedienteile
-{
-class Fenstersprache;
-} // namespace quillmar::bedienteile
-
 namespace quillmar::ui
 {
-class Aktualisierung;
-
 /** The program's window: top bar, four cards chosen by tabs, status line. */
 class Hauptfenster : public QMainWindow
 {

@@ -10,7 +10,6 @@
 #include "flachknopf.h"
 #include "hintergrund.h"
 #include "knopf.h"
-#include "kurzpfad.h"
 #include "pfade.h"
 #include "profilwahl.h"
 #include "programmordner.h"

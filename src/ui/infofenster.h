@@ -9,12 +9,13 @@ class QLabel;
 
 namespace quillmar::zustand
 {
+class Aktualisierung;
+class Fenstersprache;
 class Profilwahl;
 } // namespace quillmar::zustand
 
 namespace quillmar::bedienteile
 {
-class Fenstersprache;
 class Flachknopf;
 class Knopf;
 class Umbruchtext;
@@ -22,8 +23,6 @@ class Umbruchtext;
 
 namespace quillmar::ui
 {
-class Aktualisierung;
-
 /** What the program is: version, licence, update, the folders it uses, what it is made of. */
 class Infofenster : public QDialog
 {

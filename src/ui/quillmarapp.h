@@ -5,19 +5,19 @@
 #include <QApplication>
 #include <memory>
 
+namespace quillmar::desktop
+{
+class Einzelfenster;
+} // namespace quillmar::desktop
+
 namespace quillmar::zustand
 {
+class Fenstersprache;
 class Zustand;
 } // namespace quillmar::zustand
 
-namespace quillmar::bedienteile
-{
-class Fenstersprache;
-} // namespace quillmar::bedienteile
-
 namespace quillmar::ui
 {
-class Einzelfenster;
 class Hauptfenster;
 
 /** The windowed application: the one state object, the language, the main

@@ -206,6 +206,23 @@ private Q_SLOTS:
         QTEST(ordnerVon(pfad), "ordner");
         QTEST(nameVon(pfad), "name");
     }
+
+    void kurzpfad_data()
+    {
+        QTest::addColumn<QString>("pfad");
+        QTest::addColumn<QString>("kurz");
+        const QString heim = QDir::homePath();
+        QTest::newRow("Heim") << heim << u"~"_s;
+        QTest::newRow("darunter") << heim + u"/Akten/a.pdf"_s << u"~/Akten/a.pdf"_s;
+        QTest::newRow("daneben") << heim + u"-alt/a.pdf"_s << heim + u"-alt/a.pdf"_s;
+        QTest::newRow("anderswo") << u"/srv"_s + heim << u"/srv"_s + heim;
+        QTest::newRow("keiner") << QString() << QString();
+    }
+    void kurzpfad()
+    {
+        QFETCH(const QString, pfad);
+        QTEST(quillmar::grundlage::kurzpfad(pfad), "kurz");
+    }
 };
 
 QTEST_GUILESS_MAIN(TestPfade)

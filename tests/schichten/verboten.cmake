@@ -9,7 +9,7 @@ set(reihen
     "ui/ablauf/zahlenreihe.cpp|\"pruefansicht.h\"|pruefansicht.h of ui/pruefung"
     "ui/bedienteile/balken.h|\"ollama.h\"|ollama.h of analyse"
     "ui/vorschau/vorschau.cpp|\"pruefung.h\"|pruefung.h of zustand"
-    "ui/pruefung/aktionsfeld.cpp|<QPdfDocument>|QPdfDocument, which is for: ui/vorschau"
+    "ui/pruefung/aktionsfeld.cpp|<QPdfDocument>|QPdfDocument, which is for: seiten"
     "ui/kopfleiste.cpp|<QtSql/QSqlQuery>|QtSql/QSqlQuery, which is for: "
     "lernen/lernspeicher.h|\"einordnung.h\"|einordnung.h of analyse"
     "grundlage/text.cpp|\"sprache.h\"|sprache.h of sprache"

@@ -3,7 +3,6 @@
 #include "elidiertext.h"
 #include "leeransicht.h"
 #include "pdfansicht.h"
-#include "pdfsteuerung.h"
 #include "vorschau.h"
 
 #include <QFile>
@@ -97,27 +96,6 @@ private Q_SLOTS:
 
     void cleanup() { m_vorschau.reset(); }
 
-    void stufen_data()
-    {
-        QTest::addColumn<double>("massstab");
-        QTest::addColumn<double>("groesser");
-        QTest::addColumn<double>("kleiner");
-        QTest::newRow("frei") << 0.7 << 0.8 << 0.65;
-        QTest::newRow("auf einer Stufe") << 1.0 << 1.25 << 0.8;
-        QTest::newRow("fast auf einer Stufe") << 1.0005 << 1.25 << 0.8;
-        QTest::newRow("größte") << 4.0 << 4.0 << 3.0;
-        QTest::newRow("kleinste") << 0.25 << 0.4 << 0.25;
-        QTest::newRow("darüber") << 9.0 << 4.0 << 4.0;
-        QTest::newRow("darunter") << 0.1 << 0.25 << 0.25;
-    }
-
-    void stufen()
-    {
-        QFETCH(const double, massstab);
-        QTEST(PDFSteuerung::stufeUeber(massstab), "groesser");
-        QTEST(PDFSteuerung::stufeUnter(massstab), "kleiner");
-    }
-
     void jedeDatei_data()
     {
         QTest::addColumn<QString>("name");
@@ -204,27 +182,27 @@ private Q_SLOTS:
     {
         const auto *ansicht = m_vorschau->findChild<PDFAnsicht *>();
         zeigenUndWarten(vertrag());
-        QVERIFY(m_vorschau->steuerung()->passtBreite());
+        QVERIFY(ansicht->passtBreite());
         const double breit = ansicht->massstab();
         m_vorschau->resize(400, 700);
         QVERIFY(ansicht->massstab() < breit * 0.75);
 
         const double vorher = ansicht->massstab();
         klicken(*m_vorschau, u"groesser"_s);
-        QVERIFY(!m_vorschau->steuerung()->passtBreite());
-        QVERIFY(qAbs(ansicht->massstab() - PDFSteuerung::stufeUeber(vorher)) < 0.005);
+        QVERIFY(!ansicht->passtBreite());
+        QVERIFY(qAbs(ansicht->massstab() - Zoom::ueber(vorher).stufe) < 0.005);
         // The next document begins in the chosen fit, at its top left; so does the next start of the program.
         ansicht->horizontalScrollBar()->setValue(ansicht->horizontalScrollBar()->maximum());
         zeigenUndWarten(brief());
-        QVERIFY(m_vorschau->steuerung()->passtBreite());
+        QVERIFY(ansicht->passtBreite());
         QVERIFY(qAbs(ansicht->massstab() - vorher) < 0.005);
         QCOMPARE(ansicht->horizontalScrollBar()->value(), 0);
         klicken(*m_vorschau, u"ganzeSeite"_s);
         klicken(*m_vorschau, u"groesser"_s);
         zeigenUndWarten(vertrag());
-        QVERIFY(m_vorschau->steuerung()->zeigtGanzeSeite());
+        QVERIFY(ansicht->zeigtGanzeSeite());
         const Vorschau neue;
-        QVERIFY(neue.steuerung()->zeigtGanzeSeite());
+        QVERIFY(neue.findChild<PDFAnsicht *>()->zeigtGanzeSeite());
     }
 
     void blaettern()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "wahleintrag.h"
 
 #include <QComboBox>
 #include <functional>
@@ -9,14 +10,6 @@ class QMenu;
 
 namespace quillmar::bedienteile
 {
-/** Something to choose: what is kept, how it is shown, and why it cannot be chosen; that is empty if it can. */
-struct Wahleintrag {
-    QString wert;
-    QString anzeige;
-    QString mangel = {};
-    bool operator==(const Wahleintrag &) const = default;
-};
-
 /** Each of @p werte shown as it is. */
 [[nodiscard]] QList<Wahleintrag> wahleintraege(const QStringList &werte);
 

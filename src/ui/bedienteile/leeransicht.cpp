@@ -1,7 +1,7 @@
 #include "leeransicht.h"
 
 #include "knopf.h"
-#include "kurzpfad.h"
+#include "pfade.h"
 #include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"

@@ -7,15 +7,11 @@ class QWidget;
 namespace quillmar::zustand
 {
 class Einrichtung;
+class Fenstersprache;
 class Modelldienst;
 class Profilwahl;
 class Pruefung;
 } // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Fenstersprache;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::einrichtung
 {

@@ -11,12 +11,12 @@ class QStackedWidget;
 
 namespace quillmar::zustand
 {
+class Fenstersprache;
 class Zustand;
 } // namespace quillmar::zustand
 
 namespace quillmar::bedienteile
 {
-class Fenstersprache;
 class Hauptknopf;
 class Hinweisfeld;
 class Marktext;

@@ -3,7 +3,7 @@
 #include "dateiverwaltung.h"
 #include "hauptknopf.h"
 #include "hinweisfeld.h"
-#include "kurzpfad.h"
+#include "pfade.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"

@@ -1,6 +1,6 @@
 #include "bewegungsmodell.h"
 
-#include "kurzpfad.h"
+#include "pfade.h"
 #include "sprache.h"
 #include "text.h"
 

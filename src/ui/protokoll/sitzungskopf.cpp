@@ -1,7 +1,7 @@
 #include "sitzungskopf.h"
 
 #include "elidiertext.h"
-#include "kurzpfad.h"
+#include "pfade.h"
 #include "sprache.h"
 #include "stil.h"
 

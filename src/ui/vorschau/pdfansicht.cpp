@@ -1,6 +1,6 @@
 #include "pdfansicht.h"
 
-#include "pdfsteuerung.h"
+#include "einstellungen.h"
 #include "sprache.h"
 #include "stil.h"
 
@@ -18,11 +18,7 @@ namespace
 {
 constexpr double punkteJeZoll = 72;
 constexpr std::chrono::milliseconds geduld(200);
-
-// Larger pictures are not drawn but scaled up: A4 at 500 dots per inch.
-constexpr double groesstesBild = 24e6;
-
-constexpr QSizeF a4(595, 842);
+constexpr auto schluesselZoom = "vorschauZoom"_L1;
 
 /** How far a key scrolls; none for a key that does not. */
 std::optional<QScrollBar::SliderAction> rollschritt(const QKeyEvent *ereignis)
@@ -47,11 +43,27 @@ std::optional<QScrollBar::SliderAction> rollschritt(const QKeyEvent *ereignis)
         return std::nullopt;
     }
 }
+
+void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)
+{
+    maler.setPen(QColor(Qt::darkGray).darker());
+    maler.setFont(Stil::schrift(Stil::Schrift::Grund));
+    maler.drawText(zuSehen.adjusted(0, 0, 0, -zuSehen.height() / 3), Qt::AlignCenter | Qt::TextWordWrap, text);
+}
+
+void fokusMalen(QPainter &maler, const QWidget *flaeche)
+{
+    const int staerke = Stil::abstand(2);
+    const double halb = staerke / 2.0;
+    maler.setPen(QPen(Stil::akzentmarke(flaeche->palette()), staerke, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    maler.drawRect(QRectF(flaeche->rect()).adjusted(halb, halb, -halb, -halb));
+}
 } // namespace
 
-PDFAnsicht::PDFAnsicht(PDFSteuerung *steuerung, QWidget *eltern)
-    : QAbstractScrollArea(eltern), m_steuerung(steuerung), m_groessen{a4}
+PDFAnsicht::PDFAnsicht(QWidget *eltern) : QAbstractScrollArea(eltern)
 {
+    if (Einstellungen::wert(schluesselZoom).toString() == u"seite")
+        m_zoom = m_passung = {Zoom::Art::Seite};
     setFrameShape(QFrame::NoFrame);
     // Always there, so that the width to fit does not depend on what is fitted to it.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -60,8 +72,10 @@ PDFAnsicht::PDFAnsicht(PDFSteuerung *steuerung, QWidget *eltern)
     m_geduld.setInterval(geduld);
     connect(&m_geduld, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
     connect(&m_lager, &Dokumentlager::geoeffnet, this, &PDFAnsicht::geoeffnet);
-    connect(&m_lager, &Dokumentlager::gemalt, this, &PDFAnsicht::gemalt);
-    m_steuerung->setzeAnsicht(this);
+    connect(&m_lager, &Dokumentlager::gemalt, this, [this](const QString &pfad, int seite) {
+        if (pfad == m_pfad)
+            viewport()->update(m_ordnung.seiten().value(seite).translated(-versatz()));
+    });
 }
 
 QUrl PDFAnsicht::url() const { return m_pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(m_pfad); }
@@ -74,12 +88,13 @@ void PDFAnsicht::setzeUrl(const QUrl &url)
     m_lager.verlassen(m_pfad);
     m_pfad = pfad;
     m_gemeldet = pfad.isEmpty();
-    m_steuerung->anfangen();
+    m_zoom = m_passung;
     if (!pfad.isEmpty())
         m_lager.holen(pfad);
     m_geduld.start();
     geoeffnet(m_pfad);
-    nachOben();
+    verticalScrollBar()->setValue(0);
+    horizontalScrollBar()->setValue(0);
 }
 
 void PDFAnsicht::vorausladen(const QString &pfad)
@@ -105,7 +120,7 @@ bool PDFAnsicht::istBereit(const QString &pfad) const
 Vorschaubefund PDFAnsicht::befund() const
 {
     const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
-    return dokument ? dokument->befund : Vorschaubefund::Laedt;
+    return dokument ? dokument->befund : Vorschaubefund::Keines;
 }
 
 int PDFAnsicht::seiten() const { return befund() == Vorschaubefund::Offen ? int(m_groessen.size()) : 0; }
@@ -121,7 +136,17 @@ double PDFAnsicht::massstab() const
 void PDFAnsicht::setzeZoom(const Zoom &zoom)
 {
     m_zoom = zoom;
+    if (zoom.art != Zoom::Art::Stufe && zoom != std::exchange(m_passung, zoom))
+        Einstellungen::setzen(schluesselZoom, zeigtGanzeSeite() ? u"seite"_s : u"breite"_s);
     ordnen();
+    Q_EMIT geaendert();
+}
+
+void PDFAnsicht::standZeigen()
+{
+    const std::pair stand(seite(), seiten());
+    if (stand != std::exchange(m_stand, stand))
+        Q_EMIT geaendert();
 }
 
 void PDFAnsicht::geoeffnet(const QString &pfad)
@@ -138,51 +163,34 @@ void PDFAnsicht::geoeffnet(const QString &pfad)
     Q_EMIT befundGeaendert();
 }
 
-void PDFAnsicht::gemalt(const QString &pfad, int seite)
-{
-    if (pfad == m_pfad)
-        viewport()->update(m_ordnung.seiten().value(seite).translated(-versatz()));
-}
-
 // The pages stay where they are seen: the point in the middle of the view is the same before and after.
 void PDFAnsicht::ordnen()
 {
-    const QPoint mitte = versatz() + viewport()->rect().center();
-    const int seite = m_ordnung.seiteBei(mitte.y());
-    const QRect vorher = m_ordnung.seiten().value(seite);
+    const QPoint mitte = viewport()->rect().center();
     const bool amAnfang = versatz().y() == 0;
-    m_ordnung = Seitenordnung(m_groessen, m_zoom, raum());
+    const Seitenordnung neue(m_groessen, m_zoom, raum());
+    const QPoint ziel = m_ordnung.ortIn(neue, versatz() + mitte) - mitte;
+    m_ordnung = neue;
     setzeLeisten();
-    const QRect nachher = m_ordnung.seiten().value(seite);
-    if (!vorher.isEmpty() && !nachher.isEmpty()) {
-        const QPointF anteil(double(mitte.x() - vorher.x()) / vorher.width(),
-                             double(mitte.y() - vorher.y()) / vorher.height());
-        const QPointF ziel = nachher.topLeft() + QPointF(anteil.x() * nachher.width(), anteil.y() * nachher.height());
-        horizontalScrollBar()->setValue(int(std::lround(ziel.x())) - viewport()->width() / 2);
-        verticalScrollBar()->setValue(amAnfang ? 0 : int(std::lround(ziel.y())) - viewport()->height() / 2);
-    }
+    horizontalScrollBar()->setValue(ziel.x());
+    verticalScrollBar()->setValue(amAnfang ? 0 : ziel.y());
     bestellen();
     viewport()->update();
-    m_steuerung->standZeigen();
-}
-
-void PDFAnsicht::nachOben()
-{
-    verticalScrollBar()->setValue(0);
-    horizontalScrollBar()->setValue(0);
+    standZeigen();
 }
 
 void PDFAnsicht::setzeLeisten()
 {
+    const auto setzen = [](QScrollBar *leiste, int gesamt, int flaeche, int seite) {
+        leiste->setPageStep(seite);
+        leiste->setSingleStep(Stil::abstand(48));
+        leiste->setRange(0, std::max(0, gesamt - flaeche));
+    };
     const QSize flaeche = viewport()->size();
     const QSize gesamt = m_ordnung.gesamt();
     // A page key turns exactly one page where a whole page is shown.
-    verticalScrollBar()->setPageStep(flaeche.height() - 2 * raum().rand + raum().luecke);
-    verticalScrollBar()->setSingleStep(Stil::abstand(48));
-    verticalScrollBar()->setRange(0, std::max(0, gesamt.height() - flaeche.height()));
-    horizontalScrollBar()->setPageStep(flaeche.width());
-    horizontalScrollBar()->setSingleStep(Stil::abstand(48));
-    horizontalScrollBar()->setRange(0, std::max(0, gesamt.width() - flaeche.width()));
+    setzen(verticalScrollBar(), gesamt.height(), flaeche.height(), flaeche.height() - 2 * raum().rand + raum().luecke);
+    setzen(horizontalScrollBar(), gesamt.width(), flaeche.width(), flaeche.width());
 }
 
 void PDFAnsicht::bestellen()
@@ -193,8 +201,9 @@ void PDFAnsicht::bestellen()
     m_lager.ausduennen(m_pfad, erste - 2, letzte + 2);
     for (int seite = std::max(0, erste - 1); seite <= std::min(seiten() - 1, letzte + 1); ++seite) {
         const bool zuSehen = seite >= erste && seite <= letzte;
-        const bool neu = m_lager.bestellen(m_pfad, seite, bildgroesse(m_ordnung.seiten().at(seite)),
-                                           zuSehen ? Seitenwerk::Sofort : Seitenwerk::Nachbar);
+        const bool neu =
+            m_lager.bestellen(m_pfad, seite, bildgroesse(m_ordnung.seiten().at(seite).size(), devicePixelRatioF()),
+                              zuSehen ? Seitenwerk::Sofort : Seitenwerk::Nachbar);
         if (neu && zuSehen)
             m_geduld.start();
     }
@@ -206,7 +215,7 @@ void PDFAnsicht::ersteSeiteBestellen(const QString &pfad)
     if (!dokument || dokument->groessen.isEmpty())
         return;
     const Seitenordnung ordnung(dokument->groessen.mid(0, 1), m_zoom, raum());
-    m_lager.bestellen(pfad, 0, bildgroesse(ordnung.seiten().first()), Seitenwerk::Voraus);
+    m_lager.bestellen(pfad, 0, bildgroesse(ordnung.seiten().first().size(), devicePixelRatioF()), Seitenwerk::Voraus);
 }
 
 Seitenraum PDFAnsicht::raum() const
@@ -217,13 +226,6 @@ Seitenraum PDFAnsicht::raum() const
 }
 
 QPoint PDFAnsicht::versatz() const { return {horizontalScrollBar()->value(), verticalScrollBar()->value()}; }
-
-QSize PDFAnsicht::bildgroesse(const QRect &seite) const
-{
-    const double wunsch = double(seite.width()) * seite.height() * devicePixelRatioF() * devicePixelRatioF();
-    const double faktor = devicePixelRatioF() * std::min(1.0, std::sqrt(groesstesBild / wunsch));
-    return (QSizeF(seite.size()) * faktor).toSize().expandedTo(QSize(1, 1));
-}
 
 std::pair<int, int> PDFAnsicht::sichtbare() const
 {
@@ -238,13 +240,11 @@ bool PDFAnsicht::taste(const QKeyEvent *ereignis)
     return schritt.has_value();
 }
 
-void PDFAnsicht::resizeEvent(QResizeEvent *) { ordnen(); }
-
 void PDFAnsicht::scrollContentsBy(int, int)
 {
     bestellen();
     viewport()->update();
-    m_steuerung->standZeigen();
+    standZeigen();
 }
 
 // The arrows to the left and right belong to the card, which turns to another document with them.
@@ -270,9 +270,9 @@ void PDFAnsicht::wheelEvent(QWheelEvent *ereignis)
     // A touchpad turns the wheel in many small pieces.
     m_rad += ereignis->angleDelta().y();
     for (; m_rad >= QWheelEvent::DefaultDeltasPerStep; m_rad -= QWheelEvent::DefaultDeltasPerStep)
-        m_steuerung->groesser();
+        groesser();
     for (; m_rad <= -QWheelEvent::DefaultDeltasPerStep; m_rad += QWheelEvent::DefaultDeltasPerStep)
-        m_steuerung->kleiner();
+        kleiner();
 }
 
 void PDFAnsicht::paintEvent(QPaintEvent *ereignis)
@@ -286,19 +286,8 @@ void PDFAnsicht::paintEvent(QPaintEvent *ereignis)
     for (int seite = erste; seite <= letzte && seite < m_ordnung.seiten().size(); ++seite)
         seiteMalen(maler, seite, m_ordnung.seiten().at(seite).translated(-versatz()));
     if (hasFocus())
-        fokusMalen(maler);
+        fokusMalen(maler, viewport());
 }
-
-void PDFAnsicht::fokusMalen(QPainter &maler)
-{
-    const int staerke = Stil::abstand(2);
-    maler.setPen(QPen(Stil::akzentmarke(palette()), staerke, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    maler.drawRect(QRectF(viewport()->rect()).adjusted(staerke / 2.0, staerke / 2.0, -staerke / 2.0, -staerke / 2.0));
-}
-
-void PDFAnsicht::focusInEvent(QFocusEvent *) { viewport()->update(); }
-
-void PDFAnsicht::focusOutEvent(QFocusEvent *) { viewport()->update(); }
 
 void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
 {
@@ -310,19 +299,12 @@ void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
     if (!bild.isNull())
         maler.drawImage(flaeche, bild);
     else if (fertig)
-        wartetext(maler, flaeche, Sprache::text(u"Diese Seite lässt sich nicht darstellen."_s));
+        wartetext(maler, flaeche.intersected(viewport()->rect()),
+                  Sprache::text(u"Diese Seite lässt sich nicht darstellen."_s));
     else if (!m_geduld.isActive())
-        wartetext(maler, flaeche, Sprache::text(u"Wird geladen …"_s));
+        wartetext(maler, flaeche.intersected(viewport()->rect()), Sprache::text(u"Wird geladen …"_s));
     if (fertig && seite == 0)
         sichtbarkeitMelden();
-}
-
-void PDFAnsicht::wartetext(QPainter &maler, const QRect &flaeche, const QString &text)
-{
-    maler.setPen(QColor(Qt::darkGray).darker());
-    maler.setFont(Stil::schrift(Stil::Schrift::Grund));
-    const QRect zuSehen = flaeche.intersected(viewport()->rect());
-    maler.drawText(zuSehen.adjusted(0, 0, 0, -zuSehen.height() / 3), Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 
 void PDFAnsicht::sichtbarkeitMelden()

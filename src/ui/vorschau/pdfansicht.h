@@ -10,18 +10,24 @@
 
 namespace quillmar::vorschau
 {
-class PDFSteuerung;
-
 /**
  * Shows the pages of one PDF file below each other. Files are read, opened and drawn in the background; until a page is
- * drawn in the right size, its picture in another size stands in for it, or the empty sheet.
+ * drawn in the right size, its picture in another size stands in for it, or the empty sheet. Each document begins in
+ * the fit that was chosen last, which stays over restarts of the program too; a step of the zoom is for the document on
+ * show.
  */
 class PDFAnsicht : public QAbstractScrollArea
 {
     Q_OBJECT
+    Q_PROPERTY(QUrl url READ url WRITE setzeUrl)
+    Q_PROPERTY(int seiten READ seiten NOTIFY geaendert)
+    Q_PROPERTY(int seite READ seite NOTIFY geaendert)
+    Q_PROPERTY(bool passtBreite READ passtBreite NOTIFY geaendert)
 
 public:
-    explicit PDFAnsicht(PDFSteuerung *steuerung, QWidget *eltern = nullptr);
+    static constexpr auto stufen = Zoom::stufen;
+
+    explicit PDFAnsicht(QWidget *eltern = nullptr);
 
     /** The file on show; empty: none. Setting another one shows its beginning. */
     [[nodiscard]] QUrl url() const;
@@ -33,20 +39,29 @@ public:
     /** The first page of @p pfad is drawn, or it is known why it cannot be. */
     [[nodiscard]] bool istBereit(const QString &pfad) const;
 
-    /** How the file on show is; "Laedt" without one. */
-    [[nodiscard]] Vorschaubefund befund() const;
+    [[nodiscard]] Vorschaubefund befund() const; ///< of the file on show
+    [[nodiscard]] int seiten() const;            ///< 0 unless a document is open
+    [[nodiscard]] int seite() const;             ///< from 1: the one in the middle of the view
+    [[nodiscard]] double massstab() const;       ///< of the page on show; 1: as large as on paper
+    [[nodiscard]] bool passtBreite() const { return m_zoom.art == Zoom::Art::Breite; }
+    [[nodiscard]] bool zeigtGanzeSeite() const { return m_zoom.art == Zoom::Art::Seite; }
 
-    [[nodiscard]] int seiten() const; ///< 0 unless a document is open
-    [[nodiscard]] int seite() const;  ///< from 1: the one in the middle of the view
+    /** One step up or down from the present scale, leaving fit-width mode. */
+    void groesser() { setzeZoom(Zoom::ueber(massstab())); }
+    void kleiner() { setzeZoom(Zoom::unter(massstab())); }
 
-    /** Scale of the page on show; 1: as large as on paper. */
-    [[nodiscard]] double massstab() const;
-    void setzeZoom(const Zoom &zoom);
+    /** Fits the width, or shows the whole page, and goes on doing so when the view's size changes. */
+    void breiteSetzen() { setzeZoom({Zoom::Art::Breite}); }
+    void ganzeSeiteSetzen() { setzeZoom({Zoom::Art::Seite}); }
+
+    /** Tells when page or page count are no longer what was told last. */
+    void standZeigen();
 
     /** Scrolls by PageUp, PageDown, Home, End, Space, Up and Down. False for any other key. */
     bool taste(const QKeyEvent *ereignis);
 
 Q_SIGNALS:
+    void geaendert(); ///< page, page count; the fit, also when it was chosen a second time
     void befundGeaendert();
 
     /** The first page of @p pfad has been painted, once per showing. */
@@ -54,39 +69,36 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
-    void resizeEvent(QResizeEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *) override { ordnen(); }
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
     void wheelEvent(QWheelEvent *ereignis) override;
-    void focusInEvent(QFocusEvent *ereignis) override;
-    void focusOutEvent(QFocusEvent *ereignis) override;
+    void focusInEvent(QFocusEvent *) override { viewport()->update(); }
+    void focusOutEvent(QFocusEvent *) override { viewport()->update(); }
 
 private:
+    void setzeZoom(const Zoom &zoom);
     void geoeffnet(const QString &pfad);
-    void gemalt(const QString &pfad, int seite);
     void ordnen();
-    void nachOben();
     void setzeLeisten();
     void bestellen();
     void ersteSeiteBestellen(const QString &pfad);
     void seiteMalen(QPainter &maler, int seite, const QRect &flaeche);
-    void wartetext(QPainter &maler, const QRect &flaeche, const QString &text);
-    void fokusMalen(QPainter &maler);
     void sichtbarkeitMelden();
     [[nodiscard]] Seitenraum raum() const;
     [[nodiscard]] QPoint versatz() const;
-    [[nodiscard]] QSize bildgroesse(const QRect &seite) const;
     [[nodiscard]] std::pair<int, int> sichtbare() const;
 
-    PDFSteuerung *m_steuerung;
     Dokumentlager m_lager;
     QString m_pfad;
     QString m_voraus;
+    Zoom m_passung; ///< fit in which the next document begins
     Zoom m_zoom;
-    QList<QSizeF> m_groessen;
+    QList<QSizeF> m_groessen{a4};
     Seitenordnung m_ordnung;
-    QTimer m_geduld; ///< runs while nothing is said yet about a page that is not there
-    int m_rad = 0;   ///< turned with Ctrl, in eighths of a degree, as far as it made no step yet
+    std::pair<int, int> m_stand; ///< page and page count as told last
+    QTimer m_geduld;             ///< runs while nothing is said yet about a page that is not there
+    int m_rad = 0;               ///< turned with Ctrl, in eighths of a degree, as far as it made no step yet
     bool m_gemeldet = true;
 };
 } // namespace quillmar::vorschau

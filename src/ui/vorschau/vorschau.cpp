@@ -4,10 +4,9 @@
 #include "flachknopf.h"
 #include "leeransicht.h"
 #include "pdfansicht.h"
-#include "pdfsteuerung.h"
 #include "sprache.h"
 #include "stil.h"
-#include "vorschautext.h"
+#include "text.h"
 #include "zeichen.h"
 
 #include <QEvent>
@@ -28,6 +27,46 @@ constexpr int knopfkante = 28;
 constexpr int lesbarerName = 90; ///< as drawn for 10 pt
 constexpr int kuerzesterName = 40;
 
+struct Satz {
+    Symbol zeichen = Symbol::Keines;
+    QString titel;
+    QString zeile;
+};
+
+/** What stands in place of pages. */
+Satz satzFuer(Vorschaubefund befund)
+{
+    const QHash<Vorschaubefund, Satz> saetze{
+        {Vorschaubefund::Keines,
+         {Symbol::GrossVorschau, Sprache::text(u"Keine Vorschau"_s),
+          Sprache::text(u"Sobald ein Dokument zur Prüfung ansteht, erscheint es hier."_s)}},
+        {Vorschaubefund::Gesichert,
+         {Symbol::GrossSchloss, Sprache::text(u"Mit Kennwort geschützt"_s),
+          Sprache::text(u"Das Dokument lässt sich erst nach Eingabe eines Kennworts lesen. Ablegen kannst du es "
+                        u"trotzdem."_s)}},
+        {Vorschaubefund::Beschaedigt,
+         {Symbol::GrossBeschaedigt, Sprache::text(u"Datei beschädigt"_s),
+          Sprache::text(u"Der Inhalt lässt sich nicht darstellen. Die Datei bleibt, wie sie ist."_s)}},
+        {Vorschaubefund::Verschwunden,
+         {Symbol::GrossVerschwunden, Sprache::text(u"Datei nicht gefunden"_s),
+          Sprache::text(u"Sie wurde verschoben, umbenannt oder gelöscht, oder ihr Laufwerk ist nicht verbunden."_s)}},
+        {Vorschaubefund::Unlesbar,
+         {Symbol::GrossSchloss, Sprache::text(u"Datei nicht lesbar"_s),
+          Sprache::text(u"Dir fehlt das Recht, sie zu öffnen, oder das Laufwerk meldet einen Fehler."_s)}},
+        {Vorschaubefund::ZuGross,
+         {Symbol::GrossVorschau, Sprache::text(u"Zu groß für die Vorschau"_s),
+          Sprache::text(u"Dateien ab 256 MB zeigt die Vorschau nicht. Ablegen kannst du sie trotzdem."_s)}},
+    };
+    return saetze.value(befund);
+}
+
+QString seitenanzeige(int seite, int seiten)
+{
+    if (seiten <= 1)
+        return seiten == 1 ? Sprache::text(u"1 Seite"_s) : QString();
+    return gefuellt(Sprache::text(u"Seite %@ von %@"_s), {QString::number(seite), QString::number(seiten)});
+}
+
 // Sign of the similar document beside its name.
 QLabel *partnerzeichen()
 {
@@ -41,8 +80,8 @@ QLabel *partnerzeichen()
 } // namespace
 
 Vorschau::Vorschau(QWidget *eltern)
-    : QWidget(eltern), m_steuerung(new PDFSteuerung(this)), m_ansicht(new PDFAnsicht(m_steuerung)),
-      m_leer(new Leeransicht), m_zeile(new QWidget), m_kleiner(new Flachknopf(u"kleiner"_s, Symbol::LupeMinus, {}, {})),
+    : QWidget(eltern), m_ansicht(new PDFAnsicht), m_leer(new Leeransicht), m_zeile(new QWidget),
+      m_kleiner(new Flachknopf(u"kleiner"_s, Symbol::LupeMinus, {}, {})),
       m_groesser(new Flachknopf(u"groesser"_s, Symbol::LupePlus, {}, {})),
       m_breite(new Flachknopf(u"breiteSetzen"_s, Symbol::Breite, {}, {})),
       m_ganzeSeite(new Flachknopf(u"ganzeSeite"_s, Symbol::GanzeSeite, {}, {})), m_partner(new QWidget),
@@ -114,11 +153,11 @@ void Vorschau::zeileAufbauen()
 
 void Vorschau::verbinden()
 {
-    connect(m_kleiner, &QToolButton::clicked, m_steuerung, &PDFSteuerung::kleiner);
-    connect(m_groesser, &QToolButton::clicked, m_steuerung, &PDFSteuerung::groesser);
-    connect(m_breite, &QToolButton::clicked, m_steuerung, &PDFSteuerung::breiteSetzen);
-    connect(m_ganzeSeite, &QToolButton::clicked, m_steuerung, &PDFSteuerung::ganzeSeiteSetzen);
-    connect(m_steuerung, &PDFSteuerung::geaendert, this, &Vorschau::standZeigen);
+    connect(m_kleiner, &QToolButton::clicked, m_ansicht, &PDFAnsicht::kleiner);
+    connect(m_groesser, &QToolButton::clicked, m_ansicht, &PDFAnsicht::groesser);
+    connect(m_breite, &QToolButton::clicked, m_ansicht, &PDFAnsicht::breiteSetzen);
+    connect(m_ganzeSeite, &QToolButton::clicked, m_ansicht, &PDFAnsicht::ganzeSeiteSetzen);
+    connect(m_ansicht, &PDFAnsicht::geaendert, this, &Vorschau::standZeigen);
     connect(m_ansicht, &PDFAnsicht::befundGeaendert, this, &Vorschau::befundZeigen);
     connect(m_ansicht, &PDFAnsicht::seiteSichtbar, this, &Vorschau::seiteSichtbar);
     connect(this, &Vorschau::seiteSichtbar, this, [this](const QString &pfad) {
@@ -205,9 +244,9 @@ void Vorschau::befundZeigen()
 {
     const QString pfad = m_ansicht->url().toLocalFile();
     const Vorschaubefund befund = m_ansicht->befund();
-    const bool seiten = !pfad.isEmpty() && (befund == Vorschaubefund::Offen || befund == Vorschaubefund::Laedt);
+    const bool seiten = befund == Vorschaubefund::Offen || befund == Vorschaubefund::Laedt;
     if (!seiten) {
-        const Vorschausatz satz = pfad.isEmpty() ? satzOhneDokument() : vorschausatz(befund);
+        const Satz satz = satzFuer(befund);
         m_leer->setzen(satz.zeichen, satz.titel, satz.zeile);
         if (!pfad.isEmpty() && !std::exchange(m_satzGemeldet, true))
             QMetaObject::invokeMethod(
@@ -225,9 +264,9 @@ void Vorschau::befundZeigen()
 
 void Vorschau::standZeigen()
 {
-    m_breite->setChecked(m_steuerung->passtBreite());
-    m_ganzeSeite->setChecked(m_steuerung->zeigtGanzeSeite());
-    const QString stand = seitenanzeige(m_steuerung->seite(), m_steuerung->seiten());
+    m_breite->setChecked(m_ansicht->passtBreite());
+    m_ganzeSeite->setChecked(m_ansicht->zeigtGanzeSeite());
+    const QString stand = seitenanzeige(m_ansicht->seite(), m_ansicht->seiten());
     if (stand == m_seiten->text())
         return;
     m_seiten->setText(stand);

@@ -17,7 +17,6 @@ class Leeransicht;
 namespace quillmar::vorschau
 {
 class PDFAnsicht;
-class PDFSteuerung;
 
 /**
  * The preview side: a tool row and below it the document's pages, or a sentence where there is nothing to show. Another
@@ -49,8 +48,6 @@ public:
     /** Scrolls by the page keys, Home, End and Space, wherever the focus is. False for any other key. */
     bool taste(QKeyEvent *ereignis);
 
-    [[nodiscard]] PDFSteuerung *steuerung() const { return m_steuerung; }
-
 Q_SIGNALS:
     /** "Zurück zum Dokument" was pressed; the document is back already. */
     void zurueckZumDokument();
@@ -74,7 +71,6 @@ private:
     void befundZeigen();
     void standZeigen();
 
-    PDFSteuerung *m_steuerung;
     PDFAnsicht *m_ansicht;
     Leeransicht *m_leer;
     QWidget *m_zeile;

@@ -1,20 +1,25 @@
 #include "seitenwerk.h"
 
 #include "hintergrund.h"
-#include "malreihe.h"
+#include "seitenordnung.h"
 
+#include <QBuffer>
 #include <QPainter>
+#include <QPdfDocument>
 #include <utility>
 
-namespace quillmar::vorschau
+namespace quillmar::seiten
 {
+/** With the bytes that it is read from. */
+struct OffenesDokument {
+    QBuffer bytes;
+    QPdfDocument dokument{nullptr};
+};
+
 namespace
 {
 constexpr qint64 groessteDatei = qint64(256) << 20;
 constexpr std::chrono::milliseconds geduldAmEnde(1000);
-
-// A page without a usable size is shown as A4.
-constexpr QSizeF a4(595, 842);
 
 Vorschaubefund befund(const Dateiinhalt &inhalt)
 {
@@ -83,47 +88,44 @@ void Seitenwerk::gelesen(quint64 kennung, const Dateiinhalt &inhalt)
 {
     if (!m_gewollte.contains(kennung) || inhalt.befund == Dateiinhalt::Befund::Unveraendert)
         return;
-    if (inhalt.befund == Dateiinhalt::Befund::Gelesen)
-        dokumentOeffnen(kennung, inhalt);
-    else
-        Q_EMIT geoeffnet(kennung, befund(inhalt), {}, {});
-}
-
-void Seitenwerk::dokumentOeffnen(quint64 kennung, const Dateiinhalt &inhalt)
-{
-    const auto oeffnen = [this, kennung, inhalt, briefe = m_briefe](OffeneDokumente &dokumente) {
+    if (inhalt.befund != Dateiinhalt::Befund::Gelesen)
+        return Q_EMIT geoeffnet(kennung, {befund(inhalt), {}, {}});
+    auftragen(Sofort, kennung, -1, [this, kennung, inhalt](OffeneDokumente &dokumente) {
         const auto offenes = std::make_shared<OffenesDokument>();
         offenes->bytes.setData(inhalt.bytes);
         offenes->bytes.open(QIODevice::ReadOnly);
         offenes->dokument.load(&offenes->bytes);
-        const Vorschaubefund ergebnis = befund(offenes->dokument);
-        QList<QSizeF> groessen;
-        if (ergebnis == Vorschaubefund::Offen) {
-            groessen = seitengroessen(offenes->dokument);
+        Dokumentstand stand{befund(offenes->dokument), inhalt.stand, {}};
+        if (stand.befund == Vorschaubefund::Offen) {
+            stand.groessen = seitengroessen(offenes->dokument);
             dokumente.insert(kennung, offenes);
         }
-        briefe->einwerfen([this, kennung, ergebnis, groessen, stand = inhalt.stand] {
-            if (m_gewollte.contains(kennung))
-                Q_EMIT geoeffnet(kennung, ergebnis, stand, groessen);
-        });
-    };
-    m_reihe->auftragen({Sofort, kennung, -1, oeffnen});
+        return [this, kennung, stand] { Q_EMIT geoeffnet(kennung, stand); };
+    });
 }
 
 void Seitenwerk::malen(quint64 kennung, int seite, const QSize &pixel, Vorrang vorrang)
 {
-    const auto malen = [this, kennung, seite, pixel, briefe = m_briefe](OffeneDokumente &dokumente) {
+    auftragen(vorrang, kennung, seite, [this, kennung, seite, pixel](OffeneDokumente &dokumente) {
         const auto offenes = dokumente.value(kennung);
         const QImage bild = offenes ? aufWeiss(offenes->dokument.render(seite, pixel)) : QImage();
-        briefe->einwerfen([this, kennung, seite, bild] {
-            if (m_gewollte.contains(kennung))
-                Q_EMIT gemalt(kennung, seite, bild);
-        });
-    };
-    m_reihe->auftragen({vorrang, kennung, seite, malen});
+        return [this, kennung, seite, bild] { Q_EMIT gemalt(kennung, seite, bild); };
+    });
 }
 
-void Seitenwerk::abbestellen(quint64 kennung) { m_reihe->seitenVerwerfen(kennung); }
+void Seitenwerk::auftragen(Vorrang vorrang, quint64 kennung, int seite,
+                           std::function<Meldung(OffeneDokumente &)> arbeit)
+{
+    const auto tun = [this, kennung, briefe = m_briefe, arbeit = std::move(arbeit)](OffeneDokumente &dokumente) {
+        briefe->einwerfen([this, kennung, melden = arbeit(dokumente)] {
+            if (m_gewollte.contains(kennung))
+                melden();
+        });
+    };
+    m_reihe->auftragen({vorrang, kennung, seite, tun});
+}
+
+void Seitenwerk::abbestellen(quint64 kennung) { m_reihe->verwerfen(kennung, 0); }
 
 void Seitenwerk::schliessen(quint64 kennung)
 {
@@ -131,4 +133,4 @@ void Seitenwerk::schliessen(quint64 kennung)
     m_reihe->verwerfen(kennung);
     m_reihe->auftragen({Sofort, kennung, -1, [kennung](OffeneDokumente &dokumente) { dokumente.remove(kennung); }});
 }
-} // namespace quillmar::vorschau
+} // namespace quillmar::seiten

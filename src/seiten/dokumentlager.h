@@ -8,14 +8,11 @@
 #include <QObject>
 #include <QStringList>
 
-namespace quillmar::vorschau
+namespace quillmar::seiten
 {
 /** A document of the preview as far as it is known by now. */
-struct Vorschaudokument {
+struct Vorschaudokument : Dokumentstand {
     quint64 kennung = 0;
-    Vorschaubefund befund = Vorschaubefund::Laedt;
-    Dateistand stand;
-    QList<QSizeF> groessen;     ///< of the pages, in points
     QHash<int, QImage> bilder;  ///< what is drawn, in the size that was last asked for
     QHash<int, QSize> bestellt; ///< sizes that were asked for; a page whose picture is null cannot be drawn
 };
@@ -57,10 +54,9 @@ Q_SIGNALS:
     void gemalt(const QString &pfad, int seite);
 
 private:
-    void beginnen(const QString &pfad);
-    void nachsehen(const QString &pfad);
     void aufraeumen();
-    void aufnehmen(quint64 kennung, Vorschaubefund befund, const Dateistand &stand, const QList<QSizeF> &groessen);
+    void vergessen(const QString &pfad, quint64 ausser = 0);
+    void aufnehmen(quint64 kennung, const Dokumentstand &stand);
     void bildAufnehmen(quint64 kennung, int seite, const QImage &bild);
 
     Seitenwerk m_werk;
@@ -68,4 +64,4 @@ private:
     QHash<quint64, QString> m_pfade; ///< of all numbers that may still be told of
     QStringList m_reihenfolge;       ///< last asked for first
 };
-} // namespace quillmar::vorschau
+} // namespace quillmar::seiten

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace quillmar::bedienteile
+namespace quillmar::desktop
 {
 /** The desktop's file manager. Nothing here waits for it. */
 namespace Dateiverwaltung
@@ -13,4 +13,4 @@ void ordnerOeffnen(const QString &ordner);
 /** Opens the folder of @p datei with the file selected; where the desktop cannot do that, the folder alone. */
 void zeigen(const QString &datei);
 } // namespace Dateiverwaltung
-} // namespace quillmar::bedienteile
+} // namespace quillmar::desktop

@@ -12,7 +12,7 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 
-namespace quillmar::ui
+namespace quillmar::zustand
 {
 /**
  * Asks the maker's site whether there is a newer version: one public file, over HTTPS only. Beyond what every request
@@ -76,4 +76,4 @@ private:
     QTimer m_frist;
     std::optional<Ergebnis> m_ergebnis;
 };
-} // namespace quillmar::ui
+} // namespace quillmar::zustand

@@ -1,26 +1,30 @@
 #pragma once
 
 #include "dateiinhalt.h"
+#include "malreihe.h"
 #include "namensraeume.h"
 
 #include <QImage>
-#include <QList>
 #include <QObject>
 #include <QSet>
 #include <QSizeF>
-#include <memory>
 
 namespace quillmar::grundlage
 {
 class Briefkasten;
 } // namespace quillmar::grundlage
 
-namespace quillmar::vorschau
+namespace quillmar::seiten
 {
-class Malreihe;
-
 /** What has become of opening a document for the preview. */
-enum class Vorschaubefund { Laedt, Offen, Gesichert, Beschaedigt, Verschwunden, Unlesbar, ZuGross };
+enum class Vorschaubefund { Keines, Laedt, Offen, Gesichert, Beschaedigt, Verschwunden, Unlesbar, ZuGross };
+
+/** A document as it was found. */
+struct Dokumentstand {
+    Vorschaubefund befund = Vorschaubefund::Laedt;
+    Dateistand datei;
+    QList<QSizeF> groessen; ///< of the pages in points, as they are seen (turned); empty unless the document is open
+};
 
 /**
  * Reads, opens and draws PDF files away from the main thread. Nothing here blocks: a drive that hangs and a document
@@ -52,19 +56,22 @@ public:
     void schliessen(quint64 kennung);
 
 Q_SIGNALS:
-    /** @p groessen of the pages in points, as they are seen (turned); empty unless the document is open. */
-    void geoeffnet(quint64 kennung, Vorschaubefund befund, const Dateistand &stand, const QList<QSizeF> &groessen);
+    void geoeffnet(quint64 kennung, const Dokumentstand &stand);
 
     /** @p bild has the size that was asked for; it is null when the page cannot be drawn. */
     void gemalt(quint64 kennung, int seite, const QImage &bild);
 
 private:
+    using Meldung = std::function<void()>;
+
     void gelesen(quint64 kennung, const Dateiinhalt &inhalt);
-    void dokumentOeffnen(quint64 kennung, const Dateiinhalt &inhalt);
+
+    /** Done away from here; what @p arbeit returns is called here, if the document is still wanted. */
+    void auftragen(Vorrang vorrang, quint64 kennung, int seite, std::function<Meldung(OffeneDokumente &)> arbeit);
 
     std::shared_ptr<Briefkasten> m_briefe;
     std::shared_ptr<Malreihe> m_reihe;
     QSet<quint64> m_gewollte;
     quint64 m_letzte = 0;
 };
-} // namespace quillmar::vorschau
+} // namespace quillmar::seiten

@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quillmar::ui
+namespace quillmar::desktop
 {
 namespace
 {
@@ -57,4 +57,4 @@ void Einzelfenster::ActivateAction(const QString &, const QVariantList &, const 
 {
     Activate(angaben);
 }
-} // namespace quillmar::ui
+} // namespace quillmar::desktop

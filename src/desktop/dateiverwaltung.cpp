@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quillmar::bedienteile
+namespace quillmar::desktop
 {
 void Dateiverwaltung::ordnerOeffnen(const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); }
 
@@ -33,4 +33,4 @@ void Dateiverwaltung::zeigen(const QString &datei)
         return fertig(); // without a session bus no signal comes
     QObject::connect(antwort, &QDBusPendingCallWatcher::finished, antwort, fertig);
 }
-} // namespace quillmar::bedienteile
+} // namespace quillmar::desktop

@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-namespace quillmar::bedienteile
+namespace quillmar::zustand
 {
 namespace
 {
@@ -95,4 +95,4 @@ void Fenstersprache::laden()
         QCoreApplication::installTranslator(&m_qt);
     beobachten();
 }
-} // namespace quillmar::bedienteile
+} // namespace quillmar::zustand

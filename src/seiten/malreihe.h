@@ -2,24 +2,18 @@
 
 #include "namensraeume.h"
 
-#include <QBuffer>
 #include <QHash>
 #include <QList>
-#include <QPdfDocument>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
 
-namespace quillmar::vorschau
+namespace quillmar::seiten
 {
-/** A document that is open, with the bytes that it is read from. Only the queue's own thread touches it. */
-struct OffenesDokument {
-    QBuffer bytes;
-    QPdfDocument dokument{nullptr};
-};
-
+/** A document that is open. Only the queue's own thread touches it. */
+struct OffenesDokument;
 using OffeneDokumente = QHash<quint64, std::shared_ptr<OffenesDokument>>;
 
 /** A piece of work for the queue. */
@@ -46,9 +40,8 @@ public:
 
     void auftragen(Malauftrag auftrag);
 
-    /** Drops what is asked for @p kennung and not yet begun: everything, or the pages alone. */
-    void verwerfen(quint64 kennung);
-    void seitenVerwerfen(quint64 kennung);
+    /** Drops what is asked for @p kennung and not yet begun; from @p abSeite 0 on: the pages alone. */
+    void verwerfen(quint64 kennung, int abSeite = -1);
 
     /** Drops everything and waits at most @p geduld for the piece in hand. A thread that hangs is left to itself. */
     void beenden(std::chrono::milliseconds geduld);
@@ -64,4 +57,4 @@ private:
     bool m_schluss = false;
     bool m_laeuft = false;
 };
-} // namespace quillmar::vorschau
+} // namespace quillmar::seiten

@@ -7,18 +7,18 @@
 #include "sprache.h"
 #include "zustand.h"
 
-#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QDBusMessage>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
-#include <QWidget>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using namespace quillmar::ui;
+using namespace quillmar::desktop;
 
 /** Stands for the desktop's notifications. */
 class Dienst : public QObject, protected QDBusContext
@@ -55,7 +55,7 @@ private:
     Dienst m_dienst;
     std::unique_ptr<Buehne> m_b;
     std::unique_ptr<Zustand> m_z;
-    std::unique_ptr<QWidget> m_fenster;
+    std::unique_ptr<QWindow> m_fenster;
 
     static QDBusConnection drueben() { return QDBusConnection(u"drueben"_s); }
     void durchgang()
@@ -102,7 +102,7 @@ private Q_SLOTS:
         m_b->dokument(u"c.pdf"_s);
         m_b->profilSichern();
         m_z = std::make_unique<Zustand>();
-        m_fenster = std::make_unique<QWidget>();
+        m_fenster = std::make_unique<QWindow>();
         m_z->profilwahl()->beginnen();
         QTRY_VERIFY(m_z->profilwahl()->offen() && m_z->profilwahl()->bereitschaft());
         QVERIFY(QGuiApplication::applicationState() != Qt::ApplicationActive);

@@ -6,18 +6,16 @@
 #include <QVariantMap>
 #include <chrono>
 
-class QWidget;
-
 namespace quillmar::zustand
 {
 class Durchgang;
 } // namespace quillmar::zustand
 
-namespace quillmar::ui
+namespace quillmar::desktop
 {
 /**
  * Tells on the desktop that a long run has ended while the user is at something else: counts only, no word of a
- * document. Without a notification service only the window's entry in the task bar asks for attention. Never blocks.
+ * document. Never blocks, and needs no notification service: the window can ask for attention by itself.
  */
 class Laufnachricht : public QObject
 {
@@ -26,10 +24,11 @@ class Laufnachricht : public QObject
 public:
     static constexpr std::chrono::milliseconds ueblich = std::chrono::minutes(1);
 
-    /** Runs shorter than @p ab are not worth a message. Both others outlive it. */
-    Laufnachricht(Durchgang *durchgang, QWidget *fenster, std::chrono::milliseconds ab = ueblich);
+    /** Runs shorter than @p ab are not worth a message. */
+    Laufnachricht(Durchgang *durchgang, QObject *vater, std::chrono::milliseconds ab = ueblich);
 
 Q_SIGNALS:
+    void gemeldet(); ///< there is something to tell, whether or not anybody shows it
     void angeklickt();
 
 private Q_SLOTS:
@@ -42,8 +41,7 @@ private:
     void zuruecknehmen();
 
     Durchgang *m_durchgang;
-    QWidget *m_fenster;
     std::chrono::milliseconds m_ab;
     uint m_nummer = 0; ///< of the message on show; 0 if none
 };
-} // namespace quillmar::ui
+} // namespace quillmar::desktop

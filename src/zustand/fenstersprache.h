@@ -1,14 +1,14 @@
 #pragma once
 
-#include "auswahl.h"
 #include "namensraeume.h"
+#include "wahleintrag.h"
 
 #include <QFileSystemWatcher>
 #include <QObject>
 #include <QTimer>
 #include <QTranslator>
 
-namespace quillmar::bedienteile
+namespace quillmar::zustand
 {
 /** The language of the window: the program's own texts, Qt's own (standard buttons, dialogs) and number formats. */
 class Fenstersprache : public QObject
@@ -38,4 +38,4 @@ private:
     QFileSystemWatcher m_waechter; ///< of the file in use and its folder
     QTimer m_takt;
 };
-} // namespace quillmar::bedienteile
+} // namespace quillmar::zustand

@@ -4,16 +4,15 @@
 #include "sprache.h"
 #include "text.h"
 
-#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QWidget>
+#include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
 
-namespace quillmar::ui
+namespace quillmar::desktop
 {
 namespace
 {
@@ -38,8 +37,8 @@ QString zahlensatz(const Laufende &ende)
 }
 } // namespace
 
-Laufnachricht::Laufnachricht(Durchgang *durchgang, QWidget *fenster, std::chrono::milliseconds ab)
-    : QObject(fenster), m_durchgang(durchgang), m_fenster(fenster), m_ab(ab)
+Laufnachricht::Laufnachricht(Durchgang *durchgang, QObject *vater, std::chrono::milliseconds ab)
+    : QObject(vater), m_durchgang(durchgang), m_ab(ab)
 {
     connect(m_durchgang, &Durchgang::laufBeendet, this, &Laufnachricht::melden);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &Laufnachricht::zuruecknehmen);
@@ -54,7 +53,7 @@ void Laufnachricht::melden()
     const Laufende &ende = m_durchgang->laufende();
     if (ende.dauer < m_ab || QGuiApplication::applicationState() == Qt::ApplicationActive)
         return;
-    QApplication::alert(m_fenster);
+    Q_EMIT gemeldet();
     senden(ende.abgeschlossen ? Sprache::text(u"Der Durchgang ist fertig"_s)
                               : Sprache::text(u"Der Durchgang wurde angehalten"_s),
            zahlensatz(ende));
@@ -100,4 +99,4 @@ void Laufnachricht::aktion(uint nummer, const QString &name)
     if (nummer == m_nummer && nummer != 0 && name == taetigkeit)
         Q_EMIT angeklickt();
 }
-} // namespace quillmar::ui
+} // namespace quillmar::desktop

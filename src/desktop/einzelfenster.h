@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QVariantMap>
 
-namespace quillmar::ui
+namespace quillmar::desktop
 {
 /**
  * One window per user: the first one takes a name on the session bus, a second start wakes it and ends. Without a
@@ -32,4 +32,4 @@ Q_SIGNALS:
     /** Somebody has started the program again, perhaps for a profile. */
     void geweckt(const QString &profil);
 };
-} // namespace quillmar::ui
+} // namespace quillmar::desktop

@@ -1,6 +1,6 @@
 #include "dokumentlager.h"
 
-namespace quillmar::vorschau
+namespace quillmar::seiten
 {
 namespace
 {
@@ -17,10 +17,15 @@ Dokumentlager::Dokumentlager(QObject *eltern) : QObject(eltern)
 void Dokumentlager::holen(const QString &pfad)
 {
     vorziehen(pfad);
-    if (m_dokumente.contains(pfad))
-        nachsehen(pfad);
-    else
-        beginnen(pfad);
+    const bool neu = !m_dokumente.contains(pfad);
+    Vorschaudokument &dokument = m_dokumente[pfad];
+    // A second number is told of only when the file is another than the one that is open.
+    if (neu || dokument.befund != Vorschaubefund::Laedt) {
+        const quint64 kennung = m_werk.oeffnen(pfad, dokument.datei);
+        m_pfade.insert(kennung, pfad);
+        if (neu)
+            dokument.kennung = kennung;
+    }
     aufraeumen();
 }
 
@@ -73,54 +78,34 @@ void Dokumentlager::verlassen(const QString &pfad)
         dokument->bestellt.insert(0, dokument->bilder.value(0).size());
 }
 
-void Dokumentlager::beginnen(const QString &pfad)
-{
-    Vorschaudokument neues;
-    neues.kennung = m_werk.oeffnen(pfad);
-    m_pfade.insert(neues.kennung, pfad);
-    m_dokumente.insert(pfad, neues);
-}
-
-// The second number is told of only when the file is another than the one that is open.
-void Dokumentlager::nachsehen(const QString &pfad)
-{
-    const Vorschaudokument &bekanntes = m_dokumente[pfad];
-    if (bekanntes.befund != Vorschaubefund::Laedt)
-        m_pfade.insert(m_werk.oeffnen(pfad, bekanntes.stand), pfad);
-}
-
 void Dokumentlager::aufraeumen()
 {
     qint64 bytes = 0;
     for (int i = 0; i < m_reihenfolge.size(); ++i) {
-        bytes += m_dokumente.value(m_reihenfolge.at(i)).stand.groesse;
+        bytes += m_dokumente.value(m_reihenfolge.at(i)).datei.groesse;
         if (i < 2 || (i < hoechstzahl && bytes <= hoechsteBytes))
             continue;
         const QString pfad = m_reihenfolge.takeAt(i--);
-        for (const quint64 kennung : m_pfade.keys(pfad)) {
-            m_werk.schliessen(kennung);
-            m_pfade.remove(kennung);
-        }
+        vergessen(pfad);
         m_dokumente.remove(pfad);
     }
 }
 
-void Dokumentlager::aufnehmen(quint64 kennung, Vorschaubefund befund, const Dateistand &stand,
-                              const QList<QSizeF> &groessen)
+void Dokumentlager::vergessen(const QString &pfad, quint64 ausser)
+{
+    for (const quint64 kennung : m_pfade.keys(pfad)) {
+        if (kennung == ausser)
+            continue;
+        m_werk.schliessen(kennung);
+        m_pfade.remove(kennung);
+    }
+}
+
+void Dokumentlager::aufnehmen(quint64 kennung, const Dokumentstand &stand)
 {
     const QString pfad = m_pfade.value(kennung);
-    Vorschaudokument neues;
-    neues.kennung = kennung;
-    neues.befund = befund;
-    neues.stand = stand;
-    neues.groessen = groessen;
-    for (const quint64 andere : m_pfade.keys(pfad)) {
-        if (andere == kennung)
-            continue;
-        m_werk.schliessen(andere);
-        m_pfade.remove(andere);
-    }
-    m_dokumente.insert(pfad, neues);
+    vergessen(pfad, kennung);
+    m_dokumente.insert(pfad, {stand, kennung, {}, {}});
     Q_EMIT geoeffnet(pfad);
 }
 
@@ -133,4 +118,4 @@ void Dokumentlager::bildAufnehmen(quint64 kennung, int seite, const QImage &bild
     dokument->bilder.insert(seite, bild);
     Q_EMIT gemalt(pfad, seite);
 }
-} // namespace quillmar::vorschau
+} // namespace quillmar::seiten

@@ -13,7 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quillmar::ui
+namespace quillmar::zustand
 {
 namespace
 {
@@ -171,4 +171,4 @@ bool Aktualisierung::istNeuer(const QString &a, const QString &als)
     }
     return false;
 }
-} // namespace quillmar::ui
+} // namespace quillmar::zustand

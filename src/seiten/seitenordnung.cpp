@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quillmar::vorschau
+namespace quillmar::seiten
 {
 namespace
 {
 constexpr int kleinsteSeite = 8;
+constexpr double spielraum = 0.001;
+constexpr double groesstesBild = 24e6;
 
 double massstab(const QSizeF &groesse, const Zoom &zoom, const Seitenraum &raum)
 {
@@ -30,6 +32,18 @@ QSize pixel(const QSizeF &groesse, double massstab)
 }
 } // namespace
 
+Zoom Zoom::ueber(double massstab)
+{
+    const auto *stufe = std::upper_bound(stufen.begin(), stufen.end(), massstab + spielraum);
+    return {Art::Stufe, stufe == stufen.end() ? stufen.back() : *stufe};
+}
+
+Zoom Zoom::unter(double massstab)
+{
+    const auto *stufe = std::lower_bound(stufen.begin(), stufen.end(), massstab - spielraum);
+    return {Art::Stufe, stufe == stufen.begin() ? stufen.front() : *std::prev(stufe)};
+}
+
 Seitenordnung::Seitenordnung(const QList<QSizeF> &groessen, const Zoom &zoom, const Seitenraum &raum)
 {
     int y = raum.rand;
@@ -50,4 +64,24 @@ int Seitenordnung::seiteBei(int y) const
         std::find_if(m_seiten.begin(), m_seiten.end(), [y](const QRect &seite) { return seite.bottom() >= y; });
     return int(std::min<qsizetype>(gefunden - m_seiten.begin(), std::max<qsizetype>(m_seiten.size() - 1, 0)));
 }
-} // namespace quillmar::vorschau
+
+QPoint Seitenordnung::ortIn(const Seitenordnung &andere, const QPoint &ort) const
+{
+    const int seite = seiteBei(ort.y());
+    const QRect hier = m_seiten.value(seite);
+    const QRect dort = andere.m_seiten.value(seite);
+    if (hier.isEmpty() || dort.isEmpty())
+        return ort;
+    const QPointF abstand = ort - hier.topLeft();
+    return (dort.topLeft() +
+            QPointF(abstand.x() * dort.width() / hier.width(), abstand.y() * dort.height() / hier.height()))
+        .toPoint();
+}
+
+QSize bildgroesse(const QSize &seite, double pixelverhaeltnis)
+{
+    const double wunsch = double(seite.width()) * seite.height() * pixelverhaeltnis * pixelverhaeltnis;
+    const double faktor = pixelverhaeltnis * std::min(1.0, std::sqrt(groesstesBild / wunsch));
+    return (QSizeF(seite) * faktor).toSize().expandedTo(QSize(1, 1));
+}
+} // namespace quillmar::seiten

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using namespace quillmar::ui;
+using namespace quillmar::zustand;
 using Art = Aktualisierung::Ergebnis::Art;
 
 namespace

@@ -4,7 +4,7 @@
 #include <thread>
 #include <utility>
 
-namespace quillmar::vorschau
+namespace quillmar::seiten
 {
 void Malreihe::starten(const std::shared_ptr<Malreihe> &reihe)
 {
@@ -29,17 +29,12 @@ void Malreihe::auftragen(Malauftrag auftrag)
     m_neues.notify_one();
 }
 
-void Malreihe::verwerfen(quint64 kennung)
+void Malreihe::verwerfen(quint64 kennung, int abSeite)
 {
     const std::lock_guard halter(m_sperre);
-    m_auftraege.removeIf([kennung](const Malauftrag &auftrag) { return auftrag.kennung == kennung; });
-}
-
-void Malreihe::seitenVerwerfen(quint64 kennung)
-{
-    const std::lock_guard halter(m_sperre);
-    m_auftraege.removeIf(
-        [kennung](const Malauftrag &auftrag) { return auftrag.kennung == kennung && auftrag.seite >= 0; });
+    m_auftraege.removeIf([kennung, abSeite](const Malauftrag &auftrag) {
+        return auftrag.kennung == kennung && auftrag.seite >= abSeite;
+    });
 }
 
 void Malreihe::beenden(std::chrono::milliseconds geduld)
@@ -72,4 +67,4 @@ bool Malreihe::naechster(Malauftrag &auftrag)
     auftrag = m_auftraege.takeFirst();
     return true;
 }
-} // namespace quillmar::vorschau
+} // namespace quillmar::seiten
