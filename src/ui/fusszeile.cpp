@@ -2,64 +2,69 @@
 
 #include "analyse.h"
 #include "ausfuehrung.h"
-#include "balken.h"
+#include "bau.h"
 #include "durchgang.h"
 #include "meldestelle.h"
 #include "meldungszeile.h"
 #include "modelldienst.h"
+#include "nachgeben.h"
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sitzungen.h"
 #include "sprache.h"
-#include "stil.h"
 #include "text.h"
-#include "zeichen.h"
+#include "textschild.h"
 #include "zustand.h"
 
 #include <QLabel>
-#include <QPainter>
+#include <QProgressBar>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
-using Stil::abstand;
+using Stil::Abstand;
+using Stil::Schrift;
 
 namespace
 {
 constexpr int balkenlaenge = 120;
+constexpr int hoehe = 27;
 
-QLabel *schild(const QString &name, QWidget *eltern)
+bool istMangel(Modellstand::Art art)
 {
-    auto *schild = new QLabel(eltern);
-    schild->setObjectName(name);
-    schild->setTextFormat(Qt::PlainText);
-    Stil::nebentext(schild);
-    return schild;
+    return art == Modellstand::Art::ServerFehlt || art == Modellstand::Art::ModellAnderswo ||
+           art == Modellstand::Art::ModellFehlt;
 }
 } // namespace
 
 Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_zaehler(schild(u"zaehlwerk"_s, this)), m_lage(schild(u"lage"_s, this))
+    : QWidget(eltern), m_zustand(zustand), m_zaehler(schild({}, Schrift::Neben, u"zaehlwerk"_s)),
+      m_text(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben, u"lage"_s)), m_balken(balken({}, balkenlaenge))
 {
-    const QString hilfe = Sprache::text(u"Einsortiert: fertig bearbeitet. Offen: wartet auf deine Prüfung. "
-                                        "Zurückgestellt: von dir übersprungen. In Analyse: noch nicht gelesen."_s);
-    m_zaehler->setToolTip(hilfe);
-    m_zaehler->setAccessibleDescription(hilfe);
+    m_zaehler->setToolTip(Sprache::text(u"Einsortiert: fertig bearbeitet. Offen: wartet auf deine Prüfung. "
+                                        "Zurückgestellt: von dir übersprungen. In Analyse: noch nicht gelesen."_s));
+    m_zaehler->setAccessibleDescription(m_zaehler->toolTip());
+    m_balken->setAccessibleName(Sprache::text(u"Fortschritt"_s));
+    auto *zeile = fuellen(new QWidget, reihe({m_zaehler, Teil::rest(), m_text, m_balken}), Abstand::Feld);
+    fuellen(this, spalte({linie(), zeile}, Abstand::Keiner));
+    Stil::folgen(zeile, [zeile] { zeile->setFixedHeight(Stil::mass(hoehe)); });
+    m_platz = new Nachgeben(zeile, 3, [this](int stufe) { setzeStufe(stufe); });
     verbinden();
     zaehlenZeigen();
     lageZeigen();
-    Stil::folgen(this, [this] {
-        updateGeometry();
-        anordnen();
-    });
 }
 
 void Fusszeile::verbinden()
 {
+    Durchgang *durchgang = m_zustand->durchgang();
     connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, &Fusszeile::zaehlenZeigen);
     connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Fusszeile::zaehlenZeigen);
-    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &Fusszeile::lageZeigen);
+    connect(durchgang, &Durchgang::laufGeaendert, this, [this, durchgang] {
+        if (durchgang->laeuft())
+            m_notiz.clear();
+        lageZeigen();
+    });
     connect(m_zustand->modelldienst(), &Modelldienst::modellGeaendert, this, &Fusszeile::lageZeigen);
     connect(m_zustand->ausfuehrung(), &Ausfuehrung::vorgangGeaendert, this, &Fusszeile::lageZeigen);
     for (const auto signal : {&Profilwahl::oeffnetGeaendert, &Profilwahl::aktivGeaendert})
@@ -67,10 +72,6 @@ void Fusszeile::verbinden()
     connect(m_zustand->sitzungen(), &Sitzungen::rueckbauGeaendert, this, &Fusszeile::lageZeigen);
     connect(m_zustand->meldestelle(), &Meldestelle::hinweisGeaendert, this, &Fusszeile::notieren);
     connect(m_zustand, &Zustand::reiterGeaendert, this, &Fusszeile::notizVergessen);
-    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, [this] {
-        if (m_zustand->durchgang()->laeuft())
-            m_notiz.clear();
-    });
 }
 
 void Fusszeile::zaehlenZeigen()
@@ -80,44 +81,59 @@ void Fusszeile::zaehlenZeigen()
     m_zaehler->setText(gefuellt(Sprache::text(u"%@ einsortiert · %@ offen · %@ zurückgestellt · %@ in Analyse"_s),
                                 {QString::number(z.erledigt), QString::number(z.bereit),
                                  QString::number(z.zurueckgestellt), QString::number(z.neu)}));
-    anordnen();
+}
+
+Fusszeile::Lage Fusszeile::lage() const
+{
+    const Analyse *analyse = m_zustand->durchgang()->analyse();
+    const Ausfuehrung *ausfuehrung = m_zustand->ausfuehrung();
+    const Sitzungen *sitzungen = m_zustand->sitzungen();
+    if (m_zustand->profilwahl()->oeffnet())
+        return {.stufe = Sprache::text(u"Der Katalog wird geöffnet"_s)};
+    if (sitzungen->rueckbauLaeuft())
+        return {.stufe = sitzungen->rueckbauMeldung(), .anteil = sitzungen->rueckbauAnteil()};
+    if (!ausfuehrung->vorgang().isEmpty())
+        return {.stufe = ausfuehrung->vorgang(),
+                .anteil = ausfuehrung->vorgangsanteil() > 0 ? ausfuehrung->vorgangsanteil() : -1};
+    if (!analyse || !analyse->laeuft())
+        return ruhelage();
+    QStringList rest = {analyse->meldung(), analyse->restzeit()};
+    rest.removeAll(QString());
+    return {.stufe = analyse->stufe(), .rest = rest.join(u" · "_s), .anteil = analyse->anteil()};
+}
+
+/** While nothing is going on. */
+Fusszeile::Lage Fusszeile::ruhelage() const
+{
+    if (m_zustand->durchgang()->startWartet())
+        return {.stufe = Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s)};
+    if (!m_notiz.isEmpty())
+        return {.stufe = m_notiz, .symbol = tonzeichen(m_zustand->meldestelle()->ton())};
+    if (m_zustand->profilwahl()->aktiv() && istMangel(m_zustand->modelldienst()->modellstand().art))
+        return {.stufe = m_zustand->modelldienst()->modellMeldung(), .symbol = Symbol::Warnung};
+    return {};
 }
 
 void Fusszeile::lageZeigen()
 {
-    m_stufe.clear();
-    m_rest.clear();
-    m_anteil = -1;
-    m_symbol = Symbol::Keines;
-    const Analyse *analyse = m_zustand->durchgang()->analyse();
-    if (m_zustand->profilwahl()->oeffnet()) {
-        m_stufe = Sprache::text(u"Der Katalog wird geöffnet"_s);
-    } else if (m_zustand->sitzungen()->rueckbauLaeuft()) {
-        m_stufe = m_zustand->sitzungen()->rueckbauMeldung();
-        m_anteil = m_zustand->sitzungen()->rueckbauAnteil();
-    } else if (!m_zustand->ausfuehrung()->vorgang().isEmpty()) {
-        m_stufe = m_zustand->ausfuehrung()->vorgang();
-        m_anteil = m_zustand->ausfuehrung()->vorgangsanteil() > 0 ? m_zustand->ausfuehrung()->vorgangsanteil() : -1;
-    } else if (analyse && analyse->laeuft()) {
-        m_stufe = analyse->stufe();
-        QStringList rest = {analyse->meldung(), analyse->restzeit()};
-        rest.removeAll(QString());
-        m_rest = rest.join(u" · "_s);
-        m_anteil = analyse->anteil();
-    } else if (m_zustand->durchgang()->startWartet()) {
-        m_stufe = Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s);
-    } else if (!m_notiz.isEmpty()) {
-        m_stufe = m_notiz;
-        m_symbol = tonzeichen(m_zustand->meldestelle()->ton());
-    } else if (m_zustand->profilwahl()->aktiv() &&
-               (m_zustand->modelldienst()->modellstand().art == Modellstand::Art::ServerFehlt ||
-                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::ModellAnderswo ||
-                m_zustand->modelldienst()->modellstand().art == Modellstand::Art::ModellFehlt)) {
-        m_stufe = m_zustand->modelldienst()->modellMeldung();
-        m_symbol = tonzeichen(Meldestelle::Ton::Warnung);
-    }
-    anordnen();
-    update();
+    m_lage = lage();
+    m_balken->setVisible(m_lage.anteil >= 0);
+    setzeAnteil(m_balken, m_lage.anteil);
+    m_platz->pruefen();
+}
+
+/** When it gets narrow, the bar goes first, then the stage's name, then the right side; only a notice is cut off. */
+void Fusszeile::setzeStufe(int stufe)
+{
+    const QString ganz = m_lage.rest.isEmpty() ? m_lage.stufe : m_lage.stufe + u"   "_s + m_lage.rest;
+    QString text = ganz;
+    if (stufe == 2 && !m_lage.rest.isEmpty())
+        text = m_lage.rest;
+    if (stufe == 3 && m_lage.stufe != m_notiz)
+        text.clear();
+    m_text->setzen(m_lage.symbol, text);
+    m_text->setzeHilfe(ganz);
+    m_balken->setVisible(m_lage.anteil >= 0 && stufe == 0);
 }
 
 /** Review and log say it themselves. */
@@ -134,52 +150,5 @@ void Fusszeile::notizVergessen()
 {
     m_notiz.clear();
     lageZeigen();
-}
-
-/** When it gets narrow, the bar goes first, then the stage's name, then the right side. */
-void Fusszeile::anordnen()
-{
-    const int rand = abstand(12);
-    const int links = rand + m_zaehler->sizeHint().width();
-    const int frei =
-        width() - links - abstand(24) - rand - (m_symbol == Symbol::Keines ? 0 : Stil::zeichengroesse() + abstand(6));
-    const QFontMetrics mass(m_lage->font());
-    const QString ganz = m_rest.isEmpty() ? m_stufe : m_stufe + u"   "_s + m_rest;
-    const int balken = abstand(balkenlaenge + 8);
-    const bool mitBalken = m_anteil >= 0 && mass.horizontalAdvance(ganz) + balken <= frei;
-    QString text = ganz;
-    if (mass.horizontalAdvance(text) > frei && !m_rest.isEmpty())
-        text = m_rest;
-    if (mass.horizontalAdvance(text) > frei)
-        text = m_stufe == m_notiz ? mass.elidedText(text, Qt::ElideRight, std::max(0, frei)) : QString();
-    m_lage->setText(text);
-    m_lage->setToolTip(ganz);
-    const int breite = mass.horizontalAdvance(text) + 2;
-    const int rechts = width() - rand - (mitBalken ? balken : 0);
-    m_zaehler->setGeometry(rand, 1, links - rand, height() - 1);
-    m_lage->setGeometry(rechts - breite, 1, breite, height() - 1);
-    m_balkenX = mitBalken ? width() - rand - abstand(balkenlaenge) : 0;
-    update();
-}
-
-QSize Fusszeile::sizeHint() const { return {0, abstand(28)}; }
-
-void Fusszeile::resizeEvent(QResizeEvent *) { anordnen(); }
-
-void Fusszeile::paintEvent(QPaintEvent *)
-{
-    QPainter maler(this);
-    maler.fillRect(0, 0, width(), 1, Stil::linie(palette()));
-    maler.setRenderHint(QPainter::Antialiasing);
-    if (m_symbol != Symbol::Keines && !m_lage->text().isEmpty()) {
-        const int kante = Stil::zeichengroesse();
-        Zeichen::malen(maler, QRect(m_lage->x() - kante - abstand(6), (height() - kante) / 2, kante, kante), m_symbol,
-                       palette());
-    }
-    if (m_balkenX == 0)
-        return;
-    const int dicke = abstand(6);
-    Balken::malen(maler, QRectF(m_balkenX, (height() - dicke) / 2.0, abstand(balkenlaenge), dicke), m_anteil,
-                  palette());
 }
 } // namespace quillmar::ui

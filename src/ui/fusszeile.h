@@ -6,11 +6,18 @@
 #include <QWidget>
 
 class QLabel;
+class QProgressBar;
 
 namespace quillmar::zustand
 {
 class Zustand;
 } // namespace quillmar::zustand
+
+namespace quillmar::bedienteile
+{
+class Nachgeben;
+class Textschild;
+} // namespace quillmar::bedienteile
 
 namespace quillmar::ui
 {
@@ -22,29 +29,29 @@ class Fusszeile : public QWidget
 public:
     explicit Fusszeile(Zustand *zustand, QWidget *eltern = nullptr);
 
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
-protected:
-    void resizeEvent(QResizeEvent *ereignis) override;
-    void paintEvent(QPaintEvent *ereignis) override;
-
 private:
+    /** What is said at the right end. */
+    struct Lage {
+        QString stufe;
+        QString rest = {};
+        double anteil = -1; ///< 0 to 1; below 0: no bar
+        Symbol symbol = Symbol::Keines;
+    };
+    [[nodiscard]] Lage lage() const;
+    [[nodiscard]] Lage ruhelage() const;
     void verbinden();
     void zaehlenZeigen();
     void lageZeigen();
+    void setzeStufe(int stufe);
     void notieren();
     void notizVergessen();
-    void anordnen();
 
     Zustand *m_zustand;
     QLabel *m_zaehler;
-    QLabel *m_lage;
-    QString m_stufe;
-    QString m_rest;
-    double m_anteil = -1;             ///< 0 to 1; below 0: no bar
-    Symbol m_symbol = Symbol::Keines; ///< of the mark
-    QString m_notiz;                  ///< what was said while a card was chosen that has no place for notices
-    int m_balkenX = 0;                ///< 0: the bar has no room
+    Textschild *m_text;
+    QProgressBar *m_balken;
+    Nachgeben *m_platz;
+    Lage m_lage;
+    QString m_notiz; ///< what was said while a card was chosen that has no place for notices
 };
 } // namespace quillmar::ui

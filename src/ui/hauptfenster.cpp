@@ -3,6 +3,7 @@
 #include "ablaufansicht.h"
 #include "aktualisierung.h"
 #include "ausfuehrung.h"
+#include "bau.h"
 #include "einrichtungsansicht.h"
 #include "einstellungen.h"
 #include "fenstermenue.h"
@@ -20,10 +21,10 @@
 #include "pruefung.h"
 #include "quillmarstil.h"
 #include "reiter.h"
+#include "rueckfrage.h"
 #include "sprache.h"
 #include "tastentakt.h"
-#include "zeichen.h"
-#include "zielfrage.h"
+#include "text.h"
 #include "zustand.h"
 
 #include <QApplication>
@@ -33,7 +34,6 @@
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -50,21 +50,34 @@ constexpr auto schluesselOrt = "fenster"_L1;
 
 QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster, const std::function<void()> &info)
 {
-    auto *knopf = new QToolButton(fenster);
-    knopf->setObjectName(u"menueknopf"_s);
-    knopf->setAutoRaise(true);
-    knopf->setFocusPolicy(Qt::TabFocus);
-    knopf->setIcon(Zeichen::icon(Symbol::Menue));
-    knopf->setAccessibleName(Sprache::text(u"Menü"_s));
-    knopf->setToolTip(Sprache::text(u"Schriftgröße, Sprache, Info, Beenden"_s));
+    QToolButton *knopf = flachknopf(u"menueknopf"_s, Symbol::Menue, Sprache::text(u"Menü"_s),
+                                    Sprache::text(u"Schriftgröße, Sprache, Info, Beenden"_s), false);
+    knopf->setParent(fenster);
     knopf->setPopupMode(QToolButton::InstantPopup);
-    knopf->setStyleSheet(u"QToolButton::menu-indicator { image: none; }"_s);
     auto *menue = new Fenstermenue(sprache, knopf);
     knopf->setMenu(menue);
     QObject::connect(menue, &Fenstermenue::infoGewuenscht, fenster, info);
     // Otherwise its shortcuts would only work while it is open.
-    fenster->addActions(knopf->menu()->actions());
+    fenster->addActions(menue->actions());
     return knopf;
+}
+
+/** Asks, on whatever card a deed was refused for it, whether a target folder without what was filed last is right. */
+Rueckfrage *zielfrage(Profilwahl *wahl, Ausfuehrung *ausfuehrung)
+{
+    auto *frage = new Rueckfrage({{.name = u"zielStimmt"_s, .text = Sprache::text(u"Der Zielordner stimmt"_s)}});
+    frage->setObjectName(u"zielfrage"_s);
+    QObject::connect(ausfuehrung, &Ausfuehrung::zielFraglich, frage, [frage, wahl] {
+        if (wahl->aktiv())
+            frage->fragen(gefuellt(
+                Sprache::text(u"Im Zielordner %@ liegt nichts von dem, was zuletzt dort einsortiert wurde. Ist sein "
+                              "Datenträger nicht eingehängt, hänge ihn ein und versuche es noch einmal. Hast du die "
+                              "Ablage selbst verlegt, bestätige den Ordner."_s),
+                {wahl->aktiv()->zielWurzel}));
+    });
+    QObject::connect(wahl, &Profilwahl::aktivGeaendert, frage, &Rueckfrage::schliessen);
+    QObject::connect(frage, &Rueckfrage::bestaetigt, ausfuehrung, &Ausfuehrung::zielBestaetigen);
+    return frage;
 }
 } // namespace
 
@@ -108,16 +121,13 @@ void Hauptfenster::aufbauen()
     const QList<QAction *> alte = actions();
     for (QAction *aktion : alte)
         removeAction(aktion);
-    auto *inhalt = new QWidget;
-    auto *spalte = new QVBoxLayout(inhalt);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    spalte->setSpacing(0);
-    auto *karten = new QStackedWidget(inhalt);
+    auto *karten = new QStackedWidget;
     const auto info = [this] { Infofenster::oeffnen(m_zustand->profilwahl(), m_aktualisierung, m_sprache, this); };
-    spalte->addWidget(new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info), inhalt));
-    spalte->addWidget(karten, 1);
-    spalte->addWidget(new Zielfrage(m_zustand->profilwahl(), m_zustand->ausfuehrung(), inhalt));
-    spalte->addWidget(new Fusszeile(m_zustand, inhalt));
+    auto *inhalt = traeger(spalte({new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info)),
+                                   {karten, 1},
+                                   zielfrage(m_zustand->profilwahl(), m_zustand->ausfuehrung()),
+                                   new Fusszeile(m_zustand)},
+                                  Stil::Abstand::Keiner));
     kartenBauen(karten);
     setCentralWidget(inhalt);
     kartenWechseln(karten);

@@ -1,38 +1,33 @@
 #include "infofenster.h"
 
 #include "aktualisierung.h"
+#include "bau.h"
 #include "bestandteile.h"
 #include "dateiverwaltung.h"
 #include "diagnose.h"
-#include "elidiertext.h"
 #include "fehlersatz.h"
 #include "fenstersprache.h"
-#include "flachknopf.h"
 #include "hintergrund.h"
-#include "knopf.h"
 #include "pfade.h"
 #include "profilwahl.h"
 #include "programmordner.h"
 #include "sprache.h"
-#include "stil.h"
 #include "text.h"
-#include "umbruchtext.h"
-#include "zeichen.h"
-#include "zeile.h"
+#include "textschild.h"
 
 #include <QCheckBox>
 #include <QClipboard>
 #include <QDesktopServices>
-#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QVBoxLayout>
+#include <QPushButton>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
-using Stil::abstand;
+using Stil::Abstand;
 using Stil::Schrift;
 
 namespace
@@ -40,65 +35,67 @@ namespace
 constexpr int breite = 600;
 constexpr int bildkante = 64;
 
-struct Ordnerzeile {
-    QString name; ///< of the control
-    QString was;
-    QString pfad;
-};
-
 /** Of the active profile; empty if there is none. */
 QString protokollordner(const Profilwahl &profilwahl)
 {
     return profilwahl.aktiv() ? profilwahl.aktiv()->protokollURL().value_or(QString()) : QString();
 }
 
-QList<Ordnerzeile> ordnerzeilen(const Profilwahl &profilwahl)
+QLabel *angabe(const QString &text, Schrift art = Schrift::Grund, const QString &name = {})
 {
-    return {
-        {.name = u"programmordner"_s, .was = Sprache::text(u"Einstellungen und Katalog"_s), .pfad = programmOrdner()},
-        {.name = u"sprachordner"_s, .was = Sprache::text(u"Eigene Sprachen"_s), .pfad = Sprache::eigenerOrdner()},
-        {.name = u"protokolle"_s, .was = Sprache::text(u"Protokolle"_s), .pfad = protokollordner(profilwahl)}};
+    QLabel *neue = schild(text, art, name);
+    neue->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return neue;
 }
 
-QLabel *schild(const QString &text, QWidget *eltern, Schrift art = Schrift::Grund)
+Textschild *satz(const QString &text)
 {
-    auto *neu = new QLabel(text, eltern);
-    neu->setTextFormat(Qt::PlainText);
-    neu->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    Stil::schriftFolgt(neu, art);
-    return neu;
+    auto *neuer = new Textschild(Textschild::Art::Umbruch, Schrift::Neben);
+    neuer->setzeText(text);
+    return neuer;
 }
 
-QLabel *nebenschild(const QString &text, QWidget *eltern)
+QLayout *kopf()
 {
-    auto *neu = schild(text, eltern);
-    Stil::folgen(neu, [neu, eltern] { Stil::setzeTextfarbe(neu, Stil::nebenfarbe(eltern->palette())); });
-    return neu;
-}
-
-QVBoxLayout *abschnitt(QWidget *traeger, const QString &titel)
-{
-    auto *spalte = new QVBoxLayout(traeger);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    if (!titel.isEmpty())
-        spalte->addWidget(schild(titel, traeger, Schrift::Abschnitt));
-    Stil::folgen(traeger, [spalte] { spalte->setSpacing(abstand(6)); });
-    return spalte;
+    auto *bild = new QLabel;
+    Stil::folgen(bild, [bild] {
+        bild->setPixmap(QIcon(u":/quillmar.svg"_s).pixmap(Stil::mass(bildkante), Stil::mass(bildkante)));
+    });
+    const QString fassung = gefuellt(Sprache::text(u"Version %@"_s), {Aktualisierung::eigeneFassung()});
+    return reihe({{bild, 0, Qt::AlignTop},
+                  {spalte({angabe(u"Quillmar"_s, Schrift::Seitentitel),
+                           reihe({angabe(fassung, Schrift::Grund, u"fassung"_s),
+                                  angabe(Sprache::text(u"© 2026, MIT-Lizenz"_s)), Teil::rest()}),
+                           satz(Sprache::text(u"Liest gescannte Briefe, schlägt Namen und Ordner vor, legt ab."_s))},
+                          Abstand::Eng),
+                   1}},
+                 Abstand::Gruppe);
 }
 
 /** Opens a folder that is there; whether it is, is found out elsewhere: a drive may be slow. */
-Flachknopf *ordnerknopf(const Ordnerzeile &zeile, QWidget *eltern)
+QToolButton *ordnerknopf(const QString &name, const QString &was, const QString &pfad)
 {
-    auto *knopf = new Flachknopf(zeile.name + u"Oeffnen"_s, Symbol::Aufschlagen, {},
-                                 Sprache::text(u"Öffnet diesen Ordner"_s), eltern);
-    knopf->setAccessibleName(gefuellt(Sprache::text(u"Ordner öffnen: %@"_s), {zeile.was}));
+    QToolButton *knopf =
+        flachknopf(name + u"Oeffnen"_s, Symbol::Aufschlagen, {}, Sprache::text(u"Öffnet diesen Ordner"_s), false);
+    knopf->setAccessibleName(gefuellt(Sprache::text(u"Ordner öffnen: %@"_s), {was}));
     knopf->setEnabled(false);
-    QObject::connect(knopf, &QToolButton::clicked, knopf,
-                     [ordner = zeile.pfad] { Dateiverwaltung::ordnerOeffnen(ordner); });
+    QObject::connect(knopf, &QToolButton::clicked, knopf, [pfad] { Dateiverwaltung::ordnerOeffnen(pfad); });
     imHintergrund(
-        knopf, [pfad = zeile.pfad] { return !pfad.isEmpty() && istOrdner(pfad); },
+        knopf, [pfad] { return !pfad.isEmpty() && istOrdner(pfad); },
         [knopf](const Ausgang<bool> &da) { knopf->setEnabled(da.wert.value_or(false)); });
     return knopf;
+}
+
+/** The programs are asked for their versions, which takes a moment. */
+void angabenKopieren(QToolButton *knopf)
+{
+    knopf->setEnabled(false);
+    imHintergrund(knopf, Diagnose::zeilen, [knopf](const Ausgang<QStringList> &zeilen) {
+        QGuiApplication::clipboard()->setText(zeilen.wert.value_or(QStringList{fehlersatz(zeilen.fehler)}).join(u'\n') +
+                                              u'\n');
+        knopf->setEnabled(true);
+        benennen(knopf, Sprache::text(u"Kopiert"_s), knopf->toolTip());
+    });
 }
 } // namespace
 
@@ -120,9 +117,8 @@ Infofenster::Infofenster(Profilwahl *profilwahl, Aktualisierung *aktualisierung,
 {
     setObjectName(u"info"_s);
     setAttribute(Qt::WA_DeleteOnClose);
-    auto *rahmen = new QVBoxLayout(this);
-    rahmen->setContentsMargins(0, 0, 0, 0);
-    rahmen->setSizeConstraint(QLayout::SetFixedSize);
+    setLayout(new QVBoxLayout);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
     connect(m_aktualisierung, &Aktualisierung::geaendert, this, &Infofenster::ergebnisZeigen);
     for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert})
         connect(m_profilwahl, signal, this, [this] {
@@ -137,24 +133,9 @@ void Infofenster::aufbauen()
 {
     m_protokolle = protokollordner(*m_profilwahl);
     setWindowTitle(Sprache::text(u"Info zu Quillmar"_s));
-    auto *inhalt = new QWidget(this);
-    auto *aussen = new QVBoxLayout(inhalt);
-    auto *spalte = new QVBoxLayout;
-    for (QWidget *teil : QList<QWidget *>{kopf(inhalt), updateteil(inhalt), ordner(inhalt), teile(inhalt)})
-        spalte->addWidget(teil);
-    aussen->addLayout(spalte);
-    aussen->addStretch(1);
-    QWidget *unten = fuss(inhalt);
-    aussen->addWidget(unten);
-    Stil::folgen(inhalt, [inhalt, aussen, spalte, unten] {
-        inhalt->setFixedWidth(abstand(breite));
-        aussen->setContentsMargins(0, abstand(20), 0, abstand(16));
-        spalte->setContentsMargins(abstand(24), 0, abstand(24), 0);
-        // The words of the flat button begin where everything else does.
-        unten->layout()->setContentsMargins(abstand(24) - abstand(9), 0, abstand(24), 0);
-        for (QVBoxLayout *reihe : {aussen, spalte})
-            reihe->setSpacing(abstand(20));
-    });
+    auto *inhalt = fuellen(new QWidget, spalte({kopf(), updateteil(), ordner(), teile(), fuss()}, Abstand::Rand),
+                           Abstand::Rand, Abstand::Rand);
+    Stil::folgen(inhalt, [inhalt] { inhalt->setFixedWidth(Stil::mass(breite)); });
     if (m_inhalt)
         m_inhalt->deleteLater();
     layout()->addWidget(inhalt);
@@ -163,171 +144,96 @@ void Infofenster::aufbauen()
     m_suchen->setFocus();
 }
 
-QWidget *Infofenster::kopf(QWidget *eltern)
+QLayout *Infofenster::updateteil()
 {
-    auto *traeger = new QWidget(eltern);
-    auto *bild = new QLabel(traeger);
-    auto *worte = new QVBoxLayout;
-    auto *wofuer = new Umbruchtext(traeger);
-    wofuer->setzeText(Sprache::text(u"Liest gescannte Briefe, schlägt Namen und Ordner vor, legt ab."_s));
-    auto *fassung = schild(gefuellt(Sprache::text(u"Version %@"_s), {Aktualisierung::eigeneFassung()}), traeger);
-    fassung->setObjectName(u"fassung"_s);
-    worte->addWidget(schild(u"Quillmar"_s, traeger, Schrift::Seitentitel));
-    worte->addWidget(zeile(traeger, {fassung, schild(Sprache::text(u"© 2026, MIT-Lizenz"_s), traeger)}));
-    worte->addWidget(wofuer);
-    auto *reihe = new QHBoxLayout(traeger);
-    reihe->setContentsMargins(0, 0, 0, 0);
-    reihe->addWidget(bild, 0, Qt::AlignTop);
-    reihe->addLayout(worte, 1);
-    Stil::nebentext(wofuer);
-    Stil::folgen(traeger, [bild, reihe, worte] {
-        bild->setPixmap(QIcon(u":/quillmar.svg"_s).pixmap(abstand(bildkante), abstand(bildkante)));
-        reihe->setSpacing(abstand(16));
-        worte->setSpacing(abstand(4));
-    });
-    return traeger;
-}
-
-QWidget *Infofenster::updateteil(QWidget *eltern)
-{
-    auto *traeger = new QWidget(eltern);
-    auto *spalte = abschnitt(traeger, {});
-    m_suchen = new Knopf(u"updateSuchen"_s, Sprache::text(u"Nach Update suchen"_s), traeger);
-    m_suchen->setIcon(Zeichen::icon(Symbol::NeuLaden));
-    m_marke = new QLabel(traeger);
-    m_ergebnis = new Umbruchtext(traeger);
-    m_ergebnis->setObjectName(u"updateErgebnis"_s);
-    m_laden = new Flachknopf(
-        u"updateLaden"_s, Symbol::Aufschlagen, Sprache::text(u"Zur Seite"_s),
-        gefuellt(Sprache::text(u"Öffnet %@ im Browser"_s), {Aktualisierung::ladeseite().toDisplayString()}), traeger);
-    m_laden->setzeMitText(true);
-    auto *reihe = zeile(traeger, {m_suchen, m_marke, m_ergebnis, m_laden});
-    static_cast<QHBoxLayout *>(reihe->layout())->setStretch(2, 1000);
-    auto *beimStart = new QCheckBox(Sprache::text(u"Beim Start nach Updates suchen"_s), traeger);
+    m_suchen = knopf(u"updateSuchen"_s, Sprache::text(u"Nach Update suchen"_s), {}, Knopfart::Feld, Symbol::NeuLaden);
+    m_ergebnis = new Textschild(Textschild::Art::Umbruch, Schrift::Grund, u"updateErgebnis"_s);
+    m_laden =
+        flachknopf(u"updateLaden"_s, Symbol::Aufschlagen, Sprache::text(u"Zur Seite"_s),
+                   gefuellt(Sprache::text(u"Öffnet %@ im Browser"_s), {Aktualisierung::ladeseite().toDisplayString()}));
+    auto *beimStart = new QCheckBox(Sprache::text(u"Beim Start nach Updates suchen"_s));
+    auto *erklaerung =
+        satz(Sprache::text(u"Abgerufen wird eine einzige öffentliche Datei. Über dich wird nichts gesendet."_s));
     beimStart->setObjectName(u"beimStartPruefen"_s);
     beimStart->setChecked(Aktualisierung::beimStartPruefen());
-    auto *erklaerung = new Umbruchtext(traeger);
-    erklaerung->setzeText(
-        Sprache::text(u"Abgerufen wird eine einzige öffentliche Datei. Über dich wird nichts gesendet."_s));
     beimStart->setAccessibleDescription(erklaerung->ganzerText());
-    for (QWidget *teil : QList<QWidget *>{reihe, beimStart, erklaerung})
-        spalte->addWidget(teil);
-    Stil::nebentext(erklaerung);
     connect(m_suchen, &QPushButton::clicked, m_aktualisierung, &Aktualisierung::pruefen);
     connect(m_laden, &QToolButton::clicked, this, [] { QDesktopServices::openUrl(Aktualisierung::ladeseite()); });
     connect(beimStart, &QCheckBox::toggled, this, &Aktualisierung::setzeBeimStartPruefen);
-    return traeger;
+    return spalte({reihe({m_suchen, {m_ergebnis, 1}, m_laden}), beimStart, erklaerung});
 }
 
 void Infofenster::ergebnisZeigen()
 {
+    using Art = Aktualisierung::Ergebnis::Art;
     const auto &ergebnis = m_aktualisierung->ergebnis();
     const bool laeuft = m_aktualisierung->laeuft();
+    const bool neuere = !laeuft && ergebnis && ergebnis->art == Art::NeuereDa;
     m_suchen->setEnabled(!laeuft);
-    QString text;
-    Symbol symbol = Symbol::Keines;
-    if (laeuft) {
-        text = Sprache::text(u"Wird gesucht …"_s);
-    } else if (ergebnis) {
-        text = Aktualisierung::satz(*ergebnis);
-        symbol = ergebnis->art == Aktualisierung::Ergebnis::Art::Fehlgeschlagen ? Symbol::Warnung : Symbol::Gut;
-    }
-    const bool neuere = !laeuft && ergebnis && ergebnis->art == Aktualisierung::Ergebnis::Art::NeuereDa;
-    if (neuere)
-        symbol = Symbol::Info;
-    m_marke->setPixmap(symbol == Symbol::Keines
-                           ? QPixmap()
-                           : Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()));
-    m_ergebnis->setzeText(text);
     m_laden->setVisible(neuere);
+    if (laeuft)
+        return m_ergebnis->setzen(Symbol::Keines, Sprache::text(u"Wird gesucht …"_s));
+    if (!ergebnis)
+        return m_ergebnis->setzen(Symbol::Keines, {});
+    const Symbol symbol = ergebnis->art == Art::Fehlgeschlagen ? Symbol::Warnung : Symbol::Gut;
+    m_ergebnis->setzen(neuere ? Symbol::Info : symbol, Aktualisierung::satz(*ergebnis));
 }
 
-QWidget *Infofenster::ordner(QWidget *eltern)
+QLayout *Infofenster::ordner()
 {
-    auto *traeger = new QWidget(eltern);
-    auto *spalte = abschnitt(traeger, Sprache::text(u"Ordner"_s));
+    const QList<std::array<QString, 3>> zeilen = {
+        {u"programmordner"_s, Sprache::text(u"Einstellungen und Katalog"_s), programmOrdner()},
+        {u"sprachordner"_s, Sprache::text(u"Eigene Sprachen"_s), Sprache::eigenerOrdner()},
+        {u"protokolle"_s, Sprache::text(u"Protokolle"_s), m_protokolle}};
     auto *raster = new QGridLayout;
     raster->setColumnStretch(1, 1);
-    const QList<Ordnerzeile> zeilen = ordnerzeilen(*m_profilwahl);
-    for (int n = 0; n < zeilen.size(); ++n) {
-        auto *pfad = new Elidiertext(Qt::ElideMiddle, traeger);
-        pfad->setzeText(zeilen.at(n).pfad.isEmpty() ? Sprache::text(u"noch kein Zielordner"_s)
-                                                    : kurzpfad(zeilen.at(n).pfad));
-        raster->addWidget(nebenschild(zeilen.at(n).was, traeger), n, 0, Qt::AlignRight | Qt::AlignVCenter);
-        raster->addWidget(pfad, n, 1);
-        raster->addWidget(ordnerknopf(zeilen.at(n), traeger), n, 2);
+    for (const auto &[name, was, pfad] : zeilen) {
+        auto *text = new Textschild(Textschild::Art::KurzMitte);
+        text->setzeText(pfad.isEmpty() ? Sprache::text(u"noch kein Zielordner"_s) : kurzpfad(pfad));
+        const int n = raster->rowCount();
+        raster->addWidget(angabe(was, Schrift::Beschriftung), n, 0, Qt::AlignRight | Qt::AlignVCenter);
+        raster->addWidget(text, n, 1);
+        raster->addWidget(ordnerknopf(name, was, pfad), n, 2);
     }
-    spalte->addLayout(raster);
-    Stil::folgen(traeger, [raster] {
-        raster->setHorizontalSpacing(abstand(12));
-        raster->setVerticalSpacing(0);
-    });
-    return traeger;
+    auto *tafel = traeger(raster);
+    setzeLuecken(tafel, Abstand::Feld, Abstand::Keiner);
+    return spalte({angabe(Sprache::text(u"Ordner"_s), Schrift::Abschnitt), tafel}, Abstand::Eng);
 }
 
-QWidget *Infofenster::teile(QWidget *eltern)
+QLayout *Infofenster::teile()
 {
-    auto *traeger = new QWidget(eltern);
-    auto *spalte = abschnitt(traeger, Sprache::text(u"Bestandteile"_s));
     auto *raster = new QGridLayout;
     raster->setColumnStretch(0, 1);
-    int reihe = 0;
     QHash<QString, QLabel *> erfragte;
     for (const Bestandteil &teil : bestandteile()) {
-        auto *fassung = nebenschild(teil.helfer.isEmpty() ? teil.fassung : u"…"_s, traeger);
-        if (!teil.helfer.isEmpty()) {
-            fassung->setObjectName(u"fassung-"_s + teil.helfer);
-            erfragte.insert(teil.helfer, fassung);
-        }
-        raster->addWidget(schild(teil.name, traeger), reihe, 0);
-        raster->addWidget(fassung, reihe, 1);
-        raster->addWidget(nebenschild(teil.lizenz, traeger), reihe, 2);
-        ++reihe;
+        QLabel *fassung = angabe(teil.helfer.isEmpty() ? teil.fassung : u"…"_s, Schrift::Beschriftung,
+                                 teil.helfer.isEmpty() ? QString() : u"fassung-"_s + teil.helfer);
+        erfragte.insert(teil.helfer, fassung);
+        const int n = raster->rowCount();
+        raster->addWidget(angabe(teil.name), n, 0);
+        raster->addWidget(fassung, n, 1);
+        raster->addWidget(angabe(teil.lizenz, Schrift::Beschriftung), n, 2);
     }
-    spalte->addLayout(raster);
-    fassungenLesen(traeger, erfragte);
-    Stil::folgen(traeger, [raster] {
-        raster->setHorizontalSpacing(abstand(20));
-        raster->setVerticalSpacing(abstand(3));
-    });
-    return traeger;
-}
-
-/** The programs are started for it, so the window is there before them. */
-void Infofenster::fassungenLesen(QWidget *traeger, const QHash<QString, QLabel *> &schilder)
-{
-    imHintergrund(traeger, Diagnose::helfer, [schilder](const Ausgang<QList<Diagnose::Helfer>> &ausgang) {
+    auto *tafel = traeger(raster, this);
+    setzeLuecken(tafel, Abstand::Rand, Abstand::Eng);
+    // The programs are started for it, so the window is there before them.
+    imHintergrund(tafel, Diagnose::helfer, [erfragte](const Ausgang<QList<Diagnose::Helfer>> &ausgang) {
         for (const Diagnose::Helfer &einer : ausgang.wert.value_or(QList<Diagnose::Helfer>())) {
-            if (QLabel *schild = schilder.value(einer.name))
+            if (QLabel *schild = erfragte.value(einer.name))
                 schild->setText(einer.fassung);
         }
     });
+    return spalte({angabe(Sprache::text(u"Bestandteile"_s), Schrift::Abschnitt), tafel}, Abstand::Eng);
 }
 
-QWidget *Infofenster::fuss(QWidget *eltern)
+QLayout *Infofenster::fuss()
 {
-    auto *kopieren = new Flachknopf(
-        u"angabenKopieren"_s, Symbol::Kopieren, Sprache::text(u"Angaben kopieren"_s),
-        Sprache::text(u"Fassungen des Programms und seiner Helfer als Text, etwa für eine Fehlermeldung"_s), eltern);
-    kopieren->setzeMitText(true);
-    auto *schliessen = new Knopf(u"schliessen"_s, Sprache::text(u"Schließen"_s), eltern);
-    auto *traeger = zeile(eltern, {kopieren});
-    static_cast<QHBoxLayout *>(traeger->layout())->addWidget(schliessen);
+    QToolButton *kopieren =
+        flachknopf(u"angabenKopieren"_s, Symbol::Kopieren, Sprache::text(u"Angaben kopieren"_s),
+                   Sprache::text(u"Fassungen des Programms und seiner Helfer als Text, etwa für eine Fehlermeldung"_s));
+    QPushButton *schliessen = knopf(u"schliessen"_s, Sprache::text(u"Schließen"_s));
     connect(kopieren, &QToolButton::clicked, this, [kopieren] { angabenKopieren(kopieren); });
     connect(schliessen, &QPushButton::clicked, this, &QDialog::close);
-    return traeger;
-}
-
-/** The programs are asked for their versions, which takes a moment. */
-void Infofenster::angabenKopieren(Flachknopf *knopf)
-{
-    knopf->setEnabled(false);
-    imHintergrund(knopf, Diagnose::zeilen, [knopf](const Ausgang<QStringList> &zeilen) {
-        QGuiApplication::clipboard()->setText(zeilen.wert.value_or(QStringList{fehlersatz(zeilen.fehler)}).join(u'\n') +
-                                              u'\n');
-        knopf->setEnabled(true);
-        knopf->setzeHilfe(Sprache::text(u"Kopiert"_s), knopf->toolTip());
-        knopf->updateGeometry();
-    });
+    return reihe({kopieren, Teil::rest(), schliessen});
 }
 } // namespace quillmar::ui

@@ -3,9 +3,10 @@
 #include "namensraeume.h"
 
 #include <QDialog>
-#include <QHash>
 
 class QLabel;
+class QPushButton;
+class QToolButton;
 
 namespace quillmar::zustand
 {
@@ -16,9 +17,7 @@ class Profilwahl;
 
 namespace quillmar::bedienteile
 {
-class Flachknopf;
-class Knopf;
-class Umbruchtext;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::ui
@@ -36,22 +35,18 @@ public:
 private:
     Infofenster(Profilwahl *profilwahl, Aktualisierung *aktualisierung, QWidget *fenster);
     void aufbauen();
-    QWidget *kopf(QWidget *eltern);
-    QWidget *updateteil(QWidget *eltern);
-    QWidget *ordner(QWidget *eltern);
-    QWidget *teile(QWidget *eltern);
-    QWidget *fuss(QWidget *eltern);
+    QLayout *updateteil();
+    QLayout *ordner();
+    QLayout *teile();
+    QLayout *fuss();
     void ergebnisZeigen();
-    static void angabenKopieren(Flachknopf *knopf);
-    static void fassungenLesen(QWidget *traeger, const QHash<QString, QLabel *> &schilder);
 
     Profilwahl *m_profilwahl;
     Aktualisierung *m_aktualisierung;
     QWidget *m_inhalt = nullptr;
     QString m_protokolle; ///< the folder that is shown
-    Knopf *m_suchen = nullptr;
-    QLabel *m_marke = nullptr;
-    Umbruchtext *m_ergebnis = nullptr;
-    Flachknopf *m_laden = nullptr;
+    QPushButton *m_suchen = nullptr;
+    Textschild *m_ergebnis = nullptr;
+    QToolButton *m_laden = nullptr;
 };
 } // namespace quillmar::ui

@@ -21,8 +21,6 @@ class Umschalter;
 
 namespace quillmar::ui
 {
-class Reiterknopf;
-
 /** The bar above the cards: profile, tabs in the middle of the window, move or copy, menu. */
 class Kopfleiste : public QWidget
 {
@@ -31,32 +29,19 @@ class Kopfleiste : public QWidget
 public:
     Kopfleiste(Zustand *zustand, QToolButton *menue, QWidget *eltern = nullptr);
 
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
-
-protected:
-    void resizeEvent(QResizeEvent *ereignis) override;
-    void paintEvent(QPaintEvent *ereignis) override;
-
 private:
+    QComboBox *profilwahlBauen();
+    QToolButton *reiterBauen(Reiter reiter);
     void verbinden();
-    void profilwahlBauen();
-    void reiterBauen();
     void profileZeigen();
     void aktivZeigen();
     void reiterZeigen();
-    void anordnen();
     void setzeStufe(int stufe);
-    [[nodiscard]] int profilbreite(int stufe) const;
-    [[nodiscard]] int reiterbreite() const;
-    [[nodiscard]] int breiteBei(int stufe);
-    void setzen(QWidget *teil, int x, int breite) const;
 
     Zustand *m_zustand;
     QComboBox *m_profil;
     QToolButton *m_neu;
-    QMap<Reiter, Reiterknopf *> m_reiter;
+    QMap<Reiter, QToolButton *> m_reiter;
     Umschalter *m_art;
-    QToolButton *m_menue;
 };
 } // namespace quillmar::ui

@@ -33,6 +33,7 @@ Zahl::Zahl(int nummer, Schrift schrift, const QString &was)
 {
     setObjectName(u"zahl-%1"_s.arg(nummer));
     fuellen(this, spalte({m_wert, schild(was, Schrift::Neben)}, Abstand::Keiner));
+    setzeRaender(this, {Abstand::Keiner, Abstand::Keiner, Abstand::Feld, Abstand::Keiner});
 }
 
 void Zahl::zeigen(qint64 wert, bool warnung)

@@ -3,6 +3,7 @@
 #include "stil.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
 #include <utility>
@@ -100,6 +101,11 @@ void Kleiderordnung::alleKleiden()
     for (QWidget *teil : QApplication::allWidgets()) {
         if (teil->property(eigenschaft).isValid())
             kleid(teil);
+        if (qobject_cast<QComboBox *>(teil)) {
+            // With the font alone it does not forget how small it may be.
+            QEvent neu(QEvent::StyleChange);
+            QCoreApplication::sendEvent(teil, &neu);
+        }
     }
     m_dabei = false;
     Q_EMIT geaendert();

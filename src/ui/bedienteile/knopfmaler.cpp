@@ -133,7 +133,7 @@ QSize Knopfmaler::groesse(const QStyleOptionToolButton &option, const QWidget *k
                 mass(28)};
     const int hoehe = art == Knopfart::Hoch ? mass(36) : mass(28);
     if (!mitText)
-        return {kante + abstand(Abstand::Feld), hoehe};
+        return {kante + abstand(Abstand::Nah), hoehe};
     return {zeichen + luecke + option.fontMetrics.horizontalAdvance(option.text) + mass(18), hoehe};
 }
 

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
@@ -26,6 +27,16 @@ constexpr double balkendicke = 6;
 int gespeichert(const QWidget *teil, const char *eigenschaft, int stelle)
 {
     return teil->property(eigenschaft).value<QList<int>>().value(stelle, -1);
+}
+
+/** A button remembers its size; it is forgotten with its style. */
+void merken(QAbstractButton *knopf, const char *eigenschaft, const QVariant &wert)
+{
+    if (knopf->property(eigenschaft) == wert)
+        return;
+    knopf->setProperty(eigenschaft, wert);
+    QEvent neu(QEvent::StyleChange);
+    QCoreApplication::sendEvent(knopf, &neu);
 }
 
 /** The toolkit's own dialogs keep their distances. */
@@ -62,14 +73,8 @@ void balkenMalen(QPainter &maler, const QStyleOptionProgressBar &option)
 }
 } // namespace
 
-void setzeReiterzahl(QAbstractButton *knopf, qint64 zahl)
-{
-    knopf->setProperty("reiterzahl", zahl);
-    // The size that the button remembers is forgotten with its text.
-    const QString text = knopf->text();
-    knopf->setText({});
-    knopf->setText(text);
-}
+void setzeReiterzahl(QAbstractButton *knopf, qint64 zahl) { merken(knopf, "reiterzahl", zahl); }
+void setzeEng(QAbstractButton *knopf, bool eng) { merken(knopf, "eng", eng); }
 
 void setzeRaender(QWidget *traeger, const Raender &raender)
 {
@@ -212,6 +217,14 @@ void Quillmarstil::drawControl(ControlElement element, const QStyleOption *optio
     maler->restore();
 }
 
+/** Without the arrow that tells of a menu. */
+void Quillmarstil::flachMalen(const QStyleOptionToolButton &option, QPainter *maler, const QWidget *teil) const
+{
+    QStyleOptionToolButton ohneMenue(option);
+    ohneMenue.features &= ~QStyleOptionToolButton::HasMenu;
+    QProxyStyle::drawComplexControl(CC_ToolButton, &ohneMenue, maler, teil);
+}
+
 void Quillmarstil::drawComplexControl(ComplexControl element, const QStyleOptionComplex *option, QPainter *maler,
                                       const QWidget *teil) const
 {
@@ -222,6 +235,8 @@ void Quillmarstil::drawComplexControl(ComplexControl element, const QStyleOption
         Knopfmaler::reiter(*maler, *knopf, teil);
     else if (art == Knopfart::Haelfte)
         Knopfmaler::haelfte(*maler, *knopf);
+    else if (element == CC_ToolButton && knopf)
+        flachMalen(*knopf, maler, teil);
     else
         QProxyStyle::drawComplexControl(element, option, maler, teil);
     maler->restore();

@@ -6,6 +6,7 @@
 #include <QProxyStyle>
 
 class QAbstractButton;
+class QStyleOptionToolButton;
 
 namespace quillmar::bedienteile
 {
@@ -15,6 +16,8 @@ void setzeKnopfart(QAbstractButton *knopf, Knopfart art);
 
 /** The number behind the title of a tab; none for 0. */
 void setzeReiterzahl(QAbstractButton *knopf, qint64 zahl);
+/** A tab with less room beside its words. */
+void setzeEng(QAbstractButton *knopf, bool eng);
 
 /** Distances of the layout of @p traeger from its edges; without it there are none. */
 struct Raender {
@@ -53,6 +56,7 @@ public:
 
 private:
     explicit Quillmarstil(const QString &grundlage);
+    void flachMalen(const QStyleOptionToolButton &option, QPainter *maler, const QWidget *teil) const;
     [[nodiscard]] int layoutmass(PixelMetric mass, const QWidget *teil) const;
 
     bool m_fusion;

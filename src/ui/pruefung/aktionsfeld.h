@@ -5,7 +5,8 @@
 #include <QTimer>
 #include <QWidget>
 
-class QHBoxLayout;
+class QPushButton;
+class QToolButton;
 
 namespace quillmar::zustand
 {
@@ -17,10 +18,8 @@ class Pruefung;
 
 namespace quillmar::bedienteile
 {
-class Elidiertext;
-class Flachknopf;
-class Hauptknopf;
 class Meldungszeile;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::pruefung
@@ -37,32 +36,22 @@ public:
     /** What the line of keys says: @p imFeld while a field has the focus, with its help if there is room nowhere else.
      */
     void setzeTasten(bool imFeld, const QString &hilfe);
-
     /** Short of height: deed and notice share a line. */
     void setzeDicht(bool dicht);
-    /** Height when it is not short of height. */
-    [[nodiscard]] int volleHoehe() const;
-
-protected:
-    void resizeEvent(QResizeEvent *ereignis) override;
-    void paintEvent(QPaintEvent *ereignis) override;
 
 private:
     void verbinden();
     void zeigen();
-    void einpassen();
     void tastenZeigen();
-    void zuFruehZeigen();
 
     Profilwahl *m_profilwahl;
     Ausfuehrung *m_ausfuehrung;
-    QHBoxLayout *m_reihe = nullptr;
-    Hauptknopf *m_uebernehmen;
-    Flachknopf *m_zuruecklegen;
-    Flachknopf *m_aussortieren;
-    Flachknopf *m_vorheriges;
-    Flachknopf *m_naechstes;
-    Elidiertext *m_tasten;
+    QPushButton *m_uebernehmen;
+    QToolButton *m_zuruecklegen;
+    QToolButton *m_aussortieren;
+    QToolButton *m_vorheriges;
+    QToolButton *m_naechstes;
+    Textschild *m_tasten;
     Meldungszeile *m_meldung;
     QString m_tastentext;
     QTimer m_zuFrueh; ///< runs while the line of keys says that one came too early

@@ -6,79 +6,69 @@
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sprache.h"
-#include "stil.h"
-#include "zeichen.h"
-#include "zeile.h"
+#include "textschild.h"
 
+#include <QComboBox>
 #include <QDate>
 #include <QEvent>
-#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::pruefung
 {
-using Stil::abstand;
 using Stil::Schrift;
 
 namespace
 {
-constexpr int datumszeichen = 12;
-constexpr int jahreszeichen = 6;
-constexpr int letzteSpalte = 3;
-
 struct Feldtext {
-    Feld feld;
     QString name;
     QString beschriftung;
     QString hilfe;
+    bool istWahl = false;
+    int zeichen = 0; ///< width of a short field
 };
 
+/** In the order of Feld, which is that of reading. */
 const QList<Feldtext> &feldtexte()
 {
     static const QList<Feldtext> texte = {
-        {Feld::Datum, u"datum"_s, QUILLMAR_TEXT(u"Datum"_s),
-         QUILLMAR_TEXT(u"Das Datum des Schreibens, nicht das des Scans. Vier Ziffern Jahr, dann Monat, dann Tag."_s)},
-        {Feld::Gegenueber, u"gegenueber"_s, QUILLMAR_TEXT(u"Gegenüber"_s),
+        {u"datum"_s, QUILLMAR_TEXT(u"Datum"_s),
+         QUILLMAR_TEXT(u"Das Datum des Schreibens, nicht das des Scans. Vier Ziffern Jahr, dann Monat, dann Tag."_s),
+         false, 12},
+        {u"gegenueber"_s, QUILLMAR_TEXT(u"Gegenüber"_s),
          QUILLMAR_TEXT(u"Die andere Seite, also wer schreibt oder an wen es geht. Niemals du selbst. Etwa Finanzamt "
                        "Meißen oder Sparkasse."_s)},
-        {Feld::Titel, u"titel"_s, QUILLMAR_TEXT(u"Titel"_s),
+        {u"titel"_s, QUILLMAR_TEXT(u"Titel"_s),
          QUILLMAR_TEXT(u"Worum es geht, in wenigen Worten. Etwa Steuerbescheid EkSt 2023."_s)},
-        {Feld::Zweig, u"zweig"_s, QUILLMAR_TEXT(u"Zweig"_s),
-         QUILLMAR_TEXT(u"Oberste Ebene der Ablage. Bestimmt, welche Rubriken zur Wahl stehen."_s)},
-        {Feld::Ablage, u"ablage"_s, QUILLMAR_TEXT(u"Ablage"_s),
-         QUILLMAR_TEXT(u"Jahresablage für laufende Vorgänge, Stammdaten für Dauerhaftes wie Verträge und Urkunden."_s)},
-        {Feld::Jahr, u"jahr"_s, QUILLMAR_TEXT(u"Jahr"_s),
-         QUILLMAR_TEXT(u"Zieht sich selbst aus dem Datum, lässt sich aber überschreiben."_s)},
-        {Feld::Rubrik, u"rubrik"_s, QUILLMAR_TEXT(u"Rubrik"_s),
+        {u"zweig"_s, QUILLMAR_TEXT(u"Zweig"_s),
+         QUILLMAR_TEXT(u"Oberste Ebene der Ablage. Bestimmt, welche Rubriken zur Wahl stehen."_s), true},
+        {u"ablage"_s, QUILLMAR_TEXT(u"Ablage"_s),
+         QUILLMAR_TEXT(u"Jahresablage für laufende Vorgänge, Stammdaten für Dauerhaftes wie Verträge und Urkunden."_s),
+         true},
+        {u"jahr"_s, QUILLMAR_TEXT(u"Jahr"_s),
+         QUILLMAR_TEXT(u"Zieht sich selbst aus dem Datum, lässt sich aber überschreiben."_s), false, 6},
+        {u"rubrik"_s, QUILLMAR_TEXT(u"Rubrik"_s),
          QUILLMAR_TEXT(u"Der eigentliche Zielordner. Es stehen nur Rubriken zur Wahl, die es in deiner Ablage schon "
-                       "gibt."_s)},
+                       "gibt."_s),
+         true},
     };
     return texte;
 }
 
-const Feldtext &feldtext(Feld feld) { return feldtexte().at(int(feld)); }
-QString beschriftung(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtext(feld).beschriftung); }
-QString hilfe(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtext(feld).hilfe); }
+QString wort(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).beschriftung); }
+QString hilfe(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).hilfe); }
 
-QStringList namen(const QList<Zweig> &zweige)
+template <class Ding>
+QStringList namen(const QList<Ding> &dinge)
 {
     QStringList liste;
-    for (const Zweig &zweig : zweige)
-        liste << zweig.name;
-    return liste;
-}
-
-QStringList namen(const QList<Ablageart> &arten)
-{
-    QStringList liste;
-    for (const Ablageart &art : arten)
-        liste << art.name;
+    for (const Ding &ding : dinge)
+        liste << ding.name;
     return liste;
 }
 
@@ -91,10 +81,32 @@ QString erklaerung()
 /** Marks a chosen value that the structure does not know. */
 void fremdesZeigen(QComboBox *wahl, Feld feld, bool fremd)
 {
-    wahl->setItemIcon(wahl->currentIndex(), fremd ? Zeichen::icon(Symbol::Warnung) : QIcon());
+    wahl->setItemIcon(wahl->currentIndex(), Zeichen::icon(fremd ? Symbol::Warnung : Symbol::Keines));
     const QString rat = fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + hilfe(feld) : hilfe(feld);
     wahl->setToolTip(rat);
     wahl->setAccessibleDescription(rat);
+}
+
+QComboBox *wahlBauen()
+{
+    auto *wahl = new QComboBox;
+    wahl->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    wahl->setMinimumContentsLength(4);
+    wahl->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    wahl->setMaxVisibleItems(20);
+    radsperre(wahl);
+    return wahl;
+}
+
+QLineEdit *textBauen(int zeichen)
+{
+    auto *text = new QLineEdit;
+    if (zeichen > 0)
+        Stil::folgen(text, [text, zeichen] {
+            const QFontMetrics grund(Stil::schrift(Schrift::Grund));
+            text->setFixedWidth(grund.averageCharWidth() * zeichen + Stil::mass(24));
+        });
+    return text;
 }
 
 /** A letter or number typed without a modifier. */
@@ -105,136 +117,93 @@ bool istZeichen(const QKeyEvent *ereignis)
 }
 } // namespace
 
+QWidget *Angabenfeld::Eingabe::feld() const { return text ? static_cast<QWidget *>(text) : wahl; }
+
 Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *eltern)
-    : Pruefabschnitt(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_profilwahl(profilwahl), m_pruefung(pruefung),
-      m_tag(new QLabel(this))
+    : QObject(eltern), m_profilwahl(profilwahl), m_pruefung(pruefung),
+      m_kopf(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_tag(schild({}, Schrift::Neben, u"wochentag"_s))
 {
-    m_erklaerung->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_tag->setTextFormat(Qt::PlainText);
-    m_tag->setObjectName(u"wochentag"_s);
-    textfeldBauen(Feld::Datum, datumszeichen);
-    textfeldBauen(Feld::Gegenueber, 0);
-    textfeldBauen(Feld::Titel, 0);
-    wahlBauen(Feld::Zweig);
-    wahlBauen(Feld::Ablage);
-    textfeldBauen(Feld::Jahr, jahreszeichen);
-    wahlBauen(Feld::Rubrik);
-    m_datumszeile = zeile(this, {m_texte[Feld::Datum], m_tag});
-    m_texte[Feld::Datum]->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
-    Stil::platzhalterFolgt(m_texte[Feld::Datum]);
-    Stil::nebentext(m_tag);
-    anordnen();
-    Stil::folgen(this, [this] { masse(); });
+    for (int n = 0; n < feldtexte().size(); ++n)
+        m_eingaben << eingabeBauen(Feld(n), eltern);
+    Eingabe &datum = m_eingaben[int(Feld::Datum)];
+    datum.text->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
+    datum.teil = traeger(reihe({datum.text, {m_tag, 1}}), eltern);
+    Stil::folgen(m_kopf.erklaerung, [this] {
+        m_kopf.erklaerung->setFixedHeight(2 * QFontMetrics(Stil::schrift(Schrift::Neben)).lineSpacing());
+    });
     for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
         connect(m_pruefung, signal, this, &Angabenfeld::zeigen);
     connect(m_pruefung, &Pruefung::angabenFestGeaendert, this, &Angabenfeld::festhalten);
     connect(m_pruefung, &Pruefung::aktuellesGeaendert, this, [this] {
         // An open list belongs to the document before.
-        for (QComboBox *wahl : std::as_const(m_wahlen))
-            wahl->hidePopup();
+        for (const Eingabe &eingabe : std::as_const(m_eingaben))
+            if (eingabe.wahl)
+                eingabe.wahl->hidePopup();
     });
     zeigen();
-    erklaerungZeigen();
 }
 
-QStringList Angabenfeld::beschriftungen()
+Angabenfeld::Eingabe Angabenfeld::eingabeBauen(Feld feld, QWidget *eltern)
 {
-    QStringList liste;
-    for (const Feldtext &text : feldtexte())
-        liste << pruefung::beschriftung(text.feld);
-    return liste;
-}
-
-void Angabenfeld::einrichten(Feld feld, QWidget *eingabe)
-{
-    eingabe->setObjectName(feldtext(feld).name);
-    eingabe->setAccessibleName(pruefung::beschriftung(feld));
-    eingabe->setAccessibleDescription(hilfe(feld));
-    eingabe->setToolTip(hilfe(feld));
-    eingabe->installEventFilter(this);
-    QLabel *schild = Pruefabschnitt::beschriftung(pruefung::beschriftung(feld), hilfe(feld), Qt::AlignVCenter);
-    schild->setBuddy(eingabe);
-    m_schilder[feld] = schild;
-}
-
-void Angabenfeld::textfeldBauen(Feld feld, int zeichen)
-{
-    auto *eingabe = new QLineEdit(this);
-    if (zeichen > 0)
-        m_zeichen[feld] = zeichen;
-    m_texte[feld] = eingabe;
-    einrichten(feld, eingabe);
-    connect(eingabe, &QLineEdit::textEdited, this,
-            [this, feld](const QString &text) { m_pruefung->setzeFeld(feld, text); });
-}
-
-void Angabenfeld::wahlBauen(Feld feld)
-{
-    auto *wahl = new QComboBox(this);
-    wahl->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    wahl->setMinimumContentsLength(4);
-    wahl->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    wahl->setMaxVisibleItems(20);
-    m_wahlen[feld] = wahl;
-    einrichten(feld, wahl);
-    radsperre(wahl);
-    connect(wahl, &QComboBox::activated, this,
-            [this, feld, wahl](int stelle) { m_pruefung->setzeFeld(feld, wahl->itemData(stelle).toString()); });
-}
-
-void Angabenfeld::paarAnordnen(Feld feld, int zeile, int spalte, int breite, Qt::Alignment ausrichtung)
-{
-    m_raster->addWidget(m_schilder[feld], zeile, spalte);
-    QWidget *eingabe = m_texte.contains(feld) ? static_cast<QWidget *>(m_texte[feld]) : m_wahlen[feld];
-    m_raster->addWidget(eingabe, zeile, spalte + 1, 1, breite, ausrichtung);
-}
-
-void Angabenfeld::anordnen()
-{
-    kopfAnordnen(letzteSpalte + 1);
-    m_raster->addWidget(m_schilder[Feld::Datum], 2, 0);
-    m_raster->addWidget(m_datumszeile, 2, 1, 1, letzteSpalte);
-    paarAnordnen(Feld::Gegenueber, 3, 0, letzteSpalte);
-    paarAnordnen(Feld::Titel, 4, 0, letzteSpalte);
-    const bool paarweise = m_dicht && !m_schmal;
-    const int breite = paarweise ? 1 : letzteSpalte;
-    paarAnordnen(Feld::Zweig, 5, 0, breite);
-    paarAnordnen(Feld::Ablage, paarweise ? 5 : 6, paarweise ? 2 : 0, breite);
-    paarAnordnen(Feld::Jahr, 7, 0, 1, Qt::AlignLeft);
-    paarAnordnen(Feld::Rubrik, paarweise ? 7 : 8, paarweise ? 2 : 0, breite);
-    m_raster->setColumnStretch(1, paarweise ? 2 : 0);
-    m_raster->setColumnStretch(3, 3);
-    masse();
-}
-
-void Angabenfeld::masse()
-{
-    m_raster->setHorizontalSpacing(abstand(12));
-    m_raster->setVerticalSpacing(abstand(8));
-    const QFontMetrics neben(Stil::schrift(Schrift::Neben));
-    m_erklaerung->setFixedHeight(2 * neben.lineSpacing());
-    for (QLineEdit *eingabe : std::as_const(m_texte)) {
-        eingabe->setMinimumHeight(abstand(30));
-        eingabe->setTextMargins(abstand(2), 0, 0, 0); // where a choice has its text
+    const Feldtext &text = feldtexte().at(int(feld));
+    Eingabe neue;
+    neue.schild = beschriftung(wort(feld), hilfe(feld), eltern);
+    if (text.istWahl) {
+        neue.wahl = wahlBauen();
+        connect(neue.wahl, &QComboBox::activated, this, [this, feld, wahl = neue.wahl](int stelle) {
+            m_pruefung->setzeFeld(feld, wahl->itemData(stelle).toString());
+        });
+    } else {
+        neue.text = textBauen(text.zeichen);
+        connect(neue.text, &QLineEdit::textEdited, this,
+                [this, feld](const QString &wert) { m_pruefung->setzeFeld(feld, wert); });
     }
-    for (QComboBox *wahl : std::as_const(m_wahlen))
-        wahl->setFixedHeight(abstand(30)); // by itself it does not shrink with the font
-    for (auto it = m_zeichen.begin(); it != m_zeichen.end(); ++it)
-        m_texte[it.key()]->setFixedWidth(fontMetrics().averageCharWidth() * it.value() + abstand(24));
+    neue.teil = neue.feld();
+    neue.teil->setParent(eltern);
+    neue.teil->setObjectName(text.name);
+    neue.teil->setAccessibleName(wort(feld));
+    neue.teil->setAccessibleDescription(hilfe(feld));
+    neue.teil->setToolTip(hilfe(feld));
+    neue.teil->installEventFilter(this);
+    neue.schild->setBuddy(neue.teil);
+    return neue;
 }
 
-int Angabenfeld::volleHoehe() const
+void Angabenfeld::legen(QGridLayout *raster, int zeile, const Platz &platz)
 {
-    const int zeile = std::max(abstand(30), m_texte[Feld::Titel]->sizeHint().height()) + abstand(8);
-    return m_titel->sizeHint().height() + m_erklaerung->height() + abstand(10) + int(feldtexte().size()) * zeile;
+    const bool paarweise = platz.dicht && !platz.schmal;
+    m_kopf.setzeDicht(platz.dicht);
+    raster->addWidget(m_kopf.traeger, zeile++, 0, 1, 4);
+    int spalte = 0;
+    for (int n = 0; n < m_eingaben.size(); ++n) {
+        const auto feld = Feld(n);
+        const bool vorn = paarweise && (feld == Feld::Zweig || feld == Feld::Jahr);
+        const bool kurz = feld == Feld::Jahr;
+        raster->addWidget(m_eingaben.at(n).schild, zeile, spalte, Qt::AlignRight | Qt::AlignVCenter);
+        raster->addWidget(m_eingaben.at(n).teil, zeile, spalte + 1, 1, vorn || spalte > 0 ? 1 : 3,
+                          kurz ? Qt::AlignLeft : Qt::Alignment());
+        spalte = vorn ? 2 : 0;
+        zeile += vorn ? 0 : 1;
+    }
+    raster->setColumnStretch(1, paarweise ? 2 : 0);
+    raster->setColumnStretch(3, 3);
 }
 
 void Angabenfeld::zeigen()
 {
-    const bool da = m_pruefung->aktuelles() != nullptr;
-    setEnabled(da);
-    for (auto it = m_texte.begin(); it != m_texte.end(); ++it)
-        textZeigen(it.key());
+    const Dokument *d = m_pruefung->aktuelles();
+    for (int n = 0; n < m_eingaben.size(); ++n) {
+        m_eingaben.at(n).feld()->setEnabled(d != nullptr);
+        QLineEdit *text = m_eingaben.at(n).text;
+        if (!text)
+            continue;
+        const QString wert = d ? feldwert(d->angaben, Feld(n)) : QString();
+        // Setting it anew would move the cursor and forget what can be undone.
+        if (text->text() != wert)
+            text->setText(wert);
+        if (!text->hasFocus())
+            text->setCursorPosition(0);
+    }
     wahlenZeigen();
     tagZeigen();
 }
@@ -242,18 +211,9 @@ void Angabenfeld::zeigen()
 /** While the document is being filed nothing can be typed that would be dropped. */
 void Angabenfeld::festhalten()
 {
-    for (QLineEdit *eingabe : std::as_const(m_texte))
-        eingabe->setReadOnly(m_pruefung->angabenFest());
-}
-
-void Angabenfeld::textZeigen(Feld feld)
-{
-    const QString wert = m_pruefung->aktuelles() ? feldwert(m_pruefung->aktuelles()->angaben, feld) : QString();
-    // Setting it anew would move the cursor and forget what can be undone.
-    if (m_texte[feld]->text() != wert)
-        m_texte[feld]->setText(wert);
-    if (!m_texte[feld]->hasFocus())
-        m_texte[feld]->setCursorPosition(0);
+    for (const Eingabe &eingabe : std::as_const(m_eingaben))
+        if (eingabe.text)
+            eingabe.text->setReadOnly(m_pruefung->angabenFest());
 }
 
 void Angabenfeld::wahlenZeigen()
@@ -281,7 +241,7 @@ void Angabenfeld::wahlZeigen(Feld feld, const QStringList &auswahl, const QStrin
         eintraege.prepend({.wert = {}, .anzeige = Sprache::text(u"ohne Rubrik"_s)});
     else if (wert.isEmpty())
         eintraege.prepend({.wert = {}, .anzeige = Sprache::text(u"bitte wählen"_s)});
-    QComboBox *wahl = m_wahlen[feld];
+    QComboBox *wahl = m_eingaben.at(int(feld)).wahl;
     wahlAuffrischen(wahl, eintraege, wert);
     fremdesZeigen(wahl, feld, !wert.isEmpty() && !auswahl.contains(wert));
 }
@@ -295,33 +255,28 @@ void Angabenfeld::tagZeigen()
     QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
     if (falsch && !Einordnung::istDatum(datum))
         text = Sprache::text(u"Bitte als JJJJ-MM-TT"_s);
-    m_tag->setText(text);
-    Stil::setzeTextfarbe(m_tag,
-                         falsch ? Stil::farbe(Stil::Bedeutung::Warnung, palette()) : Stil::nebenfarbe(palette()));
-    m_texte[Feld::Datum]->setAccessibleDescription(falsch ? text + u". "_s + hilfe(Feld::Datum) : hilfe(Feld::Datum));
+    Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setText(text);
+    m_eingaben.at(int(Feld::Datum))
+        .text->setAccessibleDescription(falsch ? text + u". "_s + hilfe(Feld::Datum) : hilfe(Feld::Datum));
 }
 
 bool Angabenfeld::hatFokus() const
 {
-    const QWidget *fokus = focusWidget();
-    return fokus && fokus->hasFocus();
+    return std::any_of(m_eingaben.begin(), m_eingaben.end(), [](const Eingabe &e) { return e.feld()->hasFocus(); });
 }
 
 QString Angabenfeld::hilfeImFokus() const
 {
-    for (const Feldtext &text : feldtexte()) {
-        const QWidget *eingabe =
-            m_texte.contains(text.feld) ? static_cast<QWidget *>(m_texte[text.feld]) : m_wahlen[text.feld];
-        if (eingabe->hasFocus())
-            return pruefung::beschriftung(text.feld) + u": "_s + hilfe(text.feld);
-    }
+    for (int n = 0; n < m_eingaben.size(); ++n)
+        if (m_eingaben.at(n).feld()->hasFocus())
+            return wort(Feld(n)) + u": "_s + hilfe(Feld(n));
     return {};
 }
 
 void Angabenfeld::erklaerungZeigen()
 {
     const QString hilfe = hilfeImFokus();
-    m_erklaerung->setText(hilfe.isEmpty() ? erklaerung() : hilfe);
+    m_kopf.erklaerung->setzeText(hilfe.isEmpty() ? erklaerung() : hilfe);
 }
 
 bool Angabenfeld::eventFilter(QObject *objekt, QEvent *ereignis)
@@ -342,6 +297,6 @@ bool Angabenfeld::eventFilter(QObject *objekt, QEvent *ereignis)
             },
             Qt::QueuedConnection);
     }
-    return QWidget::eventFilter(objekt, ereignis);
+    return QObject::eventFilter(objekt, ereignis);
 }
 } // namespace quillmar::pruefung

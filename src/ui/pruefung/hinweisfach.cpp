@@ -1,12 +1,11 @@
 #include "hinweisfach.h"
 
+#include "bau.h"
 #include "hinweisfeld.h"
 #include "pruefung.h"
 #include "sprache.h"
-#include "stil.h"
 
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -15,13 +14,12 @@ namespace quillmar::pruefung
 using Art = Pruefhinweis::Art;
 
 Hinweisfach::Hinweisfach(Pruefung *pruefung, QWidget *eltern)
-    : QWidget(eltern), m_pruefung(pruefung), m_spalte(new QVBoxLayout(this))
+    : QWidget(eltern), m_pruefung(pruefung), m_spalte(spalte({}, Stil::Abstand::Eng))
 {
     setObjectName(u"hinweise"_s);
-    m_spalte->setContentsMargins(0, 0, 0, 0);
+    setLayout(m_spalte);
     for (const auto signal : {&Pruefung::aktuellesGeaendert, &Pruefung::angabenGeaendert})
         connect(m_pruefung, signal, this, &Hinweisfach::zeigen);
-    Stil::folgen(this, [this] { m_spalte->setSpacing(Stil::abstand(4)); });
     zeigen();
 }
 

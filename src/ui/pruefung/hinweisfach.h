@@ -5,8 +5,6 @@
 
 #include <QWidget>
 
-class QVBoxLayout;
-
 namespace quillmar::zustand
 {
 class Pruefung;
@@ -15,6 +13,7 @@ class Pruefung;
 namespace quillmar::bedienteile
 {
 class Hinweisfeld;
+class Kette;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::pruefung
@@ -38,7 +37,7 @@ private:
     void tabReihe();
 
     Pruefung *m_pruefung;
-    QVBoxLayout *m_spalte;
+    Kette *m_spalte;
     QList<Pruefhinweis> m_gezeigte;
     QList<Hinweisfeld *> m_felder; ///< of m_gezeigte
 };

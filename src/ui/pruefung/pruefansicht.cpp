@@ -8,6 +8,7 @@
 #include "hinweisfach.h"
 #include "leeransicht.h"
 #include "meldungszeile.h"
+#include "nachgeben.h"
 #include "pfade.h"
 #include "profilwahl.h"
 #include "pruefung.h"
@@ -35,7 +36,7 @@ using namespace std::chrono_literals;
 
 namespace quillmar::pruefung
 {
-using Stil::abstand;
+using Stil::Abstand;
 
 namespace
 {
@@ -69,15 +70,16 @@ QString leerzeile(const Zustand &zustand)
 } // namespace
 
 PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_vorschau(new Vorschau(this)),
+      m_teiler(new Teiler(m_vorschau, vorschlagsseite(), this)), m_leere(new Leeransicht)
 {
     setObjectName(u"pruefen"_s);
     setFocusPolicy(Qt::ClickFocus);
-    m_vorschau = new Vorschau(this);
-    m_teiler = new Teiler(m_vorschau, vorschlagsseite(), this);
     m_teiler->setzeAnteil(m_zustand->teilung());
+    auto *meldung = new Meldungszeile(m_zustand->meldestelle(), m_zustand->pruefung(), m_zustand->ausfuehrung());
+    auto *leerseite = fuellen(new QWidget, spalte({{m_leere, 1}, meldung}), Abstand::Rand, Abstand::Nah);
     m_stapel->addWidget(m_teiler);
-    m_stapel->addWidget(leerseite());
+    m_stapel->addWidget(leerseite);
     tastenBauen();
     verbinden();
     dokumentZeigen();
@@ -86,9 +88,10 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
 void PruefAnsicht::verbinden()
 {
     connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
-    connect(m_zustand, &Zustand::teilungGeaendert, this, [this] {
-        m_teiler->setzeAnteil(m_zustand->teilung());
-        anordnen();
+    connect(m_zustand, &Zustand::teilungGeaendert, this, [this] { m_teiler->setzeAnteil(m_zustand->teilung()); });
+    connect(m_leere, &Leeransicht::gedrueckt, this, [this] {
+        if (m_leereTat)
+            m_leereTat();
     });
     connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand,
             [this] { m_zustand->pruefung()->setzePartnerZeigen(false); });
@@ -108,52 +111,48 @@ void PruefAnsicht::verbinden()
 
 QWidget *PruefAnsicht::vorschlagsseite()
 {
-    auto *seite = new QWidget(this);
-    auto *inhalt = new QWidget(seite);
+    auto *inhalt = new QWidget(this);
+    m_raster = new QGridLayout;
+    fuellen(inhalt, m_raster, Abstand::Rand, Abstand::Feld);
     m_vorschlag = new Vorschlagsteil(m_zustand->pruefung(), inhalt);
     m_hinweise = new Hinweisfach(m_zustand->pruefung(), inhalt);
     m_angaben = new Angabenfeld(m_zustand->profilwahl(), m_zustand->pruefung(), inhalt);
     m_aktionen = new Aktionsfeld(m_zustand->profilwahl(), m_zustand->pruefung(), m_zustand->ausfuehrung(),
-                                 m_zustand->meldestelle(), seite);
-    m_rollen = rollbereich(inhalt, seite);
-    m_rollen->installEventFilter(this);
-    auto *spalte = new QVBoxLayout(inhalt);
-    spalte->addWidget(m_vorschlag);
-    spalte->addWidget(m_hinweise);
-    spalte->addStretch(1);
-    spalte->addWidget(m_angaben);
-    auto *aussen = new QVBoxLayout(seite);
-    aussen->setContentsMargins(0, 0, 0, 0);
-    aussen->setSpacing(0);
-    aussen->addWidget(m_rollen, 1);
-    aussen->addWidget(m_aktionen);
-    Stil::folgen(inhalt, [this, spalte] {
-        spalte->setSpacing(abstand(10));
-        int breite = 0;
-        for (const QString &text : Vorschlagsteil::beschriftungen() + Angabenfeld::beschriftungen())
-            breite = std::max(breite, fontMetrics().horizontalAdvance(text) + 2);
-        m_vorschlag->setzeBeschriftungsbreite(breite);
-        m_angaben->setzeBeschriftungsbreite(breite);
-        anordnen();
-    });
+                                 m_zustand->meldestelle());
+    m_rollen = rollbereich(inhalt);
+    auto *seite = traeger(spalte({{m_rollen, 1}, linie(), m_aktionen}, Abstand::Keiner), this);
+    m_platz = new Nachgeben(
+        seite, 3, [this](int stufe) { legen({.dicht = stufe % 2 == 1, .schmal = stufe > 1}); },
+        [this, seite] { return passt(*seite); }, Nachgeben::Anlass::Groesse);
     return seite;
 }
 
-QWidget *PruefAnsicht::leerseite()
+/** Proposal and fields stand in one grid, so that there is one column of labels; the notes have a slot between them. */
+void PruefAnsicht::legen(const Platz &platz)
 {
-    auto *seite = new QWidget(this);
-    m_leere = new Leeransicht(seite);
-    auto *meldung = new Meldungszeile(m_zustand->meldestelle(), m_zustand->pruefung(), m_zustand->ausfuehrung(), seite);
-    auto *spalte = new QVBoxLayout(seite);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    spalte->addWidget(m_leere, 1);
-    spalte->addWidget(meldung);
-    Stil::folgen(seite, [spalte] { spalte->setContentsMargins(abstand(20), 0, abstand(20), abstand(8)); });
-    connect(m_leere, &Leeransicht::gedrueckt, this, [this] {
-        if (m_leereTat)
-            m_leereTat();
-    });
-    return seite;
+    if (platz == m_lage && m_raster->count() > 0)
+        return;
+    m_lage = platz;
+    while (const QLayoutItem *teil = m_raster->takeAt(0))
+        delete teil;
+    setzeLuecken(m_rollen->widget(), Abstand::Feld, platz.dicht ? Abstand::Eng : Abstand::Nah);
+    m_vorschlag->legen(m_raster, 0, platz);
+    m_raster->addWidget(m_hinweise, Vorschlagsteil::zeilen, 0, 1, 4);
+    m_raster->setRowStretch(Vorschlagsteil::zeilen + 1, 1);
+    m_angaben->legen(m_raster, Vorschlagsteil::zeilen + 2, platz);
+    m_aktionen->setzeDicht(platz.dicht);
+    tastenZeigen();
+}
+
+/** One note must fit beside the fields; more of them scroll. */
+bool PruefAnsicht::passt(const QWidget &seite) const
+{
+    const int einHinweis = fontMetrics().lineSpacing() + 2 * Stil::abstand(Abstand::Nah);
+    const QSize bedarf = m_raster->totalMinimumSize() - QSize(0, m_hinweise->minimumSizeHint().height());
+    const int hoehe = bedarf.height() + einHinweis + m_aktionen->sizeHint().height();
+    const int breite = bedarf.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const bool schmalGenug = m_lage.schmal || (breite <= seite.width() && !Stil::istSchmal(seite.width()));
+    return schmalGenug && (m_lage.dicht || hoehe <= seite.height());
 }
 
 bool PruefAnsicht::imFeld() const { return m_angaben->hatFokus(); }
@@ -169,24 +168,18 @@ void PruefAnsicht::taste(const QKeySequence &tasten, const std::function<void()>
 /** Letters act while no field has the focus: in a text they are text, in a choice they choose. */
 void PruefAnsicht::tastenBauen()
 {
+    Ausfuehrung *tun = m_zustand->ausfuehrung();
+    for (const auto taste : {Qt::Key_Return, Qt::Key_Enter})
+        this->taste(
+            taste, [this] { eingabe(); }, true);
     taste(
-        QKeySequence(Qt::Key_Return), [this] { eingabe(); }, true);
-    taste(
-        QKeySequence(Qt::Key_Enter), [this] { eingabe(); }, true);
-    taste(
-        QKeySequence(Qt::Key_Escape), [this] { feldVerlassen(); }, true);
-    taste(
-        QKeySequence(Qt::Key_Z), [this] { m_zustand->ausfuehrung()->zuruecklegen(); }, false);
-    taste(
-        QKeySequence(Qt::Key_D), [this] { m_zustand->ausfuehrung()->aussortieren(); }, false);
-    taste(
-        QKeySequence(Qt::Key_U), [this] { m_zustand->ausfuehrung()->rueckgaengig(); }, false);
-    taste(
-        QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { m_zustand->ausfuehrung()->rueckgaengig(); }, false);
-    taste(
-        QKeySequence(Qt::Key_Left), [this] { m_zustand->ausfuehrung()->weiter(Richtung::Zurueck); }, false);
-    taste(
-        QKeySequence(Qt::Key_Right), [this] { m_zustand->ausfuehrung()->weiter(Richtung::Weiter); }, false);
+        Qt::Key_Escape, [this] { feldVerlassen(); }, true);
+    taste(Qt::Key_Z, [tun] { tun->zuruecklegen(); });
+    taste(Qt::Key_D, [tun] { tun->aussortieren(); });
+    taste(Qt::Key_U, [tun] { tun->rueckgaengig(); });
+    taste(Qt::CTRL | Qt::Key_Z, [tun] { tun->rueckgaengig(); });
+    taste(Qt::Key_Left, [tun] { tun->weiter(Richtung::Zurueck); });
+    taste(Qt::Key_Right, [tun] { tun->weiter(Richtung::Weiter); });
 }
 
 /** The document was taken away in the middle of a word: what is still typed of it is not meant for the next one. */
@@ -304,43 +297,8 @@ QString PruefAnsicht::naechsterSchritt()
     return Sprache::text(u"Durchgang starten"_s);
 }
 
-/** Returns how wide the sections are at least then. */
-int PruefAnsicht::setzeTeile(bool schmal)
-{
-    m_vorschlag->setzeDicht(m_dicht, schmal);
-    m_angaben->setzeDicht(m_dicht, schmal);
-    return std::max(m_vorschlag->minimumSizeHint().width(), m_angaben->minimumSizeHint().width());
-}
-
-/** Sections that do not fit in height with one note get by with less. */
-void PruefAnsicht::anordnen()
-{
-    if (!m_aktionen || !m_teiler)
-        return;
-    const int einHinweis = fontMetrics().lineSpacing() + abstand(10);
-    const int bedarf =
-        m_vorschlag->volleHoehe() + m_angaben->volleHoehe() + einHinweis + abstand(12) * 2 + abstand(10) * 3;
-    m_dicht = bedarf > height() - m_aktionen->volleHoehe();
-    const int breite = m_rollen->width();
-    const int rand = Stil::seitenrand(breite);
-    const int platz = breite - 2 * rand - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    if (Stil::istSchmal(breite) || setzeTeile(false) > platz)
-        setzeTeile(true);
-    m_aktionen->setzeDicht(m_dicht);
-    m_rollen->widget()->layout()->setContentsMargins(rand, abstand(12), rand, abstand(12));
-    tastenZeigen();
-}
-
 void PruefAnsicht::tastenZeigen()
 {
-    m_aktionen->setzeTasten(imFeld(), m_dicht ? m_angaben->hilfeImFokus() : QString());
-}
-
-/** The pane of the proposal has another size: the window's, or the divider was moved. */
-bool PruefAnsicht::eventFilter(QObject *objekt, QEvent *ereignis)
-{
-    if (objekt == m_rollen && ereignis->type() == QEvent::Resize)
-        anordnen();
-    return QWidget::eventFilter(objekt, ereignis);
+    m_aktionen->setzeTasten(imFeld(), m_lage.dicht ? m_angaben->hilfeImFokus() : QString());
 }
 } // namespace quillmar::pruefung

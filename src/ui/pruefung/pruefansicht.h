@@ -1,11 +1,13 @@
 #pragma once
 
 #include "namensraeume.h"
+#include "vorschlagsteil.h"
 
 #include <QDeadlineTimer>
 #include <QWidget>
 #include <functional>
 
+class QGridLayout;
 class QScrollArea;
 class QStackedLayout;
 
@@ -17,6 +19,7 @@ class Zustand;
 namespace quillmar::bedienteile
 {
 class Leeransicht;
+class Nachgeben;
 class Teiler;
 } // namespace quillmar::bedienteile
 
@@ -30,7 +33,6 @@ namespace quillmar::pruefung
 class Aktionsfeld;
 class Angabenfeld;
 class Hinweisfach;
-class Vorschlagsteil;
 
 /** The review card: the page on the left, the proposal on the right, one document after the other by the keyboard. */
 class PruefAnsicht : public QWidget
@@ -47,14 +49,12 @@ public:
 protected:
     void focusInEvent(QFocusEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
-    bool eventFilter(QObject *objekt, QEvent *ereignis) override;
 
 private:
     QWidget *vorschlagsseite();
-    QWidget *leerseite();
     void tastenBauen();
     void verbinden();
-    void taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld);
+    void taste(const QKeySequence &tasten, const std::function<void()> &tat, bool auchImFeld = false);
     void eingabe();
     void feldVerlassen();
     void dokumentZeigen();
@@ -63,24 +63,26 @@ private:
     void vorausladen();
     void leereZeigen();
     [[nodiscard]] QString naechsterSchritt();
-    void anordnen();
-    int setzeTeile(bool schmal);
+    void legen(const Platz &platz);
+    [[nodiscard]] bool passt(const QWidget &seite) const;
     void tastenZeigen();
     [[nodiscard]] bool imFeld() const;
     [[nodiscard]] bool ruht();
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;
-    Teiler *m_teiler = nullptr;
-    Vorschau *m_vorschau = nullptr;
+    Vorschau *m_vorschau;
+    QGridLayout *m_raster = nullptr;
     QScrollArea *m_rollen = nullptr;
     Vorschlagsteil *m_vorschlag = nullptr;
     Hinweisfach *m_hinweise = nullptr;
     Angabenfeld *m_angaben = nullptr;
     Aktionsfeld *m_aktionen = nullptr;
-    Leeransicht *m_leere = nullptr;
+    Nachgeben *m_platz = nullptr;
+    Platz m_lage;
+    Teiler *m_teiler;
+    Leeransicht *m_leere;
     std::function<void()> m_leereTat; ///< of the button of the empty state
-    bool m_dicht = false;
-    QDeadlineTimer m_ruhe; ///< until then keys are the rest of a word that was typed
+    QDeadlineTimer m_ruhe;            ///< until then keys are the rest of a word that was typed
 };
 } // namespace quillmar::pruefung
