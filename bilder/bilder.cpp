@@ -15,6 +15,7 @@
 #include "stil.h"
 #include "zustand.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
@@ -71,7 +72,23 @@ QPalette hell()
     return p;
 }
 
-bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, Fenstersprache &sprache, const QString &ordner)
+/** Where the focus can go and what a screen reader then has no word for. */
+QStringList unbenanntes(const QWidget &fenster)
+{
+    QStringList namenlose;
+    for (QWidget *teil : fenster.findChildren<QWidget *>()) {
+        if (!(teil->focusPolicy() & Qt::TabFocus) || !teil->isVisible() || teil->focusProxy())
+            continue;
+        QAccessibleInterface *schnittstelle = QAccessible::queryAccessibleInterface(teil);
+        if (!schnittstelle || schnittstelle->text(QAccessible::Name).isEmpty() || teil->objectName().isEmpty())
+            namenlose << u"%1 \"%2\" in \"%3\""_s.arg(QLatin1String(teil->metaObject()->className()),
+                                                      teil->objectName(), teil->parentWidget()->objectName());
+    }
+    return namenlose;
+}
+
+/** Saves the picture to @p ordner, or without one looks whether everything in it has a name. */
+bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, const QString &ordner, Fenstersprache &sprache)
 {
     QApplication::setPalette(bild.dunkel ? dunkel() : hell());
     Stil::setzeSchriftgroesse(bild.punkte);
@@ -85,6 +102,13 @@ bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, Fenstersprache &sprach
     ruhe();
     auto *anderes = bild.fenster.isEmpty() ? nullptr : fenster.findChild<QDialog *>(bild.fenster);
     QWidget &ziel = anderes ? static_cast<QWidget &>(*anderes) : fenster;
+    if (ordner.isEmpty()) {
+        const QStringList namenlose = unbenanntes(ziel);
+        if (!namenlose.isEmpty())
+            std::fprintf(stderr, "%s: without a name: %s\n", qPrintable(bild.name),
+                         qPrintable(namenlose.join(u", "_s)));
+        return namenlose.isEmpty();
+    }
     return ziel.grab().save(ordner + u'/' + bild.name + u".png"_s, "PNG", 0);
 }
 
@@ -120,7 +144,10 @@ void ruhe()
     laufenBis([&] { return uhr.elapsed() > stille; });
 }
 
-/** quillmar-bilder ORDNER [NAME...]: takes the pictures of the handbook with the sample archive. */
+/**
+ * quillmar-bilder ORDNER [NAME...]: takes the pictures of the handbook with the sample archive.
+ * quillmar-bilder --namen: looks in every state, once each, whether everything that can have the focus has a name.
+ */
 int main(int anzahl, char **argumente)
 {
     const QTemporaryDir heim(QDir::tempPath() + u"/anna-XXXXXX"_s); // its path is to be seen in some pictures
@@ -133,6 +160,9 @@ int main(int anzahl, char **argumente)
     QApplication::setFont(QFont(u"Noto Sans"_s, 10));
     QIcon::setThemeName(u"breeze"_s);
     const QStringList wuensche = QCoreApplication::arguments().mid(2);
+    const bool nurNamen = QCoreApplication::arguments().value(1) == u"--namen"_s;
+    const QString ziel = nurNamen ? QString() : QCoreApplication::arguments().value(1);
+    bool gelungen = true;
     const QString archiv = heim.filePath(u"Dokumente"_s);
     vorfuehrung::archivSchreiben(archiv);
     vorfuehrung::profilSchreiben(Profilspeicher::datei(), archiv);
@@ -153,15 +183,16 @@ int main(int anzahl, char **argumente)
     zustand.profilwahl()->setzeProfil(profil);
     bool analysiert = false;
     for (const Buehnenbild &bild : buehnenbilder()) {
-        if (!wuensche.isEmpty() && !wuensche.contains(bild.name))
+        const bool abwandlung = bild.dunkel || bild.punkte != 10 || bild.sprache != u"de"_s;
+        if ((!wuensche.isEmpty() && !wuensche.contains(bild.name)) || (nurNamen && abwandlung))
             continue;
         sprache.waehlen(bild.sprache);
         if (!bild.unanalysiert && !std::exchange(analysiert, true))
             analysieren(zustand);
-        if (!aufnehmen(bild, zustand, sprache, QCoreApplication::arguments().value(1))) {
-            std::fprintf(stderr, "%s: not saved\n", qPrintable(bild.name));
-            return 1;
+        if (!aufnehmen(bild, zustand, ziel, sprache)) {
+            std::fprintf(stderr, "%s: failed\n", qPrintable(bild.name));
+            gelungen = false;
         }
     }
-    return 0;
+    return gelungen ? 0 : 1;
 }

@@ -1,6 +1,5 @@
 #include "fusszeile.h"
 
-#include "analyse.h"
 #include "ausfuehrung.h"
 #include "bau.h"
 #include "durchgang.h"
@@ -30,12 +29,6 @@ namespace
 {
 constexpr int balkenlaenge = 120;
 constexpr int hoehe = 27;
-
-bool istMangel(Modellstand::Art art)
-{
-    return art == Modellstand::Art::ServerFehlt || art == Modellstand::Art::ModellAnderswo ||
-           art == Modellstand::Art::ModellFehlt;
-}
 } // namespace
 
 Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
@@ -83,40 +76,9 @@ void Fusszeile::zaehlenZeigen()
                                  QString::number(z.zurueckgestellt), QString::number(z.neu)}));
 }
 
-Fusszeile::Lage Fusszeile::lage() const
-{
-    const Analyse *analyse = m_zustand->durchgang()->analyse();
-    const Ausfuehrung *ausfuehrung = m_zustand->ausfuehrung();
-    const Sitzungen *sitzungen = m_zustand->sitzungen();
-    if (m_zustand->profilwahl()->oeffnet())
-        return {.stufe = Sprache::text(u"Der Katalog wird geöffnet"_s)};
-    if (sitzungen->rueckbauLaeuft())
-        return {.stufe = sitzungen->rueckbauMeldung(), .anteil = sitzungen->rueckbauAnteil()};
-    if (!ausfuehrung->vorgang().isEmpty())
-        return {.stufe = ausfuehrung->vorgang(),
-                .anteil = ausfuehrung->vorgangsanteil() > 0 ? ausfuehrung->vorgangsanteil() : -1};
-    if (!analyse || !analyse->laeuft())
-        return ruhelage();
-    QStringList rest = {analyse->meldung(), analyse->restzeit()};
-    rest.removeAll(QString());
-    return {.stufe = analyse->stufe(), .rest = rest.join(u" · "_s), .anteil = analyse->anteil()};
-}
-
-/** While nothing is going on. */
-Fusszeile::Lage Fusszeile::ruhelage() const
-{
-    if (m_zustand->durchgang()->startWartet())
-        return {.stufe = Sprache::text(u"Wartet auf die Antwort des Modellservers …"_s)};
-    if (!m_notiz.isEmpty())
-        return {.stufe = m_notiz, .symbol = tonzeichen(m_zustand->meldestelle()->ton())};
-    if (m_zustand->profilwahl()->aktiv() && istMangel(m_zustand->modelldienst()->modellstand().art))
-        return {.stufe = m_zustand->modelldienst()->modellMeldung(), .symbol = Symbol::Warnung};
-    return {};
-}
-
 void Fusszeile::lageZeigen()
 {
-    m_lage = lage();
+    m_lage = lage(*m_zustand, m_notiz);
     m_balken->setVisible(m_lage.anteil >= 0);
     setzeAnteil(m_balken, m_lage.anteil);
     m_platz->pruefen();
@@ -131,7 +93,7 @@ void Fusszeile::setzeStufe(int stufe)
         text = m_lage.rest;
     if (stufe == 3 && m_lage.stufe != m_notiz)
         text.clear();
-    m_text->setzen(m_lage.symbol, text);
+    m_text->setzen(m_lage.ton ? tonzeichen(*m_lage.ton) : Symbol::Keines, text);
     m_text->setzeHilfe(ganz);
     m_balken->setVisible(m_lage.anteil >= 0 && stufe == 0);
 }

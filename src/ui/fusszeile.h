@@ -1,7 +1,7 @@
 #pragma once
 
+#include "lage.h"
 #include "namensraeume.h"
-#include "zeichen.h"
 
 #include <QWidget>
 
@@ -30,15 +30,6 @@ public:
     explicit Fusszeile(Zustand *zustand, QWidget *eltern = nullptr);
 
 private:
-    /** What is said at the right end. */
-    struct Lage {
-        QString stufe;
-        QString rest = {};
-        double anteil = -1; ///< 0 to 1; below 0: no bar
-        Symbol symbol = Symbol::Keines;
-    };
-    [[nodiscard]] Lage lage() const;
-    [[nodiscard]] Lage ruhelage() const;
     void verbinden();
     void zaehlenZeigen();
     void lageZeigen();

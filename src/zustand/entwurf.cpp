@@ -1,6 +1,7 @@
 #include "entwurf.h"
 
 #include "einordnung.h"
+#include "sprache.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -35,17 +36,40 @@ auto &stelle(A &angaben, Feld feld)
     return angaben.ort.rubrik;
 }
 
-const QList<std::pair<Feld, QString>> &namen()
+struct Feldtext {
+    QString name;
+    QString titel;
+    QString hilfe;
+};
+
+/** In the order of Feld, which is that of reading. */
+const QList<Feldtext> &feldtexte()
 {
-    static const QList<std::pair<Feld, QString>> liste = {
-        {Feld::Datum, u"datum"_s},   {Feld::Gegenueber, u"gegenueber"_s}, {Feld::Titel, u"titel"_s},
-        {Feld::Zweig, u"zweig"_s},   {Feld::Ablage, u"ablage"_s},         {Feld::Jahr, u"jahr"_s},
-        {Feld::Rubrik, u"rubrik"_s},
+    static const QList<Feldtext> texte = {
+        {u"datum"_s, QUILLMAR_TEXT(u"Datum"_s),
+         QUILLMAR_TEXT(u"Das Datum des Schreibens, nicht das des Scans. Vier Ziffern Jahr, dann Monat, dann Tag."_s)},
+        {u"gegenueber"_s, QUILLMAR_TEXT(u"Gegenüber"_s),
+         QUILLMAR_TEXT(u"Die andere Seite, also wer schreibt oder an wen es geht. Niemals du selbst. Etwa Finanzamt "
+                       "Meißen oder Sparkasse."_s)},
+        {u"titel"_s, QUILLMAR_TEXT(u"Titel"_s),
+         QUILLMAR_TEXT(u"Worum es geht, in wenigen Worten. Etwa Steuerbescheid EkSt 2023."_s)},
+        {u"zweig"_s, QUILLMAR_TEXT(u"Zweig"_s),
+         QUILLMAR_TEXT(u"Oberste Ebene der Ablage. Bestimmt, welche Rubriken zur Wahl stehen."_s)},
+        {u"ablage"_s, QUILLMAR_TEXT(u"Ablage"_s),
+         QUILLMAR_TEXT(u"Jahresablage für laufende Vorgänge, Stammdaten für Dauerhaftes wie Verträge und Urkunden."_s)},
+        {u"jahr"_s, QUILLMAR_TEXT(u"Jahr"_s),
+         QUILLMAR_TEXT(u"Zieht sich selbst aus dem Datum, lässt sich aber überschreiben."_s)},
+        {u"rubrik"_s, QUILLMAR_TEXT(u"Rubrik"_s),
+         QUILLMAR_TEXT(u"Der eigentliche Zielordner. Es stehen nur Rubriken zur Wahl, die es in deiner Ablage schon "
+                       "gibt."_s)},
     };
-    return liste;
+    return texte;
 }
 } // namespace
 
+QString feldname(Feld feld) { return feldtexte().at(int(feld)).name; }
+QString feldtitel(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).titel); }
+QString feldhilfe(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).hilfe); }
 QString feldwert(const Angaben &angaben, Feld feld) { return stelle(angaben, feld); }
 
 void Entwurf::schreiben(Angaben &angaben, Feld feld, const QString &wert)
@@ -95,10 +119,8 @@ void Entwurf::anwenden(Angaben &angaben) const
 QByteArray Entwurf::json() const
 {
     QJsonObject objekt;
-    for (const auto &[feld, name] : namen()) {
-        if (m_werte.contains(feld))
-            objekt.insert(name, m_werte.value(feld));
-    }
+    for (auto it = m_werte.begin(); it != m_werte.end(); ++it)
+        objekt.insert(feldname(it.key()), it.value());
     if (m_jahrVonHand)
         objekt.insert(vonHand, true);
     return QJsonDocument(objekt).toJson(QJsonDocument::Compact);
@@ -108,9 +130,9 @@ Entwurf Entwurf::aus(const QByteArray &json)
 {
     const QJsonObject objekt = QJsonDocument::fromJson(json).object();
     Entwurf entwurf;
-    for (const auto &[feld, name] : namen()) {
-        if (objekt.value(name).isString())
-            entwurf.m_werte.insert(feld, objekt.value(name).toString());
+    for (int n = 0; n < feldzahl; ++n) {
+        if (const QJsonValue wert = objekt.value(feldname(Feld(n))); wert.isString())
+            entwurf.m_werte.insert(Feld(n), wert.toString());
     }
     entwurf.m_jahrVonHand = objekt.value(vonHand).toBool();
     return entwurf;

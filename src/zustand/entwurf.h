@@ -11,6 +11,11 @@ namespace quillmar::zustand
 /** What the reviewer can change in a proposal, in the order of the review card. */
 enum class Feld { Datum, Gegenueber, Titel, Zweig, Ablage, Jahr, Rubrik };
 
+constexpr int feldzahl = 7;
+/** What it is called in files, on the card, and what it is for. */
+[[nodiscard]] QString feldname(Feld feld);
+[[nodiscard]] QString feldtitel(Feld feld);
+[[nodiscard]] QString feldhilfe(Feld feld);
 [[nodiscard]] QString feldwert(const Angaben &angaben, Feld feld);
 
 /** The reviewer's changes to one document that are not filed yet. They go before whatever is stored meanwhile. */

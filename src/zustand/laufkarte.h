@@ -3,8 +3,8 @@
 #include "bereitschaft.h"
 #include "laufbild.h"
 #include "modellstand.h"
-#include "namensraeume.h"
 #include "nacharbeit.h"
+#include "namensraeume.h"
 #include "profil.h"
 
 #include <optional>

@@ -132,7 +132,8 @@ void AblaufAnsicht::verbinden()
 {
     Durchgang *durchgang = m_zustand->durchgang();
     Profilwahl *wahl = m_zustand->profilwahl();
-    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); });
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand,
+            [this] { weiter(*m_zustand, ohneKatalog(*m_zustand->profilwahl()).tat); });
     connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
     connect(m_pruefen, &QPushButton::clicked, m_zustand, [this] { m_zustand->setzeReiter(Reiter::Pruefen); });
     connect(m_anhalten, &QPushButton::clicked, this,
@@ -229,7 +230,7 @@ void AblaufAnsicht::zeigen()
 {
     m_stapel->setCurrentIndex(m_zustand->profilwahl()->offen() ? 0 : 1);
     if (!m_zustand->profilwahl()->offen())
-        return m_leere->setzeOhneKatalog(Symbol::GrossStart, *m_zustand->profilwahl());
+        return m_leere->setzen(Symbol::GrossStart, ohneKatalog(*m_zustand->profilwahl()));
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     m_titel->setText(lage().titel());
     m_unterzeile->setzeText(lage().zeile());

@@ -1,11 +1,6 @@
 #include "leeransicht.h"
 
 #include "bau.h"
-#include "pfade.h"
-#include "profilwahl.h"
-#include "sprache.h"
-#include "text.h"
-#include "zustand.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -42,32 +37,6 @@ Leeransicht::Leeransicht(QWidget *eltern, const QString &knopfname, Knopfart kno
             Abstand::Rand, Abstand::Rand);
     m_zusatz->hide();
     connect(m_knopf, &QPushButton::clicked, this, &Leeransicht::gedrueckt);
-}
-
-QString katalogfehlersatz(const Profilwahl &profilwahl)
-{
-    return gefuellt(Sprache::text(u"%@\n%@\nSchließe andere Programme, die ihn benutzen, und versuche es noch einmal. "
-                                  "Ist er beschädigt, lege die Datei beiseite: Dann beginnt ein neuer Katalog. Deine "
-                                  "Dokumente bleiben, wo sie sind."_s),
-                    {kurzpfad(profilwahl.katalogdatei()), profilwahl.katalogfehler()});
-}
-
-void Leeransicht::setzeOhneKatalog(Symbol symbol, const Profilwahl &profilwahl)
-{
-    if (profilwahl.katalogfehler().isEmpty())
-        setzen(symbol, Sprache::text(u"Noch kein Profil"_s),
-               Sprache::text(u"Lege auf der Karte Einrichtung ein Profil an."_s), Sprache::text(u"Zur Einrichtung"_s));
-    else
-        setzen(symbol, Sprache::text(u"Der Katalog lässt sich nicht öffnen"_s), katalogfehlersatz(profilwahl),
-               Sprache::text(u"Noch einmal versuchen"_s));
-}
-
-void Leeransicht::ohneKatalogWeiter(Zustand &zustand)
-{
-    if (zustand.profilwahl()->katalogfehler().isEmpty())
-        zustand.setzeReiter(Reiter::Einrichtung);
-    else
-        zustand.profilwahl()->erneutOeffnen();
 }
 
 void Leeransicht::setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf)

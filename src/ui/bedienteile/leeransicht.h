@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lage.h"
 #include "namensraeume.h"
 #include "quillmarstil.h"
 #include "zeichen.h"
@@ -9,17 +10,8 @@
 class QLabel;
 class QPushButton;
 
-namespace quillmar::zustand
-{
-class Profilwahl;
-class Zustand;
-} // namespace quillmar::zustand
-
 namespace quillmar::bedienteile
 {
-/** The catalogue that does not open, the reason and the way on, for the user. */
-[[nodiscard]] QString katalogfehlersatz(const Profilwahl &profilwahl);
-
 /** What stands where nothing is: a sign, a title, a line that says what is missing, and at most one next step. */
 class Leeransicht : public QWidget
 {
@@ -34,10 +26,7 @@ public:
     void setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
     /** Lines below the button. */
     void setzeZusatz(const QStringList &zeilen);
-    /** Shows why there is no open catalogue: none of the profile yet, or one that does not open. */
-    void setzeOhneKatalog(Symbol symbol, const Profilwahl &profilwahl);
-    /** What the button of setzeOhneKatalog() does. */
-    static void ohneKatalogWeiter(Zustand &zustand);
+    void setzen(Symbol symbol, const Leerlage &lage) { setzen(symbol, lage.titel, lage.zeile, lage.knopf); }
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }
 
 Q_SIGNALS:

@@ -39,7 +39,8 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
     m_teiler = new Teiler(m_sitzungen, sitzungsteil(), this);
     m_teiler->setzeAnteil(m_zustand->teilung());
     m_leere = new Leeransicht(this);
-    connect(m_leere, &Leeransicht::gedrueckt, m_zustand, [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); });
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand,
+            [this] { weiter(*m_zustand, ohneKatalog(*m_zustand->profilwahl()).tat); });
     m_stapel->addWidget(m_teiler);
     m_stapel->addWidget(m_leere);
     tastenBauen();
@@ -152,7 +153,7 @@ void ProtokollAnsicht::zeigen()
     const bool da = m_zustand->profilwahl()->aktiv() && m_zustand->profilwahl()->katalogfehler().isEmpty();
     m_stapel->setCurrentIndex(da ? 0 : 1);
     if (!da)
-        m_leere->setzeOhneKatalog(Symbol::GrossUhr, *m_zustand->profilwahl());
+        m_leere->setzen(Symbol::GrossUhr, ohneKatalog(*m_zustand->profilwahl()));
 }
 
 /** A log that does not lie in the folder of this profile is called by its file. */

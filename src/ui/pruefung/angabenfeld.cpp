@@ -25,43 +25,10 @@ using Stil::Schrift;
 
 namespace
 {
-struct Feldtext {
-    QString name;
-    QString beschriftung;
-    QString hilfe;
-    bool istWahl = false;
-    int zeichen = 0; ///< width of a short field
-};
+constexpr int datumszeichen = 12;
+constexpr int jahreszeichen = 6;
 
-/** In the order of Feld, which is that of reading. */
-const QList<Feldtext> &feldtexte()
-{
-    static const QList<Feldtext> texte = {
-        {u"datum"_s, QUILLMAR_TEXT(u"Datum"_s),
-         QUILLMAR_TEXT(u"Das Datum des Schreibens, nicht das des Scans. Vier Ziffern Jahr, dann Monat, dann Tag."_s),
-         false, 12},
-        {u"gegenueber"_s, QUILLMAR_TEXT(u"Gegenüber"_s),
-         QUILLMAR_TEXT(u"Die andere Seite, also wer schreibt oder an wen es geht. Niemals du selbst. Etwa Finanzamt "
-                       "Meißen oder Sparkasse."_s)},
-        {u"titel"_s, QUILLMAR_TEXT(u"Titel"_s),
-         QUILLMAR_TEXT(u"Worum es geht, in wenigen Worten. Etwa Steuerbescheid EkSt 2023."_s)},
-        {u"zweig"_s, QUILLMAR_TEXT(u"Zweig"_s),
-         QUILLMAR_TEXT(u"Oberste Ebene der Ablage. Bestimmt, welche Rubriken zur Wahl stehen."_s), true},
-        {u"ablage"_s, QUILLMAR_TEXT(u"Ablage"_s),
-         QUILLMAR_TEXT(u"Jahresablage für laufende Vorgänge, Stammdaten für Dauerhaftes wie Verträge und Urkunden."_s),
-         true},
-        {u"jahr"_s, QUILLMAR_TEXT(u"Jahr"_s),
-         QUILLMAR_TEXT(u"Zieht sich selbst aus dem Datum, lässt sich aber überschreiben."_s), false, 6},
-        {u"rubrik"_s, QUILLMAR_TEXT(u"Rubrik"_s),
-         QUILLMAR_TEXT(u"Der eigentliche Zielordner. Es stehen nur Rubriken zur Wahl, die es in deiner Ablage schon "
-                       "gibt."_s),
-         true},
-    };
-    return texte;
-}
-
-QString wort(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).beschriftung); }
-QString hilfe(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).hilfe); }
+bool istWahl(Feld feld) { return feld == Feld::Zweig || feld == Feld::Ablage || feld == Feld::Rubrik; }
 
 template <class Ding>
 QStringList namen(const QList<Ding> &dinge)
@@ -82,7 +49,8 @@ QString erklaerung()
 void fremdesZeigen(QComboBox *wahl, Feld feld, bool fremd)
 {
     wahl->setItemIcon(wahl->currentIndex(), Zeichen::icon(fremd ? Symbol::Warnung : Symbol::Keines));
-    const QString rat = fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + hilfe(feld) : hilfe(feld);
+    const QString rat =
+        fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + feldhilfe(feld) : feldhilfe(feld);
     wahl->setToolTip(rat);
     wahl->setAccessibleDescription(rat);
 }
@@ -123,7 +91,7 @@ Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *el
     : QObject(eltern), m_profilwahl(profilwahl), m_pruefung(pruefung),
       m_kopf(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_tag(schild({}, Schrift::Neben, u"wochentag"_s))
 {
-    for (int n = 0; n < feldtexte().size(); ++n)
+    for (int n = 0; n < feldzahl; ++n)
         m_eingaben << eingabeBauen(Feld(n), eltern);
     Eingabe &datum = m_eingaben[int(Feld::Datum)];
     datum.text->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
@@ -145,25 +113,24 @@ Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *el
 
 Angabenfeld::Eingabe Angabenfeld::eingabeBauen(Feld feld, QWidget *eltern)
 {
-    const Feldtext &text = feldtexte().at(int(feld));
     Eingabe neue;
-    neue.schild = beschriftung(wort(feld), hilfe(feld), eltern);
-    if (text.istWahl) {
+    neue.schild = beschriftung(feldtitel(feld), feldhilfe(feld), eltern);
+    if (istWahl(feld)) {
         neue.wahl = wahlBauen();
         connect(neue.wahl, &QComboBox::activated, this, [this, feld, wahl = neue.wahl](int stelle) {
             m_pruefung->setzeFeld(feld, wahl->itemData(stelle).toString());
         });
     } else {
-        neue.text = textBauen(text.zeichen);
+        neue.text = textBauen(feld == Feld::Datum ? datumszeichen : feld == Feld::Jahr ? jahreszeichen : 0);
         connect(neue.text, &QLineEdit::textEdited, this,
                 [this, feld](const QString &wert) { m_pruefung->setzeFeld(feld, wert); });
     }
     neue.teil = neue.feld();
     neue.teil->setParent(eltern);
-    neue.teil->setObjectName(text.name);
-    neue.teil->setAccessibleName(wort(feld));
-    neue.teil->setAccessibleDescription(hilfe(feld));
-    neue.teil->setToolTip(hilfe(feld));
+    neue.teil->setObjectName(feldname(feld));
+    neue.teil->setAccessibleName(feldtitel(feld));
+    neue.teil->setAccessibleDescription(feldhilfe(feld));
+    neue.teil->setToolTip(feldhilfe(feld));
     neue.teil->installEventFilter(this);
     neue.schild->setBuddy(neue.teil);
     return neue;
@@ -257,7 +224,7 @@ void Angabenfeld::tagZeigen()
         text = Sprache::text(u"Bitte als JJJJ-MM-TT"_s);
     Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setText(text);
     m_eingaben.at(int(Feld::Datum))
-        .text->setAccessibleDescription(falsch ? text + u". "_s + hilfe(Feld::Datum) : hilfe(Feld::Datum));
+        .text->setAccessibleDescription(falsch ? text + u". "_s + feldhilfe(Feld::Datum) : feldhilfe(Feld::Datum));
 }
 
 bool Angabenfeld::hatFokus() const
@@ -269,7 +236,7 @@ QString Angabenfeld::hilfeImFokus() const
 {
     for (int n = 0; n < m_eingaben.size(); ++n)
         if (m_eingaben.at(n).feld()->hasFocus())
-            return wort(Feld(n)) + u": "_s + hilfe(Feld(n));
+            return feldtitel(Feld(n)) + u": "_s + feldhilfe(Feld(n));
     return {};
 }
 

@@ -16,7 +16,6 @@
 #include "stil.h"
 #include "tastentakt.h"
 #include "teiler.h"
-#include "text.h"
 #include "vorschau.h"
 #include "vorschlagsteil.h"
 #include "zustand.h"
@@ -42,31 +41,6 @@ namespace
 {
 constexpr auto wortpause = 700ms; // longer than between two letters of a word
 
-bool ohneDokumente(const Zustand &zustand)
-{
-    return zustand.pruefung()->zaehlwerk() == Zaehlwerk{} && zustand.pruefung()->ausgenommen() == 0;
-}
-
-QString leerzeile(const Zustand &zustand)
-{
-    const Zaehlwerk &z = zustand.pruefung()->zaehlwerk();
-    if (zustand.durchgang()->laeuft())
-        return gefuellt(Sprache::text(z.neu,
-                                      u"Der Durchgang läuft noch. %@ Dokument wartet darauf, gelesen zu werden."_s,
-                                      u"Der Durchgang läuft noch. %@ Dokumente warten darauf, gelesen zu werden."_s),
-                        {QString::number(z.neu)});
-    // As naechsterSchritt(): the line tells of what the button offers.
-    if (z.zurueckgestellt > 0)
-        return gefuellt(Sprache::text(z.zurueckgestellt, u"%@ Dokument ist noch zurückgestellt."_s,
-                                      u"%@ Dokumente sind noch zurückgestellt."_s),
-                        {QString::number(z.zurueckgestellt)});
-    if (z.neu > 0)
-        return gefuellt(Sprache::text(z.neu, u"%@ Dokument wartet darauf, gelesen zu werden."_s,
-                                      u"%@ Dokumente warten darauf, gelesen zu werden."_s),
-                        {QString::number(z.neu)});
-    return ohneDokumente(zustand) ? Sprache::text(u"Hier gibt es noch keine Dokumente."_s)
-                                  : Sprache::text(u"Alles einsortiert."_s);
-}
 } // namespace
 
 PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
@@ -89,10 +63,8 @@ void PruefAnsicht::verbinden()
 {
     connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
     connect(m_zustand, &Zustand::teilungGeaendert, this, [this] { m_teiler->setzeAnteil(m_zustand->teilung()); });
-    connect(m_leere, &Leeransicht::gedrueckt, this, [this] {
-        if (m_leereTat)
-            m_leereTat();
-    });
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand,
+            [this] { weiter(*m_zustand, nichtsZuPruefen(*m_zustand).tat); });
     connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand,
             [this] { m_zustand->pruefung()->setzePartnerZeigen(false); });
     connect(m_angaben, &Angabenfeld::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
@@ -270,31 +242,8 @@ void PruefAnsicht::leereZeigen()
 {
     if (m_zustand->pruefung()->aktuelles())
         return;
-    m_leereTat = [this] { Leeransicht::ohneKatalogWeiter(*m_zustand); };
-    if (m_zustand->profilwahl()->oeffnet())
-        return m_leere->setzen(Symbol::GrossUhr, Sprache::text(u"Der Katalog wird geöffnet"_s), {});
-    if (!m_zustand->profilwahl()->offen())
-        return m_leere->setzeOhneKatalog(Symbol::GrossOrdner, *m_zustand->profilwahl());
-    m_leereTat = [this] { m_zustand->setzeReiter(Reiter::Einrichtung); };
-    m_leere->setzen(Symbol::GrossGut, Sprache::text(u"Nichts zu prüfen"_s), leerzeile(*m_zustand), naechsterSchritt());
-}
-
-/** The one thing to go on with, as the words of the button; empty if there is none. */
-QString PruefAnsicht::naechsterSchritt()
-{
-    const Zaehlwerk &z = m_zustand->pruefung()->zaehlwerk();
-    if (z.zurueckgestellt > 0) {
-        m_leereTat = [this] { m_zustand->ausfuehrung()->zurueckgestellteVorlegen(); };
-        return gefuellt(Sprache::text(z.zurueckgestellt, u"%@ Zurückgestelltes wieder vorlegen"_s,
-                                      u"%@ Zurückgestellte wieder vorlegen"_s),
-                        {QString::number(z.zurueckgestellt)});
-    }
-    if (m_zustand->durchgang()->laeuft() || (z.neu == 0 && !ohneDokumente(*m_zustand)))
-        return {};
-    if (!m_zustand->profilwahl()->bereitZumStart())
-        return Sprache::text(u"Zur Einrichtung"_s);
-    m_leereTat = [this] { m_zustand->durchgang()->durchgangErbitten(); };
-    return Sprache::text(u"Durchgang starten"_s);
+    const bool offen = m_zustand->profilwahl()->offen() && !m_zustand->profilwahl()->oeffnet();
+    m_leere->setzen(offen ? Symbol::GrossGut : Symbol::GrossOrdner, nichtsZuPruefen(*m_zustand));
 }
 
 void PruefAnsicht::tastenZeigen()

@@ -62,7 +62,6 @@ private:
     void gesehen(const QString &pfad);
     void vorausladen();
     void leereZeigen();
-    [[nodiscard]] QString naechsterSchritt();
     void legen(const Platz &platz);
     [[nodiscard]] bool passt(const QWidget &seite) const;
     void tastenZeigen();
@@ -82,7 +81,6 @@ private:
     Platz m_lage;
     Teiler *m_teiler;
     Leeransicht *m_leere;
-    std::function<void()> m_leereTat; ///< of the button of the empty state
-    QDeadlineTimer m_ruhe;            ///< until then keys are the rest of a word that was typed
+    QDeadlineTimer m_ruhe; ///< until then keys are the rest of a word that was typed
 };
 } // namespace quillmar::pruefung

@@ -1,0 +1,282 @@
+#include "bau.h"
+#include "flussreihe.h"
+#include "liste.h"
+#include "nachgeben.h"
+#include "quillmarstil.h"
+#include "rueckfrage.h"
+#include "textschild.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+using namespace quillmar::ui;
+
+namespace
+{
+/** A part of fixed size. */
+QWidget *klotz(int breite, int hoehe = 10)
+{
+    auto *teil = new QWidget;
+    teil->setFixedSize(breite, hoehe);
+    return teil;
+}
+
+/** Counts what a view asks for. */
+class Zaehlmodell : public QAbstractListModel
+{
+public:
+    explicit Zaehlmodell(int zeilen) : m_zeilen(zeilen) {}
+    [[nodiscard]] int rowCount(const QModelIndex & = {}) const override { return m_zeilen; }
+    [[nodiscard]] QVariant data(const QModelIndex &index, int rolle) const override
+    {
+        m_gefragt.insert(index.row());
+        if (rolle == Qt::DisplayRole || rolle == ZweiteZeile)
+            return QString::number(index.row());
+        return rolle == Zeilentat ? QVariant(int(Symbol::Aufschlagen)) : QVariant();
+    }
+    mutable QSet<int> m_gefragt;
+
+private:
+    int m_zeilen;
+};
+} // namespace
+
+/** The parts that the cards are made of. */
+class TestBedienteile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { Quillmarstil::anwenden(); }
+    void init() { Stil::setzeSchriftgroesse(10); }
+
+    void fluss_data()
+    {
+        QTest::addColumn<QList<int>>("breiten");
+        QTest::addColumn<int>("breite");
+        QTest::addColumn<QList<QPoint>>("orte");
+        QTest::addColumn<int>("hoehe");
+        Stil::setzeSchriftgroesse(10);
+        const int a = Stil::abstand(Stil::Abstand::Nah);
+        QTest::newRow("leer") << QList<int>{} << 100 << QList<QPoint>{} << 0;
+        QTest::newRow("eine Zeile") << QList<int>{30, 40} << 70 + a << QList<QPoint>{{0, 0}, {30 + a, 0}} << 10;
+        QTest::newRow("ein Punkt zu wenig")
+            << QList<int>{30, 40} << 69 + a << QList<QPoint>{{0, 0}, {0, 10 + a}} << 20 + a;
+        QTest::newRow("zu breit für jede Zeile")
+            << QList<int>{50, 300, 50} << 100 << QList<QPoint>{{0, 0}, {0, 10 + a}, {0, 20 + 2 * a}} << 30 + 2 * a;
+    }
+    void fluss()
+    {
+        QFETCH(const QList<int>, breiten);
+        QFETCH(const int, breite);
+        QFETCH(const QList<QPoint>, orte);
+        QWidget traeger;
+        auto *fluss = new Flussreihe(Stil::Abstand::Nah);
+        traeger.setLayout(fluss);
+        fluss->setContentsMargins(0, 0, 0, 0);
+        for (const int b : breiten)
+            fluss->addWidget(klotz(b));
+        QTEST(fluss->heightForWidth(breite), "hoehe");
+        fluss->setGeometry({0, 0, breite, 500});
+        for (int n = 0; n < orte.size(); ++n)
+            QCOMPARE(fluss->itemAt(n)->geometry().topLeft(), orte.at(n));
+    }
+
+    /** What is hidden takes no room, neither of its own nor between the others. */
+    void flussMitVerborgenem()
+    {
+        QWidget traeger;
+        auto *fluss = new Flussreihe(Stil::Abstand::Nah);
+        traeger.setLayout(fluss);
+        QWidget *verborgen = klotz(50);
+        for (QWidget *teil : {klotz(20), verborgen, klotz(20)})
+            fluss->addWidget(teil);
+        traeger.show();
+        verborgen->hide();
+        fluss->setGeometry({0, 0, 48 + 2 * Stil::abstand(Stil::Abstand::Nah), 100});
+        QCOMPARE(fluss->itemAt(2)->geometry().left(), 20 + Stil::abstand(Stil::Abstand::Nah));
+    }
+
+    /** The first way that fits, at every size, also when the contents grow; and it comes to rest. */
+    void nachgeben()
+    {
+        QWidget fenster;
+        auto *wort = schild(u"ein Wort"_s);
+        auto *rest = klotz(40);
+        auto *traeger = fuellen(new QWidget(&fenster), reihe({wort, rest}, Stil::Abstand::Keiner));
+        int versuche = 0;
+        const Nachgeben platz(traeger, 2, [&](int stufe) {
+            ++versuche;
+            wort->setVisible(stufe < 1);
+            rest->setVisible(stufe < 2);
+        });
+        fenster.show();
+        const int ganz = wort->sizeHint().width() + 40;
+        for (const auto &[breite, stufe] : QList<std::pair<int, int>>{{ganz, 0}, {ganz - 1, 1}, {39, 2}, {ganz, 0}}) {
+            traeger->resize(breite, 20);
+            QCOMPARE(platz.stufe(), stufe);
+        }
+        wort->setText(u"ein längeres Wort"_s);
+        QTRY_COMPARE(platz.stufe(), 1);
+        QTest::qWait(50);
+        const int vorher = versuche;
+        QTest::qWait(100);
+        QCOMPARE(versuche, vorher);
+    }
+
+    void texte_data()
+    {
+        QTest::addColumn<int>("art");
+        QTest::addColumn<int>("breite");
+        QTest::addColumn<QString>("anfang");
+        QTest::addColumn<QString>("ende");
+        QTest::newRow("passt") << int(Textschild::Art::KurzMitte) << 1000 << u"Rechnung der Stadtwerke"_s << u".pdf"_s;
+        QTest::newRow("Mitte") << int(Textschild::Art::KurzMitte) << 100 << u"Re"_s << u"pdf"_s;
+        QTest::newRow("Ende") << int(Textschild::Art::KurzEnde) << 100 << u"Rech"_s << u"…"_s;
+    }
+    void texte()
+    {
+        QFETCH(const int, art);
+        QFETCH(const int, breite);
+        QFETCH(const QString, anfang);
+        QFETCH(const QString, ende);
+        const QString ganz = u"Rechnung der Stadtwerke vom Januar.pdf"_s;
+        Textschild text{Textschild::Art(art)};
+        text.setzeHilfe(u"So heißt sie"_s);
+        text.setzeText(ganz);
+        text.resize(breite, 20);
+        text.show();
+        QVERIFY2(text.text().startsWith(anfang) && text.text().endsWith(ende), qPrintable(text.text()));
+        QCOMPARE(text.toolTip().contains(ganz), text.text() != ganz);
+        QVERIFY(text.toolTip().endsWith(u"So heißt sie"_s));
+        QCOMPARE(text.accessibleName(), ganz);
+        QCOMPARE(text.accessibleDescription(), u"So heißt sie"_s);
+        // With a mark there is less room for the words.
+        const int vorher = text.sizeHint().width();
+        text.setzen(Symbol::Warnung, ganz);
+        QVERIFY(text.sizeHint().width() > vorher);
+    }
+
+    /** A word too long for its line is broken, not cut; more lines need more height. */
+    void umbruch()
+    {
+        Textschild text;
+        text.setzeText(QString(200, u'x'));
+        const int zeile = text.heightForWidth(10'000);
+        QVERIFY(text.heightForWidth(100) > 3 * zeile);
+        QVERIFY(text.heightForWidth(100) < text.heightForWidth(50));
+        text.befund(Symbol::Keines, u"Erklärung"_s);
+        const double klein = text.font().pointSizeF();
+        text.befund(Symbol::Warnung, u"Mangel"_s);
+        QVERIFY(text.font().pointSizeF() > klein);
+    }
+
+    /** Everything is as tall at every font size as what stands beside it. */
+    void hoehen()
+    {
+        for (const double punkte : {9.0, 10.0, 13.0, 18.0}) {
+            Stil::setzeSchriftgroesse(punkte);
+            QWidget fenster;
+            QLineEdit *feld = new QLineEdit;
+            QPushButton *daneben = knopf(u"k"_s, u"Wählen …"_s);
+            QPushButton *haupt = hauptknopf(u"h"_s, u"Weiter"_s);
+            QToolButton *flach = flachknopf(u"f"_s, Symbol::Plus, u"Dazu"_s, {});
+            setzeKnopfart(flach, Knopfart::Hoch);
+            fuellen(&fenster, reihe({feld, daneben, haupt, flach}));
+            fenster.show();
+            QCOMPARE(feld->sizeHint().height(), daneben->sizeHint().height());
+            QCOMPARE(haupt->sizeHint().height(), flach->sizeHint().height());
+            QVERIFY(daneben->sizeHint().width() > daneben->fontMetrics().horizontalAdvance(daneben->text()));
+            QCOMPARE(fenster.layout()->spacing(), Stil::abstand(Stil::Abstand::Nah));
+        }
+    }
+
+    /** A hundred thousand rows: only those in view are asked for. */
+    void langeListe()
+    {
+        Liste liste(u"liste"_s, u"Eine Liste"_s);
+        Zaehlmodell modell(100'000);
+        liste.setModel(&modell);
+        QSignalSpy gesehen(&liste, &Liste::gesehen);
+        QSignalSpy tat(&liste, &Liste::tatGewuenscht);
+        liste.resize(300, 200);
+        liste.show();
+        QTRY_VERIFY(!gesehen.isEmpty());
+        liste.scrollTo(modell.index(50'000));
+        QTRY_VERIFY(gesehen.last().at(0).toInt() > 49'000);
+        QVERIFY2(modell.m_gefragt.size() < 200, qPrintable(QString::number(modell.m_gefragt.size())));
+        const QRect zeile = liste.visualRect(modell.index(50'000));
+        QTest::mouseClick(liste.viewport(), Qt::LeftButton, {}, zeile.center());
+        QCOMPARE(tat.size(), 0);
+        QTest::mouseClick(liste.viewport(), Qt::LeftButton, {}, QPoint(zeile.right() - 10, zeile.center().y()));
+        QCOMPARE(tat.size(), 1);
+    }
+
+    /** As high as its rows, up to the most. */
+    void hoheDerListe()
+    {
+        Liste liste(u"liste"_s, u"Eine Liste"_s);
+        auto *modell = new Listenmodell(&liste);
+        liste.setzeHoechstens(3);
+        liste.setModel(modell);
+        QCOMPARE(liste.sizeHint().height(), 0);
+        QList<Listenzeile> zeilen = {{.kennung = 7, .erste = u"a"_s, .zweite = u"b"_s}};
+        modell->setzen(zeilen);
+        const int eine = liste.sizeHint().height();
+        QVERIFY(eine > 0);
+        zeilen = QList<Listenzeile>(5, zeilen.first());
+        modell->setzen(zeilen);
+        QCOMPARE(liste.sizeHint().height(), 3 * eine);
+        // Other words in the same rows keep the current one.
+        liste.setCurrentIndex(modell->index(3));
+        zeilen[0].erste = u"anders"_s;
+        modell->setzen(zeilen);
+        QCOMPARE(liste.currentIndex().row(), 3);
+        QCOMPARE(liste.kennung().toInt(), 7);
+        QCOMPARE(modell->index(0).data(Qt::AccessibleTextRole).toString(), u"anders, b"_s);
+    }
+
+    /** The focus is on what leaves everything as it is, and goes back to where it was. */
+    void rueckfrage()
+    {
+        QWidget fenster;
+        QPushButton *davor = knopf(u"davor"_s, u"Löschen"_s);
+        auto *frage = new Rueckfrage({{.name = u"ja"_s, .text = u"Ja"_s}});
+        fuellen(&fenster, spalte({davor, frage}));
+        fenster.show();
+        fenster.activateWindow();
+        QTRY_VERIFY(fenster.isActiveWindow());
+        QSignalSpy ja(frage, &Rueckfrage::bestaetigt);
+        QSignalSpy nein(frage, &Rueckfrage::abgebrochen);
+        davor->setFocus();
+        frage->fragen(u"Wirklich?"_s);
+        QCOMPARE(QApplication::focusWidget()->objectName(), u"ja-abbrechen"_s);
+        QCOMPARE(frage->knopf()->accessibleDescription(), u"Wirklich?"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(!frage->isVisible());
+        QCOMPARE(nein.size(), 1);
+        QCOMPARE(QApplication::focusWidget(), davor);
+        frage->fragen(u"Wirklich?"_s);
+        frage->knopf()->click();
+        QCOMPARE(ja.size(), 1);
+        QVERIFY(!frage->isVisible());
+    }
+
+    void balkenanteil()
+    {
+        const std::unique_ptr<QProgressBar> b(balken(u"b"_s));
+        for (const auto &[anteil, wert] :
+             QList<std::pair<double, int>>{{-1, 0}, {0, 0}, {0.5, 500}, {1, 1000}, {7, 1000}}) {
+            setzeAnteil(b.get(), anteil);
+            QCOMPARE(b->value(), wert);
+        }
+    }
+};
+
+QTEST_MAIN(TestBedienteile)
+#include "test_bedienteile.moc"
