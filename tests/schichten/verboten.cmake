@@ -6,7 +6,7 @@ set(reihen
     "ui/ablauf/laufteile.cpp|<sqlite3.h>|sqlite3.h, which is for: katalog"
     "ui/protokoll/sitzungsseite.cpp|\"bewegungsgang.h\"|bewegungsgang.h of ablage"
     "ui/einrichtung/einrichtungsansicht.cpp|\"dokumente.h\"|dokumente.h of katalog"
-    "ui/ablauf/zahlenreihe.cpp|\"pruefansicht.h\"|pruefansicht.h of ui/pruefung"
+    "ui/ablauf/ablaufansicht.cpp|\"pruefansicht.h\"|pruefansicht.h of ui/pruefung"
     "ui/bedienteile/balken.h|\"ollama.h\"|ollama.h of analyse"
     "ui/vorschau/vorschau.cpp|\"pruefung.h\"|pruefung.h of zustand"
     "ui/pruefung/aktionsfeld.cpp|<QPdfDocument>|QPdfDocument, which is for: seiten"
