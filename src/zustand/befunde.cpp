@@ -71,6 +71,19 @@ QString ladewort(const Modellstand &stand)
     return gefuellt(Sprache::text(u"wird geladen, %@ %"_s), {zahl(stand.geladen * 100 / stand.ladegroesse)});
 }
 
+Befund modellbefund(const Modellstand &stand, const QString &gewaehlt, const QString &eingabe)
+{
+    if (stand.rechnetAnderswo(eingabe))
+        return warnung(Modellstand::anderswoSatz(eingabe));
+    if (gewaehlt.isEmpty())
+        return erklaerung(Sprache::text(u"Keines gewählt."_s));
+    if (stand.laedtModell == gewaehlt)
+        return laeuft(ladewort(stand));
+    if (Modellstand::treffer(stand.vorhandene, gewaehlt))
+        return gut(Sprache::text(u"einsatzbereit"_s));
+    return fehlendes(stand, gewaehlt);
+}
+
 QString ladehoehe(const Modellstand &stand)
 {
     if (stand.ladegroesse <= 0)
@@ -225,23 +238,14 @@ Befund Befunde::server(const Einrichtungslage &lage)
     return lage.umgebung.isEmpty() ? gut(satz) : warnung(satz);
 }
 
-Befund Befunde::modell(const Einrichtungslage &lage, const QString &gewaehlt, const QString &eingabe)
+Befund Befunde::modell(const Einrichtungslage &lage, const QString &eingabe)
 {
-    const Modellstand &stand = lage.modell;
-    if (stand.rechnetAnderswo(eingabe))
-        return warnung(Modellstand::anderswoSatz(eingabe));
-    if (gewaehlt.isEmpty())
-        return erklaerung(Sprache::text(u"Keines gewählt."_s));
-    if (stand.laedtModell == gewaehlt)
-        return laeuft(ladewort(stand));
-    if (Modellstand::treffer(stand.vorhandene, gewaehlt))
-        return gut(Sprache::text(u"einsatzbereit"_s));
-    return fehlendes(stand, gewaehlt);
+    return modellbefund(lage.modell, lage.profil.modell, eingabe);
 }
 
 Befund Befunde::modellGross(const Einrichtungslage &lage, const QString &eingabe)
 {
-    return lage.profil.zweitmeinung ? modell(lage, lage.profil.modellGross, eingabe)
+    return lage.profil.zweitmeinung ? modellbefund(lage.modell, lage.profil.modellGross, eingabe)
                                     : erklaerung(Sprache::text(u"Wird nicht gefragt."_s));
 }
 
@@ -253,6 +257,8 @@ bool Befunde::fehlt(const Modellstand &stand, const QString &gewaehlt, const QSt
 
 Befund Befunde::ladestand(const Einrichtungslage &lage)
 {
+    if (lage.modell.laedtModell.isEmpty())
+        return {};
     QStringList teile = {ladehoehe(lage.modell)};
     if (!lage.modell.restzeit.isEmpty())
         teile << lage.modell.restzeit;

@@ -28,10 +28,10 @@ namespace Befunde
 [[nodiscard]] Befund beispiel(const Beispiel &beispiel);
 [[nodiscard]] QString ort(const QStringList &ebenen);
 
-// Models. The server as the section of the models tells of it; the model @p gewaehlt while @p eingabe stands in its
-// field, which may be another one; whether fetching it is the next step; how far a fetching is.
+// Models. The server as the section of the models tells of it; the chosen model while @p eingabe stands in its field,
+// which may be another one; whether fetching it is the next step; how far a fetching is, if there is one.
 [[nodiscard]] Befund server(const Einrichtungslage &lage);
-[[nodiscard]] Befund modell(const Einrichtungslage &lage, const QString &gewaehlt, const QString &eingabe);
+[[nodiscard]] Befund modell(const Einrichtungslage &lage, const QString &eingabe);
 [[nodiscard]] Befund modellGross(const Einrichtungslage &lage, const QString &eingabe);
 [[nodiscard]] bool fehlt(const Modellstand &stand, const QString &gewaehlt, const QString &eingabe);
 [[nodiscard]] Befund ladestand(const Einrichtungslage &lage);

@@ -53,7 +53,7 @@ private:
         m_z->setzeReiter(Reiter::Einrichtung);
         m_z->einrichtung()->setzeAbschnitt(abschnitt);
     }
-    [[nodiscard]] QString satz(const QString &name) { return teil<Textschild>(name)->text(); }
+    [[nodiscard]] QString satz(const QString &name) { return teil<Textschild>(name)->ganzerText(); }
     void tippen(const QString &feld, const QString &text)
     {
         auto *eingabe = teil<QWidget>(feld);

@@ -59,7 +59,7 @@ Befund pdftotext(const Einrichtungslage &lage) { return Befunde::werkzeug(lage, 
 Befund tesseract(const Einrichtungslage &lage) { return Befunde::werkzeug(lage, u"tesseract"_s); }
 Befund strom(const Einrichtungslage &lage) { return Befunde::rubrik(lage, u"Strom"_s); }
 Befund gas(const Einrichtungslage &lage) { return Befunde::rubrik(lage, u"Gas"_s); }
-Befund klein(const Einrichtungslage &lage) { return Befunde::modell(lage, lage.profil.modell, lage.profil.modell); }
+Befund klein(const Einrichtungslage &lage) { return Befunde::modell(lage, lage.profil.modell); }
 Befund gross(const Einrichtungslage &lage) { return Befunde::modellGross(lage, lage.profil.modellGross); }
 
 void zeile(const char *name, const Regel &regel, const Aenderung &aenderung, Marke marke, const QString &satz)
@@ -262,13 +262,16 @@ private:
         zeile(
             "großes nicht gefragt", gross, [](Welt &w) { w.profil.zweitmeinung = false; }, Marke::Keine,
             u"Wird nicht gefragt."_s);
+        zeile("nichts wird geladen", Befunde::ladestand, unveraendert, Marke::Keine, {});
         zeile(
-            "Laden beginnt", Befunde::ladestand, [](Welt &w) { w.modell.ladetext = u"pulling manifest"_s; },
-            Marke::Keine, u"pulling manifest. Du kannst inzwischen weiter einrichten."_s);
+            "Laden beginnt", Befunde::ladestand,
+            [](Welt &w) { w.modell.laedtModell = u"a"_s, w.modell.ladetext = u"pulling manifest"_s; }, Marke::Keine,
+            u"pulling manifest. Du kannst inzwischen weiter einrichten."_s);
         zeile(
             "Laden mit Restzeit", Befunde::ladestand,
             [](Welt &w) {
-                w.modell.geladen = 512, w.modell.ladegroesse = 1023, w.modell.restzeit = u"noch 2 Minuten"_s;
+                w.modell.laedtModell = u"a"_s, w.modell.geladen = 512, w.modell.ladegroesse = 1023,
+                w.modell.restzeit = u"noch 2 Minuten"_s;
             },
             Marke::Keine,
             u"%1 von %2 · noch 2 Minuten. Du kannst inzwischen weiter einrichten."_s.arg(

@@ -49,7 +49,7 @@ public:
         const int kante = Stil::zeichengroesse();
         QRect text = option.rect.adjusted(abstand(Abstand::Nah), abstand(Abstand::Eng), -abstand(Abstand::Nah),
                                           -abstand(Abstand::Eng));
-        if (const QVariant marke = stelle.data(Marke); marke.toInt() != int(Symbol::Keines)) {
+        if (const QVariant marke = stelle.data(Marke); marke.isValid()) {
             Zeichen::malen(*maler, QRect(text.x(), text.y(), kante, text.height()), Symbol(marke.toInt()),
                            option.palette);
             text.setLeft(text.left() + kante + abstand(Abstand::Nah));
@@ -119,6 +119,8 @@ void Listenmodell::setzen(const QList<Listenzeile> &zeilen)
     if (!gleichViele)
         beginResetModel();
     m_zeilen = zeilen;
+    m_mitMarken = std::any_of(zeilen.begin(), zeilen.end(),
+                              [](const Listenzeile &zeile) { return zeile.marke != Symbol::Keines; });
     if (!gleichViele)
         return endResetModel();
     Q_EMIT dataChanged(index(0), index(int(zeilen.size()) - 1));
@@ -135,7 +137,7 @@ QVariant Listenmodell::data(const QModelIndex &index, int rolle) const
     case ZweiteZeile:
         return z.zweite.isNull() ? QVariant() : z.zweite;
     case Marke:
-        return int(z.marke);
+        return m_mitMarken ? QVariant(int(z.marke)) : QVariant();
     case Wort:
         return z.wort;
     case Kennung:

@@ -11,7 +11,7 @@ namespace quillmar::bedienteile
 /** What the rows of a list tell beside Qt::DisplayRole, the first line. */
 enum Listenrolle {
     ZweiteZeile = Qt::UserRole + 100,
-    Marke,      ///< Symbol before the row, as int
+    Marke,      ///< Symbol before the row, as int; Symbol::Keines keeps the room for one
     Wort,       ///< at the end of the row
     Wortart,    ///< Stil::Schrift of that word, as int: secondary by default, or a warning
     Hauptzeile, ///< 0 or 1: which of the two lines is the one to be read first; the other is secondary
@@ -45,6 +45,7 @@ public:
 
 private:
     QList<Listenzeile> m_zeilen;
+    bool m_mitMarken = false; ///< some row has one: the others keep the room for it
 };
 
 /**

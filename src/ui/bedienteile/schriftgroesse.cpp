@@ -49,6 +49,16 @@ QList<Wahleintrag> schriftgroessen()
     return groessen;
 }
 
+QString spracheUndSchrift()
+{
+    const QString punkte = gefuellt(Sprache::text(u"%@ Punkt"_s), {naechsteSchriftgroesse()});
+    for (const Sprachsatz &satz : Sprache::verfuegbare()) {
+        if (satz.kennung == Sprache::wirksameKennung())
+            return satz.name + u", "_s + punkte;
+    }
+    return u"Deutsch, "_s + punkte;
+}
+
 QString naechsteSchriftgroesse() { return QString::number(qRound(Stil::schriftgroesse())); }
 
 void schriftgroesseWaehlen(double punkte)

@@ -1,33 +1,25 @@
 #pragma once
 
+#include "abschnittszeile.h"
 #include "namensraeume.h"
-
-class QWidget;
 
 namespace quillmar::zustand
 {
-class Einrichtung;
 class Fenstersprache;
-class Modelldienst;
-class Profilwahl;
-class Pruefung;
+class Zustand;
 } // namespace quillmar::zustand
 
 namespace quillmar::einrichtung
 {
-class Abschnittsseite;
+/** The rows of a section of the setup card, from the top down. A new setting is one row here. */
+[[nodiscard]] QList<Abschnittszeile> abschnittszeilen(Abschnitt abschnitt, Zustand *zustand, Fenstersprache *sprache);
 
-/** The sections of the setup card, one to a file. */
-[[nodiscard]] Abschnittsseite *programmseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
-                                             Modelldienst *modelldienst, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *herkunftseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Pruefung *pruefung,
-                                             QWidget *eltern);
-[[nodiscard]] Abschnittsseite *zielseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *namenseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *eigentuemerseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *modellseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Modelldienst *modelldienst,
-                                           QWidget *eltern);
-[[nodiscard]] Abschnittsseite *gelerntseite(Profilwahl *profilwahl, Einrichtung *einrichtung, QWidget *eltern);
-[[nodiscard]] Abschnittsseite *oberflaechenseite(Profilwahl *profilwahl, Einrichtung *einrichtung,
-                                                 Fenstersprache *sprache, QWidget *eltern);
+// What only one section has.
+/** The exclusions with a field for a new one; the files that they leave out. */
+[[nodiscard]] Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &zeile);
+[[nodiscard]] Teile ausgelassene(Abschnittsseite &seite, const Abschnittszeile &zeile);
+/** The filing tree with what is new or gone. */
+[[nodiscard]] Teile strukturbaum(Abschnittsseite &seite, const Abschnittszeile &zeile);
+/** What was learned, in two lists, and how it is forgotten. */
+[[nodiscard]] Teile gelerntes(Abschnittsseite &seite, const Abschnittszeile &zeile);
 } // namespace quillmar::einrichtung

@@ -1,33 +1,37 @@
 #include "abschnittsseite.h"
 
-#include "bau.h"
 #include "einrichtung.h"
-#include "flachknopf.h"
-#include "knopf.h"
-#include "marktext.h"
+#include "flussreihe.h"
+#include "modelldienst.h"
 #include "ordnerwahl.h"
 #include "profilwahl.h"
 #include "sprache.h"
-#include "stil.h"
-#include "zeichen.h"
+#include "textschild.h"
+#include "vorlagenmangel.h"
+#include "zustand.h"
 
-#include <QComboBox>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
 #include <QDir>
-#include <QGridLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
+#include <QFormLayout>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::einrichtung
 {
-using Stil::abstand;
+using Stil::Abstand;
 using Stil::Schrift;
 
 namespace
 {
-constexpr int groessterRand = 30; // where the font is large, the room is needed for text
+constexpr int listenzeilen = 3;
+const QString kippend = u"kippend"_s; // what stands side by side and goes below each other where there is little room
 
 /** What the user's own folder is called in every shell. */
 QString ausgeschrieben(const QString &pfad)
@@ -36,32 +40,50 @@ QString ausgeschrieben(const QString &pfad)
     return sauber == "~"_L1 || sauber.startsWith("~/"_L1) ? QDir::homePath() + sauber.mid(1) : sauber;
 }
 
-QString bereinigt(const QString &text, Abschnittsseite::Rand rand)
+/** Lines without the empty ones. */
+QStringList zeilen(const QString &text)
 {
-    switch (rand) {
-    case Abschnittsseite::Rand::Weg:
-        return text.trimmed();
-    case Abschnittsseite::Rand::Pfad:
-        return ausgeschrieben(text);
-    case Abschnittsseite::Rand::Bleibt:
-        break;
+    QStringList liste;
+    for (const QString &zeile : text.split(u'\n', Qt::SkipEmptyParts)) {
+        if (const QString sauber = zeile.trimmed(); !sauber.isEmpty())
+            liste << sauber;
     }
-    return text;
+    return liste;
 }
 
-QWidget *nebeneinander(QWidget *eltern, QWidget *links, QWidget *rechts, int streckungLinks)
+/** @p teile in a row, below each other where there is little room. */
+Kette *gekippt(std::initializer_list<Teil> teile, Abstand abstand = Abstand::Nah)
 {
-    auto *traeger = new QWidget(eltern);
-    auto *reihe = new QHBoxLayout(traeger);
-    reihe->setContentsMargins(0, 0, 0, 0);
-    reihe->addWidget(links, streckungLinks, streckungLinks > 0 ? Qt::Alignment() : Qt::AlignLeft);
-    reihe->addWidget(rechts, streckungLinks > 0 ? 0 : 1);
-    Stil::folgen(traeger, [reihe] { reihe->setSpacing(abstand(8)); });
-    return traeger;
+    Kette *kette = reihe(teile, abstand);
+    kette->setObjectName(kippend);
+    return kette;
+}
+
+QString sichtbareHilfe(const Abschnittszeile &z)
+{
+    const bool immer = z.zeichen > 0 || std::holds_alternative<Feld::Zeilen>(z.feld) ||
+                       std::holds_alternative<Feld::Vorlage>(z.feld) || std::holds_alternative<Feld::Titel>(z.feld);
+    return z.erklaerung.isEmpty() && immer ? z.hilfe : z.erklaerung;
+}
+
+/** What the server has, the chosen one in any case; a model that the server only passes on says so. */
+QList<Wahleintrag> modelleintraege(const Modellstand &stand, const QString &gewaehlt)
+{
+    QStringList namen = stand.vorhandene;
+    if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
+        namen.prepend(gewaehlt);
+    QList<Wahleintrag> eintraege = wahleintraege(namen);
+    for (Wahleintrag &eintrag : eintraege)
+        eintrag.mangel = stand.rechnetAnderswo(eintrag.wert) ? Modellstand::anderswoSatz(eintrag.wert) : QString();
+    return eintraege;
+}
+
+void setzeText(QLineEdit *eingabe, const QString &text)
+{
+    if (eingabe->text() != text)
+        eingabe->setText(text);
 }
 } // namespace
-
-QString alsBeschriftung(const QString &text) { return text.left(1).toUpper() + text.mid(1); }
 
 Symbol symbol(Befund::Marke marke)
 {
@@ -82,267 +104,413 @@ Symbol symbol(Befund::Marke marke)
     return Symbol::Keines;
 }
 
-void zeigen(Marktext &text, const Befund &befund, const QString &hilfe)
-{
-    text.setzen(symbol(befund.marke), befund.satz.isEmpty() ? hilfe : befund.satz);
-}
-
-int abschnittsrand() { return std::min(abstand(24), groessterRand); }
-
-void feldmass(QWidget *feld)
-{
-    Stil::folgen(feld, [feld] {
-        feld->setMinimumHeight(abstand(30));
-        if (auto *eingabe = qobject_cast<QLineEdit *>(feld))
-            eingabe->setTextMargins(abstand(2), 0, 0, 0);
-    });
-}
-
-Abschnittsseite::Abschnittsseite(Profilwahl *profilwahl, Einrichtung *einrichtung, Abschnitt abschnitt,
-                                 const QString &erklaerung, QWidget *eltern)
-    : QWidget(eltern), m_profilwahl(profilwahl), m_einrichtung(einrichtung), m_raster(new QGridLayout(this))
+Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QList<Abschnittszeile> &zeilen,
+                                 QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand), m_form(new QFormLayout(this))
 {
     setObjectName(u"abschnitt-"_s + rohwert(abschnitt));
-    m_raster->setColumnStretch(1, 1);
-    auto *text = marktext();
-    text->erklaeren(erklaerung);
-    titel(abschnittTitel(abschnitt), text);
-    Stil::folgen(this, [this] {
-        m_raster->setHorizontalSpacing(abstand(12));
-        m_raster->setVerticalSpacing(abstand(8));
-        m_raster->setContentsMargins(abschnittsrand(), abstand(14), abschnittsrand(), abstand(12));
+    m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    for (const Abschnittszeile &z : zeilen)
+        zeile(z);
+    setzeRaender(this, {Abstand::Rand, Abstand::Gruppe, Abstand::Rand, Abstand::Feld});
+    connect(m_zustand->einrichtung(), &Einrichtung::staendeGeaendert, this, [this] {
+        if (isVisible())
+            auffrischen();
     });
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, [this] {
+        m_gewechselt = true;
+        auffrischen();
+        m_gewechselt = false;
+    });
+    // What could not be stored gives way to what holds.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *vorher) {
+        if (vorher && isAncestorOf(vorher))
+            auffrischen();
+    });
+    auffrischen();
 }
 
-const Profil &Abschnittsseite::profil() const
-{
-    static const Profil keines;
-    return m_profilwahl->aktiv() ? *m_profilwahl->aktiv() : keines;
-}
+const Profil &Abschnittsseite::profil() const { return m_zustand->einrichtung()->lage().profil; }
 
 void Abschnittsseite::aendern(const std::function<void(Profil &)> &aenderung) const
 {
-    if (!m_profilwahl->aktiv())
+    if (!m_zustand->profilwahl()->aktiv())
         return;
-    Profil neu = *m_profilwahl->aktiv();
+    Profil neu = profil();
     aenderung(neu);
-    m_profilwahl->setzeProfil(neu);
+    m_zustand->profilwahl()->setzeProfil(neu);
 }
 
-void Abschnittsseite::folgen(const std::function<void()> &zeigen)
+void Abschnittsseite::folgen(const std::function<void(const Einrichtungslage &)> &zeigen) { m_folgende << zeigen; }
+
+bool Abschnittsseite::tippt(const QWidget *feld) const { return feld->hasFocus() && !m_gewechselt; }
+
+void Abschnittsseite::auffrischen()
 {
-    for (const auto signal :
-         {&Profilwahl::aktivGeaendert, &Profilwahl::profileGeaendert, &Profilwahl::bereitschaftGeaendert})
-        connect(m_profilwahl, signal, this, zeigen);
-    connect(m_einrichtung, &Einrichtung::einrichtungGeaendert, this, zeigen);
-    zeigen();
+    const Einrichtungslage lage = m_zustand->einrichtung()->lage();
+    for (const auto &zeigen : std::as_const(m_folgende))
+        zeigen(lage);
 }
 
-Marktext *Abschnittsseite::marktext() { return new Marktext(this); }
-
-void Abschnittsseite::titel(const QString &text, Marktext *erklaerung, QWidget *rechts)
+void Abschnittsseite::showEvent(QShowEvent *ereignis)
 {
-    auto *kopf = new QWidget(this);
-    auto *raster = new QGridLayout(kopf);
-    raster->setVerticalSpacing(2);
-    raster->setColumnStretch(1, 1);
-    auto *schild = new QLabel(text, kopf);
-    schild->setTextFormat(Qt::PlainText);
-    Stil::schriftFolgt(schild, Schrift::Abschnitt);
-    raster->addWidget(schild, 0, 0);
-    if (erklaerung)
-        raster->addWidget(erklaerung, 1, 0, 1, 2);
-    if (rechts)
-        raster->addWidget(rechts, 0, 2, 2, 1, Qt::AlignBottom);
-    const bool erster = m_zeile == 0;
-    Stil::folgen(kopf, [raster, erster] {
-        raster->setContentsMargins(0, erster ? 0 : abstand(14), 0, abstand(4));
-        raster->setHorizontalSpacing(abstand(12));
-    });
-    m_raster->addWidget(kopf, m_zeile++, 0, 1, 2);
+    QWidget::showEvent(ereignis);
+    auffrischen();
 }
 
-void Abschnittsseite::reihe(const QString &beschriftung, const QString &hilfe, QWidget *eingabe, QWidget *teil)
+void Abschnittsseite::zeile(const Abschnittszeile &z)
 {
-    auto *schild = new QLabel(beschriftung, this);
-    schild->setTextFormat(Qt::PlainText);
-    schild->setBuddy(eingabe);
-    schild->setToolTip(hilfe);
-    eingabe->setAccessibleName(beschriftung);
-    eingabe->setAccessibleDescription(hilfe);
-    eingabe->setToolTip(hilfe);
-    radsperre(eingabe);
-    const bool istText = !teil && qobject_cast<QLabel *>(eingabe);
-    const Reihe neue{
-        .schild = schild, .teil = teil ? teil : eingabe, .text = istText ? eingabe : nullptr, .zeile = m_zeile};
-    m_reihen << neue;
-    m_zeile += 2;
-    legen(neue);
-    Stil::folgen(schild, [this, neue] { ausrichten(neue); });
+    zeile(z, std::visit([&](const auto &art) { return bauen(z, art); }, z.feld));
 }
 
-/** The label on the line of what stands beside it. */
-void Abschnittsseite::ausrichten(const Reihe &reihe) const
+void Abschnittsseite::zeile(const Abschnittszeile &z, const Teile &teile)
 {
-    const QFontMetrics mass = reihe.schild->fontMetrics();
-    const int versatz =
-        reihe.text ? reihe.text->fontMetrics().ascent() - mass.ascent() : (abstand(30) - mass.height()) / 2;
-    Stil::setzeTextfarbe(reihe.schild, Stil::nebenfarbe(palette()));
-    reihe.schild->setContentsMargins(0, m_eng ? 0 : std::max(0, versatz), 0, 0);
-}
-
-void Abschnittsseite::darunter(QWidget *teil)
-{
-    m_reihen << Reihe{.schild = nullptr, .teil = teil, .text = nullptr, .zeile = m_zeile};
-    m_zeile += 2;
-    legen(m_reihen.last());
-}
-
-void Abschnittsseite::legen(const Reihe &reihe)
-{
-    m_raster->removeWidget(reihe.teil);
-    m_raster->addWidget(reihe.teil, reihe.zeile + 1, m_eng ? 0 : 1, 1, m_eng ? 2 : 1);
-    if (!reihe.schild)
+    if (!teile.feld)
         return;
-    m_raster->removeWidget(reihe.schild);
-    reihe.schild->setAlignment((m_eng ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignTop);
-    m_raster->addWidget(reihe.schild, reihe.zeile + (m_eng ? 0 : 1), 0, 1, m_eng ? 2 : 1, Qt::AlignTop);
-}
-
-void Abschnittsseite::setzeEng(bool eng)
-{
-    if (eng == m_eng)
-        return;
-    m_eng = eng;
-    for (const Reihe &reihe : std::as_const(m_reihen)) {
-        legen(reihe);
-        if (reihe.schild)
-            ausrichten(reihe);
+    QAbstractButton *taste = z.knopf.name.isEmpty() ? teile.knopf : knopf(z.knopf);
+    const Befundregel &regel = teile.befund ? teile.befund : z.befund;
+    Textschild *text = regel || !sichtbareHilfe(z).isEmpty() ? befundtext(z, regel) : nullptr;
+    const Teil gesagtes = text && taste ? Teil(reihe({{text, 1}, taste}), 1) : Teil(text, 1);
+    benennen(z, teile.feld);
+    QLabel *beschriftung = nullptr;
+    if (!z.beschriftung.isEmpty() && !qobject_cast<QCheckBox *>(teile.feld)) {
+        m_schilder << (beschriftung = schild(z.beschriftung, Schrift::Beschriftung));
+        beschriftung->setBuddy(teile.feld);
+        beschriftung->setToolTip(z.hilfe);
     }
-    for (QBoxLayout *reihe : std::as_const(m_kippende))
-        reihe->setDirection(eng ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    setzeBeschriftungsbreite(m_breite);
+    if (z.zeichen > 0 && text)
+        return anfuegen(beschriftung, gekippt({{teile.feld, 0, Qt::AlignLeft}, gesagtes}));
+    anfuegen(beschriftung, teile.ganz ? Teil(teile.ganz) : Teil(teile.feld));
+    if (teile.darunter)
+        anfuegen(nullptr, teile.darunter);
+    if (text)
+        anfuegen(nullptr, gesagtes);
 }
 
-void Abschnittsseite::ueberAlles(QWidget *teil, int streckung)
+/** A row of the form. A widget that is hidden takes its row with it, a layout does not. */
+void Abschnittsseite::anfuegen(QLabel *beschriftung, const Teil &teil)
 {
-    m_raster->setRowStretch(m_zeile, streckung);
-    m_raster->addWidget(teil, m_zeile++, 0, 1, 2);
+    teil.layout ? m_form->addRow(beschriftung, teil.layout) : m_form->addRow(beschriftung, teil.widget);
 }
 
-void Abschnittsseite::strecken(QWidget *teil, int streckung)
+/** The name, help and width of a field; it follows whether it can be changed. */
+void Abschnittsseite::benennen(const Abschnittszeile &z, QWidget *feld)
 {
-    int zeile = 0;
-    int spalte = 0;
-    int hoehe = 0;
-    int breite = 0;
-    m_raster->getItemPosition(m_raster->indexOf(teil), &zeile, &spalte, &hoehe, &breite);
-    m_raster->setRowStretch(zeile, streckung);
+    if (feld->objectName().isEmpty())
+        feld->setObjectName(z.name);
+    if (feld->accessibleName().isEmpty())
+        feld->setAccessibleName(z.beschriftung);
+    if (feld->toolTip().isEmpty())
+        feld->setToolTip(z.hilfe);
+    radsperre(feld);
+    if (z.zeichen > 0)
+        Stil::folgen(feld, [feld, zeichen = z.zeichen] {
+            feld->setFixedWidth(QFontMetrics(Stil::schrift(Schrift::Grund)).averageCharWidth() * zeichen +
+                                2 * Stil::abstand(Abstand::Feld));
+        });
+    if (z.gilt)
+        folgen([feld, gilt = z.gilt](const Einrichtungslage &lage) { feld->setEnabled(gilt(lage.profil)); });
 }
 
-void Abschnittsseite::abschliessen() { m_raster->setRowStretch(m_zeile, 1); }
+/** What is found, for as long as there is anything to say. */
+Textschild *Abschnittsseite::befundtext(const Abschnittszeile &z, const Befundregel &regel)
+{
+    auto *text =
+        new Textschild(Textschild::Art::Umbruch, Schrift::Neben, z.name.isEmpty() ? QString() : z.name + u"-stand"_s);
+    text->setParent(this);
+    folgen([text, regel, hilfe = sichtbareHilfe(z)](const Einrichtungslage &lage) {
+        const Befund befund = regel ? regel(lage) : Befund();
+        text->befund(symbol(befund.marke), befund.satz.isEmpty() ? hilfe : befund.satz);
+        text->setVisible(!text->ganzerText().isEmpty());
+    });
+    return text;
+}
+
+QAbstractButton *Abschnittsseite::knopf(const Zeilenknopf &vorgabe)
+{
+    QAbstractButton *taste = nullptr;
+    if (vorgabe.flach)
+        taste = flachknopf(vorgabe.name, vorgabe.symbol, vorgabe.text, vorgabe.hilfe);
+    else
+        taste = bedienteile::knopf(vorgabe.name, vorgabe.text, vorgabe.hilfe, Knopfart::Feld, vorgabe.symbol);
+    taste->setParent(this);
+    if (!vorgabe.gesprochen.isEmpty())
+        taste->setAccessibleName(vorgabe.gesprochen);
+    if (vorgabe.tun)
+        connect(taste, &QAbstractButton::clicked, this, vorgabe.tun);
+    if (vorgabe.geht)
+        folgen([taste, geht = vorgabe.geht](const Einrichtungslage &lage) { taste->setEnabled(geht(lage)); });
+    if (vorgabe.da)
+        folgen([taste, da = vorgabe.da](const Einrichtungslage &lage) { taste->setVisible(da(lage)); });
+    return taste;
+}
+
+void Abschnittsseite::ueberAlles(QWidget *teil) { m_form->addRow(teil); }
 
 int Abschnittsseite::beschriftungsbreite() const
 {
     int breite = 0;
-    for (const Reihe &reihe : m_reihen) {
-        if (reihe.schild)
-            breite = std::max(breite, reihe.schild->fontMetrics().horizontalAdvance(reihe.schild->text()) + 2);
-    }
+    for (const QLabel *schild : m_schilder)
+        breite = std::max(breite, schild->sizeHint().width());
     return breite;
 }
 
-void Abschnittsseite::setzeBeschriftungsbreite(int breite)
+void Abschnittsseite::anordnen(bool eng, int beschriftungsbreite)
 {
-    m_breite = breite;
-    m_raster->setColumnMinimumWidth(0, m_eng ? 0 : breite);
+    m_form->setRowWrapPolicy(eng ? QFormLayout::WrapAllRows : QFormLayout::DontWrapRows);
+    m_form->setLabelAlignment(eng ? Qt::AlignLeft : Qt::AlignRight);
+    for (QLabel *schild : std::as_const(m_schilder)) {
+        schild->setMinimumWidth(eng ? 0 : beschriftungsbreite);
+        schild->setAlignment((eng ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+    }
+    for (auto *reihe : findChildren<QBoxLayout *>(kippend))
+        reihe->setDirection(eng ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
-QLineEdit *Abschnittsseite::textfeld(const QString &name, QString Profil::*feld,
-                                     const std::function<QString(const QString &)> &mangel, Marktext *beschwerde,
-                                     const QString &hilfe, Rand rand)
+/** A finding or a button alone. */
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, std::monostate)
+{
+    QAbstractButton *taste = z.knopf.name.isEmpty() ? nullptr : knopf(z.knopf);
+    if (!z.befund) {
+        anfuegen(nullptr, reihe({{taste, 0, Qt::AlignLeft}}));
+        return {};
+    }
+    Textschild *text = befundtext(z, z.befund);
+    text->setObjectName(z.name);
+    zeile({.name = z.name, .beschriftung = z.beschriftung, .hilfe = z.hilfe},
+          {.feld = text, .ganz = taste ? reihe({{text, 1}, taste}) : nullptr});
+    return {};
+}
+
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, Feld::Titel)
+{
+    Kette *kette =
+        reihe({{spalte({schild(z.beschriftung, Schrift::Abschnitt), befundtext(z, z.befund)}, Abstand::Keiner), 1}},
+              Abstand::Feld);
+    if (!z.knopf.name.isEmpty())
+        kette->addWidget(knopf(z.knopf), 0, Qt::AlignBottom);
+    QWidget *kopf = traeger(kette);
+    setzeRaender(kopf, {Abstand::Keiner, m_form->rowCount() == 0 ? Abstand::Keiner : Abstand::Feld, Abstand::Keiner,
+                        Abstand::Eng});
+    ueberAlles(kopf);
+    return {};
+}
+
+/** A line edit whose text is the profile's @p feld. */
+QLineEdit *Abschnittsseite::textfeld(QString Profil::*feld,
+                                     const std::function<std::optional<QString>(const QString &)> &gespeichert)
 {
     auto *eingabe = new QLineEdit(this);
-    eingabe->setObjectName(name);
-    feldmass(eingabe);
-    const auto pruefen = [mangel, beschwerde, hilfe](const QString &text) {
-        const QString satz = mangel ? mangel(text) : QString();
-        if (beschwerde)
-            beschwerde->setzen(satz.isEmpty() ? Symbol::Keines : Symbol::Warnung, satz.isEmpty() ? hilfe : satz);
-        return satz.isEmpty();
-    };
-    connect(eingabe, &QLineEdit::textEdited, this, [this, feld, pruefen, rand](const QString &text) {
-        if (pruefen(text))
-            aendern([&](Profil &p) { p.*feld = bereinigt(text, rand); });
+    connect(eingabe, &QLineEdit::textEdited, this, [this, feld, gespeichert](const QString &text) {
+        if (const auto wert = gespeichert(text))
+            aendern([&](Profil &p) { p.*feld = *wert; });
+        auffrischen();
     });
-    folgen([this, eingabe, feld, pruefen] {
-        const QString wert = profil().*feld;
-        // What is being typed stays as it is typed.
-        if (!eingabe->hasFocus() && eingabe->text() != wert)
-            eingabe->setText(wert);
-        if (!eingabe->hasFocus())
-            pruefen(wert);
+    connect(eingabe, &QLineEdit::editingFinished, this, [this, eingabe, feld] {
+        setzeText(eingabe, profil().*feld);
+        auffrischen();
     });
-    // What could not be stored gives way to what holds, and what was typed for one profile to another's.
-    const auto zuruecksetzen = [this, eingabe, feld, pruefen] {
-        if (eingabe->text() != profil().*feld)
-            eingabe->setText(profil().*feld);
-        pruefen(profil().*feld);
-    };
-    connect(eingabe, &QLineEdit::editingFinished, this, zuruecksetzen);
-    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, zuruecksetzen);
+    folgen([this, eingabe, feld](const Einrichtungslage &lage) {
+        if (!tippt(eingabe))
+            setzeText(eingabe, lage.profil.*feld);
+    });
     return eingabe;
 }
 
-QLineEdit *Abschnittsseite::ordnerfeld(const QString &name, QString Profil::*feld, const QString &frage, QWidget **teil)
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Text &art)
 {
-    QLineEdit *eingabe = textfeld(name, feld, {}, nullptr, {}, Rand::Pfad);
-    QPushButton *waehlen = knopf(name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), frage);
-    connect(waehlen, &QPushButton::clicked, this, [this, eingabe, feld, frage] {
+    const auto mangel = [pruefen = art.mangel](const QString &text) { return pruefen ? pruefen(text) : QString(); };
+    QLineEdit *eingabe = textfeld(art.feld, [mangel](const QString &text) {
+        return mangel(text).isEmpty() ? std::optional(text.trimmed()) : std::nullopt;
+    });
+    eingabe->setPlaceholderText(art.platzhalter);
+    Stil::platzhalterFolgt(eingabe);
+    if (!art.mangel)
+        return {.feld = eingabe};
+    return {.feld = eingabe, .befund = [eingabe, mangel, regel = z.befund](const Einrichtungslage &lage) {
+                const QString satz = mangel(eingabe->text());
+                if (!satz.isEmpty())
+                    return Befund{.marke = Befund::Marke::Warnung, .satz = satz};
+                return regel ? regel(lage) : Befund();
+            }};
+}
+
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Ordner &art)
+{
+    QLineEdit *eingabe = textfeld(art.feld, [](const QString &text) { return std::optional(ausgeschrieben(text)); });
+    // The folder may have been made meanwhile.
+    connect(eingabe, &QLineEdit::editingFinished, m_zustand->einrichtung(), &Einrichtung::einrichtungPruefen);
+    auto *waehlen = bedienteile::knopf(z.name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), art.frage);
+    connect(waehlen, &QPushButton::clicked, this, [this, eingabe, art] {
         const QString zweck = eingabe->objectName() + u'-' + profil().id.toString(QUuid::WithoutBraces);
-        if (const auto ordner = Ordnerwahl::ordnerWaehlen(frage, zweck, profil().*feld)) {
-            aendern([&](Profil &p) { p.*feld = *ordner; });
+        if (const auto ordner = Ordnerwahl::ordnerWaehlen(art.frage, zweck, profil().*art.feld)) {
+            aendern([&](Profil &p) { p.*art.feld = *ordner; });
             eingabe->setText(*ordner);
         }
     });
-    // The folder may have been made meanwhile.
-    connect(eingabe, &QLineEdit::editingFinished, m_einrichtung, &Einrichtung::einrichtungPruefen);
-    *teil = nebeneinander(this, eingabe, waehlen, 1);
-    return eingabe;
+    return {.feld = eingabe, .ganz = reihe({{eingabe, 1}, waehlen})};
 }
 
-QPushButton *Abschnittsseite::knopf(const QString &name, const QString &text, const QString &hilfe, Symbol symbol)
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Vorlage &art)
 {
-    auto *k = new Knopf(name, text, this);
-    k->setToolTip(hilfe);
-    k->setAccessibleDescription(hilfe);
-    if (symbol != Symbol::Keines)
-        k->setIcon(Zeichen::icon(symbol));
-    return k;
+    QLineEdit *eingabe = textfeld(art.feld, [](const QString &text) { return std::optional(text); });
+    const auto setzen = [this, eingabe, feld = art.feld](const QString &vorlage) {
+        aendern([&](Profil &p) { p.*feld = vorlage; });
+        setzeText(eingabe, vorlage);
+        eingabe->setFocus();
+    };
+    auto *bloecke = new Flussreihe(Abstand::Eng);
+    for (const Baustein baustein : art.bausteine) {
+        const QString wort = bausteinWort(baustein);
+        auto *block = bedienteile::knopf(z.name + u'-' + wort, bausteinAnzeige(baustein), bausteinErklaerung(baustein),
+                                         Knopfart::Klein);
+        block->setParent(this);
+        bloecke->addWidget(block);
+        connect(block, &QPushButton::clicked, this, [eingabe, wort, setzen] {
+            eingabe->insert(u'{' + wort + u'}');
+            setzen(eingabe->text());
+        });
+    }
+    const auto block = [this, art] {
+        const QList<Vorlagenmangel> maengel = vorlagenmaengel(profil().*art.feld, art.istPfad);
+        return maengel.isEmpty() ? QString() : maengel.first().block;
+    };
+    QAbstractButton *entfernen =
+        knopf({.name = z.name + u"-entfernen"_s,
+               .text = Sprache::text(u"Entfernen"_s),
+               .hilfe = Sprache::text(u"Nimmt den Baustein aus der Vorlage."_s),
+               .symbol = Symbol::Minus,
+               .tun = [this, art, block, setzen] { setzen(ohneBlock(profil().*art.feld, block())); },
+               .da = [block](const Einrichtungslage &) { return !block().isEmpty(); }});
+    return {.feld = eingabe, .darunter = bloecke, .knopf = entfernen};
 }
 
-Flachknopf *Abschnittsseite::flachknopf(const QString &name, const QString &text, const QString &hilfe, Symbol symbol)
+Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Zeilen &art)
 {
-    auto *k = new Flachknopf(name, symbol, text, hilfe, this);
-    k->setzeMitText(true);
-    return k;
-}
-
-void Abschnittsseite::luecke()
-{
-    auto *leer = new QWidget(this);
-    Stil::folgen(leer, [leer] { leer->setFixedHeight(abstand(2)); });
-    darunter(leer);
-}
-
-QWidget *Abschnittsseite::daneben(QWidget *feld, int zeichen, QWidget *text)
-{
-    Stil::folgen(feld, [feld, zeichen] {
-        feld->setMinimumHeight(abstand(30));
-        feld->setFixedWidth(feld->fontMetrics().averageCharWidth() * zeichen + abstand(24));
+    auto *eingabe = new QPlainTextEdit(this);
+    eingabe->setTabChangesFocus(true);
+    eingabe->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    Stil::folgen(eingabe, [eingabe] {
+        eingabe->setFixedHeight(listenzeilen * QFontMetrics(Stil::schrift(Schrift::Grund)).lineSpacing() +
+                                Stil::abstand(Abstand::Feld));
     });
-    QWidget *zeile = nebeneinander(this, feld, text, 0);
-    kippen(static_cast<QBoxLayout *>(zeile->layout()));
-    return zeile;
+    connect(eingabe, &QPlainTextEdit::textChanged, this, [this, eingabe, feld = art.feld] {
+        if (eingabe->hasFocus())
+            aendern([&](Profil &p) { p.*feld = zeilen(eingabe->toPlainText()); });
+    });
+    folgen([this, eingabe, feld = art.feld](const Einrichtungslage &lage) {
+        const QSignalBlocker still(eingabe);
+        if (!tippt(eingabe) && zeilen(eingabe->toPlainText()) != lage.profil.*feld)
+            eingabe->setPlainText((lage.profil.*feld).join(u'\n'));
+    });
+    return {.feld = eingabe};
+}
+
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Kaestchen &art)
+{
+    auto *kaestchen = new QCheckBox(z.beschriftung, this);
+    connect(kaestchen, &QCheckBox::clicked, this,
+            [this, feld = art.feld](bool an) { aendern([&](Profil &p) { p.*feld = an; }); });
+    folgen([kaestchen, feld = art.feld](const Einrichtungslage &lage) { kaestchen->setChecked(lage.profil.*feld); });
+    return {.feld = kaestchen};
+}
+
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Paar &art)
+{
+    Kette *paar = gekippt({}, Abstand::Gruppe);
+    auto *gruppe = new QButtonGroup(this);
+    for (const bool ja : {false, true}) {
+        const Feld::Paar::Seite &seite = ja ? art.ja : art.nein;
+        auto *knopf = new QRadioButton(seite.text, this);
+        knopf->setObjectName(z.name + u'-' + seite.name);
+        knopf->setAccessibleName(seite.text);
+        knopf->setToolTip(seite.hilfe);
+        QLabel *erklaerung = schild(seite.hilfe, Schrift::Neben);
+        erklaerung->setMinimumWidth(1); // cut off rather than widening the window
+        paar->anfuegen(reihe({knopf, {erklaerung, 1}}));
+        connect(knopf, &QRadioButton::clicked, this,
+                [this, feld = art.feld, ja] { aendern([&](Profil &p) { p.*feld = ja; }); });
+        folgen(
+            [knopf, feld = art.feld, ja](const Einrichtungslage &lage) { knopf->setChecked(lage.profil.*feld == ja); });
+        gruppe->addButton(knopf);
+    }
+    paar->anfuegen(Teil::rest());
+    return {.feld = gruppe->buttons().first(), .ganz = paar};
+}
+
+Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Zahl &art)
+{
+    auto *eingabe = new QSpinBox(this);
+    eingabe->setRange(1, art.groesste);
+    eingabe->setSingleStep(art.schritt);
+    connect(eingabe, &QSpinBox::valueChanged, this,
+            [this, feld = art.feld](int wert) { aendern([&](Profil &p) { p.*feld = wert; }); });
+    folgen([eingabe, feld = art.feld](const Einrichtungslage &lage) {
+        const QSignalBlocker still(eingabe);
+        // A number from a file may lie outside of what is offered here, and is kept.
+        eingabe->setMaximum(std::max(eingabe->maximum(), lage.profil.*feld));
+        eingabe->setValue(lage.profil.*feld);
+    });
+    return {.feld = eingabe};
+}
+
+Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Wahl &art)
+{
+    auto *wahl = new QComboBox(this);
+    connect(wahl, &QComboBox::activated, this,
+            [this, wahl, feld = art.feld] { aendern([&](Profil &p) { p.*feld = wahl->currentData().toString(); }); });
+    folgen([wahl, art](const Einrichtungslage &lage) {
+        wahlAuffrischen(wahl, art.eintraege(lage), lage.profil.*art.feld);
+    });
+    return {.feld = wahl};
+}
+
+/** Has the server fetch the model of @p z, once it is the next step. */
+QAbstractButton *Abschnittsseite::ladeknopf(const Abschnittszeile &z, QString Profil::*feld, const QComboBox *wahl)
+{
+    const auto laden = feld == &Profil::modellGross ? &Modelldienst::modellGrossLaden : &Modelldienst::modellLaden;
+    return knopf({.name = z.name + u"-laden"_s,
+                  .text = Sprache::text(u"Modell laden"_s),
+                  .hilfe = Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s),
+                  .symbol = Symbol::Keines,
+                  .gesprochen = z.beschriftung + u": "_s + Sprache::text(u"Modell laden"_s),
+                  .tun = [dienst = m_zustand->modelldienst(), laden] { (dienst->*laden)(); },
+                  .geht =
+                      [](const Einrichtungslage &lage) {
+                          return lage.modell.art != Modellstand::Art::ServerFehlt && lage.modell.laedtModell.isEmpty();
+                      },
+                  .da =
+                      [feld, wahl, gilt = z.gilt](const Einrichtungslage &lage) {
+                          return (!gilt || gilt(lage.profil)) &&
+                                 Befunde::fehlt(lage.modell, lage.profil.*feld, wahl->currentText());
+                      },
+                  .flach = false});
+}
+
+Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Modell &art)
+{
+    auto *wahl = new QComboBox(this);
+    wahl->setEditable(true);
+    wahl->setInsertPolicy(QComboBox::NoInsert);
+    wahl->lineEdit()->setObjectName(z.name + u"-eingabe"_s);
+    wahl->lineEdit()->setAccessibleName(z.beschriftung);
+    const auto setzen = [this, wahl, feld = art.feld] {
+        const QString text = wahl->currentText().trimmed();
+        const bool entbehrlich = feld == &Profil::modellGross;
+        if (!m_zustand->modelldienst()->modellstand().rechnetAnderswo(text) && (entbehrlich || !text.isEmpty()))
+            aendern([&](Profil &p) { p.*feld = text; });
+        auffrischen();
+    };
+    connect(wahl, &QComboBox::activated, this, setzen);
+    connect(wahl->lineEdit(), &QLineEdit::editingFinished, this, setzen);
+    folgen([this, wahl, feld = art.feld](const Einrichtungslage &lage) {
+        if (!tippt(wahl->lineEdit()) || !wahl->lineEdit()->isModified())
+            wahlAuffrischen(wahl, modelleintraege(lage.modell, lage.profil.*feld), lage.profil.*feld);
+    });
+    return {.feld = wahl,
+            .knopf = ladeknopf(z, art.feld, wahl),
+            .befund = [wahl, befund = art.befund](const Einrichtungslage &lage) {
+                return befund(lage, wahl->currentText());
+            }};
 }
 } // namespace quillmar::einrichtung

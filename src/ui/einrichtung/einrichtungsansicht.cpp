@@ -1,166 +1,153 @@
 #include "einrichtungsansicht.h"
 
 #include "abschnitte.h"
-#include "abschnittsliste.h"
 #include "abschnittsseite.h"
 #include "bau.h"
+#include "dateiverwaltung.h"
 #include "durchgang.h"
 #include "einrichtung.h"
-#include "erststart.h"
-#include "hauptknopf.h"
 #include "hinweisfeld.h"
 #include "leeransicht.h"
-#include "marktext.h"
-#include "modelldienst.h"
+#include "liste.h"
+#include "nachgeben.h"
+#include "pfade.h"
 #include "profilleiste.h"
 #include "profilwahl.h"
-#include "pruefung.h"
+#include "schriftgroesse.h"
 #include "sprache.h"
-#include "stil.h"
 #include "text.h"
+#include "textschild.h"
 #include "zustand.h"
 
-#include <QHBoxLayout>
-#include <QPainter>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QStackedLayout>
 #include <QStackedWidget>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::einrichtung
 {
-using Stil::abstand;
+using Stil::Abstand;
 
 namespace
 {
 constexpr int listenbreite = 300;
-constexpr int wenigeZeichen = 84;        // in a line of a section: fewer, and nothing stands beside a field
-constexpr double hoechstenAnteil = 0.32; // of the list where the font is large
+constexpr int listenanteil = 32;  // of 100, where the font is large
+constexpr int wenigeZeichen = 84; // in a line of a section: fewer, and nothing stands beside a field
 } // namespace
 
 EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprache, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)),
+      m_liste(new Liste(u"abschnitte"_s, Sprache::text(u"Abschnitte der Einrichtung"_s))),
+      m_zeilen(new Listenmodell(this)), m_seiten(new QStackedWidget),
+      m_katalogfehler(
+          new Hinweisfeld(Symbol::Warnung, {},
+                          {{.name = u"katalogErneutOeffnen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}})),
+      m_weiter(hauptknopf(u"weiter"_s)),
+      m_grund(new Textschild(Textschild::Art::Umbruch, Stil::Schrift::Neben, u"weiter-grund"_s))
 {
     setObjectName(u"einrichtung"_s);
     setFocusPolicy(Qt::ClickFocus);
-    auto *erststart = new Erststart(Profilwahl::datenordner(), m_zustand->profilwahl()->unlesbareProfile(), this);
-    connect(erststart, &Erststart::anlegen, m_zustand->profilwahl(), &Profilwahl::neuesProfil);
-    auto *inhalt = new QWidget(this);
-    auto *waagrecht = new QHBoxLayout(inhalt);
-    waagrecht->setContentsMargins(0, 0, 0, 0);
-    waagrecht->setSpacing(1);
-    waagrecht->addWidget(linkeSeite());
-    waagrecht->addWidget(rechteSeite(sprache), 1);
-    m_stapel->addWidget(erststart);
-    m_stapel->addWidget(inhalt);
+    m_stapel->addWidget(erststart());
+    m_stapel->addWidget(
+        traeger(reihe({{linkeSeite(), listenanteil}, linie(Qt::Vertical), {rechteSeite(sprache), 100 - listenanteil}},
+                      Abstand::Keiner)));
     for (const auto signal : {&Einrichtung::abschnittGeaendert, &Einrichtung::staendeGeaendert})
         connect(m_zustand->einrichtung(), signal, this, &EinrichtungsAnsicht::zeigen);
     connect(m_zustand->profilwahl(), &Profilwahl::oeffnetGeaendert, this, &EinrichtungsAnsicht::zeigen);
-    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &EinrichtungsAnsicht::zeigen);
-    Stil::folgen(this, [this] { beschriftungenAusrichten(); });
-    zeigen();
+    connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &EinrichtungsAnsicht::weiterZeigen);
+    connect(m_weiter, &QPushButton::clicked, this, &EinrichtungsAnsicht::weiter);
+    connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand->profilwahl(), &Profilwahl::erneutOeffnen);
+    Stil::folgen(this, [this] {
+        m_fenster = spracheUndSchrift();
+        zeigen();
+    });
+}
+
+/** What the program does and the one next step; before all else, when this is no first start. */
+QWidget *EinrichtungsAnsicht::erststart()
+{
+    auto *ansicht = new Leeransicht(nullptr, u"erstesProfil"_s, Knopfart::Haupt);
+    ansicht->setzen(Symbol::GrossOrdner, Sprache::text(u"Aus einem Stapel Scans wird eine geordnete Ablage"_s),
+                    Sprache::text(u"Quillmar liest gescannte Briefe auf diesem Rechner, schlägt Name und Ordner vor "
+                                  "und legt ab, sobald du zustimmst."_s),
+                    Sprache::text(u"Erstes Profil anlegen"_s));
+    ansicht->setzeZusatz(
+        {gefuellt(Sprache::text(u"Einstellungen und Katalog liegen in %@."_s), {kurzpfad(Profilwahl::datenordner())}),
+         Sprache::text(u"Deine Dokumente bleiben, wo sie sind, bis du den ersten Vorschlag übernimmst."_s)});
+    connect(ansicht, &Leeransicht::gedrueckt, m_zustand->profilwahl(), &Profilwahl::neuesProfil);
+    Kette *inhalt = spalte({{ansicht, 1}});
+    if (const QString kopie = m_zustand->profilwahl()->unlesbareProfile(); !kopie.isEmpty()) {
+        auto *hinweis = new Hinweisfeld(
+            Symbol::Warnung,
+            gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
+                     {kurzpfad(kopie)}) +
+                u". "_s + Sprache::text(u"Die Kataloge der Profile und deine Dokumente sind nicht davon betroffen."_s),
+            {{.name = u"unlesbareProfileZeigen"_s,
+              .text = Sprache::text(u"Ordner öffnen"_s),
+              .hilfe = Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s)}});
+        hinweis->setObjectName(u"unlesbareProfile"_s);
+        connect(hinweis, &Hinweisfeld::gedrueckt, this, [kopie] { Dateiverwaltung::zeigen(kopie); });
+        inhalt->insertWidget(0, hinweis);
+    }
+    auto *seite = fuellen(new QWidget, inhalt, Abstand::Rand, Abstand::Rand);
+    seite->setObjectName(u"erststart"_s);
+    seite->setFocusProxy(ansicht->knopf());
+    return seite;
 }
 
 QWidget *EinrichtungsAnsicht::linkeSeite()
 {
-    m_links = new QWidget(this);
-    m_liste = new Abschnittsliste(m_zustand->einrichtung(), m_links);
-    auto *profil = new Profilleiste(m_zustand->profilwahl(), m_links);
-    auto *spalte = new QVBoxLayout(m_links);
-    spalte->addWidget(m_liste, 1);
-    spalte->addWidget(profil);
-    Stil::folgen(m_links, [spalte] {
-        spalte->setContentsMargins(abstand(12), abstand(14), abstand(12), abstand(8));
-        spalte->setSpacing(abstand(8));
+    m_liste->setModel(m_zeilen);
+    abschnitteZeigen();
+    connect(m_liste->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &jetzt) {
+        if (jetzt.isValid())
+            m_zustand->einrichtung()->setzeAbschnitt(Abschnitt(jetzt.row()));
     });
-    return m_links;
+    auto *links = fuellen(new QWidget, spalte({{m_liste, 1}, profilleiste(m_zustand->profilwahl())}), Abstand::Feld,
+                          Abstand::Feld);
+    Stil::folgen(links, [links] { links->setMaximumWidth(Stil::mass(listenbreite)); });
+    return links;
 }
 
 QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
 {
-    auto *seite = new QWidget(this);
-    m_seiten = new QStackedWidget(seite);
-    seitenBauen(sprache); // before the button below: Tab goes through them in the order of their making
-    m_fuss = new QWidget(seite);
-    m_weiter = new Hauptknopf({}, m_fuss);
-    m_weiter->setObjectName(u"weiter"_s);
-    m_grund = new Marktext(m_fuss);
-    m_grund->setObjectName(u"weiter-grund"_s);
-    auto *reihe = new QHBoxLayout(m_fuss);
-    reihe->addWidget(m_weiter);
-    reihe->addWidget(m_grund, 1);
-    auto *spalte = new QVBoxLayout(seite);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    spalte->setSpacing(0);
-    m_katalogfehler = new Hinweisfeld(
-        Symbol::Warnung, {}, {{.name = u"katalogErneutOeffnen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}},
-        seite);
     m_katalogfehler->setObjectName(u"katalogfehler"_s);
-    connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand->profilwahl(), &Profilwahl::erneutOeffnen);
-    spalte->addWidget(m_katalogfehler);
-    spalte->addWidget(m_seiten, 1);
-    spalte->addWidget(m_fuss);
-    connect(m_weiter, &QPushButton::clicked, this, &EinrichtungsAnsicht::weiter);
-    Stil::folgen(m_fuss, [reihe] {
-        reihe->setContentsMargins(abschnittsrand(), abstand(10), abschnittsrand(), abstand(10));
-        reihe->setSpacing(abstand(16));
-    });
-    return seite;
+    seitenBauen(sprache);
+    auto *fuss = fuellen(new QWidget, reihe({m_weiter, {m_grund, 1}}, Abstand::Gruppe), Abstand::Rand, Abstand::Nah);
+    return traeger(spalte({m_katalogfehler, {m_seiten, 1}, linie(), fuss}, Abstand::Keiner));
 }
 
 void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
 {
-    Profilwahl *wahl = m_zustand->profilwahl();
-    Einrichtung *einrichtung = m_zustand->einrichtung();
-    const QList<Abschnittsseite *> seiten = {
-        programmseite(wahl, einrichtung, m_zustand->modelldienst(), this),
-        herkunftseite(wahl, einrichtung, m_zustand->pruefung(), this),
-        zielseite(wahl, einrichtung, this),
-        namenseite(wahl, einrichtung, this),
-        eigentuemerseite(wahl, einrichtung, this),
-        modellseite(wahl, einrichtung, m_zustand->modelldienst(), this),
-        gelerntseite(wahl, einrichtung, this),
-        oberflaechenseite(wahl, einrichtung, sprache, this),
-    };
     for (const Abschnitt abschnitt : alleAbschnitte()) {
-        Abschnittsseite *seite = seiten.at(int(abschnitt));
-        m_abschnitte[abschnitt] = seite;
-        m_seiten->addWidget(rollbereich(seite, m_seiten));
+        m_abschnitte << new Abschnittsseite(m_zustand, abschnitt, abschnittszeilen(abschnitt, m_zustand, sprache),
+                                            m_seiten);
+        m_seiten->addWidget(rollbereich(m_abschnitte.last()));
     }
+    new Nachgeben(
+        m_seiten, 1, [this](int stufe) { anordnen(stufe > 0); }, [this] { return passt(); },
+        Nachgeben::Anlass::Groesse);
 }
 
 /** One column of labels in all sections, so that nothing jumps from one to the next. */
-void EinrichtungsAnsicht::beschriftungenAusrichten()
+void EinrichtungsAnsicht::anordnen(bool eng)
 {
-    int breite = 0;
+    int beschriftungen = 0;
     for (const Abschnittsseite *seite : std::as_const(m_abschnitte))
-        breite = std::max(breite, seite->beschriftungsbreite());
+        beschriftungen = std::max(beschriftungen, seite->beschriftungsbreite());
     for (Abschnittsseite *seite : std::as_const(m_abschnitte))
-        seite->setzeBeschriftungsbreite(breite);
-    resizeEvent(nullptr);
+        seite->anordnen(eng, beschriftungen);
 }
 
-void EinrichtungsAnsicht::resizeEvent(QResizeEvent *)
+/** In some languages words are longer. */
+bool EinrichtungsAnsicht::passt() const
 {
-    const int links = std::min(abstand(listenbreite), int(width() * hoechstenAnteil));
-    m_links->setFixedWidth(links);
-    const int breite = width() - links;
-    const bool eng = breite < wenigeZeichen * fontMetrics().averageCharWidth();
-    setzeEng(eng);
-    // In some languages words are longer.
-    const auto zuBreit = [breite](const QWidget *seite) { return seite->minimumSizeHint().width() > breite; };
-    if (!eng && std::any_of(m_abschnitte.begin(), m_abschnitte.end(), zuBreit))
-        setzeEng(true);
-}
-
-void EinrichtungsAnsicht::setzeEng(bool eng)
-{
-    for (Abschnittsseite *seite : std::as_const(m_abschnitte))
-        seite->setzeEng(eng);
+    const int breite = m_seiten->width();
+    return breite >= wenigeZeichen * fontMetrics().averageCharWidth() &&
+           std::none_of(m_abschnitte.begin(), m_abschnitte.end(),
+                        [breite](const QWidget *seite) { return seite->minimumSizeHint().width() > breite; });
 }
 
 void EinrichtungsAnsicht::zeigen()
@@ -171,14 +158,34 @@ void EinrichtungsAnsicht::zeigen()
     setFocusProxy(da ? static_cast<QWidget *>(m_liste) : m_stapel->widget(0));
     if (gewechselt && isVisible())
         setFocus();
-    m_katalogfehler->setVisible(!m_zustand->profilwahl()->katalogfehler().isEmpty());
-    if (!m_zustand->profilwahl()->katalogfehler().isEmpty())
-        m_katalogfehler->setzeText(gefuellt(Sprache::text(u"Der Katalog lässt sich nicht öffnen: %@"_s),
-                                            {katalogfehlersatz(*m_zustand->profilwahl())}));
+    const Profilwahl &wahl = *m_zustand->profilwahl();
+    m_katalogfehler->setVisible(!wahl.katalogfehler().isEmpty());
+    if (!wahl.katalogfehler().isEmpty())
+        m_katalogfehler->setzeText(
+            gefuellt(Sprache::text(u"Der Katalog lässt sich nicht öffnen: %@"_s), {katalogfehlersatz(wahl)}));
     m_seiten->setCurrentIndex(int(m_zustand->einrichtung()->abschnitt()));
-    if (da)
-        weiterZeigen();
-    update();
+    abschnitteZeigen();
+    weiterZeigen();
+}
+
+/** A mark for the state of each section, its title and one line of what is set. */
+void EinrichtungsAnsicht::abschnitteZeigen()
+{
+    QList<Listenzeile> zeilen;
+    for (const Abschnitt abschnitt : alleAbschnitte()) {
+        Abschnittsstand stand = m_zustand->einrichtung()->abschnittsstand(abschnitt);
+        if (abschnitt == Abschnitt::Oberflaeche)
+            stand.zeile = m_fenster;
+        QStringList ansage = {abschnittTitel(abschnitt), stand.markenwort(), stand.zeile};
+        ansage.removeAll(QString());
+        zeilen << Listenzeile{.kennung = int(abschnitt),
+                              .erste = abschnittTitel(abschnitt),
+                              .zweite = stand.zeile.isNull() ? u""_s : stand.zeile,
+                              .marke = symbol(stand.marke()),
+                              .ansage = ansage.join(u", "_s)};
+    }
+    m_zeilen->setzen(zeilen);
+    m_liste->setCurrentIndex(m_zeilen->index(int(m_zustand->einrichtung()->abschnitt())));
 }
 
 /** Whoever comes back from another program may have made a folder there, or installed what was missing. */
@@ -192,44 +199,34 @@ void EinrichtungsAnsicht::changeEvent(QEvent *ereignis)
 void EinrichtungsAnsicht::showEvent(QShowEvent *ereignis)
 {
     QWidget::showEvent(ereignis);
-    if (m_zustand->profilwahl()->aktiv())
-        weiterZeigen();
+    weiterZeigen();
 }
 
 void EinrichtungsAnsicht::weiterZeigen()
 {
-    if (!isVisible())
+    if (!isVisible() || !m_zustand->profilwahl()->aktiv())
         return; // a run tells of its progress many times a second
-    const auto naechster = m_zustand->einrichtung()->naechsterAbschnitt(m_zustand->einrichtung()->abschnitt());
-    const QString hindernis = naechster ? QString() : m_zustand->einrichtung()->starthindernis();
-    const QString fussnote = zustand::fussnote(m_zustand->einrichtung()->abschnitt(), m_zustand->einrichtung()->lage());
-    m_weiter->setText(naechster ? gefuellt(Sprache::text(u"Weiter zu %@"_s), {abschnittTitel(*naechster)})
-                                : Sprache::text(u"Durchgang starten"_s));
-    m_weiter->setAccessibleName(m_weiter->text());
+    const Einrichtung &einrichtung = *m_zustand->einrichtung();
+    const auto naechster = einrichtung.naechsterAbschnitt(einrichtung.abschnitt());
+    const QString hindernis = naechster ? QString() : einrichtung.starthindernis();
+    const QString grund =
+        hindernis.isEmpty() ? zustand::fussnote(einrichtung.abschnitt(), einrichtung.lage()) : hindernis;
+    benennen(m_weiter,
+             naechster ? gefuellt(Sprache::text(u"Weiter zu %@"_s), {abschnittTitel(*naechster)})
+                       : Sprache::text(u"Durchgang starten"_s),
+             grund);
     m_weiter->setEnabled(hindernis.isEmpty());
-    m_weiter->updateGeometry();
-    m_grund->erklaeren(hindernis.isEmpty() ? fussnote : hindernis);
-    m_weiter->setAccessibleDescription(m_grund->text());
+    m_grund->setzeText(grund);
 }
 
 void EinrichtungsAnsicht::weiter()
 {
-    if (const auto naechster = m_zustand->einrichtung()->naechsterAbschnitt(m_zustand->einrichtung()->abschnitt())) {
-        m_zustand->einrichtung()->setzeAbschnitt(*naechster);
-        return;
-    }
-    if (!m_zustand->einrichtung()->starthindernis().isEmpty())
+    Einrichtung *einrichtung = m_zustand->einrichtung();
+    if (const auto naechster = einrichtung->naechsterAbschnitt(einrichtung->abschnitt()))
+        return einrichtung->setzeAbschnitt(*naechster);
+    if (!einrichtung->starthindernis().isEmpty())
         return;
     m_zustand->setzeReiter(Reiter::Ablauf);
     m_zustand->durchgang()->durchgangErbitten();
-}
-
-void EinrichtungsAnsicht::paintEvent(QPaintEvent *)
-{
-    if (!m_zustand->profilwahl()->aktiv())
-        return;
-    QPainter maler(this);
-    maler.fillRect(m_links->width(), 0, 1, height(), Stil::linie(palette()));
-    maler.fillRect(m_links->width(), height() - m_fuss->height(), width(), 1, Stil::linie(palette()));
 }
 } // namespace quillmar::einrichtung

@@ -3,9 +3,9 @@
 #include "abschnitt.h"
 #include "namensraeume.h"
 
-#include <QMap>
 #include <QWidget>
 
+class QPushButton;
 class QStackedLayout;
 class QStackedWidget;
 
@@ -17,14 +17,14 @@ class Zustand;
 
 namespace quillmar::bedienteile
 {
-class Hauptknopf;
 class Hinweisfeld;
-class Marktext;
+class Liste;
+class Listenmodell;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::einrichtung
 {
-class Abschnittsliste;
 class Abschnittsseite;
 
 /** The setup card: the sections, the chosen one, and the button that goes on; before the first profile what to begin
@@ -39,28 +39,28 @@ public:
 protected:
     void changeEvent(QEvent *ereignis) override;
     void showEvent(QShowEvent *ereignis) override;
-    void resizeEvent(QResizeEvent *ereignis) override;
-    void paintEvent(QPaintEvent *ereignis) override;
 
 private:
+    QWidget *erststart();
     QWidget *linkeSeite();
     QWidget *rechteSeite(Fenstersprache *sprache);
     void seitenBauen(Fenstersprache *sprache);
-    void beschriftungenAusrichten();
-    void setzeEng(bool eng);
+    void anordnen(bool eng);
+    [[nodiscard]] bool passt() const;
     void zeigen();
+    void abschnitteZeigen();
     void weiterZeigen();
     void weiter();
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;
-    QWidget *m_links = nullptr;
-    QWidget *m_fuss = nullptr;
-    Abschnittsliste *m_liste = nullptr;
-    QStackedWidget *m_seiten = nullptr;
-    QMap<Abschnitt, Abschnittsseite *> m_abschnitte;
-    Hinweisfeld *m_katalogfehler = nullptr;
-    Hauptknopf *m_weiter = nullptr;
-    Marktext *m_grund = nullptr;
+    Liste *m_liste;
+    Listenmodell *m_zeilen;
+    QString m_fenster; ///< language and font size, which are no business of the state object
+    QStackedWidget *m_seiten;
+    QList<Abschnittsseite *> m_abschnitte;
+    Hinweisfeld *m_katalogfehler;
+    QPushButton *m_weiter;
+    Textschild *m_grund;
 };
 } // namespace quillmar::einrichtung

@@ -1,0 +1,205 @@
+#include "abschnitte.h"
+#include "einrichtung.h"
+#include "fensterprobe.h"
+#include "textschild.h"
+#include "profilspeicher.h"
+#include "profilwahl.h"
+#include "zustand.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace quillmar::einrichtung;
+
+/** The sections of the setup card, row by row as their tables have them, with real keys and the mouse. */
+class TestAbschnitte : public Fensterprobe
+{
+    Q_OBJECT
+
+private:
+    [[nodiscard]] const Profil &profil() const { return *m_z->profilwahl()->aktiv(); }
+    void aendern(const std::function<void(Profil &)> &aenderung)
+    {
+        Profil neu = profil();
+        aenderung(neu);
+        m_z->profilwahl()->setzeProfil(neu);
+    }
+    static void tippen(QWidget *eingabe, const QString &text)
+    {
+        eingabe->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(eingabe, Qt::Key_A, Qt::ControlModifier);
+        for (const QString &zeile : text.split(u'\n')) {
+            QTest::keyClicks(eingabe, zeile);
+            if (!text.endsWith(zeile))
+                QTest::keyClick(eingabe, Qt::Key_Return);
+        }
+    }
+    [[nodiscard]] QList<Abschnittszeile> zeilen(Abschnitt abschnitt)
+    {
+        m_z->einrichtung()->setzeAbschnitt(abschnitt);
+        return abschnittszeilen(abschnitt, m_z.get(), m_sprache.get());
+    }
+
+    // One for each kind of field: what the profile has is shown, what is entered is stored.
+    void pruefen(const Abschnittszeile &, std::monostate) {}
+    void pruefen(const Abschnittszeile &, Feld::Titel) {}
+    void pruefen(const Abschnittszeile &, const Feld::Eigenes &) {}
+    void textPruefen(const Abschnittszeile &z, QString Profil::*feld, const QString &getippt,
+                     const QString &gespeichert)
+    {
+        auto *eingabe = teil<QLineEdit>(z.name);
+        aendern([&](Profil &p) { p.*feld = u"vorher"_s; });
+        QCOMPARE(eingabe->text(), u"vorher"_s);
+        tippen(eingabe, getippt);
+        QCOMPARE(profil().*feld, gespeichert);
+        QCOMPARE(eingabe->text(), getippt); // for as long as it is typed
+        druecken(Qt::Key_Tab);
+        QCOMPARE(eingabe->text(), gespeichert);
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Text &art)
+    {
+        textPruefen(z, art.feld, u" Neu "_s, u"Neu"_s);
+        if (!art.mangel)
+            return;
+        auto *eingabe = teil<QLineEdit>(z.name);
+        tippen(eingabe, u"a/b"_s);
+        QCOMPARE(profil().*art.feld, u"a"_s);
+        QCOMPARE(gesagt(z), art.mangel(u"a/b"_s));
+        druecken(Qt::Key_Tab);
+        QCOMPARE(eingabe->text(), u"a"_s);
+        QCOMPARE(gesagt(z), z.hilfe);
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Ordner &art)
+    {
+        textPruefen(z, art.feld, u"~/nirgends "_s, QDir::homePath() + u"/nirgends"_s);
+        QVERIFY(teil<QAbstractButton>(z.name + u"-waehlen"_s)->isEnabled());
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Vorlage &art)
+    {
+        textPruefen(z, art.feld, u"{zweig} "_s, u"{zweig} "_s);
+        for (const Baustein baustein : art.bausteine)
+            klicken(z.name + u'-' + bausteinWort(baustein));
+        QVERIFY((profil().*art.feld).endsWith(u'{' + bausteinWort(art.bausteine.last()) + u'}'));
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Zeilen &art)
+    {
+        auto *eingabe = teil<QPlainTextEdit>(z.name);
+        aendern([&](Profil &p) { p.*art.feld = {u"a"_s, u"b"_s}; });
+        QCOMPARE(eingabe->toPlainText(), u"a\nb"_s);
+        tippen(eingabe, u"eins\n \nzwei"_s);
+        QCOMPARE(profil().*art.feld, (QStringList{u"eins"_s, u"zwei"_s}));
+        QCOMPARE(eingabe->toPlainText(), u"eins\n \nzwei"_s);
+        druecken(Qt::Key_Tab);
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Kaestchen &art)
+    {
+        auto *kaestchen = teil<QAbstractButton>(z.name);
+        aendern([&](Profil &p) { p.*art.feld = false; });
+        QVERIFY(!kaestchen->isChecked());
+        kaestchen->click();
+        QVERIFY(profil().*art.feld && kaestchen->isChecked());
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Paar &art)
+    {
+        auto *nein = teil<QAbstractButton>(z.name + u'-' + art.nein.name);
+        auto *ja = teil<QAbstractButton>(z.name + u'-' + art.ja.name);
+        aendern([&](Profil &p) { p.*art.feld = true; });
+        QVERIFY(ja->isChecked() && !nein->isChecked());
+        nein->click();
+        QVERIFY(!(profil().*art.feld) && !ja->isChecked());
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Zahl &art)
+    {
+        auto *eingabe = teil<QSpinBox>(z.name);
+        aendern([&](Profil &p) { p.*art.feld = art.groesste + 1; }); // from a file
+        QCOMPARE(eingabe->value(), art.groesste + 1);
+        tippen(eingabe, u"7"_s);
+        QCOMPARE(profil().*art.feld, 7);
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Wahl &art)
+    {
+        auto *wahl = teil<QComboBox>(z.name);
+        aendern([&](Profil &p) { p.*art.feld = u"fremd"_s; });
+        QCOMPARE(wahl->currentData().toString(), u"fremd"_s); // whatever else there is
+        wahl->setFocus();
+        druecken(Qt::Key_Down);
+        QCOMPARE(profil().*art.feld, wahl->currentData().toString());
+        QVERIFY(profil().*art.feld != u"fremd"_s);
+    }
+    void pruefen(const Abschnittszeile &z, const Feld::Modell &art)
+    {
+        auto *wahl = teil<QComboBox>(z.name);
+        aendern([&](Profil &p) { p.*art.feld = u"vorher:1b"_s; });
+        QCOMPARE(wahl->currentText(), u"vorher:1b"_s);
+        tippen(wahl->lineEdit(), u"neu:1b"_s);
+        QCOMPARE(profil().*art.feld, u"vorher:1b"_s); // each letter would be another model
+        druecken(Qt::Key_Return);
+        QCOMPARE(profil().*art.feld, u"neu:1b"_s);
+        tippen(wahl->lineEdit(), u"neu:cloud"_s);
+        druecken(Qt::Key_Return);
+        QCOMPARE(profil().*art.feld, u"neu:1b"_s);
+        QCOMPARE(gesagt(z), art.befund(m_z->einrichtung()->lage(), u"neu:cloud"_s).satz);
+        druecken(Qt::Key_Tab);
+        QCOMPARE(wahl->currentText(), u"neu:1b"_s);
+    }
+
+    [[nodiscard]] static QString gesagt(const Abschnittszeile &z)
+    {
+        const bool allein = std::holds_alternative<std::monostate>(z.feld);
+        const auto *text = suchen<Textschild>(allein ? z.name : z.name + u"-stand"_s);
+        return text ? text->ganzerText() : QString();
+    }
+
+private Q_SLOTS:
+    void jedeZeile_data()
+    {
+        QTest::addColumn<Abschnitt>("abschnitt");
+        for (const Abschnitt abschnitt : alleAbschnitte())
+            QTest::newRow(qPrintable(rohwert(abschnitt))) << abschnitt;
+    }
+    void jedeZeile()
+    {
+        QFETCH(Abschnitt, abschnitt);
+        m_b->profil.zielWurzel = m_b->ordner();
+        oeffnen();
+        m_z->setzeReiter(Reiter::Einrichtung);
+        QTRY_VERIFY(m_z->einrichtung()->stand().programme);
+        for (const Abschnittszeile &z : zeilen(abschnitt)) {
+            teil<QWidget>("abschnitte")->setFocus(); // nothing is being typed
+            std::visit([&](const auto &art) { pruefen(z, art); }, z.feld);
+            QVERIFY2(!QTest::currentTestFailed(), qPrintable(z.name));
+            const QString satz = z.befund ? z.befund(m_z->einrichtung()->lage()).satz : QString();
+            QVERIFY2(satz.isEmpty() || gesagt(z) == satz, qPrintable(z.name));
+            const bool ohneFeld = z.name.isEmpty() || std::holds_alternative<Feld::Titel>(z.feld);
+            if (const auto *feld = ohneFeld || z.hilfe.isEmpty() ? nullptr : suchen<QWidget>(z.name))
+                QCOMPARE(feld->accessibleDescription(), z.hilfe);
+        }
+        QTRY_COMPARE(Profilspeicher::laden().first(), profil());
+    }
+
+    /** What is known changes while nobody touches the card, and while another section is shown. */
+    void folgtDemZustand()
+    {
+        oeffnen();
+        m_z->setzeReiter(Reiter::Einrichtung);
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Ziel);
+        aendern([](Profil &p) { p.auffangOrdner = u"später"_s; });
+        QCOMPARE(teil<QLineEdit>("auffangOrdner")->text(), u"später"_s);
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Eigentuemer);
+        aendern([](Profil &p) { p.auffangOrdner = u"noch später"_s; });
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Ziel);
+        QCOMPARE(teil<QLineEdit>("auffangOrdner")->text(), u"noch später"_s);
+        // What was typed for one profile is not meant for another.
+        tippen(teil<QLineEdit>("auffangOrdner"), u"a/b"_s);
+        m_z->profilwahl()->neuesProfil();
+        QTRY_COMPARE(teil<QLineEdit>("auffangOrdner")->text(), Profil().auffangOrdner);
+    }
+};
+
+QTEST_MAIN(TestAbschnitte)
+#include "test_abschnitte.moc"
