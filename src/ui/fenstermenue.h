@@ -1,14 +1,9 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QMenu>
 #include <QPointer>
-
-namespace quillmar::zustand
-{
-class Fenstersprache;
-} // namespace quillmar::zustand
 
 namespace quillmar::ui
 {

@@ -1,12 +1,12 @@
 #include "fusszeile.h"
 
+#include "anordnung.h"
 #include "ausfuehrung.h"
 #include "bau.h"
 #include "durchgang.h"
 #include "meldestelle.h"
 #include "meldungszeile.h"
 #include "modelldienst.h"
-#include "nachgeben.h"
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sitzungen.h"

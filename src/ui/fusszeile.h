@@ -1,23 +1,9 @@
 #pragma once
 
 #include "lage.h"
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QWidget>
-
-class QLabel;
-class QProgressBar;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Nachgeben;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::ui
 {

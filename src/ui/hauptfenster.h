@@ -1,19 +1,10 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
-
-class QStackedWidget;
-
-namespace quillmar::zustand
-{
-class Aktualisierung;
-class Fenstersprache;
-class Zustand;
-} // namespace quillmar::zustand
 
 namespace quillmar::ui
 {

@@ -1,24 +1,8 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QDialog>
-
-class QLabel;
-class QPushButton;
-class QToolButton;
-
-namespace quillmar::zustand
-{
-class Aktualisierung;
-class Fenstersprache;
-class Profilwahl;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::ui
 {

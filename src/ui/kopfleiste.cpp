@@ -1,8 +1,8 @@
 #include "kopfleiste.h"
 
+#include "anordnung.h"
 #include "auswahl.h"
 #include "bau.h"
-#include "nachgeben.h"
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sprache.h"

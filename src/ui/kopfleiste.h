@@ -1,23 +1,10 @@
 #pragma once
 
-#include "namensraeume.h"
 #include "reiter.h"
+#include "teile.h"
 
 #include <QMap>
 #include <QWidget>
-
-class QComboBox;
-class QToolButton;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Umschalter;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::ui
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QApplication>
 #include <memory>
@@ -9,12 +9,6 @@ namespace quillmar::desktop
 {
 class Einzelfenster;
 } // namespace quillmar::desktop
-
-namespace quillmar::zustand
-{
-class Fenstersprache;
-class Zustand;
-} // namespace quillmar::zustand
 
 namespace quillmar::ui
 {

@@ -1,9 +1,8 @@
+#include "anordnung.h"
 #include "bau.h"
-#include "flussreihe.h"
+#include "hinweisfeld.h"
 #include "liste.h"
-#include "nachgeben.h"
 #include "quillmarstil.h"
-#include "rueckfrage.h"
 #include "textschild.h"
 
 #include <QLabel>

@@ -2,28 +2,9 @@
 
 #include "durchgang.h"
 #include "laufkarte.h"
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QWidget>
-
-class QLabel;
-class QPushButton;
-class QStackedLayout;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Hinweisfeld;
-class Leeransicht;
-class Liste;
-class Listenmodell;
-class Rueckfrage;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::ablauf
 {

@@ -1,19 +1,11 @@
 #pragma once
 
 #include "laufbild.h"
-#include "namensraeume.h"
 #include "stil.h"
+#include "teile.h"
 #include "zeichen.h"
 
 #include <QWidget>
-
-class QLabel;
-class QProgressBar;
-
-namespace quillmar::bedienteile
-{
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::ablauf
 {

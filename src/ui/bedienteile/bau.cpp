@@ -47,22 +47,6 @@ Kette *kette(QBoxLayout::Direction richtung, std::initializer_list<Teil> teile, 
 }
 } // namespace
 
-void Kette::setzeAbstand(Stil::Abstand abstand)
-{
-    m_abstand = abstand;
-    invalidate();
-}
-
-void Kette::anfuegen(const Teil &teil)
-{
-    if (teil.layout)
-        addLayout(teil.layout, teil.dehnung);
-    else if (teil.widget)
-        addWidget(teil.widget, teil.dehnung, teil.wo);
-    else
-        addStretch(teil.dehnung);
-}
-
 Kette *reihe(std::initializer_list<Teil> teile, Stil::Abstand abstand)
 {
     return kette(QBoxLayout::LeftToRight, teile, abstand);

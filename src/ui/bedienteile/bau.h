@@ -1,10 +1,9 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "anordnung.h"
 #include "quillmarstil.h"
 #include "zeichen.h"
 
-#include <QBoxLayout>
 #include <QGridLayout>
 #include <initializer_list>
 
@@ -17,35 +16,6 @@ class QToolButton;
 /** The parts that every card is put together from, and how they stand. */
 namespace quillmar::bedienteile
 {
-/** What stands in a row or column: a widget, another row or column, or room that is left over. */
-struct Teil {
-    Teil(QWidget *widget, int dehnung = 0, Qt::Alignment wo = {})
-        : widget(widget), dehnung(dehnung), wo(wo) {}                            // NOLINT
-    Teil(QLayout *layout, int dehnung = 0) : layout(layout), dehnung(dehnung) {} // NOLINT
-    /** Takes the room that nobody else wants. */
-    [[nodiscard]] static Teil rest(int dehnung = 1) { return {static_cast<QWidget *>(nullptr), dehnung}; }
-
-    QWidget *widget = nullptr;
-    QLayout *layout = nullptr;
-    int dehnung = 0;
-    Qt::Alignment wo;
-};
-
-/** A row or column whose distance has a name and grows with the font. */
-class Kette : public QBoxLayout
-{
-    Q_OBJECT
-
-public:
-    Kette(Direction richtung, Stil::Abstand abstand) : QBoxLayout(richtung), m_abstand(abstand) {}
-    [[nodiscard]] int spacing() const override { return Stil::abstand(m_abstand); }
-    void setzeAbstand(Stil::Abstand abstand);
-    void anfuegen(const Teil &teil);
-
-private:
-    Stil::Abstand m_abstand;
-};
-
 [[nodiscard]] Kette *reihe(std::initializer_list<Teil> teile, Stil::Abstand abstand = Stil::Abstand::Nah);
 [[nodiscard]] Kette *spalte(std::initializer_list<Teil> teile, Stil::Abstand abstand = Stil::Abstand::Nah);
 

@@ -1,17 +1,13 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 #include "zeichen.h"
 
+#include <QPointer>
 #include <QWidget>
-
-class QPushButton;
 
 namespace quillmar::bedienteile
 {
-class Kette;
-class Textschild;
-
 /** A note: a rule at its left edge, a mark, a sentence that wraps, and what can be done about it at its end. */
 class Hinweisfeld : public QWidget
 {
@@ -42,5 +38,36 @@ private:
     Symbol m_symbol;
     Textschild *m_text;
     QList<QPushButton *> m_knoepfe;
+};
+
+/**
+ * Asks before something that cannot be taken back, in the place where it was asked for, and goes with the answer. The
+ * focus is on the last one, which leaves everything as it is, as Esc does.
+ */
+class Rueckfrage : public Hinweisfeld
+{
+    Q_OBJECT
+
+public:
+    /** @p antworten without the last one, "Abbrechen"; its object is called as the first one, with "-abbrechen". */
+    explicit Rueckfrage(const QList<Antwort> &antworten, QWidget *eltern = nullptr);
+    /** "Abbrechen" under a name and with a help of its own. */
+    Rueckfrage(const QList<Antwort> &antworten, const Antwort &abbrechen, QWidget *eltern = nullptr);
+
+    /** The focus goes to the answer @p fokus, or to the last one. */
+    void fragen(const QString &text, int fokus = -1);
+    /** Goes as if nothing had been asked; the focus goes back to where it was. */
+    void schliessen();
+
+Q_SIGNALS:
+    void bestaetigt(int welche);
+    void abgebrochen();
+
+protected:
+    void keyPressEvent(QKeyEvent *ereignis) override;
+
+private:
+    int m_letzte;
+    QPointer<QWidget> m_fokusVorher;
 };
 } // namespace quillmar::bedienteile

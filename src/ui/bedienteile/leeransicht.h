@@ -1,14 +1,11 @@
 #pragma once
 
 #include "lage.h"
-#include "namensraeume.h"
 #include "quillmarstil.h"
+#include "teile.h"
 #include "zeichen.h"
 
 #include <QWidget>
-
-class QLabel;
-class QPushButton;
 
 namespace quillmar::bedienteile
 {

@@ -1,24 +1,13 @@
 #pragma once
 
 #include "meldestelle.h"
-#include "namensraeume.h"
+#include "teile.h"
 #include "zeichen.h"
 
 #include <QWidget>
 
-class QToolButton;
-
-namespace quillmar::zustand
-{
-class Ausfuehrung;
-class Meldestelle;
-class Pruefung;
-} // namespace quillmar::zustand
-
 namespace quillmar::bedienteile
 {
-class Textschild;
-
 /** The mark of @p ton; empty for none. */
 [[nodiscard]] Symbol tonzeichen(Meldestelle::Ton ton);
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 #include "zeichen.h"
 
 #include <QWidget>
-
-class QToolButton;
 
 namespace quillmar::bedienteile
 {

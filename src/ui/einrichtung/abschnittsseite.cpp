@@ -1,7 +1,7 @@
 #include "abschnittsseite.h"
 
+#include "anordnung.h"
 #include "einrichtung.h"
-#include "flussreihe.h"
 #include "modelldienst.h"
 #include "ordnerwahl.h"
 #include "profilwahl.h"

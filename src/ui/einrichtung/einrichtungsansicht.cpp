@@ -2,6 +2,7 @@
 
 #include "abschnitte.h"
 #include "abschnittsseite.h"
+#include "anordnung.h"
 #include "bau.h"
 #include "dateiverwaltung.h"
 #include "durchgang.h"
@@ -9,7 +10,6 @@
 #include "hinweisfeld.h"
 #include "leeransicht.h"
 #include "liste.h"
-#include "nachgeben.h"
 #include "pfade.h"
 #include "profilleiste.h"
 #include "profilwahl.h"

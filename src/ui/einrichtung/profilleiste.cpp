@@ -1,8 +1,8 @@
 #include "profilleiste.h"
 
 #include "bau.h"
+#include "hinweisfeld.h"
 #include "profilwahl.h"
-#include "rueckfrage.h"
 #include "sprache.h"
 #include "text.h"
 

@@ -1,9 +1,9 @@
 #include "aktionsfeld.h"
 
+#include "anordnung.h"
 #include "ausfuehrung.h"
 #include "bau.h"
 #include "meldungszeile.h"
-#include "nachgeben.h"
 #include "profilwahl.h"
 #include "sprache.h"
 #include "textschild.h"

@@ -1,26 +1,9 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QTimer>
 #include <QWidget>
-
-class QPushButton;
-class QToolButton;
-
-namespace quillmar::zustand
-{
-class Ausfuehrung;
-class Meldestelle;
-class Profilwahl;
-class Pruefung;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Meldungszeile;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::pruefung
 {

@@ -1,18 +1,10 @@
 #pragma once
 
 #include "entwurf.h"
-#include "namensraeume.h"
+#include "teile.h"
 #include "vorschlagsteil.h"
 
 #include <QList>
-
-class QComboBox;
-class QLineEdit;
-
-namespace quillmar::zustand
-{
-class Profilwahl;
-} // namespace quillmar::zustand
 
 namespace quillmar::pruefung
 {

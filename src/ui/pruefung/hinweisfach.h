@@ -1,20 +1,9 @@
 #pragma once
 
-#include "namensraeume.h"
 #include "pruefhinweis.h"
+#include "teile.h"
 
 #include <QWidget>
-
-namespace quillmar::zustand
-{
-class Pruefung;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Hinweisfeld;
-class Kette;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::pruefung
 {

@@ -1,27 +1,11 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 #include "vorschlagsteil.h"
 
 #include <QDeadlineTimer>
 #include <QWidget>
 #include <functional>
-
-class QGridLayout;
-class QScrollArea;
-class QStackedLayout;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Leeransicht;
-class Nachgeben;
-class Teiler;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::vorschau
 {

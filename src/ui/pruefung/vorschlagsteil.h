@@ -1,23 +1,10 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QObject>
 
-class QGridLayout;
-class QLabel;
-class QProgressBar;
 class QWidget;
-
-namespace quillmar::zustand
-{
-class Pruefung;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::pruefung
 {
