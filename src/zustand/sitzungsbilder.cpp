@@ -5,12 +5,15 @@
 #include "protokollbuch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillmar::zustand
 {
 namespace
 {
 QDateTime ortszeit(const QString &iso) { return QDateTime::fromString(iso, Qt::ISODate).toLocalTime(); }
+
+qint64 minute(const Sitzungsbild &bild) { return bild.beginn.toSecsSinceEpoch() / 60; }
 } // namespace
 
 Sitzungsbild Sitzungsbild::von(const QString &datei)
@@ -30,29 +33,37 @@ Sitzungsbild Sitzungsbild::von(const QString &datei)
     return bild;
 }
 
-void Sitzungsbilder::lesen(const QStringList &dateien)
+void Sitzungsbilder::ansehen(const QStringList &dateien)
 {
-    m_offene = dateien;
+    m_offene.clear();
+    for (const QString &datei : dateien) {
+        if (m_bilder.value(datei).fassung < m_fassung && datei != m_unterwegs)
+            m_offene << datei;
+    }
     weiter();
 }
 
 std::optional<Sitzungsbild> Sitzungsbilder::bild(const QString &datei) const
 {
     const auto stelle = m_bilder.constFind(datei);
-    return stelle == m_bilder.constEnd() ? std::nullopt : std::optional(*stelle);
+    return stelle == m_bilder.constEnd() ? std::nullopt : std::optional(stelle->bild);
 }
+
+bool Sitzungsbilder::teiltMinute(const Sitzungsbild &bild) const { return m_beginne.value(minute(bild)) > 1; }
 
 void Sitzungsbilder::weiter()
 {
     if (m_unterwegs || m_offene.isEmpty())
         return;
-    m_unterwegs = true;
-    const QString datei = m_offene.takeFirst();
+    m_unterwegs = m_offene.takeFirst();
     imHintergrund(
-        this, [datei] { return Sitzungsbild::von(datei); },
-        [this, datei](const Ausgang<Sitzungsbild> &ausgang) {
-            m_unterwegs = false;
-            m_bilder[datei] = ausgang.wert.value_or(Sitzungsbild{});
+        this, [datei = *m_unterwegs] { return Sitzungsbild::von(datei); },
+        [this, fassung = m_fassung](const Ausgang<Sitzungsbild> &ausgang) {
+            const QString datei = *std::exchange(m_unterwegs, std::nullopt);
+            if (const auto altes = bild(datei))
+                --m_beginne[minute(*altes)];
+            m_bilder[datei] = {ausgang.wert.value_or(Sitzungsbild{}), fassung};
+            ++m_beginne[minute(m_bilder[datei].bild)];
             Q_EMIT gelesen(datei);
             weiter();
         });

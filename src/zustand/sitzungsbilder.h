@@ -22,7 +22,7 @@ struct Sitzungsbild {
     [[nodiscard]] static Sitzungsbild von(const QString &datei);
 };
 
-/** Pictures of the logs that a list shows, read one after the other away from the main thread. */
+/** Pictures of the logs that a list shows, read one after the other away from the main thread, of those in view. */
 class Sitzungsbilder : public QObject
 {
     Q_OBJECT
@@ -30,10 +30,14 @@ class Sitzungsbilder : public QObject
 public:
     using QObject::QObject;
 
-    /** Reads those of @p dateien anew, in this order; what is known is told until then. */
-    void lesen(const QStringList &dateien);
+    /** Logs may hold more by now: what is known is told until it has been read again. */
+    void veralten() { ++m_fassung; }
+    /** @p dateien are in view, to be read in this order; only the last call counts. */
+    void ansehen(const QStringList &dateien);
     /** None before it has been read. */
     [[nodiscard]] std::optional<Sitzungsbild> bild(const QString &datei) const;
+    /** Another one is known that began in the same minute. */
+    [[nodiscard]] bool teiltMinute(const Sitzungsbild &bild) const;
 
 Q_SIGNALS:
     void gelesen(const QString &datei);
@@ -41,8 +45,14 @@ Q_SIGNALS:
 private:
     void weiter();
 
+    struct Eintrag {
+        Sitzungsbild bild;
+        int fassung = 0;
+    };
     QStringList m_offene;
-    QHash<QString, Sitzungsbild> m_bilder;
-    bool m_unterwegs = false;
+    QHash<QString, Eintrag> m_bilder;
+    QHash<qint64, int> m_beginne; ///< how many began in a minute
+    std::optional<QString> m_unterwegs;
+    int m_fassung = 1; ///< what was read under a lower one may be out of date
 };
 } // namespace quillmar::zustand

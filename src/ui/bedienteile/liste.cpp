@@ -55,7 +55,8 @@ public:
             text.setLeft(text.left() + kante + abstand(Abstand::Nah));
         }
         if (const auto tat = Symbol(stelle.data(Zeilentat).toInt()); tat != Symbol::Keines) {
-            Zeichen::malen(*maler, tatflaeche(option.rect), tat, option.palette);
+            const QRect mitte(tatflaeche(option.rect).center() - QPoint(kante / 2, kante / 2), QSize(kante, kante));
+            Zeichen::malen(*maler, mitte, tat, option.palette);
             text.setRight(tatflaeche(option.rect).left());
         }
         text.setRight(text.right() - wortMalen(*maler, text, stelle, option.palette, grund));
@@ -87,6 +88,11 @@ private:
             return 0;
         const bool warnung = Schrift(stelle.data(Wortart).toInt()) == Schrift::Warnung;
         maler.setFont(Stil::schrift(Schrift::Neben));
+        const QFontMetrics erste(Stil::schrift(Schrift::Halbfett));
+        const int beide = maler.fontMetrics().horizontalAdvance(wort) + abstand(Abstand::Feld) +
+                          erste.horizontalAdvance(stelle.data().toString());
+        if (stelle.data(Zeilentat).toInt() != int(Symbol::Keines) && beide > flaeche.width())
+            return 0;
         maler.setPen(warnung ? Stil::farbe(Stil::Bedeutung::Fehler, palette) : Stil::nebenfarbe(palette, grund));
         const QString gezeigt = maler.fontMetrics().elidedText(wort, Qt::ElideRight, flaeche.width() / 2);
         maler.drawText(flaeche, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, gezeigt);

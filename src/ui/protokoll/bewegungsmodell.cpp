@@ -1,7 +1,9 @@
 #include "bewegungsmodell.h"
 
+#include "liste.h"
 #include "pfade.h"
 #include "sprache.h"
+#include "stil.h"
 #include "text.h"
 
 using namespace Qt::StringLiterals;
@@ -14,44 +16,27 @@ QString unter(const QString &pfad, const QString &ordner)
 {
     return !ordner.isEmpty() && pfad.startsWith(ordner + u'/') ? pfad.mid(ordner.size() + 1) : kurzpfad(pfad);
 }
+
+/** The mark of a movement, and what is said beside it where the mark does not say it all. */
+std::pair<Symbol, QString> zeichnung(Bewegungsstand stand)
+{
+    switch (stand) {
+    case Bewegungsstand::AmZiel:
+        return {Symbol::Gut, {}};
+    case Bewegungsstand::Zurueck:
+        return {Symbol::Zurueckgedreht, Sprache::text(u"zurückgedreht"_s)};
+    case Bewegungsstand::Verschwunden:
+        return {Symbol::Frage, Sprache::text(u"nicht gefunden"_s)};
+    case Bewegungsstand::Fehler:
+        return {Symbol::Fehler, Sprache::text(u"Fehler"_s)};
+    case Bewegungsstand::Uebersprungen:
+        return {Symbol::Warnung, Sprache::text(u"übersprungen"_s)};
+    case Bewegungsstand::Unbekannt:
+        break;
+    }
+    return {Symbol::Keines, {}};
+}
 } // namespace
-
-QString standwort(Bewegungsstand stand)
-{
-    switch (stand) {
-    case Bewegungsstand::Zurueck:
-        return Sprache::text(u"zurückgedreht"_s);
-    case Bewegungsstand::Verschwunden:
-        return Sprache::text(u"nicht gefunden"_s);
-    case Bewegungsstand::Fehler:
-        return Sprache::text(u"Fehler"_s);
-    case Bewegungsstand::Uebersprungen:
-        return Sprache::text(u"übersprungen"_s);
-    case Bewegungsstand::Unbekannt:
-    case Bewegungsstand::AmZiel:
-        break;
-    }
-    return {};
-}
-
-Symbol standsymbol(Bewegungsstand stand)
-{
-    switch (stand) {
-    case Bewegungsstand::AmZiel:
-        return Symbol::Gut;
-    case Bewegungsstand::Zurueck:
-        return Symbol::Zurueckgedreht;
-    case Bewegungsstand::Verschwunden:
-        return Symbol::Frage;
-    case Bewegungsstand::Fehler:
-        return Symbol::Fehler;
-    case Bewegungsstand::Uebersprungen:
-        return Symbol::Warnung;
-    case Bewegungsstand::Unbekannt:
-        break;
-    }
-    return Symbol::Keines;
-}
 
 Bewegungsmodell::Bewegungsmodell(QObject *vater) : QAbstractListModel(vater)
 {
@@ -77,14 +62,19 @@ void Bewegungsmodell::setzen(const QList<Protokollzeile> &zeilen, const QString 
 
 void Bewegungsmodell::setzeBilanz(const Bilanz &bilanz)
 {
-    m_gescheiterte.clear();
-    m_uebersprungene.clear();
-    for (const Rueckbaubefund &befund : bilanz.fehler)
-        m_gescheiterte.insert(befund.stelle, befund.grund);
+    m_befunde.clear();
     for (const Rueckbaubefund &befund : bilanz.uebersprungen)
-        m_uebersprungene.insert(befund.stelle, befund.grund);
+        m_befunde.insert(befund.stelle, {Bewegungsstand::Uebersprungen, befund.grund});
+    for (const Rueckbaubefund &befund : bilanz.fehler)
+        m_befunde.insert(befund.stelle, {Bewegungsstand::Fehler, befund.grund});
     if (!m_zeilen.isEmpty())
         Q_EMIT dataChanged(index(0), index(int(m_zeilen.size()) - 1));
+}
+
+QString Bewegungsmodell::ort(int stelle) const
+{
+    const Protokollzeile &z = m_zeilen.at(stelle);
+    return stand(stelle) == Bewegungsstand::Zurueck ? z.von : z.nach;
 }
 
 int Bewegungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.isValid() ? 0 : int(m_zeilen.size()); }
@@ -93,31 +83,37 @@ int Bewegungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.i
 Bewegungsstand Bewegungsmodell::stand(int stelle) const
 {
     const Bewegungsstand stand = m_staende.stand(stelle);
-    if (stand != Bewegungsstand::AmZiel)
-        return stand;
-    if (m_gescheiterte.contains(stelle))
-        return Bewegungsstand::Fehler;
-    return m_uebersprungene.contains(stelle) ? Bewegungsstand::Uebersprungen : stand;
+    const auto befund = m_befunde.constFind(stelle);
+    return stand == Bewegungsstand::AmZiel && befund != m_befunde.constEnd() ? befund->first : stand;
+}
+
+/** Why it was not turned back; a failure that is none any more has no reason. */
+QString Bewegungsmodell::grund(int stelle) const
+{
+    const Bewegungsstand s = stand(stelle);
+    const auto befund = m_befunde.value(stelle);
+    const bool gilt = (befund.first == Bewegungsstand::Fehler) == (s == Bewegungsstand::Fehler);
+    return gilt && s != Bewegungsstand::Zurueck ? befund.second : QString();
 }
 
 /** What stands at the end of the row: the state, and why it is not another one. */
 QString Bewegungsmodell::wort(int stelle) const
 {
-    const Bewegungsstand s = stand(stelle);
-    const QString wort = standwort(s);
-    QString grund;
-    if (s == Bewegungsstand::Fehler)
-        grund = m_gescheiterte.value(stelle);
-    else if (s != Bewegungsstand::Zurueck)
-        grund = m_uebersprungene.value(stelle);
-    return wort.isEmpty() || grund.isEmpty() ? wort : wort + u": "_s + grund;
+    const QString wort = zeichnung(stand(stelle)).second;
+    return wort.isEmpty() || grund(stelle).isEmpty() ? wort : wort + u": "_s + grund(stelle);
+}
+
+QString Bewegungsmodell::zeilentext(int stelle, bool alt) const
+{
+    const Protokollzeile &z = m_zeilen.at(stelle);
+    return alt ? gefuellt(Sprache::text(u"Von: %@"_s), {unter(z.von, m_quelle)})
+               : gefuellt(Sprache::text(u"Nach: %@"_s), {unter(z.nach, m_ziel)});
 }
 
 QString Bewegungsmodell::ansage(int stelle) const
 {
-    const Bewegungsstand s = stand(stelle);
-    const QString wort = s == Bewegungsstand::AmZiel ? Sprache::text(u"am Ziel"_s) : this->wort(stelle);
-    const QString zeilen = data(index(stelle), Von).toString() + u", "_s + data(index(stelle), Nach).toString();
+    const QString wort = stand(stelle) == Bewegungsstand::AmZiel ? Sprache::text(u"am Ziel"_s) : this->wort(stelle);
+    const QString zeilen = zeilentext(stelle, true) + u", "_s + zeilentext(stelle, false);
     return wort.isEmpty() ? zeilen : wort + u": "_s + zeilen;
 }
 
@@ -125,12 +121,10 @@ QString Bewegungsmodell::hilfe(int stelle) const
 {
     const Protokollzeile &z = m_zeilen.at(stelle);
     QStringList teile = {z.zeitKurz() + u"  "_s + z.aktion, gefuellt(Sprache::text(u"Von: %@"_s), {z.von}),
-                         gefuellt(Sprache::text(u"Nach: %@"_s), {z.nach})};
-    const Bewegungsstand s = stand(stelle);
-    if (s == Bewegungsstand::Fehler)
-        teile << m_gescheiterte.value(stelle, Sprache::text(u"Der Ordner lässt sich nicht lesen"_s));
-    else if (s != Bewegungsstand::Zurueck && m_uebersprungene.contains(stelle))
-        teile << m_uebersprungene.value(stelle);
+                         gefuellt(Sprache::text(u"Nach: %@"_s), {z.nach}), grund(stelle)};
+    if (teile.last().isEmpty() && stand(stelle) == Bewegungsstand::Fehler)
+        teile.last() = Sprache::text(u"Der Ordner lässt sich nicht lesen"_s);
+    teile.removeAll(QString());
     return u"<qt>"_s + teile.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s;
 }
 
@@ -140,16 +134,20 @@ QVariant Bewegungsmodell::data(const QModelIndex &index, int rolle) const
     if (!index.isValid() || stelle >= m_zeilen.size())
         return {};
     switch (rolle) {
-    case Von:
-        return gefuellt(Sprache::text(u"Von: %@"_s), {unter(m_zeilen.at(stelle).von, m_quelle)});
-    case Nach:
-        return gefuellt(Sprache::text(u"Nach: %@"_s), {unter(m_zeilen.at(stelle).nach, m_ziel)});
+    case Qt::DisplayRole:
+        return zeilentext(stelle, true);
+    case ZweiteZeile:
+        return zeilentext(stelle, false);
+    case Hauptzeile:
+        return 1;
     case Stand:
         return int(stand(stelle));
+    case Marke:
+        return int(zeichnung(stand(stelle)).first);
     case Wort:
         return wort(stelle);
-    case Qt::DisplayRole:
-        return QVariant(data(index, Von).toString() + u'\n' + data(index, Nach).toString());
+    case Wortart:
+        return int(stand(stelle) == Bewegungsstand::Fehler ? Stil::Schrift::Warnung : Stil::Schrift::Neben);
     case Qt::AccessibleTextRole:
         return ansage(stelle);
     case Qt::ToolTipRole:

@@ -4,7 +4,6 @@
 #include "bilanz.h"
 #include "namensraeume.h"
 #include "protokollzeile.h"
-#include "zeichen.h"
 
 #include <QAbstractListModel>
 #include <QHash>
@@ -17,7 +16,7 @@ class Bewegungsmodell : public QAbstractListModel
     Q_OBJECT
 
 public:
-    enum Rolle { Von = Qt::UserRole, Nach, Stand, Wort };
+    enum Rolle { Stand = Qt::UserRole };
 
     explicit Bewegungsmodell(QObject *vater = nullptr);
 
@@ -28,26 +27,24 @@ public:
     void veralten() { m_staende.veralten(); }
     void ansehen(int von, int bis) { m_staende.ansehen(von, bis); }
     [[nodiscard]] const Protokollzeile &zeile(int stelle) const { return m_zeilen.at(stelle); }
+    /** Where its file is to be looked for. */
+    [[nodiscard]] QString ort(int stelle) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &eltern = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int rolle) const override;
 
 private:
     [[nodiscard]] Bewegungsstand stand(int stelle) const;
+    [[nodiscard]] QString grund(int stelle) const;
     [[nodiscard]] QString wort(int stelle) const;
+    [[nodiscard]] QString zeilentext(int stelle, bool alt) const;
     [[nodiscard]] QString ansage(int stelle) const;
     [[nodiscard]] QString hilfe(int stelle) const;
 
     QList<Protokollzeile> m_zeilen;
     QString m_quelle;
     QString m_ziel;
-    QHash<qsizetype, QString> m_gescheiterte; ///< row, reason
-    QHash<qsizetype, QString> m_uebersprungene;
+    QHash<qsizetype, std::pair<Bewegungsstand, QString>> m_befunde; ///< of those that were not turned back, with why
     Bewegungsstaende m_staende;
 };
-
-/** What is said of a movement beside its mark; empty where the mark says it all. */
-[[nodiscard]] QString standwort(Bewegungsstand stand);
-/** Name of the mark's symbol; empty while nothing is known. */
-[[nodiscard]] Symbol standsymbol(Bewegungsstand stand);
 } // namespace quillmar::protokoll

@@ -1,136 +1,154 @@
 #include "protokollansicht.h"
 
 #include "ausfuehrung.h"
-#include "bewegungsliste.h"
+#include "bau.h"
 #include "bewegungsmodell.h"
-#include "elidiertext.h"
+#include "dateiverwaltung.h"
 #include "leeransicht.h"
+#include "liste.h"
+#include "nachgeben.h"
 #include "pfade.h"
 #include "profilwahl.h"
 #include "rueckbaufeld.h"
 #include "sitzungen.h"
-#include "sitzungskopf.h"
 #include "sitzungsseite.h"
 #include "sprache.h"
-#include "stil.h"
 #include "tastentakt.h"
 #include "teiler.h"
 #include "text.h"
+#include "textschild.h"
 #include "zustand.h"
 
 #include <QLabel>
 #include <QStackedLayout>
 #include <QStackedWidget>
-#include <QVBoxLayout>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::protokoll
 {
-using Stil::abstand;
+using Stil::Abstand;
 using Stil::Schrift;
 
+namespace
+{
+/** The conditions of a session: what each is called, and its value. */
+QList<std::pair<QString, QString>> bedingungen(const Protokollkopf &k)
+{
+    return {
+        {Sprache::text(u"Profil"_s), k.profil},
+        {Sprache::text(u"Rechner"_s), k.rechner},
+        {Sprache::text(u"Herkunft"_s), kurzpfad(k.quelle)},
+        {Sprache::text(u"Ziel"_s), kurzpfad(k.ziel)},
+        {Sprache::text(u"Betriebsart"_s), k.kopieren ? Sprache::text(u"Kopieren"_s) : Sprache::text(u"Verschieben"_s)},
+        {Sprache::text(u"Namensmuster"_s), k.namensVorlage},
+        {Sprache::text(u"Pfadmuster"_s), k.pfadVorlage}};
+}
+} // namespace
+
 ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this))
+    : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_sitzungen(new Sitzungsseite(zustand)),
+      m_rechts(new QStackedWidget), m_leere(new Leeransicht),
+      m_titel(new Textschild(Textschild::Art::KurzMitte, Schrift::Abschnitt, u"sitzungstitel"_s)),
+      m_erklaerung(new Textschild(Textschild::Art::Umbruch, Schrift::Neben)),
+      m_kurzkopf(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben)),
+      m_anzahl(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben, u"bewegungsAnzahl"_s)),
+      m_liste(new Liste(u"bewegungen"_s, Sprache::text(u"Bewegungen"_s))), m_modell(new Bewegungsmodell(this)),
+      m_rueckbau(new Rueckbaufeld(zustand))
 {
     setObjectName(u"protokoll"_s);
     setFocusPolicy(Qt::ClickFocus);
-    m_sitzungen = new Sitzungsseite(m_zustand->profilwahl(), m_zustand->sitzungen(), m_zustand->ausfuehrung(), this);
-    m_teiler = new Teiler(m_sitzungen, sitzungsteil(), this);
-    m_teiler->setzeAnteil(m_zustand->teilung());
-    m_leere = new Leeransicht(this);
-    connect(m_leere, &Leeransicht::gedrueckt, m_zustand,
-            [this] { weiter(*m_zustand, ohneKatalog(*m_zustand->profilwahl()).tat); });
-    m_stapel->addWidget(m_teiler);
+    m_erklaerung->setzeText(Sprache::text(u"Unter diesen Bedingungen wurde gearbeitet."_s));
+    m_liste->setModel(m_modell);
+    m_stapel->addWidget(karte());
     m_stapel->addWidget(m_leere);
-    tastenBauen();
+    kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this,
+              [this] { m_zustand->ausfuehrung()->letzteBewegungZuruecknehmen(); });
     verbinden();
+    setzeAnteil();
     zeigen();
     sitzungZeigen();
 }
 
-/** The right side; its action area is there without a session too, for the last step. */
-QWidget *ProtokollAnsicht::sitzungsteil()
+/** Two panes, and below both the action area: it is there without a session too, for the last step. */
+QWidget *ProtokollAnsicht::karte()
 {
-    auto *seite = new QWidget(this);
-    m_rechts = new QStackedWidget(seite);
-    auto *leere = new Leeransicht(m_rechts);
+    auto *leere = new Leeransicht;
     leere->setzen(Symbol::GrossUhr, Sprache::text(u"Keine Sitzung gewählt"_s),
                   Sprache::text(u"Wähle links ein Protokoll aus. Hier steht dann jede einzelne Bewegung dieser "
                                 "Sitzung, bevor du entscheidest."_s));
     m_rechts->addWidget(leere);
     m_rechts->addWidget(bewegungsteil());
-    m_rueckbau = new Rueckbaufeld(m_zustand, seite);
-    m_rueckbau->installEventFilter(this);
-    m_sitzung->installEventFilter(this);
-    auto *spalte = new QVBoxLayout(seite);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    spalte->setSpacing(0);
-    spalte->addWidget(m_rechts, 1);
-    spalte->addWidget(m_rueckbau);
-    return seite;
+    m_teiler = new Teiler(m_sitzungen, m_rechts);
+    auto *karte = traeger(spalte({{m_teiler, 1}, m_rueckbau}, Abstand::Keiner));
+    constexpr int textzeilen = 29; // that the whole header, four movements and the action area take
+    new Nachgeben(
+        karte, 1, [this](int stufe) { setzeDicht(stufe > 0); },
+        [karte] { return karte->height() >= textzeilen * karte->fontMetrics().height(); }, Nachgeben::Anlass::Groesse);
+    return karte;
 }
 
 QWidget *ProtokollAnsicht::bewegungsteil()
 {
-    m_sitzung = new QWidget(m_rechts);
-    m_titel = new Elidiertext(Qt::ElideMiddle, m_sitzung);
-    m_titel->setObjectName(u"sitzungstitel"_s);
-    m_erklaerung = new QLabel(Sprache::text(u"Unter diesen Bedingungen wurde gearbeitet."_s), m_sitzung);
-    m_erklaerung->setWordWrap(true);
-    m_kopf = new Sitzungskopf(m_sitzung);
-    auto *bewegungen = new QLabel(Sprache::text(u"Bewegungen"_s), m_sitzung);
-    m_anzahl = new QLabel(m_sitzung);
-    m_anzahl->setObjectName(u"bewegungsAnzahl"_s);
-    m_anzahl->setTextFormat(Qt::PlainText);
-    m_liste = new Bewegungsliste(m_sitzung);
-    auto *reihe = new QHBoxLayout;
-    reihe->addWidget(bewegungen, 0, Qt::AlignBaseline);
-    reihe->addWidget(m_anzahl, 1, Qt::AlignBaseline);
-    auto *spalte = new QVBoxLayout(m_sitzung);
-    spalte->addWidget(m_titel);
-    spalte->addWidget(m_erklaerung);
-    spalte->addWidget(m_kopf);
-    spalte->addLayout(reihe);
-    spalte->addWidget(m_liste, 1);
-    for (QLabel *schild : QList<QLabel *>{m_titel, bewegungen})
-        Stil::schriftFolgt(schild, Schrift::Abschnitt);
-    Stil::nebentext(m_erklaerung);
-    Stil::nebentext(m_anzahl);
-    Stil::folgen(m_sitzung, [reihe, spalte] {
-        reihe->setContentsMargins(0, abstand(10), 0, abstand(4));
-        reihe->setSpacing(abstand(12));
-        spalte->setSpacing(abstand(3));
-    });
+    auto *finden = flachknopf(u"finden"_s, Symbol::Aufschlagen,
+                              Sprache::text(u"Diese Protokolldatei in der Dateiverwaltung zeigen"_s), {}, false);
+    setzeKnopfart(finden, Knopfart::Klein);
+    connect(finden, &QToolButton::clicked, this,
+            [this] { Dateiverwaltung::zeigen(m_zustand->sitzungen()->protokollDatei().value_or(QString())); });
+    m_tafel = kopftafel();
+    auto *bewegungen = reihe({schild(Sprache::text(u"Bewegungen"_s), Schrift::Abschnitt), {m_anzahl, 1}});
+    auto *kopf = spalte({reihe({{m_titel, 1}, finden}), m_erklaerung, m_tafel, m_kurzkopf}, Abstand::Eng);
+    m_sitzung = traeger(spalte({kopf, spalte({bewegungen, {m_liste, 1}}, Abstand::Eng)}, Abstand::Feld));
+    setzeRaender(m_sitzung, {Abstand::Rand, Abstand::Nah, Abstand::Nah, Abstand::Keiner});
     return m_sitzung;
 }
 
-void ProtokollAnsicht::tastenBauen()
+QWidget *ProtokollAnsicht::kopftafel()
 {
-    kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this,
-              [this] { m_zustand->ausfuehrung()->letzteBewegungZuruecknehmen(); });
+    auto *tafel = new QWidget;
+    tafel->setObjectName(u"sitzungskopf"_s);
+    auto *raster = new QGridLayout(tafel);
+    raster->setColumnStretch(1, 1);
+    setzeLuecken(tafel, Abstand::Feld, Abstand::Eng);
+    for (const auto &[name, wert] : bedingungen({})) {
+        const int zeile = int(m_kopfwerte.size());
+        m_kopfwerte << new Textschild(Textschild::Art::KurzMitte);
+        // In a sentence some languages write them small.
+        raster->addWidget(schild(name.left(1).toUpper() + name.mid(1), Schrift::Beschriftung), zeile, 0,
+                          Qt::AlignRight);
+        raster->addWidget(m_kopfwerte.last(), zeile, 1);
+    }
+    return tafel;
 }
 
 void ProtokollAnsicht::verbinden()
 {
+    const Sitzungen *sitzungen = m_zustand->sitzungen();
+    connect(m_leere, &Leeransicht::gedrueckt, m_zustand,
+            [this] { weiter(*m_zustand, ohneKatalog(*m_zustand->profilwahl()).tat); });
     connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
-    connect(m_zustand, &Zustand::teilungGeaendert, this, [this] { m_teiler->setzeAnteil(m_zustand->teilung()); });
+    connect(m_zustand, &Zustand::teilungGeaendert, this, &ProtokollAnsicht::setzeAnteil);
+    connect(m_rueckbau, &Rueckbaufeld::auffrischen, m_sitzungen, &Sitzungsseite::auffrischen);
+    connect(m_liste, &Liste::gesehen, m_modell, &Bewegungsmodell::ansehen);
+    connect(m_liste, &Liste::activated, this,
+            [this](const QModelIndex &zeile) { Dateiverwaltung::zeigen(m_modell->ort(zeile.row())); });
     for (const auto signal : {&Profilwahl::aktivGeaendert, &Profilwahl::oeffnetGeaendert})
         connect(m_zustand->profilwahl(), signal, this, &ProtokollAnsicht::zeigen);
-    connect(m_zustand->sitzungen(), &Sitzungen::protokollGeaendert, this, &ProtokollAnsicht::sitzungZeigen);
-    connect(m_zustand->sitzungen(), &Sitzungen::rueckbauGeaendert, this, [this] {
+    connect(sitzungen, &Sitzungen::protokollGeaendert, this, &ProtokollAnsicht::sitzungZeigen);
+    connect(sitzungen, &Sitzungen::rueckbauGeaendert, this, [this] {
         if (!m_zustand->sitzungen()->rueckbauLaeuft())
-            m_liste->modell()->setzeBilanz(m_zustand->sitzungen()->rueckbauBilanz());
+            m_modell->setzeBilanz(m_zustand->sitzungen()->rueckbauBilanz());
     });
-    connect(m_zustand->sitzungen(), &Sitzungen::protokollDateienGeaendert, this,
-            [this] { m_titel->setzeText(titel()); });
-    connect(m_zustand->sitzungen(), &Sitzungen::protokollDateienGeaendert, m_liste->modell(),
-            &Bewegungsmodell::veralten);
+    connect(sitzungen, &Sitzungen::protokollDateienGeaendert, this, [this] {
+        m_titel->setzeText(titel());
+        m_modell->veralten();
+    });
     // Whatever was done, files may lie elsewhere now.
     connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
         if (m_zustand->ausfuehrung()->beschaeftigt() || !isVisible())
             return;
-        m_liste->modell()->veralten();
+        m_modell->veralten();
         m_zustand->sitzungen()->protokollAuffrischen();
     });
 }
@@ -156,6 +174,12 @@ void ProtokollAnsicht::zeigen()
         m_leere->setzen(Symbol::GrossUhr, ohneKatalog(*m_zustand->profilwahl()));
 }
 
+void ProtokollAnsicht::setzeAnteil()
+{
+    m_teiler->setzeAnteil(m_zustand->teilung());
+    m_rueckbau->setzeAnteil(m_zustand->teilung());
+}
+
 /** A log that does not lie in the folder of this profile is called by its file. */
 QString ProtokollAnsicht::titel() const
 {
@@ -179,39 +203,38 @@ QString ProtokollAnsicht::anzahl() const
 
 void ProtokollAnsicht::sitzungZeigen()
 {
-    const Protokollkopf kopf = m_zustand->sitzungen()->protokollKopf().value_or(Protokollkopf{});
-    m_rechts->setCurrentIndex(m_zustand->sitzungen()->protokollDatei() ? 1 : 0);
-    m_kopf->zeigen(m_zustand->sitzungen()->protokollKopf());
+    const Sitzungen *sitzungen = m_zustand->sitzungen();
+    const Protokollkopf kopf = sitzungen->protokollKopf().value_or(Protokollkopf{});
+    m_rechts->setCurrentIndex(sitzungen->protokollDatei() ? 1 : 0);
     m_titel->setzeText(titel());
-    m_titel->setzeHilfe(m_zustand->sitzungen()->protokollDatei().value_or(QString()));
-    m_anzahl->setText(anzahl());
-    m_liste->modell()->setzen(m_zustand->sitzungen()->protokollZeilen(), kopf.quelle, kopf.ziel);
-    anordnen();
+    m_titel->setzeHilfe(sitzungen->protokollDatei().value_or(QString()));
+    m_anzahl->setzeText(anzahl());
+    kopfZeigen();
+    m_modell->setzen(sitzungen->protokollZeilen(), kopf.quelle, kopf.ziel);
 }
 
-/** Both action areas begin at one height; where few movements would fit, the header takes less. */
-void ProtokollAnsicht::anordnen()
+/** Without a header every condition is unknown. */
+void ProtokollAnsicht::kopfZeigen()
 {
-    if (!m_rueckbau || !m_liste)
-        return;
-    constexpr int bewegungen = 4; // rows that are to be seen beside the whole header
-    const int zeilenhoehe = fontMetrics().height();
-    // Of the room of both areas, lest one made smaller would make the other larger again.
-    const int raum = m_teiler->height() - m_kopf->volleHoehe() - 13 * zeilenhoehe;
-    const bool dicht = raum < bewegungen * 2 * zeilenhoehe;
-    m_kopf->setzeDicht(dicht);
-    m_rueckbau->setzeDicht(dicht);
+    const auto &kopf = m_zustand->sitzungen()->protokollKopf();
+    const auto zeilen = bedingungen(kopf.value_or(Protokollkopf{}));
+    QStringList teile;
+    for (int n = 0; n < zeilen.size(); ++n) {
+        const auto &[name, wert] = zeilen.at(n);
+        const bool da = kopf && !wert.isEmpty();
+        m_kopfwerte.at(n)->setzeText(da ? wert : u"–"_s);
+        if (da)
+            teile << name + u": "_s + wert;
+    }
+    m_kurzkopf->setzeText(teile.join(u" · "_s));
+}
+
+/** Where few movements would fit, the header takes less. */
+void ProtokollAnsicht::setzeDicht(bool dicht)
+{
+    m_tafel->setVisible(!dicht);
+    m_kurzkopf->setVisible(dicht);
     m_erklaerung->setVisible(!dicht);
-    const int rand = Stil::seitenrand(m_sitzung->width());
-    m_sitzung->layout()->setContentsMargins(rand, abstand(12), rand / 2, 0);
-    m_sitzungen->setzeFuss(m_rueckbau->height(), m_rueckbau->knopfoben(), m_rueckbau->gestapelt());
-}
-
-bool ProtokollAnsicht::eventFilter(QObject *objekt, QEvent *ereignis)
-{
-    const bool gelegt = ereignis->type() == QEvent::Resize || ereignis->type() == QEvent::LayoutRequest;
-    if (gelegt && (objekt == m_rueckbau || objekt == m_sitzung))
-        anordnen();
-    return QWidget::eventFilter(objekt, ereignis);
+    m_rueckbau->setzeDicht(dicht);
 }
 } // namespace quillmar::protokoll

@@ -4,7 +4,6 @@
 
 #include <QWidget>
 
-class QLabel;
 class QStackedLayout;
 class QStackedWidget;
 
@@ -15,16 +14,16 @@ class Zustand;
 
 namespace quillmar::bedienteile
 {
-class Elidiertext;
 class Leeransicht;
+class Liste;
 class Teiler;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::protokoll
 {
-class Bewegungsliste;
+class Bewegungsmodell;
 class Rueckbaufeld;
-class Sitzungskopf;
 class Sitzungsseite;
 
 /** The log card: the sessions on the left, on the right the chosen one with every movement, and the way back. */
@@ -34,35 +33,39 @@ class ProtokollAnsicht : public QWidget
 
 public:
     explicit ProtokollAnsicht(Zustand *zustand, QWidget *eltern = nullptr);
-    bool eventFilter(QObject *objekt, QEvent *ereignis) override;
 
 protected:
     void showEvent(QShowEvent *ereignis) override;
     void focusInEvent(QFocusEvent *ereignis) override;
 
 private:
-    QWidget *sitzungsteil();
-    QWidget *bewegungsteil();
-    void tastenBauen();
+    [[nodiscard]] QWidget *karte();
+    [[nodiscard]] QWidget *bewegungsteil();
+    [[nodiscard]] QWidget *kopftafel();
     void verbinden();
     void zeigen();
     void sitzungZeigen();
-    void anordnen();
+    void kopfZeigen();
+    void setzeAnteil();
+    void setzeDicht(bool dicht);
     [[nodiscard]] QString anzahl() const;
     [[nodiscard]] QString titel() const;
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;
+    Sitzungsseite *m_sitzungen;
     Teiler *m_teiler = nullptr;
-    Sitzungsseite *m_sitzungen = nullptr;
-    QStackedWidget *m_rechts = nullptr;
+    QStackedWidget *m_rechts;
     QWidget *m_sitzung = nullptr;
-    Leeransicht *m_leere = nullptr;
-    Elidiertext *m_titel = nullptr;
-    QLabel *m_erklaerung = nullptr;
-    Sitzungskopf *m_kopf = nullptr;
-    QLabel *m_anzahl = nullptr;
-    Bewegungsliste *m_liste = nullptr;
-    Rueckbaufeld *m_rueckbau = nullptr;
+    Leeransicht *m_leere;
+    Textschild *m_titel;
+    Textschild *m_erklaerung;
+    QWidget *m_tafel = nullptr;
+    QList<Textschild *> m_kopfwerte;
+    Textschild *m_kurzkopf; ///< the header in one line, where there is little height
+    Textschild *m_anzahl;
+    Liste *m_liste;
+    Bewegungsmodell *m_modell;
+    Rueckbaufeld *m_rueckbau;
 };
 } // namespace quillmar::protokoll

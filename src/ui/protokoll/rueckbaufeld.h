@@ -5,10 +5,11 @@
 
 #include <QWidget>
 
-class QBoxLayout;
 class QLabel;
 class QPlainTextEdit;
-class QStackedLayout;
+class QProgressBar;
+class QPushButton;
+class QStackedWidget;
 
 namespace quillmar::zustand
 {
@@ -17,15 +18,16 @@ class Zustand;
 
 namespace quillmar::bedienteile
 {
-class Balken;
-class Elidiertext;
-class Knopf;
-class Umbruchtext;
+class Rueckfrage;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::protokoll
 {
-/** The action area of the log card: turning the shown session back, asked before, and the last step. */
+/**
+ * The action area of the log card, below both panes: on the left what lists other logs, on the right turning the shown
+ * session back, asked before, and the last step.
+ */
 class Rueckbaufeld : public QWidget
 {
     Q_OBJECT
@@ -34,46 +36,38 @@ public:
     explicit Rueckbaufeld(Zustand *zustand, QWidget *eltern = nullptr);
     /** With little height the explanation becomes a tool tip. */
     void setzeDicht(bool dicht);
-    /** Upper edge of the first button. */
-    [[nodiscard]] int knopfoben() const;
-    /** There is no room for the buttons side by side. */
-    [[nodiscard]] bool gestapelt() const;
+    /** Share of the left pane. */
+    void setzeAnteil(double anteil);
 
-protected:
-    void paintEvent(QPaintEvent *ereignis) override;
-    void resizeEvent(QResizeEvent *ereignis) override;
+Q_SIGNALS:
+    void auffrischen();
 
 private:
     enum Seite { Knoepfe, Frage, Lauf };
-    QWidget *knopfseite();
-    QWidget *frageseite();
-    QWidget *laufseite();
+    [[nodiscard]] QWidget *linkeSeite();
+    [[nodiscard]] QWidget *knopfseite();
+    [[nodiscard]] QWidget *laufseite();
+    void anordnen();
     void verbinden();
     void fragen();
     void bestaetigen();
-    void abbrechen();
+    void frageBeenden();
     void zeigen();
+    void erklaeren();
     void meldungZeigen();
-    [[nodiscard]] Symbol meldungssymbol() const;
     void setzeSeite(Seite seite);
-    void einpassen();
-    QWidget *reihe(const QList<QWidget *> &teile);
 
     Zustand *m_zustand;
-    Umbruchtext *m_erklaerung;
+    Textschild *m_erklaerung;
     QPlainTextEdit *m_fehler;
-    QStackedLayout *m_stapel;
-    Knopf *m_zurueckdrehen = nullptr;
-    Knopf *m_letzten = nullptr;
-    QLabel *m_frage = nullptr;
-    Knopf *m_ja = nullptr;
-    Knopf *m_nein = nullptr;
-    QLabel *m_lauf = nullptr;
-    Balken *m_balken = nullptr;
-    Knopf *m_anhalten = nullptr;
-    QLabel *m_marke;
-    Elidiertext *m_meldung;
-    QList<QBoxLayout *> m_reihen; ///< turned upright where they are too wide
+    QStackedWidget *m_stapel;
+    QPushButton *m_zurueckdrehen;
+    QPushButton *m_letzten;
+    Rueckfrage *m_frage;
+    QLabel *m_lauf;
+    QProgressBar *m_balken;
+    QPushButton *m_anhalten;
+    Textschild *m_meldung;
     bool m_dicht = false;
 };
 } // namespace quillmar::protokoll

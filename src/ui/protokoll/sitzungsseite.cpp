@@ -2,53 +2,38 @@
 
 #include "ausfuehrung.h"
 #include "bau.h"
-#include "elidiertext.h"
-#include "flachknopf.h"
+#include "dateiverwaltung.h"
+#include "hinweisfeld.h"
+#include "liste.h"
+#include "ordnerwahl.h"
+#include "pfade.h"
 #include "profilwahl.h"
-#include "protokollordner.h"
+#include "protokollort.h"
 #include "sitzungen.h"
-#include "sitzungszeile.h"
+#include "sitzungsmodell.h"
 #include "sprache.h"
-#include "stil.h"
 #include "text.h"
-#include "umbruchtext.h"
-#include "zeichenschild.h"
-#include "zeile.h"
+#include "textschild.h"
+#include "zustand.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
+#include <QPushButton>
 #include <QScrollArea>
-#include <QVBoxLayout>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::protokoll
 {
-using Stil::abstand;
+using Stil::Abstand;
 using Stil::Schrift;
 
 namespace
 {
-constexpr int schub = 30; // rows at the beginning, and that one press adds
-
-QLabel *abschnitt(const QString &text, QWidget *eltern)
+QString ordnerhilfe()
 {
-    auto *schild = new QLabel(text, eltern);
-    Stil::schriftFolgt(schild, Schrift::Abschnitt);
-    return schild;
-}
-
-QWidget *nochNichts(QWidget *eltern)
-{
-    auto *text = new Elidiertext(Qt::ElideRight, eltern);
-    text->setzeText(Sprache::text(u"Noch nichts bewegt, daher noch kein Protokoll"_s));
-    auto *traeger = zeile(eltern, {zeichenschild(Symbol::Info, eltern), text});
-    traeger->setToolTip(Sprache::text(u"Die Datei entsteht erst mit der ersten Umbenennung, damit keine leeren "
-                                      "Protokolle herumliegen."_s) +
-                        u' ' + Sprache::text(u"Wird angelegt, sobald die erste Datei bewegt wird."_s));
-    text->setAccessibleDescription(traeger->toolTip());
-    return traeger;
+    return Sprache::text(u"Leer bedeutet: ein Unterordner _Protokolle direkt neben der Ablage. Dann bleiben Protokoll "
+                         "und Dateien zusammen, auch an einem anderen Rechner."_s);
 }
 
 QString anzahlsatz(qsizetype alle, bool nurLaufende)
@@ -62,263 +47,185 @@ QString anzahlsatz(qsizetype alle, bool nurLaufende)
 }
 } // namespace
 
-Sitzungsseite::Sitzungsseite(Profilwahl *profilwahl, Sitzungen *sitzungen, Ausfuehrung *ausfuehrung, QWidget *eltern)
-    : QWidget(eltern), m_profilwahl(profilwahl), m_sitzungen(sitzungen), m_ausfuehrung(ausfuehrung), m_gezeigte(schub)
+Sitzungsseite::Sitzungsseite(Zustand *zustand, QWidget *eltern)
+    : QWidget(eltern), m_zustand(zustand),
+      m_ort(new Textschild(Textschild::Art::KurzMitte, Schrift::Grund, u"protokollOrdner"_s)),
+      m_pfad(new Textschild(Textschild::Art::KurzMitte, Schrift::Neben)),
+      m_warnung(new Hinweisfeld(Symbol::Warnung,
+                                Sprache::text(u"In diesen Ordner lässt sich nicht schreiben, oder er ist nicht da. "
+                                              "Wähle einen anderen, oder schließe das Laufwerk an."_s))),
+      m_standard(flachknopf(u"protokollOrdnerStandard"_s, Symbol::Ruecknehmen, Sprache::text(u"Standardort"_s),
+                            Sprache::text(u"Stellt den Standardort neben der Ablage wieder her"_s), false)),
+      m_nochNichts(new Textschild(Textschild::Art::KurzEnde, Schrift::Grund, u"nochNichtsBewegt"_s)),
+      m_mangel(new Textschild(Textschild::Art::Umbruch, Schrift::Grund, u"protokollmangel"_s)),
+      m_anzahl(new Textschild(Textschild::Art::Umbruch, Schrift::Neben, u"protokollAnzahl"_s)),
+      m_laufende(new Sitzungsmodell(zustand->sitzungen(), &m_bilder, true, this)),
+      m_fruehere(new Sitzungsmodell(zustand->sitzungen(), &m_bilder, false, this)), m_frage(this)
 {
-    auto *aussen = new QVBoxLayout(this);
-    aussen->setContentsMargins(0, 0, 0, 0);
-    aussen->setSpacing(0);
-    aussen->addWidget(rollbereich(inhalt(), this), 1);
-    aussen->addWidget(fuss());
-    connect(&m_bilder, &Sitzungsbilder::gelesen, this, &Sitzungsseite::bildZeigen);
-    connect(m_sitzungen, &Sitzungen::protokollDateienGeaendert, this, &Sitzungsseite::zeigen);
-    connect(m_profilwahl, &Profilwahl::aktivGeaendert, this, &Sitzungsseite::zeigen);
-    connect(m_sitzungen, &Sitzungen::protokollGeaendert, this, &Sitzungsseite::auswahlZeigen);
-    connect(m_ausfuehrung, &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
-        if (!m_ausfuehrung->beschaeftigt() && isVisible())
-            zeigen();
-    });
+    const QString fruehere = Sprache::text(u"Frühere Sitzungen"_s);
+    m_laufendeListe = listeBauen(u"laufendeSitzung"_s, Sprache::text(u"Laufende Sitzung"_s), m_laufende);
+    m_laufendeListe->setzeHoechstens(1);
+    m_fruehereListe = listeBauen(u"sitzungen"_s, fruehere, m_fruehere);
+    auto *liste = spalte({schild(fruehere, Schrift::Abschnitt), m_anzahl, {m_fruehereListe, 1}}, Abstand::Eng);
+    auto *teile = spalte({ordnerteil(), laufenderTeil(), {liste, 1}}, Abstand::Gruppe);
+    fuellen(this, spalte({rollbereich(fuellen(new QWidget, teile, Abstand::Rand, Abstand::Feld))}));
+    verbinden();
+    ordnerZeigen();
     zeigen();
 }
 
-QWidget *Sitzungsseite::inhalt()
+QLayout *Sitzungsseite::ordnerteil()
 {
-    auto *traeger = new QWidget(this);
-    auto *spalte = new QVBoxLayout(traeger);
-    m_ordner = new Protokollordner(m_profilwahl, traeger);
-    spalte->addWidget(m_ordner);
-    laufendeBauen(spalte);
-    fruehereBauen(spalte);
-    spalte->addStretch(1);
-    Stil::folgen(traeger, [spalte] { spalte->setSpacing(abstand(16)); });
-    return traeger;
+    auto *waehlen = knopf(u"protokollOrdnerWaehlen"_s, Sprache::text(u"Wählen …"_s), ordnerhilfe());
+    waehlen->setAccessibleName(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s));
+    connect(waehlen, &QPushButton::clicked, this, &Sitzungsseite::ordnerWaehlen);
+    connect(m_standard, &QToolButton::clicked, this, [this] { setzeOrdner({}); });
+    m_ort->setAccessibleDescription(ordnerhilfe());
+    m_warnung->setObjectName(u"protokollOrtWarnung"_s);
+    m_warnung->hide();
+    auto *titel = schild(Sprache::text(u"Ordner für die Protokolle"_s), Schrift::Abschnitt);
+    titel->setToolTip(ordnerhilfe());
+    auto *worte = spalte({Teil::rest(), m_ort, m_pfad, Teil::rest()}, Abstand::Keiner);
+    return spalte({titel, reihe({{worte, 1}, waehlen, m_standard}), m_warnung}, Abstand::Eng);
 }
 
-void Sitzungsseite::laufendeBauen(QVBoxLayout *spalte)
+QLayout *Sitzungsseite::laufenderTeil()
 {
-    auto *teil = new QVBoxLayout;
-    auto *erklaerung = new Umbruchtext(this);
+    m_nochNichts->setzen(Symbol::Info, Sprache::text(u"Noch nichts bewegt, daher noch kein Protokoll"_s));
+    m_nochNichts->setzeHilfe(Sprache::text(u"Die Datei entsteht erst mit der ersten Umbenennung, damit keine leeren "
+                                           "Protokolle herumliegen."_s) +
+                             u' ' + Sprache::text(u"Wird angelegt, sobald die erste Datei bewegt wird."_s));
+    auto *erklaerung = new Textschild(Textschild::Art::Umbruch, Schrift::Neben);
     erklaerung->setzeText(Sprache::text(u"Jede Sitzung schreibt eine eigene Protokolldatei. Sie hält jede Bewegung "
                                         "fest und dient als Sicherung für das Rückgängigmachen."_s));
-    m_nochNichts = nochNichts(this);
-    m_nochNichts->setObjectName(u"nochNichtsBewegt"_s);
-    teil->addWidget(abschnitt(Sprache::text(u"Laufende Sitzung"_s), this));
-    teil->addWidget(erklaerung);
-    teil->addWidget(m_nochNichts);
-    m_mangel = new Umbruchtext(this);
-    m_mangel->setObjectName(u"protokollmangel"_s);
-    m_mangelZeile = zeile(this, {zeichenschild(Symbol::Warnung, this), m_mangel});
-    static_cast<QHBoxLayout *>(m_mangelZeile->layout())->setStretch(1, 1);
-    teil->addWidget(m_mangelZeile);
-    m_laufende = neueZeile(teil);
-    spalte->addLayout(teil);
-    Stil::nebentext(erklaerung);
-    Stil::folgen(this, [teil] { teil->setSpacing(abstand(4)); });
+    return spalte({schild(Sprache::text(u"Laufende Sitzung"_s), Schrift::Abschnitt), erklaerung, m_nochNichts, m_mangel,
+                   m_laufendeListe},
+                  Abstand::Eng);
 }
 
-void Sitzungsseite::fruehereBauen(QVBoxLayout *spalte)
+Liste *Sitzungsseite::listeBauen(const QString &name, const QString &ansage, Sitzungsmodell *modell)
 {
-    m_liste = new QVBoxLayout;
-    m_anzahl = new QLabel(this);
-    m_anzahl->setObjectName(u"protokollAnzahl"_s);
-    m_anzahl->setTextFormat(Qt::PlainText);
-    m_mehr = new Flachknopf(u"sitzungen-mehr"_s, Symbol::Plus, {}, Sprache::text(u"Zeigt weitere Zeilen"_s), this);
-    m_mehr->setzeMitText(true);
-    m_liste->addWidget(abschnitt(Sprache::text(u"Frühere Sitzungen"_s), this));
-    m_liste->addWidget(m_anzahl);
-    m_liste->addWidget(m_mehr, 0, Qt::AlignLeft);
-    spalte->addLayout(m_liste);
-    connect(m_mehr, &QToolButton::clicked, this, [this] {
-        m_gezeigte += schub;
-        zeigen();
+    auto *liste = new Liste(name, ansage);
+    liste->setModel(modell);
+    const auto waehlen = [this](const QModelIndex &zeile) {
+        const QString datei = zeile.data(bedienteile::Kennung).toString();
+        if (m_zustand->sitzungen()->protokollDatei() != datei)
+            m_zustand->sitzungen()->protokollWaehlen(datei);
+    };
+    for (const auto signal : {&Liste::clicked, &Liste::activated})
+        connect(liste, signal, this, waehlen);
+    connect(liste, &Liste::tatGewuenscht, this,
+            [](const QModelIndex &zeile) { Dateiverwaltung::zeigen(zeile.data(bedienteile::Kennung).toString()); });
+    connect(liste, &Liste::gesehen, this, &Sitzungsseite::bilderAnsehen);
+    return liste;
+}
+
+void Sitzungsseite::verbinden()
+{
+    for (const auto signal : {&Profilwahl::profileGeaendert, &Profilwahl::aktivGeaendert})
+        connect(m_zustand->profilwahl(), signal, this, &Sitzungsseite::ordnerZeigen);
+    connect(m_zustand->profilwahl(), &Profilwahl::aktivGeaendert, this, &Sitzungsseite::zeigen);
+    connect(m_zustand->sitzungen(), &Sitzungen::protokollDateienGeaendert, this, &Sitzungsseite::zeigen);
+    connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, [this] {
+        if (!m_zustand->ausfuehrung()->beschaeftigt() && isVisible())
+            zeigen();
     });
-    Stil::nebentext(m_anzahl);
-    Stil::folgen(m_anzahl, [this] { m_liste->setSpacing(abstand(2)); });
-}
-
-QWidget *Sitzungsseite::fuss()
-{
-    auto *oeffnen = new Flachknopf(
-        u"protokollOeffnen"_s, Symbol::OrdnerAuf, Sprache::text(u"Andere Datei öffnen …"_s),
-        Sprache::text(
-            u"Eine Protokolldatei von irgendwo öffnen, auch von einem anderen Rechner oder aus einer Sicherung"_s),
-        this);
-    auto *auffrischen =
-        new Flachknopf(u"protokolleAuffrischen"_s, Symbol::NeuLaden, Sprache::text(u"Liste auffrischen"_s),
-                       Sprache::text(u"Liest den Protokollordner noch einmal ein"_s), this);
-    m_fussknoepfe = {oeffnen, auffrischen};
-    m_fuss = new QWidget(this);
-    m_fussreihe = new QBoxLayout(QBoxLayout::LeftToRight, m_fuss);
-    for (Flachknopf *knopf : std::as_const(m_fussknoepfe)) {
-        knopf->setzeHoch();
-        m_fussreihe->addWidget(knopf, 0, Qt::AlignLeft | Qt::AlignTop);
-    }
-    m_fussreihe->addStretch(1);
-    connect(oeffnen, &QToolButton::clicked, m_sitzungen, &Sitzungen::protokollDateiWaehlen);
-    connect(auffrischen, &QToolButton::clicked, this, &Sitzungsseite::auffrischen);
-    return m_fuss;
-}
-
-Sitzungszeile *Sitzungsseite::neueZeile(QVBoxLayout *spalte)
-{
-    auto *neu = new Sitzungszeile(this);
-    connect(neu, &Sitzungszeile::gewaehlt, this, [this](const QString &datei) {
-        if (m_sitzungen->protokollDatei() != datei)
-            m_sitzungen->protokollWaehlen(datei);
-    });
-    spalte->addWidget(neu);
-    return neu;
 }
 
 void Sitzungsseite::auffrischen()
 {
-    m_sitzungen->protokolleListen();
-    m_sitzungen->protokollAuffrischen();
-    m_ordner->pruefen();
+    m_zustand->sitzungen()->protokolleListen();
+    m_zustand->sitzungen()->protokollAuffrischen();
+    ordnerPruefen();
 }
 
-QStringList Sitzungsseite::fruehere() const
-{
-    QStringList dateien = m_sitzungen->protokollDateien();
-    dateien.removeAll(m_sitzungen->laufendeDatei());
-    return dateien;
-}
-
+/** Whatever came of it, logs may hold other things now. */
 void Sitzungsseite::zeigen()
 {
-    laufendeZeigen();
-    fruehereZeigen();
-    auswahlZeigen();
-    bilderLesen();
+    const Sitzungen *sitzungen = m_zustand->sitzungen();
+    const QString laufende = sitzungen->laufendeDatei();
+    const QString mangel = sitzungen->protokollmangel();
+    QStringList fruehere = sitzungen->protokollDateien();
+    fruehere.removeAll(laufende);
+    m_mangel->setzen(Symbol::Warnung, mangel);
+    m_mangel->setVisible(!mangel.isEmpty());
+    m_nochNichts->setVisible(laufende.isEmpty() && mangel.isEmpty());
+    m_laufendeListe->setVisible(!laufende.isEmpty());
+    m_anzahl->setzeText(anzahlsatz(sitzungen->protokollDateien().size(), fruehere.isEmpty()));
+    m_laufende->setzen(laufende.isEmpty() ? QStringList() : QStringList{laufende});
+    m_fruehere->setzen(fruehere);
+    m_bilder.veralten();
+    m_laufendeListe->viewport()->update();
+    m_fruehereListe->viewport()->update();
 }
 
-void Sitzungsseite::laufendeZeigen()
+/** Nobody sees the others, and a log may be long. */
+void Sitzungsseite::bilderAnsehen()
 {
-    const QString datei = m_sitzungen->laufendeDatei();
-    const QString mangel = m_sitzungen->protokollmangel();
-    m_mangel->setzeText(mangel);
-    m_mangelZeile->setVisible(!mangel.isEmpty());
-    m_nochNichts->setVisible(datei.isEmpty() && mangel.isEmpty());
-    m_laufende->setVisible(!datei.isEmpty());
-    if (m_laufende->datei() != datei)
-        m_laufende->setzen(datei, 0);
-}
-
-void Sitzungsseite::fruehereZeigen()
-{
-    const QStringList dateien = fruehere();
-    const int anzahl = std::min<int>(m_gezeigte, int(dateien.size()));
-    zeilenZeigen(dateien, anzahl);
-    m_anzahl->setText(anzahlsatz(m_sitzungen->protokollDateien().size(), dateien.isEmpty()));
-    const qsizetype rest = dateien.size() - anzahl;
-    m_mehr->setzeHilfe(gefuellt(Sprache::text(u"%@ weitere zeigen"_s), {QString::number(rest)}),
-                       Sprache::text(u"Zeigt weitere Zeilen"_s));
-    m_mehr->setVisible(rest > 0);
-    m_mehr->updateGeometry();
-}
-
-/** A row for each of the first @p anzahl of @p dateien. */
-void Sitzungsseite::zeilenZeigen(const QStringList &dateien, int anzahl)
-{
-    while (m_zeilen.size() < anzahl) {
-        m_liste->removeWidget(m_mehr);
-        m_zeilen << neueZeile(m_liste);
-        m_liste->addWidget(m_mehr, 0, Qt::AlignLeft);
-    }
-    for (int n = 0; n < m_zeilen.size(); ++n) {
-        m_zeilen.at(n)->setVisible(n < anzahl);
-        if (n < anzahl && m_zeilen.at(n)->datei() != dateien.at(n)) {
-            m_zeilen.at(n)->setzen(dateien.at(n), n + 1);
-            bildZeigen(dateien.at(n));
-        }
-    }
-}
-
-QList<Sitzungszeile *> Sitzungsseite::alleZeilen() const { return QList{m_laufende} + m_zeilen; }
-
-/** Nobody sees them in another card, and a log may be long. */
-void Sitzungsseite::bilderLesen()
-{
-    if (!isVisible())
-        return;
-    QStringList dateien;
-    for (const Sitzungszeile *zeile : alleZeilen()) {
-        if (!zeile->isHidden())
-            dateien << zeile->datei();
-    }
-    m_bilder.lesen(dateien);
-}
-
-void Sitzungsseite::bildZeigen(const QString &datei)
-{
-    // What is found out about one may tell another one apart from it.
-    const auto minute = [](const Sitzungsbild &bild) { return bild.beginn.toSecsSinceEpoch() / 60; };
-    QHash<qint64, int> inMinute;
-    for (const Sitzungszeile *zeile : alleZeilen()) {
-        if (const auto bild = m_bilder.bild(zeile->datei()))
-            ++inMinute[minute(*bild)];
-    }
-    const auto neues = m_bilder.bild(datei);
-    for (Sitzungszeile *zeile : alleZeilen()) {
-        const auto bild = m_bilder.bild(zeile->datei());
-        if (neues && bild && (zeile->datei() == datei || minute(*bild) == minute(*neues)))
-            zeile->bildZeigen(*bild, zeile == m_laufende, inMinute.value(minute(*bild)) > 1);
-    }
-}
-
-void Sitzungsseite::auswahlZeigen()
-{
-    for (Sitzungszeile *zeile : alleZeilen())
-        zeile->setzeGewaehlt(m_sitzungen->protokollDatei() == zeile->datei());
+    const auto [von, bis] = m_fruehereListe->sichtbare();
+    m_bilder.ansehen(m_laufende->dateien() + m_fruehere->dateien().mid(std::max(0, von), bis - von + 1));
 }
 
 void Sitzungsseite::zurAuswahl()
 {
-    Sitzungszeile *ziel = nullptr;
-    for (Sitzungszeile *zeile : alleZeilen()) {
-        if (!zeile->isHidden() && (!ziel || m_sitzungen->protokollDatei() == zeile->datei()))
-            ziel = zeile;
-    }
-    if (ziel)
-        ziel->fokusNehmen();
+    const QString gezeigte = m_zustand->sitzungen()->protokollDatei().value_or(QString());
+    const int zeile = int(m_fruehere->dateien().indexOf(gezeigte));
+    const bool laufende = !m_laufende->dateien().isEmpty() && zeile < 0;
+    Liste *liste = laufende ? m_laufendeListe : m_fruehereListe;
+    if (liste->model()->rowCount() == 0)
+        return;
+    liste->setCurrentIndex(liste->model()->index(laufende ? 0 : std::max(0, zeile), 0));
+    liste->setFocus();
 }
 
-void Sitzungsseite::setzeFuss(int hoehe, int oben, bool gestapelt)
+void Sitzungsseite::ordnerZeigen()
 {
-    m_fuss->setFixedHeight(hoehe);
-    m_fussoben = oben;
-    m_fussGestapelt = gestapelt;
-    fussEinpassen();
-    update();
+    if (!m_zustand->profilwahl()->aktiv())
+        return;
+    const Profil &profil = *m_zustand->profilwahl()->aktiv();
+    const QString ort = kurzpfad(profil.protokollURL().value_or(QString()));
+    const bool eigener = !profil.protokollOrdner.isEmpty();
+    QString text = Sprache::text(u"noch kein Zielordner"_s);
+    if (eigener)
+        text = Sprache::text(u"Eigener Ort gewählt"_s);
+    else if (!ort.isEmpty())
+        text = gefuellt(Sprache::text(u"Standard: %@"_s), {ort});
+    m_ort->setzeText(text);
+    m_pfad->setzeText(ort);
+    m_pfad->setVisible(eigener);
+    m_standard->setEnabled(eigener);
+    ordnerPruefen();
 }
 
-/** Narrower than their row, the buttons stand below each other as those beside do, else they drop their words. */
-void Sitzungsseite::fussEinpassen()
+void Sitzungsseite::ordnerPruefen()
 {
-    const int rand = Stil::seitenrand(width());
-    m_fussreihe->setContentsMargins(rand - abstand(9), m_fussoben, rand, 0);
-    int breite = 2 * rand;
-    for (Flachknopf *knopf : std::as_const(m_fussknoepfe)) {
-        knopf->setzeMitText(true);
-        breite += knopf->sizeHint().width() + abstand(10);
-    }
-    for (Flachknopf *knopf : std::as_const(m_fussknoepfe))
-        knopf->setzeMitText(breite <= width() || m_fussGestapelt);
-    const bool stapeln = breite > width() && m_fussGestapelt;
-    m_fussreihe->setDirection(stapeln ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    m_fussreihe->setSpacing(stapeln ? abstand(4) : abstand(10));
+    if (!m_zustand->profilwahl()->aktiv())
+        return;
+    m_frage.stellen([profil = *m_zustand->profilwahl()->aktiv()] { return protokollort(profil); },
+                    [this](const Ausgang<Protokollort> &ausgang) {
+                        m_warnung->setVisible(ausgang.wert == Protokollort::Unbrauchbar);
+                    });
 }
 
-void Sitzungsseite::resizeEvent(QResizeEvent *)
+void Sitzungsseite::ordnerWaehlen()
 {
-    const int rand = Stil::seitenrand(width());
-    auto *rollen = findChild<QScrollArea *>();
-    rollen->widget()->layout()->setContentsMargins(rand, abstand(12), rand, abstand(12));
-    fussEinpassen();
+    if (!m_zustand->profilwahl()->aktiv())
+        return;
+    const Profil &profil = *m_zustand->profilwahl()->aktiv();
+    const auto ordner = Ordnerwahl::ordnerWaehlen(Sprache::text(u"Ordner für die Sitzungsprotokolle wählen"_s),
+                                                  u"protokolle-"_s + profil.id.toString(QUuid::WithoutBraces),
+                                                  profil.protokollURL().value_or(QString()));
+    if (ordner)
+        setzeOrdner(*ordner);
 }
 
-void Sitzungsseite::paintEvent(QPaintEvent *)
+/** Saved at once; the state object reads the list of another folder by itself. */
+void Sitzungsseite::setzeOrdner(const QString &ordner)
 {
-    QPainter(this).fillRect(0, m_fuss->y(), width(), 1, Stil::linie(palette()));
+    if (!m_zustand->profilwahl()->aktiv())
+        return;
+    Profil profil = *m_zustand->profilwahl()->aktiv();
+    profil.protokollOrdner = ordner;
+    m_zustand->profilwahl()->setzeProfil(profil);
 }
 } // namespace quillmar::protokoll

@@ -1,86 +1,66 @@
 #pragma once
 
+#include "anfrage.h"
 #include "namensraeume.h"
 #include "sitzungsbilder.h"
 
 #include <QWidget>
 
-class QBoxLayout;
-class QLabel;
-class QVBoxLayout;
+class QToolButton;
 
 namespace quillmar::zustand
 {
-class Ausfuehrung;
-class Profilwahl;
-class Sitzungen;
+class Zustand;
 } // namespace quillmar::zustand
 
 namespace quillmar::bedienteile
 {
-class Flachknopf;
-class Umbruchtext;
+class Hinweisfeld;
+class Liste;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::protokoll
 {
-class Protokollordner;
-class Sitzungszeile;
+class Sitzungsmodell;
 
-/** Left side of the log card: the log folder, the running session, earlier sessions. */
+/** Left side of the log card: where the logs go, the running session, earlier sessions. */
 class Sitzungsseite : public QWidget
 {
     Q_OBJECT
 
 public:
-    Sitzungsseite(Profilwahl *profilwahl, Sitzungen *sitzungen, Ausfuehrung *ausfuehrung, QWidget *eltern = nullptr);
+    explicit Sitzungsseite(Zustand *zustand, QWidget *eltern = nullptr);
     /** Reads everything that is shown anew. */
     void auffrischen();
-    /** Gives the focus to the chosen session, else to the newest. */
+    /** Gives the focus to the shown session, else to the newest. */
     void zurAuswahl();
-    /** The area with the two buttons is as tall as the one on the other side; its buttons begin at @p oben, @p
-     * gestapelt below each other where there is no room beside. */
-    void setzeFuss(int hoehe, int oben, bool gestapelt);
-
-protected:
-    void paintEvent(QPaintEvent *ereignis) override;
-    void resizeEvent(QResizeEvent *ereignis) override;
 
 private:
-    QWidget *inhalt();
-    QWidget *fuss();
-    void laufendeBauen(QVBoxLayout *spalte);
-    void fruehereBauen(QVBoxLayout *spalte);
+    [[nodiscard]] QLayout *ordnerteil();
+    [[nodiscard]] QLayout *laufenderTeil();
+    Liste *listeBauen(const QString &name, const QString &ansage, Sitzungsmodell *modell);
+    void verbinden();
+    void ordnerZeigen();
+    void ordnerPruefen();
+    void ordnerWaehlen();
+    void setzeOrdner(const QString &ordner);
     void zeigen();
-    void laufendeZeigen();
-    void fruehereZeigen();
-    void zeilenZeigen(const QStringList &dateien, int anzahl);
-    void bilderLesen();
-    void bildZeigen(const QString &datei);
-    void auswahlZeigen();
-    void fussEinpassen();
-    Sitzungszeile *neueZeile(QVBoxLayout *spalte);
-    [[nodiscard]] QStringList fruehere() const;
-    [[nodiscard]] QList<Sitzungszeile *> alleZeilen() const;
+    void bilderAnsehen();
 
-    Profilwahl *m_profilwahl;
-    Sitzungen *m_sitzungen;
-    Ausfuehrung *m_ausfuehrung;
+    Zustand *m_zustand;
     Sitzungsbilder m_bilder;
-    Protokollordner *m_ordner = nullptr;
-    QWidget *m_nochNichts = nullptr;
-    Umbruchtext *m_mangel = nullptr; ///< why the running session's log is not there
-    QWidget *m_mangelZeile = nullptr;
-    Sitzungszeile *m_laufende = nullptr;
-    QLabel *m_anzahl = nullptr;
-    QVBoxLayout *m_liste = nullptr;
-    QList<Sitzungszeile *> m_zeilen;
-    Flachknopf *m_mehr = nullptr;
-    QWidget *m_fuss = nullptr;
-    QBoxLayout *m_fussreihe = nullptr;
-    QList<Flachknopf *> m_fussknoepfe;
-    int m_fussoben = 0;
-    bool m_fussGestapelt = false;
-    int m_gezeigte;
+    Textschild *m_ort;
+    Textschild *m_pfad;
+    Hinweisfeld *m_warnung;
+    QToolButton *m_standard;
+    Textschild *m_nochNichts;
+    Textschild *m_mangel; ///< why the running session's log is not there
+    Textschild *m_anzahl;
+    Sitzungsmodell *m_laufende;
+    Sitzungsmodell *m_fruehere;
+    Liste *m_laufendeListe;
+    Liste *m_fruehereListe;
+    Anfrage m_frage; ///< whether logs can be written there
 };
 } // namespace quillmar::protokoll

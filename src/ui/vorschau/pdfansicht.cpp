@@ -23,25 +23,16 @@ constexpr auto schluesselZoom = "vorschauZoom"_L1;
 /** How far a key scrolls; none for a key that does not. */
 std::optional<QScrollBar::SliderAction> rollschritt(const QKeyEvent *ereignis)
 {
-    switch (ereignis->key()) {
-    case Qt::Key_PageUp:
+    static const QHash<int, QScrollBar::SliderAction> schritte = {
+        {Qt::Key_PageUp, QScrollBar::SliderPageStepSub}, {Qt::Key_PageDown, QScrollBar::SliderPageStepAdd},
+        {Qt::Key_Home, QScrollBar::SliderToMinimum},     {Qt::Key_End, QScrollBar::SliderToMaximum},
+        {Qt::Key_Up, QScrollBar::SliderSingleStepSub},   {Qt::Key_Down, QScrollBar::SliderSingleStepAdd},
+        {Qt::Key_Space, QScrollBar::SliderPageStepAdd},
+    };
+    if (ereignis->key() == Qt::Key_Space && ereignis->modifiers() & Qt::ShiftModifier)
         return QScrollBar::SliderPageStepSub;
-    case Qt::Key_PageDown:
-        return QScrollBar::SliderPageStepAdd;
-    case Qt::Key_Home:
-        return QScrollBar::SliderToMinimum;
-    case Qt::Key_End:
-        return QScrollBar::SliderToMaximum;
-    case Qt::Key_Up:
-        return QScrollBar::SliderSingleStepSub;
-    case Qt::Key_Down:
-        return QScrollBar::SliderSingleStepAdd;
-    case Qt::Key_Space:
-        return ereignis->modifiers() & Qt::ShiftModifier ? QScrollBar::SliderPageStepSub
-                                                         : QScrollBar::SliderPageStepAdd;
-    default:
-        return std::nullopt;
-    }
+    const auto schritt = schritte.constFind(ereignis->key());
+    return schritt == schritte.constEnd() ? std::nullopt : std::optional(*schritt);
 }
 
 void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)

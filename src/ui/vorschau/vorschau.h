@@ -6,12 +6,12 @@
 
 class QLabel;
 class QStackedLayout;
+class QToolButton;
 
 namespace quillmar::bedienteile
 {
-class Elidiertext;
-class Flachknopf;
 class Leeransicht;
+class Textschild;
 } // namespace quillmar::bedienteile
 
 namespace quillmar::vorschau
@@ -31,13 +31,10 @@ public:
 
     /** Shows the document @p pfad (empty: there is none) and ends the look at another one. The same again: nothing. */
     void zeigen(const QString &pfad);
-
     /** Has @p pfad read and its first page drawn, so that zeigen() shows it within a frame. Empty: nothing. */
     void vorausladen(const QString &pfad);
-
     /** The first page of @p pfad is drawn, or it is known why it cannot be. */
     [[nodiscard]] bool istBereit(const QString &pfad) const;
-
     /** The document on show, once it has been painted; empty until then. */
     [[nodiscard]] const QString &gesehen() const { return m_gesehen; }
 
@@ -51,37 +48,24 @@ public:
 Q_SIGNALS:
     /** "Zurück zum Dokument" was pressed; the document is back already. */
     void zurueckZumDokument();
-
     /** The first page of @p pfad, or the sentence in its place, has been painted; once per showing. */
     void seiteSichtbar(const QString &pfad);
 
-protected:
-    void changeEvent(QEvent *ereignis) override;
-    void resizeEvent(QResizeEvent *ereignis) override;
-
 private:
-    [[nodiscard]] QList<Flachknopf *> zoomknoepfe() const;
-    void zeileAufbauen();
-    void partnerAufbauen();
+    [[nodiscard]] QWidget *zeile();
     void verbinden();
-    void beschriften();
-    void setzeReihenfarbe();
-    void platzVerteilen();
-    void anzeigen(const QString &pfad);
+    void nachgeben(int stufe);
+    void setzePartner(const QString &pfad, const QString &name);
     void befundZeigen();
     void standZeigen();
 
     PDFAnsicht *m_ansicht;
     Leeransicht *m_leer;
-    QWidget *m_zeile;
-    Flachknopf *m_kleiner;
-    Flachknopf *m_groesser;
-    Flachknopf *m_breite;
-    Flachknopf *m_ganzeSeite;
-    QWidget *m_partner;
-    Elidiertext *m_partnerName;
-    Flachknopf *m_zurueck;
+    QList<QToolButton *> m_zoom; ///< smaller, larger, fit width, whole page
+    QToolButton *m_zurueck;
+    Textschild *m_partnerName;
     QLabel *m_seiten;
+    QWidget *m_zeile;
     QStackedLayout *m_stapel;
     QString m_pfad;
     QString m_partnerPfad;

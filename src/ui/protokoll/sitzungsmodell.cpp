@@ -1,0 +1,95 @@
+#include "sitzungsmodell.h"
+
+#include "liste.h"
+#include "pfade.h"
+#include "sitzungen.h"
+#include "sitzungsbilder.h"
+#include "sprache.h"
+#include "text.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::protokoll
+{
+Sitzungsmodell::Sitzungsmodell(Sitzungen *sitzungen, Sitzungsbilder *bilder, bool laufend, QObject *vater)
+    : QAbstractListModel(vater), m_sitzungen(sitzungen), m_bilder(bilder), m_laufend(laufend)
+{
+    // What is found out about one may tell another one apart from it.
+    const auto neuZeigen = [this] {
+        if (!m_dateien.isEmpty())
+            Q_EMIT dataChanged(index(0), index(int(m_dateien.size()) - 1));
+    };
+    connect(m_bilder, &Sitzungsbilder::gelesen, this, neuZeigen);
+    connect(m_sitzungen, &Sitzungen::protokollGeaendert, this, neuZeigen);
+}
+
+void Sitzungsmodell::setzen(const QStringList &dateien)
+{
+    if (dateien == m_dateien)
+        return;
+    beginResetModel();
+    m_dateien = dateien;
+    endResetModel();
+}
+
+int Sitzungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.isValid() ? 0 : int(m_dateien.size()); }
+
+/** When it was; before that is known, and for what has no header, the file's name. */
+QString Sitzungsmodell::titel(const QString &datei) const
+{
+    const auto bild = m_bilder->bild(datei);
+    if (!bild || !bild->beginn.isValid())
+        return nameVon(datei);
+    return QLocale().toString(bild->beginn, m_bilder->teiltMinute(*bild) ? Sprache::text(u"d. MMMM yyyy, HH:mm:ss"_s)
+                                                                         : Sprache::text(u"d. MMMM yyyy, HH:mm"_s));
+}
+
+QString Sitzungsmodell::inhalt(const QString &datei) const
+{
+    const auto bild = m_bilder->bild(datei);
+    if (!bild)
+        return u""_s;
+    const QString anzahl = gefuellt(Sprache::text(bild->bewegungen, u"%@ Bewegung"_s, u"%@ Bewegungen"_s),
+                                    {QLocale().toString(bild->bewegungen)});
+    if (bild->bewegungen > 0 && bild->zurueckgedreht)
+        return gefuellt(Sprache::text(u"%@, zurückgedreht"_s), {anzahl});
+    if (m_laufend && bild->zuletzt.isValid())
+        return gefuellt(Sprache::text(u"%@, zuletzt um %@"_s),
+                        {anzahl, QLocale().toString(bild->zuletzt.time(), u"HH:mm"_s)});
+    return anzahl;
+}
+
+QVariant Sitzungsmodell::data(const QModelIndex &index, int rolle) const
+{
+    if (!index.isValid())
+        return {};
+    const QString &datei = m_dateien.at(index.row());
+    const bool gewaehlt = m_sitzungen->protokollDatei() == datei;
+    switch (rolle) {
+    case Qt::DisplayRole:
+        return titel(datei);
+    case ZweiteZeile:
+        return inhalt(datei);
+    case Wort:
+        return Sprache::text(u"Ansehen"_s);
+    case Marke:
+        return int(gewaehlt ? Symbol::Gewaehlt : Symbol::Offen);
+    case Gewaehlt:
+        return gewaehlt;
+    case bedienteile::Kennung:
+        return datei;
+    case Zeilentat:
+        return int(Symbol::Aufschlagen);
+    case Qt::ToolTipRole:
+        return QVariant(nameVon(datei) + u'\n' + Sprache::text(u"Zeigt den Inhalt dieser Datei rechts an"_s));
+    case Qt::AccessibleTextRole:
+        return QVariant(gefuellt(Sprache::text(u"Sitzung: %@"_s), {titel(datei)}) + u", "_s + inhalt(datei));
+    case Qt::AccessibleDescriptionRole:
+        return Sprache::text(u"Zeigt diese Sitzung rechts an, damit du vor dem Zurückdrehen siehst, was darin steht"_s);
+    default:
+        return {};
+    }
+}
+} // namespace quillmar::protokoll
