@@ -85,13 +85,24 @@ Nachgeben::Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwe
     traeger->installEventFilter(this);
 }
 
+/** Rows within rows remember what they asked for, and hear of nothing. */
+static void vergessen(QLayout *layout)
+{
+    for (int n = 0; n < layout->count(); ++n) {
+        layout->itemAt(n)->invalidate();
+        if (QLayout *innen = layout->itemAt(n)->layout())
+            vergessen(innen);
+    }
+    layout->invalidate();
+}
+
 void Nachgeben::pruefen()
 {
     if (std::exchange(m_dabei, true))
         return;
     for (m_stufe = 0;; ++m_stufe) {
         m_anwenden(m_stufe);
-        m_traeger->layout()->invalidate();
+        vergessen(m_traeger->layout());
         if (m_stufe == m_letzte || m_passt())
             break;
     }
