@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
-using Stil::abstand;
+using Stil::mass;
 
 namespace
 {
@@ -43,7 +43,7 @@ protected:
         if (art != QTextDocument::ImageResource)
             return geladen;
         const QImage bild = QImage::fromData(geladen.toByteArray());
-        const int breite = abstand(bildbreite);
+        const int breite = mass(bildbreite);
         return bild.width() > breite ? bild.scaledToWidth(breite, Qt::SmoothTransformation) : bild;
     }
 };
@@ -68,11 +68,11 @@ Handbuchfenster::Handbuchfenster(QWidget *eltern) : QWidget(eltern, Qt::Window),
     m_text->setOpenLinks(false);
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->setSearchPaths({handbuchordner()});
-    m_text->document()->setDocumentMargin(abstand(24));
+    m_text->document()->setDocumentMargin(mass(24));
     connect(m_text, &QTextBrowser::anchorClicked, this, &Handbuchfenster::verweisFolgen);
     auto *zu = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     connect(zu, &QShortcut::activated, this, &QWidget::close);
-    resize(abstand(860), abstand(760));
+    resize(mass(860), mass(760));
 }
 
 void Handbuchfenster::zeigen(const QString &kapitel)

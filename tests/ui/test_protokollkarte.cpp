@@ -11,7 +11,7 @@
 #include "programmordner.h"
 #include "protokollbuch.h"
 #include "pruefung.h"
-#include "rueckfrage.h"
+#include "hinweisfeld.h"
 #include "sitzungen.h"
 #include "sitzungsmodell.h"
 #include "sprache.h"

@@ -106,8 +106,8 @@ private Q_SLOTS:
         QLabel neben(&fenster);
         fenster.show();
         Stil::setzeSchriftgroesse(10);
-        Stil::schriftFolgt(&titel, Stil::Schrift::Abschnitt);
-        Stil::nebentext(&neben);
+        Stil::ankleiden(&titel, Stil::Schrift::Abschnitt);
+        Stil::ankleiden(&neben, Stil::Schrift::Neben);
         QCOMPARE(titel.font().pointSizeF(), 11.8);
         QCOMPARE(Stil::zeichengroesse(), 16);
 
@@ -126,7 +126,7 @@ private Q_SLOTS:
     {
         QWidget fenster;
         QLabel neben(&fenster);
-        Stil::nebentext(&neben);
+        Stil::ankleiden(&neben, Stil::Schrift::Neben);
         const QPalette dunkel =
             palette({u"#232629"_s, u"#eff0f1"_s, u"#1b1e20"_s, u"#2f78b7"_s, u"#ffffff"_s, u"#1d4f80"_s});
         for (int i = 0; i < 3; ++i) {
@@ -182,7 +182,7 @@ private Q_SLOTS:
     {
         QWidget fenster;
         QLabel schild(&fenster);
-        Stil::nebentext(&schild);
+        Stil::ankleiden(&schild, Stil::Schrift::Neben);
         fenster.setEnabled(false);
         QPalette dunkel = QApplication::palette();
         dunkel.setColor(QPalette::All, QPalette::Window, QColor(40, 44, 52));

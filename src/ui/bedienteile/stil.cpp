@@ -57,12 +57,13 @@ Abwandlung abwandlung(Stil::Schrift art)
     return {1, QFont::Normal};
 }
 
-// The palette that a widget would have if none were set on it.
-QPalette vorgabePalette(const QWidget *widget)
-{
-    return widget->parentWidget() ? widget->parentWidget()->palette() : QApplication::palette();
-}
+QColor rolle(const QPalette &palette, QPalette::ColorRole rolle) { return palette.color(QPalette::Active, rolle); }
 
+/** @p anteil of @p farbe on the window's ground. */
+QColor aufFenster(const QColor &farbe, const QPalette &palette, double anteil)
+{
+    return Farbrechnung::mischung(farbe, rolle(palette, QPalette::Window), anteil);
+}
 } // namespace
 
 QFont Stil::schrift(Schrift art)
@@ -97,125 +98,72 @@ int Stil::abstand(Abstand abstand)
     return abstand == Abstand::Rand ? std::min(gewachsen, groessterRand) : gewachsen;
 }
 
-int Stil::seitenrand(int breite) { return std::min(abstand(20), std::max(12, breite / 36)); }
-
 bool Stil::istSchmal(int breite)
 {
     constexpr int zeichen = 42;
     return breite < zeichen * QFontMetrics(schrift(Schrift::Grund)).averageCharWidth();
 }
 
-int Stil::zeichengroesse() { return abstand(16); }
+int Stil::zeichengroesse() { return mass(16); }
 
 bool Stil::istDunkel(const QPalette &palette)
 {
-    return palette.color(QPalette::Active, QPalette::WindowText).lightness() >
-           palette.color(QPalette::Active, QPalette::Window).lightness();
-}
-
-QColor Stil::nebenfarbe(const QPalette &palette)
-{
-    return nebenfarbe(palette, palette.color(QPalette::Active, QPalette::Window));
+    return rolle(palette, QPalette::WindowText).lightness() > rolle(palette, QPalette::Window).lightness();
 }
 
 QColor Stil::nebenfarbe(const QPalette &palette, const QColor &grund)
 {
-    return Farbrechnung::gedaempft(palette.color(QPalette::Active, QPalette::WindowText), grund);
+    return Farbrechnung::gedaempft(rolle(palette, QPalette::WindowText),
+                                   grund.isValid() ? grund : rolle(palette, QPalette::Window));
 }
 
-QColor Stil::akzent(const QPalette &palette) { return palette.color(QPalette::Active, QPalette::Highlight); }
+QColor Stil::akzent(const QPalette &palette) { return rolle(palette, QPalette::Highlight); }
 
 QColor Stil::aufAkzent(const QPalette &palette)
 {
-    return Farbrechnung::textAuf(akzent(palette), palette.color(QPalette::Active, QPalette::HighlightedText));
+    return Farbrechnung::textAuf(akzent(palette), rolle(palette, QPalette::HighlightedText));
 }
 
 QColor Stil::akzentmarke(const QPalette &palette)
 {
-    return Farbrechnung::mitKontrast(akzent(palette), palette.color(QPalette::Active, QPalette::Window), 3);
+    return Farbrechnung::mitKontrast(akzent(palette), rolle(palette, QPalette::Window), 3);
 }
 
 QColor Stil::verweis(const QPalette &palette)
 {
-    return Farbrechnung::mitKontrast(palette.color(QPalette::Active, QPalette::Link),
-                                     palette.color(QPalette::Active, QPalette::Window), 4.5);
-}
-
-QColor Stil::farbe(Bedeutung bedeutung, const QPalette &palette)
-{
-    const bool dunkel = istDunkel(palette);
-    switch (bedeutung) {
-    case Bedeutung::Warnung:
-        return QColor::fromRgb(dunkel ? 0xe3b341 : 0x8a5c00);
-    case Bedeutung::Gut:
-        return QColor::fromRgb(dunkel ? 0x63bb66 : 0x186f30);
-    case Bedeutung::Fehler:
-        break;
-    }
-    return QColor::fromRgb(dunkel ? 0xf47067 : 0xb42318);
-}
-
-QColor Stil::toenung(const QColor &farbe, const QPalette &palette)
-{
-    return Farbrechnung::mischung(farbe, palette.color(QPalette::Active, QPalette::Window), 0.1);
-}
-
-QColor Stil::auswahlgrund(const QPalette &palette)
-{
-    return Farbrechnung::mischung(akzent(palette), palette.color(QPalette::Active, QPalette::Window),
-                                  istDunkel(palette) ? 0.3 : 0.16);
-}
-
-QColor Stil::linie(const QPalette &palette)
-{
-    return Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::WindowText),
-                                  palette.color(QPalette::Active, QPalette::Window), 0.18);
-}
-
-QColor Stil::rille(const QPalette &palette)
-{
-    return Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::WindowText),
-                                  palette.color(QPalette::Active, QPalette::Window), 0.14);
-}
-
-QColor Stil::griff(const QPalette &palette)
-{
-    const QColor grund = palette.color(QPalette::Active, QPalette::Window);
-    return Farbrechnung::mitKontrast(
-        Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::WindowText), grund, 0.5), grund, 3);
-}
-
-QColor Stil::unterlage(const QPalette &palette)
-{
-    return Farbrechnung::mischung(Qt::black, palette.color(QPalette::Active, QPalette::Window),
-                                  istDunkel(palette) ? 0.25 : 0.1);
+    return Farbrechnung::mitKontrast(rolle(palette, QPalette::Link), rolle(palette, QPalette::Window), 4.5);
 }
 
 QColor Stil::platzhalter(const QPalette &palette)
 {
-    const QColor grund = palette.color(QPalette::Active, QPalette::Base);
-    return Farbrechnung::mitKontrast(
-        Farbrechnung::mischung(palette.color(QPalette::Active, QPalette::Text), grund, 0.55), grund, 4.5);
+    const QColor grund = rolle(palette, QPalette::Base);
+    return Farbrechnung::mitKontrast(Farbrechnung::mischung(rolle(palette, QPalette::Text), grund, 0.55), grund, 4.5);
 }
 
-void Stil::setzeTextfarbe(QWidget *schild, const QColor &farbe)
+QColor Stil::farbe(Bedeutung bedeutung, const QPalette &palette)
 {
-    // Nothing but this one role is set, so that all others go on following the desktop.
-    QPalette palette;
-    palette.setColor(QPalette::Active, QPalette::WindowText, farbe);
-    palette.setColor(QPalette::Inactive, QPalette::WindowText, farbe);
-    schild->setPalette(palette);
+    constexpr QRgb farben[3][2] = {{0x8a5c00, 0xe3b341}, {0x186f30, 0x63bb66}, {0xb42318, 0xf47067}}; // light, dark
+    return QColor::fromRgb(farben[int(bedeutung)][istDunkel(palette) ? 1 : 0]);
 }
 
-void Stil::schriftFolgt(QWidget *schild, Schrift art) { ankleiden(schild, art); }
-void Stil::nebentext(QWidget *schild) { ankleiden(schild, Schrift::Neben); }
+QColor Stil::toenung(const QColor &farbe, const QPalette &palette) { return aufFenster(farbe, palette, 0.1); }
 
-void Stil::platzhalterFolgt(QWidget *feld)
+QColor Stil::auswahlgrund(const QPalette &palette)
 {
-    folgen(feld, [feld] {
-        QPalette palette;
-        palette.setColor(QPalette::PlaceholderText, platzhalter(vorgabePalette(feld)));
-        feld->setPalette(palette);
-    });
+    return aufFenster(akzent(palette), palette, istDunkel(palette) ? 0.3 : 0.16);
+}
+
+QColor Stil::linie(const QPalette &palette) { return aufFenster(rolle(palette, QPalette::WindowText), palette, 0.18); }
+QColor Stil::rille(const QPalette &palette) { return aufFenster(rolle(palette, QPalette::WindowText), palette, 0.14); }
+
+QColor Stil::griff(const QPalette &palette)
+{
+    return Farbrechnung::mitKontrast(aufFenster(rolle(palette, QPalette::WindowText), palette, 0.5),
+                                     rolle(palette, QPalette::Window), 3);
+}
+
+QColor Stil::unterlage(const QPalette &palette)
+{
+    return aufFenster(Qt::black, palette, istDunkel(palette) ? 0.25 : 0.1);
 }
 } // namespace quillmar::bedienteile

@@ -26,9 +26,13 @@ enum class Schrift { Grund, Neben, Beschriftung, Verweis, Warnung, Halbfett, Abs
 [[nodiscard]] QFont schrift(Schrift art);
 
 /** From now on @p schild has font and colour of @p art, whatever becomes of font, palette and style; returns it. */
-template <class Schild>
-Schild *kleiden(Schild *schild, Schrift art);
 void ankleiden(QWidget *schild, Schrift art);
+template <class Schild>
+Schild *kleiden(Schild *schild, Schrift art)
+{
+    ankleiden(schild, art);
+    return schild;
+}
 
 /** Base font size in points, between these bounds. Setting it changes every widget of the running program. */
 constexpr double kleinsteSchrift = 9;
@@ -43,10 +47,6 @@ enum class Abstand { Keiner = 0, Eng = 4, Nah = 8, Feld = 12, Gruppe = 16, Rand 
 
 /** @p pixel of a drawing made for 10 pt at 96 dpi, grown with the base font; at least 1 for every positive length. */
 [[nodiscard]] int mass(double pixel);
-[[nodiscard]] inline int abstand(double pixel) { return mass(pixel); }
-
-/** Distance of a pane's content from its edge: 20, less where a pane of @p breite is narrow for the font. */
-[[nodiscard]] int seitenrand(int breite);
 
 /** A pane of @p breite holds so few characters that what stands side by side has to go below each other. */
 [[nodiscard]] bool istSchmal(int breite);
@@ -56,58 +56,28 @@ enum class Abstand { Keiner = 0, Eng = 4, Nah = 8, Feld = 12, Gruppe = 16, Rand 
 
 /** The window is light text on a dark ground. */
 [[nodiscard]] bool istDunkel(const QPalette &palette);
-
 /** Secondary text on @p grund, by default the window's. */
-[[nodiscard]] QColor nebenfarbe(const QPalette &palette);
-[[nodiscard]] QColor nebenfarbe(const QPalette &palette, const QColor &grund);
-
-/** The accent as a surface, and text upon it. */
+[[nodiscard]] QColor nebenfarbe(const QPalette &palette, const QColor &grund = {});
+/** The accent as a surface, text upon it, and as a mark, bar, rule or line on the window's ground: 3 to 1. */
 [[nodiscard]] QColor akzent(const QPalette &palette);
 [[nodiscard]] QColor aufAkzent(const QPalette &palette);
-
-/** The accent as a mark, bar, rule or line on the window's ground: 3 to 1. */
 [[nodiscard]] QColor akzentmarke(const QPalette &palette);
-
-/** Links and the target path. */
+/** Links and the target path; text that stands in an empty field. */
 [[nodiscard]] QColor verweis(const QPalette &palette);
-
+[[nodiscard]] QColor platzhalter(const QPalette &palette);
 /** The three meanings. */
 enum class Bedeutung { Warnung, Gut, Fehler };
 [[nodiscard]] QColor farbe(Bedeutung bedeutung, const QPalette &palette);
-
-/** A ground tinted with 10 % of @p farbe. */
+/** A ground tinted with 10 % of @p farbe; that of a selected row, of which the text is read all the same. */
 [[nodiscard]] QColor toenung(const QColor &farbe, const QPalette &palette);
-
-/** Ground of a selected row: what stands on it is still read in the text colour. */
 [[nodiscard]] QColor auswahlgrund(const QPalette &palette);
-
-/** Line between two areas; groove of a bar; the divider's grip. */
+/** Line between two areas; groove of a bar; the divider's grip; ground of what lies under the pages of a document. */
 [[nodiscard]] QColor linie(const QPalette &palette);
 [[nodiscard]] QColor rille(const QPalette &palette);
 [[nodiscard]] QColor griff(const QPalette &palette);
-
-/** Ground of what lies under the pages of a document. */
 [[nodiscard]] QColor unterlage(const QPalette &palette);
-
-/** Text that stands in an empty field. */
-[[nodiscard]] QColor platzhalter(const QPalette &palette);
-
-/** Colours the text of @p schild, to be called from folgen(). Compute @p farbe from another palette than its own. */
-void setzeTextfarbe(QWidget *schild, const QColor &farbe);
 
 /** Calls @p anwenden now and after every change of the application's font or palette, as long as @p traeger lives. */
 void folgen(QWidget *traeger, std::function<void()> anwenden);
-
-/** From now on: @p schild has the font @p art; secondary text size and colour; @p feld has a readable placeholder. */
-void schriftFolgt(QWidget *schild, Schrift art);
-void nebentext(QWidget *schild);
-void platzhalterFolgt(QWidget *feld);
-
-template <class Schild>
-Schild *kleiden(Schild *schild, Schrift art)
-{
-    ankleiden(schild, art);
-    return schild;
-}
 } // namespace Stil
 } // namespace quillmar::bedienteile

@@ -324,7 +324,6 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Text &art)
         return mangel(text).isEmpty() ? std::optional(text.trimmed()) : std::nullopt;
     });
     eingabe->setPlaceholderText(art.platzhalter);
-    Stil::platzhalterFolgt(eingabe);
     if (!art.mangel)
         return {.feld = eingabe};
     return {.feld = eingabe, .befund = [eingabe, mangel, regel = z.befund](const Einrichtungslage &lage) {

@@ -44,7 +44,7 @@ void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)
 
 void fokusMalen(QPainter &maler, const QWidget *flaeche)
 {
-    const int staerke = Stil::abstand(2);
+    const int staerke = Stil::mass(2);
     const double halb = staerke / 2.0;
     maler.setPen(QPen(Stil::akzentmarke(flaeche->palette()), staerke, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     maler.drawRect(QRectF(flaeche->rect()).adjusted(halb, halb, -halb, -halb));
@@ -174,7 +174,7 @@ void PDFAnsicht::setzeLeisten()
 {
     const auto setzen = [](QScrollBar *leiste, int gesamt, int flaeche, int seite) {
         leiste->setPageStep(seite);
-        leiste->setSingleStep(Stil::abstand(48));
+        leiste->setSingleStep(Stil::mass(48));
         leiste->setRange(0, std::max(0, gesamt - flaeche));
     };
     const QSize flaeche = viewport()->size();
@@ -212,7 +212,7 @@ void PDFAnsicht::ersteSeiteBestellen(const QString &pfad)
 Seitenraum PDFAnsicht::raum() const
 {
     // As much between two pages as around them: where a whole page is shown, nothing of the next one is.
-    const int rand = Stil::abstand(16);
+    const int rand = Stil::mass(16);
     return {viewport()->size(), rand, rand, logicalDpiX() / punkteJeZoll};
 }
 
