@@ -1,12 +1,12 @@
 #include "protokollansicht.h"
 
+#include "anordnung.h"
 #include "ausfuehrung.h"
 #include "bau.h"
 #include "bewegungsmodell.h"
 #include "dateiverwaltung.h"
 #include "leeransicht.h"
 #include "liste.h"
-#include "nachgeben.h"
 #include "profilwahl.h"
 #include "protokollkarte.h"
 #include "rueckbaufeld.h"

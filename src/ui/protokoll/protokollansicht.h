@@ -1,24 +1,8 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QWidget>
-
-class QStackedLayout;
-class QStackedWidget;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Leeransicht;
-class Liste;
-class Teiler;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::protokoll
 {

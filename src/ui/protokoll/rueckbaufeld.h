@@ -1,26 +1,11 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 #include "zeichen.h"
 
 #include <QWidget>
 
-class QLabel;
 class QPlainTextEdit;
-class QProgressBar;
-class QPushButton;
-class QStackedWidget;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Rueckfrage;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::protokoll
 {

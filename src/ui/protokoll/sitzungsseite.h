@@ -1,24 +1,10 @@
 #pragma once
 
 #include "anfrage.h"
-#include "namensraeume.h"
 #include "sitzungsbilder.h"
+#include "teile.h"
 
 #include <QWidget>
-
-class QToolButton;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Hinweisfeld;
-class Liste;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::protokoll
 {

@@ -1,8 +1,8 @@
 #include "vorschau.h"
 
+#include "anordnung.h"
 #include "bau.h"
 #include "leeransicht.h"
-#include "nachgeben.h"
 #include "pdfansicht.h"
 #include "sprache.h"
 #include "text.h"

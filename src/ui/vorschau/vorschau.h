@@ -1,18 +1,8 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 #include <QWidget>
-
-class QLabel;
-class QStackedLayout;
-class QToolButton;
-
-namespace quillmar::bedienteile
-{
-class Leeransicht;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::vorschau
 {
