@@ -7,15 +7,14 @@
 #include "dateiverwaltung.h"
 #include "leeransicht.h"
 #include "liste.h"
-#include "pfade.h"
 #include "profilwahl.h"
+#include "protokollkarte.h"
 #include "rueckbaufeld.h"
 #include "sitzungen.h"
 #include "sitzungsseite.h"
 #include "sprache.h"
 #include "tastentakt.h"
 #include "teiler.h"
-#include "text.h"
 #include "textschild.h"
 #include "zustand.h"
 
@@ -30,22 +29,6 @@ namespace quillmar::protokoll
 {
 using Stil::Abstand;
 using Stil::Schrift;
-
-namespace
-{
-/** The conditions of a session: what each is called, and its value. */
-QList<std::pair<QString, QString>> bedingungen(const Protokollkopf &k)
-{
-    return {
-        {Sprache::text(u"Profil"_s), k.profil},
-        {Sprache::text(u"Rechner"_s), k.rechner},
-        {Sprache::text(u"Herkunft"_s), kurzpfad(k.quelle)},
-        {Sprache::text(u"Ziel"_s), kurzpfad(k.ziel)},
-        {Sprache::text(u"Betriebsart"_s), k.kopieren ? Sprache::text(u"Kopieren"_s) : Sprache::text(u"Verschieben"_s)},
-        {Sprache::text(u"Namensmuster"_s), k.namensVorlage},
-        {Sprache::text(u"Pfadmuster"_s), k.pfadVorlage}};
-}
-} // namespace
 
 ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_sitzungen(new Sitzungsseite(zustand)),
@@ -141,7 +124,7 @@ void ProtokollAnsicht::verbinden()
             m_modell->setzeBilanz(m_zustand->sitzungen()->rueckbauBilanz());
     });
     connect(sitzungen, &Sitzungen::protokollDateienGeaendert, this, [this] {
-        m_titel->setzeText(titel());
+        m_titel->setzeText(sitzungstitel(*m_zustand->sitzungen()));
         m_modell->veralten();
     });
     // Whatever was done, files may lie elsewhere now.
@@ -180,50 +163,26 @@ void ProtokollAnsicht::setzeAnteil()
     m_rueckbau->setzeAnteil(m_zustand->teilung());
 }
 
-/** A log that does not lie in the folder of this profile is called by its file. */
-QString ProtokollAnsicht::titel() const
-{
-    const QString datei = m_zustand->sitzungen()->protokollDatei().value_or(QString());
-    const bool laufend = m_zustand->sitzungen()->laufendeDatei() == datei;
-    if (datei.isEmpty() || laufend || m_zustand->sitzungen()->protokollDateien().contains(datei))
-        return Sprache::text(u"Sitzung"_s);
-    return gefuellt(Sprache::text(u"Sitzung aus %@"_s), {nameVon(datei)});
-}
-
-QString ProtokollAnsicht::anzahl() const
-{
-    const qsizetype zeilen = m_zustand->sitzungen()->protokollZeilen().size();
-    if (m_zustand->sitzungen()->protokollLaedt())
-        return Sprache::text(u"Wird gelesen …"_s);
-    if (zeilen == 0)
-        return Sprache::text(u"In dieser Datei steht keine lesbare Bewegung."_s);
-    return gefuellt(Sprache::text(zeilen, u"%@ Eintrag."_s, u"%@ Einträge, älteste zuerst."_s),
-                    {QString::number(zeilen)});
-}
-
 void ProtokollAnsicht::sitzungZeigen()
 {
     const Sitzungen *sitzungen = m_zustand->sitzungen();
     const Protokollkopf kopf = sitzungen->protokollKopf().value_or(Protokollkopf{});
     m_rechts->setCurrentIndex(sitzungen->protokollDatei() ? 1 : 0);
-    m_titel->setzeText(titel());
+    m_titel->setzeText(sitzungstitel(*m_zustand->sitzungen()));
     m_titel->setzeHilfe(sitzungen->protokollDatei().value_or(QString()));
-    m_anzahl->setzeText(anzahl());
+    m_anzahl->setzeText(bewegungsanzahl(*sitzungen));
     kopfZeigen();
     m_modell->setzen(sitzungen->protokollZeilen(), kopf.quelle, kopf.ziel);
 }
 
-/** Without a header every condition is unknown. */
 void ProtokollAnsicht::kopfZeigen()
 {
-    const auto &kopf = m_zustand->sitzungen()->protokollKopf();
-    const auto zeilen = bedingungen(kopf.value_or(Protokollkopf{}));
+    const auto zeilen = bedingungen(m_zustand->sitzungen()->protokollKopf());
     QStringList teile;
     for (int n = 0; n < zeilen.size(); ++n) {
         const auto &[name, wert] = zeilen.at(n);
-        const bool da = kopf && !wert.isEmpty();
-        m_kopfwerte.at(n)->setzeText(da ? wert : u"–"_s);
-        if (da)
+        m_kopfwerte.at(n)->setzeText(wert.isEmpty() ? u"–"_s : wert);
+        if (!wert.isEmpty())
             teile << name + u": "_s + wert;
     }
     m_kurzkopf->setzeText(teile.join(u" · "_s));

@@ -32,8 +32,6 @@ private:
     void kopfZeigen();
     void setzeAnteil();
     void setzeDicht(bool dicht);
-    [[nodiscard]] QString anzahl() const;
-    [[nodiscard]] QString titel() const;
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;

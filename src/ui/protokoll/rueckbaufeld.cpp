@@ -6,12 +6,11 @@
 #include "hinweisfeld.h"
 #include "meldestelle.h"
 #include "meldungszeile.h"
-#include "pfade.h"
 #include "profilwahl.h"
+#include "protokollkarte.h"
 #include "pruefung.h"
 #include "sitzungen.h"
 #include "sprache.h"
-#include "text.h"
 #include "textschild.h"
 #include "zustand.h"
 
@@ -33,41 +32,6 @@ using Stil::Schrift;
 namespace
 {
 constexpr int fehlerzeilen = 4;
-
-/** A line for each movement that could not be turned back, in the order of the attempts. */
-QString fehlerzeilenVon(const Sitzungen &sitzungen)
-{
-    QStringList zeilen;
-    for (const Rueckbaubefund &befund : sitzungen.rueckbauBilanz().fehler) {
-        const QString name = nameVon(sitzungen.protokollZeilen().value(befund.stelle).nach);
-        zeilen << (name.isEmpty() ? befund.grund : name + u": "_s + befund.grund);
-    }
-    return zeilen.join(u'\n');
-}
-
-QString erklaerung(const std::optional<Protokollkopf> &kopf)
-{
-    const QString satz =
-        Sprache::text(u"Dreht alle Bewegungen der gewählten Sitzung um, jüngste zuerst. Verschobene Dateien gehen an "
-                      "ihren alten Platz zurück, Kopien wandern in den Papierkorb."_s);
-    if (!kopf || !kopf->kopieren)
-        return satz;
-    return satz + u' ' +
-           Sprache::text(u"Rückgängig machen legt in dieser Betriebsart die Kopie in den Papierkorb, das Original "
-                         "bleibt ohnehin unangetastet."_s);
-}
-
-/** Between which folders a log moves files that is not one of the active profile. */
-QString woher(const Zustand &zustand)
-{
-    const auto &aktiv = zustand.profilwahl()->aktiv();
-    const auto &kopf = zustand.sitzungen()->protokollKopf();
-    if (!aktiv || (kopf && kopf->quelle == aktiv->quelle && kopf->ziel == aktiv->zielWurzel))
-        return {};
-    return gefuellt(Sprache::text(u"Dieses Protokoll kommt von woanders. Es bewegt Dateien von %@ nach %@."_s),
-                    {kopf ? kopf->ziel : aktiv->zielWurzel, kopf ? kopf->quelle : aktiv->quelle}) +
-           u' ';
-}
 
 QPlainTextEdit *fehlerfeld()
 {
@@ -212,11 +176,10 @@ void Rueckbaufeld::setzeAnteil(double anteil)
 
 void Rueckbaufeld::fragen()
 {
-    const qsizetype anzahl = m_zustand->sitzungen()->protokollZeilen().size();
+    const Sitzungen *sitzungen = m_zustand->sitzungen();
     setzeSeite(Frage);
-    m_frage->fragen(woher(*m_zustand) + gefuellt(Sprache::text(anzahl, u"%@ Bewegung wird zurückgedreht. Sicher?"_s,
-                                                               u"%@ Bewegungen werden zurückgedreht. Sicher?"_s),
-                                                 {QString::number(anzahl)}));
+    m_frage->fragen(rueckbaufrage(m_zustand->profilwahl()->aktiv(), sitzungen->protokollKopf(),
+                                  sitzungen->protokollZeilen().size()));
 }
 
 void Rueckbaufeld::bestaetigen()
@@ -246,7 +209,7 @@ void Rueckbaufeld::zeigen()
 {
     const Sitzungen *sitzungen = m_zustand->sitzungen();
     const bool frei = m_zustand->profilwahl()->offen() && !m_zustand->ausfuehrung()->beschaeftigt();
-    const QString fehler = fehlerzeilenVon(*sitzungen);
+    const QString fehler = rueckbaufehler(sitzungen->rueckbauBilanz(), sitzungen->protokollZeilen());
     if (m_fehler->toPlainText() != fehler)
         m_fehler->setPlainText(fehler);
     m_lauf->setText(sitzungen->rueckbauMeldung() + u" …"_s);
@@ -266,23 +229,17 @@ void Rueckbaufeld::erklaeren()
 {
     const bool fehler = !m_fehler->document()->isEmpty();
     m_fehler->setVisible(fehler);
-    m_erklaerung->setzeText(erklaerung(m_zustand->sitzungen()->protokollKopf()));
+    const auto &kopf = m_zustand->sitzungen()->protokollKopf();
+    m_erklaerung->setzeText(rueckbauerklaerung(kopf && kopf->kopieren));
     m_erklaerung->setVisible(!fehler && !m_dicht);
     benennen(m_zurueckdrehen, m_zurueckdrehen->text(),
              m_dicht ? m_erklaerung->ganzerText()
                      : Sprache::text(u"Fragt noch einmal nach, bevor irgendetwas geschieht"_s));
 }
 
-/** What the turning back came to, else what was done or is to be said last. */
 void Rueckbaufeld::meldungZeigen()
 {
-    const Sitzungen *sitzungen = m_zustand->sitzungen();
-    const QString vorgang = m_zustand->ausfuehrung()->vorgang();
-    const QString gedreht = sitzungen->rueckbauLaeuft() ? QString() : sitzungen->rueckbauMeldung();
-    QStringList teile = vorgang.isEmpty() ? m_zustand->meldestelle()->meldungen() : QStringList{vorgang + u" …"_s};
-    teile.prepend(gedreht);
-    teile.removeAll(QString());
-    const auto ton = gedreht.isEmpty() ? m_zustand->meldestelle()->ton() : sitzungen->rueckbauTon();
-    m_meldung->setzen(teile.isEmpty() || !vorgang.isEmpty() ? Symbol::Keines : tonzeichen(ton), teile.join(u" · "_s));
+    const auto &[ton, text] = protokollmeldung(*m_zustand);
+    m_meldung->setzen(tonzeichen(ton), text);
 }
 } // namespace quillmar::protokoll

@@ -2,12 +2,10 @@
 
 #include "liste.h"
 #include "pfade.h"
+#include "protokollkarte.h"
 #include "sitzungen.h"
-#include "sitzungsbilder.h"
 #include "sprache.h"
 #include "text.h"
-
-#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -36,30 +34,13 @@ void Sitzungsmodell::setzen(const QStringList &dateien)
 
 int Sitzungsmodell::rowCount(const QModelIndex &eltern) const { return eltern.isValid() ? 0 : int(m_dateien.size()); }
 
-/** When it was; before that is known, and for what has no header, the file's name. */
 QString Sitzungsmodell::titel(const QString &datei) const
 {
     const auto bild = m_bilder->bild(datei);
-    if (!bild || !bild->beginn.isValid())
-        return nameVon(datei);
-    return QLocale().toString(bild->beginn, m_bilder->teiltMinute(*bild) ? Sprache::text(u"d. MMMM yyyy, HH:mm:ss"_s)
-                                                                         : Sprache::text(u"d. MMMM yyyy, HH:mm"_s));
+    return sitzungszeit(datei, bild, bild && m_bilder->teiltMinute(*bild));
 }
 
-QString Sitzungsmodell::inhalt(const QString &datei) const
-{
-    const auto bild = m_bilder->bild(datei);
-    if (!bild)
-        return u""_s;
-    const QString anzahl = gefuellt(Sprache::text(bild->bewegungen, u"%@ Bewegung"_s, u"%@ Bewegungen"_s),
-                                    {QLocale().toString(bild->bewegungen)});
-    if (bild->bewegungen > 0 && bild->zurueckgedreht)
-        return gefuellt(Sprache::text(u"%@, zurückgedreht"_s), {anzahl});
-    if (m_laufend && bild->zuletzt.isValid())
-        return gefuellt(Sprache::text(u"%@, zuletzt um %@"_s),
-                        {anzahl, QLocale().toString(bild->zuletzt.time(), u"HH:mm"_s)});
-    return anzahl;
-}
+QString Sitzungsmodell::inhalt(const QString &datei) const { return sitzungsinhalt(m_bilder->bild(datei), m_laufend); }
 
 QVariant Sitzungsmodell::data(const QModelIndex &index, int rolle) const
 {

@@ -8,11 +8,11 @@
 #include "ordnerwahl.h"
 #include "pfade.h"
 #include "profilwahl.h"
+#include "protokollkarte.h"
 #include "protokollort.h"
 #include "sitzungen.h"
 #include "sitzungsmodell.h"
 #include "sprache.h"
-#include "text.h"
 #include "textschild.h"
 #include "zustand.h"
 
@@ -34,16 +34,6 @@ QString ordnerhilfe()
 {
     return Sprache::text(u"Leer bedeutet: ein Unterordner _Protokolle direkt neben der Ablage. Dann bleiben Protokoll "
                          "und Dateien zusammen, auch an einem anderen Rechner."_s);
-}
-
-QString anzahlsatz(qsizetype alle, bool nurLaufende)
-{
-    if (alle == 0)
-        return Sprache::text(u"Im Protokollordner liegt noch nichts."_s);
-    if (nurLaufende)
-        return Sprache::text(u"Im Protokollordner liegt nur die laufende Sitzung."_s);
-    return gefuellt(Sprache::text(alle, u"%@ Protokoll gefunden."_s, u"%@ Protokolle gefunden, neueste zuerst."_s),
-                    {QString::number(alle)});
 }
 } // namespace
 
@@ -151,7 +141,7 @@ void Sitzungsseite::zeigen()
     m_mangel->setVisible(!mangel.isEmpty());
     m_nochNichts->setVisible(laufende.isEmpty() && mangel.isEmpty());
     m_laufendeListe->setVisible(!laufende.isEmpty());
-    m_anzahl->setzeText(anzahlsatz(sitzungen->protokollDateien().size(), fruehere.isEmpty()));
+    m_anzahl->setzeText(protokollanzahl(sitzungen->protokollDateien().size(), fruehere.isEmpty()));
     m_laufende->setzen(laufende.isEmpty() ? QStringList() : QStringList{laufende});
     m_fruehere->setzen(fruehere);
     m_bilder.veralten();
@@ -183,15 +173,9 @@ void Sitzungsseite::ordnerZeigen()
     if (!m_zustand->profilwahl()->aktiv())
         return;
     const Profil &profil = *m_zustand->profilwahl()->aktiv();
-    const QString ort = kurzpfad(profil.protokollURL().value_or(QString()));
     const bool eigener = !profil.protokollOrdner.isEmpty();
-    QString text = Sprache::text(u"noch kein Zielordner"_s);
-    if (eigener)
-        text = Sprache::text(u"Eigener Ort gewählt"_s);
-    else if (!ort.isEmpty())
-        text = gefuellt(Sprache::text(u"Standard: %@"_s), {ort});
-    m_ort->setzeText(text);
-    m_pfad->setzeText(ort);
+    m_ort->setzeText(ordnersatz(profil));
+    m_pfad->setzeText(kurzpfad(profil.protokollURL().value_or(QString())));
     m_pfad->setVisible(eigener);
     m_standard->setEnabled(eigener);
     ordnerPruefen();
