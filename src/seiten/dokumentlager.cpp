@@ -41,6 +41,14 @@ const Vorschaudokument *Dokumentlager::dokument(const QString &pfad) const
     return gefunden == m_dokumente.constEnd() ? nullptr : &*gefunden;
 }
 
+bool Dokumentlager::istBereit(const QString &pfad) const
+{
+    const Vorschaudokument *da = dokument(pfad);
+    if (!da || da->befund == Vorschaubefund::Laedt)
+        return false;
+    return da->befund != Vorschaubefund::Offen || da->bilder.contains(0);
+}
+
 bool Dokumentlager::bestellen(const QString &pfad, int seite, const QSize &pixel, Seitenwerk::Vorrang vorrang)
 {
     const auto dokument = m_dokumente.find(pfad);

@@ -37,6 +37,9 @@ public:
     /** The document, or nullptr when it was not asked for. Valid until the next holen() or signal. */
     [[nodiscard]] const Vorschaudokument *dokument(const QString &pfad) const;
 
+    /** The first page of @p pfad is drawn, or it is known why it cannot be. */
+    [[nodiscard]] bool istBereit(const QString &pfad) const;
+
     /**
      * Asks for a page of an open document in the size @p pixel, unless it is drawn or asked for so already. True when
      * there is no picture of it at all and it had not been asked for.

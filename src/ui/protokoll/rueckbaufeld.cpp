@@ -92,7 +92,7 @@ void Rueckbaufeld::anordnen()
     raster->addWidget(linie(Qt::Vertical), 1, 1, 2, 1);
     const auto legen = [raster](QWidget *teil, int zeile, int spalte, Qt::Alignment wo = {}) {
         teil->setMinimumWidth(1); // the share counts, not what is in it
-        setzeRaender(teil, spalte == 0 ? Abstand::Gruppe : Abstand::Rand, Abstand::Eng);
+        setzeRaender(teil, spalte == 0 ? Abstand::Nah : Abstand::Rand, Abstand::Eng);
         raster->addWidget(teil, zeile, spalte, wo);
     };
     legen(linkeSeite(), 1, 0, Qt::AlignBottom);

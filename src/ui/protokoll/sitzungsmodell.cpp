@@ -40,8 +40,6 @@ QString Sitzungsmodell::titel(const QString &datei) const
     return sitzungszeit(datei, bild, bild && m_bilder->teiltMinute(*bild));
 }
 
-QString Sitzungsmodell::inhalt(const QString &datei) const { return sitzungsinhalt(m_bilder->bild(datei), m_laufend); }
-
 QVariant Sitzungsmodell::data(const QModelIndex &index, int rolle) const
 {
     if (!index.isValid())
@@ -52,7 +50,7 @@ QVariant Sitzungsmodell::data(const QModelIndex &index, int rolle) const
     case Qt::DisplayRole:
         return titel(datei);
     case ZweiteZeile:
-        return inhalt(datei);
+        return sitzungsinhalt(m_bilder->bild(datei), m_laufend);
     case Wort:
         return Sprache::text(u"Ansehen"_s);
     case Marke:
@@ -66,7 +64,8 @@ QVariant Sitzungsmodell::data(const QModelIndex &index, int rolle) const
     case Qt::ToolTipRole:
         return QVariant(nameVon(datei) + u'\n' + Sprache::text(u"Zeigt den Inhalt dieser Datei rechts an"_s));
     case Qt::AccessibleTextRole:
-        return QVariant(gefuellt(Sprache::text(u"Sitzung: %@"_s), {titel(datei)}) + u", "_s + inhalt(datei));
+        return QVariant(gefuellt(Sprache::text(u"Sitzung: %@"_s), {titel(datei)}) + u", "_s +
+                        index.data(ZweiteZeile).toString());
     case Qt::AccessibleDescriptionRole:
         return Sprache::text(u"Zeigt diese Sitzung rechts an, damit du vor dem Zurückdrehen siehst, was darin steht"_s);
     default:

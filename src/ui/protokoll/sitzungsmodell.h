@@ -30,7 +30,6 @@ public:
 
 private:
     [[nodiscard]] QString titel(const QString &datei) const;
-    [[nodiscard]] QString inhalt(const QString &datei) const;
 
     Sitzungen *m_sitzungen;
     Sitzungsbilder *m_bilder;

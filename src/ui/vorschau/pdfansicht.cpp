@@ -100,14 +100,6 @@ void PDFAnsicht::vorausladen(const QString &pfad)
     ersteSeiteBestellen(pfad);
 }
 
-bool PDFAnsicht::istBereit(const QString &pfad) const
-{
-    const Vorschaudokument *dokument = m_lager.dokument(pfad);
-    if (!dokument || dokument->befund == Vorschaubefund::Laedt)
-        return false;
-    return dokument->befund != Vorschaubefund::Offen || dokument->bilder.contains(0);
-}
-
 Vorschaubefund PDFAnsicht::befund() const
 {
     const Vorschaudokument *dokument = m_lager.dokument(m_pfad);

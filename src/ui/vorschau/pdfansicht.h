@@ -37,7 +37,7 @@ public:
     void vorausladen(const QString &pfad);
 
     /** The first page of @p pfad is drawn, or it is known why it cannot be. */
-    [[nodiscard]] bool istBereit(const QString &pfad) const;
+    [[nodiscard]] bool istBereit(const QString &pfad) const { return m_lager.istBereit(pfad); }
 
     [[nodiscard]] Vorschaubefund befund() const; ///< of the file on show
     [[nodiscard]] int seiten() const;            ///< 0 unless a document is open
