@@ -31,7 +31,8 @@ using namespace quillmar::ui;
 namespace
 {
 constexpr int laengstens = 30'000; // ms
-constexpr int stille = 400;        // ms without anything that still moves
+/** ms without anything that still moves. */
+int stille() { return QCoreApplication::arguments().contains(u"--namen"_s) ? 100 : 400; }
 
 void gesperrt(QPalette &p, const QColor &farbe)
 {
@@ -112,6 +113,28 @@ bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, const QString &ordner,
     return ziel.grab().save(ordner + u'/' + bild.name + u".png"_s, "PNG", 0);
 }
 
+/** The state is shown in other looks than the first ones. */
+bool istAbwandlung(const Buehnenbild &bild)
+{
+    const Buehnenbild erstes;
+    return bild.dunkel || bild.punkte != erstes.punkte || bild.sprache != erstes.sprache ||
+           bild.groesse != erstes.groesse;
+}
+
+/** The looks that "--art=18,1100x700,dunkel,en" wants for every state; none without. */
+std::optional<Buehnenbild> verlangteArt(const QStringList &argumente)
+{
+    const QStringList art = argumente.filter(u"--art="_s).value(0).mid(6).split(u',');
+    if (art.size() != 4)
+        return std::nullopt;
+    const QStringList masse = art.at(1).split(u'x');
+    return Buehnenbild{.name = {},
+                       .groesse = {masse.value(0).toInt(), masse.value(1).toInt()},
+                       .punkte = art.at(0).toDouble(),
+                       .dunkel = art.at(2) == u"dunkel",
+                       .sprache = art.at(3)};
+}
+
 /** Before the pictures that show what an analysis has found. */
 void analysieren(Zustand &zustand)
 {
@@ -141,11 +164,12 @@ void ruhe()
 {
     QElapsedTimer uhr;
     uhr.start();
-    laufenBis([&] { return uhr.elapsed() > stille; });
+    laufenBis([&] { return uhr.elapsed() > stille(); });
 }
 
 /**
  * quillmar-bilder ORDNER [NAME...]: takes the pictures of the handbook with the sample archive.
+ * quillmar-bilder ORDNER --art=18,1100x700,dunkel,en: every state once, in these looks (hell, dunkel; de, en).
  * quillmar-bilder --namen: looks in every state, once each, whether everything that can have the focus has a name.
  */
 int main(int anzahl, char **argumente)
@@ -159,7 +183,8 @@ int main(int anzahl, char **argumente)
     Quillmarstil::anwenden();
     QApplication::setFont(QFont(u"Noto Sans"_s, 10));
     QIcon::setThemeName(u"breeze"_s);
-    const QStringList wuensche = QCoreApplication::arguments().mid(2);
+    const std::optional<Buehnenbild> art = verlangteArt(QCoreApplication::arguments());
+    const QStringList wuensche = art ? QStringList() : QCoreApplication::arguments().mid(2);
     const bool nurNamen = QCoreApplication::arguments().value(1) == u"--namen"_s;
     const QString ziel = nurNamen ? QString() : QCoreApplication::arguments().value(1);
     bool gelungen = true;
@@ -182,10 +207,12 @@ int main(int anzahl, char **argumente)
     profil.zweige = Profil::struktureinlesen(profil.zielWurzel, 2);
     zustand.profilwahl()->setzeProfil(profil);
     bool analysiert = false;
-    for (const Buehnenbild &bild : buehnenbilder()) {
-        const bool abwandlung = bild.dunkel || bild.punkte != 10 || bild.sprache != u"de"_s;
-        if ((!wuensche.isEmpty() && !wuensche.contains(bild.name)) || (nurNamen && abwandlung))
+    for (Buehnenbild bild : buehnenbilder()) {
+        if ((!wuensche.isEmpty() && !wuensche.contains(bild.name)) || ((nurNamen || art) && istAbwandlung(bild)))
             continue;
+        if (art)
+            std::tie(bild.groesse, bild.punkte, bild.dunkel, bild.sprache) =
+                std::tie(art->groesse, art->punkte, art->dunkel, art->sprache);
         sprache.waehlen(bild.sprache);
         if (!bild.unanalysiert && !std::exchange(analysiert, true))
             analysieren(zustand);

@@ -62,10 +62,16 @@ namespace seiten
 using namespace grundlage;
 }
 
+namespace gestalt
+{
+using namespace grundlage;
+}
+
 namespace bedienteile
 {
 using namespace desktop;
-}
+using namespace gestalt;
+} // namespace bedienteile
 
 namespace vorschau
 {

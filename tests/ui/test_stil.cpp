@@ -1,3 +1,4 @@
+#include "farben.h"
 #include "einstellungen.h"
 #include "farbrechnung.h"
 #include "schriftgroesse.h"
@@ -86,16 +87,16 @@ private Q_SLOTS:
     {
         QFETCH(const QPalette, farben);
         const QColor fenster = farben.color(QPalette::Window);
-        QVERIFY(kontrast(Stil::nebenfarbe(farben), fenster) >= 4.6);
-        QVERIFY(kontrast(Stil::nebenfarbe(farben, Stil::auswahlgrund(farben)), Stil::auswahlgrund(farben)) >= 4.6);
-        QVERIFY(kontrast(Stil::nebenfarbe(farben), fenster) < kontrast(farben.color(QPalette::WindowText), fenster));
-        QVERIFY(kontrast(Stil::aufAkzent(farben), Stil::akzent(farben)) >= 4.5);
-        QVERIFY(kontrast(Stil::verweis(farben), fenster) >= 4.5);
-        QVERIFY(kontrast(Stil::platzhalter(farben), farben.color(QPalette::Base)) >= 4.5);
-        QVERIFY(kontrast(Stil::akzentmarke(farben), fenster) >= 3);
-        QVERIFY(kontrast(Stil::griff(farben), fenster) >= 3);
-        for (const auto bedeutung : {Stil::Bedeutung::Warnung, Stil::Bedeutung::Gut, Stil::Bedeutung::Fehler})
-            QVERIFY(kontrast(Stil::farbe(bedeutung, farben), Stil::toenung(Stil::farbe(bedeutung, farben), farben)) >=
+        QVERIFY(kontrast(Farben::nebenfarbe(farben), fenster) >= 4.6);
+        QVERIFY(kontrast(Farben::nebenfarbe(farben, Farben::auswahlgrund(farben)), Farben::auswahlgrund(farben)) >= 4.6);
+        QVERIFY(kontrast(Farben::nebenfarbe(farben), fenster) < kontrast(farben.color(QPalette::WindowText), fenster));
+        QVERIFY(kontrast(Farben::aufAkzent(farben), Farben::akzent(farben)) >= 4.5);
+        QVERIFY(kontrast(Farben::verweis(farben), fenster) >= 4.5);
+        QVERIFY(kontrast(Farben::platzhalter(farben), farben.color(QPalette::Base)) >= 4.5);
+        QVERIFY(kontrast(Farben::akzentmarke(farben), fenster) >= 3);
+        QVERIFY(kontrast(Farben::griff(farben), fenster) >= 3);
+        for (const auto bedeutung : {Farben::Bedeutung::Warnung, Farben::Bedeutung::Gut, Farben::Bedeutung::Fehler})
+            QVERIFY(kontrast(Farben::farbe(bedeutung, farben), Farben::toenung(Farben::farbe(bedeutung, farben), farben)) >=
                     3);
     }
 
@@ -131,7 +132,7 @@ private Q_SLOTS:
             palette({u"#232629"_s, u"#eff0f1"_s, u"#1b1e20"_s, u"#2f78b7"_s, u"#ffffff"_s, u"#1d4f80"_s});
         for (int i = 0; i < 3; ++i) {
             fenster.setPalette(i % 2 ? QPalette(Qt::white) : dunkel);
-            QCOMPARE(neben.palette().color(QPalette::WindowText), Stil::nebenfarbe(fenster.palette()));
+            QCOMPARE(neben.palette().color(QPalette::WindowText), Farben::nebenfarbe(fenster.palette()));
         }
     }
 
@@ -158,7 +159,7 @@ private Q_SLOTS:
         }
         QColor gut;
         (void)deckung(Zeichen::icon(Symbol::Gut).pixmap(16, 16).toImage(), &gut);
-        QCOMPARE(gut, Stil::farbe(Stil::Bedeutung::Gut, QGuiApplication::palette()));
+        QCOMPARE(gut, Farben::farbe(Farben::Bedeutung::Gut, QGuiApplication::palette()));
         QVERIFY(kontrast(gut, schrift) > 1.5);
     }
 

@@ -65,7 +65,7 @@ void Stufe::zeigen(const Stufenbild &stufe, const QString &zeit, double anteil)
 {
     const bool laeuft = stufe.stand == Stand::Laeuft;
     m_symbol = symbol(stufe.stand);
-    m_marke->setPixmap(Zeichen::bild(m_symbol));
+    m_marke->setPixmap(zeichenbild(m_symbol));
     Stil::kleiden(m_name, laeuft ? Schrift::Halbfett : Schrift::Grund)->setText(stufe.name);
     m_zeit->setText(zeit);
     m_meldung->setzeText(stufe.meldung);
@@ -81,6 +81,6 @@ void Stufe::changeEvent(QEvent *ereignis)
 {
     QWidget::changeEvent(ereignis);
     if (ereignis->type() == QEvent::FontChange || ereignis->type() == QEvent::PaletteChange)
-        m_marke->setPixmap(Zeichen::bild(m_symbol));
+        m_marke->setPixmap(zeichenbild(m_symbol));
 }
 } // namespace quillmar::ablauf

@@ -1,4 +1,5 @@
 #include "bau.h"
+#include "farben.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -35,7 +36,7 @@ public:
     using QWidget::QWidget;
 
 protected:
-    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Stil::linie(palette())); }
+    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Farben::linie(palette())); }
 };
 
 Kette *kette(QBoxLayout::Direction richtung, std::initializer_list<Teil> teile, Stil::Abstand abstand)
@@ -120,6 +121,11 @@ QProgressBar *balken(const QString &name, double breite)
 void setzeAnteil(QProgressBar *balken, double anteil)
 {
     balken->setValue(qRound(std::clamp(anteil, 0.0, 1.0) * feinheit));
+}
+
+QPixmap zeichenbild(Symbol symbol)
+{
+    return Zeichen::icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse());
 }
 
 QWidget *linie(Qt::Orientation richtung)

@@ -53,6 +53,9 @@ void benennen(QAbstractButton *knopf, const QString &titel, const QString &hilfe
 /** @p anteil from 0 to 1. */
 void setzeAnteil(QProgressBar *balken, double anteil);
 
+/** The symbol as a picture of the size that stands beside text. */
+[[nodiscard]] QPixmap zeichenbild(Symbol symbol);
+
 /** A line between two areas. */
 [[nodiscard]] QWidget *linie(Qt::Orientation richtung = Qt::Horizontal);
 

@@ -1,6 +1,7 @@
 #include "hinweisfeld.h"
 
 #include "bau.h"
+#include "farben.h"
 #include "sprache.h"
 #include "textschild.h"
 
@@ -63,9 +64,10 @@ void Hinweisfeld::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);
     const bool warnung = m_symbol == Symbol::Warnung;
-    const QColor farbe = warnung ? Stil::farbe(Stil::Bedeutung::Warnung, palette()) : Stil::akzentmarke(palette());
+    const QColor farbe =
+        warnung ? Farben::farbe(Farben::Bedeutung::Warnung, palette()) : Farben::akzentmarke(palette());
     if (warnung)
-        maler.fillRect(rect(), Stil::toenung(farbe, palette()));
+        maler.fillRect(rect(), Farben::toenung(farbe, palette()));
     maler.fillRect(QRect(0, 0, leiste, height()), farbe);
 }
 

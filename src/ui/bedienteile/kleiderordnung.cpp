@@ -1,5 +1,6 @@
 #include "kleiderordnung.h"
 
+#include "farben.h"
 #include "stil.h"
 
 #include <QApplication>
@@ -27,13 +28,13 @@ QColor farbe(Stil::Schrift art, const QPalette &palette)
     switch (art) {
     case Stil::Schrift::Neben:
     case Stil::Schrift::Beschriftung:
-        return Stil::nebenfarbe(palette);
+        return Farben::nebenfarbe(palette);
     case Stil::Schrift::Verweis:
-        return Stil::verweis(palette);
+        return Farben::verweis(palette);
     case Stil::Schrift::Hauptzahl:
-        return Stil::akzentmarke(palette);
+        return Farben::akzentmarke(palette);
     case Stil::Schrift::Warnung:
-        return Stil::farbe(Stil::Bedeutung::Warnung, palette);
+        return Farben::farbe(Farben::Bedeutung::Warnung, palette);
     default:
         return {};
     }
@@ -51,7 +52,7 @@ QPalette gefaerbt(QPalette::ColorRole rolle, const QColor &farbe)
 void kleid(QWidget *teil)
 {
     if (qobject_cast<QLineEdit *>(teil))
-        return teil->setPalette(gefaerbt(QPalette::PlaceholderText, Stil::platzhalter(vorgabe(teil))));
+        return teil->setPalette(gefaerbt(QPalette::PlaceholderText, Farben::platzhalter(vorgabe(teil))));
     const auto art = Stil::Schrift(teil->property(eigenschaft).toInt());
     const QColor schriftfarbe = farbe(art, vorgabe(teil));
     teil->setFont(Stil::schrift(art));

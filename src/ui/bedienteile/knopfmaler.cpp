@@ -1,4 +1,5 @@
 #include "knopfmaler.h"
+#include "farben.h"
 
 #include <QAbstractButton>
 #include <QIcon>
@@ -52,7 +53,7 @@ void fokusrahmen(QPainter &maler, const QStyleOption &option, const QRect &rahme
     if (!(option.state & QStyle::State_HasFocus))
         return;
     maler.setBrush(Qt::NoBrush);
-    maler.setPen(QPen(Stil::akzentmarke(option.palette), 2));
+    maler.setPen(QPen(Farben::akzentmarke(option.palette), 2));
     maler.drawRoundedRect(rahmen, 3, 3);
 }
 
@@ -66,25 +67,25 @@ void reiterzahlMalen(QPainter &maler, const QStyleOption &option, const QRect &f
 {
     const bool gewaehlt = option.state & QStyle::State_On;
     maler.setPen(Qt::NoPen);
-    maler.setBrush(gewaehlt ? Stil::akzent(option.palette) : Stil::rille(option.palette));
+    maler.setBrush(gewaehlt ? Farben::akzent(option.palette) : Farben::rille(option.palette));
     maler.drawRoundedRect(flaeche, flaeche.height() / 2.0, flaeche.height() / 2.0);
     QFont schrift = Stil::schrift(Schrift::Neben);
     schrift.setWeight(QFont::DemiBold);
     maler.setFont(schrift);
-    maler.setPen(gewaehlt ? Stil::aufAkzent(option.palette) : option.palette.color(QPalette::WindowText));
+    maler.setPen(gewaehlt ? Farben::aufAkzent(option.palette) : option.palette.color(QPalette::WindowText));
     maler.drawText(flaeche, Qt::AlignCenter, QLocale().toString(zahl));
 }
 
 QColor hauptgrund(const QStyleOption &option)
 {
-    const QColor akzent = Stil::akzent(option.palette);
+    const QColor akzent = Farben::akzent(option.palette);
     if (!(option.state & QStyle::State_Enabled))
-        return Stil::rille(option.palette);
+        return Farben::rille(option.palette);
     if (option.state & QStyle::State_Sunken)
         return akzent.darker(abgedunkelt);
     if (!(option.state & QStyle::State_MouseOver))
         return akzent;
-    const bool helleSchrift = Stil::aufAkzent(option.palette).lightness() > 127;
+    const bool helleSchrift = Farben::aufAkzent(option.palette).lightness() > 127;
     return helleSchrift ? akzent.darker(aufgehellt) : akzent.lighter(aufgehellt);
 }
 } // namespace
@@ -162,8 +163,8 @@ void Knopfmaler::hauptknopf(QPainter &maler, const QStyleOptionButton &option)
 {
     maler.setRenderHint(QPainter::Antialiasing);
     const QColor grund = hauptgrund(option);
-    const QColor schrift = option.state & QStyle::State_Enabled ? Stil::aufAkzent(option.palette)
-                                                                : Stil::nebenfarbe(option.palette, grund);
+    const QColor schrift = option.state & QStyle::State_Enabled ? Farben::aufAkzent(option.palette)
+                                                                : Farben::nebenfarbe(option.palette, grund);
     maler.setPen(Qt::NoPen);
     maler.setBrush(grund);
     maler.drawRoundedRect(option.rect, 3, 3);
@@ -186,7 +187,7 @@ void Knopfmaler::reiter(QPainter &maler, const QStyleOptionToolButton &option, c
     const int luft = mass(6);
     if ((option.state & QStyle::State_MouseOver) && !gewaehlt)
         maler.fillRect(ganz.adjusted(0, luft, 0, -luft),
-                       Stil::toenung(option.palette.color(QPalette::WindowText), option.palette));
+                       Farben::toenung(option.palette.color(QPalette::WindowText), option.palette));
     if (const qint64 zahl = zahlVon(knopf); zahl > 0) {
         const int hoehe = mass(18);
         reiterzahlMalen(maler, option,
@@ -200,7 +201,7 @@ void Knopfmaler::reiter(QPainter &maler, const QStyleOptionToolButton &option, c
                    ganz.x() + reiterrand(knopf));
     if (gewaehlt)
         maler.fillRect(QRect(ganz.x(), ganz.bottom() + 1 - mass(3), ganz.width(), mass(3)),
-                       Stil::akzentmarke(option.palette));
+                       Farben::akzentmarke(option.palette));
     fokusrahmen(maler, option, ganz.adjusted(2, luft, -2, -luft));
 }
 
@@ -209,8 +210,8 @@ void Knopfmaler::haelfte(QPainter &maler, const QStyleOptionToolButton &option)
     maler.setRenderHint(QPainter::Antialiasing);
     const bool gewaehlt = option.state & QStyle::State_On;
     if (gewaehlt) {
-        maler.setPen(Stil::griff(option.palette));
-        maler.setBrush(option.palette.color(Stil::istDunkel(option.palette) ? QPalette::Button : QPalette::Base));
+        maler.setPen(Farben::griff(option.palette));
+        maler.setBrush(option.palette.color(Farben::istDunkel(option.palette) ? QPalette::Button : QPalette::Base));
         maler.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     }
     maler.setFont(Stil::schrift(gewaehlt ? Schrift::Halbfett : Schrift::Grund));

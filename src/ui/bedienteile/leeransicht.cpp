@@ -1,6 +1,7 @@
 #include "leeransicht.h"
 
 #include "bau.h"
+#include "farben.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -60,7 +61,7 @@ void Leeransicht::setzeZusatz(const QStringList &zeilen)
 
 void Leeransicht::bildZeigen()
 {
-    const QIcon icon = Zeichen::icon(m_symbol, Stil::nebenfarbe(palette()));
+    const QIcon icon = Zeichen::icon(m_symbol, Farben::nebenfarbe(palette()));
     m_bild->setPixmap(icon.pixmap(QSize(Stil::mass(kante), Stil::mass(kante)), devicePixelRatioF()));
 }
 

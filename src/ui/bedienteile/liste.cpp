@@ -1,5 +1,6 @@
 #include "liste.h"
 
+#include "farben.h"
 #include "stil.h"
 
 #include <QMouseEvent>
@@ -42,7 +43,7 @@ public:
         const bool gewaehlt =
             gewaehlteZeile.isValid() ? gewaehlteZeile.toBool() : bool(option.state & QStyle::State_Selected);
         const QColor grund =
-            gewaehlt ? Stil::auswahlgrund(option.palette) : option.palette.color(QPalette::Active, QPalette::Window);
+            gewaehlt ? Farben::auswahlgrund(option.palette) : option.palette.color(QPalette::Active, QPalette::Window);
         maler->save();
         maler->setRenderHint(QPainter::Antialiasing);
         grundMalen(*maler, option, grund, gewaehlt);
@@ -74,7 +75,7 @@ private:
         }
         if (!(option.state & QStyle::State_HasFocus))
             return;
-        maler.setPen(QPen(Stil::akzentmarke(option.palette), 2));
+        maler.setPen(QPen(Farben::akzentmarke(option.palette), 2));
         maler.setBrush(Qt::NoBrush);
         maler.drawRoundedRect(option.rect.adjusted(1, 1, -1, -1), 3, 3);
     }
@@ -93,7 +94,7 @@ private:
                           erste.horizontalAdvance(stelle.data().toString());
         if (stelle.data(Zeilentat).toInt() != int(Symbol::Keines) && beide > flaeche.width())
             return 0;
-        maler.setPen(warnung ? Stil::farbe(Stil::Bedeutung::Fehler, palette) : Stil::nebenfarbe(palette, grund));
+        maler.setPen(warnung ? Farben::farbe(Farben::Bedeutung::Fehler, palette) : Farben::nebenfarbe(palette, grund));
         const QString gezeigt = maler.fontMetrics().elidedText(wort, Qt::ElideRight, flaeche.width() / 2);
         maler.drawText(flaeche, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, gezeigt);
         return maler.fontMetrics().horizontalAdvance(gezeigt) + abstand(Abstand::Feld);
@@ -105,7 +106,7 @@ private:
         const QVariant zweite = stelle.data(ZweiteZeile);
         const auto schreiben = [&](const QString &text, bool haupt, Qt::Alignment wo) {
             maler.setFont(Stil::schrift(haupt ? (gewaehlt ? Schrift::Halbfett : Schrift::Grund) : Schrift::Neben));
-            maler.setPen(haupt ? palette.color(QPalette::WindowText) : Stil::nebenfarbe(palette, grund));
+            maler.setPen(haupt ? palette.color(QPalette::WindowText) : Farben::nebenfarbe(palette, grund));
             maler.drawText(flaeche, int(wo | Qt::AlignLeft | Qt::TextSingleLine),
                            maler.fontMetrics().elidedText(text, Qt::ElideMiddle, flaeche.width()));
         };

@@ -1,5 +1,6 @@
 #include "quillmarstil.h"
 
+#include "farben.h"
 #include "knopfmaler.h"
 
 #include <QAbstractButton>
@@ -47,7 +48,7 @@ void kaestchenrand(QPainter &maler, const QStyleOption &option, bool rund)
 {
     maler.save();
     maler.setRenderHint(QPainter::Antialiasing);
-    maler.setPen(QPen(Stil::griff(option.palette), 1));
+    maler.setPen(QPen(Farben::griff(option.palette), 1));
     maler.setBrush(Qt::NoBrush);
     const QRectF rand = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     rund ? maler.drawEllipse(rand) : maler.drawRoundedRect(rand, 2, 2);
@@ -62,13 +63,13 @@ void balkenMalen(QPainter &maler, const QStyleOptionProgressBar &option)
     const double rund = flaeche.height() / 2;
     maler.setRenderHint(QPainter::Antialiasing);
     maler.setPen(Qt::NoPen);
-    maler.setBrush(Stil::rille(option.palette));
+    maler.setBrush(Farben::rille(option.palette));
     maler.drawRoundedRect(flaeche, rund, rund);
     const double anteil = double(option.progress - option.minimum) / std::max(1, option.maximum - option.minimum);
     if (anteil <= 0)
         return;
     flaeche.setWidth(std::max(flaeche.width() * std::min(1.0, anteil), flaeche.height()));
-    maler.setBrush(Stil::akzentmarke(option.palette));
+    maler.setBrush(Farben::akzentmarke(option.palette));
     maler.drawRoundedRect(flaeche, rund, rund);
 }
 } // namespace
@@ -193,7 +194,7 @@ void Quillmarstil::drawPrimitive(PrimitiveElement element, const QStyleOption *o
 {
     QProxyStyle::drawPrimitive(element, option, maler, teil);
     const bool rund = element == PE_IndicatorRadioButton;
-    if (m_fusion && (rund || element == PE_IndicatorCheckBox) && Stil::istDunkel(option->palette))
+    if (m_fusion && (rund || element == PE_IndicatorCheckBox) && Farben::istDunkel(option->palette))
         kaestchenrand(*maler, *option, rund);
 }
 

@@ -1,7 +1,5 @@
 #include "stil.h"
 
-#include "farbrechnung.h"
-
 #include <QApplication>
 #include <QScreen>
 #include <QWidget>
@@ -56,14 +54,6 @@ Abwandlung abwandlung(Stil::Schrift art)
     }
     return {1, QFont::Normal};
 }
-
-QColor rolle(const QPalette &palette, QPalette::ColorRole rolle) { return palette.color(QPalette::Active, rolle); }
-
-/** @p anteil of @p farbe on the window's ground. */
-QColor aufFenster(const QColor &farbe, const QPalette &palette, double anteil)
-{
-    return Farbrechnung::mischung(farbe, rolle(palette, QPalette::Window), anteil);
-}
 } // namespace
 
 QFont Stil::schrift(Schrift art)
@@ -105,65 +95,4 @@ bool Stil::istSchmal(int breite)
 }
 
 int Stil::zeichengroesse() { return mass(16); }
-
-bool Stil::istDunkel(const QPalette &palette)
-{
-    return rolle(palette, QPalette::WindowText).lightness() > rolle(palette, QPalette::Window).lightness();
-}
-
-QColor Stil::nebenfarbe(const QPalette &palette, const QColor &grund)
-{
-    return Farbrechnung::gedaempft(rolle(palette, QPalette::WindowText),
-                                   grund.isValid() ? grund : rolle(palette, QPalette::Window));
-}
-
-QColor Stil::akzent(const QPalette &palette) { return rolle(palette, QPalette::Highlight); }
-
-QColor Stil::aufAkzent(const QPalette &palette)
-{
-    return Farbrechnung::textAuf(akzent(palette), rolle(palette, QPalette::HighlightedText));
-}
-
-QColor Stil::akzentmarke(const QPalette &palette)
-{
-    return Farbrechnung::mitKontrast(akzent(palette), rolle(palette, QPalette::Window), 3);
-}
-
-QColor Stil::verweis(const QPalette &palette)
-{
-    return Farbrechnung::mitKontrast(rolle(palette, QPalette::Link), rolle(palette, QPalette::Window), 4.5);
-}
-
-QColor Stil::platzhalter(const QPalette &palette)
-{
-    const QColor grund = rolle(palette, QPalette::Base);
-    return Farbrechnung::mitKontrast(Farbrechnung::mischung(rolle(palette, QPalette::Text), grund, 0.55), grund, 4.5);
-}
-
-QColor Stil::farbe(Bedeutung bedeutung, const QPalette &palette)
-{
-    constexpr QRgb farben[3][2] = {{0x8a5c00, 0xe3b341}, {0x186f30, 0x63bb66}, {0xb42318, 0xf47067}}; // light, dark
-    return QColor::fromRgb(farben[int(bedeutung)][istDunkel(palette) ? 1 : 0]);
-}
-
-QColor Stil::toenung(const QColor &farbe, const QPalette &palette) { return aufFenster(farbe, palette, 0.1); }
-
-QColor Stil::auswahlgrund(const QPalette &palette)
-{
-    return aufFenster(akzent(palette), palette, istDunkel(palette) ? 0.3 : 0.16);
-}
-
-QColor Stil::linie(const QPalette &palette) { return aufFenster(rolle(palette, QPalette::WindowText), palette, 0.18); }
-QColor Stil::rille(const QPalette &palette) { return aufFenster(rolle(palette, QPalette::WindowText), palette, 0.14); }
-
-QColor Stil::griff(const QPalette &palette)
-{
-    return Farbrechnung::mitKontrast(aufFenster(rolle(palette, QPalette::WindowText), palette, 0.5),
-                                     rolle(palette, QPalette::Window), 3);
-}
-
-QColor Stil::unterlage(const QPalette &palette)
-{
-    return aufFenster(Qt::black, palette, istDunkel(palette) ? 0.25 : 0.1);
-}
 } // namespace quillmar::bedienteile

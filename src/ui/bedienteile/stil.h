@@ -2,9 +2,7 @@
 
 #include "namensraeume.h"
 
-#include <QColor>
 #include <QFont>
-#include <QPalette>
 #include <functional>
 
 class QWidget;
@@ -12,10 +10,9 @@ class QWidget;
 namespace quillmar::bedienteile
 {
 /**
- * What makes the window look of one piece: sizes of type, distances and colours. Everything is computed from the
- * application's font and a palette, so that the desktop's colours, dark mode and the chosen font size come by
- * themselves. Widgets get most of it from Quillmarstil, texts by kleiden(), layouts by bau.h; what is painted by hand
- * asks in paintEvent.
+ * What makes the window look of one piece: sizes of type and distances, computed from the application's font, so that
+ * the chosen size comes by itself; the colours are in Farben. Widgets get most of it from Quillmarstil, texts by
+ * kleiden(), layouts by bau.h; what is painted by hand asks in paintEvent.
  */
 namespace Stil
 {
@@ -53,29 +50,6 @@ enum class Abstand { Keiner = 0, Eng = 4, Nah = 8, Feld = 12, Gruppe = 16, Rand 
 
 /** Edge of an icon beside text of the base size (16 at 10 pt). */
 [[nodiscard]] int zeichengroesse();
-
-/** The window is light text on a dark ground. */
-[[nodiscard]] bool istDunkel(const QPalette &palette);
-/** Secondary text on @p grund, by default the window's. */
-[[nodiscard]] QColor nebenfarbe(const QPalette &palette, const QColor &grund = {});
-/** The accent as a surface, text upon it, and as a mark, bar, rule or line on the window's ground: 3 to 1. */
-[[nodiscard]] QColor akzent(const QPalette &palette);
-[[nodiscard]] QColor aufAkzent(const QPalette &palette);
-[[nodiscard]] QColor akzentmarke(const QPalette &palette);
-/** Links and the target path; text that stands in an empty field. */
-[[nodiscard]] QColor verweis(const QPalette &palette);
-[[nodiscard]] QColor platzhalter(const QPalette &palette);
-/** The three meanings. */
-enum class Bedeutung { Warnung, Gut, Fehler };
-[[nodiscard]] QColor farbe(Bedeutung bedeutung, const QPalette &palette);
-/** A ground tinted with 10 % of @p farbe; that of a selected row, of which the text is read all the same. */
-[[nodiscard]] QColor toenung(const QColor &farbe, const QPalette &palette);
-[[nodiscard]] QColor auswahlgrund(const QPalette &palette);
-/** Line between two areas; groove of a bar; the divider's grip; ground of what lies under the pages of a document. */
-[[nodiscard]] QColor linie(const QPalette &palette);
-[[nodiscard]] QColor rille(const QPalette &palette);
-[[nodiscard]] QColor griff(const QPalette &palette);
-[[nodiscard]] QColor unterlage(const QPalette &palette);
 
 /** Calls @p anwenden now and after every change of the application's font or palette, as long as @p traeger lives. */
 void folgen(QWidget *traeger, std::function<void()> anwenden);

@@ -1,5 +1,6 @@
 #include "teiler.h"
 
+#include "farben.h"
 #include "sprache.h"
 #include "stil.h"
 
@@ -52,11 +53,11 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter maler(this);
-        maler.fillRect(width() / 2, 0, 1, height(), Stil::linie(palette()));
+        maler.fillRect(width() / 2, 0, 1, height(), Farben::linie(palette()));
         maler.setRenderHint(QPainter::Antialiasing);
         maler.setPen(Qt::NoPen);
         maler.fillRect(width() / 2, height() / 2 - 14, 1, 28, palette().color(QPalette::Window));
-        maler.setBrush(hasFocus() ? Stil::akzentmarke(palette()) : Stil::griff(palette()));
+        maler.setBrush(hasFocus() ? Farben::akzentmarke(palette()) : Farben::griff(palette()));
         for (int n = -1; n <= 1; ++n)
             maler.drawEllipse(QPointF(width() / 2.0, height() / 2.0 + 8 * n), hasFocus() ? 3 : 2, hasFocus() ? 3 : 2);
     }

@@ -1,6 +1,7 @@
 #include "umschalter.h"
 
 #include "bau.h"
+#include "farben.h"
 
 #include <QPainter>
 #include <QToolButton>
@@ -42,7 +43,7 @@ void Umschalter::paintEvent(QPaintEvent *)
     QPainter maler(this);
     maler.setRenderHint(QPainter::Antialiasing);
     maler.setPen(Qt::NoPen);
-    maler.setBrush(Stil::toenung(palette().color(QPalette::WindowText), palette()));
+    maler.setBrush(Farben::toenung(palette().color(QPalette::WindowText), palette()));
     maler.drawRoundedRect(rect(), 4, 4);
 }
 } // namespace quillmar::bedienteile

@@ -1,6 +1,7 @@
 #include "pdfansicht.h"
 
 #include "einstellungen.h"
+#include "farben.h"
 #include "sprache.h"
 #include "stil.h"
 
@@ -46,7 +47,7 @@ void fokusMalen(QPainter &maler, const QWidget *flaeche)
 {
     const int staerke = Stil::mass(2);
     const double halb = staerke / 2.0;
-    maler.setPen(QPen(Stil::akzentmarke(flaeche->palette()), staerke, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    maler.setPen(QPen(Farben::akzentmarke(flaeche->palette()), staerke, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     maler.drawRect(QRectF(flaeche->rect()).adjusted(halb, halb, -halb, -halb));
 }
 } // namespace
@@ -261,7 +262,7 @@ void PDFAnsicht::wheelEvent(QWheelEvent *ereignis)
 void PDFAnsicht::paintEvent(QPaintEvent *ereignis)
 {
     QPainter maler(viewport());
-    maler.fillRect(ereignis->rect(), Stil::unterlage(palette()));
+    maler.fillRect(ereignis->rect(), Farben::unterlage(palette()));
     if (m_pfad.isEmpty())
         return;
     maler.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -274,7 +275,7 @@ void PDFAnsicht::paintEvent(QPaintEvent *ereignis)
 
 void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
 {
-    maler.fillRect(flaeche.adjusted(-1, -1, 1, 1), Stil::linie(palette()));
+    maler.fillRect(flaeche.adjusted(-1, -1, 1, 1), Farben::linie(palette()));
     maler.fillRect(flaeche, Qt::white);
     const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
     const bool fertig = dokument && dokument->bilder.contains(seite);

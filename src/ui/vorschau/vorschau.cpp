@@ -2,6 +2,7 @@
 
 #include "anordnung.h"
 #include "bau.h"
+#include "farben.h"
 #include "leeransicht.h"
 #include "pdfansicht.h"
 #include "sprache.h"
@@ -158,7 +159,7 @@ void Vorschau::setzePartner(const QString &pfad, const QString &name)
     QPalette farben;
     for (const auto gruppe : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         if (!pfad.isEmpty())
-            farben.setColor(gruppe, QPalette::Window, Stil::auswahlgrund(palette()));
+            farben.setColor(gruppe, QPalette::Window, Farben::auswahlgrund(palette()));
     }
     m_zeile->setPalette(farben);
     m_satzGemeldet = false;

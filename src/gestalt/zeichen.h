@@ -8,7 +8,7 @@
 
 class QPainter;
 
-namespace quillmar::bedienteile
+namespace quillmar::gestalt
 {
 enum class Symbol {
     Keines,
@@ -71,9 +71,6 @@ namespace Zeichen
 /** The icon for buttons and menus, in one fixed @p farbe for text on a coloured ground; null for Symbol::Keines. */
 [[nodiscard]] QIcon icon(Symbol symbol, const QColor &farbe = {});
 
-/** The icon as a picture of the size that stands beside text. */
-[[nodiscard]] QPixmap bild(Symbol symbol);
-
 /** Paints it into @p flaeche; without @p farbe in the colour that it means, else in the text colour of @p palette. */
 void malen(QPainter &maler, const QRect &flaeche, Symbol symbol, const QPalette &palette, const QColor &farbe = {});
 
@@ -82,4 +79,4 @@ void malen(QPainter &maler, const QRect &flaeche, Symbol symbol, const QPalette 
 /** All but Symbol::Keines. */
 [[nodiscard]] QList<Symbol> alle();
 } // namespace Zeichen
-} // namespace quillmar::bedienteile
+} // namespace quillmar::gestalt

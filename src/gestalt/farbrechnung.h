@@ -4,7 +4,7 @@
 
 #include <QColor>
 
-namespace quillmar::bedienteile
+namespace quillmar::gestalt
 {
 /** Arithmetic with opaque colours, after the contrast ratios of WCAG 2. Transparency is ignored throughout. */
 namespace Farbrechnung
@@ -27,4 +27,4 @@ namespace Farbrechnung
 /** @p wunsch where it is readable (4.5 to 1) on @p flaeche, else black or white, whichever is read better. */
 [[nodiscard]] QColor textAuf(const QColor &flaeche, const QColor &wunsch);
 } // namespace Farbrechnung
-} // namespace quillmar::bedienteile
+} // namespace quillmar::gestalt

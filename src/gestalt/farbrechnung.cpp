@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quillmar::bedienteile
+namespace quillmar::gestalt
 {
 namespace
 {
@@ -62,4 +62,4 @@ QColor Farbrechnung::textAuf(const QColor &flaeche, const QColor &wunsch)
 {
     return kontrast(wunsch, flaeche) >= 4.5 ? wunsch : schwarzOderWeiss(flaeche);
 }
-} // namespace quillmar::bedienteile
+} // namespace quillmar::gestalt

@@ -1,6 +1,6 @@
 #include "zeichen.h"
 
-#include "stil.h"
+#include "farben.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -13,7 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quillmar::bedienteile
+namespace quillmar::gestalt
 {
 namespace
 {
@@ -86,13 +86,13 @@ QColor bedeutungsfarbe(const Zeile &zeile, const QPalette &palette)
 {
     switch (zeile.farbe) {
     case Farbe::Warnung:
-        return Stil::farbe(Stil::Bedeutung::Warnung, palette);
+        return Farben::farbe(Farben::Bedeutung::Warnung, palette);
     case Farbe::Gut:
-        return Stil::farbe(Stil::Bedeutung::Gut, palette);
+        return Farben::farbe(Farben::Bedeutung::Gut, palette);
     case Farbe::Fehler:
-        return Stil::farbe(Stil::Bedeutung::Fehler, palette);
+        return Farben::farbe(Farben::Bedeutung::Fehler, palette);
     case Farbe::Akzent:
-        return Stil::akzentmarke(palette);
+        return Farben::akzentmarke(palette);
     case Farbe::Schrift:
         break;
     }
@@ -211,8 +211,6 @@ QIcon Zeichen::icon(Symbol symbol, const QColor &farbe)
     return symbol == Symbol::Keines ? QIcon() : QIcon(new Zeichenmaschine(zeile(symbol), farbe));
 }
 
-QPixmap Zeichen::bild(Symbol symbol) { return icon(symbol).pixmap(Stil::zeichengroesse(), Stil::zeichengroesse()); }
-
 void Zeichen::malen(QPainter &maler, const QRect &flaeche, Symbol symbol, const QPalette &palette, const QColor &farbe)
 {
     if (symbol == Symbol::Keines)
@@ -239,4 +237,4 @@ QList<Symbol> Zeichen::alle()
         symbole << Symbol(n);
     return symbole;
 }
-} // namespace quillmar::bedienteile
+} // namespace quillmar::gestalt
