@@ -87,21 +87,9 @@ void setzeText(QLineEdit *eingabe, const QString &text)
 
 Symbol symbol(Befund::Marke marke)
 {
-    switch (marke) {
-    case Befund::Marke::Gut:
-        return Symbol::Gut;
-    case Befund::Marke::Warnung:
-        return Symbol::Warnung;
-    case Befund::Marke::Laeuft:
-        return Symbol::Laeuft;
-    case Befund::Marke::Hinweis:
-        return Symbol::Info;
-    case Befund::Marke::Offen:
-        return Symbol::Offen;
-    case Befund::Marke::Keine:
-        break;
-    }
-    return Symbol::Keines;
+    constexpr std::array zeichen = {Symbol::Keines, Symbol::Gut,  Symbol::Warnung,
+                                    Symbol::Laeuft, Symbol::Info, Symbol::Offen};
+    return zeichen.at(std::size_t(marke));
 }
 
 Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QList<Abschnittszeile> &zeilen,
@@ -374,13 +362,14 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Vorlage &art)
         const QList<Vorlagenmangel> maengel = vorlagenmaengel(profil().*art.feld, art.istPfad);
         return maengel.isEmpty() ? QString() : maengel.first().block;
     };
-    QAbstractButton *entfernen =
-        knopf({.name = z.name + u"-entfernen"_s,
-               .text = Sprache::text(u"Entfernen"_s),
-               .hilfe = Sprache::text(u"Nimmt den Baustein aus der Vorlage."_s),
-               .symbol = Symbol::Minus,
-               .tun = [this, art, block, setzen] { setzen(ohneBlock(profil().*art.feld, block())); },
-               .da = [block](const Einrichtungslage &) { return !block().isEmpty(); }});
+    QAbstractButton *entfernen = knopf({z.name + u"-entfernen"_s,
+                                        Sprache::text(u"Entfernen"_s),
+                                        Sprache::text(u"Nimmt den Baustein aus der Vorlage."_s),
+                                        [this, art, block, setzen] { setzen(ohneBlock(profil().*art.feld, block())); },
+                                        Symbol::Minus,
+                                        true,
+                                        {},
+                                        [block](const Einrichtungslage &) { return !block().isEmpty(); }});
     return {.feld = eingabe, .darunter = bloecke, .knopf = entfernen};
 }
 
@@ -468,22 +457,17 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Wahl &art)
 QAbstractButton *Abschnittsseite::ladeknopf(const Abschnittszeile &z, QString Profil::*feld, const QComboBox *wahl)
 {
     const auto laden = feld == &Profil::modellGross ? &Modelldienst::modellGrossLaden : &Modelldienst::modellLaden;
-    return knopf({.name = z.name + u"-laden"_s,
-                  .text = Sprache::text(u"Modell laden"_s),
-                  .hilfe = Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s),
-                  .symbol = Symbol::Keines,
-                  .gesprochen = z.beschriftung + u": "_s + Sprache::text(u"Modell laden"_s),
-                  .tun = [dienst = m_zustand->modelldienst(), laden] { (dienst->*laden)(); },
-                  .geht =
-                      [](const Einrichtungslage &lage) {
-                          return lage.modell.art != Modellstand::Art::ServerFehlt && lage.modell.laedtModell.isEmpty();
-                      },
-                  .da =
-                      [feld, wahl, gilt = z.gilt](const Einrichtungslage &lage) {
-                          return (!gilt || gilt(lage.profil)) &&
-                                 Befunde::fehlt(lage.modell, lage.profil.*feld, wahl->currentText());
-                      },
-                  .flach = false});
+    return knopf({z.name + u"-laden"_s, Sprache::text(u"Modell laden"_s),
+                  Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s),
+                  [dienst = m_zustand->modelldienst(), laden] { (dienst->*laden)(); }, Symbol::Keines, false,
+                  [](const Einrichtungslage &lage) {
+                      return lage.modell.art != Modellstand::Art::ServerFehlt && lage.modell.laedtModell.isEmpty();
+                  },
+                  [feld, wahl, gilt = z.gilt](const Einrichtungslage &lage) {
+                      return (!gilt || gilt(lage.profil)) &&
+                             Befunde::fehlt(lage.modell, lage.profil.*feld, wahl->currentText());
+                  },
+                  z.beschriftung + u": "_s + Sprache::text(u"Modell laden"_s)});
 }
 
 Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Modell &art)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "abschnittszeile.h"
+#include "abschnitte.h"
 #include "bau.h"
 #include "namensraeume.h"
 
