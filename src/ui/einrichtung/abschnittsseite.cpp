@@ -4,8 +4,10 @@
 #include "einrichtung.h"
 #include "modelldienst.h"
 #include "ordnerwahl.h"
+#include "pfade.h"
 #include "profilwahl.h"
 #include "sprache.h"
+#include "text.h"
 #include "textschild.h"
 #include "vorlagenmangel.h"
 #include "zustand.h"
@@ -13,7 +15,6 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QDir>
 #include <QFormLayout>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -33,24 +34,6 @@ namespace
 constexpr int listenzeilen = 3;
 const QString kippend = u"kippend"_s; // what stands side by side and goes below each other where there is little room
 
-/** What the user's own folder is called in every shell. */
-QString ausgeschrieben(const QString &pfad)
-{
-    const QString sauber = pfad.trimmed();
-    return sauber == "~"_L1 || sauber.startsWith("~/"_L1) ? QDir::homePath() + sauber.mid(1) : sauber;
-}
-
-/** Lines without the empty ones. */
-QStringList zeilen(const QString &text)
-{
-    QStringList liste;
-    for (const QString &zeile : text.split(u'\n', Qt::SkipEmptyParts)) {
-        if (const QString sauber = zeile.trimmed(); !sauber.isEmpty())
-            liste << sauber;
-    }
-    return liste;
-}
-
 /** @p teile in a row, below each other where there is little room. */
 Kette *gekippt(std::initializer_list<Teil> teile, Abstand abstand = Abstand::Nah)
 {
@@ -64,18 +47,6 @@ QString sichtbareHilfe(const Abschnittszeile &z)
     const bool immer = z.zeichen > 0 || std::holds_alternative<Feld::Zeilen>(z.feld) ||
                        std::holds_alternative<Feld::Vorlage>(z.feld) || std::holds_alternative<Feld::Titel>(z.feld);
     return z.erklaerung.isEmpty() && immer ? z.hilfe : z.erklaerung;
-}
-
-/** What the server has, the chosen one in any case; a model that the server only passes on says so. */
-QList<Wahleintrag> modelleintraege(const Modellstand &stand, const QString &gewaehlt)
-{
-    QStringList namen = stand.vorhandene;
-    if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
-        namen.prepend(gewaehlt);
-    QList<Wahleintrag> eintraege = wahleintraege(namen);
-    for (Wahleintrag &eintrag : eintraege)
-        eintrag.mangel = stand.rechnetAnderswo(eintrag.wert) ? Modellstand::anderswoSatz(eintrag.wert) : QString();
-    return eintraege;
 }
 
 void setzeText(QLineEdit *eingabe, const QString &text)
@@ -324,7 +295,8 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Text &art)
 
 Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Ordner &art)
 {
-    QLineEdit *eingabe = textfeld(art.feld, [](const QString &text) { return std::optional(ausgeschrieben(text)); });
+    QLineEdit *eingabe =
+        textfeld(art.feld, [](const QString &text) { return std::optional(langpfad(text.trimmed())); });
     // The folder may have been made meanwhile.
     connect(eingabe, &QLineEdit::editingFinished, m_zustand->einrichtung(), &Einrichtung::einrichtungPruefen);
     auto *waehlen = bedienteile::knopf(z.name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), art.frage);
@@ -384,11 +356,11 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Zeilen &art)
     });
     connect(eingabe, &QPlainTextEdit::textChanged, this, [this, eingabe, feld = art.feld] {
         if (eingabe->hasFocus())
-            aendern([&](Profil &p) { p.*feld = zeilen(eingabe->toPlainText()); });
+            aendern([&](Profil &p) { p.*feld = zeilenAus(eingabe->toPlainText()); });
     });
     folgen([this, eingabe, feld = art.feld](const Einrichtungslage &lage) {
         const QSignalBlocker still(eingabe);
-        if (!tippt(eingabe) && zeilen(eingabe->toPlainText()) != lage.profil.*feld)
+        if (!tippt(eingabe) && zeilenAus(eingabe->toPlainText()) != lage.profil.*feld)
             eingabe->setPlainText((lage.profil.*feld).join(u'\n'));
     });
     return {.feld = eingabe};
@@ -488,7 +460,7 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Modell &art)
     connect(wahl->lineEdit(), &QLineEdit::editingFinished, this, setzen);
     folgen([this, wahl, feld = art.feld](const Einrichtungslage &lage) {
         if (!tippt(wahl->lineEdit()) || !wahl->lineEdit()->isModified())
-            wahlAuffrischen(wahl, modelleintraege(lage.modell, lage.profil.*feld), lage.profil.*feld);
+            wahlAuffrischen(wahl, lage.modell.auswahl(lage.profil.*feld), lage.profil.*feld);
     });
     return {.feld = wahl,
             .knopf = ladeknopf(z, art.feld, wahl),

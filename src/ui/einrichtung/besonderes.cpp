@@ -13,8 +13,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QShortcut>
-#include <QStandardItemModel>
-#include <QTreeView>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -26,20 +25,31 @@ namespace
 {
 constexpr int sichtbareRegeln = 6;
 
-Liste *regelliste(const QString &name, const QString &ansage, QWidget *eltern)
+/** At most @p hoechstens rows are seen at once; 0: as many as there is room for. */
+Liste *listeBauen(const QString &name, const QString &ansage, int hoechstens, QWidget *eltern)
 {
     auto *liste = new Liste(name, ansage, eltern);
-    liste->setzeHoechstens(sichtbareRegeln);
+    if (hoechstens > 0)
+        liste->setzeHoechstens(hoechstens);
     liste->setModel(new Listenmodell(liste));
     return liste;
 }
 
-void zeigen(Liste *liste, const QStringList &regeln)
+/** The row that is gone gives its place to the next, so that one can go on. */
+void zeigen(Liste *liste, const QList<Listenzeile> &zeilen)
+{
+    const int zeile = liste->currentIndex().row();
+    static_cast<Listenmodell *>(liste->model())->setzen(zeilen);
+    if (zeile >= 0 && !zeilen.isEmpty())
+        liste->setCurrentIndex(liste->model()->index(std::min(zeile, int(zeilen.size()) - 1), 0));
+}
+
+QList<Listenzeile> regelzeilen(const QStringList &regeln)
 {
     QList<Listenzeile> zeilen;
     for (const QString &regel : regeln)
         zeilen << Listenzeile{.kennung = regel, .erste = regel};
-    static_cast<Listenmodell *>(liste->model())->setzen(zeilen);
+    return zeilen;
 }
 
 /** The field for a new exclusion; what was typed for one profile is not meant for another. */
@@ -90,32 +100,38 @@ void eingabeBauen(Abschnittsseite &seite)
 
 constexpr int sichtbareZeilen = 8;
 
-/** Name, year folders of a filing kind, what changed at the last reading. */
-QList<QStandardItem *> eintraege(const Strukturzeile &zeile)
+QString jahresordner(const Strukturzeile &zeile)
 {
-    QList<QStandardItem *> reihe = {new QStandardItem(zeile.name), nullptr, nullptr};
-    if (zeile.ebene == 1)
-        reihe[1] = new QStandardItem(zeile.mitJahr ? Sprache::text(u"mit Jahren"_s) : Sprache::text(u"ohne Jahre"_s));
-    if (zeile.wechsel == Wechsel::Neu)
-        reihe[2] = new QStandardItem(Zeichen::icon(Symbol::Gut), Sprache::text(u"neu"_s));
-    else if (zeile.wechsel == Wechsel::Entfallen)
-        reihe[2] = new QStandardItem(Zeichen::icon(Symbol::Warnung), Sprache::text(u"entfallen"_s));
-    return reihe;
+    if (zeile.ebene != 1)
+        return {};
+    return zeile.mitJahr ? Sprache::text(u"mit Jahren"_s) : Sprache::text(u"ohne Jahre"_s);
 }
 
-QStandardItemModel *modellVon(const QList<Strukturzeile> &zeilen, QObject *vater)
+/** Name, year folders of a filing kind, what changed at the last reading. */
+QTreeWidgetItem *eintrag(const Strukturzeile &zeile)
 {
-    auto *modell = new QStandardItemModel(vater);
-    modell->setHorizontalHeaderLabels({Sprache::text(u"Zweig, Ablage, Rubrik"_s), Sprache::text(u"Jahresordner"_s),
-                                       Sprache::text(u"Seit dem letzten Einlesen"_s)});
-    QList<QStandardItem *> ueber = {modell->invisibleRootItem()}; // the newest of each level, from the root down
+    auto *neuer = new QTreeWidgetItem({zeile.name, jahresordner(zeile)});
+    if (zeile.wechsel == Wechsel::Gleich)
+        return neuer;
+    const bool neu = zeile.wechsel == Wechsel::Neu;
+    neuer->setText(2, neu ? Sprache::text(u"neu"_s) : Sprache::text(u"entfallen"_s));
+    neuer->setIcon(2, Zeichen::icon(neu ? Symbol::Gut : Symbol::Warnung));
+    return neuer;
+}
+
+void zeigen(QTreeWidget *baum, const QList<Strukturzeile> &zeilen)
+{
+    QList<QTreeWidgetItem *> wurzeln;
+    QList<QTreeWidgetItem *> ueber; // the newest of each level
     for (const Strukturzeile &zeile : zeilen) {
-        ueber.resize(zeile.ebene + 1);
-        const QList<QStandardItem *> reihe = eintraege(zeile);
-        ueber.last()->appendRow(reihe);
-        ueber << reihe.first();
+        ueber.resize(zeile.ebene);
+        QTreeWidgetItem *neuer = eintrag(zeile);
+        ueber.isEmpty() ? wurzeln.append(neuer) : ueber.last()->addChild(neuer);
+        ueber << neuer;
     }
-    return modell;
+    baum->clear();
+    baum->addTopLevelItems(wurzeln);
+    baum->expandAll();
 }
 
 /** The name has what the other columns leave. */
@@ -164,38 +180,27 @@ QList<Listenzeile> gleichungen(const Lernstand &stand)
     return zeilen;
 }
 
-/** The row that was forgotten gives its place to the next, so that one can go on. */
-void zeigen(Liste *ansicht, Listenmodell *modell, const QList<Listenzeile> &zeilen)
+void listeBauen(const Lernliste &vorgabe, Abschnittsseite &seite)
 {
-    const int zeile = ansicht->currentIndex().row();
-    modell->setzen(zeilen);
-    if (zeile >= 0 && !zeilen.isEmpty())
-        ansicht->setCurrentIndex(modell->index(std::min(zeile, int(zeilen.size()) - 1)));
-    ansicht->setVisible(!zeilen.isEmpty());
-}
-
-void listeBauen(const Lernliste &liste, Abschnittsseite &seite)
-{
-    auto *ansicht = new Liste(liste.name, liste.beschriftung, &seite);
-    auto *modell = new Listenmodell(ansicht);
-    ansicht->setModel(modell);
+    Liste *liste = listeBauen(vorgabe.name, vorgabe.beschriftung, 0, &seite);
     Einrichtung *einrichtung = seite.zustand()->einrichtung();
-    seite.folgen([=, zeilen = liste.zeilen](const Einrichtungslage &lage) {
-        zeigen(ansicht, modell, zeilen(lage.stand.gelerntes));
+    seite.folgen([liste, zeilen = vorgabe.zeilen](const Einrichtungslage &lage) {
+        zeigen(liste, zeilen(lage.stand.gelerntes));
+        liste->setVisible(liste->model()->rowCount() > 0);
     });
     seite.zeile(
-        {.name = liste.name,
+        {.name = vorgabe.name,
          .feld = Feld::Titel{},
-         .beschriftung = liste.beschriftung,
-         .befund = liste.befund,
-         .knopf = {liste.name + u"-vergessen"_s, Sprache::text(u"Vergessen"_s),
+         .beschriftung = vorgabe.beschriftung,
+         .befund = vorgabe.befund,
+         .knopf = {vorgabe.name + u"-vergessen"_s, Sprache::text(u"Vergessen"_s),
                    Sprache::text(u"Vergisst die gewählte Zeile"_s),
-                   [=, tun = liste.vergessen] { (einrichtung->*tun)(ansicht->kennung().toString()); }, Symbol::Keines,
-                   false, [ansicht](const Einrichtungslage &) { return ansicht->currentIndex().isValid(); },
-                   [modell](const Einrichtungslage &) { return modell->rowCount() > 0; },
-                   liste.beschriftung + u": "_s + Sprache::text(u"Vergessen"_s)}});
-    seite.ueberAlles(ansicht);
-    QObject::connect(ansicht->selectionModel(), &QItemSelectionModel::currentChanged, &seite,
+                   [=, tun = vorgabe.vergessen] { (einrichtung->*tun)(liste->kennung().toString()); }, Symbol::Keines,
+                   false, [liste](const Einrichtungslage &) { return liste->currentIndex().isValid(); },
+                   [liste](const Einrichtungslage &) { return liste->model()->rowCount() > 0; },
+                   vorgabe.beschriftung + u": "_s + Sprache::text(u"Vergessen"_s)}});
+    seite.ueberAlles(liste);
+    QObject::connect(liste->selectionModel(), &QItemSelectionModel::currentChanged, &seite,
                      &Abschnittsseite::auffrischen, Qt::QueuedConnection);
 }
 
@@ -235,7 +240,7 @@ void allesBauen(Abschnittsseite &seite)
 Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &)
 {
     eingabeBauen(seite);
-    Liste *liste = regelliste(u"ausnahmen"_s, Sprache::text(u"Ausgenommen"_s), &seite);
+    Liste *liste = listeBauen(u"ausnahmen"_s, Sprache::text(u"Ausgenommen"_s), sichtbareRegeln, &seite);
     QPushButton *weg = knopf(u"ausnahmeEntfernen"_s, Sprache::text(u"Entfernen"_s),
                              Sprache::text(u"Nimmt die gewählte Ausnahme heraus. Taste: Entf"_s));
     const auto entfernen = [&seite, liste] {
@@ -248,7 +253,7 @@ Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &)
     const auto waehlbar = [liste, weg] { weg->setEnabled(liste->currentIndex().isValid()); };
     QObject::connect(liste->selectionModel(), &QItemSelectionModel::currentChanged, weg, waehlbar);
     seite.folgen([liste, waehlbar](const Einrichtungslage &lage) {
-        zeigen(liste, lage.profil.ausnahmen);
+        zeigen(liste, regelzeilen(lage.profil.ausnahmen));
         waehlbar();
     });
     seite.zeile({.name = u"ausnahmen"_s, .beschriftung = Sprache::text(u"Ausgenommen"_s)},
@@ -258,12 +263,13 @@ Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &)
 
 Teile ausgelassene(Abschnittsseite &seite, const Abschnittszeile &)
 {
-    Liste *liste = regelliste(u"ausgelassene"_s, Sprache::text(u"Durch Ausnahmen ausgelassen"_s), &seite);
+    Liste *liste =
+        listeBauen(u"ausgelassene"_s, Sprache::text(u"Durch Ausnahmen ausgelassen"_s), sichtbareRegeln, &seite);
     seite.folgen([liste](const Einrichtungslage &lage) {
         const auto &quelle = lage.stand.quelle;
         if (!quelle && lage.stand.zaehlt)
             return; // while the folder is counted anew the last list stays
-        zeigen(liste, quelle ? quelle->ausgenommene : QStringList());
+        zeigen(liste, regelzeilen(quelle ? quelle->ausgenommene : QStringList()));
         liste->setVisible(liste->model()->rowCount() > 0);
     });
     return {.feld = liste};
@@ -271,21 +277,17 @@ Teile ausgelassene(Abschnittsseite &seite, const Abschnittszeile &)
 
 Teile strukturbaum(Abschnittsseite &seite, const Abschnittszeile &)
 {
-    auto *baum = new QTreeView(&seite);
+    auto *baum = new QTreeWidget(&seite);
     baum->setObjectName(u"struktur"_s);
     baum->setAccessibleName(Sprache::text(u"Struktur der Ablage"_s));
+    baum->setHeaderLabels({Sprache::text(u"Zweig, Ablage, Rubrik"_s), Sprache::text(u"Jahresordner"_s),
+                           Sprache::text(u"Seit dem letzten Einlesen"_s)});
     baum->setUniformRowHeights(true);
     baum->setTabKeyNavigation(false);
-    baum->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    const auto zeigen = [baum, &seite] {
-        const QAbstractItemModel *bisher = baum->model();
-        baum->setModel(modellVon(seite.zustand()->einrichtung()->stand().struktur, baum));
-        delete bisher;
-        kopfzeileRichten(baum);
-        baum->expandAll();
-    };
-    QObject::connect(seite.zustand()->einrichtung(), &Einrichtung::strukturGeaendert, baum, zeigen);
-    zeigen();
+    const Einrichtung *einrichtung = seite.zustand()->einrichtung();
+    const auto lesen = [baum, einrichtung] { zeigen(baum, einrichtung->stand().struktur); };
+    QObject::connect(einrichtung, &Einrichtung::strukturGeaendert, baum, lesen);
+    lesen();
     Stil::folgen(baum, [baum] {
         baum->setMinimumHeight(sichtbareZeilen *
                                (QFontMetrics(Stil::schrift(Stil::Schrift::Grund)).height() + Stil::mass(4)));
