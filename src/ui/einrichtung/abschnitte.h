@@ -5,19 +5,12 @@
 #include "befunde.h"
 #include "namensraeume.h"
 #include "profil.h"
+#include "teile.h"
 #include "zeichen.h"
 
 #include <variant>
 
-class QAbstractButton;
 class QLayout;
-class QWidget;
-
-namespace quillmar::zustand
-{
-class Fenstersprache;
-class Zustand;
-} // namespace quillmar::zustand
 
 namespace quillmar::einrichtung
 {

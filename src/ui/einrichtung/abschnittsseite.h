@@ -6,20 +6,7 @@
 
 #include <QWidget>
 
-class QAbstractButton;
 class QFormLayout;
-class QLabel;
-class QLineEdit;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::einrichtung
 {

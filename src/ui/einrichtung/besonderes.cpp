@@ -2,8 +2,8 @@
 
 #include "bau.h"
 #include "einrichtung.h"
+#include "hinweisfeld.h"
 #include "liste.h"
-#include "rueckfrage.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
