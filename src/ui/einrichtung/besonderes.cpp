@@ -58,7 +58,6 @@ void eingabeBauen(Abschnittsseite &seite)
     auto *neue = new QLineEdit(&seite);
     neue->setObjectName(u"neueAusnahme"_s);
     neue->setPlaceholderText(Sprache::text(u"etwa Fotos oder privat/2019"_s));
-    Stil::platzhalterFolgt(neue);
     QPushButton *dazu = knopf(u"ausnahmeHinzufuegen"_s, Sprache::text(u"Hinzufügen"_s));
     QPushButton *ordner = knopf(u"ausnahmeWaehlen"_s, Sprache::text(u"Ordner wählen …"_s));
     auto mangel = std::make_shared<QString>();
