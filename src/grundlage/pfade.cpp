@@ -238,4 +238,9 @@ QString kurzpfad(const QString &pfad)
     const QString heim = QDir::homePath();
     return pfad == heim || pfad.startsWith(heim + u'/') ? u'~' + pfad.mid(heim.size()) : pfad;
 }
+
+QString langpfad(const QString &pfad)
+{
+    return pfad == "~"_L1 || pfad.startsWith("~/"_L1) ? QDir::homePath() + pfad.mid(1) : pfad;
+}
 } // namespace quillmar::grundlage

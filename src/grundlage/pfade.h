@@ -73,4 +73,6 @@ bool ordnerLesen(const QByteArray &ordner, const std::function<void(int griff, c
 
 /** A path for the user's eye: the home folder as "~". */
 [[nodiscard]] QString kurzpfad(const QString &pfad);
+/** The way back: "~" in front, as in every shell, is the home folder. */
+[[nodiscard]] QString langpfad(const QString &pfad);
 } // namespace quillmar::grundlage

@@ -153,4 +153,14 @@ QString gefuellt(const QString &muster, std::initializer_list<QString> werte)
     }
     return ergebnis.append(QStringView(muster).mid(von));
 }
+
+QStringList zeilenAus(const QString &text)
+{
+    QStringList zeilen;
+    for (const QString &zeile : text.split(u'\n')) {
+        if (const QString sauber = zeile.trimmed(); !sauber.isEmpty())
+            zeilen << sauber;
+    }
+    return zeilen;
+}
 } // namespace quillmar::grundlage

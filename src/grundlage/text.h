@@ -3,6 +3,7 @@
 #include "namensraeume.h"
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 namespace quillmar::grundlage
@@ -36,4 +37,7 @@ enum class Faltung {
  * they are; surplus placeholders stay too.
  */
 [[nodiscard]] QString gefuellt(const QString &muster, std::initializer_list<QString> werte);
+
+/** The lines of @p text, trimmed, without the empty ones. */
+[[nodiscard]] QStringList zeilenAus(const QString &text);
 } // namespace quillmar::grundlage

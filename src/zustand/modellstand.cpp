@@ -59,5 +59,17 @@ Modellstand Modellstand::pruefen(const QString &gesucht)
     return stand;
 }
 
+QList<Wahleintrag> Modellstand::auswahl(const QString &gewaehlt) const
+{
+    QStringList namen = vorhandene;
+    if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
+        namen.prepend(gewaehlt);
+    QList<Wahleintrag> eintraege;
+    for (const QString &name : std::as_const(namen))
+        eintraege << Wahleintrag{
+            .wert = name, .anzeige = name, .mangel = rechnetAnderswo(name) ? anderswoSatz(name) : QString()};
+    return eintraege;
+}
+
 QString Modellstand::anderswoSatz(const QString &modell) { return ModellAnderswo::satz(modell); }
 } // namespace quillmar::zustand

@@ -2,6 +2,7 @@
 
 #include "modellverzeichnis.h"
 #include "namensraeume.h"
+#include "wahleintrag.h"
 
 #include <QString>
 #include <QStringList>
@@ -33,6 +34,8 @@ struct Modellstand {
     [[nodiscard]] std::optional<QString> treffer(const QString &gesucht) const;
     /** As above, of @p vorhandene. */
     [[nodiscard]] static std::optional<QString> treffer(const QStringList &vorhandene, const QString &gesucht);
+    /** What can be chosen: what the server has, and @p gewaehlt in any case. */
+    [[nodiscard]] QList<Wahleintrag> auswahl(const QString &gewaehlt) const;
     /** Asks the server. Blocks. */
     [[nodiscard]] static Modellstand pruefen(const QString &gesucht);
 };

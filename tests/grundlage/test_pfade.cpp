@@ -222,6 +222,7 @@ private Q_SLOTS:
     {
         QFETCH(const QString, pfad);
         QTEST(quillmar::grundlage::kurzpfad(pfad), "kurz");
+        QCOMPARE(langpfad(quillmar::grundlage::kurzpfad(pfad)), pfad);
     }
 };
 

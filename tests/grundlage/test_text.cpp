@@ -137,6 +137,22 @@ private Q_SLOTS:
         }
     }
 
+    void zeilen_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("zeilen");
+        QTest::newRow("leer") << QString() << QStringList();
+        QTest::newRow("nur Leeres") << u"\n \n\t\n"_s << QStringList();
+        QTest::newRow("zwei") << u" Anna Muster \n\nMuster Lichtbilder"_s
+                              << QStringList{u"Anna Muster"_s, u"Muster Lichtbilder"_s};
+        QTest::newRow("mit Wagenrücklauf") << u"a\r\nb\r\n"_s << QStringList{u"a"_s, u"b"_s};
+    }
+    void zeilen()
+    {
+        QFETCH(QString, text);
+        QTEST(zeilenAus(text), "zeilen");
+    }
+
     void gefuellteMuster_data()
     {
         QTest::addColumn<QString>("muster");

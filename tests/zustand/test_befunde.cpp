@@ -365,6 +365,19 @@ private Q_SLOTS:
         QTEST(ordnernamenmangel(name), "mangel");
     }
 
+    void modellauswahl()
+    {
+        Modellstand stand;
+        stand.vorhandene = QStringList{u"a:1b"_s, u"fern:1b"_s};
+        stand.verzeichnis = mitEntferntem();
+        const QList<Wahleintrag> auswahl = stand.auswahl(u"b:1b"_s);
+        QCOMPARE(auswahl.size(), 3);
+        QCOMPARE(auswahl.first(), (Wahleintrag{.wert = u"b:1b"_s, .anzeige = u"b:1b"_s}));
+        QCOMPARE(auswahl.last().mangel, Modellstand::anderswoSatz(u"fern:1b"_s));
+        QCOMPARE(stand.auswahl(u"a:1b"_s).size(), 2);
+        QCOMPARE(stand.auswahl({}).first().wert, u"a:1b"_s);
+    }
+
     void ladenWirdAngeboten()
     {
         Modellstand stand;

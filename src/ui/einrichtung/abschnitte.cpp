@@ -11,9 +11,7 @@
 #include "textschild.h"
 #include "zustand.h"
 
-#include <QDesktopServices>
 #include <QProgressBar>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -55,7 +53,7 @@ QList<Wahleintrag> ocrSprachen(const Einrichtungslage &lage)
     return sprachen;
 }
 
-QList<Abschnittszeile> programme(Zustand *zustand)
+QList<Abschnittszeile> programme(Zustand *zustand, Fenstersprache *)
 {
     return {
         titel(abschnittTitel(Abschnitt::Programme),
@@ -63,14 +61,12 @@ QList<Abschnittszeile> programme(Zustand *zustand)
         werkzeug(u"pdftotext"_s, Sprache::text(u"Holt den Text aus PDF, die schon welchen enthalten."_s)),
         werkzeug(u"pdftoppm"_s, Sprache::text(u"Macht aus den Seiten eines Scans Bilder für die Texterkennung."_s)),
         werkzeug(u"tesseract"_s, Sprache::text(u"Erkennt den Text auf den Bildern."_s)),
-        {.knopf = {.name = u"programmePruefen"_s,
-                   .text = Sprache::text(u"Erneut prüfen"_s),
-                   .hilfe = Sprache::text(u"Sieht noch einmal nach, was installiert ist"_s),
-                   .tun =
-                       [zustand] {
-                           zustand->einrichtung()->einrichtungPruefen();
-                           zustand->modelldienst()->modellPruefen();
-                       }}},
+        {.knopf = {u"programmePruefen"_s, Sprache::text(u"Erneut prüfen"_s),
+                   Sprache::text(u"Sieht noch einmal nach, was installiert ist"_s),
+                   [zustand] {
+                       zustand->einrichtung()->einrichtungPruefen();
+                       zustand->modelldienst()->modellPruefen();
+                   }}},
         titel(Sprache::text(u"Texterkennung"_s),
               Sprache::text(u"Die Texterkennung liest nur Sprachen gut, deren Daten installiert sind."_s)),
         {u"ocrSprache"_s, Feld::Wahl{&Profil::ocrSprache, ocrSprachen}, Sprache::text(u"Sprache der Scans"_s),
@@ -82,7 +78,7 @@ QList<Abschnittszeile> programme(Zustand *zustand)
     };
 }
 
-QList<Abschnittszeile> herkunft()
+QList<Abschnittszeile> herkunft(Zustand *, Fenstersprache *)
 {
     return {
         titel(abschnittTitel(Abschnitt::Herkunft),
@@ -100,7 +96,7 @@ QList<Abschnittszeile> herkunft()
     };
 }
 
-QList<Abschnittszeile> ziel(Zustand *zustand)
+QList<Abschnittszeile> ziel(Zustand *zustand, Fenstersprache *)
 {
     return {
         titel(abschnittTitel(Abschnitt::Ziel),
@@ -126,15 +122,12 @@ QList<Abschnittszeile> ziel(Zustand *zustand)
          .feld = Feld::Titel{},
          .beschriftung = Sprache::text(u"Struktur"_s),
          .befund = Befunde::struktur,
-         .knopf = {.name = u"strukturEinlesen"_s,
-                   .text = Sprache::text(u"Struktur einlesen"_s),
-                   .hilfe = Sprache::text(u"Liest die Ordner unter dem Zielordner. Verändert wird dort nichts."_s),
-                   .tun = [zustand] { zustand->einrichtung()->strukturEinlesen(); },
-                   .geht =
-                       [](const Einrichtungslage &lage) {
-                           return !lage.profil.zielWurzel.isEmpty() && !lage.stand.liestStruktur;
-                       },
-                   .flach = false}},
+         .knopf = {u"strukturEinlesen"_s, Sprache::text(u"Struktur einlesen"_s),
+                   Sprache::text(u"Liest die Ordner unter dem Zielordner. Verändert wird dort nichts."_s),
+                   [zustand] { zustand->einrichtung()->strukturEinlesen(); }, Symbol::NeuLaden, false,
+                   [](const Einrichtungslage &lage) {
+                       return !lage.profil.zielWurzel.isEmpty() && !lage.stand.liestStruktur;
+                   }}},
         {{}, Feld::Eigenes{strukturbaum}},
     };
 }
@@ -161,11 +154,10 @@ QList<Abschnittszeile> beispiel(Zustand *zustand)
          .feld = Feld::Titel{},
          .beschriftung = Sprache::text(u"Beispiel"_s),
          .befund = [einrichtung](const Einrichtungslage &) { return Befunde::beispiel(einrichtung->beispiel()); },
-         .knopf = {.name = u"anderesBeispiel"_s,
-                   .text = Sprache::text(u"Anderes Dokument"_s),
-                   .hilfe = Sprache::text(u"Zeigt das Beispiel am nächsten wartenden Dokument"_s),
-                   .tun = [zustand] { zustand->einrichtung()->anderesBeispiel(); },
-                   .geht = [einrichtung](const Einrichtungslage &) { return einrichtung->beispiel().echt; }}},
+         .knopf = {u"anderesBeispiel"_s, Sprache::text(u"Anderes Dokument"_s),
+                   Sprache::text(u"Zeigt das Beispiel am nächsten wartenden Dokument"_s),
+                   [zustand] { zustand->einrichtung()->anderesBeispiel(); }, Symbol::NeuLaden, true,
+                   [einrichtung](const Einrichtungslage &) { return einrichtung->beispiel().echt; }}},
         ergebnis(u"beispiel-dokument"_s, Sprache::text(u"Dokument"_s), &Beispiel::dokument),
         ergebnis(u"beispiel-name"_s, Sprache::text(u"Neuer Name"_s), &Beispiel::name, Schrift::Abschnitt),
         ergebnis(
@@ -178,7 +170,7 @@ QList<Abschnittszeile> beispiel(Zustand *zustand)
     };
 }
 
-QList<Abschnittszeile> namen(Zustand *zustand)
+QList<Abschnittszeile> namen(Zustand *zustand, Fenstersprache *)
 {
     const auto mangel = [](QString Profil::*feld, bool istPfad) {
         return [=](const Einrichtungslage &lage) { return Befunde::vorlage(lage.profil.*feld, istPfad); };
@@ -211,7 +203,7 @@ Abschnittszeile rubrik(const QString &name, QString Profil::*feld, const QString
             rubrikzeichen, [feld](const Einrichtungslage &lage) { return Befunde::rubrik(lage, lage.profil.*feld); }};
 }
 
-QList<Abschnittszeile> eigentuemer()
+QList<Abschnittszeile> eigentuemer(Zustand *, Fenstersprache *)
 {
     return {
         titel(abschnittTitel(Abschnitt::Eigentuemer),
@@ -243,15 +235,14 @@ QList<Abschnittszeile> eigentuemer()
 Teile ladeteil(Abschnittsseite &seite, const Abschnittszeile &)
 {
     QProgressBar *fortschritt = balken(u"modell-fortschritt"_s);
-    QWidget *teil = traeger(
-        reihe({{fortschritt, 1},
-               seite.knopf({.name = u"modellLadenAbbrechen"_s,
-                            .text = Sprache::text(u"Abbrechen"_s),
-                            .hilfe = Sprache::text(u"Was schon da ist, bleibt für das nächste Mal"_s),
-                            .symbol = Symbol::Halt,
-                            .tun = [dienst = seite.zustand()->modelldienst()] { dienst->modellLadenAbbrechen(); }})},
-              Abstand::Feld),
-        &seite);
+    QWidget *teil =
+        traeger(reihe({{fortschritt, 1},
+                       seite.knopf({u"modellLadenAbbrechen"_s, Sprache::text(u"Abbrechen"_s),
+                                    Sprache::text(u"Was schon da ist, bleibt für das nächste Mal"_s),
+                                    [dienst = seite.zustand()->modelldienst()] { dienst->modellLadenAbbrechen(); },
+                                    Symbol::Halt})},
+                      Abstand::Feld),
+                &seite);
     seite.folgen([teil, fortschritt](const Einrichtungslage &lage) {
         const Modellstand &stand = lage.modell;
         teil->setVisible(!stand.laedtModell.isEmpty());
@@ -260,7 +251,7 @@ Teile ladeteil(Abschnittsseite &seite, const Abschnittszeile &)
     return {.feld = teil};
 }
 
-QList<Abschnittszeile> modell(Zustand *zustand)
+QList<Abschnittszeile> modell(Zustand *zustand, Fenstersprache *)
 {
     return {
         titel(abschnittTitel(Abschnitt::Modell),
@@ -269,10 +260,9 @@ QList<Abschnittszeile> modell(Zustand *zustand)
         {.name = u"modellstand"_s,
          .beschriftung = Sprache::text(u"Modellserver"_s),
          .befund = Befunde::server,
-         .knopf = {.name = u"modellPruefen"_s,
-                   .text = Sprache::text(u"Erneut prüfen"_s),
-                   .hilfe = Sprache::text(u"Fragt den Modellserver noch einmal"_s),
-                   .tun = [zustand] { zustand->modelldienst()->modellPruefen(); }}},
+         .knopf = {u"modellPruefen"_s, Sprache::text(u"Erneut prüfen"_s),
+                   Sprache::text(u"Fragt den Modellserver noch einmal"_s),
+                   [zustand] { zustand->modelldienst()->modellPruefen(); }}},
         {u"modell"_s, Feld::Modell{&Profil::modell, Befunde::modell}, Sprache::text(u"Sprachmodell"_s),
          Sprache::text(u"Schlägt für jedes Dokument Datum, Gegenüber, Titel und Ort vor."_s), namenszeichen},
         {u"modell-ladeteil"_s, Feld::Eigenes{ladeteil}},
@@ -297,6 +287,13 @@ QList<Abschnittszeile> modell(Zustand *zustand)
                             "das Modell nicht mehr alle."_s)),
         {u"platz"_s, {}, Sprache::text(u"Anweisung"_s), {}, 0, Befunde::platz},
     };
+}
+
+QList<Abschnittszeile> gelernt(Zustand *, Fenstersprache *)
+{
+    return {titel(abschnittTitel(Abschnitt::Gelernt),
+                  Sprache::text(u"Was sich das Programm aus deinen Entscheidungen gemerkt hat."_s)),
+            {{}, Feld::Eigenes{gelerntes}}};
 }
 
 /** A choice of the window itself, which no profile keeps. */
@@ -340,46 +337,17 @@ QList<Abschnittszeile> oberflaeche(Zustand *zustand, Fenstersprache *sprache)
               Sprache::text(u"Im Ordner liegt die Vorlage _Vorlage.json mit allen Texten des Programms. Übersetze "
                             "sie und speichere sie unter einem anderen Namen, etwa fr.json: Dann steht die Sprache "
                             "oben zur Wahl."_s)),
-        {.knopf = {.name = u"eigeneSprachen"_s,
-                   .text = Sprache::text(u"Ordner für eigene Sprachen öffnen"_s),
-                   .hilfe = Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s),
-                   .symbol = Symbol::Ordner,
-                   .tun =
-                       [einrichtung = zustand->einrichtung()] {
-                           const auto oeffnen = [](const QString &ordner) {
-                               QDesktopServices::openUrl(QUrl::fromLocalFile(ordner));
-                           };
-                           QObject::connect(einrichtung, &Einrichtung::spracheVorbereitet, einrichtung, oeffnen,
-                                            Qt::SingleShotConnection);
-                           einrichtung->spracheVorbereiten();
-                       },
-                   .flach = false}},
+        {.knopf = {u"eigeneSprachen"_s, Sprache::text(u"Ordner für eigene Sprachen öffnen"_s),
+                   Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s),
+                   [zustand] { zustand->einrichtung()->spracheVorbereiten(); }, Symbol::Ordner, false}},
     };
 }
 } // namespace
 
 QList<Abschnittszeile> abschnittszeilen(Abschnitt abschnitt, Zustand *zustand, Fenstersprache *sprache)
 {
-    switch (abschnitt) {
-    case Abschnitt::Programme:
-        return programme(zustand);
-    case Abschnitt::Herkunft:
-        return herkunft();
-    case Abschnitt::Ziel:
-        return einrichtung::ziel(zustand);
-    case Abschnitt::Namen:
-        return namen(zustand);
-    case Abschnitt::Eigentuemer:
-        return eigentuemer();
-    case Abschnitt::Modell:
-        return einrichtung::modell(zustand);
-    case Abschnitt::Gelernt:
-        return {titel(abschnittTitel(Abschnitt::Gelernt),
-                      Sprache::text(u"Was sich das Programm aus deinen Entscheidungen gemerkt hat."_s)),
-                {{}, Feld::Eigenes{gelerntes}}};
-    case Abschnitt::Oberflaeche:
-        break;
-    }
-    return oberflaeche(zustand, sprache);
+    constexpr std::array tabellen = {programme,           herkunft, einrichtung::ziel, namen, eigentuemer,
+                                     einrichtung::modell, gelernt,  oberflaeche};
+    return tabellen.at(std::size_t(abschnitt))(zustand, sprache);
 }
 } // namespace quillmar::einrichtung

@@ -4,8 +4,10 @@
 #include "einrichtung.h"
 #include "modelldienst.h"
 #include "ordnerwahl.h"
+#include "pfade.h"
 #include "profilwahl.h"
 #include "sprache.h"
+#include "text.h"
 #include "textschild.h"
 #include "vorlagenmangel.h"
 #include "zustand.h"
@@ -13,7 +15,6 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QDir>
 #include <QFormLayout>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -33,24 +34,6 @@ namespace
 constexpr int listenzeilen = 3;
 const QString kippend = u"kippend"_s; // what stands side by side and goes below each other where there is little room
 
-/** What the user's own folder is called in every shell. */
-QString ausgeschrieben(const QString &pfad)
-{
-    const QString sauber = pfad.trimmed();
-    return sauber == "~"_L1 || sauber.startsWith("~/"_L1) ? QDir::homePath() + sauber.mid(1) : sauber;
-}
-
-/** Lines without the empty ones. */
-QStringList zeilen(const QString &text)
-{
-    QStringList liste;
-    for (const QString &zeile : text.split(u'\n', Qt::SkipEmptyParts)) {
-        if (const QString sauber = zeile.trimmed(); !sauber.isEmpty())
-            liste << sauber;
-    }
-    return liste;
-}
-
 /** @p teile in a row, below each other where there is little room. */
 Kette *gekippt(std::initializer_list<Teil> teile, Abstand abstand = Abstand::Nah)
 {
@@ -66,18 +49,6 @@ QString sichtbareHilfe(const Abschnittszeile &z)
     return z.erklaerung.isEmpty() && immer ? z.hilfe : z.erklaerung;
 }
 
-/** What the server has, the chosen one in any case; a model that the server only passes on says so. */
-QList<Wahleintrag> modelleintraege(const Modellstand &stand, const QString &gewaehlt)
-{
-    QStringList namen = stand.vorhandene;
-    if (!gewaehlt.isEmpty() && !namen.contains(gewaehlt))
-        namen.prepend(gewaehlt);
-    QList<Wahleintrag> eintraege = wahleintraege(namen);
-    for (Wahleintrag &eintrag : eintraege)
-        eintrag.mangel = stand.rechnetAnderswo(eintrag.wert) ? Modellstand::anderswoSatz(eintrag.wert) : QString();
-    return eintraege;
-}
-
 void setzeText(QLineEdit *eingabe, const QString &text)
 {
     if (eingabe->text() != text)
@@ -87,21 +58,9 @@ void setzeText(QLineEdit *eingabe, const QString &text)
 
 Symbol symbol(Befund::Marke marke)
 {
-    switch (marke) {
-    case Befund::Marke::Gut:
-        return Symbol::Gut;
-    case Befund::Marke::Warnung:
-        return Symbol::Warnung;
-    case Befund::Marke::Laeuft:
-        return Symbol::Laeuft;
-    case Befund::Marke::Hinweis:
-        return Symbol::Info;
-    case Befund::Marke::Offen:
-        return Symbol::Offen;
-    case Befund::Marke::Keine:
-        break;
-    }
-    return Symbol::Keines;
+    constexpr std::array zeichen = {Symbol::Keines, Symbol::Gut,  Symbol::Warnung,
+                                    Symbol::Laeuft, Symbol::Info, Symbol::Offen};
+    return zeichen.at(std::size_t(marke));
 }
 
 Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QList<Abschnittszeile> &zeilen,
@@ -336,7 +295,8 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Text &art)
 
 Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Ordner &art)
 {
-    QLineEdit *eingabe = textfeld(art.feld, [](const QString &text) { return std::optional(ausgeschrieben(text)); });
+    QLineEdit *eingabe =
+        textfeld(art.feld, [](const QString &text) { return std::optional(langpfad(text.trimmed())); });
     // The folder may have been made meanwhile.
     connect(eingabe, &QLineEdit::editingFinished, m_zustand->einrichtung(), &Einrichtung::einrichtungPruefen);
     auto *waehlen = bedienteile::knopf(z.name + u"-waehlen"_s, Sprache::text(u"Wählen …"_s), art.frage);
@@ -374,13 +334,14 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Vorlage &art)
         const QList<Vorlagenmangel> maengel = vorlagenmaengel(profil().*art.feld, art.istPfad);
         return maengel.isEmpty() ? QString() : maengel.first().block;
     };
-    QAbstractButton *entfernen =
-        knopf({.name = z.name + u"-entfernen"_s,
-               .text = Sprache::text(u"Entfernen"_s),
-               .hilfe = Sprache::text(u"Nimmt den Baustein aus der Vorlage."_s),
-               .symbol = Symbol::Minus,
-               .tun = [this, art, block, setzen] { setzen(ohneBlock(profil().*art.feld, block())); },
-               .da = [block](const Einrichtungslage &) { return !block().isEmpty(); }});
+    QAbstractButton *entfernen = knopf({z.name + u"-entfernen"_s,
+                                        Sprache::text(u"Entfernen"_s),
+                                        Sprache::text(u"Nimmt den Baustein aus der Vorlage."_s),
+                                        [this, art, block, setzen] { setzen(ohneBlock(profil().*art.feld, block())); },
+                                        Symbol::Minus,
+                                        true,
+                                        {},
+                                        [block](const Einrichtungslage &) { return !block().isEmpty(); }});
     return {.feld = eingabe, .darunter = bloecke, .knopf = entfernen};
 }
 
@@ -395,11 +356,11 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Zeilen &art)
     });
     connect(eingabe, &QPlainTextEdit::textChanged, this, [this, eingabe, feld = art.feld] {
         if (eingabe->hasFocus())
-            aendern([&](Profil &p) { p.*feld = zeilen(eingabe->toPlainText()); });
+            aendern([&](Profil &p) { p.*feld = zeilenAus(eingabe->toPlainText()); });
     });
     folgen([this, eingabe, feld = art.feld](const Einrichtungslage &lage) {
         const QSignalBlocker still(eingabe);
-        if (!tippt(eingabe) && zeilen(eingabe->toPlainText()) != lage.profil.*feld)
+        if (!tippt(eingabe) && zeilenAus(eingabe->toPlainText()) != lage.profil.*feld)
             eingabe->setPlainText((lage.profil.*feld).join(u'\n'));
     });
     return {.feld = eingabe};
@@ -468,22 +429,17 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Wahl &art)
 QAbstractButton *Abschnittsseite::ladeknopf(const Abschnittszeile &z, QString Profil::*feld, const QComboBox *wahl)
 {
     const auto laden = feld == &Profil::modellGross ? &Modelldienst::modellGrossLaden : &Modelldienst::modellLaden;
-    return knopf({.name = z.name + u"-laden"_s,
-                  .text = Sprache::text(u"Modell laden"_s),
-                  .hilfe = Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s),
-                  .symbol = Symbol::Keines,
-                  .gesprochen = z.beschriftung + u": "_s + Sprache::text(u"Modell laden"_s),
-                  .tun = [dienst = m_zustand->modelldienst(), laden] { (dienst->*laden)(); },
-                  .geht =
-                      [](const Einrichtungslage &lage) {
-                          return lage.modell.art != Modellstand::Art::ServerFehlt && lage.modell.laedtModell.isEmpty();
-                      },
-                  .da =
-                      [feld, wahl, gilt = z.gilt](const Einrichtungslage &lage) {
-                          return (!gilt || gilt(lage.profil)) &&
-                                 Befunde::fehlt(lage.modell, lage.profil.*feld, wahl->currentText());
-                      },
-                  .flach = false});
+    return knopf({z.name + u"-laden"_s, Sprache::text(u"Modell laden"_s),
+                  Sprache::text(u"Lässt den Modellserver das Modell holen. Das sind einige Gigabyte."_s),
+                  [dienst = m_zustand->modelldienst(), laden] { (dienst->*laden)(); }, Symbol::Keines, false,
+                  [](const Einrichtungslage &lage) {
+                      return lage.modell.art != Modellstand::Art::ServerFehlt && lage.modell.laedtModell.isEmpty();
+                  },
+                  [feld, wahl, gilt = z.gilt](const Einrichtungslage &lage) {
+                      return (!gilt || gilt(lage.profil)) &&
+                             Befunde::fehlt(lage.modell, lage.profil.*feld, wahl->currentText());
+                  },
+                  z.beschriftung + u": "_s + Sprache::text(u"Modell laden"_s)});
 }
 
 Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Modell &art)
@@ -504,7 +460,7 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Modell &art)
     connect(wahl->lineEdit(), &QLineEdit::editingFinished, this, setzen);
     folgen([this, wahl, feld = art.feld](const Einrichtungslage &lage) {
         if (!tippt(wahl->lineEdit()) || !wahl->lineEdit()->isModified())
-            wahlAuffrischen(wahl, modelleintraege(lage.modell, lage.profil.*feld), lage.profil.*feld);
+            wahlAuffrischen(wahl, lage.modell.auswahl(lage.profil.*feld), lage.profil.*feld);
     });
     return {.feld = wahl,
             .knopf = ladeknopf(z, art.feld, wahl),

@@ -1,25 +1,12 @@
 #pragma once
 
-#include "abschnittszeile.h"
+#include "abschnitte.h"
 #include "bau.h"
 #include "namensraeume.h"
 
 #include <QWidget>
 
-class QAbstractButton;
 class QFormLayout;
-class QLabel;
-class QLineEdit;
-
-namespace quillmar::zustand
-{
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::einrichtung
 {

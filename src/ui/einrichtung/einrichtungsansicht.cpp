@@ -19,6 +19,7 @@
 #include "textschild.h"
 #include "zustand.h"
 
+#include <QDesktopServices>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedLayout>
@@ -59,6 +60,8 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
     connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &EinrichtungsAnsicht::weiterZeigen);
     connect(m_weiter, &QPushButton::clicked, this, &EinrichtungsAnsicht::weiter);
     connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand->profilwahl(), &Profilwahl::erneutOeffnen);
+    connect(m_zustand->einrichtung(), &Einrichtung::spracheVorbereitet, this,
+            [](const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); });
     Stil::folgen(this, [this] {
         m_fenster = spracheUndSchrift();
         zeigen();

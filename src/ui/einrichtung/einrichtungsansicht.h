@@ -1,27 +1,9 @@
 #pragma once
 
-#include "abschnitt.h"
 #include "namensraeume.h"
+#include "teile.h"
 
 #include <QWidget>
-
-class QPushButton;
-class QStackedLayout;
-class QStackedWidget;
-
-namespace quillmar::zustand
-{
-class Fenstersprache;
-class Zustand;
-} // namespace quillmar::zustand
-
-namespace quillmar::bedienteile
-{
-class Hinweisfeld;
-class Liste;
-class Listenmodell;
-class Textschild;
-} // namespace quillmar::bedienteile
 
 namespace quillmar::einrichtung
 {

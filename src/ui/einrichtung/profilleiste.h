@@ -1,13 +1,8 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "teile.h"
 
 class QWidget;
-
-namespace quillmar::zustand
-{
-class Profilwahl;
-} // namespace quillmar::zustand
 
 namespace quillmar::einrichtung
 {
