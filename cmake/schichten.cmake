@@ -25,7 +25,7 @@ set(zeilen
     "ui/vorschau: grundlage/text.h sprache seiten gestalt ui/bedienteile"
     "ui/einrichtung: grundlage/pfade.h grundlage/text.h sprache profil/profil.h ablage/baustein.h zustand gestalt desktop/dateiverwaltung.h ui/bedienteile"
     "ui/ablauf: grundlage/pfade.h grundlage/text.h sprache analyse/analyse.h zustand gestalt ui/bedienteile"
-    "ui/pruefung: grundlage/pfade.h grundlage/text.h sprache analyse/einordnung.h zustand gestalt ui/bedienteile ui/vorschau/vorschau.h"
+    "ui/pruefung: grundlage/pfade.h grundlage/text.h sprache zustand gestalt ui/bedienteile ui/vorschau/vorschau.h"
     "ui/protokoll: grundlage/anfrage.h grundlage/pfade.h grundlage/text.h sprache ablage/bilanz.h ablage/protokollzeile.h zustand gestalt desktop/dateiverwaltung.h ui/bedienteile"
     "ui: grundlage/hintergrund.h grundlage/pfade.h grundlage/programmordner.h grundlage/text.h sprache analyse/analyse.h zustand gestalt desktop ui/bedienteile ui/einrichtung/einrichtungsansicht.h ui/ablauf/ablaufansicht.h ui/pruefung/pruefansicht.h ui/protokoll/protokollansicht.h"
     "app: grundlage sprache profil katalog lernen ablage analyse"

@@ -233,6 +233,14 @@ QString ordnerVon(const QString &pfad)
 
 QString nameVon(const QString &pfad) { return pfad.mid(pfad.lastIndexOf(u'/') + 1); }
 
+QString vorhandenerOrdner(const QString &pfad)
+{
+    QString ordner = pfad.isEmpty() ? QDir::homePath() : QDir::cleanPath(pfad);
+    while (!QFileInfo(ordner).isDir() && ordner != QFileInfo(ordner).path())
+        ordner = QFileInfo(ordner).path();
+    return ordner;
+}
+
 QString kurzpfad(const QString &pfad)
 {
     const QString heim = QDir::homePath();

@@ -71,6 +71,9 @@ bool ordnerLesen(const QByteArray &ordner, const std::function<void(int griff, c
 [[nodiscard]] QString ordnerVon(const QString &pfad);
 [[nodiscard]] QString nameVon(const QString &pfad);
 
+/** The nearest folder on the way up from @p pfad that is there; the home folder for an empty one. */
+[[nodiscard]] QString vorhandenerOrdner(const QString &pfad);
+
 /** A path for the user's eye: the home folder as "~". */
 [[nodiscard]] QString kurzpfad(const QString &pfad);
 /** The way back: "~" in front, as in every shell, is the home folder. */

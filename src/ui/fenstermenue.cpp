@@ -2,7 +2,7 @@
 
 #include "fenstersprache.h"
 #include "handbuchfenster.h"
-#include "schriftgroesse.h"
+#include "kleiderordnung.h"
 #include "sprache.h"
 #include "stil.h"
 

@@ -86,7 +86,7 @@ Hauptfenster::Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QStr
       m_aktualisierung(new Aktualisierung(this))
 {
     Quillmarstil::anwenden();
-    Hilfetexte::anwenden();
+    hilfetexteAnwenden();
     setObjectName(u"hauptfenster"_s);
     setMinimumSize(kleinste);
     resize(erste);
@@ -130,7 +130,7 @@ void Hauptfenster::aufbauen()
                                   Stil::Abstand::Keiner));
     kartenBauen(karten);
     setCentralWidget(inhalt);
-    kartenWechseln(karten);
+    kartenWechseln();
 }
 
 void Hauptfenster::kartenBauen(QStackedWidget *karten)
@@ -145,15 +145,11 @@ void Hauptfenster::kartenBauen(QStackedWidget *karten)
     m_karten = karten;
 }
 
-/** The chosen card is in front and has the focus; each has its key. */
-void Hauptfenster::kartenWechseln(QStackedWidget *karten)
+/** Each card has its key. */
+void Hauptfenster::kartenWechseln()
 {
-    const auto zeigen = [this, karten] {
-        karten->setCurrentIndex(int(m_zustand->reiter()));
-        karten->currentWidget()->setFocus();
-    };
-    connect(m_zustand, &Zustand::reiterGeaendert, karten, zeigen);
-    zeigen();
+    connect(m_zustand, &Zustand::reiterGeaendert, m_karten, [this] { karteZeigen(); });
+    karteZeigen();
     for (const Reiter reiter : alleReiter()) {
         auto *taste = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + int(reiter))), centralWidget());
         connect(taste, &QShortcut::activated, m_zustand, [this, reiter] { m_zustand->setzeReiter(reiter); });
@@ -193,6 +189,12 @@ void Hauptfenster::ersteKarteZeigen()
     if (std::exchange(m_gewaehlt, true))
         return;
     m_karten->show();
+    karteZeigen();
+}
+
+/** The chosen card is in front and has the focus. */
+void Hauptfenster::karteZeigen()
+{
     m_karten->setCurrentIndex(int(m_zustand->reiter()));
     m_karten->currentWidget()->setFocus();
 }
@@ -214,13 +216,7 @@ void Hauptfenster::updateMelden()
     const auto &ergebnis = m_aktualisierung->ergebnis();
     if (m_aktualisierung->laeuft() || !ergebnis || ergebnis->art != Aktualisierung::Ergebnis::Art::NeuereDa)
         return;
-    // Behind what the opening of the catalogue had to say, which weighs more.
-    const QString satz = Aktualisierung::satz(*ergebnis);
-    const QString bisher = m_zustand->meldestelle()->hinweis();
-    if (bisher.isEmpty())
-        m_zustand->meldestelle()->melden(satz, Meldestelle::Ton::Ruhig);
-    else if (!bisher.contains(satz))
-        m_zustand->meldestelle()->melden(bisher + u", "_s + satz, m_zustand->meldestelle()->ton());
+    m_zustand->meldestelle()->anhaengen(Aktualisierung::satz(*ergebnis));
 }
 
 /** A file that is being moved reaches its place first; asked twice, it is left to the settling at the next start. */

@@ -14,8 +14,7 @@ class Hauptfenster : public QMainWindow
     Q_OBJECT
 
 public:
-    /** @p profil: name of the profile to open with, empty for the first. Both
-     * others outlive the window. */
+    /** @p profil: name of the profile to open with, empty for the first. Both others outlive the window. */
     Hauptfenster(Zustand *zustand, Fenstersprache *sprache, const QString &profil = {}, QWidget *eltern = nullptr);
     ~Hauptfenster() override;
     /** Before all others, as far as the window manager allows. */
@@ -29,7 +28,8 @@ protected:
 private:
     void aufbauen();
     void kartenBauen(QStackedWidget *karten);
-    void kartenWechseln(QStackedWidget *karten);
+    void kartenWechseln();
+    void karteZeigen();
     void ersteKarteZeigen();
     void setzeTitel();
     void updateMelden();

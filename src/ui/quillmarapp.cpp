@@ -3,16 +3,16 @@
 #include "einzelfenster.h"
 #include "fenstersprache.h"
 #include "hauptfenster.h"
+#include "kleiderordnung.h"
 #include "meldestelle.h"
 #include "ordnerwahl.h"
+#include "pfade.h"
 #include "profilwahl.h"
 #include "quillmarstil.h"
-#include "schriftgroesse.h"
 #include "sprache.h"
 #include "text.h"
 #include "zustand.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QIcon>
 #include <QLocale>
@@ -30,26 +30,17 @@ QFileDialog::Options dialogart()
     return wieDasSystem ? QFileDialog::Options() : QFileDialog::DontUseNativeDialog;
 }
 
-/** The nearest folder on the way up from @p pfad that is there; a dialog begins anywhere else without it. */
-QString vorhandener(const QString &pfad)
-{
-    QString ordner = pfad.isEmpty() ? QDir::homePath() : QDir::cleanPath(pfad);
-    while (!QFileInfo(ordner).isDir() && ordner != QFileInfo(ordner).path())
-        ordner = QFileInfo(ordner).path();
-    return ordner;
-}
-
 std::optional<QString> ordnerFragen(const QString &titel, const QString &beginn)
 {
-    const QString ordner = QFileDialog::getExistingDirectory(QApplication::activeWindow(), titel, vorhandener(beginn),
-                                                             dialogart() | QFileDialog::ShowDirsOnly);
+    const QString ordner = QFileDialog::getExistingDirectory(
+        QApplication::activeWindow(), titel, vorhandenerOrdner(beginn), dialogart() | QFileDialog::ShowDirsOnly);
     return ordner.isEmpty() ? std::nullopt : std::optional(ordner);
 }
 
 std::optional<QString> protokollFragen(const QString &titel, const QString &beginn)
 {
     const QString datei =
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), titel, vorhandener(beginn),
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), titel, vorhandenerOrdner(beginn),
                                      Sprache::text(u"Sitzungsprotokolle (*.jsonl)"_s), nullptr, dialogart());
     return datei.isEmpty() ? std::nullopt : std::optional(datei);
 }

@@ -14,8 +14,7 @@ namespace quillmar::ui
 {
 class Hauptfenster;
 
-/** The windowed application: the one state object, the language, the main
- * window. */
+/** The windowed application: the one state object, the language, the main window. */
 class QuillmarApp : public QApplication
 {
     Q_OBJECT
@@ -25,9 +24,8 @@ public:
     ~QuillmarApp() override;
 
     /**
-     * Opens the window with the profile called @p profil, the first one when
-     * empty. Returns the exit
-     * status, at once when the user has a window already, which then comes to the front.
+     * Opens the window with the profile called @p profil, the first one when empty. Returns the exit status, at once
+     * when the user has a window already, which then comes to the front.
      */
     int laufen(const QString &profil);
 

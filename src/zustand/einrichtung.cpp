@@ -1,6 +1,7 @@
 #include "einrichtung.h"
 
 #include "ausnahmefilter.h"
+#include "befunde.h"
 #include "durchgang.h"
 #include "fehlersatz.h"
 #include "katalog.h"
@@ -193,6 +194,17 @@ std::optional<Abschnitt> Einrichtung::naechsterAbschnitt(Abschnitt von) const
         }
     }
     return std::nullopt;
+}
+
+Einrichtung::Fortsetzung Einrichtung::fortsetzung() const
+{
+    if (const auto naechster = naechsterAbschnitt(m_abschnitt))
+        return {.titel = gefuellt(Sprache::text(u"Weiter zu %@"_s), {abschnittTitel(*naechster)}),
+                .grund = fussnote(m_abschnitt, lage())};
+    const QString hindernis = starthindernis();
+    return {.titel = Sprache::text(u"Durchgang starten"_s),
+            .grund = hindernis.isEmpty() ? fussnote(m_abschnitt, lage()) : hindernis,
+            .geht = hindernis.isEmpty()};
 }
 
 QString Einrichtung::starthindernis() const

@@ -55,6 +55,13 @@ public:
     [[nodiscard]] std::optional<Abschnitt> naechsterAbschnitt(Abschnitt von) const;
     /** Why no run can be started, for the user; empty when one can. */
     [[nodiscard]] QString starthindernis() const;
+    /** The button that goes on, what stands beside it, and whether it can be pressed. */
+    struct Fortsetzung {
+        QString titel;
+        QString grund;
+        bool geht = true;
+    };
+    [[nodiscard]] Fortsetzung fortsetzung() const;
 
     /** Takes the tree below the target root into the profile and notes what is new or gone. */
     void strukturEinlesen();

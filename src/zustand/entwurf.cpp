@@ -3,8 +3,10 @@
 #include "einordnung.h"
 #include "sprache.h"
 
+#include <QDate>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -70,6 +72,31 @@ const QList<Feldtext> &feldtexte()
 QString feldname(Feld feld) { return feldtexte().at(int(feld)).name; }
 QString feldtitel(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).titel); }
 QString feldhilfe(Feld feld) { return Sprache::text(/* QUILLMAR_TEXT */ feldtexte().at(int(feld)).hilfe); }
+QStringList feldauswahl(const Profil &profil, const Ort &ort, Feld feld)
+{
+    const auto namen = [](const auto &dinge) {
+        QStringList liste;
+        for (const auto &ding : dinge)
+            liste << ding.name;
+        return liste;
+    };
+    const Zweig *zweig = profil.zweig(ort.zweig);
+    const Ablageart *art = profil.ablageart(ort.zweig, ort.ablage);
+    if (feld == Feld::Zweig)
+        return namen(profil.zweige);
+    if (feld == Feld::Ablage)
+        return zweig ? namen(zweig->ablagen) : QStringList();
+    return feld == Feld::Rubrik && art ? art->rubriken : QStringList();
+}
+
+std::pair<QString, bool> datumswort(const QString &datum)
+{
+    const QString mangel = Einordnung::datumsmangel(datum);
+    if (mangel.isEmpty())
+        return {QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s), false};
+    return {Einordnung::istDatum(datum) ? mangel : Sprache::text(u"Bitte als JJJJ-MM-TT"_s), true};
+}
+
 QString feldwert(const Angaben &angaben, Feld feld) { return stelle(angaben, feld); }
 
 void Entwurf::schreiben(Angaben &angaben, Feld feld, const QString &wert)

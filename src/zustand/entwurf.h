@@ -16,6 +16,10 @@ constexpr int feldzahl = 7;
 [[nodiscard]] QString feldname(Feld feld);
 [[nodiscard]] QString feldtitel(Feld feld);
 [[nodiscard]] QString feldhilfe(Feld feld);
+/** What can be chosen for @p feld of a document at @p ort; empty for a field that is typed. */
+[[nodiscard]] QStringList feldauswahl(const Profil &profil, const Ort &ort, Feld feld);
+/** The weekday of a date as it was typed, or what is wrong with it (the second value is true then). */
+[[nodiscard]] std::pair<QString, bool> datumswort(const QString &datum);
 [[nodiscard]] QString feldwert(const Angaben &angaben, Feld feld);
 
 /** The reviewer's changes to one document that are not filed yet. They go before whatever is stored meanwhile. */

@@ -1,8 +1,12 @@
 #include "laufkarte.h"
 
+#include "analyse.h"
+#include "durchgang.h"
 #include "pfade.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "text.h"
+#include "zustand.h"
 
 #include <QLocale>
 
@@ -11,6 +15,18 @@ using namespace std::chrono_literals;
 
 namespace quillmar::zustand
 {
+Lauflage Lauflage::von(const Zustand &zustand)
+{
+    const Durchgang *durchgang = zustand.durchgang();
+    return {.profil = *zustand.profilwahl()->aktiv(),
+            .bereitschaft = zustand.profilwahl()->bereitschaft(),
+            .laeuft = durchgang->laeuft(),
+            .haeltAn = durchgang->analyse()->abbrechenGewuenscht(),
+            .startWartet = durchgang->startWartet(),
+            .gelaufen = durchgang->laufbild().gelaufen(),
+            .stufe = durchgang->analyse()->stufe()};
+}
+
 QString Lauflage::titel() const
 {
     if (laeuft)
@@ -76,6 +92,29 @@ QString Lauflage::vorschau(int nummer) const
                    ? gefuellt(Sprache::text(u"%@ sieht sich an, was unsicher ist."_s), {profil.modellGross})
                    : Sprache::text(u"Ist in diesem Profil ausgeschaltet."_s);
     }
+}
+
+QString hindernissatz(const Durchgang &durchgang)
+{
+    QStringList saetze;
+    if (durchgang.laeuft())
+        return {};
+    for (const Laufhindernis &h : durchgang.analyse()->fazit().hindernisse)
+        saetze << h.satz();
+    if (const qint64 offen = durchgang.nacharbeit().unbeantwortet; offen > 0)
+        saetze << gefuellt(Sprache::text(u"Nachgefragt und ohne Antwort geblieben: %@."_s), {QString::number(offen)});
+    return saetze.join(u' ');
+}
+
+std::pair<QString, QString> ausraeumtext(const Profil &profil, bool raeumt)
+{
+    if (raeumt)
+        return {
+            Sprache::text(u"Anhalten"_s),
+            Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest bleibt, wie er ist."_s)};
+    if (profil.kopieren)
+        return {Sprache::text(u"Nicht mitkopieren"_s), {}};
+    return {gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s), {profil.dublettenOrdner}), {}};
 }
 
 QString dauertext(std::chrono::milliseconds dauer)

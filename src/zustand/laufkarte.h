@@ -2,6 +2,7 @@
 
 #include "bereitschaft.h"
 #include "laufbild.h"
+#include "modelle.h"
 #include "modellstand.h"
 #include "nacharbeit.h"
 #include "namensraeume.h"
@@ -21,6 +22,8 @@ struct Lauflage {
     bool gelaufen = false;    ///< a run has been seen
     QString stufe;            ///< in which the last run ended
 
+    /** Of a state with an active profile. */
+    [[nodiscard]] static Lauflage von(const Zustand &zustand);
     [[nodiscard]] bool startbereit() const { return bereitschaft && bereitschaft->vollstaendig(); }
     [[nodiscard]] QString titel() const;
     /** The line below the title. */
@@ -31,6 +34,10 @@ struct Lauflage {
     [[nodiscard]] QString vorschau(int nummer) const;
 };
 
+/** What stood in the way of the last run, and what of its questions is still open; empty while one is running. */
+[[nodiscard]] QString hindernissatz(const Durchgang &durchgang);
+/** What the button for the duplicates does, and its help: while it sets aside (@p raeumt) it stops that. */
+[[nodiscard]] std::pair<QString, QString> ausraeumtext(const Profil &profil, bool raeumt);
 /** How long a stage took, in seconds, minutes or hours. */
 [[nodiscard]] QString dauertext(std::chrono::milliseconds dauer);
 /** How far a stage is, for who cannot see its mark. */

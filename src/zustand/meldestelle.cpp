@@ -19,6 +19,14 @@ void Meldestelle::melden(const QString &hinweis, Ton ton)
     Q_EMIT hinweisGeaendert();
 }
 
+void Meldestelle::anhaengen(const QString &satz)
+{
+    if (m_hinweis.isEmpty())
+        melden(satz, Ton::Ruhig);
+    else if (!m_hinweis.contains(satz))
+        melden(m_hinweis + QStringLiteral(", ") + satz, m_ton);
+}
+
 void Meldestelle::berichten(const QString &geschehen, const QString &hinweis, Ton ton, bool hinweisZuerst)
 {
     m_geschehen = geschehen;

@@ -76,11 +76,6 @@ void Pruefung::altenOrtBehalten()
     }
 }
 
-QString Pruefung::datumsmangel() const
-{
-    return m_stueck ? Einordnung::datumsmangel(m_stueck->dokument.angaben.datum.trimmed()) : QString();
-}
-
 QString Pruefung::neuerName() const
 {
     const Profil *profil = m_profilwahl->aktiv();

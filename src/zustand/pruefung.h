@@ -36,7 +36,6 @@ public:
     void setzeFeld(Feld feld, const QString &wert);
     void altenOrtBehalten();
     /** Why the date cannot be filed, for the user; empty for a day and for none. */
-    [[nodiscard]] QString datumsmangel() const;
     /** New file name and the levels of the target folder below the target root, from the fields as they stand. */
     [[nodiscard]] QString neuerName() const;
     [[nodiscard]] QStringList zielpfad() const;

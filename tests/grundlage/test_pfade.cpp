@@ -207,6 +207,16 @@ private Q_SLOTS:
         QTEST(nameVon(pfad), "name");
     }
 
+    /** A dialog begins at what is there. */
+    void vorhandenes()
+    {
+        const QTemporaryDir ordner;
+        QCOMPARE(vorhandenerOrdner(ordner.path()), ordner.path());
+        QCOMPARE(vorhandenerOrdner(ordner.filePath(u"weg/und/fort/"_s)), ordner.path());
+        QCOMPARE(vorhandenerOrdner({}), QDir::homePath());
+        QCOMPARE(vorhandenerOrdner(u"/gibt/es/nicht"_s), u"/"_s);
+    }
+
     void kurzpfad_data()
     {
         QTest::addColumn<QString>("pfad");

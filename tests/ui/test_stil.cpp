@@ -1,7 +1,7 @@
-#include "farben.h"
 #include "einstellungen.h"
+#include "farben.h"
 #include "farbrechnung.h"
-#include "schriftgroesse.h"
+#include "kleiderordnung.h"
 #include "stil.h"
 #include "zeichen.h"
 
@@ -88,7 +88,8 @@ private Q_SLOTS:
         QFETCH(const QPalette, farben);
         const QColor fenster = farben.color(QPalette::Window);
         QVERIFY(kontrast(Farben::nebenfarbe(farben), fenster) >= 4.6);
-        QVERIFY(kontrast(Farben::nebenfarbe(farben, Farben::auswahlgrund(farben)), Farben::auswahlgrund(farben)) >= 4.6);
+        QVERIFY(kontrast(Farben::nebenfarbe(farben, Farben::auswahlgrund(farben)), Farben::auswahlgrund(farben)) >=
+                4.6);
         QVERIFY(kontrast(Farben::nebenfarbe(farben), fenster) < kontrast(farben.color(QPalette::WindowText), fenster));
         QVERIFY(kontrast(Farben::aufAkzent(farben), Farben::akzent(farben)) >= 4.5);
         QVERIFY(kontrast(Farben::verweis(farben), fenster) >= 4.5);
@@ -96,8 +97,8 @@ private Q_SLOTS:
         QVERIFY(kontrast(Farben::akzentmarke(farben), fenster) >= 3);
         QVERIFY(kontrast(Farben::griff(farben), fenster) >= 3);
         for (const auto bedeutung : {Farben::Bedeutung::Warnung, Farben::Bedeutung::Gut, Farben::Bedeutung::Fehler})
-            QVERIFY(kontrast(Farben::farbe(bedeutung, farben), Farben::toenung(Farben::farbe(bedeutung, farben), farben)) >=
-                    3);
+            QVERIFY(kontrast(Farben::farbe(bedeutung, farben),
+                             Farben::toenung(Farben::farbe(bedeutung, farben), farben)) >= 3);
     }
 
     void schriftgroesseWirktSofort()

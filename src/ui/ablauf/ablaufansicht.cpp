@@ -191,18 +191,6 @@ bool AblaufAnsicht::eingerichtet() const
     return !m_zustand->profilwahl()->bereitschaft() || m_zustand->profilwahl()->bereitZumStart();
 }
 
-Lauflage AblaufAnsicht::lage() const
-{
-    const Durchgang *durchgang = m_zustand->durchgang();
-    return {.profil = *m_zustand->profilwahl()->aktiv(),
-            .bereitschaft = m_zustand->profilwahl()->bereitschaft(),
-            .laeuft = laeuft(),
-            .haeltAn = durchgang->analyse()->abbrechenGewuenscht(),
-            .startWartet = durchgang->startWartet(),
-            .gelaufen = durchgang->laufbild().gelaufen(),
-            .stufe = durchgang->analyse()->stufe()};
-}
-
 /** To the first section without which no run begins. */
 void AblaufAnsicht::zurEinrichtung()
 {
@@ -287,19 +275,11 @@ void AblaufAnsicht::stufenZeigen()
     }
 }
 
-/** What stood in the way of the last run, and what of its questions is still open. */
 void AblaufAnsicht::hindernisseZeigen()
 {
-    QStringList saetze;
-    if (!laeuft()) {
-        for (const Laufhindernis &h : m_zustand->durchgang()->analyse()->fazit().hindernisse)
-            saetze << h.satz();
-        if (const qint64 offen = m_zustand->durchgang()->nacharbeit().unbeantwortet; offen > 0)
-            saetze << gefuellt(Sprache::text(u"Nachgefragt und ohne Antwort geblieben: %@."_s),
-                               {QString::number(offen)});
-    }
-    m_hindernisse->setzeText(saetze.join(u' '));
-    m_hindernisse->setVisible(!saetze.isEmpty());
+    const QString satz = hindernissatz(*m_zustand->durchgang());
+    m_hindernisse->setzeText(satz);
+    m_hindernisse->setVisible(!satz.isEmpty());
     m_hindernisse->knopf()->setEnabled(m_zustand->profilwahl()->bereitZumStart() &&
                                        !m_zustand->durchgang()->startErbeten());
 }
@@ -337,23 +317,12 @@ void AblaufAnsicht::listenZeigen()
     ausraeumenZeigen();
 }
 
-/** While it sets aside, the button stops it. */
 void AblaufAnsicht::ausraeumenZeigen()
 {
-    const Profil &profil = *m_zustand->profilwahl()->aktiv();
     const Ausfuehrung *ausfuehrung = m_zustand->ausfuehrung();
-    const bool raeumt = ausfuehrung->raeumtAus();
-    QString text = gefuellt(Sprache::text(u"In den Ordner %@ verschieben"_s), {profil.dublettenOrdner});
-    QString hilfe;
-    if (raeumt) {
-        text = Sprache::text(u"Anhalten"_s);
-        hilfe =
-            Sprache::text(u"Hört nach dem Dokument auf, das gerade an der Reihe ist. Der Rest bleibt, wie er ist."_s);
-    } else if (profil.kopieren) {
-        text = Sprache::text(u"Nicht mitkopieren"_s);
-    }
+    const auto [text, hilfe] = ausraeumtext(*m_zustand->profilwahl()->aktiv(), ausfuehrung->raeumtAus());
     benennen(m_ausraeumen, text, hilfe);
-    m_ausraeumen->setIcon(Zeichen::icon(raeumt ? Symbol::Halt : Symbol::Keines));
+    m_ausraeumen->setIcon(Zeichen::icon(ausfuehrung->raeumtAus() ? Symbol::Halt : Symbol::Keines));
     m_ausraeumen->setEnabled(ausfuehrung->anhaltbar() || !ausfuehrung->beschaeftigt());
 }
 

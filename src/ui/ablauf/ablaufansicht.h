@@ -51,7 +51,7 @@ private:
     void fokusHalten();
     [[nodiscard]] bool laeuft() const;
     [[nodiscard]] bool eingerichtet() const;
-    [[nodiscard]] Lauflage lage() const;
+    [[nodiscard]] Lauflage lage() const { return Lauflage::von(*m_zustand); }
 
     Zustand *m_zustand;
     QStackedLayout *m_stapel;

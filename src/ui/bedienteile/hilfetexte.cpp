@@ -37,15 +37,12 @@ bool zeigen(QWidget *teil, const QHelpEvent &ereignis)
     QToolTip::showText(ereignis.globalPos(), u"<qt>"_s + zeilen + u"</qt>"_s, teil, {}, teil->toolTipDuration());
     return true;
 }
-} // namespace
-
-Hilfetexte::Hilfetexte(QObject *anwendung) : QObject(anwendung) { anwendung->installEventFilter(this); }
-
-void Hilfetexte::anwenden()
+class Hilfetexte : public QObject
 {
-    if (!qApp->findChild<Hilfetexte *>(QString(), Qt::FindDirectChildrenOnly))
-        new Hilfetexte(qApp);
-}
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *empfaenger, QEvent *ereignis) override;
+};
 
 bool Hilfetexte::eventFilter(QObject *empfaenger, QEvent *ereignis)
 {
@@ -66,5 +63,16 @@ bool Hilfetexte::eventFilter(QObject *empfaenger, QEvent *ereignis)
     default:
         return false;
     }
+}
+} // namespace
+
+void hilfetexteAnwenden()
+{
+    constexpr auto name = "hilfetexte"_L1;
+    if (qApp->findChild<QObject *>(name, Qt::FindDirectChildrenOnly))
+        return;
+    auto *neue = new Hilfetexte(qApp);
+    neue->setObjectName(name);
+    qApp->installEventFilter(neue);
 }
 } // namespace quillmar::bedienteile

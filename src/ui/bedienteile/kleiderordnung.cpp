@@ -1,13 +1,18 @@
 #include "kleiderordnung.h"
 
+#include "einstellungen.h"
 #include "farben.h"
+#include "sprache.h"
 #include "stil.h"
+#include "text.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
-#include <utility>
+#include <algorithm>
+#include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -126,5 +131,57 @@ void Stil::ankleiden(QWidget *schild, Schrift art)
     schild->setProperty(eigenschaft, int(art));
     schild->installEventFilter(ordnung);
     kleid(schild);
+}
+
+namespace
+{
+constexpr auto schluesselSchrift = "schriftgroesse"_L1;
+
+std::optional<double> gespeicherte()
+{
+    bool zahl = false;
+    const double punkte = Einstellungen::wert(schluesselSchrift).toDouble(&zahl);
+    return zahl && std::isfinite(punkte) ? std::optional(punkte) : std::nullopt;
+}
+
+} // namespace
+
+void schriftgroesseAnwenden()
+{
+    const auto anwenden = [] {
+        const auto punkte = gespeicherte();
+        if (punkte && std::clamp(*punkte, Stil::kleinsteSchrift, Stil::groessteSchrift) != Stil::schriftgroesse())
+            Stil::setzeSchriftgroesse(*punkte);
+    };
+    anwenden();
+    QObject::connect(Kleiderordnung::derAnwendung(), &Kleiderordnung::geaendert, qApp, anwenden);
+}
+
+QList<Wahleintrag> schriftgroessen()
+{
+    QList<Wahleintrag> groessen;
+    for (int punkte = int(Stil::kleinsteSchrift); punkte <= int(Stil::groessteSchrift); ++punkte) {
+        const QString wert = QString::number(punkte);
+        groessen << Wahleintrag{.wert = wert, .anzeige = gefuellt(Sprache::text(u"%@ Punkt"_s), {wert})};
+    }
+    return groessen;
+}
+
+QString spracheUndSchrift()
+{
+    const QString punkte = gefuellt(Sprache::text(u"%@ Punkt"_s), {naechsteSchriftgroesse()});
+    for (const Sprachsatz &satz : Sprache::verfuegbare()) {
+        if (satz.kennung == Sprache::wirksameKennung())
+            return satz.name + u", "_s + punkte;
+    }
+    return u"Deutsch, "_s + punkte;
+}
+
+QString naechsteSchriftgroesse() { return QString::number(qRound(Stil::schriftgroesse())); }
+
+void schriftgroesseWaehlen(double punkte)
+{
+    Stil::setzeSchriftgroesse(punkte);
+    Einstellungen::setzen(schluesselSchrift, Stil::schriftgroesse());
 }
 } // namespace quillmar::bedienteile

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "namensraeume.h"
+#include "auswahl.h"
 
 #include <QObject>
 
@@ -28,4 +28,19 @@ private:
 
     bool m_dabei = false;
 };
+
+/** Sets and stores the font size, within its bounds. */
+void schriftgroesseWaehlen(double punkte);
+
+/** The sizes that are offered, and the one that comes next to what is set. */
+[[nodiscard]] QList<Wahleintrag> schriftgroessen();
+[[nodiscard]] QString naechsteSchriftgroesse();
+/** The language and the font size in effect, for the user. */
+[[nodiscard]] QString spracheUndSchrift();
+
+/**
+ * Takes the stored font size over into the running program, and again whenever a desktop sets a font of its own later;
+ * without one the desktop's holds.
+ */
+void schriftgroesseAnwenden();
 } // namespace quillmar::bedienteile

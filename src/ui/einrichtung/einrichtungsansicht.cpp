@@ -8,12 +8,12 @@
 #include "durchgang.h"
 #include "einrichtung.h"
 #include "hinweisfeld.h"
+#include "kleiderordnung.h"
 #include "leeransicht.h"
 #include "liste.h"
 #include "pfade.h"
 #include "profilleiste.h"
 #include "profilwahl.h"
-#include "schriftgroesse.h"
 #include "sprache.h"
 #include "text.h"
 #include "textschild.h"
@@ -209,16 +209,9 @@ void EinrichtungsAnsicht::weiterZeigen()
 {
     if (!isVisible() || !m_zustand->profilwahl()->aktiv())
         return; // a run tells of its progress many times a second
-    const Einrichtung &einrichtung = *m_zustand->einrichtung();
-    const auto naechster = einrichtung.naechsterAbschnitt(einrichtung.abschnitt());
-    const QString hindernis = naechster ? QString() : einrichtung.starthindernis();
-    const QString grund =
-        hindernis.isEmpty() ? zustand::fussnote(einrichtung.abschnitt(), einrichtung.lage()) : hindernis;
-    benennen(m_weiter,
-             naechster ? gefuellt(Sprache::text(u"Weiter zu %@"_s), {abschnittTitel(*naechster)})
-                       : Sprache::text(u"Durchgang starten"_s),
-             grund);
-    m_weiter->setEnabled(hindernis.isEmpty());
+    const auto [titel, grund, geht] = m_zustand->einrichtung()->fortsetzung();
+    benennen(m_weiter, titel, grund);
+    m_weiter->setEnabled(geht);
     m_grund->setzeText(grund);
 }
 

@@ -2,19 +2,16 @@
 
 #include "auswahl.h"
 #include "bau.h"
-#include "einordnung.h"
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sprache.h"
 #include "textschild.h"
 
 #include <QComboBox>
-#include <QDate>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -29,15 +26,6 @@ constexpr int datumszeichen = 12;
 constexpr int jahreszeichen = 6;
 
 bool istWahl(Feld feld) { return feld == Feld::Zweig || feld == Feld::Ablage || feld == Feld::Rubrik; }
-
-template <class Ding>
-QStringList namen(const QList<Ding> &dinge)
-{
-    QStringList liste;
-    for (const Ding &ding : dinge)
-        liste << ding.name;
-    return liste;
-}
 
 QString erklaerung()
 {
@@ -186,15 +174,10 @@ void Angabenfeld::festhalten()
 void Angabenfeld::wahlenZeigen()
 {
     const Dokument *d = m_pruefung->aktuelles();
-    const auto &profil = m_profilwahl->aktiv();
-    if (!d || !profil)
+    if (!d || !m_profilwahl->aktiv())
         return;
-    const Ort &ort = d->angaben.ort;
-    const Zweig *zweig = profil->zweig(ort.zweig);
-    const Ablageart *art = profil->ablageart(ort.zweig, ort.ablage);
-    wahlZeigen(Feld::Zweig, namen(profil->zweige), ort.zweig);
-    wahlZeigen(Feld::Ablage, zweig ? namen(zweig->ablagen) : QStringList(), ort.ablage);
-    wahlZeigen(Feld::Rubrik, art ? art->rubriken : QStringList(), ort.rubrik);
+    for (const Feld feld : {Feld::Zweig, Feld::Ablage, Feld::Rubrik})
+        wahlZeigen(feld, feldauswahl(*m_profilwahl->aktiv(), d->angaben.ort, feld), feldwert(d->angaben, feld));
 }
 
 /** A value that the structure does not know any more is shown all the same: it is what would be filed. */
@@ -216,12 +199,7 @@ void Angabenfeld::wahlZeigen(Feld feld, const QStringList &auswahl, const QStrin
 void Angabenfeld::tagZeigen()
 {
     const Dokument *d = m_pruefung->aktuelles();
-    const QString datum = d ? d->angaben.datum.trimmed() : QString();
-    const QString mangel = m_pruefung->datumsmangel();
-    const bool falsch = !mangel.isEmpty();
-    QString text = falsch ? mangel : QLocale().toString(QDate::fromString(datum, Qt::ISODate), u"dddd"_s);
-    if (falsch && !Einordnung::istDatum(datum))
-        text = Sprache::text(u"Bitte als JJJJ-MM-TT"_s);
+    const auto [text, falsch] = datumswort(d ? d->angaben.datum.trimmed() : QString());
     Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setText(text);
     m_eingaben.at(int(Feld::Datum))
         .text->setAccessibleDescription(falsch ? text + u". "_s + feldhilfe(Feld::Datum) : feldhilfe(Feld::Datum));
