@@ -169,8 +169,8 @@ void ruhe()
 
 /**
  * quillmar-bilder ORDNER [NAME...]: takes the pictures of the handbook with the sample archive.
- * quillmar-bilder ORDNER --art=18,1100x700,dunkel,en: every state once, in these looks (hell, dunkel; de, en).
- * quillmar-bilder --namen: looks in every state, once each, whether everything that can have the focus has a name.
+ * quillmar-bilder ORDNER --art=18,1100x700,dunkel,en [NAME...]: every state once, in these looks (hell, dunkel; de,
+ * en). quillmar-bilder --namen: looks in every state, once each, whether everything that can have the focus has a name.
  */
 int main(int anzahl, char **argumente)
 {
@@ -184,7 +184,7 @@ int main(int anzahl, char **argumente)
     QApplication::setFont(QFont(u"Noto Sans"_s, 10));
     QIcon::setThemeName(u"breeze"_s);
     const std::optional<Buehnenbild> art = verlangteArt(QCoreApplication::arguments());
-    const QStringList wuensche = art ? QStringList() : QCoreApplication::arguments().mid(2);
+    const QStringList wuensche = QCoreApplication::arguments().mid(art ? 3 : 2);
     const bool nurNamen = QCoreApplication::arguments().value(1) == u"--namen"_s;
     const QString ziel = nurNamen ? QString() : QCoreApplication::arguments().value(1);
     bool gelungen = true;

@@ -5,10 +5,12 @@
 #include "quillmarstil.h"
 #include "textschild.h"
 
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QToolButton>
 #include <QtTest>
 
@@ -173,6 +175,36 @@ private Q_SLOTS:
         const double klein = text.font().pointSizeF();
         text.befund(Symbol::Warnung, u"Mangel"_s);
         QVERIFY(text.font().pointSizeF() > klein);
+    }
+
+    /** A sentence that comes later and needs more lines gets them, however deep its row lies. */
+    void spaeterLaenger_data()
+    {
+        QTest::addColumn<bool>("formular");
+        QTest::newRow("in einer Spalte") << false;
+        QTest::newRow("in einem Formular") << true;
+    }
+    void spaeterLaenger()
+    {
+        QFETCH(const bool, formular);
+        auto *text = new Textschild;
+        Kette *zeile = reihe({{text, 1}, knopf(u"k"_s, u"Noch einmal"_s)});
+        auto *form = new QFormLayout;
+        form->setRowWrapPolicy(QFormLayout::WrapAllRows);
+        if (formular)
+            form->addRow(schild(u"Server"_s), traeger(zeile));
+        QLayout *inhalt = formular ? static_cast<QLayout *>(form) : spalte({reihe({zeile}), new QLineEdit});
+        if (!formular)
+            delete form;
+        auto *rollen = rollbereich(fuellen(new QWidget, inhalt));
+        const std::unique_ptr<QWidget> halter(rollen);
+        text->setzen(Symbol::Laeuft, u"Wird gesucht …"_s);
+        rollen->resize(300, 400);
+        rollen->show();
+        QVERIFY(QTest::qWaitForWindowExposed(rollen));
+        text->setzen(Symbol::Warnung, u"Er läuft nicht. Was dann zu tun ist, steht in einem anderen Abschnitt."_s);
+        QTRY_VERIFY2(text->height() >= text->heightForWidth(text->width()),
+                     qPrintable(u"%1 statt %2"_s.arg(text->height()).arg(text->heightForWidth(text->width()))));
     }
 
     /** Everything is as tall at every font size as what stands beside it. */

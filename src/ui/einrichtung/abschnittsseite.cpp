@@ -146,10 +146,10 @@ void Abschnittsseite::zeile(const Abschnittszeile &z, const Teile &teile)
         anfuegen(nullptr, gesagtes);
 }
 
-/** A row of the form. A widget that is hidden takes its row with it, a layout does not. */
+/** A row of the form, which would not notice that a layout within it needs more height than at first. */
 void Abschnittsseite::anfuegen(QLabel *beschriftung, const Teil &teil)
 {
-    teil.layout ? m_form->addRow(beschriftung, teil.layout) : m_form->addRow(beschriftung, teil.widget);
+    m_form->addRow(beschriftung, teil.layout ? traeger(teil.layout) : teil.widget);
 }
 
 /** The name, help and width of a field; it follows whether it can be changed. */
