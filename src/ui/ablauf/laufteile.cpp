@@ -64,8 +64,8 @@ Stufe::Stufe(int nummer, bool letzte)
 void Stufe::zeigen(const Stufenbild &stufe, const QString &zeit, double anteil)
 {
     const bool laeuft = stufe.stand == Stand::Laeuft;
-    m_symbol = symbol(stufe.stand);
-    m_marke->setPixmap(zeichenbild(m_symbol));
+    if (const Symbol neu = symbol(stufe.stand); neu != m_symbol)
+        m_marke->setPixmap(zeichenbild(m_symbol = neu));
     Stil::kleiden(m_name, laeuft ? Schrift::Halbfett : Schrift::Grund)->setText(stufe.name);
     m_zeit->setText(zeit);
     m_meldung->setzeText(stufe.meldung);

@@ -40,7 +40,7 @@ protected:
     void changeEvent(QEvent *ereignis) override;
 
 private:
-    Symbol m_symbol = Symbol::Offen;
+    Symbol m_symbol = Symbol::Keines;
     QLabel *m_marke;
     QLabel *m_name;
     QLabel *m_zeit;
