@@ -71,6 +71,7 @@ AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
     m_stapel->addWidget(rollbereich(spalteBauen()));
     m_stapel->addWidget(m_leere);
     verbinden();
+    folgen();
     zeigen();
 }
 
@@ -130,8 +131,6 @@ AblaufAnsicht::Nacharbeitsteil AblaufAnsicht::teilBauen(const QString &name, con
 
 void AblaufAnsicht::verbinden()
 {
-    Durchgang *durchgang = m_zustand->durchgang();
-    Profilwahl *wahl = m_zustand->profilwahl();
     connect(m_leere, &Leeransicht::gedrueckt, m_zustand,
             [this] { weiter(*m_zustand, ohneKatalog(*m_zustand->profilwahl()).tat); });
     connect(m_starten, &QPushButton::clicked, this, [this] { eingerichtet() ? starten() : zurEinrichtung(); });
@@ -144,7 +143,7 @@ void AblaufAnsicht::verbinden()
         starten(Durchgang::Art::Erneut);
     });
     connect(m_alleErneut, &QPushButton::clicked, this, [this] { starten(Durchgang::Art::Erneut); });
-    connect(m_erneut, &QPushButton::clicked, durchgang,
+    connect(m_erneut, &QPushButton::clicked, m_zustand,
             [this] { m_zustand->durchgang()->erneutVersuchen(m_gescheiterte.liste->kennung().toLongLong()); });
     connect(m_gescheiterte.liste->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &AblaufAnsicht::knoepfeZeigen);
@@ -152,6 +151,12 @@ void AblaufAnsicht::verbinden()
         Ausfuehrung *ausfuehrung = m_zustand->ausfuehrung();
         ausfuehrung->raeumtAus() ? ausfuehrung->anhalten() : ausfuehrung->dublettenAusraeumen();
     });
+}
+
+void AblaufAnsicht::folgen()
+{
+    Durchgang *durchgang = m_zustand->durchgang();
+    Profilwahl *wahl = m_zustand->profilwahl();
     connect(durchgang, &Durchgang::startFraglich, this, &AblaufAnsicht::fragen);
     connect(wahl, &Profilwahl::aktivGeaendert, m_frage, &QWidget::hide); // it was about the other profile
     for (const auto signal : {&Durchgang::laufGeaendert, &Durchgang::nacharbeitGeaendert})

@@ -37,6 +37,7 @@ private:
     QWidget *spalteBauen();
     Nacharbeitsteil teilBauen(const QString &name, const QString &ansage, const QList<QPushButton *> &knoepfe);
     void verbinden();
+    void folgen();
     void zeigen();
     void knoepfeZeigen();
     void stufenZeigen();

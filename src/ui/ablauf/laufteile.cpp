@@ -71,10 +71,8 @@ void Stufe::zeigen(const Stufenbild &stufe, const QString &zeit, double anteil)
     m_meldung->setzeText(stufe.meldung);
     m_balken->setVisible(laeuft);
     setzeAnteil(m_balken, anteil);
-    QStringList worte = {standwort(stufe.stand), stufe.meldung, zeit};
-    worte.removeAll(QString());
     setAccessibleName(stufe.name);
-    setAccessibleDescription(worte.join(u", "_s));
+    setAccessibleDescription(vorgelesen({standwort(stufe.stand), stufe.meldung, zeit}));
 }
 
 void Stufe::changeEvent(QEvent *ereignis)

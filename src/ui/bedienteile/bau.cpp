@@ -107,6 +107,12 @@ void benennen(QAbstractButton *knopf, const QString &titel, const QString &hilfe
     knopf->setToolTip(hilfe);
 }
 
+QString vorgelesen(QStringList teile)
+{
+    teile.removeAll(QString());
+    return teile.join(u", "_s);
+}
+
 QProgressBar *balken(const QString &name, double breite)
 {
     auto *neuer = new QProgressBar;

@@ -48,6 +48,9 @@ void setzeMitText(QToolButton *knopf, bool mit);
 /** Words and help of a button whose meaning changes. */
 void benennen(QAbstractButton *knopf, const QString &titel, const QString &hilfe);
 
+/** As a screen reader reads it: what is not empty, divided by commas. */
+[[nodiscard]] QString vorgelesen(QStringList teile);
+
 /** A thin bar that shows a share; @p breite in pixels at 10 pt, 0: as wide as there is room. */
 [[nodiscard]] QProgressBar *balken(const QString &name, double breite = 0);
 /** @p anteil from 0 to 1. */

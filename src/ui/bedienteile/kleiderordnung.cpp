@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
+#include <QSet>
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -75,28 +76,17 @@ Kleiderordnung *Kleiderordnung::derAnwendung()
 
 bool Kleiderordnung::eventFilter(QObject *empfaenger, QEvent *ereignis)
 {
-    switch (ereignis->type()) {
-    case QEvent::ApplicationFontChange:
-        if (empfaenger == qApp)
-            alleKleiden();
-        break;
-    case QEvent::ApplicationPaletteChange:
-        // By then all others have the new palette.
-        if (empfaenger == qApp)
-            QMetaObject::invokeMethod(this, &Kleiderordnung::alleKleiden, Qt::QueuedConnection);
-        break;
-    case QEvent::FontChange:
-    case QEvent::PaletteChange:
-    case QEvent::StyleChange:
-    case QEvent::ParentChange:
-        if (!m_dabei && empfaenger->property(eigenschaft).isValid()) {
-            m_dabei = true;
-            kleid(static_cast<QWidget *>(empfaenger));
-            m_dabei = false;
-        }
-        break;
-    default:
-        break;
+    static const QSet<QEvent::Type> anlaesse = {QEvent::FontChange, QEvent::PaletteChange, QEvent::StyleChange,
+                                                QEvent::ParentChange};
+    const QEvent::Type art = ereignis->type();
+    if (empfaenger == qApp && art == QEvent::ApplicationFontChange)
+        alleKleiden();
+    else if (empfaenger == qApp && art == QEvent::ApplicationPaletteChange) // by then all others have the new one
+        QMetaObject::invokeMethod(this, &Kleiderordnung::alleKleiden, Qt::QueuedConnection);
+    else if (!m_dabei && anlaesse.contains(art) && empfaenger->property(eigenschaft).isValid()) {
+        m_dabei = true;
+        kleid(static_cast<QWidget *>(empfaenger));
+        m_dabei = false;
     }
     return false;
 }

@@ -63,8 +63,11 @@ qint64 zahlVon(const QWidget *knopf) { return knopf->property(reiterzahl).toLong
 
 int zahlbreite(qint64 zahl) { return zahl == 0 ? 0 : breite(QLocale().toString(zahl), Schrift::Halbfett) + mass(18); }
 
-void reiterzahlMalen(QPainter &maler, const QStyleOption &option, const QRect &flaeche, qint64 zahl)
+/** @p rechts the edge where it ends. */
+void reiterzahlMalen(QPainter &maler, const QStyleOption &option, int rechts, qint64 zahl)
 {
+    const int hoehe = mass(18);
+    const QRect flaeche(rechts - zahlbreite(zahl), (option.rect.height() - hoehe) / 2, zahlbreite(zahl), hoehe);
     const bool gewaehlt = option.state & QStyle::State_On;
     maler.setPen(Qt::NoPen);
     maler.setBrush(gewaehlt ? Farben::akzent(option.palette) : Farben::rille(option.palette));
@@ -188,13 +191,8 @@ void Knopfmaler::reiter(QPainter &maler, const QStyleOptionToolButton &option, c
     if ((option.state & QStyle::State_MouseOver) && !gewaehlt)
         maler.fillRect(ganz.adjusted(0, luft, 0, -luft),
                        Farben::toenung(option.palette.color(QPalette::WindowText), option.palette));
-    if (const qint64 zahl = zahlVon(knopf); zahl > 0) {
-        const int hoehe = mass(18);
-        reiterzahlMalen(maler, option,
-                        QRect(ganz.right() - reiterrand(knopf) - zahlbreite(zahl) + 1, (ganz.height() - hoehe) / 2,
-                              zahlbreite(zahl), hoehe),
-                        zahl);
-    }
+    if (const qint64 zahl = zahlVon(knopf); zahl > 0)
+        reiterzahlMalen(maler, option, ganz.right() - reiterrand(knopf) + 1, zahl);
     maler.setFont(Stil::schrift(gewaehlt ? Schrift::Halbfett : Schrift::Grund));
     maler.setPen(option.palette.color(QPalette::WindowText));
     zeichenUndText(maler, option, option.toolButtonStyle == Qt::ToolButtonTextOnly ? QIcon() : option.icon, option.text,

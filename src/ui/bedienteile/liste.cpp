@@ -1,5 +1,6 @@
 #include "liste.h"
 
+#include "bau.h"
 #include "farben.h"
 #include "stil.h"
 
@@ -152,11 +153,8 @@ QVariant Listenmodell::data(const QModelIndex &index, int rolle) const
     case Qt::ToolTipRole:
         return QVariant(u"<qt>"_s + QString(z.erste + u'\n' + z.zweite).toHtmlEscaped().replace(u'\n', u"<br>"_s) +
                         u"</qt>"_s);
-    case Qt::AccessibleTextRole: {
-        QStringList teile = {z.erste, z.zweite, z.wort};
-        teile.removeAll(QString());
-        return z.ansage.isEmpty() ? teile.join(u", "_s) : z.ansage;
-    }
+    case Qt::AccessibleTextRole:
+        return z.ansage.isEmpty() ? vorgelesen({z.erste, z.zweite, z.wort}) : z.ansage;
     default:
         return {};
     }

@@ -130,14 +130,9 @@ int Quillmarstil::layoutmass(PixelMetric mass, const QWidget *teil) const
 
 int Quillmarstil::pixelMetric(PixelMetric mass, const QStyleOption *option, const QWidget *teil) const
 {
+    if (mass >= PM_LayoutLeftMargin && mass <= PM_LayoutVerticalSpacing && !istFremd(teil))
+        return layoutmass(mass, teil);
     switch (mass) {
-    case PM_LayoutLeftMargin:
-    case PM_LayoutTopMargin:
-    case PM_LayoutRightMargin:
-    case PM_LayoutBottomMargin:
-    case PM_LayoutHorizontalSpacing:
-    case PM_LayoutVerticalSpacing:
-        return istFremd(teil) ? QProxyStyle::pixelMetric(mass, option, teil) : layoutmass(mass, teil);
     case PM_ButtonIconSize:
     case PM_SmallIconSize:
         return Stil::zeichengroesse();

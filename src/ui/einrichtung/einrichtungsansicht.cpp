@@ -179,13 +179,11 @@ void EinrichtungsAnsicht::abschnitteZeigen()
         Abschnittsstand stand = m_zustand->einrichtung()->abschnittsstand(abschnitt);
         if (abschnitt == Abschnitt::Oberflaeche)
             stand.zeile = m_fenster;
-        QStringList ansage = {abschnittTitel(abschnitt), stand.markenwort(), stand.zeile};
-        ansage.removeAll(QString());
         zeilen << Listenzeile{.kennung = int(abschnitt),
                               .erste = abschnittTitel(abschnitt),
                               .zweite = stand.zeile.isNull() ? u""_s : stand.zeile,
                               .marke = symbol(stand.marke()),
-                              .ansage = ansage.join(u", "_s)};
+                              .ansage = vorgelesen({abschnittTitel(abschnitt), stand.markenwort(), stand.zeile})};
     }
     m_zeilen->setzen(zeilen);
     m_liste->setCurrentIndex(m_zeilen->index(int(m_zustand->einrichtung()->abschnitt())));

@@ -31,8 +31,7 @@ void Hinweisfach::zeigen()
         return;
     QList<Hinweisfeld *> felder(hinweise.size(), nullptr);
     for (qsizetype n = 0; n < m_gezeigte.size(); ++n) {
-        const qsizetype stelle = hinweise.indexOf(m_gezeigte.at(n));
-        if (stelle >= 0 && !felder.at(stelle))
+        if (const qsizetype stelle = hinweise.indexOf(m_gezeigte.at(n)); stelle >= 0 && !felder.at(stelle))
             felder[stelle] = m_felder.at(n);
         else
             entfernen(m_felder.at(n));
