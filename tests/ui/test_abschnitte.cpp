@@ -1,9 +1,9 @@
 #include "abschnitte.h"
 #include "einrichtung.h"
 #include "fensterprobe.h"
-#include "textschild.h"
 #include "profilspeicher.h"
 #include "profilwahl.h"
+#include "textschild.h"
 #include "zustand.h"
 
 #include <QAbstractButton>
@@ -180,6 +180,29 @@ private Q_SLOTS:
                 QCOMPARE(feld->accessibleDescription(), z.hilfe);
         }
         QTRY_COMPARE(Profilspeicher::laden().first(), profil());
+    }
+
+    /** Entered and taken out by keys alone; where nothing is excluded there is nothing to take out. */
+    void ausnahmen()
+    {
+        oeffnen();
+        m_z->setzeReiter(Reiter::Einrichtung);
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Herkunft);
+        QVERIFY(!suchen<QWidget>("ausnahmen") && !suchen<QWidget>("ausnahmeEntfernen"));
+        for (const QString &regel : {u"Fotos"_s, u"privat/2019"_s}) {
+            tippen(teil<QLineEdit>("neueAusnahme"), regel);
+            druecken(Qt::Key_Return);
+        }
+        QCOMPARE(profil().ausnahmen, (QStringList{u"Fotos"_s, u"privat/2019"_s}));
+        QVERIFY(!teil<QAbstractButton>("ausnahmeEntfernen")->isEnabled());
+        mitTabZu("ausnahmen");
+        druecken(Qt::Key_End);
+        plattformtaste(Qt::Key_Delete);
+        QCOMPARE(profil().ausnahmen, QStringList{u"Fotos"_s});
+        plattformtaste(Qt::Key_Delete); // the one that is left is chosen
+        QCOMPARE(profil().ausnahmen, QStringList());
+        QCOMPARE(fokus(), u"neueAusnahme"_s); // not the button that starts a run
+        QVERIFY(!suchen<QWidget>("ausnahmen") && !suchen<QWidget>("ausnahmeEntfernen"));
     }
 
     /** What is known changes while nobody touches the card, and while another section is shown. */

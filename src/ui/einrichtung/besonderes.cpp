@@ -10,6 +10,7 @@
 #include "zustand.h"
 
 #include <QAbstractButton>
+#include <QFormLayout>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QShortcut>
@@ -251,12 +252,16 @@ Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &)
                      &QShortcut::activated, liste, entfernen);
     const auto waehlbar = [liste, weg] { weg->setEnabled(liste->currentIndex().isValid()); };
     QObject::connect(liste->selectionModel(), &QItemSelectionModel::currentChanged, weg, waehlbar);
-    seite.folgen([liste, waehlbar](const Einrichtungslage &lage) {
-        zeigen(liste, regelzeilen(lage.profil.ausnahmen));
-        waehlbar();
-    });
     seite.zeile({.name = u"ausnahmen"_s, .beschriftung = Sprache::text(u"Ausgenommen"_s)},
                 {.feld = liste, .ganz = reihe({{liste, 1}, {weg, 0, Qt::AlignTop}})});
+    seite.folgen([&seite, liste, weg, waehlbar](const Einrichtungslage &lage) {
+        zeigen(liste, regelzeilen(lage.profil.ausnahmen));
+        waehlbar();
+        const bool leer = lage.profil.ausnahmen.isEmpty();
+        if (leer && (liste->hasFocus() || weg->hasFocus()))
+            seite.findChild<QLineEdit *>(u"neueAusnahme"_s)->setFocus(); // not to the button that starts a run
+        static_cast<QFormLayout *>(seite.layout())->setRowVisible(weg->parentWidget(), !leer);
+    });
     return {};
 }
 
