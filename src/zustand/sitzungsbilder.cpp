@@ -4,6 +4,7 @@
 #include "hintergrund.h"
 #include "protokollbuch.h"
 
+#include <QSet>
 #include <algorithm>
 #include <utility>
 
@@ -31,6 +32,18 @@ Sitzungsbild Sitzungsbild::von(const QString &datei)
         return bewegungsstand(zeile) == Bewegungsstand::Zurueck;
     });
     return bild;
+}
+
+void Sitzungsbilder::veralten(const QStringList &dateien)
+{
+    ++m_fassung;
+    const QSet<QString> da(dateien.begin(), dateien.end());
+    m_bilder.removeIf([&](const auto &eintrag) {
+        const bool weg = !da.contains(eintrag.key());
+        if (weg)
+            --m_beginne[minute(eintrag.value().bild)];
+        return weg;
+    });
 }
 
 void Sitzungsbilder::ansehen(const QStringList &dateien)

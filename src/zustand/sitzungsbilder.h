@@ -30,8 +30,8 @@ class Sitzungsbilder : public QObject
 public:
     using QObject::QObject;
 
-    /** Logs may hold more by now: what is known is told until it has been read again. */
-    void veralten() { ++m_fassung; }
+    /** There are @p dateien, which may hold more by now: what is known is told until it has been read again. */
+    void veralten(const QStringList &dateien);
     /** @p dateien are in view, to be read in this order; only the last call counts. */
     void ansehen(const QStringList &dateien);
     /** None before it has been read. */

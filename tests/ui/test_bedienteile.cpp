@@ -4,6 +4,7 @@
 #include "liste.h"
 #include "quillmarstil.h"
 #include "textschild.h"
+#include "umschalter.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -104,12 +105,20 @@ private Q_SLOTS:
     }
 
     /** The first way that fits, at every size, also when the contents grow; and it comes to rest. */
+    void nachgeben_data()
+    {
+        QTest::addColumn<bool>("verschachtelt");
+        QTest::newRow("in der Reihe") << false;
+        QTest::newRow("mit eigener Reihe") << true;
+    }
     void nachgeben()
     {
+        QFETCH(const bool, verschachtelt);
         QWidget fenster;
         auto *wort = schild(u"ein Wort"_s);
         auto *rest = klotz(40);
-        auto *traeger = fuellen(new QWidget(&fenster), reihe({wort, rest}, Stil::Abstand::Keiner));
+        auto *innen = verschachtelt ? traeger(reihe({traeger(reihe({wort}))})) : wort;
+        auto *traeger = fuellen(new QWidget(&fenster), reihe({innen, rest}, Stil::Abstand::Keiner));
         int versuche = 0;
         const Nachgeben platz(traeger, 2, [&](int stufe) {
             ++versuche;
@@ -122,6 +131,13 @@ private Q_SLOTS:
             traeger->resize(breite, 20);
             QCOMPARE(platz.stufe(), stufe);
         }
+        // Still narrower: what found no room before is not tried again.
+        traeger->resize(30, 20);
+        versuche = 0;
+        traeger->resize(20, 20);
+        QCOMPARE(versuche, 1);
+        traeger->resize(ganz, 20);
+        QCOMPARE(platz.stufe(), 0);
         wort->setText(u"ein längeres Wort"_s);
         QTRY_COMPARE(platz.stufe(), 1);
         QTest::qWait(50);
@@ -242,10 +258,23 @@ private Q_SLOTS:
         QTRY_VERIFY(gesehen.last().at(0).toInt() > 49'000);
         QVERIFY2(modell.m_gefragt.size() < 200, qPrintable(QString::number(modell.m_gefragt.size())));
         const QRect zeile = liste.visualRect(modell.index(50'000));
+        const QPoint zeichen(zeile.right() - 10, zeile.center().y());
+        QSignalSpy geklickt(&liste, &Liste::clicked);
         QTest::mouseClick(liste.viewport(), Qt::LeftButton, {}, zeile.center());
         QCOMPARE(tat.size(), 0);
-        QTest::mouseClick(liste.viewport(), Qt::LeftButton, {}, QPoint(zeile.right() - 10, zeile.center().y()));
+        QTest::mousePress(liste.viewport(), Qt::LeftButton, {}, zeile.center());
+        QTest::mouseRelease(liste.viewport(), Qt::LeftButton, {}, zeichen);
+        QCOMPARE(tat.size(), 0);
+        // The symbol chooses no row.
+        liste.setCurrentIndex(modell.index(50'001));
+        geklickt.clear();
+        QTest::mouseClick(liste.viewport(), Qt::LeftButton, {}, zeichen);
         QCOMPARE(tat.size(), 1);
+        QCOMPARE(liste.currentIndex().row(), 50'001);
+        QCOMPARE(geklickt.size(), 0);
+        QSignalSpy betreten(&liste, &Liste::activated);
+        QTest::keyClick(&liste, Qt::Key_Space);
+        QCOMPARE(betreten.size(), 1);
     }
 
     /** As high as its rows, up to the most. */
@@ -260,16 +289,38 @@ private Q_SLOTS:
         modell->setzen(zeilen);
         const int eine = liste.sizeHint().height();
         QVERIFY(eine > 0);
-        zeilen = QList<Listenzeile>(5, zeilen.first());
+        for (int n = 8; n < 12; ++n)
+            zeilen << Listenzeile{.kennung = n, .erste = QString::number(n)};
         modell->setzen(zeilen);
         QCOMPARE(liste.sizeHint().height(), 3 * eine);
-        // Other words in the same rows keep the current one.
-        liste.setCurrentIndex(modell->index(3));
         zeilen[0].erste = u"anders"_s;
         modell->setzen(zeilen);
-        QCOMPARE(liste.currentIndex().row(), 3);
-        QCOMPARE(liste.kennung().toInt(), 7);
         QCOMPARE(modell->index(0).data(Qt::AccessibleTextRole).toString(), u"anders, b"_s);
+    }
+
+    /** The chosen row stays chosen wherever it goes; the one after a row that is gone takes its place. */
+    void gewaehlteZeile()
+    {
+        Liste liste(u"liste"_s, u"Eine Liste"_s);
+        auto *modell = new Listenmodell(&liste);
+        liste.setModel(modell);
+        const auto setzen = [modell](const QList<int> &kennungen) {
+            QList<Listenzeile> zeilen;
+            for (const int kennung : kennungen)
+                zeilen << Listenzeile{.kennung = kennung, .erste = u"Zeile"_s};
+            modell->setzen(zeilen);
+        };
+        setzen({1, 2, 3});
+        setzen({1, 2, 3, 4});
+        QVERIFY(!liste.currentIndex().isValid());
+        liste.setCurrentIndex(modell->index(2));
+        for (const auto &[kennungen, gewaehlte] : QList<std::pair<QList<int>, int>>{
+                 {{3, 2, 1, 4}, 3}, {{9, 8, 3}, 3}, {{9, 8, 7, 3}, 3}, {{9, 8, 7, 6}, 6}, {{9, 8}, 8}, {{9}, 9}}) {
+            setzen(kennungen);
+            QCOMPARE(liste.kennung().toInt(), gewaehlte);
+        }
+        setzen({});
+        QVERIFY(!liste.kennung().isValid());
     }
 
     /** The focus is on what leaves everything as it is, and goes back to where it was. */
@@ -277,7 +328,7 @@ private Q_SLOTS:
     {
         QWidget fenster;
         QPushButton *davor = knopf(u"davor"_s, u"Löschen"_s);
-        auto *frage = new Rueckfrage({{.name = u"ja"_s, .text = u"Ja"_s}});
+        auto *frage = new Rueckfrage({{.name = u"ja"_s, .text = u"Ja"_s, .hilfe = u"Sofort"_s}});
         fuellen(&fenster, spalte({davor, frage}));
         fenster.show();
         fenster.activateWindow();
@@ -287,7 +338,7 @@ private Q_SLOTS:
         davor->setFocus();
         frage->fragen(u"Wirklich?"_s);
         QCOMPARE(QApplication::focusWidget()->objectName(), u"ja-abbrechen"_s);
-        QCOMPARE(frage->knopf()->accessibleDescription(), u"Wirklich?"_s);
+        QCOMPARE(frage->knopf()->accessibleDescription(), u"Wirklich? Sofort"_s);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         QVERIFY(!frage->isVisible());
         QCOMPARE(nein.size(), 1);
@@ -296,6 +347,34 @@ private Q_SLOTS:
         frage->knopf()->click();
         QCOMPARE(ja.size(), 1);
         QVERIFY(!frage->isVisible());
+    }
+
+    /** Arrow keys on tabs do not go on to a switch in the same bar, and Tab reaches that. */
+    void umschalterNebenReitern()
+    {
+        QWidget fenster;
+        QList<QToolButton *> reiter;
+        for (const QString &name : {u"a"_s, u"b"_s}) {
+            reiter << flachknopf(name, Symbol::Plus, name, {});
+            reiter.last()->setCheckable(true);
+            reiter.last()->setAutoExclusive(true);
+        }
+        const auto wahl = [](const QString &name) { return Umschalter::Wahl{name, name, {}, Symbol::Kopieren}; };
+        auto *umschalter = new Umschalter(wahl(u"links"_s), wahl(u"rechts"_s));
+        fuellen(&fenster, reihe({reiter[0], reiter[1], umschalter}));
+        fenster.show();
+        fenster.activateWindow();
+        QTRY_VERIFY(fenster.isActiveWindow());
+        QSignalSpy gewaehlt(umschalter, &Umschalter::gewaehlt);
+        reiter[1]->setFocus();
+        for (int n = 0; n < 3; ++n)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+        QVERIFY(reiter.contains(QApplication::focusWidget()) && gewaehlt.isEmpty());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), u"links"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+        QCOMPARE(gewaehlt.size(), 1);
+        QVERIFY(gewaehlt.first().first().toBool());
     }
 
     void balkenanteil()

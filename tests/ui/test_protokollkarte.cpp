@@ -155,6 +155,7 @@ private Q_SLOTS:
         QTRY_COMPARE(stand(0), Bewegungsstand::Zurueck);
         QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
         QVERIFY(!sichtbar("rueckbauFehler"));
+        QTRY_COMPARE(fokus(), u"sitzungZurueckdrehen"_s);
         QCOMPARE(m_z->sitzungen()->rueckbauTon(), Meldestelle::Ton::Warnung);
         // Why the others are not back stands with them; the session goes on in its log.
         QTRY_COMPARE(modell()->index(1).data(Wort).toString(),
@@ -268,6 +269,10 @@ private Q_SLOTS:
         auto *liste = teil<Liste>("sitzungen");
         QTRY_COMPARE(liste->model()->index(0, 0).data().toString(), u"31. Januar 2025, 14:05:07"_s);
         QCOMPARE(liste->model()->index(1, 0).data().toString(), u"31. Januar 2025, 14:05:03"_s);
+        QVERIFY(QFile::remove(ordner + u"/Protokoll 2025-01-31 140503.jsonl"_s));
+        klicken("protokolleAuffrischen");
+        QTRY_COMPARE(liste->model()->rowCount(), 1);
+        QTRY_COMPARE(liste->model()->index(0, 0).data().toString(), u"31. Januar 2025, 14:05"_s);
         QStringList dateien;
         for (int n = 0; n < viele; ++n)
             dateien << ordner + u"/Protokoll %1.jsonl"_s.arg(n);

@@ -174,6 +174,10 @@ private Q_SLOTS:
         fremde.setPointSizeF(9);
         QApplication::setFont(fremde);
         QCOMPARE(Stil::schriftgroesse(), 15.0);
+        schriftgroesseWaehlen(11);
+        QCOMPARE(Stil::schriftgroesse(), 11.0);
+        schriftgroesseWaehlen(99);
+        QCOMPARE(Einstellungen::wert(u"schriftgroesse"_s).toDouble(), Stil::groessteSchrift);
         Einstellungen::entfernen(u"schriftgroesse"_s);
         QApplication::setFont(vorher);
         QCOMPARE(Stil::schriftgroesse(), vorher.pointSizeF());

@@ -227,11 +227,11 @@ void AblaufAnsicht::zeigen()
     const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     m_titel->setText(lage().titel());
     m_unterzeile->setzeText(lage().zeile());
-    knoepfeZeigen();
     hindernisseZeigen();
     zahlenZeigen();
     stufenZeigen();
     listenZeigen();
+    knoepfeZeigen(); // which depend on the row that is chosen now
     if (fokus)
         fokusHalten();
 }

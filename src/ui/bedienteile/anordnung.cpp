@@ -89,24 +89,34 @@ Nachgeben::Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwe
 static void vergessen(QLayout *layout)
 {
     for (int n = 0; n < layout->count(); ++n) {
-        layout->itemAt(n)->invalidate();
-        if (QLayout *innen = layout->itemAt(n)->layout())
+        QLayoutItem *teil = layout->itemAt(n);
+        if (QLayout *innen = teil->widget() ? teil->widget()->layout() : teil->layout())
             vergessen(innen);
+        if (teil->widget())
+            teil->widget()->updateGeometry();
     }
     layout->invalidate();
 }
 
-void Nachgeben::pruefen()
+void Nachgeben::versuchen(int ab)
 {
     if (std::exchange(m_dabei, true))
         return;
-    for (m_stufe = 0;; ++m_stufe) {
+    if (ab == 0)
+        m_zuEng = {};
+    for (m_stufe = ab;; ++m_stufe) {
         m_anwenden(m_stufe);
         vergessen(m_traeger->layout());
         if (m_stufe == m_letzte || m_passt())
             break;
+        m_zuEng = m_traeger->size();
     }
-    // What the trying itself asked for must not lead here again.
+    // What the trying itself asked for must not lead here again, neither directly nor from the rows of what is within.
+    const QWidgetList teile = m_traeger->findChildren<QWidget *>();
+    for (auto teil = teile.crbegin(); teil != teile.crend(); ++teil) {
+        if (QLayout *innen = (*teil)->layout())
+            innen->activate();
+    }
     QCoreApplication::removePostedEvents(m_traeger, QEvent::LayoutRequest);
     m_traeger->layout()->activate();
     m_dabei = false;
@@ -115,7 +125,10 @@ void Nachgeben::pruefen()
 bool Nachgeben::eventFilter(QObject *, QEvent *ereignis)
 {
     const bool inhalt = ereignis->type() == QEvent::LayoutRequest && m_anlass == Anlass::Inhalt;
-    if (inhalt || ereignis->type() == QEvent::Resize || ereignis->type() == QEvent::FontChange)
+    const bool groesse = ereignis->type() == QEvent::Resize;
+    if (groesse && m_traeger->width() <= m_zuEng.width() && m_traeger->height() <= m_zuEng.height())
+        versuchen(m_stufe); // for more there was too little room before
+    else if (inhalt || groesse || ereignis->type() == QEvent::FontChange)
         pruefen();
     return false;
 }

@@ -84,16 +84,19 @@ public:
     Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwenden, std::function<bool()> passt = {},
               Anlass anlass = Anlass::Inhalt);
 
-    void pruefen();
+    void pruefen() { versuchen(0); }
     [[nodiscard]] int stufe() const { return m_stufe; }
     bool eventFilter(QObject *empfaenger, QEvent *ereignis) override;
 
 private:
+    void versuchen(int ab);
+
     QWidget *m_traeger;
     int m_letzte;
     std::function<void(int)> m_anwenden;
     std::function<bool()> m_passt;
     int m_stufe = 0;
+    QSize m_zuEng; ///< what the way before that needs more than
     Anlass m_anlass;
     bool m_dabei = false;
 };

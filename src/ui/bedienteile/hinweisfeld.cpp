@@ -49,10 +49,8 @@ Hinweisfeld::Hinweisfeld(Symbol symbol, const QString &text, const QList<Antwort
 void Hinweisfeld::setzeText(const QString &text)
 {
     m_text->setzen(m_symbol, text);
-    for (QPushButton *knopf : std::as_const(m_knoepfe)) {
-        if (knopf->toolTip().isEmpty())
-            knopf->setAccessibleDescription(text);
-    }
+    for (QPushButton *knopf : std::as_const(m_knoepfe))
+        knopf->setAccessibleDescription(QString(text + u' ' + knopf->toolTip()).trimmed());
 }
 
 bool Hinweisfeld::hatFokus() const

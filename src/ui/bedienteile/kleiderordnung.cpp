@@ -167,11 +167,15 @@ QString spracheUndSchrift()
     return u"Deutsch, "_s + punkte;
 }
 
-QString naechsteSchriftgroesse() { return QString::number(qRound(Stil::schriftgroesse())); }
+QString naechsteSchriftgroesse()
+{
+    return QString::number(qRound(std::clamp(Stil::schriftgroesse(), Stil::kleinsteSchrift, Stil::groessteSchrift)));
+}
 
 void schriftgroesseWaehlen(double punkte)
 {
+    // Stored first: whoever hears of another font puts back what is stored.
+    Einstellungen::setzen(schluesselSchrift, std::clamp(punkte, Stil::kleinsteSchrift, Stil::groessteSchrift));
     Stil::setzeSchriftgroesse(punkte);
-    Einstellungen::setzen(schluesselSchrift, Stil::schriftgroesse());
 }
 } // namespace quillmar::bedienteile

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -123,13 +124,14 @@ void Listenmodell::setzen(const QList<Listenzeile> &zeilen)
 {
     if (zeilen == m_zeilen)
         return;
-    const bool gleichViele = zeilen.size() == m_zeilen.size();
-    if (!gleichViele)
+    const bool dieselben = std::equal(zeilen.begin(), zeilen.end(), m_zeilen.begin(), m_zeilen.end(),
+                                      [](const auto &neue, const auto &alte) { return neue.kennung == alte.kennung; });
+    if (!dieselben)
         beginResetModel();
     m_zeilen = zeilen;
     m_mitMarken = std::any_of(zeilen.begin(), zeilen.end(),
                               [](const Listenzeile &zeile) { return zeile.marke != Symbol::Keines; });
-    if (!gleichViele)
+    if (!dieselben)
         return endResetModel();
     Q_EMIT dataChanged(index(0), index(int(zeilen.size()) - 1));
 }
@@ -178,10 +180,24 @@ void Liste::setModel(QAbstractItemModel *modell)
 {
     QListView::setModel(modell);
     const auto neu = [this] { updateGeometry(); };
+    connect(modell, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        m_vorher = {kennung(), currentIndex().row()};
+    });
+    connect(modell, &QAbstractItemModel::modelReset, this, &Liste::wiederfinden);
     connect(modell, &QAbstractItemModel::modelReset, this, neu);
     connect(modell, &QAbstractItemModel::layoutChanged, this, neu);
     connect(modell, &QAbstractItemModel::rowsInserted, this, neu);
     connect(modell, &QAbstractItemModel::rowsRemoved, this, neu);
+}
+
+/** The row that is gone gives its place to the next, so that one can go on. */
+void Liste::wiederfinden()
+{
+    const auto [kennung, zeile] = m_vorher;
+    if (!kennung.isValid() || model()->rowCount() == 0)
+        return;
+    const QModelIndexList treffer = model()->match(model()->index(0, 0), Kennung, kennung, 1, Qt::MatchExactly);
+    setCurrentIndex(treffer.isEmpty() ? model()->index(std::min(zeile, model()->rowCount() - 1), 0) : treffer.first());
 }
 
 void Liste::setzeHoechstens(int zeilen)
@@ -234,13 +250,42 @@ void Liste::changeEvent(QEvent *ereignis)
     }
 }
 
-void Liste::mouseReleaseEvent(QMouseEvent *ereignis)
+void Liste::keyPressEvent(QKeyEvent *ereignis)
 {
-    QListView::mouseReleaseEvent(ereignis);
-    const QModelIndex zeile = indexAt(ereignis->position().toPoint());
-    const bool getroffen = ereignis->button() == Qt::LeftButton && zeile.data(Zeilentat).toInt() != 0 &&
-                           tatflaeche(visualRect(zeile)).contains(ereignis->position().toPoint());
-    if (getroffen)
+    if (ereignis->key() == Qt::Key_Space && currentIndex().isValid())
+        Q_EMIT activated(currentIndex());
+    else
+        QListView::keyPressEvent(ereignis);
+}
+
+/** The row whose symbol is at @p stelle. */
+QModelIndex Liste::tatzeile(const QPoint &stelle) const
+{
+    const QModelIndex zeile = indexAt(stelle);
+    const bool getroffen = zeile.data(Zeilentat).toInt() != 0 && tatflaeche(visualRect(zeile)).contains(stelle);
+    return getroffen ? zeile : QModelIndex();
+}
+
+/** The symbol at the end of a row says itself what it does, and a click on it chooses no row. */
+bool Liste::viewportEvent(QEvent *ereignis)
+{
+    if (ereignis->type() == QEvent::ToolTip) {
+        const auto *frage = static_cast<QHelpEvent *>(ereignis);
+        if (const QModelIndex zeile = tatzeile(frage->pos()); zeile.isValid()) {
+            QToolTip::showText(frage->globalPos(), zeile.data(Tathilfe).toString(), this);
+            return true;
+        }
+    }
+    const auto *maus = dynamic_cast<QMouseEvent *>(ereignis);
+    if (!maus || maus->button() != Qt::LeftButton)
+        return QListView::viewportEvent(ereignis);
+    const QModelIndex zeile = tatzeile(maus->position().toPoint());
+    const bool ende = ereignis->type() == QEvent::MouseButtonRelease;
+    const QModelIndex gedrueckt = std::exchange(m_gedrueckt, ende ? QModelIndex() : zeile);
+    if (!(ende ? gedrueckt : zeile).isValid())
+        return QListView::viewportEvent(ereignis);
+    if (ende && gedrueckt == zeile)
         Q_EMIT tatGewuenscht(zeile);
+    return true;
 }
 } // namespace quillmar::bedienteile

@@ -17,7 +17,8 @@ enum Listenrolle {
     Hauptzeile, ///< 0 or 1: which of the two lines is the one to be read first; the other is secondary
     Gewaehlt,   ///< the row is the chosen one, whatever row is current
     Kennung,    ///< Listenzeile::kennung
-    Zeilentat   ///< Symbol at the end of the row that does something when it is clicked, as int
+    Zeilentat,  ///< Symbol at the end of the row that does something when it is clicked, as int
+    Tathilfe    ///< tool tip of that symbol
 };
 
 /** A row as data, for lists that are short enough to be held. */
@@ -80,9 +81,15 @@ protected:
     void paintEvent(QPaintEvent *ereignis) override;
     void focusInEvent(QFocusEvent *ereignis) override;
     void changeEvent(QEvent *ereignis) override;
-    void mouseReleaseEvent(QMouseEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
+    bool viewportEvent(QEvent *ereignis) override;
 
 private:
+    void wiederfinden();
+    [[nodiscard]] QModelIndex tatzeile(const QPoint &stelle) const;
+
     int m_hoechstens = 0;
+    std::pair<QVariant, int> m_vorher; ///< current row before others came: whose it was, and its place
+    QPersistentModelIndex m_gedrueckt; ///< the row whose symbol the button of the mouse is pressed on
 };
 } // namespace quillmar::bedienteile

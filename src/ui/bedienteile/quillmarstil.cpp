@@ -41,7 +41,10 @@ void merken(QAbstractButton *knopf, const char *eigenschaft, const QVariant &wer
 }
 
 /** The toolkit's own dialogs keep their distances. */
-bool istFremd(const QWidget *teil) { return !teil || teil->window()->inherits("QFileDialog"); }
+bool istFremd(const QWidget *teil)
+{
+    return !teil || teil->window()->inherits("QFileDialog") || teil->window()->inherits("QMessageBox");
+}
 
 /** Boxes whose edge is to be seen on a dark ground. */
 void kaestchenrand(QPainter &maler, const QStyleOption &option, bool rund)

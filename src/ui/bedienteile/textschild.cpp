@@ -82,7 +82,7 @@ void Textschild::einpassen()
                                            width() - einzug());
     }
     setText(gezeigt);
-    QStringList hilfe = {gezeigt == m_text ? QString() : m_text, m_hilfe};
+    QStringList hilfe = {gezeigt == m_text || m_hilfe == m_text ? QString() : m_text, m_hilfe};
     hilfe.removeAll(QString());
     if (m_art != Art::Umbruch || !hilfe.isEmpty())
         setToolTip(hilfe.join(u'\n'));
@@ -130,8 +130,7 @@ void Textschild::paintEvent(QPaintEvent *ereignis)
         QLabel::paintEvent(ereignis);
     QPainter maler(this);
     QTextLayout satz(m_text, font());
-    const int hoehe = zeilenLegen(satz, width() - einzug());
-    const int oben = m_art == Art::Umbruch ? std::max(0, (height() - hoehe) / 2) : 0;
+    const int oben = m_art == Art::Umbruch ? std::max(0, (height() - zeilenLegen(satz, width() - einzug())) / 2) : 0;
     if (einzug() > 0) {
         // Beside the first line.
         const int kante = Stil::zeichengroesse();

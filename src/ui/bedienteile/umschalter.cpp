@@ -3,6 +3,7 @@
 #include "bau.h"
 #include "farben.h"
 
+#include <QButtonGroup>
 #include <QPainter>
 #include <QToolButton>
 
@@ -16,6 +17,9 @@ Umschalter::Umschalter(const Wahl &links, const Wahl &rechts, QWidget *eltern)
     fuellen(this, reihe({m_links, m_rechts}, Stil::Abstand::Keiner));
     layout()->setContentsMargins(2, 2, 2, 2);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto *gruppe = new QButtonGroup(this);
+    gruppe->addButton(m_links);
+    gruppe->addButton(m_rechts);
     m_links->setChecked(true);
     connect(m_links, &QToolButton::clicked, this, [this] { Q_EMIT gewaehlt(false); });
     connect(m_rechts, &QToolButton::clicked, this, [this] { Q_EMIT gewaehlt(true); });
@@ -26,7 +30,6 @@ QToolButton *Umschalter::haelfte(const Wahl &wahl)
     QToolButton *neue = flachknopf(wahl.name, wahl.symbol, wahl.titel, wahl.titel + u". "_s + wahl.hilfe);
     setzeKnopfart(neue, Knopfart::Haelfte);
     neue->setCheckable(true);
-    neue->setAutoExclusive(true);
     return neue;
 }
 

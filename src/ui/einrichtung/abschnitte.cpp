@@ -297,16 +297,18 @@ QList<Abschnittszeile> gelernt(Zustand *, Fenstersprache *)
 }
 
 /** A choice of the window itself, which no profile keeps. */
-Feld::Eigenes fensterwahl(const std::function<void(QComboBox *)> &auffrischen,
+Feld::Eigenes fensterwahl(QList<Wahleintrag> (*eintraege)(), const std::function<QString()> &wert,
                           const std::function<void(const QString &)> &waehlen)
 {
-    return {[auffrischen, waehlen](Abschnittsseite &seite, const Abschnittszeile &) -> Teile {
-        auto *wahl = new Auswahl(auffrischen, &seite);
+    return {[eintraege, wert, waehlen](Abschnittsseite &seite, const Abschnittszeile &) -> Teile {
+        auto *wahl = new Auswahl([=](QComboBox *alle) { wahlAuffrischen(alle, eintraege(), wert()); }, &seite);
         // Later: the choice may go down with the window's whole content.
         QObject::connect(
             wahl, &QComboBox::activated, wahl, [wahl, waehlen] { waehlen(wahl->currentData().toString()); },
             Qt::QueuedConnection);
-        seite.folgen([wahl, auffrischen](const Einrichtungslage &) { auffrischen(wahl); });
+        seite.folgen([wahl, wert](const Einrichtungslage &) {
+            wahl->setCurrentIndex(std::max(0, wahl->findData(wert()))); // the chosen one may be gone
+        });
         return {.feld = wahl};
     }};
 }
@@ -318,7 +320,7 @@ QList<Abschnittszeile> oberflaeche(Zustand *zustand, Fenstersprache *sprache)
               Sprache::text(u"Gilt für das ganze Fenster und alle Profile, sofort und ohne Neustart."_s)),
         {u"sprache"_s,
          fensterwahl(
-             [sprache](QComboBox *wahl) { wahlAuffrischen(wahl, Fenstersprache::auswahl(), sprache->kennung()); },
+             &Fenstersprache::auswahl, [sprache] { return sprache->kennung(); },
              [sprache](const QString &kennung) { sprache->waehlen(kennung); }),
          Sprache::text(u"Sprache"_s),
          Sprache::text(u"Sprache des Fensters."_s),
@@ -326,7 +328,7 @@ QList<Abschnittszeile> oberflaeche(Zustand *zustand, Fenstersprache *sprache)
          {},
          Sprache::text(u"Auch Dateidialoge, Zahlen und Daten richten sich danach."_s)},
         {u"schriftgroesse-wahl"_s,
-         fensterwahl([](QComboBox *wahl) { wahlAuffrischen(wahl, schriftgroessen(), naechsteSchriftgroesse()); },
+         fensterwahl(&schriftgroessen, &naechsteSchriftgroesse,
                      [](const QString &punkte) { schriftgroesseWaehlen(punkte.toDouble()); }),
          Sprache::text(u"Schriftgröße"_s),
          Sprache::text(u"Grundgröße der Schrift in Punkt."_s),

@@ -134,7 +134,7 @@ void Abschnittsseite::zeile(const Abschnittszeile &z, const Teile &teile)
     QLabel *beschriftung = nullptr;
     if (!z.beschriftung.isEmpty() && !qobject_cast<QCheckBox *>(teile.feld)) {
         m_schilder << (beschriftung = schild(z.beschriftung, Schrift::Beschriftung));
-        beschriftung->setBuddy(teile.feld);
+        beschriftung->setBuddy(taste && std::holds_alternative<std::monostate>(z.feld) ? taste : teile.feld);
         beschriftung->setToolTip(z.hilfe);
     }
     if (z.zeichen > 0 && text)

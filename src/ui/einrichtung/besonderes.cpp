@@ -36,13 +36,15 @@ Liste *listeBauen(const QString &name, const QString &ansage, int hoechstens, QW
     return liste;
 }
 
-/** The row that is gone gives its place to the next, so that one can go on. */
-void zeigen(Liste *liste, const QList<Listenzeile> &zeilen)
+/** Shows what @p bilden makes of @p neu, if that is not @p gezeigt already: there may be many, and it is asked often.
+ */
+template <typename Quelle, typename Bilden>
+void zeigen(Liste *liste, Quelle &gezeigt, const Quelle &neu, Bilden bilden)
 {
-    const int zeile = liste->currentIndex().row();
-    static_cast<Listenmodell *>(liste->model())->setzen(zeilen);
-    if (zeile >= 0 && !zeilen.isEmpty())
-        liste->setCurrentIndex(liste->model()->index(std::min(zeile, int(zeilen.size()) - 1), 0));
+    if (gezeigt == neu)
+        return;
+    gezeigt = neu;
+    static_cast<Listenmodell *>(liste->model())->setzen(bilden(neu));
 }
 
 QList<Listenzeile> regelzeilen(const QStringList &regeln)
@@ -184,8 +186,8 @@ void listeBauen(const Lernliste &vorgabe, Abschnittsseite &seite)
 {
     Liste *liste = listeBauen(vorgabe.name, vorgabe.beschriftung, 0, &seite);
     Einrichtung *einrichtung = seite.zustand()->einrichtung();
-    seite.folgen([liste, zeilen = vorgabe.zeilen](const Einrichtungslage &lage) {
-        zeigen(liste, zeilen(lage.stand.gelerntes));
+    seite.folgen([liste, zeilen = vorgabe.zeilen, stand = Lernstand()](const Einrichtungslage &lage) mutable {
+        zeigen(liste, stand, lage.stand.gelerntes, zeilen);
         liste->setVisible(liste->model()->rowCount() > 0);
     });
     seite.zeile(
@@ -254,8 +256,8 @@ Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &)
     QObject::connect(liste->selectionModel(), &QItemSelectionModel::currentChanged, weg, waehlbar);
     seite.zeile({.name = u"ausnahmen"_s, .beschriftung = Sprache::text(u"Ausgenommen"_s)},
                 {.feld = liste, .ganz = reihe({{liste, 1}, {weg, 0, Qt::AlignTop}})});
-    seite.folgen([&seite, liste, weg, waehlbar](const Einrichtungslage &lage) {
-        zeigen(liste, regelzeilen(lage.profil.ausnahmen));
+    seite.folgen([&seite, liste, weg, waehlbar, regeln = QStringList()](const Einrichtungslage &lage) mutable {
+        zeigen(liste, regeln, lage.profil.ausnahmen, regelzeilen);
         waehlbar();
         const bool leer = lage.profil.ausnahmen.isEmpty();
         if (leer && (liste->hasFocus() || weg->hasFocus()))
@@ -269,11 +271,11 @@ Teile ausgelassene(Abschnittsseite &seite, const Abschnittszeile &)
 {
     Liste *liste =
         listeBauen(u"ausgelassene"_s, Sprache::text(u"Durch Ausnahmen ausgelassen"_s), sichtbareRegeln, &seite);
-    seite.folgen([liste](const Einrichtungslage &lage) {
+    seite.folgen([liste, dateien = QStringList()](const Einrichtungslage &lage) mutable {
         const auto &quelle = lage.stand.quelle;
         if (!quelle && lage.stand.zaehlt)
             return; // while the folder is counted anew the last list stays
-        zeigen(liste, regelzeilen(quelle ? quelle->ausgenommene : QStringList()));
+        zeigen(liste, dateien, quelle ? quelle->ausgenommene : QStringList(), regelzeilen);
         liste->setVisible(liste->model()->rowCount() > 0);
     });
     return {.feld = liste};

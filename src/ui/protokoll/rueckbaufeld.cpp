@@ -218,10 +218,10 @@ void Rueckbaufeld::zeigen()
         m_anhalten->setEnabled(true);
         setzeSeite(Lauf);
     }
-    if (!sitzungen->rueckbauLaeuft() && m_stapel->currentIndex() == Lauf)
-        setzeSeite(Knoepfe);
     m_zurueckdrehen->setEnabled(frei && !sitzungen->protokollLaedt() && !sitzungen->protokollZeilen().isEmpty());
     m_letzten->setEnabled(frei && m_zustand->pruefung()->hatBewegung());
+    if (!sitzungen->rueckbauLaeuft() && m_stapel->currentIndex() == Lauf)
+        setzeSeite(Knoepfe);
     erklaeren();
 }
 

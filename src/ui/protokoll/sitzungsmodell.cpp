@@ -61,6 +61,8 @@ QVariant Sitzungsmodell::data(const QModelIndex &index, int rolle) const
         return datei;
     case Zeilentat:
         return int(Symbol::Aufschlagen);
+    case Tathilfe:
+        return Sprache::text(u"Diese Protokolldatei in der Dateiverwaltung zeigen"_s);
     case Qt::ToolTipRole:
         return QVariant(nameVon(datei) + u'\n' + Sprache::text(u"Zeigt den Inhalt dieser Datei rechts an"_s));
     case Qt::AccessibleTextRole:

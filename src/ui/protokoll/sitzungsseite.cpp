@@ -144,7 +144,7 @@ void Sitzungsseite::zeigen()
     m_anzahl->setzeText(protokollanzahl(sitzungen->protokollDateien().size(), fruehere.isEmpty()));
     m_laufende->setzen(laufende.isEmpty() ? QStringList() : QStringList{laufende});
     m_fruehere->setzen(fruehere);
-    m_bilder.veralten();
+    m_bilder.veralten(m_laufende->dateien() + fruehere);
     m_laufendeListe->viewport()->update();
     m_fruehereListe->viewport()->update();
 }

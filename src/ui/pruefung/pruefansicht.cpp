@@ -242,8 +242,9 @@ void PruefAnsicht::leereZeigen()
 {
     if (m_zustand->pruefung()->aktuelles())
         return;
-    const bool offen = m_zustand->profilwahl()->offen() && !m_zustand->profilwahl()->oeffnet();
-    m_leere->setzen(offen ? Symbol::GrossGut : Symbol::GrossOrdner, nichtsZuPruefen(*m_zustand));
+    const Profilwahl *wahl = m_zustand->profilwahl();
+    const Symbol ohne = wahl->oeffnet() ? Symbol::GrossUhr : Symbol::GrossOrdner;
+    m_leere->setzen(wahl->offen() && !wahl->oeffnet() ? Symbol::GrossGut : ohne, nichtsZuPruefen(*m_zustand));
 }
 
 void PruefAnsicht::tastenZeigen()

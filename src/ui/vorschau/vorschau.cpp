@@ -93,6 +93,7 @@ Vorschau::Vorschau(QWidget *eltern)
         m_zeile, 3, [this](int stufe) { nachgeben(stufe); },
         [this] { return m_zeile->layout()->minimumSize().width() <= m_zeile->width(); });
     verbinden();
+    Stil::folgen(m_zeile, [this] { zeileFaerben(); });
     setzePartner({}, {});
     befundZeigen();
 }
@@ -156,17 +157,21 @@ void Vorschau::setzePartner(const QString &pfad, const QString &name)
     m_partnerPfad = pfad;
     m_partnerName->setzen(pfad.isEmpty() ? Symbol::Keines : Symbol::Dublette, name);
     m_zurueck->setVisible(!pfad.isEmpty());
-    QPalette farben;
-    for (const auto gruppe : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        if (!pfad.isEmpty())
-            farben.setColor(gruppe, QPalette::Window, Farben::auswahlgrund(palette()));
-    }
-    m_zeile->setPalette(farben);
+    zeileFaerben();
     m_satzGemeldet = false;
     if (pfad.isEmpty())
         m_gesehen.clear();
     const QString gezeigt = pfad.isEmpty() ? m_pfad : pfad;
     m_ansicht->setzeUrl(gezeigt.isEmpty() ? QUrl() : QUrl::fromLocalFile(gezeigt));
+}
+
+/** The row above another document has a ground of its own. */
+void Vorschau::zeileFaerben()
+{
+    QPalette farben;
+    if (!m_partnerPfad.isEmpty())
+        farben.setColor(QPalette::Window, Farben::auswahlgrund(palette()));
+    m_zeile->setPalette(farben);
 }
 
 bool Vorschau::taste(QKeyEvent *ereignis)

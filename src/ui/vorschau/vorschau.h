@@ -46,6 +46,7 @@ private:
     void verbinden();
     void nachgeben(int stufe);
     void setzePartner(const QString &pfad, const QString &name);
+    void zeileFaerben();
     void befundZeigen();
     void standZeigen();
 
