@@ -22,9 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 constexpr int balkenlaenge = 120;

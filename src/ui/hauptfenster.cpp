@@ -127,7 +127,7 @@ void Hauptfenster::aufbauen()
                                    {karten, 1},
                                    zielfrage(m_zustand->profilwahl(), m_zustand->ausfuehrung()),
                                    new Fusszeile(m_zustand)},
-                                  Stil::Abstand::Keiner));
+                                  Abstand::Keiner));
     kartenBauen(karten);
     setCentralWidget(inhalt);
     kartenWechseln();

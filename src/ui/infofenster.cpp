@@ -27,9 +27,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 constexpr int breite = 600;

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
-using Stil::Abstand;
-
 namespace
 {
 constexpr int profilzeichen = 13;

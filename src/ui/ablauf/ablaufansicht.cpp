@@ -28,9 +28,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::ablauf
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 constexpr int spaltenbreite = 920;

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::ablauf
 {
-using Stil::Abstand;
-using Stil::Schrift;
 using Stand = Stufenbild::Stand;
 
 namespace

@@ -16,7 +16,7 @@ class Zahl : public QWidget
 
 public:
     /** @p nummer of the object "zahl-…". */
-    Zahl(int nummer, Stil::Schrift schrift, const QString &was);
+    Zahl(int nummer, Schrift schrift, const QString &was);
     /** @p warnung puts the warning mark before it. */
     void zeigen(qint64 wert, bool warnung = false);
 

@@ -29,13 +29,13 @@ class Kette : public QBoxLayout
     Q_OBJECT
 
 public:
-    Kette(Direction richtung, Stil::Abstand abstand) : QBoxLayout(richtung), m_abstand(abstand) {}
+    Kette(Direction richtung, Abstand abstand) : QBoxLayout(richtung), m_abstand(abstand) {}
     [[nodiscard]] int spacing() const override { return Stil::abstand(m_abstand); }
-    void setzeAbstand(Stil::Abstand abstand);
+    void setzeAbstand(Abstand abstand);
     void anfuegen(const Teil &teil);
 
 private:
-    Stil::Abstand m_abstand;
+    Abstand m_abstand;
 };
 
 /** Puts its widgets side by side and goes on in the next line where there is no more room. */
@@ -44,7 +44,7 @@ class Flussreihe : public QLayout
     Q_OBJECT
 
 public:
-    explicit Flussreihe(Stil::Abstand abstand) : m_abstand(abstand) {}
+    explicit Flussreihe(Abstand abstand) : m_abstand(abstand) {}
     ~Flussreihe() override;
 
     [[nodiscard]] int spacing() const override { return Stil::abstand(m_abstand); }
@@ -62,7 +62,7 @@ public:
 private:
     int legen(const QRect &flaeche, bool setzen) const;
 
-    Stil::Abstand m_abstand;
+    Abstand m_abstand;
     QList<QLayoutItem *> m_teile;
 };
 

@@ -39,7 +39,7 @@ protected:
     void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), Farben::linie(palette())); }
 };
 
-Kette *kette(QBoxLayout::Direction richtung, std::initializer_list<Teil> teile, Stil::Abstand abstand)
+Kette *kette(QBoxLayout::Direction richtung, std::initializer_list<Teil> teile, Abstand abstand)
 {
     auto *neue = new Kette(richtung, abstand);
     for (const Teil &teil : teile)
@@ -48,19 +48,19 @@ Kette *kette(QBoxLayout::Direction richtung, std::initializer_list<Teil> teile, 
 }
 } // namespace
 
-Kette *reihe(std::initializer_list<Teil> teile, Stil::Abstand abstand)
+Kette *reihe(std::initializer_list<Teil> teile, Abstand abstand)
 {
     return kette(QBoxLayout::LeftToRight, teile, abstand);
 }
 
-Kette *spalte(std::initializer_list<Teil> teile, Stil::Abstand abstand)
+Kette *spalte(std::initializer_list<Teil> teile, Abstand abstand)
 {
     return kette(QBoxLayout::TopToBottom, teile, abstand);
 }
 
 QWidget *traeger(QLayout *inhalt, QWidget *eltern) { return fuellen(new QWidget(eltern), inhalt); }
 
-QLabel *schild(const QString &text, Stil::Schrift art, const QString &name)
+QLabel *schild(const QString &text, Schrift art, const QString &name)
 {
     auto *neues = new QLabel(text);
     neues->setObjectName(name);

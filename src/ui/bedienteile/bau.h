@@ -16,15 +16,14 @@ class QToolButton;
 /** The parts that every card is put together from, and how they stand. */
 namespace quillmar::bedienteile
 {
-[[nodiscard]] Kette *reihe(std::initializer_list<Teil> teile, Stil::Abstand abstand = Stil::Abstand::Nah);
-[[nodiscard]] Kette *spalte(std::initializer_list<Teil> teile, Stil::Abstand abstand = Stil::Abstand::Nah);
+[[nodiscard]] Kette *reihe(std::initializer_list<Teil> teile, Abstand abstand = Abstand::Nah);
+[[nodiscard]] Kette *spalte(std::initializer_list<Teil> teile, Abstand abstand = Abstand::Nah);
 
 /** A widget that holds @p inhalt, without distances from its edges. */
 [[nodiscard]] QWidget *traeger(QLayout *inhalt, QWidget *eltern = nullptr);
 /** @p inhalt fills @p teil, with these distances from its edges; returns @p teil. */
 template <class Widget>
-Widget *fuellen(Widget *teil, QLayout *inhalt, Stil::Abstand waagrecht = Stil::Abstand::Keiner,
-                Stil::Abstand senkrecht = Stil::Abstand::Keiner)
+Widget *fuellen(Widget *teil, QLayout *inhalt, Abstand waagrecht = Abstand::Keiner, Abstand senkrecht = Abstand::Keiner)
 {
     setzeRaender(teil, waagrecht, senkrecht);
     teil->setLayout(inhalt);
@@ -32,7 +31,7 @@ Widget *fuellen(Widget *teil, QLayout *inhalt, Stil::Abstand waagrecht = Stil::A
 }
 
 /** Plain text in the looks of @p art; @p name of the object. */
-[[nodiscard]] QLabel *schild(const QString &text, Stil::Schrift art = Stil::Schrift::Grund, const QString &name = {});
+[[nodiscard]] QLabel *schild(const QString &text, Schrift art = Schrift::Grund, const QString &name = {});
 
 /** A push button. @p hilfe is its tool tip and description. */
 [[nodiscard]] QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe = {},

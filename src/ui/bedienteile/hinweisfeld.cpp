@@ -33,7 +33,7 @@ Hinweisfeld::Hinweisfeld(Symbol symbol, const QString &text, const QList<Antwort
     }
     Kette *alles = reihe({{m_text, 1}, {knoepfe, 0}});
     alles->setAlignment(m_text, Qt::Alignment());
-    fuellen(this, alles, Stil::Abstand::Nah, Stil::Abstand::Eng);
+    fuellen(this, alles, Abstand::Nah, Abstand::Eng);
     QSizePolicy regel(QSizePolicy::Expanding, QSizePolicy::Minimum);
     regel.setHeightForWidth(true);
     setSizePolicy(regel);

@@ -29,17 +29,17 @@ QPalette vorgabe(const QWidget *schild)
     return schild->parentWidget() ? schild->parentWidget()->palette() : QApplication::palette();
 }
 
-QColor farbe(Stil::Schrift art, const QPalette &palette)
+QColor farbe(Schrift art, const QPalette &palette)
 {
     switch (art) {
-    case Stil::Schrift::Neben:
-    case Stil::Schrift::Beschriftung:
+    case Schrift::Neben:
+    case Schrift::Beschriftung:
         return Farben::nebenfarbe(palette);
-    case Stil::Schrift::Verweis:
+    case Schrift::Verweis:
         return Farben::verweis(palette);
-    case Stil::Schrift::Hauptzahl:
+    case Schrift::Hauptzahl:
         return Farben::akzentmarke(palette);
-    case Stil::Schrift::Warnung:
+    case Schrift::Warnung:
         return Farben::farbe(Farben::Bedeutung::Warnung, palette);
     default:
         return {};

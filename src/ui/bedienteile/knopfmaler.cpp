@@ -11,10 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-using Stil::Abstand;
 using Stil::abstand;
 using Stil::mass;
-using Stil::Schrift;
 
 namespace
 {

@@ -11,9 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 constexpr int kante = 56;

@@ -13,7 +13,7 @@ enum Listenrolle {
     ZweiteZeile = Qt::UserRole + 100,
     Marke,      ///< Symbol before the row, as int; Symbol::Keines keeps the room for one
     Wort,       ///< at the end of the row; gives way to the lines beside a Zeilentat
-    Wortart,    ///< Stil::Schrift of that word, as int: secondary by default, or a warning
+    Wortart,    ///< Schrift of that word, as int: secondary by default, or a warning
     Hauptzeile, ///< 0 or 1: which of the two lines is the one to be read first; the other is secondary
     Gewaehlt,   ///< the row is the chosen one, whatever row is current
     Kennung,    ///< Listenzeile::kennung

@@ -28,11 +28,11 @@ Symbol tonzeichen(Meldestelle::Ton ton)
 
 Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern)
     : QWidget(eltern), m_meldestelle(meldestelle), m_pruefung(pruefung), m_ausfuehrung(ausfuehrung),
-      m_text(new Textschild(Textschild::Art::KurzEnde, Stil::Schrift::Grund, u"hinweis"_s)),
-      m_zweite(new Textschild(Textschild::Art::KurzEnde, Stil::Schrift::Neben, u"hinweis-zusatz"_s)),
+      m_text(new Textschild(Textschild::Art::KurzEnde, Schrift::Grund, u"hinweis"_s)),
+      m_zweite(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben, u"hinweis-zusatz"_s)),
       m_zurueck(flachknopf(u"rueckgaengig"_s, Symbol::Ruecknehmen, {}, {}))
 {
-    fuellen(this, spalte({reihe({{m_text, 1}, m_zurueck}), m_zweite}, Stil::Abstand::Keiner));
+    fuellen(this, spalte({reihe({{m_text, 1}, m_zurueck}), m_zweite}, Abstand::Keiner));
     connect(m_zurueck, &QToolButton::clicked, this, [this] {
         m_ausfuehrung->tatRuecknehmbar() ? m_ausfuehrung->tatZuruecknehmen() : m_ausfuehrung->rueckgaengig();
     });

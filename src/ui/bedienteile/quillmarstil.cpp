@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-using Stil::Abstand;
 using Stil::abstand;
 using Stil::mass;
 
@@ -108,7 +107,7 @@ void Quillmarstil::polish(QWidget *teil)
 {
     QProxyStyle::polish(teil);
     if (qobject_cast<QLineEdit *>(teil))
-        Stil::ankleiden(teil, Stil::Schrift::Grund);
+        Stil::ankleiden(teil, Schrift::Grund);
     if (qobject_cast<QAbstractButton *>(teil))
         teil->setAttribute(Qt::WA_Hover);
 }

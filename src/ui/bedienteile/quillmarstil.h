@@ -21,12 +21,12 @@ void setzeEng(QAbstractButton *knopf, bool eng);
 
 /** Distances of the layout of @p traeger from its edges; without it there are none. */
 struct Raender {
-    Stil::Abstand links, oben, rechts, unten;
+    Abstand links, oben, rechts, unten;
 };
 void setzeRaender(QWidget *traeger, const Raender &raender);
-void setzeRaender(QWidget *traeger, Stil::Abstand waagrecht, Stil::Abstand senkrecht);
+void setzeRaender(QWidget *traeger, Abstand waagrecht, Abstand senkrecht);
 /** Distances within a grid that is the layout of @p traeger, other than from label to field and from row to row. */
-void setzeLuecken(QWidget *traeger, Stil::Abstand waagrecht, Stil::Abstand senkrecht);
+void setzeLuecken(QWidget *traeger, Abstand waagrecht, Abstand senkrecht);
 
 /**
  * The desktop's style with the sizes of this window: buttons, fields, boxes to tick, bars and icons that grow with the

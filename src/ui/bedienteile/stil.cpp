@@ -32,24 +32,24 @@ struct Abwandlung {
     QFont::Weight gewicht;
 };
 
-Abwandlung abwandlung(Stil::Schrift art)
+Abwandlung abwandlung(Schrift art)
 {
     switch (art) {
-    case Stil::Schrift::Neben:
+    case Schrift::Neben:
         return {0.92, QFont::Normal};
-    case Stil::Schrift::Halbfett:
+    case Schrift::Halbfett:
         return {1, QFont::DemiBold};
-    case Stil::Schrift::Abschnitt:
+    case Schrift::Abschnitt:
         return {1.18, QFont::DemiBold};
-    case Stil::Schrift::Seitentitel:
+    case Schrift::Seitentitel:
         return {1.5, QFont::DemiBold};
-    case Stil::Schrift::Zahl:
-    case Stil::Schrift::Hauptzahl:
+    case Schrift::Zahl:
+    case Schrift::Hauptzahl:
         return {1.7, QFont::DemiBold};
-    case Stil::Schrift::Grund:
-    case Stil::Schrift::Beschriftung:
-    case Stil::Schrift::Verweis:
-    case Stil::Schrift::Warnung:
+    case Schrift::Grund:
+    case Schrift::Beschriftung:
+    case Schrift::Verweis:
+    case Schrift::Warnung:
         break;
     }
     return {1, QFont::Normal};

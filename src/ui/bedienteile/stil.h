@@ -54,4 +54,6 @@ enum class Abstand { Keiner = 0, Eng = 4, Nah = 8, Feld = 12, Gruppe = 16, Rand 
 /** Calls @p anwenden now and after every change of the application's font or palette, as long as @p traeger lives. */
 void folgen(QWidget *traeger, std::function<void()> anwenden);
 } // namespace Stil
+using Stil::Abstand;
+using Stil::Schrift;
 } // namespace quillmar::bedienteile

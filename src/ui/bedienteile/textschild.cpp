@@ -23,7 +23,7 @@ QTextOption umbruch()
 }
 } // namespace
 
-Textschild::Textschild(Art art, Stil::Schrift schrift, const QString &name) : m_art(art)
+Textschild::Textschild(Art art, Schrift schrift, const QString &name) : m_art(art)
 {
     setObjectName(name);
     setTextFormat(Qt::PlainText);
@@ -56,7 +56,7 @@ void Textschild::setzen(Symbol symbol, const QString &text)
 
 void Textschild::befund(Symbol symbol, const QString &text)
 {
-    Stil::ankleiden(this, symbol == Symbol::Keines ? Stil::Schrift::Neben : Stil::Schrift::Grund);
+    Stil::ankleiden(this, symbol == Symbol::Keines ? Schrift::Neben : Schrift::Grund);
     setzen(symbol, text);
 }
 

@@ -20,7 +20,7 @@ class Textschild : public QLabel
 
 public:
     enum class Art { Umbruch, KurzMitte, KurzEnde };
-    explicit Textschild(Art art = Art::Umbruch, Stil::Schrift schrift = Stil::Schrift::Grund, const QString &name = {});
+    explicit Textschild(Art art = Art::Umbruch, Schrift schrift = Schrift::Grund, const QString &name = {});
 
     /** The whole text. */
     void setzeText(const QString &text) { setzen(m_symbol, text); }

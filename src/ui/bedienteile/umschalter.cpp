@@ -14,7 +14,7 @@ namespace quillmar::bedienteile
 Umschalter::Umschalter(const Wahl &links, const Wahl &rechts, QWidget *eltern)
     : QWidget(eltern), m_links(haelfte(links)), m_rechts(haelfte(rechts))
 {
-    fuellen(this, reihe({m_links, m_rechts}, Stil::Abstand::Keiner));
+    fuellen(this, reihe({m_links, m_rechts}, Abstand::Keiner));
     layout()->setContentsMargins(2, 2, 2, 2);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto *gruppe = new QButtonGroup(this);

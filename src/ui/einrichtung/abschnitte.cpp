@@ -17,9 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::einrichtung
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 // Widths of fields, in characters.

@@ -147,7 +147,7 @@ QVariant Bewegungsmodell::data(const QModelIndex &index, int rolle) const
     case Wort:
         return wort(stelle);
     case Wortart:
-        return int(stand(stelle) == Bewegungsstand::Fehler ? Stil::Schrift::Warnung : Stil::Schrift::Neben);
+        return int(stand(stelle) == Bewegungsstand::Fehler ? Schrift::Warnung : Schrift::Neben);
     case Qt::AccessibleTextRole:
         return ansage(stelle);
     case Qt::ToolTipRole:

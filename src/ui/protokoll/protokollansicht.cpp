@@ -27,9 +27,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::protokoll
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_sitzungen(new Sitzungsseite(zustand)),
       m_rechts(new QStackedWidget), m_leere(new Leeransicht),

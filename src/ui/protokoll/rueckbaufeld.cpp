@@ -26,9 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::protokoll
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 constexpr int fehlerzeilen = 4;

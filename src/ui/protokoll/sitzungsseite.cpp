@@ -25,9 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::protokoll
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 QString ordnerhilfe()

@@ -16,8 +16,6 @@ using namespace std::chrono_literals;
 
 namespace quillmar::pruefung
 {
-using Stil::Abstand;
-
 Aktionsfeld::Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung *ausfuehrung, Meldestelle *meldestelle,
                          QWidget *eltern)
     : QWidget(eltern), m_profilwahl(profilwahl), m_ausfuehrung(ausfuehrung),
@@ -32,7 +30,7 @@ Aktionsfeld::Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung
       m_naechstes(flachknopf(u"naechstes"_s, Symbol::PfeilRechts, Sprache::text(u"Nächstes"_s),
                              Sprache::text(u"Ein Dokument weiter, ohne etwas zu verändern. Taste: Pfeil rechts"_s),
                              false)),
-      m_tasten(new Textschild(Textschild::Art::KurzEnde, Stil::Schrift::Neben, u"tasten"_s)),
+      m_tasten(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben, u"tasten"_s)),
       m_meldung(new Meldungszeile(meldestelle, pruefung, ausfuehrung))
 {
     for (QToolButton *knopf : {m_zuruecklegen, m_aussortieren, m_vorheriges, m_naechstes})

@@ -14,7 +14,7 @@ namespace quillmar::pruefung
 using Art = Pruefhinweis::Art;
 
 Hinweisfach::Hinweisfach(Pruefung *pruefung, QWidget *eltern)
-    : QWidget(eltern), m_pruefung(pruefung), m_spalte(spalte({}, Stil::Abstand::Eng))
+    : QWidget(eltern), m_pruefung(pruefung), m_spalte(spalte({}, Abstand::Eng))
 {
     setObjectName(u"hinweise"_s);
     setLayout(m_spalte);

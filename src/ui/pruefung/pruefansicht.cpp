@@ -35,8 +35,6 @@ using namespace std::chrono_literals;
 
 namespace quillmar::pruefung
 {
-using Stil::Abstand;
-
 namespace
 {
 constexpr auto wortpause = 700ms; // longer than between two letters of a word

@@ -14,9 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::pruefung
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 Abschnittskopf::Abschnittskopf(const QString &titelwort, const QString &satz, QWidget *eltern)
     : titel(schild(titelwort, Schrift::Abschnitt)), erklaerung(new Textschild(Textschild::Art::Umbruch, Schrift::Neben))
 {

@@ -39,7 +39,7 @@ std::optional<QScrollBar::SliderAction> rollschritt(const QKeyEvent *ereignis)
 void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)
 {
     maler.setPen(QColor(Qt::darkGray).darker());
-    maler.setFont(Stil::schrift(Stil::Schrift::Grund));
+    maler.setFont(Stil::schrift(Schrift::Grund));
     maler.drawText(zuSehen.adjusted(0, 0, 0, -zuSehen.height() / 3), Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 

@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::vorschau
 {
-using Stil::Abstand;
-
 namespace
 {
 struct Satz {
@@ -76,8 +74,8 @@ Vorschau::Vorschau(QWidget *eltern)
                         Sprache::text(u"Ganze Seite zeigen"_s), false)},
       m_zurueck(flachknopf(u"zurueckZumDokument"_s, Symbol::PfeilLinks, Sprache::text(u"Zurück zum Dokument"_s),
                            Sprache::text(u"Zeigt wieder das Dokument, das gerade zur Prüfung ansteht"_s))),
-      m_partnerName(new Textschild(Textschild::Art::KurzMitte, Stil::Schrift::Halbfett, u"partnerName"_s)),
-      m_seiten(schild({}, Stil::Schrift::Neben, u"seite"_s)), m_zeile(zeile()), m_stapel(new QStackedLayout)
+      m_partnerName(new Textschild(Textschild::Art::KurzMitte, Schrift::Halbfett, u"partnerName"_s)),
+      m_seiten(schild({}, Schrift::Neben, u"seite"_s)), m_zeile(zeile()), m_stapel(new QStackedLayout)
 {
     m_stapel->addWidget(m_ansicht);
     m_stapel->addWidget(m_leer);
