@@ -1,8 +1,11 @@
 #include "abschnitte.h"
 #include "einrichtung.h"
+#include "einstellungen.h"
 #include "fensterprobe.h"
+#include "kleiderordnung.h"
 #include "profilspeicher.h"
 #include "profilwahl.h"
+#include "stil.h"
 #include "textschild.h"
 #include "zustand.h"
 
@@ -203,6 +206,65 @@ private Q_SLOTS:
         QCOMPARE(profil().ausnahmen, QStringList());
         QCOMPARE(fokus(), u"neueAusnahme"_s); // not the button that starts a run
         QVERIFY(!suchen<QWidget>("ausnahmen") && !suchen<QWidget>("ausnahmeEntfernen"));
+    }
+
+    /** What was learned is forgotten row by row or all at once; the last key does not start a run. */
+    void gelerntes()
+    {
+        m_b->sql(u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl) VALUES "
+                 "('bank','Bank','Haushalt','Stammdaten','Verträge',3),('stadt','Stadt','Verein','','',1)"_s);
+        m_b->sql(u"INSERT INTO namen (von, nach, anzahl) VALUES ('alt','Neu',2)"_s);
+        oeffnen();
+        m_z->setzeReiter(Reiter::Einrichtung);
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Gelernt);
+        const auto &stand = m_z->einrichtung()->stand().gelerntes;
+        QTRY_COMPARE(stand.zuordnungen.size(), 2);
+        mitTabZu("gelernt");
+        QTRY_VERIFY(teil<QAbstractButton>("gelernt-vergessen")->isEnabled());
+        mitTabZu("gelernt-vergessen");
+        for (const int uebrig : {1, 0}) {
+            QCOMPARE(fokus(), u"gelernt-vergessen"_s);
+            druecken(Qt::Key_Space);
+            QTRY_COMPARE(stand.zuordnungen.size(), uebrig);
+        }
+        QTRY_COMPARE(fokus(), u"namen"_s);
+        klicken("allesVergessen");
+        QCOMPARE(fokus(), u"allesVergessenJa-abbrechen"_s);
+        klicken("allesVergessenJa");
+        QTRY_VERIFY(stand == Lernstand());
+        QCOMPARE(fokus(), u"abschnitte"_s);
+    }
+
+    /** Whatever the card was made for, every sentence of it has the height that it needs when it comes up. */
+    void nichtsAbgeschnitten()
+    {
+        schriftgroesseWaehlen(18);
+        m_b->dokument(u"a.pdf"_s);
+        oeffnen();
+        m_fenster->resize(1100, 700);
+        m_fenster->close();
+        m_z.reset();
+        m_fenster.reset();
+        oeffnen(); // at this size from the beginning, with another card in front
+        QTRY_COMPARE(m_z->reiter(), Reiter::Pruefen);
+        QCOMPARE(m_fenster->size(), QSize(1100, 700));
+        m_fenster->resize(1120, 700);
+        m_z->setzeReiter(Reiter::Einrichtung);
+        for (const Abschnitt abschnitt : alleAbschnitte()) {
+            m_z->einrichtung()->setzeAbschnitt(abschnitt);
+            QTest::qWait(50); // what is asked for in between would take the height away
+            for (const auto *text : m_fenster->findChildren<Textschild *>()) {
+                if (text->isVisible() && text->wordWrap())
+                    QTRY_VERIFY2(text->height() >= text->heightForWidth(text->width()), qPrintable(text->ganzerText()));
+            }
+            const auto *seite = teil<QWidget>(u"abschnitt-"_s + rohwert(abschnitt));
+            QTRY_VERIFY2(seite->height() >= seite->layout()->totalHeightForWidth(seite->width()),
+                         qPrintable(u"%1: %2 of %3"_s.arg(rohwert(abschnitt))
+                                        .arg(seite->height())
+                                        .arg(seite->layout()->totalHeightForWidth(seite->width()))));
+        }
+        Einstellungen::entfernen(u"schriftgroesse"_s);
+        Stil::setzeSchriftgroesse(10);
     }
 
     /** What is known changes while nobody touches the card, and while another section is shown. */

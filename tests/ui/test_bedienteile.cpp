@@ -64,7 +64,7 @@ private Q_SLOTS:
         QTest::addColumn<QList<QPoint>>("orte");
         QTest::addColumn<int>("hoehe");
         Stil::setzeSchriftgroesse(10);
-        const int a = Stil::abstand(Stil::Abstand::Nah);
+        const int a = Stil::abstand(Abstand::Nah);
         QTest::newRow("leer") << QList<int>{} << 100 << QList<QPoint>{} << 0;
         QTest::newRow("eine Zeile") << QList<int>{30, 40} << 70 + a << QList<QPoint>{{0, 0}, {30 + a, 0}} << 10;
         QTest::newRow("ein Punkt zu wenig")
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QFETCH(const int, breite);
         QFETCH(const QList<QPoint>, orte);
         QWidget traeger;
-        auto *fluss = new Flussreihe(Stil::Abstand::Nah);
+        auto *fluss = new Flussreihe(Abstand::Nah);
         traeger.setLayout(fluss);
         fluss->setContentsMargins(0, 0, 0, 0);
         for (const int b : breiten)
@@ -93,15 +93,15 @@ private Q_SLOTS:
     void flussMitVerborgenem()
     {
         QWidget traeger;
-        auto *fluss = new Flussreihe(Stil::Abstand::Nah);
+        auto *fluss = new Flussreihe(Abstand::Nah);
         traeger.setLayout(fluss);
         QWidget *verborgen = klotz(50);
         for (QWidget *teil : {klotz(20), verborgen, klotz(20)})
             fluss->addWidget(teil);
         traeger.show();
         verborgen->hide();
-        fluss->setGeometry({0, 0, 48 + 2 * Stil::abstand(Stil::Abstand::Nah), 100});
-        QCOMPARE(fluss->itemAt(2)->geometry().left(), 20 + Stil::abstand(Stil::Abstand::Nah));
+        fluss->setGeometry({0, 0, 48 + 2 * Stil::abstand(Abstand::Nah), 100});
+        QCOMPARE(fluss->itemAt(2)->geometry().left(), 20 + Stil::abstand(Abstand::Nah));
     }
 
     /** The first way that fits, at every size, also when the contents grow; and it comes to rest. */
@@ -118,7 +118,7 @@ private Q_SLOTS:
         auto *wort = schild(u"ein Wort"_s);
         auto *rest = klotz(40);
         auto *innen = verschachtelt ? traeger(reihe({traeger(reihe({wort}))})) : wort;
-        auto *traeger = fuellen(new QWidget(&fenster), reihe({innen, rest}, Stil::Abstand::Keiner));
+        auto *traeger = fuellen(new QWidget(&fenster), reihe({innen, rest}, Abstand::Keiner));
         int versuche = 0;
         const Nachgeben platz(traeger, 2, [&](int stufe) {
             ++versuche;
@@ -239,7 +239,7 @@ private Q_SLOTS:
             QCOMPARE(feld->sizeHint().height(), daneben->sizeHint().height());
             QCOMPARE(haupt->sizeHint().height(), flach->sizeHint().height());
             QVERIFY(daneben->sizeHint().width() > daneben->fontMetrics().horizontalAdvance(daneben->text()));
-            QCOMPARE(fenster.layout()->spacing(), Stil::abstand(Stil::Abstand::Nah));
+            QCOMPARE(fenster.layout()->spacing(), Stil::abstand(Abstand::Nah));
         }
     }
 
@@ -321,6 +321,11 @@ private Q_SLOTS:
         }
         setzen({});
         QVERIFY(!liste.kennung().isValid());
+        setzen({1, 2});
+        liste.show();
+        liste.setFocus(Qt::TabFocusReason);
+        QVERIFY(QTest::qWaitForWindowActive(&liste));
+        QVERIFY(liste.selectionModel()->isRowSelected(0)); // what a button acts on is seen
     }
 
     /** The focus is on what leaves everything as it is, and goes back to where it was. */

@@ -349,6 +349,7 @@ private Q_SLOTS:
         QVERIFY(imFokus(u"profilEntfernenJa-abbrechen"_s));
         druecken(Qt::Key_Escape);
         QVERIFY(m_z->profilwahl()->aktiv());
+        QVERIFY(imFokus(u"profilEntfernen"_s));
         klicken(u"profilEntfernen"_s);
         klicken(u"profilEntfernenJa"_s);
         QVERIFY(!m_z->profilwahl()->aktiv());

@@ -7,7 +7,7 @@
 
 namespace quillmar::bedienteile
 {
-void Kette::setzeAbstand(Stil::Abstand abstand)
+void Kette::setzeAbstand(Abstand abstand)
 {
     m_abstand = abstand;
     invalidate();
@@ -98,6 +98,19 @@ static void vergessen(QLayout *layout)
     layout->invalidate();
 }
 
+static void beruhigen(const QLayout *layout)
+{
+    for (int n = 0; n < layout->count(); ++n) {
+        QLayoutItem *teil = layout->itemAt(n);
+        QLayout *innen = teil->widget() ? teil->widget()->layout() : teil->layout();
+        if (!innen)
+            continue;
+        beruhigen(innen);
+        if (teil->widget())
+            innen->activate();
+    }
+}
+
 void Nachgeben::versuchen(int ab)
 {
     if (std::exchange(m_dabei, true))
@@ -112,11 +125,7 @@ void Nachgeben::versuchen(int ab)
         m_zuEng = m_traeger->size();
     }
     // What the trying itself asked for must not lead here again, neither directly nor from the rows of what is within.
-    const QWidgetList teile = m_traeger->findChildren<QWidget *>();
-    for (auto teil = teile.crbegin(); teil != teile.crend(); ++teil) {
-        if (QLayout *innen = (*teil)->layout())
-            innen->activate();
-    }
+    beruhigen(m_traeger->layout());
     QCoreApplication::removePostedEvents(m_traeger, QEvent::LayoutRequest);
     m_traeger->layout()->activate();
     m_dabei = false;

@@ -14,10 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-using Stil::Abstand;
 using Stil::abstand;
 using Stil::mass;
-using Stil::Schrift;
 
 namespace
 {
@@ -236,8 +234,8 @@ void Liste::paintEvent(QPaintEvent *ereignis)
 void Liste::focusInEvent(QFocusEvent *ereignis)
 {
     QListView::focusInEvent(ereignis);
-    if (!currentIndex().isValid())
-        setCurrentIndex(indexAt({1, 1}));
+    if (!selectionModel()->hasSelection()) // the base makes a row the current one without choosing it
+        setCurrentIndex(currentIndex().isValid() ? currentIndex() : indexAt({1, 1}));
 }
 
 /** The height of the rows is asked for once only. */

@@ -26,9 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::einrichtung
 {
-using Stil::Abstand;
-using Stil::Schrift;
-
 namespace
 {
 constexpr int listenzeilen = 3;
@@ -106,9 +103,12 @@ bool Abschnittsseite::tippt(const QWidget *feld) const { return feld->hasFocus()
 
 void Abschnittsseite::auffrischen()
 {
+    const bool hier = isAncestorOf(QApplication::focusWidget());
     const Einrichtungslage lage = m_zustand->einrichtung()->lage();
     for (const auto &zeigen : std::as_const(m_folgende))
         zeigen(lage);
+    if (hier && !isAncestorOf(QApplication::focusWidget()))
+        Q_EMIT fokusVerloren();
 }
 
 void Abschnittsseite::showEvent(QShowEvent *ereignis)

@@ -234,6 +234,7 @@ void allesBauen(Abschnittsseite &seite)
     QObject::connect(frage, &Rueckfrage::bestaetigt, &seite, [&seite] {
         seite.auffrischen();
         seite.zustand()->einrichtung()->allesVergessen();
+        Q_EMIT seite.fokusVerloren();
     });
     seite.ueberAlles(traeger(reihe({{alles, 0, Qt::AlignLeft}, {frage, 1}}), &seite));
 }
@@ -259,10 +260,9 @@ Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &)
     seite.folgen([&seite, liste, weg, waehlbar, regeln = QStringList()](const Einrichtungslage &lage) mutable {
         zeigen(liste, regeln, lage.profil.ausnahmen, regelzeilen);
         waehlbar();
-        const bool leer = lage.profil.ausnahmen.isEmpty();
-        if (leer && (liste->hasFocus() || weg->hasFocus()))
-            seite.findChild<QLineEdit *>(u"neueAusnahme"_s)->setFocus(); // not to the button that starts a run
-        static_cast<QFormLayout *>(seite.layout())->setRowVisible(weg->parentWidget(), !leer);
+        if (regeln.isEmpty() && (liste->hasFocus() || weg->hasFocus()))
+            seite.findChild<QLineEdit *>(u"neueAusnahme"_s)->setFocus();
+        static_cast<QFormLayout *>(seite.layout())->setRowVisible(weg->parentWidget(), !regeln.isEmpty());
     });
     return {};
 }
@@ -296,7 +296,7 @@ Teile strukturbaum(Abschnittsseite &seite, const Abschnittszeile &)
     lesen();
     Stil::folgen(baum, [baum] {
         baum->setMinimumHeight(sichtbareZeilen *
-                               (QFontMetrics(Stil::schrift(Stil::Schrift::Grund)).height() + Stil::mass(4)));
+                               (QFontMetrics(Stil::schrift(Schrift::Grund)).height() + Stil::mass(4)));
         kopfzeileRichten(baum);
     });
     seite.ueberAlles(baum);

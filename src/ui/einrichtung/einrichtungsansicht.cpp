@@ -29,8 +29,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::einrichtung
 {
-using Stil::Abstand;
-
 namespace
 {
 constexpr int listenbreite = 300;
@@ -46,7 +44,7 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
           new Hinweisfeld(Symbol::Warnung, {},
                           {{.name = u"katalogErneutOeffnen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}})),
       m_weiter(hauptknopf(u"weiter"_s)),
-      m_grund(new Textschild(Textschild::Art::Umbruch, Stil::Schrift::Neben, u"weiter-grund"_s))
+      m_grund(new Textschild(Textschild::Art::Umbruch, Schrift::Neben, u"weiter-grund"_s))
 {
     setObjectName(u"einrichtung"_s);
     setFocusPolicy(Qt::ClickFocus);
@@ -128,6 +126,7 @@ void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
         m_abschnitte << new Abschnittsseite(m_zustand, abschnitt, abschnittszeilen(abschnitt, m_zustand, sprache),
                                             m_seiten);
         m_seiten->addWidget(rollbereich(m_abschnitte.last()));
+        connect(m_abschnitte.last(), &Abschnittsseite::fokusVerloren, m_liste, qOverload<>(&QWidget::setFocus));
     }
     new Nachgeben(
         m_seiten, 1, [this](int stufe) { anordnen(stufe > 0); }, [this] { return passt(); },

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::einrichtung
 {
-using Stil::Abstand;
-
 namespace
 {
 class Profilleiste : public QWidget
@@ -35,6 +33,7 @@ private:
     void entfernenFragen();
     void offenZeigen(const QWidget *teil);
     void schliessen() { offenZeigen(m_knoepfe); }
+    void zurueck(QWidget *knopf);
 
     Profilwahl *m_profilwahl;
     QAbstractButton *m_umbenennen;
@@ -59,9 +58,9 @@ Profilleiste::Profilleiste(Profilwahl *profilwahl)
     fuellen(this, spalte({m_namensteil, m_frage, m_knoepfe}));
     connect(m_umbenennen, &QAbstractButton::clicked, this, &Profilleiste::umbenennen);
     connect(m_entfernen, &QAbstractButton::clicked, this, &Profilleiste::entfernenFragen);
-    connect(m_frage, &Rueckfrage::abgebrochen, this, &Profilleiste::schliessen);
+    connect(m_frage, &Rueckfrage::abgebrochen, this, [this] { zurueck(m_entfernen); });
     connect(m_frage, &Rueckfrage::bestaetigt, this, [this] {
-        schliessen();
+        zurueck(m_entfernen);
         if (m_profilwahl->aktiv())
             m_profilwahl->profilEntfernen(m_profilwahl->aktiv()->id);
     });
@@ -71,7 +70,7 @@ Profilleiste::Profilleiste(Profilwahl *profilwahl)
 
 QWidget *Profilleiste::namensteil()
 {
-    QLabel *titel = schild(Sprache::text(u"Name des Profils"_s), Stil::Schrift::Neben);
+    QLabel *titel = schild(Sprache::text(u"Name des Profils"_s), Schrift::Neben);
     titel->setBuddy(m_name);
     m_name->setObjectName(u"profilname"_s);
     m_name->setAccessibleName(titel->text());
@@ -82,7 +81,7 @@ QWidget *Profilleiste::namensteil()
     // Only when the key has been dealt with: it would press the button that has the focus then.
     connect(m_name, &QLineEdit::returnPressed, this, &Profilleiste::nameUebernehmen, Qt::QueuedConnection);
     connect(fertig, &QPushButton::clicked, this, &Profilleiste::nameUebernehmen);
-    connect(lassen, &QPushButton::clicked, this, &Profilleiste::schliessen);
+    connect(lassen, &QPushButton::clicked, this, [this] { zurueck(m_umbenennen); });
     return traeger(spalte({titel, m_name, reihe({fertig, lassen, Teil::rest()})}, Abstand::Eng));
 }
 
@@ -104,8 +103,7 @@ void Profilleiste::nameUebernehmen()
     Profil neu = *m_profilwahl->aktiv();
     neu.name = name;
     m_profilwahl->setzeProfil(neu);
-    schliessen();
-    m_umbenennen->setFocus();
+    zurueck(m_umbenennen);
 }
 
 void Profilleiste::entfernenFragen()
@@ -124,12 +122,17 @@ void Profilleiste::offenZeigen(const QWidget *teil)
         eines->setVisible(eines == teil);
 }
 
+void Profilleiste::zurueck(QWidget *knopf)
+{
+    schliessen();
+    knopf->setFocus();
+}
+
 void Profilleiste::keyPressEvent(QKeyEvent *ereignis)
 {
     if (ereignis->key() != Qt::Key_Escape)
         return QWidget::keyPressEvent(ereignis);
-    schliessen();
-    m_umbenennen->setFocus();
+    zurueck(m_umbenennen);
 }
 } // namespace
 

@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::pruefung
 {
-using Stil::Schrift;
-
 namespace
 {
 constexpr int datumszeichen = 12;
@@ -77,7 +75,8 @@ QWidget *Angabenfeld::Eingabe::feld() const { return text ? static_cast<QWidget 
 
 Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *eltern)
     : QObject(eltern), m_profilwahl(profilwahl), m_pruefung(pruefung),
-      m_kopf(Sprache::text(u"Angaben"_s), erklaerung(), eltern), m_tag(schild({}, Schrift::Neben, u"wochentag"_s))
+      m_kopf(Sprache::text(u"Angaben"_s), erklaerung(), eltern),
+      m_tag(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben, u"wochentag"_s))
 {
     for (int n = 0; n < feldzahl; ++n)
         m_eingaben << eingabeBauen(Feld(n), eltern);
@@ -200,7 +199,7 @@ void Angabenfeld::tagZeigen()
 {
     const Dokument *d = m_pruefung->aktuelles();
     const auto [text, falsch] = datumswort(d ? d->angaben.datum.trimmed() : QString());
-    Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setText(text);
+    Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setzeText(text);
     m_eingaben.at(int(Feld::Datum))
         .text->setAccessibleDescription(falsch ? text + u". "_s + feldhilfe(Feld::Datum) : feldhilfe(Feld::Datum));
 }

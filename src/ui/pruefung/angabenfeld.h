@@ -50,7 +50,7 @@ private:
     Profilwahl *m_profilwahl;
     Pruefung *m_pruefung;
     Abschnittskopf m_kopf;
-    QLabel *m_tag;             ///< weekday of the date, or what is wrong with it
+    Textschild *m_tag;         ///< weekday of the date, or what is wrong with it
     QList<Eingabe> m_eingaben; ///< by Feld
 };
 } // namespace quillmar::pruefung
