@@ -12,6 +12,18 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::ui
 {
+namespace
+{
+/** An entry at the end of @p menue; @p tasten work while it is closed too. */
+QAction *eintrag(QMenu *menue, const QString &name, const QString &text, const QList<QKeySequence> &tasten = {})
+{
+    QAction *neuer = menue->addAction(text);
+    neuer->setObjectName(name);
+    neuer->setShortcuts(tasten);
+    return neuer;
+}
+} // namespace
+
 Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(eltern)
 {
     setObjectName(u"menue"_s);
@@ -19,20 +31,15 @@ Fenstermenue::Fenstermenue(Fenstersprache *sprache, QWidget *eltern) : QMenu(elt
     sprachenBauen(sprache);
     addSeparator();
     handbuchBauen(eltern->window());
-    QAction *info = addAction(Sprache::text(u"Info"_s));
-    info->setObjectName(u"info"_s);
+    const QAction *info = eintrag(this, u"info"_s, Sprache::text(u"Info"_s));
     connect(info, &QAction::triggered, this, &Fenstermenue::infoGewuenscht);
-    QAction *beenden = addAction(Sprache::text(u"Beenden"_s));
-    beenden->setObjectName(u"beenden"_s);
-    beenden->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    const QAction *beenden = eintrag(this, u"beenden"_s, Sprache::text(u"Beenden"_s), {Qt::CTRL | Qt::Key_Q});
     connect(beenden, &QAction::triggered, eltern->window(), &QWidget::close);
 }
 
 void Fenstermenue::handbuchBauen(QWidget *fenster)
 {
-    QAction *handbuch = addAction(Sprache::text(u"Handbuch"_s));
-    handbuch->setObjectName(u"handbuch"_s);
-    handbuch->setShortcut(QKeySequence(Qt::Key_F1));
+    const QAction *handbuch = eintrag(this, u"handbuch"_s, Sprache::text(u"Handbuch"_s), {Qt::Key_F1});
     connect(handbuch, &QAction::triggered, this, [this, fenster] {
         if (!m_handbuch)
             m_handbuch = new Handbuchfenster(fenster);
@@ -44,12 +51,10 @@ void Fenstermenue::schriftBauen()
 {
     QMenu *schrift = addMenu(Sprache::text(u"Schriftgröße"_s));
     schrift->setObjectName(u"schriftgroesse"_s);
-    QAction *groesser = schrift->addAction(Sprache::text(u"Größer"_s));
-    groesser->setObjectName(u"schriftGroesser"_s);
-    groesser->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    QAction *kleiner = schrift->addAction(Sprache::text(u"Kleiner"_s));
-    kleiner->setObjectName(u"schriftKleiner"_s);
-    kleiner->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
+    const QAction *groesser = eintrag(schrift, u"schriftGroesser"_s, Sprache::text(u"Größer"_s),
+                                      {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal});
+    const QAction *kleiner =
+        eintrag(schrift, u"schriftKleiner"_s, Sprache::text(u"Kleiner"_s), {Qt::CTRL | Qt::Key_Minus});
     connect(groesser, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::floor(Stil::schriftgroesse()) + 1); });
     connect(kleiner, &QAction::triggered, this, [] { schriftgroesseWaehlen(std::ceil(Stil::schriftgroesse()) - 1); });
     schrift->addSeparator();

@@ -15,7 +15,6 @@
 #include "textschild.h"
 #include "zustand.h"
 
-#include <QLabel>
 #include <QProgressBar>
 
 using namespace Qt::StringLiterals;
@@ -34,8 +33,6 @@ Fusszeile::Fusszeile(Zustand *zustand, QWidget *eltern)
 {
     m_zaehler->setToolTip(Sprache::text(u"Einsortiert: fertig bearbeitet. Offen: wartet auf deine Prüfung. "
                                         "Zurückgestellt: von dir übersprungen. In Analyse: noch nicht gelesen."_s));
-    m_zaehler->setAccessibleDescription(m_zaehler->toolTip());
-    m_balken->setAccessibleName(Sprache::text(u"Fortschritt"_s));
     auto *zeile = fuellen(new QWidget, reihe({m_zaehler, Teil::rest(), m_text, m_balken}), Abstand::Feld);
     fuellen(this, spalte({linie(), zeile}, Abstand::Keiner));
     Stil::folgen(zeile, [zeile] { zeile->setFixedHeight(Stil::mass(hoehe)); });
@@ -61,7 +58,10 @@ void Fusszeile::verbinden()
         connect(m_zustand->profilwahl(), signal, this, &Fusszeile::lageZeigen);
     connect(m_zustand->sitzungen(), &Sitzungen::rueckbauGeaendert, this, &Fusszeile::lageZeigen);
     connect(m_zustand->meldestelle(), &Meldestelle::hinweisGeaendert, this, &Fusszeile::notieren);
-    connect(m_zustand, &Zustand::reiterGeaendert, this, &Fusszeile::notizVergessen);
+    connect(m_zustand, &Zustand::reiterGeaendert, this, [this] {
+        m_notiz.clear();
+        lageZeigen();
+    });
 }
 
 void Fusszeile::zaehlenZeigen()
@@ -102,12 +102,6 @@ void Fusszeile::notieren()
     if (reiter != Reiter::Einrichtung && reiter != Reiter::Ablauf)
         return;
     m_notiz = m_zustand->meldestelle()->meldungen().value(0);
-    lageZeigen();
-}
-
-void Fusszeile::notizVergessen()
-{
-    m_notiz.clear();
     lageZeigen();
 }
 } // namespace quillmar::ui

@@ -21,7 +21,6 @@ private:
     void lageZeigen();
     void setzeStufe(int stufe);
     void notieren();
-    void notizVergessen();
 
     Zustand *m_zustand;
     QLabel *m_zaehler;

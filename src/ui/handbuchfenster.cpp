@@ -1,14 +1,13 @@
 #include "handbuchfenster.h"
 
+#include "bau.h"
 #include "sprache.h"
-#include "stil.h"
 
 #include <QFile>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -60,11 +59,8 @@ Handbuchfenster::Handbuchfenster(QWidget *eltern) : QWidget(eltern, Qt::Window),
 {
     setObjectName(u"handbuch"_s);
     setWindowTitle(Sprache::text(u"Handbuch"_s));
-    auto *spalte = new QVBoxLayout(this);
-    spalte->setContentsMargins(0, 0, 0, 0);
-    spalte->addWidget(m_text);
-    m_text->setObjectName(u"handbuchtext"_s);
-    m_text->setAccessibleName(windowTitle());
+    fuellen(this, spalte({m_text}));
+    bezeichnen(m_text, u"handbuchtext"_s, windowTitle());
     m_text->setOpenLinks(false);
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->setSearchPaths({handbuchordner()});

@@ -9,7 +9,6 @@
 #include "fenstermenue.h"
 #include "fenstersprache.h"
 #include "fusszeile.h"
-#include "hilfetexte.h"
 #include "hinweisfeld.h"
 #include "infofenster.h"
 #include "kopfleiste.h"
@@ -208,6 +207,19 @@ void Hauptfenster::keyPressEvent(QKeyEvent *ereignis)
         knopf->click();
     else
         QMainWindow::keyPressEvent(ereignis);
+}
+
+/**
+ * Qt asks for the next one too when what has the focus is hidden or switched off. That would be any button, and the
+ * next key would press it; it goes to the card instead, which knows where its keys belong.
+ */
+bool Hauptfenster::focusNextPrevChild(bool vor)
+{
+    const QWidget *bisher = focusWidget();
+    if (!bisher || (bisher->isVisible() && bisher->isEnabled()) || !m_karten)
+        return QMainWindow::focusNextPrevChild(vor);
+    m_karten->currentWidget()->setFocus();
+    return true;
 }
 
 /** A newer version is told of, everything else in the info window only. */

@@ -24,6 +24,7 @@ protected:
     void showEvent(QShowEvent *ereignis) override;
     void closeEvent(QCloseEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
+    bool focusNextPrevChild(bool vor) override;
 
 private:
     void aufbauen();

@@ -45,13 +45,6 @@ QLabel *angabe(const QString &text, Schrift art = Schrift::Grund, const QString 
     return neue;
 }
 
-Textschild *satz(const QString &text)
-{
-    auto *neuer = new Textschild(Textschild::Art::Umbruch, Schrift::Neben);
-    neuer->setzeText(text);
-    return neuer;
-}
-
 QLayout *kopf()
 {
     auto *bild = new QLabel;
@@ -59,14 +52,15 @@ QLayout *kopf()
         bild->setPixmap(QIcon(u":/quillmar.svg"_s).pixmap(Stil::mass(bildkante), Stil::mass(bildkante)));
     });
     const QString fassung = gefuellt(Sprache::text(u"Version %@"_s), {Aktualisierung::eigeneFassung()});
-    return reihe({{bild, 0, Qt::AlignTop},
-                  {spalte({angabe(u"Quillmar"_s, Schrift::Seitentitel),
-                           reihe({angabe(fassung, Schrift::Grund, u"fassung"_s),
-                                  angabe(Sprache::text(u"© 2026, MIT-Lizenz"_s)), Teil::rest()}),
-                           satz(Sprache::text(u"Liest gescannte Briefe, schlägt Namen und Ordner vor, legt ab."_s))},
-                          Abstand::Eng),
-                   1}},
-                 Abstand::Gruppe);
+    return reihe(
+        {{bild, 0, Qt::AlignTop},
+         {spalte({angabe(u"Quillmar"_s, Schrift::Seitentitel),
+                  reihe({angabe(fassung, Schrift::Grund, u"fassung"_s), angabe(Sprache::text(u"© 2026, MIT-Lizenz"_s)),
+                         Teil::rest()}),
+                  erklaerung(Sprache::text(u"Liest gescannte Briefe, schlägt Namen und Ordner vor, legt ab."_s))},
+                 Abstand::Eng),
+          1}},
+        Abstand::Gruppe);
 }
 
 /** Opens a folder that is there; whether it is, is found out elsewhere: a drive may be slow. */
@@ -149,15 +143,15 @@ QLayout *Infofenster::updateteil()
         flachknopf(u"updateLaden"_s, Symbol::Aufschlagen, Sprache::text(u"Zur Seite"_s),
                    gefuellt(Sprache::text(u"Öffnet %@ im Browser"_s), {Aktualisierung::ladeseite().toDisplayString()}));
     auto *beimStart = new QCheckBox(Sprache::text(u"Beim Start nach Updates suchen"_s));
-    auto *erklaerung =
-        satz(Sprache::text(u"Abgerufen wird eine einzige öffentliche Datei. Über dich wird nichts gesendet."_s));
+    Textschild *abruf =
+        erklaerung(Sprache::text(u"Abgerufen wird eine einzige öffentliche Datei. Über dich wird nichts gesendet."_s));
     beimStart->setObjectName(u"beimStartPruefen"_s);
     beimStart->setChecked(Aktualisierung::beimStartPruefen());
-    beimStart->setAccessibleDescription(erklaerung->ganzerText());
+    beimStart->setAccessibleDescription(abruf->ganzerText());
     connect(m_suchen, &QPushButton::clicked, m_aktualisierung, &Aktualisierung::pruefen);
     connect(m_laden, &QToolButton::clicked, this, [] { QDesktopServices::openUrl(Aktualisierung::ladeseite()); });
     connect(beimStart, &QCheckBox::toggled, this, &Aktualisierung::setzeBeimStartPruefen);
-    return spalte({reihe({m_suchen, {m_ergebnis, 1}, m_laden}), beimStart, erklaerung});
+    return spalte({reihe({m_suchen, {m_ergebnis, 1}, m_laden}), beimStart, abruf});
 }
 
 void Infofenster::ergebnisZeigen()

@@ -72,15 +72,12 @@ void Kopfleiste::verbinden()
 
 QComboBox *Kopfleiste::profilwahlBauen()
 {
-    const QString hilfe = Sprache::text(u"Ein Profil bündelt Herkunft, Ziel, Benennungsmuster und Struktur. So lässt "
-                                        "sich dieselbe App für mehrere Ablagen verwenden."_s);
     auto *wahl = new QComboBox;
     radsperre(wahl);
     wahl->setFocusPolicy(Qt::TabFocus); // chosen by the mouse, the keys stay with the card
-    wahl->setObjectName(u"aktiv"_s);
-    wahl->setAccessibleName(Sprache::text(u"Profil"_s));
-    wahl->setAccessibleDescription(hilfe);
-    wahl->setToolTip(hilfe);
+    bezeichnen(wahl, u"aktiv"_s, Sprache::text(u"Profil"_s),
+               Sprache::text(u"Ein Profil bündelt Herkunft, Ziel, Benennungsmuster und Struktur. So lässt sich "
+                             "dieselbe App für mehrere Ablagen verwenden."_s));
     wahl->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     wahl->setMinimumContentsLength(profilzeichen);
     connect(wahl, &QComboBox::activated, this,
@@ -93,7 +90,7 @@ QToolButton *Kopfleiste::reiterBauen(Reiter reiter)
     QToolButton *knopf = flachknopf(u"reiter-"_s + rohwert(reiter), Zeichen::symbol(reiterSymbol(reiter)),
                                     reiterTitel(reiter), reiterHilfe(reiter));
     setzeKnopfart(knopf, Knopfart::Reiter);
-    knopf->setCheckable(true);
+    setzeWaehlbar(knopf);
     knopf->setAutoExclusive(true);
     connect(knopf, &QToolButton::clicked, m_zustand, [this, reiter] { m_zustand->setzeReiter(reiter); });
     return knopf;

@@ -233,9 +233,7 @@ QString Einrichtung::ausnahmeAufnehmen(const QString &regel)
     const QList<Ausnahmefilter::Regel> alte = Ausnahmefilter(aktiv()->ausnahmen).regeln();
     if (std::any_of(alte.begin(), alte.end(), [&](const auto &r) { return r.kern == neue.first().kern; }))
         return gefuellt(Sprache::text(u"%@ steht schon in der Liste"_s), {neue.first().roh});
-    Profil neu = *aktiv();
-    neu.ausnahmen << neue.first().roh;
-    m_nachbarn.profilwahl->setzeProfil(neu);
+    m_nachbarn.profilwahl->aendern([&](Profil &p) { p.ausnahmen << neue.first().roh; });
     ausnahmenAnwenden();
     return {};
 }
@@ -256,13 +254,9 @@ QString Einrichtung::ausnahmeWaehlen()
 
 void Einrichtung::ausnahmeEntfernen(const QString &regel)
 {
-    if (!aktiv())
+    if (!aktiv() || !aktiv()->ausnahmen.contains(regel))
         return;
-    Profil neu = *aktiv();
-    neu.ausnahmen.removeOne(regel);
-    if (neu == *aktiv())
-        return;
-    m_nachbarn.profilwahl->setzeProfil(neu);
+    m_nachbarn.profilwahl->aendern([&](Profil &p) { p.ausnahmen.removeOne(regel); });
     ausnahmenAnwenden();
 }
 

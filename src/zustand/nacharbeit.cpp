@@ -12,7 +12,10 @@ Nacharbeit Nacharbeit::lesen(Datenbank &db)
     Nacharbeit n;
     const Vorschlaege vorschlaege(db);
     for (const Vorschlaege::Gescheitertes &g : vorschlaege.gescheiterte())
-        n.gescheiterte << Gescheitertes{.id = g.id, .name = nameVon(g.pfad), .grund = Fehlertext::anzeige(g.fehler)};
+        n.gescheiterte << Gescheitertes{.id = g.id,
+                                        .name = nameVon(g.pfad),
+                                        .ordner = nameVon(ordnerVon(g.pfad)),
+                                        .grund = Fehlertext::anzeige(g.fehler)};
     for (const Dateien::Dublette &d : Dateien(db).dubletten())
         n.dubletten << Dublette{
             .id = d.id, .name = nameVon(d.pfad), .original = nameVon(d.originalPfad), .bytegleich = d.gleicheSumme};

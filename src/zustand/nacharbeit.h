@@ -18,7 +18,8 @@ struct Nacharbeit {
     struct Gescheitertes {
         qint64 id = 0;
         QString name;
-        QString grund; ///< in the user's language
+        QString ordner; ///< name of the one that it lies in
+        QString grund;  ///< in the user's language
         bool operator==(const Gescheitertes &) const = default;
     };
     /** A duplicate that waits to be set aside. */

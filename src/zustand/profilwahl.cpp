@@ -177,13 +177,18 @@ void Profilwahl::folgen(const Profil &vorher)
     bereitschaftPruefen();
 }
 
-void Profilwahl::setzeKopieren(bool kopieren)
+void Profilwahl::aendern(const std::function<void(Profil &)> &aenderung)
 {
     if (!aktiv())
         return;
     Profil neu = *aktiv();
-    neu.kopieren = kopieren;
+    aenderung(neu);
     setzeProfil(neu);
+}
+
+void Profilwahl::setzeKopieren(bool kopieren)
+{
+    aendern([kopieren](Profil &p) { p.kopieren = kopieren; });
 }
 
 void Profilwahl::profilEntfernen(const QUuid &id)

@@ -39,6 +39,8 @@ public:
     void neuesProfil();
     /** The active profile with other settings: takes effect at once and is saved. */
     void setzeProfil(const Profil &profil);
+    /** The same by what @p aenderung does to it; nothing while none is active. */
+    void aendern(const std::function<void(Profil &)> &aenderung);
     void setzeKopieren(bool kopieren);
     /** Takes the profile out of the list; its catalogue stays. Not while a deed is under way. */
     void profilEntfernen(const QUuid &id);

@@ -204,7 +204,7 @@ private Q_SLOTS:
         QCOMPARE(profil().ausnahmen, QStringList{u"Fotos"_s});
         plattformtaste(Qt::Key_Delete); // the one that is left is chosen
         QCOMPARE(profil().ausnahmen, QStringList());
-        QCOMPARE(fokus(), u"neueAusnahme"_s); // not the button that starts a run
+        QCOMPARE(fokus(), u"abschnitte"_s); // not the button that starts a run
         QVERIFY(!suchen<QWidget>("ausnahmen") && !suchen<QWidget>("ausnahmeEntfernen"));
     }
 
@@ -227,7 +227,7 @@ private Q_SLOTS:
             druecken(Qt::Key_Space);
             QTRY_COMPARE(stand.zuordnungen.size(), uebrig);
         }
-        QTRY_COMPARE(fokus(), u"namen"_s);
+        QTRY_COMPARE(fokus(), u"abschnitte"_s);
         klicken("allesVergessen");
         QCOMPARE(fokus(), u"allesVergessenJa-abbrechen"_s);
         klicken("allesVergessenJa");

@@ -18,7 +18,6 @@
 #include "textschild.h"
 #include "zustand.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedLayout>
@@ -179,10 +178,7 @@ void AblaufAnsicht::showEvent(QShowEvent *ereignis)
 void AblaufAnsicht::focusInEvent(QFocusEvent *ereignis)
 {
     QWidget::focusInEvent(ereignis);
-    if (m_starten->isVisible() && m_starten->isEnabled())
-        m_starten->setFocus();
-    else if (m_pruefen->isVisible())
-        m_pruefen->setFocus();
+    fokusWeitergeben();
 }
 
 bool AblaufAnsicht::laeuft() const { return m_zustand->durchgang()->laeuft(); }
@@ -201,19 +197,15 @@ void AblaufAnsicht::zurEinrichtung()
     m_zustand->setzeReiter(Reiter::Einrichtung);
 }
 
-/**
- * A button that gives way to another hands it the focus too. Left to itself that would wander, to the choice of the
- * profile for one, where the next key would end the run.
- */
-void AblaufAnsicht::fokusHalten()
+/** What the card is there for at the moment; it waits here itself while there is nothing. */
+void AblaufAnsicht::fokusWeitergeben()
 {
-    const QList<QPushButton *> knoepfe = {m_starten, m_anhalten, m_pruefen};
-    if (std::any_of(knoepfe.begin(), knoepfe.end(), [](const QPushButton *knopf) { return knopf->hasFocus(); }))
-        return;
+    const QList<QPushButton *> knoepfe = {m_starten, m_pruefen, m_anhalten};
     const auto ziel = std::find_if(knoepfe.begin(), knoepfe.end(), [this](const QPushButton *knopf) {
         return knopf->isVisible() && knopf->isEnabled() && !(knopf == m_anhalten && laeuft()); // no key stops unasked
     });
-    ziel != knoepfe.end() ? (*ziel)->setFocus() : setFocus();
+    if (ziel != knoepfe.end())
+        (*ziel)->setFocus();
 }
 
 void AblaufAnsicht::zeigen()
@@ -221,7 +213,6 @@ void AblaufAnsicht::zeigen()
     m_stapel->setCurrentIndex(m_zustand->profilwahl()->offen() ? 0 : 1);
     if (!m_zustand->profilwahl()->offen())
         return m_leere->setzen(Symbol::GrossStart, ohneKatalog(*m_zustand->profilwahl()));
-    const bool fokus = hasFocus() || m_starten->hasFocus() || m_anhalten->hasFocus() || m_pruefen->hasFocus();
     m_titel->setText(lage().titel());
     m_unterzeile->setzeText(lage().zeile());
     hindernisseZeigen();
@@ -229,8 +220,8 @@ void AblaufAnsicht::zeigen()
     stufenZeigen();
     listenZeigen();
     knoepfeZeigen(); // which depend on the row that is chosen now
-    if (fokus)
-        fokusHalten();
+    if (hasFocus())
+        fokusWeitergeben();
 }
 
 /** One filled button: before the run the start, while it runs and after it the review of what is there. */
@@ -254,7 +245,7 @@ void AblaufAnsicht::knoepfeZeigen()
     m_anhalten->setVisible(laeuft() || pruefbar);
     m_anhalten->setEnabled(laeuft() ? !durchgang->analyse()->abbrechenGewuenscht() : startbar);
     m_alleErneut->setEnabled(!laeuft() && !durchgang->startErbeten());
-    m_erneut->setEnabled(!laeuft() && m_gescheiterte.liste->currentIndex().isValid());
+    m_erneut->setEnabled(m_alleErneut->isEnabled() && m_gescheiterte.liste->currentIndex().isValid());
     if (laeuft())
         m_frage->hide();
 }
@@ -304,7 +295,7 @@ void AblaufAnsicht::listenZeigen()
     const Nacharbeit &n = m_zustand->durchgang()->nacharbeit();
     QList<Listenzeile> gescheiterte;
     for (const auto &g : n.gescheiterte)
-        gescheiterte << Listenzeile{.kennung = g.id, .erste = g.name, .zweite = g.grund};
+        gescheiterte << Listenzeile{.kennung = g.id, .erste = g.name, .zweite = g.grund, .wort = g.ordner};
     QList<Listenzeile> dubletten;
     for (const auto &d : n.dubletten)
         dubletten << Listenzeile{.kennung = d.id, .erste = d.name, .zweite = dublettensatz(d)};

@@ -49,7 +49,7 @@ private:
     void fragen(Durchgang::Art art);
     void antworten(bool nurLesen);
     void zurEinrichtung();
-    void fokusHalten();
+    void fokusWeitergeben();
     [[nodiscard]] bool laeuft() const;
     [[nodiscard]] bool eingerichtet() const;
     [[nodiscard]] Lauflage lage() const { return Lauflage::von(*m_zustand); }

@@ -2,7 +2,6 @@
 
 #include "bau.h"
 #include "laufkarte.h"
-#include "sprache.h"
 #include "textschild.h"
 
 #include <QEvent>

@@ -85,30 +85,24 @@ Nachgeben::Nachgeben(QWidget *traeger, int letzte, std::function<void(int)> anwe
     traeger->installEventFilter(this);
 }
 
-/** Rows within rows remember what they asked for, and hear of nothing. */
-static void vergessen(QLayout *layout)
+/** Calls @p tun for every row within @p layout and the widget that it fills, from the inside out. */
+static void jedeReihe(const QLayout *layout, const std::function<void(QLayout *, QWidget *)> &tun)
 {
     for (int n = 0; n < layout->count(); ++n) {
         QLayoutItem *teil = layout->itemAt(n);
-        if (QLayout *innen = teil->widget() ? teil->widget()->layout() : teil->layout())
-            vergessen(innen);
-        if (teil->widget())
-            teil->widget()->updateGeometry();
+        if (QLayout *innen = teil->widget() ? teil->widget()->layout() : teil->layout()) {
+            jedeReihe(innen, tun);
+            tun(innen, teil->widget());
+        }
     }
-    layout->invalidate();
 }
 
-static void beruhigen(const QLayout *layout)
+/** Rows within rows remember what they asked for, and hear of nothing. */
+static void vergessen(QLayout *reihe, QWidget *traeger)
 {
-    for (int n = 0; n < layout->count(); ++n) {
-        QLayoutItem *teil = layout->itemAt(n);
-        QLayout *innen = teil->widget() ? teil->widget()->layout() : teil->layout();
-        if (!innen)
-            continue;
-        beruhigen(innen);
-        if (teil->widget())
-            innen->activate();
-    }
+    reihe->invalidate();
+    if (traeger)
+        traeger->updateGeometry();
 }
 
 void Nachgeben::versuchen(int ab)
@@ -119,13 +113,17 @@ void Nachgeben::versuchen(int ab)
         m_zuEng = {};
     for (m_stufe = ab;; ++m_stufe) {
         m_anwenden(m_stufe);
-        vergessen(m_traeger->layout());
+        jedeReihe(m_traeger->layout(), vergessen);
+        m_traeger->layout()->invalidate();
         if (m_stufe == m_letzte || m_passt())
             break;
         m_zuEng = m_traeger->size();
     }
     // What the trying itself asked for must not lead here again, neither directly nor from the rows of what is within.
-    beruhigen(m_traeger->layout());
+    jedeReihe(m_traeger->layout(), [](QLayout *reihe, const QWidget *traeger) {
+        if (traeger)
+            reihe->activate();
+    });
     QCoreApplication::removePostedEvents(m_traeger, QEvent::LayoutRequest);
     m_traeger->layout()->activate();
     m_dabei = false;

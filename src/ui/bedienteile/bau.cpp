@@ -1,6 +1,10 @@
 #include "bau.h"
 #include "farben.h"
+#include "sprache.h"
+#include "textschild.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QPainter>
@@ -68,6 +72,36 @@ QLabel *schild(const QString &text, Schrift art, const QString &name)
     return Stil::kleiden(neues, art);
 }
 
+Textschild *erklaerung(const QString &text)
+{
+    auto *neue = new Textschild(Textschild::Art::Umbruch, Schrift::Neben);
+    neue->setzeText(text);
+    return neue;
+}
+
+void bezeichnen(QWidget *teil, const QString &name, const QString &ansage, const QString &hilfe)
+{
+    teil->setObjectName(name);
+    teil->setAccessibleName(ansage);
+    teil->setToolTip(hilfe);
+}
+
+void breiteFuer(QWidget *feld, int zeichen)
+{
+    Stil::folgen(feld, [=] {
+        feld->setFixedWidth(zeichen * QFontMetrics(Stil::schrift(Schrift::Grund)).averageCharWidth() +
+                            2 * Stil::abstand(Abstand::Feld));
+    });
+}
+
+void hoeheFuer(QWidget *feld, int zeilen)
+{
+    Stil::folgen(feld, [=] {
+        feld->setFixedHeight(zeilen * QFontMetrics(Stil::schrift(Schrift::Grund)).lineSpacing() +
+                             Stil::abstand(Abstand::Feld));
+    });
+}
+
 QPushButton *knopf(const QString &name, const QString &text, const QString &hilfe, Knopfart art, Symbol symbol)
 {
     auto *neuer = new QPushButton(text);
@@ -99,11 +133,18 @@ void setzeMitText(QToolButton *knopf, bool mit)
     knopf->setToolButtonStyle(mit ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
 }
 
+void setzeWaehlbar(QToolButton *knopf)
+{
+    knopf->setCheckable(true);
+    knopf->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(knopf, &QToolButton::toggled, knopf,
+                     [knopf](bool an) { knopf->setFocusPolicy(an ? Qt::TabFocus : Qt::NoFocus); });
+}
+
 void benennen(QAbstractButton *knopf, const QString &titel, const QString &hilfe)
 {
     knopf->setText(titel);
     knopf->setAccessibleName(titel);
-    knopf->setAccessibleDescription(hilfe);
     knopf->setToolTip(hilfe);
 }
 
@@ -116,7 +157,7 @@ QString vorgelesen(QStringList teile)
 QProgressBar *balken(const QString &name, double breite)
 {
     auto *neuer = new QProgressBar;
-    neuer->setObjectName(name);
+    bezeichnen(neuer, name, Sprache::text(u"Fortschritt"_s));
     neuer->setTextVisible(false);
     neuer->setRange(0, feinheit);
     neuer->setProperty("laenge", breite);
@@ -151,6 +192,11 @@ QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern)
     rollen->setWidget(inhalt);
     rollen->viewport()->setAutoFillBackground(false);
     inhalt->setAutoFillBackground(false);
+    // The scroll area itself follows the Tab key within it only; lists see to their rows.
+    QObject::connect(qApp, &QApplication::focusChanged, rollen, [rollen](QWidget *, QWidget *jetzt) {
+        if (rollen->isAncestorOf(jetzt) && !qobject_cast<QAbstractItemView *>(jetzt))
+            rollen->ensureWidgetVisible(jetzt);
+    });
     return rollen;
 }
 

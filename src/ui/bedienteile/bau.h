@@ -44,6 +44,19 @@ Widget *fuellen(Widget *teil, QLayout *inhalt, Abstand waagrecht = Abstand::Kein
                                       bool mitText = true);
 void setzeMitText(QToolButton *knopf, bool mit);
 
+/** A sentence beside what it explains. */
+[[nodiscard]] Textschild *erklaerung(const QString &text);
+
+/** Name of @p teil, what it is called when read aloud, and its help: tool tip and, with that, description. */
+void bezeichnen(QWidget *teil, const QString &name, const QString &ansage, const QString &hilfe = {});
+
+/** @p feld is as wide as it takes for so many characters, as high as it takes for so many lines. */
+void breiteFuer(QWidget *feld, int zeichen);
+void hoeheFuer(QWidget *feld, int zeilen);
+
+/** One of several of which one holds: Tab reaches the chosen one, the arrows lead from it to the others. */
+void setzeWaehlbar(QToolButton *knopf);
+
 /** Words and help of a button whose meaning changes. */
 void benennen(QAbstractButton *knopf, const QString &titel, const QString &hilfe);
 
@@ -61,7 +74,8 @@ void setzeAnteil(QProgressBar *balken, double anteil);
 /** A line between two areas. */
 [[nodiscard]] QWidget *linie(Qt::Orientation richtung = Qt::Horizontal);
 
-/** @p inhalt, which scrolls up and down where it is too high: without a frame or a ground of its own. */
+/** @p inhalt, which scrolls up and down where it is too high, also to what gets the
+ * focus: without a frame or a ground of its own. */
 [[nodiscard]] QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern = nullptr);
 
 /** Scrolling past a choice or a number must not change it unnoticed: over @p feld the wheel goes on to what scrolls. */

@@ -1,12 +1,10 @@
-#include "hilfetexte.h"
-
+#include "quillmarstil.h"
 #include "textschild.h"
 
 #include <QApplication>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QToolTip>
-#include <QVariant>
 
 using namespace Qt::StringLiterals;
 

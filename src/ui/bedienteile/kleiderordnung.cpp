@@ -13,7 +13,6 @@
 #include <QSet>
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +21,9 @@ namespace quillmar::bedienteile
 namespace
 {
 constexpr auto eigenschaft = "textart"; // on every text that was dressed
+constexpr auto schluesselSchrift = "schriftgroesse"_L1;
+
+double begrenzt(double punkte) { return std::clamp(punkte, Stil::kleinsteSchrift, Stil::groessteSchrift); }
 
 /** The palette that @p schild would have if none were set on it. */
 QPalette vorgabe(const QWidget *schild)
@@ -123,25 +125,13 @@ void Stil::ankleiden(QWidget *schild, Schrift art)
     kleid(schild);
 }
 
-namespace
-{
-constexpr auto schluesselSchrift = "schriftgroesse"_L1;
-
-std::optional<double> gespeicherte()
-{
-    bool zahl = false;
-    const double punkte = Einstellungen::wert(schluesselSchrift).toDouble(&zahl);
-    return zahl && std::isfinite(punkte) ? std::optional(punkte) : std::nullopt;
-}
-
-} // namespace
-
 void schriftgroesseAnwenden()
 {
     const auto anwenden = [] {
-        const auto punkte = gespeicherte();
-        if (punkte && std::clamp(*punkte, Stil::kleinsteSchrift, Stil::groessteSchrift) != Stil::schriftgroesse())
-            Stil::setzeSchriftgroesse(*punkte);
+        bool zahl = false;
+        const double punkte = Einstellungen::wert(schluesselSchrift).toDouble(&zahl);
+        if (zahl && std::isfinite(punkte) && begrenzt(punkte) != Stil::schriftgroesse())
+            Stil::setzeSchriftgroesse(punkte);
     };
     anwenden();
     QObject::connect(Kleiderordnung::derAnwendung(), &Kleiderordnung::geaendert, qApp, anwenden);
@@ -167,15 +157,12 @@ QString spracheUndSchrift()
     return u"Deutsch, "_s + punkte;
 }
 
-QString naechsteSchriftgroesse()
-{
-    return QString::number(qRound(std::clamp(Stil::schriftgroesse(), Stil::kleinsteSchrift, Stil::groessteSchrift)));
-}
+QString naechsteSchriftgroesse() { return QString::number(qRound(begrenzt(Stil::schriftgroesse()))); }
 
 void schriftgroesseWaehlen(double punkte)
 {
     // Stored first: whoever hears of another font puts back what is stored.
-    Einstellungen::setzen(schluesselSchrift, std::clamp(punkte, Stil::kleinsteSchrift, Stil::groessteSchrift));
+    Einstellungen::setzen(schluesselSchrift, begrenzt(punkte));
     Stil::setzeSchriftgroesse(punkte);
 }
 } // namespace quillmar::bedienteile

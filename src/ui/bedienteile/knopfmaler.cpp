@@ -5,7 +5,6 @@
 #include <QIcon>
 #include <QLocale>
 #include <QPainter>
-#include <QVariant>
 
 using namespace Qt::StringLiterals;
 
@@ -46,15 +45,6 @@ void zeichenUndText(QPainter &maler, const QStyleOption &option, const QIcon &ic
     maler.drawText(option.rect.adjusted(x - option.rect.x(), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text);
 }
 
-void fokusrahmen(QPainter &maler, const QStyleOption &option, const QRect &rahmen)
-{
-    if (!(option.state & QStyle::State_HasFocus))
-        return;
-    maler.setBrush(Qt::NoBrush);
-    maler.setPen(QPen(Farben::akzentmarke(option.palette), 2));
-    maler.drawRoundedRect(rahmen, 3, 3);
-}
-
 int reiterrand(const QWidget *knopf) { return mass(knopf->property("eng").toBool() ? 4 : 10); }
 
 qint64 zahlVon(const QWidget *knopf) { return knopf->property(reiterzahl).toLongLong(); }
@@ -67,9 +57,8 @@ void reiterzahlMalen(QPainter &maler, const QStyleOption &option, int rechts, qi
     const int hoehe = mass(18);
     const QRect flaeche(rechts - zahlbreite(zahl), (option.rect.height() - hoehe) / 2, zahlbreite(zahl), hoehe);
     const bool gewaehlt = option.state & QStyle::State_On;
-    maler.setPen(Qt::NoPen);
-    maler.setBrush(gewaehlt ? Farben::akzent(option.palette) : Farben::rille(option.palette));
-    maler.drawRoundedRect(flaeche, flaeche.height() / 2.0, flaeche.height() / 2.0);
+    abgerundet(maler, flaeche, gewaehlt ? Farben::akzent(option.palette) : Farben::rille(option.palette),
+               flaeche.height() / 2.0);
     QFont schrift = Stil::schrift(Schrift::Neben);
     schrift.setWeight(QFont::DemiBold);
     maler.setFont(schrift);
@@ -90,6 +79,20 @@ QColor hauptgrund(const QStyleOption &option)
     return helleSchrift ? akzent.darker(aufgehellt) : akzent.lighter(aufgehellt);
 }
 } // namespace
+
+void abgerundet(QPainter &maler, const QRectF &flaeche, const QColor &grund, double radius)
+{
+    maler.setPen(Qt::NoPen);
+    maler.setBrush(grund);
+    maler.drawRoundedRect(flaeche, radius, radius);
+}
+
+void fokusrahmen(QPainter &maler, const QPalette &palette, const QRectF &rahmen)
+{
+    maler.setBrush(Qt::NoBrush);
+    maler.setPen(QPen(Farben::akzentmarke(palette), 2));
+    maler.drawRoundedRect(rahmen, 3, 3);
+}
 
 void setzeKnopfart(QAbstractButton *knopf, Knopfart art) { knopf->setProperty(knopfart, int(art)); }
 
@@ -166,9 +169,7 @@ void Knopfmaler::hauptknopf(QPainter &maler, const QStyleOptionButton &option)
     const QColor grund = hauptgrund(option);
     const QColor schrift = option.state & QStyle::State_Enabled ? Farben::aufAkzent(option.palette)
                                                                 : Farben::nebenfarbe(option.palette, grund);
-    maler.setPen(Qt::NoPen);
-    maler.setBrush(grund);
-    maler.drawRoundedRect(option.rect, 3, 3);
+    abgerundet(maler, option.rect, grund);
     if (option.state & QStyle::State_HasFocus) {
         maler.setBrush(Qt::NoBrush);
         maler.setPen(QPen(schrift, 2));
@@ -198,7 +199,8 @@ void Knopfmaler::reiter(QPainter &maler, const QStyleOptionToolButton &option, c
     if (gewaehlt)
         maler.fillRect(QRect(ganz.x(), ganz.bottom() + 1 - mass(3), ganz.width(), mass(3)),
                        Farben::akzentmarke(option.palette));
-    fokusrahmen(maler, option, ganz.adjusted(2, luft, -2, -luft));
+    if (option.state & QStyle::State_HasFocus)
+        fokusrahmen(maler, option.palette, ganz.adjusted(2, luft, -2, -luft));
 }
 
 void Knopfmaler::haelfte(QPainter &maler, const QStyleOptionToolButton &option)
@@ -215,6 +217,7 @@ void Knopfmaler::haelfte(QPainter &maler, const QStyleOptionToolButton &option)
     zeichenUndText(maler, option, option.icon,
                    option.toolButtonStyle == Qt::ToolButtonIconOnly ? QString() : option.text,
                    option.rect.x() + abstand(Abstand::Feld));
-    fokusrahmen(maler, option, option.rect.adjusted(1, 1, -1, -1));
+    if (option.state & QStyle::State_HasFocus)
+        fokusrahmen(maler, option.palette, option.rect.adjusted(1, 1, -1, -1));
 }
 } // namespace quillmar::bedienteile

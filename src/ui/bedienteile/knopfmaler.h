@@ -7,6 +7,10 @@
 
 namespace quillmar::bedienteile
 {
+/** A surface with rounded corners; the frame around what has the focus. */
+void abgerundet(QPainter &maler, const QRectF &flaeche, const QColor &grund, double radius = 3);
+void fokusrahmen(QPainter &maler, const QPalette &palette, const QRectF &rahmen);
+
 /** Draws and measures the buttons of the window, for its style. */
 namespace Knopfmaler
 {

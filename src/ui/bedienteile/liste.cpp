@@ -2,10 +2,12 @@
 
 #include "bau.h"
 #include "farben.h"
+#include "knopfmaler.h"
 #include "stil.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
@@ -46,7 +48,10 @@ public:
             gewaehlt ? Farben::auswahlgrund(option.palette) : option.palette.color(QPalette::Active, QPalette::Window);
         maler->save();
         maler->setRenderHint(QPainter::Antialiasing);
-        grundMalen(*maler, option, grund, gewaehlt);
+        if (gewaehlt)
+            abgerundet(*maler, option.rect, grund);
+        if (option.state & QStyle::State_HasFocus)
+            fokusrahmen(*maler, option.palette, option.rect.adjusted(1, 1, -1, -1));
         const int kante = Stil::zeichengroesse();
         QRect text = option.rect.adjusted(abstand(Abstand::Nah), abstand(Abstand::Eng), -abstand(Abstand::Nah),
                                           -abstand(Abstand::Eng));
@@ -66,20 +71,6 @@ public:
     }
 
 private:
-    static void grundMalen(QPainter &maler, const QStyleOptionViewItem &option, const QColor &grund, bool gewaehlt)
-    {
-        if (gewaehlt) {
-            maler.setPen(Qt::NoPen);
-            maler.setBrush(grund);
-            maler.drawRoundedRect(option.rect, 3, 3);
-        }
-        if (!(option.state & QStyle::State_HasFocus))
-            return;
-        maler.setPen(QPen(Farben::akzentmarke(option.palette), 2));
-        maler.setBrush(Qt::NoBrush);
-        maler.drawRoundedRect(option.rect.adjusted(1, 1, -1, -1), 3, 3);
-    }
-
     /** The room for the word is taken from the lines, which keep half of the row. Returns its width. */
     static int wortMalen(QPainter &maler, const QRect &flaeche, const QModelIndex &stelle, const QPalette &palette,
                          const QColor &grund)
@@ -177,20 +168,17 @@ Liste::Liste(const QString &name, const QString &ansage, QWidget *eltern) : QLis
 void Liste::setModel(QAbstractItemModel *modell)
 {
     QListView::setModel(modell);
-    const auto neu = [this] { updateGeometry(); };
     connect(modell, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         m_vorher = {kennung(), currentIndex().row()};
     });
     connect(modell, &QAbstractItemModel::modelReset, this, &Liste::wiederfinden);
-    connect(modell, &QAbstractItemModel::modelReset, this, neu);
-    connect(modell, &QAbstractItemModel::layoutChanged, this, neu);
-    connect(modell, &QAbstractItemModel::rowsInserted, this, neu);
-    connect(modell, &QAbstractItemModel::rowsRemoved, this, neu);
+    connect(modell, &QAbstractItemModel::rowsInserted, this, [this] { updateGeometry(); });
 }
 
 /** The row that is gone gives its place to the next, so that one can go on. */
 void Liste::wiederfinden()
 {
+    updateGeometry();
     const auto [kennung, zeile] = m_vorher;
     if (!kennung.isValid() || model()->rowCount() == 0)
         return;
@@ -234,8 +222,28 @@ void Liste::paintEvent(QPaintEvent *ereignis)
 void Liste::focusInEvent(QFocusEvent *ereignis)
 {
     QListView::focusInEvent(ereignis);
+    const bool vor = ereignis->reason() == Qt::TabFocusReason;
+    if (model()->rowCount() == 0 && (vor || ereignis->reason() == Qt::BacktabFocusReason))
+        focusNextPrevChild(vor);           // nothing here to be seen that has it
     if (!selectionModel()->hasSelection()) // the base makes a row the current one without choosing it
         setCurrentIndex(currentIndex().isValid() ? currentIndex() : indexAt({1, 1}));
+    if (ereignis->reason() != Qt::MouseFocusReason)
+        zeileZeigen();
+}
+
+void Liste::currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher)
+{
+    QListView::currentChanged(jetzt, vorher);
+    zeileZeigen();
+}
+
+/** What the list stands on follows the row: it may be lower than the list. */
+void Liste::zeileZeigen()
+{
+    const QRect zeile = visualRect(currentIndex());
+    for (QWidget *teil = parentWidget(); teil && hasFocus(); teil = teil->parentWidget())
+        if (auto *rollen = qobject_cast<QScrollArea *>(teil))
+            rollen->ensureVisible(0, viewport()->mapTo(rollen->widget(), zeile.center()).y(), 0, zeile.height());
 }
 
 /** The height of the rows is asked for once only. */

@@ -79,6 +79,7 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *ereignis) override;
+    void currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher) override;
     void focusInEvent(QFocusEvent *ereignis) override;
     void changeEvent(QEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
@@ -86,6 +87,7 @@ protected:
 
 private:
     void wiederfinden();
+    void zeileZeigen();
     [[nodiscard]] QModelIndex tatzeile(const QPoint &stelle) const;
 
     int m_hoechstens = 0;

@@ -15,15 +15,9 @@ namespace quillmar::bedienteile
 {
 Symbol tonzeichen(Meldestelle::Ton ton)
 {
-    switch (ton) {
-    case Meldestelle::Ton::Gut:
-        return Symbol::Gut;
-    case Meldestelle::Ton::Warnung:
-        return Symbol::Warnung;
-    case Meldestelle::Ton::Ruhig:
-        break;
-    }
-    return Symbol::Keines;
+    if (ton == Meldestelle::Ton::Ruhig)
+        return Symbol::Keines;
+    return ton == Meldestelle::Ton::Gut ? Symbol::Gut : Symbol::Warnung;
 }
 
 Meldungszeile::Meldungszeile(Meldestelle *meldestelle, Pruefung *pruefung, Ausfuehrung *ausfuehrung, QWidget *eltern)

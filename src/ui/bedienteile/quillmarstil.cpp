@@ -64,15 +64,12 @@ void balkenMalen(QPainter &maler, const QStyleOptionProgressBar &option)
     flaeche.setHeight(mass(balkendicke));
     const double rund = flaeche.height() / 2;
     maler.setRenderHint(QPainter::Antialiasing);
-    maler.setPen(Qt::NoPen);
-    maler.setBrush(Farben::rille(option.palette));
-    maler.drawRoundedRect(flaeche, rund, rund);
+    abgerundet(maler, flaeche, Farben::rille(option.palette), rund);
     const double anteil = double(option.progress - option.minimum) / std::max(1, option.maximum - option.minimum);
     if (anteil <= 0)
         return;
     flaeche.setWidth(std::max(flaeche.width() * std::min(1.0, anteil), flaeche.height()));
-    maler.setBrush(Farben::akzentmarke(option.palette));
-    maler.drawRoundedRect(flaeche, rund, rund);
+    abgerundet(maler, flaeche, Farben::akzentmarke(option.palette), rund);
 }
 } // namespace
 
@@ -210,9 +207,22 @@ void Quillmarstil::drawControl(ControlElement element, const QStyleOption *optio
     else if (const auto *balken = qstyleoption_cast<const QStyleOptionProgressBar *>(option);
              balken && element == CE_ProgressBar)
         balkenMalen(*maler, *balken);
+    else if (const auto *wahl = qstyleoption_cast<const QStyleOptionComboBox *>(option);
+             wahl && element == CE_ComboBoxLabel)
+        wahltextMalen(*wahl, maler, teil);
     else
         QProxyStyle::drawControl(element, option, maler, teil);
     maler->restore();
+}
+
+/** A text that is too long ends in dots instead of at the arrow. */
+void Quillmarstil::wahltextMalen(const QStyleOptionComboBox &option, QPainter *maler, const QWidget *teil) const
+{
+    QStyleOptionComboBox gekuerzt(option);
+    const int symbol = option.currentIcon.isNull() ? 0 : option.iconSize.width() + mass(4);
+    const int frei = subControlRect(CC_ComboBox, &option, SC_ComboBoxEditField, teil).width() - symbol - 2;
+    gekuerzt.currentText = option.fontMetrics.elidedText(option.currentText, Qt::ElideRight, frei);
+    QProxyStyle::drawControl(CE_ComboBoxLabel, &gekuerzt, maler, teil);
 }
 
 /** Without the arrow that tells of a menu. */

@@ -6,6 +6,7 @@
 #include <QProxyStyle>
 
 class QAbstractButton;
+class QStyleOptionComboBox;
 class QStyleOptionToolButton;
 
 namespace quillmar::bedienteile
@@ -56,9 +57,17 @@ public:
 
 private:
     explicit Quillmarstil(const QString &grundlage);
+    void wahltextMalen(const QStyleOptionComboBox &option, QPainter *maler, const QWidget *teil) const;
     void flachMalen(const QStyleOptionToolButton &option, QPainter *maler, const QWidget *teil) const;
     [[nodiscard]] int layoutmass(PixelMetric mass, const QWidget *teil) const;
 
     bool m_fusion;
 };
+
+/**
+ * What the user reads of the program is plain text, wherever it comes from: a label does not take a text for markup,
+ * and neither does a tool tip, which wraps instead. A help text is the accessible description of its widget too, and
+ * goes on being it when it changes, unless the widget has another one. For the whole application; once is enough.
+ */
+void hilfetexteAnwenden();
 } // namespace quillmar::bedienteile

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QScreen>
-#include <QWidget>
 #include <algorithm>
 #include <cmath>
 
@@ -27,12 +26,8 @@ double wachstum()
     return punkte(QApplication::font()) / zeichnungspunkte * dichte;
 }
 
-struct Abwandlung {
-    double faktor;
-    QFont::Weight gewicht;
-};
-
-Abwandlung abwandlung(Schrift art)
+/** Factor and weight. */
+std::pair<double, QFont::Weight> abwandlung(Schrift art)
 {
     switch (art) {
     case Schrift::Neben:
@@ -46,13 +41,9 @@ Abwandlung abwandlung(Schrift art)
     case Schrift::Zahl:
     case Schrift::Hauptzahl:
         return {1.7, QFont::DemiBold};
-    case Schrift::Grund:
-    case Schrift::Beschriftung:
-    case Schrift::Verweis:
-    case Schrift::Warnung:
-        break;
+    default:
+        return {1, QFont::Normal};
     }
-    return {1, QFont::Normal};
 }
 } // namespace
 

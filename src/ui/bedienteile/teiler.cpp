@@ -1,8 +1,8 @@
 #include "teiler.h"
 
+#include "bau.h"
 #include "farben.h"
 #include "sprache.h"
-#include "stil.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -40,13 +40,11 @@ class Teiler::Griff : public QWidget
 public:
     explicit Griff(Teiler *teiler) : QWidget(teiler), m_teiler(teiler)
     {
-        setObjectName(u"teilung"_s);
         setCursor(Qt::SplitHCursor);
         setFocusPolicy(Qt::TabFocus);
-        setToolTip(
+        bezeichnen(
+            this, u"teilung"_s, Sprache::text(u"Trennlinie"_s),
             Sprache::text(u"Ziehen verschiebt die Trennlinie, Doppelklick stellt zwei gleiche Hälften wieder her"_s));
-        setAccessibleName(Sprache::text(u"Trennlinie"_s));
-        setAccessibleDescription(toolTip());
     }
 
 protected:

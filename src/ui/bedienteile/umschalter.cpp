@@ -2,6 +2,7 @@
 
 #include "bau.h"
 #include "farben.h"
+#include "knopfmaler.h"
 
 #include <QButtonGroup>
 #include <QPainter>
@@ -29,7 +30,7 @@ QToolButton *Umschalter::haelfte(const Wahl &wahl)
 {
     QToolButton *neue = flachknopf(wahl.name, wahl.symbol, wahl.titel, wahl.titel + u". "_s + wahl.hilfe);
     setzeKnopfart(neue, Knopfart::Haelfte);
-    neue->setCheckable(true);
+    setzeWaehlbar(neue);
     return neue;
 }
 
@@ -45,8 +46,6 @@ void Umschalter::paintEvent(QPaintEvent *)
 {
     QPainter maler(this);
     maler.setRenderHint(QPainter::Antialiasing);
-    maler.setPen(Qt::NoPen);
-    maler.setBrush(Farben::toenung(palette().color(QPalette::WindowText), palette()));
-    maler.drawRoundedRect(rect(), 4, 4);
+    abgerundet(maler, rect(), Farben::toenung(palette().color(QPalette::WindowText), palette()), 4);
 }
 } // namespace quillmar::bedienteile

@@ -90,11 +90,7 @@ const Profil &Abschnittsseite::profil() const { return m_zustand->einrichtung()-
 
 void Abschnittsseite::aendern(const std::function<void(Profil &)> &aenderung) const
 {
-    if (!m_zustand->profilwahl()->aktiv())
-        return;
-    Profil neu = profil();
-    aenderung(neu);
-    m_zustand->profilwahl()->setzeProfil(neu);
+    m_zustand->profilwahl()->aendern(aenderung);
 }
 
 void Abschnittsseite::folgen(const std::function<void(const Einrichtungslage &)> &zeigen) { m_folgende << zeigen; }
@@ -103,12 +99,9 @@ bool Abschnittsseite::tippt(const QWidget *feld) const { return feld->hasFocus()
 
 void Abschnittsseite::auffrischen()
 {
-    const bool hier = isAncestorOf(QApplication::focusWidget());
     const Einrichtungslage lage = m_zustand->einrichtung()->lage();
     for (const auto &zeigen : std::as_const(m_folgende))
         zeigen(lage);
-    if (hier && !isAncestorOf(QApplication::focusWidget()))
-        Q_EMIT fokusVerloren();
 }
 
 void Abschnittsseite::showEvent(QShowEvent *ereignis)
@@ -163,10 +156,7 @@ void Abschnittsseite::benennen(const Abschnittszeile &z, QWidget *feld)
         feld->setToolTip(z.hilfe);
     radsperre(feld);
     if (z.zeichen > 0)
-        Stil::folgen(feld, [feld, zeichen = z.zeichen] {
-            feld->setFixedWidth(QFontMetrics(Stil::schrift(Schrift::Grund)).averageCharWidth() * zeichen +
-                                2 * Stil::abstand(Abstand::Feld));
-        });
+        breiteFuer(feld, z.zeichen);
     if (z.gilt)
         folgen([feld, gilt = z.gilt](const Einrichtungslage &lage) { feld->setEnabled(gilt(lage.profil)); });
 }
@@ -187,11 +177,10 @@ Textschild *Abschnittsseite::befundtext(const Abschnittszeile &z, const Befundre
 
 QAbstractButton *Abschnittsseite::knopf(const Zeilenknopf &vorgabe)
 {
-    QAbstractButton *taste = nullptr;
-    if (vorgabe.flach)
-        taste = flachknopf(vorgabe.name, vorgabe.symbol, vorgabe.text, vorgabe.hilfe);
-    else
-        taste = bedienteile::knopf(vorgabe.name, vorgabe.text, vorgabe.hilfe, Knopfart::Feld, vorgabe.symbol);
+    QAbstractButton *taste =
+        vorgabe.flach ? flachknopf(vorgabe.name, vorgabe.symbol, vorgabe.text, vorgabe.hilfe)
+                      : static_cast<QAbstractButton *>(bedienteile::knopf(vorgabe.name, vorgabe.text, vorgabe.hilfe,
+                                                                          Knopfart::Feld, vorgabe.symbol));
     taste->setParent(this);
     if (!vorgabe.gesprochen.isEmpty())
         taste->setAccessibleName(vorgabe.gesprochen);
@@ -350,10 +339,7 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &, const Feld::Zeilen &art)
     auto *eingabe = new QPlainTextEdit(this);
     eingabe->setTabChangesFocus(true);
     eingabe->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    Stil::folgen(eingabe, [eingabe] {
-        eingabe->setFixedHeight(listenzeilen * QFontMetrics(Stil::schrift(Schrift::Grund)).lineSpacing() +
-                                Stil::abstand(Abstand::Feld));
-    });
+    hoeheFuer(eingabe, listenzeilen);
     connect(eingabe, &QPlainTextEdit::textChanged, this, [this, eingabe, feld = art.feld] {
         if (eingabe->hasFocus())
             aendern([&](Profil &p) { p.*feld = zeilenAus(eingabe->toPlainText()); });
@@ -382,9 +368,7 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Paar &art)
     for (const bool ja : {false, true}) {
         const Feld::Paar::Seite &seite = ja ? art.ja : art.nein;
         auto *knopf = new QRadioButton(seite.text, this);
-        knopf->setObjectName(z.name + u'-' + seite.name);
-        knopf->setAccessibleName(seite.text);
-        knopf->setToolTip(seite.hilfe);
+        bezeichnen(knopf, z.name + u'-' + seite.name, seite.text, seite.hilfe);
         QLabel *erklaerung = schild(seite.hilfe, Schrift::Neben);
         erklaerung->setMinimumWidth(1); // cut off rather than widening the window
         paar->anfuegen(reihe({knopf, {erklaerung, 1}}));
@@ -447,8 +431,7 @@ Teile Abschnittsseite::bauen(const Abschnittszeile &z, const Feld::Modell &art)
     auto *wahl = new QComboBox(this);
     wahl->setEditable(true);
     wahl->setInsertPolicy(QComboBox::NoInsert);
-    wahl->lineEdit()->setObjectName(z.name + u"-eingabe"_s);
-    wahl->lineEdit()->setAccessibleName(z.beschriftung);
+    bezeichnen(wahl->lineEdit(), z.name + u"-eingabe"_s, z.beschriftung);
     const auto setzen = [this, wahl, feld = art.feld] {
         const QString text = wahl->currentText().trimmed();
         const bool entbehrlich = feld == &Profil::modellGross;

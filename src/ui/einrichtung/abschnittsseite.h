@@ -38,10 +38,6 @@ public:
     void ueberAlles(QWidget *teil);
     QAbstractButton *knopf(const Zeilenknopf &vorgabe);
 
-Q_SIGNALS:
-    /** What had the focus is gone or grey now; the next one outside is the button that starts a run. */
-    void fokusVerloren();
-
 protected:
     void showEvent(QShowEvent *ereignis) override;
 

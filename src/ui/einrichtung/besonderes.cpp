@@ -234,7 +234,6 @@ void allesBauen(Abschnittsseite &seite)
     QObject::connect(frage, &Rueckfrage::bestaetigt, &seite, [&seite] {
         seite.auffrischen();
         seite.zustand()->einrichtung()->allesVergessen();
-        Q_EMIT seite.fokusVerloren();
     });
     seite.ueberAlles(traeger(reihe({{alles, 0, Qt::AlignLeft}, {frage, 1}}), &seite));
 }
@@ -260,8 +259,6 @@ Teile ausnahmen(Abschnittsseite &seite, const Abschnittszeile &)
     seite.folgen([&seite, liste, weg, waehlbar, regeln = QStringList()](const Einrichtungslage &lage) mutable {
         zeigen(liste, regeln, lage.profil.ausnahmen, regelzeilen);
         waehlbar();
-        if (regeln.isEmpty() && (liste->hasFocus() || weg->hasFocus()))
-            seite.findChild<QLineEdit *>(u"neueAusnahme"_s)->setFocus();
         static_cast<QFormLayout *>(seite.layout())->setRowVisible(weg->parentWidget(), !regeln.isEmpty());
     });
     return {};
@@ -284,8 +281,7 @@ Teile ausgelassene(Abschnittsseite &seite, const Abschnittszeile &)
 Teile strukturbaum(Abschnittsseite &seite, const Abschnittszeile &)
 {
     auto *baum = new QTreeWidget(&seite);
-    baum->setObjectName(u"struktur"_s);
-    baum->setAccessibleName(Sprache::text(u"Struktur der Ablage"_s));
+    bezeichnen(baum, u"struktur"_s, Sprache::text(u"Struktur der Ablage"_s));
     baum->setHeaderLabels({Sprache::text(u"Zweig, Ablage, Rubrik"_s), Sprache::text(u"Jahresordner"_s),
                            Sprache::text(u"Seit dem letzten Einlesen"_s)});
     baum->setUniformRowHeights(true);

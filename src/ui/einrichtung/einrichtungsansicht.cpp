@@ -126,7 +126,6 @@ void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
         m_abschnitte << new Abschnittsseite(m_zustand, abschnitt, abschnittszeilen(abschnitt, m_zustand, sprache),
                                             m_seiten);
         m_seiten->addWidget(rollbereich(m_abschnitte.last()));
-        connect(m_abschnitte.last(), &Abschnittsseite::fokusVerloren, m_liste, qOverload<>(&QWidget::setFocus));
     }
     new Nachgeben(
         m_seiten, 1, [this](int stufe) { anordnen(stufe > 0); }, [this] { return passt(); },

@@ -72,8 +72,7 @@ QWidget *Profilleiste::namensteil()
 {
     QLabel *titel = schild(Sprache::text(u"Name des Profils"_s), Schrift::Neben);
     titel->setBuddy(m_name);
-    m_name->setObjectName(u"profilname"_s);
-    m_name->setAccessibleName(titel->text());
+    bezeichnen(m_name, u"profilname"_s, titel->text());
     QPushButton *fertig = knopf(u"profilUmbenennenJa"_s, Sprache::text(u"Umbenennen"_s));
     QPushButton *lassen = knopf(u"profilUmbenennenNein"_s, Sprache::text(u"Abbrechen"_s));
     connect(m_name, &QLineEdit::textChanged, fertig,
@@ -98,11 +97,9 @@ void Profilleiste::umbenennen()
 void Profilleiste::nameUebernehmen()
 {
     const QString name = m_name->text().trimmed();
-    if (name.isEmpty() || !m_profilwahl->aktiv())
+    if (name.isEmpty())
         return;
-    Profil neu = *m_profilwahl->aktiv();
-    neu.name = name;
-    m_profilwahl->setzeProfil(neu);
+    m_profilwahl->aendern([&](Profil &p) { p.name = name; });
     zurueck(m_umbenennen);
 }
 

@@ -18,7 +18,6 @@
 #include "textschild.h"
 #include "zustand.h"
 
-#include <QLabel>
 #include <QStackedLayout>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -31,7 +30,7 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
     : QWidget(eltern), m_zustand(zustand), m_stapel(new QStackedLayout(this)), m_sitzungen(new Sitzungsseite(zustand)),
       m_rechts(new QStackedWidget), m_leere(new Leeransicht),
       m_titel(new Textschild(Textschild::Art::KurzMitte, Schrift::Abschnitt, u"sitzungstitel"_s)),
-      m_erklaerung(new Textschild(Textschild::Art::Umbruch, Schrift::Neben)),
+      m_erklaerung(erklaerung(Sprache::text(u"Unter diesen Bedingungen wurde gearbeitet."_s))),
       m_kurzkopf(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben)),
       m_anzahl(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben, u"bewegungsAnzahl"_s)),
       m_liste(new Liste(u"bewegungen"_s, Sprache::text(u"Bewegungen"_s))), m_modell(new Bewegungsmodell(this)),
@@ -39,7 +38,6 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
 {
     setObjectName(u"protokoll"_s);
     setFocusPolicy(Qt::ClickFocus);
-    m_erklaerung->setzeText(Sprache::text(u"Unter diesen Bedingungen wurde gearbeitet."_s));
     m_liste->setModel(m_modell);
     m_stapel->addWidget(karte());
     m_stapel->addWidget(m_leere);

@@ -15,7 +15,6 @@
 #include "zustand.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -33,23 +32,19 @@ constexpr int fehlerzeilen = 4;
 QPlainTextEdit *fehlerfeld()
 {
     auto *feld = new QPlainTextEdit;
-    feld->setObjectName(u"rueckbauFehler"_s);
-    feld->setAccessibleName(Sprache::text(u"Was sich nicht zurückdrehen ließ"_s));
+    bezeichnen(feld, u"rueckbauFehler"_s, Sprache::text(u"Was sich nicht zurückdrehen ließ"_s));
     feld->setReadOnly(true);
     feld->setTabChangesFocus(true);
     feld->setFrameShape(QFrame::NoFrame);
     feld->setLineWrapMode(QPlainTextEdit::NoWrap);
-    Stil::folgen(feld, [feld] {
-        const QFontMetrics masse(Stil::schrift(Schrift::Grund));
-        feld->setFixedHeight(fehlerzeilen * masse.lineSpacing() + Stil::abstand(Abstand::Feld));
-    });
+    hoeheFuer(feld, fehlerzeilen);
     return feld;
 }
 } // namespace
 
 Rueckbaufeld::Rueckbaufeld(Zustand *zustand, QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_erklaerung(new Textschild(Textschild::Art::Umbruch, Schrift::Neben)),
-      m_fehler(fehlerfeld()), m_stapel(new QStackedWidget),
+    : QWidget(eltern), m_zustand(zustand), m_erklaerung(erklaerung({})), m_fehler(fehlerfeld()),
+      m_stapel(new QStackedWidget),
       m_zurueckdrehen(knopf(u"sitzungZurueckdrehen"_s, Sprache::text(u"Sitzung zurückdrehen"_s), {}, Knopfart::Hoch,
                             Symbol::Ruecknehmen)),
       m_letzten(knopf(u"letztenSchrittZurueck"_s, Sprache::text(u"Letzten Schritt zurück"_s),
@@ -70,7 +65,6 @@ Rueckbaufeld::Rueckbaufeld(Zustand *zustand, QWidget *eltern)
 {
     setObjectName(u"rueckbau"_s);
     m_frage->setObjectName(u"rueckbauFrage"_s);
-    m_balken->setAccessibleName(Sprache::text(u"Fortschritt"_s));
     m_stapel->addWidget(knopfseite());
     m_stapel->addWidget(traeger(spalte({Teil::rest(), m_frage})));
     m_stapel->addWidget(laufseite());

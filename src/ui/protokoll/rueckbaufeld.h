@@ -1,7 +1,6 @@
 #pragma once
 
 #include "teile.h"
-#include "zeichen.h"
 
 #include <QWidget>
 

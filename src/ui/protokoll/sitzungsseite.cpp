@@ -16,7 +16,6 @@
 #include "textschild.h"
 #include "zustand.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QToolButton>
@@ -82,11 +81,10 @@ QLayout *Sitzungsseite::laufenderTeil()
     m_nochNichts->setzeHilfe(Sprache::text(u"Die Datei entsteht erst mit der ersten Umbenennung, damit keine leeren "
                                            "Protokolle herumliegen."_s) +
                              u' ' + Sprache::text(u"Wird angelegt, sobald die erste Datei bewegt wird."_s));
-    auto *erklaerung = new Textschild(Textschild::Art::Umbruch, Schrift::Neben);
-    erklaerung->setzeText(Sprache::text(u"Jede Sitzung schreibt eine eigene Protokolldatei. Sie hält jede Bewegung "
-                                        "fest und dient als Sicherung für das Rückgängigmachen."_s));
-    return spalte({schild(Sprache::text(u"Laufende Sitzung"_s), Schrift::Abschnitt), erklaerung, m_nochNichts, m_mangel,
-                   m_laufendeListe},
+    return spalte({schild(Sprache::text(u"Laufende Sitzung"_s), Schrift::Abschnitt),
+                   erklaerung(Sprache::text(u"Jede Sitzung schreibt eine eigene Protokolldatei. Sie hält jede Bewegung "
+                                            "fest und dient als Sicherung für das Rückgängigmachen."_s)),
+                   m_nochNichts, m_mangel, m_laufendeListe},
                   Abstand::Eng);
 }
 
@@ -203,10 +201,6 @@ void Sitzungsseite::ordnerWaehlen()
 /** Saved at once; the state object reads the list of another folder by itself. */
 void Sitzungsseite::setzeOrdner(const QString &ordner)
 {
-    if (!m_zustand->profilwahl()->aktiv())
-        return;
-    Profil profil = *m_zustand->profilwahl()->aktiv();
-    profil.protokollOrdner = ordner;
-    m_zustand->profilwahl()->setzeProfil(profil);
+    m_zustand->profilwahl()->aendern([&](Profil &p) { p.protokollOrdner = ordner; });
 }
 } // namespace quillmar::protokoll

@@ -10,7 +10,6 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
 
@@ -35,10 +34,8 @@ QString erklaerung()
 void fremdesZeigen(QComboBox *wahl, Feld feld, bool fremd)
 {
     wahl->setItemIcon(wahl->currentIndex(), Zeichen::icon(fremd ? Symbol::Warnung : Symbol::Keines));
-    const QString rat =
-        fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + feldhilfe(feld) : feldhilfe(feld);
-    wahl->setToolTip(rat);
-    wahl->setAccessibleDescription(rat);
+    wahl->setToolTip(fremd ? Sprache::text(u"Das kennt deine Struktur nicht."_s) + u' ' + feldhilfe(feld)
+                           : feldhilfe(feld));
 }
 
 QComboBox *wahlBauen()
@@ -56,10 +53,7 @@ QLineEdit *textBauen(int zeichen)
 {
     auto *text = new QLineEdit;
     if (zeichen > 0)
-        Stil::folgen(text, [text, zeichen] {
-            const QFontMetrics grund(Stil::schrift(Schrift::Grund));
-            text->setFixedWidth(grund.averageCharWidth() * zeichen + Stil::mass(24));
-        });
+        breiteFuer(text, zeichen);
     return text;
 }
 
@@ -114,10 +108,7 @@ Angabenfeld::Eingabe Angabenfeld::eingabeBauen(Feld feld, QWidget *eltern)
     }
     neue.teil = neue.feld();
     neue.teil->setParent(eltern);
-    neue.teil->setObjectName(feldname(feld));
-    neue.teil->setAccessibleName(feldtitel(feld));
-    neue.teil->setAccessibleDescription(feldhilfe(feld));
-    neue.teil->setToolTip(feldhilfe(feld));
+    bezeichnen(neue.teil, feldname(feld), feldtitel(feld), feldhilfe(feld));
     neue.teil->installEventFilter(this);
     neue.schild->setBuddy(neue.teil);
     return neue;

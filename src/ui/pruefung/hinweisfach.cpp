@@ -5,8 +5,6 @@
 #include "pruefung.h"
 #include "sprache.h"
 
-#include <QPushButton>
-
 using namespace Qt::StringLiterals;
 
 namespace quillmar::pruefung
@@ -50,8 +48,6 @@ void Hinweisfach::zeigen()
 
 void Hinweisfach::entfernen(Hinweisfeld *feld)
 {
-    if (feld->knopf() && feld->knopf()->hasFocus())
-        Q_EMIT fokusGehtVerloren();
     m_spalte->removeWidget(feld);
     feld->hide();
     feld->deleteLater();

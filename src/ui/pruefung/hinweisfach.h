@@ -15,10 +15,6 @@ class Hinweisfach : public QWidget
 public:
     explicit Hinweisfach(Pruefung *pruefung, QWidget *eltern = nullptr);
 
-Q_SIGNALS:
-    /** The note whose button has the focus is about to go. */
-    void fokusGehtVerloren();
-
 private:
     void zeigen();
     void entfernen(Hinweisfeld *feld);

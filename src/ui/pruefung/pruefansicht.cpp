@@ -12,7 +12,6 @@
 #include "pfade.h"
 #include "profilwahl.h"
 #include "pruefung.h"
-#include "sprache.h"
 #include "stil.h"
 #include "tastentakt.h"
 #include "teiler.h"
@@ -20,15 +19,10 @@
 #include "vorschlagsteil.h"
 #include "zustand.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedLayout>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -38,7 +32,6 @@ namespace quillmar::pruefung
 namespace
 {
 constexpr auto wortpause = 700ms; // longer than between two letters of a word
-
 } // namespace
 
 PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
@@ -66,7 +59,6 @@ void PruefAnsicht::verbinden()
     connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand,
             [this] { m_zustand->pruefung()->setzePartnerZeigen(false); });
     connect(m_angaben, &Angabenfeld::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
-    connect(m_hinweise, &Hinweisfach::fokusGehtVerloren, m_vorschau, [this] { m_vorschau->setFocus(); });
     connect(m_vorschau, &Vorschau::seiteSichtbar, this, &PruefAnsicht::gesehen);
     connect(m_zustand->pruefung(), &Pruefung::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
     connect(m_zustand->pruefung(), &Pruefung::angabenGeaendert, this, &PruefAnsicht::vorschauZeigen);

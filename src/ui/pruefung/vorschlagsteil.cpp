@@ -15,9 +15,8 @@ using namespace Qt::StringLiterals;
 namespace quillmar::pruefung
 {
 Abschnittskopf::Abschnittskopf(const QString &titelwort, const QString &satz, QWidget *eltern)
-    : titel(schild(titelwort, Schrift::Abschnitt)), erklaerung(new Textschild(Textschild::Art::Umbruch, Schrift::Neben))
+    : titel(schild(titelwort, Schrift::Abschnitt)), erklaerung(bedienteile::erklaerung(satz))
 {
-    erklaerung->setzeText(satz);
     traeger = bedienteile::traeger(spalte({titel, erklaerung}, Abstand::Keiner), eltern);
 }
 

@@ -2,6 +2,7 @@
 
 #include "einstellungen.h"
 #include "farben.h"
+#include "knopfmaler.h"
 #include "sprache.h"
 #include "stil.h"
 
@@ -41,14 +42,6 @@ void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)
     maler.setPen(QColor(Qt::darkGray).darker());
     maler.setFont(Stil::schrift(Schrift::Grund));
     maler.drawText(zuSehen.adjusted(0, 0, 0, -zuSehen.height() / 3), Qt::AlignCenter | Qt::TextWordWrap, text);
-}
-
-void fokusMalen(QPainter &maler, const QWidget *flaeche)
-{
-    const int staerke = Stil::mass(2);
-    const double halb = staerke / 2.0;
-    maler.setPen(QPen(Farben::akzentmarke(flaeche->palette()), staerke, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    maler.drawRect(QRectF(flaeche->rect()).adjusted(halb, halb, -halb, -halb));
 }
 } // namespace
 
@@ -270,7 +263,7 @@ void PDFAnsicht::paintEvent(QPaintEvent *ereignis)
     for (int seite = erste; seite <= letzte && seite < m_ordnung.seiten().size(); ++seite)
         seiteMalen(maler, seite, m_ordnung.seiten().at(seite).translated(-versatz()));
     if (hasFocus())
-        fokusMalen(maler, viewport());
+        fokusrahmen(maler, palette(), viewport()->rect().adjusted(1, 1, -1, -1));
 }
 
 void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)

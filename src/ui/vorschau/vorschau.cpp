@@ -9,7 +9,6 @@
 #include "text.h"
 #include "textschild.h"
 
-#include <QLabel>
 #include <QStackedLayout>
 #include <QToolButton>
 #include <utility>
@@ -20,35 +19,35 @@ namespace quillmar::vorschau
 {
 namespace
 {
-struct Satz {
-    Symbol zeichen = Symbol::Keines;
-    QString titel;
-    QString zeile;
-};
-
 /** What stands in place of pages. */
-Satz satzFuer(Vorschaubefund befund)
+std::pair<Symbol, Leerlage> satzFuer(Vorschaubefund befund)
 {
-    const QHash<Vorschaubefund, Satz> saetze{
+    const QHash<Vorschaubefund, std::pair<Symbol, Leerlage>> saetze{
         {Vorschaubefund::Keines,
-         {Symbol::GrossVorschau, Sprache::text(u"Keine Vorschau"_s),
-          Sprache::text(u"Sobald ein Dokument zur Prüfung ansteht, erscheint es hier."_s)}},
+         {Symbol::GrossVorschau,
+          {Sprache::text(u"Keine Vorschau"_s),
+           Sprache::text(u"Sobald ein Dokument zur Prüfung ansteht, erscheint es hier."_s)}}},
         {Vorschaubefund::Gesichert,
-         {Symbol::GrossSchloss, Sprache::text(u"Mit Kennwort geschützt"_s),
-          Sprache::text(u"Das Dokument lässt sich erst nach Eingabe eines Kennworts lesen. Ablegen kannst du es "
-                        u"trotzdem."_s)}},
+         {Symbol::GrossSchloss,
+          {Sprache::text(u"Mit Kennwort geschützt"_s),
+           Sprache::text(u"Das Dokument lässt sich erst nach Eingabe eines Kennworts lesen. Ablegen kannst du es "
+                         u"trotzdem."_s)}}},
         {Vorschaubefund::Beschaedigt,
-         {Symbol::GrossBeschaedigt, Sprache::text(u"Datei beschädigt"_s),
-          Sprache::text(u"Der Inhalt lässt sich nicht darstellen. Die Datei bleibt, wie sie ist."_s)}},
+         {Symbol::GrossBeschaedigt,
+          {Sprache::text(u"Datei beschädigt"_s),
+           Sprache::text(u"Der Inhalt lässt sich nicht darstellen. Die Datei bleibt, wie sie ist."_s)}}},
         {Vorschaubefund::Verschwunden,
-         {Symbol::GrossVerschwunden, Sprache::text(u"Datei nicht gefunden"_s),
-          Sprache::text(u"Sie wurde verschoben, umbenannt oder gelöscht, oder ihr Laufwerk ist nicht verbunden."_s)}},
+         {Symbol::GrossVerschwunden,
+          {Sprache::text(u"Datei nicht gefunden"_s),
+           Sprache::text(u"Sie wurde verschoben, umbenannt oder gelöscht, oder ihr Laufwerk ist nicht verbunden."_s)}}},
         {Vorschaubefund::Unlesbar,
-         {Symbol::GrossSchloss, Sprache::text(u"Datei nicht lesbar"_s),
-          Sprache::text(u"Dir fehlt das Recht, sie zu öffnen, oder das Laufwerk meldet einen Fehler."_s)}},
+         {Symbol::GrossSchloss,
+          {Sprache::text(u"Datei nicht lesbar"_s),
+           Sprache::text(u"Dir fehlt das Recht, sie zu öffnen, oder das Laufwerk meldet einen Fehler."_s)}}},
         {Vorschaubefund::ZuGross,
-         {Symbol::GrossVorschau, Sprache::text(u"Zu groß für die Vorschau"_s),
-          Sprache::text(u"Dateien ab 256 MB zeigt die Vorschau nicht. Ablegen kannst du sie trotzdem."_s)}},
+         {Symbol::GrossVorschau,
+          {Sprache::text(u"Zu groß für die Vorschau"_s),
+           Sprache::text(u"Dateien ab 256 MB zeigt die Vorschau nicht. Ablegen kannst du sie trotzdem."_s)}}},
     };
     return saetze.value(befund);
 }
@@ -80,8 +79,7 @@ Vorschau::Vorschau(QWidget *eltern)
     m_stapel->addWidget(m_ansicht);
     m_stapel->addWidget(m_leer);
     fuellen(this, spalte({m_zeile, {m_stapel, 1}}, Abstand::Keiner));
-    m_ansicht->setObjectName(u"vorschau"_s);
-    m_ansicht->setAccessibleName(Sprache::text(u"Vorschau des Dokuments"_s));
+    bezeichnen(m_ansicht, u"vorschau"_s, Sprache::text(u"Vorschau des Dokuments"_s));
     for (QWidget *teil : QList<QWidget *>{m_seiten, m_ansicht})
         teil->setAccessibleDescription(Sprache::text(u"Blättern durch Scrollen, mit den Bildtasten oder am Rand"_s));
     m_seiten->setToolTip(m_seiten->accessibleDescription());
@@ -149,9 +147,6 @@ void Vorschau::partnerBeenden()
 /** The document @p pfad under its name in place of the one that is waited for; empty: none. */
 void Vorschau::setzePartner(const QString &pfad, const QString &name)
 {
-    // The focus goes where the eye goes, and not to the next best button.
-    if (pfad.isEmpty() && m_zurueck->hasFocus())
-        m_ansicht->setFocus();
     m_partnerPfad = pfad;
     m_partnerName->setzen(pfad.isEmpty() ? Symbol::Keines : Symbol::Dublette, name);
     m_zurueck->setVisible(!pfad.isEmpty());
@@ -183,19 +178,15 @@ void Vorschau::befundZeigen()
     const Vorschaubefund befund = m_ansicht->befund();
     const bool seiten = befund == Vorschaubefund::Offen || befund == Vorschaubefund::Laedt;
     if (!seiten) {
-        const Satz satz = satzFuer(befund);
-        m_leer->setzen(satz.zeichen, satz.titel, satz.zeile);
+        const auto [zeichen, satz] = satzFuer(befund);
+        m_leer->setzen(zeichen, satz);
         if (!pfad.isEmpty() && !std::exchange(m_satzGemeldet, true))
             QMetaObject::invokeMethod(
                 this, [this, pfad] { Q_EMIT seiteSichtbar(pfad); }, Qt::QueuedConnection);
     }
     m_stapel->setCurrentWidget(seiten ? static_cast<QWidget *>(m_ansicht) : m_leer);
-    for (QToolButton *knopf : std::as_const(m_zoom)) {
-        // A button that is switched off hands the focus to the next best widget, and be it a text field.
-        if (!seiten && knopf->hasFocus())
-            m_leer->setFocus();
+    for (QToolButton *knopf : std::as_const(m_zoom))
         knopf->setEnabled(seiten);
-    }
     standZeigen();
 }
 
