@@ -1,3 +1,4 @@
+#include "stil.h"
 #include "teiler.h"
 
 #include <QSignalSpy>
@@ -30,7 +31,7 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        m_teiler.resize(1001, 300);
+        m_teiler.resize(1201, 300);
         m_teiler.show();
         QVERIFY(QTest::qWaitForWindowExposed(&m_teiler));
         m_griff = m_teiler.findChild<QWidget *>(u"teilung"_s);
@@ -45,11 +46,11 @@ private Q_SLOTS:
         QTest::addColumn<int>("weg");
         QTest::addColumn<double>("erwartet");
         QTest::newRow("zu kurz") << 9 << 0.5;
-        QTest::newRow("lang genug") << 10 << 0.51;
-        QTest::newRow("rechts") << 150 << 0.65;
-        QTest::newRow("links") << -150 << 0.35;
-        QTest::newRow("ganz rechts") << 480 << 0.75;
-        QTest::newRow("ganz links") << -480 << 0.25;
+        QTest::newRow("lang genug") << 12 << 0.51;
+        QTest::newRow("rechts") << 180 << 0.65;
+        QTest::newRow("links") << -180 << 0.35;
+        QTest::newRow("ganz rechts") << 570 << 0.75;
+        QTest::newRow("ganz links") << -570 << 0.25;
     }
 
     void zug()
@@ -59,10 +60,26 @@ private Q_SLOTS:
         QSignalSpy gewaehlt(&m_teiler, &Teiler::anteilGewaehlt);
         ziehen(weg);
         QVERIFY2(qAbs(m_teiler.anteil() - erwartet) < 0.002, qPrintable(QString::number(m_teiler.anteil())));
-        QVERIFY(qAbs(m_links->width() - erwartet * 1000) <= 2);
+        QVERIFY(qAbs(m_links->width() - erwartet * 1200) <= 2);
         QCOMPARE(gewaehlt.isEmpty(), erwartet == 0.5);
         QTest::mouseDClick(m_griff, Qt::LeftButton, Qt::NoModifier, mitte());
         QCOMPARE(m_teiler.anteil(), 0.5);
+    }
+
+    /** What a pane has to hold grows with the font, and nothing of it may lie outside. */
+    void grosseSchrift()
+    {
+        QSignalSpy angeordnet(&m_teiler, &Teiler::angeordnet);
+        m_teiler.setzeAnteil(0.25);
+        const int vorher = m_links->width();
+        Stil::setzeSchriftgroesse(18);
+        QTRY_VERIFY(m_links->width() > vorher * 3 / 2);
+        QCOMPARE(angeordnet.last().first().toDouble(), m_links->width() / 1201.0);
+        QTest::keyClick(m_griff, Qt::Key_Right);
+        QVERIFY(m_teiler.anteil() * 1201 > m_links->width() - 1); // from where it is seen
+        Stil::setzeSchriftgroesse(10);
+        m_teiler.setzeAnteil(0.25);
+        QTRY_COMPARE(m_links->width(), vorher);
     }
 
     void tasten()

@@ -135,8 +135,10 @@ bool Nachgeben::eventFilter(QObject *, QEvent *ereignis)
     const bool groesse = ereignis->type() == QEvent::Resize;
     if (groesse && m_traeger->width() <= m_zuEng.width() && m_traeger->height() <= m_zuEng.height())
         versuchen(m_stufe); // for more there was too little room before
-    else if (inhalt || groesse || ereignis->type() == QEvent::FontChange)
+    else if (inhalt || groesse)
         pruefen();
+    else if (ereignis->type() == QEvent::FontChange) // what is within hears of it later
+        QMetaObject::invokeMethod(this, &Nachgeben::pruefen, Qt::QueuedConnection);
     return false;
 }
 } // namespace quillmar::bedienteile

@@ -15,11 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillmar::bedienteile
 {
-namespace
-{
-constexpr int leiste = 3;
-}
-
 Hinweisfeld::Hinweisfeld(Symbol symbol, const QString &text, const QList<Antwort> &antworten, QWidget *eltern)
     : QWidget(eltern), m_symbol(symbol), m_text(new Textschild)
 {
@@ -60,6 +55,7 @@ bool Hinweisfeld::hatFokus() const
 
 void Hinweisfeld::paintEvent(QPaintEvent *)
 {
+    constexpr int leiste = 3;
     QPainter maler(this);
     const bool warnung = m_symbol == Symbol::Warnung;
     const QColor farbe =

@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyleOption>
 
 using namespace Qt::StringLiterals;
@@ -187,6 +188,8 @@ void Quillmarstil::drawPrimitive(PrimitiveElement element, const QStyleOption *o
                                  const QWidget *teil) const
 {
     QProxyStyle::drawPrimitive(element, option, maler, teil);
+    if (element == PE_Frame && option->state & State_HasFocus && qobject_cast<const QPlainTextEdit *>(teil))
+        fokusrahmen(*maler, option->palette, option->rect.adjusted(1, 1, -1, -1));
     const bool rund = element == PE_IndicatorRadioButton;
     if (m_fusion && (rund || element == PE_IndicatorCheckBox) && Farben::istDunkel(option->palette))
         kaestchenrand(*maler, *option, rund);

@@ -8,11 +8,6 @@
 
 namespace quillmar::bedienteile
 {
-namespace
-{
-constexpr quint64 keineHand = 5; // ms from release to press that no finger is fast enough for
-}
-
 Tastentakt::Tastentakt(QObject *anwendung) : QObject(anwendung) { anwendung->installEventFilter(this); }
 
 Tastentakt *Tastentakt::derAnwendung()
@@ -42,6 +37,7 @@ bool Tastentakt::aufgeklapptes(QObject *empfaenger, QEvent *ereignis)
 
 bool Tastentakt::eventFilter(QObject *empfaenger, QEvent *ereignis)
 {
+    constexpr quint64 keineHand = 5; // ms from release to press that no finger is fast enough for
     const QEvent::Type art = ereignis->type();
     if (art != QEvent::KeyPress && art != QEvent::ShortcutOverride && art != QEvent::KeyRelease)
         return false;

@@ -3,7 +3,6 @@
 #include "modelle.h"
 
 class QAbstractButton;
-class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLabel;

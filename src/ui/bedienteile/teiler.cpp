@@ -20,7 +20,8 @@ constexpr double groesster = 0.75;
 constexpr double mitte = 0.5;
 constexpr double schritt = 0.02; // of one press of an arrow key
 constexpr int griffbreite = 11;
-constexpr int zugweg = 10; // pixels until a press becomes a drag
+constexpr int mindestbreite = 280; // of a pane, at 10 pt
+constexpr int zugweg = 10;         // pixels until a press becomes a drag
 
 /** The last of @p teil and what is in it, by the Tab key. */
 QWidget *letzterIn(QWidget *teil)
@@ -63,7 +64,7 @@ protected:
     void mousePressEvent(QMouseEvent *ereignis) override
     {
         if (ereignis->button() == Qt::LeftButton) {
-            m_beginn = m_teiler->anteil();
+            m_beginn = m_teiler->m_gezeigter;
             m_druckpunkt = ereignis->globalPosition().x();
             m_zieht = false;
         }
@@ -85,9 +86,9 @@ protected:
     void keyPressEvent(QKeyEvent *ereignis) override
     {
         if (ereignis->key() == Qt::Key_Left)
-            m_teiler->waehlen(m_teiler->anteil() - schritt);
+            m_teiler->waehlen(m_teiler->m_gezeigter - schritt);
         else if (ereignis->key() == Qt::Key_Right)
-            m_teiler->waehlen(m_teiler->anteil() + schritt);
+            m_teiler->waehlen(m_teiler->m_gezeigter + schritt);
         else
             QWidget::keyPressEvent(ereignis);
     }
@@ -117,6 +118,7 @@ Teiler::Teiler(QWidget *links, QWidget *rechts, QWidget *eltern)
     rechts->setParent(this);
     m_griff = new Griff(this);
     setTabOrder(letzterIn(m_links), m_griff);
+    Stil::folgen(this, [this] { anordnen(); });
 }
 
 void Teiler::setzeAnteil(double anteil)
@@ -133,11 +135,14 @@ void Teiler::waehlen(double anteil)
 
 void Teiler::anordnen()
 {
-    const int links = int(std::lround(width() * m_anteil));
+    const double grenze = std::clamp(double(Stil::mass(mindestbreite)) / std::max(1, width()), kleinster, mitte);
+    m_gezeigter = std::clamp(m_anteil, grenze, 1 - grenze);
+    const int links = int(std::lround(width() * m_gezeigter));
     m_links->setGeometry(0, 0, links, height());
     m_rechts->setGeometry(links + 1, 0, width() - links - 1, height());
     m_griff->setGeometry(links - griffbreite / 2, 0, griffbreite, height());
     m_griff->raise();
+    Q_EMIT angeordnet(m_gezeigter);
 }
 
 void Teiler::resizeEvent(QResizeEvent *) { anordnen(); }

@@ -25,6 +25,8 @@ public:
 Q_SIGNALS:
     /** The user has moved the line. */
     void anteilGewaehlt(double anteil);
+    /** The share that the left pane has: with a large font and in a small window the limits are closer. */
+    void angeordnet(double anteil);
 
 protected:
     void resizeEvent(QResizeEvent *ereignis) override;
@@ -38,5 +40,6 @@ private:
     QWidget *m_rechts;
     Griff *m_griff;
     double m_anteil = 0.5;
+    double m_gezeigter = 0.5;
 };
 } // namespace quillmar::bedienteile

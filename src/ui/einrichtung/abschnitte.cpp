@@ -303,9 +303,11 @@ Feld::Eigenes fensterwahl(QList<Wahleintrag> (*eintraege)(), const std::function
         QObject::connect(
             wahl, &QComboBox::activated, wahl, [wahl, waehlen] { waehlen(wahl->currentData().toString()); },
             Qt::QueuedConnection);
-        seite.folgen([wahl, wert](const Einrichtungslage &) {
+        const auto zeigen = [wahl, wert] {
             wahl->setCurrentIndex(std::max(0, wahl->findData(wert()))); // the chosen one may be gone
-        });
+        };
+        seite.folgen([zeigen](const Einrichtungslage &) { zeigen(); });
+        Stil::folgen(wahl, zeigen);
         return {.feld = wahl};
     }};
 }

@@ -161,9 +161,8 @@ void EinrichtungsAnsicht::zeigen()
         setFocus();
     const Profilwahl &wahl = *m_zustand->profilwahl();
     m_katalogfehler->setVisible(!wahl.katalogfehler().isEmpty());
-    if (!wahl.katalogfehler().isEmpty())
-        m_katalogfehler->setzeText(
-            gefuellt(Sprache::text(u"Der Katalog lässt sich nicht öffnen: %@"_s), {katalogfehlersatz(wahl)}));
+    m_katalogfehler->setzeText(
+        gefuellt(Sprache::text(u"Der Katalog lässt sich nicht öffnen: %@"_s), {katalogfehlersatz(wahl)}));
     m_seiten->setCurrentIndex(int(m_zustand->einrichtung()->abschnitt()));
     abschnitteZeigen();
     weiterZeigen();

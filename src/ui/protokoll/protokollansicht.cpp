@@ -44,7 +44,7 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
     kurztaste(QKeySequence(Qt::CTRL | Qt::Key_Z), this,
               [this] { m_zustand->ausfuehrung()->letzteBewegungZuruecknehmen(); });
     verbinden();
-    setzeAnteil();
+    m_teiler->setzeAnteil(m_zustand->teilung());
     zeigen();
     sitzungZeigen();
 }
@@ -106,7 +106,8 @@ void ProtokollAnsicht::verbinden()
     connect(m_leere, &Leeransicht::gedrueckt, m_zustand,
             [this] { weiter(*m_zustand, ohneKatalog(*m_zustand->profilwahl()).tat); });
     connect(m_teiler, &Teiler::anteilGewaehlt, m_zustand, &Zustand::setzeTeilung);
-    connect(m_zustand, &Zustand::teilungGeaendert, this, &ProtokollAnsicht::setzeAnteil);
+    connect(m_zustand, &Zustand::teilungGeaendert, m_teiler, [this] { m_teiler->setzeAnteil(m_zustand->teilung()); });
+    connect(m_teiler, &Teiler::angeordnet, m_rueckbau, &Rueckbaufeld::setzeAnteil);
     connect(m_rueckbau, &Rueckbaufeld::auffrischen, m_sitzungen, &Sitzungsseite::auffrischen);
     connect(m_liste, &Liste::gesehen, m_modell, &Bewegungsmodell::ansehen);
     connect(m_liste, &Liste::activated, this,
@@ -150,12 +151,6 @@ void ProtokollAnsicht::zeigen()
     m_stapel->setCurrentIndex(da ? 0 : 1);
     if (!da)
         m_leere->setzen(Symbol::GrossUhr, ohneKatalog(*m_zustand->profilwahl()));
-}
-
-void ProtokollAnsicht::setzeAnteil()
-{
-    m_teiler->setzeAnteil(m_zustand->teilung());
-    m_rueckbau->setzeAnteil(m_zustand->teilung());
 }
 
 void ProtokollAnsicht::sitzungZeigen()

@@ -30,7 +30,6 @@ private:
     void zeigen();
     void sitzungZeigen();
     void kopfZeigen();
-    void setzeAnteil();
     void setzeDicht(bool dicht);
 
     Zustand *m_zustand;

@@ -35,13 +35,15 @@ Aktionsfeld::Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung
 {
     for (QToolButton *knopf : {m_zuruecklegen, m_aussortieren, m_vorheriges, m_naechstes})
         setzeKnopfart(knopf, Knopfart::Hoch);
-    Kette *tun =
-        reihe({m_uebernehmen, m_zuruecklegen, m_aussortieren, Teil::rest(), m_vorheriges, m_naechstes}, Abstand::Eng);
+    Kette *flache = reihe({m_zuruecklegen, m_aussortieren, Teil::rest(), m_vorheriges, m_naechstes}, Abstand::Eng);
+    Kette *tun = reihe({m_uebernehmen, {flache, 1}}, Abstand::Eng);
     auto *knoepfe = traeger(tun);
     fuellen(this, spalte({knoepfe, m_tasten, m_meldung}, Abstand::Eng), Abstand::Rand, Abstand::Nah);
-    // Narrower than their row, the flat buttons drop their words.
-    new Nachgeben(knoepfe, 1, [this, tun](int stufe) {
-        tun->setzeAbstand(stufe == 0 ? Abstand::Eng : Abstand::Keiner);
+    // Narrower than their row, the flat buttons drop their words, then they go below the other one.
+    new Nachgeben(knoepfe, 2, [this, tun, flache](int stufe) {
+        tun->setDirection(stufe < 2 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+        for (Kette *kette : {tun, flache})
+            kette->setzeAbstand(stufe == 0 ? Abstand::Eng : Abstand::Keiner);
         for (QToolButton *knopf : {m_zuruecklegen, m_aussortieren})
             bedienteile::setzeMitText(knopf, stufe == 0);
         m_meldung->setzeMitText(stufe == 0);

@@ -19,10 +19,6 @@ namespace quillmar::vorschau
 class PDFAnsicht : public QAbstractScrollArea
 {
     Q_OBJECT
-    Q_PROPERTY(QUrl url READ url WRITE setzeUrl)
-    Q_PROPERTY(int seiten READ seiten NOTIFY geaendert)
-    Q_PROPERTY(int seite READ seite NOTIFY geaendert)
-    Q_PROPERTY(bool passtBreite READ passtBreite NOTIFY geaendert)
 
 public:
     static constexpr auto stufen = Zoom::stufen;

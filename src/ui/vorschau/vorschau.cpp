@@ -90,7 +90,7 @@ Vorschau::Vorschau(QWidget *eltern)
         [this] { return m_zeile->layout()->minimumSize().width() <= m_zeile->width(); });
     verbinden();
     Stil::folgen(m_zeile, [this] { zeileFaerben(); });
-    setzePartner({}, {});
+    partnerZeigen({}, {});
     befundZeigen();
 }
 
@@ -129,23 +129,20 @@ void Vorschau::zeigen(const QString &pfad)
     if (pfad == m_pfad)
         return;
     m_pfad = pfad;
-    setzePartner({}, {});
+    partnerZeigen({}, {});
 }
 
 void Vorschau::vorausladen(const QString &pfad) { m_ansicht->vorausladen(pfad); }
 
 bool Vorschau::istBereit(const QString &pfad) const { return m_ansicht->istBereit(pfad); }
 
-void Vorschau::partnerZeigen(const QString &pfad, const QString &name) { setzePartner(pfad, name); }
-
 void Vorschau::partnerBeenden()
 {
     if (!m_partnerPfad.isEmpty())
-        setzePartner({}, {});
+        partnerZeigen({}, {});
 }
 
-/** The document @p pfad under its name in place of the one that is waited for; empty: none. */
-void Vorschau::setzePartner(const QString &pfad, const QString &name)
+void Vorschau::partnerZeigen(const QString &pfad, const QString &name)
 {
     m_partnerPfad = pfad;
     m_partnerName->setzen(pfad.isEmpty() ? Symbol::Keines : Symbol::Dublette, name);

@@ -28,7 +28,7 @@ public:
     /** The document on show, once it has been painted; empty until then. */
     [[nodiscard]] const QString &gesehen() const { return m_gesehen; }
 
-    /** Shows @p pfad under @p name in place of the document. */
+    /** Shows @p pfad under @p name in place of the document; empty: the document. */
     void partnerZeigen(const QString &pfad, const QString &name);
     void partnerBeenden();
 
@@ -45,7 +45,6 @@ private:
     [[nodiscard]] QWidget *zeile();
     void verbinden();
     void nachgeben(int stufe);
-    void setzePartner(const QString &pfad, const QString &name);
     void zeileFaerben();
     void befundZeigen();
     void standZeigen();
