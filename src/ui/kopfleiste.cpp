@@ -111,8 +111,8 @@ void Kopfleiste::aktivZeigen()
     const Profil *aktiv = m_zustand->profilwahl()->aktiv();
     m_profil->setCurrentIndex(aktiv ? m_profil->findData(aktiv->id.toString()) : -1);
     // Where there is none, the setup card has the one button for the first profile.
-    for (QWidget *teil : QList<QWidget *>{m_profil, m_neu})
-        teil->setVisible(!m_zustand->profilwahl()->profile().isEmpty());
+    m_profil->setVisible(!m_zustand->profilwahl()->profile().isEmpty());
+    m_neu->setVisible(!m_zustand->profilwahl()->profile().isEmpty());
     m_art->setVisible(aktiv != nullptr);
     if (aktiv)
         m_art->setzeRechts(aktiv->kopieren);

@@ -328,6 +328,34 @@ private Q_SLOTS:
         QVERIFY(liste.selectionModel()->isRowSelected(0)); // what a button acts on is seen
     }
 
+    /** What gets the focus is to be seen, however it got it; of a list the chosen row. */
+    void rollenFolgtDemFokus()
+    {
+        Zaehlmodell modell(100);
+        auto *liste = new Liste(u"liste"_s, u"Eine Liste"_s);
+        liste->setFixedHeight(2000);
+        liste->setModel(&modell);
+        QPushButton *oben = knopf(u"oben"_s, u"Oben"_s);
+        QPushButton *unten = knopf(u"unten"_s, u"Unten"_s);
+        const std::unique_ptr<QScrollArea> rollen(rollbereich(traeger(spalte({oben, liste, unten}))));
+        rollen->resize(300, 200);
+        rollen->show();
+        rollen->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(rollen.get()));
+        const auto zuSehen = [&](const QWidget *teil, const QRect &stelle) {
+            return rollen->rect().contains(QRect(teil->mapTo(rollen.get(), stelle.topLeft()), stelle.size()));
+        };
+        unten->setFocus(Qt::OtherFocusReason);
+        QVERIFY(zuSehen(unten, unten->rect()) && !zuSehen(oben, oben->rect()));
+        oben->setFocus(Qt::OtherFocusReason);
+        QVERIFY(zuSehen(oben, oben->rect()));
+        liste->setFocus(Qt::TabFocusReason);
+        for (const Qt::Key taste : {Qt::Key_PageDown, Qt::Key_Down, Qt::Key_Home}) {
+            QTest::keyClick(liste, taste);
+            QVERIFY(zuSehen(liste->viewport(), liste->visualRect(liste->currentIndex())));
+        }
+    }
+
     /** The focus is on what leaves everything as it is, and goes back to where it was. */
     void rueckfrage()
     {

@@ -165,6 +165,21 @@ private Q_SLOTS:
         QCOMPARE(m_z->sitzungen()->rueckbauMeldung(), u"1 brought back, 2 passed over"_s);
     }
 
+    /** The button is off while it works: the focus goes to the card, not to what lies next to it in the row of keys. */
+    void fokusBleibtAufDerKarte()
+    {
+        for (const QString &name : {u"a.pdf"_s, u"b.pdf"_s})
+            m_b->dokument(name);
+        oeffnen();
+        m_z->setzeReiter(Reiter::Protokoll);
+        uebernehmen(2);
+        mitTabZu("letztenSchrittZurueck");
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(m_z->pruefung()->zaehlwerk().erledigt, 1);
+        QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+        QCOMPARE(fokus(), u"laufendeSitzung"_s);
+    }
+
     /** A failure stands below, with its reason, and at its movement. */
     void wasSichNichtZurueckdrehenLiess()
     {

@@ -65,14 +65,13 @@ void Hinweisfeld::paintEvent(QPaintEvent *)
     maler.fillRect(QRect(0, 0, leiste, height()), farbe);
 }
 
-Rueckfrage::Rueckfrage(const QList<Antwort> &antworten, QWidget *eltern)
-    : Rueckfrage(antworten, {.name = antworten.first().name + u"-abbrechen"_s, .text = Sprache::text(u"Abbrechen"_s)},
-                 eltern)
+Rueckfrage::Rueckfrage(const QList<Antwort> &antworten)
+    : Rueckfrage(antworten, {.name = antworten.first().name + u"-abbrechen"_s, .text = Sprache::text(u"Abbrechen"_s)})
 {
 }
 
-Rueckfrage::Rueckfrage(const QList<Antwort> &antworten, const Antwort &abbrechen, QWidget *eltern)
-    : Hinweisfeld(Symbol::Warnung, {}, antworten + QList{abbrechen}, eltern), m_letzte(int(antworten.size()))
+Rueckfrage::Rueckfrage(const QList<Antwort> &antworten, const Antwort &abbrechen)
+    : Hinweisfeld(Symbol::Warnung, {}, antworten + QList{abbrechen}), m_letzte(int(antworten.size()))
 {
     connect(this, &Hinweisfeld::gedrueckt, this, [this](int welche) {
         schliessen();

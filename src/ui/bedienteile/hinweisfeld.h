@@ -50,9 +50,9 @@ class Rueckfrage : public Hinweisfeld
 
 public:
     /** @p antworten without the last one, "Abbrechen"; its object is called as the first one, with "-abbrechen". */
-    explicit Rueckfrage(const QList<Antwort> &antworten, QWidget *eltern = nullptr);
+    explicit Rueckfrage(const QList<Antwort> &antworten);
     /** "Abbrechen" under a name and with a help of its own. */
-    Rueckfrage(const QList<Antwort> &antworten, const Antwort &abbrechen, QWidget *eltern = nullptr);
+    Rueckfrage(const QList<Antwort> &antworten, const Antwort &abbrechen);
 
     /** The focus goes to the answer @p fokus, or to the last one. */
     void fragen(const QString &text, int fokus = -1);

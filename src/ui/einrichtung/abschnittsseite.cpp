@@ -39,6 +39,13 @@ Kette *gekippt(std::initializer_list<Teil> teile, Abstand abstand = Abstand::Nah
     return kette;
 }
 
+/** A row of the form: one that is a layout goes unheard when it needs more height, others ask at their best width. */
+class Zeile : public QWidget
+{
+public:
+    [[nodiscard]] QSize sizeHint() const override { return layout()->sizeHint(); }
+};
+
 QString sichtbareHilfe(const Abschnittszeile &z)
 {
     const bool immer = z.zeichen > 0 || std::holds_alternative<Feld::Zeilen>(z.feld) ||
@@ -139,10 +146,9 @@ void Abschnittsseite::zeile(const Abschnittszeile &z, const Teile &teile)
         anfuegen(nullptr, gesagtes);
 }
 
-/** A row of the form, which would not notice that a layout within it needs more height than at first. */
 void Abschnittsseite::anfuegen(QLabel *beschriftung, const Teil &teil)
 {
-    m_form->addRow(beschriftung, teil.layout ? traeger(teil.layout) : teil.widget);
+    m_form->addRow(beschriftung, teil.layout ? fuellen(new Zeile, teil.layout) : teil.widget);
 }
 
 /** The name, help and width of a field; it follows whether it can be changed. */

@@ -209,8 +209,7 @@ void listeBauen(const Lernliste &vorgabe, Abschnittsseite &seite)
 /** The question takes the place of its button. */
 void allesBauen(Abschnittsseite &seite)
 {
-    auto *frage =
-        new Rueckfrage({{.name = u"allesVergessenJa"_s, .text = Sprache::text(u"Alles vergessen"_s)}}, &seite);
+    auto *frage = new Rueckfrage({{.name = u"allesVergessenJa"_s, .text = Sprache::text(u"Alles vergessen"_s)}});
     const auto fragen = [&seite, frage] {
         const Lernstand &stand = seite.zustand()->einrichtung()->stand().gelerntes;
         frage->fragen(gefuellt(Sprache::text(u"Alles Gelernte verwerfen? Zuordnungen: %@, Namensgleichungen: %@. "

@@ -67,7 +67,7 @@ Rueckbaufeld::Rueckbaufeld(Zustand *zustand, QWidget *eltern)
     m_frage->setObjectName(u"rueckbauFrage"_s);
     m_stapel->addWidget(knopfseite());
     m_stapel->addWidget(traeger(spalte({Teil::rest(), m_frage})));
-    m_stapel->addWidget(laufseite());
+    m_stapel->addWidget(traeger(spalte({Teil::rest(), reihe({m_lauf, {m_balken, 1}, m_anhalten})})));
     anordnen();
     verbinden();
     zeigen();
@@ -115,11 +115,6 @@ QWidget *Rueckbaufeld::knopfseite()
     fluss->addWidget(m_zurueckdrehen);
     fluss->addWidget(m_letzten);
     return traeger(spalte({Teil::rest(), m_erklaerung, m_fehler, fluss}));
-}
-
-QWidget *Rueckbaufeld::laufseite()
-{
-    return traeger(spalte({Teil::rest(), reihe({m_lauf, {m_balken, 1}, m_anhalten})}));
 }
 
 void Rueckbaufeld::verbinden()

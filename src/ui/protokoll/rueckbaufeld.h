@@ -30,7 +30,6 @@ private:
     enum Seite { Knoepfe, Frage, Lauf };
     [[nodiscard]] QWidget *linkeSeite();
     [[nodiscard]] QWidget *knopfseite();
-    [[nodiscard]] QWidget *laufseite();
     void anordnen();
     void verbinden();
     void fragen();

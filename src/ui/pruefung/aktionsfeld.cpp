@@ -40,13 +40,16 @@ Aktionsfeld::Aktionsfeld(Profilwahl *profilwahl, Pruefung *pruefung, Ausfuehrung
     auto *knoepfe = traeger(tun);
     fuellen(this, spalte({knoepfe, m_tasten, m_meldung}, Abstand::Eng), Abstand::Rand, Abstand::Nah);
     // Narrower than their row, the flat buttons drop their words, then they go below the other one.
-    new Nachgeben(knoepfe, 2, [this, tun, flache](int stufe) {
+    const auto anordnen = [this, tun, flache](int stufe) {
         tun->setDirection(stufe < 2 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
         for (Kette *kette : {tun, flache})
             kette->setzeAbstand(stufe == 0 ? Abstand::Eng : Abstand::Keiner);
         for (QToolButton *knopf : {m_zuruecklegen, m_aussortieren})
             bedienteile::setzeMitText(knopf, stufe == 0);
         m_meldung->setzeMitText(stufe == 0);
+    };
+    new Nachgeben(knoepfe, 2, anordnen, [knoepfe, tun] {
+        return tun->sizeHint().width() <= knoepfe->width() + Stil::mass(24); // the large one has room to spare
     });
     verbinden();
     zeigen();

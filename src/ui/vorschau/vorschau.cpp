@@ -80,9 +80,8 @@ Vorschau::Vorschau(QWidget *eltern)
     m_stapel->addWidget(m_leer);
     fuellen(this, spalte({m_zeile, {m_stapel, 1}}, Abstand::Keiner));
     bezeichnen(m_ansicht, u"vorschau"_s, Sprache::text(u"Vorschau des Dokuments"_s));
-    for (QWidget *teil : QList<QWidget *>{m_seiten, m_ansicht})
-        teil->setAccessibleDescription(Sprache::text(u"Blättern durch Scrollen, mit den Bildtasten oder am Rand"_s));
-    m_seiten->setToolTip(m_seiten->accessibleDescription());
+    m_seiten->setToolTip(Sprache::text(u"Blättern durch Scrollen, mit den Bildtasten oder am Rand"_s));
+    m_ansicht->setAccessibleDescription(m_seiten->toolTip());
     // The row stands above the page: from the page Tab goes on to the next pane.
     tabReihe({m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zurueck, m_ansicht});
     new Nachgeben(
