@@ -47,6 +47,16 @@ constexpr auto auffrischung = 3s;
 constexpr auto laengstesWarten = 300ms; // for a catalogue that is slow to open
 constexpr auto schluesselOrt = "fenster"_L1;
 
+/** The cards take the room there is. None of them is asked how much it wants, which the line below would do all the
+ * time. */
+class Kartenstapel : public QStackedWidget
+{
+public:
+    [[nodiscard]] QSize sizeHint() const override { return erste; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {}; }
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
+};
+
 QToolButton *menueknopf(Fenstersprache *sprache, QWidget *fenster, const std::function<void()> &info)
 {
     QToolButton *knopf = flachknopf(u"menueknopf"_s, Symbol::Menue, Sprache::text(u"Menü"_s),
@@ -120,7 +130,7 @@ void Hauptfenster::aufbauen()
     const QList<QAction *> alte = actions();
     for (QAction *aktion : alte)
         removeAction(aktion);
-    auto *karten = new QStackedWidget;
+    auto *karten = new Kartenstapel;
     const auto info = [this] { Infofenster::oeffnen(m_zustand->profilwahl(), m_aktualisierung, m_sprache, this); };
     auto *inhalt = traeger(spalte({new Kopfleiste(m_zustand, menueknopf(m_sprache, this, info)),
                                    {karten, 1},

@@ -109,6 +109,27 @@ QString katalogfehlersatz(const Profilwahl &profilwahl)
                     {kurzpfad(profilwahl.katalogdatei()), profilwahl.katalogfehler()});
 }
 
+Leerlage ohneProfil()
+{
+    return {
+        .titel = Sprache::text(u"Aus einem Stapel Scans wird eine geordnete Ablage"_s),
+        .zeile = Sprache::text(u"Quillmar liest gescannte Briefe auf diesem Rechner, schlägt Name und Ordner vor "
+                               "und legt ab, sobald du zustimmst."_s),
+        .knopf = Sprache::text(u"Erstes Profil anlegen"_s),
+        .zusatz = {gefuellt(Sprache::text(u"Einstellungen und Katalog liegen in %@."_s),
+                            {kurzpfad(Profilwahl::datenordner())}),
+                   Sprache::text(u"Deine Dokumente bleiben, wo sie sind, bis du den ersten Vorschlag übernimmst."_s)}};
+}
+
+QString profilverlust(const Profilwahl &profilwahl)
+{
+    if (profilwahl.unlesbareProfile().isEmpty())
+        return {};
+    return gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
+                    {kurzpfad(profilwahl.unlesbareProfile())}) +
+           u". "_s + Sprache::text(u"Die Kataloge der Profile und deine Dokumente sind nicht davon betroffen."_s);
+}
+
 Leerlage ohneKatalog(const Profilwahl &profilwahl)
 {
     if (profilwahl.katalogfehler().isEmpty())

@@ -33,27 +33,25 @@ Leeransicht::Leeransicht(QWidget *eltern, const QString &knopfname, Knopfart kno
     fuellen(this,
             spalte({Teil::rest(1), m_bild, m_titel, m_zeile, {m_knopf, 0, Qt::AlignHCenter}, m_zusatz, Teil::rest(2)}),
             Abstand::Rand, Abstand::Rand);
-    m_zusatz->hide();
     connect(m_knopf, &QPushButton::clicked, this, &Leeransicht::gedrueckt);
 }
 
-void Leeransicht::setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf)
+void Leeransicht::setzen(Symbol symbol, const Leerlage &lage)
 {
+    if (symbol == m_symbol && lage == m_lage)
+        return;
     m_symbol = symbol;
-    m_titel->setText(titel);
-    m_zeile->setText(zeile);
-    m_zeile->setVisible(!zeile.isEmpty());
-    benennen(m_knopf, knopf, {});
-    m_knopf->setVisible(!knopf.isEmpty());
-    setAccessibleName(titel);
-    setAccessibleDescription(zeile);
+    m_lage = lage;
+    m_titel->setText(lage.titel);
+    m_zeile->setText(lage.zeile);
+    m_zeile->setVisible(!lage.zeile.isEmpty());
+    benennen(m_knopf, lage.knopf, {});
+    m_knopf->setVisible(!lage.knopf.isEmpty());
+    m_zusatz->setText(lage.zusatz.join(u'\n'));
+    m_zusatz->setVisible(!lage.zusatz.isEmpty());
+    setAccessibleName(lage.titel);
+    setAccessibleDescription(lage.zeile);
     bildZeigen();
-}
-
-void Leeransicht::setzeZusatz(const QStringList &zeilen)
-{
-    m_zusatz->setText(zeilen.join(u'\n'));
-    m_zusatz->setVisible(!zeilen.isEmpty());
 }
 
 void Leeransicht::bildZeigen()

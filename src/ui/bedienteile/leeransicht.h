@@ -19,11 +19,8 @@ public:
     explicit Leeransicht(QWidget *eltern = nullptr, const QString &knopfname = QStringLiteral("leerknopf"),
                          Knopfart knopfart = Knopfart::Feld);
 
-    /** @p symbol is one of the large ones; without @p knopf there is no button. */
-    void setzen(Symbol symbol, const QString &titel, const QString &zeile, const QString &knopf = {});
-    /** Lines below the button. */
-    void setzeZusatz(const QStringList &zeilen);
-    void setzen(Symbol symbol, const Leerlage &lage) { setzen(symbol, lage.titel, lage.zeile, lage.knopf); }
+    /** @p symbol is one of the large ones. */
+    void setzen(Symbol symbol, const Leerlage &lage);
     [[nodiscard]] QPushButton *knopf() const { return m_knopf; }
 
 Q_SIGNALS:
@@ -36,6 +33,7 @@ private:
     void bildZeigen();
 
     Symbol m_symbol = Symbol::Keines;
+    Leerlage m_lage;
     QLabel *m_bild;
     QLabel *m_titel;
     QLabel *m_zeile;

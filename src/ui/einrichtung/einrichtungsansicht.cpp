@@ -11,7 +11,6 @@
 #include "kleiderordnung.h"
 #include "leeransicht.h"
 #include "liste.h"
-#include "pfade.h"
 #include "profilleiste.h"
 #include "profilwahl.h"
 #include "sprache.h"
@@ -70,26 +69,17 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
 QWidget *EinrichtungsAnsicht::erststart()
 {
     auto *ansicht = new Leeransicht(nullptr, u"erstesProfil"_s, Knopfart::Haupt);
-    ansicht->setzen(Symbol::GrossOrdner, Sprache::text(u"Aus einem Stapel Scans wird eine geordnete Ablage"_s),
-                    Sprache::text(u"Quillmar liest gescannte Briefe auf diesem Rechner, schlägt Name und Ordner vor "
-                                  "und legt ab, sobald du zustimmst."_s),
-                    Sprache::text(u"Erstes Profil anlegen"_s));
-    ansicht->setzeZusatz(
-        {gefuellt(Sprache::text(u"Einstellungen und Katalog liegen in %@."_s), {kurzpfad(Profilwahl::datenordner())}),
-         Sprache::text(u"Deine Dokumente bleiben, wo sie sind, bis du den ersten Vorschlag übernimmst."_s)});
+    ansicht->setzen(Symbol::GrossOrdner, ohneProfil());
     connect(ansicht, &Leeransicht::gedrueckt, m_zustand->profilwahl(), &Profilwahl::neuesProfil);
     Kette *inhalt = spalte({{ansicht, 1}});
-    if (const QString kopie = m_zustand->profilwahl()->unlesbareProfile(); !kopie.isEmpty()) {
-        auto *hinweis = new Hinweisfeld(
-            Symbol::Warnung,
-            gefuellt(Sprache::text(u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@"_s),
-                     {kurzpfad(kopie)}) +
-                u". "_s + Sprache::text(u"Die Kataloge der Profile und deine Dokumente sind nicht davon betroffen."_s),
-            {{.name = u"unlesbareProfileZeigen"_s,
-              .text = Sprache::text(u"Ordner öffnen"_s),
-              .hilfe = Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s)}});
+    if (const QString verlust = profilverlust(*m_zustand->profilwahl()); !verlust.isEmpty()) {
+        auto *hinweis = new Hinweisfeld(Symbol::Warnung, verlust,
+                                        {{.name = u"unlesbareProfileZeigen"_s,
+                                          .text = Sprache::text(u"Ordner öffnen"_s),
+                                          .hilfe = Sprache::text(u"Öffnet den Ordner in der Dateiverwaltung"_s)}});
         hinweis->setObjectName(u"unlesbareProfile"_s);
-        connect(hinweis, &Hinweisfeld::gedrueckt, this, [kopie] { Dateiverwaltung::zeigen(kopie); });
+        connect(hinweis, &Hinweisfeld::gedrueckt, this,
+                [this] { Dateiverwaltung::zeigen(m_zustand->profilwahl()->unlesbareProfile()); });
         inhalt->insertWidget(0, hinweis);
     }
     auto *seite = fuellen(new QWidget, inhalt, Abstand::Rand, Abstand::Rand);

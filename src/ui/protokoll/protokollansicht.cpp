@@ -53,9 +53,10 @@ ProtokollAnsicht::ProtokollAnsicht(Zustand *zustand, QWidget *eltern)
 QWidget *ProtokollAnsicht::karte()
 {
     auto *leere = new Leeransicht;
-    leere->setzen(Symbol::GrossUhr, Sprache::text(u"Keine Sitzung gewählt"_s),
-                  Sprache::text(u"Wähle links ein Protokoll aus. Hier steht dann jede einzelne Bewegung dieser "
-                                "Sitzung, bevor du entscheidest."_s));
+    leere->setzen(Symbol::GrossUhr,
+                  {Sprache::text(u"Keine Sitzung gewählt"_s),
+                   Sprache::text(u"Wähle links ein Protokoll aus. Hier steht dann jede einzelne Bewegung dieser "
+                                 "Sitzung, bevor du entscheidest."_s)});
     m_rechts->addWidget(leere);
     m_rechts->addWidget(bewegungsteil());
     m_teiler = new Teiler(m_sitzungen, m_rechts);
