@@ -80,10 +80,11 @@ private:
             return 0;
         const bool warnung = Schrift(stelle.data(Wortart).toInt()) == Schrift::Warnung;
         maler.setFont(Stil::schrift(Schrift::Neben));
-        const QFontMetrics erste(Stil::schrift(Schrift::Halbfett));
-        const int beide = maler.fontMetrics().horizontalAdvance(wort) + abstand(Abstand::Feld) +
-                          erste.horizontalAdvance(stelle.data().toString());
-        if (stelle.data(Zeilentat).toInt() != int(Symbol::Keines) && beide > flaeche.width())
+        const auto beide = [&] {
+            return maler.fontMetrics().horizontalAdvance(wort) + abstand(Abstand::Feld) +
+                   QFontMetrics(Stil::schrift(Schrift::Halbfett)).horizontalAdvance(stelle.data().toString());
+        };
+        if (stelle.data(Zeilentat).toInt() != int(Symbol::Keines) && beide() > flaeche.width())
             return 0;
         maler.setPen(warnung ? Farben::farbe(Farben::Bedeutung::Fehler, palette) : Farben::nebenfarbe(palette, grund));
         const QString gezeigt = maler.fontMetrics().elidedText(wort, Qt::ElideRight, flaeche.width() / 2);
