@@ -47,8 +47,7 @@ constexpr auto auffrischung = 3s;
 constexpr auto laengstesWarten = 300ms; // for a catalogue that is slow to open
 constexpr auto schluesselOrt = "fenster"_L1;
 
-/** The cards take the room there is. None of them is asked how much it wants, which the line below would do all the
- * time. */
+/** Nobody asks the cards how much room they want: the line below would do so at every change of its own. */
 class Kartenstapel : public QStackedWidget
 {
 public:

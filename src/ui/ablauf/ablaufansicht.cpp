@@ -293,6 +293,9 @@ void AblaufAnsicht::zahlenZeigen()
 void AblaufAnsicht::listenZeigen()
 {
     const Nacharbeit &n = m_zustand->durchgang()->nacharbeit();
+    ausraeumenZeigen();
+    if (std::exchange(m_gezeigte, n) == n)
+        return; // a run tells of its progress many times a second
     QList<Listenzeile> gescheiterte;
     for (const auto &g : n.gescheiterte)
         gescheiterte << Listenzeile{.kennung = g.id, .erste = g.name, .zweite = g.grund, .wort = g.ordner};
@@ -307,7 +310,6 @@ void AblaufAnsicht::listenZeigen()
     m_dubletten.titel->setText(gefuellt(Sprache::text(dubletten.size(), u"%@ Dublette"_s, u"%@ Dubletten"_s),
                                         {QString::number(dubletten.size())}));
     m_dubletten.traeger->setVisible(!dubletten.isEmpty());
-    ausraeumenZeigen();
 }
 
 void AblaufAnsicht::ausraeumenZeigen()

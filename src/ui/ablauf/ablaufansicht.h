@@ -71,6 +71,7 @@ private:
     QPushButton *m_ausraeumen;
     Nacharbeitsteil m_gescheiterte;
     Nacharbeitsteil m_dubletten;
+    std::optional<Nacharbeit> m_gezeigte;             ///< in the lists of the two
     Durchgang::Art m_fraglich = Durchgang::Art::Ganz; ///< the run that the question is about
 };
 } // namespace quillmar::ablauf

@@ -74,8 +74,7 @@ void setzeAnteil(QProgressBar *balken, double anteil);
 /** A line between two areas. */
 [[nodiscard]] QWidget *linie(Qt::Orientation richtung = Qt::Horizontal);
 
-/** @p inhalt, which scrolls up and down where it is too high, also to what gets the
- * focus: without a frame or a ground of its own. */
+/** @p inhalt without a frame or a ground of its own; where it is too high it scrolls, also to what gets the focus. */
 [[nodiscard]] QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern = nullptr);
 
 /** Scrolling past a choice or a number must not change it unnoticed: over @p feld the wheel goes on to what scrolls. */

@@ -225,8 +225,8 @@ void Liste::focusInEvent(QFocusEvent *ereignis)
     QListView::focusInEvent(ereignis);
     const bool vor = ereignis->reason() == Qt::TabFocusReason;
     if (model()->rowCount() == 0 && (vor || ereignis->reason() == Qt::BacktabFocusReason))
-        focusNextPrevChild(vor);           // nothing here to be seen that has it
-    if (!selectionModel()->hasSelection()) // the base makes a row the current one without choosing it
+        return void(focusNextPrevChild(vor)); // nothing here to be seen that has it
+    if (!selectionModel()->hasSelection())    // the base makes a row the current one without choosing it
         setCurrentIndex(currentIndex().isValid() ? currentIndex() : indexAt({1, 1}));
     if (ereignis->reason() != Qt::MouseFocusReason)
         zeileZeigen();
@@ -242,7 +242,7 @@ void Liste::currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher)
 void Liste::zeileZeigen()
 {
     const QRect zeile = visualRect(currentIndex());
-    for (QWidget *teil = parentWidget(); teil && hasFocus(); teil = teil->parentWidget())
+    for (QWidget *teil = parentWidget(); teil && hasFocus() && zeile.isValid(); teil = teil->parentWidget())
         if (auto *rollen = qobject_cast<QScrollArea *>(teil))
             rollen->ensureVisible(0, viewport()->mapTo(rollen->widget(), zeile.center()).y(), 0, zeile.height());
 }

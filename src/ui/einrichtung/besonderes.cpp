@@ -36,8 +36,7 @@ Liste *listeBauen(const QString &name, const QString &ansage, int hoechstens, QW
     return liste;
 }
 
-/** Shows what @p bilden makes of @p neu, if that is not @p gezeigt already: there may be many, and it is asked often.
- */
+/** Shows what @p bilden makes of @p neu, unless it is @p gezeigt: there may be many, and it is asked often. */
 template <typename Quelle, typename Bilden>
 void zeigen(Liste *liste, Quelle &gezeigt, const Quelle &neu, Bilden bilden)
 {
