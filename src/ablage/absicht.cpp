@@ -142,5 +142,25 @@ Status statusZurueck(const Protokollzeile &zeile)
     return vorher == Status::Unbekannt ? Status::Bereit : vorher;
 }
 
-QString absichtsdatei(const Datenbank &db) { return Katalog::pfad(db) + u".absicht"_s; }
+QString absichtsdatei(const Datenbank &db) { return absichtsdatei(Katalog::pfad(db)); }
+
+QString absichtsdatei(const QString &katalog) { return katalog + u".absicht"_s; }
+
+QList<Absicht> letzteAbsichten(const QList<QByteArray> &zeilen, QList<QByteArray> &fremde)
+{
+    QHash<QString, qsizetype> stellen;
+    QList<Absicht> absichten;
+    for (const QByteArray &zeile : zeilen) {
+        const auto absicht = Absicht::aus(zeile);
+        if (!absicht) {
+            fremde << zeile;
+        } else if (const auto stelle = stellen.constFind(absicht->vorgang); stelle != stellen.cend()) {
+            absichten[*stelle] = *absicht;
+        } else {
+            stellen.insert(absicht->vorgang, absichten.size());
+            absichten << *absicht;
+        }
+    }
+    return absichten;
+}
 } // namespace quillmar::ablage

@@ -51,4 +51,12 @@ struct Absicht {
 
 /** The intent file of a catalogue. */
 [[nodiscard]] QString absichtsdatei(const Datenbank &db);
+[[nodiscard]] QString absichtsdatei(const QString &katalog);
+
+/**
+ * The movements that @p zeilen announce, in the order of beginning. One that had to try several names has a line for
+ * each: the last one counts. Lines of a later version, or damaged ones, come to @p fremde: they are not ours to throw
+ * away.
+ */
+[[nodiscard]] QList<Absicht> letzteAbsichten(const QList<QByteArray> &zeilen, QList<QByteArray> &fremde);
 } // namespace quillmar::ablage

@@ -11,7 +11,6 @@
 #include "sprache.h"
 #include "text.h"
 
-#include <QHash>
 #include <QUuid>
 #include <algorithm>
 
@@ -28,7 +27,7 @@ Absichtsdatei dateiNehmen(const Datenbank &db)
 {
     // Found out before, not by a movement there and back.
     if (Katalog::nurLesen(db))
-        throw Fehler(Katalog::nichtBeschreibbar());
+        throw Fehler(Katalog::schreibmangel(db));
     auto datei = Absichtsdatei::oeffnen(absichtsdatei(db), geduld);
     if (!datei)
         throw Fehler(
@@ -80,28 +79,9 @@ QStringList Bewegungsgang::klaeren(const std::shared_ptr<Datenbank> &db)
     return namen;
 }
 
-/** A movement that had to try several names has a line for each: the last one counts, in the order of beginning. */
-QList<Absicht> Bewegungsgang::letzteAbsichten()
-{
-    QHash<QString, qsizetype> stellen;
-    QList<Absicht> absichten;
-    for (const QByteArray &zeile : m_datei.zeilen()) {
-        const auto absicht = Absicht::aus(zeile);
-        if (!absicht) {
-            m_offene << zeile; // of a later version or damaged: not ours to throw away
-        } else if (const auto stelle = stellen.constFind(absicht->vorgang); stelle != stellen.cend()) {
-            absichten[*stelle] = *absicht;
-        } else {
-            stellen.insert(absicht->vorgang, absichten.size());
-            absichten << *absicht;
-        }
-    }
-    return absichten;
-}
-
 void Bewegungsgang::offenesKlaeren()
 {
-    for (const Absicht &absicht : letzteAbsichten()) {
+    for (const Absicht &absicht : letzteAbsichten(m_datei.zeilen(), m_offene)) {
         try {
             if (!geklaert(absicht))
                 m_offene << absicht.json();

@@ -52,7 +52,6 @@ public:
 
 private:
     Bewegungsgang(std::shared_ptr<Datenbank> db, Absichtsdatei datei);
-    [[nodiscard]] QList<Absicht> letzteAbsichten();
     void offenesKlaeren();
     [[nodiscard]] bool geklaert(const Absicht &absicht);
     [[nodiscard]] bool nachgeholt(const Absicht &absicht);

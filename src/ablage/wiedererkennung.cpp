@@ -25,14 +25,13 @@ bool Wiedererkennung::istDieselbe(Datenbank &db, qint64 id, const QString &pfad)
     const auto jetzt = Dateibewegung::angabenVon(pfad);
     if (!bekannt || !jetzt || bekannt->sha256.isEmpty())
         return true;
-    if (bekannt->geprueft && vergleich(*bekannt, jetzt->groesse, jetzt->zeit) == Vergleich::Dieselbe)
-        return true;
     const QString summe = sha256Datei(aufDerPlatte(pfad));
     if (summe.isNull())
         throw Fehler(Sprache::text(u"Die Datei lässt sich nicht lesen und mit der gelesenen vergleichen"_s));
     if (summe != bekannt->sha256)
         return false;
-    Dateien(db).standNotieren(id, jetzt->groesse, jetzt->zeit, true);
+    if (!bekannt->geprueft || vergleich(*bekannt, jetzt->groesse, jetzt->zeit) != Vergleich::Dieselbe)
+        Dateien(db).standNotieren(id, jetzt->groesse, jetzt->zeit, true);
     return true;
 }
 

@@ -7,7 +7,8 @@ namespace quillmar::ablage
 {
 /**
  * Whether a file is still the one that a document was read from. With every digest the size and modification time of
- * the file are noted: while they are the same the file is taken for the same, else its bytes decide.
+ * the file are noted: for taking stock a file is the same while they are, and else its bytes decide. Before it is moved
+ * its bytes decide in any case: what the catalogue says may be wrong as well.
  */
 namespace Wiedererkennung
 {
@@ -20,8 +21,8 @@ enum class Vergleich {
 [[nodiscard]] Vergleich vergleich(const Dateinotiz &stand, qint64 groesse, qint64 geaendert);
 
 /**
- * The file at @p pfad is the one that document @p id was read from; reads it where size and time do not tell, and notes
- * what it has found then. Throws Fehler when it cannot be read.
+ * The file at @p pfad is the one that document @p id was read from, by its digest; its size and time are noted where
+ * they are others by now. True for one without a digest. Throws Fehler when it cannot be read.
  */
 [[nodiscard]] bool istDieselbe(Datenbank &db, qint64 id, const QString &pfad);
 

@@ -97,7 +97,7 @@ Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &aus
 {
     try {
         if (Katalog::nurLesen(lauf.db()))
-            return angehalten(Katalog::nichtBeschreibbar());
+            return angehalten(Katalog::schreibmangel(lauf.db()));
         const auto sperre = Sperrdatei::nehmen(Katalog::pfad(lauf.db()) + u".lauf"_s, 0ms);
         if (!sperre)
             return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));

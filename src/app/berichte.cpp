@@ -2,6 +2,7 @@
 #include "ausgabe.h"
 #include "dokumente.h"
 #include "einordnung.h"
+#include "katalog.h"
 #include "kommandozeile.h"
 #include "lernspeicher.h"
 #include "text.h"
@@ -54,7 +55,12 @@ void Kommandozeile::bestandDrucken(const Ablagewerk &werk)
 void Kommandozeile::bericht(Datenbank &db, const Ablagewerk &werk)
 {
     Guete g;
-    Dokumente(db).jedesBereite([&](const Dokument &d) { g.dazu(d, werk.dateiname(d)); });
+    try {
+        Dokumente(db).jedesBereite([&](const Dokument &d) { g.dazu(d, werk.dateiname(d)); });
+    } catch (const Katalogfehler &f) {
+        Ausgabe::melden(f.text());
+        Ausgabe::melden(u"Der Bericht nennt nur, was sich lesen ließ"_s);
+    }
     if (g.anzahl == 0)
         return;
     const QString alle = QString::number(g.anzahl);

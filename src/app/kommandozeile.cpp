@@ -41,12 +41,23 @@ void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
     }
 }
 
-std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil)
+/** The command is there to change something. */
+bool schreibt(const QStringList &argumente)
+{
+    static const QStringList schreibende = {u"--analyse"_s, u"--selbsttest"_s, u"--anwenden"_s};
+    return std::any_of(schreibende.begin(), schreibende.end(), [&](const QString &b) { return argumente.contains(b); });
+}
+
+/** Null when it does not open, or when it is damaged and the command would write. */
+std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil, bool zumSchreiben)
 {
     try {
-        auto db = Katalog::oeffnen(Profilspeicher::katalogDatei(profil));
+        auto db = Katalog::oeffnen(Profilspeicher::katalogDatei(profil),
+                                   zumSchreiben ? Katalog::Vorpruefung::Immer : Katalog::Vorpruefung::NachAbsturz);
         if (Katalog::nurLesen(*db))
-            Ausgabe::melden(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
+            Ausgabe::melden(Katalog::nurLesenSatz(*db));
+        if (Katalog::zugang(*db) == Zugang::Beschaedigt)
+            return zumSchreiben ? nullptr : db;
         absturzKlaeren(db);
         return db;
     } catch (const Fehler &f) {
@@ -87,6 +98,15 @@ void strukturErgaenzen(Profil &profil, const QList<Profil> &liste)
                      {QString::number(profil.zweige.size()), QString::number(rubriken)}));
 }
 
+void oderMelden(const std::function<void()> &arbeit)
+{
+    try {
+        arbeit();
+    } catch (const Fehler &f) {
+        Ausgabe::melden(f.text());
+    }
+}
+
 void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &db, const Profil &profil)
 {
     const bool anwenden = argumente.contains("--anwenden"_L1);
@@ -101,17 +121,8 @@ void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &
     if (argumente.contains("--analyse"_L1))
         Kommandozeile::analysieren(db, profil, argumente.contains("--erneut"_L1));
     const Ablagewerk werk(db, profil);
-    Kommandozeile::bestandDrucken(werk);
-    Kommandozeile::bericht(*db, werk);
-}
-
-void ausfuehrenOderMelden(const QStringList &argumente, const std::shared_ptr<Datenbank> &db, const Profil &profil)
-{
-    try {
-        ausfuehren(argumente, db, profil);
-    } catch (const Fehler &f) {
-        Ausgabe::melden(f.text());
-    }
+    oderMelden([&] { Kommandozeile::bestandDrucken(werk); }); // each part for itself: one may be read, the other not
+    oderMelden([&] { Kommandozeile::bericht(*db, werk); });
 }
 } // namespace
 
@@ -139,11 +150,12 @@ void Kommandozeile::laufen(const QStringList &argumente)
     if (!profil)
         return drucken(u"Profil nicht gefunden"_s);
     drucken(gefuellt(u"Profil: %@"_s, {profil->name}));
-    const auto db = katalogOeffnen(*profil);
+    const auto db = katalogOeffnen(*profil, schreibt(argumente));
     if (!db)
         return;
-    ausnahmenAnwenden(*db, *profil);
+    if (Katalog::zugang(*db) != Zugang::Beschaedigt)
+        ausnahmenAnwenden(*db, *profil);
     strukturErgaenzen(*profil, liste);
-    ausfuehrenOderMelden(argumente, db, *profil);
+    oderMelden([&] { ausfuehren(argumente, db, *profil); });
 }
 } // namespace quillmar::app

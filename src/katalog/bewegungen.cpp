@@ -95,6 +95,13 @@ bool Bewegungen::istEingetragen(qint64 hinter, qint64 dokument, const QString &v
                        {hinter, dokument, von, nach});
 }
 
+void Bewegungen::jedeBestehende(const std::function<void(const Bewegung &)> &besuch) const
+{
+    m_db.besuchen(u"SELECT p.*, n.name FROM protokoll p LEFT JOIN schreibweisen n ON n.protokoll_id=p.id\n"
+                  "WHERE p.rueckgaengig=0 ORDER BY p.id DESC"_s,
+                  {}, [&](const Zeile &z) { besuch(bewegungAus(z)); });
+}
+
 std::optional<Bewegungen::Stand> Bewegungen::stand(qint64 id) const
 {
     return m_db.eine(standauswahl + u"WHERE p.id=?"_s, {id}, standAus);

@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 namespace quillmar::katalog
@@ -49,6 +50,9 @@ public:
     [[nodiscard]] bool istZurueck(qint64 id) const;
     /** A movement of the document between these places stands behind the row @p hinter. */
     [[nodiscard]] bool istEingetragen(qint64 hinter, qint64 dokument, const QString &von, const QString &nach) const;
+
+    /** All that were not turned back, newest first. */
+    void jedeBestehende(const std::function<void(const Bewegung &)> &besuch) const;
 
     /** A movement beside what has become of its document. */
     struct Stand {

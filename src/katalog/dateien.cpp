@@ -21,6 +21,15 @@ Dateinotiz standAus(const Zeile &z)
             .notiert = z.ganz(u"notiert") == 1,
             .geprueft = z.ganz(u"geprueft") == 1};
 }
+
+/** For a new row: nothing, which lets SQLite choose, unless numbers above all that are there were given out before. */
+const QString nummer = u"(SELECT bis+1 FROM vergebene_nummern\n"
+                       "WHERE bis>=(SELECT coalesce(MAX(id),0) FROM dokumente))"_s;
+
+Dateien::Verzeichnetes verzeichnetesAus(const Zeile &z)
+{
+    return {.id = z.ganz(u"id"), .pfad = z.text(u"pfad"), .sha256 = z.text(u"sha256")};
+}
 } // namespace
 
 Dateien::Verzeichnis Dateien::verzeichnis() const
@@ -63,9 +72,42 @@ QStringList Dateien::offeneUnter(const QString &ordner) const
 bool Dateien::aufnehmen(const Fund &f, qint64 seit)
 {
     // Not what has been moved away from there since the walk began: the next inventory looks again.
-    return m_db.schreiben(u"INSERT OR IGNORE INTO dokumente (pfad, dateiname, alt_ordner, groesse)\n"
-                          "SELECT ?,?,?,? WHERE NOT EXISTS (SELECT 1 FROM protokoll WHERE id>? AND von_pfad=?)"_s,
+    return m_db.schreiben(u"INSERT OR IGNORE INTO dokumente (id, pfad, dateiname, alt_ordner, groesse)\n"
+                          "SELECT "_s +
+                              nummer +
+                              u",?,?,?,? WHERE NOT EXISTS (SELECT 1 FROM protokoll WHERE id>? AND von_pfad=?)"_s,
                           {f.pfad, f.name, f.ordner, f.groesse, seit, f.pfad}) > 0;
+}
+
+std::optional<Dateien::Verzeichnetes> Dateien::anPfad(const QString &pfad) const
+{
+    return m_db.eine(u"SELECT id, pfad, sha256 FROM dokumente WHERE pfad=?"_s, {pfad}, verzeichnetesAus);
+}
+
+std::optional<Dateien::Verzeichnetes> Dateien::mitNummer(qint64 id) const
+{
+    return m_db.eine(u"SELECT id, pfad, sha256 FROM dokumente WHERE id=?"_s, {id}, verzeichnetesAus);
+}
+
+qint64 Dateien::nachtragen(qint64 id, const Fund &f, const QString &summe)
+{
+    const bool frei = id > 0 && !mitNummer(id);
+    const QVariant pfad = f.pfad.isEmpty() ? QVariant() : QVariant(f.pfad);
+    m_db.schreiben(u"INSERT INTO dokumente (id, pfad, dateiname, alt_ordner, groesse, sha256) VALUES ("_s +
+                       (frei ? QString::number(id) : nummer) + u",?,?,?,?,?)"_s,
+                   {pfad, f.name, f.ordner, f.groesse, summe});
+    return frei ? id : m_db.zahl(u"SELECT MAX(id) n FROM dokumente"_s);
+}
+
+void Dateien::nummernVergeben(qint64 bis)
+{
+    Transaktion t(m_db);
+    m_db.schreiben(u"INSERT INTO vergebene_nummern (bis) VALUES (max(?, coalesce((SELECT MAX(bis) FROM\n"
+                   "vergebene_nummern),0)))"_s,
+                   {bis});
+    m_db.schreiben(u"DELETE FROM vergebene_nummern WHERE bis<(SELECT MAX(bis) FROM vergebene_nummern) OR\n"
+                   "rowid<(SELECT MAX(rowid) FROM vergebene_nummern)"_s);
+    t.abschliessen();
 }
 
 void Dateien::standNotieren(qint64 id, qint64 groesse, qint64 geaendert, bool geprueft)
@@ -154,9 +196,9 @@ void Dateien::ersetzen(qint64 id, qint64 groesse)
     for (const Zeile &z :
          m_db.lesen(u"SELECT pfad, dateiname, alt_ordner FROM dokumente WHERE id=? AND pfad IS NOT NULL"_s, {id})) {
         if (pfadFreigeben(id, z.text(u"pfad")))
-            m_db.schreiben(
-                u"INSERT OR IGNORE INTO dokumente (pfad, dateiname, alt_ordner, groesse)\nVALUES (?,?,?,?)"_s,
-                {z.text(u"pfad"), z.text(u"dateiname"), z.text(u"alt_ordner"), groesse});
+            m_db.schreiben(u"INSERT OR IGNORE INTO dokumente (id, pfad, dateiname, alt_ordner, groesse)\nVALUES ("_s +
+                               nummer + u",?,?,?,?)"_s,
+                           {z.text(u"pfad"), z.text(u"dateiname"), z.text(u"alt_ordner"), groesse});
     }
     t.abschliessen();
 }

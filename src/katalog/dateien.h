@@ -57,6 +57,19 @@ public:
     };
     /** Takes it in, unless a movement after @p seit has taken it away from there. Returns whether it did. */
     bool aufnehmen(const Fund &fund, qint64 seit);
+    /** A document as a log line finds it. */
+    struct Verzeichnetes {
+        qint64 id = 0;
+        QString pfad; ///< empty if it has none
+        QString sha256;
+    };
+    [[nodiscard]] std::optional<Verzeichnetes> anPfad(const QString &pfad) const;
+    [[nodiscard]] std::optional<Verzeichnetes> mitNummer(qint64 id) const;
+    /** A document that only a log tells of, with the number @p id where that is free; @p fund.pfad may be empty. */
+    qint64 nachtragen(qint64 id, const Fund &fund, const QString &summe);
+    /** Numbers up to @p bis are named elsewhere and are not given out any more. */
+    void nummernVergeben(qint64 bis);
+
     /** The state in which the file was when its digest was formed (@p geprueft), or was merely seen. */
     void standNotieren(qint64 id, qint64 groesse, qint64 geaendert, bool geprueft);
     /** The document that lies at @p fund now is read already and has the digest @p summe. */

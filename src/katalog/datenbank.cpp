@@ -1,7 +1,9 @@
 #include "datenbank.h"
 
+#include "katalogpruefung.h"
 #include "pfade.h"
 #include "schema.h"
+#include "sicherungen.h"
 #include "sprache.h"
 #include "text.h"
 
@@ -117,18 +119,22 @@ void Datenbank::Schliesser::operator()(sqlite3 *griff) const noexcept { sqlite3_
 
 void Datenbank::Finalisierer::operator()(sqlite3_stmt *anweisung) const noexcept { sqlite3_finalize(anweisung); }
 
-Datenbank::Datenbank(const QString &pfad) : m_pfad(pfad)
+Datenbank::Datenbank(const QString &pfad, bool sichern) : m_pfad(pfad)
 {
     const QString ordner = QFileInfo(pfad).absolutePath();
     if (!QDir().mkpath(ordner))
         throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {ordner}));
     neuFuerDenBesitzer(pfad);
-    if (!griffOeffnen({}) && !zumLesenOeffnen())
+    if (Katalogpruefung::istVermerkt(pfad))
+        m_zugang = Zugang::Beschaedigt;
+    if (!griffOeffnen({}) && !zumLesenOeffnen() && !beschaedigtOeffnen())
         throw Fehler(gefuellt(Sprache::text(u"Datenbank lässt sich nicht öffnen: %@"_s), {pfad}));
-    if (!m_nurLesen)
-        einrichten();
-    if (m_nurLesen)
+    if (m_zugang == Zugang::Schreiben)
+        einrichten(sichern);
+    if (m_zugang != Zugang::Schreiben)
         fehlendesErsetzen();
+    if (m_zugang == Zugang::Beschaedigt)
+        nichtsMehrSchreiben();
 }
 
 Datenbank::~Datenbank() { m_bereit.clear(); }
@@ -147,35 +153,103 @@ bool Datenbank::griffOeffnen(const QString &zusatz)
         return false;
     // Before the first statement, so that two programs may open a new catalogue at once.
     sqlite3_busy_timeout(griff, int(std::chrono::milliseconds(geduld).count()));
+    if (m_zugang == Zugang::Beschaedigt) // lets a file be read that has been cut off; nothing is written into it
+        sqlite3_exec(griff, "PRAGMA writable_schema=ON", nullptr, nullptr, nullptr);
     const Anweisung schema =
         vorbereiten(u"SELECT COUNT(*), COUNT(*) FILTER (WHERE name='dokumente') FROM sqlite_master"_s, {});
     if (!schema || sqlite3_step(schema.get()) != SQLITE_ROW)
         return false;
-    return sqlite3_column_int(schema.get(), 0) == 0 || sqlite3_column_int(schema.get(), 1) > 0;
+    m_neu = sqlite3_column_int(schema.get(), 0) == 0;
+    if (!m_neu)
+        return sqlite3_column_int(schema.get(), 1) > 0;
+    // One whose list of tables is lost is no new one.
+    const QList<Zeile> seiten = abfragen(u"PRAGMA page_count"_s);
+    return !seiten.isEmpty() && seiten.first().ganz(u"page_count") <= 1;
 }
 
 /** Second try for a disk on which not even the side files can be made. Never past a journal that still holds rows. */
 bool Datenbank::zumLesenOeffnen()
 {
-    if (QFileInfo(m_pfad + u"-wal"_s).size() > 0 || QFileInfo(m_pfad).size() == 0)
+    if (m_zugang == Zugang::Beschaedigt || QFileInfo(m_pfad + u"-wal"_s).size() > 0 || QFileInfo(m_pfad).size() == 0)
         return false;
-    m_nurLesen = true;
+    m_zugang = Zugang::Unbeschreibbar;
     return griffOeffnen(u"?immutable=1"_s);
 }
 
-void Datenbank::einrichten()
+/** Third try for a catalogue of which parts can be read. */
+bool Datenbank::beschaedigtOeffnen()
+{
+    if (QFileInfo(m_pfad).size() == 0)
+        return false;
+    m_zugang = Zugang::Beschaedigt;
+    if (!griffOeffnen({}))
+        return false;
+    Katalogpruefung::vermerken(m_pfad);
+    return true;
+}
+
+void Datenbank::einrichten(bool sichern)
 {
     ausfuehren(u"PRAGMA journal_mode=WAL;"_s);
     ausfuehren(u"PRAGMA busy_timeout=60000;"_s);
     ausfuehren(u"PRAGMA foreign_keys=ON;"_s);
     ausfuehren(u"PRAGMA synchronous=FULL;"_s);
-    anlegen();
-    m_nurLesen = !istBeschreibbar();
+    m_zugang = umformen(sichern);
+    if (m_zugang == Zugang::Schreiben && !istBeschreibbar())
+        m_zugang = Zugang::Unbeschreibbar;
     if (abfragen(u"SELECT 1 FROM sqlite_master WHERE name='dokumente'"_s).isEmpty())
         throw Fehler(gefuellt(Sprache::text(u"Datenbank lässt sich nicht öffnen: %@"_s), {m_pfad}));
     nurFuerDenBesitzer(m_pfad);
     // From here on waiting is done in slices, outside the queue.
     sqlite3_busy_timeout(m_griff.get(), 0);
+}
+
+/** Brings the tables into their present form; a catalogue that others may need as it is now is copied before. */
+Zugang Datenbank::umformen(bool sichern)
+{
+    if (hatForm())
+        return Zugang::Schreiben;
+    if (!m_neu && !istBeschreibbar())
+        return Zugang::Unbeschreibbar;
+    try {
+        if (sichern && !m_neu && !Sicherungen::anlegen(m_pfad, {}, geduld))
+            return Zugang::Ungesichert;
+    } catch (const Fehler &) {
+        return Zugang::Ungesichert;
+    }
+    anlegen();
+    return Zugang::Schreiben;
+}
+
+bool Datenbank::hatForm()
+{
+    QSet<QString> vorhanden;
+    for (const Zeile &z : abfragen(u"SELECT name FROM sqlite_master"_s))
+        vorhanden.insert(z.text(u"name"));
+    const QStringList namen = schemaNamen();
+    const QList<Zeile> spalten =
+        abfragen(u"SELECT (SELECT COUNT(*) FROM pragma_table_info('protokoll') WHERE name='kopiert')\n"
+                 "+ (SELECT COUNT(*) FROM pragma_table_info('dokumente')\n"
+                 "WHERE name IN ('ausgenommen','gelernt_von')) AS n"_s);
+    return std::all_of(namen.begin(), namen.end(), [&](const QString &name) { return vorhanden.contains(name); }) &&
+           !spalten.isEmpty() && spalten.first().ganz(u"n") == 3;
+}
+
+void Datenbank::sperren()
+{
+    m_zugang = Zugang::Beschaedigt;
+    Katalogpruefung::vermerken(m_pfad);
+    Q_UNUSED(mitGeduld([this] {
+        nichtsMehrSchreiben();
+        return SQLITE_OK;
+    }));
+}
+
+/** Not even what stands in the journal, when it is closed. */
+void Datenbank::nichtsMehrSchreiben()
+{
+    sqlite3_exec(m_griff.get(), "PRAGMA query_only=ON", nullptr, nullptr, nullptr);
+    sqlite3_db_config(m_griff.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
 void Datenbank::anlegen()
@@ -317,15 +391,19 @@ int Datenbank::schreiben(const QString &sql, const QVariantList &parameter)
         return ergebnis;
     });
     if (code != SQLITE_OK)
-        scheitern(code, Katalog::nichtBeschreibbar());
+        scheitern(code, Katalog::schreibmangel(*this));
     return anzahl;
 }
 
 void Datenbank::scheitern(int code, const QString &satz)
 {
     const Warteschlange::Platz platz(m_schlange); // the message is the connection's own
-    throw Katalogfehler(satz, QString::fromUtf8(sqlite3_errstr(code)) + u": "_s +
-                                  QString::fromUtf8(sqlite3_errmsg(m_griff.get())));
+    const bool schaden = (code & 0xff) == SQLITE_CORRUPT || (code & 0xff) == SQLITE_NOTADB;
+    if (schaden)
+        sperren();
+    throw Katalogfehler(schaden ? Katalog::schreibmangel(*this) : satz,
+                        QString::fromUtf8(sqlite3_errstr(code)) + u": "_s +
+                            QString::fromUtf8(sqlite3_errmsg(m_griff.get())));
 }
 
 bool Datenbank::gibtEs(const QString &sql, const QVariantList &parameter) { return !lesen(sql, parameter).isEmpty(); }

@@ -1,22 +1,74 @@
 #include "katalog.h"
 
 #include "datenbank.h"
+#include "katalogpruefung.h"
+#include "katalogtausch.h"
 #include "sprache.h"
 
+#include <QFileInfo>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmar::katalog
 {
-std::shared_ptr<Datenbank> Katalog::oeffnen(const QString &pfad) { return std::make_shared<Datenbank>(pfad); }
+namespace
+{
+QString beschaedigt()
+{
+    return Sprache::text(u"Der Katalog ist beschädigt und wird nur noch gelesen. Im Fenster, Karte Einrichtung, lässt "
+                         "sich eine Sicherung einsetzen"_s);
+}
+} // namespace
+
+std::shared_ptr<Datenbank> Katalog::oeffnen(const QString &pfad, Vorpruefung pruefung)
+{
+    using Katalogpruefung::Befund;
+    Katalogtausch::klaeren(pfad);
+    const bool verdaechtig = Katalogpruefung::istNachAbsturz(pfad) || Katalogpruefung::istVermerkt(pfad);
+    if (QFileInfo(pfad).size() > 0 && (verdaechtig || pruefung == Vorpruefung::Immer)) {
+        const Befund befund = Katalogpruefung::pruefen(pfad);
+        if (befund == Befund::Beschaedigt)
+            Katalogpruefung::vermerken(pfad);
+        else if (befund == Befund::Heil)
+            Katalogpruefung::vermerkStreichen(pfad);
+    }
+    return std::make_shared<Datenbank>(pfad);
+}
+
+std::shared_ptr<Datenbank> Katalog::ungesichertOeffnen(const QString &pfad)
+{
+    return std::make_shared<Datenbank>(pfad, false);
+}
 
 const QString &Katalog::pfad(const Datenbank &db) { return db.pfad(); }
 
-bool Katalog::nurLesen(const Datenbank &db) { return db.nurLesen(); }
+Zugang Katalog::zugang(const Datenbank &db) { return db.zugang(); }
 
-QString Katalog::nichtBeschreibbar()
+bool Katalog::nurLesen(const Datenbank &db) { return db.zugang() != Zugang::Schreiben; }
+
+void Katalog::sperren(Datenbank &db) { db.sperren(); }
+
+QString Katalog::nurLesenSatz(const Datenbank &db)
 {
+    switch (db.zugang()) {
+    case Zugang::Beschaedigt:
+        return beschaedigt();
+    case Zugang::Ungesichert:
+        return Sprache::text(u"Der Katalog ist von einer früheren Fassung, lässt sich vor der Umstellung nicht sichern "
+                             "und ist nur zum Lesen geöffnet. Ist die Platte voll?"_s);
+    case Zugang::Unbeschreibbar:
+        return Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
+    case Zugang::Schreiben:
+        break;
+    }
+    return {};
+}
+
+QString Katalog::schreibmangel(const Datenbank &db)
+{
+    if (db.zugang() == Zugang::Beschaedigt || db.zugang() == Zugang::Ungesichert)
+        return nurLesenSatz(db);
     return Sprache::text(u"Der Katalog lässt sich nicht beschreiben. Ist die Platte voll oder schreibgeschützt?"_s);
 }
 

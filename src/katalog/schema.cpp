@@ -1,5 +1,7 @@
 #include "schema.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace quillmar::katalog
@@ -75,6 +77,8 @@ const QList<QString> &schemaAnweisungen()
         "    id INTEGER PRIMARY KEY, tat_id INTEGER, dokument_id INTEGER,\n"
         "    alt_status TEXT, neu_status TEXT, protokoll_id INTEGER\n"
         ");"_s,
+        // Up to which number documents are named in logs that tell of more than the catalogue does.
+        u"CREATE TABLE IF NOT EXISTS vergebene_nummern (bis INTEGER);"_s,
         u"CREATE INDEX IF NOT EXISTS i_tatposten ON tatposten(tat_id);"_s,
         u"CREATE INDEX IF NOT EXISTS i_tatbewegung ON tatposten(protokoll_id);"_s,
         // Movements and deeds that could not be taken back once; the next time they are passed over.
@@ -91,5 +95,16 @@ const QString &schemaNachgeprueft()
 {
     static const QString anweisung = u"CREATE TABLE nachgeprueft (dokument_id INTEGER PRIMARY KEY);"_s;
     return anweisung;
+}
+
+QStringList schemaNamen()
+{
+    static const QRegularExpression neues(u"CREATE (?:TABLE|INDEX) (?:IF NOT EXISTS )?(\\w+)"_s);
+    QStringList namen;
+    for (const QString &sql : schemaAnweisungen() + QList<QString>{schemaNachgeprueft()}) {
+        for (const auto &treffer : neues.globalMatch(sql))
+            namen << treffer.captured(1);
+    }
+    return namen;
 }
 } // namespace quillmar::katalog

@@ -9,7 +9,7 @@ namespace quillmar::katalog
 Transaktion::Transaktion(Datenbank &db) : m_db(db)
 {
     if (db.beginnen(m_innere) != 0)
-        throw Katalogfehler(Katalog::nichtBeschreibbar(), u"transaction"_s);
+        throw Katalogfehler(Katalog::schreibmangel(m_db), u"transaction"_s);
 }
 
 Transaktion::~Transaktion()
@@ -23,7 +23,7 @@ Transaktion::~Transaktion()
 void Transaktion::abschliessen()
 {
     if (m_db.ausfuehren(m_innere ? u"RELEASE stufe"_s : u"COMMIT"_s) != 0)
-        throw Katalogfehler(Katalog::nichtBeschreibbar(), u"transaction"_s);
+        throw Katalogfehler(Katalog::schreibmangel(m_db), u"transaction"_s);
     m_offen = false;
     m_db.schlange().verlassen();
 }

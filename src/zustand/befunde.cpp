@@ -296,6 +296,18 @@ Befund Befunde::gleichungen(const Einrichtungslage &lage)
                                  "Namen ein."_s));
 }
 
+Befund Befunde::sicherung(const Einrichtungslage &lage)
+{
+    const Katalogstand &stand = lage.stand.katalog;
+    if (!stand.mangel.isEmpty())
+        return warnung(stand.mangel);
+    if (stand.sicherungen.isEmpty())
+        return erklaerung(Sprache::text(u"Noch keine. Die erste entsteht, sobald der Katalog geprüft ist."_s));
+    return gut(gefuellt(Sprache::text(stand.sicherungen.size(), u"%@ Sicherung, die letzte vom %@."_s,
+                                      u"%@ Sicherungen, die letzte vom %@."_s),
+                        {zahl(stand.sicherungen.size()), zeitpunkt(stand.sicherungen.first())}));
+}
+
 QString fussnote(Abschnitt abschnitt, const Einrichtungslage &lage)
 {
     const Strukturzahlen &z = lage.stand.zahlen;

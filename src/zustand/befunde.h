@@ -41,6 +41,9 @@ namespace Befunde
 // What was learned
 [[nodiscard]] Befund zuordnungen(const Einrichtungslage &lage);
 [[nodiscard]] Befund gleichungen(const Einrichtungslage &lage);
+
+/** When the catalogue was copied last, or why it was not. */
+[[nodiscard]] Befund sicherung(const Einrichtungslage &lage);
 } // namespace Befunde
 
 /** What holds for a section as a whole and stands below it; empty for nothing. */

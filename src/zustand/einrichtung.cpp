@@ -5,6 +5,7 @@
 #include "durchgang.h"
 #include "fehlersatz.h"
 #include "katalog.h"
+#include "katalogpflege.h"
 #include "lernspeicher.h"
 #include "meldestelle.h"
 #include "modelldienst.h"
@@ -67,6 +68,10 @@ Einrichtung::Einrichtung(const Nachbarn &nachbarn)
         if (!m_stand.beispiel && m_nachbarn.pruefung->zaehlwerk().bereit > 0)
             anderesBeispiel();
     });
+    connect(m_nachbarn.katalogpflege, &Katalogpflege::geaendert, this, [this] {
+        m_stand.katalog = m_nachbarn.katalogpflege->stand();
+        Q_EMIT einrichtungGeaendert();
+    });
     connect(&m_struktur, &Strukturlesung::gelesen, this, &Einrichtung::einrichtungGeaendert);
     connect(&m_struktur, &Strukturlesung::geordnet, this, &Einrichtung::strukturGeaendert);
     staendeVerfolgen();
@@ -93,6 +98,7 @@ void Einrichtung::wechseln()
     m_zaehlung.verwerfen();
     auto programme = std::exchange(m_stand, {}).programme;
     m_stand.programme = std::move(programme);
+    m_stand.katalog = m_nachbarn.katalogpflege->stand();
     m_struktur.wechseln();
     einrichtungPruefen();
 }

@@ -17,6 +17,7 @@ class Lernspeicher;
 namespace quillmar::zustand
 {
 class Durchgang;
+class Katalogpflege;
 class Meldestelle;
 class Modelldienst;
 class Profilwahl;
@@ -32,6 +33,7 @@ public:
     struct Nachbarn {
         Meldestelle *meldestelle;
         Profilwahl *profilwahl;
+        Katalogpflege *katalogpflege;
         Modelldienst *modelldienst;
         Pruefung *pruefung;
         Durchgang *durchgang;

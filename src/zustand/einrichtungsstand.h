@@ -2,6 +2,7 @@
 
 #include "dokument.h"
 #include "eintrag.h"
+#include "katalogstand.h"
 #include "namensraeume.h"
 #include "struktur_vergleich.h"
 
@@ -87,6 +88,7 @@ struct Einrichtungsstand {
     Strukturzahlen zahlen;
     Lernstand gelerntes;
     std::optional<Dokument> beispiel;
+    Katalogstand katalog;
 };
 
 /**

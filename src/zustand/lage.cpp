@@ -89,7 +89,7 @@ Lage lage(const Zustand &zustand, const QString &notiz)
     const Ausfuehrung *tun = zustand.ausfuehrung();
     const Sitzungen *sitzungen = zustand.sitzungen();
     if (zustand.profilwahl()->oeffnet())
-        return {.stufe = Sprache::text(u"Der Katalog wird geöffnet"_s)};
+        return {.stufe = zustand.profilwahl()->oeffnungssatz()};
     if (sitzungen->rueckbauLaeuft())
         return {.stufe = sitzungen->rueckbauMeldung(), .anteil = sitzungen->rueckbauAnteil()};
     if (!tun->vorgang().isEmpty())
@@ -104,8 +104,9 @@ Lage lage(const Zustand &zustand, const QString &notiz)
 QString katalogfehlersatz(const Profilwahl &profilwahl)
 {
     return gefuellt(Sprache::text(u"%@\n%@\nSchließe andere Programme, die ihn benutzen, und versuche es noch einmal. "
-                                  "Ist er beschädigt, lege die Datei beiseite: Dann beginnt ein neuer Katalog. Deine "
-                                  "Dokumente bleiben, wo sie sind."_s),
+                                  "Ist er beschädigt, setze auf der Karte Einrichtung eine Sicherung ein, oder lege "
+                                  "die Datei beiseite: Dann beginnt ein neuer Katalog. Deine Dokumente bleiben, wo sie "
+                                  "sind."_s),
                     {kurzpfad(profilwahl.katalogdatei()), profilwahl.katalogfehler()});
 }
 
@@ -146,7 +147,7 @@ Leerlage ohneKatalog(const Profilwahl &profilwahl)
 Leerlage nichtsZuPruefen(const Zustand &zustand)
 {
     if (zustand.profilwahl()->oeffnet())
-        return {.titel = Sprache::text(u"Der Katalog wird geöffnet"_s)};
+        return {.titel = zustand.profilwahl()->oeffnungssatz()};
     if (!zustand.profilwahl()->offen())
         return ohneKatalog(*zustand.profilwahl());
     Leerlage leere{.titel = Sprache::text(u"Nichts zu prüfen"_s), .zeile = leerzeile(zustand)};

@@ -8,13 +8,20 @@
 #include "profilspeicher.h"
 #include "sprache.h"
 #include "text.h"
+#include "wiederherstellung.h"
+
+#include <thread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace quillmar::zustand
 {
 namespace
 {
+constexpr auto geduld = 30s;
+constexpr auto scheibe = 10ms;
+
 /** Runs what may fail without keeping the catalogue from being used, and collects what it has to say. */
 void versuchen(QStringList &hinweise, const std::function<QStringList()> &arbeit)
 {
@@ -46,12 +53,27 @@ QStringList ausnahmenDurchsetzen(Datenbank &db, const Profil &profil)
     return teile;
 }
 
+Oeffnung Oeffnung::mitSicherung(const Profil &profil, const QString &datei, const QStringList &andere,
+                                const std::function<bool()> &frei)
+{
+    const auto ende = std::chrono::steady_clock::now() + geduld;
+    while (!frei()) {
+        if (std::chrono::steady_clock::now() > ende)
+            throw Fehler(Sprache::text(u"Der Katalog wird noch benutzt. Bitte gleich noch einmal versuchen."_s));
+        std::this_thread::sleep_for(scheibe);
+    }
+    const auto ergebnis = Wiederherstellung::einsetzen(Profilspeicher::katalogDatei(profil), datei, profil, andere);
+    Oeffnung o = von(profil);
+    o.hinweise.prepend(ergebnis.satz());
+    return o;
+}
+
 Oeffnung Oeffnung::von(const Profil &profil)
 {
     Oeffnung o;
     o.db = Katalog::oeffnen(Profilspeicher::katalogDatei(profil));
     if (Katalog::nurLesen(*o.db)) {
-        o.hinweise << Sprache::text(u"Der Katalog lässt sich nicht beschreiben und ist nur zum Lesen geöffnet"_s);
+        o.hinweise << Katalog::nurLesenSatz(*o.db);
     } else {
         versuchen(o.hinweise, [&] { return bewegungenKlaeren(o.db); });
         versuchen(o.hinweise, [&] {

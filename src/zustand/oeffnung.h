@@ -4,6 +4,8 @@
 #include "entwuerfe.h"
 #include "namensraeume.h"
 
+#include <functional>
+
 namespace quillmar::zustand
 {
 /** A freshly opened catalogue with what the interface shows first. */
@@ -18,6 +20,12 @@ struct Oeffnung {
      * up to a minute while another program holds the catalogue. Throws Fehler when it cannot be opened.
      */
     [[nodiscard]] static Oeffnung von(const Profil &profil);
+    /**
+     * The same after the copy @p datei has taken the catalogue's place; see Wiederherstellung. Waits until nobody in
+     * this program uses the former one any more, which @p frei tells.
+     */
+    [[nodiscard]] static Oeffnung mitSicherung(const Profil &profil, const QString &datei, const QStringList &andere,
+                                               const std::function<bool()> &frei);
 };
 
 /** Applies the exclusion rules; the sentences say what changed by it. Throws Fehler when the catalogue is not writable.

@@ -82,17 +82,22 @@ void Profilwahl::aktivieren(const QUuid &id)
 
 void Profilwahl::oeffnen(const Profil &profil)
 {
-    m_oeffnung.stellen([profil] { return Oeffnung::von(profil); },
-                       [this, id = profil.id](const Ausgang<Oeffnung> &ausgang) {
-                           if (ausgang.wert) {
-                               geoeffnet(id, *ausgang.wert);
-                           } else {
-                               const QString satz = fehlersatz(ausgang.fehler);
-                               m_katalogfehler = m_offenes ? QString() : satz; // else the former one stays in use
-                               m_meldestelle->melden(satz);
-                           }
-                           Q_EMIT oeffnetGeaendert();
-                       });
+    m_setztEin = false;
+    oeffnen(profil.id, [profil] { return Oeffnung::von(profil); });
+}
+
+void Profilwahl::oeffnen(const QUuid &id, const std::function<Oeffnung()> &arbeit)
+{
+    m_oeffnung.stellen(arbeit, [this, id](const Ausgang<Oeffnung> &ausgang) {
+        if (ausgang.wert) {
+            geoeffnet(id, *ausgang.wert);
+        } else {
+            const QString satz = fehlersatz(ausgang.fehler);
+            m_katalogfehler = m_offenes ? QString() : satz; // else the former one stays in use
+            m_meldestelle->melden(satz);
+        }
+        Q_EMIT oeffnetGeaendert();
+    });
     m_katalogfehler.clear();
     Q_EMIT oeffnetGeaendert();
 }
@@ -138,6 +143,34 @@ void Profilwahl::erneutOeffnen()
 {
     if (m_geschlossenes && !oeffnet())
         oeffnen(*m_geschlossenes);
+}
+
+QString Profilwahl::oeffnungssatz() const
+{
+    return m_setztEin ? Sprache::text(u"Die Sicherung wird eingesetzt"_s)
+                      : Sprache::text(u"Der Katalog wird geöffnet"_s);
+}
+
+void Profilwahl::sicherungEinsetzen(const QString &datei)
+{
+    if (!aktiv() || oeffnet())
+        return;
+    if (m_inArbeit || (m_offenes && m_offenes->analyse()->laeuft()))
+        return m_meldestelle->melden(Sprache::text(u"Das geht erst, wenn fertig ist, was gerade läuft"_s));
+    const Profil profil = *aktiv();
+    QStringList andere;
+    for (const Profil &p : std::as_const(m_profile)) {
+        if (p.id != profil.id)
+            andere << p.name;
+    }
+    const std::weak_ptr<Datenbank> benutzter = m_offenes ? m_offenes->db() : nullptr;
+    schliessen();
+    m_geschlossenes = profil;
+    Q_EMIT aktivGeaendert();
+    m_setztEin = true;
+    oeffnen(profil.id, [profil, datei, andere, benutzter] {
+        return Oeffnung::mitSicherung(profil, datei, andere, [benutzter] { return benutzter.expired(); });
+    });
 }
 
 void Profilwahl::neuesProfil()

@@ -36,6 +36,8 @@ public:
     /** Makes the profile with @p id active. If its catalogue does not open, the former profile stays. */
     void aktivieren(const QUuid &id);
     void erneutOeffnen();
+    /** Has the copy @p datei take the place of the active profile's catalogue. Not while anything is under way. */
+    void sicherungEinsetzen(const QString &datei);
     void neuesProfil();
     /** The active profile with other settings: takes effect at once and is saved. */
     void setzeProfil(const Profil &profil);
@@ -52,6 +54,8 @@ public:
 
     /** A catalogue is being opened; everything still belongs to the former one. */
     [[nodiscard]] bool oeffnet() const { return m_oeffnung.laeuft(); }
+    /** What that is, for the user. */
+    [[nodiscard]] QString oeffnungssatz() const;
     /** Why the active profile's catalogue did not open, for the user; empty while one is open or being opened. */
     [[nodiscard]] const QString &katalogfehler() const { return m_katalogfehler; }
     [[nodiscard]] QString katalogdatei() const;
@@ -83,6 +87,7 @@ Q_SIGNALS:
 
 private:
     void oeffnen(const Profil &profil);
+    void oeffnen(const QUuid &id, const std::function<Oeffnung()> &arbeit);
     void geoeffnet(const QUuid &id, const Oeffnung &oeffnung);
     void wechseln(std::unique_ptr<OffenesProfil> neues);
     void schliessen();
@@ -102,5 +107,6 @@ private:
     std::optional<Bereitschaft> m_bereitschaft;
     Anfrage m_bereitschaftsfrage;
     bool m_inArbeit = false;
+    bool m_setztEin = false; ///< the opening under way began with a copy
 };
 } // namespace quillmar::zustand

@@ -5,6 +5,7 @@
 #include "einrichtung.h"
 #include "einstellungen.h"
 #include "hintergrund.h"
+#include "katalogpflege.h"
 #include "modelldienst.h"
 #include "profilwahl.h"
 #include "pruefung.h"
@@ -38,6 +39,7 @@ double gespeicherteTeilung()
 Zustand::Zustand(QObject *vater)
     : QObject(vater), m_meldestelle(std::make_unique<Meldestelle>()),
       m_profilwahl(std::make_unique<Profilwahl>(m_meldestelle.get())),
+      m_katalogpflege(std::make_unique<Katalogpflege>(m_profilwahl.get(), m_meldestelle.get())),
       m_modelldienst(std::make_unique<Modelldienst>(m_profilwahl.get())),
       m_pruefung(std::make_unique<Pruefung>(m_profilwahl.get(), m_meldestelle.get())),
       m_ausfuehrung(std::make_unique<Ausfuehrung>(m_profilwahl.get(), m_pruefung.get(), m_meldestelle.get())),
@@ -46,6 +48,7 @@ Zustand::Zustand(QObject *vater)
       m_sitzungen(std::make_unique<Sitzungen>(m_profilwahl.get(), m_pruefung.get(), m_ausfuehrung.get())),
       m_einrichtung(std::make_unique<Einrichtung>(Einrichtung::Nachbarn{.meldestelle = m_meldestelle.get(),
                                                                         .profilwahl = m_profilwahl.get(),
+                                                                        .katalogpflege = m_katalogpflege.get(),
                                                                         .modelldienst = m_modelldienst.get(),
                                                                         .pruefung = m_pruefung.get(),
                                                                         .durchgang = m_durchgang.get()})),
@@ -61,6 +64,7 @@ Zustand::~Zustand()
     m_sitzungen.reset();
     m_ausfuehrung.reset();
     m_modelldienst.reset();
+    m_katalogpflege.reset();
     m_pruefung->entwuerfeSichern();
     m_durchgang.reset(); // waits for a run: what was to be stopped or stored has been told before
     m_pruefung.reset();

@@ -11,6 +11,7 @@ namespace quillmar::zustand
 class Ausfuehrung;
 class Durchgang;
 class Einrichtung;
+class Katalogpflege;
 class Meldestelle;
 class Modelldienst;
 class Profilwahl;
@@ -36,6 +37,7 @@ public:
 
     [[nodiscard]] Meldestelle *meldestelle() const { return m_meldestelle.get(); }
     [[nodiscard]] Profilwahl *profilwahl() const { return m_profilwahl.get(); }
+    [[nodiscard]] Katalogpflege *katalogpflege() const { return m_katalogpflege.get(); }
     [[nodiscard]] Modelldienst *modelldienst() const { return m_modelldienst.get(); }
     [[nodiscard]] Pruefung *pruefung() const { return m_pruefung.get(); }
     [[nodiscard]] Ausfuehrung *ausfuehrung() const { return m_ausfuehrung.get(); }
@@ -61,6 +63,7 @@ private:
 
     std::unique_ptr<Meldestelle> m_meldestelle;
     std::unique_ptr<Profilwahl> m_profilwahl;
+    std::unique_ptr<Katalogpflege> m_katalogpflege;
     std::unique_ptr<Modelldienst> m_modelldienst;
     std::unique_ptr<Pruefung> m_pruefung;
     std::unique_ptr<Ausfuehrung> m_ausfuehrung;

@@ -58,6 +58,12 @@ void Werkbank::oeffnen()
     m_buch = Protokollbuch::anlegen(m_profil.protokollOrdner, m_profil);
 }
 
+void Werkbank::schliessen()
+{
+    m_buch.reset();
+    m_db.reset();
+}
+
 qint64 Werkbank::dokument(const QString &name, const QByteArray &inhalt, const QString &titel)
 {
     dateiSchreiben(quelle(name), inhalt);
@@ -108,7 +114,9 @@ QStringList Werkbank::reste() const
     return reste.filter(u"/.quillmar-"_s);
 }
 
-QStringList Werkbank::widersprueche() const
+QStringList Werkbank::abgelegte() const { return alleDateien(m_profil.zielWurzel); }
+
+QStringList Werkbank::widerspruecheOhneProtokoll() const
 {
     QStringList liste;
     for (const Zeile &zeile : m_db->abfragen(u"SELECT * FROM dokumente"_s)) {
@@ -117,11 +125,18 @@ QStringList Werkbank::widersprueche() const
             liste << u"%1: %2 fehlt"_s.arg(d.id).arg(d.pfad);
         const QList<Zeile> bewegt = m_db->abfragen(
             u"SELECT * FROM protokoll WHERE dokument_id=? AND rueckgaengig=0 ORDER BY id DESC LIMIT 1"_s, {d.id});
-        if (bewegt.isEmpty() == (d.status == Status::Erledigt || d.status == Status::Aussortiert))
+        const bool nurVermerkt = m_profil.kopieren && d.status == Status::Aussortiert;
+        if (!nurVermerkt && bewegt.isEmpty() == (d.status == Status::Erledigt || d.status == Status::Aussortiert))
             liste << u"%1: Status %2 passt nicht zum Protokoll"_s.arg(d.id).arg(statuswort(d.status));
         if (!bewegt.isEmpty() && !QFile::exists(bewegt.first().text(u"nach_pfad")))
             liste << u"%1: nicht am Zielort"_s.arg(d.id);
     }
+    return liste;
+}
+
+QStringList Werkbank::widersprueche() const
+{
+    QStringList liste = widerspruecheOhneProtokoll();
     // Every movement that the catalogue knows stands in a session log.
     QList<Protokollzeile> zeilen;
     for (const QString &datei : Protokollbuch::dateien(m_profil.protokollOrdner))

@@ -28,6 +28,7 @@ public:
     /** Writes a file into the source folder and takes it into the catalogue, ready to be accepted. */
     qint64 dokument(const QString &name, const QByteArray &inhalt, const QString &titel = QStringLiteral("Abschlag"));
     void oeffnen();
+    void schliessen();
 
     Vollzug uebernehmen(qint64 id, const QString &gegenueber = {});
     Vollzug aussortieren(qint64 id);
@@ -46,6 +47,10 @@ public:
     [[nodiscard]] QStringList reste() const;
     /** What does not agree between catalogue and disk; empty if all does. */
     [[nodiscard]] QStringList widersprueche() const;
+    /** The same where the logs tell of more than the catalogue does. */
+    [[nodiscard]] QStringList widerspruecheOhneProtokoll() const;
+    /** All files below the target root. */
+    [[nodiscard]] QStringList abgelegte() const;
 
 private:
     [[nodiscard]] Ablagewerk werk() const { return {m_db, m_profil, m_buch}; }

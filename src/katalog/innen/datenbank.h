@@ -6,6 +6,7 @@
 #include "wert.h"
 
 #include <QVariant>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -33,10 +34,11 @@ public:
 
     /**
      * Opens the catalogue at @p pfad, or makes it with its folder when there is no file or an empty one. What cannot be
-     * written is opened for reading. Throws Fehler when the file is no catalogue or cannot be opened; it is left as it
-     * is then.
+     * written, or is known to be damaged, is opened for reading. One of an earlier form is copied before it gets the
+     * present one, unless @p sichern says otherwise. Throws Fehler when the file is no catalogue or cannot be opened;
+     * it is left as it is then.
      */
-    explicit Datenbank(const QString &pfad);
+    explicit Datenbank(const QString &pfad, bool sichern = true);
     ~Datenbank();
     Datenbank(const Datenbank &) = delete;
     Datenbank &operator=(const Datenbank &) = delete;
@@ -77,8 +79,10 @@ public:
     [[nodiscard]] QList<qint64> nummern(const QString &sql, const QVariantList &parameter = {});
 
     [[nodiscard]] const QString &pfad() const { return m_pfad; }
-    /** The catalogue could not be opened for writing, or its disk is full. */
-    [[nodiscard]] bool nurLesen() const { return m_nurLesen; }
+    [[nodiscard]] Zugang zugang() const { return m_zugang; }
+    [[nodiscard]] bool nurLesen() const { return m_zugang != Zugang::Schreiben; }
+    /** From now on it is only read, since it was seen to be damaged. */
+    void sperren();
     [[nodiscard]] Warteschlange &schlange() { return m_schlange; }
 
 private:
@@ -92,7 +96,11 @@ private:
 
     bool griffOeffnen(const QString &zusatz);
     bool zumLesenOeffnen();
-    void einrichten();
+    bool beschaedigtOeffnen();
+    void einrichten(bool sichern);
+    [[nodiscard]] Zugang umformen(bool sichern);
+    [[nodiscard]] bool hatForm();
+    void nichtsMehrSchreiben();
     void anlegen();
     void nachgeprueftAnlegen();
     [[nodiscard]] bool istBeschreibbar();
@@ -114,6 +122,7 @@ private:
     Warteschlange m_schlange;
     std::unique_ptr<sqlite3, Schliesser> m_griff;
     std::unordered_map<QString, Anweisung> m_bereit; ///< prepared statements that nobody uses at the moment
-    bool m_nurLesen = false;
+    std::atomic<Zugang> m_zugang = Zugang::Schreiben;
+    bool m_neu = false; ///< there was no table in it
 };
 } // namespace quillmar::katalog

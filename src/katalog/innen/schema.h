@@ -3,7 +3,7 @@
 #include "namensraeume.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 namespace quillmar::katalog
 {
@@ -18,4 +18,7 @@ namespace quillmar::katalog
  * column of dokumente, which is read once, when this table is made.
  */
 [[nodiscard]] const QString &schemaNachgeprueft();
+
+/** Names of the tables and indexes that these statements make. */
+[[nodiscard]] QStringList schemaNamen();
 } // namespace quillmar::katalog

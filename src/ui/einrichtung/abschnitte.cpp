@@ -290,7 +290,11 @@ QList<Abschnittszeile> gelernt(Zustand *, Fenstersprache *)
 {
     return {titel(abschnittTitel(Abschnitt::Gelernt),
                   Sprache::text(u"Was sich das Programm aus deinen Entscheidungen gemerkt hat."_s)),
-            {{}, Feld::Eigenes{gelerntes}}};
+            {{}, Feld::Eigenes{gelerntes}},
+            titel(Sprache::text(u"Sicherungen"_s),
+                  Sprache::text(u"Einmal am Tag wird der Katalog gesichert: was er von den Dokumenten weiß, Vorschläge "
+                                "und Gelerntes. Sieben Sicherungen bleiben. Die Dokumente selbst sind nicht darin."_s)),
+            {{}, Feld::Eigenes{sicherungen}}};
 }
 
 /** A choice of the window itself, which no profile keeps. */

@@ -121,6 +121,8 @@ struct Abschnittszeile {
 [[nodiscard]] Teile ausgelassene(Abschnittsseite &seite, const Abschnittszeile &zeile);
 /** The filing tree with what is new or gone. */
 [[nodiscard]] Teile strukturbaum(Abschnittsseite &seite, const Abschnittszeile &zeile);
+/** The copies of the catalogue, one of which may take its place. */
+[[nodiscard]] Teile sicherungen(Abschnittsseite &seite, const Abschnittszeile &zeile);
 /** What was learned, in two lists, and how it is forgotten. */
 [[nodiscard]] Teile gelerntes(Abschnittsseite &seite, const Abschnittszeile &zeile);
 } // namespace quillmar::einrichtung

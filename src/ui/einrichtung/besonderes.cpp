@@ -4,12 +4,14 @@
 #include "einrichtung.h"
 #include "hinweisfeld.h"
 #include "liste.h"
+#include "profilwahl.h"
 #include "sprache.h"
 #include "stil.h"
 #include "text.h"
 #include "zustand.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -294,6 +296,43 @@ Teile strukturbaum(Abschnittsseite &seite, const Abschnittszeile &)
         kopfzeileRichten(baum);
     });
     seite.ueberAlles(baum);
+    return {};
+}
+
+/** The copies of the catalogue; one of them may take its place, which is asked before. */
+Teile sicherungen(Abschnittsseite &seite, const Abschnittszeile &)
+{
+    auto *wahl = new QComboBox(&seite);
+    QPushButton *einsetzen =
+        knopf(u"sicherungEinsetzen"_s, Sprache::text(u"Sicherung einsetzen …"_s),
+              Sprache::text(u"Setzt die gewählte Sicherung an die Stelle des Katalogs. Es wird vorher gefragt."_s));
+    auto *frage = new Rueckfrage({{.name = u"sicherungEinsetzenJa"_s, .text = Sprache::text(u"Einsetzen"_s)}});
+    Profilwahl *profilwahl = seite.zustand()->profilwahl();
+    QObject::connect(einsetzen, &QPushButton::clicked, frage, [frage, wahl] {
+        frage->fragen(gefuellt(Sprache::text(u"Die Sicherung vom %@ einsetzen? Was seither einsortiert wurde, wird aus "
+                                             "den Protokollen nachgetragen. Vorschläge, Entwürfe und Gelerntes seither "
+                                             "gehen verloren. Der jetzige Katalog bleibt daneben liegen."_s),
+                               {wahl->currentText()}));
+    });
+    QObject::connect(frage, &Rueckfrage::bestaetigt, profilwahl,
+                     [profilwahl, wahl] { profilwahl->sicherungEinsetzen(wahl->currentData().toString()); });
+    seite.zeile({.name = u"sicherung"_s,
+                 .beschriftung = Sprache::text(u"Sicherung"_s),
+                 .hilfe = Sprache::text(u"Kopien des Katalogs, die letzte zuerst."_s),
+                 .befund = Befunde::sicherung},
+                {.feld = wahl, .ganz = reihe({{wahl, 1}, einsetzen})});
+    seite.ueberAlles(frage);
+    seite.folgen([wahl, einsetzen, frage, gezeigt = QList<Sicherung>()](const Einrichtungslage &lage) mutable {
+        const QList<Sicherung> &neue = lage.stand.katalog.sicherungen;
+        if (std::exchange(gezeigt, neue) == neue && wahl->count() == neue.size())
+            return;
+        frage->schliessen(); // the one that was asked about may be another now
+        wahl->clear();
+        for (const Sicherung &sicherung : neue)
+            wahl->addItem(zeitpunkt(sicherung), sicherung.datei);
+        wahl->setEnabled(!neue.isEmpty());
+        einsetzen->setEnabled(!neue.isEmpty());
+    });
     return {};
 }
 

@@ -8,6 +8,7 @@
 #include "durchgang.h"
 #include "einrichtung.h"
 #include "hinweisfeld.h"
+#include "katalogpflege.h"
 #include "kleiderordnung.h"
 #include "leeransicht.h"
 #include "liste.h"
@@ -41,7 +42,10 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
       m_zeilen(new Listenmodell(this)), m_seiten(new QStackedWidget),
       m_katalogfehler(
           new Hinweisfeld(Symbol::Warnung, {},
-                          {{.name = u"katalogErneutOeffnen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}})),
+                          {{.name = u"katalogErneutOeffnen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)},
+                           {.name = u"letzteSicherungEinsetzen"_s,
+                            .text = {},
+                            .hilfe = Sprache::text(u"Der jetzige Katalog bleibt daneben liegen"_s)}})),
       m_weiter(hauptknopf(u"weiter"_s)),
       m_grund(new Textschild(Textschild::Art::Umbruch, Schrift::Neben, u"weiter-grund"_s))
 {
@@ -56,7 +60,7 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
     connect(m_zustand->profilwahl(), &Profilwahl::oeffnetGeaendert, this, &EinrichtungsAnsicht::zeigen);
     connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &EinrichtungsAnsicht::weiterZeigen);
     connect(m_weiter, &QPushButton::clicked, this, &EinrichtungsAnsicht::weiter);
-    connect(m_katalogfehler, &Hinweisfeld::gedrueckt, m_zustand->profilwahl(), &Profilwahl::erneutOeffnen);
+    connect(m_katalogfehler, &Hinweisfeld::gedrueckt, this, &EinrichtungsAnsicht::katalogRetten);
     connect(m_zustand->einrichtung(), &Einrichtung::spracheVorbereitet, this,
             [](const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); });
     Stil::folgen(this, [this] {
@@ -149,13 +153,33 @@ void EinrichtungsAnsicht::zeigen()
     setFocusProxy(da ? static_cast<QWidget *>(m_liste) : m_stapel->widget(0));
     if (gewechselt && isVisible())
         setFocus();
-    const Profilwahl &wahl = *m_zustand->profilwahl();
-    m_katalogfehler->setVisible(!wahl.katalogfehler().isEmpty());
-    m_katalogfehler->setzeText(
-        gefuellt(Sprache::text(u"Der Katalog lässt sich nicht öffnen: %@"_s), {katalogfehlersatz(wahl)}));
+    katalogratZeigen();
     m_seiten->setCurrentIndex(int(m_zustand->einrichtung()->abschnitt()));
     abschnitteZeigen();
     weiterZeigen();
+}
+
+/** What is wrong with the catalogue, and the ways on. */
+void EinrichtungsAnsicht::katalogratZeigen()
+{
+    const Profilwahl &wahl = *m_zustand->profilwahl();
+    const bool zu = !wahl.oeffnet() && !wahl.katalogfehler().isEmpty();
+    const Katalograt rat = katalograt(zu ? katalogfehlersatz(wahl) : QString(), m_zustand->katalogpflege()->stand());
+    m_katalogfehler->setVisible(!rat.satz.isEmpty());
+    m_katalogfehler->setzeText(rat.satz);
+    m_katalogfehler->knopf(0)->setVisible(rat.nochmals);
+    m_katalogfehler->knopf(1)->setVisible(!rat.knopf.isEmpty());
+    m_katalogfehler->knopf(1)->setText(rat.knopf);
+}
+
+void EinrichtungsAnsicht::katalogRetten(int antwort)
+{
+    Profilwahl *wahl = m_zustand->profilwahl();
+    const QList<Sicherung> &sicherungen = m_zustand->katalogpflege()->stand().sicherungen;
+    if (antwort == 0)
+        wahl->erneutOeffnen();
+    else if (!sicherungen.isEmpty())
+        wahl->sicherungEinsetzen(sicherungen.first().datei);
 }
 
 /** A mark for the state of each section, its title and one line of what is set. */

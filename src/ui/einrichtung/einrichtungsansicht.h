@@ -30,6 +30,8 @@ private:
     void anordnen(bool eng);
     [[nodiscard]] bool passt() const;
     void zeigen();
+    void katalogratZeigen();
+    void katalogRetten(int antwort);
     void abschnitteZeigen();
     void weiterZeigen();
     void weiter();

@@ -1,0 +1,24 @@
+#include "nurlesend.h"
+
+#include <sqlite3.h>
+
+namespace quillmar::katalog
+{
+namespace
+{
+constexpr int geduld = 60'000; // milliseconds, for a file that another program has locked
+}
+
+void Verbindungsende::operator()(sqlite3 *griff) const noexcept { sqlite3_close_v2(griff); }
+
+Nurlesend nurLesendOeffnen(const QString &pfad)
+{
+    sqlite3 *griff = nullptr;
+    const int code = sqlite3_open_v2(pfad.toUtf8().constData(), &griff, SQLITE_OPEN_READONLY, nullptr);
+    Nurlesend verbindung(griff);
+    if (code != SQLITE_OK)
+        return {};
+    sqlite3_busy_timeout(griff, geduld);
+    return verbindung;
+}
+} // namespace quillmar::katalog
