@@ -2,10 +2,13 @@
 
 #include "ausfuehrung.h"
 #include "bremse.h"
+#include "datenbank.h"
 #include "durchgang.h"
 #include "einrichtung.h"
 #include "hauptfenster.h"
+#include "katalogpflege.h"
 #include "modelldienst.h"
+#include "offenesprofil.h"
 #include "profilwahl.h"
 #include "programmordner.h"
 #include "protokollbuch.h"
@@ -298,6 +301,32 @@ void gelernt(Zustand &zustand, Hauptfenster &fenster)
     abschnitt(Abschnitt::Gelernt)(zustand, fenster);
 }
 
+/** An index of the catalogue's file loses its page, and the profile is opened anew. */
+void beschaedigt(Zustand &zustand, Hauptfenster &)
+{
+    genesen(zustand);
+    zustand.setzeReiter(Reiter::Einrichtung);
+    zustand.einrichtung()->setzeAbschnitt(Abschnitt::Gelernt);
+    if (zustand.katalogpflege()->stand().zugang == Zugang::Beschaedigt)
+        return;
+    laufenBis([&] { return !zustand.katalogpflege()->stand().sicherungen.isEmpty(); });
+    Profilwahl *wahl = zustand.profilwahl();
+    const QUuid profil = wahl->aktiv()->id;
+    const QString katalog = wahl->katalogdatei();
+    const qint64 seite = wahl->offenes()->db()->zahl(u"SELECT rootpage AS n FROM sqlite_master WHERE name='i_thash'"_s);
+    wahl->neuesProfil();
+    laufenBis([&] { return wahl->kannHandeln() && wahl->aktiv()->id != profil; });
+    QFile datei(katalog);
+    if (datei.open(QIODevice::ReadWrite) && datei.seek((seite - 1) * 4096))
+        datei.write(QByteArray(4096, 0));
+    datei.close();
+    const QUuid leeres = wahl->aktiv()->id;
+    wahl->aktivieren(profil);
+    laufenBis([&] { return zustand.katalogpflege()->stand().zugang == Zugang::Beschaedigt; });
+    wahl->profilEntfernen(leeres);
+    zustand.einrichtung()->setzeAbschnitt(Abschnitt::Gelernt);
+}
+
 void erststart(Zustand &zustand, Hauptfenster &)
 {
     genesen(zustand);
@@ -395,6 +424,7 @@ QList<Buehnenbild> buehnenbilder()
     alle += varianten(u"protokoll-rueckbau"_s, rueckbau);
     alle += infobilder();
     alle += maengelbilder();
+    alle += varianten(u"katalog-beschaedigt"_s, beschaedigt);
     alle += varianten(u"erststart"_s, erststart);
     alle += varianten(u"einrichtung-neu"_s, neuesProfil);
     return alle;

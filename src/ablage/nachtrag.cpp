@@ -4,6 +4,7 @@
 #include "bewegungen.h"
 #include "dateibewegung.h"
 #include "dokumente.h"
+#include "papierkorb.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "sha256.h"
@@ -32,10 +33,10 @@ bool istOhneWeg(const Protokollzeile &z) { return z.von == z.nach; }
 
 QString summeVon(const QString &pfad) { return sha256Datei(aufDerPlatte(pfad)); }
 
-/** Back where it was, as the file that the catalogue knows. */
-bool istZurueck(const Bewegung &b, const Dateien::Verzeichnetes &dokument)
+/** The file is no longer where the movement has brought it, and lies where it came from as the catalogue knows it. */
+bool istHeimgekehrt(const Bewegung &b, const Dateien::Verzeichnetes &dokument)
 {
-    return !b.kopiert && b.von != b.nach && dokument.pfad == b.nach && !istVorhanden(b.nach) &&
+    return b.von != b.nach && dokument.pfad == (b.kopiert ? b.von : b.nach) && !istVorhanden(b.nach) &&
            Dateibewegung::angabenVon(b.von) && summeVon(b.von) == dokument.sha256;
 }
 
@@ -169,13 +170,16 @@ void Nachtrag::eintragen(const Protokollzeile &z, qint64 dokument)
         Dokumente(m_db).ortSchreiben(dokument, statusNach(z), z.nach);
 }
 
-/** A copy that is gone may have been put elsewhere by hand; of a moved file the old place tells. */
+/** Of a copy that is gone only the trash can tell that it was taken back, and not put elsewhere by hand. */
 void Nachtrag::ruecknahmenSuchen()
 {
+    const QSet<QString> imKorb = Papierkorb::herkuenfte();
     QList<Bewegung> zurueck;
     Bewegungen(m_db).jedeBestehende([&](const Bewegung &b) {
-        const auto dokument = b.kopiert ? std::nullopt : Dateien(m_db).mitNummer(b.dokument);
-        if (dokument && istZurueck(b, *dokument))
+        if (istVorhanden(b.nach) || (b.kopiert && !imKorb.contains(b.nach)))
+            return;
+        const auto dokument = Dateien(m_db).mitNummer(b.dokument);
+        if (dokument && istHeimgekehrt(b, *dokument))
             zurueck << b;
     });
     for (const Bewegung &b : std::as_const(zurueck)) {

@@ -44,8 +44,11 @@ void absturzKlaeren(const std::shared_ptr<Datenbank> &db)
 /** The command is there to change something. */
 bool schreibt(const QStringList &argumente)
 {
-    static const QStringList schreibende = {u"--analyse"_s, u"--selbsttest"_s, u"--anwenden"_s};
-    return std::any_of(schreibende.begin(), schreibende.end(), [&](const QString &b) { return argumente.contains(b); });
+    const auto eines = [&](const QStringList &befehle) {
+        return std::any_of(befehle.begin(), befehle.end(), [&](const QString &b) { return argumente.contains(b); });
+    };
+    return eines({u"--analyse"_s, u"--selbsttest"_s}) ||
+           (eines({u"--anwenden"_s}) && eines({u"--gelernt"_s, u"--gegenueber"_s, u"--rechnungen"_s}));
 }
 
 /** Null when it does not open, or when it is damaged and the command would write. */

@@ -4,8 +4,12 @@
 #include "pfade.h"
 #include "platte.h"
 #include "plattenfehler.h"
+#include "text.h"
 
 #include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QUrl>
 #include <cerrno>
@@ -19,6 +23,7 @@ namespace quillmar::grundlage
 namespace
 {
 const QString endung = u".trashinfo"_s;
+constexpr qint64 hoechsterVermerk = 65536;
 
 QString gescheitert() { return QUILLMAR_TEXT(u"Die Kopie ließ sich nicht in den Papierkorb legen"_s); }
 
@@ -97,5 +102,21 @@ void Papierkorb::zurueckholen(const QString &imKorb, const QString &pfad,
         ankuendigung);
     const QString korb = ordnerVon(ordnerVon(imKorb));
     ::unlink(plattenPfad(korb + u"/info/"_s + nameVon(imKorb) + endung).constData());
+}
+
+QSet<QString> Papierkorb::herkuenfte()
+{
+    const QString infos = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Trash/info"_s;
+    QSet<QString> pfade;
+    for (const QFileInfo &vermerk : QDir(infos).entryInfoList({u"*"_s + endung}, QDir::Files)) {
+        QFile datei(vermerk.filePath());
+        if (!datei.open(QIODevice::ReadOnly))
+            continue;
+        for (const QByteArray &zeile : datei.read(hoechsterVermerk).split('\n')) {
+            if (zeile.startsWith("Path="))
+                pfade.insert(nfc(QString::fromUtf8(QByteArray::fromPercentEncoding(zeile.mid(5)))));
+        }
+    }
+    return pfade;
 }
 } // namespace quillmar::grundlage

@@ -16,5 +16,7 @@ namespace Papierkorb
 QString hineinlegen(const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung);
 /** Takes a file out of the trash again, from @p imKorb to @p pfad, which must be free. Throws Fehler. */
 void zurueckholen(const QString &imKorb, const QString &pfad, const Dateibewegung::Ankuendigung &ankuendigung);
+/** Where the files in the trash were, by its notes. */
+[[nodiscard]] QSet<QString> herkuenfte();
 } // namespace Papierkorb
 } // namespace quillmar::grundlage

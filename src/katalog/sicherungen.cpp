@@ -36,7 +36,7 @@ QString stamm(const QString &katalog) { return QFileInfo(katalog).completeBaseNa
 
 std::optional<Sicherung> aus(const QFileInfo &datei, const QString &stamm)
 {
-    static const QRegularExpression muster(u"\\A(.+)-(\\d{6})-(\\d{8}T\\d{6})Z\\.sqlite\\z"_s);
+    static const QRegularExpression muster(u"\\A(.+)-(\\d{6})-(\\d{8}T\\d{6})Z\\.db\\z"_s);
     const auto teile = muster.match(datei.fileName());
     if (!teile.hasMatch() || teile.captured(1) != stamm)
         return std::nullopt;
@@ -50,7 +50,7 @@ QString neuerName(const QString &katalog)
 {
     const QList<Sicherung> bisher = Sicherungen::alle(katalog);
     const int nummer = bisher.isEmpty() ? 1 : bisher.first().nummer + 1;
-    return Sicherungen::ordner(katalog) + u"/%1-%2-%3Z.sqlite"_s.arg(stamm(katalog))
+    return Sicherungen::ordner(katalog) + u"/%1-%2-%3Z.db"_s.arg(stamm(katalog))
                                               .arg(nummer, 6, 10, QChar(u'0'))
                                               .arg(QDateTime::currentDateTimeUtc().toString(zeitformat));
 }
@@ -178,7 +178,7 @@ QString Sicherungen::ordner(const QString &katalog) { return QFileInfo(katalog).
 QList<Sicherung> Sicherungen::alle(const QString &katalog)
 {
     QList<Sicherung> liste;
-    for (const QFileInfo &datei : QDir(ordner(katalog)).entryInfoList({u"*.sqlite"_s}, QDir::Files)) {
+    for (const QFileInfo &datei : QDir(ordner(katalog)).entryInfoList({u"*.db"_s}, QDir::Files)) {
         if (const auto sicherung = aus(datei, stamm(katalog)))
             liste << *sicherung;
     }

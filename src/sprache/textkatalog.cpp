@@ -215,6 +215,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Der Inhalt lässt sich nicht darstellen. Die Datei bleibt, wie sie ist.",
     u"Der Katalog ist beschädigt und wird nur noch gelesen. Im Fenster, Karte Einrichtung, lässt sich eine Sicherung einsetzen",
     u"Der Katalog ist beschädigt und wird nur noch gelesen: Bis eine Sicherung eingesetzt ist, lässt sich nichts einsortieren. Deine Dokumente sind nicht davon betroffen. Was seit der Sicherung einsortiert wurde, wird aus den Protokollen nachgetragen.",
+    u"Der Katalog ist beschädigt.",
     u"Der Katalog ist nicht offen.",
     u"Der Katalog ist von einer früheren Fassung, lässt sich vor der Umstellung nicht sichern und ist nur zum Lesen geöffnet. Ist die Platte voll?",
     u"Der Katalog ließ sich nicht sichern",

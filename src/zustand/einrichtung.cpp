@@ -219,6 +219,8 @@ QString Einrichtung::starthindernis() const
         return Sprache::text(u"Der Katalog ist nicht offen."_s);
     if (m_nachbarn.durchgang->laeuft())
         return Sprache::text(u"Der Durchgang läuft schon."_s);
+    if (m_stand.katalog.zugang == Zugang::Beschaedigt)
+        return Sprache::text(u"Der Katalog ist beschädigt."_s);
     for (const Abschnitt abschnitt : alleAbschnitte()) {
         const Abschnittsstand stand = abschnittsstand(abschnitt);
         if (stand.hindert())

@@ -151,7 +151,7 @@ QString Profilwahl::oeffnungssatz() const
                       : Sprache::text(u"Der Katalog wird geöffnet"_s);
 }
 
-void Profilwahl::sicherungEinsetzen(const QString &datei)
+void Profilwahl::sicherungEinsetzen(QString datei)
 {
     if (!aktiv() || oeffnet())
         return;
@@ -168,7 +168,7 @@ void Profilwahl::sicherungEinsetzen(const QString &datei)
     m_geschlossenes = profil;
     Q_EMIT aktivGeaendert();
     m_setztEin = true;
-    oeffnen(profil.id, [profil, datei, andere, benutzter] {
+    oeffnen(profil.id, [profil, datei = std::move(datei), andere, benutzter] {
         return Oeffnung::mitSicherung(profil, datei, andere, [benutzter] { return benutzter.expired(); });
     });
 }

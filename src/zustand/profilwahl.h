@@ -37,7 +37,7 @@ public:
     void aktivieren(const QUuid &id);
     void erneutOeffnen();
     /** Has the copy @p datei take the place of the active profile's catalogue. Not while anything is under way. */
-    void sicherungEinsetzen(const QString &datei);
+    void sicherungEinsetzen(QString datei);
     void neuesProfil();
     /** The active profile with other settings: takes effect at once and is saved. */
     void setzeProfil(const Profil &profil);

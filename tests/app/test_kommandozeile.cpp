@@ -58,6 +58,8 @@ private Q_SLOTS:
     void profilwahl();
     void kaputterKatalog_data();
     void kaputterKatalog();
+    void beschaedigterKatalog_data();
+    void beschaedigterKatalog();
     void befehleUndIhreReihenfolge();
     void berichtigungen();
     void inzwischenBearbeitet();
@@ -142,6 +144,49 @@ void TestKommandozeile::kaputterKatalog()
     QFile datei(programm.katalog(p));
     QVERIFY(datei.open(QIODevice::ReadOnly));
     QCOMPARE(datei.readAll(), inhalt);
+}
+
+void TestKommandozeile::beschaedigterKatalog_data()
+{
+    QTest::addColumn<QStringList>("befehl");
+    QTest::addColumn<bool>("druckt");
+    QTest::newRow("bericht") << QStringList{u"--bericht"_s} << true;
+    QTest::newRow("gelernt") << QStringList{u"--gelernt"_s} << true;
+    QTest::newRow("analyse") << QStringList{u"--analyse"_s} << false;
+    QTest::newRow("gelernt anwenden") << QStringList{u"--gelernt"_s, u"--anwenden"_s} << false;
+    QTest::newRow("rechnungen anwenden") << QStringList{u"--rechnungen"_s, u"--anwenden"_s} << false;
+    QTest::newRow("selbsttest") << QStringList{u"--selbsttest"_s} << false;
+}
+
+// The index that the exclusions have lost its page; whatever is asked first, nothing is written.
+void TestKommandozeile::beschaedigterKatalog()
+{
+    QFETCH(QStringList, befehl);
+    QFETCH(bool, druckt);
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    Profil p = namens(u"P"_s);
+    p.ausnahmen = {u"1"_s};
+    programm.profileSchreiben({p});
+    qint64 seite = 0;
+    {
+        Datenbank db(programm.katalog(p));
+        bereitesDokument(db, u"Stadtwerke"_s, u"Strom"_s, u"Text"_s);
+        seite = db.zahl(u"SELECT rootpage n FROM sqlite_master WHERE name='i_zaehlen'"_s);
+    }
+    QFile datei(programm.katalog(p));
+    QVERIFY(datei.open(QIODevice::ReadWrite) && datei.seek((seite - 1) * 4096));
+    datei.write(QByteArray(4096, 0));
+    datei.close();
+    QVERIFY(datei.open(QIODevice::ReadOnly));
+    const QByteArray vorher = datei.readAll();
+    const auto ende = programm.laufen(befehl);
+    QVERIFY2(ende.meldungen.contains(u"Der Katalog ist beschädigt"_s), qPrintable(ende.meldungen));
+    QVERIFY2((ende.ausgabe != u"Profil: P\n") == druckt, qPrintable(ende.ausgabe));
+    if (befehl.contains(u"--bericht"_s))
+        QVERIFY2(ende.ausgabe.contains(u"Gegenüber       1 von 1"_s), qPrintable(ende.ausgabe));
+    QVERIFY(datei.seek(0));
+    QCOMPARE(datei.readAll(), vorher);
 }
 
 void TestKommandozeile::befehleUndIhreReihenfolge()

@@ -99,9 +99,9 @@ private Q_SLOTS:
     {
         Datenbank db(m_pfad);
         QDir().mkpath(Sicherungen::ordner(m_pfad));
-        schreiben(Sicherungen::ordner(m_pfad) + u"/k-000001-21000101T000000Z.sqlite"_s, "2100");
-        schreiben(Sicherungen::ordner(m_pfad) + u"/anderer-000009-20200101T000000Z.sqlite"_s, "fremd");
-        schreiben(Sicherungen::ordner(m_pfad) + u"/k-000002-19700101T000000Z.sqlite.teil"_s, "Rest");
+        schreiben(Sicherungen::ordner(m_pfad) + u"/k-000001-21000101T000000Z.db"_s, "2100");
+        schreiben(Sicherungen::ordner(m_pfad) + u"/anderer-000009-20200101T000000Z.db"_s, "fremd");
+        schreiben(Sicherungen::ordner(m_pfad) + u"/k-000002-19700101T000000Z.db.teil"_s, "Rest");
         QVERIFY(Sicherungen::istFaellig(m_pfad, QDateTime::currentDateTime()));
         QVERIFY(!Sicherungen::istFaellig(m_pfad, QDateTime(QDate(2100, 1, 1), QTime(0, 0), Qt::UTC)));
         for (int i = 2; i <= 9; ++i) {
@@ -113,8 +113,8 @@ private Q_SLOTS:
         QCOMPARE(alle.first().nummer, 9);
         QCOMPARE(alle.last().nummer, 3);
         QCOMPARE(texte(alle.first().datei).last(), u"9"_s);
-        QVERIFY(QFile::exists(Sicherungen::ordner(m_pfad) + u"/anderer-000009-20200101T000000Z.sqlite"_s));
-        QVERIFY(!QFile::exists(Sicherungen::ordner(m_pfad) + u"/k-000002-19700101T000000Z.sqlite.teil"_s));
+        QVERIFY(QFile::exists(Sicherungen::ordner(m_pfad) + u"/anderer-000009-20200101T000000Z.db"_s));
+        QVERIFY(!QFile::exists(Sicherungen::ordner(m_pfad) + u"/k-000002-19700101T000000Z.db.teil"_s));
     }
 
     void einandererIstDabei()

@@ -185,7 +185,7 @@ QList<Listenzeile> gleichungen(const Lernstand &stand)
 
 void listeBauen(const Lernliste &vorgabe, Abschnittsseite &seite)
 {
-    Liste *liste = listeBauen(vorgabe.name, vorgabe.beschriftung, 0, &seite);
+    Liste *liste = listeBauen(vorgabe.name, vorgabe.beschriftung, sichtbareZeilen, &seite);
     Einrichtung *einrichtung = seite.zustand()->einrichtung();
     seite.folgen([liste, zeilen = vorgabe.zeilen, stand = Lernstand()](const Einrichtungslage &lage) mutable {
         zeigen(liste, stand, lage.stand.gelerntes, zeilen);
