@@ -79,7 +79,7 @@ void stufen(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
     // Not before: the inventory may refuse the run, and what failed would have lost its reason for nothing.
     if (auftrag.erneut)
         Wiedervorlage::oeffnen(lauf.db(), auftrag.nurDies);
-    Textleser::textLesen(lauf);
+    Textleser::textLesen(lauf, auftrag.grenzen);
     if (auftrag.nurLesen || lauf.sollHalten())
         return;
     Einordner::einordnen(lauf);

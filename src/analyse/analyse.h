@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grenzen.h"
 #include "lauf.h"
 #include "namensraeume.h"
 
@@ -15,6 +16,7 @@ struct Laufauftrag {
     bool erneut = false;           ///< reopen what failed before, once it is certain that the run takes place
     std::optional<qint64> nurDies; ///< of the failed documents reopen only this one
     bool nurLesen = false;         ///< end before the model is asked
+    Lesegrenzen grenzen = {};      ///< for each document
 };
 
 /**

@@ -47,6 +47,12 @@ QStringList Bilderordner::bilder() const
     return pfade;
 }
 
+void Bilderordner::leeren() const
+{
+    for (const QString &bild : bilder())
+        QFile::remove(bild);
+}
+
 void Bilderordner::verwaisteEntfernen()
 {
     const QDir ablage = QDir::temp();

@@ -24,6 +24,8 @@ public:
     [[nodiscard]] QString praefix() const { return m_ort + QStringLiteral("/s"); }
     /** The images, in the order of the pages. */
     [[nodiscard]] QStringList bilder() const;
+    /** Removes the images. */
+    void leeren() const;
 
     /** Removes the folders of this user that a killed program has left: they show pages of his letters. */
     static void verwaisteEntfernen();

@@ -4,6 +4,7 @@
 #include "bilderordner.h"
 #include "dateien.h"
 #include "dubletten.h"
+#include "fehler.h"
 #include "fehlertext.h"
 #include "herkunft.h"
 #include "lauf.h"
@@ -41,11 +42,11 @@ struct Gelesen {
     bool abwesend = false; ///< its file was not there
 };
 
-Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad)
+Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad, const Lesegrenzen &grenzen)
 {
     const Profil &profil = lauf.profil();
     try {
-        const Werkzeuge::Text text = Werkzeuge::text(pfad, profil.seiten, profil.ocrSprache, lauf.ende());
+        const Werkzeuge::Text text = Werkzeuge::text(pfad, profil.seiten, profil.ocrSprache, lauf.ende(), grenzen);
         const Skizze skizze(text.text);
         return {.id = id,
                 .gelesenes = {.text = ersteZeichen(text.text, Textleser::textgrenze(profil)),
@@ -101,7 +102,7 @@ void lesenMelden(Lauf &lauf, qsizetype stand, qsizetype alle)
                      stand, alle);
 }
 
-void alleLesen(Lauf &lauf)
+void alleLesen(Lauf &lauf, const Lesegrenzen &grenzen)
 {
     const Texte texte(lauf.db());
     const QList<qint64> offene = texte.zuLesende();
@@ -112,7 +113,7 @@ void alleLesen(Lauf &lauf)
         if (!pfad)
             continue; // handled or excluded since the list was made
         try {
-            fertige << lesen(lauf, offene.at(i), *pfad);
+            fertige << lesen(lauf, offene.at(i), *pfad, grenzen);
         } catch (const Abbruch &) {
             break; // the program ends; the document in hand stays open
         }
@@ -214,11 +215,11 @@ qsizetype aehnlicheVerbinden(Datenbank &db, const Textvergleich &texte)
 
 qsizetype Textleser::textgrenze(const Profil &profil) { return 3 * qsizetype(profil.maxZeichen); }
 
-void Textleser::textLesen(Lauf &lauf)
+void Textleser::textLesen(Lauf &lauf, const Lesegrenzen &grenzen)
 {
     lauf.stufe(QUILLMAR_TEXT(u"Text lesen"_s));
     Bilderordner::verwaisteEntfernen();
-    alleLesen(lauf);
+    alleLesen(lauf, grenzen);
     if (lauf.sollHalten())
         return;
     lauf.stufe(QUILLMAR_TEXT(u"Ähnliche Dokumente suchen"_s));

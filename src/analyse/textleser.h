@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grenzen.h"
 #include "namensraeume.h"
 
 #include <QtGlobal>
@@ -19,7 +20,10 @@ namespace Textleser
 /** How many characters of a text are stored. */
 [[nodiscard]] qsizetype textgrenze(const Profil &profil);
 
-/** The stage. Throws Fehler when the source folder vanishes or the catalogue cannot be written. */
-void textLesen(Lauf &lauf);
+/**
+ * The stage; @p grenzen are those of each document. Throws Fehler when the source folder vanishes or the catalogue
+ * cannot be written.
+ */
+void textLesen(Lauf &lauf, const Lesegrenzen &grenzen = {});
 } // namespace Textleser
 } // namespace quillmar::analyse

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "fehler.h"
+#include "grenzen.h"
 #include "namensraeume.h"
 
 #include <QByteArray>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
-#include <chrono>
 #include <optional>
 #include <stop_token>
 
@@ -15,17 +15,6 @@ namespace quillmar::analyse
 /** Finds and runs the command-line tools that read PDF files. Everything blocks; call it off the main thread. */
 namespace Werkzeuge
 {
-/** A tool that ended with a failure; its complaint decides what the user is told. */
-class Fehlschlag : public Fehler
-{
-public:
-    Fehlschlag(const QString &text, QByteArray beschwerde) : Fehler(text), m_beschwerde(std::move(beschwerde)) {}
-    [[nodiscard]] const QByteArray &beschwerde() const { return m_beschwerde; }
-
-private:
-    QByteArray m_beschwerde;
-};
-
 /** Folders searched for the tools, in this order, after the program's own. */
 [[nodiscard]] const QStringList &suchorte();
 /** Folder of tools that come with the program; empty if there is none. */
@@ -38,16 +27,11 @@ private:
 [[nodiscard]] QStringList fehlende();
 [[nodiscard]] bool vollstaendig();
 
-/**
- * Runs a tool and returns its standard output. The tool and all it started are killed at @p zeitgrenze, when more than
- * 64 MiB come, when @p ende asks for it, and when the program dies. Throws Fehler when the tool is missing, does not
- * start, runs into a limit or ends with a status other than 0, and Abbruch when it was to end.
- */
-QByteArray starten(const QString &name, const QStringList &argumente, std::chrono::milliseconds zeitgrenze,
+/** What the tools are started with beyond the program's own environment. */
+[[nodiscard]] QProcessEnvironment umgebung();
+/** Runs a tool as a Kindprozess. Throws Fehler when it is missing as well. */
+QByteArray starten(const QString &name, const QStringList &argumente, const Grenzen &grenzen,
                    const std::stop_token &ende = {});
-/** The same for the program at @p pfad, which messages call @p name. */
-QByteArray programmStarten(const QString &pfad, const QString &name, const QStringList &argumente,
-                           std::chrono::milliseconds zeitgrenze, const std::stop_token &ende = {});
 
 /** What a tool printed; empty where it is no UTF-8 throughout. */
 [[nodiscard]] QString alsText(const QByteArray &ausgabe);
@@ -62,6 +46,7 @@ struct Text {
  * Text of the first @p seiten pages of the PDF at @p pdf, trimmed; empty for blank pages. Recognised with the OCR
  * language @p sprache where the text layer has fewer than 120 visible characters. Throws Fehler with the cause.
  */
-[[nodiscard]] Text text(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende = {});
+[[nodiscard]] Text text(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende = {},
+                        const Lesegrenzen &grenzen = {});
 } // namespace Werkzeuge
 } // namespace quillmar::analyse

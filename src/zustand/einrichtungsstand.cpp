@@ -89,7 +89,7 @@ Programmstand Programmstand::pruefen()
           std::pair(u"tesseract"_s, u"tesseract-ocr"_s)})
         stand.werkzeuge << Werkzeug{.name = name, .paket = paket, .pfad = Werkzeuge::pfad(name).value_or(QString())};
     try {
-        stand.sprachen = sprachenAus(Werkzeuge::starten(u"tesseract"_s, {u"--list-langs"_s}, 10s));
+        stand.sprachen = sprachenAus(Werkzeuge::starten(u"tesseract"_s, {u"--list-langs"_s}, {.uhr = 10s}));
     } catch (const Fehler &) {
         return stand; // that it is missing or broken shows in the list being empty
     }

@@ -1,5 +1,6 @@
 #include "abbruch.h"
 #include "bilderordner.h"
+#include "kindprozess.h"
 #include "pdf.h"
 #include "satz.h"
 #include "werkzeuge.h"
@@ -66,12 +67,14 @@ class TestWerkzeuge : public QObject
     Q_OBJECT
     std::unique_ptr<QTemporaryDir> m_ordner;
 
-    [[nodiscard]] QByteArray laufen(const QByteArray &skript, std::chrono::milliseconds grenze = 30s,
+    [[nodiscard]] QByteArray laufen(const QByteArray &skript, const Grenzen &grenzen = {.uhr = 30s},
                                     const std::stop_token &ende = {}) const
     {
         const QString pfad = m_ordner->filePath(u"skript"_s);
         schreiben(pfad, "#!/bin/sh\n" + skript, true);
-        return Werkzeuge::programmStarten(pfad, u"skript"_s, {m_ordner->path()}, grenze, ende);
+        return Kindprozess::ausfuehren(
+            {.pfad = pfad, .name = u"skript"_s, .argumente = {m_ordner->path()}, .umgebung = Werkzeuge::umgebung()},
+            grenzen, ende);
     }
 
     /** The process that a script wrote down is gone. */
@@ -128,7 +131,7 @@ private Q_SLOTS:
         QVERIFY(!Werkzeuge::pfadIn({QString(), u"/fehlt"_s}, u"bin"_s));
         QCOMPARE(Werkzeuge::suchorte().join(u':'), u"/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin"_s);
         QVERIFY(Werkzeuge::vollstaendig() == Werkzeuge::fehlende().isEmpty());
-        QCOMPARE(fehlerVon([] { Werkzeuge::starten(u"gibtesnicht"_s, {}, 1s); }),
+        QCOMPARE(fehlerVon([] { Werkzeuge::starten(u"gibtesnicht"_s, {}, {.uhr = 1s}); }),
                  u"Hilfsprogramm gibtesnicht nicht gefunden"_s);
     }
 
@@ -146,34 +149,49 @@ private Q_SLOTS:
         QTest::addColumn<QString>("erwartet");
         QTest::newRow("Status") << QByteArray("echo halb; exit 3") << 30000 << u"skript ist gescheitert"_s;
         QTest::newRow("Signal") << QByteArray("kill -SEGV $$") << 30000 << u"skript ist gescheitert"_s;
-        QTest::newRow("zu langsam") << QByteArray("sleep 100") << 200 << u"skript hat zu lange gebraucht"_s;
-        QTest::newRow("stellt sich taub") << QByteArray("trap '' TERM INT HUP; while :; do sleep 1; done") << 200
-                                          << u"skript hat zu lange gebraucht"_s;
-        QTest::newRow("schwätzt") << QByteArray("exec cat /dev/zero") << 60000 << u"skript hat zu viel ausgegeben"_s;
+        QTest::newRow("zu langsam") << QByteArray("sleep 100") << 200
+                                    << u"skript hat zu lange gebraucht (Grenze: 1 Sekunde)"_s;
+        QTest::newRow("stellt sich taub") << QByteArray("trap '' TERM INT HUP; while :; do sleep 1; done") << 1200
+                                          << u"skript hat zu lange gebraucht (Grenze: 2 Sekunden)"_s;
+        QTest::newRow("rechnet ohne Ende") << QByteArray("while :; do :; done") << 30000
+                                           << u"skript hat zu viel Rechenzeit gebraucht (Grenze: 1 Sekunde)"_s;
+        QTest::newRow("schwätzt") << QByteArray("exec cat /dev/zero") << 60000
+                                  << u"skript hat zu viel ausgegeben (Grenze: 64 MB)"_s;
         QTest::newRow("klagt ohne Ende") << QByteArray("exec cat /dev/zero >&2") << 1000
-                                         << u"skript hat zu lange gebraucht"_s;
-        QTest::newRow("will zu viel Speicher")
-            << QByteArray("ulimit -v 8000000 || exit 4") << 30000 << u"skript ist gescheitert"_s;
+                                         << u"skript hat zu lange gebraucht (Grenze: 1 Sekunde)"_s;
+        QTest::newRow("hebt die Grenze nicht")
+            << QByteArray("ulimit -v 3000000 || exit 4") << 30000 << u"skript ist gescheitert"_s;
+        // As poppler and C++ programs die of it.
+        QTest::newRow("will zu viel Speicher") << QByteArray("echo 'Out of memory' >&2; exit 1") << 30000
+                                               << u"skript hat zu viel Speicher gebraucht (Grenze: 2048 MB)"_s;
+        QTest::newRow("stirbt am Speicher") << QByteArray("echo \"an instance of 'std::bad_alloc'\" >&2; kill -ABRT $$")
+                                            << 30000 << u"skript hat zu viel Speicher gebraucht (Grenze: 2048 MB)"_s;
     }
     void scheitern()
     {
         QFETCH(QByteArray, skript);
         QFETCH(int, grenze);
-        QTEST(fehlerVon([&] { Q_UNUSED(laufen(skript, std::chrono::milliseconds(grenze))); }), "erwartet");
+        QTEST(
+            fehlerVon([&] { Q_UNUSED(laufen(skript, {.uhr = std::chrono::milliseconds(grenze), .rechenzeit = 1s})); }),
+            "erwartet");
     }
 
     void keinProgramm()
     {
         const QString pfad = m_ordner->filePath(u"text"_s);
         schreiben(pfad, "kein Programm");
-        QCOMPARE(fehlerVon([&] { Werkzeuge::programmStarten(pfad, u"text"_s, {}, 5s); }),
+        QCOMPARE(fehlerVon([&] {
+                     Kindprozess::ausfuehren({.pfad = pfad, .name = u"text"_s, .argumente = {}, .umgebung = {}},
+                                             {.uhr = 5s});
+                 }),
                  u"Hilfsprogramm text lässt sich nicht starten"_s);
     }
 
     void auchDieKinderSterben()
     {
         const QByteArray skript = "sleep 100 &\necho $! > \"$1/kind\"\nwait";
-        QCOMPARE(fehlerVon([&] { Q_UNUSED(laufen(skript, 500ms)); }), u"skript hat zu lange gebraucht"_s);
+        QCOMPARE(fehlerVon([&] { Q_UNUSED(laufen(skript, {.uhr = 500ms})); }),
+                 u"skript hat zu lange gebraucht (Grenze: 1 Sekunde)"_s);
         QTRY_VERIFY(kindIstTot());
     }
 
@@ -185,9 +203,9 @@ private Q_SLOTS:
                 std::this_thread::sleep_for(5ms);
             ende.request_stop();
         });
-        QVERIFY_EXCEPTION_THROWN(
-            Q_UNUSED(laufen("sleep 100 & echo $! > \"$1/k\"; mv \"$1/k\" \"$1/kind\"; wait", 60s, ende.get_token())),
-            Abbruch);
+        QVERIFY_EXCEPTION_THROWN(Q_UNUSED(laufen("sleep 100 & echo $! > \"$1/k\"; mv \"$1/k\" \"$1/kind\"; wait",
+                                                 {.uhr = 60s}, ende.get_token())),
+                                 Abbruch);
         QTRY_VERIFY(kindIstTot());
     }
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "grenzen.h"
+#include "namensraeume.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <stop_token>
+
+namespace quillmar::analyse
+{
+class Bilderordner;
+
+/** The images of a PDF's pages that its text is recognised from. */
+namespace Seitenbilder
+{
+constexpr double aufloesung = 200;          ///< dots per inch
+constexpr double hoechstensPunkte = 100e6;  ///< of a page at that resolution; a larger one is drawn more coarsely
+constexpr double groberePunkte = 50e6;      ///< of a page that is drawn more coarsely
+constexpr double hoechstensKante = 32000.0; ///< in pixels, with which text recognition copes
+
+struct Seitenmass {
+    int seite = 0;     ///< from 1
+    double breite = 0; ///< in points, as hoehe
+    double hoehe = 0;
+    bool operator==(const Seitenmass &) const = default;
+
+    [[nodiscard]] double punkte() const; ///< pixels at the usual resolution
+    [[nodiscard]] bool zuGross() const { return punkte() > hoechstensPunkte; }
+};
+
+/**
+ * Draws the first @p seiten pages of @p pdf into the empty folder @p ordner, at 200 dpi in one call. Only when that
+ * fails or has not given what it should (a page that does not fit into memory comes out as a single pixel) are the
+ * sizes of the pages asked for; where one has more than 100 megapixels, all are drawn one by one, the large ones at
+ * a lower resolution. Ordinary documents thus pay nothing for the others. Throws Fehler and Abbruch.
+ */
+void zeichnen(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const Bilderordner &ordner,
+              const std::stop_token &ende);
+
+/** The media boxes in what pdfinfo says about pages with "-box". */
+[[nodiscard]] QList<Seitenmass> seitenmasse(const QByteArray &pdfinfo);
+/** The resolution at which a page of that size is drawn. */
+[[nodiscard]] double aufloesungFuer(const Seitenmass &mass);
+} // namespace Seitenbilder
+} // namespace quillmar::analyse
