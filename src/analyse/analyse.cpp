@@ -7,6 +7,7 @@
 #include "katalog.h"
 #include "sperrdatei.h"
 #include "sprache.h"
+#include "text.h"
 #include "textleser.h"
 #include "wiedervorlage.h"
 #include "zweitmeinung.h"
@@ -56,6 +57,7 @@ struct Analyse::Arbeit {
 namespace
 {
 constexpr auto laengstesWarten = 900ms;
+constexpr auto ueblicheGeduld = 10s; // a document that takes longer is named
 
 using Ausnahmen = std::function<std::optional<QStringList>()>;
 
@@ -89,7 +91,7 @@ void stufen(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
 
 Laufstand angehalten(const QString &grund)
 {
-    return {.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0};
+    return {.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0, .dokument = {}};
 }
 
 /** One whole run; tells the state in which it ended. */
@@ -109,13 +111,20 @@ Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &aus
     }
     if (lauf.sollHalten())
         return angehalten({});
-    return {.stufe = QUILLMAR_TEXT(u"Analyse abgeschlossen"_s), .meldung = {}, .restzeit = {}, .anteil = 1};
+    return {
+        .stufe = QUILLMAR_TEXT(u"Analyse abgeschlossen"_s), .meldung = {}, .restzeit = {}, .anteil = 1, .dokument = {}};
 }
 } // namespace
 
 Analyse::Analyse(std::shared_ptr<Datenbank> db, Profil profil, QObject *parent)
     : QObject(parent), m_db(std::move(db)), m_profil(std::move(profil))
 {
+    m_geduld.setSingleShot(true);
+    m_geduld.setInterval(ueblicheGeduld);
+    connect(&m_geduld, &QTimer::timeout, this, [this] {
+        m_dauert = true;
+        Q_EMIT geaendert();
+    });
 }
 
 Analyse::~Analyse()
@@ -179,8 +188,24 @@ void Analyse::laufen(Analyse *ziel, const std::shared_ptr<Verbindung> &v, Arbeit
     v->briefe->einwerfen([ziel, stand, fazit = lauf.fazit()] { ziel->schluss(stand, fazit); });
 }
 
+QString Analyse::dauersatz() const
+{
+    return m_dauert ? gefuellt(Sprache::text(u"%@ dauert länger"_s), {m_stand.dokument}) : QString();
+}
+
+void Analyse::geduldBeginnen(bool inArbeit)
+{
+    m_dauert = false;
+    if (inArbeit)
+        m_geduld.start();
+    else
+        m_geduld.stop();
+}
+
 void Analyse::setzeStand(const Laufstand &stand)
 {
+    if (stand.dokumente != m_stand.dokumente || stand.dokument != m_stand.dokument)
+        geduldBeginnen(!stand.dokument.isEmpty());
     m_stand = stand;
     Q_EMIT geaendert();
 }
@@ -189,6 +214,7 @@ void Analyse::schluss(const Laufstand &stand, const Lauffazit &fazit)
 {
     // The last counts stay readable unless the end has something to say itself.
     const QString meldung = stand.meldung.isEmpty() ? m_stand.meldung : stand.meldung;
+    geduldBeginnen(false);
     m_stand = stand;
     m_stand.meldung = meldung;
     m_fazit = fazit;

@@ -5,6 +5,7 @@
 #include "namensraeume.h"
 
 #include <QObject>
+#include <QTimer>
 #include <memory>
 #include <optional>
 #include <stop_token>
@@ -56,6 +57,10 @@ public:
     [[nodiscard]] const QString &meldung() const { return m_stand.meldung; }
     [[nodiscard]] double anteil() const { return m_stand.anteil; }
     [[nodiscard]] const QString &restzeit() const { return m_stand.restzeit; }
+    /** Names the document in hand, in a sentence, once it takes longer than ten seconds; else empty. */
+    [[nodiscard]] QString dauersatz() const;
+    /** How long a document may take before dauersatz() names it. */
+    void setzeGeduld(std::chrono::milliseconds geduld) { m_geduld.setInterval(geduld); }
     /** What the last run has to say beyond its results. */
     [[nodiscard]] const Lauffazit &fazit() const { return m_fazit; }
     [[nodiscard]] const QStringList &hinweise() const { return m_fazit.hinweise; }
@@ -70,12 +75,15 @@ private:
     struct Arbeit;
     static void laufen(Analyse *ziel, const std::shared_ptr<Verbindung> &v, Arbeit arbeit);
     void setzeStand(const Laufstand &stand);
+    void geduldBeginnen(bool inArbeit);
     void schluss(const Laufstand &stand, const Lauffazit &fazit);
 
     std::shared_ptr<Datenbank> m_db;
     Profil m_profil;
     Laufstand m_stand;
     Lauffazit m_fazit;
+    QTimer m_geduld; ///< runs out once, when the document in hand takes long
+    bool m_dauert = false;
     bool m_laeuft = false;
     std::shared_ptr<Verbindung> m_verbindung;
     std::stop_source m_ende;

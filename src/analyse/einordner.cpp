@@ -135,6 +135,7 @@ void scheitern(const Werkbank &bank, const Dokument &dokument, const Fehler &f, 
 
 void einesEinordnen(const Werkbank &bank, const Vorlage &vorlage)
 {
+    bank.lauf.dokument(vorlage.dokument.dateiname);
     QElapsedTimer uhr;
     uhr.start();
     const auto dauer = [&uhr] { return QString::number(double(uhr.elapsed()) / 1000, 'f', 1); };

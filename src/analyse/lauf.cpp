@@ -38,7 +38,8 @@ Lauf::Lauf(std::shared_ptr<Datenbank> db, Profil profil, std::function<bool()> h
 void Lauf::stufe(const QString &name)
 {
     m_beginn = std::chrono::steady_clock::now();
-    m_stand = {.stufe = name, .meldung = {}, .restzeit = {}, .anteil = 0};
+    m_stand = {
+        .stufe = name, .meldung = {}, .restzeit = {}, .anteil = 0, .dokument = {}, .dokumente = m_stand.dokumente};
     m_melden(m_stand);
 }
 
@@ -48,9 +49,17 @@ void Lauf::meldung(const QString &text)
     m_melden(m_stand);
 }
 
+void Lauf::dokument(const QString &name)
+{
+    m_stand.dokument = name;
+    ++m_stand.dokumente;
+    m_melden(m_stand);
+}
+
 void Lauf::fortschritt(const QString &text, qsizetype fertig, qsizetype gesamt)
 {
     m_stand.meldung = text;
+    m_stand.dokument.clear();
     m_stand.anteil = gesamt > 0 ? double(fertig) / double(gesamt) : 1;
     m_stand.restzeit = restzeitText(std::chrono::steady_clock::now() - m_beginn, fertig, gesamt);
     m_melden(m_stand);

@@ -47,6 +47,8 @@ struct Laufstand {
     QString meldung;
     QString restzeit;
     double anteil = 0; ///< of the current stage, 0 to 1
+    QString dokument;  ///< file name of the one in hand; empty between two
+    int dokumente = 0; ///< how many have been in hand: tells it from another one of the same name
     bool operator==(const Laufstand &) const = default;
 };
 
@@ -73,7 +75,9 @@ public:
     /** @p name in German. */
     void stufe(const QString &name);
     void meldung(const QString &text);
-    /** Publishes @p text and how far the stage is. */
+    /** The document with this file name is in hand until fortschritt(). */
+    void dokument(const QString &name);
+    /** Publishes @p text and how far the stage is; no document is in hand any more. */
     void fortschritt(const QString &text, qsizetype fertig, qsizetype gesamt);
     /** Something that the user should know when the run is over, such as entries that were left out. */
     void hinweis(const QString &text) { m_fazit.hinweise << text; }

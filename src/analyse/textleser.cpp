@@ -112,6 +112,7 @@ void alleLesen(Lauf &lauf, const Lesegrenzen &grenzen)
         const auto pfad = texte.pfadZumLesen(offene.at(i));
         if (!pfad)
             continue; // handled or excluded since the list was made
+        lauf.dokument(nameVon(*pfad));
         try {
             fertige << lesen(lauf, offene.at(i), *pfad, grenzen);
         } catch (const Abbruch &) {

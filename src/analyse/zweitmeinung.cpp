@@ -72,6 +72,7 @@ void einesNachpruefen(Werkbank &bank, const Vorlage &vorlage)
     const qint64 id = vorlage.dokument.id;
     if (vorlage.text.isEmpty())
         return vorschlaege.nichtNachgeprueft(id, false);
+    bank.lauf.dokument(vorlage.dokument.dateiname);
     std::optional<Einordnungsergebnis> ergebnis;
     try {
         ergebnis = antwort(bank, vorlage);

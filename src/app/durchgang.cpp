@@ -100,6 +100,13 @@ void umgebungMelden()
         Ausgabe::melden(satz);
 }
 
+void statusZeigen(Ausgabe::Statuszeile &status, const Analyse &analyse)
+{
+    QStringList teile = {analyse.meldung(), analyse.dauersatz()};
+    teile.removeAll(QString());
+    status.zeigen(analyse.stufe(), analyse.anteil(), teile.join(u"  "_s), analyse.restzeit());
+}
+
 /** What the run has to say: one line for each kind of failure, with what can be done. */
 void fazitMelden(const Lauffazit &fazit)
 {
@@ -121,8 +128,7 @@ void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Prof
     umgebungMelden();
     Analyse analyse(db, profil);
     Ausgabe::Statuszeile status;
-    QObject::connect(&analyse, &Analyse::geaendert, &analyse,
-                     [&] { status.zeigen(analyse.stufe(), analyse.anteil(), analyse.meldung(), analyse.restzeit()); });
+    QObject::connect(&analyse, &Analyse::geaendert, &analyse, [&] { statusZeigen(status, analyse); });
     QEventLoop schleife;
     Haltewunsch haltewunsch(analyse, status, schleife);
     const Signale signale([&](int nummer) { haltewunsch.aufnehmen(nummer); });

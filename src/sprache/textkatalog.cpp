@@ -71,6 +71,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"%@ ausgelassen: Verweise oder Namen, die sich nicht lesen lassen.",
     u"%@ bleibt im Ordner immer leer, die Ebene fällt weg.",
     u"%@ byte-identische Dubletten gefunden",
+    u"%@ dauert länger",
     u"%@ durch Ausnahmen ausgelassen.",
     u"%@ einsatzbereit",
     u"%@ einsortiert · %@ offen · %@ zurückgestellt · %@ in Analyse",

@@ -130,6 +130,14 @@ QString dauertext(std::chrono::milliseconds dauer)
     return gefuellt(Sprache::text(u"fertig nach %@ Stunden"_s), {QLocale().toString(double(sekunden) / 3600, 'f', 1)});
 }
 
+QString stufenzeile(const Stufenbild &stufe, const QString &vorschau, const QString &dauersatz)
+{
+    const bool dauert = stufe.stand == Stufenbild::Stand::Laeuft && !dauersatz.isEmpty();
+    if (!dauert)
+        return stufe.meldung.isEmpty() ? vorschau : stufe.meldung;
+    return stufe.meldung.isEmpty() ? dauersatz : stufe.meldung + u" · "_s + dauersatz;
+}
+
 QString standwort(Stufenbild::Stand stand)
 {
     if (stand == Stufenbild::Stand::Fertig)

@@ -40,6 +40,8 @@ struct Lauflage {
 [[nodiscard]] std::pair<QString, QString> ausraeumtext(const Profil &profil, bool raeumt);
 /** How long a stage took, in seconds, minutes or hours. */
 [[nodiscard]] QString dauertext(std::chrono::milliseconds dauer);
+/** The line of a stage: its message, or what it is going to do, and @p dauersatz of its document in hand. */
+[[nodiscard]] QString stufenzeile(const Stufenbild &stufe, const QString &vorschau, const QString &dauersatz);
 /** How far a stage is, for who cannot see its mark. */
 [[nodiscard]] QString standwort(Stufenbild::Stand stand);
 /** What @p dublette repeats. */

@@ -39,6 +39,7 @@ public:
         std::function<bool()> halt = [] { return false; }, std::stop_token ende = {}) const;
 
     [[nodiscard]] Datenbank &db() const { return *m_db; }
+    [[nodiscard]] const std::shared_ptr<Datenbank> &katalog() const { return m_db; }
     Profil profil;
 
 private:

@@ -1,3 +1,4 @@
+#include "analyse.h"
 #include "einordner.h"
 #include "fehlertext.h"
 #include "lernspeicher.h"
@@ -257,6 +258,34 @@ private Q_SLOTS:
         QCOMPARE(fazit.gescheiterte,
                  (QList<std::pair<QString, int>>{{u"Der Modellserver ollama läuft nicht"_s, 2}, {u"kein Text"_s, 1}}));
         QCOMPARE(m_stand->db().abfragen(u"SELECT id FROM dokumente WHERE status='bereit'"_s).size(), 4);
+    }
+
+    /** Only the document in hand is named, and only once it takes longer than is usual. */
+    void wasLangeDauertWirdGenannt_data()
+    {
+        QTest::addColumn<int>("geduld");
+        QTest::addColumn<QString>("erwartet");
+        QTest::newRow("lange") << 0 << u"a.pdf dauert länger"_s;
+        QTest::newRow("nicht lange") << 3600000 << QString();
+    }
+    void wasLangeDauertWirdGenannt()
+    {
+        QFETCH(const int, geduld);
+        QFETCH(const QString, erwartet);
+        const QTemporaryDir quelle;
+        m_stand->profil.quelle = quelle.path();
+        m_stand->profil.zweitmeinung = false;
+        m_stand->dokument(u"a.pdf"_s, u"Text"_s);
+        m_stand->modellSagt({Testantwort::gehalten(Pruefstand::antwort(Pruefstand::vorschlag()))});
+        Analyse analyse(m_stand->katalog(), m_stand->profil);
+        analyse.setzeGeduld(std::chrono::milliseconds(geduld));
+        analyse.allesStarten();
+        QTRY_VERIFY(!m_stand->fragen().isEmpty());
+        QTRY_COMPARE(analyse.dauersatz(), erwartet);
+        m_stand->loslassen();
+        QTRY_VERIFY(!analyse.laeuft());
+        QCOMPARE(analyse.dauersatz(), QString());
+        QCOMPARE(analyse.meldung(), u"1 von 1 eingeordnet"_s);
     }
 
     void wasDerMenschInzwischenTatBleibt()

@@ -119,6 +119,29 @@ private Q_SLOTS:
         QCOMPARE(lage.vorschau(3), u"Ist in diesem Profil ausgeschaltet."_s);
     }
 
+    void stufenzeilen_data()
+    {
+        QTest::addColumn<int>("stand");
+        QTest::addColumn<QString>("meldung");
+        QTest::addColumn<QString>("dauersatz");
+        QTest::addColumn<QString>("zeile");
+        const auto laeuft = int(Stufenbild::Stand::Laeuft);
+        QTest::newRow("offen") << int(Stufenbild::Stand::Offen) << QString() << u"a dauert länger"_s << u"Vorschau"_s;
+        QTest::newRow("fertig") << int(Stufenbild::Stand::Fertig) << u"3 von 3"_s << u"a dauert länger"_s
+                                << u"3 von 3"_s;
+        QTest::newRow("läuft") << laeuft << u"2 von 3"_s << QString() << u"2 von 3"_s;
+        QTest::newRow("dauert") << laeuft << u"2 von 3"_s << u"a dauert länger"_s << u"2 von 3 · a dauert länger"_s;
+        QTest::newRow("gleich das erste") << laeuft << QString() << u"a dauert länger"_s << u"a dauert länger"_s;
+    }
+    void stufenzeilen()
+    {
+        QFETCH(const int, stand);
+        QFETCH(const QString, meldung);
+        QFETCH(const QString, dauersatz);
+        const Stufenbild bild{.stand = Stufenbild::Stand(stand), .name = {}, .meldung = meldung, .dauer = {}};
+        QTEST(stufenzeile(bild, u"Vorschau"_s, dauersatz), "zeile");
+    }
+
     void saetze()
     {
         QCOMPARE(dublettensatz({.id = 1, .name = u"a"_s, .original = u"b.pdf"_s, .bytegleich = true}),

@@ -257,8 +257,7 @@ void AblaufAnsicht::stufenZeigen()
     for (int n = 0; n < m_stufen.size(); ++n) {
         Stufenbild bild = bilder.value(n);
         bild.name = Sprache::text(/* QUILLMAR_TEXT */ bild.name);
-        if (bild.meldung.isEmpty())
-            bild.meldung = lage().vorschau(n);
+        bild.meldung = stufenzeile(bild, lage().vorschau(n), analyse->dauersatz());
         QString zeit;
         if (bild.stand == Stufenbild::Stand::Laeuft)
             zeit = analyse->restzeit();
