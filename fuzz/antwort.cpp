@@ -19,10 +19,12 @@ void pruefen(const QByteArray &eingabe)
         const Einordnungsergebnis e =
             Einordnung::auswerten(Ollama::objektAus(QString::fromUtf8(eingabe)), u"Scan.pdf"_s, profil);
         verlangen(e.konfidenz >= 0 && e.konfidenz <= 1);
-        verlangen(e.datum.isEmpty() || Einordnung::istDatum(e.datum));
-        verlangen(e.zweig.isEmpty() || profil.zweig(e.zweig));
-        verlangen(e.ablage.isEmpty() || profil.ablageart(e.zweig, e.ablage));
-        verlangen(e.rubrik.isEmpty() || profil.kennt(e.ort()));
+        const auto &[datum, gegenueber, titel, ort, jahr] = e.angaben;
+        verlangen(datum.isEmpty() || Einordnung::istDatum(datum));
+        verlangen(jahr == datum.first(std::min<qsizetype>(4, datum.size())));
+        verlangen(ort.zweig.isEmpty() || profil.zweig(ort.zweig));
+        verlangen(ort.ablage.isEmpty() || profil.ablageart(ort.zweig, ort.ablage));
+        verlangen(ort.rubrik.isEmpty() || profil.kennt(ort));
     } catch (const Fehler &) {
         // said to the user; that is what it is for
     }

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <cstdlib>
 
-using namespace quillmar::analyse;
-
 void verlangen(bool gilt)
 {
     if (!gilt)

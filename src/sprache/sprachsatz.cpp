@@ -35,12 +35,9 @@ void sammeln(const QString &ordner, bool eigen, QMap<QString, Sprachsatz> &saetz
 }
 } // namespace
 
-std::optional<QHash<QString, QString>> spracheLesen(const QString &ort)
+std::optional<QHash<QString, QString>> spracheAus(const QByteArray &bytes)
 {
-    QFile datei(ort);
-    if (!datei.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QJsonDocument dokument = QJsonDocument::fromJson(datei.readAll());
+    const QJsonDocument dokument = QJsonDocument::fromJson(bytes);
     if (!dokument.isObject())
         return std::nullopt;
     QHash<QString, QString> texte;
@@ -51,6 +48,12 @@ std::optional<QHash<QString, QString>> spracheLesen(const QString &ort)
         texte.insert(it.key(), it.value().toString());
     }
     return texte;
+}
+
+std::optional<QHash<QString, QString>> spracheLesen(const QString &ort)
+{
+    QFile datei(ort);
+    return datei.open(QIODevice::ReadOnly) ? spracheAus(datei.readAll()) : std::nullopt;
 }
 
 QList<Sprachsatz> sprachsaetze(const QString &mitgeliefert, const QString &eigen)

@@ -2,6 +2,7 @@
 
 #include "namensraeume.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -20,7 +21,9 @@ struct Sprachsatz {
     bool operator==(const Sprachsatz &) const = default;
 };
 
-/** The texts of a language file, German text to translation. None if it is no JSON object of texts alone. */
+/** The texts of a language file's bytes, German text to translation. None if they are no JSON object of texts alone. */
+[[nodiscard]] std::optional<QHash<QString, QString>> spracheAus(const QByteArray &bytes);
+/** The same of the file at @p ort; none if it cannot be read either. */
 [[nodiscard]] std::optional<QHash<QString, QString>> spracheLesen(const QString &ort);
 
 /**
