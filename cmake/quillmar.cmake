@@ -1,9 +1,11 @@
 # Compiler settings that every target of the project shares.
-add_library(quillmar_uebersetzung INTERFACE)
-target_compile_options(quillmar_uebersetzung INTERFACE -Wall -Wextra -Wpedantic -Werror)
-target_compile_definitions(quillmar_uebersetzung INTERFACE
+add_library(quillmar_warnungen INTERFACE)
+target_compile_options(quillmar_warnungen INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_compile_definitions(quillmar_warnungen INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
     QUILLMAR_FASSUNG="${PROJECT_VERSION}")
+add_library(quillmar_uebersetzung INTERFACE)
+target_link_libraries(quillmar_uebersetzung INTERFACE quillmar_warnungen)
 if(QUILLMAR_SANITIZER)
     target_compile_options(quillmar_uebersetzung INTERFACE
         -fsanitize=${QUILLMAR_SANITIZER} -fno-omit-frame-pointer -fno-sanitize-recover=all)
@@ -55,4 +57,10 @@ function(quillmar_bibliothek name)
     else()
         target_precompile_headers(quillmar_${name} REUSE_FROM quillmar_vorab)
     endif()
+endfunction()
+
+# quillmar_mit_seiten(PROGRAM): it shows pages, so the program that draws them must be found beside it.
+function(quillmar_mit_seiten programm)
+    add_dependencies(${programm} quillmar-seiten)
+    file(CREATE_LINK ${CMAKE_BINARY_DIR}/src/app/quillmar-seiten ${CMAKE_CURRENT_BINARY_DIR}/quillmar-seiten SYMBOLIC)
 endfunction()

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "dateigriff.h"
 #include "namensraeume.h"
 
-#include <QByteArray>
 #include <QString>
+#include <memory>
 
 namespace quillmar::grundlage
 {
@@ -20,13 +21,13 @@ struct Dateiinhalt {
     enum class Befund { Gelesen, Unveraendert, Verschwunden, Unlesbar, ZuGross };
 
     Befund befund = Befund::Unlesbar;
-    QByteArray bytes; ///< of the regular file; empty unless read
+    std::shared_ptr<const Dateigriff> bytes; ///< a copy in memory that nobody can change; null unless read
     Dateistand stand;
 };
 
 /**
- * Reads the file @p pfad (NFC) of at most @p hoechstens bytes; nothing when it is still in the state @p bekannt. Blocks
- * for as long as the drive takes, for ever on a network drive that hangs. Never throws.
+ * Copies the regular file @p pfad (NFC) of at most @p hoechstens bytes; nothing when it is still in the state
+ * @p bekannt. Blocks for as long as the drive takes, for ever on a network drive that hangs. Never throws.
  */
 [[nodiscard]] Dateiinhalt dateiinhalt(const QString &pfad, qint64 hoechstens, const Dateistand &bekannt = {});
 } // namespace quillmar::grundlage

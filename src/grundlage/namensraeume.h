@@ -62,6 +62,11 @@ namespace seiten
 using namespace grundlage;
 }
 
+namespace seitenmaler
+{
+using namespace seiten;
+}
+
 namespace gestalt
 {
 using namespace grundlage;

@@ -8,23 +8,26 @@ constexpr int hoechstzahl = 4;
 constexpr qint64 hoechsteBytes = qint64(320) << 20;
 } // namespace
 
-Dokumentlager::Dokumentlager(QObject *eltern) : QObject(eltern)
+Dokumentlager::Dokumentlager(const Malgrenzen &grenzen, QObject *eltern) : QObject(eltern), m_werk(grenzen)
 {
     connect(&m_werk, &Seitenwerk::geoeffnet, this, &Dokumentlager::aufnehmen);
     connect(&m_werk, &Seitenwerk::gemalt, this, &Dokumentlager::bildAufnehmen);
 }
 
-void Dokumentlager::holen(const QString &pfad)
+void Dokumentlager::holen(const QString &pfad, Vorrang vorrang)
 {
     vorziehen(pfad);
     const bool neu = !m_dokumente.contains(pfad);
     Vorschaudokument &dokument = m_dokumente[pfad];
     // A second number is told of only when the file is another than the one that is open.
     if (neu || dokument.befund != Vorschaubefund::Laedt) {
-        const quint64 kennung = m_werk.oeffnen(pfad, dokument.datei);
+        const Dateistand bekannt = istGescheitert(dokument.befund) ? Dateistand() : dokument.datei;
+        const quint64 kennung = m_werk.oeffnen(pfad, bekannt, vorrang);
         m_pfade.insert(kennung, pfad);
         if (neu)
             dokument.kennung = kennung;
+    } else {
+        m_werk.vorziehen(dokument.kennung, -1, vorrang);
     }
     aufraeumen();
 }
@@ -49,12 +52,16 @@ bool Dokumentlager::istBereit(const QString &pfad) const
     return da->befund != Vorschaubefund::Offen || da->bilder.contains(0);
 }
 
-bool Dokumentlager::bestellen(const QString &pfad, int seite, const QSize &pixel, Seitenwerk::Vorrang vorrang)
+bool Dokumentlager::bestellen(const QString &pfad, int seite, const QSize &pixel, Vorrang vorrang)
 {
     const auto dokument = m_dokumente.find(pfad);
     if (dokument == m_dokumente.end() || dokument->befund != Vorschaubefund::Offen ||
-        dokument->bestellt.value(seite) == pixel)
+        dokument->gescheitert.contains(seite))
         return false;
+    if (dokument->bestellt.value(seite) == pixel) {
+        m_werk.vorziehen(dokument->kennung, seite, vorrang);
+        return false;
+    }
     const bool neu = !dokument->bestellt.contains(seite);
     dokument->bestellt.insert(seite, pixel);
     m_werk.malen(dokument->kennung, seite, pixel, vorrang);
@@ -67,7 +74,7 @@ void Dokumentlager::ausduennen(const QString &pfad, int von, int bis)
     if (dokument == m_dokumente.end())
         return;
     for (const int seite : dokument->bilder.keys()) {
-        if (seite > 0 && (seite < von || seite > bis)) {
+        if (seite > 0 && (seite < von || seite > bis) && !dokument->gescheitert.contains(seite)) {
             dokument->bilder.remove(seite);
             dokument->bestellt.remove(seite);
         }
@@ -76,10 +83,13 @@ void Dokumentlager::ausduennen(const QString &pfad, int von, int bis)
 
 void Dokumentlager::verlassen(const QString &pfad)
 {
-    ausduennen(pfad, 0, 0);
     const auto dokument = m_dokumente.find(pfad);
     if (dokument == m_dokumente.end())
         return;
+    for (const int seite : dokument->gescheitert.keys())
+        dokument->bilder.remove(seite);
+    dokument->gescheitert.clear();
+    ausduennen(pfad, 0, 0);
     m_werk.abbestellen(dokument->kennung);
     dokument->bestellt.clear();
     if (dokument->bilder.contains(0))
@@ -113,17 +123,19 @@ void Dokumentlager::aufnehmen(quint64 kennung, const Dokumentstand &stand)
 {
     const QString pfad = m_pfade.value(kennung);
     vergessen(pfad, kennung);
-    m_dokumente.insert(pfad, {stand, kennung, {}, {}});
+    m_dokumente.insert(pfad, {stand, kennung, {}, {}, {}});
     Q_EMIT geoeffnet(pfad);
 }
 
-void Dokumentlager::bildAufnehmen(quint64 kennung, int seite, const QImage &bild)
+void Dokumentlager::bildAufnehmen(quint64 kennung, int seite, const QImage &bild, Vorschaubefund befund)
 {
     const QString pfad = m_pfade.value(kennung);
     const auto dokument = m_dokumente.find(pfad);
     if (dokument == m_dokumente.end() || dokument->kennung != kennung)
         return;
     dokument->bilder.insert(seite, bild);
+    if (istGescheitert(befund))
+        dokument->gescheitert.insert(seite, befund);
     Q_EMIT gemalt(pfad, seite);
 }
 } // namespace quillmar::seiten

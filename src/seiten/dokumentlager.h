@@ -13,8 +13,15 @@ namespace quillmar::seiten
 /** A document of the preview as far as it is known by now. */
 struct Vorschaudokument : Dokumentstand {
     quint64 kennung = 0;
-    QHash<int, QImage> bilder;  ///< what is drawn, in the size that was last asked for
-    QHash<int, QSize> bestellt; ///< sizes that were asked for; a page whose picture is null cannot be drawn
+    QHash<int, QImage> bilder;              ///< what is drawn, in the size that was last asked for
+    QHash<int, QSize> bestellt;             ///< sizes that were asked for; a page whose picture is null cannot be drawn
+    QHash<int, Vorschaubefund> gescheitert; ///< pages that the process has failed at; not asked for again
+
+    [[nodiscard]] bool istUndarstellbar(int seite) const
+    {
+        const auto bild = bilder.constFind(seite);
+        return bild != bilder.constEnd() && bild->isNull();
+    }
 };
 
 /**
@@ -26,10 +33,13 @@ class Dokumentlager : public QObject
     Q_OBJECT
 
 public:
-    explicit Dokumentlager(QObject *eltern = nullptr);
+    explicit Dokumentlager(const Malgrenzen &grenzen = {}, QObject *eltern = nullptr);
 
-    /** Has @p pfad read and opened, unless it is here; frees the one that was not asked for longest. */
-    void holen(const QString &pfad);
+    /**
+     * Has @p pfad read and opened, unless it is here, or once more where the process had failed at it; frees the one
+     * that was not asked for longest.
+     */
+    void holen(const QString &pfad, Vorrang vorrang = Vorrang::Sofort);
 
     /** Counts as the last that was asked for. */
     void vorziehen(const QString &pfad);
@@ -41,12 +51,15 @@ public:
     [[nodiscard]] bool istBereit(const QString &pfad) const;
 
     /**
-     * Asks for a page of an open document in the size @p pixel, unless it is drawn or asked for so already. True when
-     * there is no picture of it at all and it had not been asked for.
+     * Asks for a page of an open document in the size @p pixel, unless it is drawn or the process has failed at it.
+     * True when there is no picture of it at all and it had not been asked for.
      */
-    bool bestellen(const QString &pfad, int seite, const QSize &pixel, Seitenwerk::Vorrang vorrang);
+    bool bestellen(const QString &pfad, int seite, const QSize &pixel, Vorrang vorrang);
 
-    /** @p pfad is no longer on show: forgets what is not drawn yet and all pictures but that of the first page. */
+    /**
+     * @p pfad is no longer on show: forgets what is not drawn yet, what failed, and all pictures but that of the first
+     * page.
+     */
     void verlassen(const QString &pfad);
 
     /** Frees the pictures of all pages of @p pfad but the first and those from @p von to @p bis. */
@@ -60,7 +73,7 @@ private:
     void aufraeumen();
     void vergessen(const QString &pfad, quint64 ausser = 0);
     void aufnehmen(quint64 kennung, const Dokumentstand &stand);
-    void bildAufnehmen(quint64 kennung, int seite, const QImage &bild);
+    void bildAufnehmen(quint64 kennung, int seite, const QImage &bild, Vorschaubefund befund);
 
     Seitenwerk m_werk;
     QHash<QString, Vorschaudokument> m_dokumente;

@@ -9,6 +9,8 @@ namespace
 {
 constexpr int kleinsteSeite = 8;
 constexpr double spielraum = 0.001;
+// Even 20,000 of them below each other stay within the range of pixels.
+constexpr double groessteKante = 100'000;
 constexpr double groesstesBild = 24e6;
 
 double massstab(const QSizeF &groesse, const Zoom &zoom, const Seitenraum &raum)
@@ -25,8 +27,9 @@ double massstab(const QSizeF &groesse, const Zoom &zoom, const Seitenraum &raum)
     return zoom.stufe * raum.pixelJePunkt;
 }
 
-QSize pixel(const QSizeF &groesse, double massstab)
+QSize pixel(const QSizeF &groesse, double wunsch)
 {
+    const double massstab = std::min(wunsch, groessteKante / std::max(groesse.width(), groesse.height()));
     return {std::max(kleinsteSeite, int(std::lround(groesse.width() * massstab))),
             std::max(kleinsteSeite, int(std::lround(groesse.height() * massstab)))};
 }

@@ -41,7 +41,7 @@ class Seitenordnung
 public:
     Seitenordnung() = default;
 
-    /** @p groessen of the pages in points. Each page is fitted by itself; never smaller than 8 pixels. */
+    /** @p groessen of the pages in points. Each page is fitted by itself, no side below 8 or above 100,000 pixels. */
     Seitenordnung(const QList<QSizeF> &groessen, const Zoom &zoom, const Seitenraum &raum);
 
     [[nodiscard]] const QList<QRect> &seiten() const { return m_seiten; }

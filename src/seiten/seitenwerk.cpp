@@ -1,25 +1,14 @@
 #include "seitenwerk.h"
 
 #include "hintergrund.h"
-#include "seitenordnung.h"
 
-#include <QBuffer>
-#include <QPainter>
-#include <QPdfDocument>
 #include <utility>
 
 namespace quillmar::seiten
 {
-/** With the bytes that it is read from. */
-struct OffenesDokument {
-    QBuffer bytes;
-    QPdfDocument dokument{nullptr};
-};
-
 namespace
 {
 constexpr qint64 groessteDatei = qint64(256) << 20;
-constexpr std::chrono::milliseconds geduldAmEnde(1000);
 
 Vorschaubefund befund(const Dateiinhalt &inhalt)
 {
@@ -33,49 +22,55 @@ Vorschaubefund befund(const Dateiinhalt &inhalt)
     }
 }
 
-Vorschaubefund befund(const QPdfDocument &dokument)
+Vorschaubefund befund(Seitenprotokoll::Ergebnis ergebnis)
 {
-    using Fehler = QPdfDocument::Error;
-    if (dokument.status() == QPdfDocument::Status::Ready && dokument.pageCount() > 0)
+    switch (ergebnis) {
+    case Seitenprotokoll::Ergebnis::Offen:
         return Vorschaubefund::Offen;
-    const bool gesichert =
-        dokument.error() == Fehler::IncorrectPassword || dokument.error() == Fehler::UnsupportedSecurityScheme;
-    return gesichert ? Vorschaubefund::Gesichert : Vorschaubefund::Beschaedigt;
-}
-
-QList<QSizeF> seitengroessen(QPdfDocument &dokument)
-{
-    QList<QSizeF> groessen;
-    for (int seite = 0; seite < dokument.pageCount(); ++seite) {
-        const QSizeF groesse = dokument.pagePointSize(seite);
-        groessen << (groesse.width() >= 1 && groesse.height() >= 1 ? groesse : a4);
+    case Seitenprotokoll::Ergebnis::Gesichert:
+        return Vorschaubefund::Gesichert;
+    default:
+        return Vorschaubefund::Beschaedigt;
     }
-    return groessen;
 }
 
-QImage aufWeiss(const QImage &seite)
+Vorschaubefund befund(Malfehler grund)
 {
-    if (seite.isNull())
-        return {};
-    QImage bild(seite.size(), QImage::Format_RGB32);
-    bild.fill(Qt::white);
-    QPainter(&bild).drawImage(0, 0, seite);
-    return bild;
+    switch (grund) {
+    case Malfehler::NichtGestartet:
+        return Vorschaubefund::NichtGestartet;
+    case Malfehler::ZuLange:
+        return Vorschaubefund::ZuLange;
+    case Malfehler::ZuVielSpeicher:
+        return Vorschaubefund::ZuVielSpeicher;
+    default:
+        return Vorschaubefund::Abgestuerzt;
+    }
+}
+
+/** One size a page; those that were not measured are as large as the last that was. */
+QList<QSizeF> ergaenzt(QList<QSizeF> gemessene, int seiten)
+{
+    if (!gemessene.isEmpty())
+        gemessene.resize(seiten, gemessene.last());
+    return gemessene;
 }
 } // namespace
 
-Seitenwerk::Seitenwerk(QObject *eltern)
-    : QObject(eltern), m_briefe(Briefkasten::fuer(this)), m_reihe(std::make_shared<Malreihe>())
+Seitenwerk::Seitenwerk(const Malgrenzen &grenzen, QObject *eltern) : QObject(eltern), m_betrieb(grenzen)
 {
-    Malreihe::starten(m_reihe);
+    connect(&m_betrieb, &Malbetrieb::geoeffnet, this, &Seitenwerk::oeffnenMelden);
+    connect(&m_betrieb, &Malbetrieb::gescheitert, this, &Seitenwerk::scheiternMelden);
+    connect(&m_betrieb, &Malbetrieb::gemalt, this, [this](quint64 kennung, int seite, const QImage &bild) {
+        if (m_dokumente.contains(kennung))
+            Q_EMIT gemalt(kennung, seite, bild, Vorschaubefund::Offen);
+    });
 }
 
-Seitenwerk::~Seitenwerk() { m_reihe->beenden(geduldAmEnde); }
-
-quint64 Seitenwerk::oeffnen(const QString &pfad, const Dateistand &bekannt)
+quint64 Seitenwerk::oeffnen(const QString &pfad, const Dateistand &bekannt, Vorrang vorrang)
 {
     const quint64 kennung = ++m_letzte;
-    m_gewollte.insert(kennung);
+    m_dokumente.insert(kennung, {{}, {}, vorrang});
     imHintergrund(
         this, [pfad, bekannt] { return dateiinhalt(pfad, groessteDatei, bekannt); },
         [this, kennung](const Ausgang<Dateiinhalt> &ausgang) {
@@ -86,51 +81,60 @@ quint64 Seitenwerk::oeffnen(const QString &pfad, const Dateistand &bekannt)
 
 void Seitenwerk::gelesen(quint64 kennung, const Dateiinhalt &inhalt)
 {
-    if (!m_gewollte.contains(kennung) || inhalt.befund == Dateiinhalt::Befund::Unveraendert)
+    const auto dokument = m_dokumente.find(kennung);
+    if (dokument == m_dokumente.end() || inhalt.befund == Dateiinhalt::Befund::Unveraendert)
         return;
     if (inhalt.befund != Dateiinhalt::Befund::Gelesen)
-        return Q_EMIT geoeffnet(kennung, {befund(inhalt), {}, {}});
-    auftragen(Sofort, kennung, -1, [this, kennung, inhalt](OffeneDokumente &dokumente) {
-        const auto offenes = std::make_shared<OffenesDokument>();
-        offenes->bytes.setData(inhalt.bytes);
-        offenes->bytes.open(QIODevice::ReadOnly);
-        offenes->dokument.load(&offenes->bytes);
-        Dokumentstand stand{befund(offenes->dokument), inhalt.stand, {}};
-        if (stand.befund == Vorschaubefund::Offen) {
-            stand.groessen = seitengroessen(offenes->dokument);
-            dokumente.insert(kennung, offenes);
-        }
-        return [this, kennung, stand] { Q_EMIT geoeffnet(kennung, stand); };
-    });
+        return Q_EMIT geoeffnet(kennung, {befund(inhalt), {}, {}, false});
+    dokument->stand = inhalt.stand;
+    dokument->inhalt = inhalt.bytes;
+    m_betrieb.auftragen({.kennung = kennung, .vorrang = dokument->vorrang, .inhalt = inhalt.bytes});
 }
 
 void Seitenwerk::malen(quint64 kennung, int seite, const QSize &pixel, Vorrang vorrang)
 {
-    auftragen(vorrang, kennung, seite, [this, kennung, seite, pixel](OffeneDokumente &dokumente) {
-        const auto offenes = dokumente.value(kennung);
-        const QImage bild = offenes ? aufWeiss(offenes->dokument.render(seite, pixel)) : QImage();
-        return [this, kennung, seite, bild] { Q_EMIT gemalt(kennung, seite, bild); };
-    });
+    m_betrieb.auftragen({.kennung = kennung,
+                         .seite = seite,
+                         .pixel = pixel,
+                         .vorrang = vorrang,
+                         .inhalt = m_dokumente.value(kennung).inhalt});
 }
 
-void Seitenwerk::auftragen(Vorrang vorrang, quint64 kennung, int seite,
-                           std::function<Meldung(OffeneDokumente &)> arbeit)
+void Seitenwerk::vorziehen(quint64 kennung, int seite, Vorrang vorrang)
 {
-    const auto tun = [this, kennung, briefe = m_briefe, arbeit = std::move(arbeit)](OffeneDokumente &dokumente) {
-        briefe->einwerfen([this, kennung, melden = arbeit(dokumente)] {
-            if (m_gewollte.contains(kennung))
-                melden();
-        });
-    };
-    m_reihe->auftragen({vorrang, kennung, seite, tun});
+    const auto dokument = m_dokumente.find(kennung);
+    if (dokument == m_dokumente.end())
+        return;
+    if (seite < 0)
+        dokument->vorrang = std::min(dokument->vorrang, vorrang);
+    m_betrieb.vorziehen(kennung, seite, vorrang);
 }
 
-void Seitenwerk::abbestellen(quint64 kennung) { m_reihe->verwerfen(kennung, 0); }
+void Seitenwerk::abbestellen(quint64 kennung) { m_betrieb.verwerfen(kennung, 0); }
 
 void Seitenwerk::schliessen(quint64 kennung)
 {
-    m_gewollte.remove(kennung);
-    m_reihe->verwerfen(kennung);
-    m_reihe->auftragen({Sofort, kennung, -1, [kennung](OffeneDokumente &dokumente) { dokumente.remove(kennung); }});
+    m_dokumente.remove(kennung);
+    m_betrieb.schliessen(kennung);
+}
+
+void Seitenwerk::oeffnenMelden(const Seitenprotokoll::Geoeffnet &ergebnis)
+{
+    const auto dokument = m_dokumente.constFind(ergebnis.kennung);
+    if (dokument == m_dokumente.constEnd())
+        return;
+    Q_EMIT geoeffnet(ergebnis.kennung, {befund(ergebnis.ergebnis), dokument->stand,
+                                        ergaenzt(ergebnis.groessen, ergebnis.seiten), ergebnis.weitere});
+}
+
+void Seitenwerk::scheiternMelden(quint64 kennung, int seite, Malfehler grund)
+{
+    const auto dokument = m_dokumente.constFind(kennung);
+    if (dokument == m_dokumente.constEnd())
+        return;
+    if (seite < 0)
+        Q_EMIT geoeffnet(kennung, {befund(grund), dokument->stand, {}, false});
+    else
+        Q_EMIT gemalt(kennung, seite, {}, befund(grund));
 }
 } // namespace quillmar::seiten

@@ -1,5 +1,6 @@
 #include "archiv.h"
 #include "einstellungen.h"
+#include "kleinespdf.h"
 #include "leeransicht.h"
 #include "pdfansicht.h"
 #include "textschild.h"
@@ -81,18 +82,30 @@ private:
         QCOMPARE(sichtbar.first().first().toString(), datei);
     }
 
-private Q_SLOTS:
-    void initTestCase() { vorfuehrung::archivSchreiben(m_ordner.path()); }
-
-    void init()
+    void anlegen(const Malgrenzen &grenzen)
     {
         Einstellungen::entfernen(u"vorschauZoom"_s);
-        m_vorschau = std::make_unique<Vorschau>();
+        m_vorschau = std::make_unique<Vorschau>(nullptr, grenzen);
         // As narrow as a pane may become, which a window of its own may not.
         m_vorschau->layout()->setSizeConstraint(QLayout::SetNoConstraint);
         m_vorschau->resize(600, 700);
         m_vorschau->show();
     }
+
+    [[nodiscard]] QString angelegt(const QString &name, const QByteArray &inhalt) const
+    {
+        QFile datei(m_ordner.filePath(name));
+        if (!datei.open(QIODevice::WriteOnly) || datei.write(inhalt) != inhalt.size())
+            qFatal("no file to test with");
+        return datei.fileName();
+    }
+
+    [[nodiscard]] QString seitensatz() const { return m_vorschau->findChild<PDFAnsicht *>()->seitensatz(); }
+
+private Q_SLOTS:
+    void initTestCase() { vorfuehrung::archivSchreiben(m_ordner.path()); }
+
+    void init() { anlegen({}); }
 
     void cleanup() { m_vorschau.reset(); }
 
@@ -247,6 +260,60 @@ private Q_SLOTS:
         QCOMPARE(zurueck.size(), 1);
         QCOMPARE(seitenanzeige(*m_vorschau), u"1 Seite"_s);
         QVERIFY(!knopf->isVisible());
+    }
+
+    // The sentence stands in the page's place, and the document counts as seen: it can be filed.
+    void seiteDieZuLangeDauert()
+    {
+        anlegen({.rechenzeit = std::chrono::milliseconds(300)});
+        const QString boese = angelegt(u"striche.pdf"_s, Kleinespdf::endloseStriche());
+        zeigenUndWarten(boese);
+        QCOMPARE(m_vorschau->gesehen(), boese);
+        QCOMPARE(seitensatz(), u"Diese Seite zu zeichnen dauert zu lange."_s);
+        QCOMPARE(m_vorschau->findChild<PDFAnsicht *>()->accessibleDescription(), seitensatz());
+        QVERIFY(!m_vorschau->findChild<QToolButton *>(u"zurueckZumDokument"_s)->isVisible());
+        QCOMPARE(satz(*m_vorschau), QString());
+        // In another size it is not tried again; the sentence stays.
+        klicken(*m_vorschau, u"groesser"_s);
+        QCOMPARE(seitensatz(), u"Diese Seite zu zeichnen dauert zu lange."_s);
+        zeigenUndWarten(brief());
+        QVERIFY(zeigtSchrift(*m_vorschau));
+        QCOMPARE(seitensatz(), QString());
+        // Shown anew, it is.
+        m_vorschau->zeigen(boese);
+        QCOMPARE(seitensatz(), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(seitensatz(), u"Diese Seite zu zeichnen dauert zu lange."_s, geduld);
+    }
+
+    void absturzBeimOeffnen()
+    {
+        const QString boese = angelegt(u"prev.pdf"_s, Kleinespdf::mitTrailer("/Prev -1"));
+        zeigenUndWarten(vertrag());
+        m_vorschau->vorausladen(boese);
+        QTRY_VERIFY_WITH_TIMEOUT(m_vorschau->istBereit(boese), geduld);
+        // What is on show knows nothing of it: its other pages can still be had.
+        QVERIFY(tippen(*m_vorschau, Qt::Key_PageDown));
+        QTRY_VERIFY_WITH_TIMEOUT(zeigtSchrift(*m_vorschau), geduld);
+        zeigenUndWarten(boese);
+        QCOMPARE(satz(*m_vorschau), u"Beim Öffnen abgestürzt"_s);
+        QCOMPARE(m_vorschau->gesehen(), boese);
+    }
+
+    void ohneDasProgramm()
+    {
+        anlegen({.programm = m_ordner.filePath(u"fehlt"_s)});
+        zeigenUndWarten(brief());
+        QCOMPARE(satz(*m_vorschau), u"Vorschau nicht verfügbar"_s);
+    }
+
+    void mehrSeitenAlsSichZeigenLassen()
+    {
+        zeigenUndWarten(angelegt(u"viele.pdf"_s, Kleinespdf::brav(30'000)));
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 1 von mehr als 20000"_s);
+        klicken(*m_vorschau, u"ganzeSeite"_s);
+        QVERIFY(tippen(*m_vorschau, Qt::Key_End));
+        QCOMPARE(seitenanzeige(*m_vorschau), u"Seite 20000 von mehr als 20000"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(zeigtSchrift(*m_vorschau), geduld);
     }
 
     void endetMittenInDerArbeit()

@@ -37,6 +37,23 @@ std::optional<QScrollBar::SliderAction> rollschritt(const QKeyEvent *ereignis)
     return schritt == schritte.constEnd() ? std::nullopt : std::optional(*schritt);
 }
 
+/** What stands in place of a page that cannot be drawn. */
+QString satzFuerSeite(Vorschaubefund befund)
+{
+    switch (befund) {
+    case Vorschaubefund::ZuLange:
+        return Sprache::text(u"Diese Seite zu zeichnen dauert zu lange."_s);
+    case Vorschaubefund::ZuVielSpeicher:
+        return Sprache::text(u"Diese Seite zu zeichnen braucht zu viel Speicher."_s);
+    case Vorschaubefund::Abgestuerzt:
+        return Sprache::text(u"Beim Zeichnen dieser Seite ist die Vorschau abgestürzt."_s);
+    case Vorschaubefund::NichtGestartet:
+        return Sprache::text(u"Das Programm, das die Seiten zeichnet, lässt sich nicht starten."_s);
+    default:
+        return Sprache::text(u"Diese Seite lässt sich nicht darstellen."_s);
+    }
+}
+
 void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)
 {
     maler.setPen(QColor(Qt::darkGray).darker());
@@ -45,7 +62,7 @@ void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)
 }
 } // namespace
 
-PDFAnsicht::PDFAnsicht(QWidget *eltern) : QAbstractScrollArea(eltern)
+PDFAnsicht::PDFAnsicht(const Malgrenzen &grenzen, QWidget *eltern) : QAbstractScrollArea(eltern), m_lager(grenzen)
 {
     if (Einstellungen::wert(schluesselZoom).toString() == u"seite")
         m_zoom = m_passung = {Zoom::Art::Seite};
@@ -58,8 +75,11 @@ PDFAnsicht::PDFAnsicht(QWidget *eltern) : QAbstractScrollArea(eltern)
     connect(&m_geduld, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
     connect(&m_lager, &Dokumentlager::geoeffnet, this, &PDFAnsicht::geoeffnet);
     connect(&m_lager, &Dokumentlager::gemalt, this, [this](const QString &pfad, int seite) {
-        if (pfad == m_pfad)
-            viewport()->update(m_ordnung.seiten().value(seite).translated(-versatz()));
+        if (pfad != m_pfad)
+            return;
+        viewport()->update(m_ordnung.seiten().value(seite).translated(-versatz()));
+        if (m_lager.dokument(pfad)->istUndarstellbar(seite))
+            Q_EMIT geaendert();
     });
 }
 
@@ -88,7 +108,7 @@ void PDFAnsicht::vorausladen(const QString &pfad)
     if (pfad.isEmpty() || pfad == m_pfad)
         return;
     if (!m_lager.dokument(pfad))
-        m_lager.holen(pfad);
+        m_lager.holen(pfad, Vorrang::Voraus);
     if (!m_pfad.isEmpty())
         m_lager.vorziehen(m_pfad);
     ersteSeiteBestellen(pfad);
@@ -102,7 +122,21 @@ Vorschaubefund PDFAnsicht::befund() const
 
 int PDFAnsicht::seiten() const { return befund() == Vorschaubefund::Offen ? int(m_groessen.size()) : 0; }
 
+bool PDFAnsicht::hatWeitere() const
+{
+    const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
+    return dokument && dokument->weitere;
+}
+
 int PDFAnsicht::seite() const { return 1 + m_ordnung.seiteBei(versatz().y() + viewport()->height() / 2); }
+
+QString PDFAnsicht::seitensatz() const
+{
+    const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
+    const int nummer = seite() - 1;
+    return dokument && dokument->istUndarstellbar(nummer) ? satzFuerSeite(dokument->gescheitert.value(nummer))
+                                                          : QString();
+}
 
 double PDFAnsicht::massstab() const
 {
@@ -180,7 +214,7 @@ void PDFAnsicht::bestellen()
         const bool zuSehen = seite >= erste && seite <= letzte;
         const bool neu =
             m_lager.bestellen(m_pfad, seite, bildgroesse(m_ordnung.seiten().at(seite).size(), devicePixelRatioF()),
-                              zuSehen ? Seitenwerk::Sofort : Seitenwerk::Nachbar);
+                              zuSehen ? Vorrang::Sofort : Vorrang::Nachbar);
         if (neu && zuSehen)
             m_geduld.start();
     }
@@ -192,7 +226,7 @@ void PDFAnsicht::ersteSeiteBestellen(const QString &pfad)
     if (!dokument || dokument->groessen.isEmpty())
         return;
     const Seitenordnung ordnung(dokument->groessen.mid(0, 1), m_zoom, raum());
-    m_lager.bestellen(pfad, 0, bildgroesse(ordnung.seiten().first().size(), devicePixelRatioF()), Seitenwerk::Voraus);
+    m_lager.bestellen(pfad, 0, bildgroesse(ordnung.seiten().first().size(), devicePixelRatioF()), Vorrang::Voraus);
 }
 
 Seitenraum PDFAnsicht::raum() const
@@ -276,8 +310,7 @@ void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
     if (!bild.isNull())
         maler.drawImage(flaeche, bild);
     else if (fertig)
-        wartetext(maler, flaeche.intersected(viewport()->rect()),
-                  Sprache::text(u"Diese Seite lässt sich nicht darstellen."_s));
+        wartetext(maler, flaeche.intersected(viewport()->rect()), satzFuerSeite(dokument->gescheitert.value(seite)));
     else if (!m_geduld.isActive())
         wartetext(maler, flaeche.intersected(viewport()->rect()), Sprache::text(u"Wird geladen …"_s));
     if (fertig && seite == 0)

@@ -23,7 +23,7 @@ class PDFAnsicht : public QAbstractScrollArea
 public:
     static constexpr auto stufen = Zoom::stufen;
 
-    explicit PDFAnsicht(QWidget *eltern = nullptr);
+    explicit PDFAnsicht(const Malgrenzen &grenzen = {}, QWidget *eltern = nullptr);
 
     /** The file on show; empty: none. Setting another one shows its beginning. */
     [[nodiscard]] QUrl url() const;
@@ -37,8 +37,11 @@ public:
 
     [[nodiscard]] Vorschaubefund befund() const; ///< of the file on show
     [[nodiscard]] int seiten() const;            ///< 0 unless a document is open
+    [[nodiscard]] bool hatWeitere() const;       ///< pages that cannot be shown
     [[nodiscard]] int seite() const;             ///< from 1: the one in the middle of the view
-    [[nodiscard]] double massstab() const;       ///< of the page on show; 1: as large as on paper
+    /** What stands in place of the page on show, which cannot be drawn; empty: nothing. */
+    [[nodiscard]] QString seitensatz() const;
+    [[nodiscard]] double massstab() const; ///< of the page on show; 1: as large as on paper
     [[nodiscard]] bool passtBreite() const { return m_zoom.art == Zoom::Art::Breite; }
     [[nodiscard]] bool zeigtGanzeSeite() const { return m_zoom.art == Zoom::Art::Seite; }
 
@@ -57,7 +60,8 @@ public:
     bool taste(const QKeyEvent *ereignis);
 
 Q_SIGNALS:
-    void geaendert(); ///< page, page count; the fit, also when it was chosen a second time
+    void
+    geaendert(); ///< page, page count, a sentence in place of a page; the fit, also when it was chosen a second time
     void befundGeaendert();
 
     /** The first page of @p pfad has been painted, once per showing. */

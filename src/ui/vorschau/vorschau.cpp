@@ -48,20 +48,43 @@ std::pair<Symbol, Leerlage> satzFuer(Vorschaubefund befund)
          {Symbol::GrossVorschau,
           {Sprache::text(u"Zu groß für die Vorschau"_s),
            Sprache::text(u"Dateien ab 256 MB zeigt die Vorschau nicht. Ablegen kannst du sie trotzdem."_s)}}},
+        {Vorschaubefund::ZuLange,
+         {Symbol::GrossBeschaedigt,
+          {Sprache::text(u"Das Öffnen dauert zu lange"_s),
+           Sprache::text(u"Die Vorschau hat es abgebrochen. Die Datei bleibt, wie sie ist; ablegen kannst du sie "
+                         u"trotzdem."_s)}}},
+        {Vorschaubefund::ZuVielSpeicher,
+         {Symbol::GrossBeschaedigt,
+          {Sprache::text(u"Das Öffnen braucht zu viel Speicher"_s),
+           Sprache::text(u"Die Vorschau hat es abgebrochen. Die Datei bleibt, wie sie ist; ablegen kannst du sie "
+                         u"trotzdem."_s)}}},
+        {Vorschaubefund::Abgestuerzt,
+         {Symbol::GrossBeschaedigt,
+          {Sprache::text(u"Beim Öffnen abgestürzt"_s),
+           Sprache::text(u"Dieses Dokument bringt die Vorschau zum Absturz. Die Datei bleibt, wie sie ist; ablegen "
+                         u"kannst du sie trotzdem."_s)}}},
+        {Vorschaubefund::NichtGestartet,
+         {Symbol::GrossVorschau,
+          {Sprache::text(u"Vorschau nicht verfügbar"_s),
+           Sprache::text(u"Das Programm quillmar-seiten, das die Seiten zeichnet, lässt sich nicht starten: Die "
+                         u"Installation ist unvollständig. Ablegen kannst du das Dokument trotzdem."_s)}}},
     };
     return saetze.value(befund);
 }
 
-QString seitenanzeige(int seite, int seiten)
+QString seitenanzeige(int seite, int seiten, bool weitere)
 {
+    if (weitere)
+        return gefuellt(Sprache::text(u"Seite %@ von mehr als %@"_s),
+                        {QString::number(seite), QString::number(seiten)});
     if (seiten <= 1)
         return seiten == 1 ? Sprache::text(u"1 Seite"_s) : QString();
     return gefuellt(Sprache::text(u"Seite %@ von %@"_s), {QString::number(seite), QString::number(seiten)});
 }
 } // namespace
 
-Vorschau::Vorschau(QWidget *eltern)
-    : QWidget(eltern), m_ansicht(new PDFAnsicht), m_leer(new Leeransicht),
+Vorschau::Vorschau(QWidget *eltern, const Malgrenzen &grenzen)
+    : QWidget(eltern), m_ansicht(new PDFAnsicht(grenzen)), m_leer(new Leeransicht),
       m_zoom{flachknopf(u"kleiner"_s, Symbol::LupeMinus, Sprache::text(u"Kleiner"_s),
                         Sprache::text(u"Kleiner darstellen"_s), false),
              flachknopf(u"groesser"_s, Symbol::LupePlus, Sprache::text(u"Größer"_s),
@@ -81,7 +104,6 @@ Vorschau::Vorschau(QWidget *eltern)
     fuellen(this, spalte({m_zeile, {m_stapel, 1}}, Abstand::Keiner));
     bezeichnen(m_ansicht, u"vorschau"_s, Sprache::text(u"Vorschau des Dokuments"_s));
     m_seiten->setToolTip(Sprache::text(u"Blättern durch Scrollen, mit den Bildtasten oder am Rand"_s));
-    m_ansicht->setAccessibleDescription(m_seiten->toolTip());
     // The row stands above the page: from the page Tab goes on to the next pane.
     tabReihe({m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zurueck, m_ansicht});
     new Nachgeben(
@@ -190,7 +212,9 @@ void Vorschau::standZeigen()
 {
     m_zoom[2]->setChecked(m_ansicht->passtBreite());
     m_zoom[3]->setChecked(m_ansicht->zeigtGanzeSeite());
-    m_seiten->setText(seitenanzeige(m_ansicht->seite(), m_ansicht->seiten()));
+    m_seiten->setText(seitenanzeige(m_ansicht->seite(), m_ansicht->seiten(), m_ansicht->hatWeitere()));
+    const QString satz = m_ansicht->seitensatz();
+    m_ansicht->setAccessibleDescription(satz.isEmpty() ? m_seiten->toolTip() : satz);
 }
 
 // What is less needed gives way: first the words of the button back, then the page display, at last the zoom, which the

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "malbetrieb.h"
 #include "teile.h"
 
 #include <QWidget>
@@ -17,7 +18,7 @@ class Vorschau : public QWidget
     Q_OBJECT
 
 public:
-    explicit Vorschau(QWidget *eltern = nullptr);
+    explicit Vorschau(QWidget *eltern = nullptr, const Malgrenzen &grenzen = {});
 
     /** Shows the document @p pfad (empty: there is none) and ends the look at another one. The same again: nothing. */
     void zeigen(const QString &pfad);
