@@ -56,6 +56,8 @@ void beigabenSchreiben(Jsonschreiber &o, const Absicht &a)
 {
     if (!a.temporaer.isEmpty())
         o.text("temporaer", a.temporaer);
+    if (!a.imKorb.isEmpty())
+        o.text("imKorb", a.imKorb);
     if (a.werte) {
         o.roh("werte", kompakt(werteJson(*a.werte)));
         o.roh("rechnung", kompakt(rechnungJson(a.profil)));
@@ -71,6 +73,7 @@ void beigabenSchreiben(Jsonschreiber &o, const Absicht &a)
 void beigabenLesen(const QJsonObject &o, Absicht &a)
 {
     a.temporaer = o.value("temporaer"_L1).toString();
+    a.imKorb = o.value("imKorb"_L1).toString();
     if (o.contains("werte"_L1)) {
         a.werte = werteAus(o.value("werte"_L1).toObject());
         a.profil = rechnungAus(o.value("rechnung"_L1).toObject());
@@ -131,6 +134,8 @@ void Absicht::uebernehmen(const Dateibewegung::Schritt &schritt)
     // A movement turned back has a fixed target, which its line names already.
     if (art == Art::Bewegung)
         zeile.nach = schritt.nach;
+    else if (ende().isEmpty() && schritt.nach != schritt.temporaer)
+        imKorb = schritt.nach; // a copy that is not complete has its temporary name alone
     temporaer = schritt.temporaer;
     groesse = schritt.groesse;
     dateizeit = schritt.zeit;

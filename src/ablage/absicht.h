@@ -26,6 +26,7 @@ struct Absicht {
     Status status = Status::Unbekannt; ///< after the movement
     qint64 protokollId = 0; ///< Bewegung: the newest row before; Ruecknahme: the row turned back, 0 if there is none
     QString temporaer;
+    QString imKorb; ///< Ruecknahme of a copy: its place in the trash; empty until that is known, and in older lines
     qint64 groesse = 0;
     qint64 dateizeit = 0;
     std::optional<Angaben> werte;      ///< the user's final values

@@ -1,6 +1,7 @@
 #include "klaerung.h"
 
 #include "absicht.h"
+#include "papierkorb.h"
 #include "pfade.h"
 
 #include <algorithm>
@@ -46,6 +47,7 @@ enum class Folge {
     Nichts,
     QuelleEntfernen,      ///< the file is safe at the target
     PlatzhalterEntfernen, ///< file systems without another way need an empty file to take a name
+    AnfangEntfernen,      ///< the same where the file came from: it was on its way back
 };
 
 struct Anblick {
@@ -82,7 +84,10 @@ constexpr Regel regeln[] = {
     {AmOrt,           DieDatei,        egal,                egal,                   Lage::Geschehen},
     {AmOrt,           egal,            egal,                egal,                   Lage::NichtGeschehen},
 
-    // Gone into the trash, unless its whole drive is; what lies there may have been changed since.
+    // Gone into the trash, unless its whole drive is; what lies there may have been changed since. An older intent does
+    // not tell its place there: then nothing counts as lying there.
+    {InDenKorb,       Leeres,          DieDatei,            egal,                   Lage::Geschehen, Folge::AnfangEntfernen},
+    {InDenKorb,       DieDatei,        Leeres,              egal,                   Lage::NichtGeschehen, Folge::PlatzhalterEntfernen},
     {InDenKorb,       Nichts,          egal,                egal,                   Lage::Geschehen},
     {InDenKorb,       KeinOrdner,      egal,                egal,                   Lage::Unklar},
     {InDenKorb,       egal,            egal,                egal,                   Lage::NichtGeschehen},
@@ -110,6 +115,9 @@ constexpr Regel regeln[] = {
     {egal,            egal,            egal,                egal,                   Lage::NichtGeschehen},
 };
 // clang-format on
+
+/** Where the file was to go, also in the trash. */
+QString zielVon(const Absicht &a) { return a.ende().isEmpty() ? a.imKorb : a.ende(); }
 
 Weg wegVon(const Absicht &a)
 {
@@ -139,7 +147,9 @@ Fund fundAmEnde(const Absicht &a, Weg weg, Fund anfang, Zwischen zwischen)
     // Under its temporary name it is no target yet.
     if (weg == Unvollendet)
         return istOrdner(ordnerVon(a.ende())) ? Nichts : KeinOrdner;
-    const Fund ende = weg == InDenKorb ? Nichts : fundAn(a.ende(), a);
+    if (weg == InDenKorb)
+        return a.imKorb.isEmpty() ? Nichts : fundAn(a.imKorb, a);
+    const Fund ende = fundAn(a.ende(), a);
     if (anfang != Angekuendigte || ende != Angekuendigte)
         return ende;
     if (weg != Kopieren && Dateibewegung::sindZweiNamen(a.anfang(), a.ende()))
@@ -154,7 +164,7 @@ Zwischen zwischenstandVon(const Absicht &a)
         return Keine;
     if (!istVorhanden(a.temporaer))
         return Fort;
-    return Dateibewegung::sindZweiNamen(a.temporaer, a.ende()) ? Veroeffentlicht : Liegt;
+    return Dateibewegung::sindZweiNamen(a.temporaer, zielVon(a)) ? Veroeffentlicht : Liegt;
 }
 
 Anblick anblickVon(const Absicht &a)
@@ -167,10 +177,19 @@ Anblick anblickVon(const Absicht &a)
 
 void ausfuehren(Folge folge, const Absicht &a)
 {
-    if (folge == Folge::QuelleEntfernen)
+    const bool platzhalter = a.groesse > 0; // an empty document is none
+    if (folge == Folge::QuelleEntfernen || (folge == Folge::AnfangEntfernen && platzhalter))
         Dateibewegung::quelleEntfernen(a.anfang());
-    if (folge == Folge::PlatzhalterEntfernen && a.groesse > 0)
-        Dateibewegung::quelleEntfernen(a.ende());
+    if (folge == Folge::PlatzhalterEntfernen && platzhalter)
+        Dateibewegung::quelleEntfernen(zielVon(a));
+}
+
+/** The note is written before the file comes into the trash, and taken away after it has left it. */
+void vermerkKlaeren(const Absicht &a, Lage lage)
+{
+    const bool zwischendatei = !a.temporaer.isEmpty() && istVorhanden(a.temporaer);
+    if (!a.imKorb.isEmpty() && lage != Lage::Unklar && !zwischendatei)
+        Papierkorb::verwaistenVermerkEntfernen(a.imKorb, a.anfang());
 }
 } // namespace
 
@@ -183,14 +202,16 @@ Klaerung::Lage Klaerung::lage(const Absicht &a)
     const auto *regel =
         std::find_if(std::begin(regeln), std::end(regeln), [&](const Regel &r) { return r.passt(anblick); });
     ausfuehren(regel->folge, a);
+    vermerkKlaeren(a, regel->lage);
     return regel->lage;
 }
 
 bool Klaerung::istUnberuehrt(const Absicht &a)
 {
     const bool rest = !a.temporaer.isEmpty() && istVorhanden(a.temporaer);
+    const QString ziel = zielVon(a);
     const bool amZiel =
-        a.ende() != a.anfang() && !a.ende().isEmpty() && Dateibewegung::istDieselbe(a.ende(), a.groesse, a.dateizeit);
+        ziel != a.anfang() && !ziel.isEmpty() && Dateibewegung::istDieselbe(ziel, a.groesse, a.dateizeit);
     return istVorhanden(a.anfang()) && !rest && !amZiel;
 }
 } // namespace quillmar::ablage

@@ -25,6 +25,14 @@ void ordnerBereiten(const QString &ordner, const Protokollzeile &zeile, const QS
     Dateibewegung::ordnerAnlegen(ordner, u"/"_s);
 }
 
+/** The step tells of no place that the intent has not told of. */
+bool istAngekuendigt(const Absicht &absicht, const Dateibewegung::Schritt &schritt)
+{
+    Absicht danach = absicht;
+    danach.uebernehmen(schritt);
+    return danach.temporaer == absicht.temporaer && danach.imKorb == absicht.imKorb;
+}
+
 /** Once more from where it was to where the line says. */
 void wiederholen(const Protokollzeile &z, const Dateibewegung::Ankuendigung &ankuendigung)
 {
@@ -88,9 +96,9 @@ void Ruecknahme::vormerken()
 void Ruecknahme::zuruecknehmen(Posten &posten)
 {
     Absicht &absicht = posten.absicht;
-    // Announced already, but for the temporary file that a copy across disks needs.
+    // Announced already, but for the temporary file that a copy across disks needs, and the place in the trash.
     const auto ankuendigen = [&](const Dateibewegung::Schritt &schritt) {
-        if (schritt.temporaer == absicht.temporaer)
+        if (istAngekuendigt(absicht, schritt))
             return;
         absicht.uebernehmen(schritt);
         m_datei.schreiben({absicht.json()});

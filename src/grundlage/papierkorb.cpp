@@ -47,6 +47,20 @@ QByteArray vermerk(const QByteArray &platte)
            "\nDeletionDate=" + QDateTime::currentDateTime().toString(u"yyyy-MM-ddTHH:mm:ss"_s).toLatin1() + '\n';
 }
 
+/** Path of the note about a file in the trash. */
+QString vermerkVon(const QString &imKorb)
+{
+    return ordnerVon(ordnerVon(imKorb)) + u"/info/"_s + nameVon(imKorb) + endung;
+}
+
+/** A note about the file that was at @p pfad. It is written at one stroke: what is empty never came to that. */
+bool sprichtVon(const QByteArray &text, const QString &pfad)
+{
+    const QByteArray anfang = "[Trash Info]\nPath=";
+    const QByteArray wo = text.startsWith(anfang) ? text.mid(anfang.size()).split('\n').first() : QByteArray();
+    return text.isEmpty() || nfc(QString::fromUtf8(QByteArray::fromPercentEncoding(wo))) == nfc(pfad);
+}
+
 /** Takes a name in the trash by writing its note, which must be new. False when the name is taken. */
 bool vermerken(const QString &datei, const QByteArray &text)
 {
@@ -81,16 +95,22 @@ QString Papierkorb::hineinlegen(const QString &pfad, const Dateibewegung::Ankuen
     const QByteArray platte = aufDerPlatte(pfad);
     if (platte.isEmpty())
         Platte::scheitern(gescheitert(), ENOENT);
-    const QString ort = korb();
+    const auto angaben = Dateibewegung::angabenVon(pfad);
+    if (!angaben)
+        Platte::scheitern(gescheitert(), ENOENT);
+    const QString ort = korb() + u"/files"_s;
     for (int n = 1;; ++n) {
         // Shortened, since the note's name is longer by its ending.
         const QString name = Dateibewegung::nummeriert(nameVon(pfad), n, endung.size());
-        const QString info = ort + u"/info/"_s + name + endung;
-        if (istVorhanden(ort + u"/files/"_s + name) || !vermerken(info, vermerk(platte)))
+        const QString imKorb = ort + u'/' + name;
+        const QString info = vermerkVon(imKorb);
+        if (istVorhanden(imKorb) || istVorhanden(info))
             continue;
-        return nachVermerkBewegen(
-            {.von = pfad, .ordner = ort + u"/files"_s, .name = name, .nameArt = Dateibewegung::Name::Genau}, info,
-            ankuendigung);
+        ankuendigung({.nach = imKorb, .temporaer = {}, .groesse = angaben->groesse, .zeit = angaben->zeit});
+        if (!vermerken(info, vermerk(platte)))
+            continue; // taken at this moment
+        return nachVermerkBewegen({.von = pfad, .ordner = ort, .name = name, .nameArt = Dateibewegung::Name::Genau},
+                                  info, ankuendigung);
     }
 }
 
@@ -100,8 +120,19 @@ void Papierkorb::zurueckholen(const QString &imKorb, const QString &pfad,
     Dateibewegung::ausfuehren(
         {.von = imKorb, .ordner = ordnerVon(pfad), .name = nameVon(pfad), .nameArt = Dateibewegung::Name::Genau},
         ankuendigung);
-    const QString korb = ordnerVon(ordnerVon(imKorb));
-    ::unlink(plattenPfad(korb + u"/info/"_s + nameVon(imKorb) + endung).constData());
+    ::unlink(plattenPfad(vermerkVon(imKorb)).constData());
+}
+
+void Papierkorb::verwaistenVermerkEntfernen(const QString &imKorb, const QString &pfad)
+{
+    if (istVorhanden(imKorb) || !istOrdner(ordnerVon(imKorb)))
+        return;
+    const QByteArray platte = aufDerPlatte(vermerkVon(imKorb));
+    QFile vermerk(QFile::decodeName(platte));
+    if (platte.isEmpty() || !vermerk.open(QIODevice::ReadOnly) || !sprichtVon(vermerk.read(hoechsterVermerk), pfad))
+        return;
+    if (::unlink(platte.constData()) != 0 && errno != ENOENT)
+        Platte::scheitern(gescheitert(), errno);
 }
 
 QSet<QString> Papierkorb::herkuenfte()

@@ -83,9 +83,15 @@ private Q_SLOTS:
     void volleplatte() { anJedemSystemaufruf(u"error=ENOSPC"_s); }
     void kaputteplatte_data() { getoetet_data(); }
     void kaputteplatte() { anJedemSystemaufruf(u"error=EIO"_s); }
+    void ohneumbenennen_data();
+    void ohneumbenennen()
+    {
+        anJedemSystemaufruf(u"signal=KILL"_s,
+                            {u"-e"_s, u"inject=renameat2:error=EINVAL"_s, u"-e"_s, u"inject=link:error=EOPNOTSUPP"_s});
+    }
 
 private:
-    void anJedemSystemaufruf(const QString &eingriff);
+    void anJedemSystemaufruf(const QString &eingriff, const QStringList &stets = {});
     void vorbereiten(Werkbank &bank, const QString &aktion) const;
     void einmal(const QString &aktion, bool kopieren, bool anderer, const QStringList &eingriff,
                 QList<Punkt> *stellen) const;
@@ -127,7 +133,20 @@ void TestAbsturz::getoetet_data()
     QTest::newRow("Sitzung von Kopien") << u"sitzung"_s << true << false;
 }
 
-void TestAbsturz::anJedemSystemaufruf(const QString &eingriff)
+/** File systems that know neither renaming without replacing nor links take a name with an empty file. */
+void TestAbsturz::ohneumbenennen_data()
+{
+    QTest::addColumn<QString>("aktion");
+    QTest::addColumn<bool>("kopieren");
+    QTest::addColumn<bool>("anderer");
+    QTest::newRow("Verschieben") << u"uebernehmen"_s << false << false;
+    QTest::newRow("Rückgängig") << u"rueckgaengig"_s << false << false;
+    QTest::newRow("Kopie rückgängig") << u"rueckgaengig"_s << true << false;
+    QTest::newRow("Kopie rückgängig über Datenträger") << u"rueckgaengig"_s << true << true;
+}
+
+/** @p stets are the faults of the file system itself, there in every run. */
+void TestAbsturz::anJedemSystemaufruf(const QString &eingriff, const QStringList &stets)
 {
     QFETCH(QString, aktion);
     QFETCH(bool, kopieren);
@@ -137,11 +156,14 @@ void TestAbsturz::anJedemSystemaufruf(const QString &eingriff)
     if (anderer && datentraeger(u"/dev/shm"_s) == datentraeger(QDir::tempPath()))
         QSKIP("there is no second file system at /dev/shm");
     QList<Punkt> stellen;
-    einmal(aktion, kopieren, anderer, {}, &stellen);
+    einmal(aktion, kopieren, anderer, stets, &stellen);
     QVERIFY(stellen.size() > 10);
     for (const Punkt &punkt : std::as_const(stellen)) {
+        if (stets.join(u' ').contains(u"inject="_s + punkt.aufruf + u':'))
+            continue; // does nothing there
         einmal(aktion, kopieren, anderer,
-               {u"-e"_s, u"inject=%1:%2:when=%3"_s.arg(punkt.aufruf, eingriff).arg(punkt.nummer)}, nullptr);
+               stets + QStringList{u"-e"_s, u"inject=%1:%2:when=%3"_s.arg(punkt.aufruf, eingriff).arg(punkt.nummer)},
+               nullptr);
         if (QTest::currentTestFailed())
             return;
     }
@@ -161,17 +183,20 @@ void TestAbsturz::einmal(const QString &aktion, bool kopieren, bool anderer, con
     auto bank = std::make_unique<Werkbank>(ordner.path(), kopieren, anderer ? fern.path() : QString());
     vorbereiten(*bank, aktion);
     const auto vorher = bank->bestand();
-    const Lauf lauf = treiber(QStringList{u"strace"_s, u"-f"_s, u"--seccomp-bpf"_s, u"-o"_s, spur, u"-e"_s,
-                                          u"trace=%1,access"_s.arg(aenderungen)} +
-                                  eingriff,
-                              *bank, ordner.path(), aktion);
+    // Stopping at these calls alone is faster, but newer kernels then swallow the signal.
+    const bool toedlich = eingriff.join(u' ').contains(u"signal=KILL"_s);
+    const Lauf lauf =
+        treiber(QStringList{u"strace"_s, u"-f"_s, u"-o"_s, spur, u"-e"_s, u"trace=%1,access"_s.arg(aenderungen)} +
+                    (toedlich ? QStringList() : QStringList{u"--seccomp-bpf"_s}) + eingriff,
+                *bank, ordner.path(), aktion);
+    QCOMPARE(lauf.status == -1, toedlich);
     if (stellen)
         *stellen = punkte(inhaltVon(spur));
     bank = std::make_unique<Werkbank>(ordner.path(), kopieren, anderer ? fern.path() : QString());
     const auto nachher = bank->bestand();
     for (auto summe = vorher.begin(); summe != vorher.end(); ++summe)
         QVERIFY2(nachher.value(summe.key()) >= summe.value(), "a document is lost");
-    const QByteArray lage = (u"%1 status %2 %3\n"_s.arg(eingriff.value(1)).arg(lauf.status).arg(lauf.meldungen) +
+    const QByteArray lage = (u"%1 status %2 %3\n"_s.arg(eingriff.join(u' ')).arg(lauf.status).arg(lauf.meldungen) +
                              bank->widersprueche().join(u'\n'))
                                 .toUtf8() +
                             '\n' + inhaltVon(spur).right(2500);

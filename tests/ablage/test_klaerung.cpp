@@ -25,11 +25,16 @@ public:
         m_absicht = absichtFuer(1, von(), nach());
         m_absicht.groesse = bytes.size();
         m_absicht.dateizeit = qint64(dateizeit.tv_sec) * 1000000000;
-        m_absicht.zeile.kopiert = weg == u"kopieren"_s || weg == u"in den Korb"_s;
-        if (weg == u"zurück"_s || weg == u"in den Korb"_s) {
+        const bool inDenKorb = weg == u"in den Korb"_s || weg == u"an Ort im Korb"_s;
+        m_absicht.zeile.kopiert = weg == u"kopieren"_s || inDenKorb;
+        if (weg == u"zurück"_s || inDenKorb) {
             m_absicht.art = Absicht::Art::Ruecknahme;
             std::swap(m_absicht.zeile.von, m_absicht.zeile.nach);
         }
+        if (weg == u"an Ort im Korb"_s) // an older intent does not tell the place
+            m_absicht.imKorb = nach();
+        if (inDenKorb)
+            vermerken("[Trash Info]\nPath=" + von().toUtf8().toPercentEncoding("/") + "\nDeletionDate=2026\n");
         if (weg == u"am Ort"_s)
             m_absicht.zeile.nach = von();
         if (weg == u"unvollendet"_s)
@@ -42,22 +47,33 @@ public:
         return stelle(von(), anfang) && endeAufbauen(ende) && zwischenAufbauen(ende, dazwischen);
     }
 
-    /** The first letter of the answer, and of each place whose file is gone afterwards: Anfang, Ende, temporär. */
+    /** Writes @p text as the note of what is to lie at the end. */
+    void vermerken(const QByteArray &text) const
+    {
+        QDir().mkpath(QFileInfo(vermerk()).path());
+        dateiSchreiben(vermerk(), text);
+    }
+
+    /** The first letter of the answer, and of each place whose file is gone afterwards: Anfang, Ende, temporär,
+     * Vermerk. */
     [[nodiscard]] QString urteil() const
     {
         const auto da = [](const QString &pfad) { return QFile::exists(pfad); };
         const bool anfang = da(von());
         const bool ende = da(nach());
         const bool temporaer = da(zwischen());
+        const bool vermerkt = da(vermerk());
         const Klaerung::Lage lage = Klaerung::lage(m_absicht);
         QString zeichen(lage == Klaerung::Lage::Geschehen ? u'G' : lage == Klaerung::Lage::Unklar ? u'U' : u'N');
         zeichen += QString(anfang && !da(von()) ? u"a"_s : QString()) + (ende && !da(nach()) ? u"e"_s : QString());
-        return zeichen + (temporaer && !da(zwischen()) ? u"t"_s : QString());
+        zeichen += temporaer && !da(zwischen()) ? u"t"_s : QString();
+        return zeichen + (vermerkt && !da(vermerk()) ? u"v"_s : QString());
     }
 
 private:
     [[nodiscard]] QString von() const { return m_ordner.filePath(u"anfang/Brief.pdf"_s); }
     [[nodiscard]] QString nach() const { return m_ordner.filePath(u"ende/Brief neu.pdf"_s); }
+    [[nodiscard]] QString vermerk() const { return m_ordner.filePath(u"info/Brief neu.pdf.trashinfo"_s); }
     [[nodiscard]] QString zwischen() const
     {
         return m_ordner.filePath(u"ende/.quillmar-6f1c0d2a-93b4-4e1f-8c55-1a2b3c4d5e6f"_s);
@@ -225,6 +241,25 @@ in den Korb | nichts       | nichts       | G   G   G   -
 in den Korb | Ordner fehlt | nichts       | U   U   U   -
 in den Korb | eine andere  | nichts       | N   N   N   -
 in den Korb | die Datei    | nichts       | N   N   Nt  -
+an Ort im Korb | nichts       | nichts       | Gv  Gv  G   -
+an Ort im Korb | nichts       | Ordner fehlt | G   G   -   -
+an Ort im Korb | nichts       | leer         | G   G   G   G
+an Ort im Korb | nichts       | eine andere  | G   G   G   G
+an Ort im Korb | nichts       | die Datei    | G   G   Gt  Gt
+an Ort im Korb | Ordner fehlt | nichts       | U   U   U   -
+an Ort im Korb | Ordner fehlt | leer         | U   U   U   U
+an Ort im Korb | Ordner fehlt | die Datei    | U   U   Ut  Ut
+an Ort im Korb | leer         | nichts       | Nv  Nv  N   -
+an Ort im Korb | leer         | leer         | N   N   N   N
+an Ort im Korb | leer         | die Datei    | Ga  Ga  Gat Gat
+an Ort im Korb | eine andere  | nichts       | Nv  Nv  N   -
+an Ort im Korb | eine andere  | leer         | N   N   N   N
+an Ort im Korb | eine andere  | die Datei    | N   N   Nt  Nt
+an Ort im Korb | die Datei    | nichts       | Nv  Nv  Ntv -
+an Ort im Korb | die Datei    | Ordner fehlt | N   N   -   -
+an Ort im Korb | die Datei    | leer         | Nev Nev Netv Netv
+an Ort im Korb | die Datei    | eine andere  | N   N   Nt  Nt
+an Ort im Korb | die Datei    | die Datei    | N   N   Nt  Nt
 )"_s;
         for (const QString &zeile : tafel.split(u'\n', Qt::SkipEmptyParts)) {
             const QStringList spalten = zeile.split(u'|');
@@ -246,13 +281,33 @@ in den Korb | die Datei    | nichts       | N   N   Nt  -
         QTEST(urteile.join(u' '), "erwartet");
     }
 
+    /** Only the note of this file goes, or one that a crash has kept from being written. */
+    void fremderVermerk_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("urteil");
+        QTest::newRow("leer") << QByteArray() << u"Nv"_s;
+        QTest::newRow("fremd") << QByteArray("[Trash Info]\nPath=/anders/Brief.pdf\nDeletionDate=2026\n") << u"N"_s;
+        QTest::newRow("Unsinn") << QByteArray("?") << u"N"_s;
+    }
+    void fremderVermerk()
+    {
+        QFETCH(QByteArray, text);
+        Tatort ort(u"an Ort im Korb"_s, inhalt);
+        QVERIFY(ort.aufbauen(u"die Datei"_s, u"nichts"_s, u"keine"_s));
+        ort.vermerken(text);
+        QTEST(ort.urteil(), "urteil");
+    }
+
     /** An empty document is no placeholder. */
     void leeresDokument()
     {
         for (const QString &zwischen : {u"keine"_s, u"fort"_s}) {
-            Tatort ort(u"verschieben"_s, {});
-            QVERIFY(ort.aufbauen(u"die Datei"_s, u"leer"_s, zwischen));
-            QCOMPARE(ort.urteil(), u"N"_s);
+            for (const QString &weg : {u"verschieben"_s, u"an Ort im Korb"_s}) {
+                Tatort ort(weg, {});
+                QVERIFY(ort.aufbauen(u"die Datei"_s, u"leer"_s, zwischen));
+                QCOMPARE(ort.urteil(), u"N"_s);
+            }
         }
     }
 };

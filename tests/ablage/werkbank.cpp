@@ -109,9 +109,18 @@ QMap<QString, int> Werkbank::bestand() const
 
 QStringList Werkbank::reste() const
 {
-    const QStringList reste = alleDateien(m_profil.quelle) + alleDateien(m_profil.zielWurzel) +
-                              alleDateien(qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash/files"_s);
-    return reste.filter(u"/.quillmar-"_s);
+    const QString korb = qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash"_s;
+    QStringList reste;
+    for (const QString &datei :
+         alleDateien(m_profil.quelle) + alleDateien(m_profil.zielWurzel) + alleDateien(korb + u"/files"_s)) {
+        if (datei.contains(u"/.quillmar-"_s) || QFileInfo(datei).size() == 0)
+            reste << datei;
+    }
+    for (const QString &vermerk : alleDateien(korb + u"/info"_s)) {
+        if (!QFile::exists(korb + u"/files/"_s + QFileInfo(vermerk).completeBaseName()))
+            reste << vermerk;
+    }
+    return reste;
 }
 
 QStringList Werkbank::abgelegte() const { return alleDateien(m_profil.zielWurzel); }
