@@ -90,7 +90,6 @@ private Q_SLOTS:
         const QString rechenzeit = u"Lesen nicht möglich: %1 hat zu viel Rechenzeit gebraucht (Grenze: 2 Sekunden)"_s;
         QTest::newRow("formen") << rechenzeit.arg(u"pdftotext"_s);
         QTest::newRow("striche") << rechenzeit.arg(u"pdftoppm"_s);
-        QTest::newRow("kasten-200000") << rechenzeit.arg(u"pdftoppm"_s); // drawn coarsely it takes three seconds
         QTest::newRow("abgeschnitten") << u"Lesen nicht möglich: die Datei ist beschädigt"_s;
         for (const char *name : {"rc4-40", "rc4-128", "aes-128", "aes-256-r5", "aes-256-r6"})
             QTest::newRow(name) << u"Lesen nicht möglich: verschlüsselt"_s;

@@ -4,8 +4,8 @@
 #include <QList>
 
 /**
- * PDF files that want to hold up, crash or bloat whoever reads them: a few KB each, made anew by every call, always
- * the same bytes. For the reading of the run as well as for the drawing of the preview.
+ * PDF files that want to hold up, crash or bloat whoever reads them: a few KB each, made when they are first asked for,
+ * always the same bytes. For the reading of the run as well as for the drawing of the preview.
  */
 namespace FeindlichePdfs
 {
