@@ -35,8 +35,7 @@ QList<Log> logsIn(const QString &ordner)
         const QString name = nameVonPlatte(e.name);
         struct stat s = {};
         if (name.endsWith(".jsonl"_L1) && ::fstatat(griff, e.name.constData(), &s, 0) == 0 && S_ISREG(s.st_mode))
-            logs << Log{.pfad = ordner + u'/' + name,
-                        .zeit = qint64(s.st_mtim.tv_sec) * 1000000000 + s.st_mtim.tv_nsec};
+            logs << Log{.pfad = ordner + u'/' + name, .zeit = Platte::zeitVon(s)};
     });
     return logs;
 }

@@ -58,8 +58,9 @@ void Bilderordner::verwaisteEntfernen()
     const QDir ablage = QDir::temp();
     for (const QString &name : ablage.entryList({u"ablage-*"_s}, QDir::Dirs | QDir::NoDotAndDotDot)) {
         const bool unserName = !QUuid::fromString(name.mid(7)).isNull();
-        // A fresh one may be about to get its lock.
-        const bool alt = QFileInfo(ablage.filePath(name)).lastModified().secsTo(QDateTime::currentDateTime()) > 60;
+        // A fresh one may be about to get its lock. One of tomorrow is not fresh: the clock has been set back since.
+        const qint64 alter = QFileInfo(ablage.filePath(name)).lastModified().secsTo(QDateTime::currentDateTime());
+        const bool alt = alter > 60 || alter < -60;
         if (unserName && alt && sperren(ablage.filePath(name)).offen())
             QDir(ablage.filePath(name)).removeRecursively();
     }

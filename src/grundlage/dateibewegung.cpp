@@ -254,9 +254,11 @@ void Dateibewegung::ordnerAnlegen(const QString &ordner, const QString &wurzel)
 bool Dateibewegung::istDieselbe(const QString &pfad, qint64 groesse, qint64 zeit)
 {
     struct stat s = {};
-    constexpr qint64 groebsteUhr = 2000000000; // file systems that keep times to two seconds
-    return !aufDerPlatte(pfad, s).isEmpty() && S_ISREG(s.st_mode) && s.st_size == groesse &&
-           std::abs(Platte::zeitVon(s) - zeit) <= groebsteUhr;
+    constexpr quint64 groebsteUhr = 2000000000; // file systems that keep times to two seconds
+    if (aufDerPlatte(pfad, s).isEmpty() || !S_ISREG(s.st_mode) || s.st_size != groesse)
+        return false;
+    const auto [frueher, spaeter] = std::minmax({Platte::zeitVon(s), zeit});
+    return quint64(spaeter) - quint64(frueher) <= groebsteUhr; // which times centuries apart do not overflow
 }
 
 bool Dateibewegung::istLeer(const QString &pfad)

@@ -2,6 +2,7 @@
 
 #include "dateigriff.h"
 #include "pfade.h"
+#include "platte.h"
 #include "speicherdatei.h"
 
 #include <QByteArray>
@@ -60,8 +61,7 @@ std::shared_ptr<const Dateigriff> abzug(int griff, qint64 groesse)
 
 Dateistand standVon(const struct stat &auskunft)
 {
-    return {auskunft.st_size, qint64(auskunft.st_mtim.tv_sec) * 1'000'000'000 + auskunft.st_mtim.tv_nsec,
-            auskunft.st_ino};
+    return {auskunft.st_size, Platte::zeitVon(auskunft), auskunft.st_ino};
 }
 } // namespace
 

@@ -2,10 +2,12 @@
 
 #include "plattenfehler.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <limits>
 #include <sys/file.h>
 #include <thread>
 
@@ -76,7 +78,12 @@ bool Platte::angaben(const QByteArray &pfad, struct stat &s)
     return !pfad.isEmpty() && ::lstat(pfad.constData(), &s) == 0;
 }
 
-qint64 Platte::zeitVon(const struct stat &s) { return qint64(s.st_mtim.tv_sec) * 1000000000 + s.st_mtim.tv_nsec; }
+qint64 Platte::zeitVon(const struct stat &s)
+{
+    constexpr qint64 jeSekunde = 1000000000;
+    constexpr qint64 aeusserste = std::numeric_limits<qint64>::max() / jeSekunde - 1;
+    return std::clamp(qint64(s.st_mtim.tv_sec), -aeusserste, aeusserste) * jeSekunde + s.st_mtim.tv_nsec;
+}
 
 bool Platte::unveraendert(const struct stat &a, const struct stat &b)
 {

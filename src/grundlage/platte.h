@@ -20,6 +20,8 @@ namespace Platte
 
 /** Without following a link. False if there is nothing. */
 [[nodiscard]] bool angaben(const QByteArray &pfad, struct stat &s);
+/** Modification time in nanoseconds since 1970; what a file system keeps beyond the years 1678 to 2262 counts as these.
+ */
 [[nodiscard]] qint64 zeitVon(const struct stat &s);
 /** Same file, unchanged since. */
 [[nodiscard]] bool unveraendert(const struct stat &a, const struct stat &b);

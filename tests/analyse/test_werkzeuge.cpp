@@ -92,11 +92,11 @@ private Q_SLOTS:
     {
         const QByteArray vorher = qgetenv("TMPDIR");
         qputenv("TMPDIR", m_ordner->path().toUtf8());
-        const auto ordner = [&](const QString &name, bool alt) {
+        const auto ordner = [&](const QString &name, bool alt, time_t sekunden = 1000) {
             const QString ort = m_ordner->filePath(name);
             QVERIFY(QDir().mkpath(ort));
             schreiben(ort + u"/s-1.png"_s, "x");
-            const struct timespec zeiten[2] = {{1000, 0}, {1000, 0}};
+            const struct timespec zeiten[2] = {{sekunden, 0}, {sekunden, 0}};
             if (alt)
                 QVERIFY(::utimensat(AT_FDCWD, ort.toUtf8().constData(), zeiten, 0) == 0);
         };
@@ -104,6 +104,7 @@ private Q_SLOTS:
         ordner(u"ablage-"_s + id + u'1', true);
         ordner(u"ablage-"_s + id + u'2', true);
         ordner(u"ablage-"_s + id + u'3', false);
+        ordner(u"ablage-"_s + id + u'4', true, ::time(nullptr) + 86400); // before the clock was set back
         ordner(u"ablage-steuer"_s, true);
         const int griff = ::open(m_ordner->filePath(u"ablage-"_s + id + u'2').toUtf8().constData(), O_RDONLY);
         QVERIFY(::flock(griff, LOCK_EX | LOCK_NB) == 0);

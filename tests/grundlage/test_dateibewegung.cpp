@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <fcntl.h>
+#include <limits>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <thread>
@@ -65,6 +66,8 @@ private Q_SLOTS:
     void ersetztNachDemKopieren();
     void ordner();
     void papierkorb();
+    void fremdeZeiten_data();
+    void fremdeZeiten();
 
 private:
     QTemporaryDir m_hier;
@@ -328,6 +331,31 @@ void TestDateibewegung::papierkorb()
     QCOMPARE(namenIn(m_hier.filePath(u"frisch/Trash/info"_s)).size(), 3);
     QVERIFY_EXCEPTION_THROWN(Papierkorb::hineinlegen(m_von + u"/Kopie.pdf"_s, nichts), Plattenfehler);
     qputenv("XDG_DATA_HOME", daten);
+}
+
+/** The clock was wrong, or the drive comes from elsewhere: such a file is moved and recognised like any other. */
+void TestDateibewegung::fremdeZeiten_data()
+{
+    QTest::addColumn<QDate>("tag");
+    for (const int jahr : {1, 1901, 1969, 1970, 2038, 2100, 2300, 9999})
+        QTest::newRow(qPrintable(QString::number(jahr))) << QDate(jahr, 1, 1);
+}
+
+void TestDateibewegung::fremdeZeiten()
+{
+    QFETCH(const QDate, tag);
+    schreiben(m_von + u"/a.pdf"_s, "alt");
+    const struct timespec zeit = {tag.startOfDay(Qt::UTC).toSecsSinceEpoch(), 0};
+    const struct timespec zeiten[2] = {zeit, zeit};
+    QCOMPARE(::utimensat(AT_FDCWD, (m_von + u"/a.pdf"_s).toUtf8().constData(), zeiten, 0), 0);
+    Dateibewegung::Schritt angesagt;
+    const QString nach = Dateibewegung::ausfuehren({.von = m_von + u"/a.pdf"_s, .ordner = m_nach, .name = u"a.pdf"_s},
+                                                   [&](const Dateibewegung::Schritt &s) { angesagt = s; });
+    QVERIFY(Dateibewegung::istDieselbe(nach, angesagt.groesse, angesagt.zeit));
+    QVERIFY(!Dateibewegung::istDieselbe(nach, angesagt.groesse, angesagt.zeit / 2 + 3000000000));
+    using Grenze = std::numeric_limits<qint64>;
+    const qint64 fern = angesagt.zeit > 0 ? Grenze::min() : Grenze::max(); // further than a number of this size tells
+    QVERIFY(!Dateibewegung::istDieselbe(nach, angesagt.groesse, fern));
 }
 
 QTEST_GUILESS_MAIN(TestDateibewegung)
