@@ -6,6 +6,11 @@ namespace
 {
 constexpr int hoechstzahl = 4;
 constexpr qint64 hoechsteBytes = qint64(320) << 20;
+constexpr int nahe = 2; // pages
+// A picture of more takes too much memory to be kept while it is not seen: A4 at 250 dots per inch.
+constexpr qint64 meisteUngesehene = 6'000'000;
+
+bool istGross(const QSize &pixel) { return qint64(pixel.width()) * pixel.height() > meisteUngesehene; }
 } // namespace
 
 Dokumentlager::Dokumentlager(const Malgrenzen &grenzen, QObject *eltern) : QObject(eltern), m_werk(grenzen)
@@ -56,7 +61,7 @@ bool Dokumentlager::bestellen(const QString &pfad, int seite, const QSize &pixel
 {
     const auto dokument = m_dokumente.find(pfad);
     if (dokument == m_dokumente.end() || dokument->befund != Vorschaubefund::Offen ||
-        dokument->gescheitert.contains(seite))
+        dokument->gescheitert.contains(seite) || (vorrang == Vorrang::Nachbar && istGross(pixel)))
         return false;
     if (dokument->bestellt.value(seite) == pixel) {
         m_werk.vorziehen(dokument->kennung, seite, vorrang);
@@ -74,7 +79,10 @@ void Dokumentlager::ausduennen(const QString &pfad, int von, int bis)
     if (dokument == m_dokumente.end())
         return;
     for (const int seite : dokument->bilder.keys()) {
-        if (seite > 0 && (seite < von || seite > bis) && !dokument->gescheitert.contains(seite)) {
+        const bool gross = istGross(dokument->bilder.value(seite).size());
+        const int umkreis = gross ? 0 : nahe;
+        const bool fern = seite < von - umkreis || seite > bis + umkreis;
+        if (fern && (gross || seite > 0) && !dokument->gescheitert.contains(seite)) {
             dokument->bilder.remove(seite);
             dokument->bestellt.remove(seite);
         }
@@ -86,14 +94,16 @@ void Dokumentlager::verlassen(const QString &pfad)
     const auto dokument = m_dokumente.find(pfad);
     if (dokument == m_dokumente.end())
         return;
-    for (const int seite : dokument->gescheitert.keys())
-        dokument->bilder.remove(seite);
-    dokument->gescheitert.clear();
-    ausduennen(pfad, 0, 0);
+    const QImage erste = dokument->bilder.value(0);
+    const bool bleibt = dokument->bilder.contains(0) && !dokument->gescheitert.contains(0) && !istGross(erste.size());
     m_werk.abbestellen(dokument->kennung);
+    dokument->gescheitert.clear();
+    dokument->bilder.clear();
     dokument->bestellt.clear();
-    if (dokument->bilder.contains(0))
-        dokument->bestellt.insert(0, dokument->bilder.value(0).size());
+    if (bleibt) {
+        dokument->bilder.insert(0, erste);
+        dokument->bestellt.insert(0, erste.size());
+    }
 }
 
 void Dokumentlager::aufraeumen()

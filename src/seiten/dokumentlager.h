@@ -51,18 +51,18 @@ public:
     [[nodiscard]] bool istBereit(const QString &pfad) const;
 
     /**
-     * Asks for a page of an open document in the size @p pixel, unless it is drawn or the process has failed at it.
-     * True when there is no picture of it at all and it had not been asked for.
+     * Asks for a page of an open document in the size @p pixel, unless it is drawn or the process has failed at it; a
+     * large one is not drawn as a neighbour. True when there is no picture of it at all and it had not been asked for.
      */
     bool bestellen(const QString &pfad, int seite, const QSize &pixel, Vorrang vorrang);
 
     /**
      * @p pfad is no longer on show: forgets what is not drawn yet, what failed, and all pictures but that of the first
-     * page.
+     * page, unless it is large.
      */
     void verlassen(const QString &pfad);
 
-    /** Frees the pictures of all pages of @p pfad but the first and those from @p von to @p bis. */
+    /** Frees the pictures of pages of @p pfad that are not near those from @p von to @p bis, which are seen. */
     void ausduennen(const QString &pfad, int von, int bis);
 
 Q_SIGNALS:

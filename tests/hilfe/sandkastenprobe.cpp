@@ -58,6 +58,7 @@ int main(int anzahl, char **argumente)
     sagen("geschlossen", Sandkasten::schliessen(3));
     Sandkasten::fristSetzen(std::chrono::seconds(10));
     sagen("Schrift lesen", geoeffnet(argumente[1], O_RDONLY));
+    sagen("Brief lesen", geoeffnet(argumente[2], O_RDONLY));
     sagen("schreiben", geoeffnet(argumente[2], O_WRONLY));
     sagen("lesen und schreiben", geoeffnet(argumente[2], O_RDWR));
     sagen("leeren", geoeffnet(argumente[2], O_RDONLY | O_TRUNC));

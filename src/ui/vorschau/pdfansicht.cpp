@@ -209,7 +209,7 @@ void PDFAnsicht::bestellen()
     if (befund() != Vorschaubefund::Offen)
         return;
     const auto [erste, letzte] = sichtbare();
-    m_lager.ausduennen(m_pfad, erste - 2, letzte + 2);
+    m_lager.ausduennen(m_pfad, erste, letzte);
     for (int seite = std::max(0, erste - 1); seite <= std::min(seiten() - 1, letzte + 1); ++seite) {
         const bool zuSehen = seite >= erste && seite <= letzte;
         const bool neu =
