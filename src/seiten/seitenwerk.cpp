@@ -51,8 +51,10 @@ Vorschaubefund befund(Malfehler grund)
 /** One size a page; those that were not measured are as large as the last that was. */
 QList<QSizeF> ergaenzt(QList<QSizeF> gemessene, int seiten)
 {
-    if (!gemessene.isEmpty())
-        gemessene.resize(seiten, gemessene.last());
+    if (gemessene.isEmpty())
+        return {};
+    const QSizeF letzte = gemessene.last();
+    gemessene.resize(seiten, letzte);
     return gemessene;
 }
 } // namespace
