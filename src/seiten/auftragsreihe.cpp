@@ -16,8 +16,17 @@ void Auftragsreihe::auftragen(const Malauftrag &auftrag)
     m_auftraege.insert(stelle, auftrag);
 }
 
+bool Auftragsreihe::wartet(const Malauftrag &auftrag) const
+{
+    return std::any_of(m_auftraege.begin(), m_auftraege.end(), [&auftrag](const Malauftrag &anderer) {
+        return anderer.kennung == auftrag.kennung && anderer.seite == auftrag.seite;
+    });
+}
+
 void Auftragsreihe::nochmals(const Malauftrag &auftrag)
 {
+    if (wartet(auftrag))
+        return;
     const auto stelle =
         std::lower_bound(m_auftraege.begin(), m_auftraege.end(), auftrag.vorrang,
                          [](const Malauftrag &anderer, Vorrang vorrang) { return anderer.vorrang < vorrang; });
@@ -26,6 +35,8 @@ void Auftragsreihe::nochmals(const Malauftrag &auftrag)
 
 void Auftragsreihe::spaeter(Malauftrag auftrag)
 {
+    if (wartet(auftrag))
+        return;
     auftrag.vorrang = std::exchange(auftrag.unterbrochen, true) ? Vorrang::Ruht : Vorrang::Nachbar;
     auftragen(auftrag);
 }

@@ -31,7 +31,10 @@ public:
     /** Takes the place of an order for the same page. */
     void auftragen(const Malauftrag &auftrag);
 
-    /** Before all others of its priority: what could not be finished through no fault of its own. */
+    /**
+     * Before all others of its priority: what could not be finished through no fault of its own. Not if the page has
+     * been ordered anew meanwhile; the same goes for spaeter().
+     */
     void nochmals(const Malauftrag &auftrag);
 
     /** What was given up for something more urgent: behind all others; the second time it rests until it is raised. */
@@ -53,6 +56,8 @@ public:
     [[nodiscard]] QList<Malauftrag> alle();
 
 private:
+    [[nodiscard]] bool wartet(const Malauftrag &auftrag) const;
+
     QList<Malauftrag> m_auftraege;
 };
 } // namespace quillmar::seiten

@@ -74,8 +74,6 @@ void Malbetrieb::schliessen(quint64 kennung)
 
 void Malbetrieb::starten()
 {
-    m_bereit = false;
-    m_offene.clear();
     m_geoeffnete = 0;
     m_prozess = std::make_unique<Malprozess>(m_grenzen.programm);
     connect(m_prozess.get(), &Malprozess::gehoert, this, &Malbetrieb::hoeren);
@@ -175,6 +173,7 @@ void Malbetrieb::verloren(Malfehler grund)
     m_prozess->toeten();
     m_prozess.release()->deleteLater(); // the way here may lead through it
     m_bereit = false;
+    m_offene.clear();
     m_frist.stop();
     if (m_laufendes)
         scheitern(erledigt(), grund, fremdeDabei && grund != Malfehler::ZuLange);

@@ -63,6 +63,13 @@ private Q_SLOTS:
         QCOMPARE(abgearbeitet(m_reihe), QList<int>({7, 1, 3, 2, 8, 0}));
     }
 
+    void neuBestelltesGilt()
+    {
+        m_reihe.nochmals(auftrag(0, Vorrang::Sofort));
+        m_reihe.spaeter(auftrag(1, Vorrang::Voraus));
+        QCOMPARE(abgearbeitet(m_reihe), QList<int>({1, 3, 2, 0}));
+    }
+
     void vorgezogenWirdNieGesenkt()
     {
         m_reihe.vorziehen(1, 0, Vorrang::Sofort);
