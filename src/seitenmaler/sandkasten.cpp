@@ -22,7 +22,10 @@ namespace quillmar::seitenmaler
 {
 namespace
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifndef __has_feature
+#define __has_feature(was) 0 // clang's way to ask
+#endif
+#if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
 constexpr bool mitSanitizer = true;
 #else
 constexpr bool mitSanitizer = false;
