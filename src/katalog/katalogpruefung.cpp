@@ -1,11 +1,11 @@
 #include "katalogpruefung.h"
 
 #include "dateigriff.h"
+#include "ganzedatei.h"
 #include "nurlesend.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -65,10 +65,8 @@ Katalogpruefung::Befund Katalogpruefung::pruefen(const QString &pfad, const std:
 
 void Katalogpruefung::vermerken(const QString &pfad)
 {
-    QSaveFile datei(vermerk(pfad));
     // Where it cannot be kept, the next program finds the damage itself.
-    if (datei.open(QIODevice::WriteOnly) && datei.write(stand(pfad)) > 0)
-        datei.commit();
+    Q_UNUSED(ganzSchreiben(vermerk(pfad), stand(pfad)));
 }
 
 void Katalogpruefung::vermerkStreichen(const QString &pfad) { QFile::remove(vermerk(pfad)); }

@@ -1,5 +1,6 @@
 #include "profilspeicher.h"
 
+#include "ganzedatei.h"
 #include "nachschlagen.h"
 #include "platte.h"
 #include "profilformat.h"
@@ -11,7 +12,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -96,16 +96,6 @@ QString beiseiteLegen(const QString &datei)
     }
     return {};
 }
-
-bool schreiben(const QString &datei, const QList<Profil> &profile)
-{
-    QSaveFile ausgabe(datei);
-    if (!ausgabe.open(QIODevice::WriteOnly))
-        return false;
-    ausgabe.setPermissions(nurBesitzer);
-    const QByteArray text = Profilformat::schreiben(profile);
-    return ausgabe.write(text) == text.size() && ausgabe.commit();
-}
 } // namespace
 
 QString Profilspeicher::ordner() { return programmOrdner(); }
@@ -162,7 +152,7 @@ Profilspeicher::Gesichert Profilspeicher::sichern(const QList<Profil> &profile, 
     // What the caller knows is all that is left of a list that is gone.
     if (gespeichert)
         ergebnis.profile = vereint(*std::move(gespeichert), stand, profile);
-    ergebnis.gelungen = schreiben(ziel, ergebnis.profile);
+    ergebnis.gelungen = ganzSchreiben(ziel, Profilformat::schreiben(ergebnis.profile));
     return ergebnis;
 }
 } // namespace quillmar::profil

@@ -4,12 +4,14 @@
 
 #include <QString>
 #include <QVariant>
+#include <functional>
 
 namespace quillmar::sprache
 {
 /**
  * The user's few settings outside the profiles: one text file in $XDG_CONFIG_HOME (else ~/.config) that all programs of
- * the user share. The callers name the keys. May be called from any thread; what cannot be written is lost silently.
+ * the user share. The callers name the keys. May be called from any thread. What cannot be written holds for this
+ * program, is complained of once, and is written with the next value that can be.
  */
 namespace Einstellungen
 {
@@ -20,5 +22,8 @@ namespace Einstellungen
 void setzen(const QString &schluessel, const QVariant &wert);
 
 void entfernen(const QString &schluessel);
+
+/** Called when values can no longer be written, once until they can again; by whoever sets one. Empty: nobody is. */
+void setzeBeschwerde(const std::function<void()> &beschwerde);
 } // namespace Einstellungen
 } // namespace quillmar::sprache

@@ -1,6 +1,7 @@
 #include "sprache.h"
 
 #include "einstellungen.h"
+#include "ganzedatei.h"
 #include "platte.h"
 #include "programmordner.h"
 #include "stuecke.h"
@@ -12,7 +13,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocale>
-#include <QSaveFile>
 #include <cstdio>
 #include <fcntl.h>
 #include <utility>
@@ -56,9 +56,8 @@ void vorlageSchreiben(const QString &ort)
     // Every start comes here, and forcing a file to disk takes long.
     if (QFile alt(ort); alt.open(QIODevice::ReadOnly) && alt.readAll() == inhalt)
         return;
-    QSaveFile datei(ort);
-    if (datei.open(QIODevice::WriteOnly) && datei.write(inhalt) == inhalt.size())
-        datei.commit();
+    constexpr auto fuerAlle = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther;
+    Q_UNUSED(ganzSchreiben(ort, inhalt, fuerAlle));
 }
 } // namespace
 

@@ -10,6 +10,7 @@
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sitzungen.h"
+#include "sprache.h"
 
 #include <algorithm>
 #include <cmath>
@@ -56,10 +57,17 @@ Zustand::Zustand(QObject *vater)
 {
     connect(m_profilwahl.get(), &Profilwahl::angelegt, this, [this] { setzeReiter(Reiter::Einrichtung); });
     connect(m_profilwahl.get(), &Profilwahl::bereitschaftGeaendert, this, &Zustand::ersteKarteWaehlen);
+    Einstellungen::setzeBeschwerde([briefe = Briefkasten::fuer(this), this] {
+        briefe->einwerfen([this] {
+            m_meldestelle->melden(
+                Sprache::text(u"Die Einstellungen ließen sich nicht speichern. Ist die Platte voll?"_s));
+        });
+    });
 }
 
 Zustand::~Zustand()
 {
+    Einstellungen::setzeBeschwerde({});
     m_einrichtung.reset();
     m_sitzungen.reset();
     m_ausfuehrung.reset();

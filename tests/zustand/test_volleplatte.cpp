@@ -8,7 +8,6 @@
 #include "zustandsprobe.h"
 
 #include <QProcess>
-#include <QSettings>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -34,6 +33,13 @@ public:
 private:
     QFile m_datei;
 };
+
+/** The settings as they stand in their file by now. */
+QByteArray einstellungen()
+{
+    QFile datei(qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Quillmar/Quillmar.conf"_s);
+    return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
+}
 } // namespace
 
 /** Runs in a name space of its own, with the user's folders on a disk of eight megabytes. */
@@ -57,6 +63,7 @@ private Q_SLOTS:
         m_b->schliessen();
         beginnen();
         QTRY_COMPARE(m_z->katalogpflege()->stand().sicherungen.size(), 1);
+        Einstellungen::setzen(u"beimStartPruefen"_s, true);
         const QByteArray liste = [] {
             QFile datei(Profilspeicher::datei());
             return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
@@ -77,6 +84,7 @@ private Q_SLOTS:
             QTest::qWait(0);
             QCOMPARE(gesagt(), QString()); // said once
             QCOMPARE(Einstellungen::wert(u"vorschauZoom"_s).toString(), u"seite"_s);
+            QVERIFY2(einstellungen().contains("beimStartPruefen=true"), einstellungen().constData());
 
             uebernehmen();
             QVERIFY2(gesagt().contains(u"vormerken"_s) || gesagt().contains(u"Platte voll"_s), qPrintable(gesagt()));
@@ -87,9 +95,8 @@ private Q_SLOTS:
         QTRY_COMPARE(Profilspeicher::laden().value(0).eigeneNamen, QStringList{u"Muster"_s});
         QCOMPARE(Profilspeicher::laden().value(0).eigentuemer, u"Anna"_s);
         Einstellungen::setzen(u"sprache"_s, u"de"_s);
-        const QSettings gespeichert(QSettings::NativeFormat, QSettings::UserScope, u"Quillmar"_s, u"Quillmar"_s);
-        QCOMPARE(gespeichert.value(u"vorschauZoom"_s).toString(), u"seite"_s);
-        QCOMPARE(gespeichert.value(u"teilung"_s).toDouble(), 0.4);
+        for (const char *zeile : {"beimStartPruefen=true", "vorschauZoom=seite", "teilung=0.4", "sprache=de"})
+            QVERIFY2(einstellungen().contains(zeile), einstellungen().constData());
         uebernehmen();
         QVERIFY2(!QFile::exists(m_b->quelle(u"a.pdf"_s)), qPrintable(gesagt()));
         QVERIFY(Sicherungen::anlegen(Profilspeicher::katalogDatei(m_b->profil)));
