@@ -21,8 +21,6 @@ namespace quillmar::profil
 {
 namespace
 {
-constexpr auto nurBesitzer = QFile::ReadOwner | QFile::WriteOwner;
-
 template <typename Liste>
 auto nachId(Liste &liste, const QUuid &id)
 {
