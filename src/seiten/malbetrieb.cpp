@@ -92,7 +92,7 @@ void Malbetrieb::weiter()
 
 void Malbetrieb::beginnen(const Malauftrag &auftrag)
 {
-    m_laufendes.emplace();
+    m_laufendes = Laufendes{};
     m_laufendes->auftrag = auftrag;
     if (auftrag.seite >= 0 && m_offene.contains(auftrag.kennung)) {
         m_laufendes->bild.emplace(auftrag.pixel);
