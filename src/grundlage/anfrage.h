@@ -27,13 +27,13 @@ public:
         verwerfen();
         m_laeuft = true;
         m_ende = std::stop_source();
-        imHintergrund(m_empfaenger, mitEnde(std::move(arbeit), m_ende.get_token()),
-                      [this, ende = m_ende.get_token(), liefern](const auto &ausgang) {
-                          if (ende.stop_requested())
-                              return; // this may be gone
-                          m_laeuft = false;
-                          liefern(ausgang);
-                      });
+        const std::stop_token ende = m_ende.get_token();
+        imHintergrund(m_empfaenger, mitEnde(std::move(arbeit), ende), [this, ende, liefern](const auto &ausgang) {
+            if (ende.stop_requested())
+                return; // this may be gone
+            m_laeuft = false;
+            liefern(ausgang);
+        });
     }
     /** Nobody waits for the answer any more. */
     void verwerfen()

@@ -1,6 +1,10 @@
 #include "hintergrund.h"
 
 #include <QThreadPool>
+#include <future>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace quillmar::grundlage
 {
@@ -8,6 +12,7 @@ namespace
 {
 // As good as no limit: what hangs on a drive must not keep others from theirs.
 constexpr int hoechstensFaeden = 1000;
+constexpr int nachrangig = 10; // nice
 
 QThreadPool &faeden()
 {
@@ -30,6 +35,14 @@ void Hintergrund::starten(std::function<void()> arbeit)
             return;
         }
     });
+}
+
+void Hintergrund::hintanstellen(const std::function<void()> &arbeit)
+{
+    std::async(std::launch::async, [&arbeit] {
+        ::setpriority(PRIO_PROCESS, id_t(::syscall(SYS_gettid)), nachrangig);
+        arbeit();
+    }).get();
 }
 
 bool Hintergrund::warten(std::chrono::milliseconds laengstens) { return faeden().waitForDone(int(laengstens.count())); }

@@ -15,6 +15,12 @@ namespace Hintergrund
 /** Has @p arbeit done on another thread; what it throws is lost. Never waits for one to be free. */
 void starten(std::function<void()> arbeit);
 
+/**
+ * Does @p arbeit on a thread that stands back behind whatever else wants the processor, and waits for it; throws what
+ * it throws. For what reads or writes much and nobody waits for.
+ */
+void hintanstellen(const std::function<void()> &arbeit);
+
 /** Waits until no work is under way, at most @p laengstens. False when some still is. */
 bool warten(std::chrono::milliseconds laengstens);
 } // namespace Hintergrund

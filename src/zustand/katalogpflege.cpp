@@ -5,11 +5,6 @@
 #include "offenesprofil.h"
 #include "profilwahl.h"
 
-#include <future>
-#include <sys/resource.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 using namespace std::chrono_literals;
 
 namespace quillmar::zustand
@@ -17,16 +12,6 @@ namespace quillmar::zustand
 namespace
 {
 constexpr auto einTag = 24h;
-constexpr auto vorrang = 10; // nice
-
-/** A check and a copy read the whole file: they stand back behind whatever else wants the processor. */
-void hintanstehend(const std::function<void()> &arbeit)
-{
-    std::async(std::launch::async, [&arbeit] {
-        ::setpriority(PRIO_PROCESS, id_t(::syscall(SYS_gettid)), vorrang);
-        arbeit();
-    }).get();
-}
 
 /** Why there is no copy of today; empty where there is one. */
 QString sichern(const QString &pfad, const std::stop_token &ende)
@@ -45,7 +30,7 @@ Katalogstand gepflegt(const std::shared_ptr<Datenbank> &db, const std::stop_toke
 {
     const QString pfad = Katalog::pfad(*db);
     Katalogstand stand;
-    hintanstehend([&] {
+    Hintergrund::hintanstellen([&] {
         const auto befund = Katalog::zugang(*db) == Zugang::Beschaedigt ? Katalogpruefung::Befund::Beschaedigt
                                                                         : Katalogpruefung::pruefen(pfad, ende);
         if (befund == Katalogpruefung::Befund::Beschaedigt)
