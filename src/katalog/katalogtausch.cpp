@@ -66,6 +66,7 @@ QString beenden(const QString &katalog)
         umbenennen(katalog, ziel);
     }
     umbenennen(fertiger(katalog), katalog);
+    Katalogtausch::verwerfen(katalog); // who has looked at it last may have left an empty journal behind
     Katalogpruefung::vermerkStreichen(katalog);
     Platte::ordnerSichern(QFile::encodeName(katalog));
     return ziel;

@@ -188,6 +188,12 @@ class TestWiederherstellung : public QObject
         }
     }
 
+    /** Of the making of the new catalogue. */
+    static QStringList ueberbleibsel(const QString &katalog)
+    {
+        return QFileInfo(katalog).dir().entryList({u"*.entsteht*"_s, u"*.neu*"_s});
+    }
+
 private Q_SLOTS:
     // QUILLMAR_SCHAEDEN=200 tries as many.
     void beschaedigteKataloge()
@@ -232,6 +238,7 @@ private Q_SLOTS:
         QCOMPARE(inhaltVon(ergebnis.beiseite), vorher);
         QVERIFY(ergebnis.bilanz.eingetragen > 0);
         QVERIFY(ergebnis.satz().contains(u"nachgetragen"_s));
+        QCOMPARE(ueberbleibsel(leben.katalog()), QStringList());
         // A second time the logs tell nothing new.
         leben.schliessen();
         Sicherungen::anlegen(leben.katalog());
