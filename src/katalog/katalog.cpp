@@ -16,8 +16,8 @@ namespace
 {
 QString beschaedigt()
 {
-    return Sprache::text(u"Der Katalog ist beschädigt und wird nur noch gelesen. Im Fenster, Karte Einrichtung, lässt "
-                         "sich eine Sicherung einsetzen"_s);
+    return Sprache::text(u"Der Katalog ist beschädigt. Im Fenster, Karte Einrichtung, lässt sich eine Sicherung "
+                         "einsetzen; bis dahin wird er nur gelesen"_s);
 }
 } // namespace
 

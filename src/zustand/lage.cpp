@@ -3,6 +3,7 @@
 #include "analyse.h"
 #include "ausfuehrung.h"
 #include "durchgang.h"
+#include "laufkarte.h"
 #include "modelldienst.h"
 #include "pfade.h"
 #include "profilwahl.h"
@@ -73,7 +74,7 @@ void naechsterSchritt(const Zustand &zustand, Leerlage &leere)
                                {QString::number(z.zurueckgestellt)});
     } else if (zustand.durchgang()->laeuft() || (z.neu == 0 && !ohneDokumente(zustand))) {
         leere.tat = Leerlage::Tat::Keine;
-    } else if (zustand.profilwahl()->bereitZumStart()) {
+    } else if (Lauflage::von(zustand).startbereit()) {
         leere.tat = Leerlage::Tat::Starten;
         leere.knopf = Sprache::text(u"Durchgang starten"_s);
     } else {

@@ -2,6 +2,7 @@
 
 #include "analyse.h"
 #include "durchgang.h"
+#include "katalogpflege.h"
 #include "pfade.h"
 #include "profilwahl.h"
 #include "sprache.h"
@@ -24,6 +25,7 @@ Lauflage Lauflage::von(const Zustand &zustand)
             .haeltAn = durchgang->analyse()->abbrechenGewuenscht(),
             .startWartet = durchgang->startWartet(),
             .gelaufen = durchgang->laufbild().gelaufen(),
+            .beschaedigt = zustand.katalogpflege()->stand().zugang == Zugang::Beschaedigt,
             .stufe = durchgang->analyse()->stufe()};
 }
 
@@ -31,6 +33,8 @@ QString Lauflage::titel() const
 {
     if (laeuft)
         return Sprache::text(u"Der Durchgang läuft"_s);
+    if (beschaedigt)
+        return Sprache::text(u"Der Katalog ist beschädigt"_s);
     if (!startbereit())
         return Sprache::text(u"Noch nicht eingerichtet"_s);
     return gelaufen ? stufe : Sprache::text(u"Bereit für den Durchgang"_s);
@@ -56,6 +60,9 @@ QString Lauflage::zeile() const
 
 QString Lauflage::fehlendes() const
 {
+    if (beschaedigt)
+        return Sprache::text(
+            u"Er wird nur noch gelesen. Auf der Karte Einrichtung lässt sich eine Sicherung einsetzen."_s);
     if (!bereitschaft || startbereit())
         return {};
     const Bereitschaft &b = *bereitschaft;

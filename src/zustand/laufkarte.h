@@ -20,11 +20,12 @@ struct Lauflage {
     bool haeltAn = false;     ///< the run ends behind the document in hand
     bool startWartet = false; ///< for the answer of the model server
     bool gelaufen = false;    ///< a run has been seen
+    bool beschaedigt = false; ///< the catalogue is, and is only read
     QString stufe;            ///< in which the last run ended
 
     /** Of a state with an active profile. */
     [[nodiscard]] static Lauflage von(const Zustand &zustand);
-    [[nodiscard]] bool startbereit() const { return bereitschaft && bereitschaft->vollstaendig(); }
+    [[nodiscard]] bool startbereit() const { return !beschaedigt && bereitschaft && bereitschaft->vollstaendig(); }
     [[nodiscard]] QString titel() const;
     /** The line below the title. */
     [[nodiscard]] QString zeile() const;

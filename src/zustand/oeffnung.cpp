@@ -64,6 +64,8 @@ Oeffnung Oeffnung::mitSicherung(const Profil &profil, const QString &datei, cons
     }
     const auto ergebnis = Wiederherstellung::einsetzen(Profilspeicher::katalogDatei(profil), datei, profil, andere);
     Oeffnung o = von(profil);
+    // Without any log nobody knows what was filed since.
+    o.gelungen = o.hinweise.isEmpty() && ergebnis.bilanz.protokolle > 0 && ergebnis.bilanz.gescheiterte.isEmpty();
     o.hinweise.prepend(ergebnis.satz());
     return o;
 }

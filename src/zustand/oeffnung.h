@@ -12,6 +12,7 @@ namespace quillmar::zustand
 struct Oeffnung {
     std::shared_ptr<Datenbank> db;
     QStringList hinweise;
+    bool gelungen = false; ///< the notes tell what was wished for, and nothing else
     Blick blick;
     Entwurfsliste entwuerfe;
 

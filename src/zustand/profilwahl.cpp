@@ -111,8 +111,9 @@ void Profilwahl::geoeffnet(const QUuid &id, const Oeffnung &oeffnung)
         m_vorab << gefuellt(Sprache::text(u"Der Durchgang von %@ wurde angehalten, der nächste Start setzt ihn fort"_s),
                             {aktiv()->name});
     wechseln(std::make_unique<OffenesProfil>(*gewaehlt, oeffnung.db));
-    m_meldestelle->berichten({}, (std::exchange(m_vorab, {}) + oeffnung.hinweise).join(u", "_s),
-                             Meldestelle::Ton::Warnung);
+    using Ton = Meldestelle::Ton;
+    const Ton ton = oeffnung.gelungen && m_vorab.isEmpty() ? Ton::Gut : Ton::Warnung;
+    m_meldestelle->berichten({}, (std::exchange(m_vorab, {}) + oeffnung.hinweise).join(u", "_s), ton);
     Q_EMIT eingetreten(oeffnung);
     bereitschaftPruefen();
 }

@@ -1,5 +1,6 @@
 #include "ausfuehrung.h"
 #include "katalogpflege.h"
+#include "laufkarte.h"
 #include "meldestelle.h"
 #include "offenesprofil.h"
 #include "profilspeicher.h"
@@ -76,6 +77,7 @@ private Q_SLOTS:
         uebernehmen();
         QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
         QVERIFY2(gesagt().contains(u"beschädigt"_s), qPrintable(gesagt()));
+        QVERIFY(Lauflage::von(*m_z).beschaedigt);
         const Katalograt rat = katalograt({}, stand());
         QVERIFY(!rat.satz.isEmpty() && rat.knopf.isEmpty());
         schliessen();
@@ -98,6 +100,8 @@ private Q_SLOTS:
         QVERIFY(m_z->profilwahl()->oeffnet());
         QTRY_VERIFY(m_z->profilwahl()->kannHandeln());
         QVERIFY2(gesagt().contains(u"1 Bewegung seither"_s), qPrintable(gesagt()));
+        QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::Gut);
+        QVERIFY(!Lauflage::von(*m_z).beschaedigt);
         QCOMPARE(stand().zugang, Zugang::Schreiben);
         QCOMPARE(name(), u"b.pdf"_s);
         QCOMPARE(m_z->pruefung()->zaehlwerk().erledigt, 1);

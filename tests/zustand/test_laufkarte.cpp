@@ -99,6 +99,19 @@ private Q_SLOTS:
                  u"Es fehlt noch: tesseract, Zielordner, Namensmuster. Das geht auf der Karte Einrichtung."_s);
     }
 
+    /** No run is offered that would end at once. */
+    void beschaedigterKatalog()
+    {
+        const Profil p = profil();
+        Lauflage lage{.profil = p, .bereitschaft = vollstaendige, .gelaufen = true, .beschaedigt = true, .stufe = {}};
+        QVERIFY(!lage.startbereit());
+        QCOMPARE(lage.titel(), u"Der Katalog ist beschädigt"_s);
+        QVERIFY2(lage.zeile().contains(u"Karte Einrichtung"_s), qPrintable(lage.zeile()));
+        QCOMPARE(lage.fehlendes(), lage.zeile());
+        lage.laeuft = true; // noticed meanwhile: what goes on is said first
+        QCOMPARE(lage.titel(), u"Der Durchgang läuft"_s);
+    }
+
     void vorschauen()
     {
         Profil p = profil();

@@ -7,6 +7,7 @@
 #include "durchgang.h"
 #include "einrichtung.h"
 #include "hinweisfeld.h"
+#include "katalogpflege.h"
 #include "laufteile.h"
 #include "leeransicht.h"
 #include "liste.h"
@@ -161,6 +162,7 @@ void AblaufAnsicht::folgen()
                               &Profilwahl::bereitschaftGeaendert, &Profilwahl::oeffnetGeaendert})
         connect(wahl, signal, this, &AblaufAnsicht::zeigen);
     connect(m_zustand->ausfuehrung(), &Ausfuehrung::beschaeftigtGeaendert, this, &AblaufAnsicht::zeigen);
+    connect(m_zustand->katalogpflege(), &Katalogpflege::geaendert, this, &AblaufAnsicht::zeigen);
     connect(m_zustand->pruefung(), &Pruefung::zaehlwerkGeaendert, this, [this] {
         zeigen();
         if (isVisible())
@@ -186,7 +188,7 @@ bool AblaufAnsicht::laeuft() const { return m_zustand->durchgang()->laeuft(); }
 /** Known to be; while that is being looked at, nothing is offered yet. */
 bool AblaufAnsicht::eingerichtet() const
 {
-    return !m_zustand->profilwahl()->bereitschaft() || m_zustand->profilwahl()->bereitZumStart();
+    return lage().startbereit() || (!m_zustand->profilwahl()->bereitschaft() && !lage().beschaedigt);
 }
 
 /** To the first section without which no run begins. */
@@ -230,7 +232,7 @@ void AblaufAnsicht::knoepfeZeigen()
     const Durchgang *durchgang = m_zustand->durchgang();
     const qint64 wartend = m_zustand->pruefung()->zaehlwerk().bereit;
     const bool pruefbar = wartend > 0 && (laeuft() || durchgang->laufbild().gelaufen());
-    const bool startbar = m_zustand->profilwahl()->bereitZumStart() && !durchgang->startErbeten();
+    const bool startbar = lage().startbereit() && !durchgang->startErbeten();
     benennen(m_pruefen,
              gefuellt(Sprache::text(wartend, u"%@ Vorschlag prüfen"_s, u"%@ Vorschläge prüfen"_s),
                       {QString::number(wartend)}),
@@ -244,7 +246,7 @@ void AblaufAnsicht::knoepfeZeigen()
     m_anhalten->setIcon(Zeichen::icon(laeuft() ? Symbol::Halt : Symbol::Start));
     m_anhalten->setVisible(laeuft() || pruefbar);
     m_anhalten->setEnabled(laeuft() ? !durchgang->analyse()->abbrechenGewuenscht() : startbar);
-    m_alleErneut->setEnabled(!laeuft() && !durchgang->startErbeten());
+    m_alleErneut->setEnabled(!laeuft() && !durchgang->startErbeten() && !lage().beschaedigt);
     m_erneut->setEnabled(m_alleErneut->isEnabled() && m_gescheiterte.liste->currentIndex().isValid());
     if (laeuft())
         m_frage->hide();
@@ -272,8 +274,7 @@ void AblaufAnsicht::hindernisseZeigen()
     const QString satz = hindernissatz(*m_zustand->durchgang());
     m_hindernisse->setzeText(satz);
     m_hindernisse->setVisible(!satz.isEmpty());
-    m_hindernisse->knopf()->setEnabled(m_zustand->profilwahl()->bereitZumStart() &&
-                                       !m_zustand->durchgang()->startErbeten());
+    m_hindernisse->knopf()->setEnabled(lage().startbereit() && !m_zustand->durchgang()->startErbeten());
 }
 
 void AblaufAnsicht::zahlenZeigen()
