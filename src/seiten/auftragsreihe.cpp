@@ -53,6 +53,17 @@ void Auftragsreihe::vorziehen(quint64 kennung, int seite, Vorrang vorrang)
     auftragen(auftrag);
 }
 
+void Auftragsreihe::zuruecksetzen(quint64 kennung)
+{
+    const auto gefunden = std::find_if(m_auftraege.begin(), m_auftraege.end(),
+                                       [kennung](const Malauftrag &a) { return a.kennung == kennung && a.seite < 0; });
+    if (gefunden == m_auftraege.end() || gefunden->vorrang >= Vorrang::Nachbar)
+        return;
+    Malauftrag auftrag = *gefunden;
+    auftrag.vorrang = Vorrang::Nachbar;
+    auftragen(auftrag);
+}
+
 void Auftragsreihe::verwerfen(quint64 kennung, int abSeite)
 {
     m_auftraege.removeIf([kennung, abSeite](const Malauftrag &auftrag) {

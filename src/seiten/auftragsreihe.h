@@ -43,6 +43,9 @@ public:
     /** Raises what waits for the page (-1: the opening) to @p vorrang; nothing if it has that or a higher one. */
     void vorziehen(quint64 kennung, int seite, Vorrang vorrang);
 
+    /** Nobody looks at the document any more: its opening waits behind what is on show or drawn ahead. */
+    void zuruecksetzen(quint64 kennung);
+
     /** Drops the document's orders; from @p abSeite 0 on: the pages alone. */
     void verwerfen(quint64 kennung, int abSeite = -1);
 

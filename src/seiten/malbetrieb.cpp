@@ -53,6 +53,14 @@ void Malbetrieb::vorziehen(quint64 kennung, int seite, Vorrang vorrang)
     weiter();
 }
 
+void Malbetrieb::zuruecksetzen(quint64 kennung)
+{
+    m_reihe.zuruecksetzen(kennung);
+    if (m_laufendes && m_laufendes->auftrag.kennung == kennung && m_laufendes->auftrag.seite < 0)
+        m_laufendes->auftrag.vorrang = std::max(m_laufendes->auftrag.vorrang, Vorrang::Nachbar);
+    vortrittPruefen();
+}
+
 void Malbetrieb::verwerfen(quint64 kennung, int abSeite)
 {
     m_reihe.verwerfen(kennung, abSeite);

@@ -38,6 +38,8 @@ public:
     /** Each order is told of once, unless it is replaced, dropped or given up. */
     void auftragen(const Malauftrag &auftrag);
     void vorziehen(quint64 kennung, int seite, Vorrang vorrang);
+    /** The opening of the document gives way to what is more urgent. */
+    void zuruecksetzen(quint64 kennung);
     /** Drops the orders of the document; from @p abSeite 0 on: the pages alone. One that is begun may still be told of.
      */
     void verwerfen(quint64 kennung, int abSeite);

@@ -112,7 +112,14 @@ void Seitenwerk::vorziehen(quint64 kennung, int seite, Vorrang vorrang)
     m_betrieb.vorziehen(kennung, seite, vorrang);
 }
 
-void Seitenwerk::abbestellen(quint64 kennung) { m_betrieb.verwerfen(kennung, 0); }
+void Seitenwerk::abbestellen(quint64 kennung)
+{
+    const auto dokument = m_dokumente.find(kennung);
+    if (dokument != m_dokumente.end())
+        dokument->vorrang = Vorrang::Nachbar; // if its bytes are still to come
+    m_betrieb.verwerfen(kennung, 0);
+    m_betrieb.zuruecksetzen(kennung);
+}
 
 void Seitenwerk::schliessen(quint64 kennung)
 {

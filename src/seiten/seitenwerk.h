@@ -65,7 +65,7 @@ public:
     /** What is asked for already (-1: to open the document) is wanted sooner. */
     void vorziehen(quint64 kennung, int seite, Vorrang vorrang);
 
-    /** Forgets the pages of the document that are not begun. */
+    /** Forgets the pages of the document that are not begun; its opening no longer keeps anything waiting. */
     void abbestellen(quint64 kennung);
 
     /** Frees the document; nothing is told of it any more. */

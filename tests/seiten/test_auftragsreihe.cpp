@@ -78,6 +78,17 @@ private Q_SLOTS:
         QCOMPARE(abgearbeitet(m_reihe), QList<int>({1, 3, 0, 2}));
     }
 
+    void dasOeffnenTrittZurueck()
+    {
+        m_reihe.auftragen(auftrag(-1, Vorrang::Sofort));
+        m_reihe.zuruecksetzen(2);
+        QCOMPARE(m_reihe.hoechster(), Vorrang::Sofort);
+        m_reihe.zuruecksetzen(1);
+        const QList<int> folge = abgearbeitet(m_reihe);
+        QCOMPARE(folge.last(), -1);
+        QCOMPARE(folge.size(), 5);
+    }
+
     void verworfenWerdenSeitenOderAlles()
     {
         m_reihe.auftragen(auftrag(-1, Vorrang::Sofort));

@@ -1,3 +1,4 @@
+#include "feindlichepdfs.h"
 #include "kleinespdf.h"
 #include "seitenwerk.h"
 
@@ -220,6 +221,25 @@ private Q_SLOTS:
         m_gemalt.clear();
         QTRY_VERIFY_WITH_TIMEOUT(istGemalt(gezeigtes, 0), geduld);
         QVERIFY(!m_gemalt.contains({dauert, 0}));
+    }
+
+    // One that takes long to open, and was left meanwhile, does not keep the next one waiting.
+    void verlassenesGibtNach()
+    {
+        anlegen({.rechenzeit = lang, .wanduhr = lang, .geduld = std::chrono::milliseconds(50)});
+        const quint64 verlassenes = oeffnen(FeindlichePdfs::bytesVon("tiefer-baum"));
+        const quint64 wartendes = oeffnen(FeindlichePdfs::bytesVon("tiefer-baum"));
+        const quint64 voriges = oeffnen(Kleinespdf::brav());
+        m_werk->abbestellen(verlassenes);
+        m_werk->abbestellen(wartendes);
+        QTRY_VERIFY_WITH_TIMEOUT(m_geoeffnet.contains(voriges), geduld);
+        m_werk->vorziehen(verlassenes, -1, Vorrang::Sofort); // shown again, and left again while it is being opened
+        m_werk->abbestellen(verlassenes);
+        const quint64 gezeigtes = oeffnen(Kleinespdf::brav());
+        QTRY_VERIFY_WITH_TIMEOUT(m_geoeffnet.contains(gezeigtes), geduld);
+        m_werk->malen(gezeigtes, 0, klein, Vorrang::Sofort);
+        QTRY_VERIFY_WITH_TIMEOUT(istGemalt(gezeigtes), geduld);
+        QVERIFY(!m_geoeffnet.contains(verlassenes) && !m_geoeffnet.contains(wartendes));
     }
 
     void falscheProgramme_data()
