@@ -56,7 +56,8 @@ public:
     [[nodiscard]] const QString &stufenname() const { return m_stand.stufe; }
     [[nodiscard]] const QString &meldung() const { return m_stand.meldung; }
     [[nodiscard]] double anteil() const { return m_stand.anteil; }
-    [[nodiscard]] const QString &restzeit() const { return m_stand.restzeit; }
+    /** Empty while it cannot be told, as long as dauersatz() names a document. */
+    [[nodiscard]] QString restzeit() const { return m_dauert ? QString() : m_stand.restzeit; }
     /** Names the document in hand, in a sentence, once it takes longer than ten seconds; else empty. */
     [[nodiscard]] QString dauersatz() const;
     /** How long a document may take before dauersatz() names it. */

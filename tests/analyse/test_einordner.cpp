@@ -265,7 +265,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("geduld");
         QTest::addColumn<QString>("erwartet");
-        QTest::newRow("lange") << 0 << u"a.pdf dauert länger"_s;
+        QTest::newRow("lange") << 0 << u"b.pdf dauert länger"_s;
         QTest::newRow("nicht lange") << 3600000 << QString();
     }
     void wasLangeDauertWirdGenannt()
@@ -276,16 +276,20 @@ private Q_SLOTS:
         m_stand->profil.quelle = quelle.path();
         m_stand->profil.zweitmeinung = false;
         m_stand->dokument(u"a.pdf"_s, u"Text"_s);
-        m_stand->modellSagt({Testantwort::gehalten(Pruefstand::antwort(Pruefstand::vorschlag()))});
+        m_stand->dokument(u"b.pdf"_s, u"Anderes"_s);
+        const Testantwort antwort = Pruefstand::antwort(Pruefstand::vorschlag());
+        m_stand->modellSagt({antwort, Testantwort::gehalten(antwort)});
         Analyse analyse(m_stand->katalog(), m_stand->profil);
         analyse.setzeGeduld(std::chrono::milliseconds(geduld));
         analyse.allesStarten();
-        QTRY_VERIFY(!m_stand->fragen().isEmpty());
+        QTRY_COMPARE(m_stand->fragen().size(), 2);
         QTRY_COMPARE(analyse.dauersatz(), erwartet);
+        // What it was reckoned to take yet holds no longer.
+        QTRY_COMPARE(analyse.restzeit().isEmpty(), !erwartet.isEmpty());
         m_stand->loslassen();
         QTRY_VERIFY(!analyse.laeuft());
         QCOMPARE(analyse.dauersatz(), QString());
-        QCOMPARE(analyse.meldung(), u"1 von 1 eingeordnet"_s);
+        QCOMPARE(analyse.meldung(), u"2 von 2 eingeordnet"_s);
     }
 
     void wasDerMenschInzwischenTatBleibt()
