@@ -25,17 +25,18 @@ constexpr auto geduld = 10s;
 /** Whole and on the disk: from now on it is the catalogue. */
 QString fertiger(const QString &katalog) { return katalog + u".neu"_s; }
 
-QStringList nebendateien() { return {u"-wal"_s, u"-shm"_s}; }
+QStringList nebendateien() { return {u"-wal"_s, u"-shm"_s, u"-journal"_s}; }
 
 [[noreturn]] void scheitern(int fehler)
 {
     Platte::scheitern(QUILLMAR_TEXT(u"Die Sicherung ließ sich nicht einsetzen"_s), fehler);
 }
 
+/** Named by the time of its successor, so that an exchange that was interrupted goes on under the same name. */
 QString beiseite(const QString &katalog)
 {
     const QFileInfo datei(katalog);
-    const QString zeit = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HHmmss"_s);
+    const QString zeit = QFileInfo(fertiger(katalog)).lastModified().toString(u"yyyy-MM-dd HHmmss"_s);
     QString ziel;
     for (int n = 1; n == 1 || istVorhanden(ziel); ++n)
         ziel = datei.absolutePath() + u'/' + datei.completeBaseName() + u" beiseite "_s + zeit +
@@ -58,18 +59,17 @@ void durchschreiben(const QString &pfad)
 
 QString beenden(const QString &katalog)
 {
-    const QString ziel = QFileInfo::exists(katalog) ? beiseite(katalog) : QString();
-    if (!ziel.isEmpty()) {
-        // A journal belongs to its file: the new one must not find that of the former one.
-        for (const QString &zusatz : nebendateien())
-            umbenennen(katalog + zusatz, ziel + zusatz);
-        umbenennen(katalog, ziel);
-    }
+    const bool vorhanden = istVorhanden(katalog);
+    const QString ziel = beiseite(katalog);
+    // A journal belongs to its file: the new one must not find that of the former one, be it the last that is left.
+    for (const QString &zusatz : nebendateien())
+        umbenennen(katalog + zusatz, ziel + zusatz);
+    umbenennen(katalog, ziel);
     umbenennen(fertiger(katalog), katalog);
     Katalogtausch::verwerfen(katalog); // who has looked at it last may have left an empty journal behind
     Katalogpruefung::vermerkStreichen(katalog);
     Platte::ordnerSichern(QFile::encodeName(katalog));
-    return ziel;
+    return vorhanden ? ziel : QString();
 }
 
 /** Whoever finds an exchange half done must know that nobody is at it any more. */
