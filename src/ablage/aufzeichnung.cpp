@@ -91,6 +91,9 @@ bool Aufzeichnung::istErfolgt(Datenbank &db, const Absicht &a)
     const Bewegungen bewegungen(db);
     if (a.art == Absicht::Art::Ruecknahme)
         return a.protokollId == 0 || bewegungen.istZurueck(a.protokollId);
-    return bewegungen.istEingetragen(a.protokollId, a.zeile.dokument, a.zeile.von, a.zeile.nach);
+    const Protokollzeile &z = a.zeile;
+    // A copy that has taken the catalogue's place has other rows: there the time tells.
+    return bewegungen.istEingetragen(a.protokollId, z.dokument, z.von, z.nach) ||
+           bewegungen.besteht(z.zeit, z.von, z.nach);
 }
 } // namespace quillmar::ablage

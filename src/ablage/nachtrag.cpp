@@ -4,10 +4,13 @@
 #include "bewegungen.h"
 #include "dateibewegung.h"
 #include "dokumente.h"
+#include "fehler.h"
 #include "papierkorb.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "sha256.h"
+#include "sprache.h"
+#include "stapel.h"
 #include "text.h"
 #include "transaktion.h"
 
@@ -33,11 +36,26 @@ bool istOhneWeg(const Protokollzeile &z) { return z.von == z.nach; }
 
 QString summeVon(const QString &pfad) { return sha256Datei(aufDerPlatte(pfad)); }
 
+/** Nothing lies there, or another file by the same name. */
+bool istFort(const QString &pfad, const QString &summe)
+{
+    if (!istVorhanden(pfad))
+        return true;
+    const QString jetzt = summeVon(pfad);
+    return !jetzt.isNull() && jetzt != summe;
+}
+
 /** The file is no longer where the movement has brought it, and lies where it came from as the catalogue knows it. */
 bool istHeimgekehrt(const Bewegung &b, const Dateien::Verzeichnetes &dokument)
 {
-    return b.von != b.nach && dokument.pfad == (b.kopiert ? b.von : b.nach) && !istVorhanden(b.nach) &&
-           Dateibewegung::angabenVon(b.von) && summeVon(b.von) == dokument.sha256;
+    return b.von != b.nach && dokument.pfad == (b.kopiert ? b.von : b.nach) && !dokument.sha256.isEmpty() &&
+           Dateibewegung::angabenVon(b.von) && summeVon(b.von) == dokument.sha256 && istFort(b.nach, dokument.sha256);
+}
+
+/** Only an empty folder is there, as where a drive is mounted, or none. */
+bool istLeer(const QString &ordner)
+{
+    return !istOrdner(ordner) || QDir(ordner).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
 Protokollzeile zeileAus(const Bewegung &b)
@@ -58,15 +76,43 @@ Nachtrag::Nachtrag(Datenbank &db, Profil profil, QStringList andere)
 {
 }
 
-Nachtrag::Bilanz Nachtrag::spielen(const QList<Protokollzeile> &vorab)
+Nachtrag::Bilanz Nachtrag::spielen(const QList<Protokollzeile> &vorab, qint64 vergeben)
 {
     const Zeilen zeilen = gelesen();
-    Bewegungen(m_db).jedeBestehende([&](const Bewegung &b) { m_bekannte.insert(kennung(b.zeit, b.von, b.nach)); });
-    for (const Protokollzeile &zeile : vorab + zeilen.neuesteZuerst)
-        spielen(zeile);
+    const QList<Protokollzeile> neuesteZuerst = vorab + zeilen.neuesteZuerst;
+    zielPruefen(neuesteZuerst);
+    m_imKorb = Papierkorb::herkuenfte();
+    // First, for what lies at their ends now is another movement's.
     ruecknahmenSuchen();
-    Dateien(m_db).nummernVergeben(zeilen.hoechsteNummer);
+    Bewegungen(m_db).jede([&](const Bewegung &b) {
+        bool &besteht = m_bekannte[kennung(b.zeit, b.von, b.nach)];
+        besteht = besteht || !b.zurueck;
+    });
+    QList<Protokollzeile> zaehlende;
+    for (const Protokollzeile &zeile : neuesteZuerst) {
+        if (zaehlt(zeile))
+            zaehlende.prepend(zeile);
+    }
+    Stapel stapel(m_db);
+    for (const Protokollzeile &zeile : std::as_const(zaehlende)) { // as it happened: what is undone first is the last
+        stapel.naechstes();
+        spielen(zeile);
+    }
+    stapel.abschliessen();
+    Dateien(m_db).nummernVergeben(std::max(zeilen.hoechsteNummer, vergeben));
     return m_bilanz;
+}
+
+/** Where the drive is not there, all that was filed since would be forgotten. */
+void Nachtrag::zielPruefen(const QList<Protokollzeile> &zeilen) const
+{
+    const QString wurzel = ort(m_profil.zielWurzel);
+    if (m_profil.zielWurzel.isEmpty() || !istLeer(wurzel))
+        return;
+    const bool abgelegt =
+        std::any_of(zeilen.begin(), zeilen.end(), [&](const auto &z) { return liegtUnter(z.nach, wurzel); });
+    if (abgelegt || !Bewegungen(m_db).letzteZiele(wurzel).isEmpty())
+        throw Fehler(gefuellt(Sprache::text(u"Der Zielordner ist nicht erreichbar: %@"_s), {m_profil.zielWurzel}));
 }
 
 Nachtrag::Zeilen Nachtrag::gelesen()
@@ -97,37 +143,60 @@ bool Nachtrag::istEigenes(const Protokollkopf &kopf) const
 
 void Nachtrag::spielen(const Protokollzeile &zeile)
 {
-    if (m_bekannte.contains(kennung(zeile.zeit, zeile.von, zeile.nach))) {
-        m_orte.insert(zeile.nach);
-        return;
-    }
-    if (!zaehlt(zeile))
-        return;
-    m_orte.insert(zeile.nach);
     const QString summe = summeVon(zeile.nach);
     if (summe.isNull()) {
         m_bilanz.gescheiterte << nameVon(zeile.nach);
         return;
     }
-    Transaktion t(m_db);
     const auto bekanntes = dokument(zeile, summe);
     eintragen(zeile, bekanntes ? bekanntes->id : neuesDokument(zeile, summe));
-    t.abschliessen();
     ++m_bilanz.eingetragen;
 }
 
 bool Nachtrag::zaehlt(const Protokollzeile &z)
 {
+    const auto bekannte = m_bekannte.constFind(kennung(z.zeit, z.von, z.nach));
+    const bool bekannt = bekannte != m_bekannte.constEnd();
+    if (bekannt && *bekannte) {
+        m_orte.insert(z.nach);
+        return false;
+    }
     const bool amZiel = !m_orte.contains(z.nach) && Dateibewegung::angabenVon(z.nach).has_value();
-    return amZiel && (z.kopiert || istOhneWeg(z) || !istVorhanden(z.von));
+    if (!amZiel || (bekannt && !istNochmals(z)) || (!istOhneWeg(z) && istZurueck(z)))
+        return false;
+    m_orte.insert(z.nach);
+    return true;
 }
 
-/** By its path and its content; its number alone may be another document's by now. */
+/** Turned back, and within the same second made once more: what lies there is the document. */
+bool Nachtrag::istNochmals(const Protokollzeile &z) const
+{
+    const auto dokument = Dateien(m_db).mitNummer(z.dokument);
+    return dokument && dokument->sha256 == summeVon(z.nach);
+}
+
+/** The file itself lies where it came from; another one there, the next scan by that name, says nothing. */
+bool Nachtrag::istZurueck(const Protokollzeile &z) const
+{
+    if (!istVorhanden(z.von))
+        return false;
+    const QString dort = summeVon(z.von);
+    if (z.kopiert) // else somebody has written into the copy
+        return m_imKorb.contains(z.nach) && dort != summeVon(z.nach);
+    const auto verzeichnetes = Dateien(m_db).anPfad(z.von);
+    return dort.isNull() || dort == summeVon(z.nach) || (verzeichnetes && verzeichnetes->sha256 == dort);
+}
+
+/**
+ * By its path and its content; its number alone may be another document's by now. With its path it tells of one into
+ * which somebody has written since.
+ */
 std::optional<Dateien::Verzeichnetes> Nachtrag::dokument(const Protokollzeile &z, const QString &summe) const
 {
     const Dateien dateien(m_db);
     const auto passt = [&](const std::optional<Dateien::Verzeichnetes> &d) {
-        return d && (d->sha256.isEmpty() || d->sha256 == summe || (z.kopiert && d->sha256 == summeVon(z.von)));
+        return d && (d->sha256.isEmpty() || d->sha256 == summe || d->id == z.dokument ||
+                     (z.kopiert && d->sha256 == summeVon(z.von)));
     };
     for (const QString &pfad : {z.von, z.nach}) {
         if (auto gefunden = dateien.anPfad(pfad); passt(gefunden))
@@ -156,6 +225,8 @@ qint64 Nachtrag::neuesDokument(const Protokollzeile &z, const QString &summe)
 
 void Nachtrag::eintragen(const Protokollzeile &z, qint64 dokument)
 {
+    if (!z.kopiert) // it was there again
+        Bewegungen(m_db).fruehereAlsZurueckVermerken(dokument, z.von);
     Bewegungen(m_db).eintragen({.dokument = dokument,
                                 .zeit = z.zeit,
                                 .aktion = z.aktion,
@@ -173,10 +244,9 @@ void Nachtrag::eintragen(const Protokollzeile &z, qint64 dokument)
 /** Of a copy that is gone only the trash can tell that it was taken back, and not put elsewhere by hand. */
 void Nachtrag::ruecknahmenSuchen()
 {
-    const QSet<QString> imKorb = Papierkorb::herkuenfte();
     QList<Bewegung> zurueck;
-    Bewegungen(m_db).jedeBestehende([&](const Bewegung &b) {
-        if (istVorhanden(b.nach) || (b.kopiert && !imKorb.contains(b.nach)))
+    Bewegungen(m_db).jede([&](const Bewegung &b) {
+        if (b.zurueck || (b.kopiert && !m_imKorb.contains(b.nach)))
             return;
         const auto dokument = Dateien(m_db).mitNummer(b.dokument);
         if (dokument && istHeimgekehrt(b, *dokument))

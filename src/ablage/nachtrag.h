@@ -5,6 +5,7 @@
 #include "profil.h"
 #include "protokollzeile.h"
 
+#include <QHash>
 #include <QSet>
 
 namespace quillmar::ablage
@@ -25,8 +26,11 @@ public:
         qint64 protokolle = 0;      ///< logs that were read
         QStringList gescheiterte{}; ///< names of files that could not be read
     };
-    /** @p vorab are movements that stand in no log yet. Throws Katalogfehler. */
-    [[nodiscard]] Bilanz spielen(const QList<Protokollzeile> &vorab);
+    /**
+     * @p vorab are movements that stand in no log yet, the newest first; numbers of documents up to @p vergeben are not
+     * given out again, as those that the logs name. Throws Katalogfehler, and Fehler when the target root is not there.
+     */
+    [[nodiscard]] Bilanz spielen(const QList<Protokollzeile> &vorab, qint64 vergeben = 0);
 
 private:
     struct Zeilen {
@@ -35,8 +39,11 @@ private:
     };
     [[nodiscard]] Zeilen gelesen();
     [[nodiscard]] bool istEigenes(const Protokollkopf &kopf) const;
-    void spielen(const Protokollzeile &zeile);
+    void zielPruefen(const QList<Protokollzeile> &zeilen) const;
     [[nodiscard]] bool zaehlt(const Protokollzeile &zeile);
+    [[nodiscard]] bool istNochmals(const Protokollzeile &zeile) const;
+    [[nodiscard]] bool istZurueck(const Protokollzeile &zeile) const;
+    void spielen(const Protokollzeile &zeile);
     [[nodiscard]] std::optional<Dateien::Verzeichnetes> dokument(const Protokollzeile &zeile,
                                                                  const QString &summe) const;
     [[nodiscard]] qint64 neuesDokument(const Protokollzeile &zeile, const QString &summe);
@@ -46,8 +53,9 @@ private:
     Datenbank &m_db;
     Profil m_profil;
     QStringList m_andere;
-    QSet<QString> m_bekannte; ///< movements that the catalogue knows and that were not turned back
-    QSet<QString> m_orte;     ///< ends of newer movements: what lies there is theirs
+    QHash<QString, bool> m_bekannte; ///< movements that the catalogue knows; false: turned back
+    QSet<QString> m_orte;            ///< ends of newer movements: what lies there is theirs
+    QSet<QString> m_imKorb;          ///< where the files in the trash were
     Bilanz m_bilanz;
 };
 } // namespace quillmar::ablage

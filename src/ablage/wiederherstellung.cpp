@@ -11,6 +11,7 @@
 #include "text.h"
 
 #include <QFile>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -25,20 +26,27 @@ constexpr auto geduld = 10s;
 struct Unterbrochenes {
     QList<Protokollzeile> geschehenes; ///< newest first
     QList<QByteArray> bleibendes;      ///< what cannot be told yet; it no longer names rows of the former catalogue
+    QList<QByteArray> ruecknahmen;     ///< as they are to stand when the rows of the former catalogue are gone
+    qint64 hoechsteNummer = 0;         ///< of the documents that they name
 
     explicit Unterbrochenes(const QList<QByteArray> &zeilen)
     {
-        for (Absicht &absicht : letzteAbsichten(zeilen, bleibendes))
+        for (const Absicht &absicht : letzteAbsichten(zeilen, bleibendes)) {
+            hoechsteNummer = std::max(hoechsteNummer, absicht.zeile.dokument);
             einordnen(absicht);
+        }
     }
 
 private:
-    void einordnen(Absicht &absicht)
+    void einordnen(const Absicht &absicht)
     {
         const Klaerung::Lage lage = Klaerung::lage(absicht);
+        Absicht ohneZeile = absicht;
+        ohneZeile.protokollId = 0;
+        if (absicht.art == Absicht::Art::Ruecknahme)
+            ruecknahmen << ohneZeile.json();
         if (lage == Klaerung::Lage::Unklar) {
-            absicht.protokollId = 0;
-            bleibendes << absicht.json();
+            bleibendes << ohneZeile.json();
         } else if (lage == Klaerung::Lage::Geschehen && absicht.art == Absicht::Art::Bewegung) {
             if (absicht.kopf)
                 Protokollbuch::nachtragen(absicht.buch, *absicht.kopf, absicht.zeile);
@@ -108,12 +116,15 @@ Wiederherstellung::Ergebnis Wiederherstellung::einsetzen(const QString &katalog,
     Absichtsdatei absichten = alleinBewegen(katalog);
     const Unterbrochenes unterbrochenes(absichten.zeilen());
     const auto nachtragen = [&](Datenbank &db) {
-        return Nachtrag(db, profil, andere).spielen(unterbrochenes.geschehenes);
+        return Nachtrag(db, profil, andere).spielen(unterbrochenes.geschehenes, unterbrochenes.hoechsteNummer);
     };
     try {
         Ergebnis ergebnis;
         ergebnis.bilanz = bereiten(katalog, sicherung, nachtragen);
         alleinBenutzen(katalog); // once more: making it may have taken minutes
+        // Should this program die before they are cleared: by their rows they would turn back what is another's there.
+        if (!unterbrochenes.ruecknahmen.isEmpty())
+            absichten.schreiben(unterbrochenes.ruecknahmen);
         ergebnis.beiseite = Katalogtausch::vollziehen(katalog);
         absichten.leeren(unterbrochenes.bleibendes);
         return ergebnis;

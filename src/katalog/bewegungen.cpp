@@ -95,10 +95,22 @@ bool Bewegungen::istEingetragen(qint64 hinter, qint64 dokument, const QString &v
                        {hinter, dokument, von, nach});
 }
 
-void Bewegungen::jedeBestehende(const std::function<void(const Bewegung &)> &besuch) const
+void Bewegungen::fruehereAlsZurueckVermerken(qint64 dokument, const QString &von)
+{
+    m_db.schreiben(u"UPDATE protokoll SET rueckgaengig=1 WHERE dokument_id=? AND von_pfad=? AND rueckgaengig=0"_s,
+                   {dokument, von});
+}
+
+bool Bewegungen::besteht(const QString &zeit, const QString &von, const QString &nach) const
+{
+    return m_db.gibtEs(u"SELECT 1 FROM protokoll WHERE zeit=? AND von_pfad=? AND nach_pfad=? AND rueckgaengig=0"_s,
+                       {zeit, von, nach});
+}
+
+void Bewegungen::jede(const std::function<void(const Bewegung &)> &besuch) const
 {
     m_db.besuchen(u"SELECT p.*, n.name FROM protokoll p LEFT JOIN schreibweisen n ON n.protokoll_id=p.id\n"
-                  "WHERE p.rueckgaengig=0 ORDER BY p.id DESC"_s,
+                  "ORDER BY p.id DESC"_s,
                   {}, [&](const Zeile &z) { besuch(bewegungAus(z)); });
 }
 

@@ -51,8 +51,14 @@ public:
     /** A movement of the document between these places stands behind the row @p hinter. */
     [[nodiscard]] bool istEingetragen(qint64 hinter, qint64 dokument, const QString &von, const QString &nach) const;
 
-    /** All that were not turned back, newest first. */
-    void jedeBestehende(const std::function<void(const Bewegung &)> &besuch) const;
+    /** Those of the document from there, which it has left once more. */
+    void fruehereAlsZurueckVermerken(qint64 dokument, const QString &von);
+
+    /** One of that time between these places lasts. Looks through all. */
+    [[nodiscard]] bool besteht(const QString &zeit, const QString &von, const QString &nach) const;
+
+    /** All, newest first. */
+    void jede(const std::function<void(const Bewegung &)> &besuch) const;
 
     /** A movement beside what has become of its document. */
     struct Stand {
