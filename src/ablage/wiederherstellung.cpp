@@ -67,7 +67,7 @@ Absichtsdatei alleinBewegen(const QString &katalog)
 void alleinBenutzen(const QString &katalog)
 {
     if (Katalogpruefung::istAnderswoOffen(katalog))
-        throw Fehler(Sprache::text(u"Ein anderes Programm benutzt den Katalog gerade. Beende es dort zuerst."_s));
+        Katalogtausch::wirdBenutzt();
 }
 
 /** Makes the catalogue that is to come, whole: closed, without a journal. */
@@ -121,7 +121,6 @@ Wiederherstellung::Ergebnis Wiederherstellung::einsetzen(const QString &katalog,
     try {
         Ergebnis ergebnis;
         ergebnis.bilanz = bereiten(katalog, sicherung, nachtragen);
-        alleinBenutzen(katalog); // once more: making it may have taken minutes
         // Should this program die before they are cleared: by their rows they would turn back what is another's there.
         if (!unterbrochenes.ruecknahmen.isEmpty())
             absichten.schreiben(unterbrochenes.ruecknahmen);

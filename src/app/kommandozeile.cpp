@@ -59,6 +59,8 @@ std::shared_ptr<Datenbank> katalogOeffnen(const Profil &profil, bool zumSchreibe
                                    zumSchreiben ? Katalog::Vorpruefung::Immer : Katalog::Vorpruefung::NachAbsturz);
         if (Katalog::nurLesen(*db))
             Ausgabe::melden(Katalog::nurLesenSatz(*db));
+        if (const QString satz = Katalog::neuanfangSatz(*db); !satz.isEmpty())
+            Ausgabe::melden(satz);
         if (Katalog::zugang(*db) == Zugang::Beschaedigt)
             return zumSchreiben ? nullptr : db;
         absturzKlaeren(db);

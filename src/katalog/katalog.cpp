@@ -3,6 +3,7 @@
 #include "datenbank.h"
 #include "katalogpruefung.h"
 #include "katalogtausch.h"
+#include "sicherungen.h"
 #include "sprache.h"
 
 #include <QFileInfo>
@@ -19,21 +20,31 @@ QString beschaedigt()
     return Sprache::text(u"Der Katalog ist beschädigt. Im Fenster, Karte Einrichtung, lässt sich eine Sicherung "
                          "einsetzen; bis dahin wird er nur gelesen"_s);
 }
+
+void vorpruefen(const QString &pfad, Katalog::Vorpruefung pruefung)
+{
+    using Katalogpruefung::Befund;
+    const bool verdaechtig = Katalogpruefung::istNachAbsturz(pfad) || Katalogpruefung::istVermerkt(pfad);
+    if (QFileInfo(pfad).size() == 0 || (!verdaechtig && pruefung != Katalog::Vorpruefung::Immer))
+        return;
+    const Befund befund = Katalogpruefung::pruefen(pfad);
+    if (befund == Befund::Beschaedigt)
+        Katalogpruefung::vermerken(pfad);
+    else if (befund == Befund::Heil)
+        Katalogpruefung::vermerkStreichen(pfad);
+}
 } // namespace
 
 std::shared_ptr<Datenbank> Katalog::oeffnen(const QString &pfad, Vorpruefung pruefung)
 {
-    using Katalogpruefung::Befund;
-    Katalogtausch::klaeren(pfad);
-    const bool verdaechtig = Katalogpruefung::istNachAbsturz(pfad) || Katalogpruefung::istVermerkt(pfad);
-    if (QFileInfo(pfad).size() > 0 && (verdaechtig || pruefung == Vorpruefung::Immer)) {
-        const Befund befund = Katalogpruefung::pruefen(pfad);
-        if (befund == Befund::Beschaedigt)
-            Katalogpruefung::vermerken(pfad);
-        else if (befund == Befund::Heil)
-            Katalogpruefung::vermerkStreichen(pfad);
+    for (;;) {
+        Katalogtausch::klaeren(pfad);
+        vorpruefen(pfad, pruefung);
+        auto db = std::make_shared<Datenbank>(pfad);
+        if (!Katalogtausch::istImGange(pfad))
+            return db;
+        // Begun meanwhile: this would be the former one.
     }
-    return std::make_shared<Datenbank>(pfad);
 }
 
 std::shared_ptr<Datenbank> Katalog::ungesichertOeffnen(const QString &pfad)
@@ -63,6 +74,15 @@ QString Katalog::nurLesenSatz(const Datenbank &db)
         break;
     }
     return {};
+}
+
+QString Katalog::neuanfangSatz(const Datenbank &db)
+{
+    if (!db.istNeu() || Sicherungen::alle(db.pfad()).isEmpty())
+        return {};
+    return Sprache::text(
+        u"Der Katalog war leer oder nicht mehr da und beginnt von vorn. Im Fenster, Karte Einrichtung, "
+        "lässt sich eine Sicherung einsetzen"_s);
 }
 
 QString Katalog::schreibmangel(const Datenbank &db)

@@ -49,6 +49,8 @@ enum class Vorpruefung { NachAbsturz, Immer };
 void sperren(Datenbank &db);
 /** Why it is open for reading only; empty where it is not. */
 [[nodiscard]] QString nurLesenSatz(const Datenbank &db);
+/** It was made just now though there are copies of one; empty otherwise. */
+[[nodiscard]] QString neuanfangSatz(const Datenbank &db);
 /** The sentence for the user: it could not be written. */
 [[nodiscard]] QString schreibmangel(const Datenbank &db);
 /** Writes a copy to the new file @p ziel. Throws Fehler. */

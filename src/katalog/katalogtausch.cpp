@@ -72,6 +72,16 @@ QString beenden(const QString &katalog)
     return vorhanden ? ziel : QString();
 }
 
+/** Only what stands in the file itself takes the place: a journal that holds something could not be written into it. */
+void nebendateienEntfernen(const QString &katalog)
+{
+    const QString neuer = Katalogtausch::entstehender(katalog);
+    if (QFileInfo(neuer + u"-wal"_s).size() > 0)
+        scheitern(ENOSPC);
+    for (const QString &zusatz : nebendateien())
+        QFile::remove(neuer + zusatz);
+}
+
 /** Whoever finds an exchange half done must know that nobody is at it any more. */
 Sperrdatei alleinigkeit(const QString &katalog)
 {
@@ -93,10 +103,23 @@ void Katalogtausch::verwerfen(const QString &katalog)
 QString Katalogtausch::vollziehen(const QString &katalog)
 {
     const Sperrdatei sperre = alleinigkeit(katalog);
+    nebendateienEntfernen(katalog);
     durchschreiben(entstehender(katalog));
     umbenennen(entstehender(katalog), fertiger(katalog));
+    // Whoever opens it from now on sees istImGange(); who was before shows here.
+    if (Katalogpruefung::istAnderswoOffen(katalog)) {
+        umbenennen(fertiger(katalog), entstehender(katalog));
+        wirdBenutzt();
+    }
     Platte::ordnerSichern(QFile::encodeName(katalog));
     return beenden(katalog);
+}
+
+bool Katalogtausch::istImGange(const QString &katalog) { return istVorhanden(fertiger(katalog)); }
+
+void Katalogtausch::wirdBenutzt()
+{
+    throw Fehler(Sprache::text(u"Ein anderes Programm benutzt den Katalog gerade. Beende es dort zuerst."_s));
 }
 
 void Katalogtausch::klaeren(const QString &katalog)

@@ -15,10 +15,15 @@ namespace Katalogtausch
 /** Forgets what was made there. */
 void verwerfen(const QString &katalog);
 
+/** One is under way, or was interrupted. */
+[[nodiscard]] bool istImGange(const QString &katalog);
+/** Throws the Fehler for one that another program has open. */
+[[noreturn]] void wirdBenutzt();
+
 /**
  * What was made takes the place; from the first step on the exchange is finished, if need be by klaeren(). Returns
- * where the former catalogue lies, empty if there was none. Nobody may have it open. Throws Fehler; nothing has changed
- * then.
+ * where the former catalogue lies, empty if there was none. This program may not have it open, and it is refused while
+ * another one has. Throws Fehler; nothing has changed then.
  */
 QString vollziehen(const QString &katalog);
 

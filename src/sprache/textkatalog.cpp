@@ -236,6 +236,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Der Katalog lässt sich nicht lesen",
     u"Der Katalog lässt sich nicht öffnen",
     u"Der Katalog lässt sich nicht öffnen: %@",
+    u"Der Katalog war leer oder nicht mehr da und beginnt von vorn. Im Fenster, Karte Einrichtung, lässt sich eine Sicherung einsetzen",
     u"Der Katalog wird geöffnet",
     u"Der Katalog wird noch benutzt. Bitte gleich noch einmal versuchen.",
     u"Der Modellserver antwortet nicht rechtzeitig",

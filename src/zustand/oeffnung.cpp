@@ -77,6 +77,8 @@ Oeffnung Oeffnung::von(const Profil &profil)
     if (Katalog::nurLesen(*o.db)) {
         o.hinweise << Katalog::nurLesenSatz(*o.db);
     } else {
+        if (const QString satz = Katalog::neuanfangSatz(*o.db); !satz.isEmpty())
+            o.hinweise << satz;
         versuchen(o.hinweise, [&] { return bewegungenKlaeren(o.db); });
         versuchen(o.hinweise, [&] {
             Lernspeicher(*o.db).schluesselUebertragen();

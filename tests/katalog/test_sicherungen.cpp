@@ -247,6 +247,7 @@ private Q_SLOTS:
         QTest::newRow("before the first step") << true << true;
         QTest::newRow("journal laid aside") << false << true;
         QTest::newRow("former one laid aside") << false << false;
+        QTest::newRow("of the former one only its journal is left") << true << false;
     }
     void derTauschWirdBeendet()
     {
@@ -268,6 +269,31 @@ private Q_SLOTS:
         QCOMPARE(dateien().filter(u"-wal"_s).filter(u"beiseite"_s).size(), journal ? 1 : 0);
     }
 
+    // On a full disk the journal cannot be written into the file when it is closed.
+    void einJournalGehtNichtVerloren()
+    {
+        for (const QString &wort : {u"alt"_s, u"neu"_s}) {
+            Datenbank db(wort == u"neu" ? Katalogtausch::entstehender(m_pfad) : m_pfad);
+            eintragen(db, wort);
+        }
+        schreiben(Katalogtausch::entstehender(m_pfad) + u"-wal"_s, "was noch fehlt");
+        QVERIFY_EXCEPTION_THROWN(Katalogtausch::vollziehen(m_pfad), Fehler);
+        Katalogtausch::verwerfen(m_pfad);
+        QCOMPARE(Katalog::oeffnen(m_pfad)->zahl(u"SELECT COUNT(*) n FROM texte WHERE text='alt'"_s), 1);
+        QCOMPARE(dateien().filter(u"beiseite"_s), QStringList());
+    }
+
+    // One that is cut off to nothing is a new one for SQLite; the user is told.
+    void derNeuanfangWirdGesagt()
+    {
+        QVERIFY(Katalog::neuanfangSatz(*Katalog::oeffnen(m_pfad)).isEmpty()); // the first of all
+        QVERIFY(Sicherungen::anlegen(m_pfad));
+        QVERIFY(Katalog::neuanfangSatz(*Katalog::oeffnen(m_pfad)).isEmpty());
+        schreiben(m_pfad, {});
+        QVERIFY(!Katalog::neuanfangSatz(*Katalog::oeffnen(m_pfad)).isEmpty());
+        QVERIFY(Katalog::neuanfangSatz(*Katalog::oeffnen(m_pfad)).isEmpty());
+    }
+
     void anderswoOffen()
     {
         {
@@ -278,6 +304,11 @@ private Q_SLOTS:
         kind.start(QCoreApplication::applicationFilePath(), {u"--offen"_s, m_pfad});
         QVERIFY(kind.waitForReadyRead(30000));
         QVERIFY(Katalogpruefung::istAnderswoOffen(m_pfad));
+        {
+            const Datenbank neuer(Katalogtausch::entstehender(m_pfad));
+        }
+        QVERIFY_EXCEPTION_THROWN(Katalogtausch::vollziehen(m_pfad), Fehler);
+        QVERIFY(!Katalogtausch::istImGange(m_pfad));
         kind.closeWriteChannel();
         QVERIFY(kind.waitForFinished(30000));
         QVERIFY(!Katalogpruefung::istAnderswoOffen(m_pfad));

@@ -80,6 +80,8 @@ public:
 
     [[nodiscard]] const QString &pfad() const { return m_pfad; }
     [[nodiscard]] Zugang zugang() const { return m_zugang; }
+    /** There was none, or an empty one. */
+    [[nodiscard]] bool istNeu() const { return m_neu; }
     [[nodiscard]] bool nurLesen() const { return m_zugang != Zugang::Schreiben; }
     /** From now on it is only read, since it was seen to be damaged. */
     void sperren();
