@@ -23,8 +23,10 @@ bool Wiedererkennung::istDieselbe(Datenbank &db, qint64 id, const QString &pfad)
 {
     const auto bekannt = Dateien(db).stand(id);
     const auto jetzt = Dateibewegung::angabenVon(pfad);
-    if (!bekannt || !jetzt || bekannt->sha256.isEmpty())
+    if (!bekannt || !jetzt)
         return true;
+    if (bekannt->sha256.isEmpty())
+        return bekannt->groesse < 0 || bekannt->groesse == jetzt->groesse;
     const QString summe = sha256Datei(aufDerPlatte(pfad));
     if (summe.isNull())
         throw Fehler(Sprache::text(u"Die Datei lässt sich nicht lesen und mit der gelesenen vergleichen"_s));

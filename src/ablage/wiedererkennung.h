@@ -22,7 +22,8 @@ enum class Vergleich {
 
 /**
  * The file at @p pfad is the one that document @p id was read from, by its digest; its size and time are noted where
- * they are others by now. True for one without a digest. Throws Fehler when it cannot be read.
+ * they are others by now. Without a digest its size decides, where it
+ * is known. Throws Fehler when it cannot be read.
  */
 [[nodiscard]] bool istDieselbe(Datenbank &db, qint64 id, const QString &pfad);
 

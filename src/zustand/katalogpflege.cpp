@@ -11,7 +11,7 @@ namespace quillmar::zustand
 {
 namespace
 {
-constexpr auto einTag = 24h;
+constexpr auto takt = 1h; // a day of the clock: timers stand still while the computer sleeps
 
 /** Why there is no copy of today; empty where there is one. */
 QString sichern(const QString &pfad, const std::stop_token &ende)
@@ -47,12 +47,11 @@ Katalogstand gepflegt(const std::shared_ptr<Datenbank> &db, const std::stop_toke
 Katalogpflege::Katalogpflege(Profilwahl *profilwahl, Meldestelle *meldestelle)
     : m_profilwahl(profilwahl), m_meldestelle(meldestelle), m_pflege(this), m_liste(this)
 {
-    m_tagestakt.setSingleShot(true);
-    m_tagestakt.setInterval(einTag);
-    connect(&m_tagestakt, &QTimer::timeout, this, &Katalogpflege::pflegen);
+    m_takt.setInterval(takt);
+    connect(&m_takt, &QTimer::timeout, this, &Katalogpflege::nachsehen);
     connect(profilwahl, &Profilwahl::gewechselt, this, [this] {
         m_pflege.verwerfen();
-        m_tagestakt.stop();
+        m_takt.stop();
         m_stand = {};
     });
     connect(profilwahl, &Profilwahl::eingetreten, this, &Katalogpflege::beginnen);
@@ -73,12 +72,27 @@ void Katalogpflege::pflegen()
     const OffenesProfil *offenes = m_profilwahl->offenes();
     if (!offenes)
         return;
-    m_tagestakt.start();
-    m_pflege.stellen([db = offenes->db()](const std::stop_token &ende) { return gepflegt(db, ende); },
-                     [this](const Ausgang<Katalogstand> &ausgang) {
-                         if (ausgang.wert)
-                             aufnehmen(*ausgang.wert);
-                     });
+    m_takt.start();
+    stellen([db = offenes->db()](const std::stop_token &ende) { return gepflegt(db, ende); });
+}
+
+/** Once a day is enough. */
+void Katalogpflege::nachsehen()
+{
+    const OffenesProfil *offenes = m_profilwahl->offenes();
+    if (!offenes || m_pflege.laeuft())
+        return;
+    stellen([db = offenes->db(), bisher = m_stand](const std::stop_token &ende) {
+        return Sicherungen::istFaellig(Katalog::pfad(*db), QDateTime::currentDateTime()) ? gepflegt(db, ende) : bisher;
+    });
+}
+
+void Katalogpflege::stellen(const std::function<Katalogstand(const std::stop_token &)> &arbeit)
+{
+    m_pflege.stellen(arbeit, [this](const Ausgang<Katalogstand> &ausgang) {
+        if (ausgang.wert)
+            aufnehmen(*ausgang.wert);
+    });
 }
 
 /** Copies there are also of a catalogue that does not open. */

@@ -6,6 +6,8 @@
 
 #include <QObject>
 #include <QTimer>
+#include <functional>
+#include <stop_token>
 
 namespace quillmar::zustand
 {
@@ -31,6 +33,8 @@ Q_SIGNALS:
 private:
     void beginnen();
     void pflegen();
+    void nachsehen();
+    void stellen(const std::function<Katalogstand(const std::stop_token &)> &arbeit);
     void auflisten();
     void setzeStand(const Katalogstand &stand);
     void aufnehmen(const Katalogstand &stand);
@@ -40,6 +44,6 @@ private:
     Katalogstand m_stand;
     Anfrage m_pflege;
     Anfrage m_liste;
-    QTimer m_tagestakt;
+    QTimer m_takt;
 };
 } // namespace quillmar::zustand

@@ -32,6 +32,7 @@ private Q_SLOTS:
         m_bank.reset();
     }
     void andereDateiWirdNichtEinsortiert();
+    void andereGroesseOhnePruefsumme();
     void unverifiziertWirdVerglichen();
     void schonVonAnderenBearbeitet();
     void herkunftInAndererSchreibweise();
@@ -81,6 +82,15 @@ void TestZwischendurch::andereDateiWirdNichtEinsortiert()
     QCOMPARE(neue.size(), 1);
     QVERIFY(neue.first().ganz(u"id") != id);
     QCOMPARE(neue.first().text(u"status"), u"neu"_s);
+}
+
+// A row that tells of no digest tells of a size.
+void TestZwischendurch::andereGroesseOhnePruefsumme()
+{
+    const qint64 id = bank().dokument(u"scan.pdf"_s, "%PDF-1.4 zweiter Brief");
+    bank().db()->ausfuehren(u"UPDATE dokumente SET groesse=5 WHERE id=?"_s, {id});
+    QVERIFY(!fehlerBei([&] { bank().uebernehmen(id); }).isEmpty());
+    QCOMPARE(inhaltVon(bank().quelle(u"scan.pdf"_s)), QByteArray("%PDF-1.4 zweiter Brief"));
 }
 
 /** A catalogue of an earlier version says nothing of size and time: the bytes are compared once. */
