@@ -18,18 +18,6 @@ void werteSchreiben(Datenbank &db, qint64 id, const Angaben &angaben)
     Dateien(db).abwesendStreichen(id);
 }
 
-qint64 zeileSchreiben(Datenbank &db, const Protokollzeile &z)
-{
-    return Bewegungen(db).eintragen({.dokument = z.dokument,
-                                     .zeit = z.zeit,
-                                     .aktion = z.aktion,
-                                     .von = z.von,
-                                     .nach = z.nach,
-                                     .altStatus = z.altStatus,
-                                     .kopiert = z.kopiert,
-                                     .vonName = z.vonName});
-}
-
 void standSchreiben(Datenbank &db, const Absicht &a)
 {
     const Protokollzeile &z = a.zeile;
@@ -95,5 +83,29 @@ bool Aufzeichnung::istErfolgt(Datenbank &db, const Absicht &a)
     // A copy that has taken the catalogue's place has other rows: there the time tells.
     return bewegungen.istEingetragen(a.protokollId, z.dokument, z.von, z.nach) ||
            bewegungen.besteht(z.zeit, z.von, z.nach);
+}
+
+qint64 Aufzeichnung::zeileSchreiben(Datenbank &db, const Protokollzeile &z)
+{
+    return Bewegungen(db).eintragen({.dokument = z.dokument,
+                                     .zeit = z.zeit,
+                                     .aktion = z.aktion,
+                                     .von = z.von,
+                                     .nach = z.nach,
+                                     .altStatus = z.altStatus,
+                                     .kopiert = z.kopiert,
+                                     .vonName = z.vonName});
+}
+
+Protokollzeile Aufzeichnung::zeileAus(const Bewegung &b)
+{
+    return {.zeit = b.zeit,
+            .aktion = b.aktion,
+            .dokument = b.dokument,
+            .von = b.von,
+            .nach = b.nach,
+            .altStatus = b.altStatus,
+            .kopiert = b.kopiert,
+            .vonName = b.vonName};
 }
 } // namespace quillmar::ablage

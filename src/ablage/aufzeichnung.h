@@ -5,6 +5,7 @@
 
 namespace quillmar::katalog
 {
+struct Bewegung;
 class Datenbank;
 } // namespace quillmar::katalog
 
@@ -28,5 +29,10 @@ void ruecknahmen(Datenbank &db, const QList<Absicht> &absichten);
 
 /** The catalogue knows of the movement, or of its being turned back, already. */
 [[nodiscard]] bool istErfolgt(Datenbank &db, const Absicht &absicht);
+
+/** Enters the movement itself and nothing else; returns its row. To be part of a transaction. */
+qint64 zeileSchreiben(Datenbank &db, const Protokollzeile &zeile);
+/** The movement as a log line tells it. */
+[[nodiscard]] Protokollzeile zeileAus(const Bewegung &bewegung);
 } // namespace Aufzeichnung
 } // namespace quillmar::ablage

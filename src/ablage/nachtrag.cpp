@@ -1,6 +1,7 @@
 #include "nachtrag.h"
 
 #include "absicht.h"
+#include "aufzeichnung.h"
 #include "bewegungen.h"
 #include "dateibewegung.h"
 #include "dokumente.h"
@@ -57,18 +58,6 @@ bool istLeer(const QString &ordner)
 {
     return !istOrdner(ordner) || QDir(ordner).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
-
-Protokollzeile zeileAus(const Bewegung &b)
-{
-    return {.zeit = b.zeit,
-            .aktion = b.aktion,
-            .dokument = b.dokument,
-            .von = b.von,
-            .nach = b.nach,
-            .altStatus = b.altStatus,
-            .kopiert = b.kopiert,
-            .vonName = b.vonName};
-}
 } // namespace
 
 Nachtrag::Nachtrag(Datenbank &db, Profil profil, QStringList andere)
@@ -80,7 +69,7 @@ Nachtrag::Bilanz Nachtrag::spielen(const QList<Protokollzeile> &vorab, qint64 ve
 {
     const Zeilen zeilen = gelesen();
     const QList<Protokollzeile> neuesteZuerst = vorab + zeilen.neuesteZuerst;
-    zielPruefen(neuesteZuerst);
+    ordnerPruefen(neuesteZuerst);
     m_imKorb = Papierkorb::herkuenfte();
     // First, for what lies at their ends now is another movement's.
     ruecknahmenSuchen();
@@ -103,9 +92,11 @@ Nachtrag::Bilanz Nachtrag::spielen(const QList<Protokollzeile> &vorab, qint64 ve
     return m_bilanz;
 }
 
-/** Where the drive is not there, all that was filed since would be forgotten. */
-void Nachtrag::zielPruefen(const QList<Protokollzeile> &zeilen) const
+/** Where a drive is not there, all that was filed since would be forgotten, and all that came back. */
+void Nachtrag::ordnerPruefen(const QList<Protokollzeile> &zeilen) const
 {
+    if (!m_profil.quelle.isEmpty() && !istOrdner(ort(m_profil.quelle)))
+        throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {m_profil.quelle}));
     const QString wurzel = ort(m_profil.zielWurzel);
     if (m_profil.zielWurzel.isEmpty() || !istLeer(wurzel))
         return;
@@ -135,10 +126,12 @@ Nachtrag::Zeilen Nachtrag::gelesen()
     return alle;
 }
 
+/** Where the profile's name tells it from all others, its source may have been another folder then. */
 bool Nachtrag::istEigenes(const Protokollkopf &kopf) const
 {
-    const bool fremdes = kopf.profil != m_profil.name && m_andere.contains(kopf.profil);
-    return ort(kopf.quelle) == ort(m_profil.quelle) && !fremdes;
+    const bool gleicherName = kopf.profil == m_profil.name;
+    const bool vonAnderem = m_andere.contains(kopf.profil);
+    return (gleicherName && !vonAnderem) || (ort(kopf.quelle) == ort(m_profil.quelle) && (gleicherName || !vonAnderem));
 }
 
 void Nachtrag::spielen(const Protokollzeile &zeile)
@@ -227,14 +220,9 @@ void Nachtrag::eintragen(const Protokollzeile &z, qint64 dokument)
 {
     if (!z.kopiert) // it was there again
         Bewegungen(m_db).fruehereAlsZurueckVermerken(dokument, z.von);
-    Bewegungen(m_db).eintragen({.dokument = dokument,
-                                .zeit = z.zeit,
-                                .aktion = z.aktion,
-                                .von = z.von,
-                                .nach = z.nach,
-                                .altStatus = z.altStatus,
-                                .kopiert = z.kopiert,
-                                .vonName = z.vonName});
+    Protokollzeile zeile = z;
+    zeile.dokument = dokument;
+    Aufzeichnung::zeileSchreiben(m_db, zeile);
     if (z.kopiert || istOhneWeg(z))
         Dokumente(m_db).setzeStatus(dokument, statusNach(z));
     else
@@ -255,7 +243,7 @@ void Nachtrag::ruecknahmenSuchen()
     for (const Bewegung &b : std::as_const(zurueck)) {
         Transaktion t(m_db);
         Bewegungen(m_db).alsZurueckVermerken(b.id);
-        Dokumente(m_db).ortSchreiben(b.dokument, statusZurueck(zeileAus(b)), b.von);
+        Dokumente(m_db).ortSchreiben(b.dokument, statusZurueck(Aufzeichnung::zeileAus(b)), b.von);
         t.abschliessen();
         ++m_bilanz.zurueck;
     }

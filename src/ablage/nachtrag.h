@@ -39,7 +39,7 @@ private:
     };
     [[nodiscard]] Zeilen gelesen();
     [[nodiscard]] bool istEigenes(const Protokollkopf &kopf) const;
-    void zielPruefen(const QList<Protokollzeile> &zeilen) const;
+    void ordnerPruefen(const QList<Protokollzeile> &zeilen) const;
     [[nodiscard]] bool zaehlt(const Protokollzeile &zeile);
     [[nodiscard]] bool istNochmals(const Protokollzeile &zeile) const;
     [[nodiscard]] bool istZurueck(const Protokollzeile &zeile) const;

@@ -1,5 +1,6 @@
 #include "tatruecknahme.h"
 
+#include "aufzeichnung.h"
 #include "bewegungen.h"
 #include "bewegungsgang.h"
 #include "bewegungspruefung.h"
@@ -21,18 +22,6 @@ struct Vorhaben {
     QString hindernis; ///< empty if nothing does
 };
 
-Protokollzeile zeileAus(const Bewegung &b)
-{
-    return {.zeit = b.zeit,
-            .aktion = b.aktion,
-            .dokument = b.dokument,
-            .von = b.von,
-            .nach = b.nach,
-            .altStatus = b.altStatus,
-            .kopiert = b.kopiert,
-            .vonName = b.vonName};
-}
-
 std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
 {
     const auto bewegung = Bewegungen(db).eine(protokollId);
@@ -41,7 +30,7 @@ std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
     Vorhaben v;
     v.absicht.art = Absicht::Art::Ruecknahme;
     v.absicht.protokollId = protokollId;
-    v.absicht.zeile = zeileAus(*bewegung);
+    v.absicht.zeile = Aufzeichnung::zeileAus(*bewegung);
     v.absicht.status = statusZurueck(v.absicht.zeile);
     v.hindernis = Bewegungspruefung::hindernis(v.absicht.zeile, Bewegungspruefung::stand(db, protokollId));
     return v;

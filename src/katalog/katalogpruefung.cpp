@@ -77,7 +77,11 @@ bool Katalogpruefung::istVermerkt(const QString &pfad)
     return datei.open(QIODevice::ReadOnly) && datei.readAll() == stand(pfad);
 }
 
-bool Katalogpruefung::istNachAbsturz(const QString &pfad) { return QFileInfo(pfad + u"-wal"_s).size() > 0; }
+bool Katalogpruefung::istNachAbsturz(const QString &pfad)
+{
+    // A journal, or movements that were announced and not finished.
+    return QFileInfo(pfad + u"-wal"_s).size() > 0 || QFileInfo(pfad + u".absicht"_s).size() > 0;
+}
 
 bool Katalogpruefung::istAnderswoOffen(const QString &pfad)
 {

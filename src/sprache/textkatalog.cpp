@@ -500,7 +500,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Noch kein Profil",
     u"Noch kein Zielordner gewählt",
     u"Noch keine Sprachen gefunden.",
-    u"Noch keine. Die erste entsteht, sobald der Katalog geprüft ist.",
+    u"Noch keine. Die erste entsteht nebenher, sobald der Katalog Dokumente kennt.",
     u"Noch keine. Änderst du beim Prüfen den Namen des Gegenübers, merkt sich das Programm die Gleichung und trägt sie in alle wartenden Dokumente mit dem alten Namen ein.",
     u"Noch keine. Übernimmst du ein Dokument, merkt sich das Programm den Ort für sein Gegenüber.",
     u"Noch nicht eingelesen. Ohne Struktur weiß das Modell nicht, wohin.",

@@ -302,7 +302,8 @@ Befund Befunde::sicherung(const Einrichtungslage &lage)
     if (!stand.mangel.isEmpty())
         return warnung(stand.mangel);
     if (stand.sicherungen.isEmpty())
-        return erklaerung(Sprache::text(u"Noch keine. Die erste entsteht, sobald der Katalog geprüft ist."_s));
+        return erklaerung(
+            Sprache::text(u"Noch keine. Die erste entsteht nebenher, sobald der Katalog Dokumente kennt."_s));
     return gut(gefuellt(Sprache::text(stand.sicherungen.size(), u"%@ Sicherung, die letzte vom %@."_s,
                                       u"%@ Sicherungen, die letzte vom %@."_s),
                         {zahl(stand.sicherungen.size()), zeitpunkt(stand.sicherungen.first())}));

@@ -1,5 +1,6 @@
 #include "katalogpflege.h"
 
+#include "dokumente.h"
 #include "katalogpruefung.h"
 #include "meldestelle.h"
 #include "offenesprofil.h"
@@ -13,11 +14,15 @@ namespace
 {
 constexpr auto takt = 1h; // a day of the clock: timers stand still while the computer sleeps
 
-/** Why there is no copy of today; empty where there is one. */
-QString sichern(const QString &pfad, const std::stop_token &ende)
+/**
+ * Why there is no copy of today; empty where there is one. A catalogue that knows nothing, since it was lost and began
+ * afresh perhaps, does not push out what is left of the former one.
+ */
+QString sichern(Datenbank &db, const std::stop_token &ende)
 {
+    const QString &pfad = Katalog::pfad(db);
     try {
-        if (Sicherungen::istFaellig(pfad, QDateTime::currentDateTime()))
+        if (Dokumente(db).anzahl() > 0 && Sicherungen::istFaellig(pfad, QDateTime::currentDateTime()))
             Sicherungen::anlegen(pfad, ende);
         return {};
     } catch (const Fehler &f) {
@@ -36,7 +41,7 @@ Katalogstand gepflegt(const std::shared_ptr<Datenbank> &db, const std::stop_toke
         if (befund == Katalogpruefung::Befund::Beschaedigt)
             Katalog::sperren(*db);
         else if (befund == Katalogpruefung::Befund::Heil)
-            stand.mangel = sichern(pfad, ende);
+            stand.mangel = sichern(*db, ende);
     });
     stand.zugang = Katalog::zugang(*db);
     stand.sicherungen = Sicherungen::alle(pfad);

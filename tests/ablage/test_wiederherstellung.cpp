@@ -276,7 +276,8 @@ private Q_SLOTS:
         QTest::newRow("ours") << QString() << QString() << true;
         QTest::newRow("renamed since") << u"früher so genannt"_s << QString() << true;
         QTest::newRow("another profile") << u"Nachbar"_s << QString() << false;
-        QTest::newRow("another source") << QString() << u"/anderswo"_s << false;
+        QTest::newRow("another source then") << QString() << u"/anderswo"_s << true;
+        QTest::newRow("renamed, and another source then") << u"früher so genannt"_s << u"/anderswo"_s << false;
     }
     void fremdeProtokolle()
     {

@@ -11,6 +11,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -194,8 +195,14 @@ QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern)
     inhalt->setAutoFillBackground(false);
     // The scroll area itself follows the Tab key within it only; lists see to their rows.
     QObject::connect(qApp, &QApplication::focusChanged, rollen, [rollen](QWidget *, QWidget *jetzt) {
-        if (rollen->isAncestorOf(jetzt) && !qobject_cast<QAbstractItemView *>(jetzt))
-            rollen->ensureWidgetVisible(jetzt);
+        if (!rollen->isAncestorOf(jetzt) || qobject_cast<QAbstractItemView *>(jetzt))
+            return;
+        rollen->ensureWidgetVisible(jetzt);
+        // What has just been shown gets its place with the next layout.
+        QTimer::singleShot(0, jetzt, [rollen, jetzt] {
+            if (jetzt->hasFocus() && rollen->isAncestorOf(jetzt))
+                rollen->ensureWidgetVisible(jetzt);
+        });
     });
     return rollen;
 }
