@@ -1,6 +1,5 @@
 #include "bilderordner.h"
 
-#include "fehler.h"
 #include "sprache.h"
 #include "text.h"
 
@@ -8,9 +7,11 @@
 #include <QDir>
 #include <QFile>
 #include <QUuid>
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 
 using namespace Qt::StringLiterals;
 
@@ -28,10 +29,18 @@ Dateigriff sperren(const QString &ort)
 }
 } // namespace
 
+Platzmangel::Platzmangel(const QString &ordner)
+    : Fehler(gefuellt(Sprache::text(u"Für die Seitenbilder der Texterkennung ist kein Platz mehr: %@"_s), {ordner}))
+{
+}
+
 Bilderordner::Bilderordner()
     : m_ort(QDir::temp().filePath(u"ablage-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces)))
 {
-    if (::mkdir(QFile::encodeName(m_ort).constData(), 0700) != 0)
+    const bool da = ::mkdir(QFile::encodeName(m_ort).constData(), 0700) == 0;
+    if (!da && errno == ENOSPC)
+        throw Platzmangel(QDir::tempPath());
+    if (!da)
         throw Fehler(gefuellt(Sprache::text(u"Der Ordner %@ lässt sich nicht anlegen"_s), {m_ort}));
     m_sperre = sperren(m_ort);
 }
@@ -51,6 +60,15 @@ void Bilderordner::leeren() const
 {
     for (const QString &bild : bilder())
         QFile::remove(bild);
+}
+
+void Bilderordner::platzPruefen() const
+{
+    constexpr quint64 soGutWieNichts = 256 * 1024;
+    struct statvfs platte = {};
+    if (::statvfs(QFile::encodeName(m_ort).constData(), &platte) == 0 &&
+        quint64(platte.f_bavail) * platte.f_frsize < soGutWieNichts)
+        throw Platzmangel(QDir::tempPath());
 }
 
 void Bilderordner::verwaisteEntfernen()

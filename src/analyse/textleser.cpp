@@ -54,6 +54,8 @@ Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad, const Lesegrenze
                               .textHash = skizze.textHash(),
                               .skizze = Skizze::json(skizze.werte())},
                 .fehler = {}};
+    } catch (const Platzmangel &) {
+        throw; // nothing to be noted of the document
     } catch (const Fehler &f) {
         Gelesen gelesen;
         gelesen.id = id;
@@ -117,6 +119,9 @@ void alleLesen(Lauf &lauf, const Lesegrenzen &grenzen)
             fertige << lesen(lauf, offene.at(i), *pfad, grenzen);
         } catch (const Abbruch &) {
             break; // the program ends; the document in hand stays open
+        } catch (const Platzmangel &) {
+            schreiben(lauf.db(), fertige);
+            throw;
         }
         if (!fertige.last().fehler.isEmpty())
             herkunftPruefen(lauf);

@@ -20,16 +20,27 @@ namespace
 {
 constexpr qsizetype mindestZeichen = 120;
 
+QString erkannt(const QStringList &bilder, const QString &sprache, const Lesegrenzen &grenzen,
+                const std::stop_token &ende)
+{
+    QStringList texte;
+    for (const QString &bild : bilder)
+        texte << Werkzeuge::alsText(
+            Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, sprache}, grenzen.fuerSeiten(1), ende));
+    return texte.join(u'\n').trimmed();
+}
+
 QString texterkennung(const QString &pdf, int seiten, const QString &sprache, const Lesegrenzen &grenzen,
                       const std::stop_token &ende)
 {
     const Bilderordner ordner;
-    Seitenbilder::zeichnen(pdf, seiten, grenzen, ordner, ende);
-    QStringList texte;
-    for (const QString &bild : ordner.bilder())
-        texte << Werkzeuge::alsText(
-            Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, sprache}, grenzen.fuerSeiten(1), ende));
-    return texte.join(u'\n').trimmed();
+    try {
+        Seitenbilder::zeichnen(pdf, seiten, grenzen, ordner, ende);
+        return erkannt(ordner.bilder(), sprache, grenzen, ende);
+    } catch (const Fehler &) {
+        ordner.platzPruefen(); // the tools say nothing of it, or crash
+        throw;
+    }
 }
 
 /** What is wrong with a file that the tools refuse, in the user's words. */

@@ -44,7 +44,8 @@ struct Text {
 
 /**
  * Text of the first @p seiten pages of the PDF at @p pdf, trimmed; empty for blank pages. Recognised with the OCR
- * language @p sprache where the text layer has fewer than 120 visible characters. Throws Fehler with the cause.
+ * language @p sprache where the text layer has fewer than 120 visible characters. Throws Fehler with the cause, and
+ * Platzmangel where the disk has no room for its pages.
  */
 [[nodiscard]] Text text(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende = {},
                         const Lesegrenzen &grenzen = {});

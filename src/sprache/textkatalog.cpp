@@ -378,6 +378,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Führt die Rückabwicklung jetzt aus",
     u"Für Rechnungen, die du bekommen hast.",
     u"Für Rechnungen, die du geschrieben hast.",
+    u"Für die Seitenbilder der Texterkennung ist kein Platz mehr: %@",
     u"Für diesen Katalog läuft schon eine Analyse",
     u"Ganze Seite",
     u"Ganze Seite zeigen",

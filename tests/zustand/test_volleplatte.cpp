@@ -1,10 +1,13 @@
 #include "ausfuehrung.h"
+#include "bilderordner.h"
 #include "einstellungen.h"
 #include "katalogpflege.h"
+#include "kleinespdf.h"
 #include "meldestelle.h"
 #include "profilspeicher.h"
 #include "profilwahl.h"
 #include "sicherungen.h"
+#include "werkzeuge.h"
 #include "zustandsprobe.h"
 
 #include <QProcess>
@@ -89,6 +92,14 @@ private Q_SLOTS:
             uebernehmen();
             QVERIFY2(gesagt().contains(u"vormerken"_s) || gesagt().contains(u"Platte voll"_s), qPrintable(gesagt()));
             QVERIFY(QFile::exists(m_b->quelle(u"a.pdf"_s)));
+            // A document without a text layer, whose pages do not fit: it is no fault of the document.
+            QFile bild(m_b->quelle(u"bild.pdf"_s));
+            QVERIFY(bild.open(QIODevice::WriteOnly) && bild.write(Kleinespdf::gezeichnet("9 9 99 99 re f")) > 0);
+            bild.close();
+            const QByteArray ablage = qgetenv("TMPDIR");
+            qputenv("TMPDIR", daten.toUtf8());
+            QVERIFY_EXCEPTION_THROWN(Werkzeuge::text(bild.fileName(), 1, u"deu"_s), Platzmangel);
+            qputenv("TMPDIR", ablage);
             QVERIFY_EXCEPTION_THROWN(Sicherungen::anlegen(Profilspeicher::katalogDatei(m_b->profil)), Fehler);
         }
         m_z->profilwahl()->aendern([](Profil &p) { p.eigeneNamen = {u"Muster"_s}; });
