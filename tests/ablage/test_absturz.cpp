@@ -93,8 +93,8 @@ private Q_SLOTS:
 private:
     void anJedemSystemaufruf(const QString &eingriff, const QStringList &stets = {});
     void vorbereiten(Werkbank &bank, const QString &aktion) const;
-    void einmal(const QString &aktion, bool kopieren, bool anderer, const QStringList &eingriff,
-                QList<Punkt> *stellen) const;
+    void einmal(const QString &aktion, bool kopieren, bool anderer, const QStringList &eingriff, QList<Punkt> *stellen,
+                int *status = nullptr) const;
     bool m_straceGeht = false;
 };
 
@@ -155,24 +155,30 @@ void TestAbsturz::anJedemSystemaufruf(const QString &eingriff, const QStringList
         QSKIP("strace is missing or may not trace here");
     if (anderer && datentraeger(u"/dev/shm"_s) == datentraeger(QDir::tempPath()))
         QSKIP("there is no second file system at /dev/shm");
+    const bool toedlich = eingriff == u"signal=KILL"_s;
     QList<Punkt> stellen;
     einmal(aktion, kopieren, anderer, stets, &stellen);
     QVERIFY(stellen.size() > 10);
     for (const Punkt &punkt : std::as_const(stellen)) {
         if (stets.join(u' ').contains(u"inject="_s + punkt.aufruf + u':'))
             continue; // does nothing there
-        einmal(aktion, kopieren, anderer,
-               stets + QStringList{u"-e"_s, u"inject=%1:%2:when=%3"_s.arg(punkt.aufruf, eingriff).arg(punkt.nummer)},
-               nullptr);
-        if (QTest::currentTestFailed())
-            return;
+        // On a busy machine newer kernels swallow a kill now and then: that run counts as one without a fault.
+        const QStringList alle =
+            stets + QStringList{u"-e"_s, u"inject=%1:%2:when=%3"_s.arg(punkt.aufruf, eingriff).arg(punkt.nummer)};
+        int status = 0;
+        for (int versuch = 0; versuch < 5 && (versuch == 0 || (toedlich && status != -1)); ++versuch) {
+            einmal(aktion, kopieren, anderer, alle, nullptr, &status);
+            if (QTest::currentTestFailed())
+                return;
+        }
+        QVERIFY2(!toedlich || status == -1, qPrintable(alle.join(u' ')));
     }
     qInfo("%lld injection points", qlonglong(stellen.size()));
 }
 
 /** One run of the driver on a fresh bench with the fault @p eingriff, and the look at what is left. */
 void TestAbsturz::einmal(const QString &aktion, bool kopieren, bool anderer, const QStringList &eingriff,
-                         QList<Punkt> *stellen) const
+                         QList<Punkt> *stellen, int *status) const
 {
     // In memory if possible: a kill needs no flushes, and they would take most of the time.
     const bool imSpeicher = datentraeger(u"/dev/shm"_s) != 0;
@@ -189,9 +195,12 @@ void TestAbsturz::einmal(const QString &aktion, bool kopieren, bool anderer, con
         treiber(QStringList{u"strace"_s, u"-f"_s, u"-o"_s, spur, u"-e"_s, u"trace=%1,access"_s.arg(aenderungen)} +
                     (toedlich ? QStringList() : QStringList{u"--seccomp-bpf"_s}) + eingriff,
                 *bank, ordner.path(), aktion);
-    QCOMPARE(lauf.status == -1, toedlich);
+    if (!toedlich)
+        QVERIFY2(lauf.status != -1, "ended by a signal that nobody sent");
     if (stellen)
         *stellen = punkte(inhaltVon(spur));
+    if (status)
+        *status = lauf.status;
     bank = std::make_unique<Werkbank>(ordner.path(), kopieren, anderer ? fern.path() : QString());
     const auto nachher = bank->bestand();
     for (auto summe = vorher.begin(); summe != vorher.end(); ++summe)
