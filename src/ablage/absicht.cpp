@@ -2,6 +2,7 @@
 
 #include "jsonschreiber.h"
 #include "katalog.h"
+#include "sprache.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -147,9 +148,16 @@ Status statusZurueck(const Protokollzeile &zeile)
     return vorher == Status::Unbekannt ? Status::Bereit : vorher;
 }
 
-QString absichtsdatei(const Datenbank &db) { return absichtsdatei(Katalog::pfad(db)); }
+QString absichtsdatei(const Datenbank &db) { return Katalog::absichtsdatei(Katalog::pfad(db)); }
 
-QString absichtsdatei(const QString &katalog) { return katalog + u".absicht"_s; }
+Absichtsdatei absichtenNehmen(const QString &katalog, std::chrono::milliseconds geduld)
+{
+    auto datei = Absichtsdatei::oeffnen(Katalog::absichtsdatei(katalog), geduld);
+    if (!datei)
+        throw Fehler(
+            Sprache::text(u"Ein anderes Programm bewegt gerade Dateien. Bitte gleich noch einmal versuchen."_s));
+    return std::move(*datei);
+}
 
 QList<Absicht> letzteAbsichten(const QList<QByteArray> &zeilen, QList<QByteArray> &fremde)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "absichtsdatei.h"
 #include "dateibewegung.h"
 #include "dokument.h"
 #include "namensraeume.h"
@@ -52,7 +53,8 @@ struct Absicht {
 
 /** The intent file of a catalogue. */
 [[nodiscard]] QString absichtsdatei(const Datenbank &db);
-[[nodiscard]] QString absichtsdatei(const QString &katalog);
+/** The same open and locked, so that nobody else moves. Throws Fehler when another holds it past @p geduld. */
+[[nodiscard]] Absichtsdatei absichtenNehmen(const QString &katalog, std::chrono::milliseconds geduld);
 
 /**
  * The movements that @p zeilen announce, in the order of beginning. One that had to try several names has a line for

@@ -28,11 +28,7 @@ Absichtsdatei dateiNehmen(const Datenbank &db)
     // Found out before, not by a movement there and back.
     if (Katalog::nurLesen(db))
         throw Fehler(Katalog::schreibmangel(db));
-    auto datei = Absichtsdatei::oeffnen(absichtsdatei(db), geduld);
-    if (!datei)
-        throw Fehler(
-            Sprache::text(u"Ein anderes Programm bewegt gerade Dateien. Bitte gleich noch einmal versuchen."_s));
-    return std::move(*datei);
+    return absichtenNehmen(Katalog::pfad(db), geduld);
 }
 
 /** One that no longer equals its original stays: it may be the only copy of what is in it. */

@@ -1,7 +1,6 @@
 #include "wiederherstellung.h"
 
 #include "absicht.h"
-#include "absichtsdatei.h"
 #include "katalog.h"
 #include "katalogpruefung.h"
 #include "katalogtausch.h"
@@ -55,15 +54,6 @@ private:
     }
 };
 
-Absichtsdatei alleinBewegen(const QString &katalog)
-{
-    auto datei = Absichtsdatei::oeffnen(absichtsdatei(katalog), geduld);
-    if (!datei)
-        throw Fehler(
-            Sprache::text(u"Ein anderes Programm bewegt gerade Dateien. Bitte gleich noch einmal versuchen."_s));
-    return std::move(*datei);
-}
-
 void alleinBenutzen(const QString &katalog)
 {
     if (Katalogpruefung::istAnderswoOffen(katalog))
@@ -113,7 +103,7 @@ Wiederherstellung::Ergebnis Wiederherstellung::einsetzen(const QString &katalog,
                                                          const Profil &profil, const QStringList &andere)
 {
     alleinBenutzen(katalog);
-    Absichtsdatei absichten = alleinBewegen(katalog);
+    Absichtsdatei absichten = absichtenNehmen(katalog, geduld);
     const Unterbrochenes unterbrochenes(absichten.zeilen());
     const auto nachtragen = [&](Datenbank &db) {
         return Nachtrag(db, profil, andere).spielen(unterbrochenes.geschehenes, unterbrochenes.hoechsteNummer);

@@ -1,6 +1,7 @@
 #include "datenbank.h"
 
 #include "katalogpruefung.h"
+#include "nurlesend.h"
 #include "pfade.h"
 #include "schema.h"
 #include "sicherungen.h"
@@ -398,7 +399,7 @@ int Datenbank::schreiben(const QString &sql, const QVariantList &parameter)
 void Datenbank::scheitern(int code, const QString &satz)
 {
     const Warteschlange::Platz platz(m_schlange); // the message is the connection's own
-    const bool schaden = (code & 0xff) == SQLITE_CORRUPT || (code & 0xff) == SQLITE_NOTADB;
+    const bool schaden = istSchaden(code);
     if (schaden)
         sperren();
     throw Katalogfehler(schaden ? Katalog::schreibmangel(*this) : satz,

@@ -54,6 +54,8 @@ std::shared_ptr<Datenbank> Katalog::ungesichertOeffnen(const QString &pfad)
 
 const QString &Katalog::pfad(const Datenbank &db) { return db.pfad(); }
 
+QString Katalog::absichtsdatei(const QString &pfad) { return pfad + u".absicht"_s; }
+
 Zugang Katalog::zugang(const Datenbank &db) { return db.zugang(); }
 
 bool Katalog::nurLesen(const Datenbank &db) { return db.zugang() != Zugang::Schreiben; }

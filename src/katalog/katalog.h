@@ -43,6 +43,8 @@ enum class Vorpruefung { NachAbsturz, Immer };
 /** The same for a file that is not in use yet: nothing is looked at, and no copy is made whatever its form. */
 [[nodiscard]] std::shared_ptr<Datenbank> ungesichertOeffnen(const QString &pfad);
 [[nodiscard]] const QString &pfad(const Datenbank &db);
+/** The file beside the catalogue @p pfad in which movements are announced. */
+[[nodiscard]] QString absichtsdatei(const QString &pfad);
 [[nodiscard]] Zugang zugang(const Datenbank &db);
 [[nodiscard]] bool nurLesen(const Datenbank &db);
 /** It was seen to be damaged: from now on it is only read, by other programs too. */

@@ -2,6 +2,7 @@
 
 #include "dateigriff.h"
 #include "ganzedatei.h"
+#include "katalog.h"
 #include "nurlesend.h"
 
 #include <QFile>
@@ -29,8 +30,6 @@ QByteArray stand(const QString &pfad)
     return QByteArray::number(qint64(s.st_size)) + ' ' + QByteArray::number(qint64(s.st_mtim.tv_sec)) + ' ' +
            QByteArray::number(qint64(s.st_mtim.tv_nsec)) + '\n';
 }
-
-bool istSchaden(int code) { return (code & 0xff) == SQLITE_CORRUPT || (code & 0xff) == SQLITE_NOTADB; }
 
 /** The first finding is enough. */
 Katalogpruefung::Befund befund(sqlite3 *griff)
@@ -80,7 +79,7 @@ bool Katalogpruefung::istVermerkt(const QString &pfad)
 bool Katalogpruefung::istNachAbsturz(const QString &pfad)
 {
     // A journal, or movements that were announced and not finished.
-    return QFileInfo(pfad + u"-wal"_s).size() > 0 || QFileInfo(pfad + u".absicht"_s).size() > 0;
+    return QFileInfo(pfad + u"-wal"_s).size() > 0 || QFileInfo(Katalog::absichtsdatei(pfad)).size() > 0;
 }
 
 bool Katalogpruefung::istAnderswoOffen(const QString &pfad)

@@ -11,6 +11,8 @@ constexpr int geduld = 60'000; // milliseconds, for a file that another program 
 
 void Verbindungsende::operator()(sqlite3 *griff) const noexcept { sqlite3_close_v2(griff); }
 
+bool istSchaden(int code) { return (code & 0xff) == SQLITE_CORRUPT || (code & 0xff) == SQLITE_NOTADB; }
+
 Nurlesend nurLesendOeffnen(const QString &pfad)
 {
     sqlite3 *griff = nullptr;

@@ -42,8 +42,7 @@ std::optional<Sicherung> aus(const QFileInfo &datei, const QString &stamm)
         return std::nullopt;
     QDateTime zeit = QDateTime::fromString(teile.captured(3), QString(zeitformat));
     zeit.setTimeSpec(Qt::UTC);
-    return Sicherung{
-        .datei = datei.filePath(), .nummer = teile.captured(2).toInt(), .zeit = zeit, .groesse = datei.size()};
+    return Sicherung{.datei = datei.filePath(), .nummer = teile.captured(2).toInt(), .zeit = zeit};
 }
 
 QString neuerName(const QString &katalog)

@@ -16,7 +16,6 @@ struct Sicherung {
     QString datei; ///< full path
     int nummer = 0;
     QDateTime zeit; ///< when it was made, in UTC
-    qint64 groesse = 0;
     bool operator==(const Sicherung &) const = default;
 };
 

@@ -190,7 +190,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Das Modell %@ fehlt. Was noch nicht eingeordnet ist, wartet auf den nächsten Durchgang.",
     u"Das Modell %@ rechnet nicht auf diesem Rechner und wird nicht benutzt",
     u"Das Original fehlt oder ist nicht mehr wie die Kopie",
-    u"Das Programm quillmar-seiten, das die Seiten zeichnet, lässt sich nicht starten: Die Installation ist unvollständig. Ablegen kannst du das Dokument trotzdem.",
+    u"Das Programm quillmar-seiten, das die Seiten zeichnet, lässt sich nicht starten. Ist die Installation vollständig? Ablegen kannst du das Dokument trotzdem.",
     u"Das Programm, das die Seiten zeichnet, lässt sich nicht starten.",
     u"Das Protokoll konnte nicht angelegt werden. Prüfe den Ordner auf der Karte Protokoll.",
     u"Das Sprachmodell wird gerade geladen.",

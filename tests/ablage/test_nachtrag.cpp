@@ -74,6 +74,22 @@ class TestNachtrag : public QObject
 {
     Q_OBJECT
 
+    static void zweiFaelle()
+    {
+        QTest::addColumn<bool>("kopieren");
+        QTest::newRow("move") << false;
+        QTest::newRow("copy") << true;
+    }
+    static void vierFaelle()
+    {
+        QTest::addColumn<bool>("vorDerSicherung");
+        QTest::addColumn<bool>("kopieren");
+        QTest::newRow("move known to the backup") << true << false;
+        QTest::newRow("move since") << false << false;
+        QTest::newRow("copy known to the backup") << true << true;
+        QTest::newRow("copy since") << false << true;
+    }
+
 private Q_SLOTS:
     // The scanner gives the same name to the next scan.
     void gleicherScanname_data()
@@ -102,15 +118,7 @@ private Q_SLOTS:
     }
 
     // A single undo, then another letter under the same name at the target.
-    void zurueckUndNeuBelegt_data()
-    {
-        QTest::addColumn<bool>("vorDerSicherung");
-        QTest::addColumn<bool>("kopieren");
-        QTest::newRow("move known to the backup") << true << false;
-        QTest::newRow("move since") << false << false;
-        QTest::newRow("copy known to the backup") << true << true;
-        QTest::newRow("copy since") << false << true;
-    }
+    void zurueckUndNeuBelegt_data() { vierFaelle(); }
     void zurueckUndNeuBelegt()
     {
         QFETCH(bool, vorDerSicherung);
@@ -137,15 +145,7 @@ private Q_SLOTS:
     }
 
     // Undone, and by hand something else was put where it was.
-    void zurueckUndVonHandBelegt_data()
-    {
-        QTest::addColumn<bool>("vorDerSicherung");
-        QTest::addColumn<bool>("kopieren");
-        QTest::newRow("move known to the backup") << true << false;
-        QTest::newRow("move since") << false << false;
-        QTest::newRow("copy known to the backup") << true << true;
-        QTest::newRow("copy since") << false << true;
-    }
+    void zurueckUndVonHandBelegt_data() { vierFaelle(); }
     void zurueckUndVonHandBelegt()
     {
         QFETCH(bool, vorDerSicherung);
@@ -165,12 +165,7 @@ private Q_SLOTS:
     }
 
     // The same after the undo is known to the backup.
-    void langeZurueckUndVonHandBelegt_data()
-    {
-        QTest::addColumn<bool>("kopieren");
-        QTest::newRow("move") << false;
-        QTest::newRow("copy") << true;
-    }
+    void langeZurueckUndVonHandBelegt_data() { zweiFaelle(); }
     void langeZurueckUndVonHandBelegt()
     {
         QFETCH(bool, kopieren);
@@ -205,12 +200,7 @@ private Q_SLOTS:
     }
 
     // Known, taken back since and filed elsewhere: there is one movement, and one undo brings it home.
-    void zurueckUndAnderswohin_data()
-    {
-        QTest::addColumn<bool>("kopieren");
-        QTest::newRow("move") << false;
-        QTest::newRow("copy") << true;
-    }
+    void zurueckUndAnderswohin_data() { zweiFaelle(); }
     void zurueckUndAnderswohin()
     {
         QFETCH(bool, kopieren);
@@ -229,12 +219,7 @@ private Q_SLOTS:
     }
 
     // The user writes into a letter after it was filed.
-    void nachDemAblegenBearbeitet_data()
-    {
-        QTest::addColumn<bool>("kopieren");
-        QTest::newRow("move") << false;
-        QTest::newRow("copy") << true;
-    }
+    void nachDemAblegenBearbeitet_data() { zweiFaelle(); }
     void nachDemAblegenBearbeitet()
     {
         QFETCH(bool, kopieren);
@@ -337,7 +322,7 @@ private Q_SLOTS:
         absicht.zeile.von = u"/nirgends/y.pdf"_s;
         absicht.groesse = 5;
         absicht.dateizeit = 5;
-        dateiSchreiben(absichtsdatei(b.katalog()), absicht.json() + '\n');
+        dateiSchreiben(Katalog::absichtsdatei(b.katalog()), absicht.json() + '\n');
         b.einsetzen();
         const Dateien::Fund fund{.pfad = u"/neu.pdf"_s, .name = u"neu.pdf"_s, .ordner = {}, .groesse = 1};
         QVERIFY(Dateien(*b.bank().db()).aufnehmen(fund, 0));
@@ -362,10 +347,10 @@ private Q_SLOTS:
         absicht.protokollId = 6;
         QVERIFY(QFile::rename(von, nach));
         b.bank().schliessen();
-        dateiSchreiben(absichtsdatei(b.katalog()), absicht.json() + '\n');
+        dateiSchreiben(Katalog::absichtsdatei(b.katalog()), absicht.json() + '\n');
         b.einsetzen();
         b.bank().schliessen();
-        dateiSchreiben(absichtsdatei(b.katalog()), absicht.json() + '\n'); // not cleared any more
+        dateiSchreiben(Katalog::absichtsdatei(b.katalog()), absicht.json() + '\n'); // not cleared any more
         b.bank().oeffnen();
         QCOMPARE(
             b.bank().db()->abfragen(u"SELECT COUNT(*) n FROM protokoll WHERE nach_pfad=?"_s, {nach}).first().ganz(u"n"),

@@ -320,13 +320,13 @@ private Q_SLOTS:
         Absicht absicht = absichtFuer(999, von, nach);
         absicht.zeile.aktion = u"einsortiert"_s;
         absicht.status = Status::Erledigt;
-        dateiSchreiben(absichtsdatei(leben.katalog()), absicht.json() + '\n');
+        dateiSchreiben(Katalog::absichtsdatei(leben.katalog()), absicht.json() + '\n');
         QVERIFY(QFile::rename(von, nach));
         leben.einsetzen();
         const auto zeile = Dateien(*leben.bank().db()).anPfad(nach);
         QVERIFY(zeile);
         QVERIFY(leben.bank().lesen(zeile->id).status == Status::Erledigt);
-        QCOMPARE(inhaltVon(absichtsdatei(leben.katalog())), QByteArray());
+        QCOMPARE(inhaltVon(Katalog::absichtsdatei(leben.katalog())), QByteArray());
     }
 
     void kaputteSicherungAendertNichts()

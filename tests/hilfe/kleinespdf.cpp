@@ -1,26 +1,12 @@
 #include "kleinespdf.h"
 
+#include "rohpdf.h"
+
 namespace Kleinespdf
 {
 namespace
 {
-QByteArray alsDatei(const QList<QByteArray> &teile, const QByteArray &eintrag = {})
-{
-    QByteArray datei = "%PDF-1.4\n";
-    QByteArray verzeichnis = "0000000000 65535 f \n";
-    for (qsizetype i = 0; i < teile.size(); ++i) {
-        verzeichnis += QByteArray::number(datei.size()).rightJustified(10, '0') + " 00000 n \n";
-        datei += QByteArray::number(i + 1) + " 0 obj\n" + teile.at(i) + "\nendobj\n";
-    }
-    const QByteArray anzahl = QByteArray::number(teile.size() + 1);
-    return datei + "xref\n0 " + anzahl + '\n' + verzeichnis + "trailer\n<</Size " + anzahl + "/Root 1 0 R" + eintrag +
-           ">>\nstartxref\n" + QByteArray::number(datei.size()) + "\n%%EOF\n";
-}
-
-QByteArray strom(const QByteArray &inhalt, const QByteArray &eintraege = {})
-{
-    return "<</Length " + QByteArray::number(inhalt.size()) + eintraege + ">>\nstream\n" + inhalt + "\nendstream";
-}
+using Rohpdf::strom;
 
 const QByteArray katalog = "<</Type/Catalog/Pages 2 0 R>>";
 const QByteArray eineSeite = "<</Type/Pages/Kids[3 0 R]/Count 1>>";
@@ -38,17 +24,17 @@ QByteArray brav(int seiten)
 {
     const QByteArray baum =
         "<</Type/Pages/Kids[" + QByteArray("3 0 R ").repeated(seiten) + "]/Count " + QByteArray::number(seiten) + ">>";
-    return alsDatei({katalog, baum, seite(schrift), strom(wort)});
+    return Rohpdf::datei({katalog, baum, seite(schrift), strom(wort)});
 }
 
 QByteArray mitTrailer(const QByteArray &eintrag)
 {
-    return alsDatei({katalog, eineSeite, seite(schrift), strom(wort)}, eintrag);
+    return Rohpdf::datei({katalog, eineSeite, seite(schrift), strom(wort)}, eintrag);
 }
 
 QByteArray gezeichnet(const QByteArray &anweisungen)
 {
-    return alsDatei({katalog, eineSeite, seite(schrift), strom(anweisungen)});
+    return Rohpdf::datei({katalog, eineSeite, seite(schrift), strom(anweisungen)});
 }
 
 QByteArray endloseStriche()
@@ -70,6 +56,6 @@ QByteArray geschachtelteFormen()
                        "/Type/XObject/Subtype/Form/BBox[0 0 595 842]/Group<</S/Transparency/I true>>/Resources<<" +
                            (n < tiefe ? naechste : QByteArray()) + ">>");
     }
-    return alsDatei(teile);
+    return Rohpdf::datei(teile);
 }
 } // namespace Kleinespdf

@@ -16,4 +16,7 @@ using Nurlesend = std::unique_ptr<sqlite3, Verbindungsende>;
 
 /** A connection to the catalogue at @p pfad that changes nothing of it, not even when it closes; null on failure. */
 [[nodiscard]] Nurlesend nurLesendOeffnen(const QString &pfad);
+
+/** SQLite's result code says that the file is damaged. */
+[[nodiscard]] bool istSchaden(int code);
 } // namespace quillmar::katalog

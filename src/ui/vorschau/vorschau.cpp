@@ -66,8 +66,8 @@ std::pair<Symbol, Leerlage> satzFuer(Vorschaubefund befund)
         {Vorschaubefund::NichtGestartet,
          {Symbol::GrossVorschau,
           {Sprache::text(u"Vorschau nicht verfügbar"_s),
-           Sprache::text(u"Das Programm quillmar-seiten, das die Seiten zeichnet, lässt sich nicht starten: Die "
-                         u"Installation ist unvollständig. Ablegen kannst du das Dokument trotzdem."_s)}}},
+           Sprache::text(u"Das Programm quillmar-seiten, das die Seiten zeichnet, lässt sich nicht starten. Ist die "
+                         u"Installation vollständig? Ablegen kannst du das Dokument trotzdem."_s)}}},
     };
     return saetze.value(befund);
 }
