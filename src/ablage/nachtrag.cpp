@@ -108,19 +108,25 @@ void Nachtrag::ordnerPruefen(const QList<Protokollzeile> &zeilen) const
 
 Nachtrag::Zeilen Nachtrag::gelesen()
 {
-    Zeilen alle;
+    QList<QList<Protokollzeile>> sitzungen;
     for (const QString &datei : Protokollbuch::dateien(m_profil.protokollURL().value_or(QString()))) {
         const auto kopf = Protokollbuch::kopf(datei);
         if (!kopf || !istEigenes(*kopf))
             continue;
         ++m_bilanz.protokolle;
-        QList<Protokollzeile> zeilen = Protokollbuch::lesen(datei);
-        std::reverse(zeilen.begin(), zeilen.end());
-        for (Protokollzeile &zeile : zeilen) {
-            zeile.von = nfc(zeile.von);
-            zeile.nach = nfc(zeile.nach);
-            alle.hoechsteNummer = std::max(alle.hoechsteNummer, zeile.dokument);
-            alle.neuesteZuerst << std::move(zeile);
+        sitzungen << Protokollbuch::lesen(datei);
+    }
+    // Files that were brought back from somewhere have lost their times; their lines have not.
+    sitzungen.removeAll({});
+    std::stable_sort(sitzungen.begin(), sitzungen.end(),
+                     [](const auto &a, const auto &b) { return a.last().zeit > b.last().zeit; });
+    Zeilen alle;
+    for (const QList<Protokollzeile> &sitzung : std::as_const(sitzungen)) {
+        for (auto zeile = sitzung.crbegin(); zeile != sitzung.crend(); ++zeile) {
+            alle.hoechsteNummer = std::max(alle.hoechsteNummer, zeile->dokument);
+            alle.neuesteZuerst << *zeile;
+            alle.neuesteZuerst.last().von = nfc(zeile->von);
+            alle.neuesteZuerst.last().nach = nfc(zeile->nach);
         }
     }
     return alle;
