@@ -6,6 +6,7 @@
 #include "dateibewegung.h"
 #include "dokumente.h"
 #include "fehler.h"
+#include "herkunft.h"
 #include "papierkorb.h"
 #include "pfade.h"
 #include "protokollbuch.h"
@@ -95,7 +96,8 @@ Nachtrag::Bilanz Nachtrag::spielen(const QList<Protokollzeile> &vorab, qint64 ve
 /** Where a drive is not there, all that was filed since would be forgotten, and all that came back. */
 void Nachtrag::ordnerPruefen(const QList<Protokollzeile> &zeilen) const
 {
-    if (!m_profil.quelle.isEmpty() && !istOrdner(ort(m_profil.quelle)))
+    if (!m_profil.quelle.isEmpty() &&
+        (!istOrdner(ort(m_profil.quelle)) || Herkunft::istFremderLeererOrdner(m_db, m_profil)))
         throw Fehler(gefuellt(Sprache::text(u"Der Herkunftsordner ist nicht erreichbar: %@"_s), {m_profil.quelle}));
     const QString wurzel = ort(m_profil.zielWurzel);
     if (m_profil.zielWurzel.isEmpty() || !istLeer(wurzel))

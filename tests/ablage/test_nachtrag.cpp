@@ -1,4 +1,5 @@
 #include "bewegungsgang.h"
+#include "herkunft.h"
 #include "katalog.h"
 #include "katalogtausch.h"
 #include "pfade.h"
@@ -316,6 +317,20 @@ private Q_SLOTS:
         QCOMPARE(b.staende("%PDF a").first().status, u"erledigt"_s);
         b.bank().rueckgaengig();
         QVERIFY(QFile::exists(b.quelle(zerlegt)));
+    }
+
+    void herkunftslaufwerkFehlt()
+    {
+        Buehne b;
+        const qint64 a = b.brief(u"a.pdf"_s, "%PDF a");
+        b.brief(u"c.pdf"_s, "%PDF c");
+        Herkunft::merken(*b.bank().db(), b.bank().profil());
+        b.sichern();
+        b.bank().uebernehmen(a);
+        const QString quelle = b.bank().profil().quelle;
+        QVERIFY(QFile::rename(quelle, quelle + u" weg"_s));
+        QDir().mkpath(quelle); // the empty folder it is mounted on
+        QVERIFY(fehlerBei([&] { Q_UNUSED(b.einsetzen()); }).contains(quelle));
     }
 
     // A drive that is not there: what was filed on it must not be forgotten.
