@@ -205,12 +205,12 @@ Vollzug Ablagewerk::ausfuehren(const Vorhaben &vorhaben, const Dokument &gespeic
             .tat = {.bewegung = true, .id = ergebnis.protokollId}};
 }
 
-qint64 Ablagewerk::rueckgaengig() { return Tatruecknahme::letzteBewegung(m_db, m_profil.quelle); }
+qint64 Ablagewerk::rueckgaengig() { return Tatruecknahme::letzteBewegung(m_db, m_profil); }
 
 Zurueckgenommen Ablagewerk::tatZuruecknehmen(const std::optional<Taten::Tat> &diese,
                                              const Tatruecknahme::Fortschritt &fortschritt)
 {
-    return Tatruecknahme::letzte(m_db, m_profil.quelle, diese, fortschritt);
+    return Tatruecknahme::letzte(m_db, m_profil, diese, fortschritt);
 }
 
 std::optional<Dokument> Ablagewerk::dokument(qint64 id) const { return Dokumente(*m_db).eines(id); }

@@ -59,10 +59,10 @@ void beigabenSchreiben(Jsonschreiber &o, const Absicht &a)
         o.text("temporaer", a.temporaer);
     if (!a.imKorb.isEmpty())
         o.text("imKorb", a.imKorb);
-    if (a.werte) {
+    if (a.werte)
         o.roh("werte", kompakt(werteJson(*a.werte)));
+    if (a.werte || a.art == Absicht::Art::Ruecknahme)
         o.roh("rechnung", kompakt(rechnungJson(a.profil)));
-    }
     if (!a.vorher.isEmpty())
         o.text("vorher", a.vorher);
     if (!a.buch.isEmpty())
@@ -75,10 +75,9 @@ void beigabenLesen(const QJsonObject &o, Absicht &a)
 {
     a.temporaer = o.value("temporaer"_L1).toString();
     a.imKorb = o.value("imKorb"_L1).toString();
-    if (o.contains("werte"_L1)) {
+    if (o.contains("werte"_L1))
         a.werte = werteAus(o.value("werte"_L1).toObject());
-        a.profil = rechnungAus(o.value("rechnung"_L1).toObject());
-    }
+    a.profil = rechnungAus(o.value("rechnung"_L1).toObject());
     a.vorher = o.value("vorher"_L1).toString();
     a.buch = o.value("buch"_L1).toString();
     a.kopf = Protokollkopf::aus(kompakt(o.value("kopf"_L1).toObject()));

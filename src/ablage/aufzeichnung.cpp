@@ -54,11 +54,12 @@ Aufzeichnung::Ergebnis Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
         speicher.vorlesen(*a.werte, a.vorher); // the transaction stays short, however many documents wait
     Transaktion t(db);
     Ergebnis ergebnis;
-    if (a.werte) {
-        werteSchreiben(db, dokument, *a.werte);
-        ergebnis.angepasst = speicher.merken(dokument, *a.werte, a.vorher);
-    }
     ergebnis.protokollId = zeileSchreiben(db, a.zeile);
+    if (a.werte) {
+        // Before the values are written: the memory looks at what was proposed.
+        ergebnis.angepasst = speicher.merken(dokument, *a.werte, a.vorher, ergebnis.protokollId);
+        werteSchreiben(db, dokument, *a.werte);
+    }
     if (a.tat != 0)
         tatSchreiben(db, a, ergebnis.protokollId);
     standSchreiben(db, a);
@@ -68,9 +69,16 @@ Aufzeichnung::Ergebnis Aufzeichnung::bewegung(Datenbank &db, const Absicht &a)
 
 void Aufzeichnung::ruecknahmen(Datenbank &db, const QList<Absicht> &absichten)
 {
+    if (absichten.isEmpty())
+        return;
     Transaktion t(db);
-    for (const Absicht &a : absichten)
+    QList<qint64> zeilen;
+    for (const Absicht &a : absichten) {
         ruecknahme(db, a);
+        if (a.protokollId != 0)
+            zeilen << a.protokollId;
+    }
+    Lernspeicher(db, absichten.first().profil).zuruecknehmen(zeilen);
     t.abschliessen();
 }
 

@@ -210,8 +210,8 @@ QList<Protokollzeile> Protokollbuch::lesen(const QString &datei)
 
 Bilanz Protokollbuch::zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
                                     const Fortschritt &fortschritt, const std::stop_token &ende,
-                                    const QStringList &grenzen)
+                                    const QStringList &grenzen, const Profil &profil)
 {
-    return Rueckbau(datei, db, fortschritt, ende, grenzen).ausfuehren();
+    return Rueckbau(datei, db, fortschritt, ende, grenzen, profil).ausfuehren();
 }
 } // namespace quillmar::ablage

@@ -58,11 +58,12 @@ public:
      * movement. Once @p ende wants it, the movements in hand are finished and the rest is passed over.
      *
      * Lines that the catalogue does not know move only documents (".pdf"), and only between the source and the target
-     * that the header names; where there is no header, between the folders @p grenzen.
+     * that the header names; where there is no header, between the folders @p grenzen. What the movements have taught
+     * is taken back with them, by the structure and the addresses of @p profil.
      */
     [[nodiscard]] static Bilanz zurueckdrehen(const QString &datei, const std::shared_ptr<Datenbank> &db,
                                               const Fortschritt &fortschritt, const std::stop_token &ende = {},
-                                              const QStringList &grenzen = {});
+                                              const QStringList &grenzen = {}, const Profil &profil = {});
 
 private:
     Protokollbuch(QString datei, Protokollkopf kopf) : m_datei(std::move(datei)), m_kopf(std::move(kopf)) {}

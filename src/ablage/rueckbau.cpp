@@ -23,8 +23,8 @@ bool istPdf(const QString &pfad) { return pfad.endsWith(".pdf"_L1, Qt::CaseInsen
 } // namespace
 
 Rueckbau::Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt,
-                   std::stop_token ende, const QStringList &grenzen)
-    : m_db(std::move(db)), m_fortschritt(std::move(fortschritt)), m_ende(std::move(ende))
+                   std::stop_token ende, const QStringList &grenzen, Profil profil)
+    : m_profil(std::move(profil)), m_db(std::move(db)), m_fortschritt(std::move(fortschritt)), m_ende(std::move(ende))
 {
     const auto kopf = Protokollbuch::kopf(datei);
     m_herkunft = kopf ? kopf->quelle : QString();
@@ -122,6 +122,7 @@ QString Rueckbau::pruefen(const Protokollzeile &zeile, Absicht &absicht) const
     if (absicht.zeile.vonName.isEmpty())
         absicht.zeile.vonName = stand.vonName;
     absicht.protokollId = stand.protokollId;
+    absicht.profil = m_profil;
     absicht.status = statusZurueck(zeile);
     if (const auto angaben = Dateibewegung::angabenVon(zeile.nach))
         absicht.uebernehmen(*angaben);

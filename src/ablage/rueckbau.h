@@ -13,7 +13,7 @@ class Rueckbau
 {
 public:
     Rueckbau(const QString &datei, std::shared_ptr<Datenbank> db, Protokollbuch::Fortschritt fortschritt,
-             std::stop_token ende, const QStringList &grenzen);
+             std::stop_token ende, const QStringList &grenzen, Profil profil);
     ~Rueckbau();
     Rueckbau(const Rueckbau &) = delete;
     Rueckbau &operator=(const Rueckbau &) = delete;
@@ -34,6 +34,7 @@ private:
 
     QList<Eintrag> m_eintraege; ///< newest first
     QString m_herkunft;
+    Profil m_profil;
     QStringList m_grenzen; ///< folders between which lines that the catalogue does not know may move files
     std::shared_ptr<Datenbank> m_db;
     std::unique_ptr<Bewegungsgang> m_gang;

@@ -22,7 +22,7 @@ struct Vorhaben {
     QString hindernis; ///< empty if nothing does
 };
 
-std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
+std::optional<Vorhaben> vorhaben(Datenbank &db, const Profil &profil, qint64 protokollId)
 {
     const auto bewegung = Bewegungen(db).eine(protokollId);
     if (!bewegung)
@@ -30,6 +30,7 @@ std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
     Vorhaben v;
     v.absicht.art = Absicht::Art::Ruecknahme;
     v.absicht.protokollId = protokollId;
+    v.absicht.profil = profil;
     v.absicht.zeile = Aufzeichnung::zeileAus(*bewegung);
     v.absicht.status = statusZurueck(v.absicht.zeile);
     v.hindernis = Bewegungspruefung::hindernis(v.absicht.zeile, Bewegungspruefung::stand(db, protokollId));
@@ -39,11 +40,11 @@ std::optional<Vorhaben> vorhaben(Datenbank &db, qint64 protokollId)
 [[noreturn]] void nichtsDa() { throw Fehler(Sprache::text(u"Es gibt nichts rückgängig zu machen"_s)); }
 
 /** Why nothing of a deed can be taken back; empty if something can. */
-QString hindernisVon(Datenbank &db, const QList<Taten::Posten> &posten)
+QString hindernisVon(Datenbank &db, const Profil &profil, const QList<Taten::Posten> &posten)
 {
     QString grund;
     for (const Taten::Posten &p : posten) {
-        const auto v = p.protokollId == 0 ? std::nullopt : vorhaben(db, p.protokollId);
+        const auto v = p.protokollId == 0 ? std::nullopt : vorhaben(db, profil, p.protokollId);
         if (!v || v->hindernis.isEmpty())
             return {};
         if (grund.isEmpty())
@@ -56,14 +57,14 @@ QString hindernisVon(Datenbank &db, const QList<Taten::Posten> &posten)
 class Ruecknehmer
 {
 public:
-    Ruecknehmer(Bewegungsgang &gang, Datenbank &db, QString herkunft, const Taten::Tat &tat)
-        : m_gang(gang), m_db(db), m_herkunft(std::move(herkunft)), m_tat(tat), m_posten(Taten::offene(db, tat))
+    Ruecknehmer(Bewegungsgang &gang, Datenbank &db, const Profil &profil, const Taten::Tat &tat)
+        : m_gang(gang), m_db(db), m_profil(profil), m_tat(tat), m_posten(Taten::offene(db, tat))
     {
     }
 
     [[nodiscard]] bool istLeer() const { return m_posten.isEmpty(); }
 
-    [[nodiscard]] QString hindernis() const { return hindernisVon(m_db, m_posten); }
+    [[nodiscard]] QString hindernis() const { return hindernisVon(m_db, m_profil, m_posten); }
 
     [[nodiscard]] Zurueckgenommen ausfuehren(const Tatruecknahme::Fortschritt &fortschritt)
     {
@@ -91,7 +92,7 @@ private:
     [[nodiscard]] std::optional<Vorhaben> vorhabenFuer(const Taten::Posten &posten)
     {
         try {
-            return posten.protokollId == 0 ? std::nullopt : vorhaben(m_db, posten.protokollId);
+            return posten.protokollId == 0 ? std::nullopt : vorhaben(m_db, m_profil, posten.protokollId);
         } catch (const Fehler &f) {
             m_ergebnis.fehler << f.text();
             return std::nullopt;
@@ -132,7 +133,7 @@ private:
     {
         if (gruppe.isEmpty())
             return;
-        const QStringList fehler = m_gang.zuruecknehmen(gruppe, m_herkunft);
+        const QStringList fehler = m_gang.zuruecknehmen(gruppe, m_profil.quelle);
         for (qsizetype i = 0; i < fehler.size(); ++i) {
             if (!fehler.at(i).isEmpty()) {
                 m_ergebnis.fehler << fehler.at(i);
@@ -145,7 +146,7 @@ private:
 
     Bewegungsgang &m_gang;
     Datenbank &m_db;
-    QString m_herkunft;
+    const Profil &m_profil;
     Taten::Tat m_tat;
     QList<Taten::Posten> m_posten;
     Zurueckgenommen m_ergebnis;
@@ -161,13 +162,13 @@ void uebergehenOderMelden(Datenbank &db, const Taten::Tat &tat, const QString &h
 }
 } // namespace
 
-Zurueckgenommen Tatruecknahme::letzte(const std::shared_ptr<Datenbank> &db, const QString &herkunft,
+Zurueckgenommen Tatruecknahme::letzte(const std::shared_ptr<Datenbank> &db, const Profil &profil,
                                       const std::optional<Taten::Tat> &diese, const Fortschritt &fortschritt)
 {
     Bewegungsgang gang(db);
     Taten::Folge folge(*db);
     while (const auto tat = folge.naechste()) {
-        Ruecknehmer ruecknehmer(gang, *db, herkunft, *tat);
+        Ruecknehmer ruecknehmer(gang, *db, profil, *tat);
         if (ruecknehmer.istLeer()) { // taken back on other ways
             if (Taten::istErledigt(*db, *tat))
                 Taten::schliessen(*db, *tat);
@@ -190,25 +191,25 @@ bool Tatruecknahme::istMoeglich(Datenbank &db)
     while (const auto tat = folge.naechste()) {
         if (!tat->bewegung && Taten::istErledigt(db, *tat))
             continue;
-        if (!Taten::istUebergangen(db, *tat) || hindernisVon(db, Taten::offene(db, *tat)).isEmpty())
+        if (!Taten::istUebergangen(db, *tat) || hindernisVon(db, {}, Taten::offene(db, *tat)).isEmpty())
             return true;
     }
     return false;
 }
 
-qint64 Tatruecknahme::letzteBewegung(const std::shared_ptr<Datenbank> &db, const QString &herkunft)
+qint64 Tatruecknahme::letzteBewegung(const std::shared_ptr<Datenbank> &db, const Profil &profil)
 {
     Bewegungsgang gang(db);
     const Bewegungen bewegungen(*db);
     for (auto id = bewegungen.letzte(); id; id = bewegungen.letzte(*id)) {
-        const auto v = vorhaben(*db, *id);
+        const auto v = vorhaben(*db, profil, *id);
         if (!v)
             continue;
         if (!v->hindernis.isEmpty()) {
             uebergehenOderMelden(*db, {.bewegung = true, .id = *id}, v->hindernis);
             continue;
         }
-        const QString fehler = gang.zuruecknehmen({v->absicht}, herkunft).first();
+        const QString fehler = gang.zuruecknehmen({v->absicht}, profil.quelle).first();
         if (!fehler.isEmpty())
             throw Fehler(fehler);
         return v->absicht.zeile.dokument;

@@ -4,11 +4,11 @@
 #include "fehlertext.h"
 #include "http.h"
 #include "lauf.h"
-#include "lernspeicher.h"
+#include "modellantworten.h"
 #include "sprache.h"
 #include "text.h"
 #include "transaktion.h"
-#include "vorschlaege.h"
+#include "urteiler.h"
 #include "ziel.h"
 
 #include <QElapsedTimer>
@@ -88,15 +88,11 @@ Vorschlag vorschlagen(const Werkbank &bank, const Vorlage &vorlage)
 void wissenAnwenden(const Werkbank &bank, const Vorlage &vorlage, Vorschlag &v)
 {
     const Profil &profil = bank.lauf.profil();
-    const Einordner::Lernspur gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), v.ergebnis);
+    const QString eigene = ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
+    const auto gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), profil, vorlage, v.ergebnis, eigene);
     v.gelerntVon = gelernt.von;
-    if (gelernt.ort) {
-        v.ergebnis.konfidenz = std::max(v.ergebnis.konfidenz, Einordner::mindestensGelernt);
-        v.ortQuelle = u"gelernt"_s;
-    }
     Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, vorlage.text, profil);
-    if (v.ortQuelle.isEmpty())
-        v.ortQuelle = ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
+    v.ortQuelle = gelernt.ort ? u"gelernt"_s : ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
 }
 
 void speichern(const Werkbank &bank, const Vorlage &vorlage, Vorschlag v, const QString &dauer)
@@ -185,22 +181,25 @@ void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnun
     e.konfidenz = std::max(e.konfidenz, mindestensNachRegel);
 }
 
-Einordner::Lernspur Einordner::gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e)
+Einordner::Lernspur Einordner::gelerntesAnwenden(Datenbank &db, const Profil &profil,
+                                                 const Vorschlaege::Vorlage &vorlage, Einordnungsergebnis &e,
+                                                 const QString &ortQuelle)
 {
-    const Lernspeicher speicher(db);
     Angaben &a = e.angaben;
-    Lernspur gelernt;
-    if (const auto gleich = speicher.gleichwertig(a.gegenueber)) {
-        gelernt.von = Lernregeln::schluessel(a.gegenueber);
-        a.gegenueber = *gleich;
-    }
-    const auto eintrag = speicher.vorschlag(a.gegenueber);
-    if (!eintrag)
-        return gelernt;
-    if (Lernregeln::darfErsetzen(eintrag->anzeige, a.gegenueber))
-        a.gegenueber = eintrag->anzeige;
-    a.ort = eintrag->ort;
-    return {.von = eintrag->schluessel, .ort = true};
+    Modellantwort antwort{.gegenueber = a.gegenueber,
+                          .ort = a.ort,
+                          .konfidenz = e.konfidenz,
+                          .ortQuelle = ortQuelle,
+                          .worte = Wortstimmen::worte(vorlage.text)};
+    const auto urteil =
+        Urteiler(db, profil).urteilen(antwort, Urteiler::Anlass::Einordnen, [&] { return antwort.worte; });
+    antwort.sicher = !urteil.ortGelernt && e.konfidenz >= sichereKonfidenz && profil.kennt(a.ort);
+    Modellantworten(db).speichern(vorlage.dokument.id, antwort);
+    Modellantworten(db).setzeStimme(vorlage.dokument.id, urteil.stimme.wort, urteil.stimme.dokumente);
+    a.gegenueber = urteil.gegenueber;
+    a.ort = urteil.ort;
+    e.konfidenz = urteil.konfidenz;
+    return {.von = urteil.von, .ort = urteil.ortGelernt};
 }
 
 void Einordner::fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt,

@@ -6,6 +6,7 @@
 #include "namensraeume.h"
 #include "ollama.h"
 #include "rechnungsrichtung.h"
+#include "vorschlaege.h"
 
 #include <functional>
 #include <optional>
@@ -26,7 +27,7 @@ namespace quillmar::analyse
 namespace Einordner
 {
 constexpr double mindestensNachRegel = 0.9; ///< confidence once the invoice rule has spoken
-constexpr double mindestensGelernt = 0.85;  ///< confidence of a place that the user has taught
+constexpr double sichereKonfidenz = 0.75;   ///< from here on a place is not doubtful
 
 /** Gives @p e the invoice rubric that the owner's address in @p text proves. */
 void richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnungsergebnis &e, const QString &text,
@@ -37,8 +38,12 @@ struct Lernspur {
     QString von;      ///< key of the place, else of the name equation; empty for neither
     bool ort = false; ///< the place is a taught one
 };
-/** What the user has taught goes before what any model says: gives @p e the taught name and place. */
-Lernspur gelerntesAnwenden(Datenbank &db, Einordnungsergebnis &e);
+/**
+ * What the user has taught goes before what any model says: gives @p e the taught name and place. Keeps the answer as
+ * it was, so that it can be reckoned anew; @p ortQuelle is the source of its place as long as nothing is learned.
+ */
+Lernspur gelerntesAnwenden(Datenbank &db, const Profil &profil, const Vorschlaege::Vorlage &vorlage,
+                           Einordnungsergebnis &e, const QString &ortQuelle);
 
 /**
  * Runs @p alle, which puts the documents of a stage to @p modell. A model that cannot be asked ends it and is noted as

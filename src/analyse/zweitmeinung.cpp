@@ -57,7 +57,8 @@ bool speichern(const Werkbank &bank, const Vorlage &vorlage, Einordnungsergebnis
     Transaktion transaktion(db);
     if (bank.gegenpruefung.istEigen(ergebnis.angaben.gegenueber))
         ergebnis.angaben.gegenueber = vorlage.dokument.angaben.gegenueber;
-    const auto gelernt = Einordner::gelerntesAnwenden(db, ergebnis);
+    const auto gelernt =
+        Einordner::gelerntesAnwenden(db, bank.lauf.profil(), vorlage, ergebnis, vorlage.dokument.ortQuelle);
     Einordner::richtungBerichtigen(bank.richtung, ergebnis, vorlage.text, bank.lauf.profil());
     const auto gelerntVon = gelernt.ort ? std::optional(gelernt.von) : std::nullopt;
     const bool geschrieben =

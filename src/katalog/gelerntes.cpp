@@ -83,6 +83,23 @@ void Gelerntes::leeren()
     t.abschliessen();
 }
 
+void Gelerntes::schrittSchreiben(qint64 protokollId, const QByteArray &schritt)
+{
+    m_db.schreiben(u"INSERT OR REPLACE INTO lernschritte (protokoll_id, schritt) VALUES (?,?)"_s,
+                   {protokollId, QString::fromUtf8(schritt)});
+}
+
+QByteArray Gelerntes::schritt(qint64 protokollId) const
+{
+    const auto zeilen = m_db.lesen(u"SELECT schritt FROM lernschritte WHERE protokoll_id=?"_s, {protokollId});
+    return zeilen.isEmpty() ? QByteArray() : zeilen.first().text(u"schritt").toUtf8();
+}
+
+void Gelerntes::schrittStreichen(qint64 protokollId)
+{
+    m_db.schreiben(u"DELETE FROM lernschritte WHERE protokoll_id=?"_s, {protokollId});
+}
+
 void Gelerntes::zuordnungUmschluesseln(const QString &alt, const QString &neu)
 {
     Transaktion t(m_db);

@@ -10,7 +10,8 @@ namespace quillmar::katalog
 {
 class Datenbank;
 
-/** What was learned, as it is stored: the tables gelernt, namen and uebertragungen. Throws Katalogfehler. */
+/** What was learned, as it is stored: the tables gelernt, namen, lernschritte and uebertragungen. Throws Katalogfehler.
+ */
 class Gelerntes
 {
 public:
@@ -31,6 +32,11 @@ public:
     void gleichungStreichen(const QString &von);
 
     void leeren();
+
+    // What an accept taught, by the number of its movement
+    void schrittSchreiben(qint64 protokollId, const QByteArray &schritt);
+    [[nodiscard]] QByteArray schritt(qint64 protokollId) const;
+    void schrittStreichen(qint64 protokollId);
 
     // Two entries that get one key become one: the newer one's values, the sum of the counts.
     void zuordnungUmschluesseln(const QString &alt, const QString &neu);

@@ -85,6 +85,24 @@ const QList<QString> &schemaAnweisungen()
         u"CREATE TABLE IF NOT EXISTS uebergangen (art TEXT, id INTEGER, PRIMARY KEY (art, id));"_s,
         // Names on disk that are not what their path in form C says, percent-encoded.
         u"CREATE TABLE IF NOT EXISTS schreibweisen (protokoll_id INTEGER PRIMARY KEY, name TEXT);"_s,
+        // What was counted of each counterpart's places; baum: documents that lie in the filing tree.
+        u"CREATE TABLE IF NOT EXISTS gelernte_orte (\n"
+        "    id INTEGER PRIMARY KEY, schluessel TEXT, zweig TEXT, ablage TEXT, rubrik TEXT,\n"
+        "    anzahl INTEGER DEFAULT 0, korrekturen INTEGER DEFAULT 0, baum INTEGER DEFAULT 0,\n"
+        "    belesen INTEGER DEFAULT -1, zeit TEXT, UNIQUE (schluessel, zweig, ablage, rubrik)\n"
+        ");"_s,
+        // In how many filed documents of such a place a word stands.
+        u"CREATE TABLE IF NOT EXISTS gelernte_worte (\n"
+        "    ort_id INTEGER, wort TEXT, anzahl INTEGER, PRIMARY KEY (ort_id, wort)\n"
+        ") WITHOUT ROWID;"_s,
+        // What each accept taught, so that it can be taken back.
+        u"CREATE TABLE IF NOT EXISTS lernschritte (protokoll_id INTEGER PRIMARY KEY, schritt TEXT);"_s,
+        // The last model answer before anything learned, and by which word the texts decided.
+        u"CREATE TABLE IF NOT EXISTS modellantworten (\n"
+        "    dokument_id INTEGER PRIMARY KEY, gegenueber TEXT, zweig TEXT, ablage TEXT, rubrik TEXT,\n"
+        "    konfidenz REAL, ort_quelle TEXT, sicher INTEGER DEFAULT 0, von_hand INTEGER DEFAULT 0,\n"
+        "    worte TEXT, stimmwort TEXT, stimmen INTEGER\n"
+        ");"_s,
         // Up to which movement the user knows that what was filed below a target root lies elsewhere.
         u"CREATE TABLE IF NOT EXISTS umgezogen (ziel TEXT PRIMARY KEY, bis_protokoll INTEGER, zeit TEXT);"_s,
     };

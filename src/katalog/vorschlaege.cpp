@@ -1,6 +1,7 @@
 #include "vorschlaege.h"
 
 #include "datenbank.h"
+#include "modellantworten.h"
 #include "transaktion.h"
 #include "zeit.h"
 
@@ -117,6 +118,7 @@ void Vorschlaege::wiederOeffnen(qint64 id, bool lesen)
                    "WHERE id=? AND status='bereit'"_s,
                    {id});
     m_db.schreiben(u"DELETE FROM nachgeprueft WHERE dokument_id=?"_s, {id});
+    Modellantworten(m_db).streichen(id);
     if (lesen)
         m_db.schreiben(u"UPDATE dokumente SET text_hash=NULL WHERE id=?"_s, {id});
     t.abschliessen();

@@ -78,14 +78,6 @@ public:
     // What was learned, applied to waiting documents
     /** Counterparts of the waiting documents, each once. */
     [[nodiscard]] QStringList wartendeGegenueber() const;
-    struct Wartendes {
-        qint64 id = 0;
-        Ort ort;
-        QString textHash;
-    };
-    [[nodiscard]] QList<Wartendes> wartendeVon(const QString &gegenueber) const;
-    void setzeGelernt(qint64 id, const QString &gegenueber, const Ort &ort, const QString &schluessel);
-    void setzeGelerntenNamen(qint64 id, const QString &gegenueber, const QString &schluessel);
     /** Entries of the learning memory have another key from now on. */
     void umschluesseln(const QString &alt, const QString &neu);
 

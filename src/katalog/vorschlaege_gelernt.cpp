@@ -2,6 +2,7 @@
 #include "vorschlaege.h"
 
 #include "datenbank.h"
+#include "modellantworten.h"
 #include "transaktion.h"
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,7 @@ void Vorschlaege::setzeGegenueber(qint64 id, const QString &gegenueber, const st
 {
     Transaktion t(m_db);
     m_db.schreiben(u"UPDATE dokumente SET gegenueber=? WHERE id=?"_s, {gegenueber, id});
+    Modellantworten(m_db).setzeGegenueber(id, gegenueber);
     if (konfidenz)
         m_db.schreiben(u"UPDATE dokumente SET konfidenz=? WHERE id=?"_s, {*konfidenz, id});
     t.abschliessen();
@@ -38,33 +40,6 @@ QStringList Vorschlaege::wartendeGegenueber() const
                   "WHERE status='bereit' AND ausgenommen=0 AND gegenueber <> ''"_s,
                   {}, [&](const Zeile &z) { namen << z.text(u"gegenueber"); });
     return namen;
-}
-
-QList<Vorschlaege::Wartendes> Vorschlaege::wartendeVon(const QString &gegenueber) const
-{
-    QList<Wartendes> liste;
-    m_db.besuchen(u"SELECT id, zweig, ablage, rubrik, text_hash FROM dokumente\n"
-                  "WHERE status='bereit' AND ausgenommen=0 AND gegenueber=?"_s,
-                  {gegenueber}, [&](const Zeile &z) {
-                      liste << Wartendes{
-                          .id = z.ganz(u"id"),
-                          .ort = {.zweig = z.text(u"zweig"), .ablage = z.text(u"ablage"), .rubrik = z.text(u"rubrik")},
-                          .textHash = z.text(u"text_hash")};
-                  });
-    return liste;
-}
-
-void Vorschlaege::setzeGelernt(qint64 id, const QString &gegenueber, const Ort &ort, const QString &schluessel)
-{
-    m_db.schreiben(u"UPDATE dokumente SET gegenueber=?, zweig=?, ablage=?, rubrik=?,\n"
-                   "ort_quelle='gelernt', gelernt_von=? WHERE id=?"_s,
-                   {gegenueber, ort.zweig, ort.ablage, ort.rubrik, schluessel, id});
-}
-
-void Vorschlaege::setzeGelerntenNamen(qint64 id, const QString &gegenueber, const QString &schluessel)
-{
-    m_db.schreiben(u"UPDATE dokumente SET gegenueber=?, ort_quelle='gelernt', gelernt_von=?\nWHERE id=?"_s,
-                   {gegenueber, schluessel, id});
 }
 
 void Vorschlaege::umschluesseln(const QString &alt, const QString &neu)

@@ -3,6 +3,7 @@
 #include "text.h"
 
 #include <QStringList>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +42,13 @@ bool Lernregeln::darfErsetzen(const QString &gelernt, const QString &vorhanden)
     return neu.contains(schluessel(vorhanden));
 }
 
+bool Lernregeln::istGanzesWort(const QString &a, const QString &b)
+{
+    const QString &lang = a.size() > b.size() ? a : b;
+    const QString &kurz = a.size() > b.size() ? b : a;
+    return !kurz.isEmpty() && (u' ' + lang + u' ').contains(u' ' + kurz + u' ');
+}
+
 const Eintrag *Lernregeln::vorschlag(const QList<Eintrag> &alle, const QString &schluessel)
 {
     return schluessel.size() < kuerzesterSchluessel ? nullptr : passender(alle, schluessel);
@@ -51,13 +59,16 @@ const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &
     if (schluessel.isEmpty())
         return nullptr;
     const Eintrag *bester = nullptr;
+    std::tuple<int, qint64, qsizetype> hoechster;
     for (const Eintrag &eintrag : alle) {
         if (!passt(eintrag.schluessel, schluessel))
             continue;
-        const bool besser = !bester || eintrag.anzahl > bester->anzahl ||
-                            (eintrag.anzahl == bester->anzahl && eintrag.schluessel.size() > bester->schluessel.size());
-        if (besser)
+        const int naehe = eintrag.schluessel == schluessel ? 2 : int(istGanzesWort(eintrag.schluessel, schluessel));
+        const std::tuple<int, qint64, qsizetype> rang{naehe, eintrag.anzahl, eintrag.schluessel.size()};
+        if (!bester || rang > hoechster) {
             bester = &eintrag;
+            hoechster = rang;
+        }
     }
     return bester;
 }

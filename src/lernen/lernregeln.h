@@ -23,9 +23,13 @@ constexpr qsizetype kuerzesterSchluessel = 4;
 /** The learned spelling may take the place of the existing one. */
 [[nodiscard]] bool darfErsetzen(const QString &gelernt, const QString &vorhanden);
 
+/** One key is the other, or whole words of it. */
+[[nodiscard]] bool istGanzesWort(const QString &a, const QString &b);
+
 /**
- * The entry of @p alle (most confirmed first) for a counterpart: the most confirmed one, then the one with the longer
- * key, then the first. Null when none fits.
+ * The entry of @p alle (most confirmed first) for a counterpart: the one with the same key, else one of whole words,
+ * else one of parts of them; of several the most confirmed one, then the one with the longer key, then the first. Null
+ * when none fits.
  */
 [[nodiscard]] const Eintrag *vorschlag(const QList<Eintrag> &alle, const QString &schluessel);
 /** The same for a waiting document, where also a key too short for that meets its equal. */

@@ -1,12 +1,16 @@
 #include "lernspeicher.h"
 
+#include "dokumente.h"
+#include "gelernteorte.h"
 #include "gelerntes.h"
+#include "modellantworten.h"
+#include "namenskette.h"
 #include "texte.h"
 #include "transaktion.h"
 #include "vorschlaege.h"
 
 #include <algorithm>
-#include <utility>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +18,8 @@ namespace quillmar::lernen
 {
 namespace
 {
+constexpr int hoechstensTexte = 300; // of the documents filed at one place, read once
+
 /** "GmbH & Co. KG" used to leave its "gmbh" in the key. */
 bool istFruehererSchluessel(const QString &alt, const QString &neu)
 {
@@ -44,19 +50,63 @@ void gleichungenUebertragen(Datenbank &db)
         Vorschlaege(db).umschluesseln(gleichung.von, neu);
     }
 }
+/** The equations by their keys. */
+Namenskette::Gleichung gleichungenVon(Datenbank &db)
+{
+    return [&db](const QString &schluessel) -> std::optional<QString> {
+        const auto g = Gelerntes(db).gleichung(schluessel);
+        return g ? std::optional(g->nach) : std::nullopt;
+    };
+}
+
+/** The keys of names, each once. */
+QStringList schluesselVon(const QStringList &namen)
+{
+    QStringList alle;
+    for (const QString &name : namen)
+        alle << Lernregeln::schluessel(name);
+    alle.removeAll(QString());
+    alle.removeDuplicates();
+    return alle;
+}
+
+/** The counterparts that a step has to do with. */
+QStringList schluesselVon(const Lernschritt &schritt)
+{
+    QStringList namen;
+    if (schritt.zuordnung)
+        namen << schritt.zuordnung->nachher.schluessel;
+    if (schritt.gleichsetzung)
+        namen << schritt.gleichsetzung->nachher.von << schritt.gleichsetzung->nachher.nach;
+    if (schritt.gleichsetzung && schritt.gleichsetzung->vorher)
+        namen << schritt.gleichsetzung->vorher->nach;
+    if (schritt.gleichsetzung && schritt.gleichsetzung->gestrichen)
+        namen << schritt.gleichsetzung->gestrichen->von << schritt.gleichsetzung->gestrichen->nach;
+    return schluesselVon(namen);
+}
+
+qint64 bestaetigungen(const QList<Ortszahl> &orte)
+{
+    return std::accumulate(orte.begin(), orte.end(), qint64(0), [](qint64 n, const auto &o) { return n + o.anzahl; });
+}
+
+QStringList gefaltet(QStringList worte)
+{
+    for (QString &wort : worte)
+        wort = Wortstimmen::gefaltetesWort(wort);
+    return worte;
+}
 } // namespace
 
 QList<Eintrag> Lernspeicher::alle() const { return Gelerntes(m_db).zuordnungen(); }
 
 QList<Gleichung> Lernspeicher::gleichungen() const { return Gelerntes(m_db).gleichungen(); }
 
+QHash<QString, QList<Ortszahl>> Lernspeicher::alleOrte() const { return GelernteOrte(m_db).alle(); }
+
 std::optional<QString> Lernspeicher::gleichwertig(const QString &name) const
 {
-    const QString schluessel = Lernregeln::schluessel(name);
-    if (schluessel.size() < Lernregeln::kuerzesterSchluessel)
-        return std::nullopt;
-    const auto gleichung = Gelerntes(m_db).gleichung(schluessel);
-    return !gleichung || gleichung->nach == name ? std::nullopt : std::optional(gleichung->nach);
+    return Namenskette::ende(name, gleichungenVon(m_db));
 }
 
 std::optional<Eintrag> Lernspeicher::vorschlag(const QString &gegenueber) const
@@ -66,176 +116,222 @@ std::optional<Eintrag> Lernspeicher::vorschlag(const QString &gegenueber) const
     return bester ? std::optional(*bester) : std::nullopt;
 }
 
-qint64 Lernspeicher::merken(qint64 dokument, const Angaben &a, const QString &vorher)
+void Lernspeicher::vorlesen(const Angaben &angaben, const QString &vorher)
+{
+    m_nachrechnung.vorlesen(schluesselVon({vorher, angaben.gegenueber}), angaben.ort.rubrik);
+}
+
+/** The place, or the name of the counterpart, is not the proposed one. */
+bool Lernspeicher::istKorrektur(qint64 dokument, const Angaben &a, const QString &vorher) const
+{
+    if (Lernregeln::schluessel(vorher) != Lernregeln::schluessel(a.gegenueber))
+        return true;
+    const auto vorgeschlagen = Dokumente(m_db).eines(dokument);
+    return vorgeschlagen && vorgeschlagen->angaben.ort != a.ort;
+}
+
+qint64 Lernspeicher::merken(qint64 dokument, const Angaben &a, const QString &vorher, qint64 protokollId)
 {
     Transaktion transaktion(m_db);
-    // The equation and the place may meet in one document.
-    QSet<qint64> angepasst;
     const QString alt = Lernregeln::schluessel(vorher);
     const QString neu = Lernregeln::schluessel(a.gegenueber);
-    if (!a.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu) {
-        gleichungMerken(alt, a.gegenueber);
-        angepasst += namenAngleichen(alt, a.gegenueber, dokument);
-    }
-    if (neu.size() >= Lernregeln::kuerzesterSchluessel && !a.ort.zweig.isEmpty()) {
-        zuordnungMerken(neu, a);
-        angepasst += anwenden(neu, a.gegenueber, a.ort, dokument);
+    Lernschritt schritt;
+    if (!a.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu)
+        schritt.gleichsetzung = gleichungMerken(alt, a.gegenueber);
+    if (neu.size() >= Lernregeln::kuerzesterSchluessel && Urteiler(m_db, m_profil).istBekannt(a.ort))
+        schritt.zuordnung = zuordnungMerken(neu, a, istKorrektur(dokument, a, vorher), dokument);
+    if (dokument > 0)
+        Modellantworten(m_db).vonHand(dokument);
+    qint64 angepasst = 0;
+    if (!schritt.istLeer()) {
+        if (protokollId > 0)
+            Gelerntes(m_db).schrittSchreiben(protokollId, schritt.json());
+        angepasst = m_nachrechnung.rechnen(schluesselVon(schritt), Urteiler::Anlass::Nachrechnen, dokument).size();
     }
     transaktion.abschliessen();
-    return angepasst.size();
+    return angepasst;
 }
 
-void Lernspeicher::gleichungMerken(const QString &von, const QString &nach)
+Lernschritt::Gleichsetzung Lernspeicher::gleichungMerken(const QString &von, const QString &nach)
 {
     Gelerntes gelerntes(m_db);
-    // The opposite would turn every name back again.
-    const QString gegen = Lernregeln::schluessel(nach);
-    if (const auto gegenteil = gelerntes.gleichung(gegen); gegenteil && Lernregeln::schluessel(gegenteil->nach) == von)
-        gelerntes.gleichungStreichen(gegen);
-    const auto bisher = gelerntes.gleichung(von);
-    const bool gleich = bisher && bisher->nach == nach;
-    gelerntes.setzeGleichung({.von = von, .nach = nach, .anzahl = gleich ? bisher->anzahl + 1 : 1});
+    Lernschritt::Gleichsetzung schritt;
+    // What was said last is right: it must not lead back to where it came from.
+    const QString ende = Lernregeln::schluessel(nach);
+    if (const auto weiter = gelerntes.gleichung(ende);
+        weiter && Namenskette::fuehrtZu(weiter->nach, von, gleichungenVon(m_db))) {
+        schritt.gestrichen = weiter;
+        gelerntes.gleichungStreichen(ende);
+    }
+    schritt.vorher = gelerntes.gleichung(von);
+    const bool gleich = schritt.vorher && schritt.vorher->nach == nach;
+    schritt.nachher = {.von = von, .nach = nach, .anzahl = gleich ? schritt.vorher->anzahl + 1 : 1};
+    gelerntes.setzeGleichung(schritt.nachher);
+    return schritt;
 }
 
-void Lernspeicher::zuordnungMerken(const QString &schluessel, const Angaben &a)
+Lernschritt::Zuordnung Lernspeicher::zuordnungMerken(const QString &schluessel, const Angaben &a, bool korrektur,
+                                                     qint64 dokument)
 {
-    const auto bisher = Gelerntes(m_db).zuordnung(schluessel);
-    const bool gleich = bisher && bisher->ort == a.ort;
-    Gelerntes(m_db).setzeZuordnung(
-        {.schluessel = schluessel, .anzeige = a.gegenueber, .ort = a.ort, .anzahl = gleich ? bisher->anzahl + 1 : 1});
+    Gelerntes gelerntes(m_db);
+    GelernteOrte orte(m_db);
+    const auto vorher = gelerntes.zuordnung(schluessel);
+    // What an earlier version has confirmed was never counted by itself.
+    if (vorher && Ortswahl::istVollstaendig(vorher->ort) && orte.orte(schluessel).isEmpty())
+        orte.zaehlen(schluessel, vorher->ort, vorher->anzahl, 0);
+    const Eintrag nachher{.schluessel = schluessel,
+                          .anzeige = a.gegenueber,
+                          .ort = a.ort,
+                          .anzahl = vorher && vorher->ort == a.ort ? vorher->anzahl + 1 : 1};
+    gelerntes.setzeZuordnung(nachher);
+    orte.zaehlen(schluessel, a.ort, 1, korrektur ? 1 : 0);
+    worteZaehlen(schluessel, a.ort, dokument);
+    return {.vorher = vorher,
+            .nachher = nachher,
+            .korrektur = korrektur,
+            .dokument = dokument,
+            .bestaetigungen = bestaetigungen(orte.orte(schluessel))};
 }
 
-QSet<qint64> Lernspeicher::anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser)
+/** Words matter only where there is a choice: then also those of what was filed before. */
+void Lernspeicher::worteZaehlen(const QString &schluessel, const Ort &ort, qint64 dokument)
 {
-    QList<Eintrag> eintraege = alle();
-    const auto eigener =
-        std::find_if(eintraege.begin(), eintraege.end(), [&](const Eintrag &e) { return e.schluessel == schluessel; });
-    const Eintrag eintrag{.schluessel = schluessel,
-                          .anzeige = name,
-                          .ort = ort,
-                          .anzahl = eigener == eintraege.end() ? 1 : eigener->anzahl};
-    if (eigener == eintraege.end())
-        eintraege << eintrag;
-    else
-        *eigener = eintrag;
-    return aufWartende(eintraege, schluessel, ausser);
+    const QList<Ortszahl> orte = GelernteOrte(m_db).orte(schluessel);
+    if (orte.size() < 2)
+        return;
+    for (const Ortszahl &o : orte) {
+        if (o.belesen < 0)
+            abgelegtesZaehlen(schluessel, o);
+        if (o.ort == ort)
+            textZaehlen(o.id, dokument, 1);
+    }
+}
+
+void Lernspeicher::textZaehlen(qint64 ort, qint64 dokument, int richtung)
+{
+    const QStringList worte = gefaltet(Wortstimmen::worte(Texte(m_db).text(dokument).value_or(QString())));
+    if (!worte.isEmpty())
+        GelernteOrte(m_db).worteZaehlen(ort, worte, richtung);
+}
+
+void Lernspeicher::abgelegtesZaehlen(const QString &schluessel, const Ortszahl &ort)
+{
+    QStringList namen = Modellantworten(m_db).abgelegteGegenueber();
+    namen.removeIf([&](const QString &name) { return Lernregeln::schluessel(name) != schluessel; });
+    GelernteOrte gelernte(m_db);
+    for (const QString &text : Modellantworten(m_db).abgelegteTexte(namen, ort.ort, hoechstensTexte))
+        gelernte.worteZaehlen(ort.id, gefaltet(Wortstimmen::worte(text)), 1);
+    gelernte.belesenVermerken(ort.id);
+}
+
+void Lernspeicher::zuruecknehmen(const QList<qint64> &protokollIds)
+{
+    Transaktion transaktion(m_db);
+    Gelerntes gelerntes(m_db);
+    QStringList betroffene;
+    for (const qint64 id : protokollIds) {
+        const Lernschritt schritt = Lernschritt::aus(gelerntes.schritt(id));
+        if (schritt.zuordnung)
+            zuordnungZuruecknehmen(*schritt.zuordnung);
+        if (schritt.gleichsetzung)
+            gleichungZuruecknehmen(*schritt.gleichsetzung);
+        gelerntes.schrittStreichen(id);
+        betroffene += schluesselVon(schritt);
+    }
+    betroffene.removeDuplicates();
+    if (!betroffene.isEmpty())
+        m_nachrechnung.rechnen(betroffene, Urteiler::Anlass::Nachrechnen);
+    transaktion.abschliessen();
+}
+
+void Lernspeicher::zuordnungZuruecknehmen(const Lernschritt::Zuordnung &z)
+{
+    Gelerntes gelerntes(m_db);
+    GelernteOrte orte(m_db);
+    const QString &schluessel = z.nachher.schluessel;
+    const QList<Ortszahl> bisher = orte.orte(schluessel);
+    const auto ort = std::find_if(bisher.begin(), bisher.end(), [&](const auto &o) { return o.ort == z.nachher.ort; });
+    if (ort == bisher.end() || ort->anzahl == 0)
+        return; // forgotten since
+    if (ort->belesen > 0)
+        textZaehlen(ort->id, z.dokument, -1);
+    orte.zaehlen(schluessel, z.nachher.ort, -1, z.korrektur ? -1 : 0);
+    const bool warDasLetzte =
+        gelerntes.zuordnung(schluessel) == z.nachher && bestaetigungen(bisher) == z.bestaetigungen;
+    if (!warDasLetzte)
+        return eintragErneuern(schluessel);
+    if (!z.vorher)
+        return gelerntes.zuordnungStreichen(schluessel);
+    gelerntes.setzeZuordnung(*z.vorher);
+    if (orte.orte(schluessel).isEmpty() && Ortswahl::istVollstaendig(z.vorher->ort))
+        eintragErneuern(schluessel);
+}
+
+/** The entry after one of its places counts less: its own place if that still counts, else the most confirmed one. */
+void Lernspeicher::eintragErneuern(const QString &schluessel)
+{
+    Gelerntes gelerntes(m_db);
+    const auto eintrag = gelerntes.zuordnung(schluessel);
+    const QList<Ortszahl> orte = GelernteOrte(m_db).orte(schluessel);
+    if (!eintrag)
+        return;
+    if (orte.isEmpty())
+        return gelerntes.zuordnungStreichen(schluessel);
+    const auto eigener = std::find_if(orte.begin(), orte.end(), [&](const auto &o) { return o.ort == eintrag->ort; });
+    const Ortszahl &ort = eigener == orte.end() ? orte.first() : *eigener;
+    Eintrag neuer = *eintrag;
+    neuer.ort = ort.ort;
+    neuer.anzahl = std::max(ort.anzahl, ort.baum);
+    if (eigener != orte.end())
+        neuer.anzahl = std::min(neuer.anzahl, eintrag->anzahl);
+    gelerntes.setzeZuordnung(neuer);
+}
+
+void Lernspeicher::gleichungZuruecknehmen(const Lernschritt::Gleichsetzung &g)
+{
+    Gelerntes gelerntes(m_db);
+    const auto jetzt = gelerntes.gleichung(g.nachher.von);
+    if (jetzt && *jetzt == g.nachher) {
+        if (g.vorher)
+            gelerntes.setzeGleichung(*g.vorher);
+        else
+            gelerntes.gleichungStreichen(g.nachher.von);
+    } else if (jetzt && jetzt->nach == g.nachher.nach && jetzt->anzahl > 1) {
+        gelerntes.setzeGleichung({.von = jetzt->von, .nach = jetzt->nach, .anzahl = jetzt->anzahl - 1});
+    }
+    if (g.gestrichen && !gelerntes.gleichung(g.gestrichen->von))
+        gelerntes.setzeGleichung(*g.gestrichen);
 }
 
 qint64 Lernspeicher::allesAnwenden()
 {
+    QStringList rechnungen;
     const QList<Eintrag> eintraege = alle();
-    const auto istRechnung = [this](const Eintrag &e) {
-        return Rechnungsrichtung::istRechnungsrubrik(e.ort.rubrik, m_profil);
-    };
-    const bool noetig = !m_richtung.istLeer() && std::any_of(eintraege.begin(), eintraege.end(), istRechnung);
-    for (const QString &gegenueber : noetig ? Vorschlaege(m_db).wartendeGegenueber() : QStringList()) {
-        const Eintrag *bester = Lernregeln::passender(eintraege, Lernregeln::schluessel(gegenueber));
-        if (bester && istRechnung(*bester))
-            vorlesen(gegenueber);
+    for (const Eintrag &e : eintraege) {
+        if (Rechnungsrichtung::istRechnungsrubrik(e.ort.rubrik, m_profil))
+            rechnungen << e.schluessel;
     }
-    return aufWartende(eintraege, {}, 0).size();
+    if (!rechnungen.isEmpty())
+        m_nachrechnung.vorlesen(rechnungen, {});
+    return m_nachrechnung.rechnen({}, Urteiler::Anlass::Anwenden).size();
 }
 
-/** @p nurSchluessel restricts to the counterparts that this key meets; empty means all. */
-QSet<qint64> Lernspeicher::aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser)
+Lernspeicher::Herkunft Lernspeicher::herkunft(const Dokument &dokument) const
 {
-    if (eintraege.isEmpty())
+    const auto stimme = Modellantworten(m_db).stimme(dokument.id);
+    if (stimme)
+        return {.art = Herkunft::Art::Text, .dokumente = stimme->dokumente, .wort = stimme->wort};
+    const auto eintrag = Gelerntes(m_db).zuordnung(dokument.gelerntVon);
+    if (!eintrag)
         return {};
-    Transaktion transaktion(m_db);
-    QSet<qint64> geaenderte;
-    for (const QString &gegenueber : Vorschlaege(m_db).wartendeGegenueber()) {
-        const QString schluessel = Lernregeln::schluessel(gegenueber);
-        if (!nurSchluessel.isEmpty() && !Lernregeln::passt(nurSchluessel, schluessel))
-            continue;
-        if (const Eintrag *bester = Lernregeln::passender(eintraege, schluessel))
-            geaenderte += eintragen(gegenueber, *bester, ausser);
-    }
-    transaktion.abschliessen();
-    return geaenderte;
-}
-
-Rechnungsrichtung::Richtung Lernspeicher::richtungVon(qint64 dokument) const
-{
-    const auto text = Texte(m_db).text(dokument);
-    return text ? m_richtung.erkennen(*text) : Rechnungsrichtung::Richtung::Unbekannt;
-}
-
-void Lernspeicher::vorlesen(const Angaben &angaben, const QString &vorher)
-{
-    const auto ohneRegel = [this](const Eintrag &e) {
-        return !Rechnungsrichtung::istRechnungsrubrik(e.ort.rubrik, m_profil);
-    };
-    const QString alt = Lernregeln::schluessel(vorher);
-    Eintrag neuer;
-    neuer.schluessel = Lernregeln::schluessel(angaben.gegenueber);
-    neuer.ort.rubrik = angaben.ort.rubrik;
-    QList<Eintrag> rechnungen = m_richtung.istLeer() ? QList<Eintrag>() : alle() << neuer;
-    rechnungen.removeIf(ohneRegel);
-    for (const QString &gegenueber : rechnungen.isEmpty() ? QStringList() : Vorschlaege(m_db).wartendeGegenueber()) {
-        QString schluessel = Lernregeln::schluessel(gegenueber);
-        if (schluessel == alt)
-            schluessel = neuer.schluessel; // which it will have by the time its place is looked for
-        const auto gemeint = [&](const Eintrag &e) { return Lernregeln::passt(e.schluessel, schluessel); };
-        if (Lernregeln::passt(neuer.schluessel, schluessel) &&
-            std::any_of(rechnungen.begin(), rechnungen.end(), gemeint))
-            vorlesen(gegenueber);
-    }
-}
-
-/** The hash is read first: a text that changes afterwards does not have it. */
-void Lernspeicher::vorlesen(const QString &gegenueber)
-{
-    for (const auto &wartendes : Vorschlaege(m_db).wartendeVon(gegenueber))
-        m_erkannt.insert(wartendes.id, {.textHash = wartendes.textHash, .richtung = richtungVon(wartendes.id)});
-}
-
-/** The taught rubric, or the invoice rubric that the document's text proves in its stead. */
-QString Lernspeicher::rubrikFuer(qint64 dokument, const QString &textHash, const QString &gelernte) const
-{
-    if (m_richtung.istLeer() || !Rechnungsrichtung::istRechnungsrubrik(gelernte, m_profil))
-        return gelernte;
-    const auto bekannt = m_erkannt.constFind(dokument);
-    const bool gilt = bekannt != m_erkannt.constEnd() && bekannt->textHash == textHash;
-    const auto richtung = gilt ? bekannt->richtung : richtungVon(dokument);
-    return Rechnungsrichtung::berichtigt(gelernte, richtung, m_profil).value_or(gelernte);
-}
-
-/** Gives the waiting documents of @p gegenueber the place of @p eintrag; returns those that changed. */
-QSet<qint64> Lernspeicher::eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser)
-{
-    Vorschlaege vorschlaege(m_db);
-    const QString name = Lernregeln::darfErsetzen(eintrag.anzeige, gegenueber) ? eintrag.anzeige : gegenueber;
-    QSet<qint64> geaenderte;
-    for (const auto &wartendes : vorschlaege.wartendeVon(gegenueber)) {
-        if (wartendes.id == ausser)
-            continue;
-        Ort ort = eintrag.ort;
-        ort.rubrik = rubrikFuer(wartendes.id, wartendes.textHash, eintrag.ort.rubrik);
-        if (name == gegenueber && wartendes.ort == ort)
-            continue;
-        vorschlaege.setzeGelernt(wartendes.id, name, ort, eintrag.schluessel);
-        geaenderte << wartendes.id;
-    }
-    return geaenderte;
-}
-
-QSet<qint64> Lernspeicher::namenAngleichen(const QString &von, const QString &nach, qint64 ausser)
-{
-    Transaktion transaktion(m_db);
-    Vorschlaege vorschlaege(m_db);
-    QSet<qint64> geaenderte;
-    for (const QString &gegenueber : vorschlaege.wartendeGegenueber()) {
-        if (gegenueber == nach || Lernregeln::schluessel(gegenueber) != von)
-            continue;
-        for (const auto &wartendes : vorschlaege.wartendeVon(gegenueber)) {
-            if (wartendes.id == ausser)
-                continue;
-            vorschlaege.setzeGelerntenNamen(wartendes.id, nach, von);
-            geaenderte << wartendes.id;
-        }
-    }
-    transaktion.abschliessen();
-    return geaenderte;
+    const QList<Ortszahl> orte = Urteiler(m_db, m_profil).orte(*eintrag);
+    const auto ort =
+        std::find_if(orte.begin(), orte.end(), [&](const auto &o) { return o.ort == dokument.angaben.ort; });
+    if (ort == orte.end() || ort->korrekturen > 0)
+        return {};
+    if (ort->anzahl > 0)
+        return {.art = Herkunft::Art::Bestaetigt, .dokumente = ort->anzahl, .wort = {}};
+    return {.art = Herkunft::Art::Baum, .dokumente = ort->baum, .wort = {}};
 }
 
 void Lernspeicher::schluesselUebertragen()
@@ -251,9 +347,40 @@ void Lernspeicher::schluesselUebertragen()
     transaktion.abschliessen();
 }
 
-void Lernspeicher::leeren() { Gelerntes(m_db).leeren(); }
+void Lernspeicher::leeren()
+{
+    Transaktion transaktion(m_db);
+    Gelerntes(m_db).leeren();
+    GelernteOrte(m_db).leeren();
+    m_nachrechnung.rechnen({}, Urteiler::Anlass::Nachrechnen);
+    transaktion.abschliessen();
+}
 
-void Lernspeicher::vergessen(const QString &schluessel) { Gelerntes(m_db).zuordnungStreichen(schluessel); }
+void Lernspeicher::vergessen(const QString &schluessel)
+{
+    Transaktion transaktion(m_db);
+    Gelerntes(m_db).zuordnungStreichen(schluessel);
+    GelernteOrte(m_db).streichen(schluessel);
+    m_nachrechnung.rechnen({schluessel}, Urteiler::Anlass::Nachrechnen);
+    transaktion.abschliessen();
+}
 
-void Lernspeicher::gleichungVergessen(const QString &von) { Gelerntes(m_db).gleichungStreichen(von); }
+void Lernspeicher::ortVergessen(const QString &schluessel, const Ort &ort)
+{
+    Transaktion transaktion(m_db);
+    GelernteOrte(m_db).streichen(schluessel, ort);
+    eintragErneuern(schluessel);
+    m_nachrechnung.rechnen({schluessel}, Urteiler::Anlass::Nachrechnen);
+    transaktion.abschliessen();
+}
+
+void Lernspeicher::gleichungVergessen(const QString &von)
+{
+    Transaktion transaktion(m_db);
+    const auto gleichung = Gelerntes(m_db).gleichung(von);
+    Gelerntes(m_db).gleichungStreichen(von);
+    if (gleichung)
+        m_nachrechnung.rechnen(schluesselVon({von, gleichung->nach}), Urteiler::Anlass::Nachrechnen);
+    transaktion.abschliessen();
+}
 } // namespace quillmar::lernen

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "angaben.h"
+#include "dokument.h"
 #include "lernregeln.h"
+#include "lernschritt.h"
+#include "nachrechnung.h"
 #include "namensraeume.h"
 #include "profil.h"
-#include "rechnungsrichtung.h"
 
 #include <QHash>
-#include <QSet>
 #include <optional>
 
 namespace quillmar::katalog
@@ -18,17 +19,23 @@ class Datenbank;
 namespace quillmar::lernen
 {
 /**
- * What the program has learned from the user's confirmed decisions, kept in the catalogue: the filing place of each
- * counterpart and the equations between names. Applied to waiting documents at once, to new ones at classification.
+ * What the program has learned from the user's confirmed decisions, kept in the catalogue: the filing places of each
+ * counterpart and the equations between names. Every change is reckoned into the waiting documents at once; new ones
+ * meet it at classification (Urteiler).
  */
 class Lernspeicher
 {
 public:
-    /** With @p profil, what the owner's address proves of an invoice goes before a taught place. */
+    /**
+     * With @p profil, what the owner's address proves of an invoice goes before a taught place, and only places that
+     * its structure knows are taught.
+     */
     explicit Lernspeicher(Datenbank &db, const Profil &profil = {})
-        : m_db(db), m_profil(profil), m_richtung(profil.eigeneAnschriften)
+        : m_db(db), m_profil(profil), m_nachrechnung(m_db, m_profil)
     {
     }
+    Lernspeicher(const Lernspeicher &) = delete;
+    Lernspeicher &operator=(const Lernspeicher &) = delete;
 
     /** All places, most confirmed first. */
     [[nodiscard]] QList<Eintrag> alle() const;
@@ -47,17 +54,34 @@ public:
     void vorlesen(const Angaben &angaben, const QString &vorher);
 
     /**
-     * Stores what the user confirmed: the final values of @p dokument, @p vorher the counterpart before the
-     * correction. Returns how many waiting documents were adjusted. Throws Fehler when the catalogue cannot be written;
-     * nothing is stored then.
+     * Stores what the user confirmed: the final values of @p dokument, which the catalogue does not hold yet, @p vorher
+     * the counterpart before the correction. What is taught by the movement @p protokollId can be taken back with it.
+     * Returns how many waiting documents were adjusted. Throws Fehler when the catalogue cannot be written; nothing is
+     * stored then.
      */
-    qint64 merken(qint64 dokument, const Angaben &angaben, const QString &vorher);
+    qint64 merken(qint64 dokument, const Angaben &angaben, const QString &vorher, qint64 protokollId = 0);
+
+    /** Takes back what these movements have taught, and what it did to waiting documents. Throws as merken(). */
+    void zuruecknehmen(const QList<qint64> &protokollIds);
 
     /**
-     * Gives every learned place to the waiting documents of its counterpart. A document that several entries fit takes
-     * the one that vorschlag() ranks first. Returns how many documents changed.
+     * Gives every learned place to the waiting documents of its counterpart, like a correction. Returns how many
+     * documents changed.
      */
     qint64 allesAnwenden();
+
+    /** Where the place of a proposal comes from. */
+    struct Herkunft {
+        enum class Art { Korrektur, Bestaetigt, Baum, Text };
+        Art art = Art::Korrektur;
+        qint64 dokumente = 0; ///< that speak for it
+        QString wort;         ///< in them, where the texts decided
+    };
+    /** Of a document whose place was learned. */
+    [[nodiscard]] Herkunft herkunft(const Dokument &dokument) const;
+
+    /** All places of all counterparts, by their keys, most confirmed first. */
+    [[nodiscard]] QHash<QString, QList<Ortszahl>> alleOrte() const;
 
     /**
      * Brings the keys that an earlier version has stored into the form of today, once for each catalogue. Two that meet
@@ -65,35 +89,27 @@ public:
      */
     void schluesselUebertragen();
 
-    // Forgetting throws Fehler when the catalogue cannot be written; nothing is forgotten then.
+    // Forgetting throws Fehler when the catalogue cannot be written; nothing is forgotten then. Waiting documents are
+    // as they were without it.
     void leeren();
     void vergessen(const QString &schluessel);
+    void ortVergessen(const QString &schluessel, const Ort &ort);
     void gleichungVergessen(const QString &von);
 
 private:
-    void gleichungMerken(const QString &von, const QString &nach);
-    void zuordnungMerken(const QString &schluessel, const Angaben &angaben);
-    // Each gives the waiting documents that changed, @p ausser one that is left alone.
-    /** The learned place to the documents of its counterpart. */
-    QSet<qint64> anwenden(const QString &schluessel, const QString &name, const Ort &ort, qint64 ausser);
-    /** The name @p nach to the documents whose counterpart has the key @p von. */
-    QSet<qint64> namenAngleichen(const QString &von, const QString &nach, qint64 ausser);
-    QSet<qint64> aufWartende(const QList<Eintrag> &eintraege, const QString &nurSchluessel, qint64 ausser);
-
-    QSet<qint64> eintragen(const QString &gegenueber, const Eintrag &eintrag, qint64 ausser);
-    void vorlesen(const QString &gegenueber);
-    [[nodiscard]] QString rubrikFuer(qint64 dokument, const QString &textHash, const QString &gelernte) const;
-    [[nodiscard]] Rechnungsrichtung::Richtung richtungVon(qint64 dokument) const;
-
-    /** Which way an invoice goes, found out of the text with this hash. */
-    struct Erkannt {
-        QString textHash;
-        Rechnungsrichtung::Richtung richtung = Rechnungsrichtung::Richtung::Unbekannt;
-    };
+    [[nodiscard]] Lernschritt::Gleichsetzung gleichungMerken(const QString &von, const QString &nach);
+    [[nodiscard]] Lernschritt::Zuordnung zuordnungMerken(const QString &schluessel, const Angaben &angaben,
+                                                         bool korrektur, qint64 dokument);
+    void worteZaehlen(const QString &schluessel, const Ort &ort, qint64 dokument);
+    void textZaehlen(qint64 ort, qint64 dokument, int richtung);
+    void abgelegtesZaehlen(const QString &schluessel, const Ortszahl &ort);
+    [[nodiscard]] bool istKorrektur(qint64 dokument, const Angaben &angaben, const QString &vorher) const;
+    void zuordnungZuruecknehmen(const Lernschritt::Zuordnung &zuordnung);
+    void gleichungZuruecknehmen(const Lernschritt::Gleichsetzung &gleichsetzung);
+    void eintragErneuern(const QString &schluessel);
 
     Datenbank &m_db;
     Profil m_profil;
-    Rechnungsrichtung m_richtung;
-    QHash<qint64, Erkannt> m_erkannt; ///< by document
+    Nachrechnung m_nachrechnung;
 };
 } // namespace quillmar::lernen

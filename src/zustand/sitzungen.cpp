@@ -152,9 +152,8 @@ void Sitzungen::protokollZurueckdrehen()
     const Profil &profil = *m_profilwahl->aktiv();
     imHintergrund(
         this,
-        [datei = *m_datei, db = m_profilwahl->offenes()->db(), melder = fortschritt(), ende,
-         grenzen = QStringList{profil.quelle, profil.zielWurzel}] {
-            return Protokollbuch::zurueckdrehen(datei, db, melder, ende, grenzen);
+        [datei = *m_datei, db = m_profilwahl->offenes()->db(), melder = fortschritt(), ende, profil] {
+            return Protokollbuch::zurueckdrehen(datei, db, melder, ende, {profil.quelle, profil.zielWurzel}, profil);
         },
         [this](const Ausgang<Bilanz> &ausgang) {
             Bilanz bilanz = ausgang.wert.value_or(Bilanz{});

@@ -199,6 +199,7 @@ private Q_SLOTS:
         QCOMPARE(m_stand->werte(id, spalten), u"Ausgangsrechnungen|gelernt"_s);
         QCOMPARE(Lernspeicher(m_stand->db(), m_stand->profil).allesAnwenden(), 0);
         gelernt.ort.rubrik = u"Mahnungen"_s; // no matter of direction
+        Lernspeicher(m_stand->db(), m_stand->profil).vergessen(u"kunde"_s);
         Lernspeicher(m_stand->db(), m_stand->profil).merken(0, gelernt, {});
         QCOMPARE(m_stand->werte(id, spalten), u"Mahnungen|gelernt"_s);
     }

@@ -549,7 +549,7 @@ private Q_SLOTS:
                  (QStringList{m_z->meldestelle()->hinweis(), m_z->meldestelle()->geschehen()}));
         QCOMPARE(m_z->meldestelle()->ton(), Meldestelle::Ton::Warnung);
         m_b->dokument(u"b.pdf"_s);
-        m_b->dokument(u"c.pdf"_s);
+        m_b->dokument(u"c.pdf"_s, [](Dokument &d) { d.angaben.ort.rubrik.clear(); });
         m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         m_z->pruefung()->setzeFeld(Feld::Rubrik, u"Wasser"_s);

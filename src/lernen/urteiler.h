@@ -1,0 +1,65 @@
+#pragma once
+
+#include "modellantworten.h"
+#include "namensraeume.h"
+#include "ortswahl.h"
+#include "profil.h"
+
+#include <QHash>
+#include <functional>
+#include <optional>
+
+namespace quillmar::katalog
+{
+class Datenbank;
+} // namespace quillmar::katalog
+
+namespace quillmar::lernen
+{
+/**
+ * What the memory makes of a model's answer: the name that equations lead to, the known spelling, and the place that is
+ * confirmed for the counterpart. What it has looked up it keeps, so it is made for one deed or one document.
+ */
+class Urteiler
+{
+public:
+    /** Places that @p profil 's structure does not know are passed over; without a structure all count. */
+    Urteiler(Datenbank &db, const Profil &profil) : m_db(db), m_profil(profil) {}
+
+    enum class Anlass {
+        Einordnen,   ///< a new answer
+        Nachrechnen, ///< the memory has changed: a complete and certain place of its own gives way to corrections only
+        Anwenden,    ///< the user asks for it: all give way
+    };
+    struct Urteil {
+        QString gegenueber;
+        Ort ort;
+        double konfidenz = 0;
+        QString von;              ///< key of the place, else of the name equation; empty for neither
+        bool nameGelernt = false; ///< by an equation
+        bool ortGelernt = false;
+        Wortstimmen::Ergebnis stimme = {}; ///< of the texts, where they decided
+    };
+    using Worte = std::function<QStringList()>;
+    /** @p worte gives the document's telling words; asked for only where there are several places. */
+    [[nodiscard]] Urteil urteilen(const Modellantwort &antwort, Anlass anlass, const Worte &worte);
+
+    /** The complete places of a counterpart that the structure knows. */
+    [[nodiscard]] const QList<Ortszahl> &orte(const Eintrag &eintrag);
+    /** The entry for a counterpart; none when none fits. */
+    [[nodiscard]] std::optional<Eintrag> eintrag(const QString &schluessel);
+    [[nodiscard]] bool istBekannt(const Ort &ort) const;
+
+private:
+    void ortUrteilen(Urteil &urteil, const Eintrag &eintrag, const Modellantwort &antwort, Anlass anlass,
+                     const Worte &worte);
+    [[nodiscard]] const QList<Wortstimmen::Platz> &plaetze(const Eintrag &eintrag);
+
+    Datenbank &m_db;
+    const Profil &m_profil;
+    std::optional<QList<Eintrag>> m_alle;
+    QHash<QString, std::optional<Eintrag>> m_eintraege;
+    QHash<QString, QList<Ortszahl>> m_orte;
+    QHash<QString, QList<Wortstimmen::Platz>> m_plaetze;
+};
+} // namespace quillmar::lernen

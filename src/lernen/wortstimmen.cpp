@@ -1,0 +1,185 @@
+#include "wortstimmen.h"
+
+#include <QRegularExpression>
+#include <QSet>
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::lernen
+{
+namespace
+{
+constexpr qsizetype hoechstensZahlen = 40;
+constexpr qsizetype hoechstensWoerter = 80;
+constexpr qsizetype kuerzestesWort = 5;
+constexpr qsizetype laengstesWort = 40;
+constexpr int wenigsteZiffern = 4;
+constexpr double vorwissen = 0.5; // documents' worth of the common share in each place's own
+constexpr double gewichtZahl = 1;
+constexpr double gewichtWort = 0.5;
+constexpr qsizetype woerterJePlatz = 3;
+constexpr double klar = 1;
+constexpr double vorsprung = 2;
+
+int ziffern(QStringView wort)
+{
+    return int(std::count_if(wort.begin(), wort.end(), [](QChar c) { return c.isDigit(); }));
+}
+
+/** Dates, amounts, times and years differ from letter to letter, whatever it is about. */
+bool wechselt(const QString &wort)
+{
+    static const QRegularExpression muster(u"^(?:\\d{1,2}[./-]\\d{1,2}[./-](?:\\d{4}|\\d{2})|\\d{4}-\\d{2}-\\d{2}|"
+                                           "\\d{1,2}[./]\\d{4}|[+-]?\\d{1,3}(?:[.']?\\d{3})*[,.]\\d{2}|"
+                                           "\\d{1,2}:\\d{2}(?::\\d{2})?|(?:19|20)\\d{2})$"_s);
+    return muster.match(wort).hasMatch();
+}
+
+QString ohneRaender(QStringView wort)
+{
+    while (!wort.isEmpty() && !wort.front().isLetterOrNumber())
+        wort = wort.sliced(1);
+    while (!wort.isEmpty() && !wort.back().isLetterOrNumber())
+        wort.chop(1);
+    return wort.toString();
+}
+
+bool istZahl(const QString &wort) { return ziffern(wort) >= wenigsteZiffern && !wechselt(wort); }
+
+bool istWort(const QString &wort)
+{
+    return wort.size() >= kuerzestesWort &&
+           std::all_of(wort.begin(), wort.end(), [](QChar c) { return c.isLetter() || c == u'-' || c == u'.'; });
+}
+
+/** Distinct ones up to a number. */
+class Sammlung
+{
+public:
+    explicit Sammlung(qsizetype hoechstens) : m_hoechstens(hoechstens) {}
+    void dazu(const QString &wort)
+    {
+        const QString gleich = Wortstimmen::gefaltetesWort(wort);
+        if (m_liste.size() >= m_hoechstens || m_bekannt.contains(gleich))
+            return;
+        m_bekannt.insert(gleich);
+        m_liste << wort;
+    }
+    [[nodiscard]] const QStringList &liste() const { return m_liste; }
+
+private:
+    qsizetype m_hoechstens;
+    QSet<QString> m_bekannt;
+    QStringList m_liste;
+};
+
+/** What one word says: for which place, and how strongly. */
+struct Stimme {
+    QString wort = {};
+    bool zahl = false;
+    qsizetype platz = -1;
+    double gewicht = 0;
+    qint64 dokumente = 0;
+};
+
+double anteil(const Wortstimmen::Platz &platz, qint64 mit, double gemeinsam)
+{
+    return (double(mit) + vorwissen * gemeinsam) / (double(platz.dokumente) + vorwissen);
+}
+
+Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
+{
+    const QString gleich = Wortstimmen::gefaltetesWort(wort);
+    const bool zahl = istZahl(wort);
+    qint64 mit = 0;
+    qint64 alle = 0;
+    for (const Wortstimmen::Platz &platz : plaetze) {
+        mit += platz.worte.value(gleich);
+        alle += platz.dokumente;
+    }
+    if (mit < (zahl ? 1 : 2))
+        return {};
+    Stimme stimme{.wort = wort, .zahl = zahl};
+    double zweiter = 0;
+    double erster = 0;
+    for (qsizetype i = 0; i < plaetze.size(); ++i) {
+        if (plaetze.at(i).dokumente == 0)
+            continue;
+        const qint64 hier = plaetze.at(i).worte.value(gleich);
+        const double wert = anteil(plaetze.at(i), hier, double(mit) / double(alle + 1));
+        if (wert > erster) {
+            zweiter = std::exchange(erster, wert);
+            stimme.platz = i;
+            stimme.dokumente = hier;
+        } else {
+            zweiter = std::max(zweiter, wert);
+        }
+    }
+    if (stimme.dokumente == 0 || zweiter <= 0)
+        return {};
+    stimme.gewicht = std::log(erster / zweiter) * (zahl ? gewichtZahl : gewichtWort);
+    return stimme;
+}
+} // namespace
+
+QString Wortstimmen::gefaltetesWort(const QString &wort) { return wort.toCaseFolded(); }
+
+QStringList Wortstimmen::worte(const QString &text)
+{
+    static const QRegularExpression leerraum(u"\\s+"_s);
+    Sammlung zahlen(hoechstensZahlen);
+    Sammlung woerter(hoechstensWoerter);
+    QString gruppe; // digits printed in groups, as account numbers are
+    const auto gruppeSchliessen = [&] {
+        if (gruppe.contains(u' ') && gruppe.size() <= laengstesWort && istZahl(gruppe))
+            zahlen.dazu(gruppe);
+        gruppe.clear();
+    };
+    for (const QStringView roh : QStringView(text).split(leerraum, Qt::SkipEmptyParts)) {
+        const QString wort = ohneRaender(roh);
+        const bool nurZiffern = !wort.isEmpty() && ziffern(wort) == wort.size();
+        if (nurZiffern)
+            gruppe += gruppe.isEmpty() ? wort : u' ' + wort;
+        if (!nurZiffern || roh.size() != wort.size())
+            gruppeSchliessen();
+        if (wort.size() > laengstesWort)
+            continue;
+        if (istZahl(wort))
+            zahlen.dazu(wort);
+        else if (istWort(wort))
+            woerter.dazu(wort);
+    }
+    gruppeSchliessen();
+    return zahlen.liste() + woerter.liste();
+}
+
+Wortstimmen::Ergebnis Wortstimmen::abstimmen(const QStringList &worte, const QList<Platz> &plaetze)
+{
+    QList<Stimme> stimmen;
+    for (const QString &wort : worte) {
+        if (Stimme stimme = stimmeVon(wort, plaetze); stimme.platz >= 0 && stimme.gewicht > 0)
+            stimmen << std::move(stimme);
+    }
+    std::stable_sort(stimmen.begin(), stimmen.end(),
+                     [](const Stimme &a, const Stimme &b) { return a.gewicht > b.gewicht; });
+    QList<double> summen(plaetze.size(), 0);
+    QList<qsizetype> woerter(plaetze.size(), 0);
+    for (const Stimme &s : std::as_const(stimmen)) {
+        if (s.zahl || woerter[s.platz]++ < woerterJePlatz)
+            summen[s.platz] += s.gewicht;
+    }
+    const auto erster = std::max_element(summen.cbegin(), summen.cend());
+    if (erster == summen.cend() || *erster < klar)
+        return {};
+    const qsizetype platz = erster - summen.cbegin();
+    for (qsizetype i = 0; i < summen.size(); ++i) {
+        if (i != platz && summen.at(i) * vorsprung > *erster)
+            return {};
+    }
+    const auto staerkste =
+        std::find_if(stimmen.cbegin(), stimmen.cend(), [&](const Stimme &s) { return s.platz == platz; });
+    return {.platz = platz, .wort = staerkste->wort, .dokumente = staerkste->dokumente};
+}
+} // namespace quillmar::lernen
