@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr std::array<Reihe, 14> reihen = {{
+constexpr std::array<Reihe, 15> reihen = {{
     {"lesen", Reihen::lesen},
     {"erkennung", Reihen::erkennung},
     {"pruefsummen", Reihen::pruefsummen},
@@ -15,6 +15,7 @@ constexpr std::array<Reihe, 14> reihen = {{
     {"paare", Reihen::paare},
     {"paare-speicher", Reihen::paareSpeicher},
     {"namen", Reihen::namen},
+    {"gedaechtnis", Reihen::gedaechtnis},
     {"bericht", Reihen::bericht},
     {"start", Reihen::start},
     {"uebernehmen", Reihen::uebernehmen},

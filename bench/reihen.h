@@ -11,6 +11,7 @@ void skizzen();
 void paare();
 void paareSpeicher();
 void namen();
+void gedaechtnis();
 void bericht();
 void start();
 void uebernehmen();

@@ -183,7 +183,7 @@ void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnun
 
 Einordner::Lernspur Einordner::gelerntesAnwenden(Datenbank &db, const Profil &profil,
                                                  const Vorschlaege::Vorlage &vorlage, Einordnungsergebnis &e,
-                                                 const QString &ortQuelle)
+                                                 const QString &ortQuelle, const Regelwahl &regeln)
 {
     Angaben &a = e.angaben;
     Modellantwort antwort{.gegenueber = a.gegenueber,
@@ -192,7 +192,7 @@ Einordner::Lernspur Einordner::gelerntesAnwenden(Datenbank &db, const Profil &pr
                           .ortQuelle = ortQuelle,
                           .worte = Wortstimmen::worte(vorlage.text)};
     const auto urteil =
-        Urteiler(db, profil).urteilen(antwort, Urteiler::Anlass::Einordnen, [&] { return antwort.worte; });
+        Urteiler(db, profil, regeln).urteilen(antwort, Urteiler::Anlass::Einordnen, [&] { return antwort.worte; });
     antwort.sicher = !urteil.ortGelernt && e.konfidenz >= sichereKonfidenz && profil.kennt(a.ort);
     Modellantworten(db).speichern(vorlage.dokument.id, antwort);
     Modellantworten(db).setzeStimme(vorlage.dokument.id, urteil.stimme.wort, urteil.stimme.dokumente);

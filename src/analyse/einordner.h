@@ -6,6 +6,7 @@
 #include "namensraeume.h"
 #include "ollama.h"
 #include "rechnungsrichtung.h"
+#include "regelwahl.h"
 #include "vorschlaege.h"
 
 #include <functional>
@@ -43,7 +44,7 @@ struct Lernspur {
  * it was, so that it can be reckoned anew; @p ortQuelle is the source of its place as long as nothing is learned.
  */
 Lernspur gelerntesAnwenden(Datenbank &db, const Profil &profil, const Vorschlaege::Vorlage &vorlage,
-                           Einordnungsergebnis &e, const QString &ortQuelle);
+                           Einordnungsergebnis &e, const QString &ortQuelle, const Regelwahl &regeln = {});
 
 /**
  * Runs @p alle, which puts the documents of a stage to @p modell. A model that cannot be asked ends it and is noted as

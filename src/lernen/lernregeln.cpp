@@ -54,7 +54,7 @@ const Eintrag *Lernregeln::vorschlag(const QList<Eintrag> &alle, const QString &
     return schluessel.size() < kuerzesterSchluessel ? nullptr : passender(alle, schluessel);
 }
 
-const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &schluessel)
+const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &schluessel, bool naeheZaehlt)
 {
     if (schluessel.isEmpty())
         return nullptr;
@@ -63,7 +63,9 @@ const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &
     for (const Eintrag &eintrag : alle) {
         if (!passt(eintrag.schluessel, schluessel))
             continue;
-        const int naehe = eintrag.schluessel == schluessel ? 2 : int(istGanzesWort(eintrag.schluessel, schluessel));
+        const int naehe = !naeheZaehlt                       ? 0
+                          : eintrag.schluessel == schluessel ? 2
+                                                             : int(istGanzesWort(eintrag.schluessel, schluessel));
         const std::tuple<int, qint64, qsizetype> rang{naehe, eintrag.anzahl, eintrag.schluessel.size()};
         if (!bester || rang > hoechster) {
             bester = &eintrag;

@@ -33,6 +33,6 @@ constexpr qsizetype kuerzesterSchluessel = 4;
  */
 [[nodiscard]] const Eintrag *vorschlag(const QList<Eintrag> &alle, const QString &schluessel);
 /** The same for a waiting document, where also a key too short for that meets its equal. */
-[[nodiscard]] const Eintrag *passender(const QList<Eintrag> &alle, const QString &schluessel);
+[[nodiscard]] const Eintrag *passender(const QList<Eintrag> &alle, const QString &schluessel, bool naeheZaehlt = true);
 } // namespace Lernregeln
 } // namespace quillmar::lernen

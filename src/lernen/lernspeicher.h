@@ -30,8 +30,8 @@ public:
      * With @p profil, what the owner's address proves of an invoice goes before a taught place, and only places that
      * its structure knows are taught.
      */
-    explicit Lernspeicher(Datenbank &db, const Profil &profil = {})
-        : m_db(db), m_profil(profil), m_nachrechnung(m_db, m_profil)
+    explicit Lernspeicher(Datenbank &db, const Profil &profil = {}, const Regelwahl &regeln = {})
+        : m_db(db), m_profil(profil), m_nachrechnung(m_db, m_profil, regeln)
     {
     }
     Lernspeicher(const Lernspeicher &) = delete;

@@ -44,7 +44,7 @@ QStringList Nachrechnung::betroffene(const QStringList &schluessel) const
 QSet<qint64> Nachrechnung::rechnen(const QStringList &schluessel, Urteiler::Anlass anlass, qint64 ausser)
 {
     Transaktion transaktion(m_db);
-    Urteiler urteiler(m_db, m_profil);
+    Urteiler urteiler(m_db, m_profil, m_regeln);
     QSet<qint64> geaenderte;
     for (const QString &gegenueber : betroffene(schluessel)) {
         for (const auto &wartendes : Modellantworten(m_db).wartendeVon(gegenueber)) {
@@ -59,7 +59,7 @@ QSet<qint64> Nachrechnung::rechnen(const QStringList &schluessel, Urteiler::Anla
 /** What an earlier version has classified tells by its columns what the model said. */
 Modellantwort Nachrechnung::antwortVon(const Urteiler &urteiler, const Modellantworten::Wartendes &w) const
 {
-    if (w.antwort)
+    if (w.antwort && m_regeln.vomModellAus)
         return *w.antwort;
     const bool gelernt = w.ortQuelle == u"gelernt"_s;
     const bool hatModellort = !w.modellOrt.zweig.isEmpty();
@@ -115,7 +115,7 @@ void Nachrechnung::vorlesen(const QStringList &schluessel, const QString &rubrik
 {
     if (m_richtung.istLeer())
         return;
-    Urteiler urteiler(m_db, m_profil);
+    Urteiler urteiler(m_db, m_profil, m_regeln);
     const auto istRechnung = [this](const QString &r) { return Rechnungsrichtung::istRechnungsrubrik(r, m_profil); };
     const auto hatRechnung = [&](const QString &s) {
         const auto eintrag = urteiler.eintrag(s);

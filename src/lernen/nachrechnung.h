@@ -19,7 +19,8 @@ namespace quillmar::lernen
 class Nachrechnung
 {
 public:
-    Nachrechnung(Datenbank &db, const Profil &profil) : m_db(db), m_profil(profil), m_richtung(profil.eigeneAnschriften)
+    Nachrechnung(Datenbank &db, const Profil &profil, const Regelwahl &regeln = {})
+        : m_db(db), m_profil(profil), m_regeln(regeln), m_richtung(profil.eigeneAnschriften)
     {
     }
 
@@ -53,6 +54,7 @@ private:
 
     Datenbank &m_db;
     const Profil &m_profil;
+    Regelwahl m_regeln;
     Rechnungsrichtung m_richtung;
     QHash<qint64, Erkannt> m_erkannt; ///< by document
 };

@@ -9,6 +9,41 @@ bool sprichtMehr(const Ortszahl &a, const Ortszahl &b)
 {
     return a.anzahl != b.anzahl ? a.anzahl > b.anzahl : a.baum > b.baum;
 }
+
+/** What the model has said of the place, if not all of it, is said of this one. */
+bool erweitert(const Ort &ort, const Ort &unvollstaendig)
+{
+    const auto gleich = [](const QString &gesagt, const QString &hier) { return gesagt.isEmpty() || gesagt == hier; };
+    return !unvollstaendig.zweig.isEmpty() && gleich(unvollstaendig.zweig, ort.zweig) &&
+           gleich(unvollstaendig.ablage, ort.ablage) && gleich(unvollstaendig.rubrik, ort.rubrik);
+}
+
+/** The one that the model names, as far as it names one; -1 for none or several. */
+qsizetype genannter(const QList<Ortszahl> &orte, const Ort &modell)
+{
+    qsizetype gefunden = -1;
+    for (qsizetype i = 0; i < orte.size(); ++i) {
+        if (!erweitert(orte.at(i).ort, modell))
+            continue;
+        if (gefunden >= 0)
+            return -1;
+        gefunden = i;
+    }
+    return gefunden;
+}
+
+/** The one for which most speaks, and of equals the first; -1 for none. */
+qsizetype haeufigster(const QList<Ortszahl> &orte, bool nurKorrigierte)
+{
+    qsizetype bester = -1;
+    for (qsizetype i = 0; i < orte.size(); ++i) {
+        if (nurKorrigierte && orte.at(i).korrekturen == 0)
+            continue;
+        if (bester < 0 || sprichtMehr(orte.at(i), orte.at(bester)))
+            bester = i;
+    }
+    return bester;
+}
 } // namespace
 
 Ortswahl::Wahl Ortswahl::waehlen(const QList<Ortszahl> &orte, const Wortstimmen::Ergebnis &stimme, const Ort &modell,
@@ -16,16 +51,10 @@ Ortswahl::Wahl Ortswahl::waehlen(const QList<Ortszahl> &orte, const Wortstimmen:
 {
     if (stimme.platz >= 0)
         return {.ort = stimme.platz, .grund = Grund::Text};
-    Wahl wahl;
-    for (qsizetype i = 0; i < orte.size(); ++i) {
-        if (orte.at(i).ort == modell)
-            return {.ort = i, .grund = Grund::Bestaetigt};
-        if (nurKorrigierte && orte.at(i).korrekturen == 0)
-            continue;
-        if (wahl.ort < 0 || sprichtMehr(orte.at(i), orte.at(wahl.ort)))
-            wahl = {.ort = i, .grund = Grund::Haeufigster};
-    }
-    return wahl;
+    if (const qsizetype ort = genannter(orte, modell); ort >= 0)
+        return {.ort = ort, .grund = Grund::Bestaetigt};
+    const qsizetype ort = haeufigster(orte, nurKorrigierte);
+    return {.ort = ort, .grund = ort < 0 ? Grund::Nichts : Grund::Haeufigster};
 }
 
 bool Ortswahl::istVollstaendig(const Ort &ort)

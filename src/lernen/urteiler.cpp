@@ -11,7 +11,8 @@ namespace quillmar::lernen
 {
 namespace
 {
-constexpr double mindestensGelernt = 0.85; // confidence of a place that the user has taught
+constexpr qsizetype hoechstensEinzeln = 2000; // words
+constexpr double mindestensGelernt = 0.85;    // confidence of a place that the user has taught
 } // namespace
 
 bool Urteiler::istBekannt(const Ort &ort) const
@@ -24,11 +25,13 @@ std::optional<Eintrag> Urteiler::eintrag(const QString &schluessel)
     if (const auto bekannt = m_eintraege.constFind(schluessel); bekannt != m_eintraege.constEnd())
         return *bekannt;
     // Mostly there is one of the same key: then the others need not be read.
-    std::optional<Eintrag> gefunden = Gelerntes(m_db).zuordnung(schluessel);
+    std::optional<Eintrag> gefunden;
+    if (m_regeln.genaueZuerst)
+        gefunden = Gelerntes(m_db).zuordnung(schluessel);
     if (!gefunden) {
         if (!m_alle)
             m_alle = Gelerntes(m_db).zuordnungen();
-        if (const Eintrag *passender = Lernregeln::passender(*m_alle, schluessel))
+        if (const Eintrag *passender = Lernregeln::passender(*m_alle, schluessel, m_regeln.genaueZuerst))
             gefunden = *passender;
     }
     return *m_eintraege.insert(schluessel, gefunden);
@@ -39,6 +42,8 @@ const QList<Ortszahl> &Urteiler::orte(const Eintrag &eintrag)
     if (const auto bekannte = m_orte.constFind(eintrag.schluessel); bekannte != m_orte.constEnd())
         return *bekannte;
     QList<Ortszahl> orte = GelernteOrte(m_db).orte(eintrag.schluessel);
+    if (!m_regeln.alleOrte)
+        orte.clear();
     // Of equals the one that was confirmed last goes first.
     const auto letzter = std::stable_partition(orte.begin(), orte.end(), [&](auto &o) { return o.ort == eintrag.ort; });
     if (letzter == orte.begin())
@@ -47,15 +52,40 @@ const QList<Ortszahl> &Urteiler::orte(const Eintrag &eintrag)
     return *m_orte.insert(eintrag.schluessel, orte);
 }
 
-const QList<Wortstimmen::Platz> &Urteiler::plaetze(const Eintrag &eintrag)
+const QList<Wortstimmen::Platz> &Urteiler::plaetze(const Eintrag &eintrag, const QStringList &worte)
 {
-    if (const auto bekannte = m_plaetze.constFind(eintrag.schluessel); bekannte != m_plaetze.constEnd())
-        return *bekannte;
-    QList<Wortstimmen::Platz> liste;
-    for (const Ortszahl &o : orte(eintrag))
-        liste << Wortstimmen::Platz{.dokumente = std::max<qint64>(0, o.belesen),
-                                    .worte = o.id == 0 ? QHash<QString, qint64>() : GelernteOrte(m_db).alleWorte(o.id)};
-    return *m_plaetze.insert(eintrag.schluessel, liste);
+    const QList<Ortszahl> &bekannte = orte(eintrag);
+    Wortschatz &schatz = m_wortschaetze[eintrag.schluessel];
+    if (schatz.plaetze.isEmpty()) {
+        for (const Ortszahl &o : bekannte)
+            schatz.plaetze << Wortstimmen::Platz{.dokumente = std::max<qint64>(0, o.belesen)};
+    }
+    if (!schatz.ganz)
+        nachschlagen(schatz, bekannte, worte);
+    return schatz.plaetze;
+}
+
+/** Word by word for a few documents; for many it is quicker to read all. */
+void Urteiler::nachschlagen(Wortschatz &schatz, const QList<Ortszahl> &orte, const QStringList &worte)
+{
+    QStringList neue;
+    for (const QString &wort : worte) {
+        const QString gleich = Wortstimmen::gefaltetesWort(wort);
+        if (!schatz.gefragte.contains(gleich))
+            neue << gleich;
+        schatz.gefragte.insert(gleich);
+    }
+    schatz.ganz = schatz.gefragte.size() > hoechstensEinzeln;
+    const GelernteOrte gelernte(m_db);
+    for (qsizetype i = 0; i < orte.size(); ++i) {
+        const qint64 id = orte.at(i).id;
+        if (id == 0)
+            continue;
+        if (schatz.ganz)
+            schatz.plaetze[i].worte = gelernte.alleWorte(id);
+        else
+            schatz.plaetze[i].worte.insert(gelernte.worte(id, neue));
+    }
 }
 
 Urteiler::Urteil Urteiler::urteilen(const Modellantwort &antwort, Anlass anlass, const Worte &worte)
@@ -84,15 +114,19 @@ Urteiler::Urteil Urteiler::urteilen(const Modellantwort &antwort, Anlass anlass,
 void Urteiler::ortUrteilen(Urteil &urteil, const Eintrag &eintrag, const Modellantwort &antwort, Anlass anlass,
                            const Worte &worte)
 {
-    const bool ganzes = Lernregeln::istGanzesWort(eintrag.schluessel, Lernregeln::schluessel(urteil.gegenueber));
+    const bool ganzes = !m_regeln.ganzeWoerter ||
+                        Lernregeln::istGanzesWort(eintrag.schluessel, Lernregeln::schluessel(urteil.gegenueber));
     if (!ganzes && istBekannt(antwort.ort))
         return;
     const QList<Ortszahl> &bekannte = orte(eintrag);
     if (ganzes && Lernregeln::darfErsetzen(eintrag.anzeige, urteil.gegenueber))
         urteil.gegenueber = eintrag.anzeige;
-    const auto stimme =
-        bekannte.size() > 1 ? Wortstimmen::abstimmen(worte(), plaetze(eintrag)) : Wortstimmen::Ergebnis();
-    const bool nurKorrigierte = anlass == Anlass::Nachrechnen && antwort.sicher;
+    Wortstimmen::Ergebnis stimme;
+    if (m_regeln.stimmen && bekannte.size() > 1) {
+        const QStringList eigene = worte();
+        stimme = Wortstimmen::abstimmen(eigene, plaetze(eintrag, eigene));
+    }
+    const bool nurKorrigierte = m_regeln.nurKorrekturen && anlass == Anlass::Nachrechnen && antwort.sicher;
     const auto wahl = Ortswahl::waehlen(bekannte, stimme, antwort.ort, nurKorrigierte);
     if (wahl.ort < 0)
         return;

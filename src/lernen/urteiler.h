@@ -4,8 +4,10 @@
 #include "namensraeume.h"
 #include "ortswahl.h"
 #include "profil.h"
+#include "regelwahl.h"
 
 #include <QHash>
+#include <QSet>
 #include <functional>
 #include <optional>
 
@@ -24,7 +26,10 @@ class Urteiler
 {
 public:
     /** Places that @p profil 's structure does not know are passed over; without a structure all count. */
-    Urteiler(Datenbank &db, const Profil &profil) : m_db(db), m_profil(profil) {}
+    Urteiler(Datenbank &db, const Profil &profil, const Regelwahl &regeln = {})
+        : m_db(db), m_profil(profil), m_regeln(regeln)
+    {
+    }
 
     enum class Anlass {
         Einordnen,   ///< a new answer
@@ -53,13 +58,22 @@ public:
 private:
     void ortUrteilen(Urteil &urteil, const Eintrag &eintrag, const Modellantwort &antwort, Anlass anlass,
                      const Worte &worte);
-    [[nodiscard]] const QList<Wortstimmen::Platz> &plaetze(const Eintrag &eintrag);
+    [[nodiscard]] const QList<Wortstimmen::Platz> &plaetze(const Eintrag &eintrag, const QStringList &worte);
 
     Datenbank &m_db;
     const Profil &m_profil;
+    Regelwahl m_regeln;
     std::optional<QList<Eintrag>> m_alle;
     QHash<QString, std::optional<Eintrag>> m_eintraege;
     QHash<QString, QList<Ortszahl>> m_orte;
-    QHash<QString, QList<Wortstimmen::Platz>> m_plaetze;
+
+    /** What the filed documents of a counterpart have in common with those that were judged. */
+    struct Wortschatz {
+        QList<Wortstimmen::Platz> plaetze;
+        QSet<QString> gefragte; ///< words that were looked up
+        bool ganz = false;      ///< all there are were read
+    };
+    void nachschlagen(Wortschatz &schatz, const QList<Ortszahl> &orte, const QStringList &worte);
+    QHash<QString, Wortschatz> m_wortschaetze;
 };
 } // namespace quillmar::lernen

@@ -16,9 +16,7 @@ constexpr qsizetype hoechstensWoerter = 80;
 constexpr qsizetype kuerzestesWort = 5;
 constexpr qsizetype laengstesWort = 40;
 constexpr int wenigsteZiffern = 4;
-constexpr double vorwissen = 0.5; // documents' worth of the common share in each place's own
-constexpr double gewichtZahl = 1;
-constexpr double gewichtWort = 0.5;
+constexpr double bedeutsam = 12; // G statistic: one chance in two thousand, for a text has a hundred words
 constexpr qsizetype woerterJePlatz = 3;
 constexpr double klar = 1;
 constexpr double vorsprung = 2;
@@ -84,9 +82,23 @@ struct Stimme {
     qint64 dokumente = 0;
 };
 
-double anteil(const Wortstimmen::Platz &platz, qint64 mit, double gemeinsam)
+/** In what share of the documents there, as far as so few can tell (Jeffreys' estimate). */
+double anteil(const Wortstimmen::Platz &platz, qint64 mit)
 {
-    return (double(mit) + vorwissen * gemeinsam) / (double(platz.dokumente) + vorwissen);
+    return (double(mit) + 0.5) / (double(platz.dokumente) + 1);
+}
+
+/** How unlikely it is by chance that a word stands where it does (G test of a place against all others). */
+double bedeutung(qint64 hier, qint64 dokumente, qint64 mit, qint64 alle)
+{
+    const auto teil = [](qint64 gezaehlt, double erwartet) {
+        return gezaehlt == 0 ? 0 : double(gezaehlt) * std::log(double(gezaehlt) / erwartet);
+    };
+    const double anteilMit = double(mit) / double(alle);
+    const qint64 andere = alle - dokumente;
+    return 2 * (teil(hier, anteilMit * double(dokumente)) + teil(mit - hier, anteilMit * double(andere)) +
+                teil(dokumente - hier, (1 - anteilMit) * double(dokumente)) +
+                teil(andere - (mit - hier), (1 - anteilMit) * double(andere)));
 }
 
 Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
@@ -99,7 +111,7 @@ Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
         mit += platz.worte.value(gleich);
         alle += platz.dokumente;
     }
-    if (mit < (zahl ? 1 : 2))
+    if (mit == 0)
         return {};
     Stimme stimme{.wort = wort, .zahl = zahl};
     double zweiter = 0;
@@ -108,7 +120,7 @@ Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
         if (plaetze.at(i).dokumente == 0)
             continue;
         const qint64 hier = plaetze.at(i).worte.value(gleich);
-        const double wert = anteil(plaetze.at(i), hier, double(mit) / double(alle + 1));
+        const double wert = anteil(plaetze.at(i), hier);
         if (wert > erster) {
             zweiter = std::exchange(erster, wert);
             stimme.platz = i;
@@ -119,7 +131,10 @@ Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
     }
     if (stimme.dokumente == 0 || zweiter <= 0)
         return {};
-    stimme.gewicht = std::log(erster / zweiter) * (zahl ? gewichtZahl : gewichtWort);
+    const qint64 dort = plaetze.at(stimme.platz).dokumente;
+    if (!zahl && (dort == alle || bedeutung(stimme.dokumente, dort, mit, alle) < bedeutsam))
+        return {};
+    stimme.gewicht = std::log(erster / zweiter);
     return stimme;
 }
 } // namespace

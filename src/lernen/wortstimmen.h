@@ -33,9 +33,9 @@ struct Ergebnis {
 
 /**
  * A word speaks for the place where it stands in a larger share of the documents than anywhere else, the more the
- * larger the ratio of the shares (logarithm, shares drawn towards the common one as long as few documents are known).
- * Numbers count in full; other words only where they stand in two documents or more, and at most three of them for
- * each place, by half. A majority is clear with a certain weight and twice that of the next place.
+ * larger the ratio of the shares (its logarithm; of few documents the shares are drawn to the middle).
+ * Numbers count from the first document on; other words only where chance does not put them, and at most three of them
+ * for each place. A majority is clear with a certain weight and twice that of the next place.
  */
 [[nodiscard]] Ergebnis abstimmen(const QStringList &worte, const QList<Platz> &plaetze);
 } // namespace Wortstimmen
