@@ -325,8 +325,11 @@ Lernspeicher::Herkunft Lernspeicher::herkunft(const Dokument &dokument) const
     if (!eintrag)
         return {};
     const QList<Ortszahl> orte = Urteiler(m_db, m_profil).orte(*eintrag);
-    const auto ort =
-        std::find_if(orte.begin(), orte.end(), [&](const auto &o) { return o.ort == dokument.angaben.ort; });
+    const Ort &hier = dokument.angaben.ort;
+    auto ort = std::find_if(orte.begin(), orte.end(), [&](const Ortszahl &o) { return o.ort == hier; });
+    if (ort == orte.end()) // the direction of an invoice has put another category in its stead
+        ort = std::find_if(orte.begin(), orte.end(),
+                           [&](const Ortszahl &o) { return o.ort.zweig == hier.zweig && o.ort.ablage == hier.ablage; });
     if (ort == orte.end() || ort->korrekturen > 0)
         return {};
     if (ort->anzahl > 0)
@@ -369,6 +372,7 @@ void Lernspeicher::ortVergessen(const QString &schluessel, const Ort &ort)
 {
     Transaktion transaktion(m_db);
     GelernteOrte(m_db).streichen(schluessel, ort);
+    // Also one that an earlier version has stored, which is counted nowhere else.
     eintragErneuern(schluessel);
     m_nachrechnung.rechnen({schluessel}, Urteiler::Anlass::Nachrechnen);
     transaktion.abschliessen();

@@ -75,7 +75,8 @@ public:
         enum class Art { Korrektur, Bestaetigt, Baum, Text };
         Art art = Art::Korrektur;
         qint64 dokumente = 0; ///< that speak for it
-        QString wort;         ///< in them, where the texts decided
+        QString wort = {};    ///< in them, where the texts decided
+        bool operator==(const Herkunft &) const = default;
     };
     /** Of a document whose place was learned. */
     [[nodiscard]] Herkunft herkunft(const Dokument &dokument) const;

@@ -6,6 +6,8 @@
 #include "texte.h"
 #include "vorschlaege.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quillmar::zustand
 {
 namespace
@@ -26,6 +28,8 @@ Pruefstueck vollstaendig(Datenbank &db, const Dokument &dokument)
     Pruefstueck stueck{
         .dokument = dokument, .ohneGegenueber = dokument.angaben.gegenueber.isEmpty(), .aehnlich = std::nullopt};
     stueck.hatText = Texte(db).hatText(dokument.id);
+    if (dokument.ortQuelle == u"gelernt"_s)
+        stueck.gelernt = Lernspeicher(db).herkunft(dokument);
     stueck.nachgeprueft = Vorschlaege(db).istNachgeprueft(dokument.id);
     if (dokument.aehnlichZu)
         stueck.aehnlich = Dokumente(db).eines(*dokument.aehnlichZu);

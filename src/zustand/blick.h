@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dokument.h"
+#include "lernspeicher.h"
 #include "namensraeume.h"
 #include "richtung.h"
 #include "zaehlwerk.h"
@@ -18,9 +19,10 @@ namespace quillmar::zustand
 /** A document under review, with what the catalogue knows about it beside its row. */
 struct Pruefstueck {
     Dokument dokument;
-    bool hatText = false;             ///< some text was read
-    bool nachgeprueft = false;        ///< the larger model was asked and has answered
-    bool ohneGegenueber = false;      ///< the proposal has none, whatever the reviewer has made of it
+    bool hatText = false;                               ///< some text was read
+    std::optional<Lernspeicher::Herkunft> gelernt = {}; ///< where a learned place comes from
+    bool nachgeprueft = false;                          ///< the larger model was asked and has answered
+    bool ohneGegenueber = false;                        ///< the proposal has none, whatever the reviewer has made of it
     std::optional<Dokument> aehnlich; ///< the similar document; none if there is none or it is unknown
     bool operator==(const Pruefstueck &) const = default;
 };

@@ -318,9 +318,10 @@ void Einrichtung::gelerntLesen()
         });
 }
 
-void Einrichtung::gelerntVergessen(const QString &schluessel)
+void Einrichtung::ortVergessen(const QString &kennung)
 {
-    lernenAendern([schluessel](Lernspeicher &speicher) { speicher.vergessen(schluessel); },
+    lernenAendern([gemeint = Lernstand::gemeint(kennung)](
+                      Lernspeicher &speicher) { speicher.ortVergessen(gemeint.first, gemeint.second); },
                   Sprache::text(u"Gelernte Zuordnung verworfen"_s));
 }
 
@@ -339,8 +340,8 @@ void Einrichtung::lernenAendern(const std::function<void(Lernspeicher &)> &aende
 {
     if (!m_nachbarn.profilwahl->kannHandeln())
         return;
-    const auto arbeit = [db = m_nachbarn.profilwahl->offenes()->db(), aenderung] {
-        Lernspeicher speicher(*db);
+    const auto arbeit = [db = m_nachbarn.profilwahl->offenes()->db(), profil = *aktiv(), aenderung] {
+        Lernspeicher speicher(*db, profil);
         aenderung(speicher);
         return true;
     };
@@ -348,6 +349,7 @@ void Einrichtung::lernenAendern(const std::function<void(Lernspeicher &)> &aende
         m_nachbarn.meldestelle->melden(ausgang.wert ? erfolg : fehlersatz(ausgang.fehler),
                                        ausgang.wert ? Ton::Gut : Ton::Warnung);
         gelerntLesen();
+        m_nachbarn.pruefung->aktualisieren();
     });
 }
 

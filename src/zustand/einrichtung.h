@@ -77,7 +77,7 @@ public:
     [[nodiscard]] Beispiel beispiel() const;
     void anderesBeispiel();
 
-    void gelerntVergessen(const QString &schluessel);
+    void ortVergessen(const QString &kennung);
     void gleichungVergessen(const QString &von);
     void allesVergessen();
 

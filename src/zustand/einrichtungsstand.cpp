@@ -133,7 +133,31 @@ std::optional<Dokument> Beispiel::naechstes(Datenbank &db, qint64 id)
 Lernstand Lernstand::lesen(Datenbank &db)
 {
     const Lernspeicher speicher(db);
-    return {.zuordnungen = speicher.alle(), .gleichungen = speicher.gleichungen()};
+    Lernstand stand{.zuordnungen = speicher.alle(), .orte = {}, .gleichungen = speicher.gleichungen()};
+    const auto orte = speicher.alleOrte();
+    for (const Eintrag &e : std::as_const(stand.zuordnungen)) {
+        QList<Ortszahl> eigene = orte.value(e.schluessel);
+        if (eigene.isEmpty()) // of an earlier version
+            eigene << Ortszahl{.ort = e.ort, .anzahl = e.anzahl};
+        for (const Ortszahl &o : std::as_const(eigene))
+            stand.orte << Lernort{.kennung = kennungFuer(e.schluessel, o.ort),
+                                  .gegenueber = e.anzeige,
+                                  .ziel = Eintrag{.schluessel = {}, .anzeige = {}, .ort = o.ort}.ziel(),
+                                  .anzahl = o.anzahl,
+                                  .baum = o.baum};
+    }
+    return stand;
+}
+
+QString Lernstand::kennungFuer(const QString &schluessel, const Ort &ort)
+{
+    return QStringList{schluessel, ort.zweig, ort.ablage, ort.rubrik}.join(u'\n');
+}
+
+std::pair<QString, Ort> Lernstand::gemeint(const QString &kennung)
+{
+    const QStringList teile = kennung.split(u'\n');
+    return {teile.value(0), {.zweig = teile.value(1), .ablage = teile.value(2), .rubrik = teile.value(3)}};
 }
 
 double platzImModell(const Profil &profil)

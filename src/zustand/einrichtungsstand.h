@@ -65,14 +65,28 @@ struct Beispiel {
     [[nodiscard]] static std::optional<Dokument> naechstes(Datenbank &db, qint64 id);
 };
 
+/** One place of a counterpart as the learning memory knows it. */
+struct Lernort {
+    QString kennung; ///< to forget it by
+    QString gegenueber;
+    QString ziel;
+    qint64 anzahl = 0; ///< how often it was confirmed
+    qint64 baum = 0;   ///< documents in the filing tree
+    bool operator==(const Lernort &) const = default;
+};
+
 /** What the learning memory holds, most confirmed first. */
 struct Lernstand {
     QList<Eintrag> zuordnungen;
+    QList<Lernort> orte; ///< of all of them, those of one counterpart together
     QList<Gleichung> gleichungen;
     bool operator==(const Lernstand &) const = default;
 
     /** Blocks. */
     [[nodiscard]] static Lernstand lesen(Datenbank &db);
+    [[nodiscard]] static QString kennungFuer(const QString &schluessel, const Ort &ort);
+    /** The counterpart's key and the place that @p kennung means. */
+    [[nodiscard]] static std::pair<QString, Ort> gemeint(const QString &kennung);
 };
 
 /** The facts of the setup card that have to be looked up. */

@@ -13,6 +13,30 @@ namespace
 {
 using Art = Pruefhinweis::Art;
 
+QString herkunftssatz(const Lernspeicher::Herkunft &h)
+{
+    using Herkunft = Lernspeicher::Herkunft;
+    const QString zahl = QString::number(h.dokumente);
+    switch (h.art) {
+    case Herkunft::Art::Bestaetigt:
+        return gefuellt(Sprache::text(h.dokumente, u"Vorschlag wie bei %@ bestätigten Dokument dieses Gegenübers."_s,
+                                      u"Vorschlag wie bei %@ bestätigten Dokumenten dieses Gegenübers."_s),
+                        {zahl});
+    case Herkunft::Art::Baum:
+        return gefuellt(Sprache::text(h.dokumente, u"Vorschlag wie %@ Dokument in deiner Ablage."_s,
+                                      u"Vorschlag wie %@ Dokumente in deiner Ablage."_s),
+                        {zahl});
+    case Herkunft::Art::Text:
+        return gefuellt(Sprache::text(h.dokumente, u"Vorschlag wie %@ Dokument mit „%@“."_s,
+                                      u"Vorschlag wie %@ Dokumente mit „%@“."_s),
+                        {zahl, h.wort});
+    case Herkunft::Art::Korrektur:
+        break;
+    }
+    return Sprache::text(u"Vorschlag stammt aus deiner eigenen Korrektur bei diesem Gegenüber. "
+                         "Änderst du ihn hier, lernt das Programm um."_s);
+}
+
 class Sammlung
 {
 public:
@@ -62,9 +86,8 @@ private:
 
     void zurHerkunft()
     {
-        if (m_dokument.ortQuelle == u"gelernt"_s)
-            dazu(Art::Gelernt, Sprache::text(u"Vorschlag stammt aus deiner eigenen Korrektur bei diesem Gegenüber. "
-                                             "Änderst du ihn hier, lernt das Programm um."_s));
+        if (m_stueck.gelernt)
+            dazu(Art::Gelernt, herkunftssatz(*m_stueck.gelernt));
         if (m_dokument.zweitmeinung && m_stueck.nachgeprueft)
             dazu(Art::Nachgeprueft, Sprache::text(u"Vom großen Modell nachgeprüft."_s));
     }

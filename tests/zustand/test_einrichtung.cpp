@@ -194,8 +194,18 @@ private Q_SLOTS:
         beginnen();
         QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.zuordnungen.size(), 2);
         QCOMPARE(m_z->einrichtung()->abschnittsstand(Abschnitt::Gelernt).zeile, u"2 Zuordnungen, 1 Name"_s);
-        m_z->einrichtung()->gelerntVergessen(u"bank"_s);
+        m_z->einrichtung()->ortVergessen(m_z->einrichtung()->stand().gelerntes.orte.first().kennung);
         QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.zuordnungen.size(), 1);
+        // Of several places of one counterpart only the one that is meant.
+        m_b->sql(u"INSERT INTO gelernte_orte (schluessel, zweig, ablage, rubrik, anzahl, baum) VALUES "
+                 "('stadt','Verein','Jahresablage','Spenden',2,0),('stadt','Haushalt','Jahresablage','Wasser',0,48)"_s);
+        m_z->einrichtung()->einrichtungPruefen();
+        QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.orte.size(), 2);
+        QCOMPARE(m_z->einrichtung()->stand().gelerntes.orte.last().baum, 48);
+        m_z->einrichtung()->ortVergessen(m_z->einrichtung()->stand().gelerntes.orte.first().kennung);
+        QTRY_COMPARE(m_z->einrichtung()->stand().gelerntes.orte.size(), 1);
+        QCOMPARE(m_z->einrichtung()->stand().gelerntes.orte.first().ziel, u"Haushalt/Jahresablage/Wasser"_s);
+        QCOMPARE(m_z->einrichtung()->stand().gelerntes.zuordnungen.first().ziel(), u"Haushalt/Jahresablage/Wasser"_s);
         m_z->einrichtung()->allesVergessen();
         QTRY_VERIFY(m_z->einrichtung()->stand().gelerntes == Lernstand());
     }

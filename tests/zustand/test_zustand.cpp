@@ -465,6 +465,34 @@ private Q_SLOTS:
         QCOMPARE(gefunden, arten);
     }
 
+    void hinweisNenntDieHerkunft_data()
+    {
+        QTest::addColumn<QString>("zeile");
+        QTest::addColumn<QString>("stimme");
+        QTest::addColumn<QString>("satz");
+        const QString ort = u"'stadtwerke','Haushalt','Jahresablage','Strom',"_s;
+        QTest::newRow("correction") << ort + u"3,1,0"_s << QString() << u"Vorschlag stammt aus deiner eigenen"_s;
+        QTest::newRow("confirmed") << ort + u"3,0,48"_s << QString() << u"Vorschlag wie bei 3 bestätigten Dokumenten"_s;
+        QTest::newRow("tree") << ort + u"0,0,48"_s << QString() << u"Vorschlag wie 48 Dokumente in deiner Ablage."_s;
+        QTest::newRow("texts") << ort + u"3,0,48"_s << u"4711-02"_s << u"Vorschlag wie 11 Dokumente mit „4711-02“."_s;
+    }
+    void hinweisNenntDieHerkunft()
+    {
+        QFETCH(QString, zeile);
+        QFETCH(QString, stimme);
+        QFETCH(QString, satz);
+        const qint64 id = m_b->dokument(u"a.pdf"_s);
+        m_b->sql(u"UPDATE dokumente SET ort_quelle='gelernt', gelernt_von='stadtwerke'"_s);
+        m_b->sql(u"INSERT INTO gelernt VALUES ('stadtwerke','Stadtwerke','Haushalt','Jahresablage','Strom',3,'')"_s);
+        m_b->sql(
+            u"INSERT INTO gelernte_orte (schluessel, zweig, ablage, rubrik, anzahl, korrekturen, baum) VALUES ("_s +
+            zeile + u')');
+        m_b->sql(u"INSERT INTO modellantworten (dokument_id, stimmwort, stimmen) VALUES (?,?,11)"_s, {id, stimme});
+        beginnen();
+        QVERIFY2(m_z->pruefung()->pruefhinweise().first().text.startsWith(satz),
+                 qPrintable(m_z->pruefung()->pruefhinweise().first().text));
+    }
+
     // Without a model nothing would come of it: the document keeps its reason until the run begins.
     void wasGescheitertIstWirdErstMitDemDurchgangWiederGeoeffnet()
     {

@@ -163,12 +163,21 @@ QString bestaetigt(qint64 anzahl)
     return gefuellt(Sprache::text(anzahl, u"einmal bestätigt"_s, u"%@-mal bestätigt"_s), {QString::number(anzahl)});
 }
 
+QString belegt(const Lernort &ort)
+{
+    const QString imBaum =
+        gefuellt(Sprache::text(ort.baum, u"%@ Dokument in der Ablage"_s, u"%@ Dokumente in der Ablage"_s),
+                 {QString::number(ort.baum)});
+    if (ort.anzahl == 0)
+        return imBaum;
+    return ort.baum == 0 ? bestaetigt(ort.anzahl) : bestaetigt(ort.anzahl) + u", "_s + imBaum;
+}
+
 QList<Listenzeile> zuordnungen(const Lernstand &stand)
 {
     QList<Listenzeile> zeilen;
-    for (const Eintrag &e : stand.zuordnungen)
-        zeilen << Listenzeile{
-            .kennung = e.schluessel, .erste = e.anzeige, .zweite = e.ziel(), .wort = bestaetigt(e.anzahl)};
+    for (const Lernort &ort : stand.orte)
+        zeilen << Listenzeile{.kennung = ort.kennung, .erste = ort.gegenueber, .zweite = ort.ziel, .wort = belegt(ort)};
     return zeilen;
 }
 
@@ -338,9 +347,9 @@ Teile sicherungen(Abschnittsseite &seite, const Abschnittszeile &)
 
 Teile gelerntes(Abschnittsseite &seite, const Abschnittszeile &)
 {
-    listeBauen({u"gelernt"_s, Sprache::text(u"Zuordnungen"_s), Befunde::zuordnungen, zuordnungen,
-                &Einrichtung::gelerntVergessen},
-               seite);
+    listeBauen(
+        {u"gelernt"_s, Sprache::text(u"Zuordnungen"_s), Befunde::zuordnungen, zuordnungen, &Einrichtung::ortVergessen},
+        seite);
     listeBauen({u"namen"_s, Sprache::text(u"Namensgleichungen"_s), Befunde::gleichungen, gleichungen,
                 &Einrichtung::gleichungVergessen},
                seite);
