@@ -4,7 +4,6 @@
 #include "fehler.h"
 #include "sprache.h"
 #include "text.h"
-#include "vorlage.h"
 
 #include <QDir>
 
@@ -56,6 +55,14 @@ QString auffang(const Ort &ort, const Profil &profil)
 }
 } // namespace
 
+QString Ziel::stamm(const Vorlage::Werte &werte, const QString &namensVorlage)
+{
+    QString name = Vorlage::ohneUnsichtbares(nfc(Vorlage::fuellen(werte, namensVorlage)));
+    // A rubric of two levels or a template brings separators and marks of its own.
+    name.replace(u'/', u'-').removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+    return name;
+}
+
 QString Ziel::dateiname(const Angaben &a, const QString &altName, const Profil &profil)
 {
     const QString datum = Vorlage::saeubern(a.datum, laengeDatum);
@@ -70,9 +77,7 @@ QString Ziel::dateiname(const Angaben &a, const QString &altName, const Profil &
         {Baustein::Rubrik, a.ort.rubrik},
         {Baustein::Altname, ohneEndung(altName)},
     };
-    QString name = Vorlage::ohneUnsichtbares(nfc(Vorlage::fuellen(werte, profil.namensVorlage)));
-    // A rubric of two levels or a template brings separators and marks of its own.
-    name.replace(u'/', u'-').removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+    const QString name = stamm(werte, profil.namensVorlage);
     return Dateibewegung::nummeriert((name.isEmpty() ? u"unbenannt"_s : name) + u".pdf"_s, 1);
 }
 

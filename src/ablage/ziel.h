@@ -3,12 +3,16 @@
 #include "angaben.h"
 #include "namensraeume.h"
 #include "profil.h"
+#include "vorlage.h"
 
 namespace quillmar::ablage
 {
 /** Where an accepted document goes and what it is called there. Pure rules. */
 namespace Ziel
 {
+/** The name template filled with @p werte as a file name, without ".pdf"; empty when all of them are. */
+[[nodiscard]] QString stamm(const Vorlage::Werte &werte, const QString &namensVorlage);
+
 /**
  * New name of the file @p altName from the profile's name template, ".pdf" included; "unbenannt.pdf" when all blocks
  * are empty.

@@ -1,3 +1,4 @@
+#include "eigeneordner.h"
 #include "pfade.h"
 #include "profil.h"
 #include "text.h"
@@ -22,31 +23,6 @@ bool istAuffangordner(const QString &name)
     const QString klein = name.toLower();
     return klein == u"prüfen"_s || klein == "prufen"_L1;
 }
-
-/** The program's own folders, compared without regard to case; see Profil::eigeneOrdner(). */
-class Eigene
-{
-public:
-    explicit Eigene(const QStringList &ordner)
-    {
-        for (const QString &einer : ordner)
-            (einer.startsWith(u'/') ? m_pfade : m_namen) << form(einer);
-    }
-    /** @p pfad lies below the root, without "/" at its ends. */
-    [[nodiscard]] bool enthaelt(const QString &pfad) const
-    {
-        const QString gesucht = form(pfad);
-        return m_pfade.contains(gesucht) || m_namen.contains(gesucht.mid(gesucht.lastIndexOf(u'/') + 1));
-    }
-
-private:
-    static QString form(const QString &ordner)
-    {
-        return nfc(ordner).split(u'/', Qt::SkipEmptyParts).join(u'/').toLower();
-    }
-    QStringList m_pfade;
-    QStringList m_namen;
-};
 
 bool hatUmlaut(const QString &name)
 {
@@ -86,7 +62,7 @@ Ablageart ablageartLesen(const QString &zweig, const QString &name, int tiefe)
     return art;
 }
 
-Zweig zweigLesen(const QString &ziel, const QString &name, int tiefe, const Eigene &eigene)
+Zweig zweigLesen(const QString &ziel, const QString &name, int tiefe, const EigeneOrdner &eigene)
 {
     const QString ort = ziel + u'/' + name;
     Zweig zweig{.name = name, .ablagen = {}};
@@ -100,7 +76,7 @@ Zweig zweigLesen(const QString &ziel, const QString &name, int tiefe, const Eige
 
 QList<Zweig> Profil::struktureinlesen(const QString &ziel, int tiefe, const QStringList &eigene)
 {
-    const Eigene ohne(eigene);
+    const EigeneOrdner ohne(eigene);
     const QString wurzel = QDir::cleanPath(nfc(ziel));
     QList<Zweig> zweige;
     for (const QString &name : unterordner(wurzel)) {
