@@ -59,16 +59,12 @@ qint64 GelernteOrte::zaehlen(const QString &schluessel, const Ort &ort, qint64 a
 
 void GelernteOrte::setzeBaum(const QString &schluessel, const Ort &ort, qint64 anzahl)
 {
+    Transaktion t(m_db);
     m_db.schreiben(u"INSERT INTO gelernte_orte (schluessel, zweig, ablage, rubrik, baum) VALUES (?,?,?,?,?)\n"
                    "ON CONFLICT(schluessel, zweig, ablage, rubrik) DO UPDATE SET baum=excluded.baum"_s,
                    {schluessel, ort.zweig, ort.ablage, ort.rubrik, anzahl});
-}
-
-void GelernteOrte::baumVergessen()
-{
-    Transaktion t(m_db);
-    m_db.schreiben(u"UPDATE gelernte_orte SET baum=0 WHERE baum>0"_s);
-    leereStreichen();
+    if (anzahl == 0)
+        leereStreichen(schluessel);
     t.abschliessen();
 }
 
@@ -79,6 +75,14 @@ void GelernteOrte::leereStreichen()
     m_db.schreiben(u"DELETE FROM gelernte_worte WHERE ort_id IN\n"
                    "(SELECT id FROM gelernte_orte WHERE anzahl=0 AND baum=0)"_s);
     m_db.schreiben(u"DELETE FROM gelernte_orte WHERE anzahl=0 AND baum=0"_s);
+}
+
+void GelernteOrte::leereStreichen(const QString &schluessel)
+{
+    m_db.schreiben(u"DELETE FROM gelernte_worte WHERE ort_id IN\n"
+                   "(SELECT id FROM gelernte_orte WHERE schluessel=? AND anzahl=0 AND baum=0)"_s,
+                   {schluessel});
+    m_db.schreiben(u"DELETE FROM gelernte_orte WHERE schluessel=? AND anzahl=0 AND baum=0"_s, {schluessel});
 }
 
 void GelernteOrte::streichen(const QString &schluessel)

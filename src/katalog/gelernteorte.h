@@ -28,10 +28,8 @@ public:
     /** Adds to the counts, which never fall below 0; a place for which nothing speaks is removed. Returns its number.
      */
     qint64 zaehlen(const QString &schluessel, const Ort &ort, qint64 anzahl, qint64 korrekturen);
-    /** How many of the counterpart's documents lie there in the tree; 0 for none. */
+    /** How many of the counterpart's documents lie there in the tree; a place for which nothing speaks is removed. */
     void setzeBaum(const QString &schluessel, const Ort &ort, qint64 anzahl);
-    /** Nothing is known from the tree any more. */
-    void baumVergessen();
     [[nodiscard]] bool kenntBaum() const;
 
     void streichen(const QString &schluessel);
@@ -50,6 +48,7 @@ public:
 
 private:
     void leereStreichen();
+    void leereStreichen(const QString &schluessel);
 
     Datenbank &m_db;
 };

@@ -179,10 +179,12 @@ Lernschritt::Zuordnung Lernspeicher::zuordnungMerken(const QString &schluessel, 
     // What an earlier version has confirmed was never counted by itself.
     if (vorher && Ortswahl::istVollstaendig(vorher->ort) && orte.orte(schluessel).isEmpty())
         orte.zaehlen(schluessel, vorher->ort, vorher->anzahl, 0);
+    // What lies in the tree was not confirmed.
+    const bool zaehltWeiter = vorher && vorher->ort == a.ort && bestaetigungen(orte.orte(schluessel)) > 0;
     const Eintrag nachher{.schluessel = schluessel,
                           .anzeige = a.gegenueber,
                           .ort = a.ort,
-                          .anzahl = vorher && vorher->ort == a.ort ? vorher->anzahl + 1 : 1};
+                          .anzahl = zaehltWeiter ? vorher->anzahl + 1 : 1};
     gelerntes.setzeZuordnung(nachher);
     orte.zaehlen(schluessel, a.ort, 1, korrektur ? 1 : 0);
     worteZaehlen(schluessel, a.ort, dokument);
@@ -261,9 +263,12 @@ void Lernspeicher::zuordnungZuruecknehmen(const Lernschritt::Zuordnung &z)
     if (!warDasLetzte)
         return eintragErneuern(schluessel);
     if (!z.vorher)
-        return gelerntes.zuordnungStreichen(schluessel);
+        return eintragErneuern(schluessel); // the tree may have told of it since
     gelerntes.setzeZuordnung(*z.vorher);
-    if (orte.orte(schluessel).isEmpty() && Ortswahl::istVollstaendig(z.vorher->ort))
+    const QList<Ortszahl> uebrige = orte.orte(schluessel);
+    const bool zaehltNoch =
+        std::any_of(uebrige.begin(), uebrige.end(), [&](const auto &o) { return o.ort == z.vorher->ort; });
+    if (!zaehltNoch && Ortswahl::istVollstaendig(z.vorher->ort))
         eintragErneuern(schluessel);
 }
 
@@ -281,8 +286,8 @@ void Lernspeicher::eintragErneuern(const QString &schluessel)
     const Ortszahl &ort = eigener == orte.end() ? orte.first() : *eigener;
     Eintrag neuer = *eintrag;
     neuer.ort = ort.ort;
-    neuer.anzahl = std::max(ort.anzahl, ort.baum);
-    if (eigener != orte.end())
+    neuer.anzahl = ort.anzahl > 0 ? ort.anzahl : ort.baum;
+    if (eigener != orte.end() && ort.anzahl > 0)
         neuer.anzahl = std::min(neuer.anzahl, eintrag->anzahl);
     gelerntes.setzeZuordnung(neuer);
 }
