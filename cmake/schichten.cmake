@@ -15,7 +15,7 @@ set(zeilen
     "katalog: grundlage sprache profil/ort.h"
     "regeln: grundlage profil"
     "lernen: grundlage profil katalog regeln"
-    "ablage: grundlage sprache profil katalog lernen"
+    "ablage: grundlage sprache profil katalog regeln lernen"
     "analyse: grundlage sprache profil katalog regeln lernen ablage"
     "zustand: grundlage sprache profil katalog lernen ablage analyse"
     "desktop: grundlage sprache zustand/durchgang.h"

@@ -154,6 +154,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Auf die Breite passen. Bleibt beim Verschieben der Trennlinie erhalten.",
     u"Auffangordner",
     u"Aufruf: quillmar [--profil NAME]\n  Öffnet das Fenster.\n\nOhne Fenster:\n  quillmar --analyse [--erneut]       Bestand aufnehmen, lesen, einordnen; danach der Bericht\n  quillmar --bericht                  Bestand (ohne Ausgenommenes) und Güte aller Vorschläge\n  quillmar --gelernt [--anwenden]     gelernte Zuordnungen\n  quillmar --gegenueber [--anwenden]  eigene Namen als Gegenüber berichtigen\n  quillmar --rechnungen [--anwenden]  Ein- und Ausgangsrechnungen berichtigen\n  quillmar --selbsttest               eingebaute Prüfung, nur für kleine Probeprofile\n  Mit --profil NAME für ein anderes als das erste Profil.\n\n  quillmar --version, quillmar --help",
+    u"Aus der Ablage lässt sich nichts lernen: Mit dieser Namensvorlage sagen die Dateinamen nicht, von wem ein Dokument ist. Dazu braucht sie {gegenueber}, durch mehr als ein Leerzeichen vom übrigen Text getrennt.",
     u"Aus einem Stapel Scans wird eine geordnete Ablage",
     u"Ausgenommen",
     u"Ausnahmen",
