@@ -12,7 +12,8 @@ _quillmar()
         return
     fi
     case " ${COMP_WORDS[*]} " in
-        *' --gelernt '* | *' --gegenueber '* | *' --rechnungen '*) befehle='--anwenden' ;;
+        *' --gelernt '*) befehle='--anwenden --aus-ablage' ;;
+        *' --gegenueber '* | *' --rechnungen '*) befehle='--anwenden' ;;
         *' --analyse '*) befehle='--erneut' ;;
         *' --bericht '* | *' --selbsttest '*) befehle='' ;;
         *) befehle+=' --version --help' ;;

@@ -45,6 +45,11 @@ QString Ausgabe::sichtbar(const QString &text)
     return ergebnis;
 }
 
+QString Ausgabe::einzeilig(const QString &text)
+{
+    return sichtbar(QString(text).replace(u'\n', u'\u240A').replace(u'\t', u'\u2409'));
+}
+
 void Ausgabe::drucken(const QString &text) { schreiben(stdout, sichtbar(text) + u'\n'); }
 
 void Ausgabe::melden(const QString &text) { schreiben(stderr, sichtbar(text) + u'\n'); }

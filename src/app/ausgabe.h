@@ -12,6 +12,9 @@ namespace Ausgabe
 /** @p text with a mark in place of each character that would steer the terminal; line feeds and tabs stay. */
 [[nodiscard]] QString sichtbar(const QString &text);
 
+/** A name or path that must not look like several lines: also line feeds and tabs get their marks. */
+[[nodiscard]] QString einzeilig(const QString &text);
+
 /** One line (or block) to standard output, followed by a line feed. */
 void drucken(const QString &text);
 /** A notice beside the report, to standard error. */

@@ -24,6 +24,7 @@ QString hilfe()
         "  quillmar --analyse [--erneut]       Bestand aufnehmen, lesen, einordnen; danach der Bericht\n"
         "  quillmar --bericht                  Bestand (ohne Ausgenommenes) und Güte aller Vorschläge\n"
         "  quillmar --gelernt [--anwenden]     gelernte Zuordnungen\n"
+        "  quillmar --gelernt --aus-ablage     was deine Ablage lehrt; mit --anwenden übernehmen\n"
         "  quillmar --gegenueber [--anwenden]  eigene Namen als Gegenüber berichtigen\n"
         "  quillmar --rechnungen [--anwenden]  Ein- und Ausgangsrechnungen berichtigen\n"
         "  quillmar --selbsttest               eingebaute Prüfung, nur für kleine Probeprofile\n"

@@ -116,7 +116,8 @@ void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &
 {
     const bool anwenden = argumente.contains("--anwenden"_L1);
     if (argumente.contains("--gelernt"_L1))
-        return Kommandozeile::gelernt(*db, profil, anwenden);
+        return argumente.contains("--aus-ablage"_L1) ? Kommandozeile::ausAblage(*db, profil, anwenden)
+                                                     : Kommandozeile::gelernt(*db, profil, anwenden);
     if (argumente.contains("--gegenueber"_L1))
         return Kommandozeile::gegenueberBerichtigen(*db, profil, !anwenden);
     if (argumente.contains("--rechnungen"_L1))

@@ -36,6 +36,8 @@ void bestandDrucken(const Ablagewerk &werk);
 void bericht(Datenbank &db, const Ablagewerk &werk);
 /** Learned places, and with @p anwenden their application to the waiting documents. */
 void gelernt(Datenbank &db, const Profil &profil, bool anwenden);
+/** What the filing tree would teach; with @p anwenden it is learned. No waiting document is touched. Throws Fehler. */
+void ausAblage(Datenbank &db, const Profil &profil, bool anwenden);
 
 /** Runs the analysis to its end or to the second Ctrl+C; @p erneut first reopens what failed. */
 void analysieren(const std::shared_ptr<Datenbank> &db, const Profil &profil, bool erneut);

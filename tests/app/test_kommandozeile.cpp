@@ -61,6 +61,8 @@ private Q_SLOTS:
     void beschaedigterKatalog_data();
     void beschaedigterKatalog();
     void befehleUndIhreReihenfolge();
+    void ausDerAblage();
+    void ausDerAblageNichts();
     void berichtigungen();
     void inzwischenBearbeitet();
     void selbsttestLaesstAllesWieEsWar();
@@ -217,6 +219,73 @@ void TestKommandozeile::befehleUndIhreReihenfolge()
     QCOMPARE(programm.laufen({u"--rechnungen"_s, u"--gelernt"_s, u"--anwenden"_s}).ausgabe,
              u"Profil: P\nGelernte Zuordnungen, 1 Stück\n\n  3x  Stadtwerke Nord GmbH\n"
              "        -> Privat/Stammdaten\n\nAuf die Warteschlange angewendet: 2 Dokumente\n"_s);
+}
+
+void TestKommandozeile::ausDerAblage()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    Profil p = namens(u"P"_s);
+    p.zielWurzel = daten.filePath(u"ziel"_s);
+    p.eigeneNamen = {u"Anna Müller"_s};
+    p.zweige = {
+        {.name = u"Privat"_s, .ablagen = {{.name = u"Stammdaten"_s, .mitJahr = false, .rubriken = {u"Strom"_s}}}}};
+    programm.profileSchreiben({p});
+    const QString ordner = p.zielWurzel + u"/Privat/Stammdaten/Strom/"_s;
+    for (const QString &name :
+         {u"2024-01-31 Stadtwerke Nord - 1"_s, u"2024-02-31 Stadtwerke Nord - 2"_s, u"2024-01-31 Müller - x\ny"_s,
+          u"2024-01-31 Müller - z"_s, u"2024-01-31 Zahnarzt - x"_s, u"Scan"_s})
+        dateiSchreiben(ordner + name + u".pdf"_s, {});
+    dateiSchreiben(p.zielWurzel + u"/Alt/2024-01-31 Stadtwerke Nord - 3.pdf"_s, {});
+    {
+        Datenbank db(programm.katalog(p));
+        bereitesDokument(db, u"Stadtwerke Nord"_s, u""_s, u"Text"_s);
+    }
+    const QString liste = u"Profil: P\nPDF-Dateien in der Ablage: 7\n"
+                          "\nAus der Ablage zu lernen, 1 Gegenüber\n\n  2x  Stadtwerke Nord\n"
+                          "        -> Privat/Stammdaten/Strom, 2x\n"
+                          "        etwa Privat/Stammdaten/Strom/2024-01-31 Stadtwerke Nord - 1.pdf\n"
+                          "        etwa Privat/Stammdaten/Strom/2024-02-31 Stadtwerke Nord - 2.pdf\n"
+                          "\nNicht vorgeschlagen, 2 Gegenüber\n\n  2x  Müller (eigener Name)\n"
+                          "        -> Privat/Stammdaten/Strom, 2x\n"
+                          "        etwa Privat/Stammdaten/Strom/2024-01-31 Müller - x␊y.pdf\n"
+                          "        etwa Privat/Stammdaten/Strom/2024-01-31 Müller - z.pdf\n"
+                          "  1x  Zahnarzt (einzelnes Dokument)\n        -> Privat/Stammdaten/Strom, 1x\n"
+                          "        etwa Privat/Stammdaten/Strom/2024-01-31 Zahnarzt - x.pdf\n"
+                          "\nDer Name sagt kein Gegenüber: 1 Dateien\n        etwa Privat/Stammdaten/Strom/Scan.pdf\n"
+                          "\nDer Ort steht nicht in der Struktur: 1 Dateien\n"
+                          "        etwa Alt/2024-01-31 Stadtwerke Nord - 3.pdf\n\n"_s;
+    const QStringList vorher = auszug(programm.katalog(p));
+    QCOMPARE(programm.laufen({u"--gelernt"_s, u"--aus-ablage"_s}).ausgabe,
+             liste + u"Nur gezeigt. Mit --anwenden wird es übernommen.\n"_s);
+    QCOMPARE(auszug(programm.katalog(p)), vorher);
+    QCOMPARE(programm.laufen({u"--gelernt"_s, u"--aus-ablage"_s, u"--anwenden"_s}).ausgabe,
+             liste + u"Aus der Ablage gelernt: 1 Gegenüber\n"_s);
+    QCOMPARE(programm.laufen({u"--gelernt"_s}).ausgabe,
+             u"Profil: P\nGelernte Zuordnungen, 1 Stück\n\n  2x  Stadtwerke Nord\n"
+             "        -> Privat/Stammdaten/Strom\n"_s);
+    Datenbank db(programm.katalog(p));
+    QCOMPARE(db.abfragen(u"SELECT rubrik FROM dokumente"_s).first().text(u"rubrik"), u""_s); // it still waits as it was
+}
+
+void TestKommandozeile::ausDerAblageNichts()
+{
+    QTemporaryDir daten;
+    Programm programm(daten.path());
+    Profil p = namens(u"P"_s);
+    p.zweige = {{.name = u"Privat"_s, .ablagen = {}}};
+    programm.profileSchreiben({p});
+    const QStringList befehl = {u"--gelernt"_s, u"--aus-ablage"_s, u"--anwenden"_s};
+    auto ende = programm.laufen(befehl);
+    QCOMPARE(ende.ausgabe, u"Profil: P\n"_s);
+    QCOMPARE(ende.meldungen, u"Es ist noch kein Zielordner gewählt\n"_s);
+    p.zielWurzel = daten.path();
+    p.namensVorlage = u"{datum} {titel}"_s;
+    programm.profileSchreiben({p});
+    QVERIFY(programm.laufen(befehl).meldungen.startsWith(u"Aus der Ablage lässt sich nichts lernen"_s));
+    p.namensVorlage = Profil().namensVorlage;
+    programm.profileSchreiben({p});
+    QCOMPARE(programm.laufen(befehl).ausgabe, u"Profil: P\nPDF-Dateien in der Ablage: 0\n\nNichts zu lernen.\n"_s);
 }
 
 void TestKommandozeile::berichtigungen()
