@@ -130,4 +130,16 @@ QStringList Modellantworten::abgelegteGegenueber() const
                   {}, [&](const Zeile &z) { namen << z.text(u"gegenueber"); });
     return namen;
 }
+QMap<QString, Ort> Modellantworten::abgelegteOrte() const
+{
+    QMap<QString, Ort> orte;
+    m_db.besuchen(u"SELECT gegenueber, zweig, ablage, rubrik FROM dokumente\n"
+                  "WHERE ausgenommen=0 AND status='erledigt' AND gegenueber <> ''\n"
+                  "GROUP BY gegenueber, zweig, ablage, rubrik ORDER BY gegenueber, COUNT(*) DESC"_s,
+                  {}, [&](const Zeile &z) {
+                      if (const QString name = z.text(u"gegenueber"); !orte.contains(name))
+                          orte.insert(name, ortAus(z, {}));
+                  });
+    return orte;
+}
 } // namespace quillmar::katalog

@@ -4,6 +4,7 @@
 #include "namensraeume.h"
 
 #include <QList>
+#include <QMap>
 #include <QStringList>
 #include <optional>
 
@@ -76,6 +77,8 @@ public:
     [[nodiscard]] QStringList abgelegteTexte(const QStringList &namen, const Ort &ort, int hoechstens) const;
     /** All spellings of counterparts of filed documents. */
     [[nodiscard]] QStringList abgelegteGegenueber() const;
+    /** The same with the place where most of each lie, by name. */
+    [[nodiscard]] QMap<QString, Ort> abgelegteOrte() const;
 
 private:
     Datenbank &m_db;

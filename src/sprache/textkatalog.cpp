@@ -166,6 +166,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Beim Zeichnen dieser Seite ist die Vorschau abgestürzt.",
     u"Beim Öffnen abgestürzt",
     u"Beispiel",
+    u"Bekannte Gegenüber",
     u"Belegt etwa %@ Prozent dessen, was das Modell fasst.",
     u"Belegt etwa %@ Prozent dessen, was das Modell fasst. Das ist knapp.",
     u"Benennt um und verschiebt an den Zielort. Taste: Eingabe",

@@ -37,6 +37,11 @@ public:
     /** Puts the changes over freshly read @p angaben. */
     void anwenden(Angaben &angaben) const;
     [[nodiscard]] bool leer() const { return m_werte.isEmpty(); }
+    /** Some level of the place was set. */
+    [[nodiscard]] bool hatOrt() const
+    {
+        return m_werte.contains(Feld::Zweig) || m_werte.contains(Feld::Ablage) || m_werte.contains(Feld::Rubrik);
+    }
 
     /** As it is kept in the catalogue: an object of the fields by their names. */
     [[nodiscard]] QByteArray json() const;

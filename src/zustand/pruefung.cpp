@@ -16,9 +16,13 @@ using namespace Qt::StringLiterals;
 namespace quillmar::zustand
 {
 Pruefung::Pruefung(Profilwahl *profilwahl, Meldestelle *meldestelle)
-    : m_profilwahl(profilwahl), m_meldestelle(meldestelle), m_blickfrage(this)
+    : m_profilwahl(profilwahl), m_meldestelle(meldestelle), m_blickfrage(this), m_bekanntenfrage(this)
 {
     connect(m_profilwahl, &Profilwahl::gewechselt, this, &Pruefung::blickVerwerfen);
+    connect(m_profilwahl, &Profilwahl::gewechselt, this, [this] {
+        m_bekanntenfrage.verwerfen();
+        m_bekannte.clear();
+    });
     connect(m_profilwahl, &Profilwahl::eingetreten, this, &Pruefung::eintreten);
     connect(m_profilwahl, &Profilwahl::einstellungenGeaendert, this, [this] {
         if (m_stueck)
@@ -74,6 +78,36 @@ void Pruefung::altenOrtBehalten()
         m_entwuerfe.aendern(dokument.id).setzeOrt(dokument.angaben, *ort, profil->jahrIn(dokument.altOrdner));
         Q_EMIT angabenGeaendert();
     }
+}
+
+void Pruefung::bekannteLesen()
+{
+    if (!m_profilwahl->kannHandeln() || m_bekanntenfrage.laeuft())
+        return;
+    m_bekanntenfrage.stellen([db = m_profilwahl->offenes()->db()] { return bekannteGegenueber(*db); },
+                             [this](const Ausgang<QList<Bekannter>> &ausgang) {
+                                 if (!ausgang.wert || *ausgang.wert == m_bekannte)
+                                     return;
+                                 m_bekannte = *ausgang.wert;
+                                 Q_EMIT bekannteGelesen();
+                             });
+}
+
+void Pruefung::bekanntenWaehlen(const Bekannter &bekannter)
+{
+    const Profil *profil = m_profilwahl->aktiv();
+    if (!m_stueck || !profil || angabenFest())
+        return;
+    Angaben &angaben = m_stueck->dokument.angaben;
+    const Entwurf *entwurf = m_entwuerfe.suchen(m_stueck->dokument.id);
+    const bool selbstGesetzt = entwurf && entwurf->hatOrt() && m_mitgebracht != angaben.ort;
+    Entwurf &neuer = m_entwuerfe.aendern(m_stueck->dokument.id);
+    neuer.setzen(angaben, Feld::Gegenueber, bekannter.name, *profil);
+    if (!selbstGesetzt && profil->kennt(bekannter.ort)) {
+        neuer.setzeOrt(angaben, bekannter.ort, {});
+        m_mitgebracht = bekannter.ort;
+    }
+    Q_EMIT angabenGeaendert();
 }
 
 QString Pruefung::neuerName() const
@@ -143,6 +177,7 @@ void Pruefung::setzeStueck(std::optional<Pruefstueck> stueck)
     if (dasselbe)
         return Q_EMIT angabenGeaendert();
     m_partnerZeigen = false;
+    m_mitgebracht.reset();
     Q_EMIT aktuellesGeaendert();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "anfrage.h"
+#include "bekannte.h"
 #include "blick.h"
 #include "entwuerfe.h"
 #include "namensraeume.h"
@@ -35,6 +36,11 @@ public:
     [[nodiscard]] const QStringList &voraus() const { return m_blick.voraus; }
     void setzeFeld(Feld feld, const QString &wert);
     void altenOrtBehalten();
+    /** Counterparts that are known, for the field to complete; brought up to date by bekannteLesen(). */
+    [[nodiscard]] const QList<Bekannter> &bekannte() const { return m_bekannte; }
+    void bekannteLesen();
+    /** A known counterpart was chosen: its usual place comes along where the reviewer has not set one himself. */
+    void bekanntenWaehlen(const Bekannter &bekannter);
     /** Why the date cannot be filed, for the user; empty for a day and for none. */
     /** New file name and the levels of the target folder below the target root, from the fields as they stand. */
     [[nodiscard]] QString neuerName() const;
@@ -73,6 +79,7 @@ Q_SIGNALS:
     void partnerZeigenGeaendert();
     void vorausGeaendert();
     void ruecknehmbarGeaendert();
+    void bekannteGelesen();
 
 private:
     void eintreten(const Oeffnung &gefunden);
@@ -84,7 +91,10 @@ private:
     Blick m_blick;
     std::optional<Pruefstueck> m_stueck; ///< m_blick's document with the reviewer's changes
     Entwuerfe m_entwuerfe;
+    QList<Bekannter> m_bekannte;
+    std::optional<Ort> m_mitgebracht; ///< the place that came along with a chosen counterpart
     Anfrage m_blickfrage;
+    Anfrage m_bekanntenfrage;
     Arbeit m_arbeit = Arbeit::Keine;
     bool m_partnerZeigen = false;
     bool m_ungesehen = false;

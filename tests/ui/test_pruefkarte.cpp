@@ -3,6 +3,7 @@
 #include "durchgang.h"
 #include "einrichtung.h"
 #include "fensterprobe.h"
+#include "liste.h"
 #include "pdf.h"
 #include "profilwahl.h"
 #include "pruefansicht.h"
@@ -304,6 +305,53 @@ private Q_SLOTS:
         m_z->pruefung()->aktualisieren();
         QTRY_COMPARE(name(), u"b.pdf"_s);
         QTRY_VERIFY(!rubrik->view()->isVisible());
+    }
+
+    // Keys go where a user's keys go: while the list is open Return takes a row of it and files nothing.
+    void bekanntesGegenueber()
+    {
+        const qint64 id = dokument(u"a.pdf"_s);
+        dokument(u"b.pdf"_s);
+        m_b->sql(u"INSERT INTO gelernt VALUES ('stadtwerke meissen','Stadtwerke Meißen','Haushalt','Jahresablage',\n"
+                 "'Wasser',3,''), ('meister bau','Meister Bau','Verein','Jahresablage','Spenden',1,'')"_s);
+        oeffnen();
+        const auto angaben = [&] { return m_z->pruefung()->aktuelles()->angaben; };
+        const Ort vorher = angaben().ort;
+        mitTabZu("gegenueber");
+        QTRY_COMPARE(m_z->pruefung()->bekannte().size(), 2);
+        tippen("gegenueber", u"Meis"_s);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        const auto *liste = qobject_cast<Liste *>(QApplication::activePopupWidget());
+        QVERIFY(liste);
+        QCOMPARE(liste->model()->rowCount(), 2);
+        QCOMPARE(liste->model()->index(0, 0).data(ZweiteZeile).toString(), u"Haushalt/Jahresablage/Wasser"_s);
+        // Passing over a row writes nothing into the field.
+        plattformtaste(Qt::Key_Down);
+        QCOMPARE(teil<QLineEdit>("gegenueber")->text(), u"Meis"_s);
+        plattformtaste(Qt::Key_Escape);
+        QTRY_VERIFY(!QApplication::activePopupWidget());
+        QCOMPARE(angaben().gegenueber, u"Meis"_s);
+        QVERIFY(angaben().ort == vorher);
+        tippen("gegenueber", u"stadtwerke mei"_s);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        plattformtaste(Qt::Key_Down);
+        plattformtaste(Qt::Key_Return);
+        QTRY_COMPARE(angaben().gegenueber, u"Stadtwerke Meißen"_s);
+        QCOMPARE(angaben().ort.rubrik, u"Wasser"_s);
+        QVERIFY(m_b->lesen(id).status == Status::Bereit);
+        // Another one brings its own place along, but not in the stead of what the reviewer has chosen.
+        tippen("gegenueber", u"meister"_s);
+        plattformtaste(Qt::Key_Down);
+        plattformtaste(Qt::Key_Return);
+        QTRY_COMPARE(angaben().ort.rubrik, u"Spenden"_s);
+        m_z->pruefung()->setzeFeld(Feld::Zweig, u"Haushalt"_s);
+        tippen("gegenueber", u"stadtwerke mei"_s);
+        plattformtaste(Qt::Key_Down);
+        plattformtaste(Qt::Key_Return);
+        QTRY_COMPARE(angaben().gegenueber, u"Stadtwerke Meißen"_s);
+        QCOMPARE(angaben().ort.zweig, u"Haushalt"_s);
+        QCOMPARE(angaben().ort.rubrik, QString());
+        QVERIFY(m_b->lesen(id).status == Status::Bereit);
     }
 
     /** What is typed belongs to the document that was seen, or to none. */

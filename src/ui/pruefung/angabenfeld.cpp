@@ -2,6 +2,7 @@
 
 #include "auswahl.h"
 #include "bau.h"
+#include "bekanntenliste.h"
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sprache.h"
@@ -76,6 +77,7 @@ Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *el
         m_eingaben << eingabeBauen(Feld(n), eltern);
     Eingabe &datum = m_eingaben[int(Feld::Datum)];
     datum.text->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
+    m_bekannte = new Bekanntenliste(pruefung, m_eingaben.at(int(Feld::Gegenueber)).text);
     datum.teil = traeger(reihe({datum.text, {m_tag, 1}}), eltern);
     Stil::folgen(m_kopf.erklaerung, [this] {
         m_kopf.erklaerung->setFixedHeight(2 * QFontMetrics(Stil::schrift(Schrift::Neben)).lineSpacing());
@@ -85,6 +87,7 @@ Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *el
     connect(m_pruefung, &Pruefung::angabenFestGeaendert, this, &Angabenfeld::festhalten);
     connect(m_pruefung, &Pruefung::aktuellesGeaendert, this, [this] {
         // An open list belongs to the document before.
+        m_bekannte->schliessen();
         for (const Eingabe &eingabe : std::as_const(m_eingaben))
             if (eingabe.wahl)
                 eingabe.wahl->hidePopup();
@@ -222,6 +225,8 @@ bool Angabenfeld::eventFilter(QObject *objekt, QEvent *ereignis)
         ereignis->accept();
         return true;
     }
+    if (ereignis->type() == QEvent::FocusIn && objekt == m_eingaben.at(int(Feld::Gegenueber)).text)
+        m_pruefung->bekannteLesen();
     if (ereignis->type() == QEvent::FocusIn || ereignis->type() == QEvent::FocusOut) {
         // After the event: only then the focus is where it belongs.
         QMetaObject::invokeMethod(

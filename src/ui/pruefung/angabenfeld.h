@@ -8,6 +8,8 @@
 
 namespace quillmar::pruefung
 {
+class Bekanntenliste;
+
 /** The fields of the proposal. What is typed goes to the state object at every keystroke. */
 class Angabenfeld : public QObject
 {
@@ -50,6 +52,7 @@ private:
     Profilwahl *m_profilwahl;
     Pruefung *m_pruefung;
     Abschnittskopf m_kopf;
+    Bekanntenliste *m_bekannte = nullptr;
     Textschild *m_tag;         ///< weekday of the date, or what is wrong with it
     QList<Eingabe> m_eingaben; ///< by Feld
 };

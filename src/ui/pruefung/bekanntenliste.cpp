@@ -1,0 +1,67 @@
+#include "bekanntenliste.h"
+
+#include "liste.h"
+#include "pruefung.h"
+#include "sprache.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::pruefung
+{
+namespace
+{
+constexpr qsizetype hoechstens = 8;
+constexpr qsizetype wenigsteZeichen = 2;
+} // namespace
+
+Bekanntenliste::Bekanntenliste(Pruefung *pruefung, QLineEdit *feld)
+    : QObject(feld), m_pruefung(pruefung), m_feld(feld), m_zeilen(new Listenmodell(this)), m_liste(new QCompleter(this))
+{
+    auto *zeilen = new Liste(u"bekannte"_s, Sprache::text(u"Bekannte Gegenüber"_s));
+    zeilen->setFrameShape(QFrame::StyledPanel);
+    zeilen->viewport()->setAutoFillBackground(true);
+    m_liste->setModel(m_zeilen);
+    m_liste->setPopup(zeilen);
+    m_liste->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+    m_liste->setMaxVisibleItems(int(hoechstens));
+    // Not the field's own completer: that one would write into it whatever row is passed over.
+    m_liste->setWidget(feld);
+    connect(feld, &QLineEdit::textEdited, this, &Bekanntenliste::anbieten);
+    connect(m_liste, qOverload<const QModelIndex &>(&QCompleter::activated), this, &Bekanntenliste::waehlen);
+    connect(pruefung, &Pruefung::bekannteGelesen, this, [this] {
+        if (m_feld->hasFocus() && m_feld->isModified())
+            anbieten();
+    });
+}
+
+void Bekanntenliste::schliessen() { m_liste->popup()->hide(); }
+
+void Bekanntenliste::anbieten()
+{
+    const QString getippt = m_feld->text().trimmed();
+    m_angebotene =
+        getippt.size() < wenigsteZeichen ? QList<Bekannter>() : passende(m_pruefung->bekannte(), getippt, hoechstens);
+    m_angebotene.removeIf([&](const Bekannter &b) { return b.name == getippt; });
+    QList<Listenzeile> zeilen;
+    for (const Bekannter &b : std::as_const(m_angebotene))
+        zeilen << Listenzeile{.kennung = b.name, .erste = b.name, .zweite = b.ziel()};
+    m_liste->popup()->setCurrentIndex({}); // of the rows that were offered before
+    m_zeilen->setzen(zeilen);
+    if (zeilen.isEmpty())
+        return schliessen();
+    m_liste->complete();
+}
+
+void Bekanntenliste::waehlen(const QModelIndex &zeile)
+{
+    const QString name = zeile.data(Kennung).toString();
+    for (const Bekannter &b : std::as_const(m_angebotene)) {
+        if (b.name == name)
+            return m_pruefung->bekanntenWaehlen(b);
+    }
+}
+} // namespace quillmar::pruefung
