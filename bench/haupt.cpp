@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr std::array<Reihe, 15> reihen = {{
+constexpr std::array<Reihe, 16> reihen = {{
     {"lesen", Reihen::lesen},
     {"erkennung", Reihen::erkennung},
     {"pruefsummen", Reihen::pruefsummen},
@@ -22,6 +22,7 @@ constexpr std::array<Reihe, 15> reihen = {{
     {"datentraeger", Reihen::datentraeger},
     {"rueckbau", Reihen::rueckbau},
     {"protokolle", Reihen::protokolle},
+    {"ablagelesung", Reihen::ablagelesung},
 }};
 } // namespace
 

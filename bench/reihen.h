@@ -18,4 +18,5 @@ void uebernehmen();
 void datentraeger();
 void rueckbau();
 void protokolle();
+void ablagelesung();
 } // namespace Reihen

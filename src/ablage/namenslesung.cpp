@@ -56,10 +56,7 @@ bool hatForm(QStringView text, QStringView form)
 class Vergleich
 {
 public:
-    Vergleich(const Glieder &glieder, QStringView text)
-        : m_glieder(glieder), m_text(text), m_gescheitert(glieder.size() * (text.size() + 1), false)
-    {
-    }
+    Vergleich(const Glieder &glieder, QStringView text) : m_glieder(glieder), m_text(text) {}
     [[nodiscard]] bool passt() { return passtAb(0, 0); }
     [[nodiscard]] const Namenslesung::Stuecke &stuecke() const { return m_stuecke; }
 
@@ -68,9 +65,15 @@ private:
     {
         if (glied == m_glieder.size())
             return stelle == m_text.size();
-        bool &gescheitert = m_gescheitert[glied * (m_text.size() + 1) + stelle]; // keeps many blanks from many ways
-        gescheitert = gescheitert || !gliedPasst(glied, stelle);
-        return !gescheitert;
+        const qsizetype versuch = glied * (m_text.size() + 1) + stelle;
+        if (!m_gescheitert.isEmpty() && m_gescheitert.at(versuch))
+            return false;
+        if (gliedPasst(glied, stelle))
+            return true;
+        if (m_gescheitert.isEmpty())
+            m_gescheitert.resize(m_glieder.size() * (m_text.size() + 1), false);
+        m_gescheitert[versuch] = true;
+        return false;
     }
 
     bool gliedPasst(qsizetype glied, qsizetype stelle)
@@ -92,7 +95,7 @@ private:
         const Baustein baustein = *m_glieder.at(glied).baustein;
         const bool letztes = glied + 1 == m_glieder.size();
         const bool gierig = letztes || istGierig(baustein);
-        const QString trenner = letztes ? QString() : m_glieder.at(glied + 1).text;
+        const QStringView trenner = letztes ? QStringView() : QStringView(m_glieder.at(glied + 1).text);
         qsizetype ende = gierig ? letzter(trenner, m_text.size()) : m_text.indexOf(trenner, stelle + 1);
         while (ende > stelle) {
             merken(baustein, m_text.sliced(stelle, ende - stelle));
@@ -104,7 +107,7 @@ private:
     }
 
     /** Where @p trenner stands last, at @p hoechstens or before. Qt 6.4 looks behind the end of a view otherwise. */
-    [[nodiscard]] qsizetype letzter(const QString &trenner, qsizetype hoechstens) const
+    [[nodiscard]] qsizetype letzter(QStringView trenner, qsizetype hoechstens) const
     {
         const qsizetype ab = std::min(hoechstens, m_text.size() - trenner.size());
         return trenner.isEmpty() || ab < 0 ? ab : m_text.lastIndexOf(trenner, ab);
@@ -115,7 +118,8 @@ private:
     const Glieder &m_glieder;
     QStringView m_text;
     Namenslesung::Stuecke m_stuecke;
-    QVarLengthArray<bool, 1024> m_gescheitert;
+    QVarLengthArray<bool, 1024>
+        m_gescheitert; // keeps many blanks from being tried in many ways; empty before the first
 };
 
 std::optional<Namenslesung::Stuecke> stueckeIn(QStringView text, const Glieder &glieder)
