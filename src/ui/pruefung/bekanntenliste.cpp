@@ -25,7 +25,9 @@ Bekanntenliste::Bekanntenliste(Pruefung *pruefung, QLineEdit *feld)
     zeilen->setFrameShape(QFrame::StyledPanel);
     zeilen->viewport()->setAutoFillBackground(true);
     m_liste->setModel(m_zeilen);
+    auto *maler = zeilen->itemDelegate();
     m_liste->setPopup(zeilen);
+    zeilen->setItemDelegate(maler); // the completer has put its own in its place
     m_liste->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     m_liste->setMaxVisibleItems(int(hoechstens));
     // Not the field's own completer: that one would write into it whatever row is passed over.
