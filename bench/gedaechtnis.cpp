@@ -387,10 +387,36 @@ double urteilsdauer()
     std::sort(zeiten.begin(), zeiten.end());
     return zeiten.at(5) * 1000;
 }
+/** One document whose counterpart is nobody's key, among 100,000 that are; and what reading them all would take. */
+Messung::Paar suchdauer()
+{
+    const QTemporaryDir ordner;
+    const auto db = Probe::katalog(ordner.filePath(u"k.db"_s));
+    const Profil profil = ablage();
+    Stapel stapel(*db);
+    for (int i = 0; i < 100'000; ++i) {
+        stapel.naechstes();
+        Gelerntes(*db).setzeZuordnung({.schluessel = u"werk %1 nord"_s.arg(i),
+                                       .anzeige = u"Werk %1 Nord"_s.arg(i),
+                                       .ort = {u"Privat"_s, u"Verträge"_s, u"Bank"_s},
+                                       .anzahl = i % 7});
+    }
+    stapel.abschliessen();
+    const Modellantwort antwort{.gegenueber = u"Werk 4711 Nord und Bau"_s, .ort = {}, .ortQuelle = u"modell"_s};
+    const auto unser = [&] {
+        return Messung::dauer([&] {
+            if (!Urteiler(*db, profil).urteilen(antwort, Urteiler::Anlass::Einordnen, {}).ortGelernt)
+                throw std::runtime_error("the entry was not found");
+        });
+    };
+    return Messung::paarweise(5, unser,
+                              [&] { return Messung::dauer([&] { Q_UNUSED(Gelerntes(*db).zuordnungen()); }); });
+}
 } // namespace
 
 void Reihen::gedaechtnis()
 {
+    Messung::drucken("judging one among 100,000 counterparts", suchdauer(), 1);
     Messung::drucken("judging one among 5,000 of its counterpart", urteilsdauer(), "ms", 20);
     std::printf("%-72s %7s %7s %7s %7s\n", "needed no correction of the place, of 2,000", "200", "all", "one",
                 "several");

@@ -37,6 +37,16 @@ std::optional<Eintrag> Gelerntes::zuordnung(const QString &schluessel) const
     return m_db.eine(u"SELECT * FROM gelernt WHERE schluessel=?"_s, {schluessel}, eintragAus);
 }
 
+QList<Eintrag> Gelerntes::verwandte(const QString &schluessel) const
+{
+    QList<Eintrag> liste;
+    for (const Zeile &z : m_db.lesen(u"SELECT * FROM gelernt WHERE instr(schluessel,?)>0 OR instr(?,schluessel)>0\n"
+                                     "ORDER BY anzahl DESC, anzeige"_s,
+                                     {schluessel, schluessel}))
+        liste << eintragAus(z);
+    return liste;
+}
+
 void Gelerntes::setzeZuordnung(const Eintrag &e)
 {
     m_db.schreiben(u"INSERT INTO gelernt (schluessel, anzeige, zweig, ablage, rubrik, anzahl, zeit)\n"

@@ -11,6 +11,7 @@ namespace quillmar::lernen
 {
 namespace
 {
+constexpr int hoechstensGesucht = 20;         // names
 constexpr qsizetype hoechstensEinzeln = 2000; // words
 constexpr double mindestensGelernt = 0.85;    // confidence of a place that the user has taught
 } // namespace
@@ -29,12 +30,25 @@ std::optional<Eintrag> Urteiler::eintrag(const QString &schluessel)
     if (m_regeln.genaueZuerst)
         gefunden = Gelerntes(m_db).zuordnung(schluessel);
     if (!gefunden) {
-        if (!m_alle)
-            m_alle = Gelerntes(m_db).zuordnungen();
-        if (const Eintrag *passender = Lernregeln::passender(*m_alle, schluessel, m_regeln.genaueZuerst))
+        const QList<Eintrag> &verwandte = moegliche(schluessel);
+        if (const Eintrag *passender = Lernregeln::passender(verwandte, schluessel, m_regeln.genaueZuerst))
             gefunden = *passender;
     }
     return *m_eintraege.insert(schluessel, gefunden);
+}
+
+/** Those that may fit. One by one the catalogue finds them sooner than it could tell all; for many names all are read.
+ */
+const QList<Eintrag> &Urteiler::moegliche(const QString &schluessel)
+{
+    if (m_gesucht < hoechstensGesucht) {
+        m_verwandte = Gelerntes(m_db).verwandte(schluessel);
+        ++m_gesucht;
+        return m_verwandte;
+    }
+    if (!m_alle)
+        m_alle = Gelerntes(m_db).zuordnungen();
+    return *m_alle;
 }
 
 const QList<Ortszahl> &Urteiler::orte(const Eintrag &eintrag)

@@ -63,7 +63,10 @@ private:
     Datenbank &m_db;
     const Profil &m_profil;
     Regelwahl m_regeln;
+    [[nodiscard]] const QList<Eintrag> &moegliche(const QString &schluessel);
     std::optional<QList<Eintrag>> m_alle;
+    QList<Eintrag> m_verwandte; ///< of the name looked for last
+    int m_gesucht = 0;
     QHash<QString, std::optional<Eintrag>> m_eintraege;
     QHash<QString, QList<Ortszahl>> m_orte;
 
