@@ -4,8 +4,11 @@
 #include "dateien.h"
 #include "dokumente.h"
 #include "lernspeicher.h"
+#include "modellantworten.h"
 #include "taten.h"
 #include "transaktion.h"
+
+using namespace Qt::StringLiterals;
 
 namespace quillmar::ablage
 {
@@ -43,6 +46,9 @@ void ruecknahme(Datenbank &db, const Absicht &a)
         return;
     Bewegungen(db).alsZurueckVermerken(a.protokollId);
     Dokumente(db).ortSchreiben(a.zeile.dokument, a.status, a.zeile.von);
+    // Also one that an earlier version has filed: the values are the reviewer's own.
+    if (a.zeile.aktion == u"einsortiert"_s)
+        Modellantworten(db).zurueckgekehrt(a.zeile.dokument);
 }
 } // namespace
 

@@ -99,6 +99,8 @@ void speichern(const Werkbank &bank, const Vorlage &vorlage, Vorschlag v, const 
 {
     // One transaction, so that nothing is taught between the looking up and the storing.
     Transaktion transaktion(bank.lauf.db());
+    if (!Vorschlaege(bank.lauf.db()).einzuordnendes(vorlage.dokument.id))
+        return;
     wissenAnwenden(bank, vorlage, v);
     const Angaben &angaben = v.ergebnis.angaben;
     const Dokument &dokument = vorlage.dokument;

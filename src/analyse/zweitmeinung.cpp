@@ -55,6 +55,8 @@ bool speichern(const Werkbank &bank, const Vorlage &vorlage, Einordnungsergebnis
     Datenbank &db = bank.lauf.db();
     // One transaction, so that nothing is taught between the looking up and the storing.
     Transaktion transaktion(db);
+    if (!Vorschlaege(db).strittiges(vorlage.dokument.id))
+        return false;
     if (bank.gegenpruefung.istEigen(ergebnis.angaben.gegenueber))
         ergebnis.angaben.gegenueber = vorlage.dokument.angaben.gegenueber;
     const auto gelernt =

@@ -90,6 +90,7 @@ void Gelerntes::leeren()
     Transaktion t(m_db);
     m_db.schreiben(u"DELETE FROM gelernt"_s);
     m_db.schreiben(u"DELETE FROM namen"_s);
+    m_db.schreiben(u"DELETE FROM lernschritte"_s); // an undo brings nothing of it back
     t.abschliessen();
 }
 

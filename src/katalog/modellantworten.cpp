@@ -39,14 +39,18 @@ Modellantworten::Wartendes wartendesAus(const Zeile &z)
             .textHash = z.text(u"text_hash"),
             .modellOrt = ortAus(z, u"modell_"_s),
             .antwort = antwortAus(z),
-            .entwurf = z.text(u"felder")};
+            .entwurf = z.text(u"felder"),
+            .stimmwort = z.text(u"stimmwort")};
 }
 } // namespace
 
 void Modellantworten::speichern(qint64 dokument, const Modellantwort &a)
 {
-    m_db.schreiben(u"INSERT OR REPLACE INTO modellantworten (dokument_id, gegenueber, zweig, ablage, rubrik,\n"
-                   "konfidenz, ort_quelle, sicher, worte) VALUES (?,?,?,?,?,?,?,?,?)"_s,
+    m_db.schreiben(u"INSERT INTO modellantworten (dokument_id, gegenueber, zweig, ablage, rubrik,\n"
+                   "konfidenz, ort_quelle, sicher, worte) VALUES (?,?,?,?,?,?,?,?,?)\n"
+                   "ON CONFLICT(dokument_id) DO UPDATE SET gegenueber=excluded.gegenueber, zweig=excluded.zweig,\n"
+                   "  ablage=excluded.ablage, rubrik=excluded.rubrik, konfidenz=excluded.konfidenz,\n"
+                   "  ort_quelle=excluded.ort_quelle, sicher=excluded.sicher, worte=excluded.worte"_s,
                    {dokument, a.gegenueber, a.ort.zweig, a.ort.ablage, a.ort.rubrik, a.konfidenz, a.ortQuelle, a.sicher,
                     a.worte.join(u'\n')});
 }
@@ -61,6 +65,18 @@ void Modellantworten::vonHand(qint64 dokument)
     m_db.schreiben(u"INSERT INTO modellantworten (dokument_id, von_hand) VALUES (?,1)\n"
                    "ON CONFLICT(dokument_id) DO UPDATE SET von_hand=1, worte=NULL"_s,
                    {dokument});
+}
+
+void Modellantworten::zurueckgekehrt(qint64 dokument)
+{
+    Transaktion t(m_db);
+    vonHand(dokument);
+    m_db.schreiben(u"UPDATE dokumente SET (konfidenz, ort_quelle, gelernt_von) =\n"
+                   "(SELECT konfidenz, ort_quelle, '' FROM modellantworten WHERE dokument_id=?)\n"
+                   "WHERE id=? AND ort_quelle='gelernt'\n"
+                   "AND EXISTS (SELECT 1 FROM modellantworten WHERE dokument_id=? AND ort_quelle IS NOT NULL)"_s,
+                   {dokument, dokument, dokument});
+    t.abschliessen();
 }
 
 void Modellantworten::streichen(qint64 dokument)
@@ -81,6 +97,7 @@ QList<Modellantworten::Wartendes> Modellantworten::wartendeVon(const QString &ge
         "d.text_hash, d.modell_zweig, d.modell_ablage, d.modell_rubrik, m.dokument_id IS NOT NULL AS beantwortet,\n"
         "m.gegenueber AS m_gegenueber, m.zweig AS m_zweig, m.ablage AS m_ablage, m.rubrik AS m_rubrik,\n"
         "m.konfidenz AS m_konfidenz, m.ort_quelle AS m_ort_quelle, m.sicher AS m_sicher, m.worte AS m_worte,\n"
+        "m.stimmwort,\n"
         "e.felder FROM dokumente d LEFT JOIN modellantworten m ON m.dokument_id=d.id\n"
         "LEFT JOIN entwuerfe e ON e.dokument_id=d.id\n"
         "WHERE d.status='bereit' AND d.ausgenommen=0 AND d.gegenueber=? AND coalesce(m.von_hand,0)=0"_s,

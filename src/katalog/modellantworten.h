@@ -36,6 +36,8 @@ public:
     void setzeGegenueber(qint64 dokument, const QString &gegenueber);
     /** The reviewer has decided: nothing learned changes it any more, also when it waits again. */
     void vonHand(qint64 dokument);
+    /** An accept was taken back: the values are the reviewer's own from now on, and nothing of them is learned. */
+    void zurueckgekehrt(qint64 dokument);
     void streichen(qint64 dokument);
     /** From now on what is learned goes before the document's own place, however certain. */
     void oeffnen(qint64 dokument);
@@ -52,6 +54,7 @@ public:
         Ort modellOrt;                        ///< the columns of the first model's answer
         std::optional<Modellantwort> antwort; ///< none for what an earlier version has classified
         QString entwurf;                      ///< what the reviewer has typed
+        QString stimmwort;                    ///< by which the texts have decided
     };
     [[nodiscard]] QList<Wartendes> wartendeVon(const QString &gegenueber) const;
 

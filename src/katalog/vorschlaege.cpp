@@ -15,7 +15,10 @@ const QString mitText = u"SELECT d.*, t.text FROM dokumente d LEFT JOIN texte t 
 
 const QString nochZuFragen = u"d.status='bereit' AND (d.zweitmeinung IS NULL OR d.zweitmeinung=0)\n"
                              "AND (d.ort_quelle='umsortierung' OR d.konfidenz < 0.75)\n"
-                             "AND (d.ort_quelle IS NULL OR d.ort_quelle<>'gelernt') AND d.ausgenommen=0"_s;
+                             "AND (d.ort_quelle IS NULL OR d.ort_quelle<>'gelernt') AND d.ausgenommen=0\n"
+                             // What the reviewer has decided stays, also when it came back.
+                             "AND NOT EXISTS (SELECT 1 FROM modellantworten m\n"
+                             "WHERE m.dokument_id=d.id AND m.von_hand=1)"_s;
 
 Vorschlaege::Vorlage vorlageAus(const Zeile &z) { return {.dokument = Dokument::aus(z), .text = z.text(u"text")}; }
 } // namespace

@@ -28,9 +28,15 @@ void Vorschlaege::setzeGegenueber(qint64 id, const QString &gegenueber, const st
 
 void Vorschlaege::rubrikBerichtigen(qint64 id, const QString &alt, const QString &neu, double konfidenz)
 {
-    m_db.schreiben(u"UPDATE dokumente SET rubrik=?, konfidenz=? WHERE id=? AND rubrik=? AND ausgenommen=0\n"
-                   "AND status IN ('bereit','zurueckgestellt')"_s,
-                   {neu, konfidenz, id, alt});
+    Transaktion t(m_db);
+    const int berichtigt =
+        m_db.schreiben(u"UPDATE dokumente SET rubrik=?, konfidenz=? WHERE id=? AND rubrik=? AND ausgenommen=0\n"
+                       "AND status IN ('bereit','zurueckgestellt')"_s,
+                       {neu, konfidenz, id, alt});
+    if (berichtigt > 0) // so that it lasts when the memory changes
+        m_db.schreiben(u"UPDATE modellantworten SET rubrik=?, konfidenz=? WHERE dokument_id=? AND rubrik=?"_s,
+                       {neu, konfidenz, id, alt});
+    t.abschliessen();
 }
 
 QStringList Vorschlaege::wartendeGegenueber() const

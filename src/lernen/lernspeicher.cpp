@@ -199,7 +199,9 @@ Lernschritt::Zuordnung Lernspeicher::zuordnungMerken(const QString &schluessel, 
 void Lernspeicher::worteZaehlen(const QString &schluessel, const Ort &ort, qint64 dokument)
 {
     const QList<Ortszahl> orte = GelernteOrte(m_db).orte(schluessel);
-    if (orte.size() < 2)
+    // Once counted they go on being counted: the second place may come back.
+    const bool gezaehlt = std::any_of(orte.begin(), orte.end(), [](const Ortszahl &o) { return o.belesen >= 0; });
+    if (orte.size() < 2 && !gezaehlt)
         return;
     for (const Ortszahl &o : orte) {
         if (o.belesen < 0)
@@ -233,6 +235,8 @@ void Lernspeicher::zuruecknehmen(const QList<qint64> &protokollIds)
     QStringList betroffene;
     for (const qint64 id : protokollIds) {
         const Lernschritt schritt = Lernschritt::aus(gelerntes.schritt(id));
+        if (schritt.gleichsetzung) // where the name leads as yet
+            betroffene << Lernregeln::schluessel(gleichwertig(schritt.gleichsetzung->nachher.nach).value_or(QString()));
         if (schritt.zuordnung)
             zuordnungZuruecknehmen(*schritt.zuordnung);
         if (schritt.gleichsetzung)
@@ -240,7 +244,7 @@ void Lernspeicher::zuruecknehmen(const QList<qint64> &protokollIds)
         gelerntes.schrittStreichen(id);
         betroffene += schluesselVon(schritt);
     }
-    betroffene.removeDuplicates();
+    betroffene = schluesselVon(betroffene);
     if (!betroffene.isEmpty())
         m_nachrechnung.rechnen(betroffene, Urteiler::Anlass::Nachrechnen);
     transaktion.abschliessen();
@@ -304,7 +308,10 @@ void Lernspeicher::gleichungZuruecknehmen(const Lernschritt::Gleichsetzung &g)
     } else if (jetzt && jetzt->nach == g.nachher.nach && jetzt->anzahl > 1) {
         gelerntes.setzeGleichung({.von = jetzt->von, .nach = jetzt->nach, .anzahl = jetzt->anzahl - 1});
     }
-    if (g.gestrichen && !gelerntes.gleichung(g.gestrichen->von))
+    const auto noch = gelerntes.gleichung(g.nachher.von);
+    const bool steht = noch && noch->nach == g.nachher.nach;
+    if (!steht && g.gestrichen && !gelerntes.gleichung(g.gestrichen->von) &&
+        !Namenskette::fuehrtZu(g.gestrichen->nach, g.gestrichen->von, gleichungenVon(m_db)))
         gelerntes.setzeGleichung(*g.gestrichen);
 }
 
@@ -387,9 +394,10 @@ void Lernspeicher::gleichungVergessen(const QString &von)
 {
     Transaktion transaktion(m_db);
     const auto gleichung = Gelerntes(m_db).gleichung(von);
+    const QString ende = gleichung ? gleichwertig(gleichung->nach).value_or(gleichung->nach) : QString();
     Gelerntes(m_db).gleichungStreichen(von);
     if (gleichung)
-        m_nachrechnung.rechnen(schluesselVon({von, gleichung->nach}), Urteiler::Anlass::Nachrechnen);
+        m_nachrechnung.rechnen(schluesselVon({von, gleichung->nach, ende}), Urteiler::Anlass::Nachrechnen);
     transaktion.abschliessen();
 }
 } // namespace quillmar::lernen

@@ -86,8 +86,9 @@ bool Nachrechnung::eines(Urteiler &urteiler, const Modellantworten::Wartendes &w
                                  .gelerntVon = urteil.von};
     werte.ort.rubrik = rubrikFuer(w, urteil.ort.rubrik);
     const bool anders = werte.gegenueber != w.gegenueber || werte.ort != w.ort;
-    const bool zurueck = w.ortQuelle == u"gelernt"_s && werte.ortQuelle != w.ortQuelle;
-    if (!anders && !zurueck)
+    const bool gleich = werte.ortQuelle == w.ortQuelle && werte.gelerntVon == w.gelerntVon &&
+                        urteil.stimme.wort == w.stimmwort && qFuzzyCompare(1 + werte.konfidenz, 1 + w.konfidenz);
+    if (!anders && gleich)
         return false;
     eintragen(w, antwort, werte, urteil);
     if (anlass == Urteiler::Anlass::Anwenden)

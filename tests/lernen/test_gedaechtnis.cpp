@@ -292,6 +292,28 @@ private Q_SLOTS:
         QCOMPARE(alles({}), vorher);
     }
 
+    // A movement further back is taken back, or forgotten: the chain's end shows it as well.
+    void eineGleichungMittenInDerKetteFaelltWeg()
+    {
+        const qint64 wartet = eingeordnet(u"Alpha Werk"_s, strom);
+        uebernehmen(eingeordnet(u"Alpha Werk"_s, strom), strom, u"Beta Werk"_s);
+        uebernehmen(eingeordnet(u"Beta Werk"_s, strom), strom, u"Gamma Werk"_s);
+        QCOMPARE(stand(wartet).gegenueber, u"Gamma Werk"_s);
+        Lernspeicher(*m_db, m_profil).gleichungVergessen(u"alpha werk"_s);
+        QCOMPARE(stand(wartet).gegenueber, u"Alpha Werk"_s);
+    }
+
+    void verworfenesKommtNichtZurueck()
+    {
+        uebernehmen(eingeordnet(u"Alpha Werk"_s, strom), strom, u"Beta Werk"_s);
+        const qint64 id = eingeordnet(u"Beta Werk"_s, strom);
+        uebernehmen(id, strom, u"Alpha Werk"_s);
+        Lernspeicher(*m_db, m_profil).leeren();
+        zurueck(id);
+        QVERIFY(Lernspeicher(*m_db, m_profil).gleichungen().isEmpty());
+        QVERIFY(Lernspeicher(*m_db, m_profil).alle().isEmpty());
+    }
+
     void wasDerPruefendeTipptBleibt()
     {
         const qint64 angefangen = eingeordnet(u"Volksbank"_s, firma, 0.5);
