@@ -274,12 +274,10 @@ private:
     {
         m_db->schreiben(u"INSERT INTO dokumente (id, status) VALUES (?,'neu')"_s, {id});
         m_db->schreiben(u"INSERT INTO texte VALUES (?,?)"_s, {id, text});
-        Vorschlaege::Vorlage vorlage{.dokument = {}, .text = text};
-        vorlage.dokument.id = id;
         const Ort modellOrt = e.angaben.ort;
         Einordner::Lernspur spur;
         if (m_lernen)
-            spur = Einordner::gelerntesAnwenden(*m_db, m_welt.profil(), vorlage, e, u"modell"_s, m_regeln);
+            spur = Einordner::gelerntesAnwenden(*m_db, m_welt.profil(), text, e, u"modell"_s, m_regeln);
         Vorschlaege(*m_db).speichern(id, {.angaben = e.angaben,
                                           .konfidenz = e.konfidenz,
                                           .name = {},
@@ -287,6 +285,8 @@ private:
                                           .modellOrt = modellOrt,
                                           .ortQuelle = spur.ort ? u"gelernt"_s : u"modell"_s,
                                           .gelerntVon = spur.von});
+        if (m_lernen)
+            Einordner::antwortBehalten(*m_db, id, spur);
     }
 
     /** What is wrong is set right. */
@@ -371,7 +371,10 @@ double urteilsdauer()
     for (int i = 0; i < 5000; ++i) {
         stapel.naechstes();
         const qint64 ort = GelernteOrte(*db).zaehlen(u"sparbank"_s, orte.at(i % 2), 1, 0);
-        GelernteOrte(*db).worteZaehlen(ort, Wortstimmen::worte(text(i).toCaseFolded()), 1);
+        QHash<QString, qint64> worte;
+        for (const QString &wort : Wortstimmen::worte(text(i)))
+            worte.insert(Wortstimmen::gefaltetesWort(wort), 1);
+        GelernteOrte(*db).worteZaehlen(ort, worte, 1);
     }
     stapel.abschliessen();
     Modellantwort antwort{.gegenueber = u"Sparbank"_s, .ort = orte[0], .konfidenz = 0.9, .ortQuelle = u"modell"_s};

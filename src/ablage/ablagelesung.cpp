@@ -326,8 +326,7 @@ Ablagelesung::Ergebnis Ablagelesung::lesen(Datenbank &db, const Profil &profil, 
     if (!Namenslesung(profil.namensVorlage).kenntGegenueber())
         throw Fehler(Sprache::text(
             u"Aus der Ablage lässt sich nichts lernen: Mit dieser Namensvorlage sagen die Dateinamen nicht, von wem "
-            u"ein "
-            "Dokument ist. Dazu braucht sie {gegenueber}, durch mehr als ein Leerzeichen vom übrigen Text getrennt."_s));
+            u"ein Dokument ist. Dazu braucht sie {gegenueber}, durch mehr als ein Leerzeichen vom übrigen Text getrennt."_s));
     Leser leser(profil, fortschritt, ende);
     leser.lesen();
     return {.zeilen = zeilenVon(leser.zaehlung(), profil),

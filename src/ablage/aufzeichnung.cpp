@@ -77,14 +77,17 @@ void Aufzeichnung::ruecknahmen(Datenbank &db, const QList<Absicht> &absichten)
 {
     if (absichten.isEmpty())
         return;
-    Transaktion t(db);
     QList<qint64> zeilen;
     for (const Absicht &a : absichten) {
-        ruecknahme(db, a);
         if (a.protokollId != 0)
             zeilen << a.protokollId;
     }
-    Lernspeicher(db, absichten.first().profil).zuruecknehmen(zeilen);
+    Lernspeicher speicher(db, absichten.first().profil);
+    speicher.vorlesen(zeilen);
+    Transaktion t(db);
+    for (const Absicht &a : absichten)
+        ruecknahme(db, a);
+    speicher.zuruecknehmen(zeilen);
     t.abschliessen();
 }
 

@@ -7,6 +7,7 @@
 #include "dokumente.h"
 #include "fehler.h"
 #include "herkunft.h"
+#include "lernspeicher.h"
 #include "papierkorb.h"
 #include "pfade.h"
 #include "protokollbuch.h"
@@ -252,6 +253,7 @@ void Nachtrag::ruecknahmenSuchen()
         Transaktion t(m_db);
         Bewegungen(m_db).alsZurueckVermerken(b.id);
         Dokumente(m_db).ortSchreiben(b.dokument, statusZurueck(Aufzeichnung::zeileAus(b)), b.von);
+        Lernspeicher(m_db, m_profil).zuruecknehmen({b.id});
         t.abschliessen();
         ++m_bilanz.zurueck;
     }

@@ -4,7 +4,6 @@
 #include "fehlertext.h"
 #include "http.h"
 #include "lauf.h"
-#include "modellantworten.h"
 #include "sprache.h"
 #include "text.h"
 #include "transaktion.h"
@@ -27,7 +26,7 @@ struct Vorschlag {
     Einordnungsergebnis ergebnis;
     Ort modellOrt;
     QString ortQuelle;
-    QString gelerntVon;
+    Einordner::Lernspur gelernt;
 };
 
 /** What stays the same for all documents of the stage. */
@@ -89,29 +88,29 @@ void wissenAnwenden(const Werkbank &bank, const Vorlage &vorlage, Vorschlag &v)
 {
     const Profil &profil = bank.lauf.profil();
     const QString eigene = ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
-    const auto gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), profil, vorlage, v.ergebnis, eigene);
-    v.gelerntVon = gelernt.von;
+    v.gelernt = Einordner::gelerntesAnwenden(bank.lauf.db(), profil, vorlage.text, v.ergebnis, eigene);
     Einordner::richtungBerichtigen(bank.richtung, v.ergebnis, vorlage.text, profil);
-    v.ortQuelle = gelernt.ort ? u"gelernt"_s : ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
+    v.ortQuelle = v.gelernt.ort ? u"gelernt"_s : ortQuelle(profil, vorlage.dokument.altOrdner, v.ergebnis.angaben.ort);
 }
 
 void speichern(const Werkbank &bank, const Vorlage &vorlage, Vorschlag v, const QString &dauer)
 {
     // One transaction, so that nothing is taught between the looking up and the storing.
-    Transaktion transaktion(bank.lauf.db());
-    if (!Vorschlaege(bank.lauf.db()).einzuordnendes(vorlage.dokument.id))
-        return;
+    Datenbank &db = bank.lauf.db();
+    Transaktion transaktion(db);
     wissenAnwenden(bank, vorlage, v);
     const Angaben &angaben = v.ergebnis.angaben;
     const Dokument &dokument = vorlage.dokument;
-    Vorschlaege(bank.lauf.db())
-        .speichern(dokument.id, {.angaben = angaben,
-                                 .konfidenz = v.ergebnis.konfidenz,
-                                 .name = Ziel::dateiname(angaben, dokument.dateiname, bank.lauf.profil()),
-                                 .dauer = dauer,
-                                 .modellOrt = v.modellOrt,
-                                 .ortQuelle = v.ortQuelle,
-                                 .gelerntVon = v.gelerntVon});
+    const Vorschlaege::Vorschlag vorschlag{.angaben = angaben,
+                                           .konfidenz = v.ergebnis.konfidenz,
+                                           .name = Ziel::dateiname(angaben, dokument.dateiname, bank.lauf.profil()),
+                                           .dauer = dauer,
+                                           .modellOrt = v.modellOrt,
+                                           .ortQuelle = v.ortQuelle,
+                                           .gelerntVon = v.gelernt.von};
+    if (!Vorschlaege(db).speichern(dokument.id, vorschlag))
+        return;
+    Einordner::antwortBehalten(db, dokument.id, v.gelernt);
     transaktion.abschliessen();
 }
 
@@ -183,25 +182,29 @@ void Einordner::richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnun
     e.konfidenz = std::max(e.konfidenz, mindestensNachRegel);
 }
 
-Einordner::Lernspur Einordner::gelerntesAnwenden(Datenbank &db, const Profil &profil,
-                                                 const Vorschlaege::Vorlage &vorlage, Einordnungsergebnis &e,
-                                                 const QString &ortQuelle, const Regelwahl &regeln)
+Einordner::Lernspur Einordner::gelerntesAnwenden(Datenbank &db, const Profil &profil, const QString &text,
+                                                 Einordnungsergebnis &e, const QString &ortQuelle,
+                                                 const Regelwahl &regeln)
 {
     Angaben &a = e.angaben;
     Modellantwort antwort{.gegenueber = a.gegenueber,
                           .ort = a.ort,
                           .konfidenz = e.konfidenz,
                           .ortQuelle = ortQuelle,
-                          .worte = Wortstimmen::worte(vorlage.text)};
-    const auto urteil =
-        Urteiler(db, profil, regeln).urteilen(antwort, Urteiler::Anlass::Einordnen, [&] { return antwort.worte; });
-    antwort.sicher = !urteil.ortGelernt && e.konfidenz >= sichereKonfidenz && profil.kennt(a.ort);
-    Modellantworten(db).speichern(vorlage.dokument.id, antwort);
-    Modellantworten(db).setzeStimme(vorlage.dokument.id, urteil.stimme.wort, urteil.stimme.dokumente);
+                          .worte = Wortstimmen::worte(text)};
+    Urteiler urteiler(db, profil, regeln);
+    const auto urteil = urteiler.urteilen(antwort, Urteiler::Anlass::Einordnen, [&] { return antwort.worte; });
+    antwort.sicher = !urteil.ortGelernt && urteiler.istSicher(a.ort, e.konfidenz);
     a.gegenueber = urteil.gegenueber;
     a.ort = urteil.ort;
     e.konfidenz = urteil.konfidenz;
-    return {.von = urteil.von, .ort = urteil.ortGelernt};
+    return {.von = urteil.von, .ort = urteil.ortGelernt, .stimme = urteil.stimme, .antwort = antwort};
+}
+
+void Einordner::antwortBehalten(Datenbank &db, qint64 dokument, const Lernspur &spur)
+{
+    Modellantworten(db).speichern(dokument, spur.antwort);
+    Modellantworten(db).setzeStimme(dokument, spur.stimme.wort, spur.stimme.dokumente);
 }
 
 void Einordner::fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt,

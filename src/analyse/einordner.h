@@ -3,11 +3,13 @@
 #include "einordnung.h"
 #include "gegenpruefung.h"
 #include "lauf.h"
+#include "modellantworten.h"
 #include "namensraeume.h"
 #include "ollama.h"
 #include "rechnungsrichtung.h"
 #include "regelwahl.h"
 #include "vorschlaege.h"
+#include "wortstimmen.h"
 
 #include <functional>
 #include <optional>
@@ -28,23 +30,27 @@ namespace quillmar::analyse
 namespace Einordner
 {
 constexpr double mindestensNachRegel = 0.9; ///< confidence once the invoice rule has spoken
-constexpr double sichereKonfidenz = 0.75;   ///< from here on a place is not doubtful
 
 /** Gives @p e the invoice rubric that the owner's address in @p text proves. */
 void richtungBerichtigen(const Rechnungsrichtung &richtung, Einordnungsergebnis &e, const QString &text,
                          const Profil &profil);
 
-/** What the learning memory has put into a proposal. */
+/** What the learning memory has put into a proposal, and what stood there before. */
 struct Lernspur {
-    QString von;      ///< key of the place, else of the name equation; empty for neither
-    bool ort = false; ///< the place is a taught one
+    QString von;                       ///< key of the place, else of the name equation; empty for neither
+    bool ort = false;                  ///< the place is a taught one
+    Wortstimmen::Ergebnis stimme = {}; ///< of the texts, where they decided
+    Modellantwort antwort;             ///< of the model, before anything learned
 };
 /**
- * What the user has taught goes before what any model says: gives @p e the taught name and place. Keeps the answer as
- * it was, so that it can be reckoned anew; @p ortQuelle is the source of its place as long as nothing is learned.
+ * What the user has taught goes before what any model says: gives @p e the taught name and place. @p ortQuelle is the
+ * source of its own place.
  */
-Lernspur gelerntesAnwenden(Datenbank &db, const Profil &profil, const Vorschlaege::Vorlage &vorlage,
-                           Einordnungsergebnis &e, const QString &ortQuelle, const Regelwahl &regeln = {});
+[[nodiscard]] Lernspur gelerntesAnwenden(Datenbank &db, const Profil &profil, const QString &text,
+                                         Einordnungsergebnis &e, const QString &ortQuelle,
+                                         const Regelwahl &regeln = {});
+/** Keeps the answer of a proposal that was stored, so that it can be reckoned anew. */
+void antwortBehalten(Datenbank &db, qint64 dokument, const Lernspur &spur);
 
 /**
  * Runs @p alle, which puts the documents of a stage to @p modell. A model that cannot be asked ends it and is noted as

@@ -55,18 +55,21 @@ bool speichern(const Werkbank &bank, const Vorlage &vorlage, Einordnungsergebnis
     Datenbank &db = bank.lauf.db();
     // One transaction, so that nothing is taught between the looking up and the storing.
     Transaktion transaktion(db);
-    if (!Vorschlaege(db).strittiges(vorlage.dokument.id))
-        return false;
+    const auto richten = [&] {
+        Einordner::richtungBerichtigen(bank.richtung, ergebnis, vorlage.text, bank.lauf.profil());
+    };
     if (bank.gegenpruefung.istEigen(ergebnis.angaben.gegenueber))
         ergebnis.angaben.gegenueber = vorlage.dokument.angaben.gegenueber;
+    richten();
     const auto gelernt =
-        Einordner::gelerntesAnwenden(db, bank.lauf.profil(), vorlage, ergebnis, vorlage.dokument.ortQuelle);
-    Einordner::richtungBerichtigen(bank.richtung, ergebnis, vorlage.text, bank.lauf.profil());
+        Einordner::gelerntesAnwenden(db, bank.lauf.profil(), vorlage.text, ergebnis, vorlage.dokument.ortQuelle);
+    richten(); // also what was taught
     const auto gelerntVon = gelernt.ort ? std::optional(gelernt.von) : std::nullopt;
-    const bool geschrieben =
-        Vorschlaege(db).nachpruefen(vorlage.dokument.id, ergebnis.angaben, ergebnis.konfidenz, gelerntVon);
+    if (!Vorschlaege(db).nachpruefen(vorlage.dokument.id, ergebnis.angaben, ergebnis.konfidenz, gelerntVon))
+        return false;
+    Einordner::antwortBehalten(db, vorlage.dokument.id, gelernt);
     transaktion.abschliessen();
-    return geschrieben;
+    return true;
 }
 
 void einesNachpruefen(Werkbank &bank, const Vorlage &vorlage)

@@ -52,7 +52,7 @@ qint64 GelernteOrte::zaehlen(const QString &schluessel, const Ort &ort, qint64 a
         m_db.nummer(u"SELECT id FROM gelernte_orte WHERE schluessel=? AND zweig=? AND ablage=? AND rubrik=?"_s,
                     {schluessel, ort.zweig, ort.ablage, ort.rubrik});
     if (anzahl < 0)
-        leereStreichen();
+        leereStreichen(schluessel);
     t.abschliessen();
     return id.value_or(0);
 }
@@ -70,13 +70,6 @@ void GelernteOrte::setzeBaum(const QString &schluessel, const Ort &ort, qint64 a
 
 bool GelernteOrte::kenntBaum() const { return m_db.gibtEs(u"SELECT 1 FROM gelernte_orte WHERE baum>0 LIMIT 1"_s, {}); }
 
-void GelernteOrte::leereStreichen()
-{
-    m_db.schreiben(u"DELETE FROM gelernte_worte WHERE ort_id IN\n"
-                   "(SELECT id FROM gelernte_orte WHERE anzahl=0 AND baum=0)"_s);
-    m_db.schreiben(u"DELETE FROM gelernte_orte WHERE anzahl=0 AND baum=0"_s);
-}
-
 void GelernteOrte::leereStreichen(const QString &schluessel)
 {
     m_db.schreiben(u"DELETE FROM gelernte_worte WHERE ort_id IN\n"
@@ -89,7 +82,7 @@ void GelernteOrte::streichen(const QString &schluessel)
 {
     Transaktion t(m_db);
     m_db.schreiben(u"UPDATE gelernte_orte SET anzahl=0, baum=0 WHERE schluessel=?"_s, {schluessel});
-    leereStreichen();
+    leereStreichen(schluessel);
     t.abschliessen();
 }
 
@@ -99,7 +92,7 @@ void GelernteOrte::streichen(const QString &schluessel, const Ort &ort)
     m_db.schreiben(
         u"UPDATE gelernte_orte SET anzahl=0, baum=0 WHERE schluessel=? AND zweig=? AND ablage=? AND rubrik=?"_s,
         {schluessel, ort.zweig, ort.ablage, ort.rubrik});
-    leereStreichen();
+    leereStreichen(schluessel);
     t.abschliessen();
 }
 
@@ -111,26 +104,17 @@ void GelernteOrte::leeren()
     t.abschliessen();
 }
 
-void GelernteOrte::worteZaehlen(qint64 ort, const QStringList &worte, int richtung)
+void GelernteOrte::worteZaehlen(qint64 ort, const QHash<QString, qint64> &worte, qint64 dokumente)
 {
     Transaktion t(m_db);
-    for (const QString &wort : worte) {
-        if (richtung > 0)
-            m_db.schreiben(u"INSERT INTO gelernte_worte (ort_id, wort, anzahl) VALUES (?,?,1)\n"
-                           "ON CONFLICT(ort_id, wort) DO UPDATE SET anzahl=anzahl+1"_s,
-                           {ort, wort});
-        else
-            m_db.schreiben(u"UPDATE gelernte_worte SET anzahl=anzahl-1 WHERE ort_id=? AND wort=?"_s, {ort, wort});
-    }
-    if (richtung < 0)
+    for (auto wort = worte.begin(); wort != worte.end(); ++wort)
+        m_db.schreiben(u"INSERT INTO gelernte_worte (ort_id, wort, anzahl) VALUES (?,?,?)\n"
+                       "ON CONFLICT(ort_id, wort) DO UPDATE SET anzahl=anzahl+excluded.anzahl"_s,
+                       {ort, wort.key(), wort.value()});
+    if (dokumente < 0)
         m_db.schreiben(u"DELETE FROM gelernte_worte WHERE ort_id=? AND anzahl<=0"_s, {ort});
-    m_db.schreiben(u"UPDATE gelernte_orte SET belesen=max(0,max(0,belesen)+?) WHERE id=?"_s, {richtung, ort});
+    m_db.schreiben(u"UPDATE gelernte_orte SET belesen=max(0,max(0,belesen)+?) WHERE id=?"_s, {dokumente, ort});
     t.abschliessen();
-}
-
-void GelernteOrte::belesenVermerken(qint64 ort)
-{
-    m_db.schreiben(u"UPDATE gelernte_orte SET belesen=max(0,belesen) WHERE id=?"_s, {ort});
 }
 
 QHash<QString, qint64> GelernteOrte::worte(qint64 ort, const QStringList &gefragte) const

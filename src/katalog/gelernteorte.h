@@ -37,17 +37,17 @@ public:
     void leeren();
 
     // Words of the filed documents, folded
-    /** @p richtung +1 for a document that is filed there, -1 for one that is taken back. */
-    void worteZaehlen(qint64 ort, const QStringList &worte, int richtung);
-    /** All that were filed there before are counted. */
-    void belesenVermerken(qint64 ort);
+    /**
+     * Adds to the counts of a place: so many documents, and in how many of them each word stands; less than none for
+     * what is taken back. From now on the place counts as looked at, also with none.
+     */
+    void worteZaehlen(qint64 ort, const QHash<QString, qint64> &worte, qint64 dokumente);
     /** In how many of the documents there each of @p gefragte stands; those in none are left out. */
     [[nodiscard]] QHash<QString, qint64> worte(qint64 ort, const QStringList &gefragte) const;
     /** The same for all words there are. */
     [[nodiscard]] QHash<QString, qint64> alleWorte(qint64 ort) const;
 
 private:
-    void leereStreichen();
     void leereStreichen(const QString &schluessel);
 
     Datenbank &m_db;

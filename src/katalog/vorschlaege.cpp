@@ -35,16 +35,16 @@ std::optional<Vorschlaege::Vorlage> Vorschlaege::einzuordnendes(qint64 id) const
                      vorlageAus);
 }
 
-void Vorschlaege::speichern(qint64 id, const Vorschlag &v)
+bool Vorschlaege::speichern(qint64 id, const Vorschlag &v)
 {
     const Angaben &a = v.angaben;
-    m_db.schreiben(u"UPDATE dokumente SET status='bereit', datum=?, gegenueber=?, titel=?, zweig=?,\n"
-                   "ablage=?, rubrik=?, jahr=?, konfidenz=?, vorschlag=?, zeit=?,\n"
-                   "modell_zweig=?, modell_ablage=?, modell_rubrik=?, ort_quelle=?,\n"
-                   "gelernt_von=? WHERE id=? AND status='neu' AND ausgenommen=0"_s,
-                   {a.datum, a.gegenueber, a.titel, a.ort.zweig, a.ort.ablage, a.ort.rubrik, a.jahr, v.konfidenz,
-                    v.name, v.dauer, v.modellOrt.zweig, v.modellOrt.ablage, v.modellOrt.rubrik, v.ortQuelle,
-                    v.gelerntVon, id});
+    return m_db.schreiben(u"UPDATE dokumente SET status='bereit', datum=?, gegenueber=?, titel=?, zweig=?,\n"
+                          "ablage=?, rubrik=?, jahr=?, konfidenz=?, vorschlag=?, zeit=?,\n"
+                          "modell_zweig=?, modell_ablage=?, modell_rubrik=?, ort_quelle=?,\n"
+                          "gelernt_von=? WHERE id=? AND status='neu' AND ausgenommen=0"_s,
+                          {a.datum, a.gegenueber, a.titel, a.ort.zweig, a.ort.ablage, a.ort.rubrik, a.jahr, v.konfidenz,
+                           v.name, v.dauer, v.modellOrt.zweig, v.modellOrt.ablage, v.modellOrt.rubrik, v.ortQuelle,
+                           v.gelerntVon, id}) > 0;
 }
 
 bool Vorschlaege::scheitern(qint64 id, const QString &name, const QString &fehler, const QString &dauer)
@@ -70,7 +70,8 @@ bool Vorschlaege::nachpruefen(qint64 id, const Angaben &a, double konfidenz, con
     const int geschrieben = m_db.schreiben(
         u"UPDATE dokumente SET datum=?, gegenueber=?, titel=?, zweig=?, ablage=?, rubrik=?,\n"
         "jahr=?, konfidenz=?, zweitmeinung=1, fehler=NULL WHERE id=? AND status='bereit'\n"
-        "AND ausgenommen=0 AND (ort_quelle IS NULL OR ort_quelle<>'gelernt')"_s,
+        "AND ausgenommen=0 AND (ort_quelle IS NULL OR ort_quelle<>'gelernt')\n"
+        "AND NOT EXISTS (SELECT 1 FROM modellantworten m WHERE m.dokument_id=dokumente.id AND m.von_hand=1)"_s,
         {a.datum, a.gegenueber, a.titel, a.ort.zweig, a.ort.ablage, a.ort.rubrik, a.jahr, konfidenz, id});
     if (geschrieben == 0)
         return false;

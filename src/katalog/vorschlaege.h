@@ -38,15 +38,17 @@ public:
         QString ortQuelle;
         QString gelerntVon;
     };
-    /** The document waits for review. Not one that was handled or excluded meanwhile. */
-    void speichern(qint64 id, const Vorschlag &vorschlag);
+    /** The document waits for review. Returns whether it does; not one that was handled or excluded meanwhile. */
+    bool speichern(qint64 id, const Vorschlag &vorschlag);
     /** It waits for review without a proposal. Returns whether it does; false as above. */
     bool scheitern(qint64 id, const QString &name, const QString &fehler, const QString &dauer);
 
     // Second opinion
     [[nodiscard]] QList<qint64> strittige() const;
     [[nodiscard]] std::optional<Vorlage> strittiges(qint64 id) const;
-    /** The larger model's answer; @p gelerntVon is the entry that gave the place, if one did. Returns whether stored.
+    /**
+     * The larger model's answer; @p gelerntVon is the entry that gave the place, if one did. Returns whether it was
+     * stored: not for one that was taught, handled, decided by hand or excluded meanwhile.
      */
     bool nachpruefen(qint64 id, const Angaben &angaben, double konfidenz, const std::optional<QString> &gelerntVon);
     /** Not asked about again by itself; @p unbeantwortet: but where the user wishes it. */

@@ -50,14 +50,6 @@ void gleichungenUebertragen(Datenbank &db)
         Vorschlaege(db).umschluesseln(gleichung.von, neu);
     }
 }
-/** The equations by their keys. */
-Namenskette::Gleichung gleichungenVon(Datenbank &db)
-{
-    return [&db](const QString &schluessel) -> std::optional<QString> {
-        const auto g = Gelerntes(db).gleichung(schluessel);
-        return g ? std::optional(g->nach) : std::nullopt;
-    };
-}
 
 /** The keys of names, each once. */
 QStringList schluesselVon(const QStringList &namen)
@@ -90,11 +82,10 @@ qint64 bestaetigungen(const QList<Ortszahl> &orte)
     return std::accumulate(orte.begin(), orte.end(), qint64(0), [](qint64 n, const auto &o) { return n + o.anzahl; });
 }
 
-QStringList gefaltet(QStringList worte)
+/** The count of a place among @p orte; the end if it has none. */
+QList<Ortszahl>::const_iterator stelle(const QList<Ortszahl> &orte, const Ort &ort)
 {
-    for (QString &wort : worte)
-        wort = Wortstimmen::gefaltetesWort(wort);
-    return worte;
+    return std::find_if(orte.begin(), orte.end(), [&](const Ortszahl &o) { return o.ort == ort; });
 }
 } // namespace
 
@@ -106,7 +97,7 @@ QHash<QString, QList<Ortszahl>> Lernspeicher::alleOrte() const { return Gelernte
 
 std::optional<QString> Lernspeicher::gleichwertig(const QString &name) const
 {
-    return Namenskette::ende(name, gleichungenVon(m_db));
+    return Namenskette::ende(name, Namenskette::gelernte(m_db));
 }
 
 std::optional<Eintrag> Lernspeicher::vorschlag(const QString &gegenueber) const
@@ -119,6 +110,14 @@ std::optional<Eintrag> Lernspeicher::vorschlag(const QString &gegenueber) const
 void Lernspeicher::vorlesen(const Angaben &angaben, const QString &vorher)
 {
     m_nachrechnung.vorlesen(schluesselVon({vorher, angaben.gegenueber}), angaben.ort.rubrik);
+}
+
+void Lernspeicher::vorlesen(const QList<qint64> &protokollIds)
+{
+    QStringList betroffene;
+    for (const qint64 id : protokollIds)
+        betroffene += schluesselVon(Lernschritt::aus(Gelerntes(m_db).schritt(id)));
+    m_nachrechnung.vorlesen(schluesselVon(betroffene), {});
 }
 
 /** The place, or the name of the counterpart, is not the proposed one. */
@@ -159,7 +158,7 @@ Lernschritt::Gleichsetzung Lernspeicher::gleichungMerken(const QString &von, con
     // What was said last is right: it must not lead back to where it came from.
     const QString ende = Lernregeln::schluessel(nach);
     if (const auto weiter = gelerntes.gleichung(ende);
-        weiter && Namenskette::fuehrtZu(weiter->nach, von, gleichungenVon(m_db))) {
+        weiter && Namenskette::fuehrtZu(weiter->nach, von, Namenskette::gelernte(m_db))) {
         schritt.gestrichen = weiter;
         gelerntes.gleichungStreichen(ende);
     }
@@ -203,29 +202,56 @@ void Lernspeicher::worteZaehlen(const QString &schluessel, const Ort &ort, qint6
     const bool gezaehlt = std::any_of(orte.begin(), orte.end(), [](const Ortszahl &o) { return o.belesen >= 0; });
     if (orte.size() < 2 && !gezaehlt)
         return;
+    abgelegtesZaehlen(schluessel, orte);
+    if (const auto hier = stelle(orte, ort); hier != orte.end())
+        textZaehlen(hier->id, dokument, 1);
+}
+
+void Lernspeicher::abgelegtesZaehlen(const QString &schluessel, const QList<Ortszahl> &orte)
+{
+    if (std::none_of(orte.begin(), orte.end(), [](const Ortszahl &o) { return o.belesen < 0; }))
+        return;
+    QStringList namen = Modellantworten(m_db).abgelegteGegenueber();
+    namen.removeIf([&](const QString &name) { return Lernregeln::schluessel(name) != schluessel; });
     for (const Ortszahl &o : orte) {
-        if (o.belesen < 0)
-            abgelegtesZaehlen(schluessel, o);
-        if (o.ort == ort)
-            textZaehlen(o.id, dokument, 1);
+        if (o.belesen >= 0)
+            continue;
+        const Wortzahl zahl = abgelegteWorte(namen, o.ort);
+        GelernteOrte(m_db).worteZaehlen(o.id, zahl.worte, zahl.dokumente);
     }
 }
 
-void Lernspeicher::textZaehlen(qint64 ort, qint64 dokument, int richtung)
+void Lernspeicher::textZaehlen(qint64 ort, qint64 dokument, qint64 richtung)
 {
-    const QStringList worte = gefaltet(Wortstimmen::worte(Texte(m_db).text(dokument).value_or(QString())));
-    if (!worte.isEmpty())
-        GelernteOrte(m_db).worteZaehlen(ort, worte, richtung);
+    Wortzahl zahl;
+    zahl.dazu(Texte(m_db).text(dokument).value_or(QString()));
+    if (richtung < 0)
+        zahl.umkehren();
+    if (zahl.dokumente != 0)
+        GelernteOrte(m_db).worteZaehlen(ort, zahl.worte, zahl.dokumente);
 }
 
-void Lernspeicher::abgelegtesZaehlen(const QString &schluessel, const Ortszahl &ort)
+Lernspeicher::Wortzahl Lernspeicher::abgelegteWorte(const QStringList &namen, const Ort &ort) const
 {
-    QStringList namen = Modellantworten(m_db).abgelegteGegenueber();
-    namen.removeIf([&](const QString &name) { return Lernregeln::schluessel(name) != schluessel; });
-    GelernteOrte gelernte(m_db);
-    for (const QString &text : Modellantworten(m_db).abgelegteTexte(namen, ort.ort, hoechstensTexte))
-        gelernte.worteZaehlen(ort.id, gefaltet(Wortstimmen::worte(text)), 1);
-    gelernte.belesenVermerken(ort.id);
+    Wortzahl zahl;
+    for (const QString &text : Modellantworten(m_db).abgelegteTexte(namen, ort, hoechstensTexte))
+        zahl.dazu(text);
+    return zahl;
+}
+
+void Lernspeicher::Wortzahl::dazu(const QString &text)
+{
+    const QStringList eigene = Wortstimmen::worte(text);
+    for (const QString &wort : eigene)
+        ++worte[Wortstimmen::gefaltetesWort(wort)];
+    dokumente += eigene.isEmpty() ? 0 : 1;
+}
+
+void Lernspeicher::Wortzahl::umkehren()
+{
+    for (qint64 &anzahl : worte)
+        anzahl = -anzahl;
+    dokumente = -dokumente;
 }
 
 void Lernspeicher::zuruecknehmen(const QList<qint64> &protokollIds)
@@ -256,7 +282,7 @@ void Lernspeicher::zuordnungZuruecknehmen(const Lernschritt::Zuordnung &z)
     GelernteOrte orte(m_db);
     const QString &schluessel = z.nachher.schluessel;
     const QList<Ortszahl> bisher = orte.orte(schluessel);
-    const auto ort = std::find_if(bisher.begin(), bisher.end(), [&](const auto &o) { return o.ort == z.nachher.ort; });
+    const auto ort = stelle(bisher, z.nachher.ort);
     if (ort == bisher.end() || ort->anzahl == 0)
         return; // forgotten since
     if (ort->belesen > 0)
@@ -264,15 +290,11 @@ void Lernspeicher::zuordnungZuruecknehmen(const Lernschritt::Zuordnung &z)
     orte.zaehlen(schluessel, z.nachher.ort, -1, z.korrektur ? -1 : 0);
     const bool warDasLetzte =
         gelerntes.zuordnung(schluessel) == z.nachher && bestaetigungen(bisher) == z.bestaetigungen;
-    if (!warDasLetzte)
+    if (!warDasLetzte || !z.vorher) // without an entry before, the tree may have told of it since
         return eintragErneuern(schluessel);
-    if (!z.vorher)
-        return eintragErneuern(schluessel); // the tree may have told of it since
     gelerntes.setzeZuordnung(*z.vorher);
     const QList<Ortszahl> uebrige = orte.orte(schluessel);
-    const bool zaehltNoch =
-        std::any_of(uebrige.begin(), uebrige.end(), [&](const auto &o) { return o.ort == z.vorher->ort; });
-    if (!zaehltNoch && Ortswahl::istVollstaendig(z.vorher->ort))
+    if (stelle(uebrige, z.vorher->ort) == uebrige.end() && Ortswahl::istVollstaendig(z.vorher->ort))
         eintragErneuern(schluessel);
 }
 
@@ -286,7 +308,7 @@ void Lernspeicher::eintragErneuern(const QString &schluessel)
         return;
     if (orte.isEmpty())
         return gelerntes.zuordnungStreichen(schluessel);
-    const auto eigener = std::find_if(orte.begin(), orte.end(), [&](const auto &o) { return o.ort == eintrag->ort; });
+    const auto eigener = stelle(orte, eintrag->ort);
     const Ortszahl &ort = eigener == orte.end() ? orte.first() : *eigener;
     Eintrag neuer = *eintrag;
     neuer.ort = ort.ort;
@@ -311,20 +333,24 @@ void Lernspeicher::gleichungZuruecknehmen(const Lernschritt::Gleichsetzung &g)
     const auto noch = gelerntes.gleichung(g.nachher.von);
     const bool steht = noch && noch->nach == g.nachher.nach;
     if (!steht && g.gestrichen && !gelerntes.gleichung(g.gestrichen->von) &&
-        !Namenskette::fuehrtZu(g.gestrichen->nach, g.gestrichen->von, gleichungenVon(m_db)))
+        !Namenskette::fuehrtZu(g.gestrichen->nach, g.gestrichen->von, Namenskette::gelernte(m_db)))
         gelerntes.setzeGleichung(*g.gestrichen);
+}
+
+/** The counterparts whose taught place is one for invoices. */
+QStringList Lernspeicher::rechnungsschluessel() const
+{
+    QStringList schluessel;
+    for (const Eintrag &e : alle()) {
+        if (Rechnungsrichtung::istRechnungsrubrik(e.ort.rubrik, m_profil))
+            schluessel << e.schluessel;
+    }
+    return schluessel;
 }
 
 qint64 Lernspeicher::allesAnwenden()
 {
-    QStringList rechnungen;
-    const QList<Eintrag> eintraege = alle();
-    for (const Eintrag &e : eintraege) {
-        if (Rechnungsrichtung::istRechnungsrubrik(e.ort.rubrik, m_profil))
-            rechnungen << e.schluessel;
-    }
-    if (!rechnungen.isEmpty())
-        m_nachrechnung.vorlesen(rechnungen, {});
+    m_nachrechnung.vorlesen(rechnungsschluessel(), {});
     return m_nachrechnung.rechnen({}, Urteiler::Anlass::Anwenden).size();
 }
 
@@ -338,7 +364,7 @@ Lernspeicher::Herkunft Lernspeicher::herkunft(const Dokument &dokument) const
         return {};
     const QList<Ortszahl> orte = Urteiler(m_db, m_profil).orte(*eintrag);
     const Ort &hier = dokument.angaben.ort;
-    auto ort = std::find_if(orte.begin(), orte.end(), [&](const Ortszahl &o) { return o.ort == hier; });
+    auto ort = stelle(orte, hier);
     if (ort == orte.end()) // the direction of an invoice has put another category in its stead
         ort = std::find_if(orte.begin(), orte.end(),
                            [&](const Ortszahl &o) { return o.ort.zweig == hier.zweig && o.ort.ablage == hier.ablage; });
@@ -364,6 +390,7 @@ void Lernspeicher::schluesselUebertragen()
 
 void Lernspeicher::leeren()
 {
+    m_nachrechnung.vorlesen(rechnungsschluessel(), {});
     Transaktion transaktion(m_db);
     Gelerntes(m_db).leeren();
     GelernteOrte(m_db).leeren();
@@ -373,6 +400,7 @@ void Lernspeicher::leeren()
 
 void Lernspeicher::vergessen(const QString &schluessel)
 {
+    m_nachrechnung.vorlesen({schluessel}, {});
     Transaktion transaktion(m_db);
     Gelerntes(m_db).zuordnungStreichen(schluessel);
     GelernteOrte(m_db).streichen(schluessel);
@@ -382,6 +410,7 @@ void Lernspeicher::vergessen(const QString &schluessel)
 
 void Lernspeicher::ortVergessen(const QString &schluessel, const Ort &ort)
 {
+    m_nachrechnung.vorlesen({schluessel}, {});
     Transaktion transaktion(m_db);
     GelernteOrte(m_db).streichen(schluessel, ort);
     // Also one that an earlier version has stored, which is counted nowhere else.

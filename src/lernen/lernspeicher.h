@@ -61,6 +61,9 @@ public:
      */
     qint64 merken(qint64 dokument, const Angaben &angaben, const QString &vorher, qint64 protokollId = 0);
 
+    /** As the one above, for zuruecknehmen() of the same. */
+    void vorlesen(const QList<qint64> &protokollIds);
+
     /** Takes back what these movements have taught, and what it did to waiting documents. Throws as merken(). */
     void zuruecknehmen(const QList<qint64> &protokollIds);
 
@@ -102,8 +105,17 @@ private:
     [[nodiscard]] Lernschritt::Zuordnung zuordnungMerken(const QString &schluessel, const Angaben &angaben,
                                                          bool korrektur, qint64 dokument);
     void worteZaehlen(const QString &schluessel, const Ort &ort, qint64 dokument);
-    void textZaehlen(qint64 ort, qint64 dokument, int richtung);
-    void abgelegtesZaehlen(const QString &schluessel, const Ortszahl &ort);
+    /** The words of documents, in how many of them each stands; those without any do not count. */
+    struct Wortzahl {
+        QHash<QString, qint64> worte = {};
+        qint64 dokumente = 0;
+        void dazu(const QString &text);
+        void umkehren();
+    };
+    void textZaehlen(qint64 ort, qint64 dokument, qint64 richtung);
+    void abgelegtesZaehlen(const QString &schluessel, const QList<Ortszahl> &orte);
+    [[nodiscard]] Wortzahl abgelegteWorte(const QStringList &namen, const Ort &ort) const;
+    [[nodiscard]] QStringList rechnungsschluessel() const;
     [[nodiscard]] bool istKorrektur(qint64 dokument, const Angaben &angaben, const QString &vorher) const;
     void zuordnungZuruecknehmen(const Lernschritt::Zuordnung &zuordnung);
     void gleichungZuruecknehmen(const Lernschritt::Gleichsetzung &gleichsetzung);

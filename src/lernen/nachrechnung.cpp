@@ -15,8 +15,6 @@ namespace quillmar::lernen
 {
 namespace
 {
-constexpr double sichereKonfidenz = 0.75;
-
 /** The reviewer has begun to decide where it goes, or who it is from. */
 bool istAngefangen(const QString &entwurf)
 {
@@ -68,12 +66,12 @@ Modellantwort Nachrechnung::antwortVon(const Urteiler &urteiler, const Modellant
             .ort = ort,
             .konfidenz = w.konfidenz,
             .ortQuelle = gelernt ? u"modell"_s : w.ortQuelle,
-            .sicher = !gelernt && w.konfidenz >= sichereKonfidenz && urteiler.istBekannt(ort)};
+            .sicher = !gelernt && urteiler.istSicher(ort, w.konfidenz)};
 }
 
 bool Nachrechnung::eines(Urteiler &urteiler, const Modellantworten::Wartendes &w, Urteiler::Anlass anlass)
 {
-    const Modellantwort antwort = antwortVon(urteiler, w);
+    Modellantwort antwort = antwortVon(urteiler, w);
     const auto worte = [&] {
         return antwort.worte.isEmpty() ? Wortstimmen::worte(Texte(m_db).text(w.id).value_or(QString())) : antwort.worte;
     };
@@ -90,6 +88,8 @@ bool Nachrechnung::eines(Urteiler &urteiler, const Modellantworten::Wartendes &w
                         urteil.stimme.wort == w.stimmwort && qFuzzyCompare(1 + werte.konfidenz, 1 + w.konfidenz);
     if (!anders && gleich)
         return false;
+    // One whose own certain place has come to its own again gives way to corrections only, as before.
+    antwort.sicher = antwort.sicher || (!urteil.ortGelernt && urteiler.istSicher(antwort.ort, antwort.konfidenz));
     eintragen(w, antwort, werte, urteil);
     if (anlass == Urteiler::Anlass::Anwenden)
         Modellantworten(m_db).oeffnen(w.id);
@@ -100,7 +100,7 @@ void Nachrechnung::eintragen(const Modellantworten::Wartendes &w, const Modellan
                              const Modellantworten::Werte &werte, const Urteiler::Urteil &urteil)
 {
     Modellantworten antworten(m_db);
-    if (!w.antwort)
+    if (!w.antwort || antwort.sicher != w.antwort->sicher)
         antworten.speichern(w.id, antwort);
     antworten.schreiben(w.id, werte);
     antworten.setzeStimme(w.id, urteil.stimme.wort, urteil.stimme.dokumente);

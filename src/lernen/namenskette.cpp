@@ -1,11 +1,20 @@
 #include "namenskette.h"
 
+#include "gelerntes.h"
 #include "lernregeln.h"
 
 #include <QSet>
 
 namespace quillmar::lernen
 {
+Namenskette::Gleichung Namenskette::gelernte(Datenbank &db)
+{
+    return [&db](const QString &schluessel) -> std::optional<QString> {
+        const auto gleichung = Gelerntes(db).gleichung(schluessel);
+        return gleichung ? std::optional(gleichung->nach) : std::nullopt;
+    };
+}
+
 std::optional<QString> Namenskette::ende(const QString &name, const Gleichung &gleichung)
 {
     QString schluessel = Lernregeln::schluessel(name);

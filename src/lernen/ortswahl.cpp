@@ -46,15 +46,13 @@ qsizetype haeufigster(const QList<Ortszahl> &orte, bool nurKorrigierte)
 }
 } // namespace
 
-Ortswahl::Wahl Ortswahl::waehlen(const QList<Ortszahl> &orte, const Wortstimmen::Ergebnis &stimme, const Ort &modell,
-                                 bool nurKorrigierte)
+qsizetype Ortswahl::waehlen(const QList<Ortszahl> &orte, const Wortstimmen::Ergebnis &stimme, const Ort &modell,
+                            bool nurKorrigierte)
 {
     if (stimme.platz >= 0)
-        return {.ort = stimme.platz, .grund = Grund::Text};
-    if (const qsizetype ort = genannter(orte, modell); ort >= 0)
-        return {.ort = ort, .grund = Grund::Bestaetigt};
-    const qsizetype ort = haeufigster(orte, nurKorrigierte);
-    return {.ort = ort, .grund = ort < 0 ? Grund::Nichts : Grund::Haeufigster};
+        return stimme.platz;
+    const qsizetype ort = genannter(orte, modell);
+    return ort >= 0 ? ort : haeufigster(orte, nurKorrigierte);
 }
 
 bool Ortswahl::istVollstaendig(const Ort &ort)

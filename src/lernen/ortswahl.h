@@ -9,20 +9,13 @@ namespace quillmar::lernen
 /** Which of a counterpart's places a document takes. Pure rules. */
 namespace Ortswahl
 {
-/** What decided. */
-enum class Grund { Nichts, Text, Bestaetigt, Haeufigster };
-
-struct Wahl {
-    qsizetype ort = -1; ///< in the order of the places; -1: the document keeps its own
-    Grund grund = Grund::Nichts;
-};
-
 /**
  * A clear vote of the texts; the model's place if it is one of @p orte; the most confirmed one, and of equals the
- * first. With @p nurKorrigierte the last only among those that were a correction.
+ * first. With @p nurKorrigierte the last only among those that were a correction. Returns its index in @p orte; -1: the
+ * document keeps its own.
  */
-[[nodiscard]] Wahl waehlen(const QList<Ortszahl> &orte, const Wortstimmen::Ergebnis &stimme, const Ort &modell,
-                           bool nurKorrigierte);
+[[nodiscard]] qsizetype waehlen(const QList<Ortszahl> &orte, const Wortstimmen::Ergebnis &stimme, const Ort &modell,
+                                bool nurKorrigierte);
 
 /** Branch, kind and category are there. */
 [[nodiscard]] bool istVollstaendig(const Ort &ort);

@@ -13,12 +13,18 @@ namespace
 {
 constexpr int hoechstensGesucht = 20;         // names
 constexpr qsizetype hoechstensEinzeln = 2000; // words
+constexpr double sichereKonfidenz = 0.75;     // from here on a place is not doubtful
 constexpr double mindestensGelernt = 0.85;    // confidence of a place that the user has taught
 } // namespace
 
 bool Urteiler::istBekannt(const Ort &ort) const
 {
     return Ortswahl::istVollstaendig(ort) && (m_profil.zweige.isEmpty() || m_profil.kennt(ort));
+}
+
+bool Urteiler::istSicher(const Ort &ort, double konfidenz) const
+{
+    return konfidenz >= sichereKonfidenz && istBekannt(ort);
 }
 
 std::optional<Eintrag> Urteiler::eintrag(const QString &schluessel)
@@ -37,8 +43,7 @@ std::optional<Eintrag> Urteiler::eintrag(const QString &schluessel)
     return *m_eintraege.insert(schluessel, gefunden);
 }
 
-/** Those that may fit. One by one the catalogue finds them sooner than it could tell all; for many names all are read.
- */
+/** Those that may fit. The catalogue finds them sooner than it could tell all; for many names all are read once. */
 const QList<Eintrag> &Urteiler::moegliche(const QString &schluessel)
 {
     if (m_gesucht < hoechstensGesucht) {
@@ -107,12 +112,7 @@ Urteiler::Urteil Urteiler::urteilen(const Modellantwort &antwort, Anlass anlass,
     Urteil urteil{.gegenueber = antwort.gegenueber, .ort = antwort.ort, .konfidenz = antwort.konfidenz, .von = {}};
     if (antwort.gegenueber.isEmpty())
         return urteil;
-    const Gelerntes gelerntes(m_db);
-    const auto gleichung = [&](const QString &schluessel) -> std::optional<QString> {
-        const auto g = gelerntes.gleichung(schluessel);
-        return g ? std::optional(g->nach) : std::nullopt;
-    };
-    if (const auto gleich = Namenskette::ende(antwort.gegenueber, gleichung)) {
+    if (const auto gleich = Namenskette::ende(antwort.gegenueber, Namenskette::gelernte(m_db))) {
         urteil.von = Lernregeln::schluessel(antwort.gegenueber);
         urteil.gegenueber = *gleich;
         urteil.nameGelernt = true;
@@ -141,14 +141,13 @@ void Urteiler::ortUrteilen(Urteil &urteil, const Eintrag &eintrag, const Modella
         stimme = Wortstimmen::abstimmen(eigene, plaetze(eintrag, eigene));
     }
     const bool nurKorrigierte = m_regeln.nurKorrekturen && anlass == Anlass::Nachrechnen && antwort.sicher;
-    const auto wahl = Ortswahl::waehlen(bekannte, stimme, antwort.ort, nurKorrigierte);
-    if (wahl.ort < 0)
+    const qsizetype wahl = Ortswahl::waehlen(bekannte, stimme, antwort.ort, nurKorrigierte);
+    if (wahl < 0)
         return;
-    urteil.ort = bekannte.at(wahl.ort).ort;
+    urteil.ort = bekannte.at(wahl).ort;
     urteil.konfidenz = std::max(urteil.konfidenz, mindestensGelernt);
     urteil.von = eintrag.schluessel;
     urteil.ortGelernt = true;
-    if (wahl.grund == Ortswahl::Grund::Text)
-        urteil.stimme = stimme;
+    urteil.stimme = stimme;
 }
 } // namespace quillmar::lernen

@@ -54,6 +54,8 @@ public:
     /** The entry for a counterpart; none when none fits. */
     [[nodiscard]] std::optional<Eintrag> eintrag(const QString &schluessel);
     [[nodiscard]] bool istBekannt(const Ort &ort) const;
+    /** A place that the structure knows, and no doubt about it. */
+    [[nodiscard]] bool istSicher(const Ort &ort, double konfidenz) const;
 
 private:
     void ortUrteilen(Urteil &urteil, const Eintrag &eintrag, const Modellantwort &antwort, Anlass anlass,

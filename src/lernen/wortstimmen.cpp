@@ -73,6 +73,42 @@ private:
     QStringList m_liste;
 };
 
+/** The words of a text one after the other. */
+class Wortlese
+{
+public:
+    void dazu(QStringView roh)
+    {
+        const QString wort = ohneRaender(roh);
+        const bool nurZiffern = !wort.isEmpty() && ziffern(wort) == wort.size();
+        if (nurZiffern)
+            m_gruppe += m_gruppe.isEmpty() ? wort : u' ' + wort;
+        if (!nurZiffern || roh.size() != wort.size())
+            gruppeSchliessen();
+        if (wort.size() <= laengstesWort && istZahl(wort))
+            m_zahlen.dazu(wort);
+        else if (wort.size() <= laengstesWort && istWort(wort))
+            m_woerter.dazu(wort);
+    }
+    [[nodiscard]] QStringList ernte()
+    {
+        gruppeSchliessen();
+        return m_zahlen.liste() + m_woerter.liste();
+    }
+
+private:
+    void gruppeSchliessen()
+    {
+        if (m_gruppe.contains(u' ') && m_gruppe.size() <= laengstesWort && istZahl(m_gruppe))
+            m_zahlen.dazu(m_gruppe);
+        m_gruppe.clear();
+    }
+
+    Sammlung m_zahlen{hoechstensZahlen};
+    Sammlung m_woerter{hoechstensWoerter};
+    QString m_gruppe; ///< digits printed in groups, as account numbers are
+};
+
 /** What one word says: for which place, and how strongly. */
 struct Stimme {
     QString wort = {};
@@ -101,19 +137,23 @@ double bedeutung(qint64 hier, qint64 dokumente, qint64 mit, qint64 alle)
                 teil(andere - (mit - hier), (1 - anteilMit) * double(andere)));
 }
 
-Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
+/** The word may stand where it does by chance. */
+bool istZufall(const Stimme &stimme, const QString &gleich, const QList<Wortstimmen::Platz> &plaetze)
 {
-    const QString gleich = Wortstimmen::gefaltetesWort(wort);
-    const bool zahl = istZahl(wort);
     qint64 mit = 0;
     qint64 alle = 0;
     for (const Wortstimmen::Platz &platz : plaetze) {
         mit += platz.worte.value(gleich);
         alle += platz.dokumente;
     }
-    if (mit == 0)
-        return {};
-    Stimme stimme{.wort = wort, .zahl = zahl};
+    const qint64 dort = plaetze.at(stimme.platz).dokumente;
+    return dort == alle || bedeutung(stimme.dokumente, dort, mit, alle) < bedeutsam;
+}
+
+Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
+{
+    const QString gleich = Wortstimmen::gefaltetesWort(wort);
+    Stimme stimme{.wort = wort, .zahl = istZahl(wort)};
     double zweiter = 0;
     double erster = 0;
     for (qsizetype i = 0; i < plaetze.size(); ++i) {
@@ -129,10 +169,7 @@ Stimme stimmeVon(const QString &wort, const QList<Wortstimmen::Platz> &plaetze)
             zweiter = std::max(zweiter, wert);
         }
     }
-    if (stimme.dokumente == 0 || zweiter <= 0)
-        return {};
-    const qint64 dort = plaetze.at(stimme.platz).dokumente;
-    if (!zahl && (dort == alle || bedeutung(stimme.dokumente, dort, mit, alle) < bedeutsam))
+    if (stimme.dokumente == 0 || zweiter <= 0 || (!stimme.zahl && istZufall(stimme, gleich, plaetze)))
         return {};
     stimme.gewicht = std::log(erster / zweiter);
     return stimme;
@@ -144,30 +181,10 @@ QString Wortstimmen::gefaltetesWort(const QString &wort) { return wort.toCaseFol
 QStringList Wortstimmen::worte(const QString &text)
 {
     static const QRegularExpression leerraum(u"\\s+"_s);
-    Sammlung zahlen(hoechstensZahlen);
-    Sammlung woerter(hoechstensWoerter);
-    QString gruppe; // digits printed in groups, as account numbers are
-    const auto gruppeSchliessen = [&] {
-        if (gruppe.contains(u' ') && gruppe.size() <= laengstesWort && istZahl(gruppe))
-            zahlen.dazu(gruppe);
-        gruppe.clear();
-    };
-    for (const QStringView roh : QStringView(text).split(leerraum, Qt::SkipEmptyParts)) {
-        const QString wort = ohneRaender(roh);
-        const bool nurZiffern = !wort.isEmpty() && ziffern(wort) == wort.size();
-        if (nurZiffern)
-            gruppe += gruppe.isEmpty() ? wort : u' ' + wort;
-        if (!nurZiffern || roh.size() != wort.size())
-            gruppeSchliessen();
-        if (wort.size() > laengstesWort)
-            continue;
-        if (istZahl(wort))
-            zahlen.dazu(wort);
-        else if (istWort(wort))
-            woerter.dazu(wort);
-    }
-    gruppeSchliessen();
-    return zahlen.liste() + woerter.liste();
+    Wortlese lese;
+    for (const QStringView roh : QStringView(text).split(leerraum, Qt::SkipEmptyParts))
+        lese.dazu(roh);
+    return lese.ernte();
 }
 
 Wortstimmen::Ergebnis Wortstimmen::abstimmen(const QStringList &worte, const QList<Platz> &plaetze)

@@ -52,7 +52,7 @@ class TestGedaechtnis : public QObject
                               .worte = Wortstimmen::worte(text)};
         Urteiler urteiler(*m_db, m_profil);
         const auto u = urteiler.urteilen(antwort, Urteiler::Anlass::Einordnen, [&] { return antwort.worte; });
-        antwort.sicher = !u.ortGelernt && konfidenz >= 0.75 && urteiler.istBekannt(ort);
+        antwort.sicher = !u.ortGelernt && urteiler.istSicher(ort, konfidenz);
         Modellantworten(*m_db).speichern(id, antwort);
         Modellantworten(*m_db).setzeStimme(id, u.stimme.wort, u.stimme.dokumente);
         Modellantworten(*m_db).schreiben(id, {.gegenueber = u.gegenueber,

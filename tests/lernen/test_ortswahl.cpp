@@ -50,7 +50,7 @@ private Q_SLOTS:
         QFETCH(bool, nurKorrigierte);
         const QList<Ortszahl> orte = {
             {.ort = firma, .anzahl = 5}, {.ort = privat, .anzahl = 2}, {.ort = verein, .anzahl = 1, .korrekturen = 1}};
-        QTEST(int(Ortswahl::waehlen(orte, {.platz = stimme, .wort = {}, .dokumente = 0}, modell, nurKorrigierte).ort),
+        QTEST(int(Ortswahl::waehlen(orte, {.platz = stimme, .wort = {}, .dokumente = 0}, modell, nurKorrigierte)),
               "erwartet");
     }
 
@@ -58,9 +58,9 @@ private Q_SLOTS:
     void eigenesGehtVorBaum()
     {
         const QList<Ortszahl> orte = {{.ort = firma, .baum = 48}, {.ort = privat, .anzahl = 1, .baum = 2}};
-        QCOMPARE(Ortswahl::waehlen(orte, {}, {}, false).ort, 1);
-        QCOMPARE(Ortswahl::waehlen({orte.first(), {.ort = verein, .baum = 49}}, {}, {}, false).ort, 1);
-        QCOMPARE(Ortswahl::waehlen(orte, {}, {}, true).ort, -1);
+        QCOMPARE(Ortswahl::waehlen(orte, {}, {}, false), 1);
+        QCOMPARE(Ortswahl::waehlen({orte.first(), {.ort = verein, .baum = 49}}, {}, {}, false), 1);
+        QCOMPARE(Ortswahl::waehlen(orte, {}, {}, true), -1);
     }
 
     void worte_data()
