@@ -5,6 +5,7 @@
 #include "dokumente.h"
 #include "herkunft.h"
 #include "katalog.h"
+#include "lernspeicher.h"
 #include "pfade.h"
 #include "protokollbuch.h"
 #include "sprache.h"
@@ -233,13 +234,18 @@ Ablagewerk::Ausnahmenwechsel Ablagewerk::ausnahmenAnwenden(Datenbank &db, const 
 {
     const QList<Aenderung> liste = aenderungen(db, Ausnahmefilter(profil.ausnahmen));
     Ausnahmenwechsel wechsel;
+    QList<qint64> zurueck;
     Stapel stapel(db);
     for (const Aenderung &a : liste) {
         stapel.naechstes();
         Dokumente(db).setzeAusgenommen(a.id, a.ausgenommen);
-        ++(a.ausgenommen ? wechsel.ruhen : wechsel.zurueckgeholt);
+        if (!a.ausgenommen)
+            zurueck << a.id;
     }
     stapel.abschliessen();
+    Lernspeicher(db, profil).nachrechnen(zurueck);
+    wechsel.zurueckgeholt = zurueck.size();
+    wechsel.ruhen = liste.size() - zurueck.size();
     return wechsel;
 }
 } // namespace quillmar::ablage

@@ -14,6 +14,8 @@ namespace quillmar::ablage
 {
 namespace
 {
+const QString einsortiert = u"einsortiert"_s;
+
 void werteSchreiben(Datenbank &db, qint64 id, const Angaben &angaben)
 {
     Dokumente(db).angabenSchreiben(id, angaben);
@@ -47,8 +49,18 @@ void ruecknahme(Datenbank &db, const Absicht &a)
     Bewegungen(db).alsZurueckVermerken(a.protokollId);
     Dokumente(db).ortSchreiben(a.zeile.dokument, a.status, a.zeile.von);
     // Also one that an earlier version has filed: the values are the reviewer's own.
-    if (a.zeile.aktion == u"einsortiert"_s)
+    if (a.zeile.aktion == einsortiert)
         Modellantworten(db).zurueckgekehrt(a.zeile.dokument);
+}
+/** Documents on whose values the reviewer had not decided. */
+QList<qint64> beiseitegelegte(const QList<Absicht> &absichten)
+{
+    QList<qint64> dokumente;
+    for (const Absicht &a : absichten) {
+        if (a.protokollId != 0 && a.zeile.aktion != einsortiert)
+            dokumente << a.zeile.dokument;
+    }
+    return dokumente;
 }
 } // namespace
 
@@ -88,6 +100,7 @@ void Aufzeichnung::ruecknahmen(Datenbank &db, const QList<Absicht> &absichten)
     for (const Absicht &a : absichten)
         ruecknahme(db, a);
     speicher.zuruecknehmen(zeilen);
+    speicher.nachrechnen(beiseitegelegte(absichten));
     t.abschliessen();
 }
 

@@ -4,6 +4,7 @@
 #include "bewegungen.h"
 #include "bewegungsgang.h"
 #include "bewegungspruefung.h"
+#include "lernspeicher.h"
 #include "sprache.h"
 
 #include <algorithm>
@@ -107,6 +108,17 @@ private:
         Taten::statusZurueck(m_db, status);
         for (const Taten::Posten &p : std::as_const(status))
             m_ergebnis.dokumente.prepend(p.dokument);
+        nachrechnen();
+    }
+
+    /** What is back is back, also with the values of before. */
+    void nachrechnen()
+    {
+        try {
+            Lernspeicher(m_db, m_profil).nachrechnen(m_ergebnis.dokumente);
+        } catch (const Fehler &f) {
+            m_ergebnis.fehler << f.text();
+        }
     }
 
     void bewegungen(const Tatruecknahme::Fortschritt &fortschritt)

@@ -2,6 +2,7 @@
 
 #include "dateibewegung.h"
 #include "lauf.h"
+#include "lernspeicher.h"
 #include "pfade.h"
 #include "pruefsummen.h"
 #include "stapel.h"
@@ -32,7 +33,10 @@ class Eintragung
 {
 public:
     /** @p seit is the newest movement before the walk. */
-    Eintragung(Datenbank &db, qint64 seit) : m_dateien(db), m_stapel(db), m_seit(seit) {}
+    Eintragung(const Lauf &lauf, qint64 seit)
+        : m_db(lauf.db()), m_profil(lauf.profil()), m_dateien(m_db), m_stapel(m_db), m_seit(seit)
+    {
+    }
 
     bool neu(const Fund &f)
     {
@@ -54,6 +58,7 @@ public:
             m_dateien.wiederDa(b.id);
         else
             m_dateien.zurueckgekehrt(b.id);
+        m_heimgekehrte << b.id;
     }
 
     /** Another file lies there now, with the digest @p summe. */
@@ -69,9 +74,17 @@ public:
             m_dateien.gelesenVermerken(fuerKatalog(f), f.geaendert, summe);
     }
 
-    void abschliessen() { m_stapel.abschliessen(); }
+    /** Writes all; those that wait again get what was learned meanwhile. */
+    void abschliessen()
+    {
+        m_stapel.abschliessen();
+        Lernspeicher(m_db, m_profil).nachrechnen(std::exchange(m_heimgekehrte, {}));
+    }
 
 private:
+    Datenbank &m_db;
+    const Profil &m_profil;
+    QList<qint64> m_heimgekehrte;
     Dateien m_dateien;
     Stapel m_stapel;
     qint64 m_seit;
@@ -106,7 +119,7 @@ void offeneEntscheiden(Lauf &lauf, const QList<Offenes> &offene, qint64 seit)
     Pruefsummen::berechnen(
         dateien, [&lauf] { return lauf.sollHalten(); },
         [&](const QList<Pruefsummen::Ergebnis> &neue) {
-            Eintragung e(lauf.db(), seit);
+            Eintragung e(lauf, seit);
             for (const Pruefsummen::Ergebnis &ergebnis : neue) {
                 Offenes o = offene.at(qsizetype(ergebnis.id));
                 o.fund.groesse = ergebnis.groesse;
@@ -191,7 +204,7 @@ void Abgleich::eintragen(Lauf &lauf, const QList<Fund> &funde, qint64 seit)
     const QSet<QString> verschwundene = verschwundenSeither(bekannte, funde);
     QSet<QString> gefunden;
     QList<Offenes> offene;
-    Eintragung e(lauf.db(), seit);
+    Eintragung e(lauf, seit);
     for (const Fund &f : funde) {
         if (!verschwundene.contains(f.pfad) && fundEintragen(e, bekannte, f, offene))
             gefunden.insert(f.pfad);

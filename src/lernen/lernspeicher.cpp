@@ -18,7 +18,8 @@ namespace quillmar::lernen
 {
 namespace
 {
-constexpr int hoechstensTexte = 300; // of the documents filed at one place, read once
+constexpr int hoechstensTexte = 300;        // of the documents filed at one place, read once
+constexpr qsizetype hoechstensEinzeln = 50; // documents that return, before all that wait are looked at
 
 /** "GmbH & Co. KG" used to leave its "gmbh" in the key. */
 bool istFruehererSchluessel(const QString &alt, const QString &neu)
@@ -335,6 +336,22 @@ void Lernspeicher::gleichungZuruecknehmen(const Lernschritt::Gleichsetzung &g)
     if (!steht && g.gestrichen && !gelerntes.gleichung(g.gestrichen->von) &&
         !Namenskette::fuehrtZu(g.gestrichen->nach, g.gestrichen->von, Namenskette::gelernte(m_db)))
         gelerntes.setzeGleichung(*g.gestrichen);
+}
+
+qint64 Lernspeicher::nachrechnen(const QList<qint64> &dokumente)
+{
+    QStringList namen;
+    for (const qint64 id : dokumente.first(std::min(dokumente.size(), hoechstensEinzeln + 1))) {
+        if (const auto dokument = Dokumente(m_db).eines(id); dokument && dokument->status == Status::Bereit)
+            namen << dokument->angaben.gegenueber;
+    }
+    QStringList schluessel = schluesselVon(namen);
+    if (schluessel.isEmpty())
+        return 0;
+    if (dokumente.size() > hoechstensEinzeln)
+        schluessel.clear(); // all that wait
+    m_nachrechnung.vorlesen(schluessel.isEmpty() ? rechnungsschluessel() : schluessel, {});
+    return m_nachrechnung.rechnen(schluessel, Urteiler::Anlass::Nachrechnen).size();
 }
 
 /** The counterparts whose taught place is one for invoices. */

@@ -68,6 +68,12 @@ public:
     void zuruecknehmen(const QList<qint64> &protokollIds);
 
     /**
+     * Documents that wait again: gives them what was learned while they did not. Returns how many waiting documents
+     * changed. Throws as merken().
+     */
+    qint64 nachrechnen(const QList<qint64> &dokumente);
+
+    /**
      * Gives every learned place to the waiting documents of its counterpart, like a correction. Returns how many
      * documents changed.
      */

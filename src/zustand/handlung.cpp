@@ -4,6 +4,7 @@
 #include "dateien.h"
 #include "einordnung.h"
 #include "fehlersatz.h"
+#include "lernspeicher.h"
 #include "originale.h"
 #include "pfade.h"
 #include "protokollbuch.h"
@@ -260,8 +261,14 @@ Geschehen Handlung::dublettenAusraeumen(const Arbeitsplatz &platz, const Handlun
 Geschehen Handlung::wiederVorlegen(const Arbeitsplatz &platz)
 {
     return gefasst(platz, [&](Geschehen &g) {
-        if (const auto tat = Taten::alleWechseln(*platz.db, u"vorgelegt"_s, Status::Zurueckgestellt, Status::Bereit))
-            g.rueckweg = Rueckweg{.tat = *tat};
+        const auto tat = Taten::alleWechseln(*platz.db, u"vorgelegt"_s, Status::Zurueckgestellt, Status::Bereit);
+        if (!tat)
+            return;
+        g.rueckweg = Rueckweg{.tat = *tat};
+        QList<qint64> wieder;
+        for (const Taten::Posten &posten : Taten::offene(*platz.db, *tat))
+            wieder << posten.dokument;
+        Lernspeicher(*platz.db, platz.profil).nachrechnen(wieder);
     });
 }
 

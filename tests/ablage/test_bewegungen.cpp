@@ -4,6 +4,7 @@
 #include "lernspeicher.h"
 #include "pfade.h"
 #include "protokollbuch.h"
+#include "taten.h"
 #include "werkbank.h"
 #include "zielwurzel.h"
 
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void aussortieren_data();
     void aussortieren();
     void gegenueberKorrigiert();
+    void werWiederkommtLerntNach();
     void liegtSchonRichtig();
     void verschwundenes();
     void laufwerkeFehlen();
@@ -146,6 +148,34 @@ void TestBewegungen::gegenueberKorrigiert()
     QCOMPARE(Lernspeicher(*bank.db()).gleichwertig(u"Stadtwerke"_s), u"Elbstrom GmbH"_s);
     QCOMPARE(bank.uebernehmen(wartet).angepasst, 0);
     QCOMPARE(Lernspeicher(*bank.db()).alle().first().anzahl, 2);
+}
+
+// What was learned while a document did not wait reaches it when it waits again.
+void TestBewegungen::werWiederkommtLerntNach()
+{
+    Werkbank bank(m_ordner->path());
+    const qint64 beiseite = bank.dokument(u"1.pdf"_s, "eins");
+    const qint64 zurueckgestellt = bank.dokument(u"2.pdf"_s, "zwei");
+    const qint64 ausgenommen = bank.dokument(u"Bilder 3.pdf"_s, "drei");
+    Profil profil = bank.profil();
+    profil.ausnahmen = {u"Bilder 3.pdf"_s};
+    QCOMPARE(Ablagewerk::ausnahmenAnwenden(*bank.db(), profil).ruhen, 1);
+    bank.aussortieren(beiseite);
+    QVERIFY(Taten::statusWechseln(*bank.db(), u"zurueckgestellt"_s, zurueckgestellt, Status::Bereit,
+                                  Status::Zurueckgestellt));
+    Angaben gelernt = bank.lesen(beiseite).angaben;
+    gelernt.gegenueber = u"Elbstrom GmbH"_s;
+    QCOMPARE(Lernspeicher(*bank.db(), profil).merken(0, gelernt, u"Stadtwerke"_s), 0);
+
+    QCOMPARE(Ablagewerk::ausnahmenAnwenden(*bank.db(), bank.profil()).zurueckgeholt, 1);
+    QCOMPARE(bank.lesen(ausgenommen).angaben.gegenueber, gelernt.gegenueber);
+    Ablagewerk werk(bank.db(), bank.profil());
+    for (const qint64 id : {zurueckgestellt, beiseite}) {
+        QCOMPARE(bank.lesen(id).angaben.gegenueber, u"Stadtwerke"_s);
+        QCOMPARE(werk.tatZuruecknehmen().dokumente, QList<qint64>{id});
+        QCOMPARE(bank.lesen(id).status, Status::Bereit);
+        QCOMPARE(bank.lesen(id).angaben.gegenueber, gelernt.gegenueber);
+    }
 }
 
 void TestBewegungen::liegtSchonRichtig()
