@@ -228,7 +228,7 @@ qint64 Nachtrag::neuesDokument(const Protokollzeile &z, const QString &summe)
 void Nachtrag::eintragen(const Protokollzeile &z, qint64 dokument)
 {
     if (!z.kopiert) // it was there again
-        Bewegungen(m_db).fruehereAlsZurueckVermerken(dokument, z.von);
+        Lernspeicher(m_db, m_profil).zuruecknehmen(Bewegungen(m_db).fruehereAlsZurueckVermerken(dokument, z.von));
     Protokollzeile zeile = z;
     zeile.dokument = dokument;
     Aufzeichnung::zeileSchreiben(m_db, zeile);

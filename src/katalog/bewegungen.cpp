@@ -95,10 +95,12 @@ bool Bewegungen::istEingetragen(qint64 hinter, qint64 dokument, const QString &v
                        {hinter, dokument, von, nach});
 }
 
-void Bewegungen::fruehereAlsZurueckVermerken(qint64 dokument, const QString &von)
+QList<qint64> Bewegungen::fruehereAlsZurueckVermerken(qint64 dokument, const QString &von)
 {
-    m_db.schreiben(u"UPDATE protokoll SET rueckgaengig=1 WHERE dokument_id=? AND von_pfad=? AND rueckgaengig=0"_s,
-                   {dokument, von});
+    const QString welche = u" WHERE dokument_id=? AND von_pfad=? AND rueckgaengig=0"_s;
+    const QList<qint64> ids = m_db.nummern(u"SELECT id FROM protokoll"_s + welche, {dokument, von});
+    m_db.schreiben(u"UPDATE protokoll SET rueckgaengig=1"_s + welche, {dokument, von});
+    return ids;
 }
 
 bool Bewegungen::besteht(const QString &zeit, const QString &von, const QString &nach) const

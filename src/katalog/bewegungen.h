@@ -51,8 +51,8 @@ public:
     /** A movement of the document between these places stands behind the row @p hinter. */
     [[nodiscard]] bool istEingetragen(qint64 hinter, qint64 dokument, const QString &von, const QString &nach) const;
 
-    /** Those of the document from there, which it has left once more. */
-    void fruehereAlsZurueckVermerken(qint64 dokument, const QString &von);
+    /** Those of the document from there, which it has left once more. Returns their rows. */
+    QList<qint64> fruehereAlsZurueckVermerken(qint64 dokument, const QString &von);
 
     /** One of that time between these places lasts. Looks through all. */
     [[nodiscard]] bool besteht(const QString &zeit, const QString &von, const QString &nach) const;

@@ -239,6 +239,7 @@ private Q_SLOTS:
         QVERIFY(b.bank().lesen(a).status == Status::Erledigt);
         QCOMPARE(b.bank().db()->abfragen(u"SELECT COUNT(*) n FROM protokoll WHERE rueckgaengig=0"_s).first().ganz(u"n"),
                  1);
+        QCOMPARE(b.bank().db()->abfragen(u"SELECT COUNT(*) n FROM gelernt"_s).first().ganz(u"n"), 0); // taken back too
         b.bank().rueckgaengig();
         QVERIFY(b.bank().lesen(a).status == Status::Bereit);
     }
