@@ -61,7 +61,8 @@ void uebrigeDrucken(const QString &titel, const Ablagelesung::Uebrige &uebrige)
 {
     if (uebrige.anzahl == 0)
         return;
-    drucken(gefuellt(titel, {QString::number(uebrige.anzahl)}));
+    const QString dateien = uebrige.anzahl == 1 ? u"1 Datei"_s : QString::number(uebrige.anzahl) + u" Dateien"_s;
+    drucken(u'\n' + titel + u": "_s + dateien);
     for (const QString &beispiel : uebrige.beispiele)
         drucken(u"        etwa "_s + einzeilig(beispiel));
 }
@@ -75,8 +76,8 @@ void Kommandozeile::ausAblage(Datenbank &db, const Profil &profil, bool anwenden
         Ausgabe::melden(gefuellt(u"Nicht lesbare Ordner: %@"_s, {QString::number(ergebnis.unlesbareOrdner)}));
     zeilenDrucken(u"\nAus der Ablage zu lernen, %@ Gegenüber\n"_s, ergebnis.zeilen, true);
     zeilenDrucken(u"\nNicht vorgeschlagen, %@ Gegenüber\n"_s, ergebnis.zeilen, false);
-    uebrigeDrucken(u"\nDer Name sagt kein Gegenüber: %@ Dateien"_s, ergebnis.namen);
-    uebrigeDrucken(u"\nDer Ort steht nicht in der Struktur: %@ Dateien"_s, ergebnis.orte);
+    uebrigeDrucken(u"Der Name sagt kein Gegenüber"_s, ergebnis.namen);
+    uebrigeDrucken(u"Der Ort steht nicht in der Struktur"_s, ergebnis.orte);
     const auto kenntnisse = Ablagelesung::angekreuzte(ergebnis.zeilen);
     if (kenntnisse.isEmpty())
         return drucken(u"\nNichts zu lernen."_s);

@@ -252,8 +252,8 @@ void TestKommandozeile::ausDerAblage()
                           "        etwa Privat/Stammdaten/Strom/2024-01-31 Müller - z.pdf\n"
                           "  1x  Zahnarzt (einzelnes Dokument)\n        -> Privat/Stammdaten/Strom, 1x\n"
                           "        etwa Privat/Stammdaten/Strom/2024-01-31 Zahnarzt - x.pdf\n"
-                          "\nDer Name sagt kein Gegenüber: 1 Dateien\n        etwa Privat/Stammdaten/Strom/Scan.pdf\n"
-                          "\nDer Ort steht nicht in der Struktur: 1 Dateien\n"
+                          "\nDer Name sagt kein Gegenüber: 1 Datei\n        etwa Privat/Stammdaten/Strom/Scan.pdf\n"
+                          "\nDer Ort steht nicht in der Struktur: 1 Datei\n"
                           "        etwa Alt/2024-01-31 Stadtwerke Nord - 3.pdf\n\n"_s;
     const QStringList vorher = auszug(programm.katalog(p));
     QCOMPARE(programm.laufen({u"--gelernt"_s, u"--aus-ablage"_s}).ausgabe,
