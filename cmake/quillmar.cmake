@@ -64,3 +64,10 @@ function(quillmar_mit_seiten programm)
     add_dependencies(${programm} quillmar-seiten)
     file(CREATE_LINK ${CMAKE_BINARY_DIR}/src/app/quillmar-seiten ${CMAKE_CURRENT_BINARY_DIR}/quillmar-seiten SYMBOLIC)
 endfunction()
+
+# quillmar_mit_aufrichten(PROGRAM): it recognises text, so the program that straightens images must be found beside it.
+function(quillmar_mit_aufrichten programm)
+    add_dependencies(${programm} quillmar-aufrichten)
+    file(CREATE_LINK ${CMAKE_BINARY_DIR}/src/app/quillmar-aufrichten ${CMAKE_CURRENT_BINARY_DIR}/quillmar-aufrichten
+        SYMBOLIC)
+endfunction()

@@ -21,6 +21,7 @@ set(zeilen
     "desktop: grundlage sprache zustand/durchgang.h"
     "seiten: grundlage"
     "seitenmaler: grundlage/dateigriff.h seiten/seitenprotokoll.h"
+    "aufrichter:"
     "gestalt: grundlage"
     "ui/bedienteile: grundlage/pfade.h grundlage/text.h sprache zustand gestalt"
     "ui/vorschau: grundlage/text.h sprache seiten gestalt ui/bedienteile"
@@ -41,6 +42,7 @@ set(fremde
     "QtWidgets/: ui/bedienteile ui/vorschau ui/einrichtung ui/ablauf ui/pruefung ui/protokoll ui"
     "QtPdf/: seitenmaler"
     "seccomp.h: seitenmaler"
+    "leptonica/: aufrichter"
     "QtSvg/: gestalt"
     "QtDBus/: desktop"
     "QtNetwork/: analyse zustand")

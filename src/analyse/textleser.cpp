@@ -52,7 +52,9 @@ Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad, const Lesegrenze
                 .gelesenes = {.text = ersteZeichen(text.text, Textleser::textgrenze(profil)),
                               .textebene = text.textebene,
                               .textHash = skizze.textHash(),
-                              .skizze = Skizze::json(skizze.werte())},
+                              .skizze = Skizze::json(skizze.werte()),
+                              .ebeneVerworfen = text.ebeneVerworfen,
+                              .lagen = text.lagen},
                 .fehler = {}};
     } catch (const Platzmangel &) {
         throw; // nothing to be noted of the document

@@ -3,14 +3,16 @@
 #include "bilderordner.h"
 #include "kindprozess.h"
 #include "pfade.h"
-#include "seitenbilder.h"
 #include "sprache.h"
+#include "sprachprobe.h"
 #include "text.h"
+#include "texterkennung.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStringDecoder>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -20,26 +22,25 @@ namespace
 {
 constexpr qsizetype mindestZeichen = 120;
 
-QString erkannt(const QStringList &bilder, const QString &sprache, const Lesegrenzen &grenzen,
-                const std::stop_token &ende)
+Werkzeuge::Text ausBildern(const Texterkennung::Ergebnis &e)
 {
-    QStringList texte;
-    for (const QString &bild : bilder)
-        texte << Werkzeuge::alsText(
-            Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, sprache}, grenzen.fuerSeiten(1), ende));
-    return texte.join(u'\n').trimmed();
+    return {.text = e.text, .textebene = false, .ebeneVerworfen = false, .lagen = e.lagen};
 }
 
-QString texterkennung(const QString &pdf, int seiten, const QString &sprache, const Lesegrenzen &grenzen,
-                      const std::stop_token &ende)
+/** What the images say of a text layer that does not look like language; the layer itself where they say no better. */
+Werkzeuge::Text ebeneOderBild(const QString &ebene, const Sprachprobe &probe, const QString &sprache,
+                              const std::function<Texterkennung::Ergebnis()> &erkennen)
 {
-    const Bilderordner ordner;
+    const Werkzeuge::Text ausEbene{.text = ebene, .textebene = true, .ebeneVerworfen = false, .lagen = {}};
     try {
-        Seitenbilder::zeichnen(pdf, seiten, grenzen, ordner, ende);
-        return erkannt(ordner.bilder(), sprache, grenzen, ende);
-    } catch (const Fehler &) {
-        ordner.platzPruefen(); // the tools say nothing of it, or crash
+        Werkzeuge::Text ausBild = ausBildern(erkennen());
+        const Sprachprobe erkannt(ausBild.text, sprache);
+        ausBild.ebeneVerworfen = !erkannt.istLeer() && erkannt.istSprache() && erkannt.guete() > probe.guete();
+        return ausBild.ebeneVerworfen ? ausBild : ausEbene;
+    } catch (const Platzmangel &) {
         throw;
+    } catch (const Fehler &) {
+        return ausEbene;
     }
 }
 
@@ -95,6 +96,15 @@ std::optional<QString> Werkzeuge::pfadIn(const QStringList &orte, const QString 
 std::optional<QString> Werkzeuge::pfad(const QString &name)
 {
     return pfadIn(QStringList(eigenerBinOrdner()) + suchorte(), name);
+}
+
+std::optional<QString> Werkzeuge::eigenesProgramm(const QString &name)
+{
+    if (!QCoreApplication::instance())
+        return std::nullopt;
+    // The console's program lies where all programs do, those that nobody calls beside the windowed one.
+    const QString hier = QCoreApplication::applicationDirPath();
+    return pfadIn({hier, hier + u"/../lib/quillmar"_s}, name);
 }
 
 QStringList Werkzeuge::fehlende()
@@ -156,9 +166,12 @@ Werkzeuge::Text Werkzeuge::text(const QString &pdf, int seiten, const QString &s
             starten(u"pdftotext"_s, {u"-l"_s, QString::number(seiten), u"-enc"_s, u"UTF-8"_s, ort, u"-"_s},
                     grenzen.fuerText(), ende);
         const QString ebene = QString::fromUtf8(ausgabe).trimmed();
-        if (sichtbareZeichen(ebene) >= mindestZeichen)
-            return {.text = ebene, .textebene = true};
-        return {.text = texterkennung(ort, seiten, sprache, grenzen, ende), .textebene = false};
+        const auto erkennen = [&] { return Texterkennung::erkennen(ort, seiten, sprache, grenzen, ende); };
+        if (sichtbareZeichen(ebene) < mindestZeichen)
+            return ausBildern(erkennen());
+        if (const Sprachprobe probe(ebene, sprache); !probe.istSprache())
+            return ebeneOderBild(ebene, probe, sprache, erkennen);
+        return {.text = ebene, .textebene = true, .ebeneVerworfen = false, .lagen = {}};
     } catch (const Fehlschlag &f) {
         throw Fehler(ursache(f.beschwerde(), f.text()));
     }

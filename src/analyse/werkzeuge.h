@@ -2,6 +2,7 @@
 
 #include "grenzen.h"
 #include "namensraeume.h"
+#include "seitenlagen.h"
 
 #include <QByteArray>
 #include <QProcessEnvironment>
@@ -23,6 +24,8 @@ namespace Werkzeuge
 /** Full path of a tool in the first of @p orte that has it as an executable file; none if there is none. */
 [[nodiscard]] std::optional<QString> pfadIn(const QStringList &orte, const QString &name);
 [[nodiscard]] std::optional<QString> pfad(const QString &name);
+/** Full path of a program that belongs to this one and is called by nobody else. */
+[[nodiscard]] std::optional<QString> eigenesProgramm(const QString &name);
 /** The tools that were not found, of pdftotext, pdftoppm and tesseract. */
 [[nodiscard]] QStringList fehlende();
 [[nodiscard]] bool vollstaendig();
@@ -38,14 +41,16 @@ QByteArray starten(const QString &name, const QStringList &argumente, const Gren
 
 struct Text {
     QString text;
-    bool textebene = false; ///< from the PDF's own text, not recognised from its image
+    bool textebene = false;       ///< from the PDF's own text, not recognised from its image
+    bool ebeneVerworfen = false;  ///< there is a text layer, but it is no text
+    QList<Seitenlage> lagen = {}; ///< of pages that were recognised and do not lie upright and straight
     bool operator==(const Text &) const = default;
 };
 
 /**
  * Text of the first @p seiten pages of the PDF at @p pdf, trimmed; empty for blank pages. Recognised with the OCR
- * language @p sprache where the text layer has fewer than 120 visible characters. Throws Fehler with the cause, and
- * Platzmangel where the disk has no room for its pages.
+ * language @p sprache where the text layer has fewer than 120 visible characters, or does not look like language and
+ * what is recognised does. Throws Fehler with the cause, and Platzmangel where the disk has no room for its pages.
  */
 [[nodiscard]] Text text(const QString &pdf, int seiten, const QString &sprache, const std::stop_token &ende = {},
                         const Lesegrenzen &grenzen = {});

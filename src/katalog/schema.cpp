@@ -103,6 +103,13 @@ const QList<QString> &schemaAnweisungen()
         "    konfidenz REAL, ort_quelle TEXT, sicher INTEGER DEFAULT 0, von_hand INTEGER DEFAULT 0,\n"
         "    worte TEXT, stimmwort TEXT, stimmen INTEGER\n"
         ");"_s,
+        // How pages lie in their file: degrees clockwise that make them upright, and straight.
+        u"CREATE TABLE IF NOT EXISTS seitenlagen (\n"
+        "    dokument_id INTEGER, seite INTEGER, drehung INTEGER, neigung REAL, von_hand INTEGER DEFAULT 0,\n"
+        "    PRIMARY KEY (dokument_id, seite)\n"
+        ") WITHOUT ROWID;"_s,
+        // The text layer was no text: what is stored was recognised from the images.
+        u"CREATE TABLE IF NOT EXISTS verworfene_textebenen (dokument_id INTEGER PRIMARY KEY);"_s,
         // Up to which movement the user knows that what was filed below a target root lies elsewhere.
         u"CREATE TABLE IF NOT EXISTS umgezogen (ziel TEXT PRIMARY KEY, bis_protokoll INTEGER, zeit TEXT);"_s,
     };

@@ -13,6 +13,11 @@ std::optional<QString> Texte::text(qint64 id) const
                      [](const Zeile &z) { return z.text(u"text"); });
 }
 
+bool Texte::istEbeneVerworfen(qint64 id) const
+{
+    return m_db.gibtEs(u"SELECT 1 FROM verworfene_textebenen WHERE dokument_id=?"_s, {id});
+}
+
 bool Texte::hatText(qint64 id) const
 {
     return m_db.gibtEs(u"SELECT 1 FROM texte WHERE dokument_id=? AND text<>''"_s, {id});
@@ -38,8 +43,13 @@ void Texte::speichern(qint64 id, const Gelesenes &g)
     const int geschrieben = m_db.schreiben(u"UPDATE dokumente SET text_hash=?, hat_textebene=?, skizze=? WHERE id=?\n"
                                            "AND status IN ('neu','bereit') AND ausgenommen=0"_s,
                                            {g.textHash, g.textebene, g.skizze, id});
-    if (geschrieben > 0)
+    if (geschrieben > 0) {
         m_db.schreiben(u"INSERT OR REPLACE INTO texte (dokument_id, text) VALUES (?,?)"_s, {id, g.text});
+        Seitenlagen(m_db).speichern(id, g.lagen);
+        m_db.schreiben(g.ebeneVerworfen ? u"INSERT OR IGNORE INTO verworfene_textebenen (dokument_id) VALUES (?)"_s
+                                        : u"DELETE FROM verworfene_textebenen WHERE dokument_id=?"_s,
+                       {id});
+    }
     t.abschliessen();
 }
 

@@ -2,6 +2,7 @@
 
 #include "dokument.h"
 #include "namensraeume.h"
+#include "seitenlagen.h"
 
 #include <QList>
 #include <functional>
@@ -21,6 +22,8 @@ public:
 
     /** The stored text; none if there is no row, empty if nothing was found. */
     [[nodiscard]] std::optional<QString> text(qint64 id) const;
+    /** The document has a text layer, but it is no text: what is stored was recognised. */
+    [[nodiscard]] bool istEbeneVerworfen(qint64 id) const;
     /** Some text is stored. */
     [[nodiscard]] bool hatText(qint64 id) const;
 
@@ -34,6 +37,8 @@ public:
         bool textebene = false;
         QString textHash;
         QString skizze;
+        bool ebeneVerworfen = false;  ///< there is a text layer, but it is no text
+        QList<Seitenlage> lagen = {}; ///< of pages that do not lie upright and straight
     };
     /** Stores it while the document waits to be looked at. */
     void speichern(qint64 id, const Gelesenes &gelesenes);
