@@ -76,7 +76,7 @@ QStringList Probe::scans(const QString &ordner, int anzahl)
     for (int i = 0; i < anzahl; ++i) {
         pfade << pdfName(ordner, i);
         schreiben(pfade.last(),
-                  vorfuehrung::pdf({vorfuehrung::gescannt(vorfuehrung::seitenSatz(brief(i)), 0.4, quint32(i))}));
+                  vorfuehrung::pdf({vorfuehrung::gescannt(vorfuehrung::seitenSatz(brief(i)), {.neigung = 0.2}, quint32(i))}));
     }
     return pfade;
 }

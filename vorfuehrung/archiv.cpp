@@ -60,8 +60,18 @@ QList<Seite> gesetzt(const Vorlage &vorlage)
 {
     QList<Seite> seiten;
     for (const QStringList &zeilen : vorlage.seiten)
-        seiten.append(Seite{seitenSatz(zeilen), {}, {}});
+        seiten.append(Seite{seitenSatz(zeilen), {}, {}, 0});
     return seiten;
+}
+
+/** As a broken font map says it: each letter is the next one. */
+QStringList verschoben(QStringList zeilen)
+{
+    for (QString &zeile : zeilen)
+        for (QChar &c : zeile)
+            if (c >= u'A' && c <= u'z')
+                c = QChar(c.unicode() + 1);
+    return zeilen;
 }
 
 QList<Seite> alsBild(const Vorlage &vorlage)
@@ -69,7 +79,9 @@ QList<Seite> alsBild(const Vorlage &vorlage)
     QList<Seite> seiten;
     quint32 keim = qChecksum(vorlage.pfad.toUtf8());
     for (const QStringList &zeilen : vorlage.seiten)
-        seiten.append(gescannt(seitenSatz(zeilen), vorlage.neigung, keim++));
+        seiten.append(gescannt(seitenSatz(zeilen), vorlage.lage, keim++));
+    for (qsizetype i = 0; vorlage.ebeneVerschoben && i < seiten.size(); ++i)
+        seiten[i].inhalt = seitenSatz(verschoben(vorlage.seiten.at(i)));
     return seiten;
 }
 

@@ -68,10 +68,26 @@ QByteArray schriftObjekt(const QByteArray &name)
 /** Deflated as PDF wants it: qCompress puts four bytes of length in front of the zlib stream. */
 QByteArray gepackt(const QByteArray &inhalt) { return qCompress(inhalt, 9).mid(4); }
 
-QByteArray seitenObjekt(int inhalt, const QByteArray &mittel)
+QByteArray seitenObjekt(int inhalt, const QByteArray &mittel, bool quer = false)
 {
-    return "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 595 842] /Resources << " + mittel + " >> /Contents " +
+    const QByteArray mass = quer ? "842 595" : "595 842";
+    return "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 " + mass + "] /Resources << " + mittel + " >> /Contents " +
            verweis(inhalt) + " >>";
+}
+
+/** Lays the unit square of a picture onto the page. */
+QByteArray lage(int drehung)
+{
+    switch (drehung) {
+    case 90:
+        return "0 -595 842 0 0 595 cm";
+    case 180:
+        return "-595 0 0 -842 595 842 cm";
+    case 270:
+        return "0 595 -842 0 842 0 cm";
+    default:
+        return "595 0 0 842 0 0 cm";
+    }
 }
 
 void textSeite(Datei &datei, int nummer, const Seite &seite, Schreibweise weise)
@@ -85,8 +101,11 @@ void textSeite(Datei &datei, int nummer, const Seite &seite, Schreibweise weise)
 
 void bildSeite(Datei &datei, int nummer, const Seite &seite)
 {
-    datei.objekt(nummer, seitenObjekt(nummer + 1, "/XObject << /Bild " + verweis(nummer + 2) + " >>"));
-    datei.strom(nummer + 1, {}, "q 595 0 0 842 0 0 cm /Bild Do Q");
+    const QByteArray schriften = seite.inhalt.isEmpty() ? "" : "/Font << /F1 3 0 R /F2 4 0 R >> ";
+    const QByteArray mittel = schriften + "/XObject << /Bild " + verweis(nummer + 2) + " >>";
+    const QByteArray unsichtbar = seite.inhalt.isEmpty() ? QByteArray() : "\n3 Tr " + seite.inhalt;
+    datei.objekt(nummer, seitenObjekt(nummer + 1, mittel, seite.drehung % 180 != 0));
+    datei.strom(nummer + 1, {}, "q " + lage(seite.drehung) + " /Bild Do Q" + unsichtbar);
     datei.strom(nummer + 2,
                 "/Type /XObject /Subtype /Image /Width " + QByteArray::number(seite.bildgroesse.width()) + " /Height " +
                     QByteArray::number(seite.bildgroesse.height()) +

@@ -17,18 +17,17 @@ namespace vorfuehrung
 namespace
 {
 
-constexpr int flecken = 160;
 constexpr int zeitgrenze = 60'000;
 
 QByteArray zahl(double wert) { return QByteArray::number(wert, 'f', 5); }
 
 /** Numbers straight from the engine: the distributions of the standard library differ between its makers. */
-QByteArray flecke(quint32 keim)
+QByteArray flecke(int anzahl, quint32 keim)
 {
     std::mt19937 zufall(keim);
     const auto bis = [&zufall](double ende) { return static_cast<double>(zufall() % 10'000) / 10'000 * ende; };
     QByteArray inhalt;
-    for (int i = 0; i < flecken; ++i) {
+    for (int i = 0; i < anzahl; ++i) {
         const QByteArray grau = zahl(0.45 + bis(0.4));
         const QByteArray ort = zahl(bis(seitenbreite)) + ' ' + zahl(bis(seitenhoehe));
         const QByteArray kante = zahl(0.3 + bis(0.5));
@@ -81,12 +80,13 @@ QSize groesseVon(const QByteArray &jpeg)
 
 } // namespace
 
-Seite gescannt(const QByteArray &inhalt, double neigung, quint32 keim)
+Seite gescannt(const QByteArray &inhalt, const Scanlage &lage, quint32 keim)
 {
-    const QByteArray papier = "0.965 g 0 0 595 842 re f\n" + flecke(keim);
-    const QByteArray gedreht = papier + "q 0.12 g " + drehung(neigung) + inhalt + "Q\n";
+    const QByteArray papier =
+        QByteArray::number(lage.papier, 'g', 4) + " g 0 0 595 842 re f\n" + flecke(lage.flecken, keim);
+    const QByteArray gedreht = papier + "q 0.12 g " + drehung(lage.neigung) + inhalt + "Q\n";
     const QByteArray jpeg = gerastert(pdf({Seite{gedreht, {}, {}}}));
-    return {{}, jpeg, groesseVon(jpeg)};
+    return {{}, jpeg, groesseVon(jpeg), lage.drehung};
 }
 
 } // namespace vorfuehrung

@@ -46,7 +46,15 @@ bool machartSetzen(Vorlage &vorlage, const QString &name, const QString &wert)
 {
     if (name == u"bild") {
         vorlage.machart = Machart::bild;
-        vorlage.neigung = wert.toDouble();
+        vorlage.lage.neigung = wert.toDouble();
+    } else if (name == u"drehung") {
+        vorlage.lage.drehung = wert.toInt();
+    } else if (name == u"papier") {
+        vorlage.lage.papier = wert.toDouble();
+    } else if (name == u"flecken") {
+        vorlage.lage.flecken = wert.toInt();
+    } else if (name == u"textebene") {
+        vorlage.ebeneVerschoben = wert == u"verschoben";
     } else if (name == u"zerlegt") {
         vorlage.zerlegt = wert == u"ja";
     } else if (name == u"kopie von") {

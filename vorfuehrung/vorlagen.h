@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scan.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -9,7 +11,7 @@ namespace vorfuehrung
 /** How the file of a sample document is made. */
 enum class Machart {
     text,           ///< pages with a text layer
-    bild,           ///< pages as pictures only, slightly skewed and speckled
+    bild,           ///< pages as pictures only, skewed and speckled
     kopie,          ///< the bytes of another document
     neuGespeichert, ///< the pages of another document, written anew with other bytes
     leer,           ///< one blank page
@@ -24,9 +26,10 @@ enum class Machart {
 struct Vorlage {
     QString pfad; ///< below the source folder, with "/" between folders
     Machart machart = Machart::text;
-    bool zerlegt = false; ///< umlauts of the file name as letter and mark (NFD), as some systems write them
-    double neigung = 0;   ///< degrees, for pictures
-    QString von;          ///< path of the document that is copied or written anew
+    bool zerlegt = false;         ///< umlauts of the file name as letter and mark (NFD), as some systems write them
+    Scanlage lage;                ///< for pictures
+    bool ebeneVerschoben = false; ///< pictures with a text layer each of whose letters is the next one
+    QString von;                  ///< path of the document that is copied or written anew
     QList<QStringList> seiten;
     QString datum; ///< JJJJ-MM-TT
     QString gegenueber;

@@ -83,10 +83,12 @@ bool istGesund(const QString &teil)
     return teil.size() <= kuerzestesWort || std::any_of(teil.begin(), teil.end(), istVokal);
 }
 
+/** Also with a number behind it, as in "Blatt2". */
 bool istWort(const QString &wort)
 {
     static const QRegularExpression fugen(u"[-.'’/&]"_s);
-    const QStringList teile = wort.split(fugen, Qt::SkipEmptyParts);
+    static const QRegularExpression nummer(u"(?<=\\p{L}{3})[0-9]+$"_s);
+    const QStringList teile = QString(wort).remove(nummer).split(fugen, Qt::SkipEmptyParts);
     return !teile.isEmpty() && std::all_of(teile.begin(), teile.end(), istGesund);
 }
 } // namespace

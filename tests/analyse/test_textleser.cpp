@@ -23,7 +23,7 @@ QStringList brief(int von, int anzahl)
     for (int i = von; i < von + anzahl; ++i) {
         if ((i - von) % 10 == 0)
             zeilen << QString();
-        zeilen.last() += u"Wort%1 "_s.arg(i);
+        zeilen.last() += u"Zeile%1 "_s.arg(i);
     }
     return zeilen;
 }
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(lesen(), (QStringList{u"1 von 1 gelesen"_s, u"0 textgleiche Dubletten, 0 ähnliche Paare"_s}));
         const Zeile z = zeile(id);
         QCOMPARE(z.text(u"text").size(), 300);
-        QVERIFY(z.text(u"text").startsWith(u"Wort0 Wort1"_s));
+        QVERIFY(z.text(u"text").startsWith(u"Zeile0 Zeile1"_s));
         QCOMPARE(z.ganz(u"hat_textebene"), 1);
         QCOMPARE(z.text(u"text_hash").size(), 64);
         QCOMPARE(Skizze::ausJson(z.text(u"skizze"))->size(), 64);
@@ -166,7 +166,7 @@ private Q_SLOTS:
         Bestand::aufnehmen(lauf);
         QCOMPARE(zeile(id).text(u"status"), u"neu"_s);
         lesen();
-        QVERIFY(zeile(id).text(u"text").startsWith(u"Wort0"_s) && zeile(id).text(u"fehler").isEmpty());
+        QVERIFY(zeile(id).text(u"text").startsWith(u"Zeile0"_s) && zeile(id).text(u"fehler").isEmpty());
     }
 
     void unlesbareHaltenNichtAuf()
