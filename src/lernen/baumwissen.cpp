@@ -60,26 +60,36 @@ QList<Baumkenntnis> Baumwissen::mitVergessenen(const QList<Baumkenntnis> &kenntn
     return alle;
 }
 
-qint64 Baumwissen::uebernehmen(const QList<Baumkenntnis> &kenntnisse, Wartende wartende)
+qint64 Baumwissen::uebernehmen(const QList<Baumkenntnis> &kenntnisse, Wartende wartende, const Fortschritt &fortschritt)
 {
     const QSet<QString> wartendeVorher = wartende == Wartende::Nachrechnen ? wartendeSchluessel(m_db) : QSet<QString>();
+    const QList<Baumkenntnis> alle = mitVergessenen(kenntnisse);
     QSet<qint64> geaenderte;
     Stapel stapel(m_db);
-    for (const Baumkenntnis &kenntnis : mitVergessenen(kenntnisse)) {
-        if (!trifftEinen(wartendeVorher, kenntnis.schluessel)) {
+    for (qsizetype n = 0; n < alle.size(); ++n) {
+        if (fortschritt)
+            fortschritt(n, alle.size());
+        if (trifftEinen(wartendeVorher, alle.at(n).schluessel)) {
+            stapel.abschliessen();
+            geaenderte += mitWartenden(alle.at(n));
+        } else {
             stapel.naechstes();
-            setzen(kenntnis);
-            continue;
+            setzen(alle.at(n));
         }
-        stapel.abschliessen();
-        m_nachrechnung.vorlesen({kenntnis.schluessel}, kenntnis.plaetze.value(0).ort.rubrik);
-        Transaktion transaktion(m_db);
-        setzen(kenntnis);
-        geaenderte += m_nachrechnung.rechnen({kenntnis.schluessel}, Urteiler::Anlass::Nachrechnen);
-        transaktion.abschliessen();
     }
     stapel.abschliessen();
     return geaenderte.size();
+}
+
+/** One counterpart with its waiting documents in one transaction. Returns those that changed. */
+QSet<qint64> Baumwissen::mitWartenden(const Baumkenntnis &kenntnis)
+{
+    m_nachrechnung.vorlesen({kenntnis.schluessel}, kenntnis.plaetze.value(0).ort.rubrik);
+    Transaktion transaktion(m_db);
+    setzen(kenntnis);
+    QSet<qint64> geaenderte = m_nachrechnung.rechnen({kenntnis.schluessel}, Urteiler::Anlass::Nachrechnen);
+    transaktion.abschliessen();
+    return geaenderte;
 }
 
 void Baumwissen::setzen(const Baumkenntnis &kenntnis)

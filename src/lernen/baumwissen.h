@@ -7,6 +7,7 @@
 #include "profil.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <functional>
 
@@ -46,20 +47,26 @@ public:
 
     /** What becomes of the waiting documents of the counterparts. */
     enum class Wartende { Lassen, Nachrechnen };
+    /** Hears how many counterparts are done, of all that there are; between them, never within one. */
+    using Fortschritt = std::function<void(qint64 erledigt, qint64 gesamt)>;
 
     /**
      * From now on @p kenntnisse, each counterpart once, is what the tree tells; what it told before is forgotten.
      * Returns how many waiting documents changed. Written in short transactions, each counterpart as a whole: after a
      * failure the same call does the rest. Throws Fehler.
      */
-    qint64 uebernehmen(const QList<Baumkenntnis> &kenntnisse, Wartende wartende);
+    qint64 uebernehmen(const QList<Baumkenntnis> &kenntnisse, Wartende wartende, const Fortschritt &fortschritt = {});
 
     /** Nothing is known from the tree any more; as uebernehmen() of nothing. */
-    qint64 zuruecknehmen(Wartende wartende) { return uebernehmen({}, wartende); }
+    qint64 zuruecknehmen(Wartende wartende, const Fortschritt &fortschritt = {})
+    {
+        return uebernehmen({}, wartende, fortschritt);
+    }
 
     [[nodiscard]] bool istUebernommen() const;
 
 private:
+    [[nodiscard]] QSet<qint64> mitWartenden(const Baumkenntnis &kenntnis);
     void setzen(const Baumkenntnis &kenntnis);
     void plaetzeSetzen(const Baumkenntnis &kenntnis, const QList<Ortszahl> &bisherige);
     void eintragSetzen(const Baumkenntnis &kenntnis, const std::optional<Eintrag> &vorher, bool nurAusDemBaum);

@@ -129,6 +129,10 @@ private Q_SLOTS:
         baum.uebernehmen(werke + QList{kenntnis(u"Finanzamt"_s, {{strom, 2}})}, Baumwissen::Wartende::Lassen);
         baum.uebernehmen({kenntnis(u"Stadtwerke Meissen"_s, {{wasser, 50}})}, Baumwissen::Wartende::Lassen);
         QCOMPARE(stand(), QStringList({u"Stadtwerke Meissen Wasser 50"_s, u"Wasser 0/50"_s}));
+        QStringList gehoert; // those that are forgotten count as well
+        const auto hoeren = [&](qint64 n, qint64 alle) { gehoert << u"%1/%2"_s.arg(n).arg(alle); };
+        baum.uebernehmen({kenntnis(u"Finanzamt"_s, {{strom, 2}})}, Baumwissen::Wartende::Nachrechnen, hoeren);
+        QCOMPARE(gehoert, QStringList({u"0/2"_s, u"1/2"_s}));
     }
 
     /** What the reviewer takes back leaves the tree's as it is known by then. */
