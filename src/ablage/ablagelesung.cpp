@@ -31,7 +31,39 @@ constexpr qsizetype beispiele = 5;
 constexpr qint64 fortschrittAlle = 1000;
 constexpr int tiefeDerEigenen = 2; // deeper ones of the same name are rubrics
 
+bool istPdf(const QByteArray &name)
+{
+    return name.size() > 4 && qstrnicmp(name.constData() + name.size() - 4, ".pdf", 4) == 0;
+}
+
+QByteArray darin(const QByteArray &ordner, const QByteArray &name)
+{
+    return ordner + (ordner.endsWith('/') ? "" : "/") + name;
+}
 QString darin(const QString &ordner, const QString &name) { return ordner.isEmpty() ? name : ordner + u'/' + name; }
+
+/** A folder on the way through the tree. */
+struct Station {
+    QByteArray platte;
+    QString relativ;
+    int tiefe = 0;
+};
+
+/** Whether a PDF file lies in the folder itself. Its subfolders come to @p offene. */
+bool hatPdf(const Station &ordner, QList<Station> &offene)
+{
+    bool gefunden = false;
+    ordnerLesen(ordner.platte, [&](int, const Ordnereintrag &e) {
+        const QString name = nameVonPlatte(e.name);
+        if (e.name.startsWith('.') || name.isNull())
+            return;
+        if (e.art == Eintragsart::Datei)
+            gefunden = gefunden || istPdf(e.name);
+        else if (e.art == Eintragsart::Ordner)
+            offene << Station{darin(ordner.platte, e.name), darin(ordner.relativ, name), ordner.tiefe + 1};
+    });
+    return gefunden;
+}
 
 /** The first few files, by the order of their folders, then by name: the same ones however a disk lists them. */
 class Auswahl
@@ -165,6 +197,8 @@ public:
 private:
     void ordner(const QByteArray &platte, const QString &relativ, int tiefe)
     {
+        if (m_ende.stop_requested())
+            throw Abbruch();
         ++m_nummer;
         m_ordner = relativ;
         m_platz = platzVon(relativ);
@@ -190,12 +224,7 @@ private:
         if (text.isNull())
             ++m_unlesbareOrdner;
         else if (tiefe > tiefeDerEigenen || !m_eigene.enthaelt(pfad))
-            ordner(platte + (platte.endsWith('/') ? "" : "/") + name, pfad, tiefe);
-    }
-
-    [[nodiscard]] static bool istPdf(const QByteArray &name)
-    {
-        return name.size() > 4 && qstrnicmp(name.constData() + name.size() - 4, ".pdf", 4) == 0;
+            ordner(darin(platte, name), pfad, tiefe);
     }
 
     [[nodiscard]] int platzVon(const QString &relativ)
@@ -334,6 +363,21 @@ Ablagelesung::Ergebnis Ablagelesung::lesen(Datenbank &db, const Profil &profil, 
             .namen = leser.namen(),
             .dateien = leser.dateien(),
             .unlesbareOrdner = leser.unlesbareOrdner()};
+}
+
+bool Ablagelesung::hatDokumente(const Profil &profil, const std::stop_token &ende)
+{
+    const EigeneOrdner eigene(profil.eigeneOrdner());
+    QList<Station> offene = {{.platte = plattenPfad(QDir::cleanPath(nfc(profil.zielWurzel))), .relativ = {}}};
+    while (!offene.isEmpty()) {
+        if (ende.stop_requested())
+            throw Abbruch();
+        const Station ordner = offene.takeLast();
+        const bool eigener = ordner.tiefe > 0 && ordner.tiefe <= tiefeDerEigenen && eigene.enthaelt(ordner.relativ);
+        if (!eigener && hatPdf(ordner, offene))
+            return true;
+    }
+    return false;
 }
 
 QList<lernen::Baumkenntnis> Ablagelesung::angekreuzte(const QList<Zeile> &zeilen)

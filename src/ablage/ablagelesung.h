@@ -51,6 +51,12 @@ using Fortschritt = std::function<void(qint64 dateien)>;
 [[nodiscard]] Ergebnis lesen(Datenbank &db, const Profil &profil, const Fortschritt &fortschritt = {},
                              const std::stop_token &ende = {});
 
+/**
+ * Whether any PDF file lies below the target root of @p profil, the program's own folders apart; looks no further than
+ * to the first one. False where nothing can be read. Throws Abbruch when @p ende is asked for.
+ */
+[[nodiscard]] bool hatDokumente(const Profil &profil, const std::stop_token &ende = {});
+
 /** What the ticked ones of @p zeilen tell, for Baumwissen::uebernehmen(). */
 [[nodiscard]] QList<lernen::Baumkenntnis> angekreuzte(const QList<Zeile> &zeilen);
 } // namespace Ablagelesung

@@ -134,6 +134,7 @@ private Q_SLOTS:
         QCOMPARE(ergebnis.namen.anzahl, als == u"Name" ? 1 : 0);
         QCOMPARE(ergebnis.orte.anzahl, als == u"Ort" ? 1 : 0);
         QCOMPARE(ergebnis.dateien, als.isEmpty() ? 0 : 1);
+        QCOMPARE(Ablagelesung::hatDokumente(m_profil), !als.isEmpty());
         const QStringList beispiele = ergebnis.namen.beispiele + ergebnis.orte.beispiele;
         QCOMPARE(beispiele, als == u"Name" || als == u"Ort" ? QStringList(pfad) : QStringList());
     }
@@ -200,6 +201,7 @@ private Q_SLOTS:
         };
         QVERIFY_EXCEPTION_THROWN((void)Ablagelesung::lesen(*m_db, m_profil, halten, quelle.get_token()), Abbruch);
         QCOMPARE(zuletzt, 1000);
+        QVERIFY_EXCEPTION_THROWN((void)Ablagelesung::hatDokumente(m_profil, quelle.get_token()), Abbruch);
     }
 };
 
