@@ -205,6 +205,7 @@ int main(int anzahl, char **argumente)
     laufenBis([&] { return zustand.profilwahl()->offen(); });
     Profil profil = *zustand.profilwahl()->aktiv();
     profil.zweige = Profil::struktureinlesen(profil.zielWurzel, 2);
+    ablageFuellen(profil);
     zustand.profilwahl()->setzeProfil(profil);
     bool analysiert = false;
     for (Buehnenbild bild : buehnenbilder()) {

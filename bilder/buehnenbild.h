@@ -4,6 +4,11 @@
 #include <QString>
 #include <functional>
 
+namespace quillmar::profil
+{
+struct Profil;
+} // namespace quillmar::profil
+
 namespace quillmar::zustand
 {
 class Zustand;
@@ -30,6 +35,9 @@ struct Buehnenbild {
 
 /** All pictures, in an order in which each one's state leads to the next. */
 [[nodiscard]] QList<Buehnenbild> buehnenbilder();
+
+/** Documents that have been lying in the filing tree of @p profil for years. */
+void ablageFuellen(const quillmar::profil::Profil &profil);
 
 /** What stands between the program and its model server. */
 [[nodiscard]] Bremse &bremse();

@@ -18,6 +18,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 
@@ -103,7 +104,29 @@ std::function<void(Zustand &, Hauptfenster &)> abschnitt(Abschnitt welcher)
         zustand.setzeReiter(Reiter::Einrichtung);
         zustand.einrichtung()->setzeAbschnitt(welcher);
         laufenBis([&] { return zustand.einrichtung()->stand().programme && zustand.einrichtung()->stand().quelle; });
+        ruhe();
+        zustand.einrichtung()->ablagelernen()->ablehnen(); // has a picture of its own
     };
+}
+
+/** The setup is complete, and the tree holds documents. */
+void angebot(Zustand &zustand, Hauptfenster &)
+{
+    serverDa(zustand, true);
+    zustand.setzeReiter(Reiter::Einrichtung);
+    zustand.einrichtung()->setzeAbschnitt(Abschnitt::Modell);
+    laufenBis([&] { return zustand.einrichtung()->ablagelernen()->angebot(); });
+}
+
+/** What the filing tree would teach. */
+void ausAblage(Zustand &zustand, Hauptfenster &fenster)
+{
+    abschnitt(Abschnitt::Gelernt)(zustand, fenster);
+    Ablagelernen *ablage = zustand.einrichtung()->ablagelernen();
+    ablage->lesen();
+    laufenBis([&] { return ablage->lage() == Ablagelernen::Lage::Auswahl; });
+    if (auto *liste = fenster.findChild<QWidget *>(u"fund"_s))
+        liste->setFocus(Qt::TabFocusReason);
 }
 
 /** The structure as it was before someone made one folder and removed another. */
@@ -301,6 +324,17 @@ void gelernt(Zustand &zustand, Hauptfenster &fenster)
     abschnitt(Abschnitt::Gelernt)(zustand, fenster);
 }
 
+void ausAblageGelernt(Zustand &zustand, Hauptfenster &fenster)
+{
+    const Einrichtung *einrichtung = zustand.einrichtung();
+    if (!einrichtung->stand().gelerntes.ausAblage) {
+        ausAblage(zustand, fenster);
+        zustand.einrichtung()->ablagelernen()->uebernehmen();
+        laufenBis([&] { return einrichtung->stand().gelerntes.ausAblage; });
+    }
+    abschnitt(Abschnitt::Gelernt)(zustand, fenster);
+}
+
 /** An index of the catalogue's file loses its page, and the profile is opened anew. */
 void beschaedigt(Zustand &zustand, Hauptfenster &)
 {
@@ -374,13 +408,16 @@ QList<Buehnenbild> pruefbilder()
 
 QList<Buehnenbild> einrichtungsbilder()
 {
-    QList<Buehnenbild> alle = varianten(u"einrichtung-programme"_s, abschnitt(Abschnitt::Programme));
+    QList<Buehnenbild> alle = varianten(u"einrichtung-angebot"_s, angebot);
+    alle += varianten(u"einrichtung-programme"_s, abschnitt(Abschnitt::Programme));
     alle += varianten(u"einrichtung-herkunft"_s, ausnahme);
     alle += varianten(u"einrichtung"_s, strukturWechsel);
     alle += varianten(u"einrichtung-namen"_s, monatImOrdner);
     alle += varianten(u"einrichtung-eigentuemer"_s, eigentuemer);
     alle += varianten(u"einrichtung-modell"_s, abschnitt(Abschnitt::Modell));
     alle += varianten(u"einrichtung-gelernt"_s, gelernt);
+    alle += varianten(u"einrichtung-ausAblage"_s, ausAblage);
+    alle += varianten(u"einrichtung-ausAblageGelernt"_s, ausAblageGelernt);
     alle += varianten(u"einrichtung-sprache"_s, abschnitt(Abschnitt::Oberflaeche));
     return alle;
 }
@@ -409,6 +446,39 @@ QList<Buehnenbild> maengelbilder()
     return alle;
 }
 } // namespace
+
+void ablageFuellen(const Profil &profil)
+{
+    struct Abgelegte {
+        QString gegenueber;
+        int rubrik; // among those of the structure
+        int anzahl;
+    };
+    QStringList orte;
+    for (const Zweig &zweig : profil.zweige) {
+        for (const Ablageart &art : zweig.ablagen) {
+            for (const QString &rubrik : art.rubriken)
+                orte << zweig.name + u'/' + art.name + (art.mitJahr ? u"/2024/"_s : u"/"_s) + rubrik;
+        }
+    }
+    const QList<Abgelegte> alle = {
+        {u"Elbtal Energie"_s, 0, 36},  {u"Elbtal Energie"_s, 1, 12},         {u"Sparkasse Elbtal"_s, 2, 24},
+        {u"Sparkasse Elbtal"_s, 5, 7}, {u"Nordlicht Versicherung"_s, 3, 18}, {u"Telefon Mitte"_s, 1, 11},
+        {u"Finanzamt Meißen"_s, 4, 9}, {u"Stadtbücherei"_s, 2, 4},           {u"4711"_s, 0, 3},
+        {u"Bäckerei Kern"_s, 3, 1}};
+    for (const Abgelegte &a : alle) {
+        const QString ordner = profil.zielWurzel + u'/' + orte.value(a.rubrik, orte.value(0));
+        QDir().mkpath(ordner);
+        for (int n = 1; n <= a.anzahl; ++n) {
+            QFile datei(
+                ordner +
+                u"/2024-%1-15 %2 - Schreiben %3.pdf"_s.arg(n % 12 + 1, 2, 10, QChar(u'0')).arg(a.gegenueber).arg(n));
+            datei.open(QIODevice::WriteOnly);
+        }
+    }
+    for (const QString &name : {u"Scan_0017.pdf"_s, u"Scan_0018.pdf"_s, u"Garantie Waschmaschine.pdf"_s})
+        QFile(profil.zielWurzel + u'/' + orte.value(0) + u'/' + name).open(QIODevice::WriteOnly);
+}
 
 QList<Buehnenbild> buehnenbilder()
 {

@@ -53,7 +53,8 @@ QList<Ausnahmefilter::Regel> regelnVon(const QString &regel) { return Ausnahmefi
 
 /** Its facts keep up with the profile and the catalogue. */
 Einrichtung::Einrichtung(const Nachbarn &nachbarn)
-    : m_nachbarn(nachbarn), m_struktur(nachbarn.profilwahl, &m_stand), m_zaehlung(this)
+    : m_nachbarn(nachbarn), m_struktur(nachbarn.profilwahl, &m_stand),
+      m_ablagelernen(nachbarn.profilwahl, nachbarn.meldestelle), m_zaehlung(this)
 {
     m_zaehltakt.setSingleShot(true);
     m_zaehltakt.setInterval(bisZumZaehlen);
@@ -74,6 +75,12 @@ Einrichtung::Einrichtung(const Nachbarn &nachbarn)
     });
     connect(&m_struktur, &Strukturlesung::gelesen, this, &Einrichtung::einrichtungGeaendert);
     connect(&m_struktur, &Strukturlesung::geordnet, this, &Einrichtung::strukturGeaendert);
+    connect(&m_ablagelernen, &Ablagelernen::gelernt, this, [this] {
+        gelerntLesen();
+        m_nachbarn.pruefung->aktualisieren();
+    });
+    connect(this, &Einrichtung::staendeGeaendert, this, &Einrichtung::ablageAnbieten);
+    connect(m_nachbarn.profilwahl, &Profilwahl::oeffnetGeaendert, this, &Einrichtung::ablageAnbieten);
     staendeVerfolgen();
 }
 
@@ -100,14 +107,17 @@ void Einrichtung::wechseln()
     m_stand.programme = std::move(programme);
     m_stand.katalog = m_nachbarn.katalogpflege->stand();
     m_struktur.wechseln();
+    m_ablagelernen.wechseln();
     einrichtungPruefen();
 }
 
 void Einrichtung::setzeGewaehlt(bool gewaehlt)
 {
     m_gewaehlt = gewaehlt;
-    if (gewaehlt)
-        einrichtungPruefen();
+    if (!gewaehlt)
+        return;
+    einrichtungPruefen();
+    ablageAnbieten();
 }
 
 void Einrichtung::einrichtungPruefen()
@@ -318,6 +328,19 @@ void Einrichtung::gelerntLesen()
         });
 }
 
+/** Once the setup is complete, and only to who looks at it. */
+void Einrichtung::ablageAnbieten()
+{
+    using Lage = Abschnittsstand::Lage;
+    const QList<Abschnitt> &alle = alleAbschnitte();
+    const bool fertig = std::all_of(alle.begin(), alle.end(), [this](Abschnitt abschnitt) {
+        const Abschnittsstand stand = abschnittsstand(abschnitt);
+        return !stand.hindert() && stand.lage != Lage::Prueft && stand.lage != Lage::Offen;
+    });
+    if (m_gewaehlt && aktiv() && fertig)
+        m_ablagelernen.anbieten();
+}
+
 void Einrichtung::ortVergessen(const QString &kennung)
 {
     lernenAendern([gemeint = Lernstand::gemeint(kennung)](
@@ -365,5 +388,9 @@ void Einrichtung::spracheVorbereiten()
     });
 }
 
-void Einrichtung::nachsprechen() { m_stand.strukturmangel = Sprache::nachgesprochen(m_stand.strukturmangel); }
+void Einrichtung::nachsprechen()
+{
+    m_stand.strukturmangel = Sprache::nachgesprochen(m_stand.strukturmangel);
+    m_ablagelernen.nachsprechen();
+}
 } // namespace quillmar::zustand

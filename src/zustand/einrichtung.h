@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ablagelernen.h"
 #include "abschnitt.h"
 #include "anfrage.h"
 #include "einrichtungsstand.h"
@@ -44,6 +45,8 @@ public:
     /** The same with what the other models know; without a profile that of an empty one. Holds while nothing changes.
      */
     [[nodiscard]] Einrichtungslage lage() const;
+    /** Learning from the filing tree. */
+    [[nodiscard]] Ablagelernen *ablagelernen() { return &m_ablagelernen; }
     /** Looks anew at programs, folders and the learning memory. */
     void einrichtungPruefen();
     /** The setup card is the chosen one: it is looked anew, and only then a large folder is walked through. */
@@ -102,6 +105,7 @@ private:
     void quelleVerfolgen();
     void quelleZaehlen();
     void gelerntLesen();
+    void ablageAnbieten();
     void lernenAendern(const std::function<void(Lernspeicher &)> &aenderung, const QString &erfolg);
 
     Nachbarn m_nachbarn;
@@ -109,6 +113,7 @@ private:
     Abschnitt m_abschnitt = Abschnitt::Programme;
     bool m_gewaehlt = true;
     Strukturlesung m_struktur;
+    Ablagelernen m_ablagelernen;
     QTimer m_zaehltakt;
     QStringList m_zaehlschluessel; ///< what the count was asked for
     Anfrage m_zaehlung;

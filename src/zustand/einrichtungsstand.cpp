@@ -1,5 +1,6 @@
 #include "einrichtungsstand.h"
 
+#include "baumwissen.h"
 #include "bestand.h"
 #include "dokumente.h"
 #include "einordnung.h"
@@ -133,7 +134,10 @@ std::optional<Dokument> Beispiel::naechstes(Datenbank &db, qint64 id)
 Lernstand Lernstand::lesen(Datenbank &db)
 {
     const Lernspeicher speicher(db);
-    Lernstand stand{.zuordnungen = speicher.alle(), .orte = {}, .gleichungen = speicher.gleichungen()};
+    Lernstand stand{.zuordnungen = speicher.alle(),
+                    .orte = {},
+                    .gleichungen = speicher.gleichungen(),
+                    .ausAblage = Baumwissen(db).istUebernommen()};
     const auto orte = speicher.alleOrte();
     for (const Eintrag &e : std::as_const(stand.zuordnungen)) {
         QList<Ortszahl> eigene = orte.value(e.schluessel);

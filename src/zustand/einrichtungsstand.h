@@ -80,6 +80,7 @@ struct Lernstand {
     QList<Eintrag> zuordnungen;
     QList<Lernort> orte; ///< of all of them, those of one counterpart together
     QList<Gleichung> gleichungen;
+    bool ausAblage = false; ///< some of it comes from the filing tree
     bool operator==(const Lernstand &) const = default;
 
     /** Blocks. */

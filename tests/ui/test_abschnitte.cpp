@@ -11,7 +11,9 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDir>
 #include <QLineEdit>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTest>
@@ -233,6 +235,67 @@ private Q_SLOTS:
         klicken("allesVergessenJa");
         QTRY_VERIFY(stand == Lernstand());
         QCOMPARE(fokus(), u"abschnitte"_s);
+    }
+
+    /** From the button to what was learned and back, by keys alone; the focus is always where one goes on. */
+    void ausDerAblage()
+    {
+        const auto ablegen = [this](const QString &gegenueber, int anzahl) {
+            const QString ordner = m_b->ziel(u"Haushalt/Jahresablage/2024/Strom"_s);
+            QDir().mkpath(ordner);
+            for (int n = 0; n < anzahl; ++n)
+                QVERIFY(QFile(ordner + u"/2024-01-31 %1 - Brief %2.pdf"_s.arg(gegenueber).arg(n))
+                            .open(QIODevice::WriteOnly));
+        };
+        ablegen(u"Elbtal Energie"_s, 3);
+        ablegen(u"Sparkasse"_s, 2);
+        ablegen(u"DKB"_s, 2); // its key is too short
+        oeffnen();
+        m_z->setzeReiter(Reiter::Einrichtung);
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Gelernt);
+        const Ablagelernen &ablage = *m_z->einrichtung()->ablagelernen();
+        QVERIFY(!suchen<QWidget>("fund") && !suchen<QWidget>("ausAblageZuruecknehmen"));
+        mitTabZu("ausAblageLernen");
+        druecken(Qt::Key_Space);
+        QTRY_COMPARE(fokus(), u"fund"_s);
+        QCOMPARE(teil<Textschild>("fund-anzahl")->ganzerText(), u"Angekreuzt: 2 von 3"_s);
+        druecken(Qt::Key_Escape);
+        QCOMPARE(fokus(), u"ausAblageLernen"_s);
+        QVERIFY(!suchen<QWidget>("fund"));
+        druecken(Qt::Key_Space);
+        QTRY_COMPARE(fokus(), u"fund"_s);
+        druecken(Qt::Key_Space); // the first row
+        QCOMPARE(teil<Textschild>("fund-anzahl")->ganzerText(), u"Angekreuzt: 1 von 3"_s);
+        auto *liste = teil<QListView>("fund");
+        const auto haken = [liste](const QString &name) {
+            const QModelIndex zeile =
+                liste->model()->match(liste->model()->index(0, 0), Qt::DisplayRole, name).value(0);
+            return QPair(liste->visualRect(zeile).topLeft() + QPoint(10, 10), zeile.data(Qt::CheckStateRole).toInt());
+        };
+        QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, haken(u"DKB"_s).first);
+        QCOMPARE(haken(u"DKB"_s).second, int(Qt::Unchecked));
+        QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, haken(u"Elbtal Energie"_s).first);
+        QCOMPARE(haken(u"Elbtal Energie"_s).second, int(Qt::Checked));
+        tippen(teil<QLineEdit>("fundSuche"), u"spar"_s);
+        QCOMPARE(liste->model()->rowCount(), 1);
+        klicken("fundKeine"); // of what is shown
+        QCOMPARE(teil<Textschild>("fund-anzahl")->ganzerText(), u"Angekreuzt: 1 von 3"_s);
+        teil<QLineEdit>("fundSuche")->setFocus();
+        druecken(Qt::Key_Escape);
+        QCOMPARE(liste->model()->rowCount(), 3);
+        druecken(Qt::Key_Return);
+        QCOMPARE(fokus(), u"fund"_s);
+        QCOMPARE(ablage.lage(), Ablagelernen::Lage::Auswahl);
+        druecken(Qt::Key_Return);
+        QTRY_COMPARE(ablage.lage(), Ablagelernen::Lage::Ruht);
+        QCOMPARE(fokus(), u"ausAblageLernen"_s);
+        QTRY_VERIFY(suchen<QWidget>("ausAblageZuruecknehmen"));
+        QCOMPARE(m_z->einrichtung()->stand().gelerntes.orte.size(), 1);
+        mitTabZu("ausAblageZuruecknehmen");
+        druecken(Qt::Key_Space);
+        QTRY_VERIFY(m_z->einrichtung()->stand().gelerntes == Lernstand());
+        QTRY_VERIFY(!suchen<QWidget>("ausAblageZuruecknehmen"));
+        QCOMPARE(fokus(), u"ausAblageLernen"_s);
     }
 
     /** Whatever the card was made for, every sentence of it has the height that it needs when it comes up. */

@@ -5,6 +5,7 @@
 #include "knopfmaler.h"
 #include "stil.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollArea>
@@ -23,6 +24,41 @@ namespace
 {
 int tatbreite() { return Stil::zeichengroesse() + 2 * abstand(Abstand::Nah); }
 
+/** What stands side by side where there is room for it. */
+bool untereinander(const QWidget *liste, int breite)
+{
+    constexpr int zeichen = 100;
+    return liste && breite < zeichen * QFontMetrics(Stil::schrift(Schrift::Grund)).averageCharWidth();
+}
+
+constexpr int dritteHoechstens = 3;
+bool hatDritte(const QModelIndex &stelle) { return stelle.data(DritteZeile).isValid(); }
+
+bool untereinander(const QWidget *liste) { return untereinander(liste, liste ? liste->width() : 0); }
+
+int hakenbreite() { return Stil::mass(14) + 2 * abstand(Abstand::Nah); }
+
+/** Where a click ticks the row. */
+QRect hakenflaeche(const QRect &zeile) { return {zeile.left(), zeile.top(), hakenbreite(), zeile.height()}; }
+
+bool ankreuzen(QAbstractItemModel *modell, const QModelIndex &stelle)
+{
+    const bool an = stelle.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    return modell->setData(stelle, an ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+void hakenMalen(QPainter &maler, const QStyleOptionViewItem &zeile, const QModelIndex &stelle)
+{
+    QStyleOptionButton haken;
+    haken.palette = zeile.palette;
+    haken.state = stelle.flags() & Qt::ItemIsUserCheckable ? QStyle::State_Enabled : QStyle::State_None;
+    haken.state |= stelle.data(Qt::CheckStateRole).toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+    const QRect flaeche = hakenflaeche(zeile.rect);
+    const int kante = Stil::mass(14);
+    haken.rect = {flaeche.center() - QPoint(kante / 2, kante / 2), QSize(kante, kante)};
+    QApplication::style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &haken, &maler);
+}
+
 /** Where the symbol stands that does something. */
 QRect tatflaeche(const QRect &zeile) { return {zeile.right() - tatbreite(), zeile.top(), tatbreite(), zeile.height()}; }
 
@@ -31,12 +67,13 @@ class Zeilenmaler : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &stelle) const override
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &stelle) const override
     {
         const int erste = QFontMetrics(Stil::schrift(Schrift::Halbfett)).height();
         const int zweite = QFontMetrics(Stil::schrift(Schrift::Neben)).height();
-        const bool zwei = stelle.data(ZweiteZeile).isValid();
-        return {mass(100), erste + (zwei ? zweite : 0) + abstand(Abstand::Nah)};
+        const int weitere = (stelle.data(ZweiteZeile).isValid() ? 1 : 0) +
+                            (hatDritte(stelle) ? (untereinander(option.widget) ? dritteHoechstens : 1) : 0);
+        return {mass(100), erste + weitere * zweite + abstand(Abstand::Nah)};
     }
 
     void paint(QPainter *maler, const QStyleOptionViewItem &option, const QModelIndex &stelle) const override
@@ -55,6 +92,10 @@ public:
         const int kante = Stil::zeichengroesse();
         QRect text = option.rect.adjusted(abstand(Abstand::Nah), abstand(Abstand::Eng), -abstand(Abstand::Nah),
                                           -abstand(Abstand::Eng));
+        if (stelle.data(Qt::CheckStateRole).isValid()) {
+            hakenMalen(*maler, option, stelle);
+            text.setLeft(option.rect.left() + hakenbreite());
+        }
         if (const QVariant marke = stelle.data(Marke); marke.isValid()) {
             Zeichen::malen(*maler, QRect(text.x(), text.y(), kante, text.height()), Symbol(marke.toInt()),
                            option.palette);
@@ -65,9 +106,25 @@ public:
             Zeichen::malen(*maler, mitte, tat, option.palette);
             text.setRight(tatflaeche(option.rect).left());
         }
-        text.setRight(text.right() - wortMalen(*maler, text, stelle, option.palette, grund));
-        zeilenMalen(*maler, text, stelle, option.palette, grund, gewaehlt);
+        if (const QVariant dritte = stelle.data(DritteZeile); dritte.isValid()) {
+            maler->setPen(Farben::nebenfarbe(option.palette, grund));
+            text.setHeight(nebenzeilenMalen(*maler, text, dritte.toStringList(), untereinander(option.widget)));
+        }
+        QRect oben = text;
+        if (hatDritte(stelle)) // the word stands beside the first line alone
+            oben.setHeight(QFontMetrics(Stil::schrift(Schrift::Halbfett)).height());
+        const int wort = wortMalen(*maler, oben, stelle, option.palette, grund);
+        zeilenMalen(*maler, text, stelle, option.palette, grund, gewaehlt, wort);
         maler->restore();
+    }
+
+    [[nodiscard]] bool editorEvent(QEvent *ereignis, QAbstractItemModel *modell, const QStyleOptionViewItem &option,
+                                   const QModelIndex &stelle) override
+    {
+        const auto *maus = dynamic_cast<QMouseEvent *>(ereignis);
+        return maus && ereignis->type() == QEvent::MouseButtonRelease && maus->button() == Qt::LeftButton &&
+               stelle.flags() & Qt::ItemIsUserCheckable &&
+               hakenflaeche(option.rect).contains(maus->position().toPoint()) && ankreuzen(modell, stelle);
     }
 
 private:
@@ -93,19 +150,59 @@ private:
     }
 
     static void zeilenMalen(QPainter &maler, const QRect &flaeche, const QModelIndex &stelle, const QPalette &palette,
-                            const QColor &grund, bool gewaehlt)
+                            const QColor &grund, bool gewaehlt, int wort)
     {
         const QVariant zweite = stelle.data(ZweiteZeile);
         const auto schreiben = [&](const QString &text, bool haupt, Qt::Alignment wo) {
             maler.setFont(Stil::schrift(haupt ? (gewaehlt ? Schrift::Halbfett : Schrift::Grund) : Schrift::Neben));
             maler.setPen(haupt ? palette.color(QPalette::WindowText) : Farben::nebenfarbe(palette, grund));
             maler.drawText(flaeche, int(wo | Qt::AlignLeft | Qt::TextSingleLine),
-                           maler.fontMetrics().elidedText(text, Qt::ElideMiddle, flaeche.width()));
+                           maler.fontMetrics().elidedText(text, Qt::ElideMiddle, flaeche.width() - wort));
         };
         const bool unten = stelle.data(Hauptzeile).toInt() == 1;
         schreiben(stelle.data().toString(), !unten, zweite.isValid() ? Qt::AlignTop : Qt::AlignVCenter);
-        if (zweite.isValid())
+        if (zweite.typeId() == QMetaType::QStringList) {
+            maler.setPen(Farben::nebenfarbe(palette, grund));
+            nebeneinander(maler, flaeche, zweite.toStringList());
+        } else if (zweite.isValid()) {
             schreiben(zweite.toString(), unten, Qt::AlignBottom);
+        }
+    }
+
+    /** The lines below the first two; returns the height that is left for those. */
+    static int nebenzeilenMalen(QPainter &maler, QRect flaeche, const QStringList &texte, bool untereinander)
+    {
+        const int hoehe = QFontMetrics(Stil::schrift(Schrift::Neben)).height();
+        const int oben = QFontMetrics(Stil::schrift(Schrift::Halbfett)).height() + hoehe;
+        flaeche.setTop(flaeche.top() + oben);
+        for (const QStringList &zeile : untereinander ? einzeln(texte) : QList<QStringList>{texte}) {
+            flaeche.setHeight(hoehe);
+            nebeneinander(maler, flaeche, zeile);
+            flaeche.translate(0, hoehe);
+        }
+        return oben;
+    }
+
+    static QList<QStringList> einzeln(const QStringList &texte)
+    {
+        QList<QStringList> zeilen;
+        for (const QString &text : texte)
+            zeilen << QStringList{text};
+        return zeilen;
+    }
+
+    /** Each has an equal share where there is too little room; what is shorter leaves the rest to the next. */
+    static void nebeneinander(QPainter &maler, QRect flaeche, const QStringList &texte)
+    {
+        maler.setFont(Stil::schrift(Schrift::Neben));
+        const int luecke = abstand(Abstand::Gruppe);
+        for (qsizetype n = 0; n < texte.size(); ++n) {
+            const int uebrig = int(texte.size() - n);
+            const int anteil = (flaeche.width() - (uebrig - 1) * luecke) / uebrig;
+            const QString text = maler.fontMetrics().elidedText(texte.at(n), Qt::ElideMiddle, anteil);
+            maler.drawText(flaeche, Qt::AlignBottom | Qt::AlignLeft | Qt::TextSingleLine, text);
+            flaeche.setLeft(flaeche.left() + maler.fontMetrics().horizontalAdvance(text) + luecke);
+        }
     }
 };
 } // namespace
@@ -198,7 +295,8 @@ QSize Liste::sizeHint() const
 {
     if (m_hoechstens == 0 || !model())
         return {mass(200), mass(200)};
-    const int zeilen = std::min(m_hoechstens, model()->rowCount());
+    const bool hohe = hatDritte(model()->index(0, 0)) && untereinander(this);
+    const int zeilen = std::min(hohe ? (m_hoechstens + 1) / 2 : m_hoechstens, model()->rowCount());
     return {mass(200), zeilen * std::max(0, sizeHintForRow(0))};
 }
 
@@ -257,9 +355,21 @@ void Liste::changeEvent(QEvent *ereignis)
     }
 }
 
+/** Its rows are higher where there is little room. */
+void Liste::resizeEvent(QResizeEvent *ereignis)
+{
+    QListView::resizeEvent(ereignis);
+    if (untereinander(this, ereignis->oldSize().width()) == untereinander(this))
+        return;
+    scheduleDelayedItemsLayout();
+    updateGeometry();
+}
+
 void Liste::keyPressEvent(QKeyEvent *ereignis)
 {
-    if (ereignis->key() == Qt::Key_Space && currentIndex().isValid())
+    if (ereignis->key() == Qt::Key_Space && currentIndex().flags() & Qt::ItemIsUserCheckable)
+        ankreuzen(model(), currentIndex());
+    else if (ereignis->key() == Qt::Key_Space && currentIndex().isValid())
         Q_EMIT activated(currentIndex());
     else
         QListView::keyPressEvent(ereignis);

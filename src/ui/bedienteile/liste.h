@@ -10,10 +10,11 @@ namespace quillmar::bedienteile
 {
 /** What the rows of a list tell beside Qt::DisplayRole, the first line. */
 enum Listenrolle {
-    ZweiteZeile = Qt::UserRole + 100,
-    Marke,      ///< Symbol before the row, as int; Symbol::Keines keeps the room for one
-    Wort,       ///< at the end of the row; gives way to the lines beside a Zeilentat
-    Wortart,    ///< Schrift of that word, as int: secondary by default, or a warning
+    ZweiteZeile = Qt::UserRole + 100, ///< a text, or a list of texts side by side, each of which is cut off by itself
+    DritteZeile,                      ///< such a list of three at most; below each other where there is little room
+    Marke,                            ///< Symbol before the row, as int; Symbol::Keines keeps the room for one
+    Wort,                             ///< at the end of the row; gives way to the lines beside a Zeilentat
+    Wortart,                          ///< Schrift of that word, as int: secondary by default, or a warning
     Hauptzeile, ///< 0 or 1: which of the two lines is the one to be read first; the other is secondary
     Gewaehlt,   ///< the row is the chosen one, whatever row is current
     Kennung,    ///< Listenzeile::kennung
@@ -50,8 +51,10 @@ private:
 };
 
 /**
- * A list of rows of two lines with a mark, drawn by one delegate: 100,000 rows cost nothing until they are seen. It has
- * no frame and no ground of its own, one look for the chosen row, and asks for no more height than its rows need.
+ * A list of rows of up to three lines with a mark, drawn by one delegate: 100,000 rows cost nothing until they are
+ * seen. It has no frame and no ground of its own, one look for the chosen row, and asks for no more height than its
+ * rows need. Rows with a Qt::CheckStateRole have a box before them, which a click on it ticks, and Space for the
+ * current row.
  */
 class Liste : public QListView
 {
@@ -61,7 +64,8 @@ public:
     /** @p name of the object; @p ansage: what the list is, read aloud. */
     Liste(const QString &name, const QString &ansage, QWidget *eltern = nullptr);
 
-    /** Asks for the height of its rows, at most @p zeilen of them; otherwise for what is left over. */
+    /** Asks for the height of its rows, at most @p zeilen of them (half where they are higher); otherwise for what is
+     * left over. */
     void setzeHoechstens(int zeilen);
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -82,6 +86,7 @@ protected:
     void currentChanged(const QModelIndex &jetzt, const QModelIndex &vorher) override;
     void focusInEvent(QFocusEvent *ereignis) override;
     void changeEvent(QEvent *ereignis) override;
+    void resizeEvent(QResizeEvent *ereignis) override;
     void keyPressEvent(QKeyEvent *ereignis) override;
     bool viewportEvent(QEvent *ereignis) override;
 

@@ -290,6 +290,7 @@ QList<Abschnittszeile> gelernt(Zustand *, Fenstersprache *)
 {
     return {titel(abschnittTitel(Abschnitt::Gelernt),
                   Sprache::text(u"Was sich das Programm aus deinen Entscheidungen gemerkt hat."_s)),
+            {{}, Feld::Eigenes{ausAblage}},
             {{}, Feld::Eigenes{gelerntes}},
             titel(Sprache::text(u"Sicherungen"_s),
                   Sprache::text(u"Einmal am Tag wird der Katalog gesichert: was er von den Dokumenten weiß, Vorschläge "

@@ -123,6 +123,8 @@ struct Abschnittszeile {
 [[nodiscard]] Teile strukturbaum(Abschnittsseite &seite, const Abschnittszeile &zeile);
 /** The copies of the catalogue, one of which may take its place. */
 [[nodiscard]] Teile sicherungen(Abschnittsseite &seite, const Abschnittszeile &zeile);
+/** Learning from the filing tree. */
+[[nodiscard]] Teile ausAblage(Abschnittsseite &seite, const Abschnittszeile &zeile);
 /** What was learned, in two lists, and how it is forgotten. */
 [[nodiscard]] Teile gelerntes(Abschnittsseite &seite, const Abschnittszeile &zeile);
 } // namespace quillmar::einrichtung

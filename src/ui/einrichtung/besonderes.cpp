@@ -1,5 +1,6 @@
 #include "abschnittsseite.h"
 
+#include "ablagefeld.h"
 #include "bau.h"
 #include "einrichtung.h"
 #include "hinweisfeld.h"
@@ -342,6 +343,14 @@ Teile sicherungen(Abschnittsseite &seite, const Abschnittszeile &)
         wahl->setEnabled(!neue.isEmpty());
         einsetzen->setEnabled(!neue.isEmpty());
     });
+    return {};
+}
+
+Teile ausAblage(Abschnittsseite &seite, const Abschnittszeile &)
+{
+    auto *feld = new Ablagefeld(seite.zustand(), &seite);
+    seite.folgen([feld](const Einrichtungslage &) { feld->zeigen(); });
+    seite.ueberAlles(feld);
     return {};
 }
 

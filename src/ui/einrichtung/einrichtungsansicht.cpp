@@ -46,6 +46,14 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
                            {.name = u"letzteSicherungEinsetzen"_s,
                             .text = {},
                             .hilfe = Sprache::text(u"Der jetzige Katalog bleibt daneben liegen"_s)}})),
+      m_angebot(
+          new Hinweisfeld(Symbol::Info, {},
+                          {{.name = u"angebotLernen"_s,
+                            .text = Sprache::text(u"Aus der Ablage lernen"_s),
+                            .hilfe = Sprache::text(u"Liest Namen und Ordner und zeigt zuerst, was zu lernen wäre"_s)},
+                           {.name = u"angebotAblehnen"_s,
+                            .text = Sprache::text(u"Nicht jetzt"_s),
+                            .hilfe = Sprache::text(u"Später geht es jederzeit unter „Gelernt“"_s)}})),
       m_weiter(hauptknopf(u"weiter"_s)),
       m_grund(new Textschild(Textschild::Art::Umbruch, Schrift::Neben, u"weiter-grund"_s))
 {
@@ -60,6 +68,9 @@ EinrichtungsAnsicht::EinrichtungsAnsicht(Zustand *zustand, Fenstersprache *sprac
     connect(m_zustand->profilwahl(), &Profilwahl::oeffnetGeaendert, this, &EinrichtungsAnsicht::zeigen);
     connect(m_zustand->durchgang(), &Durchgang::laufGeaendert, this, &EinrichtungsAnsicht::weiterZeigen);
     connect(m_weiter, &QPushButton::clicked, this, &EinrichtungsAnsicht::weiter);
+    connect(m_zustand->einrichtung()->ablagelernen(), &Ablagelernen::geaendert, this,
+            &EinrichtungsAnsicht::angebotZeigen);
+    connect(m_angebot, &Hinweisfeld::gedrueckt, this, &EinrichtungsAnsicht::angebotBeantworten);
     connect(m_katalogfehler, &Hinweisfeld::gedrueckt, this, &EinrichtungsAnsicht::katalogRetten);
     connect(m_zustand->einrichtung(), &Einrichtung::spracheVorbereitet, this,
             [](const QString &ordner) { QDesktopServices::openUrl(QUrl::fromLocalFile(ordner)); });
@@ -109,9 +120,13 @@ QWidget *EinrichtungsAnsicht::linkeSeite()
 QWidget *EinrichtungsAnsicht::rechteSeite(Fenstersprache *sprache)
 {
     m_katalogfehler->setObjectName(u"katalogfehler"_s);
+    m_angebot->setObjectName(u"angebot"_s);
+    m_angebotsrahmen = fuellen(new QWidget, spalte({m_angebot}), Abstand::Rand, Abstand::Eng);
+    m_angebot->setzeText(Sprache::text(u"Im Zielordner liegen schon Dokumente. Sie können lehren, wohin die nächsten "
+                                       "gehören."_s));
     seitenBauen(sprache);
     auto *fuss = fuellen(new QWidget, reihe({m_weiter, {m_grund, 1}}, Abstand::Gruppe), Abstand::Rand, Abstand::Nah);
-    return traeger(spalte({m_katalogfehler, {m_seiten, 1}, linie(), fuss}, Abstand::Keiner));
+    return traeger(spalte({m_katalogfehler, {m_seiten, 1}, m_angebotsrahmen, linie(), fuss}, Abstand::Keiner));
 }
 
 void EinrichtungsAnsicht::seitenBauen(Fenstersprache *sprache)
@@ -154,9 +169,27 @@ void EinrichtungsAnsicht::zeigen()
     if (gewechselt && isVisible())
         setFocus();
     katalogratZeigen();
+    angebotZeigen();
     m_seiten->setCurrentIndex(int(m_zustand->einrichtung()->abschnitt()));
     abschnitteZeigen();
     weiterZeigen();
+}
+
+void EinrichtungsAnsicht::angebotZeigen()
+{
+    Ablagelernen *ablage = m_zustand->einrichtung()->ablagelernen();
+    m_angebotsrahmen->setVisible(ablage->angebot());
+    if (m_angebot->isVisible())
+        ablage->angebotGesehen();
+}
+
+void EinrichtungsAnsicht::angebotBeantworten(int antwort)
+{
+    Einrichtung *einrichtung = m_zustand->einrichtung();
+    if (antwort != 0)
+        return einrichtung->ablagelernen()->ablehnen();
+    einrichtung->setzeAbschnitt(Abschnitt::Gelernt);
+    einrichtung->ablagelernen()->lesen();
 }
 
 /** What is wrong with the catalogue, and the ways on. */
@@ -211,6 +244,7 @@ void EinrichtungsAnsicht::changeEvent(QEvent *ereignis)
 void EinrichtungsAnsicht::showEvent(QShowEvent *ereignis)
 {
     QWidget::showEvent(ereignis);
+    angebotZeigen();
     weiterZeigen();
 }
 

@@ -30,6 +30,8 @@ private:
     void anordnen(bool eng);
     [[nodiscard]] bool passt() const;
     void zeigen();
+    void angebotZeigen();
+    void angebotBeantworten(int antwort);
     void katalogratZeigen();
     void katalogRetten(int antwort);
     void abschnitteZeigen();
@@ -44,6 +46,8 @@ private:
     QStackedWidget *m_seiten;
     QList<Abschnittsseite *> m_abschnitte;
     Hinweisfeld *m_katalogfehler;
+    Hinweisfeld *m_angebot;
+    QWidget *m_angebotsrahmen = nullptr; ///< keeps it off the edges
     QPushButton *m_weiter;
     Textschild *m_grund;
 };
