@@ -335,6 +335,15 @@ void ausAblageGelernt(Zustand &zustand, Hauptfenster &fenster)
     abschnitt(Abschnitt::Gelernt)(zustand, fenster);
 }
 
+/** What comes behind it is to look as if the tree had told nothing. */
+void oberflaeche(Zustand &zustand, Hauptfenster &fenster)
+{
+    const Einrichtung *einrichtung = zustand.einrichtung();
+    zustand.einrichtung()->ablagelernen()->zuruecknehmen();
+    laufenBis([&] { return !einrichtung->stand().gelerntes.ausAblage; });
+    abschnitt(Abschnitt::Oberflaeche)(zustand, fenster);
+}
+
 /** An index of the catalogue's file loses its page, and the profile is opened anew. */
 void beschaedigt(Zustand &zustand, Hauptfenster &)
 {
@@ -418,7 +427,7 @@ QList<Buehnenbild> einrichtungsbilder()
     alle += varianten(u"einrichtung-gelernt"_s, gelernt);
     alle += varianten(u"einrichtung-ausAblage"_s, ausAblage);
     alle += varianten(u"einrichtung-ausAblageGelernt"_s, ausAblageGelernt);
-    alle += varianten(u"einrichtung-sprache"_s, abschnitt(Abschnitt::Oberflaeche));
+    alle += varianten(u"einrichtung-sprache"_s, oberflaeche);
     return alle;
 }
 

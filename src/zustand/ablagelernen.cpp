@@ -127,7 +127,7 @@ void Ablagelernen::gelesen(const Ausgang<Ergebnis> &ausgang)
         return setzen(Lage::Ruht, [this] { return Befund{.marke = Befund::Marke::Warnung, .satz = m_fehler}; });
     setzeFund(*ausgang.wert);
     setzen(m_fund.zeilen.isEmpty() ? Lage::Ruht : Lage::Auswahl,
-           [fund = m_fund, vorlage = m_profilwahl->aktiv()->namensVorlage] { return fundbefund(fund, vorlage); });
+           [this, vorlage = m_profilwahl->aktiv()->namensVorlage] { return fundbefund(m_fund, vorlage); });
 }
 
 void Ablagelernen::setzeFund(const Ergebnis &fund)
