@@ -296,6 +296,15 @@ private Q_SLOTS:
         QTRY_VERIFY(m_z->einrichtung()->stand().gelerntes == Lernstand());
         QTRY_VERIFY(!suchen<QWidget>("ausAblageZuruecknehmen"));
         QCOMPARE(fokus(), u"ausAblageLernen"_s);
+        // In another language what was found and ticked is still there.
+        druecken(Qt::Key_Space);
+        QTRY_COMPARE(fokus(), u"fund"_s);
+        druecken(Qt::Key_Space);
+        m_sprache->waehlen(u"en"_s);
+        QTRY_VERIFY(suchen<Textschild>("fund-anzahl") &&
+                    suchen<Textschild>("fund-anzahl")->ganzerText() == u"Ticked: 1 of 3"_s);
+        QVERIFY(teil<Textschild>("ausAblage-stand")->ganzerText().contains(u"Tick what"_s));
+        QCOMPARE(teil<QListView>("fund")->model()->rowCount(), 3);
     }
 
     /** Whatever the card was made for, every sentence of it has the height that it needs when it comes up. */

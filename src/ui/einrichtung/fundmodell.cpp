@@ -59,6 +59,8 @@ QVariant Fundmodell::data(const QModelIndex &index, int rolle) const
     const qsizetype stelle = m_stellen.at(index.row());
     if (rolle == bedienteile::Kennung)
         return stelle;
+    if (stelle >= m_ablage->anzahl())
+        return {}; // gone; the rows follow with the same event
     const Fundzeile zeile = m_ablage->zeile(stelle);
     switch (rolle) {
     case Qt::DisplayRole:
@@ -91,7 +93,8 @@ bool Fundmodell::setData(const QModelIndex &index, const QVariant &wert, int rol
 Qt::ItemFlags Fundmodell::flags(const QModelIndex &index) const
 {
     const Qt::ItemFlags uebliche = QAbstractListModel::flags(index);
-    const bool waehlbar = index.isValid() && m_ablage->zeile(m_stellen.at(index.row())).waehlbar;
+    const qsizetype stelle = index.isValid() ? m_stellen.at(index.row()) : m_ablage->anzahl();
+    const bool waehlbar = stelle < m_ablage->anzahl() && m_ablage->zeile(stelle).waehlbar;
     return waehlbar ? uebliche | Qt::ItemIsUserCheckable : uebliche;
 }
 } // namespace quillmar::einrichtung
