@@ -47,6 +47,8 @@ constexpr Zeile zeilen[] = {
     {"plus.magnifyingglass", "", "lupe-plus"},
     {"arrow.left.and.right", "", "breite"},
     {"rectangle.arrowtriangle.2.inward", "", "ganze-seite"},
+    {"rotate.left", "", "drehen-links"},
+    {"rotate.right", "", "drehen-rechts"},
     {"doc.on.doc", "", "dublette"},
     // Actions
     {"skip", "mail-download-later", "spaeter"},

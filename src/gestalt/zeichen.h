@@ -28,6 +28,8 @@ enum class Symbol {
     LupePlus,
     Breite,
     GanzeSeite,
+    DrehenLinks,
+    DrehenRechts,
     Dublette,
     // Actions
     Spaeter,

@@ -41,18 +41,6 @@ std::optional<Dokument> Dokumente::naechstes(std::optional<qint64> nach, Richtun
     return gefunden ? gefunden : m_db.eine(wartende + u" ORDER BY id LIMIT 1"_s, {}, Dokument::aus);
 }
 
-std::optional<QString> Dokumente::pfadDesNaechsten(qint64 id) const
-{
-    // Behind it, else from the start again.
-    for (const QString &wo : {u" AND id>?"_s, u" AND id<?"_s}) {
-        auto pfad = m_db.eine(u"SELECT pfad FROM dokumente WHERE "_s + wartet + wo + u" ORDER BY id LIMIT 1"_s, {id},
-                              [](const Zeile &z) { return z.text(u"pfad"); });
-        if (pfad)
-            return pfad;
-    }
-    return std::nullopt;
-}
-
 std::optional<Dokument> Dokumente::naechstesVollstaendige(qint64 id) const
 {
     const QString vollstaendige =

@@ -26,8 +26,6 @@ public:
     [[nodiscard]] QList<Dokument> wartende() const;
     /** The one after or before @p nach; the first one where there is none, or no @p nach. */
     [[nodiscard]] std::optional<Dokument> naechstes(std::optional<qint64> nach, Richtung richtung) const;
-    /** Where the file of that one lies which comes after @p id, round the end; none if no other waits. */
-    [[nodiscard]] std::optional<QString> pfadDesNaechsten(qint64 id) const;
     /** The next one behind @p id that has title and category, from the start again behind the last. */
     [[nodiscard]] std::optional<Dokument> naechstesVollstaendige(qint64 id) const;
     /** All with the status "bereit", also excluded ones. */

@@ -2,6 +2,7 @@
 
 #include "bewegungen.h"
 #include "dokumente.h"
+#include "seitenlagen.h"
 #include "tatruecknahme.h"
 #include "texte.h"
 #include "vorschlaege.h"
@@ -28,12 +29,18 @@ Pruefstueck vollstaendig(Datenbank &db, const Dokument &dokument)
     Pruefstueck stueck{
         .dokument = dokument, .ohneGegenueber = dokument.angaben.gegenueber.isEmpty(), .aehnlich = std::nullopt};
     stueck.hatText = Texte(db).hatText(dokument.id);
+    stueck.ebeneVerworfen = Texte(db).istEbeneVerworfen(dokument.id);
     if (dokument.ortQuelle == u"gelernt"_s)
         stueck.gelernt = Lernspeicher(db).herkunft(dokument);
     stueck.nachgeprueft = Vorschlaege(db).istNachgeprueft(dokument.id);
     if (dokument.aehnlichZu)
         stueck.aehnlich = Dokumente(db).eines(*dokument.aehnlichZu);
     return stueck;
+}
+void drehungenDazu(Datenbank &db, const Dokument &dokument, Drehungen &drehungen)
+{
+    if (const auto seiten = Seitenlagen(db).drehungen(dokument.id); !seiten.isEmpty())
+        drehungen.insert(dokument.pfad, seiten);
 }
 } // namespace
 
@@ -44,8 +51,14 @@ Blick Blick::auf(const std::shared_ptr<Datenbank> &db, const Wunsch &wunsch)
     if (const auto dokument = gewaehltes(dokumente, wunsch)) {
         blick.aktuelles = vollstaendig(*db, *dokument);
         // What an accept and the right arrow show next.
-        if (const auto pfad = dokumente.pfadDesNaechsten(dokument->id))
-            blick.voraus = {*pfad};
+        const auto naechstes = dokumente.naechstes(dokument->id, Richtung::Weiter);
+        if (naechstes && naechstes->id != dokument->id) {
+            blick.voraus = {naechstes->pfad};
+            drehungenDazu(*db, *naechstes, blick.drehungen);
+        }
+        drehungenDazu(*db, *dokument, blick.drehungen);
+        if (blick.aktuelles->aehnlich)
+            drehungenDazu(*db, *blick.aktuelles->aehnlich, blick.drehungen);
     }
     blick.zaehlwerk = Zaehlwerk::zaehlen(*db);
     blick.ausgenommen = dokumente.ausgenommene();

@@ -6,6 +6,8 @@
 #include "richtung.h"
 #include "zaehlwerk.h"
 
+#include <QHash>
+#include <QMap>
 #include <QStringList>
 #include <memory>
 
@@ -20,6 +22,7 @@ namespace quillmar::zustand
 struct Pruefstueck {
     Dokument dokument;
     bool hatText = false;                               ///< some text was read
+    bool ebeneVerworfen = false;                        ///< its text layer is no text
     std::optional<Lernspeicher::Herkunft> gelernt = {}; ///< where a learned place comes from
     bool nachgeprueft = false;                          ///< the larger model was asked and has answered
     bool ohneGegenueber = false;                        ///< the proposal has none, whatever the reviewer has made of it
@@ -50,11 +53,15 @@ struct Wunsch {
     }
 };
 
+/** Degrees clockwise that make pages (from 1) upright, by the path of their document. */
+using Drehungen = QHash<QString, QMap<int, int>>;
+
 /** What the interface shows of a catalogue at one moment. */
 struct Blick {
     Zaehlwerk zaehlwerk;
     std::optional<Pruefstueck> aktuelles;
     QStringList voraus;        ///< paths of the documents that are likely to come next
+    Drehungen drehungen;       ///< of pages of all documents told here that do not lie upright
     qint64 ausgenommen = 0;    ///< documents that the exclusion rules cover
     bool ruecknehmbar = false; ///< some deed of the review can be taken back
     bool bewegt = false;       ///< some movement can be taken back

@@ -64,6 +64,9 @@ private:
             dazu(Art::Fehler, Fehlertext::anzeige(*m_dokument.fehler));
         if (!m_stueck.hatText)
             dazu(Art::KeinText, Sprache::text(u"Kein Text erkannt. Bitte von Hand ausfüllen."_s));
+        else if (m_stueck.ebeneVerworfen)
+            dazu(Art::Texterkennung, Sprache::text(u"Die Textebene der Datei ist kein lesbarer Text. Gelesen wurde das "
+                                                   "Bild der Seiten, Schreibweisen bitte prüfen."_s));
         else if (!m_dokument.hatTextebene)
             dazu(Art::Texterkennung, Sprache::text(u"Per Texterkennung gelesen. Schreibweisen bitte prüfen."_s));
     }

@@ -5,6 +5,7 @@
 #include "oeffnung.h"
 #include "offenesprofil.h"
 #include "profilwahl.h"
+#include "seitenlagen.h"
 #include "sprache.h"
 #include "text.h"
 #include "ziel.h"
@@ -66,6 +67,18 @@ void Pruefung::setzeFeld(Feld feld, const QString &wert)
     if (!angabenFest())
         m_entwuerfe.aendern(m_stueck->dokument.id).setzen(m_stueck->dokument.angaben, feld, wert, *profil);
     Q_EMIT angabenGeaendert();
+}
+
+void Pruefung::seiteDrehen(int seite, int drehung)
+{
+    if (!m_stueck || !m_profilwahl->kannHandeln())
+        return;
+    m_blick.drehungen[m_stueck->dokument.pfad].insert(seite, drehung);
+    blickVerwerfen(); // it knows nothing of it
+    // A catalogue that cannot be written forgets it, and hinders nothing.
+    Hintergrund::starten([db = m_profilwahl->offenes()->db(), id = m_stueck->dokument.id, seite, drehung] {
+        Seitenlagen(*db).vonHand(id, seite, drehung);
+    });
 }
 
 void Pruefung::altenOrtBehalten()
@@ -160,7 +173,7 @@ void Pruefung::zeigen(const Blick &blick)
     setzeStueck(blick.aktuelles);
     if (!(vorher.zaehlwerk == blick.zaehlwerk) || vorher.ausgenommen != blick.ausgenommen)
         Q_EMIT zaehlwerkGeaendert();
-    if (vorher.voraus != blick.voraus)
+    if (vorher.voraus != blick.voraus || vorher.drehungen != blick.drehungen)
         Q_EMIT vorausGeaendert();
     if (vorher.ruecknehmbar != blick.ruecknehmbar || vorher.bewegt != blick.bewegt)
         Q_EMIT ruecknehmbarGeaendert();

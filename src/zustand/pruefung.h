@@ -34,6 +34,10 @@ public:
     void setzePartnerZeigen(bool zeigen);
     /** Paths of the documents that are likely to be shown next. */
     [[nodiscard]] const QStringList &voraus() const { return m_blick.voraus; }
+    /** Of the documents that are or will be shown. */
+    [[nodiscard]] const Drehungen &drehungen() const { return m_blick.drehungen; }
+    /** The reviewer has turned a page (from 1) of the document under review; that is kept with it. */
+    void seiteDrehen(int seite, int drehung);
     void setzeFeld(Feld feld, const QString &wert);
     void altenOrtBehalten();
     /** Counterparts that are known, for the field to complete; brought up to date by bekannteLesen(). */
@@ -77,7 +81,7 @@ Q_SIGNALS:
     void angabenGeaendert();   ///< values of the same document, by the reviewer or from outside
     void angabenFestGeaendert();
     void partnerZeigenGeaendert();
-    void vorausGeaendert();
+    void vorausGeaendert(); ///< also how the pages of the documents lie
     void ruecknehmbarGeaendert();
     void bekannteGelesen();
 

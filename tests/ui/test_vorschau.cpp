@@ -155,6 +155,38 @@ private Q_SLOTS:
         QCOMPARE(seitenanzeige(*m_vorschau), u"1 Seite"_s);
     }
 
+    // A page that lies on its side or its head is shown upright, and turned by hand; the file has no part in it.
+    void gedrehteSeiten()
+    {
+        auto *ansicht = m_vorschau->findChild<PDFAnsicht *>();
+        const auto tinteOben = [&] {
+            const QImage bild = ansicht->viewport()->grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+            qint64 oben = 0;
+            for (int y = 0; y < bild.height(); ++y)
+                for (int x = 40; x < bild.width() - 40; ++x)
+                    oben += (qGray(bild.pixel(x, y)) < 128 ? 1 : 0) * (y < bild.height() / 2 ? 1 : -1);
+            return oben;
+        };
+        m_vorschau->setzeDrehungen({{vertrag(), {{2, 90}}}, {brief(), {{1, 180}}}});
+        zeigenUndWarten(brief());
+        klicken(*m_vorschau, u"ganzeSeite"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(tinteOben() < 0, geduld);
+        QSignalSpy gedreht(m_vorschau.get(), &Vorschau::gedreht);
+        klicken(*m_vorschau, u"rechtsDrehen"_s);
+        klicken(*m_vorschau, u"rechtsDrehen"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(tinteOben() > 0, geduld);
+        QCOMPARE(gedreht.last(), (QVariantList{brief(), 1, 0}));
+        klicken(*m_vorschau, u"breiteSetzen"_s);
+        const double hoch = ansicht->massstab();
+        klicken(*m_vorschau, u"linksDrehen"_s);
+        QCOMPARE(gedreht.last(), (QVariantList{brief(), 1, 270}));
+        QVERIFY2(ansicht->massstab() < hoch, "a page on its side is wider");
+        zeigenUndWarten(vertrag());
+        QCOMPARE(ansicht->massstab(), hoch); // of its first page
+        zeigenUndWarten(brief());
+        QVERIFY(ansicht->massstab() < hoch);
+    }
+
     void schnellesBlaettern()
     {
         QSignalSpy sichtbar(m_vorschau.get(), &Vorschau::seiteSichtbar);

@@ -10,6 +10,7 @@
 #include "profilwahl.h"
 #include "protokollbuch.h"
 #include "pruefung.h"
+#include "seitenlagen.h"
 #include "sitzungen.h"
 #include "testserver.h"
 #include "zustand.h"
@@ -92,6 +93,19 @@ private Q_SLOTS:
         beginnen();
         QCOMPARE(m_z->reiter(), karte);
         QCOMPARE(m_z->profilwahl()->bereitschaft()->ziel, ziel);
+    }
+
+    // How a page lies is kept with the document: for the preview, over the end of the program.
+    void gedrehteSeiteBleibt()
+    {
+        const qint64 a = m_b->dokument(u"a.pdf"_s);
+        Seitenlagen(m_b->db()).speichern(a, {{.seite = 1, .drehung = 180, .neigung = 0.5}, {.seite = 2, .drehung = 0, .neigung = 1}});
+        beginnen();
+        QCOMPARE(m_z->pruefung()->drehungen(), (Drehungen{{m_b->quelle(u"a.pdf"_s), {{1, 180}}}}));
+        m_z->pruefung()->seiteDrehen(2, 90);
+        QTRY_COMPARE(Seitenlagen(m_b->db()).drehungen(a), (QMap<int, int>{{1, 180}, {2, 90}}));
+        Seitenlagen(m_b->db()).speichern(a, {}); // read anew: what was done by hand stays
+        QCOMPARE(Seitenlagen(m_b->db()).drehungen(a), (QMap<int, int>{{2, 90}}));
     }
 
     void uebernehmenUndLernen()

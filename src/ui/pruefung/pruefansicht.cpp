@@ -58,6 +58,11 @@ void PruefAnsicht::verbinden()
             [this] { weiter(*m_zustand, nichtsZuPruefen(*m_zustand).tat); });
     connect(m_vorschau, &Vorschau::zurueckZumDokument, m_zustand,
             [this] { m_zustand->pruefung()->setzePartnerZeigen(false); });
+    connect(m_vorschau, &Vorschau::gedreht, this, [this](const QString &pfad, int seite, int drehung) {
+        const Dokument *d = m_zustand->pruefung()->aktuelles();
+        if (d && d->pfad == pfad)
+            m_zustand->pruefung()->seiteDrehen(seite, drehung);
+    });
     connect(m_angaben, &Angabenfeld::fokusGewechselt, this, &PruefAnsicht::tastenZeigen);
     connect(m_vorschau, &Vorschau::seiteSichtbar, this, &PruefAnsicht::gesehen);
     connect(m_zustand->pruefung(), &Pruefung::aktuellesGeaendert, this, &PruefAnsicht::dokumentZeigen);
@@ -138,6 +143,8 @@ void PruefAnsicht::tastenBauen()
         Qt::Key_Escape, [this] { feldVerlassen(); }, true);
     taste(Qt::Key_Z, [tun] { tun->zuruecklegen(); });
     taste(Qt::Key_D, [tun] { tun->aussortieren(); });
+    taste(Qt::Key_R, [this] { m_vorschau->drehen(90); });
+    taste(Qt::SHIFT | Qt::Key_R, [this] { m_vorschau->drehen(-90); });
     taste(Qt::Key_U, [tun] { tun->rueckgaengig(); });
     taste(Qt::CTRL | Qt::Key_Z, [tun] { tun->rueckgaengig(); });
     taste(Qt::Key_Left, [tun] { tun->weiter(Richtung::Zurueck); });
@@ -205,6 +212,7 @@ void PruefAnsicht::vorschauZeigen()
 {
     const Dokument *d = m_zustand->pruefung()->aktuelles();
     const Dokument *aehnliches = m_zustand->pruefung()->aehnliches();
+    m_vorschau->setzeDrehungen(m_zustand->pruefung()->drehungen());
     if (m_zustand->pruefung()->partnerZeigen() && aehnliches) {
         m_vorschau->partnerZeigen(aehnliches->pfad, nameVon(aehnliches->pfad));
     } else {
@@ -222,6 +230,7 @@ void PruefAnsicht::gesehen(const QString &pfad)
 
 void PruefAnsicht::vorausladen()
 {
+    m_vorschau->setzeDrehungen(m_zustand->pruefung()->drehungen());
     // The likeliest last: its first page is the one that is ready.
     const QStringList voraus = m_zustand->pruefung()->voraus();
     for (auto pfad = voraus.crbegin(); pfad != voraus.crend(); ++pfad)

@@ -54,6 +54,21 @@ QString satzFuerSeite(Vorschaubefund befund)
     }
 }
 
+/** The picture of a page as it lies, turned about the middle of @p flaeche. */
+void bildMalen(QPainter &maler, const QRect &flaeche, const QImage &bild, int drehung)
+{
+    if (drehung == 0) {
+        maler.drawImage(flaeche, bild);
+        return;
+    }
+    const QSizeF groesse = drehung % 180 == 0 ? flaeche.size() : flaeche.size().transposed();
+    maler.save();
+    maler.translate(QRectF(flaeche).center());
+    maler.rotate(drehung);
+    maler.drawImage(QRectF(QPointF(-groesse.width() / 2, -groesse.height() / 2), groesse), bild);
+    maler.restore();
+}
+
 void wartetext(QPainter &maler, const QRect &zuSehen, const QString &text)
 {
     maler.setPen(QColor(Qt::darkGray).darker());
@@ -167,11 +182,57 @@ void PDFAnsicht::geoeffnet(const QString &pfad)
             ersteSeiteBestellen(pfad);
         return;
     }
-    const Vorschaudokument *dokument = m_lager.dokument(pfad);
-    // Until the pages are known, one empty sheet as the last document had it.
-    m_groessen = dokument && !dokument->groessen.isEmpty() ? dokument->groessen : m_groessen.mid(0, 1);
+    groessenUebernehmen();
     ordnen();
     Q_EMIT befundGeaendert();
+}
+
+void PDFAnsicht::groessenUebernehmen()
+{
+    const Vorschaudokument *dokument = m_lager.dokument(m_pfad);
+    // Until the pages are known, one empty sheet as the last document had it.
+    if (!dokument || dokument->groessen.isEmpty()) {
+        m_groessen = m_groessen.mid(0, 1);
+        return;
+    }
+    m_groessen = dokument->groessen;
+    const QMap<int, int> drehungen = m_drehungen.value(m_pfad);
+    for (auto d = drehungen.begin(); d != drehungen.end(); ++d) {
+        if (d.value() % 180 != 0 && d.key() >= 1 && d.key() <= m_groessen.size())
+            m_groessen[d.key() - 1].transpose();
+    }
+}
+
+int PDFAnsicht::drehung(const QString &pfad, int seite) const { return m_drehungen.value(pfad).value(seite + 1); }
+
+/** The size in which a page that takes @p flaeche as it is shown is drawn, which is as it lies. */
+QSize PDFAnsicht::zeichengroesse(const QString &pfad, int seite, const QSize &flaeche) const
+{
+    const QSize groesse = bildgroesse(flaeche, devicePixelRatioF());
+    return drehung(pfad, seite) % 180 == 0 ? groesse : groesse.transposed();
+}
+
+void PDFAnsicht::setzeDrehungen(const QHash<QString, QMap<int, int>> &drehungen)
+{
+    const bool gleich = m_drehungen.value(m_pfad) == drehungen.value(m_pfad);
+    m_drehungen = drehungen;
+    if (gleich)
+        return;
+    groessenUebernehmen();
+    ordnen();
+}
+
+void PDFAnsicht::drehen(int grad)
+{
+    if (befund() != Vorschaubefund::Offen)
+        return;
+    constexpr int ganz = 360;
+    const int seite = this->seite();
+    const int neu = (drehung(m_pfad, seite - 1) + grad + ganz) % ganz;
+    m_drehungen[m_pfad].insert(seite, neu);
+    groessenUebernehmen();
+    ordnen();
+    Q_EMIT gedreht(m_pfad, seite, neu);
 }
 
 // The pages stay where they are seen: the point in the middle of the view is the same before and after.
@@ -213,7 +274,7 @@ void PDFAnsicht::bestellen()
     for (int seite = std::max(0, erste - 1); seite <= std::min(seiten() - 1, letzte + 1); ++seite) {
         const bool zuSehen = seite >= erste && seite <= letzte;
         const bool neu =
-            m_lager.bestellen(m_pfad, seite, bildgroesse(m_ordnung.seiten().at(seite).size(), devicePixelRatioF()),
+            m_lager.bestellen(m_pfad, seite, zeichengroesse(m_pfad, seite, m_ordnung.seiten().at(seite).size()),
                               zuSehen ? Vorrang::Sofort : Vorrang::Nachbar);
         if (neu && zuSehen)
             m_geduld.start();
@@ -225,8 +286,9 @@ void PDFAnsicht::ersteSeiteBestellen(const QString &pfad)
     const Vorschaudokument *dokument = m_lager.dokument(pfad);
     if (!dokument || dokument->groessen.isEmpty())
         return;
-    const Seitenordnung ordnung(dokument->groessen.mid(0, 1), m_zoom, raum());
-    m_lager.bestellen(pfad, 0, bildgroesse(ordnung.seiten().first().size(), devicePixelRatioF()), Vorrang::Voraus);
+    const QSizeF groesse = dokument->groessen.first();
+    const Seitenordnung ordnung({drehung(pfad, 0) % 180 == 0 ? groesse : groesse.transposed()}, m_zoom, raum());
+    m_lager.bestellen(pfad, 0, zeichengroesse(pfad, 0, ordnung.seiten().first().size()), Vorrang::Voraus);
 }
 
 Seitenraum PDFAnsicht::raum() const
@@ -308,7 +370,7 @@ void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
     const bool fertig = dokument && dokument->bilder.contains(seite);
     const QImage bild = fertig ? dokument->bilder.value(seite) : QImage();
     if (!bild.isNull())
-        maler.drawImage(flaeche, bild);
+        bildMalen(maler, flaeche, bild, drehung(m_pfad, seite));
     else if (fertig)
         wartetext(maler, flaeche.intersected(viewport()->rect()), satzFuerSeite(dokument->gescheitert.value(seite)));
     else if (!m_geduld.isActive())

@@ -29,6 +29,14 @@ public:
     [[nodiscard]] QUrl url() const;
     void setzeUrl(const QUrl &url);
 
+    /**
+     * Degrees clockwise, a multiple of 90, by which pages (from 1) are turned to be upright, by the path of their file;
+     * for all files that are not told they are shown as they lie.
+     */
+    void setzeDrehungen(const QHash<QString, QMap<int, int>> &drehungen);
+    /** Turns the page on show by @p grad to the right, and says so. */
+    void drehen(int grad);
+
     /** Has the first page of the file @p pfad drawn, so that setzeUrl() shows it at once. */
     void vorausladen(const QString &pfad);
 
@@ -63,6 +71,8 @@ Q_SIGNALS:
     void
     geaendert(); ///< page, page count, a sentence in place of a page; the fit, also when it was chosen a second time
     void befundGeaendert();
+    /** The page @p seite (from 1) of @p pfad was turned by hand, to @p drehung degrees clockwise. */
+    void gedreht(const QString &pfad, int seite, int drehung);
 
     /** The first page of @p pfad has been painted, once per showing. */
     void seiteSichtbar(const QString &pfad);
@@ -83,6 +93,9 @@ private:
     void setzeLeisten();
     void bestellen();
     void ersteSeiteBestellen(const QString &pfad);
+    void groessenUebernehmen();
+    [[nodiscard]] int drehung(const QString &pfad, int seite) const;
+    [[nodiscard]] QSize zeichengroesse(const QString &pfad, int seite, const QSize &flaeche) const;
     void seiteMalen(QPainter &maler, int seite, const QRect &flaeche);
     void sichtbarkeitMelden();
     [[nodiscard]] Seitenraum raum() const;
@@ -94,7 +107,8 @@ private:
     QString m_voraus;
     Zoom m_passung; ///< fit in which the next document begins
     Zoom m_zoom;
-    QList<QSizeF> m_groessen{a4};
+    QHash<QString, QMap<int, int>> m_drehungen; ///< by path and page from 1
+    QList<QSizeF> m_groessen{a4};               ///< of the pages as they are shown
     Seitenordnung m_ordnung;
     std::pair<int, int> m_stand; ///< page and page count as told last
     QTimer m_geduld;             ///< runs while nothing is said yet about a page that is not there

@@ -93,7 +93,12 @@ Vorschau::Vorschau(QWidget *eltern, const Malgrenzen &grenzen)
                         Sprache::text(u"Auf die Breite passen. Bleibt beim Verschieben der Trennlinie erhalten."_s),
                         false),
              flachknopf(u"ganzeSeite"_s, Symbol::GanzeSeite, Sprache::text(u"Ganze Seite"_s),
-                        Sprache::text(u"Ganze Seite zeigen"_s), false)},
+                        Sprache::text(u"Ganze Seite zeigen"_s), false),
+             flachknopf(u"linksDrehen"_s, Symbol::DrehenLinks, Sprache::text(u"Links drehen"_s),
+                        Sprache::text(u"Seite nach links drehen (Umschalt+R). Die Datei bleibt, wie sie ist."_s),
+                        false),
+             flachknopf(u"rechtsDrehen"_s, Symbol::DrehenRechts, Sprache::text(u"Rechts drehen"_s),
+                        Sprache::text(u"Seite nach rechts drehen (R). Die Datei bleibt, wie sie ist."_s), false)},
       m_zurueck(flachknopf(u"zurueckZumDokument"_s, Symbol::PfeilLinks, Sprache::text(u"Zurück zum Dokument"_s),
                            Sprache::text(u"Zeigt wieder das Dokument, das gerade zur Prüfung ansteht"_s))),
       m_partnerName(new Textschild(Textschild::Art::KurzMitte, Schrift::Halbfett, u"partnerName"_s)),
@@ -105,7 +110,7 @@ Vorschau::Vorschau(QWidget *eltern, const Malgrenzen &grenzen)
     bezeichnen(m_ansicht, u"vorschau"_s, Sprache::text(u"Vorschau des Dokuments"_s));
     m_seiten->setToolTip(Sprache::text(u"Blättern durch Scrollen, mit den Bildtasten oder am Rand"_s));
     // The row stands above the page: from the page Tab goes on to the next pane.
-    tabReihe({m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zurueck, m_ansicht});
+    tabReihe({m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zoom[4], m_zoom[5], m_zurueck, m_ansicht});
     new Nachgeben(
         m_zeile, 3, [this](int stufe) { nachgeben(stufe); },
         [this] { return m_zeile->layout()->minimumSize().width() <= m_zeile->width(); });
@@ -120,7 +125,8 @@ QWidget *Vorschau::zeile()
     m_zoom[2]->setCheckable(true);
     m_zoom[3]->setCheckable(true);
     m_zurueck->setAutoRaise(false);
-    auto *teile = reihe({m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], {m_partnerName, 1}, m_zurueck, m_seiten});
+    auto *teile = reihe(
+        {m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zoom[4], m_zoom[5], {m_partnerName, 1}, m_zurueck, m_seiten});
     auto *zeile = fuellen(new QWidget, teile, Abstand::Nah, Abstand::Eng);
     zeile->setAutoFillBackground(true);
     return zeile;
@@ -132,6 +138,9 @@ void Vorschau::verbinden()
     connect(m_zoom[1], &QToolButton::clicked, m_ansicht, &PDFAnsicht::groesser);
     connect(m_zoom[2], &QToolButton::clicked, m_ansicht, &PDFAnsicht::breiteSetzen);
     connect(m_zoom[3], &QToolButton::clicked, m_ansicht, &PDFAnsicht::ganzeSeiteSetzen);
+    connect(m_zoom[4], &QToolButton::clicked, this, [this] { drehen(-90); });
+    connect(m_zoom[5], &QToolButton::clicked, this, [this] { drehen(90); });
+    connect(m_ansicht, &PDFAnsicht::gedreht, this, &Vorschau::gedreht);
     connect(m_ansicht, &PDFAnsicht::geaendert, this, &Vorschau::standZeigen);
     connect(m_ansicht, &PDFAnsicht::befundGeaendert, this, &Vorschau::befundZeigen);
     connect(m_ansicht, &PDFAnsicht::seiteSichtbar, this, &Vorschau::seiteSichtbar);
@@ -152,6 +161,10 @@ void Vorschau::zeigen(const QString &pfad)
     m_pfad = pfad;
     partnerZeigen({}, {});
 }
+
+void Vorschau::setzeDrehungen(const QHash<QString, QMap<int, int>> &drehungen) { m_ansicht->setzeDrehungen(drehungen); }
+
+void Vorschau::drehen(int grad) { m_ansicht->drehen(grad); }
 
 void Vorschau::vorausladen(const QString &pfad) { m_ansicht->vorausladen(pfad); }
 

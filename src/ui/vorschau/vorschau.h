@@ -22,6 +22,10 @@ public:
 
     /** Shows the document @p pfad (empty: there is none) and ends the look at another one. The same again: nothing. */
     void zeigen(const QString &pfad);
+    /** See PDFAnsicht::setzeDrehungen(). To be told before the file is shown. */
+    void setzeDrehungen(const QHash<QString, QMap<int, int>> &drehungen);
+    /** Turns the page on show by @p grad to the right. */
+    void drehen(int grad);
     /** Has @p pfad read and its first page drawn, so that zeigen() shows it within a frame. Empty: nothing. */
     void vorausladen(const QString &pfad);
     /** The first page of @p pfad is drawn, or it is known why it cannot be. */
@@ -39,6 +43,8 @@ public:
 Q_SIGNALS:
     /** "Zurück zum Dokument" was pressed; the document is back already. */
     void zurueckZumDokument();
+    /** The page @p seite (from 1) of @p pfad was turned by hand, to @p drehung degrees clockwise. */
+    void gedreht(const QString &pfad, int seite, int drehung);
     /** The first page of @p pfad, or the sentence in its place, has been painted; once per showing. */
     void seiteSichtbar(const QString &pfad);
 
@@ -52,7 +58,7 @@ private:
 
     PDFAnsicht *m_ansicht;
     Leeransicht *m_leer;
-    QList<QToolButton *> m_zoom; ///< smaller, larger, fit width, whole page
+    QList<QToolButton *> m_zoom; ///< smaller, larger, fit width, whole page, turn left, turn right
     QToolButton *m_zurueck;
     Textschild *m_partnerName;
     QLabel *m_seiten;
