@@ -1,6 +1,7 @@
 #include "paare.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <unordered_map>
 #include <vector>
@@ -139,6 +140,26 @@ std::vector<Werte> rangmengen(QList<Paare::Abdruck> &abdruecke)
 /** By number; what is known comes before what is new, which is compared with all before it. */
 bool kommtVor(const Paare::Abdruck &a, const Paare::Abdruck &b) { return a.neu != b.neu ? b.neu : a.id < b.id; }
 } // namespace
+
+Paare::Sieb::Sieb(const QList<Abdruck> &neue)
+{
+    constexpr size_t felderJeWert = 16; // one in sixteen passes by accident, far fewer than three quarters
+    size_t anzahl = 0;
+    for (const Abdruck &a : neue)
+        anzahl += size_t(a.werte.size());
+    m_felder.resize(std::bit_ceil(felderJeWert * std::max<size_t>(1, anzahl)));
+    for (const Abdruck &a : neue) {
+        for (const quint64 wert : a.werte)
+            m_felder[stelle(wert)] = true;
+    }
+}
+
+bool Paare::Sieb::laesstDurch(const QList<quint64> &werte) const
+{
+    const auto gemeinsame =
+        std::count_if(werte.begin(), werte.end(), [this](quint64 wert) { return m_felder[stelle(wert)]; });
+    return double(gemeinsame) >= schwelle * double(werte.size());
+}
 
 QList<Paare::Paar> Paare::finden(QList<Abdruck> abdruecke, const Eignung &taugt)
 {

@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <functional>
+#include <vector>
 
 namespace quillmar::analyse
 {
@@ -24,6 +25,21 @@ struct Paar {
     qint64 partner = 0; ///< the one with the smallest id that is similar, known ones first
     double aehnlichkeit = 0;
     bool operator==(const Paar &) const = default;
+};
+
+/**
+ * Tells which known sketches may be similar to one of @p neue at all, so that the others need not be kept: one passes
+ * that shares as many values with all of them together as it would have to share with one. Lets a few too many through.
+ */
+class Sieb
+{
+public:
+    explicit Sieb(const QList<Abdruck> &neue);
+    [[nodiscard]] bool laesstDurch(const QList<quint64> &werte) const;
+
+private:
+    [[nodiscard]] size_t stelle(quint64 wert) const { return size_t(wert) & (m_felder.size() - 1); }
+    std::vector<bool> m_felder; ///< by the lowest bits of the values: there is one
 };
 
 /**
