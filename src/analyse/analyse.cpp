@@ -2,13 +2,12 @@
 
 #include "ablagewerk.h"
 #include "bestand.h"
-#include "einordner.h"
 #include "hintergrund.h"
 #include "katalog.h"
+#include "portionen.h"
 #include "sperrdatei.h"
 #include "sprache.h"
 #include "text.h"
-#include "textleser.h"
 #include "wiedervorlage.h"
 #include "zweitmeinung.h"
 
@@ -81,17 +80,20 @@ void stufen(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
     // Not before: the inventory may refuse the run, and what failed would have lost its reason for nothing.
     if (auftrag.erneut)
         Wiedervorlage::oeffnen(lauf.db(), auftrag.nurDies);
-    Textleser::textLesen(lauf, auftrag.grenzen);
-    if (auftrag.nurLesen || lauf.sollHalten())
-        return;
-    Einordner::einordnen(lauf);
-    if (!lauf.sollHalten() && lauf.profil().zweitmeinung)
+    Portionen::durchlaufen(lauf, auftrag);
+    // Once, behind all portions: changing the model costs more than asking it.
+    if (!auftrag.nurLesen && !lauf.sollHalten() && lauf.profil().zweitmeinung)
         Zweitmeinung::einholen(lauf);
 }
 
 Laufstand angehalten(const QString &grund)
 {
-    return {.stufe = QUILLMAR_TEXT(u"Angehalten"_s), .meldung = grund, .restzeit = {}, .anteil = 0, .dokument = {}};
+    return {.stufe = QUILLMAR_TEXT(u"Angehalten"_s),
+            .meldung = grund,
+            .restzeit = {},
+            .anteil = 0,
+            .dokument = {},
+            .ganzes = {}};
 }
 
 /** One whole run; tells the state in which it ended. */
@@ -111,8 +113,12 @@ Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &aus
     }
     if (lauf.sollHalten())
         return angehalten({});
-    return {
-        .stufe = QUILLMAR_TEXT(u"Analyse abgeschlossen"_s), .meldung = {}, .restzeit = {}, .anteil = 1, .dokument = {}};
+    return {.stufe = QUILLMAR_TEXT(u"Analyse abgeschlossen"_s),
+            .meldung = {},
+            .restzeit = {},
+            .anteil = 1,
+            .dokument = {},
+            .ganzes = {}};
 }
 } // namespace
 

@@ -1,25 +1,16 @@
 #pragma once
 
-#include "grenzen.h"
 #include "lauf.h"
+#include "laufauftrag.h"
 #include "namensraeume.h"
 
 #include <QObject>
 #include <QTimer>
 #include <memory>
-#include <optional>
 #include <stop_token>
 
 namespace quillmar::analyse
 {
-/** What a run is to do beyond the usual. */
-struct Laufauftrag {
-    bool erneut = false;           ///< reopen what failed before, once it is certain that the run takes place
-    std::optional<qint64> nurDies; ///< of the failed documents reopen only this one
-    bool nurLesen = false;         ///< end before the model is asked
-    Lesegrenzen grenzen = {};      ///< for each document
-};
-
 /**
  * Runs the whole analysis of a profile's source folder as one job in the background and publishes its progress. All
  * results are in the catalogue: a run can end at any document, the next one goes on where work is open.
@@ -56,6 +47,8 @@ public:
     [[nodiscard]] const QString &stufenname() const { return m_stand.stufe; }
     [[nodiscard]] const QString &meldung() const { return m_stand.meldung; }
     [[nodiscard]] double anteil() const { return m_stand.anteil; }
+    /** How far the whole run is, if it goes in portions; the fields above then tell of the one in hand. */
+    [[nodiscard]] const Laufganzes &ganzes() const { return m_stand.ganzes; }
     /** Empty while it cannot be told, as long as dauersatz() names a document. */
     [[nodiscard]] QString restzeit() const { return m_dauert ? QString() : m_stand.restzeit; }
     /** Names the document in hand, in a sentence, once it takes longer than ten seconds; else empty. */

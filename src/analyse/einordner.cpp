@@ -152,13 +152,11 @@ void alleEinordnen(const Werkbank &bank)
 {
     Lauf &lauf = bank.lauf;
     const Vorschlaege vorschlaege(lauf.db());
-    const QList<qint64> offene = vorschlaege.einzuordnende();
+    const QList<qint64> offene = lauf.inPortion(vorschlaege.einzuordnende());
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
         if (const auto vorlage = vorschlaege.einzuordnendes(offene.at(i)))
             einesEinordnen(bank, *vorlage);
-        lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ eingeordnet"_s),
-                                  {QString::number(i + 1), QString::number(offene.size())}),
-                         i + 1, offene.size());
+        lauf.fortschritt(Einordner::satz(i + 1, offene.size()), i + 1, offene.size());
     }
 }
 } // namespace
@@ -207,24 +205,34 @@ void Einordner::antwortBehalten(Datenbank &db, qint64 dokument, const Lernspur &
     Modellantworten(db).setzeStimme(dokument, spur.stimme.wort, spur.stimme.dokumente);
 }
 
-void Einordner::fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt,
+bool Einordner::fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt,
                        const std::function<void()> &alle)
 {
     try {
         alle();
+        return true;
     } catch (const Abbruch &) {
-        return; // the program ends; the document in hand stays open
+        return false; // the program ends; the document in hand stays open
     } catch (const ModellFehlt &) {
         // No document can be asked about: all that are left wait for the next run.
         lauf.hindernis(wennFehlt, modell);
     } catch (const ModellAnderswo &) {
         lauf.hindernis(Laufhindernis::Art::ModellAnderswo, modell);
     }
+    return false;
 }
 
-void Einordner::einordnen(Lauf &lauf)
+QString Einordner::stufe() { return QUILLMAR_TEXT(u"Dokumente einordnen"_s); }
+
+QString Einordner::satz(qsizetype fertig, qsizetype gesamt)
 {
-    lauf.stufe(QUILLMAR_TEXT(u"Dokumente einordnen"_s));
-    fragen(lauf, lauf.profil().modell, Laufhindernis::Art::ErstesModellFehlt, [&] { alleEinordnen(Werkbank(lauf)); });
+    return gefuellt(Sprache::text(u"%@ von %@ eingeordnet"_s), {QString::number(fertig), QString::number(gesamt)});
+}
+
+bool Einordner::einordnen(Lauf &lauf)
+{
+    lauf.stufe(stufe(), Stufenart::Einordnen);
+    return fragen(lauf, lauf.profil().modell, Laufhindernis::Art::ErstesModellFehlt,
+                  [&] { alleEinordnen(Werkbank(lauf)); });
 }
 } // namespace quillmar::analyse

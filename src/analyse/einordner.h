@@ -54,11 +54,18 @@ void antwortBehalten(Datenbank &db, qint64 dokument, const Lernspur &spur);
 
 /**
  * Runs @p alle, which puts the documents of a stage to @p modell. A model that cannot be asked ends it and is noted as
- * what hinders the run; so does the program's end, in silence.
+ * what hinders the run; so does the program's end, in silence. Returns whether the model can be asked further.
  */
-void fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt, const std::function<void()> &alle);
+bool fragen(Lauf &lauf, const QString &modell, Laufhindernis::Art wennFehlt, const std::function<void()> &alle);
 
-/** The stage. Throws Fehler when the catalogue cannot be written. */
-void einordnen(Lauf &lauf);
+/** German name of the stage, and what it says of itself, for the user. */
+[[nodiscard]] QString stufe();
+[[nodiscard]] QString satz(qsizetype fertig, qsizetype gesamt);
+
+/**
+ * The stage. Returns whether the model can be asked further; else the documents that are left stay open. Throws Fehler
+ * when the catalogue cannot be written.
+ */
+bool einordnen(Lauf &lauf);
 } // namespace Einordner
 } // namespace quillmar::analyse

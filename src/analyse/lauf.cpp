@@ -35,11 +35,31 @@ Lauf::Lauf(std::shared_ptr<Datenbank> db, Profil profil, std::function<bool()> h
 {
 }
 
-void Lauf::stufe(const QString &name)
+void Lauf::portionBeginnen(const Portion &portion)
+{
+    m_portion = QSet<qint64>(portion.dokumente.begin(), portion.dokumente.end());
+    m_mass.portion(portion.dokumente.size(), portion.offene, portion.zuLesende);
+    m_stand.ganzes = portion.istTeil ? m_mass.ganzes() : Laufganzes();
+}
+
+QList<qint64> Lauf::inPortion(QList<qint64> offene) const
+{
+    if (m_portion)
+        offene.removeIf([this](qint64 id) { return !m_portion->contains(id); });
+    return offene;
+}
+
+void Lauf::stufe(const QString &name, Stufenart art)
 {
     m_beginn = std::chrono::steady_clock::now();
-    m_stand = {
-        .stufe = name, .meldung = {}, .restzeit = {}, .anteil = 0, .dokument = {}, .dokumente = m_stand.dokumente};
+    m_art = art;
+    m_stand = {.stufe = name,
+               .meldung = {},
+               .restzeit = {},
+               .anteil = 0,
+               .dokument = {},
+               .dokumente = m_stand.dokumente,
+               .ganzes = m_stand.ganzes};
     m_melden(m_stand);
 }
 
@@ -61,7 +81,11 @@ void Lauf::fortschritt(const QString &text, qsizetype fertig, qsizetype gesamt)
     m_stand.meldung = text;
     m_stand.dokument.clear();
     m_stand.anteil = gesamt > 0 ? double(fertig) / double(gesamt) : 1;
-    m_stand.restzeit = restzeitText(std::chrono::steady_clock::now() - m_beginn, fertig, gesamt);
+    const std::chrono::duration<double> vergangen = std::chrono::steady_clock::now() - m_beginn;
+    m_stand.restzeit = restzeitText(vergangen, fertig, gesamt);
+    m_mass.messen(m_art, vergangen, fertig, gesamt);
+    if (m_stand.ganzes.inPortionen())
+        m_stand.ganzes = m_mass.ganzes();
     m_melden(m_stand);
 }
 

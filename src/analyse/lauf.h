@@ -1,13 +1,16 @@
 #pragma once
 
+#include "gesamtmass.h"
 #include "namensraeume.h"
 #include "profil.h"
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stop_token>
 
 namespace quillmar::katalog
@@ -39,6 +42,8 @@ struct Lauffazit {
     QList<Laufhindernis> hindernisse;            ///< each once
     QStringList behinderte;                      ///< German names of the stages that met one
     QList<std::pair<QString, int>> gescheiterte; ///< documents without a proposal by reason, in the order met
+    QList<std::pair<QString, QString>>
+        ergebnisse; ///< of a run in portions: what stages (German name) did in all of them
 };
 
 /** What a run publishes about itself. */
@@ -49,7 +54,16 @@ struct Laufstand {
     double anteil = 0; ///< of the current stage, 0 to 1
     QString dokument;  ///< file name of the one in hand; empty between two
     int dokumente = 0; ///< how many have been in hand: tells it from another one of the same name
+    Laufganzes ganzes; ///< the fields above are about the portion in hand
     bool operator==(const Laufstand &) const = default;
+};
+
+/** Documents that go through the stages together. */
+struct Portion {
+    QList<qint64> dokumente; ///< ascending
+    qsizetype offene = 0;    ///< these and all that come behind them
+    qsizetype zuLesende = 0; ///< of the open ones
+    bool istTeil = false;    ///< the run takes several portions
 };
 
 /**
@@ -72,8 +86,13 @@ public:
     /** The program ends: also the document in hand is given up, and stays open for the next run. */
     [[nodiscard]] const std::stop_token &ende() const { return m_ende; }
 
+    /** From now on the stages are about the documents of @p portion. */
+    void portionBeginnen(const Portion &portion);
+    /** Those of @p offene that are in the portion; all of them where a run has none. */
+    [[nodiscard]] QList<qint64> inPortion(QList<qint64> offene) const;
+
     /** @p name in German. */
-    void stufe(const QString &name);
+    void stufe(const QString &name, Stufenart art = Stufenart::Sonstige);
     void meldung(const QString &text);
     /** The document with this file name is in hand until fortschritt(). */
     void dokument(const QString &name);
@@ -85,6 +104,10 @@ public:
     void hindernis(Laufhindernis::Art art, const QString &modell = {});
     /** A document has got no proposal for @p grund. */
     void gescheitert(const QString &grund);
+    /** What @p stufe (its German name) has done in all portions. */
+    void ergebnis(const QString &stufe, const QString &satz) { m_fazit.ergebnisse << std::pair(stufe, satz); }
+    /** What was measured of a stage in all portions. */
+    [[nodiscard]] Stufenmass mass(Stufenart art) const { return m_mass.stufe(art); }
     [[nodiscard]] const QStringList &hinweise() const { return m_fazit.hinweise; }
     [[nodiscard]] const Lauffazit &fazit() const { return m_fazit; }
 
@@ -96,6 +119,9 @@ private:
     Melden m_melden;
     Laufstand m_stand;
     Lauffazit m_fazit;
+    Gesamtmass m_mass;
+    Stufenart m_art = Stufenart::Sonstige; ///< of the stage under way
+    std::optional<QSet<qint64>> m_portion;
     std::chrono::steady_clock::time_point m_beginn;
 };
 } // namespace quillmar::analyse

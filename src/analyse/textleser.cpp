@@ -102,14 +102,13 @@ void abUndZuSchreiben(Datenbank &db, QList<Gelesen> &fertige, steady_clock::time
 
 void lesenMelden(Lauf &lauf, qsizetype stand, qsizetype alle)
 {
-    lauf.fortschritt(gefuellt(Sprache::text(u"%@ von %@ gelesen"_s), {QString::number(stand), QString::number(alle)}),
-                     stand, alle);
+    lauf.fortschritt(Textleser::lesesatz(stand, alle), stand, alle);
 }
 
 void alleLesen(Lauf &lauf, const Lesegrenzen &grenzen)
 {
     const Texte texte(lauf.db());
-    const QList<qint64> offene = texte.zuLesende();
+    const QList<qint64> offene = lauf.inPortion(texte.zuLesende());
     QList<Gelesen> fertige;
     auto geschrieben = steady_clock::now();
     for (qsizetype i = 0; i < offene.size() && !lauf.sollHalten(); ++i) {
@@ -173,19 +172,22 @@ Textvergleich textgleicheMarkieren(const Lauf &lauf)
     return v;
 }
 
-/** Documents with a sketch, and which of them are new; empty when no new one is among them. */
+/** New documents with a sketch, and the known ones that may be similar to one; empty when no new one is among them. */
 QList<Paare::Abdruck> abdruecke(Datenbank &db)
 {
     QList<Paare::Abdruck> liste;
-    for (const bool neue : {true, false}) {
+    const auto nehmen = [&](bool neue, const Paare::Sieb *sieb) {
         Texte(db).jedeSkizze(neue, [&](qint64 id, const QString &skizze) {
-            // What does not parse counts as no sketch.
-            if (auto werte = Skizze::ausJson(skizze))
+            auto werte = Skizze::ausJson(skizze); // what does not parse counts as no sketch
+            if (werte && (!sieb || sieb->laesstDurch(*werte)))
                 liste << Paare::Abdruck{.id = id, .werte = std::move(*werte), .neu = neue};
         });
-        if (liste.isEmpty())
-            break; // nothing new: nothing to compare
-    }
+    };
+    nehmen(true, nullptr);
+    if (liste.isEmpty())
+        return liste; // nothing new: nothing to compare
+    const Paare::Sieb sieb(liste);
+    nehmen(false, &sieb); // of a large catalogue next to nothing is left: a portion has few new ones
     return liste;
 }
 
@@ -223,18 +225,32 @@ qsizetype aehnlicheVerbinden(Datenbank &db, const Textvergleich &texte)
 
 qsizetype Textleser::textgrenze(const Profil &profil) { return 3 * qsizetype(profil.maxZeichen); }
 
-void Textleser::textLesen(Lauf &lauf, const Lesegrenzen &grenzen)
+QString Textleser::stufe() { return QUILLMAR_TEXT(u"Text lesen"_s); }
+
+QString Textleser::vergleichsstufe() { return QUILLMAR_TEXT(u"Ähnliche Dokumente suchen"_s); }
+
+QString Textleser::lesesatz(qsizetype fertig, qsizetype gesamt)
 {
-    lauf.stufe(QUILLMAR_TEXT(u"Text lesen"_s));
+    return gefuellt(Sprache::text(u"%@ von %@ gelesen"_s), {QString::number(fertig), QString::number(gesamt)});
+}
+
+QString Textleser::fundsatz(const Textfunde &funde)
+{
+    return gefuellt(Sprache::text(u"%@ textgleiche Dubletten, %@ ähnliche Paare"_s),
+                    {QString::number(funde.dubletten), QString::number(funde.paare)});
+}
+
+Textfunde Textleser::textLesen(Lauf &lauf, const Lesegrenzen &grenzen)
+{
+    lauf.stufe(stufe(), Stufenart::Lesen);
     Bilderordner::verwaisteEntfernen();
     alleLesen(lauf, grenzen);
     if (lauf.sollHalten())
-        return;
-    lauf.stufe(QUILLMAR_TEXT(u"Ähnliche Dokumente suchen"_s));
+        return {};
+    lauf.stufe(vergleichsstufe());
     const Textvergleich texte = textgleicheMarkieren(lauf);
-    const qsizetype paare = aehnlicheVerbinden(lauf.db(), texte);
-    lauf.fortschritt(gefuellt(Sprache::text(u"%@ textgleiche Dubletten, %@ ähnliche Paare"_s),
-                              {QString::number(texte.dubletten), QString::number(paare)}),
-                     1, 1);
+    const Textfunde funde{.dubletten = texte.dubletten, .paare = aehnlicheVerbinden(lauf.db(), texte)};
+    lauf.fortschritt(fundsatz(funde), 1, 1);
+    return funde;
 }
 } // namespace quillmar::analyse

@@ -114,7 +114,7 @@ void Zweitmeinung::einholen(Lauf &lauf)
     const QString modell = lauf.profil().modellGross;
     if (modell.isEmpty())
         return;
-    lauf.stufe(QUILLMAR_TEXT(u"Strittige Fälle nachprüfen"_s));
+    lauf.stufe(QUILLMAR_TEXT(u"Strittige Fälle nachprüfen"_s), Stufenart::Nachpruefen);
     Werkbank bank(lauf);
     Einordner::fragen(lauf, modell, Laufhindernis::Art::ModellFehlt, [&] { alleNachpruefen(bank); });
 }

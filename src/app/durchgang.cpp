@@ -102,9 +102,13 @@ void umgebungMelden()
 
 void statusZeigen(Ausgabe::Statuszeile &status, const Analyse &analyse)
 {
+    const Laufganzes &ganzes = analyse.ganzes();
     QStringList teile = {analyse.meldung(), analyse.dauersatz()};
+    if (ganzes.inPortionen())
+        teile << ganzes.satz();
     teile.removeAll(QString());
-    status.zeigen(analyse.stufe(), analyse.anteil(), teile.join(u"  "_s), analyse.restzeit());
+    status.zeigen(analyse.stufe(), analyse.anteil(), teile.join(u"  "_s),
+                  ganzes.inPortionen() ? ganzes.restzeit : analyse.restzeit());
 }
 
 /** What the run has to say: one line for each kind of failure, with what can be done. */

@@ -89,6 +89,7 @@ void Durchgang::fertig(const Analyse &analyse)
     const bool abgeschlossen = !analyse.abbrechenGewuenscht() && analyse.anteil() >= 1;
     m_lage.bild.enden(abgeschlossen, steady_clock::now());
     m_lage.bild.offenLassen(analyse.fazit().behinderte);
+    m_lage.bild.zusammenfassen(analyse.fazit().ergebnisse);
     if (!analyse.hinweise().isEmpty())
         m_meldestelle->melden(analyse.hinweise().join(u", "_s));
     m_pruefung->aktualisieren();

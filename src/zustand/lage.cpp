@@ -97,9 +97,13 @@ Lage lage(const Zustand &zustand, const QString &notiz)
         return {.stufe = tun->vorgang(), .anteil = tun->vorgangsanteil() > 0 ? tun->vorgangsanteil() : -1};
     if (!analyse || !analyse->laeuft())
         return ruhelage(zustand, notiz);
-    QStringList rest = {analyse->meldung(), analyse->restzeit()};
+    const Laufganzes &ganzes = analyse->ganzes();
+    QStringList rest = ganzes.inPortionen() ? QStringList{ganzes.satz(), ganzes.restzeit}
+                                            : QStringList{analyse->meldung(), analyse->restzeit()};
     rest.removeAll(QString());
-    return {.stufe = analyse->stufe(), .rest = rest.join(u" · "_s), .anteil = analyse->anteil()};
+    return {.stufe = analyse->stufe(),
+            .rest = rest.join(u" · "_s),
+            .anteil = ganzes.inPortionen() ? ganzes.anteil() : analyse->anteil()};
 }
 
 QString katalogfehlersatz(const Profilwahl &profilwahl)

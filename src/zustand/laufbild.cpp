@@ -2,6 +2,8 @@
 
 #include "sprache.h"
 
+#include <QMap>
+
 using namespace Qt::StringLiterals;
 
 namespace quillmar::zustand
@@ -56,9 +58,13 @@ void Laufbild::beginnen(Zeitpunkt jetzt)
 void Laufbild::stufeBeginnen(int stufe, Zeitpunkt jetzt)
 {
     if (m_stufe >= 0)
-        m_stufen[m_stufe].dauer = duration_cast<milliseconds>(jetzt - m_stufenbeginn);
+        m_stufen[m_stufe].dauer += duration_cast<milliseconds>(jetzt - m_stufenbeginn);
     for (int n = std::max(0, m_stufe); n < stufe; ++n)
         m_stufen[n].stand = Stufenbild::Stand::Fertig; // one that went by too fast to be seen as well
+    for (int n = stufe; n <= m_stufe; ++n) {
+        m_stufen[n].stand = Stufenbild::Stand::Offen;
+        m_stufen[n].meldung.clear();
+    }
     m_stufe = stufe;
     m_stufenbeginn = jetzt;
     m_fruehere.clear();
@@ -88,7 +94,7 @@ void Laufbild::enden(bool abgeschlossen, Zeitpunkt jetzt)
     if (m_stufe < 0)
         return;
     Stufenbild &letzte = m_stufen[m_stufe];
-    letzte.dauer = duration_cast<milliseconds>(jetzt - m_stufenbeginn);
+    letzte.dauer += duration_cast<milliseconds>(jetzt - m_stufenbeginn);
     letzte.stand = abgeschlossen ? Stufenbild::Stand::Fertig : Stufenbild::Stand::Offen;
 }
 
@@ -98,6 +104,17 @@ void Laufbild::offenLassen(const QStringList &schritte)
         if (const int stufe = stufeVon(schritt); stufe >= 0)
             m_stufen[stufe].stand = Stufenbild::Stand::Offen;
     }
+}
+
+void Laufbild::zusammenfassen(const QList<std::pair<QString, QString>> &ergebnisse)
+{
+    QMap<int, QStringList> saetze;
+    for (const auto &[schritt, satz] : ergebnisse) {
+        if (const int stufe = stufeVon(schritt); stufe >= 0)
+            saetze[stufe] << satz;
+    }
+    for (auto s = saetze.cbegin(); s != saetze.cend(); ++s)
+        m_stufen[s.key()].meldung = s->join(u" · "_s);
 }
 
 std::chrono::milliseconds Laufbild::dauer(Zeitpunkt jetzt) const

@@ -14,7 +14,7 @@ struct Stufenbild {
     Stand stand = Stand::Offen;
     QString name;                      ///< in German; to be looked up
     QString meldung;                   ///< the last message of each of its steps
-    std::chrono::milliseconds dauer{}; ///< of a stage that is done
+    std::chrono::milliseconds dauer{}; ///< of a stage that is done, in all portions of the run
     bool operator==(const Stufenbild &) const = default;
 };
 
@@ -34,13 +34,19 @@ public:
 
     Laufbild();
     void beginnen(Zeitpunkt jetzt);
-    /** A step (its German name) has published @p meldung. Names that are no step are passed over. */
+    /**
+     * A step (its German name) has published @p meldung. Names that are no step are passed over. One of an earlier
+     * stage begins the next portion: the stages behind it lie ahead again.
+     */
     void nehmen(const QString &schritt, const QString &meldung, Zeitpunkt jetzt);
     /** The run has ended; @p abgeschlossen: it was not stopped. */
     void enden(bool abgeschlossen, Zeitpunkt jetzt);
 
     /** These stages (by the German names of their steps) have come to their end without doing what they were for. */
     void offenLassen(const QStringList &schritte);
+
+    /** What steps (by their German names) came to in all portions, instead of what they did in the last one. */
+    void zusammenfassen(const QList<std::pair<QString, QString>> &ergebnisse);
 
     [[nodiscard]] const QList<Stufenbild> &stufen() const { return m_stufen; }
     /** A run has been seen. */

@@ -145,6 +145,13 @@ QString stufenzeile(const Stufenbild &stufe, const QString &vorschau, const QStr
     return stufe.meldung.isEmpty() ? dauersatz : stufe.meldung + u" · "_s + dauersatz;
 }
 
+QString stufenzeit(const Stufenbild &stufe, const Laufganzes &ganzes, const QString &restzeit)
+{
+    if (ganzes.inPortionen() || stufe.stand == Stufenbild::Stand::Offen)
+        return {};
+    return stufe.stand == Stufenbild::Stand::Laeuft ? restzeit : dauertext(stufe.dauer);
+}
+
 QString standwort(Stufenbild::Stand stand)
 {
     if (stand == Stufenbild::Stand::Fertig)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bereitschaft.h"
+#include "gesamtmass.h"
 #include "laufbild.h"
 #include "modelle.h"
 #include "modellstand.h"
@@ -43,6 +44,9 @@ struct Lauflage {
 [[nodiscard]] QString dauertext(std::chrono::milliseconds dauer);
 /** The line of a stage: its message, or what it is going to do, and @p dauersatz of its document in hand. */
 [[nodiscard]] QString stufenzeile(const Stufenbild &stufe, const QString &vorschau, const QString &dauersatz);
+/** The time beside a stage: left or taken; empty where the run as a whole tells it. @p restzeit of the one under way.
+ */
+[[nodiscard]] QString stufenzeit(const Stufenbild &stufe, const Laufganzes &ganzes, const QString &restzeit);
 /** How far a stage is, for who cannot see its mark. */
 [[nodiscard]] QString standwort(Stufenbild::Stand stand);
 /** What @p dublette repeats. */

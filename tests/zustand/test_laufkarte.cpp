@@ -155,6 +155,59 @@ private Q_SLOTS:
         QTEST(stufenzeile(bild, u"Vorschau"_s, dauersatz), "zeile");
     }
 
+    void stufenzeiten_data()
+    {
+        QTest::addColumn<int>("stand");
+        QTest::addColumn<int>("gesamt");
+        QTest::addColumn<QString>("zeit");
+        QTest::newRow("läuft") << int(Stufenbild::Stand::Laeuft) << 0 << u"noch lange"_s;
+        QTest::newRow("fertig") << int(Stufenbild::Stand::Fertig) << 0 << u"fertig nach 3 Sekunden"_s;
+        QTest::newRow("offen") << int(Stufenbild::Stand::Offen) << 0 << QString();
+        QTest::newRow("läuft in Portionen") << int(Stufenbild::Stand::Laeuft) << 500 << QString();
+        QTest::newRow("fertig in Portionen") << int(Stufenbild::Stand::Fertig) << 500 << QString();
+    }
+    void stufenzeiten()
+    {
+        QFETCH(const int, stand);
+        QFETCH(const int, gesamt);
+        const Stufenbild bild{.stand = Stufenbild::Stand(stand), .name = {}, .meldung = {}, .dauer = 3s};
+        const Laufganzes ganzes{.gesamt = gesamt, .restzeit = {}};
+        QTEST(stufenzeit(bild, ganzes, u"noch lange"_s), "zeit");
+    }
+
+    /** Each portion begins anew with reading; at the end stands what all of them came to. */
+    void bildInPortionen()
+    {
+        using Stand = Stufenbild::Stand;
+        const auto staende = [](const Laufbild &bild) {
+            QList<Stand> liste;
+            for (const Stufenbild &s : bild.stufen())
+                liste << s.stand;
+            return liste;
+        };
+        Laufbild bild;
+        Laufbild::Zeitpunkt jetzt;
+        bild.beginnen(jetzt);
+        const auto schritt = [&](const QString &name, const QString &meldung) {
+            bild.nehmen(name, meldung, jetzt += 10s);
+        };
+        schritt(u"Text lesen"_s, u"10 von 10 gelesen"_s);
+        schritt(u"Dokumente einordnen"_s, u"10 von 10 eingeordnet"_s);
+        schritt(u"Text lesen"_s, u"1 von 50 gelesen"_s);
+        QCOMPARE(staende(bild), (QList{Stand::Fertig, Stand::Laeuft, Stand::Offen, Stand::Offen}));
+        QCOMPARE(bild.stufen().at(1).meldung, u"1 von 50 gelesen"_s);
+        QCOMPARE(bild.stufen().at(2).meldung, QString());
+        schritt(u"Dokumente einordnen"_s, u"50 von 50 eingeordnet"_s);
+        bild.enden(true, jetzt += 10s);
+        bild.zusammenfassen({{u"Text lesen"_s, u"60 von 60 gelesen"_s},
+                             {u"Ähnliche Dokumente suchen"_s, u"keine"_s},
+                             {u"Dokumente einordnen"_s, u"60 von 60 eingeordnet"_s}});
+        QCOMPARE(staende(bild), (QList{Stand::Fertig, Stand::Fertig, Stand::Fertig, Stand::Offen}));
+        QCOMPARE(bild.stufen().at(1).meldung, u"60 von 60 gelesen · keine"_s);
+        QCOMPARE(bild.stufen().at(1).dauer, 20s);
+        QCOMPARE(bild.stufen().at(2).dauer, 20s);
+    }
+
     void saetze()
     {
         QCOMPARE(dublettensatz({.id = 1, .name = u"a"_s, .original = u"b.pdf"_s, .bytegleich = true}),

@@ -55,6 +55,7 @@ AblaufAnsicht::AblaufAnsicht(Zustand *zustand, QWidget *eltern)
       m_hindernisse(
           new Hinweisfeld(Symbol::Warnung, {},
                           {{.name = u"nochEinmalVersuchen"_s, .text = Sprache::text(u"Noch einmal versuchen"_s)}})),
+      m_gesamtstand(new Gesamtstand),
       m_erneut(knopf(u"erneut"_s, Sprache::text(u"Erneut versuchen"_s), {}, Knopfart::Feld, Symbol::NeuLaden)),
       m_alleErneut(
           knopf(u"alleErneut"_s, Sprache::text(u"Alle erneut versuchen"_s), {}, Knopfart::Feld, Symbol::NeuLaden)),
@@ -101,8 +102,8 @@ QWidget *AblaufAnsicht::stufen()
 QWidget *AblaufAnsicht::spalteBauen()
 {
     auto *mitte = fuellen(new QWidget,
-                          spalte({kopf(), m_frage, m_hindernisse, zahlen(), stufen(), m_gescheiterte.traeger,
-                                  m_dubletten.traeger, Teil::rest()},
+                          spalte({kopf(), m_frage, m_hindernisse, zahlen(), m_gesamtstand, stufen(),
+                                  m_gescheiterte.traeger, m_dubletten.traeger, Teil::rest()},
                                  Abstand::Gruppe),
                           Abstand::Rand, Abstand::Rand);
     Stil::folgen(mitte, [mitte] { mitte->setMaximumWidth(Stil::mass(spaltenbreite)); });
@@ -255,17 +256,15 @@ void AblaufAnsicht::knoepfeZeigen()
 void AblaufAnsicht::stufenZeigen()
 {
     const Analyse *analyse = m_zustand->durchgang()->analyse();
+    const Laufganzes &ganzes = analyse->ganzes();
+    m_gesamtstand->setVisible(ganzes.inPortionen());
+    m_gesamtstand->zeigen(ganzes);
     const QList<Stufenbild> bilder = m_zustand->durchgang()->laufbild().stufen();
     for (int n = 0; n < m_stufen.size(); ++n) {
         Stufenbild bild = bilder.value(n);
         bild.name = Sprache::text(/* QUILLMAR_TEXT */ bild.name);
         bild.meldung = stufenzeile(bild, lage().vorschau(n), analyse->dauersatz());
-        QString zeit;
-        if (bild.stand == Stufenbild::Stand::Laeuft)
-            zeit = analyse->restzeit();
-        else if (bild.stand == Stufenbild::Stand::Fertig)
-            zeit = dauertext(bild.dauer);
-        m_stufen.at(n)->zeigen(bild, zeit, analyse->anteil());
+        m_stufen.at(n)->zeigen(bild, stufenzeit(bild, ganzes, analyse->restzeit()), analyse->anteil());
     }
 }
 

@@ -8,6 +8,7 @@
 
 namespace quillmar::ablauf
 {
+class Gesamtstand;
 class Stufe;
 class Zahl;
 
@@ -65,6 +66,7 @@ private:
     Rueckfrage *m_frage;
     Hinweisfeld *m_hindernisse;
     QList<Zahl *> m_zahlen;
+    Gesamtstand *m_gesamtstand;
     QList<Stufe *> m_stufen;
     QPushButton *m_erneut;
     QPushButton *m_alleErneut;

@@ -1,7 +1,6 @@
 #include "laufteile.h"
 
 #include "bau.h"
-#include "laufkarte.h"
 #include "textschild.h"
 
 #include <QEvent>
@@ -37,6 +36,24 @@ void Zahl::zeigen(qint64 wert, bool warnung)
 {
     m_wert->setzen(warnung ? Symbol::Warnung : Symbol::Keines, QLocale().toString(wert));
     setAccessibleName(m_wert->ganzerText() + u' ' + m_was);
+}
+
+Gesamtstand::Gesamtstand()
+    : m_satz(schild({}, Schrift::Halbfett)), m_zeit(schild({}, Schrift::Neben)), m_balken(balken({})),
+      m_portion(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben))
+{
+    setObjectName(u"gesamtstand"_s);
+    fuellen(this, spalte({reihe({{m_satz, 1}, m_zeit}), m_balken, m_portion}, Abstand::Eng));
+}
+
+void Gesamtstand::zeigen(const Laufganzes &ganzes)
+{
+    m_satz->setText(ganzes.satz());
+    m_zeit->setText(ganzes.restzeit);
+    setzeAnteil(m_balken, ganzes.anteil());
+    m_portion->setzeText(ganzes.portionssatz());
+    setAccessibleName(ganzes.satz());
+    setAccessibleDescription(vorgelesen({ganzes.restzeit, ganzes.portionssatz()}));
 }
 
 Stufe::Stufe(int nummer, bool letzte)

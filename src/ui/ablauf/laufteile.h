@@ -1,6 +1,6 @@
 #pragma once
 
-#include "laufbild.h"
+#include "laufkarte.h"
 #include "stil.h"
 #include "teile.h"
 #include "zeichen.h"
@@ -23,6 +23,23 @@ public:
 private:
     Textschild *m_wert;
     QString m_was;
+};
+
+/** How far a run in portions is as a whole: documents, time that is left, a bar; one object to a screen reader. */
+class Gesamtstand : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /** The object "gesamtstand". */
+    Gesamtstand();
+    void zeigen(const Laufganzes &ganzes);
+
+private:
+    QLabel *m_satz;
+    QLabel *m_zeit;
+    QProgressBar *m_balken;
+    Textschild *m_portion;
 };
 
 /** A stage of a run: mark, name, message, time, and a bar while it is going on; one object to a screen reader. */
