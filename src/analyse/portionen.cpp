@@ -6,6 +6,7 @@
 #include "textleser.h"
 #include "vorschlaege.h"
 
+#include <QScopeGuard>
 #include <QSet>
 #include <algorithm>
 
@@ -71,6 +72,8 @@ void zusammenfassen(Lauf &lauf, const Textfunde &funde)
     const Stufenmass eingeordnet = lauf.mass(Stufenart::Einordnen);
     if (gelesen.fertig > 0)
         lauf.ergebnis(Textleser::stufe(), Textleser::lesesatz(gelesen.fertig, gelesen.fertig + gelesen.offen));
+    if (eingeordnet.fertig < 1)
+        return; // stopped before
     lauf.ergebnis(Textleser::vergleichsstufe(), Textleser::fundsatz(funde));
     lauf.ergebnis(Einordner::stufe(), Einordner::satz(eingeordnet.fertig, eingeordnet.fertig + eingeordnet.offen));
 }
@@ -82,6 +85,10 @@ void Portionen::durchlaufen(Lauf &lauf, const Laufauftrag &auftrag)
     Textfunde funde;
     bool mitModell = !auftrag.nurLesen;
     bool inTeilen = false;
+    const auto amEnde = qScopeGuard([&] { // also where a stage throws
+        if (inTeilen)
+            zusammenfassen(lauf, funde);
+    });
     Portion portion = vorrat.naechste(mitModell);
     do {
         inTeilen = inTeilen || portion.istTeil;
@@ -91,7 +98,5 @@ void Portionen::durchlaufen(Lauf &lauf, const Laufauftrag &auftrag)
             mitModell = Einordner::einordnen(lauf);
         portion = lauf.sollHalten() ? Portion() : vorrat.naechste(mitModell);
     } while (!portion.dokumente.isEmpty());
-    if (inTeilen)
-        zusammenfassen(lauf, funde);
 }
 } // namespace quillmar::analyse
