@@ -6,8 +6,10 @@
 
 namespace
 {
-constexpr std::array<Reihe, 16> reihen = {{
+constexpr std::array<Reihe, 18> reihen = {{
     {"lesen", Reihen::lesen},
+    {"portionen", Reihen::portionen},
+    {"portionen-bekannte", Reihen::portionenBekannte},
     {"erkennung", Reihen::erkennung},
     {"pruefsummen", Reihen::pruefsummen},
     {"bestand", Reihen::bestand},

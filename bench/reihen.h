@@ -4,6 +4,8 @@
 namespace Reihen
 {
 void lesen();
+void portionen();
+void portionenBekannte();
 void erkennung();
 void pruefsummen();
 void bestand();

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTcpSocket>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -91,6 +92,7 @@ void Modellserver::auftrag(QTcpSocket *leitung, const HttpAnfrage &anfrage)
         return senden(leitung, "404 Not Found", fehlertext(u"model '%1' not found"_s.arg(modell)));
     if (anfrage.pfad == "/api/pull")
         return laden(leitung, auftrag.value("stream"_L1).toBool(true));
+    std::this_thread::sleep_for(m_bedenkzeit);
     senden(leitung, "200 OK", antwort(auftrag.value("prompt"_L1).toString()));
 }
 

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QObject>
 #include <QTcpServer>
+#include <chrono>
 
 class QTcpSocket;
 
@@ -25,6 +26,9 @@ public:
     /** Listens on @p port, 0 for any free one. False when the port is taken. */
     [[nodiscard]] bool lauschen(quint16 port);
 
+    /** So long every answer of the model takes; its thread waits meanwhile. */
+    void setzeBedenkzeit(std::chrono::milliseconds zeit) { m_bedenkzeit = zeit; }
+
     [[nodiscard]] quint16 port() const { return m_server.serverPort(); }
 
 private:
@@ -39,6 +43,7 @@ private:
     QHash<QTcpSocket *, HttpLeser> m_leser; // above the server: its sockets still reach for it when they end with it
     QTcpServer m_server;
     QString m_modell;
+    std::chrono::milliseconds m_bedenkzeit{};
 };
 
 } // namespace vorfuehrung
