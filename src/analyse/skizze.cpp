@@ -125,9 +125,10 @@ std::optional<QList<quint64>> Skizze::ausJson(const QString &json)
     if (bytes.size() < 2 || bytes.front() != '[' || bytes.back() != ']')
         return std::nullopt;
     QList<quint64> werte;
-    werte.reserve(umfang);
     const char *const ende = bytes.constData() + bytes.size() - 1;
     const char *stelle = hinterLeerraum(bytes.constData() + 1, ende);
+    if (stelle < ende)
+        werte.reserve(umfang);
     for (bool weiter = stelle < ende; weiter;) {
         qint64 wert = 0;
         const auto [danach, fehler] = std::from_chars(stelle, ende, wert);
