@@ -6,11 +6,12 @@
 
 namespace
 {
-constexpr std::array<Reihe, 18> reihen = {{
+constexpr std::array<Reihe, 19> reihen = {{
     {"lesen", Reihen::lesen},
     {"portionen", Reihen::portionen},
     {"portionen-bekannte", Reihen::portionenBekannte},
     {"erkennung", Reihen::erkennung},
+    {"lagen", Reihen::lagen},
     {"pruefsummen", Reihen::pruefsummen},
     {"bestand", Reihen::bestand},
     {"skizzen", Reihen::skizzen},

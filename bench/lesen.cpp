@@ -88,5 +88,5 @@ void Reihen::erkennung()
         summe.blank += paar.blank;
     }
     summe.verhaeltnis = summe.unser / summe.blank;
-    Messung::drucken("recognising 10 scanned pages", summe, 1.02);
+    Messung::drucken("recognising 10 scanned pages", summe, 1.10);
 }

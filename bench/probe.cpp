@@ -75,8 +75,8 @@ QStringList Probe::scans(const QString &ordner, int anzahl)
     QStringList pfade;
     for (int i = 0; i < anzahl; ++i) {
         pfade << pdfName(ordner, i);
-        schreiben(pfade.last(),
-                  vorfuehrung::pdf({vorfuehrung::gescannt(vorfuehrung::seitenSatz(brief(i)), {.neigung = 0.2}, quint32(i))}));
+        schreiben(pfade.last(), vorfuehrung::pdf({vorfuehrung::gescannt(vorfuehrung::seitenSatz(brief(i)),
+                                                                        {.neigung = 0.4}, quint32(i))}));
     }
     return pfade;
 }

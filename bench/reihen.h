@@ -7,6 +7,7 @@ void lesen();
 void portionen();
 void portionenBekannte();
 void erkennung();
+void lagen();
 void pruefsummen();
 void bestand();
 void skizzen();

@@ -79,12 +79,12 @@ double tinteVon(Pix *schwarzweiss)
 /** Lines that run up or down are as good to measure once the page lies on its side. */
 void neigungMessen(Pix *schwarzweiss, Lage &lage)
 {
-    Messung m = messen(schwarzweiss);
-    if (m.zutrauen < sicher) {
-        const Bild quer = gedreht(schwarzweiss, 90);
-        m = quer ? messen(quer.get()) : Messung();
-        lage.hochkant = m.zutrauen >= sicher;
-    }
+    const Messung waagrecht = messen(schwarzweiss);
+    const Bild gekippt = gedreht(schwarzweiss, 90);
+    const Messung senkrecht = gekippt ? messen(gekippt.get()) : Messung();
+    // Columns and frames give the other direction something, too.
+    const Messung &m = senkrecht.zutrauen > waagrecht.zutrauen ? senkrecht : waagrecht;
+    lage.hochkant = &m == &senkrecht && m.zutrauen >= sicher;
     if (m.zutrauen >= sicher && std::abs(m.winkel) > kleinsteNeigung)
         lage.neigung = double(m.winkel);
 }

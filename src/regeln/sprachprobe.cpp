@@ -12,6 +12,7 @@ namespace
 {
 constexpr qsizetype kuerzestesWort = 3;
 constexpr qsizetype genugWorte = 25;      // among which a frequent one is to be expected
+constexpr qsizetype vieleWorte = 40;      // among which there is one, in a language that is known
 constexpr qsizetype vokaleInHundert = 30; // letters; languages of Latin script have 35 and more
 constexpr qsizetype genugFuerWirres = 2;  // one alone may be a stain
 constexpr qsizetype wirreInHundert = 25;  // words
@@ -97,6 +98,7 @@ Sprachprobe::Sprachprobe(const QString &text, const QString &sprachen)
 {
     static const QRegularExpression leerraum(u"\\s+"_s);
     const QSet<QString> haeufige = haeufigeVon(sprachen);
+    m_kenntHaeufige = !haeufige.isEmpty();
     for (const QString &wort : text.normalized(QString::NormalizationForm_C).split(leerraum, Qt::SkipEmptyParts))
         wortZaehlen(wort, haeufige);
 }
@@ -129,6 +131,8 @@ bool Sprachprobe::istSprache() const
     const qsizetype alle = m_worte + m_wirre;
     if (m_wirre >= genugFuerWirres && 100 * m_wirre >= wirreInHundert * alle)
         return false;
-    return alle < genugWorte || m_haeufige > 0 || 100 * m_vokale >= vokaleInHundert * m_buchstaben;
+    if (alle < genugWorte || m_haeufige > 0)
+        return true;
+    return !(m_kenntHaeufige && alle >= vieleWorte) && 100 * m_vokale >= vokaleInHundert * m_buchstaben;
 }
 } // namespace quillmar::regeln

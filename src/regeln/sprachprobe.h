@@ -22,7 +22,7 @@ public:
     /**
      * Fewer than a quarter of its words are confused (letters mixed with digits or signs, case that changes within a
      * word, no vowel, one letter repeated), and its letters are no mere exchange of others: then frequent words are
-     * missing altogether and vowels are rare.
+     * missing among many, and among some if vowels are rare.
      */
     [[nodiscard]] bool istSprache() const;
     /** The more the better, to compare two readings of one page: sound words count for it, confused ones against. */
@@ -37,5 +37,6 @@ private:
     qsizetype m_wirre = 0;
     qsizetype m_buchstaben = 0;
     qsizetype m_vokale = 0;
+    bool m_kenntHaeufige = false; ///< of one of the languages
 };
 } // namespace quillmar::regeln

@@ -3,6 +3,7 @@
 #include "kindprozess.h"
 #include "pdf.h"
 #include "satz.h"
+#include "scan.h"
 #include "werkzeuge.h"
 
 #include <QDir>
@@ -48,6 +49,19 @@ QString fehlerVon(Arbeit arbeit)
 vorfuehrung::Seite seite(const QStringList &zeilen)
 {
     return {.inhalt = vorfuehrung::seitenSatz(zeilen), .jpeg = {}, .bildgroesse = {}};
+}
+
+/** Of more than 120 characters. */
+QStringList schreiben()
+{
+    return {u"Sehr geehrte Frau Muster,"_s,
+            u"die Rechnung vom letzten Monat ist noch nicht bezahlt."_s,
+            u"Bitte holen Sie das in den nächsten Tagen nach und"_s,
+            u"melden Sie sich, wenn etwas nicht stimmt."_s,
+            u"Wir danken Ihnen für Ihr Vertrauen und stehen bei"_s,
+            u"allen Fragen zu dieser Rechnung gern bereit."_s,
+            u"Mit freundlichen Grüßen aus unserer Buchhaltung"_s,
+            u"Ihre Werkstatt am alten Bahnhof"_s};
 }
 
 /** As many visible characters, blanks apart. */
@@ -242,6 +256,51 @@ private Q_SLOTS:
         schreiben(pfad, vorfuehrung::pdf({seite(zeichen(200)), seite({u"ZWEITES"_s}), seite({u"DRITTES"_s})}));
         const QString ebene = Werkzeuge::text(pfad, 2, u"deu"_s).text;
         QVERIFY(ebene.contains(u"ZWEITES"_s) && !ebene.contains(u"DRITTES"_s));
+    }
+
+    // As a sheet feeder delivers them: the words arrive, and how the page lies is told.
+    void wieDerEinzugSieLiefert_data()
+    {
+        QTest::addColumn<vorfuehrung::Scanlage>("lage");
+        QTest::addColumn<int>("drehung");
+        QTest::newRow("straight") << vorfuehrung::Scanlage{} << 0;
+        QTest::newRow("askew") << vorfuehrung::Scanlage{.neigung = 6} << 0;
+        QTest::newRow("on its head") << vorfuehrung::Scanlage{.neigung = -2, .drehung = 180} << 180;
+        QTest::newRow("on its side") << vorfuehrung::Scanlage{.neigung = 1, .drehung = 90} << 270;
+        QTest::newRow("on the other side") << vorfuehrung::Scanlage{.neigung = 0, .drehung = 270} << 90;
+    }
+    void wieDerEinzugSieLiefert()
+    {
+        QFETCH(vorfuehrung::Scanlage, lage);
+        QFETCH(int, drehung);
+        const QString pfad = m_ordner->filePath(u"scan.pdf"_s);
+        schreiben(pfad, vorfuehrung::pdf({vorfuehrung::gescannt(vorfuehrung::seitenSatz(schreiben()), lage, 7)}));
+        const Werkzeuge::Text text = Werkzeuge::text(pfad, 2, u"deu"_s);
+        QCOMPARE(text.text.simplified(), schreiben().join(u' '));
+        const Seitenlage gefunden = text.lagen.value(0);
+        QCOMPARE(gefunden.drehung, drehung);
+        QVERIFY2(std::abs(gefunden.neigung - lage.neigung) < 0.3, qPrintable(QString::number(gefunden.neigung)));
+        QVERIFY(!text.textebene && !text.ebeneVerworfen);
+    }
+
+    void textebeneDieKeinerLiest()
+    {
+        QStringList verschoben = schreiben();
+        for (QString &zeile : verschoben)
+            for (QChar &c : zeile)
+                c = c.isLetter() ? QChar(c.unicode() + 1) : c;
+        vorfuehrung::Seite bild = vorfuehrung::gescannt(vorfuehrung::seitenSatz(schreiben()), {}, 7);
+        bild.inhalt = vorfuehrung::seitenSatz(verschoben);
+        const QString pfad = m_ordner->filePath(u"kaputt.pdf"_s);
+        schreiben(pfad, vorfuehrung::pdf({bild}));
+        const Werkzeuge::Text text = Werkzeuge::text(pfad, 2, u"deu"_s);
+        QVERIFY(text.ebeneVerworfen && !text.textebene);
+        QCOMPARE(text.text.simplified(), schreiben().join(u' '));
+        // Where the image says no better, the layer stays.
+        schreiben(pfad, vorfuehrung::pdf({seite(verschoben)}));
+        const Werkzeuge::Text gleich = Werkzeuge::text(pfad, 2, u"deu"_s);
+        QVERIFY(gleich.textebene && !gleich.ebeneVerworfen);
+        QVERIFY(gleich.text.simplified().startsWith(verschoben.first().left(4)));
     }
 
     void wasKeinTextIst_data()

@@ -78,6 +78,15 @@ private Q_SLOTS:
         QFETCH(QString, text);
         QTEST(Sprachprobe(text, u"deu"_s).istSprache(), "sprache");
     }
+
+    // In a language whose frequent words nobody knows their absence says nothing.
+    void fremdeSprache()
+    {
+        const QString viel = lesung(u"aufrecht-vertrag.txt"_s);
+        QVERIFY(Sprachprobe(viel, u"pol"_s).istSprache());
+        QVERIFY(!Sprachprobe(verschoben(viel, 1), u"fra"_s).istSprache());
+        QVERIFY(Sprachprobe(lesung(u"aufrecht-englisch.txt"_s), u"eng"_s).istSprache());
+    }
 };
 
 QTEST_GUILESS_MAIN(TestSprachprobe)
