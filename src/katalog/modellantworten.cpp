@@ -9,6 +9,14 @@ namespace quillmar::katalog
 {
 namespace
 {
+const QString wartendesSql =
+    u"SELECT d.id, d.gegenueber, d.zweig, d.ablage, d.rubrik, d.konfidenz, d.ort_quelle, d.gelernt_von,\n"
+    "d.text_hash, d.modell_zweig, d.modell_ablage, d.modell_rubrik, m.dokument_id IS NOT NULL AS beantwortet,\n"
+    "m.gegenueber AS m_gegenueber, m.zweig AS m_zweig, m.ablage AS m_ablage, m.rubrik AS m_rubrik,\n"
+    "m.konfidenz AS m_konfidenz, m.ort_quelle AS m_ort_quelle, m.sicher AS m_sicher, m.worte AS m_worte,\n"
+    "m.stimmwort, e.felder FROM dokumente d LEFT JOIN modellantworten m ON m.dokument_id=d.id\n"
+    "LEFT JOIN entwuerfe e ON e.dokument_id=d.id\n"_s;
+
 Ort ortAus(const Zeile &z, const QString &davor)
 {
     return {.zweig = z.text(davor + u"zweig"_s),
@@ -92,17 +100,16 @@ void Modellantworten::oeffnen(qint64 dokument)
 QList<Modellantworten::Wartendes> Modellantworten::wartendeVon(const QString &gegenueber) const
 {
     QList<Wartendes> liste;
-    m_db.besuchen(
-        u"SELECT d.id, d.gegenueber, d.zweig, d.ablage, d.rubrik, d.konfidenz, d.ort_quelle, d.gelernt_von,\n"
-        "d.text_hash, d.modell_zweig, d.modell_ablage, d.modell_rubrik, m.dokument_id IS NOT NULL AS beantwortet,\n"
-        "m.gegenueber AS m_gegenueber, m.zweig AS m_zweig, m.ablage AS m_ablage, m.rubrik AS m_rubrik,\n"
-        "m.konfidenz AS m_konfidenz, m.ort_quelle AS m_ort_quelle, m.sicher AS m_sicher, m.worte AS m_worte,\n"
-        "m.stimmwort,\n"
-        "e.felder FROM dokumente d LEFT JOIN modellantworten m ON m.dokument_id=d.id\n"
-        "LEFT JOIN entwuerfe e ON e.dokument_id=d.id\n"
-        "WHERE d.status='bereit' AND d.ausgenommen=0 AND d.gegenueber=? AND coalesce(m.von_hand,0)=0"_s,
-        {gegenueber}, [&](const Zeile &z) { liste << wartendesAus(z); });
+    m_db.besuchen(wartendesSql +
+                      u"WHERE d.status='bereit' AND d.ausgenommen=0 AND d.gegenueber=? AND coalesce(m.von_hand,0)=0"_s,
+                  {gegenueber}, [&](const Zeile &z) { liste << wartendesAus(z); });
     return liste;
+}
+
+std::optional<Modellantworten::Wartendes> Modellantworten::zurueckgekehrtes(qint64 dokument) const
+{
+    return m_db.eine(wartendesSql + u"WHERE d.id=? AND m.von_hand=1 AND m.ort_quelle IS NOT NULL"_s, {dokument},
+                     wartendesAus);
 }
 
 void Modellantworten::schreiben(qint64 dokument, const Werte &w)

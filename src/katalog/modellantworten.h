@@ -57,6 +57,8 @@ public:
         QString stimmwort;                    ///< by which the texts have decided
     };
     [[nodiscard]] QList<Wartendes> wartendeVon(const QString &gegenueber) const;
+    /** One that the reviewer has decided on before, as what the model answered; none without an answer. */
+    [[nodiscard]] std::optional<Wartendes> zurueckgekehrtes(qint64 dokument) const;
 
     /** What the memory makes of a waiting document. */
     struct Werte {

@@ -121,25 +121,35 @@ void Lernspeicher::vorlesen(const QList<qint64> &protokollIds)
     m_nachrechnung.vorlesen(schluesselVon(betroffene), {});
 }
 
-/** The place, or the name of the counterpart, is not the proposed one. */
-bool Lernspeicher::istKorrektur(qint64 dokument, const Angaben &a, const QString &vorher) const
+/** Of a document that was accepted before and came back: what he changed then he has changed now, too. */
+Lernspeicher::Vorgeschlagen Lernspeicher::vorgeschlagen(qint64 dokument, const QString &vorher) const
 {
-    if (Lernregeln::schluessel(vorher) != Lernregeln::schluessel(a.gegenueber))
-        return true;
-    const auto vorgeschlagen = Dokumente(m_db).eines(dokument);
-    return vorgeschlagen && vorgeschlagen->angaben.ort != a.ort;
+    const auto jetzt = Dokumente(m_db).eines(dokument);
+    Vorgeschlagen v{.gegenueber = vorher, .ort = jetzt ? std::optional(jetzt->angaben.ort) : std::nullopt};
+    const auto zurueck = Modellantworten(m_db).zurueckgekehrtes(dokument);
+    if (!zurueck)
+        return v;
+    const Nachrechnung::Vorschlag damals = m_nachrechnung.vorschlag(*zurueck);
+    const QStringList namen = schluesselVon({zurueck->antwort->gegenueber, damals.gegenueber});
+    if (!namen.contains(Lernregeln::schluessel(vorher)))
+        v.gegenueber = damals.gegenueber;
+    if (v.ort != zurueck->antwort->ort)
+        v.ort = damals.ort;
+    return v;
 }
 
 qint64 Lernspeicher::merken(qint64 dokument, const Angaben &a, const QString &vorher, qint64 protokollId)
 {
     Transaktion transaktion(m_db);
-    const QString alt = Lernregeln::schluessel(vorher);
+    const Vorgeschlagen vorschlag = vorgeschlagen(dokument, vorher);
+    const QString alt = Lernregeln::schluessel(vorschlag.gegenueber);
     const QString neu = Lernregeln::schluessel(a.gegenueber);
+    const bool korrektur = alt != neu || (vorschlag.ort && *vorschlag.ort != a.ort);
     Lernschritt schritt;
     if (!a.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu)
         schritt.gleichsetzung = gleichungMerken(alt, a.gegenueber);
     if (neu.size() >= Lernregeln::kuerzesterSchluessel && Urteiler(m_db, m_profil).istBekannt(a.ort))
-        schritt.zuordnung = zuordnungMerken(neu, a, istKorrektur(dokument, a, vorher), dokument);
+        schritt.zuordnung = zuordnungMerken(neu, a, korrektur, dokument);
     if (dokument > 0)
         Modellantworten(m_db).vonHand(dokument);
     qint64 angepasst = 0;

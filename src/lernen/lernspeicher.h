@@ -122,7 +122,12 @@ private:
     void abgelegtesZaehlen(const QString &schluessel, const QList<Ortszahl> &orte);
     [[nodiscard]] Wortzahl abgelegteWorte(const QStringList &namen, const Ort &ort) const;
     [[nodiscard]] QStringList rechnungsschluessel() const;
-    [[nodiscard]] bool istKorrektur(qint64 dokument, const Angaben &angaben, const QString &vorher) const;
+    /** What the reviewer has before him, but for what he has changed himself. */
+    struct Vorgeschlagen {
+        QString gegenueber;
+        std::optional<Ort> ort;
+    };
+    [[nodiscard]] Vorgeschlagen vorgeschlagen(qint64 dokument, const QString &vorher) const;
     void zuordnungZuruecknehmen(const Lernschritt::Zuordnung &zuordnung);
     void gleichungZuruecknehmen(const Lernschritt::Gleichsetzung &gleichsetzung);
     void eintragErneuern(const QString &schluessel);

@@ -69,20 +69,35 @@ Modellantwort Nachrechnung::antwortVon(const Urteiler &urteiler, const Modellant
             .sicher = !gelernt && urteiler.istSicher(ort, w.konfidenz)};
 }
 
-bool Nachrechnung::eines(Urteiler &urteiler, const Modellantworten::Wartendes &w, Urteiler::Anlass anlass)
+/** By the memory, then by the direction of invoices. */
+Urteiler::Urteil Nachrechnung::urteil(Urteiler &urteiler, const Modellantworten::Wartendes &w,
+                                      const Modellantwort &antwort, Urteiler::Anlass anlass) const
 {
-    Modellantwort antwort = antwortVon(urteiler, w);
     const auto worte = [&] {
         return antwort.worte.isEmpty() ? Wortstimmen::worte(Texte(m_db).text(w.id).value_or(QString())) : antwort.worte;
     };
-    const Urteiler::Urteil urteil = urteiler.urteilen(antwort, anlass, worte);
-    Modellantworten::Werte werte{.gegenueber = urteil.gegenueber,
-                                 .ort = urteil.ort,
-                                 .konfidenz = urteil.konfidenz,
-                                 .ortQuelle =
-                                     urteil.ortGelernt || urteil.nameGelernt ? u"gelernt"_s : antwort.ortQuelle,
-                                 .gelerntVon = urteil.von};
-    werte.ort.rubrik = rubrikFuer(w, urteil.ort.rubrik);
+    Urteiler::Urteil urteil = urteiler.urteilen(antwort, anlass, worte);
+    urteil.ort.rubrik = rubrikFuer(w, urteil.ort.rubrik);
+    return urteil;
+}
+
+Nachrechnung::Vorschlag Nachrechnung::vorschlag(const Modellantworten::Wartendes &w) const
+{
+    Urteiler urteiler(m_db, m_profil, m_regeln);
+    const auto u = urteil(urteiler, w, antwortVon(urteiler, w), Urteiler::Anlass::Nachrechnen);
+    return {.gegenueber = u.gegenueber, .ort = u.ort};
+}
+
+bool Nachrechnung::eines(Urteiler &urteiler, const Modellantworten::Wartendes &w, Urteiler::Anlass anlass)
+{
+    Modellantwort antwort = antwortVon(urteiler, w);
+    const Urteiler::Urteil urteil = this->urteil(urteiler, w, antwort, anlass);
+    const Modellantworten::Werte werte{.gegenueber = urteil.gegenueber,
+                                       .ort = urteil.ort,
+                                       .konfidenz = urteil.konfidenz,
+                                       .ortQuelle =
+                                           urteil.ortGelernt || urteil.nameGelernt ? u"gelernt"_s : antwort.ortQuelle,
+                                       .gelerntVon = urteil.von};
     const bool anders = werte.gegenueber != w.gegenueber || werte.ort != w.ort;
     const bool gleich = werte.ortQuelle == w.ortQuelle && werte.gelerntVon == w.gelerntVon &&
                         urteil.stimme.wort == w.stimmwort && qFuzzyCompare(1 + werte.konfidenz, 1 + w.konfidenz);

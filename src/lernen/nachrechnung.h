@@ -30,6 +30,13 @@ public:
      */
     QSet<qint64> rechnen(const QStringList &schluessel, Urteiler::Anlass anlass, qint64 ausser = 0);
 
+    /** What is proposed for a document as long as the reviewer has not decided on it. Throws Katalogfehler. */
+    struct Vorschlag {
+        QString gegenueber;
+        Ort ort;
+    };
+    [[nodiscard]] Vorschlag vorschlag(const Modellantworten::Wartendes &wartendes) const;
+
     /**
      * Looks at the texts that rechnen() of the same needs for the direction of invoices, if a place with the rubric
      * @p rubrik is taught now. To be called before the transaction that rechnen() is to be part of: then that one reads
@@ -39,6 +46,8 @@ public:
 
 private:
     [[nodiscard]] bool eines(Urteiler &urteiler, const Modellantworten::Wartendes &wartendes, Urteiler::Anlass anlass);
+    [[nodiscard]] Urteiler::Urteil urteil(Urteiler &urteiler, const Modellantworten::Wartendes &wartendes,
+                                          const Modellantwort &antwort, Urteiler::Anlass anlass) const;
     [[nodiscard]] Modellantwort antwortVon(const Urteiler &urteiler, const Modellantworten::Wartendes &wartendes) const;
     void eintragen(const Modellantworten::Wartendes &wartendes, const Modellantwort &antwort,
                    const Modellantworten::Werte &werte, const Urteiler::Urteil &urteil);

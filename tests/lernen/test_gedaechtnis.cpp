@@ -276,6 +276,24 @@ private Q_SLOTS:
         QCOMPARE(alles({eins, zwei, drei}), zuAnfang);
     }
 
+    // Accepted, taken back for the sake of something else, and accepted again.
+    void nochEinmalUebernommen()
+    {
+        const qint64 wartet = eingeordnet(u"Alpha Werk"_s, strom);
+        const qint64 id = eingeordnet(u"Alpha Werk"_s, strom);
+        uebernehmen(id, wasser, u"Beta Werk"_s);
+        const QString einmal = alles({id});
+        zurueck(id);
+        QVERIFY(ort(wartet) == strom);
+        uebernehmen(id);
+        QCOMPARE(alles({id}), einmal);
+        QVERIFY(ort(wartet) == wasser);
+        zurueck(id);
+        uebernehmen(id, strom, u"Alpha Werk"_s); // what was proposed, after all
+        QVERIFY(Lernspeicher(*m_db, m_profil).gleichungen().isEmpty());
+        QCOMPARE(m_db->zahl(u"SELECT SUM(korrekturen) n FROM gelernte_orte"_s), 0);
+    }
+
     // A session turned back: the first steps go before the last ones.
     void zurueckInAndererFolge()
     {
