@@ -224,11 +224,14 @@ QStringView ohneNummer(QStringView stamm)
     return istNummer ? stamm.first(klammer) : stamm;
 }
 
-/** A date that is none of the template ("2024-03", "31.01.2024") before the name. */
+/** A date that is none of the template ("2024-03", "31.01.2024") before the name or in its place. */
 bool beginntMitDatum(QStringView gegenueber)
 {
     constexpr qsizetype ziffernEinesJahrs = 4;
-    const QStringView wort = gegenueber.first(std::max<qsizetype>(0, gegenueber.indexOf(u' ')));
+    const qsizetype luecke = gegenueber.indexOf(u' ');
+    const QStringView wort = luecke < 0 ? gegenueber : gegenueber.first(luecke);
+    if (luecke < 0 && std::all_of(wort.begin(), wort.end(), istZiffer)) // a number may be a name
+        return false;
     const bool ohneBuchstaben =
         std::all_of(wort.begin(), wort.end(), [](QChar c) { return istZiffer(c) || u".-_"_s.contains(c); });
     return ohneBuchstaben && std::count_if(wort.begin(), wort.end(), istZiffer) >= ziffernEinesJahrs;

@@ -48,6 +48,8 @@ private Q_SLOTS:
         neu("nur Datum", ueblich, u"2024-01-31.pdf"_s, u""_s);
         neu("halbes Datum", ueblich, u"2024-01 Stadtwerke - Abschlag.pdf"_s, u""_s);
         neu("anderes Datum", ueblich, u"31.01.2024 Stadtwerke - Abschlag.pdf"_s, u""_s);
+        neu("Datum statt Gegenüber", ueblich, u"2024-01-31 - Abschlag.pdf"_s, u""_s);
+        neu("Monat statt Gegenüber", ueblich, u"2024-01 - Abschlag.pdf"_s, u""_s);
         neu("Ziffern anderer Schrift", ueblich, u"٢٠٢٤-٠١-٣١ Stadtwerke.pdf"_s, u""_s);
         neu("Ziffern im Namen", ueblich, u"2024-01-31 1822direkt Bank - Auszug.pdf"_s, u"1822direkt Bank"_s);
         neu("nur Ziffern", ueblich, u"2024-01-31 4711 - Auszug.pdf"_s, u"4711"_s);
