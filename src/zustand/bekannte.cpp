@@ -11,7 +11,13 @@ namespace quillmar::zustand
 {
 namespace
 {
-QString gesucht(const QString &name) { return gefaltet(name, Faltung::Namen); }
+/** Without accents, which not every keyboard has; the keys of names drop such letters. */
+QString gesucht(const QString &name)
+{
+    QString zerlegt = name.normalized(QString::NormalizationForm_D);
+    zerlegt.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
+    return gefaltet(zerlegt, Faltung::Namen);
+}
 } // namespace
 
 QString Bekannter::ziel() const { return Eintrag{.schluessel = {}, .anzeige = {}, .ort = ort}.ziel(); }
