@@ -35,10 +35,15 @@ bool kenntDerBaum(const QList<Ortszahl> &orte)
     return std::any_of(orte.begin(), orte.end(), [](const Ortszahl &o) { return o.baum > 0; });
 }
 
+bool hatOrt(const QList<Ortszahl> &orte, const Ort &ort)
+{
+    return std::any_of(orte.begin(), orte.end(), [&](const Ortszahl &o) { return o.ort == ort; });
+}
+
 /** The reviewer has taught nothing of the counterpart of this entry. */
 bool istNurAusDemBaum(const Eintrag &eintrag, const QList<Ortszahl> &orte)
 {
-    return Ortswahl::istVollstaendig(eintrag.ort) && !orte.isEmpty() &&
+    return hatOrt(orte, eintrag.ort) &&
            std::all_of(orte.begin(), orte.end(), [](const Ortszahl &o) { return o.anzahl == 0; });
 }
 } // namespace
@@ -99,7 +104,7 @@ void Baumwissen::setzen(const Baumkenntnis &kenntnis)
     const QList<Ortszahl> bisherige = orte.orte(kenntnis.schluessel);
     const bool nurAusDemBaum = vorher && istNurAusDemBaum(*vorher, bisherige);
     // What an earlier version has confirmed was never counted by itself.
-    if (vorher && Ortswahl::istVollstaendig(vorher->ort) && bisherige.isEmpty())
+    if (vorher && Ortswahl::istVollstaendig(vorher->ort) && !hatOrt(bisherige, vorher->ort))
         orte.zaehlen(kenntnis.schluessel, vorher->ort, vorher->anzahl, 0);
     plaetzeSetzen(kenntnis, bisherige);
     if (!vorher || nurAusDemBaum)

@@ -187,7 +187,8 @@ Lernschritt::Zuordnung Lernspeicher::zuordnungMerken(const QString &schluessel, 
     GelernteOrte orte(m_db);
     const auto vorher = gelerntes.zuordnung(schluessel);
     // What an earlier version has confirmed was never counted by itself.
-    if (vorher && Ortswahl::istVollstaendig(vorher->ort) && orte.orte(schluessel).isEmpty())
+    const QList<Ortszahl> bisherige = orte.orte(schluessel);
+    if (vorher && Ortswahl::istVollstaendig(vorher->ort) && stelle(bisherige, vorher->ort) == bisherige.end())
         orte.zaehlen(schluessel, vorher->ort, vorher->anzahl, 0);
     // What lies in the tree was not confirmed.
     const bool zaehltWeiter = vorher && vorher->ort == a.ort && bestaetigungen(orte.orte(schluessel)) > 0;
