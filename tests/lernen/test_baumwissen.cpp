@@ -190,6 +190,17 @@ private Q_SLOTS:
             QCOMPARE(rubrik(id), u"Gas modell"_s);
     }
 
+    // Of two counterparts whose names stand in the new one, the one that was taught goes before a whole tree.
+    void gelehrtesGehtVorBaum()
+    {
+        const Ort falsch = {u"Privat"_s, u"Wohnung"_s, u"Gas"_s};
+        Baumwissen(*m_db).uebernehmen({kenntnis(u"Stadtwerke"_s, {{strom, 500}})}, Baumwissen::Wartende::Lassen);
+        bestaetigen(wasser, 0, u"Stadtwerke Köln Netz"_s);
+        const qint64 id = wartendes(u"Stadtwerke Köln"_s, falsch);
+        Lernspeicher(*m_db).allesAnwenden();
+        QCOMPARE(rubrik(id), u"Wasser gelernt"_s);
+    }
+
     // An earlier version knows nothing of the counts: what it confirms beside them is the reviewer's all the same.
     void bestaetigtVonEinerFrueherenFassung()
     {
