@@ -99,7 +99,8 @@ private Q_SLOTS:
     void gedrehteSeiteBleibt()
     {
         const qint64 a = m_b->dokument(u"a.pdf"_s);
-        Seitenlagen(m_b->db()).speichern(a, {{.seite = 1, .drehung = 180, .neigung = 0.5}, {.seite = 2, .drehung = 0, .neigung = 1}});
+        Seitenlagen(m_b->db()).speichern(
+            a, {{.seite = 1, .drehung = 180, .neigung = 0.5}, {.seite = 2, .drehung = 0, .neigung = 1}});
         beginnen();
         QCOMPARE(m_z->pruefung()->drehungen(), (Drehungen{{m_b->quelle(u"a.pdf"_s), {{1, 180}}}}));
         m_z->pruefung()->seiteDrehen(2, 90);
