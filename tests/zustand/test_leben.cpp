@@ -34,7 +34,7 @@ QByteArray brief(int nummer, bool neuGespeichert)
     if (neuGespeichert)
         zeilen << u"Brief"_s;
     for (int i = 0; i < 40; ++i)
-        zeilen.last() += u" Wort%1"_s.arg(nummer * 1000 + i) + (i % 8 == 7 ? u"\n"_s : QString());
+        zeilen.last() += u" Zeile%1"_s.arg(nummer * 1000 + i) + (i % 8 == 7 ? u"\n"_s : QString());
     return vorfuehrung::pdf(
         {{.inhalt = vorfuehrung::seitenSatz(zeilen.join(u'\n').split(u'\n')), .jpeg = {}, .bildgroesse = {}}});
 }
@@ -284,7 +284,7 @@ private:
         QFile datei(pfad);
         QVERIFY(datei.open(QIODevice::ReadOnly));
         const qsizetype stelle = m_inhalte.indexOf(datei.readAll());
-        if (!z.text(u"text").contains(u"Wort%1 "_s.arg(stelle / 2 * 1000 + 3)))
+        if (!z.text(u"text").contains(u"Zeile%1 "_s.arg(stelle / 2 * 1000 + 3)))
             mangel(pfad, u"Text einer anderen Datei"_s);
     }
 
