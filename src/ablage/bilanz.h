@@ -19,6 +19,7 @@ struct Bilanz {
     qint64 zurueckgedreht = 0;
     QList<Rueckbaubefund> fehler;        ///< movements that failed, in order
     QList<Rueckbaubefund> uebersprungen; ///< passed over: turned back already, vanished, or its old place is taken
+    QString verweigert = {};             ///< why it was not begun at all, in the user's language; empty if it was
     bool operator==(const Bilanz &) const = default;
 };
 } // namespace quillmar::ablage

@@ -6,6 +6,7 @@
 #include "ruecknahme.h"
 #include "sprache.h"
 #include "text.h"
+#include "vorrang.h"
 
 #include <QDir>
 #include <QSet>
@@ -44,6 +45,14 @@ Bilanz Rueckbau::ausfuehren()
 {
     if (m_eintraege.isEmpty())
         return {};
+    std::shared_ptr<Vorrang> vorrang; // a run would take in what comes back, and read it while it moves
+    try {
+        if (m_db)
+            vorrang = Vorrang::nehmen(*m_db, Vorrang::Art::Rueckbau);
+    } catch (const Fehler &f) {
+        m_bilanz.verweigert = f.text();
+        return m_bilanz;
+    }
     try {
         if (m_db)
             m_gang = std::make_unique<Bewegungsgang>(m_db);

@@ -5,9 +5,9 @@
 #include "hintergrund.h"
 #include "katalog.h"
 #include "portionen.h"
-#include "sperrdatei.h"
 #include "sprache.h"
 #include "text.h"
+#include "vorrang.h"
 #include "wiedervorlage.h"
 #include "zweitmeinung.h"
 
@@ -100,11 +100,7 @@ Laufstand angehalten(const QString &grund)
 Laufstand durchgang(Lauf &lauf, const Laufauftrag &auftrag, const Ausnahmen &ausnahmen)
 {
     try {
-        if (Katalog::nurLesen(lauf.db()))
-            return angehalten(Katalog::schreibmangel(lauf.db()));
-        const auto sperre = Sperrdatei::nehmen(Katalog::pfad(lauf.db()) + u".lauf"_s, 0ms);
-        if (!sperre)
-            return angehalten(Sprache::text(u"Für diesen Katalog läuft schon eine Analyse"_s));
+        const auto vorrang = auftrag.vorrang ? auftrag.vorrang : Vorrang::nehmen(lauf.db(), Vorrang::Art::Durchgang);
         stufen(lauf, auftrag, ausnahmen);
     } catch (const Fehler &f) {
         return angehalten(f.text());
@@ -174,8 +170,8 @@ void Analyse::allesStarten(const Laufauftrag &auftrag)
     m_ende = {};
     m_verbindung = std::make_shared<Verbindung>(Briefkasten::fuer(this));
     Hintergrund::starten(
-        [this, v = m_verbindung, db = m_db, profil = m_profil, auftrag, ende = m_ende.get_token()]() mutable {
-            laufen(this, v, {std::move(db), profil, auftrag, ende});
+        [this, v = m_verbindung, db = m_db, profil = m_profil, auftrag = auftrag, ende = m_ende.get_token()]() mutable {
+            laufen(this, v, {std::move(db), profil, std::move(auftrag), ende});
             v->abmelden(); // when nothing holds the catalogue any more
         });
     Q_EMIT geaendert();
@@ -191,6 +187,7 @@ void Analyse::laufen(Analyse *ziel, const std::shared_ptr<Verbindung> &v, Arbeit
             v->briefe->fortschreiben([ziel, stand] { ziel->setzeStand(stand); }, stand.stufe);
         });
     const Laufstand stand = durchgang(lauf, arbeit.auftrag, [v] { return v->jetzigeAusnahmen(); });
+    arbeit.auftrag.vorrang.reset(); // whoever hears of the end may begin the next one
     v->briefe->einwerfen([ziel, stand, fazit = lauf.fazit()] { ziel->schluss(stand, fazit); });
 }
 

@@ -4,7 +4,13 @@
 #include "namensraeume.h"
 
 #include <QtGlobal>
+#include <memory>
 #include <optional>
+
+namespace quillmar::katalog
+{
+class Vorrang;
+} // namespace quillmar::katalog
 
 namespace quillmar::analyse
 {
@@ -16,10 +22,11 @@ struct Portionsgroesse {
 
 /** What a run is to do beyond the usual. */
 struct Laufauftrag {
-    bool erneut = false;            ///< reopen what failed before, once it is certain that the run takes place
-    std::optional<qint64> nurDies;  ///< of the failed documents reopen only this one
-    bool nurLesen = false;          ///< end before the model is asked
-    Lesegrenzen grenzen = {};       ///< for each document
-    Portionsgroesse portionen = {}; ///< no setting: it is here for tests and measurements
+    bool erneut = false;                   ///< reopen what failed before, once it is certain that the run takes place
+    std::optional<qint64> nurDies;         ///< of the failed documents reopen only this one
+    bool nurLesen = false;                 ///< end before the model is asked
+    Lesegrenzen grenzen = {};              ///< for each document
+    Portionsgroesse portionen = {};        ///< no setting: it is here for tests and measurements
+    std::shared_ptr<Vorrang> vorrang = {}; ///< taken before by who asks for the run; null: the run takes it itself
 };
 } // namespace quillmar::analyse

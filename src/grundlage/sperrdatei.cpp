@@ -18,4 +18,18 @@ std::optional<Sperrdatei> Sperrdatei::nehmen(const QString &pfad, std::chrono::m
         return std::nullopt;
     return Sperrdatei(std::move(griff));
 }
+
+void Sperrdatei::beschriften(const QByteArray &wort) const
+{
+    if (::ftruncate(m_griff.nummer(), 0) != 0 ||
+        ::pwrite(m_griff.nummer(), wort.constData(), size_t(wort.size()), 0) != wort.size())
+        qWarning("The lock file cannot be written");
+}
+
+QByteArray Sperrdatei::aufschrift(const QString &pfad)
+{
+    constexpr qint64 laengste = 64;
+    QFile datei(pfad);
+    return datei.open(QIODevice::ReadOnly) ? datei.read(laengste) : QByteArray();
+}
 } // namespace quillmar::grundlage

@@ -147,6 +147,8 @@ void Sitzungen::protokollZurueckdrehen()
     if (!m_profilwahl->kannHandeln() || m_ausfuehrung->beschaeftigt() || !m_datei)
         return;
     m_rueckbau = {.laeuft = true, .datei = *m_datei, .meldung = Sprache::text(u"Wird zurückgedreht"_s)};
+    for (const Protokollzeile &zeile : std::as_const(m_zeilen))
+        m_rueckbau.orte << nfc(zeile.von);
     const std::stop_token ende = m_ausfuehrung->rueckbauBeginnen();
     Q_EMIT rueckbauGeaendert();
     const Profil &profil = *m_profilwahl->aktiv();
@@ -176,11 +178,13 @@ std::function<void(qint64, qint64)> Sitzungen::fortschritt()
 void Sitzungen::zurueckgedreht(const Bilanz &bilanz)
 {
     m_rueckbau.laeuft = false;
-    m_rueckbau.meldung = zusammenfassung(bilanz);
-    m_rueckbau.ton = bilanz.fehler.isEmpty() && bilanz.uebersprungen.isEmpty() ? Ton::Gut : Ton::Warnung;
+    const bool glatt = bilanz.verweigert.isEmpty() && bilanz.fehler.isEmpty() && bilanz.uebersprungen.isEmpty();
+    m_rueckbau.meldung = bilanz.verweigert.isEmpty() ? zusammenfassung(bilanz) : bilanz.verweigert;
+    m_rueckbau.ton = glatt ? Ton::Gut : Ton::Warnung;
     // Its entries are numbers of lines: another log that was chosen meanwhile has other lines.
     if (m_datei == m_rueckbau.datei)
         m_rueckbau.bilanz = bilanz;
+    Q_EMIT zurueckgeholt(std::exchange(m_rueckbau.orte, {}));
     m_ausfuehrung->rueckbauBeenden();
     Q_EMIT rueckbauGeaendert();
     m_pruefung->aktualisieren();

@@ -59,6 +59,7 @@ Q_SIGNALS:
     void protokollDateienGeaendert();
     void protokollGeaendert();
     void rueckbauGeaendert();
+    void zurueckgeholt(const QStringList &pfade); ///< a session was turned back: where its files have come from
 
 private:
     /** A log as it was read. */
@@ -74,6 +75,7 @@ private:
         double anteil = 0;
         Ton ton = Ton::Ruhig;
         Bilanz bilanz = {};
+        QStringList orte = {}; ///< where its files have come from
     };
 
     void eintreten();
