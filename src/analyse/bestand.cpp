@@ -110,6 +110,7 @@ private:
         const QString voll = vollerPfad(relativ);
         if (m_halt() || isDublettenordner(voll, platte))
             return;
+        m_ergebnis.ordner << QFile::decodeName(platte);
         m_bekanntAls = m_zweitwege.bekannterName(platte);
         QList<QByteArray> tiefer;
         const bool gelesen = ordnerLesen(platte, [&](int griff, const Ordnereintrag &e) {

@@ -40,7 +40,8 @@ struct Ausgenommene {
 
 /** What a walk through the source folder found, and what it had to leave out. */
 struct Ergebnis {
-    QList<Fund> funde; ///< ascending by path
+    QList<Fund> funde;       ///< ascending by path
+    QStringList ordner = {}; ///< that were walked through, the source folder first; as they are called on the disk
     qsizetype ausgenommen = 0;
     QList<Ausgenommene> ausgenommene; ///< the first of them, ascending by path
     qsizetype unlesbareNamen = 0;

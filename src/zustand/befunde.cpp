@@ -172,6 +172,21 @@ Befund Befunde::ruhende(const Einrichtungslage &lage)
                                {zahl(lage.ruhende)}));
 }
 
+Befund Befunde::neueScans(const Scanstand &stand)
+{
+    if (!stand.an)
+        return {};
+    if (stand.wartende == 0)
+        return gut(Sprache::text(u"Wartet auf neue Scans."_s));
+    const QString anzahl = zahl(stand.wartende);
+    if (stand.ohneModell)
+        return warnung(gefuellt(Sprache::text(stand.wartende, u"%@ neuer Scan wartet auf das Sprachmodell."_s,
+                                              u"%@ neue Scans warten auf das Sprachmodell."_s),
+                                {anzahl}));
+    return laeuft(gefuellt(
+        Sprache::text(stand.wartende, u"%@ neuer Scan ist gekommen."_s, u"%@ neue Scans sind gekommen."_s), {anzahl}));
+}
+
 Befund Befunde::zielWurzel(const Einrichtungslage &lage)
 {
     if (lage.profil.zielWurzel.isEmpty())

@@ -3,6 +3,7 @@
 #include "abschnitt.h"
 #include "befund.h"
 #include "namensraeume.h"
+#include "scanstand.h"
 
 namespace quillmar::zustand
 {
@@ -18,6 +19,8 @@ namespace Befunde
 // Source and target
 [[nodiscard]] Befund quelle(const Einrichtungslage &lage);
 [[nodiscard]] Befund ruhende(const Einrichtungslage &lage);
+/** Nothing while it is off. */
+[[nodiscard]] Befund neueScans(const Scanstand &stand);
 [[nodiscard]] Befund zielWurzel(const Einrichtungslage &lage);
 [[nodiscard]] Befund struktur(const Einrichtungslage &lage);
 /** Only of a rubric that the structure lacks, if there is a structure. */

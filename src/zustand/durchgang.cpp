@@ -8,6 +8,7 @@
 #include "offenesprofil.h"
 #include "profilwahl.h"
 #include "pruefung.h"
+#include "vorrang.h"
 
 #include <QTimer>
 #include <algorithm>
@@ -115,7 +116,10 @@ void Durchgang::endeLesen(Laufende ende)
         });
 }
 
-void Durchgang::durchgangStarten(Art art)
+void Durchgang::durchgangStarten(Art art) { starten(art, nullptr); }
+
+/** @p vorrang if it has been taken already. */
+void Durchgang::starten(Art art, const std::shared_ptr<Vorrang> &vorrang)
 {
     if (!m_profilwahl->kannHandeln() || laeuft())
         return;
@@ -124,20 +128,22 @@ void Durchgang::durchgangStarten(Art art)
     analyse->setzeProfil(*m_profilwahl->aktiv());
     analyse->allesStarten({.erneut = art == Art::Erneut || art == Art::ErneutLesen,
                            .nurDies = std::exchange(m_lage.nurDies, std::nullopt),
-                           .nurLesen = art == Art::NurLesen || art == Art::ErneutLesen});
+                           .nurLesen = art == Art::NurLesen || art == Art::ErneutLesen,
+                           .vorrang = vorrang});
 }
 
 void Durchgang::durchgangErbitten(Art art, std::optional<qint64> nurDies)
 {
-    if (!m_profilwahl->kannHandeln() || laeuft() || m_lage.erbeten)
+    if (!m_profilwahl->kannHandeln() || laeuft() || startErbeten())
         return;
     m_lage.nurDies = nurDies;
     m_lage.erbeten = art;
     m_lage.wartet = false;
+    m_lage.vonSelbst = false;
     Q_EMIT laufGeaendert();
     m_modelldienst->modellPruefen();
     QTimer::singleShot(merklich, m_profilwahl->offenes(), [this] {
-        m_lage.wartet = m_lage.erbeten.has_value();
+        m_lage.wartet = startErbeten();
         if (m_lage.wartet)
             Q_EMIT laufGeaendert();
     });
@@ -146,13 +152,43 @@ void Durchgang::durchgangErbitten(Art art, std::optional<qint64> nurDies)
 void Durchgang::erbetenesStarten()
 {
     const auto art = std::exchange(m_lage.erbeten, std::nullopt);
+    const bool vonSelbst = std::exchange(m_lage.vonSelbst, false);
     if (!art)
         return;
+    if (vonSelbst)
+        return m_modelldienst->modellBereit() ? vonSelbstStarten() : Q_EMIT vonSelbstVerhindert(true);
     if (m_modelldienst->modellBereit())
         durchgangStarten(*art);
     else
         Q_EMIT startFraglich(*art);
     Q_EMIT laufGeaendert();
+}
+
+void Durchgang::vonSelbstErbitten()
+{
+    if (!m_profilwahl->kannHandeln() || laeuft() || m_lage.erbeten)
+        return;
+    m_lage.nurDies.reset();
+    m_lage.erbeten = Art::Ganz;
+    m_lage.vonSelbst = true;
+    m_modelldienst->modellPruefen();
+}
+
+/** Who has asked for nothing is not told that another program is at work: so the right comes first. */
+void Durchgang::vonSelbstStarten()
+{
+    imHintergrund(
+        m_profilwahl->offenes(),
+        [db = m_profilwahl->offenes()->db()] { return Vorrang::versuchen(*db, Vorrang::Art::Durchgang); },
+        [this](const Ausgang<std::shared_ptr<Vorrang>> &ausgang) {
+            if (!m_profilwahl->kannHandeln() || laeuft() || m_lage.erbeten)
+                return; // the user was faster
+            const auto vorrang = ausgang.wert.value_or(nullptr);
+            if (!vorrang)
+                return Q_EMIT vonSelbstVerhindert(false);
+            starten(Art::Ganz, vorrang);
+            Q_EMIT vonSelbstBegonnen();
+        });
 }
 
 void Durchgang::durchgangAnhalten()

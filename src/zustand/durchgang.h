@@ -13,6 +13,11 @@ namespace quillmar::analyse
 class Analyse;
 } // namespace quillmar::analyse
 
+namespace quillmar::katalog
+{
+class Vorrang;
+} // namespace quillmar::katalog
+
 namespace quillmar::zustand
 {
 class Meldestelle;
@@ -47,12 +52,17 @@ public:
      * what failed before it reopens only @p nurDies, if that is given.
      */
     void durchgangErbitten(Art art = Art::Ganz, std::optional<qint64> nurDies = std::nullopt);
+    /**
+     * Starts a run that nobody has asked for, if the model can be asked and no other program is at work in the
+     * catalogue; tells by vonSelbstBegonnen() or vonSelbstVerhindert(). Nothing when a run is under way or asked for.
+     */
+    void vonSelbstErbitten();
     /** Opens one failed document again and starts a run. */
     void erneutVersuchen(qint64 id) { durchgangErbitten(Art::Erneut, id); }
     /** The one document that the run asked for last is to try again, if it was asked for one. */
     [[nodiscard]] std::optional<qint64> erbetenesDokument() const { return m_lage.nurDies; }
     /** It is being looked whether the model is there. */
-    [[nodiscard]] bool startErbeten() const { return m_lage.erbeten.has_value(); }
+    [[nodiscard]] bool startErbeten() const { return m_lage.erbeten && !m_lage.vonSelbst; }
     /** That takes long enough to be said. */
     [[nodiscard]] bool startWartet() const { return startErbeten() && m_lage.wartet; }
     void durchgangAnhalten();
@@ -69,7 +79,9 @@ public:
 Q_SIGNALS:
     void laufGeaendert();
     void startFraglich(Durchgang::Art art); ///< the run asked for would have no model
-    void laufBeendet();                     ///< and what it came to is known
+    void vonSelbstBegonnen();
+    void vonSelbstVerhindert(bool ohneModell); ///< false: another program is at work, or the catalogue is only read
+    void laufBeendet();                        ///< and what it came to is known
     void nacharbeitGeaendert();
 
 private:
@@ -81,6 +93,7 @@ private:
         std::optional<Art> erbeten;
         std::optional<qint64> nurDies;
         bool wartet = false;
+        bool vonSelbst = false; ///< what is asked for, nobody waits for
     };
 
     void wechseln(OffenesProfil *verlassenes);
@@ -89,6 +102,8 @@ private:
     void fertig(const Analyse &analyse);
     void endeLesen(Laufende ende);
     void erbetenesStarten();
+    void starten(Art art, const std::shared_ptr<Vorrang> &vorrang);
+    void vonSelbstStarten();
     void setzeNacharbeit(const Nacharbeit &nacharbeit);
 
     Profilwahl *m_profilwahl;

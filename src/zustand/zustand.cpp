@@ -9,6 +9,7 @@
 #include "modelldienst.h"
 #include "profilwahl.h"
 #include "pruefung.h"
+#include "scanwache.h"
 #include "sitzungen.h"
 #include "sprache.h"
 
@@ -47,6 +48,12 @@ Zustand::Zustand(QObject *vater)
       m_durchgang(
           std::make_unique<Durchgang>(m_profilwahl.get(), m_modelldienst.get(), m_pruefung.get(), m_meldestelle.get())),
       m_sitzungen(std::make_unique<Sitzungen>(m_profilwahl.get(), m_pruefung.get(), m_ausfuehrung.get())),
+      m_scanwache(std::make_unique<Scanwache>(Scanwache::Nachbarn{.meldestelle = m_meldestelle.get(),
+                                                                  .profilwahl = m_profilwahl.get(),
+                                                                  .modelldienst = m_modelldienst.get(),
+                                                                  .ausfuehrung = m_ausfuehrung.get(),
+                                                                  .durchgang = m_durchgang.get(),
+                                                                  .sitzungen = m_sitzungen.get()})),
       m_einrichtung(std::make_unique<Einrichtung>(Einrichtung::Nachbarn{.meldestelle = m_meldestelle.get(),
                                                                         .profilwahl = m_profilwahl.get(),
                                                                         .katalogpflege = m_katalogpflege.get(),
@@ -69,6 +76,7 @@ Zustand::~Zustand()
 {
     Einstellungen::setzeBeschwerde({});
     m_einrichtung.reset();
+    m_scanwache.reset();
     m_sitzungen.reset();
     m_ausfuehrung.reset();
     m_modelldienst.reset();

@@ -16,6 +16,7 @@ class Meldestelle;
 class Modelldienst;
 class Profilwahl;
 class Pruefung;
+class Scanwache;
 class Sitzungen;
 
 /**
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] Ausfuehrung *ausfuehrung() const { return m_ausfuehrung.get(); }
     [[nodiscard]] Durchgang *durchgang() const { return m_durchgang.get(); }
     [[nodiscard]] Sitzungen *sitzungen() const { return m_sitzungen.get(); }
+    [[nodiscard]] Scanwache *scanwache() const { return m_scanwache.get(); }
     [[nodiscard]] Einrichtung *einrichtung() const { return m_einrichtung.get(); }
 
     /** The chosen card. Once the first profile is known to be ready, that of the review unless somebody has chosen. */
@@ -69,6 +71,7 @@ private:
     std::unique_ptr<Ausfuehrung> m_ausfuehrung;
     std::unique_ptr<Durchgang> m_durchgang;
     std::unique_ptr<Sitzungen> m_sitzungen;
+    std::unique_ptr<Scanwache> m_scanwache;
     std::unique_ptr<Einrichtung> m_einrichtung;
     Reiter m_reiter = Reiter::Einrichtung;
     bool m_ersteWahl = true; ///< nobody has chosen a card yet

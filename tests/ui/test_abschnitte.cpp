@@ -5,6 +5,7 @@
 #include "kleiderordnung.h"
 #include "profilspeicher.h"
 #include "profilwahl.h"
+#include "scanwache.h"
 #include "stil.h"
 #include "textschild.h"
 #include "zustand.h"
@@ -185,6 +186,26 @@ private Q_SLOTS:
                 QCOMPARE(feld->accessibleDescription(), z.hilfe);
         }
         QTRY_COMPARE(Profilspeicher::laden().first(), profil());
+    }
+
+    /** The choice is no key of the profile; what is said follows what the watch sees. */
+    void neueScans()
+    {
+        oeffnen();
+        m_z->setzeReiter(Reiter::Einrichtung);
+        const Abschnittszeile z = zeilen(Abschnitt::Herkunft).at(3);
+        QCOMPARE(z.name, u"neueScans"_s);
+        QVERIFY(!teil<QAbstractButton>(z.name)->isChecked());
+        QVERIFY(gesagt(z).startsWith(u"Solange das Fenster offen ist"_s));
+        const Profil vorher = profil();
+        teil<QAbstractButton>(z.name)->click();
+        QVERIFY(m_z->scanwache()->stand().an && teil<QAbstractButton>(z.name)->isChecked());
+        QCOMPARE(gesagt(z), u"Wartet auf neue Scans."_s);
+        QVERIFY(QFile(m_b->quelle(u"a.pdf"_s)).open(QIODevice::WriteOnly));
+        QTRY_COMPARE(gesagt(z), u"1 neuer Scan ist gekommen."_s);
+        teil<QAbstractButton>(z.name)->click();
+        QVERIFY(!m_z->scanwache()->stand().an);
+        QCOMPARE(profil(), vorher);
     }
 
     /** Entered and taken out by keys alone; where nothing is excluded there is nothing to take out. */

@@ -130,6 +130,15 @@ private:
             Marke::Warnung,
             u"0 PDF gefunden. 4 durch Ausnahmen ausgelassen. 2 ausgelassen: Verweise oder Namen, die sich nicht "
             "lesen lassen."_s);
+        const auto wache = [](const Scanstand &stand) {
+            return [stand](const Einrichtungslage &) { return Befunde::neueScans(stand); };
+        };
+        zeile("nicht von selbst", wache({.wartende = 3}), unveraendert, Marke::Keine, {});
+        zeile("wartet auf Scans", wache({.an = true}), unveraendert, Marke::Gut, u"Wartet auf neue Scans."_s);
+        zeile("ein Scan", wache({.an = true, .wartende = 1}), unveraendert, Marke::Laeuft,
+              u"1 neuer Scan ist gekommen."_s);
+        zeile("Scans ohne Modell", wache({.an = true, .wartende = 2, .ohneModell = true}), unveraendert, Marke::Warnung,
+              u"2 neue Scans warten auf das Sprachmodell."_s);
         zeile("nichts ruht", Befunde::ruhende, unveraendert, Marke::Keine,
               u"Derzeit ruht kein Dokument wegen einer Ausnahme."_s);
         zeile(

@@ -7,10 +7,12 @@
 #include "kleiderordnung.h"
 #include "modelldienst.h"
 #include "ocrsprachen.h"
+#include "scanwache.h"
 #include "sprache.h"
 #include "textschild.h"
 #include "zustand.h"
 
+#include <QCheckBox>
 #include <QProgressBar>
 
 using namespace Qt::StringLiterals;
@@ -75,7 +77,21 @@ QList<Abschnittszeile> programme(Zustand *zustand, Fenstersprache *)
     };
 }
 
-QList<Abschnittszeile> herkunft(Zustand *, Fenstersprache *)
+/** Whether new scans are taken in by themselves, which is kept outside of the profile. */
+Teile scanwahl(Abschnittsseite &seite, const Abschnittszeile &zeile)
+{
+    Scanwache *wache = seite.zustand()->scanwache();
+    auto *kaestchen = new QCheckBox(zeile.beschriftung, &seite);
+    QObject::connect(kaestchen, &QCheckBox::clicked, wache, &Scanwache::setzeAn);
+    QObject::connect(wache, &Scanwache::geaendert, &seite, [&seite] {
+        if (seite.isVisible())
+            seite.auffrischen();
+    });
+    seite.folgen([kaestchen, wache](const Einrichtungslage &) { kaestchen->setChecked(wache->stand().an); });
+    return {.feld = kaestchen};
+}
+
+QList<Abschnittszeile> herkunft(Zustand *zustand, Fenstersprache *)
 {
     return {
         titel(abschnittTitel(Abschnitt::Herkunft),
@@ -84,6 +100,12 @@ QList<Abschnittszeile> herkunft(Zustand *, Fenstersprache *)
          alsBeschriftung(Sprache::text(u"Herkunftsordner"_s)),
          Sprache::text(u"Der Ordner, in dem die gescannten PDF liegen."_s), 0, Befunde::quelle},
         {u"mitUnterordnern"_s, Feld::Kaestchen{&Profil::mitUnterordnern}, Sprache::text(u"Unterordner mitlesen"_s)},
+        {.name = u"neueScans"_s,
+         .feld = Feld::Eigenes{scanwahl},
+         .beschriftung = Sprache::text(u"Neue Scans von selbst einlesen"_s),
+         .befund = [zustand](const Einrichtungslage &) { return Befunde::neueScans(zustand->scanwache()->stand()); },
+         .erklaerung = Sprache::text(u"Solange das Fenster offen ist, beginnt ein Durchgang von selbst, sobald neue "
+                                     "Dateien zehn Sekunden lang unverändert daliegen."_s)},
         titel(Sprache::text(u"Ausnahmen"_s),
               Sprache::text(u"Ausnahmen wirken sofort auf die ganze Warteschlange. Nimmst du eine Regel wieder "
                             "heraus, kehren die Dokumente von selbst zurück."_s)),
