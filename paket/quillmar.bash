@@ -14,7 +14,7 @@ _quillmar()
     case " ${COMP_WORDS[*]} " in
         *' --gelernt '*) befehle='--anwenden --aus-ablage' ;;
         *' --gegenueber '* | *' --rechnungen '*) befehle='--anwenden' ;;
-        *' --analyse '*) befehle='--erneut' ;;
+        *' --analyse '*) befehle='--erneut --mit-modell' ;;
         *' --bericht '* | *' --selbsttest '*) befehle='' ;;
         *) befehle+=' --version --help' ;;
     esac

@@ -127,6 +127,20 @@ void fazitMelden(const Lauffazit &fazit)
 }
 } // namespace
 
+bool Kommandozeile::modellDa(const Profil &profil)
+{
+    QString grund = gefuellt(u"Das Modell %@ fehlt noch"_s, {profil.modell});
+    try {
+        const Ollama server;
+        if (server.verzeichnis().treffer(server.hiesiges(profil.modell)))
+            return true;
+    } catch (const Fehler &f) {
+        grund = f.text();
+    }
+    Ausgabe::melden(gefuellt(u"Kein Durchgang: %@"_s, {grund}));
+    return false;
+}
+
 void Kommandozeile::analysieren(const std::shared_ptr<Datenbank> &db, const Profil &profil, bool erneut)
 {
     umgebungMelden();

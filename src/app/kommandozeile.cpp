@@ -124,7 +124,9 @@ void ausfuehren(const QStringList &argumente, const std::shared_ptr<Datenbank> &
         return Kommandozeile::rechnungenBerichtigen(*db, profil, !anwenden);
     if (argumente.contains("--selbsttest"_L1))
         return Kommandozeile::selbsttest(db, profil);
-    if (argumente.contains("--analyse"_L1))
+    // Unasked, every hour say, a run without a model would leave documents without proposals.
+    const bool verzichten = argumente.contains("--mit-modell"_L1) && !Kommandozeile::modellDa(profil);
+    if (argumente.contains("--analyse"_L1) && !verzichten)
         Kommandozeile::analysieren(db, profil, argumente.contains("--erneut"_L1));
     const Ablagewerk werk(db, profil);
     oderMelden([&] { Kommandozeile::bestandDrucken(werk); }); // each part for itself: one may be read, the other not

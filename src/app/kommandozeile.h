@@ -39,6 +39,8 @@ void gelernt(Datenbank &db, const Profil &profil, bool anwenden);
 /** What the filing tree would teach; with @p anwenden it is learned. No waiting document is touched. Throws Fehler. */
 void ausAblage(Datenbank &db, const Profil &profil, bool anwenden);
 
+/** The profile's model is on the server; says why no run takes place where it is not. */
+[[nodiscard]] bool modellDa(const Profil &profil);
 /** Runs the analysis to its end or to the second Ctrl+C; @p erneut first reopens what failed. */
 void analysieren(const std::shared_ptr<Datenbank> &db, const Profil &profil, bool erneut);
 

@@ -256,6 +256,10 @@ void TestDurchgang::ohneModellserverUndErneut()
     QTemporaryDir ordner;
     aufbauen(ordner.path(), true);
     Programm ohne(ordner.path() + u"/daten"_s);
+    const auto verzichtet = ohne.laufen({u"--analyse"_s, u"--mit-modell"_s});
+    QCOMPARE(verzichtet.status, 0);
+    QCOMPARE(verzichtet.meldungen, u"Kein Durchgang: Der Modellserver ollama läuft nicht\n"_s);
+    QVERIFY(verzichtet.ausgabe.contains(u"Bestand"_s));
     const auto ende = ohne.laufen({u"--analyse"_s});
     QCOMPARE(ende.status, 0);
     const QStringList zeilen = ende.meldungen.split(u'\n', Qt::SkipEmptyParts);
@@ -273,7 +277,7 @@ void TestDurchgang::ohneModellserverUndErneut()
                             u" ohne Vorschlag: Der Modellserver ollama läuft nicht. Noch einmal versuchen mit "
                             "--analyse --erneut"_s));
     Programm mit(ordner.path() + u"/daten"_s, m_server.port());
-    QCOMPARE(mit.laufen({u"--analyse"_s, u"--erneut"_s}).status, 0);
+    QCOMPARE(mit.laufen({u"--analyse"_s, u"--mit-modell"_s, u"--erneut"_s}).status, 0);
     QCOMPARE(offen(), 0);
     QVERIFY(!Datenbank(ohne.katalog(p))
                  .abfragen(u"SELECT 1 FROM dokumente WHERE status='bereit' AND konfidenz>0.5"_s)
