@@ -168,7 +168,6 @@ void Durchgang::vonSelbstErbitten()
 {
     if (!m_profilwahl->kannHandeln() || laeuft() || m_lage.erbeten)
         return;
-    m_lage.nurDies.reset();
     m_lage.erbeten = Art::Ganz;
     m_lage.vonSelbst = true;
     m_modelldienst->modellPruefen();
