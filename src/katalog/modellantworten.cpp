@@ -87,6 +87,12 @@ void Modellantworten::zurueckgekehrt(qint64 dokument)
     t.abschliessen();
 }
 
+std::optional<QString> Modellantworten::gegenueber(qint64 dokument) const
+{
+    return m_db.eine(u"SELECT gegenueber FROM modellantworten WHERE dokument_id=? AND ort_quelle IS NOT NULL"_s,
+                     {dokument}, [](const Zeile &z) { return z.text(u"gegenueber"); });
+}
+
 void Modellantworten::streichen(qint64 dokument)
 {
     m_db.schreiben(u"DELETE FROM modellantworten WHERE dokument_id=?"_s, {dokument});

@@ -39,6 +39,8 @@ public:
     /** An accept was taken back: the values are the reviewer's own from now on, and nothing of them is learned. */
     void zurueckgekehrt(qint64 dokument);
     void streichen(qint64 dokument);
+    /** The counterpart that the last model named; none if no answer is kept. */
+    [[nodiscard]] std::optional<QString> gegenueber(qint64 dokument) const;
     /** From now on what is learned goes before the document's own place, however certain. */
     void oeffnen(qint64 dokument);
 

@@ -19,7 +19,7 @@ struct Lernschritt {
         qint64 bestaetigungen = 0; ///< of all places of the counterpart, with this one
         bool operator==(const Zuordnung &) const = default;
     };
-    /** An equation was stored; @p gestrichen had to give way. */
+    /** An equation was stored; @p gestrichen had to give way. With an empty one it was only struck. */
     struct Gleichsetzung {
         std::optional<Gleichung> vorher;
         Gleichung nachher;

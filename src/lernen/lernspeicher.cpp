@@ -146,7 +146,10 @@ qint64 Lernspeicher::merken(qint64 dokument, const Angaben &a, const QString &vo
     const QString neu = Lernregeln::schluessel(a.gegenueber);
     const bool korrektur = alt != neu || (vorschlag.ort && *vorschlag.ort != a.ort);
     Lernschritt schritt;
-    if (!a.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu)
+    const auto modell = Modellantworten(m_db).gegenueber(dokument);
+    if (alt != neu && modell && Lernregeln::schluessel(*modell) == neu)
+        schritt.gleichsetzung = gleichungWiderrufen(neu);
+    else if (!a.gegenueber.isEmpty() && alt.size() >= Lernregeln::kuerzesterSchluessel && alt != neu)
         schritt.gleichsetzung = gleichungMerken(alt, a.gegenueber);
     if (neu.size() >= Lernregeln::kuerzesterSchluessel && Urteiler(m_db, m_profil).istBekannt(a.ort))
         schritt.zuordnung = zuordnungMerken(neu, a, korrektur, dokument);
@@ -160,6 +163,19 @@ qint64 Lernspeicher::merken(qint64 dokument, const Angaben &a, const QString &vo
     }
     transaktion.abschliessen();
     return angepasst;
+}
+
+/**
+ * The reviewer has put back what the model said: it was the memory that changed the name, by an equation, which is
+ * struck, or by a longer spelling, which is another counterpart's and leads nowhere.
+ */
+std::optional<Lernschritt::Gleichsetzung> Lernspeicher::gleichungWiderrufen(const QString &von)
+{
+    const auto falsche = Gelerntes(m_db).gleichung(von);
+    if (!falsche)
+        return std::nullopt;
+    Gelerntes(m_db).gleichungStreichen(von);
+    return Lernschritt::Gleichsetzung{.vorher = {}, .nachher = {}, .gestrichen = falsche};
 }
 
 Lernschritt::Gleichsetzung Lernspeicher::gleichungMerken(const QString &von, const QString &nach)

@@ -107,6 +107,7 @@ public:
     void gleichungVergessen(const QString &von);
 
 private:
+    [[nodiscard]] std::optional<Lernschritt::Gleichsetzung> gleichungWiderrufen(const QString &von);
     [[nodiscard]] Lernschritt::Gleichsetzung gleichungMerken(const QString &von, const QString &nach);
     [[nodiscard]] Lernschritt::Zuordnung zuordnungMerken(const QString &schluessel, const Angaben &angaben,
                                                          bool korrektur, qint64 dokument);

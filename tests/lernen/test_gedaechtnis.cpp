@@ -294,6 +294,28 @@ private Q_SLOTS:
         QCOMPARE(m_db->zahl(u"SELECT SUM(korrekturen) n FROM gelernte_orte"_s), 0);
     }
 
+    // The memory had changed the name, and the reviewer puts back what the model said: the other one is not to blame.
+    void zurueckZumNamenDesModells()
+    {
+        uebernehmen(eingeordnet(u"Alpha Werk Nord"_s, strom));
+        const qint64 ergaenzt = eingeordnet(u"Alpha Werk"_s, strom);
+        QCOMPARE(stand(ergaenzt).gegenueber, u"Alpha Werk Nord"_s);
+        uebernehmen(ergaenzt, wasser, u"Alpha Werk"_s);
+        QVERIFY(Lernspeicher(*m_db, m_profil).gleichungen().isEmpty());
+        QCOMPARE(stand(eingeordnet(u"Alpha Werk Nord"_s, strom)).gegenueber, u"Alpha Werk Nord"_s);
+
+        uebernehmen(eingeordnet(u"Gamma Werk"_s, strom), strom, u"Delta Werk"_s);
+        const qint64 falsch = eingeordnet(u"Gamma Werk"_s, strom);
+        QCOMPARE(stand(falsch).gegenueber, u"Delta Werk"_s);
+        const QString vorher = alles({falsch});
+        uebernehmen(falsch, strom, u"Gamma Werk"_s);
+        QVERIFY(Lernspeicher(*m_db, m_profil).gleichungen().isEmpty());
+        QCOMPARE(stand(eingeordnet(u"Delta Werk"_s, strom)).gegenueber, u"Delta Werk"_s);
+        m_db->schreiben(u"DELETE FROM dokumente WHERE id=(SELECT MAX(id) FROM dokumente)"_s);
+        zurueck(falsch);
+        QCOMPARE(alles({falsch}), vorher);
+    }
+
     // A session turned back: the first steps go before the last ones.
     void zurueckInAndererFolge()
     {
