@@ -25,6 +25,7 @@ QStringList brief(int von, int anzahl)
             zeilen << QString();
         zeilen.last() += u"Zeile%1 "_s.arg(i);
     }
+    zeilen.last() += u"von der"_s;
     return zeilen;
 }
 } // namespace

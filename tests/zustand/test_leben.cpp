@@ -30,9 +30,9 @@ constexpr int namen = 14;
 /** Letter @p nummer as a file; @p neuGespeichert: with the same words and other bytes. */
 QByteArray brief(int nummer, bool neuGespeichert)
 {
-    QStringList zeilen{neuGespeichert ? u" -- "_s : u"Brief"_s};
+    QStringList zeilen{neuGespeichert ? u" -- "_s : u"Brief an die"_s};
     if (neuGespeichert)
-        zeilen << u"Brief"_s;
+        zeilen << u"Brief an die"_s;
     for (int i = 0; i < 40; ++i)
         zeilen.last() += u" Zeile%1"_s.arg(nummer * 1000 + i) + (i % 8 == 7 ? u"\n"_s : QString());
     return vorfuehrung::pdf(
