@@ -14,14 +14,13 @@ namespace
 {
 const QString programm = u"quillmar-aufrichten"_s;
 
-/** "turn skew up-or-down ink". */
+/** "skew up-or-down". */
 std::optional<Aufrichtung::Lage> lageAus(const QByteArray &ausgabe)
 {
     const QList<QByteArray> felder = ausgabe.simplified().split(' ');
-    if (felder.size() < 3)
+    if (felder.size() != 2)
         return std::nullopt;
-    return Aufrichtung::Lage{
-        .drehung = felder.at(0).toInt(), .neigung = felder.at(1).toDouble(), .hochkant = felder.at(2) == "1"};
+    return Aufrichtung::Lage{.neigung = felder.at(0).toDouble(), .hochkant = felder.at(1) == "1"};
 }
 } // namespace
 

@@ -18,8 +18,7 @@ namespace Aufrichtung
 {
 /** What was done to an image. */
 struct Lage {
-    int drehung = 0;       ///< degrees clockwise
-    double neigung = 0;    ///< degrees clockwise after that
+    double neigung = 0;    ///< degrees clockwise by which it was straightened
     bool hochkant = false; ///< its lines ran up or down the page
 };
 

@@ -70,12 +70,6 @@ bool ersetzen(const std::string &pfad, Pix *bild)
     return false;
 }
 
-double tinteVon(Pix *schwarzweiss)
-{
-    l_float32 anteil = 0;
-    return pixForegroundFraction(schwarzweiss, &anteil) == 0 ? double(anteil) : 0;
-}
-
 /** Lines that run up or down are as good to measure once the page lies on its side. */
 void neigungMessen(Pix *schwarzweiss, Lage &lage)
 {
@@ -99,7 +93,7 @@ std::optional<Lage> aufrichten(const std::string &pfad, int drehung)
     const Bild zweifarbig = grau ? schwarzweiss(grau.get()) : Bild();
     if (!zweifarbig)
         return std::nullopt;
-    Lage lage{.drehung = drehung, .neigung = 0, .hochkant = false, .tinte = tinteVon(zweifarbig.get())};
+    Lage lage;
     neigungMessen(zweifarbig.get(), lage);
     if (lage.neigung != 0)
         grau = gerade(grau.get(), lage.neigung);

@@ -8,10 +8,8 @@ namespace quillmar::aufrichter
 {
 /** What was done to an image. */
 struct Lage {
-    int drehung = 0;       ///< degrees clockwise that were asked for: 0, 90, 180 or 270
-    double neigung = 0;    ///< degrees clockwise by which it was straightened after that; 0 if it was straight
+    double neigung = 0;    ///< degrees clockwise by which it was straightened; 0 if it was straight
     bool hochkant = false; ///< its lines run up or down the page
-    double tinte = 0;      ///< share of dark pixels, 0 to 1
 };
 
 constexpr double kleinsteNeigung = 1.0 / 3; ///< degrees; less does not hinder text recognition

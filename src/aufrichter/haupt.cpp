@@ -6,7 +6,7 @@
 
 /**
  * quillmar-aufrichten IMAGE DEGREES: turns it clockwise by a multiple of 90 degrees, straightens it, and prints what
- * was done: turn, skew, whether its lines run up or down, and the share of ink. Status 1 if the image cannot be read.
+ * was done: skew, and whether its lines run up or down. Status 1 if the image cannot be read.
  */
 int main(int anzahl, char **argumente)
 {
@@ -16,6 +16,6 @@ int main(int anzahl, char **argumente)
     const auto lage = quillmar::aufrichter::aufrichten(argumente[1], std::atoi(argumente[2]));
     if (!lage)
         return 1;
-    std::printf("%d %.2f %d %.5f\n", lage->drehung, lage->neigung, lage->hochkant ? 1 : 0, lage->tinte);
+    std::printf("%.2f %d\n", lage->neigung, lage->hochkant ? 1 : 0);
     return 0;
 }

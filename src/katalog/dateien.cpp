@@ -1,6 +1,7 @@
 #include "dateien.h"
 
 #include "datenbank.h"
+#include "seitenlagen.h"
 #include "transaktion.h"
 #include "zeit.h"
 
@@ -154,8 +155,10 @@ bool Dateien::neuFassen(qint64 id, const Fund &f, const QString &summe)
                        "hat_textebene=0, aehnlich_zu=NULL, aehnlichkeit=NULL\n"
                        "WHERE id=? AND pfad=? AND status IN ('neu','laeuft')"_s,
                        {f.groesse, summe, id, f.pfad});
-    if (geaendert > 0)
+    if (geaendert > 0) {
         m_db.schreiben(u"DELETE FROM texte WHERE dokument_id=?"_s, {id});
+        Seitenlagen(m_db).streichen(id);
+    }
     t.abschliessen();
     return geaendert > 0;
 }

@@ -30,6 +30,7 @@ public:
     void speichern(qint64 dokument, const QList<Seitenlage> &lagen);
     /** The reviewer has turned a page. */
     void vonHand(qint64 dokument, int seite, int drehung);
+    /** Another file lies there now. */
     void streichen(qint64 dokument);
     /** Turns that make pages upright, by page from 1; those that need none are left out. */
     [[nodiscard]] QMap<int, int> drehungen(qint64 dokument) const;

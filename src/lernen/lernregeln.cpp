@@ -54,19 +54,21 @@ const Eintrag *Lernregeln::vorschlag(const QList<Eintrag> &alle, const QString &
     return schluessel.size() < kuerzesterSchluessel ? nullptr : passender(alle, schluessel);
 }
 
-const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &schluessel, bool naeheZaehlt)
+const Eintrag *Lernregeln::passender(const QList<Eintrag> &alle, const QString &schluessel, bool naeheZaehlt,
+                                     const std::function<bool(const Eintrag &)> &nachrangig)
 {
     if (schluessel.isEmpty())
         return nullptr;
     const Eintrag *bester = nullptr;
-    std::tuple<int, qint64, qsizetype> hoechster;
+    std::tuple<int, bool, qint64, qsizetype> hoechster;
     for (const Eintrag &eintrag : alle) {
         if (!passt(eintrag.schluessel, schluessel))
             continue;
         const int naehe = !naeheZaehlt                       ? 0
                           : eintrag.schluessel == schluessel ? 2
                                                              : int(istGanzesWort(eintrag.schluessel, schluessel));
-        const std::tuple<int, qint64, qsizetype> rang{naehe, eintrag.anzahl, eintrag.schluessel.size()};
+        const bool vorn = !nachrangig || !nachrangig(eintrag);
+        const std::tuple rang{naehe, vorn, eintrag.anzahl, eintrag.schluessel.size()};
         if (!bester || rang > hoechster) {
             bester = &eintrag;
             hoechster = rang;

@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 
 namespace quillmar::lernen
 {
@@ -32,7 +33,11 @@ constexpr qsizetype kuerzesterSchluessel = 4;
  * when none fits.
  */
 [[nodiscard]] const Eintrag *vorschlag(const QList<Eintrag> &alle, const QString &schluessel);
-/** The same for a waiting document, where also a key too short for that meets its equal. */
-[[nodiscard]] const Eintrag *passender(const QList<Eintrag> &alle, const QString &schluessel, bool naeheZaehlt = true);
+/**
+ * The same for a waiting document, where also a key too short for that meets its equal. Of several that are as near,
+ * those that are @p nachrangig, asked of entries that fit, go behind the others however often they are confirmed.
+ */
+[[nodiscard]] const Eintrag *passender(const QList<Eintrag> &alle, const QString &schluessel, bool naeheZaehlt = true,
+                                       const std::function<bool(const Eintrag &)> &nachrangig = {});
 } // namespace Lernregeln
 } // namespace quillmar::lernen

@@ -11,11 +11,10 @@ namespace quillmar::lernen
 {
 namespace
 {
-constexpr int hoechstensGesucht = 20;               // names
-constexpr qsizetype hoechstensEinzeln = 2000;       // words
-constexpr qint64 hinterGelehrtem = qint64(1) << 40; // confirmations that no entry has
-constexpr double sichereKonfidenz = 0.75;           // from here on a place is not doubtful
-constexpr double mindestensGelernt = 0.85;          // confidence of a place that the user has taught
+constexpr int hoechstensGesucht = 20;         // names
+constexpr qsizetype hoechstensEinzeln = 2000; // words
+constexpr double sichereKonfidenz = 0.75;     // from here on a place is not doubtful
+constexpr double mindestensGelernt = 0.85;    // confidence of a place that the user has taught
 } // namespace
 
 bool Urteiler::istBekannt(const Ort &ort) const
@@ -37,28 +36,19 @@ std::optional<Eintrag> Urteiler::eintrag(const QString &schluessel)
     if (m_regeln.genaueZuerst)
         gefunden = Gelerntes(m_db).zuordnung(schluessel);
     if (!gefunden) {
-        const QList<Eintrag> verwandte = rangfolge(moegliche(schluessel), schluessel);
-        if (const Eintrag *passender = Lernregeln::passender(verwandte, schluessel, m_regeln.genaueZuerst)) {
+        const auto nachrangig = [this](const Eintrag &e) { return istNurAusDemBaum(e); };
+        const QList<Eintrag> &verwandte = moegliche(schluessel);
+        if (const auto *passender = Lernregeln::passender(verwandte, schluessel, m_regeln.genaueZuerst, nachrangig))
             gefunden = *passender;
-            gefunden->anzahl += passender->anzahl < 0 ? hinterGelehrtem : 0;
-        }
     }
     return *m_eintraege.insert(schluessel, gefunden);
 }
 
-/** Those of @p alle that fit; what the filing tree alone tells goes behind all that the reviewer has taught. */
-QList<Eintrag> Urteiler::rangfolge(const QList<Eintrag> &alle, const QString &schluessel) const
+/** The filing tree alone tells of the counterpart: that goes behind all that the reviewer has taught. */
+bool Urteiler::istNurAusDemBaum(const Eintrag &eintrag) const
 {
-    QList<Eintrag> passende;
-    std::copy_if(alle.begin(), alle.end(), std::back_inserter(passende),
-                 [&](const Eintrag &e) { return Lernregeln::passt(e.schluessel, schluessel); });
-    for (Eintrag &eintrag : passende) {
-        const QList<Ortszahl> orte = GelernteOrte(m_db).orte(eintrag.schluessel);
-        const bool nurBaum = std::all_of(orte.begin(), orte.end(), [](const auto &o) { return o.anzahl == 0; });
-        if (!orte.isEmpty() && nurBaum)
-            eintrag.anzahl -= hinterGelehrtem;
-    }
-    return passende;
+    const QList<Ortszahl> orte = GelernteOrte(m_db).orte(eintrag.schluessel);
+    return !orte.isEmpty() && std::all_of(orte.begin(), orte.end(), [](const auto &o) { return o.anzahl == 0; });
 }
 
 /** Those that may fit. The catalogue finds them sooner than it could tell all; for many names all are read once. */

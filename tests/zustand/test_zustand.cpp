@@ -1,5 +1,6 @@
 #include "analyse.h"
 #include "ausfuehrung.h"
+#include "dateien.h"
 #include "durchgang.h"
 #include "einordnung.h"
 #include "einrichtung.h"
@@ -107,6 +108,11 @@ private Q_SLOTS:
         QTRY_COMPARE(Seitenlagen(m_b->db()).drehungen(a), (QMap<int, int>{{1, 180}, {2, 90}}));
         Seitenlagen(m_b->db()).speichern(a, {}); // read anew: what was done by hand stays
         QCOMPARE(Seitenlagen(m_b->db()).drehungen(a), (QMap<int, int>{{2, 90}}));
+        // Another file in its place lies as it lies.
+        m_b->db().ausfuehren(u"UPDATE dokumente SET status='neu' WHERE id=?"_s, {a});
+        const Dateien::Fund andere{.pfad = m_b->quelle(u"a.pdf"_s), .name = u"a.pdf"_s, .ordner = {}, .groesse = 1};
+        QVERIFY(Dateien(m_b->db()).neuFassen(a, andere, u"andere"_s));
+        QVERIFY(Seitenlagen(m_b->db()).drehungen(a).isEmpty());
     }
 
     void uebernehmenUndLernen()
