@@ -352,6 +352,7 @@ QList<Schritt> schritte()
         {"+ reckoned from the model's answer", {&Regelwahl::vomModellAus}},
         {"+ whole words", {&Regelwahl::ganzeWoerter}},
         {"+ same key first", {&Regelwahl::genaueZuerst}},
+        {"+ digits in words are letters that were misread", {&Regelwahl::verlesene}},
         {"+ the texts vote", {&Regelwahl::stimmen}},
     };
 }
@@ -423,7 +424,7 @@ void Reihen::gedaechtnis()
     Messung::drucken("judging one among 5,000 of its counterpart", urteilsdauer(), "ms", 20);
     std::printf("%-72s %7s %7s %7s %7s\n", "needed no correction of the place, of 2,000", "200", "all", "one",
                 "several");
-    Regelwahl regeln{false, false, false, false, false, false};
+    Regelwahl regeln{false, false, false, false, false, false, false};
     drucken("no memory", verlauf(false, regeln, false));
     drucken("the place confirmed last", verlauf(true, regeln, false));
     for (const Schritt &schritt : schritte()) {

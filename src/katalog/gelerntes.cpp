@@ -4,6 +4,8 @@
 #include "transaktion.h"
 #include "zeit.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace quillmar::katalog
@@ -39,10 +41,12 @@ std::optional<Eintrag> Gelerntes::zuordnung(const QString &schluessel) const
 
 QList<Eintrag> Gelerntes::verwandte(const QString &schluessel) const
 {
+    static const QRegularExpression ziffer(u"[0-9]"_s);
+    const QString muster = schluessel.contains(ziffer) ? QString(schluessel).replace(ziffer, u"_"_s) : QString();
     QList<Eintrag> liste;
     for (const Zeile &z : m_db.lesen(u"SELECT * FROM gelernt WHERE instr(schluessel,?)>0 OR instr(?,schluessel)>0\n"
-                                     "ORDER BY anzahl DESC, anzeige"_s,
-                                     {schluessel, schluessel}))
+                                     "  OR schluessel LIKE ? ORDER BY anzahl DESC, anzeige"_s,
+                                     {schluessel, schluessel, muster}))
         liste << eintragAus(z);
     return liste;
 }

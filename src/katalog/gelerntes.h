@@ -20,7 +20,8 @@ public:
     /** Most confirmed first. */
     [[nodiscard]] QList<Eintrag> zuordnungen() const;
     [[nodiscard]] std::optional<Eintrag> zuordnung(const QString &schluessel) const;
-    /** Those whose key contains @p schluessel or is contained in it, most confirmed first. */
+    /** Those whose key contains @p schluessel, is contained in it, or differs only where it has digits; most confirmed
+     * first. */
     [[nodiscard]] QList<Eintrag> verwandte(const QString &schluessel) const;
     /** Stores it in place of the one with the same key. */
     void setzeZuordnung(const Eintrag &eintrag);

@@ -28,6 +28,14 @@ constexpr qsizetype kuerzesterSchluessel = 4;
 [[nodiscard]] bool istGanzesWort(const QString &a, const QString &b);
 
 /**
+ * @p gelesen is @p bekannt with letters that recognition took for digits: at most one in seven, each within a word of
+ * at least three other letters. Which letter it was nobody can tell, so only one digit for one letter counts.
+ */
+[[nodiscard]] bool istVerlesen(const QString &gelesen, const QString &bekannt);
+/** The only entry that @p schluessel is a misreading of; null if none is, or several are. */
+[[nodiscard]] const Eintrag *verlesener(const QList<Eintrag> &alle, const QString &schluessel);
+
+/**
  * The entry of @p alle (most confirmed first) for a counterpart: the one with the same key, else one of whole words,
  * else one of parts of them; of several the most confirmed one, then the one with the longer key, then the first. Null
  * when none fits.

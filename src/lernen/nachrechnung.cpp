@@ -33,8 +33,9 @@ QStringList Nachrechnung::betroffene(const QStringList &schluessel) const
         return namen;
     namen.removeIf([&](const QString &name) {
         const QString eigener = Lernregeln::schluessel(name);
-        return std::none_of(schluessel.begin(), schluessel.end(),
-                            [&](const QString &s) { return Lernregeln::passt(s, eigener); });
+        return std::none_of(schluessel.begin(), schluessel.end(), [&](const QString &s) {
+            return Lernregeln::passt(s, eigener) || Lernregeln::istVerlesen(eigener, s);
+        });
     });
     return namen;
 }

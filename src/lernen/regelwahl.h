@@ -11,6 +11,7 @@ struct Regelwahl {
     bool genaueZuerst = true;   ///< an entry of the same key goes before one that contains it
     bool ganzeWoerter = true;   ///< parts of words change no known place
     bool vomModellAus = true;   ///< waiting documents are reckoned from the model's answer, not from what they say now
+    bool verlesene = true;      ///< a digit in the middle of a word is a letter that was misread
     bool stimmen = true;        ///< texts vote
 };
 } // namespace quillmar::lernen

@@ -36,12 +36,19 @@ std::optional<Eintrag> Urteiler::eintrag(const QString &schluessel)
     if (m_regeln.genaueZuerst)
         gefunden = Gelerntes(m_db).zuordnung(schluessel);
     if (!gefunden) {
-        const auto nachrangig = [this](const Eintrag &e) { return istNurAusDemBaum(e); };
-        const QList<Eintrag> &verwandte = moegliche(schluessel);
-        if (const auto *passender = Lernregeln::passender(verwandte, schluessel, m_regeln.genaueZuerst, nachrangig))
-            gefunden = *passender;
+        if (const Eintrag *naher = naechster(moegliche(schluessel), schluessel))
+            gefunden = *naher;
     }
     return *m_eintraege.insert(schluessel, gefunden);
+}
+
+/** A name that was misread is still the same one; only then does one count that merely contains it. */
+const Eintrag *Urteiler::naechster(const QList<Eintrag> &alle, const QString &schluessel) const
+{
+    if (const Eintrag *gemeinter = m_regeln.verlesene ? Lernregeln::verlesener(alle, schluessel) : nullptr)
+        return gemeinter;
+    const auto nachrangig = [this](const Eintrag &e) { return istNurAusDemBaum(e); };
+    return Lernregeln::passender(alle, schluessel, m_regeln.genaueZuerst, nachrangig);
 }
 
 /** The filing tree alone tells of the counterpart: that goes behind all that the reviewer has taught. */
@@ -136,12 +143,13 @@ Urteiler::Urteil Urteiler::urteilen(const Modellantwort &antwort, Anlass anlass,
 void Urteiler::ortUrteilen(Urteil &urteil, const Eintrag &eintrag, const Modellantwort &antwort, Anlass anlass,
                            const Worte &worte)
 {
-    const bool ganzes = !m_regeln.ganzeWoerter ||
-                        Lernregeln::istGanzesWort(eintrag.schluessel, Lernregeln::schluessel(urteil.gegenueber));
+    const QString schluessel = Lernregeln::schluessel(urteil.gegenueber);
+    const bool verlesen = m_regeln.verlesene && Lernregeln::istVerlesen(schluessel, eintrag.schluessel);
+    const bool ganzes = !m_regeln.ganzeWoerter || verlesen || Lernregeln::istGanzesWort(eintrag.schluessel, schluessel);
     if (!ganzes && istBekannt(antwort.ort))
         return;
     const QList<Ortszahl> &bekannte = orte(eintrag);
-    if (ganzes && Lernregeln::darfErsetzen(eintrag.anzeige, urteil.gegenueber))
+    if (verlesen || (ganzes && Lernregeln::darfErsetzen(eintrag.anzeige, urteil.gegenueber)))
         urteil.gegenueber = eintrag.anzeige;
     Wortstimmen::Ergebnis stimme;
     if (m_regeln.stimmen && bekannte.size() > 1) {

@@ -66,6 +66,7 @@ private:
     const Profil &m_profil;
     Regelwahl m_regeln;
     [[nodiscard]] const QList<Eintrag> &moegliche(const QString &schluessel);
+    [[nodiscard]] const Eintrag *naechster(const QList<Eintrag> &alle, const QString &schluessel) const;
     [[nodiscard]] bool istNurAusDemBaum(const Eintrag &eintrag) const;
     std::optional<QList<Eintrag>> m_alle;
     QList<Eintrag> m_verwandte; ///< of the name looked for last

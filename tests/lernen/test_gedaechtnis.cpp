@@ -231,6 +231,21 @@ private Q_SLOTS:
         QVERIFY(ort(eingeordnet(u"Postbank Leipzig"_s, {})) == privat);
     }
 
+    void einVerlesenerNameIstDerselbe()
+    {
+        uebernehmen(eingeordnet(u"Stadtwerke"_s, strom));
+        const qint64 wartet = eingeordnet(u"Stadtwerke Me1ssen GmbH"_s, {});
+        QVERIFY(ort(wartet) == strom); // so far it is only one that is contained
+        uebernehmen(eingeordnet(u"Stadtwerke Meißen"_s, wasser), wasser);
+        QVERIFY(ort(wartet) == wasser);
+        QCOMPARE(stand(wartet).gegenueber, u"Stadtwerke Meißen"_s);
+        uebernehmen(wartet);
+        QVERIFY(Lernspeicher(*m_db, m_profil).gleichungen().isEmpty());
+        // Two that it could be: then it is neither.
+        uebernehmen(eingeordnet(u"Stadtwerke Messsen"_s, strom));
+        QCOMPARE(stand(eingeordnet(u"Stadtwerke Me2ssen"_s, wasser)).gegenueber, u"Stadtwerke Me2ssen"_s);
+    }
+
     void gleichungenBisAnsEnde()
     {
         uebernehmen(eingeordnet(u"Alpha Werk"_s, strom), strom, u"Beta Werk"_s);

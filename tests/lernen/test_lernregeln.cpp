@@ -74,6 +74,31 @@ private Q_SLOTS:
         QTEST(Lernregeln::darfErsetzen(gelernt, vorhanden), "erwartet");
     }
 
+    void istVerlesen_data()
+    {
+        QTest::addColumn<QString>("gelesen");
+        QTest::addColumn<QString>("bekannt");
+        QTest::addColumn<bool>("erwartet");
+        QTest::newRow("Ziffer im Wort") << u"stadtwerke me1ssen"_s << u"stadtwerke meissen"_s << true;
+        QTest::newRow("am Anfang") << u"8eispielwerke"_s << u"beispielwerke"_s << true;
+        QTest::newRow("gleich") << u"stadtwerke"_s << u"stadtwerke"_s << false;
+        QTest::newRow("anderer Buchstabe") << u"meier bau"_s << u"maier bau"_s << false;
+        QTest::newRow("andere Ziffer") << u"bauhof4 nord"_s << u"bauhof5 nord"_s << false;
+        QTest::newRow("Buchstabe statt Ziffer") << u"bauhofs nord"_s << u"bauhof5 nord"_s << false;
+        QTest::newRow("für sich allein") << u"kindergarten 4"_s << u"kindergarten a"_s << false;
+        QTest::newRow("kurzes Wort") << u"verlag a4x"_s << u"verlag abx"_s << false;
+        QTest::newRow("zwei in einem Wort") << u"versicherung24"_s << u"versicherungab"_s << false;
+        QTest::newRow("zu viele") << u"ba1k no2d"_s << u"bank nord"_s << false;
+        QTest::newRow("in zwei langen Wörtern") << u"landesb4nk rheinl1nd"_s << u"landesbank rheinland"_s << true;
+        QTest::newRow("länger") << u"stadtwerke1"_s << u"stadtwerke"_s << false;
+    }
+    void istVerlesen()
+    {
+        QFETCH(QString, gelesen);
+        QFETCH(QString, bekannt);
+        QTEST(Lernregeln::istVerlesen(gelesen, bekannt), "erwartet");
+    }
+
     void vorschlag_data()
     {
         QTest::addColumn<QString>("schluessel");
