@@ -105,8 +105,12 @@ struct Gruppe {
     QString schluessel;
     qint64 dokumente = 0;
     QHash<QString, qint64> schreibweisen;
-    QList<std::pair<int, qint64>> plaetze; ///< by their numbers
-    Auswahl zeugen{ablage::zeugen};
+    struct Platz {
+        int nummer;
+        qint64 dokumente = 0;
+        Auswahl zeugen{ablage::zeugen};
+    };
+    QList<Platz> plaetze; ///< in the order of the walk; by their documents in the end
 };
 
 /** What is counted of the files while the tree is walked through. */
@@ -265,13 +269,12 @@ private:
     {
         ++gruppe.dokumente;
         auto &plaetze = gruppe.plaetze;
-        const auto platz =
-            std::find_if(plaetze.begin(), plaetze.end(), [this](const auto &p) { return p.first == m_platz; });
+        auto platz =
+            std::find_if(plaetze.begin(), plaetze.end(), [this](const auto &p) { return p.nummer == m_platz; });
         if (platz == plaetze.end())
-            plaetze << std::pair(m_platz, qint64(1));
-        else
-            ++platz->second;
-        gruppe.zeugen.dazu(m_nummer, m_ordner, name);
+            platz = plaetze.insert(plaetze.end(), Gruppe::Platz{.nummer = m_platz});
+        ++platz->dokumente;
+        platz->zeugen.dazu(m_nummer, m_ordner, name);
     }
 
     const Profil &m_profil;
@@ -308,11 +311,23 @@ QString haeufigste(const QHash<QString, qint64> &schreibweisen)
 QList<lernen::Baumkenntnis::Platz> plaetzeVon(const Gruppe &gruppe, const QList<Ort> &orte)
 {
     QList<lernen::Baumkenntnis::Platz> plaetze;
-    for (const auto &[nummer, anzahl] : gruppe.plaetze)
-        plaetze << lernen::Baumkenntnis::Platz{.ort = orte.at(nummer), .dokumente = anzahl};
-    std::stable_sort(plaetze.begin(), plaetze.end(),
-                     [](const auto &a, const auto &b) { return a.dokumente > b.dokumente; });
+    for (const Gruppe::Platz &platz : gruppe.plaetze)
+        plaetze << lernen::Baumkenntnis::Platz{.ort = orte.at(platz.nummer), .dokumente = platz.dokumente};
     return plaetze;
+}
+
+/** Of every place one first, so that each has its witness, then further ones. */
+QStringList zeugenVon(const Gruppe &gruppe)
+{
+    QStringList liste;
+    for (qsizetype runde = 0; runde < zeugen; ++runde) {
+        for (const Gruppe::Platz &platz : gruppe.plaetze) {
+            const QStringList pfade = platz.zeugen.pfade();
+            if (runde < pfade.size() && liste.size() < zeugen)
+                liste << pfade.at(runde);
+        }
+    }
+    return liste;
 }
 
 Vorbehalt vorbehaltGegen(const Zeile &zeile, const regeln::Gegenpruefung &eigene)
@@ -331,12 +346,14 @@ QList<Zeile> zeilenVon(Zaehlung &zaehlung, const Profil &profil)
 {
     const regeln::Gegenpruefung eigene(profil);
     QList<Zeile> zeilen;
-    for (const Gruppe &gruppe : zaehlung.gruppen()) {
+    for (Gruppe gruppe : zaehlung.gruppen()) {
+        std::stable_sort(gruppe.plaetze.begin(), gruppe.plaetze.end(),
+                         [](const auto &a, const auto &b) { return a.dokumente > b.dokumente; });
         Zeile zeile{.kenntnis = {.schluessel = gruppe.schluessel,
                                  .anzeige = haeufigste(gruppe.schreibweisen),
                                  .plaetze = plaetzeVon(gruppe, zaehlung.plaetze())},
                     .dokumente = gruppe.dokumente,
-                    .zeugen = gruppe.zeugen.pfade()};
+                    .zeugen = zeugenVon(gruppe)};
         zeile.vorbehalt = vorbehaltGegen(zeile, eigene);
         zeile.angekreuzt = zeile.vorbehalt == Vorbehalt::Keiner;
         zeilen << zeile;

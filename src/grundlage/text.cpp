@@ -139,6 +139,13 @@ QString gefaltet(const QString &text, Faltung faltung)
     return falter.ergebnis();
 }
 
+QString suchform(const QString &text)
+{
+    QString zerlegt = text.normalized(QString::NormalizationForm_D);
+    zerlegt.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
+    return gefaltet(zerlegt, Faltung::Namen);
+}
+
 QString gefuellt(const QString &muster, std::initializer_list<QString> werte)
 {
     QString ergebnis;

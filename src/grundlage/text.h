@@ -32,6 +32,9 @@ enum class Faltung {
  */
 [[nodiscard]] QString gefaltet(const QString &text, Faltung faltung);
 
+/** What a search compares: @p text folded like names, accents dropped too, which not every keyboard has. */
+[[nodiscard]] QString suchform(const QString &text);
+
 /**
  * Fills the "%@" placeholders of @p muster with @p werte from left to right. Placeholders inside the values stay as
  * they are; surplus placeholders stay too.

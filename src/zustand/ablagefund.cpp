@@ -84,10 +84,11 @@ Fundzeile fundzeile(const Ablagelesung::Zeile &zeile)
 
 bool trifftSuche(const Ablagelesung::Zeile &zeile, const QString &suche)
 {
-    if (zeile.kenntnis.anzeige.contains(suche, Qt::CaseInsensitive))
+    const QString gesucht = suchform(suche);
+    if (suchform(zeile.kenntnis.anzeige).contains(gesucht))
         return true;
     return std::any_of(zeile.kenntnis.plaetze.begin(), zeile.kenntnis.plaetze.end(),
-                       [&](const auto &platz) { return ziel(platz.ort).contains(suche, Qt::CaseInsensitive); });
+                       [&](const auto &platz) { return suchform(ziel(platz.ort)).contains(gesucht); });
 }
 
 Befund lesebefund(qint64 dateien)

@@ -9,17 +9,6 @@
 
 namespace quillmar::zustand
 {
-namespace
-{
-/** Without accents, which not every keyboard has; the keys of names drop such letters. */
-QString gesucht(const QString &name)
-{
-    QString zerlegt = name.normalized(QString::NormalizationForm_D);
-    zerlegt.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
-    return gefaltet(zerlegt, Faltung::Namen);
-}
-} // namespace
-
 QString Bekannter::ziel() const { return Eintrag{.schluessel = {}, .anzeige = {}, .ort = ort}.ziel(); }
 
 QList<Bekannter> bekannteGegenueber(Datenbank &db)
@@ -31,7 +20,7 @@ QList<Bekannter> bekannteGegenueber(Datenbank &db)
     for (const Eintrag &e : speicher.alle()) {
         const QList<Ortszahl> eigene = orte.value(e.schluessel);
         liste << Bekannter{
-            .name = e.anzeige, .ort = eigene.isEmpty() ? e.ort : eigene.first().ort, .gesucht = gesucht(e.anzeige)};
+            .name = e.anzeige, .ort = eigene.isEmpty() ? e.ort : eigene.first().ort, .gesucht = suchform(e.anzeige)};
         schluessel.insert(e.schluessel);
     }
     const auto abgelegte = Modellantworten(db).abgelegteOrte();
@@ -40,14 +29,14 @@ QList<Bekannter> bekannteGegenueber(Datenbank &db)
         if (schluessel.contains(eigener))
             continue;
         schluessel.insert(eigener);
-        liste << Bekannter{.name = name.key(), .ort = name.value(), .gesucht = gesucht(name.key())};
+        liste << Bekannter{.name = name.key(), .ort = name.value(), .gesucht = suchform(name.key())};
     }
     return liste;
 }
 
 QList<Bekannter> passende(const QList<Bekannter> &alle, const QString &getippt, qsizetype hoechstens)
 {
-    const QString teil = gesucht(getippt);
+    const QString teil = suchform(getippt);
     QList<Bekannter> amWortanfang;
     QList<Bekannter> irgendwo;
     for (const Bekannter &b : alle) {
