@@ -31,6 +31,11 @@ namespace regeln
 using namespace profil;
 }
 
+namespace fundstellen
+{
+using namespace regeln;
+}
+
 namespace lernen
 {
 using namespace katalog;
@@ -50,6 +55,7 @@ using namespace ablage;
 namespace zustand
 {
 using namespace analyse;
+using namespace fundstellen;
 }
 
 namespace desktop

@@ -1,8 +1,8 @@
 #include "lernregeln.h"
 
+#include "rechtsform.h"
 #include "text.h"
 
-#include <QStringList>
 #include <algorithm>
 #include <tuple>
 
@@ -26,23 +26,7 @@ bool stehtInWort(const QString &text, qsizetype stelle)
 }
 } // namespace
 
-QString Lernregeln::schluessel(const QString &name)
-{
-    static const QStringList rechtsformen = {u" gmbh co kg"_s, u" gmbh und co kg"_s,
-                                             u" gmbh"_s,       u" mbh"_s,
-                                             u" ag"_s,         u" kg"_s,
-                                             u" ohg"_s,        u" se"_s,
-                                             u" ev"_s,         u" e v"_s,
-                                             u" ug"_s,         u" gbr"_s,
-                                             u" ltd"_s,        u" inc"_s,
-                                             u" co"_s,         u" aktiengesellschaft"_s};
-    QString text = gefaltet(name, Faltung::Namen);
-    for (const QString &form : rechtsformen) {
-        if (text.endsWith(form))
-            text.chop(form.size());
-    }
-    return text.trimmed();
-}
+QString Lernregeln::schluessel(const QString &name) { return Rechtsform::ohne(gefaltet(name, Faltung::Namen)); }
 
 bool Lernregeln::passt(const QString &a, const QString &b)
 {

@@ -1,0 +1,292 @@
+#include "angebote.h"
+
+#include "datumsfunde.h"
+#include "rechtsform.h"
+
+#include <QRegularExpression>
+#include <QSet>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::fundstellen
+{
+namespace
+{
+constexpr qsizetype umfeldworte = 4; // on either side
+constexpr double kopf = 0.36;        // of the first page's height
+constexpr double obererKopf = 0.15;
+constexpr qsizetype laengsterName = 7; // words
+constexpr qsizetype bisMonat = 7;      // characters of JJJJ-MM
+
+constexpr auto arten = QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption;
+
+/** With some words of the same line on either side. */
+QString umfeldVon(const Wortfolge &seite, const Fundstelle &stelle)
+{
+    const Fundstelle zeile = seite.zeilenstelle(seite.zeile(stelle.wort));
+    const qsizetype von = std::max(zeile.wort, stelle.wort - umfeldworte);
+    const qsizetype bis = std::max(stelle.wort + stelle.worte,
+                                   std::min(zeile.wort + zeile.worte, stelle.wort + stelle.worte + umfeldworte));
+    return seite.wortlaut({.seite = stelle.seite, .wort = von, .worte = bis - von});
+}
+
+/** Of equal values the likeliest one; likeliest first. */
+QList<Angebot> geordnet(QList<Angebot> alle)
+{
+    std::stable_sort(alle.begin(), alle.end(), [](const Angebot &a, const Angebot &b) { return a.rang > b.rang; });
+    QSet<QString> bekannte;
+    alle.removeIf([&](const Angebot &a) {
+        const QString eins = zusammengezogen(a.wert);
+        if (eins.isEmpty() || bekannte.contains(eins))
+            return true;
+        bekannte.insert(eins);
+        return false;
+    });
+    return alle;
+}
+
+/** Trimmed of what stands around words: colons, bars, brackets. A dot at the end stays, it may be an abbreviation's. */
+QString beschnitten(QString text)
+{
+    static const QRegularExpression rand(u"^[\\s,;:|·•*()\\[\\]<>–—-]+|[\\s,;:|·•*()\\[\\]<>–—-]+$"_s);
+    return text.remove(rand);
+}
+
+/** Streets, towns, numbers and the like, which stand where names do. */
+bool istKeinName(const QString &text)
+{
+    static const QRegularExpression nichts(
+        u"\\d{4,}|@|www\\.|https?:|\\b(?:tel|telefon|fax|mobil|e-?mail|iban|bic|ust|steuernr|seite|datum|date|"
+        "postfach|betreff|ihr|ihre|unser|unsere|herr|herrn|frau|familie|firma|an|von|invoice|rechnung|page|bank|"
+        "blz|konto|telephone|phone)\\b[.:]?(?: |$)|"
+        "(?:str\\.?|straße|strasse|weg|platz|allee|gasse|ring|ufer|damm|road|street|rue|avenue)\\s+\\d"_s,
+        arten);
+    static const QRegularExpression name(u"^[\\p{Lu}\\d].*\\p{L}{2}"_s, QRegularExpression::UseUnicodePropertiesOption);
+    return text.contains(nichts) || !text.contains(name);
+}
+
+bool hatRechtsform(const QString &text) { return Rechtsform::ausgeschriebenOhne(text) != text; }
+
+/** Looks for names line by line, and between bars and dots within them. */
+class Namenssuche
+{
+public:
+    Namenssuche(const Wortfolge &seite, const QStringList &eigene) : m_seite(seite), m_eigene(eigene) {}
+
+    [[nodiscard]] QList<Angebot> alle()
+    {
+        for (int zeile = 0; zeile < m_seite.zeilen(); ++zeile)
+            zeileLesen(m_seite.zeilenstelle(zeile));
+        return m_funde;
+    }
+
+private:
+    void zeileLesen(const Fundstelle &zeile)
+    {
+        Fundstelle stueck{.seite = zeile.seite, .wort = zeile.wort, .worte = 0};
+        for (qsizetype i = zeile.wort; i < zeile.wort + zeile.worte; ++i) {
+            const QString &wort = m_seite.worte().at(i).text;
+            const bool trennt = beschnitten(wort).isEmpty() && wort != u"&"_s && wort != u"-"_s;
+            if (!trennt)
+                ++stueck.worte;
+            if (trennt || wort.endsWith(u',') || wort.endsWith(u';')) {
+                pruefen(stueck);
+                stueck = {.seite = zeile.seite, .wort = i + 1, .worte = 0};
+            }
+        }
+        pruefen(stueck);
+    }
+
+    void pruefen(const Fundstelle &stueck)
+    {
+        if (stueck.worte == 0 || stueck.worte > laengsterName)
+            return;
+        const QString text = beschnitten(m_seite.wortlaut(stueck));
+        const double oben = m_seite.worte().at(stueck.wort).ort.top();
+        const bool imKopf = stueck.seite == 0 && oben < kopf;
+        const bool firma = hatRechtsform(text);
+        if (text.isEmpty() || istKeinName(text) || (!imKopf && !firma) || istEigen(text))
+            return;
+        const int rang = (firma ? 40 : 0) + (imKopf ? 20 : 0) + (imKopf && oben < obererKopf ? 10 : 0) +
+                         (stueck.worte > 1 ? 5 : 0) - int(oben * 4) - stueck.seite;
+        m_funde << Angebot{.wert = Rechtsform::ausgeschriebenOhne(text),
+                           .umfeld = umfeldVon(m_seite, stueck),
+                           .stelle = stueck,
+                           .rang = rang};
+    }
+
+    [[nodiscard]] bool istEigen(const QString &text) const
+    {
+        const QList<Wortfolge::Stueck> stuecke = Wortfolge(0, {{.text = text, .ort = {}}}).stuecke();
+        return std::any_of(stuecke.begin(), stuecke.end(), [this](const auto &s) { return m_eigene.contains(s.text); });
+    }
+
+    const Wortfolge &m_seite;
+    const QStringList &m_eigene;
+    QList<Angebot> m_funde;
+};
+
+bool hatZiffer(const QString &text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+}
+
+/** "Rechnungsnummer:", "Kd.-Nr.", "Az." */
+bool kuendigtZahlAn(const QString &wort)
+{
+    static const QRegularExpression muster(
+        u"(?:nr|nummer|no|number|num[eé]ro|az|aktenzeichen|kennzeichen|zeichen|ref|referenz|reference|konto|iban)"
+        "[.:#]*$|^n°$"_s,
+        arten);
+    return wort.contains(muster);
+}
+
+/** "RE", "C": what stands in numbers besides digits. */
+bool istKuerzel(const QString &wort)
+{
+    constexpr qsizetype laengstes = 4;
+    return wort.size() <= laengstes && std::all_of(wort.begin(), wort.end(), [](QChar c) { return c.isUpper(); });
+}
+
+/** A number in one word or in several, such as an account's in groups; no words if there is none. */
+Fundstelle zahlAb(const Wortfolge &seite, qsizetype wort)
+{
+    constexpr qsizetype meisteGruppen = 6;
+    const auto istDa = [&](qsizetype i) { return i < seite.worte().size() && seite.zeile(i) == seite.zeile(wort); };
+    const auto zahlIn = [&](qsizetype i) { return istDa(i) && hatZiffer(seite.worte().at(i).text); };
+    const auto kuerzelIn = [&](qsizetype i) {
+        return istDa(i) && istKuerzel(seite.worte().at(i).text) && zahlIn(i + 1);
+    };
+    Fundstelle zahl{.seite = seite.seite(), .wort = wort, .worte = 0};
+    for (qsizetype i = wort; zahl.worte < meisteGruppen && (zahlIn(i) || kuerzelIn(i)); ++i) {
+        ++zahl.worte;
+        if (seite.worte().at(i).text.endsWith(u',') || seite.worte().at(i).text.endsWith(u';'))
+            break;
+    }
+    return zahl;
+}
+
+/** The number that the word announces: behind it, or below it in a table. */
+Fundstelle angekuendigte(const Wortfolge &seite, qsizetype wort)
+{
+    const auto inDerZeile = [&](qsizetype i) {
+        return i < seite.worte().size() && seite.zeile(i) == seite.zeile(wort);
+    };
+    qsizetype naechstes = wort + 1;
+    while (inDerZeile(naechstes) && beschnitten(seite.worte().at(naechstes).text).isEmpty())
+        ++naechstes;
+    if (inDerZeile(naechstes) && zahlAb(seite, naechstes).worte > 0)
+        return zahlAb(seite, naechstes);
+    for (qsizetype i = 0; i < seite.worte().size(); ++i) {
+        if (seite.darueber(i) != wort)
+            continue;
+        if (const Fundstelle zahl = zahlAb(seite, i); zahl.worte > 0)
+            return zahl;
+    }
+    return {.seite = seite.seite(), .wort = wort, .worte = 0};
+}
+
+int zahlenrang(const QString &ankuendigung)
+{
+    static const QRegularExpression eigene(
+        u"rechn|beleg|vertrag|polic|versicherung|auftrag|invoice|akten|\\baz\\b|vorgang"_s, arten);
+    static const QRegularExpression fremde(u"ust|steuer|iban|bic|tel|fax|konto|hrb|register|blz"_s, arten);
+    return ankuendigung.contains(eigene) ? 20 : ankuendigung.contains(fremde) ? -20 : 0;
+}
+
+void zahlenSuchen(const Wortfolge &seite, QList<Angebot> &funde)
+{
+    for (qsizetype i = 0; i < seite.worte().size(); ++i) {
+        const QString &ankuendigung = seite.worte().at(i).text;
+        if (!kuendigtZahlAn(ankuendigung))
+            continue;
+        const Fundstelle zahl = angekuendigte(seite, i);
+        if (zahl.worte == 0)
+            continue;
+        const bool allein = i == 0 || seite.zeile(i - 1) != seite.zeile(i);
+        const QString davor = allein ? QString() : seite.worte().at(i - 1).text + u' ';
+        const QString wert = beschnitten(seite.wortlaut(zahl));
+        funde << Angebot{.wert = wert,
+                         .umfeld = davor + ankuendigung + u' ' + wert,
+                         .stelle = zahl,
+                         .rang = zahlenrang(davor + ankuendigung) - seite.seite()};
+    }
+}
+
+/** The line above the salutation. */
+std::optional<Angebot> betreff(const Wortfolge &seite)
+{
+    static const QRegularExpression anrede(
+        u"^(?:sehr geehrte|liebe|hallo|guten (?:tag|morgen)|dear|hello|madame|monsieur|bonjour|cher|chère)"_s, arten);
+    for (int zeile = 1; zeile < seite.zeilen(); ++zeile) {
+        if (!seite.wortlaut(seite.zeilenstelle(zeile)).contains(anrede))
+            continue;
+        const Fundstelle davor = seite.zeilenstelle(zeile - 1);
+        static const QRegularExpression kopfwort(u"^(?:betreff|betr\\.|subject|objet|re):?\\s*"_s, arten);
+        const QString text = beschnitten(seite.wortlaut(davor).remove(kopfwort));
+        constexpr int vorAllem = 100;
+        return Angebot{.wert = text, .umfeld = text, .stelle = davor, .rang = vorAllem};
+    }
+    return std::nullopt;
+}
+} // namespace
+
+QList<Angebot> Angebote::daten(const QList<Wortfolge> &seiten)
+{
+    constexpr int ohneTag = 1000;
+    QList<Angebot> angebote;
+    for (const Datumsfund &fund : Datumsfunde::alle(seiten)) {
+        const bool monat = fund.wert.size() == bisMonat;
+        angebote << Angebot{.wert = fund.wert + (monat ? u"-01"_s : QString()),
+                            .umfeld = umfeldVon(seiten.at(fund.stelle.seite), fund.stelle),
+                            .stelle = fund.stelle,
+                            .rang = fund.rang - (monat ? ohneTag : 0)};
+    }
+    return geordnet(angebote);
+}
+
+QList<Angebot> Angebote::namen(const QList<Wortfolge> &seiten, const QStringList &eigene)
+{
+    QList<Angebot> angebote;
+    for (const Wortfolge &seite : seiten)
+        angebote << Namenssuche(seite, eigene).alle();
+    return geordnet(angebote);
+}
+
+QList<Angebot> Angebote::titel(const QList<Wortfolge> &seiten)
+{
+    QList<Angebot> angebote;
+    if (!seiten.isEmpty()) {
+        if (const auto zeile = betreff(seiten.first()))
+            angebote << *zeile;
+    }
+    for (const Wortfolge &seite : seiten)
+        zahlenSuchen(seite, angebote);
+    return geordnet(angebote);
+}
+
+QString Uebernahme::alsDatum(const QString &text)
+{
+    const QList<Datumsfund> funde = Datumsfunde::alle({Wortfolge(0, {{.text = text, .ort = {}}})});
+    if (funde.isEmpty())
+        return text.trimmed();
+    return funde.first().wert + (funde.first().wert.size() == bisMonat ? u"-01"_s : QString());
+}
+
+QString Uebernahme::alsGegenueber(const QString &text) { return Rechtsform::ausgeschriebenOhne(beschnitten(text)); }
+
+QString Uebernahme::zahlImTitel(const QString &titel, const QString &zahl, const QStringList &fehlende)
+{
+    QStringList worte = titel.split(u' ', Qt::SkipEmptyParts);
+    auto ersetzt = std::find_if(worte.begin(), worte.end(), [&](const QString &w) { return fehlende.contains(w); });
+    if (ersetzt == worte.end()) {
+        const auto letzte = std::find_if(worte.rbegin(), worte.rend(), hatZiffer);
+        if (letzte == worte.rend())
+            return (worte << zahl).join(u' ');
+        ersetzt = std::prev(letzte.base());
+    }
+    *ersetzt = zahl;
+    return worte.join(u' ');
+}
+} // namespace quillmar::fundstellen

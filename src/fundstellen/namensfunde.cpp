@@ -1,0 +1,122 @@
+#include "namensfunde.h"
+
+#include "rechtsform.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::fundstellen
+{
+namespace
+{
+constexpr double kopf = 0.35; // of the page's height
+
+/** How much of the page's pieces a name takes from one on; the more exact the better. */
+struct Treffer {
+    qsizetype stuecke = 0; ///< 0: none
+    bool genau = true;
+};
+
+/** Compares a name with the pieces of a page. */
+class Vergleich
+{
+public:
+    Vergleich(const Wortfolge &folge, const QStringList &name) : m_stuecke(folge.stuecke()), m_name(name) {}
+
+    [[nodiscard]] Treffer ab(qsizetype erstes) const
+    {
+        Treffer treffer;
+        qsizetype ort = erstes;
+        for (qsizetype k = 0; k < m_name.size();) {
+            const Schritt schritt = naechster(ort, k);
+            if (schritt.stuecke == 0)
+                return {};
+            ort += schritt.stuecke;
+            k += schritt.worte;
+            treffer.genau = treffer.genau && schritt.genau;
+        }
+        treffer.stuecke = ort - erstes;
+        return treffer;
+    }
+
+private:
+    struct Schritt {
+        qsizetype stuecke = 0; ///< 0: it does not go on
+        qsizetype worte = 0;
+        bool genau = true;
+    };
+
+    [[nodiscard]] Schritt naechster(qsizetype ort, qsizetype k) const
+    {
+        const QString stueck = m_stuecke.value(ort).text;
+        if (stueck.isEmpty())
+            return {};
+        const QString &wort = m_name.at(k);
+        if (fastGleich(stueck, wort))
+            return {.stuecke = 1, .worte = 1, .genau = stueck == wort};
+        if (wort.startsWith(stueck) && stueck + m_stuecke.value(ort + 1).text == wort)
+            return {.stuecke = 2, .worte = 1};
+        if (k + 1 < m_name.size() && wort + m_name.at(k + 1) == stueck)
+            return {.stuecke = 1, .worte = 2};
+        if (k > 0 && Rechtsform::istTeil(stueck))
+            return {.stuecke = 1, .worte = 0};
+        return {};
+    }
+
+    const QList<Wortfolge::Stueck> &m_stuecke;
+    const QStringList &m_name;
+};
+
+QStringList worteVon(const QString &name)
+{
+    QStringList worte;
+    for (const auto &stueck : Wortfolge(0, {{.text = Rechtsform::ausgeschriebenOhne(name), .ort = {}}}).stuecke())
+        worte << stueck.text;
+    return worte;
+}
+
+bool istNetzadresse(const QString &wort)
+{
+    return wort.contains(u'@') || wort.contains(u"www."_s, Qt::CaseInsensitive) || wort.contains(u"://"_s);
+}
+
+/** Larger is better. */
+std::tuple<bool, bool, bool, bool> rang(const Wortfolge &folge, const Fundstelle &stelle, bool genau)
+{
+    const Seitenwort &erstes = folge.worte().at(stelle.wort);
+    return {!istNetzadresse(erstes.text), stelle.seite == 0, genau, stelle.seite == 0 && erstes.ort.top() < kopf};
+}
+} // namespace
+
+std::optional<Fundstelle> Namensfunde::zu(const QList<Wortfolge> &seiten, const QString &name)
+{
+    const QStringList worte = worteVon(name);
+    if (worte.isEmpty())
+        return std::nullopt;
+    QList<QStringList> folgen{worte};
+    if (worte.size() == 2)
+        folgen << QStringList{worte.last(), worte.first()};
+    std::optional<Fundstelle> beste;
+    std::tuple<bool, bool, bool, bool> hoechster;
+    for (const Wortfolge &seite : seiten) {
+        for (const QStringList &eine : std::as_const(folgen)) {
+            const Vergleich vergleich(seite, eine);
+            for (qsizetype i = 0; i < seite.stuecke().size(); ++i) {
+                const Treffer treffer = vergleich.ab(i);
+                if (treffer.stuecke == 0)
+                    continue;
+                const Fundstelle stelle = seite.stelleVonStuecken(i, treffer.stuecke);
+                const auto dieser = rang(seite, stelle, treffer.genau);
+                if (!beste || dieser > hoechster) {
+                    beste = stelle;
+                    hoechster = dieser;
+                }
+            }
+        }
+    }
+    return beste;
+}
+} // namespace quillmar::fundstellen

@@ -1,0 +1,114 @@
+#include "titelfunde.h"
+
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+#include <algorithm>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::fundstellen
+{
+namespace
+{
+constexpr qsizetype kuerzestesWort = 4;
+constexpr qsizetype meisteStuecke = 8; // that one number is parted into
+
+bool hatZiffer(const QString &text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+}
+
+/** Folded words that tell nothing. */
+bool istFuellwort(const QString &wort)
+{
+    static const QSet<QString> fuellworte = {
+        u"fur"_s,   u"eine"_s, u"einer"_s, u"eines"_s,    u"einem"_s, u"einen"_s, u"vom"_s,   u"beim"_s,
+        u"nach"_s,  u"uber"_s, u"unter"_s, u"zwischen"_s, u"wegen"_s, u"durch"_s, u"gegen"_s, u"ohne"_s,
+        u"sowie"_s, u"oder"_s, u"nicht"_s, u"auch"_s,     u"wird"_s,  u"with"_s,  u"from"_s,  u"your"_s,
+        u"this"_s,  u"that"_s, u"pour"_s,  u"avec"_s,     u"dans"_s,  u"votre"_s, u"the"_s,   u"for"_s};
+    return fuellworte.contains(wort);
+}
+
+QList<Titelwort> worteVon(const QString &titel)
+{
+    static const QRegularExpression luecke(u"\\s+"_s);
+    QList<Titelwort> zahlen;
+    QList<Titelwort> worte;
+    for (const QString &text : titel.split(luecke, Qt::SkipEmptyParts)) {
+        const QString eins = zusammengezogen(text);
+        if (hatZiffer(eins))
+            zahlen << Titelwort{.text = text, .zahl = true, .stelle = {}};
+        else if (eins.size() >= kuerzestesWort && !istFuellwort(eins))
+            worte << Titelwort{.text = text, .zahl = false, .stelle = {}};
+    }
+    return zahlen + worte;
+}
+
+/** How many pieces from @p erstes on make up @p gesucht; 0 for none. */
+qsizetype reichweite(const QList<Wortfolge::Stueck> &stuecke, qsizetype erstes, const QString &gesucht)
+{
+    QString bisher;
+    for (qsizetype n = 0; n < meisteStuecke && erstes + n < stuecke.size(); ++n) {
+        bisher += stuecke.at(erstes + n).text;
+        if (bisher == gesucht)
+            return n + 1;
+        if (!gesucht.startsWith(bisher))
+            return 0;
+    }
+    return 0;
+}
+
+QList<Fundstelle> alleStellen(const QList<Wortfolge> &seiten, const Titelwort &wort)
+{
+    const QString gesucht = zusammengezogen(wort.text);
+    QList<Fundstelle> genaue;
+    QList<Fundstelle> ungefaehre;
+    for (const Wortfolge &seite : seiten) {
+        for (qsizetype i = 0; i < seite.stuecke().size(); ++i) {
+            if (const qsizetype n = reichweite(seite.stuecke(), i, gesucht); n > 0)
+                genaue << seite.stelleVonStuecken(i, n);
+            else if (!wort.zahl && fastGleich(seite.stuecke().at(i).text, gesucht))
+                ungefaehre << seite.stelleVonStuecken(i, 1);
+        }
+    }
+    return genaue.isEmpty() ? ungefaehre : genaue;
+}
+
+using Zeile = std::pair<int, int>; // page and line
+
+Zeile zeileVon(const QList<Wortfolge> &seiten, const Fundstelle &stelle)
+{
+    return {stelle.seite, seiten.at(stelle.seite).zeile(stelle.wort)};
+}
+
+/** The place whose line has the most of the title; of equals the first. */
+Fundstelle beste(const QList<Wortfolge> &seiten, const QList<Fundstelle> &stellen, const QHash<Zeile, int> &gemeinsame)
+{
+    return *std::max_element(stellen.begin(), stellen.end(), [&](const Fundstelle &a, const Fundstelle &b) {
+        return gemeinsame.value(zeileVon(seiten, a)) < gemeinsame.value(zeileVon(seiten, b));
+    });
+}
+} // namespace
+
+QList<Titelwort> Titelfunde::zu(const QList<Wortfolge> &seiten, const QString &titel)
+{
+    QList<Titelwort> worte = worteVon(titel);
+    QList<QList<Fundstelle>> stellen;
+    QHash<Zeile, int> gemeinsame; // how many words of the title a line has
+    for (const Titelwort &wort : std::as_const(worte)) {
+        stellen << alleStellen(seiten, wort);
+        QSet<Zeile> zeilen;
+        for (const Fundstelle &stelle : stellen.last())
+            zeilen.insert(zeileVon(seiten, stelle));
+        for (const Zeile &zeile : std::as_const(zeilen))
+            ++gemeinsame[zeile];
+    }
+    for (qsizetype i = 0; i < worte.size(); ++i) {
+        if (!stellen.at(i).isEmpty())
+            worte[i].stelle = beste(seiten, stellen.at(i), gemeinsame);
+    }
+    return worte;
+}
+} // namespace quillmar::fundstellen

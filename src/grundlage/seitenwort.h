@@ -1,0 +1,20 @@
+#pragma once
+
+#include "namensraeume.h"
+
+#include <QList>
+#include <QRectF>
+#include <QString>
+
+namespace quillmar::grundlage
+{
+/** A word as it stands on a page. */
+struct Seitenwort {
+    QString text;
+    QRectF ort; ///< in shares of the page as it lies upright, from its top left: 0 to 1
+    bool operator==(const Seitenwort &) const = default;
+};
+
+/** The words of one page in the order in which they are read. */
+using Seitenworte = QList<Seitenwort>;
+} // namespace quillmar::grundlage

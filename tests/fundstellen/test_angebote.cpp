@@ -1,0 +1,98 @@
+#include "angebote.h"
+#include "brief.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace quillmar::fundstellen;
+
+namespace
+{
+/** What a letter with a window looks like. */
+QStringList einBrief()
+{
+    return {u"Stadtwerke Meißen GmbH                              Kundennummer: 4711-02"_s,
+            u"Karl-Niesner-Str. 1, 01662 Meißen"_s,
+            u""_s,
+            u"Stadtwerke Meißen GmbH · Karl-Niesner-Str. 1 · 01662 Meißen"_s,
+            u"Herr Anna Müller"_s,
+            u"Hauptstraße 12"_s,
+            u"01662 Meißen"_s,
+            u""_s,
+            u"                                                    Meißen, 31.01.2024"_s,
+            u"Rechnungsnummer     Az."_s,
+            u"RE 2024 0815        12 C 34/24"_s,
+            u"Jahresabrechnung Strom 2023"_s,
+            u"Sehr geehrte Frau Müller,"_s,
+            u"zahlbar bis 14.02.2024, Auftrag vom 31.01.2024, im Dezember 2023"_s,
+            u"Elbtal Bank eG"_s,
+            u"Gesellschafter: Meier Bau GmbH & Co. KG"_s};
+}
+} // namespace
+
+class TestAngebote : public QObject
+{
+    Q_OBJECT
+
+    static QStringList werte(const QList<Angebot> &angebote)
+    {
+        QStringList alle;
+        for (const Angebot &a : angebote)
+            alle << a.wert;
+        return alle;
+    }
+
+private Q_SLOTS:
+    void daten()
+    {
+        const auto angebote = Angebote::daten(brief(einBrief()));
+        QCOMPARE(werte(angebote), QStringList({u"2024-01-31"_s, u"2024-02-14"_s, u"2023-12-01"_s}));
+        QCOMPARE(angebote.first().umfeld, u"Meißen, 31.01.2024"_s);
+        QCOMPARE(angebote.at(1).umfeld, u"zahlbar bis 14.02.2024, Auftrag vom 31.01.2024, im"_s);
+    }
+
+    void namen()
+    {
+        const auto namen = werte(Angebote::namen(brief(einBrief()), {u"anna"_s, u"muller"_s}));
+        QCOMPARE(namen.first(), u"Stadtwerke Meißen"_s);
+        QVERIFY(namen.contains(u"Meier Bau"_s) || namen.contains(u"Gesellschafter: Meier Bau"_s));
+        for (const QString &keiner :
+             {u"Anna Müller"_s, u"01662 Meißen"_s, u"Hauptstraße 12"_s, u"Karl-Niesner-Str. 1"_s})
+            QVERIFY2(!namen.contains(keiner), qPrintable(keiner));
+    }
+
+    void titel()
+    {
+        const auto angebote = Angebote::titel(brief(einBrief()));
+        QCOMPARE(werte(angebote),
+                 QStringList({u"Jahresabrechnung Strom 2023"_s, u"RE 2024 0815"_s, u"12 C 34/24"_s, u"4711-02"_s}));
+        QCOMPARE(angebote.last().umfeld, u"Kundennummer: 4711-02"_s);
+    }
+
+    void insFeld_data()
+    {
+        QTest::addColumn<QString>("ist");
+        QTest::addColumn<QString>("soll");
+        const auto zeile = [](const char *was, const QString &ist, const QString &soll) {
+            QTest::newRow(was) << ist << soll;
+        };
+        zeile("Datum", Uebernahme::alsDatum(u"Meißen, 31.1.24"_s), u"2024-01-31"_s);
+        zeile("Monat", Uebernahme::alsDatum(u"Januar 2024"_s), u"2024-01-01"_s);
+        zeile("kein Datum", Uebernahme::alsDatum(u" demnächst "_s), u"demnächst"_s);
+        zeile("Name", Uebernahme::alsGegenueber(u"– Meier Bau GmbH & Co. KG,"_s), u"Meier Bau"_s);
+        zeile("Zahl dahinter", Uebernahme::zahlImTitel(u"Rechnung"_s, u"17"_s, {}), u"Rechnung 17"_s);
+        zeile("statt der falschen", Uebernahme::zahlImTitel(u"Rechnung 18 für 2023"_s, u"17"_s, {u"18"_s}),
+              u"Rechnung 17 für 2023"_s);
+        zeile("statt der letzten", Uebernahme::zahlImTitel(u"Rechnung 18 Strom"_s, u"17"_s, {}),
+              u"Rechnung 17 Strom"_s);
+        zeile("leer", Uebernahme::zahlImTitel({}, u"17"_s, {}), u"17"_s);
+    }
+    void insFeld()
+    {
+        QFETCH(QString, ist);
+        QTEST(ist, "soll");
+    }
+};
+
+QTEST_GUILESS_MAIN(TestAngebote)
+#include "test_angebote.moc"
