@@ -15,6 +15,7 @@ struct Grenzen {
     std::chrono::milliseconds uhr;                              ///< from its start to its end
     std::chrono::seconds rechenzeit = std::chrono::seconds(60); ///< of a processor
     qint64 speicher = ueblicherSpeicher;                        ///< address space in bytes
+    bool nachrangig = false; ///< it gets only what no other process wants of processor and disk
 };
 
 /** What the tools may use to read one document. */
@@ -23,12 +24,19 @@ struct Lesegrenzen {
     std::chrono::seconds uhrBild = std::chrono::seconds(900);   ///< to draw all pages, and to recognise each
     std::chrono::seconds rechenzeit = std::chrono::seconds(60); ///< for the text layer; a page to draw or to recognise
     qint64 speicher = ueblicherSpeicher;
+    bool nachrangig = false; ///< see Grenzen
 
-    [[nodiscard]] Grenzen fuerText() const { return {.uhr = uhrText, .rechenzeit = rechenzeit, .speicher = speicher}; }
+    [[nodiscard]] Grenzen fuerText() const
+    {
+        return {.uhr = uhrText, .rechenzeit = rechenzeit, .speicher = speicher, .nachrangig = nachrangig};
+    }
     /** For @p seiten pages at once. */
     [[nodiscard]] Grenzen fuerSeiten(int seiten) const
     {
-        return {.uhr = uhrBild, .rechenzeit = rechenzeit * std::max(seiten, 1), .speicher = speicher};
+        return {.uhr = uhrBild,
+                .rechenzeit = rechenzeit * std::max(seiten, 1),
+                .speicher = speicher,
+                .nachrangig = nachrangig};
     }
 };
 } // namespace quillmar::analyse

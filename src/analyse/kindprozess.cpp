@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <algorithm>
 #include <csignal>
+#include <sched.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -25,6 +26,15 @@ constexpr qint64 hoechstensAusgabe = 64 * mebi;
 constexpr qsizetype hoechstensBeschwerde = 65536;
 constexpr auto scheibe = 50ms;
 
+/** Whatever else wants to run goes first; the disk's turn goes by the same measure. */
+void zuruecktreten()
+{
+    const struct sched_param keine = {};
+    constexpr int letzter = 19;
+    if (::sched_setscheduler(0, SCHED_IDLE, &keine) != 0)
+        ::setpriority(PRIO_PROCESS, 0, letzter);
+}
+
 /** Runs in the child before the program: own group to be killed whole, death with this program, and its limits. */
 void kindVorbereiten(pid_t eltern, const Grenzen &grenzen)
 {
@@ -40,6 +50,8 @@ void kindVorbereiten(pid_t eltern, const Grenzen &grenzen)
     ::setrlimit(RLIMIT_CPU, &rechenzeit);
     const struct rlimit keinAbbild = {0, 0};
     ::setrlimit(RLIMIT_CORE, &keinAbbild);
+    if (grenzen.nachrangig)
+        zuruecktreten();
 }
 
 void beenden(QProcess &prozess)

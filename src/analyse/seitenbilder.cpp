@@ -29,20 +29,14 @@ struct Auftrag {
     const Lesegrenzen &grenzen;
     const Bilderordner &ordner;
     const std::stop_token &ende;
-};
+    Umfang umfang = Umfang::Blatt;
 
-/** Width and height stand in the first bytes of every PNG; null if it is none. */
-QSize bildgroesse(const QString &pfad)
-{
-    constexpr qsizetype kopf = 24;
-    constexpr qsizetype breite = 16;
-    constexpr qsizetype hoehe = 20;
-    QFile datei(pfad);
-    const QByteArray bytes = datei.open(QIODevice::ReadOnly) ? datei.read(kopf) : QByteArray();
-    if (bytes.size() < kopf)
-        return {0, 0};
-    return {qFromBigEndian<qint32>(bytes.constData() + breite), qFromBigEndian<qint32>(bytes.constData() + hoehe)};
-}
+    [[nodiscard]] QStringList argumente(const QStringList &seiten) const
+    {
+        const QStringList art = umfang == Umfang::Sichtbares ? QStringList{u"-cropbox"_s} : QStringList();
+        return seiten + art + QStringList{u"-png"_s, pdf, ordner.praefix()};
+    }
+};
 
 /** What is drawn instead of a page that does not fit into memory. */
 bool istErsatz(QSize bild) { return bild == QSize(1, 1); }
@@ -51,19 +45,16 @@ bool istFraglich(QSize bild) { return istErsatz(bild) || double(bild.width()) * 
 
 void alleZeichnen(const Auftrag &a)
 {
-    Werkzeuge::starten(
-        werkzeug,
-        {u"-r"_s, u"200"_s, u"-f"_s, u"1"_s, u"-l"_s, QString::number(a.seiten), u"-png"_s, a.pdf, a.ordner.praefix()},
-        a.grenzen.fuerSeiten(a.seiten), a.ende);
+    Werkzeuge::starten(werkzeug, a.argumente({u"-r"_s, u"200"_s, u"-f"_s, u"1"_s, u"-l"_s, QString::number(a.seiten)}),
+                       a.grenzen.fuerSeiten(a.seiten), a.ende);
 }
 
 void eineZeichnen(const Auftrag &a, const Seitenmass &mass)
 {
     const QString seite = QString::number(mass.seite);
-    Werkzeuge::starten(werkzeug,
-                       {u"-r"_s, QString::number(aufloesungFuer(mass), 'g', 6), u"-f"_s, seite, u"-l"_s, seite,
-                        u"-png"_s, a.pdf, a.ordner.praefix()},
-                       a.grenzen.fuerSeiten(1), a.ende);
+    Werkzeuge::starten(
+        werkzeug, a.argumente({u"-r"_s, QString::number(aufloesungFuer(mass), 'g', 6), u"-f"_s, seite, u"-l"_s, seite}),
+        a.grenzen.fuerSeiten(1), a.ende);
 }
 
 /** Empty where nobody knows: the reason of the failed drawing stands then. */
@@ -112,6 +103,18 @@ double Seitenmass::punkte() const
     return breite * jePunkt * hoehe * jePunkt;
 }
 
+QSize Seitenbilder::bildgroesse(const QString &pfad)
+{
+    constexpr qsizetype kopf = 24;
+    constexpr qsizetype breite = 16;
+    constexpr qsizetype hoehe = 20;
+    QFile datei(pfad);
+    const QByteArray bytes = datei.open(QIODevice::ReadOnly) ? datei.read(kopf) : QByteArray();
+    if (bytes.size() < kopf)
+        return {0, 0};
+    return {qFromBigEndian<qint32>(bytes.constData() + breite), qFromBigEndian<qint32>(bytes.constData() + hoehe)};
+}
+
 QList<Seitenmass> Seitenbilder::seitenmasse(const QByteArray &pdfinfo)
 {
     static const QRegularExpression zeile(u"^Page +(\\d+) MediaBox: +(\\S+) +(\\S+) +(\\S+) +(\\S+)$"_s,
@@ -137,9 +140,9 @@ double Seitenbilder::aufloesungFuer(const Seitenmass &mass)
 }
 
 void Seitenbilder::zeichnen(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const Bilderordner &ordner,
-                            const std::stop_token &ende)
+                            const std::stop_token &ende, Umfang umfang)
 {
-    const Auftrag a{.pdf = pdf, .seiten = seiten, .grenzen = grenzen, .ordner = ordner, .ende = ende};
+    const Auftrag a{.pdf = pdf, .seiten = seiten, .grenzen = grenzen, .ordner = ordner, .ende = ende, .umfang = umfang};
     QList<Seitenmass> masse;
     try {
         alleZeichnen(a);

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSize>
 #include <QString>
 #include <stop_token>
 
@@ -30,6 +31,12 @@ struct Seitenmass {
     [[nodiscard]] bool zuGross() const { return punkte() > hoechstensPunkte; }
 };
 
+/** What is drawn of a page. */
+enum class Umfang {
+    Blatt,     ///< the whole sheet, as text is recognised
+    Sichtbares ///< what programs show of it
+};
+
 /**
  * Draws the first @p seiten pages of @p pdf into the empty folder @p ordner, at 200 dpi in one call. Only when that
  * fails or has not given what it should (a page that does not fit into memory comes out as a single pixel) are the
@@ -37,7 +44,10 @@ struct Seitenmass {
  * a lower resolution. Ordinary documents thus pay nothing for the others. Throws Fehler and Abbruch.
  */
 void zeichnen(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const Bilderordner &ordner,
-              const std::stop_token &ende);
+              const std::stop_token &ende, Umfang umfang = Umfang::Blatt);
+
+/** Width and height stand in the first bytes of every PNG; zero if it is none. */
+[[nodiscard]] QSize bildgroesse(const QString &pfad);
 
 /** The media boxes in what pdfinfo says about pages with "-box". */
 [[nodiscard]] QList<Seitenmass> seitenmasse(const QByteArray &pdfinfo);

@@ -1,0 +1,179 @@
+#include "wortlagen.h"
+
+#include "aufrichtung.h"
+#include "bilderordner.h"
+#include "seitenbilder.h"
+#include "sprache.h"
+#include "werkzeuge.h"
+
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::analyse
+{
+using namespace Wortlagen;
+
+namespace
+{
+constexpr double spiel = 1; // point
+
+double zahl(const QXmlStreamReader &xml, const QString &name) { return xml.attributes().value(name).toDouble(); }
+
+bool passtIn(const QRectF &ort, const QSizeF &groesse)
+{
+    return ort.right() <= groesse.width() + spiel && ort.bottom() <= groesse.height() + spiel;
+}
+
+/** Of the pages from the first one on, whether they are turned by a quarter. */
+QList<bool> quereSeiten(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const std::stop_token &ende)
+{
+    static const QRegularExpression zeile(u"^Page +\\d+ rot: +(\\d+)$"_s, QRegularExpression::MultilineOption);
+    const QByteArray auskunft = Werkzeuge::starten(
+        u"pdfinfo"_s, {u"-f"_s, u"1"_s, u"-l"_s, QString::number(seiten), pdf}, grenzen.fuerText(), ende);
+    QList<bool> quere;
+    for (auto treffer = zeile.globalMatch(QString::fromUtf8(auskunft)); treffer.hasNext();)
+        quere << (treffer.next().captured(1).toInt() % 180 != 0);
+    return quere;
+}
+
+Seitenworte anteile(const Ebenenseite &seite, bool quer)
+{
+    const QSizeF groesse = quer ? seite.groesse.transposed() : seite.groesse;
+    if (groesse.isEmpty())
+        return {};
+    Seitenworte worte = seite.worte;
+    for (Seitenwort &wort : worte)
+        wort.ort = {wort.ort.x() / groesse.width(), wort.ort.y() / groesse.height(), wort.ort.width() / groesse.width(),
+                    wort.ort.height() / groesse.height()};
+    return worte;
+}
+
+/** What tesseract says of one page, as it lies. */
+Seitenworte eineErkennen(const QString &bild, int drehung, const Erkennung &wie, const Grenzen &grenzen,
+                         const std::stop_token &ende)
+{
+    QSize groesse = Seitenbilder::bildgroesse(bild);
+    if (drehung % 180 != 0)
+        groesse.transpose();
+    const auto lage = Aufrichtung::aufrichten(bild, drehung, grenzen, ende);
+    const QByteArray tsv =
+        Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, wie.sprache, u"tsv"_s}, grenzen, ende);
+    return gedreht(ausTsv(tsv, {.bild = groesse, .neigung = lage ? lage->neigung : 0}), lage ? -drehung : 0);
+}
+
+/** The corners of a box in an image that was turned about its middle, before it was. */
+QRectF zurueckgedreht(const QRectF &kasten, const QSizeF &bild, const Bildlage &lage)
+{
+    const double winkel = lage.neigung * std::numbers::pi / 180;
+    const QPointF mitte(bild.width() / 2, bild.height() / 2);
+    const QPointF alteMitte(lage.bild.width() / 2.0, lage.bild.height() / 2.0);
+    const auto zurueck = [&](const QPointF &ecke) {
+        const QPointF von = ecke - mitte;
+        return alteMitte + QPointF(von.x() * std::cos(winkel) + von.y() * std::sin(winkel),
+                                   von.y() * std::cos(winkel) - von.x() * std::sin(winkel));
+    };
+    // The middles of the sides, not the corners: a box that slants a little stays as high as its line.
+    const QPointF links = zurueck({kasten.left(), kasten.center().y()});
+    const QPointF rechts = zurueck({kasten.right(), kasten.center().y()});
+    const double hoehe = std::abs(rechts.y() - links.y()) + kasten.height() * std::cos(winkel);
+    return {links.x(), (links.y() + rechts.y() - hoehe) / 2, rechts.x() - links.x(), hoehe};
+}
+} // namespace
+
+Ebenenseite::Lage Ebenenseite::lage() const
+{
+    const auto alle = [this](const QSizeF &g) {
+        return std::all_of(worte.begin(), worte.end(), [&](const Seitenwort &w) { return passtIn(w.ort, g); });
+    };
+    const bool aufrecht = alle(groesse);
+    if (groesse.width() == groesse.height() || aufrecht != alle(groesse.transposed()))
+        return aufrecht ? Lage::Aufrecht : Lage::Quer;
+    return Lage::Unklar;
+}
+
+QList<Ebenenseite> Wortlagen::ebenenseiten(const QByteArray &bbox)
+{
+    QByteArray lesbar = bbox;
+    lesbar.removeIf([](char c) { return uchar(c) < ' ' && c != '\n' && c != '\t'; }); // no XML has them
+    QList<Ebenenseite> seiten;
+    QXmlStreamReader xml(lesbar);
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == "page"_L1)
+            seiten << Ebenenseite{.groesse = {zahl(xml, u"width"_s), zahl(xml, u"height"_s)}};
+        if (xml.name() != "word"_L1 || seiten.isEmpty())
+            continue;
+        const QPointF ecke(zahl(xml, u"xMin"_s), zahl(xml, u"yMin"_s));
+        const QRectF ort(ecke, QPointF(zahl(xml, u"xMax"_s), zahl(xml, u"yMax"_s)));
+        seiten.last().worte << Seitenwort{.text = xml.readElementText(), .ort = ort};
+    }
+    if (xml.hasError())
+        throw Fehler(Sprache::text(u"Die Wörter der Seite lassen sich nicht lesen"_s));
+    return seiten;
+}
+
+QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, int seiten, const Lesegrenzen &grenzen,
+                                           const std::stop_token &ende)
+{
+    const QByteArray bbox = Werkzeuge::starten(
+        u"pdftotext"_s,
+        {u"-cropbox"_s, u"-bbox"_s, u"-l"_s, QString::number(seiten), u"-enc"_s, u"UTF-8"_s, pdf, u"-"_s},
+        grenzen.fuerText(), ende);
+    const QList<Ebenenseite> gelesene = ebenenseiten(bbox);
+    const bool unklar = std::any_of(gelesene.begin(), gelesene.end(),
+                                    [](const auto &s) { return s.lage() == Ebenenseite::Lage::Unklar; });
+    const QList<bool> quere = unklar ? quereSeiten(pdf, seiten, grenzen, ende) : QList<bool>();
+    QList<Seitenworte> worte;
+    for (qsizetype i = 0; i < gelesene.size(); ++i) {
+        const auto lage = gelesene.at(i).lage();
+        worte << anteile(gelesene.at(i),
+                         lage == Ebenenseite::Lage::Unklar ? quere.value(i) : lage == Ebenenseite::Lage::Quer);
+    }
+    return worte;
+}
+
+QList<Seitenworte> Wortlagen::erkannte(const QString &pdf, const Erkennung &wie, const Lesegrenzen &grenzen,
+                                       const std::stop_token &ende)
+{
+    const Bilderordner ordner;
+    Seitenbilder::zeichnen(pdf, wie.seiten, grenzen, ordner, ende, Seitenbilder::Umfang::Sichtbares);
+    QList<Seitenworte> seiten;
+    for (const QString &bild : ordner.bilder()) {
+        const int drehung = wie.drehungen.value(int(seiten.size()) + 1);
+        seiten << eineErkennen(bild, drehung, wie, grenzen.fuerSeiten(1), ende);
+    }
+    return seiten;
+}
+
+Seitenworte Wortlagen::ausTsv(const QByteArray &tsv, const Bildlage &lage)
+{
+    constexpr qsizetype spalten = 12; // level page block par line word left top width height conf text
+    constexpr int seitenebene = 1;
+    constexpr int wortebene = 5;
+    QSizeF bild = lage.bild;
+    Seitenworte worte;
+    for (const QString &zeile : QString::fromUtf8(tsv).split(u'\n')) {
+        const QStringList felder = zeile.split(u'\t');
+        if (felder.size() != spalten)
+            continue;
+        const QRectF kasten(felder.at(6).toDouble(), felder.at(7).toDouble(), felder.at(8).toDouble(),
+                            felder.at(9).toDouble());
+        if (felder.first().toInt() == seitenebene)
+            bild = kasten.size(); // larger than it was where it is straightened
+        const QString text = felder.last().trimmed();
+        if (felder.first().toInt() != wortebene || text.isEmpty() || lage.bild.isEmpty())
+            continue;
+        const QRectF ort = zurueckgedreht(kasten, bild, lage);
+        worte << Seitenwort{.text = text,
+                            .ort = {ort.x() / lage.bild.width(), ort.y() / lage.bild.height(),
+                                    ort.width() / lage.bild.width(), ort.height() / lage.bild.height()}};
+    }
+    return worte;
+}
+} // namespace quillmar::analyse
