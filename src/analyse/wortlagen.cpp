@@ -2,6 +2,7 @@
 
 #include "aufrichtung.h"
 #include "bilderordner.h"
+#include "pfade.h"
 #include "seitenbilder.h"
 #include "sprache.h"
 #include "werkzeuge.h"
@@ -27,6 +28,15 @@ double zahl(const QXmlStreamReader &xml, const QString &name) { return xml.attri
 bool passtIn(const QRectF &ort, const QSizeF &groesse)
 {
     return ort.right() <= groesse.width() + spiel && ort.bottom() <= groesse.height() + spiel;
+}
+
+/** The file as its disk spells it. */
+QString ortVon(const QString &pdf)
+{
+    const QByteArray platte = aufDerPlatte(pdf);
+    if (platte.isEmpty())
+        throw Fehler(Sprache::text(u"Datei nicht gefunden"_s));
+    return QString::fromUtf8(platte);
 }
 
 /** Of the pages from the first one on, whether they are turned by a quarter. */
@@ -121,14 +131,15 @@ QList<Ebenenseite> Wortlagen::ebenenseiten(const QByteArray &bbox)
 QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, int seiten, const Lesegrenzen &grenzen,
                                            const std::stop_token &ende)
 {
+    const QString ort = ortVon(pdf);
     const QByteArray bbox = Werkzeuge::starten(
         u"pdftotext"_s,
-        {u"-cropbox"_s, u"-bbox"_s, u"-l"_s, QString::number(seiten), u"-enc"_s, u"UTF-8"_s, pdf, u"-"_s},
+        {u"-cropbox"_s, u"-bbox"_s, u"-l"_s, QString::number(seiten), u"-enc"_s, u"UTF-8"_s, ort, u"-"_s},
         grenzen.fuerText(), ende);
     const QList<Ebenenseite> gelesene = ebenenseiten(bbox);
     const bool unklar = std::any_of(gelesene.begin(), gelesene.end(),
                                     [](const auto &s) { return s.lage() == Ebenenseite::Lage::Unklar; });
-    const QList<bool> quere = unklar ? quereSeiten(pdf, seiten, grenzen, ende) : QList<bool>();
+    const QList<bool> quere = unklar ? quereSeiten(ort, seiten, grenzen, ende) : QList<bool>();
     QList<Seitenworte> worte;
     for (qsizetype i = 0; i < gelesene.size(); ++i) {
         const auto lage = gelesene.at(i).lage();
@@ -142,7 +153,7 @@ QList<Seitenworte> Wortlagen::erkannte(const QString &pdf, const Erkennung &wie,
                                        const std::stop_token &ende)
 {
     const Bilderordner ordner;
-    Seitenbilder::zeichnen(pdf, wie.seiten, grenzen, ordner, ende, Seitenbilder::Umfang::Sichtbares);
+    Seitenbilder::zeichnen(ortVon(pdf), wie.seiten, grenzen, ordner, ende, Seitenbilder::Umfang::Sichtbares);
     QList<Seitenworte> seiten;
     for (const QString &bild : ordner.bilder()) {
         const int drehung = wie.drehungen.value(int(seiten.size()) + 1);

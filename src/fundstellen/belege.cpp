@@ -4,18 +4,36 @@
 #include "namensfunde.h"
 #include "titelfunde.h"
 
+#include <QSet>
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace quillmar::fundstellen
 {
 namespace
 {
-/** The words @p neu and those of @p stelle follow each other on one line. */
-bool grenztAn(const QList<Wortfolge> &seiten, const Fundstelle &stelle, const Fundstelle &neu)
+/** The folded words of a text. */
+QSet<QString> worteVon(const QString &text)
 {
-    const Wortfolge &seite = seiten.at(stelle.seite);
-    return stelle.seite == neu.seite && neu.wort <= stelle.wort + stelle.worte && stelle.wort <= neu.wort + neu.worte &&
-           seite.zeile(stelle.wort) == seite.zeile(neu.wort);
+    QSet<QString> worte;
+    for (const auto &stueck : Wortfolge(0, {{.text = text, .ort = {}}}).stuecke())
+        worte.insert(stueck.text);
+    return worte;
+}
+
+/** Both stand on one line, with nothing between them but words that the title has too. */
+bool grenztAn(const Wortfolge &seite, const Fundstelle &a, const Fundstelle &b, const QSet<QString> &titel)
+{
+    const Fundstelle &vorn = a.wort <= b.wort ? a : b;
+    const Fundstelle &hinten = a.wort <= b.wort ? b : a;
+    if (seite.zeile(vorn.wort) != seite.zeile(hinten.wort))
+        return false;
+    for (qsizetype i = vorn.wort + vorn.worte; i < hinten.wort; ++i) {
+        if (!titel.contains(zusammengezogen(seite.worte().at(i).text)))
+            return false;
+    }
+    return true;
 }
 
 Fundstelle vereint(const Fundstelle &a, const Fundstelle &b)
@@ -25,11 +43,12 @@ Fundstelle vereint(const Fundstelle &a, const Fundstelle &b)
 }
 
 /** @p neue with all of @p stellen that touch it, in place of the first of them. */
-void einfuegen(const QList<Wortfolge> &seiten, QList<Fundstelle> &stellen, Fundstelle neue)
+void einfuegen(const QList<Wortfolge> &seiten, QList<Fundstelle> &stellen, Fundstelle neue, const QSet<QString> &titel)
 {
     qsizetype ort = stellen.size();
     for (qsizetype i = stellen.size() - 1; i >= 0; --i) {
-        if (!grenztAn(seiten, stellen.at(i), neue))
+        const Fundstelle &andere = stellen.at(i);
+        if (andere.seite != neue.seite || !grenztAn(seiten.at(neue.seite), andere, neue, titel))
             continue;
         neue = vereint(stellen.takeAt(i), neue);
         ort = i;
@@ -39,10 +58,11 @@ void einfuegen(const QList<Wortfolge> &seiten, QList<Fundstelle> &stellen, Funds
 
 void titelBelegen(const QList<Wortfolge> &seiten, const QString &titel, Belege &belege)
 {
+    const QSet<QString> worte = worteVon(titel + u" Nr Nummer No"_s);
     QList<Fundstelle> stellen;
     for (const Titelwort &wort : Titelfunde::zu(seiten, titel)) {
         if (wort.stelle)
-            einfuegen(seiten, stellen, *wort.stelle);
+            einfuegen(seiten, stellen, *wort.stelle, worte);
         else if (wort.zahl)
             belege.fehlendeZahlen << wort.text;
     }

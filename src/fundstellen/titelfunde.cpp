@@ -12,8 +12,9 @@ namespace quillmar::fundstellen
 {
 namespace
 {
-constexpr qsizetype kuerzestesWort = 4;
-constexpr qsizetype meisteStuecke = 8; // that one number is parted into
+constexpr qsizetype kuerzestesWort = 3;
+constexpr qsizetype kuerzesterAnfang = 5; // of a longer word
+constexpr qsizetype meisteStuecke = 8;    // that one number is parted into
 
 bool hatZiffer(const QString &text)
 {
@@ -24,10 +25,13 @@ bool hatZiffer(const QString &text)
 bool istFuellwort(const QString &wort)
 {
     static const QSet<QString> fuellworte = {
-        u"fur"_s,   u"eine"_s, u"einer"_s, u"eines"_s,    u"einem"_s, u"einen"_s, u"vom"_s,   u"beim"_s,
-        u"nach"_s,  u"uber"_s, u"unter"_s, u"zwischen"_s, u"wegen"_s, u"durch"_s, u"gegen"_s, u"ohne"_s,
-        u"sowie"_s, u"oder"_s, u"nicht"_s, u"auch"_s,     u"wird"_s,  u"with"_s,  u"from"_s,  u"your"_s,
-        u"this"_s,  u"that"_s, u"pour"_s,  u"avec"_s,     u"dans"_s,  u"votre"_s, u"the"_s,   u"for"_s};
+        u"fur"_s,   u"der"_s,   u"die"_s,   u"das"_s,   u"des"_s,   u"dem"_s,  u"den"_s,   u"und"_s,   u"ein"_s,
+        u"eine"_s,  u"einer"_s, u"eines"_s, u"einem"_s, u"einen"_s, u"von"_s,  u"vom"_s,   u"zum"_s,   u"zur"_s,
+        u"mit"_s,   u"auf"_s,   u"aus"_s,   u"bei"_s,   u"beim"_s,  u"nach"_s, u"uber"_s,  u"unter"_s, u"zwischen"_s,
+        u"wegen"_s, u"durch"_s, u"gegen"_s, u"ohne"_s,  u"sowie"_s, u"oder"_s, u"nicht"_s, u"auch"_s,  u"wird"_s,
+        u"ist"_s,   u"sie"_s,   u"als"_s,   u"bis"_s,   u"pro"_s,   u"per"_s,  u"the"_s,   u"for"_s,   u"and"_s,
+        u"with"_s,  u"from"_s,  u"your"_s,  u"this"_s,  u"that"_s,  u"are"_s,  u"les"_s,   u"une"_s,   u"sur"_s,
+        u"par"_s,   u"pour"_s,  u"avec"_s,  u"dans"_s,  u"votre"_s};
     return fuellworte.contains(wort);
 }
 
@@ -60,20 +64,28 @@ qsizetype reichweite(const QList<Wortfolge::Stueck> &stuecke, qsizetype erstes, 
     return 0;
 }
 
-QList<Fundstelle> alleStellen(const QList<Wortfolge> &seiten, const Titelwort &wort)
+/** A place of a word, and how surely it is one. */
+struct Stelle {
+    Fundstelle ort;
+    int guete = 0; ///< 2: the word itself, 1: a longer one that begins with it, 0: as recognition may have got it wrong
+};
+
+QList<Stelle> alleStellen(const QList<Wortfolge> &seiten, const Titelwort &wort)
 {
     const QString gesucht = zusammengezogen(wort.text);
-    QList<Fundstelle> genaue;
-    QList<Fundstelle> ungefaehre;
+    QList<Stelle> stellen;
     for (const Wortfolge &seite : seiten) {
         for (qsizetype i = 0; i < seite.stuecke().size(); ++i) {
+            const QString &stueck = seite.stuecke().at(i).text;
             if (const qsizetype n = reichweite(seite.stuecke(), i, gesucht); n > 0)
-                genaue << seite.stelleVonStuecken(i, n);
-            else if (!wort.zahl && fastGleich(seite.stuecke().at(i).text, gesucht))
-                ungefaehre << seite.stelleVonStuecken(i, 1);
+                stellen << Stelle{.ort = seite.stelleVonStuecken(i, n), .guete = 2};
+            else if (!wort.zahl && gesucht.size() >= kuerzesterAnfang && stueck.startsWith(gesucht))
+                stellen << Stelle{.ort = seite.stelleVonStuecken(i, 1), .guete = 1};
+            else if (!wort.zahl && fastGleich(stueck, gesucht))
+                stellen << Stelle{.ort = seite.stelleVonStuecken(i, 1), .guete = 0};
         }
     }
-    return genaue.isEmpty() ? ungefaehre : genaue;
+    return stellen;
 }
 
 using Zeile = std::pair<int, int>; // page and line
@@ -83,25 +95,26 @@ Zeile zeileVon(const QList<Wortfolge> &seiten, const Fundstelle &stelle)
     return {stelle.seite, seiten.at(stelle.seite).zeile(stelle.wort)};
 }
 
-/** The place whose line has the most of the title; of equals the first. */
-Fundstelle beste(const QList<Wortfolge> &seiten, const QList<Fundstelle> &stellen, const QHash<Zeile, int> &gemeinsame)
+/** The place whose line has the most of the title; of equals the surest, then the first. */
+Fundstelle beste(const QList<Wortfolge> &seiten, const QList<Stelle> &stellen, const QHash<Zeile, int> &gemeinsame)
 {
-    return *std::max_element(stellen.begin(), stellen.end(), [&](const Fundstelle &a, const Fundstelle &b) {
-        return gemeinsame.value(zeileVon(seiten, a)) < gemeinsame.value(zeileVon(seiten, b));
-    });
+    const auto rang = [&](const Stelle &s) { return std::pair(gemeinsame.value(zeileVon(seiten, s.ort)), s.guete); };
+    return std::max_element(stellen.begin(), stellen.end(),
+                            [&](const Stelle &a, const Stelle &b) { return rang(a) < rang(b); })
+        ->ort;
 }
 } // namespace
 
 QList<Titelwort> Titelfunde::zu(const QList<Wortfolge> &seiten, const QString &titel)
 {
     QList<Titelwort> worte = worteVon(titel);
-    QList<QList<Fundstelle>> stellen;
+    QList<QList<Stelle>> stellen;
     QHash<Zeile, int> gemeinsame; // how many words of the title a line has
     for (const Titelwort &wort : std::as_const(worte)) {
         stellen << alleStellen(seiten, wort);
         QSet<Zeile> zeilen;
-        for (const Fundstelle &stelle : stellen.last())
-            zeilen.insert(zeileVon(seiten, stelle));
+        for (const Stelle &stelle : stellen.last())
+            zeilen.insert(zeileVon(seiten, stelle.ort));
         for (const Zeile &zeile : std::as_const(zeilen))
             ++gemeinsame[zeile];
     }
