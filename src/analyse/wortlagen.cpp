@@ -4,8 +4,10 @@
 #include "bilderordner.h"
 #include "pfade.h"
 #include "seitenbilder.h"
+#include "sha256.h"
 #include "sprache.h"
 #include "werkzeuge.h"
+#include "wortspeicher.h"
 
 #include <QRegularExpression>
 #include <QXmlStreamReader>
@@ -61,6 +63,15 @@ Seitenworte anteile(const Ebenenseite &seite, bool quer)
         wort.ort = {wort.ort.x() / groesse.width(), wort.ort.y() / groesse.height(), wort.ort.width() / groesse.width(),
                     wort.ort.height() / groesse.height()};
     return worte;
+}
+
+/** Whatever else than the content decides what is recognised. */
+QString artVon(const Erkennung &wie)
+{
+    QStringList drehungen;
+    for (auto d = wie.drehungen.begin(); d != wie.drehungen.end(); ++d)
+        drehungen << u"%1:%2"_s.arg(d.key()).arg(d.value());
+    return u"%1 %2 %3"_s.arg(wie.sprache).arg(wie.seiten).arg(drehungen.join(u','));
 }
 
 /** What tesseract says of one page, as it lies. */
@@ -147,6 +158,20 @@ QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, int seiten, const
                          lage == Ebenenseite::Lage::Unklar ? quere.value(i) : lage == Ebenenseite::Lage::Quer);
     }
     return worte;
+}
+
+QList<Seitenworte> Wortlagen::lesen(const QString &pdf, bool textebene, const Erkennung &wie,
+                                    const Wortspeicher &speicher, const Lesegrenzen &grenzen,
+                                    const std::stop_token &ende)
+{
+    if (textebene)
+        return ausTextebene(pdf, wie.seiten, grenzen, ende);
+    const QString digest = sha256Datei(aufDerPlatte(pdf), [&] { return ende.stop_requested(); });
+    if (auto bekannte = speicher.lesen(digest, artVon(wie)))
+        return *bekannte;
+    const QList<Seitenworte> seiten = erkannte(pdf, wie, grenzen, ende);
+    speicher.ablegen(digest, artVon(wie), seiten);
+    return seiten;
 }
 
 QList<Seitenworte> Wortlagen::erkannte(const QString &pdf, const Erkennung &wie, const Lesegrenzen &grenzen,

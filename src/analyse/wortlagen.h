@@ -12,6 +12,8 @@
 
 namespace quillmar::analyse
 {
+class Wortspeicher;
+
 /**
  * Where the words of a PDF's pages stand. Places are those of the page as it lies, as programs show it (crop box,
  * turned as the file says). Everything blocks.
@@ -30,10 +32,19 @@ struct Erkennung {
     int seiten = 1;
     QString sprache;
     QMap<int, int> drehungen; ///< degrees clockwise that make pages upright, by page from 1
+    bool operator==(const Erkennung &) const = default;
 };
 /** Of the images of the first pages, by tesseract. Throws Fehler, Platzmangel and Abbruch. */
 [[nodiscard]] QList<Seitenworte> erkannte(const QString &pdf, const Erkennung &wie, const Lesegrenzen &grenzen,
                                           const std::stop_token &ende);
+
+/**
+ * As the document's text was read: of its text layer, else recognised, unless @p speicher has that of the file's
+ * content as it is now; what is recognised is kept there. Throws as these do.
+ */
+[[nodiscard]] QList<Seitenworte> lesen(const QString &pdf, bool textebene, const Erkennung &wie,
+                                       const Wortspeicher &speicher, const Lesegrenzen &grenzen,
+                                       const std::stop_token &ende);
 
 /** A page of "pdftotext -bbox". */
 struct Ebenenseite {

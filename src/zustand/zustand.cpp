@@ -10,6 +10,7 @@
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "scanwache.h"
+#include "seitenbelege.h"
 #include "sitzungen.h"
 #include "sprache.h"
 
@@ -47,6 +48,7 @@ Zustand::Zustand(QObject *vater)
       m_ausfuehrung(std::make_unique<Ausfuehrung>(m_profilwahl.get(), m_pruefung.get(), m_meldestelle.get())),
       m_durchgang(
           std::make_unique<Durchgang>(m_profilwahl.get(), m_modelldienst.get(), m_pruefung.get(), m_meldestelle.get())),
+      m_seitenbelege(std::make_unique<Seitenbelege>(m_pruefung.get(), m_profilwahl.get(), m_durchgang.get())),
       m_sitzungen(std::make_unique<Sitzungen>(m_profilwahl.get(), m_pruefung.get(), m_ausfuehrung.get())),
       m_scanwache(std::make_unique<Scanwache>(Scanwache::Nachbarn{.meldestelle = m_meldestelle.get(),
                                                                   .profilwahl = m_profilwahl.get(),
@@ -78,6 +80,7 @@ Zustand::~Zustand()
     m_einrichtung.reset();
     m_scanwache.reset();
     m_sitzungen.reset();
+    m_seitenbelege.reset();
     m_ausfuehrung.reset();
     m_modelldienst.reset();
     m_katalogpflege.reset();

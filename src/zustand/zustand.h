@@ -17,6 +17,7 @@ class Modelldienst;
 class Profilwahl;
 class Pruefung;
 class Scanwache;
+class Seitenbelege;
 class Sitzungen;
 
 /**
@@ -41,6 +42,7 @@ public:
     [[nodiscard]] Katalogpflege *katalogpflege() const { return m_katalogpflege.get(); }
     [[nodiscard]] Modelldienst *modelldienst() const { return m_modelldienst.get(); }
     [[nodiscard]] Pruefung *pruefung() const { return m_pruefung.get(); }
+    [[nodiscard]] Seitenbelege *seitenbelege() const { return m_seitenbelege.get(); }
     [[nodiscard]] Ausfuehrung *ausfuehrung() const { return m_ausfuehrung.get(); }
     [[nodiscard]] Durchgang *durchgang() const { return m_durchgang.get(); }
     [[nodiscard]] Sitzungen *sitzungen() const { return m_sitzungen.get(); }
@@ -70,6 +72,7 @@ private:
     std::unique_ptr<Pruefung> m_pruefung;
     std::unique_ptr<Ausfuehrung> m_ausfuehrung;
     std::unique_ptr<Durchgang> m_durchgang;
+    std::unique_ptr<Seitenbelege> m_seitenbelege;
     std::unique_ptr<Sitzungen> m_sitzungen;
     std::unique_ptr<Scanwache> m_scanwache;
     std::unique_ptr<Einrichtung> m_einrichtung;

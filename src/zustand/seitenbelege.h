@@ -1,0 +1,105 @@
+#pragma once
+
+#include "anfrage.h"
+#include "angebote.h"
+#include "belege.h"
+#include "entwurf.h"
+#include "namensraeume.h"
+#include "pruefung.h"
+#include "seitenwort.h"
+#include "unterschiede.h"
+#include "wortlagen.h"
+#include "wortspeicher.h"
+
+#include <memory>
+
+namespace quillmar::zustand
+{
+class Durchgang;
+
+/** A passage of a page that carries a value. */
+struct Seitenmarke {
+    int seite = 0;        ///< from 0
+    QList<QRectF> orte{}; ///< one for each line, in shares of the page as it lies
+    Feld feld = Feld::Datum;
+    bool operator==(const Seitenmarke &) const = default;
+};
+
+/** What the pages of the document under review offer for a field. */
+struct Feldangebot {
+    QString wert;   ///< as it goes into the field
+    QString umfeld; ///< as it stands on the page, with the words around it
+    Seitenmarke marke;
+};
+
+/**
+ * The words on the pages of the document under review, where its values stand among them, and what they offer instead.
+ * Of the pages that were read only, as many as the profile says. Words of text layers are there within a blink;
+ * recognised ones are kept, and made ready ahead for the next documents while no run is under way.
+ */
+class Seitenbelege : public QObject
+{
+    Q_OBJECT
+
+public:
+    Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Durchgang *durchgang);
+
+    /** Of what file the words are; empty while none are known. */
+    [[nodiscard]] QString pfad() const;
+    /** As the pages lie. */
+    [[nodiscard]] QList<Seitenworte> worte() const;
+    /** Where the values stand as they are typed now; of a field the most telling passage first. */
+    [[nodiscard]] QList<Seitenmarke> marken() const;
+    /** Fields whose value stands on none of the pages. */
+    [[nodiscard]] QList<Feld> fehlende() const;
+    /** Likeliest first; empty for fields that pages offer nothing for. */
+    [[nodiscard]] QList<Feldangebot> angebote(Feld feld) const;
+    /** What becomes of the value of @p feld when @p text is taken from the page. */
+    [[nodiscard]] QString uebernommen(Feld feld, const QString &text) const;
+    /** The same when the offered @p angebot is chosen. */
+    [[nodiscard]] QString gewaehlt(Feld feld, const Feldangebot &angebot) const;
+
+    /** The similar document's words, while it is shown; as pfad() and worte(). */
+    [[nodiscard]] QString partnerPfad() const;
+    [[nodiscard]] QList<Seitenworte> partnerWorte() const;
+    /** Words that only one of the two has, for the document under review or the similar one. */
+    [[nodiscard]] QList<Seitenmarke> unterschiede(bool partner) const;
+
+Q_SIGNALS:
+    void worteGeaendert();
+    void belegeGeaendert();
+    void partnerGeaendert();
+
+private:
+    struct Gelesen;
+    struct Quelle {
+        QString pfad;
+        bool textebene = false;
+        Wortlagen::Erkennung wie;
+        bool operator==(const Quelle &) const = default;
+    };
+    using Lesung = std::shared_ptr<const Gelesen>;
+    void dokumentPruefen();
+    void lesen(const Quelle &quelle);
+    void uebernehmen(const Lesung &gelesen);
+    void partnerUebernehmen(const Lesung &gelesen, const Unterschiede &unterschiede);
+    void belegeRechnen();
+    void partnerPruefen();
+    void vorauslesen();
+    [[nodiscard]] std::optional<Quelle> quelleVon(const Dokument *dokument) const;
+
+    Pruefung *m_pruefung;
+    Profilwahl *m_profilwahl;
+    const Durchgang *m_durchgang;
+    Wortspeicher m_speicher;
+    std::optional<Quelle> m_quelle;
+    Lesung m_gelesen; ///< null while nothing is known
+    Belege m_belege;
+    Lesung m_partner; ///< the similar document, while it is shown
+    Unterschiede m_unterschiede;
+    Anfrage m_lesefrage;
+    Anfrage m_belegfrage;
+    Anfrage m_partnerfrage;
+    Anfrage m_vorausfrage;
+};
+} // namespace quillmar::zustand
