@@ -2,6 +2,7 @@
 
 #include "abbruch.h"
 #include "bilderordner.h"
+#include "dateibewegung.h"
 #include "dateien.h"
 #include "dubletten.h"
 #include "fehler.h"
@@ -11,12 +12,14 @@
 #include "originale.h"
 #include "paare.h"
 #include "pfade.h"
+#include "sha256.h"
 #include "skizze.h"
 #include "sprache.h"
 #include "stapel.h"
 #include "text.h"
 #include "texte.h"
 #include "werkzeuge.h"
+#include "wiedererkennung.h"
 
 #include <QDir>
 #include <algorithm>
@@ -39,32 +42,50 @@ struct Gelesen {
     qint64 id = 0;
     Texte::Gelesenes gelesenes;
     QString fehler;        ///< empty when it was read
-    bool abwesend = false; ///< its file was not there
+    bool abwesend = false; ///< its file was not there, or another one
 };
+
+/** The inventory may be hours ago: another file may lie there by now, for a while, and its text is another document's.
+ */
+bool istUnveraendert(Datenbank &db, qint64 id, const QString &pfad)
+{
+    const auto stand = Dateien(db).stand(id);
+    const auto jetzt = Dateibewegung::angabenVon(pfad);
+    if (!stand || !jetzt)
+        return false;
+    return Wiedererkennung::vergleich(*stand, jetzt->groesse, jetzt->zeit) == Wiedererkennung::Vergleich::Dieselbe ||
+           sha256Datei(aufDerPlatte(pfad)) == stand->sha256;
+}
+
+Texte::Gelesenes auswerten(const Werkzeuge::Text &text, const Profil &profil)
+{
+    const Skizze skizze(text.text);
+    return {.text = ersteZeichen(text.text, Textleser::textgrenze(profil)),
+            .textebene = text.textebene,
+            .textHash = skizze.textHash(),
+            .skizze = Skizze::json(skizze.werte()),
+            .ebeneVerworfen = text.ebeneVerworfen,
+            .lagen = text.lagen};
+}
 
 Gelesen lesen(const Lauf &lauf, qint64 id, const QString &pfad, const Lesegrenzen &grenzen)
 {
     const Profil &profil = lauf.profil();
+    Gelesen gelesen;
+    gelesen.id = id;
+    const bool erwartet = istUnveraendert(lauf.db(), id, pfad);
     try {
         const Werkzeuge::Text text = Werkzeuge::text(pfad, profil.seiten, profil.ocrSprache, lauf.ende(), grenzen);
-        const Skizze skizze(text.text);
-        return {.id = id,
-                .gelesenes = {.text = ersteZeichen(text.text, Textleser::textgrenze(profil)),
-                              .textebene = text.textebene,
-                              .textHash = skizze.textHash(),
-                              .skizze = Skizze::json(skizze.werte()),
-                              .ebeneVerworfen = text.ebeneVerworfen,
-                              .lagen = text.lagen},
-                .fehler = {}};
+        gelesen.gelesenes = auswerten(text, profil);
     } catch (const Platzmangel &) {
         throw; // nothing to be noted of the document
     } catch (const Fehler &f) {
-        Gelesen gelesen;
-        gelesen.id = id;
         gelesen.fehler = Fehlertext::lesen(f.text());
-        gelesen.abwesend = !istVorhanden(pfad);
-        return gelesen;
     }
+    gelesen.abwesend = !erwartet || !istUnveraendert(lauf.db(), id, pfad);
+    if (gelesen.abwesend && gelesen.fehler.isEmpty())
+        gelesen.fehler = Fehlertext::lesen(Sprache::text(u"die Datei ist nicht mehr dieselbe"_s));
+    return gelesen;
 }
 
 void schreiben(Datenbank &db, QList<Gelesen> &fertige)

@@ -798,6 +798,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"der Name ist zu lang",
     u"die Datei ist beschädigt",
     u"die Datei ist leer",
+    u"die Datei ist nicht mehr dieselbe",
     u"die Datei ist zu groß für diesen Datenträger",
     u"die Kopie stimmt nicht mit dem Original überein",
     u"eigene Namen fehlen noch",

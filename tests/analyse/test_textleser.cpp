@@ -72,6 +72,13 @@ class TestTextleser : public QObject
         return meldungen;
     }
 
+    void aufnehmen() const
+    {
+        Lauf lauf(
+            m_db, m_profil, [] { return false; }, {}, [](const Laufstand &) {});
+        Bestand::aufnehmen(lauf);
+    }
+
 private Q_SLOTS:
     void init()
     {
@@ -162,12 +169,48 @@ private Q_SLOTS:
         lesen();
         m_db->ausfuehren(u"UPDATE dokumente SET status='bereit', vorschlag='x'"_s);
         QVERIFY(QFile::rename(pfad + u".weg"_s, pfad));
-        Lauf lauf(
-            m_db, m_profil, [] { return false; }, {}, [](const Laufstand &) {});
-        Bestand::aufnehmen(lauf);
+        aufnehmen();
         QCOMPARE(zeile(id).text(u"status"), u"neu"_s);
         lesen();
         QVERIFY(zeile(id).text(u"text").startsWith(u"Zeile0"_s) && zeile(id).text(u"fehler").isEmpty());
+    }
+
+    /** What lies under a document's name while it is read must be what the inventory has seen there. */
+    void anderesUnterSeinemNamen_data()
+    {
+        QTest::addColumn<QByteArray>("anderes");
+        QTest::addColumn<bool>("zurueck");
+        const QByteArray brief =
+            vorfuehrung::pdf({{.inhalt = vorfuehrung::seitenSatz(::brief(500, 90)), .jpeg = {}, .bildgroesse = {}}});
+        QTest::newRow("another document, for a while") << brief << true;
+        QTest::newRow("half of one, for a while") << brief.left(brief.size() / 2) << true;
+        QTest::newRow("another document, for good") << brief << false;
+        QTest::newRow("half of one, for good") << brief.left(brief.size() / 2) << false;
+    }
+    void anderesUnterSeinemNamen()
+    {
+        QFETCH(const QByteArray, anderes);
+        QFETCH(const bool, zurueck);
+        const qint64 id = dokument(u"a.pdf"_s, brief(0, 50));
+        const qint64 doppelt = dokument(u"b.pdf"_s, brief(500, 90)); // what a.pdf is meanwhile
+        const QString pfad = m_profil.quelle + u"/a.pdf"_s;
+        aufnehmen();
+        QVERIFY(QFile::rename(pfad, pfad + u".weg"_s));
+        QFile fremde(pfad);
+        QVERIFY(fremde.open(QIODevice::WriteOnly) && fremde.write(anderes) == anderes.size());
+        fremde.close();
+        lesen();
+        QVERIFY(zeile(id).text(u"fehler").startsWith(u"Lesen nicht möglich"_s));
+        QCOMPARE(zeile(id).text(u"text"), QString());
+        m_db->ausfuehren(u"UPDATE dokumente SET status='bereit', vorschlag='x' WHERE status='neu'"_s);
+        if (zurueck)
+            QVERIFY(QFile::remove(pfad) && QFile::rename(pfad + u".weg"_s, pfad));
+        aufnehmen();
+        lesen();
+        QCOMPARE(zeile(id).text(u"text").startsWith(u"Zeile0 "_s), zurueck);
+        QCOMPARE(zeile(id).text(u"status"), zurueck ? u"neu"_s : u"fehlt"_s);
+        QCOMPARE(zeile(doppelt).text(u"status"), u"bereit"_s);
+        QVERIFY(zurueck || m_db->abfragen(u"SELECT 1 FROM dokumente WHERE pfad=? AND id>?"_s, {pfad, id}).size() == 1);
     }
 
     void unlesbareHaltenNichtAuf()
