@@ -214,6 +214,13 @@ private:
     Bestand::Ergebnis m_ergebnis;
 };
 
+/** A document that has given up its path to another file has none at all, unless it was copied. */
+bool hatOrtAusserhalb(const Dateien &dateien, qint64 id, const QString &quelle)
+{
+    const QStringList orte = dateien.orte(id);
+    return std::any_of(orte.begin(), orte.end(), [&](const QString &ort) { return !liegtUnter(ort, quelle); });
+}
+
 /**
  * Marked duplicates whose file is there while their original is not any more: documents of their own again. While the
  * target folder cannot be reached, the originals in it are taken to be there.
@@ -226,7 +233,7 @@ void verwaisteDublettenFreigeben(Lauf &lauf)
     for (const Dateien::Dublette &d : dateien.dubletten()) {
         if (lauf.sollHalten())
             return;
-        const bool ungewiss = !zielDa && !liegtUnter(d.originalPfad, profil.quelle);
+        const bool ungewiss = !zielDa && hatOrtAusserhalb(dateien, d.original, profil.quelle);
         const bool hatOriginal =
             d.bekannt && !d.anders && (ungewiss || !Originale::orte(lauf.db(), d.original).isEmpty());
         if (!hatOriginal && istVorhanden(d.pfad))

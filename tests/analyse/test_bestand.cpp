@@ -241,6 +241,37 @@ private Q_SLOTS:
         QCOMPARE(stand(*db), danach);
     }
 
+    /** While the target folder is away, an original that may lie in it counts as there; one that was replaced does not.
+     */
+    void dublettenOhneZielordner_data()
+    {
+        QTest::addColumn<QString>("pfad");
+        QTest::addColumn<QString>("kopie");
+        QTest::addColumn<QString>("danach");
+        QTest::newRow("filed") << u"/weg/a.pdf"_s << QString() << u"dublette"_s;
+        QTest::newRow("copied") << QString() << u"/weg/a.pdf"_s << u"dublette"_s;
+        QTest::newRow("gone from the source") << u"quelle"_s << QString() << u"neu"_s;
+        QTest::newRow("replaced by another file") << QString() << QString() << u"neu"_s;
+    }
+    void dublettenOhneZielordner()
+    {
+        QFETCH(QString, pfad);
+        QFETCH(const QString, kopie);
+        QFETCH(const QString, danach);
+        m_profil.zielWurzel = u"/weg"_s;
+        if (pfad == u"quelle"_s)
+            pfad = m_profil.quelle + u"/a.pdf"_s;
+        datei("b.pdf", "doppelt");
+        const auto db = aufgenommen();
+        db->ausfuehren(u"INSERT INTO dokumente (id, pfad, status) VALUES (9,?,'fehlt')"_s,
+                       {pfad.isEmpty() ? QVariant() : QVariant(pfad)});
+        db->ausfuehren(u"UPDATE dokumente SET status='dublette', dublette_von=9, aehnlichkeit=0.99 WHERE id<9"_s);
+        if (!kopie.isEmpty())
+            db->ausfuehren(u"INSERT INTO protokoll (dokument_id, nach_pfad, kopiert) VALUES (9,?,1)"_s, {kopie});
+        aufgenommen();
+        QCOMPARE(db->abfragen(u"SELECT status FROM dokumente WHERE id<9"_s).first().text(u"status"), danach);
+    }
+
     /** Nothing is read again only because the catalogue is of an earlier version. */
     void alterKatalogGiltWieErSteht()
     {
