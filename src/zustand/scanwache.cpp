@@ -130,7 +130,8 @@ void Scanwache::schauen()
     m_blick.stellen([profil = *m_nachbarn.profilwahl->aktiv(), db = m_nachbarn.profilwahl->offenes()->db()](
                         const std::stop_token &ende) { return umsehen(profil, db, ende); },
                     [this](const Ausgang<std::optional<Fund>> &ausgang) {
-                        gefunden(ausgang.wert.value_or(std::nullopt));
+                        if (ausgang.wert) // else the catalogue cannot tell just now
+                            gefunden(*ausgang.wert);
                         Q_EMIT umgesehen();
                     });
 }
@@ -153,12 +154,19 @@ std::optional<Scanwache::Fund> Scanwache::umsehen(const Profil &profil, const st
     return fund;
 }
 
+/** Of a folder that is away: a run that has begun with what lay there has not taken it in. */
+void Scanwache::vergessen()
+{
+    m_neuzugang.gesehen({}, m_uhr());
+    setzeStand({.an = true});
+}
+
 void Scanwache::gefunden(const std::optional<Fund> &fund)
 {
     const auto dauer = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - m_blickbeginn);
     m_bald.setInterval(std::clamp(dauer * pausenmass, kuerzestePause, laengstePause));
     if (!fund)
-        return;
+        return vergessen();
     m_wache.beobachten(fund->ordner);
     m_neuzugang.gesehen(fund->neue, m_uhr());
     entscheiden();

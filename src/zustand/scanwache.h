@@ -66,6 +66,7 @@ private:
                                                      const std::stop_token &ende);
     void wechseln();
     void bald();
+    void vergessen();
     void gefunden(const std::optional<Fund> &fund);
     void entscheiden();
     void begonnen();

@@ -168,6 +168,34 @@ private Q_SLOTS:
     }
 
     // Another program is at work in the catalogue: nothing is said, and nothing is lost.
+    /** The folder goes when the run has been decided on, and comes back. */
+    void derOrdnerIstEinmalWeg()
+    {
+        serverStarten();
+        oeffnen();
+        umsehen();
+        scannen(u"a.pdf"_s);
+        umsehen();
+        const QString ordner = m_b->profil.quelle;
+        connect(
+            &wache(), &Scanwache::umgesehen, this, [ordner] { QVERIFY(QDir().rename(ordner, ordner + u".weg"_s)); },
+            Qt::SingleShotConnection);
+        m_jetzt += 10s;
+        wache().schauen();
+        QTRY_COMPARE(m_begonnen->size(), 1);
+        QTRY_VERIFY(!m_z->durchgang()->laeuft());
+        umsehen();
+        QCOMPARE(wartende(), 0);
+        QVERIFY(QDir().rename(ordner + u".weg"_s, ordner));
+        umsehen();
+        QCOMPARE(wartende(), 1);
+        m_jetzt += 10s;
+        wache().schauen();
+        QTRY_COMPARE(m_begonnen->size(), 2);
+        QTRY_COMPARE(dokumente(), QStringList{u"a.pdf"_s});
+        QTRY_VERIFY(!m_z->durchgang()->laeuft());
+    }
+
     void nebenAnderenProgrammenNicht()
     {
         serverStarten();
