@@ -28,6 +28,18 @@ QWidget *klotz(int breite, int hoehe = 10)
     return teil;
 }
 
+/** Counts how often a part is painted. */
+class Malzaehler : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *ereignis) override
+    {
+        anzahl += ereignis->type() == QEvent::Paint;
+        return false;
+    }
+    int anzahl = 0;
+};
+
 /** Counts what a view asks for. */
 class Zaehlmodell : public QAbstractListModel
 {
@@ -417,6 +429,22 @@ private Q_SLOTS:
              QList<std::pair<double, int>>{{-1, 0}, {0, 0}, {0.5, 500}, {1, 1000}, {7, 1000}}) {
             setzeAnteil(b.get(), anteil);
             QCOMPARE(b->value(), wert);
+        }
+    }
+
+    // Of a bar as short as that of the status line a step of few points is to be seen as well.
+    void balkenZeigtKleineSchritte()
+    {
+        const std::unique_ptr<QProgressBar> b(balken(u"b"_s, 120));
+        Malzaehler zaehler;
+        b->installEventFilter(&zaehler);
+        b->show();
+        QVERIFY(QTest::qWaitForWindowExposed(b.get()));
+        QTRY_VERIFY(zaehler.anzahl > 0);
+        for (const double anteil : {0.03, 0.06, 0.07}) {
+            const int bisher = zaehler.anzahl;
+            setzeAnteil(b.get(), anteil);
+            QTRY_VERIFY(zaehler.anzahl > bisher);
         }
     }
 };

@@ -144,6 +144,8 @@ int Quillmarstil::pixelMetric(PixelMetric mass, const QStyleOption *option, cons
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
         return Stil::mass(6);
+    case PM_ProgressBarChunkWidth:
+        return 1; // smaller steps are not painted
     default:
         return QProxyStyle::pixelMetric(mass, option, teil);
     }
