@@ -27,6 +27,14 @@ void Meldestelle::anhaengen(const QString &satz)
         melden(m_hinweis + QStringLiteral(", ") + satz, m_ton);
 }
 
+void Meldestelle::ersetzen(const QString &bisheriger, const QString &satz)
+{
+    if (bisheriger.isEmpty() || (m_hinweis != bisheriger && m_hinweis != Sprache::nachgesprochen(bisheriger)))
+        return;
+    m_hinweis = satz;
+    Q_EMIT hinweisGeaendert();
+}
+
 void Meldestelle::berichten(const QString &geschehen, const QString &hinweis, Ton ton, bool hinweisZuerst)
 {
     m_geschehen = geschehen;

@@ -27,6 +27,8 @@ public:
     void melden(const QString &hinweis, Ton ton = Ton::Warnung);
     /** Says @p satz behind what is said already, which weighs more; nothing if it is said. */
     void anhaengen(const QString &satz);
+    /** Says @p satz in place of @p bisheriger, also where the language was changed since; nothing if that is gone. */
+    void ersetzen(const QString &bisheriger, const QString &satz);
     /** A deed and what is to be said of it; @p hinweisZuerst: that weighs more than the deed. */
     void berichten(const QString &geschehen, const QString &hinweis, Ton ton, bool hinweisZuerst = true);
     /** The last deed is nothing to speak of any more; the notice stays. */

@@ -65,7 +65,7 @@ Scanwache::Scanwache(const Nachbarn &nachbarn) : m_nachbarn(nachbarn), m_wache(t
     connect(m_nachbarn.profilwahl, &Profilwahl::gewechselt, this, [this] { setzeStand({}); });
     connect(m_nachbarn.profilwahl, &Profilwahl::eingetreten, this, &Scanwache::wechseln);
     connect(m_nachbarn.profilwahl, &Profilwahl::einstellungenGeaendert, this, &Scanwache::bald);
-    connect(m_nachbarn.durchgang, &Durchgang::laufBeendet, this, &Scanwache::bald);
+    connect(m_nachbarn.durchgang, &Durchgang::laufBeendet, this, &Scanwache::beendet);
     connect(m_nachbarn.durchgang, &Durchgang::vonSelbstBegonnen, this, &Scanwache::begonnen);
     connect(m_nachbarn.durchgang, &Durchgang::vonSelbstVerhindert, this, &Scanwache::verhindert);
     connect(m_nachbarn.sitzungen, &Sitzungen::zurueckgeholt, this,
@@ -88,6 +88,7 @@ void Scanwache::wechseln()
     m_blick.verwerfen();
     m_neuzugang = {};
     m_gesagt = false;
+    m_einlesesatz.clear();
     const Profil *profil = m_nachbarn.profilwahl->offen() ? m_nachbarn.profilwahl->aktiv() : nullptr;
     setzeStand({.an = profil && Einstellungen::wert(schluessel(*profil), false).toBool()});
     if (!m_stand.an) {
@@ -191,10 +192,23 @@ void Scanwache::begonnen()
     m_neuzugang.aufgenommen();
     m_gesagt = false;
     setzeStand({.an = m_stand.an});
-    m_nachbarn.meldestelle->melden(gefuellt(Sprache::text(anzahl, u"%@ neuer Scan ist da und wird eingelesen"_s,
-                                                          u"%@ neue Scans sind da und werden eingelesen"_s),
-                                            {QString::number(anzahl)}),
-                                   Meldestelle::Ton::Ruhig);
+    m_eingelesene = anzahl;
+    m_einlesesatz = gefuellt(Sprache::text(anzahl, u"%@ neuer Scan ist da und wird eingelesen"_s,
+                                           u"%@ neue Scans sind da und werden eingelesen"_s),
+                             {QString::number(anzahl)});
+    m_nachbarn.meldestelle->melden(m_einlesesatz, Meldestelle::Ton::Ruhig);
+}
+
+/** A notice that is still to be seen does not go on telling of a run that is over. */
+void Scanwache::beendet()
+{
+    const qsizetype anzahl = std::exchange(m_eingelesene, 0);
+    const QString satz =
+        gefuellt(Sprache::text(anzahl, u"%@ neuer Scan ist eingelesen"_s, u"%@ neue Scans sind eingelesen"_s),
+                 {QString::number(anzahl)});
+    const bool fertig = m_nachbarn.durchgang->laufende().abgeschlossen;
+    m_nachbarn.meldestelle->ersetzen(std::exchange(m_einlesesatz, {}), fertig ? satz : QString());
+    bald();
 }
 
 /** Said once; tried again with every look. */

@@ -70,6 +70,7 @@ private:
     void gefunden(const std::optional<Fund> &fund);
     void entscheiden();
     void begonnen();
+    void beendet();
     void verhindert(bool ohneModell);
     void setzeStand(const Scanstand &stand);
     [[nodiscard]] bool beschaeftigt() const;
@@ -84,6 +85,8 @@ private:
     QTimer m_ruhefrist; ///< until what came may have lain long enough
     Uhr m_uhr = &std::chrono::steady_clock::now;
     std::chrono::steady_clock::time_point m_blickbeginn;
-    bool m_gesagt = false; ///< that no model can be asked
+    bool m_gesagt = false;       ///< that no model can be asked
+    qsizetype m_eingelesene = 0; ///< in the run that goes on
+    QString m_einlesesatz;       ///< what was said of it
 };
 } // namespace quillmar::zustand

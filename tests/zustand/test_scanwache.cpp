@@ -112,6 +112,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_z->durchgang()->laeuft());
         QCOMPARE(dokumente(), (QStringList{u"a.pdf"_s, u"b.PDF"_s}));
         QTRY_COMPARE(m_z->pruefung()->zaehlwerk().bereit, 2); // nobody has pressed anything
+        QTRY_COMPARE(m_z->meldestelle()->hinweis(), u"2 neue Scans sind eingelesen"_s);
         spaeter(60s);
         QCOMPARE(wartende(), 0);
         scannen(u"a.pdf"_s, Kleinespdf::brav(2)); // the scanner uses the name again
