@@ -335,6 +335,14 @@ private Q_SLOTS:
         QVERIFY(angaben().ort == vorher);
         tippen("gegenueber", u"cafe ro"_s); // accents need not be typed
         QTRY_VERIFY(QApplication::activePopupWidget());
+        // A name of one's own stays what it is: no row was gone to.
+        tippen("gegenueber", u"stadtwerke mei"_s);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        plattformtaste(Qt::Key_Return);
+        QTRY_VERIFY(!QApplication::activePopupWidget());
+        QCOMPARE(angaben().gegenueber, u"stadtwerke mei"_s);
+        QVERIFY(angaben().ort == vorher);
+        QVERIFY(m_b->lesen(id).status == Status::Bereit);
         tippen("gegenueber", u"stadtwerke mei"_s);
         QTRY_VERIFY(QApplication::activePopupWidget());
         plattformtaste(Qt::Key_Down);
@@ -345,7 +353,7 @@ private Q_SLOTS:
         // Another one brings its own place along, but not in the stead of what the reviewer has chosen.
         tippen("gegenueber", u"meister"_s);
         plattformtaste(Qt::Key_Down);
-        plattformtaste(Qt::Key_Return);
+        plattformtaste(Qt::Key_Tab);
         QTRY_COMPARE(angaben().ort.rubrik, u"Spenden"_s);
         m_z->pruefung()->setzeFeld(Feld::Zweig, u"Haushalt"_s);
         tippen("gegenueber", u"stadtwerke mei"_s);

@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -32,6 +33,7 @@ Bekanntenliste::Bekanntenliste(Pruefung *pruefung, QLineEdit *feld)
     m_liste->setMaxVisibleItems(int(hoechstens));
     // Not the field's own completer: that one would write into it whatever row is passed over.
     m_liste->setWidget(feld);
+    zeilen->installEventFilter(this); // after the completer's own, so that it comes first
     connect(feld, &QLineEdit::textEdited, this, &Bekanntenliste::anbieten);
     connect(m_liste, qOverload<const QModelIndex &>(&QCompleter::activated), this, &Bekanntenliste::waehlen);
     connect(pruefung, &Pruefung::bekannteGelesen, this, [this] {
@@ -41,6 +43,14 @@ Bekanntenliste::Bekanntenliste(Pruefung *pruefung, QLineEdit *feld)
 }
 
 void Bekanntenliste::schliessen() { m_liste->popup()->hide(); }
+
+/** Tab takes the row along that one has gone to, as it does in other choices. */
+bool Bekanntenliste::eventFilter(QObject *ziel, QEvent *ereignis)
+{
+    if (ereignis->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(ereignis)->key() == Qt::Key_Tab)
+        waehlen(m_liste->popup()->currentIndex());
+    return QObject::eventFilter(ziel, ereignis);
+}
 
 void Bekanntenliste::anbieten()
 {
@@ -56,6 +66,8 @@ void Bekanntenliste::anbieten()
     if (zeilen.isEmpty())
         return schliessen();
     m_liste->complete();
+    // No row is chosen unless one was gone to: who types a name of his own and presses Return means that one.
+    m_liste->popup()->setCurrentIndex({});
 }
 
 void Bekanntenliste::waehlen(const QModelIndex &zeile)

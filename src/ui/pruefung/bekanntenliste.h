@@ -19,6 +19,8 @@ public:
     Bekanntenliste(Pruefung *pruefung, QLineEdit *feld);
     void schliessen();
 
+    bool eventFilter(QObject *ziel, QEvent *ereignis) override;
+
 private:
     void anbieten();
     void waehlen(const QModelIndex &zeile);
