@@ -13,6 +13,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDir>
+#include <QHash>
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
@@ -256,6 +257,45 @@ private Q_SLOTS:
         klicken("allesVergessenJa");
         QTRY_VERIFY(stand == Lernstand());
         QCOMPARE(fokus(), u"abschnitte"_s);
+    }
+
+    /** What was chosen from leaves no gaps behind, and no list cut off. */
+    void nachDerAuswahlLiegtAllesWieVorher()
+    {
+        const QString ordner = m_b->ziel(u"Haushalt/Jahresablage/2024/Strom"_s);
+        QDir().mkpath(ordner);
+        for (int n = 0; n < 12; ++n) {
+            const QString name = u"Werk "_s + QChar(u'A' + n);
+            QVERIFY(QFile(ordner + u"/2024-01-31 %1 - Brief.pdf"_s.arg(name)).open(QIODevice::WriteOnly));
+            m_b->sql(u"INSERT INTO gelernt VALUES (?,?,'Haushalt','Jahresablage','Wasser',3,'')"_s,
+                     {name.toLower(), name});
+        }
+        oeffnen();
+        m_fenster->resize(1200, 620); // the section scrolls, and its sentences wrap
+        m_z->setzeReiter(Reiter::Einrichtung);
+        m_z->einrichtung()->setzeAbschnitt(Abschnitt::Gelernt);
+        const auto lagen = [this] {
+            QHash<QWidget *, QRect> alle;
+            for (auto *zeile :
+                 teil<QWidget>("abschnitt-gelernt")->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+                if (zeile->isVisible())
+                    alle.insert(zeile, zeile->geometry());
+            }
+            return alle;
+        };
+        const auto volleZeilen = [this] {
+            const auto *liste = teil<QListView>("gelernt");
+            return liste->height() == 8 * liste->sizeHintForRow(0);
+        };
+        QTRY_VERIFY(volleZeilen());
+        mitTabZu("ausAblageLernen");
+        QCoreApplication::processEvents();
+        const auto vorher = lagen();
+        druecken(Qt::Key_Space);
+        QTRY_COMPARE(fokus(), u"fund"_s);
+        QTRY_VERIFY(volleZeilen());
+        druecken(Qt::Key_Escape);
+        QTRY_VERIFY(lagen() == vorher);
     }
 
     /** From the button to what was learned and back, by keys alone; the focus is always where one goes on. */

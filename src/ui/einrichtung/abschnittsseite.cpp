@@ -21,6 +21,7 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QToolButton>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +47,25 @@ public:
     [[nodiscard]] QSize sizeHint() const override { return layout()->sizeHint(); }
 };
 
+/**
+ * A form that reckons its rows anew whenever it becomes larger or smaller. Qt's own does so only when something in it
+ * has changed, and else takes heights of other widths: what wraps then takes space from the lists.
+ */
+class Formular : public QFormLayout
+{
+public:
+    using QFormLayout::QFormLayout;
+    void setGeometry(const QRect &flaeche) override
+    {
+        if (std::exchange(m_groesse, flaeche.size()) != flaeche.size())
+            invalidate();
+        QFormLayout::setGeometry(flaeche);
+    }
+
+private:
+    QSize m_groesse;
+};
+
 QString sichtbareHilfe(const Abschnittszeile &z)
 {
     const bool immer = z.zeichen > 0 || std::holds_alternative<Feld::Zeilen>(z.feld) ||
@@ -69,7 +89,7 @@ Symbol symbol(Befund::Marke marke)
 
 Abschnittsseite::Abschnittsseite(Zustand *zustand, Abschnitt abschnitt, const QList<Abschnittszeile> &zeilen,
                                  QWidget *eltern)
-    : QWidget(eltern), m_zustand(zustand), m_form(new QFormLayout(this))
+    : QWidget(eltern), m_zustand(zustand), m_form(new Formular(this))
 {
     setObjectName(u"abschnitt-"_s + rohwert(abschnitt));
     m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
