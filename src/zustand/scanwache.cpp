@@ -64,6 +64,7 @@ Scanwache::Scanwache(const Nachbarn &nachbarn) : m_nachbarn(nachbarn), m_wache(t
     connect(&m_wache, &Ordnerwache::geaendert, this, &Scanwache::bald);
     connect(m_nachbarn.profilwahl, &Profilwahl::gewechselt, this, [this] { setzeStand({}); });
     connect(m_nachbarn.profilwahl, &Profilwahl::eingetreten, this, &Scanwache::wechseln);
+    connect(m_nachbarn.profilwahl, &Profilwahl::bereitschaftGeaendert, this, &Scanwache::bald);
     connect(m_nachbarn.profilwahl, &Profilwahl::einstellungenGeaendert, this, &Scanwache::bald);
     connect(m_nachbarn.durchgang, &Durchgang::laufBeendet, this, &Scanwache::beendet);
     connect(m_nachbarn.durchgang, &Durchgang::vonSelbstBegonnen, this, &Scanwache::begonnen);
@@ -181,6 +182,8 @@ void Scanwache::entscheiden()
     if (m_neuzugang.istSoweit(jetzt)) {
         if (m_nachbarn.profilwahl->bereitZumStart())
             m_nachbarn.durchgang->vonSelbstErbitten();
+        else
+            m_nachbarn.profilwahl->bereitschaftPruefen(); // a folder may be back that was away
     } else if (const auto naechster = m_neuzugang.naechsterBlick()) {
         m_ruhefrist.start(std::chrono::ceil<std::chrono::milliseconds>(std::max(*naechster - jetzt, 0ns)));
     }

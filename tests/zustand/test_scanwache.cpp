@@ -314,6 +314,23 @@ private Q_SLOTS:
         QVERIFY(!wache().stand().an);
     }
 
+    // A drive was away when somebody looked; once it is back nobody has to look again.
+    void derOrdnerKommtZurueck()
+    {
+        serverStarten();
+        oeffnen();
+        const QString weg = m_b->profil.quelle + u"-weg"_s;
+        QVERIFY(QDir().rename(m_b->profil.quelle, weg));
+        m_z->profilwahl()->bereitschaftPruefen();
+        QTRY_VERIFY(!m_z->profilwahl()->bereitZumStart());
+        QVERIFY(QDir().rename(weg, m_b->profil.quelle));
+        scannen(u"a.pdf"_s);
+        umsehen();
+        m_jetzt += 10s;
+        wache().schauen();
+        QTRY_COMPARE(m_begonnen->size(), 1);
+    }
+
     // The system tells: also of a folder that was made while it was watching.
     void derOrdnerWirdBewacht()
     {
