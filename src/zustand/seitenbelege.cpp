@@ -294,11 +294,13 @@ QString Seitenbelege::gewaehlt(Feld feld, const Feldangebot &angebot) const
 
 void Seitenbelege::partnerPruefen()
 {
-    const auto quelle = m_pruefung->partnerZeigen() ? quelleVon(m_pruefung->aehnliches()) : std::nullopt;
+    const auto quelle = quelleVon(m_pruefung->aehnliches());
     if (!quelle || !m_gelesen) {
         m_partnerfrage.verwerfen();
         return partnerUebernehmen(nullptr, {});
     }
+    if (!m_pruefung->partnerZeigen() || quelle->pfad == partnerPfad())
+        return;
     using Vergleich = std::pair<Lesung, Unterschiede>;
     m_partnerfrage.stellen(
         [quelle = *quelle, gelesen = m_gelesen, speicher = m_speicher](const std::stop_token &ende) {

@@ -59,7 +59,7 @@ public:
     /** The same when the offered @p angebot is chosen. */
     [[nodiscard]] QString gewaehlt(Feld feld, const Feldangebot &angebot) const;
 
-    /** The similar document's words, while it is shown; as pfad() and worte(). */
+    /** The similar document's words, once it was looked at; as pfad() and worte(). */
     [[nodiscard]] QString partnerPfad() const;
     [[nodiscard]] QList<Seitenworte> partnerWorte() const;
     /** Words that only one of the two has, for the document under review or the similar one. */
@@ -95,7 +95,7 @@ private:
     std::optional<Quelle> m_quelle;
     Lesung m_gelesen; ///< null while nothing is known
     Belege m_belege;
-    Lesung m_partner; ///< the similar document, while it is shown
+    Lesung m_partner; ///< the similar document, once it was looked at
     Unterschiede m_unterschiede;
     Anfrage m_lesefrage;
     Anfrage m_belegfrage;

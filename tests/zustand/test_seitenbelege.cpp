@@ -1,0 +1,137 @@
+#include "dokumente.h"
+#include "pruefung.h"
+#include "satz.h"
+#include "scan.h"
+#include "seitenbelege.h"
+#include "zustandsprobe.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace quillmar::zustand;
+
+namespace
+{
+QByteArray brief(const QString &nummer)
+{
+    vorfuehrung::Seite seite;
+    seite.inhalt = vorfuehrung::seitenSatz({u"# Stadtwerke Meißen GmbH"_s, u""_s, u"Meißen, 31.01.2024"_s, u""_s,
+                                            u"* Rechnung Nr. "_s + nummer, u"Sehr geehrte Frau Muster,"_s,
+                                            u"wir berechnen Ihnen den Strom, zahlbar bis 14.02.2024."_s});
+    return vorfuehrung::pdf({seite});
+}
+} // namespace
+
+class TestSeitenbelege : public Zustandsprobe
+{
+    Q_OBJECT
+
+    [[nodiscard]] Seitenbelege *belege() const { return m_z->seitenbelege(); }
+    qint64 wartet(const QString &name, const QByteArray &pdf, bool textebene = true)
+    {
+        return m_b->dokument(
+            name,
+            [&](Dokument &d) {
+                d.hatTextebene = textebene;
+                d.angaben.datum = u"2024-01-31"_s;
+                d.angaben.gegenueber = u"Stadtwerke Meißen"_s;
+                d.angaben.titel = u"Rechnung 4711"_s;
+            },
+            pdf);
+    }
+    [[nodiscard]] int stellen(Feld feld) const
+    {
+        const auto marken = belege()->marken();
+        return int(std::count_if(marken.begin(), marken.end(), [&](const Seitenmarke &m) { return m.feld == feld; }));
+    }
+
+private Q_SLOTS:
+    void werteUndAngebote()
+    {
+        wartet(u"a.pdf"_s, brief(u"4711"_s));
+        beginnen();
+        QTRY_COMPARE(belege()->pfad(), m_b->quelle(u"a.pdf"_s));
+        QTRY_COMPARE(belege()->marken().size(), 3);
+        QVERIFY(belege()->fehlende().isEmpty());
+        const Seitenmarke datum = belege()->marken().first();
+        QCOMPARE(datum.feld, Feld::Datum);
+        QCOMPARE(datum.orte.size(), 1);
+        QVERIFY(QRectF(0, 0, 1, 1).contains(datum.orte.first()));
+
+        // What is typed is looked for at once.
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"Rechnung 4712"_s);
+        m_z->pruefung()->setzeFeld(Feld::Datum, u"2024-02-01"_s);
+        QTRY_COMPARE(belege()->fehlende(), (QList<Feld>{Feld::Datum, Feld::Titel}));
+        QCOMPARE(stellen(Feld::Datum), 0);
+
+        const auto daten = belege()->angebote(Feld::Datum);
+        QCOMPARE(daten.size(), 2);
+        QCOMPARE(daten.first().wert, u"2024-01-31"_s);
+        const auto titel = belege()->angebote(Feld::Titel);
+        QCOMPARE(titel.last().wert, u"4711"_s);
+        QCOMPARE(belege()->gewaehlt(Feld::Titel, titel.last()), u"Rechnung 4711"_s);
+        QCOMPARE(belege()->angebote(Feld::Gegenueber).first().wert, u"Stadtwerke Meißen"_s);
+        QVERIFY(belege()->angebote(Feld::Zweig).isEmpty());
+        QCOMPARE(belege()->uebernommen(Feld::Datum, u"14.02.2024."_s), u"2024-02-14"_s);
+        QCOMPARE(belege()->uebernommen(Feld::Gegenueber, u"Meißen GmbH"_s), u"Meißen"_s);
+    }
+
+    void einAnderesDokument()
+    {
+        const qint64 a = wartet(u"a.pdf"_s, brief(u"4711"_s));
+        wartet(u"b.pdf"_s, brief(u"17"_s));
+        wartet(u"c.pdf"_s, "no PDF");
+        beginnen();
+        QTRY_COMPARE(belege()->marken().size(), 3);
+        m_b->sql(u"UPDATE dokumente SET status='dublette' WHERE id=?"_s, {a});
+        m_z->pruefung()->aktualisieren();
+        QTRY_COMPARE(belege()->pfad(), m_b->quelle(u"b.pdf"_s));
+        QTRY_COMPARE(belege()->fehlende(), QList<Feld>{Feld::Titel});
+        // What cannot be read has no words, and nothing is said to be missing.
+        m_b->sql(u"UPDATE dokumente SET status='dublette' WHERE dateiname='b.pdf'"_s);
+        m_z->pruefung()->aktualisieren();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        QTRY_VERIFY(belege()->pfad().isEmpty() && belege()->marken().isEmpty());
+        QVERIFY(belege()->fehlende().isEmpty());
+    }
+
+    void wasSichUnterscheidet()
+    {
+        const qint64 a = wartet(u"a.pdf"_s, brief(u"4711"_s));
+        const qint64 b = wartet(u"b.pdf"_s, brief(u"4712"_s));
+        m_b->sql(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=0.97 WHERE id=?"_s, {b, a});
+        m_b->sql(u"UPDATE dokumente SET status='erledigt' WHERE id=?"_s, {b});
+        beginnen();
+        QTRY_COMPARE(belege()->marken().size(), 3);
+        QVERIFY(belege()->unterschiede(false).isEmpty());
+        m_z->pruefung()->setzePartnerZeigen(true);
+        QTRY_COMPARE(belege()->partnerPfad(), m_b->quelle(u"b.pdf"_s));
+        QCOMPARE(belege()->unterschiede(true).size(), 1);
+        m_z->pruefung()->setzePartnerZeigen(false);
+        QCOMPARE(belege()->unterschiede(false).size(), 1); // once they are known, on both
+    }
+
+    // Pages that are only images: the words are recognised once, also of documents that are not on show yet.
+    void erkannteWorteWerdenGehalten()
+    {
+        const QByteArray inhalt = vorfuehrung::seitenSatz({u"# Rechnung 4711"_s});
+        vorfuehrung::Scanlage schief;
+        schief.neigung = 2;
+        const QByteArray bild = vorfuehrung::pdf({vorfuehrung::gescannt(inhalt, schief, 1)});
+        wartet(u"a.pdf"_s, brief(u"4711"_s));
+        wartet(u"b.pdf"_s, bild, false);
+        beginnen();
+        const QDir ordner(Wortspeicher::ueblicherOrdner());
+        QTRY_COMPARE_WITH_TIMEOUT(ordner.entryList({u"*.worte"_s}).size(), 1, 60000);
+        m_b->sql(u"UPDATE dokumente SET status='dublette' WHERE dateiname='a.pdf'"_s);
+        m_z->pruefung()->aktualisieren();
+        QTRY_COMPARE(belege()->pfad(), m_b->quelle(u"b.pdf"_s));
+        QTRY_COMPARE(stellen(Feld::Titel), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSeitenbelege)
+#include "test_seitenbelege.moc"
