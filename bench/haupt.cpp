@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr std::array<Reihe, 19> reihen = {{
+constexpr std::array<Reihe, 20> reihen = {{
     {"lesen", Reihen::lesen},
     {"portionen", Reihen::portionen},
     {"portionen-bekannte", Reihen::portionenBekannte},
@@ -26,6 +26,7 @@ constexpr std::array<Reihe, 19> reihen = {{
     {"rueckbau", Reihen::rueckbau},
     {"protokolle", Reihen::protokolle},
     {"ablagelesung", Reihen::ablagelesung},
+    {"fundstellen", Reihen::fundstellen},
 }};
 } // namespace
 

@@ -22,4 +22,5 @@ void datentraeger();
 void rueckbau();
 void protokolle();
 void ablagelesung();
+void fundstellen();
 } // namespace Reihen
