@@ -81,4 +81,18 @@ QColor Farben::unterlage(const QPalette &palette)
 {
     return aufFenster(Qt::black, palette, istDunkel(palette) ? 0.25 : 0.1);
 }
+
+// Blue, orange and green of a kind that are told apart in every form of colour blindness.
+Farben::Seitenfarben Farben::aufSeite(Seitenton ton, bool stark, const QPalette &palette)
+{
+    constexpr QRgb toene[] = {0x0072b2, 0xb45f06, 0x00795a, 0x9c3d7a, 0, 0x8a7000};
+    const bool fest = ton != Seitenton::Angebot && ton != Seitenton::Auswahl;
+    const QColor farbe = fest ? QColor::fromRgb(toene[int(ton)]) : akzent(palette);
+    // Yellow is dark as an edge, but must shine as a ground.
+    const QColor flaeche = ton == Seitenton::Treffer ? QColor(0xff, 0xd0, 0x00) : farbe;
+    const double anteil = ton == Seitenton::Treffer ? (stark ? 0.8 : 0.35) : (stark ? 0.34 : 0.15);
+    return {.grund = Farbrechnung::mischung(flaeche, Qt::white, anteil),
+            .kante = stark ? Farbrechnung::mitKontrast(farbe, Qt::white, 4.5)
+                           : Farbrechnung::mitKontrast(Farbrechnung::mischung(farbe, Qt::white, 0.7), Qt::white, 3)};
+}
 } // namespace quillmar::gestalt

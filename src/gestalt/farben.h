@@ -35,5 +35,14 @@ enum class Bedeutung { Warnung, Gut, Fehler };
 [[nodiscard]] QColor rille(const QPalette &palette);
 [[nodiscard]] QColor griff(const QPalette &palette);
 [[nodiscard]] QColor unterlage(const QPalette &palette);
+
+/** What passages of a page are: what the three fields say, what differs, what is offered, found or selected. */
+enum class Seitenton { Datum, Gegenueber, Titel, Unterschied, Angebot, Treffer, Auswahl };
+struct Seitenfarben {
+    QColor grund; ///< under black text
+    QColor kante; ///< 3 to 1 on white; 4.5 to 1 where it is strong
+};
+/** On a page, which is white whatever @p palette is; offers and selections have the accent. */
+[[nodiscard]] Seitenfarben aufSeite(Seitenton ton, bool stark, const QPalette &palette);
 } // namespace Farben
 } // namespace quillmar::gestalt

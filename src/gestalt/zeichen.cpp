@@ -49,6 +49,10 @@ constexpr Zeile zeilen[] = {
     {"rectangle.arrowtriangle.2.inward", "", "ganze-seite"},
     {"rotate.left", "", "drehen-links"},
     {"rotate.right", "", "drehen-rechts"},
+    {"highlighter", "", "marken"},
+    {"chevron.up", "", "pfeil-oben"},
+    {"chevron.down", "", "pfeil-unten"},
+    {"xmark", "", "schliessen"},
     {"doc.on.doc", "", "dublette"},
     // Actions
     {"skip", "mail-download-later", "spaeter"},

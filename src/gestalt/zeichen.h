@@ -30,6 +30,10 @@ enum class Symbol {
     GanzeSeite,
     DrehenLinks,
     DrehenRechts,
+    Marken,
+    PfeilOben,
+    PfeilUnten,
+    Schliessen,
     Dublette,
     // Actions
     Spaeter,

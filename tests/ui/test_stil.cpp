@@ -99,6 +99,13 @@ private Q_SLOTS:
         for (const auto bedeutung : {Farben::Bedeutung::Warnung, Farben::Bedeutung::Gut, Farben::Bedeutung::Fehler})
             QVERIFY(kontrast(Farben::farbe(bedeutung, farben),
                              Farben::toenung(Farben::farbe(bedeutung, farben), farben)) >= 3);
+        for (int ton = 0; ton <= int(Farben::Seitenton::Auswahl); ++ton) {
+            for (const bool stark : {false, true}) {
+                const auto [grund, kante] = Farben::aufSeite(Farben::Seitenton(ton), stark, farben);
+                QVERIFY(kontrast(Qt::black, grund) >= 7);
+                QVERIFY(kontrast(kante, Qt::white) >= (stark ? 4.5 : 3));
+            }
+        }
     }
 
     void schriftgroesseWirktSofort()

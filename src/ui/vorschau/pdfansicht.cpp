@@ -6,6 +6,8 @@
 #include "sprache.h"
 #include "stil.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -96,6 +98,10 @@ PDFAnsicht::PDFAnsicht(const Malgrenzen &grenzen, QWidget *eltern) : QAbstractSc
         if (m_lager.dokument(pfad)->istUndarstellbar(seite))
             Q_EMIT geaendert();
     });
+    connect(&m_text, &Textebene::geaendert, viewport(), qOverload<>(&QWidget::update));
+    connect(&m_text, &Textebene::geaendert, &m_griff, &Textgriff::zeigerStellen);
+    connect(&m_text, &Textebene::trefferGeaendert, this, &PDFAnsicht::geaendert);
+    connect(&m_griff, &Textgriff::genommen, this, &PDFAnsicht::genommen);
 }
 
 QUrl PDFAnsicht::url() const { return m_pfad.isEmpty() ? QUrl() : QUrl::fromLocalFile(m_pfad); }
@@ -107,6 +113,8 @@ void PDFAnsicht::setzeUrl(const QUrl &url)
         return;
     m_lager.verlassen(m_pfad);
     m_pfad = pfad;
+    m_hinzusehen.reset();
+    m_griff.abbrechen();
     m_gemeldet = pfad.isEmpty();
     m_zoom = m_passung;
     if (!pfad.isEmpty())
@@ -185,6 +193,8 @@ void PDFAnsicht::geoeffnet(const QString &pfad)
     groessenUebernehmen();
     ordnen();
     Q_EMIT befundGeaendert();
+    if (seiten() > 0 && m_hinzusehen)
+        hinsehen(*std::exchange(m_hinzusehen, std::nullopt));
 }
 
 void PDFAnsicht::groessenUebernehmen()
@@ -193,6 +203,7 @@ void PDFAnsicht::groessenUebernehmen()
     // Until the pages are known, one empty sheet as the last document had it.
     if (!dokument || dokument->groessen.isEmpty()) {
         m_groessen = m_groessen.mid(0, 1);
+        m_text.zeigen(m_pfad, m_groessen, m_drehungen.value(m_pfad));
         return;
     }
     m_groessen = dokument->groessen;
@@ -201,6 +212,7 @@ void PDFAnsicht::groessenUebernehmen()
         if (d.value() % 180 != 0 && d.key() >= 1 && d.key() <= m_groessen.size())
             m_groessen[d.key() - 1].transpose();
     }
+    m_text.zeigen(m_pfad, m_groessen, drehungen);
 }
 
 int PDFAnsicht::drehung(const QString &pfad, int seite) const { return m_drehungen.value(pfad).value(seite + 1); }
@@ -305,8 +317,87 @@ std::pair<int, int> PDFAnsicht::sichtbare() const
     return {m_ordnung.seiteBei(versatz().y()), m_ordnung.seiteBei(versatz().y() + viewport()->height())};
 }
 
+std::pair<int, QPointF> PDFAnsicht::seitenpunkt(const QPoint &punkt) const
+{
+    const QPoint ort = punkt + versatz();
+    const int seite = m_ordnung.seiteBei(ort.y());
+    const QRect flaeche = m_ordnung.seiten().value(seite);
+    const QPointF innen = ort - flaeche.topLeft();
+    return {seite, {innen.x() / std::max(1, flaeche.width()), innen.y() / std::max(1, flaeche.height())}};
+}
+
+void PDFAnsicht::hinsehen(const Marke &marke)
+{
+    if (befund() == Vorschaubefund::Laedt)
+        m_hinzusehen = marke;
+    else
+        hinrollen(marke.seite, m_text.gesehen(marke.seite, marke.orte));
+}
+
+/** To the first of @p orte at least: into the upper third, where what follows is in sight as well. */
+void PDFAnsicht::hinrollen(int seite, const QList<QRectF> &orte)
+{
+    if (orte.isEmpty() || seite < 0 || seite >= seiten())
+        return;
+    const QRect flaeche = m_ordnung.seiten().at(seite);
+    QRectF ganz = orte.first();
+    for (const QRectF &ort : orte)
+        ganz |= ort;
+    const QTransform aufSeite =
+        QTransform::fromTranslate(flaeche.x(), flaeche.y()).scale(flaeche.width(), flaeche.height());
+    const QRect sicht(versatz(), viewport()->size());
+    QRect ziel = aufSeite.mapRect(ganz).toAlignedRect();
+    if (ziel.width() > sicht.width() || ziel.height() > sicht.height())
+        ziel = aufSeite.mapRect(orte.first()).toAlignedRect();
+    if (ziel.top() < sicht.top() || ziel.bottom() > sicht.bottom())
+        verticalScrollBar()->setValue(ziel.center().y() -
+                                      std::max(ziel.height() / 2 + raum().rand, sicht.height() / 3));
+    if (ziel.left() < sicht.left() || ziel.right() > sicht.right())
+        horizontalScrollBar()->setValue(ziel.center().x() - sicht.width() / 2);
+}
+
+void PDFAnsicht::suchen(const QString &anfrage)
+{
+    m_text.suchen(anfrage, sichtbare().first);
+    zumTreffer();
+}
+
+void PDFAnsicht::weitersuchen(int schritt)
+{
+    m_text.weitersuchen(schritt);
+    zumTreffer();
+}
+
+void PDFAnsicht::zumTreffer()
+{
+    if (const auto treffer = m_text.treffer().jetziger())
+        hinrollen(treffer->von.seite, m_text.karte().orte(*treffer, treffer->von.seite));
+}
+
+bool PDFAnsicht::texttaste(const QKeyEvent *ereignis)
+{
+    const auto auswahl = m_text.auswahl();
+    if (ereignis->matches(QKeySequence::SelectAll)) {
+        m_text.auswaehlen(m_text.karte().alles());
+        return m_text.auswahl().has_value();
+    }
+    if (!auswahl)
+        return false;
+    if (ereignis->matches(QKeySequence::Copy)) {
+        QGuiApplication::clipboard()->setText(m_text.karte().text(*auswahl));
+        return true;
+    }
+    if (ereignis->key() != Qt::Key_Escape)
+        return false;
+    m_griff.abbrechen();
+    m_text.auswaehlen({});
+    return true;
+}
+
 bool PDFAnsicht::taste(const QKeyEvent *ereignis)
 {
+    if (texttaste(ereignis))
+        return true;
     const auto schritt = rollschritt(ereignis);
     if (schritt)
         verticalScrollBar()->triggerAction(*schritt);
@@ -318,6 +409,7 @@ void PDFAnsicht::scrollContentsBy(int, int)
     bestellen();
     viewport()->update();
     standZeigen();
+    m_griff.zeigerStellen();
 }
 
 // The arrows to the left and right belong to the card, which turns to another document with them.
@@ -375,6 +467,8 @@ void PDFAnsicht::seiteMalen(QPainter &maler, int seite, const QRect &flaeche)
         wartetext(maler, flaeche.intersected(viewport()->rect()), satzFuerSeite(dokument->gescheitert.value(seite)));
     else if (!m_geduld.isActive())
         wartetext(maler, flaeche.intersected(viewport()->rect()), Sprache::text(u"Wird geladen …"_s));
+    if (!bild.isNull())
+        auflagenMalen(maler, flaeche, m_text.auflagen(seite), m_text.karte().seite(seite), palette());
     if (fertig && seite == 0)
         sichtbarkeitMelden();
 }

@@ -3,6 +3,8 @@
 #include "dokumentlager.h"
 #include "namensraeume.h"
 #include "seitenordnung.h"
+#include "textebene.h"
+#include "textgriff.h"
 
 #include <QAbstractScrollArea>
 #include <QTimer>
@@ -61,10 +63,29 @@ public:
     void breiteSetzen() { setzeZoom({Zoom::Art::Breite}); }
     void ganzeSeiteSetzen() { setzeZoom({Zoom::Art::Seite}); }
 
+    /** What is known of the text on the pages; for the file on show it is laid over them. */
+    [[nodiscard]] Textebene &text() { return m_text; }
+    [[nodiscard]] const Textebene &text() const { return m_text; }
+    /** A click on a word takes it, dragging over words takes them; else words are selected. */
+    void setzeNehmen(bool nehmen) { m_griff.setzeNehmen(nehmen); }
+    /** Scrolls to @p marke unless it is wholly in sight; once its page is there, while the document is being opened. */
+    void hinsehen(const Marke &marke);
+    /** Looks for @p anfrage from the page in sight on, and scrolls to the find; empty: the search is over. */
+    void suchen(const QString &anfrage);
+    void weitersuchen(int schritt);
+
+    /** The page at @p punkt of the viewport, or next below it, and the place in shares of it; beyond 0 to 1 outside. */
+    [[nodiscard]] std::pair<int, QPointF> seitenpunkt(const QPoint &punkt) const;
+    /** Of the viewport's top left from that of the whole. */
+    [[nodiscard]] QPoint versatz() const;
+
     /** Tells when page or page count are no longer what was told last. */
     void standZeigen();
 
-    /** Scrolls by PageUp, PageDown, Home, End, Space, Up and Down. False for any other key. */
+    /**
+     * Scrolls by PageUp, PageDown, Home, End, Space, Up and Down; copies, selects all, ends the selection. False for
+     * any other key.
+     */
     bool taste(const QKeyEvent *ereignis);
 
 Q_SIGNALS:
@@ -73,6 +94,9 @@ Q_SIGNALS:
     void befundGeaendert();
     /** The page @p seite (from 1) of @p pfad was turned by hand, to @p drehung degrees clockwise. */
     void gedreht(const QString &pfad, int seite, int drehung);
+
+    /** A word was clicked on, or words were dragged over, to be taken. */
+    void genommen(const QString &text);
 
     /** The first page of @p pfad has been painted, once per showing. */
     void seiteSichtbar(const QString &pfad);
@@ -99,8 +123,10 @@ private:
     void seiteMalen(QPainter &maler, int seite, const QRect &flaeche);
     void sichtbarkeitMelden();
     [[nodiscard]] Seitenraum raum() const;
-    [[nodiscard]] QPoint versatz() const;
     [[nodiscard]] std::pair<int, int> sichtbare() const;
+    bool texttaste(const QKeyEvent *ereignis);
+    void hinrollen(int seite, const QList<QRectF> &orte);
+    void zumTreffer();
 
     Dokumentlager m_lager;
     QString m_pfad;
@@ -114,5 +140,8 @@ private:
     QTimer m_geduld;             ///< runs while nothing is said yet about a page that is not there
     int m_rad = 0;               ///< turned with Ctrl, in eighths of a degree, as far as it made no step yet
     bool m_gemeldet = true;
+    Textebene m_text;
+    std::optional<Marke> m_hinzusehen; ///< as soon as its page is there
+    Textgriff m_griff{this, &m_text};
 };
 } // namespace quillmar::vorschau

@@ -3,12 +3,16 @@
 #include "anordnung.h"
 #include "bau.h"
 #include "farben.h"
+#include "fokushalter.h"
 #include "leeransicht.h"
 #include "pdfansicht.h"
 #include "sprache.h"
+#include "suchleiste.h"
 #include "text.h"
 #include "textschild.h"
 
+#include <QKeyEvent>
+#include <QScrollBar>
 #include <QStackedLayout>
 #include <QToolButton>
 #include <utility>
@@ -98,19 +102,26 @@ Vorschau::Vorschau(QWidget *eltern, const Malgrenzen &grenzen)
                         Sprache::text(u"Seite nach links drehen (Umschalt+R). Die Datei bleibt, wie sie ist."_s),
                         false),
              flachknopf(u"rechtsDrehen"_s, Symbol::DrehenRechts, Sprache::text(u"Rechts drehen"_s),
-                        Sprache::text(u"Seite nach rechts drehen (R). Die Datei bleibt, wie sie ist."_s), false)},
+                        Sprache::text(u"Seite nach rechts drehen (R). Die Datei bleibt, wie sie ist."_s), false),
+             flachknopf(u"marken"_s, Symbol::Marken, Sprache::text(u"Marken"_s),
+                        Sprache::text(u"Fundstellen auf der Seite zeigen (M)"_s), false)},
       m_zurueck(flachknopf(u"zurueckZumDokument"_s, Symbol::PfeilLinks, Sprache::text(u"Zurück zum Dokument"_s),
                            Sprache::text(u"Zeigt wieder das Dokument, das gerade zur Prüfung ansteht"_s))),
       m_partnerName(new Textschild(Textschild::Art::KurzMitte, Schrift::Halbfett, u"partnerName"_s)),
-      m_seiten(schild({}, Schrift::Neben, u"seite"_s)), m_zeile(zeile()), m_stapel(new QStackedLayout)
+      m_seiten(schild({}, Schrift::Neben, u"seite"_s)), m_zeile(zeile()), m_suche(new Suchleiste),
+      m_fokus(new Fokushalter(m_ansicht, m_ansicht->viewport(),
+                              {m_zeile, m_suche, m_ansicht->verticalScrollBar(), m_ansicht->horizontalScrollBar()})),
+      m_stapel(new QStackedLayout)
 {
     m_stapel->addWidget(m_ansicht);
     m_stapel->addWidget(m_leer);
-    fuellen(this, spalte({m_zeile, {m_stapel, 1}}, Abstand::Keiner));
+    fuellen(this, spalte({m_zeile, m_suche, {m_stapel, 1}}, Abstand::Keiner));
+    m_fokus->setParent(this);
     bezeichnen(m_ansicht, u"vorschau"_s, Sprache::text(u"Vorschau des Dokuments"_s));
     m_seiten->setToolTip(Sprache::text(u"Blättern durch Scrollen, mit den Bildtasten oder am Rand"_s));
     // The row stands above the page: from the page Tab goes on to the next pane.
-    tabReihe({m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zoom[4], m_zoom[5], m_zurueck, m_ansicht});
+    tabReihe({m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zoom[4], m_zoom[5], m_zoom[6], m_zurueck});
+    m_suche->einreihen(m_zurueck, m_ansicht);
     new Nachgeben(
         m_zeile, 3, [this](int stufe) { nachgeben(stufe); },
         [this] { return m_zeile->layout()->minimumSize().width() <= m_zeile->width(); });
@@ -124,9 +135,19 @@ QWidget *Vorschau::zeile()
 {
     m_zoom[2]->setCheckable(true);
     m_zoom[3]->setCheckable(true);
+    m_zoom[6]->setCheckable(true);
+    m_zoom[6]->setChecked(true);
     m_zurueck->setAutoRaise(false);
-    auto *teile = reihe(
-        {m_zoom[0], m_zoom[1], m_zoom[2], m_zoom[3], m_zoom[4], m_zoom[5], {m_partnerName, 1}, m_zurueck, m_seiten});
+    auto *teile = reihe({m_zoom[0],
+                         m_zoom[1],
+                         m_zoom[2],
+                         m_zoom[3],
+                         m_zoom[4],
+                         m_zoom[5],
+                         m_zoom[6],
+                         {m_partnerName, 1},
+                         m_zurueck,
+                         m_seiten});
     auto *zeile = fuellen(new QWidget, teile, Abstand::Nah, Abstand::Eng);
     zeile->setAutoFillBackground(true);
     return zeile;
@@ -140,6 +161,14 @@ void Vorschau::verbinden()
     connect(m_zoom[3], &QToolButton::clicked, m_ansicht, &PDFAnsicht::ganzeSeiteSetzen);
     connect(m_zoom[4], &QToolButton::clicked, this, [this] { drehen(-90); });
     connect(m_zoom[5], &QToolButton::clicked, this, [this] { drehen(90); });
+    connect(m_zoom[6], &QToolButton::clicked, this, [this](bool an) {
+        m_ansicht->text().setzeMarkenSichtbar(an);
+        Q_EMIT markenSichtbarGeaendert(an);
+    });
+    connect(m_suche, &Suchleiste::anfrageGeaendert, this, [this] { m_ansicht->suchen(m_suche->anfrage()); });
+    connect(m_suche, &Suchleiste::geschlossen, this, [this] { m_ansicht->suchen({}); });
+    connect(m_suche, &Suchleiste::weiter, m_ansicht, &PDFAnsicht::weitersuchen);
+    connect(m_ansicht, &PDFAnsicht::genommen, this, &Vorschau::genommen);
     connect(m_ansicht, &PDFAnsicht::gedreht, this, &Vorschau::gedreht);
     connect(m_ansicht, &PDFAnsicht::geaendert, this, &Vorschau::standZeigen);
     connect(m_ansicht, &PDFAnsicht::befundGeaendert, this, &Vorschau::befundZeigen);
@@ -198,9 +227,75 @@ void Vorschau::zeileFaerben()
     m_zeile->setPalette(farben);
 }
 
+void Vorschau::setzeWorte(const QString &pfad, const QList<Seitenworte> &worte)
+{
+    m_ansicht->text().setzeWorte(pfad, worte);
+}
+
+void Vorschau::setzeMarken(const QString &pfad, const QList<Marke> &marken)
+{
+    m_ansicht->text().setzeMarken(pfad, marken);
+}
+
+void Vorschau::setzeMarkenSichtbar(bool sichtbar)
+{
+    m_zoom[6]->setChecked(sichtbar);
+    m_ansicht->text().setzeMarkenSichtbar(sichtbar);
+}
+
+bool Vorschau::markenSichtbar() const { return m_ansicht->text().markenSichtbar(); }
+
+void Vorschau::hinsehen(const Marke &marke) { m_ansicht->hinsehen(marke); }
+
+void Vorschau::setzeNehmen(bool nehmen)
+{
+    m_ansicht->setzeNehmen(nehmen);
+    m_fokus->setzeAn(nehmen);
+}
+
+bool Vorschau::sucheOffen() const { return m_suche->offen(); }
+
+void Vorschau::sucheZeigen()
+{
+    const auto auswahl = m_ansicht->text().auswahl();
+    const QString text = auswahl ? m_ansicht->text().karte().text(*auswahl) : QString();
+    m_suche->oeffnen(text.contains(u'\n') ? QString() : text);
+}
+
 bool Vorschau::taste(QKeyEvent *ereignis)
 {
-    return m_stapel->currentWidget() == m_ansicht && m_ansicht->taste(ereignis);
+    return m_stapel->currentWidget() == m_ansicht && (suchtaste(ereignis) || m_ansicht->taste(ereignis));
+}
+
+bool Vorschau::suchtaste(const QKeyEvent *ereignis)
+{
+    const bool offen = m_suche->offen();
+    if (ereignis->matches(QKeySequence::Find) || (ereignis->key() == Qt::Key_F3 && !offen))
+        sucheZeigen();
+    else if (ereignis->key() == Qt::Key_F3)
+        m_ansicht->weitersuchen(ereignis->modifiers() & Qt::ShiftModifier ? -1 : 1);
+    else if (ereignis->key() == Qt::Key_Escape && offen)
+        m_suche->schliessen();
+    else
+        return false;
+    return true;
+}
+
+// Esc first ends what it can end here; only the next one means the card.
+bool Vorschau::event(QEvent *ereignis)
+{
+    if (ereignis->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent *>(ereignis)->key() == Qt::Key_Escape &&
+        (sucheOffen() || m_ansicht->text().auswahl())) {
+        ereignis->accept();
+        return true;
+    }
+    return QWidget::event(ereignis);
+}
+
+void Vorschau::keyPressEvent(QKeyEvent *ereignis)
+{
+    if (!taste(ereignis))
+        QWidget::keyPressEvent(ereignis);
 }
 
 void Vorschau::befundZeigen()
@@ -228,6 +323,23 @@ void Vorschau::standZeigen()
     m_seiten->setText(seitenanzeige(m_ansicht->seite(), m_ansicht->seiten(), m_ansicht->hatWeitere()));
     const QString satz = m_ansicht->seitensatz();
     m_ansicht->setAccessibleDescription(satz.isEmpty() ? m_seiten->toolTip() : satz);
+    suchstandZeigen();
+}
+
+void Vorschau::suchstandZeigen()
+{
+    const Textebene &text = m_ansicht->text();
+    const Treffer &treffer = text.treffer();
+    const bool gefunden = treffer.nummer() > 0;
+    QString satz;
+    if (gefunden)
+        satz = gefuellt(Sprache::text(u"%@ von %@"_s),
+                        {QString::number(treffer.nummer()), QString::number(treffer.alle().size())});
+    else if (text.karte().seite(m_ansicht->seite() - 1).anzahl() == 0)
+        satz = Sprache::text(u"Auf dieser Seite ist kein Text bekannt"_s);
+    else if (!m_suche->anfrage().isEmpty())
+        satz = Sprache::text(u"Nicht gefunden"_s);
+    m_suche->setzeStand(satz, gefunden);
 }
 
 // What is less needed gives way: first the words of the button back, then the page display, at last the zoom, which the

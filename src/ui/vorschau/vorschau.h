@@ -1,13 +1,17 @@
 #pragma once
 
 #include "malbetrieb.h"
+#include "marke.h"
+#include "seitenwort.h"
 #include "teile.h"
 
 #include <QWidget>
 
 namespace quillmar::vorschau
 {
+class Fokushalter;
 class PDFAnsicht;
+class Suchleiste;
 
 /**
  * The preview side: a tool row and below it the document's pages, or a sentence where there is nothing to show. Another
@@ -37,7 +41,30 @@ public:
     void partnerZeigen(const QString &pfad, const QString &name);
     void partnerBeenden();
 
-    /** Scrolls by the page keys, Home, End and Space, wherever the focus is. False for any other key. */
+    /**
+     * The words of the file @p pfad, for each page as it lies, and what is marked on its pages. They are kept until
+     * they are set anew, for the last few files; only those of the file on show are seen.
+     */
+    void setzeWorte(const QString &pfad, const QList<Seitenworte> &worte);
+    void setzeMarken(const QString &pfad, const QList<Marke> &marken);
+    void setzeMarkenSichtbar(bool sichtbar);
+    [[nodiscard]] bool markenSichtbar() const;
+    /** Scrolls to @p marke of the file on show, unless it is wholly in sight. */
+    void hinsehen(const Marke &marke);
+    /**
+     * A field has the focus: a click on a word takes it, dragging over words takes them, and no click here takes the
+     * focus away from it. Without, dragging over words selects them.
+     */
+    void setzeNehmen(bool nehmen);
+
+    [[nodiscard]] bool sucheOffen() const;
+    /** Opens the search of the text, for what is selected if that is one line; its end gives the focus back. */
+    void sucheZeigen();
+
+    /**
+     * Scrolls by the page keys, Home, End and Space, wherever the focus is; opens the search, goes through its finds
+     * and closes it; copies what is selected, selects all or nothing. False for any other key.
+     */
     bool taste(QKeyEvent *ereignis);
 
 Q_SIGNALS:
@@ -47,6 +74,14 @@ Q_SIGNALS:
     void gedreht(const QString &pfad, int seite, int drehung);
     /** The first page of @p pfad, or the sentence in its place, has been painted; once per showing. */
     void seiteSichtbar(const QString &pfad);
+    /** A word was clicked on, or words were dragged over, while they are taken: as they stand there, on one line. */
+    void genommen(const QString &text);
+    /** By the button in the tool row. */
+    void markenSichtbarGeaendert(bool sichtbar);
+
+protected:
+    bool event(QEvent *ereignis) override;
+    void keyPressEvent(QKeyEvent *ereignis) override;
 
 private:
     [[nodiscard]] QWidget *zeile();
@@ -55,14 +90,18 @@ private:
     void zeileFaerben();
     void befundZeigen();
     void standZeigen();
+    void suchstandZeigen();
+    bool suchtaste(const QKeyEvent *ereignis);
 
     PDFAnsicht *m_ansicht;
     Leeransicht *m_leer;
-    QList<QToolButton *> m_zoom; ///< smaller, larger, fit width, whole page, turn left, turn right
+    QList<QToolButton *> m_zoom; ///< smaller, larger, fit width, whole page, turn left, turn right, marks
     QToolButton *m_zurueck;
     Textschild *m_partnerName;
     QLabel *m_seiten;
     QWidget *m_zeile;
+    Suchleiste *m_suche;
+    Fokushalter *m_fokus;
     QStackedLayout *m_stapel;
     QString m_pfad;
     QString m_partnerPfad;
