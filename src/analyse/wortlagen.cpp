@@ -13,6 +13,7 @@
 #include <QXmlStreamReader>
 #include <algorithm>
 #include <cmath>
+#include <future>
 #include <numbers>
 
 using namespace Qt::StringLiterals;
@@ -143,6 +144,8 @@ QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, int seiten, const
                                            const std::stop_token &ende)
 {
     const QString ort = ortVon(pdf);
+    // Beside the other one: mostly needless, but to wait for it afterwards would take as long again.
+    auto drehungen = std::async(std::launch::async, [&] { return quereSeiten(ort, seiten, grenzen, ende); });
     const QByteArray bbox = Werkzeuge::starten(
         u"pdftotext"_s,
         {u"-cropbox"_s, u"-bbox"_s, u"-l"_s, QString::number(seiten), u"-enc"_s, u"UTF-8"_s, ort, u"-"_s},
@@ -150,7 +153,7 @@ QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, int seiten, const
     const QList<Ebenenseite> gelesene = ebenenseiten(bbox);
     const bool unklar = std::any_of(gelesene.begin(), gelesene.end(),
                                     [](const auto &s) { return s.lage() == Ebenenseite::Lage::Unklar; });
-    const QList<bool> quere = unklar ? quereSeiten(ort, seiten, grenzen, ende) : QList<bool>();
+    const QList<bool> quere = unklar ? drehungen.get() : QList<bool>();
     QList<Seitenworte> worte;
     for (qsizetype i = 0; i < gelesene.size(); ++i) {
         const auto lage = gelesene.at(i).lage();

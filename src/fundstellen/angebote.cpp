@@ -16,6 +16,7 @@ namespace
 constexpr qsizetype umfeldworte = 4; // on either side
 constexpr double kopf = 0.36;        // of the first page's height
 constexpr double obererKopf = 0.15;
+constexpr int mitAnkuendigung = 40;    // rank of a date that is told to be one
 constexpr qsizetype laengsterName = 7; // words
 constexpr qsizetype bisMonat = 7;      // characters of JJJJ-MM
 
@@ -57,13 +58,18 @@ QString beschnitten(QString text)
 bool istKeinName(const QString &text)
 {
     static const QRegularExpression nichts(
-        u"\\d{4,}|@|www\\.|https?:|\\b(?:tel|telefon|fax|mobil|e-?mail|iban|bic|ust|steuernr|seite|datum|date|"
-        "postfach|betreff|ihr|ihre|unser|unsere|herr|herrn|frau|familie|firma|an|von|invoice|rechnung|page|bank|"
-        "blz|konto|telephone|phone)\\b[.:]?(?: |$)|"
+        u"\\d{4,}|@|www\\.|https?:|^(?:tel|telefon|fax|mobil|e-?mail|iban|bic|ust|steuernr|seite|datum|date|postfach|"
+        "betreff|ihr|ihre|unser|unsere|an|von|invoice|rechnung|page|blz|konto|telephone|phone|sehr|dear)\\b|"
         "(?:str\\.?|straße|strasse|weg|platz|allee|gasse|ring|ufer|damm|road|street|rue|avenue)\\s+\\d"_s,
         arten);
     static const QRegularExpression name(u"^[\\p{Lu}\\d].*\\p{L}{2}"_s, QRegularExpression::UseUnicodePropertiesOption);
     return text.contains(nichts) || !text.contains(name);
+}
+
+QString ohneAnredetitel(QString text)
+{
+    static const QRegularExpression titel(u"^(?:herrn?|frau|mr\\.?|mrs\\.?|ms\\.?|monsieur|madame|firma)\\s+"_s, arten);
+    return text.remove(titel);
 }
 
 bool hatRechtsform(const QString &text) { return Rechtsform::ausgeschriebenOhne(text) != text; }
@@ -90,8 +96,10 @@ private:
             const bool trennt = beschnitten(wort).isEmpty() && wort != u"&"_s && wort != u"-"_s;
             if (!trennt)
                 ++stueck.worte;
-            if (trennt || wort.endsWith(u',') || wort.endsWith(u';')) {
-                pruefen(stueck);
+            const bool kuendigtAn = wort.endsWith(u':'); // what stands behind it may be a name
+            if (trennt || kuendigtAn || wort.endsWith(u',') || wort.endsWith(u';')) {
+                if (!kuendigtAn)
+                    pruefen(stueck);
                 stueck = {.seite = zeile.seite, .wort = i + 1, .worte = 0};
             }
         }
@@ -102,7 +110,7 @@ private:
     {
         if (stueck.worte == 0 || stueck.worte > laengsterName)
             return;
-        const QString text = beschnitten(m_seite.wortlaut(stueck));
+        const QString text = ohneAnredetitel(beschnitten(m_seite.wortlaut(stueck)));
         const double oben = m_seite.worte().at(stueck.wort).ort.top();
         const bool imKopf = stueck.seite == 0 && oben < kopf;
         const bool firma = hatRechtsform(text);
@@ -214,19 +222,38 @@ void zahlenSuchen(const Wortfolge &seite, QList<Angebot> &funde)
     }
 }
 
-/** The line above the salutation. */
+Angebot betreffAus(const Wortfolge &seite, int zeile)
+{
+    static const QRegularExpression kopfwort(
+        u"^(?:betreff|betr\\.|subject|objet)(?:\\b|(?<=\\.)):?\\s+|^(?:re|betrifft):\\s*"_s, arten);
+    constexpr int vorAllem = 100;
+    const Fundstelle stelle = seite.zeilenstelle(zeile);
+    const QString text = beschnitten(seite.wortlaut(stelle).remove(kopfwort));
+    return {.wert = text, .umfeld = text, .stelle = stelle, .rang = vorAllem};
+}
+
+/** "Rechnungsnummer: 17" and the like tell a number, not what it is about. */
+bool istAngabe(const QString &text)
+{
+    static const QRegularExpression muster(u"^[^:]{2,30}:\\s|^\\P{L}*$"_s, arten);
+    return text.contains(muster);
+}
+
+/** The line above the salutation; without one the first below the date that tells what it is about. */
 std::optional<Angebot> betreff(const Wortfolge &seite)
 {
     static const QRegularExpression anrede(
         u"^(?:sehr geehrte|liebe|hallo|guten (?:tag|morgen)|dear|hello|madame|monsieur|bonjour|cher|chère)"_s, arten);
     for (int zeile = 1; zeile < seite.zeilen(); ++zeile) {
-        if (!seite.wortlaut(seite.zeilenstelle(zeile)).contains(anrede))
-            continue;
-        const Fundstelle davor = seite.zeilenstelle(zeile - 1);
-        static const QRegularExpression kopfwort(u"^(?:betreff|betr\\.|subject|objet|re):?\\s*"_s, arten);
-        const QString text = beschnitten(seite.wortlaut(davor).remove(kopfwort));
-        constexpr int vorAllem = 100;
-        return Angebot{.wert = text, .umfeld = text, .stelle = davor, .rang = vorAllem};
+        if (seite.wortlaut(seite.zeilenstelle(zeile)).contains(anrede))
+            return betreffAus(seite, zeile - 1);
+    }
+    const QList<Datumsfund> daten = Datumsfunde::alle({seite});
+    if (daten.isEmpty() || daten.first().rang < mitAnkuendigung)
+        return std::nullopt;
+    for (int zeile = seite.zeile(daten.first().stelle.wort) + 1; zeile < seite.zeilen(); ++zeile) {
+        if (!istAngabe(seite.wortlaut(seite.zeilenstelle(zeile))))
+            return betreffAus(seite, zeile);
     }
     return std::nullopt;
 }

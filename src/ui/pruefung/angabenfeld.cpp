@@ -1,11 +1,14 @@
 #include "angabenfeld.h"
 
+#include "angebotsliste.h"
 #include "auswahl.h"
 #include "bau.h"
 #include "bekanntenliste.h"
+#include "feldnotiz.h"
 #include "profilwahl.h"
 #include "pruefung.h"
 #include "sprache.h"
+#include "tastentakt.h"
 #include "textschild.h"
 
 #include <QComboBox>
@@ -30,6 +33,8 @@ QString erklaerung()
     return Sprache::text(u"Prüfen und bei Bedarf ändern. Eine Korrektur merkt sich das Programm für die nächsten "
                          "Dokumente desselben Gegenübers."_s);
 }
+
+QString stehtNicht() { return Sprache::text(u"Steht so nicht im Text."_s); }
 
 /** Marks a chosen value that the structure does not know. */
 void fremdesZeigen(QComboBox *wahl, Feld feld, bool fremd)
@@ -68,8 +73,8 @@ bool istZeichen(const QKeyEvent *ereignis)
 
 QWidget *Angabenfeld::Eingabe::feld() const { return text ? static_cast<QWidget *>(text) : wahl; }
 
-Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *eltern)
-    : QObject(eltern), m_profilwahl(profilwahl), m_pruefung(pruefung),
+Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, Seitenbelege *belege, QWidget *eltern)
+    : QObject(eltern), m_profilwahl(profilwahl), m_pruefung(pruefung), m_belege(belege),
       m_kopf(Sprache::text(u"Angaben"_s), erklaerung(), eltern),
       m_tag(new Textschild(Textschild::Art::KurzEnde, Schrift::Neben, u"wochentag"_s))
 {
@@ -78,6 +83,7 @@ Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *el
     Eingabe &datum = m_eingaben[int(Feld::Datum)];
     datum.text->setPlaceholderText(Sprache::text(u"JJJJ-MM-TT"_s));
     m_bekannte = new Bekanntenliste(pruefung, m_eingaben.at(int(Feld::Gegenueber)).text);
+    angeboteBauen();
     datum.teil = traeger(reihe({datum.text, {m_tag, 1}}), eltern);
     Stil::folgen(m_kopf.erklaerung, [this] {
         m_kopf.erklaerung->setFixedHeight(2 * QFontMetrics(Stil::schrift(Schrift::Neben)).lineSpacing());
@@ -88,11 +94,65 @@ Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, QWidget *el
     connect(m_pruefung, &Pruefung::aktuellesGeaendert, this, [this] {
         // An open list belongs to the document before.
         m_bekannte->schliessen();
+        for (Angebotsliste *liste : std::as_const(m_angebote))
+            liste->schliessen();
         for (const Eingabe &eingabe : std::as_const(m_eingaben))
             if (eingabe.wahl)
                 eingabe.wahl->hidePopup();
     });
     zeigen();
+}
+
+void Angabenfeld::angeboteBauen()
+{
+    for (const Feld feld : {Feld::Datum, Feld::Gegenueber, Feld::Titel}) {
+        QLineEdit *text = m_eingaben.at(int(feld)).text;
+        auto *liste = new Angebotsliste(m_belege, feld, text);
+        m_angebote.insert(feld, liste);
+        kurztaste(Qt::CTRL | Qt::Key_Down, text, [liste] { liste->oeffnen(); });
+        connect(liste, &Angebotsliste::gewaehlt, this, [this, feld](const QString &wert) { ersetzen(feld, wert); });
+        connect(liste, &Angebotsliste::vorgemerkt, this, &Angabenfeld::vorgemerkt);
+        connect(liste, &Angebotsliste::geschlossen, this, [this] { Q_EMIT vorgemerkt({}); });
+    }
+    for (const Feld feld : {Feld::Gegenueber, Feld::Titel})
+        m_notizen.insert(feld, new Feldnotiz(m_eingaben.at(int(feld)).text));
+    connect(m_belege, &Seitenbelege::belegeGeaendert, this, &Angabenfeld::notizenZeigen);
+}
+
+/** No warning: models shorten and translate. It tells where to look. */
+void Angabenfeld::notizenZeigen()
+{
+    const QList<Feld> fehlende = m_belege->fehlende();
+    for (auto notiz = m_notizen.begin(); notiz != m_notizen.end(); ++notiz)
+        (*notiz)->setzen(fehlende.contains(notiz.key()) ? stehtNicht() : QString());
+    tagZeigen();
+}
+
+std::optional<Feld> Angabenfeld::nehmendes() const
+{
+    for (const Feld feld : m_angebote.keys()) {
+        const QLineEdit *text = m_eingaben.at(int(feld)).text;
+        if (text->hasFocus() && !text->isReadOnly())
+            return feld;
+    }
+    return std::nullopt;
+}
+
+void Angabenfeld::nehmen(const QString &text)
+{
+    if (const auto feld = nehmendes())
+        ersetzen(*feld, m_belege->uebernommen(*feld, text));
+}
+
+/** As if it was typed: one step of the field's own undo. */
+void Angabenfeld::ersetzen(Feld feld, const QString &wert)
+{
+    QLineEdit *text = m_eingaben.at(int(feld)).text;
+    if (text->isReadOnly() || text->text() == wert)
+        return;
+    text->selectAll();
+    text->insert(wert);
+    m_pruefung->setzeFeld(feld, text->text());
 }
 
 Angabenfeld::Eingabe Angabenfeld::eingabeBauen(Feld feld, QWidget *eltern)
@@ -193,7 +253,9 @@ void Angabenfeld::tagZeigen()
 {
     const Dokument *d = m_pruefung->aktuelles();
     const auto [text, falsch] = datumswort(d ? d->angaben.datum.trimmed() : QString());
-    Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setzeText(text);
+    const bool fehlt = m_belege->fehlende().contains(Feld::Datum);
+    const QString satz = fehlt && !falsch ? u"%1 · %2"_s.arg(text, stehtNicht()) : text;
+    Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setzeText(satz);
     m_eingaben.at(int(Feld::Datum))
         .text->setAccessibleDescription(falsch ? text + u". "_s + feldhilfe(Feld::Datum) : feldhilfe(Feld::Datum));
 }

@@ -6,6 +6,7 @@
 #include "ausfuehrung.h"
 #include "bau.h"
 #include "durchgang.h"
+#include "fundzeiger.h"
 #include "hinweisfach.h"
 #include "leeransicht.h"
 #include "meldungszeile.h"
@@ -43,6 +44,7 @@ PruefAnsicht::PruefAnsicht(Zustand *zustand, QWidget *eltern)
     m_teiler->setzeAnteil(m_zustand->teilung());
     auto *meldung = new Meldungszeile(m_zustand->meldestelle(), m_zustand->pruefung(), m_zustand->ausfuehrung());
     auto *leerseite = fuellen(new QWidget, spalte({{m_leere, 1}, meldung}), Abstand::Rand, Abstand::Nah);
+    m_zeiger = new Fundzeiger(m_zustand->pruefung(), m_zustand->seitenbelege(), m_angaben, m_vorschau, this);
     m_stapel->addWidget(m_teiler);
     m_stapel->addWidget(leerseite);
     tastenBauen();
@@ -83,7 +85,7 @@ QWidget *PruefAnsicht::vorschlagsseite()
     fuellen(inhalt, m_raster, Abstand::Rand, Abstand::Feld);
     m_vorschlag = new Vorschlagsteil(m_zustand->pruefung(), inhalt);
     m_hinweise = new Hinweisfach(m_zustand->pruefung(), inhalt);
-    m_angaben = new Angabenfeld(m_zustand->profilwahl(), m_zustand->pruefung(), inhalt);
+    m_angaben = new Angabenfeld(m_zustand->profilwahl(), m_zustand->pruefung(), m_zustand->seitenbelege(), inhalt);
     m_aktionen = new Aktionsfeld(m_zustand->profilwahl(), m_zustand->pruefung(), m_zustand->ausfuehrung(),
                                  m_zustand->meldestelle());
     m_rollen = rollbereich(inhalt);
@@ -145,6 +147,9 @@ void PruefAnsicht::tastenBauen()
     taste(Qt::Key_D, [tun] { tun->aussortieren(); });
     taste(Qt::Key_R, [this] { m_vorschau->drehen(90); });
     taste(Qt::SHIFT | Qt::Key_R, [this] { m_vorschau->drehen(-90); });
+    taste(Qt::Key_M, [this] { m_zeiger->umschalten(); });
+    taste(
+        Qt::CTRL | Qt::Key_F, [this] { m_vorschau->sucheZeigen(); }, true);
     taste(Qt::Key_U, [tun] { tun->rueckgaengig(); });
     taste(Qt::CTRL | Qt::Key_Z, [tun] { tun->rueckgaengig(); });
     taste(Qt::Key_Left, [tun] { tun->weiter(Richtung::Zurueck); });

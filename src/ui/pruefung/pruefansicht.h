@@ -16,6 +16,7 @@ namespace quillmar::pruefung
 {
 class Aktionsfeld;
 class Angabenfeld;
+class Fundzeiger;
 class Hinweisfach;
 
 /** The review card: the page on the left, the proposal on the right, one document after the other by the keyboard. */
@@ -61,6 +62,7 @@ private:
     Hinweisfach *m_hinweise = nullptr;
     Angabenfeld *m_angaben = nullptr;
     Aktionsfeld *m_aktionen = nullptr;
+    Fundzeiger *m_zeiger = nullptr;
     Nachgeben *m_platz = nullptr;
     Platz m_lage;
     Teiler *m_teiler;

@@ -1,0 +1,94 @@
+#include "angebotsliste.h"
+
+#include "liste.h"
+#include "sprache.h"
+#include "stil.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmar::pruefung
+{
+namespace
+{
+constexpr int hoechstensZuSehen = 8;
+constexpr int kleinsteBreite = 360; // pixels at 10 points
+
+/** What stands in place of offers. */
+QString ohneAngebot(const Seitenbelege &belege)
+{
+    return belege.pfad().isEmpty() ? Sprache::text(u"Die Seite ist noch nicht gelesen."_s)
+                                   : Sprache::text(u"Auf den gelesenen Seiten steht nichts, was hierher passt."_s);
+}
+} // namespace
+
+Angebotsliste::Angebotsliste(const Seitenbelege *belege, Feld feld, QLineEdit *eingabe)
+    : QObject(eingabe), m_belege(belege), m_feld(feld), m_eingabe(eingabe), m_zeilen(new Listenmodell(this)),
+      m_liste(new QCompleter(this))
+{
+    auto *zeilen = new Liste(u"angebote"_s + feldname(feld), Sprache::text(u"Was die Seite anbietet"_s));
+    zeilen->setFrameShape(QFrame::StyledPanel);
+    zeilen->viewport()->setAutoFillBackground(true);
+    m_liste->setModel(m_zeilen);
+    auto *maler = zeilen->itemDelegate();
+    m_liste->setPopup(zeilen);
+    zeilen->setItemDelegate(maler); // the completer has put its own in its place
+    m_liste->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+    m_liste->setMaxVisibleItems(hoechstensZuSehen);
+    m_liste->setWidget(eingabe);
+    zeilen->installEventFilter(this);
+    connect(zeilen->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &zeile) {
+        if (const qsizetype stelle = zeile.row(); zeile.isValid() && stelle < m_angebote.size())
+            Q_EMIT vorgemerkt(m_angebote.at(stelle).marke);
+    });
+    connect(m_liste, qOverload<const QModelIndex &>(&QCompleter::activated), this, &Angebotsliste::waehlen);
+    connect(eingabe, &QLineEdit::textEdited, this, &Angebotsliste::schliessen);
+}
+
+void Angebotsliste::schliessen() { m_liste->popup()->hide(); }
+
+void Angebotsliste::oeffnen()
+{
+    m_angebote = m_belege->angebote(m_feld);
+    QList<Listenzeile> zeilen;
+    for (const Feldangebot &angebot : std::as_const(m_angebote))
+        zeilen << Listenzeile{.kennung = zeilen.size(), .erste = angebot.wert, .zweite = angebot.umfeld};
+    if (zeilen.isEmpty())
+        zeilen << Listenzeile{.kennung = {}, .erste = ohneAngebot(*m_belege)};
+    m_zeilen->setzen(zeilen);
+    // As wide as what is offered, also below a short field.
+    m_liste->complete(QRect(0, 0, std::max(m_eingabe->width(), Stil::mass(kleinsteBreite)), m_eingabe->height()));
+    // The likeliest that the field does not say already.
+    const auto anderes = std::find_if(m_angebote.begin(), m_angebote.end(), [this](const Feldangebot &a) {
+        return m_belege->gewaehlt(m_feld, a) != m_eingabe->text();
+    });
+    const auto stelle = anderes == m_angebote.end() ? 0 : std::distance(m_angebote.begin(), anderes);
+    m_liste->popup()->setCurrentIndex({});
+    m_liste->popup()->setCurrentIndex(m_liste->popup()->model()->index(int(stelle), 0));
+}
+
+void Angebotsliste::waehlen(const QModelIndex &zeile)
+{
+    if (const qsizetype stelle = zeile.row(); zeile.isValid() && stelle < m_angebote.size())
+        Q_EMIT gewaehlt(m_belege->gewaehlt(m_feld, m_angebote.at(stelle)));
+}
+
+bool Angebotsliste::eventFilter(QObject *ziel, QEvent *ereignis)
+{
+    if (ereignis->type() == QEvent::Hide)
+        Q_EMIT geschlossen();
+    // At the ends the row stays: the completer would go on to none.
+    if (ereignis->type() == QEvent::KeyPress) {
+        const int taste = static_cast<QKeyEvent *>(ereignis)->key();
+        const int zeile = m_liste->popup()->currentIndex().row();
+        if ((taste == Qt::Key_Down && zeile == m_zeilen->rowCount() - 1) || (taste == Qt::Key_Up && zeile == 0))
+            return true;
+    }
+    return QObject::eventFilter(ziel, ereignis);
+}
+} // namespace quillmar::pruefung
