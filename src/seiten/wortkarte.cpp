@@ -93,7 +93,7 @@ QList<QRectF> Wortkarte::orte(qsizetype von, qsizetype bis) const
     return orte;
 }
 
-QRectF Wortkarte::freier(const QList<QRectF> &plaetze) const
+std::optional<QRectF> Wortkarte::freier(const QList<QRectF> &plaetze) const
 {
     const auto istFrei = [this](const QRectF &platz) {
         return QRectF(0, 0, 1, 1).contains(platz) &&
@@ -104,6 +104,6 @@ QRectF Wortkarte::freier(const QList<QRectF> &plaetze) const
                });
     };
     const auto freier = std::find_if(plaetze.cbegin(), plaetze.cend(), istFrei);
-    return freier == plaetze.cend() ? plaetze.value(0) : *freier;
+    return freier == plaetze.cend() ? std::nullopt : std::optional(*freier);
 }
 } // namespace quillmar::seiten

@@ -29,8 +29,8 @@ public:
     [[nodiscard]] QString text(qsizetype von, qsizetype bis, QChar umbruch) const;
     /** What they take up on the page, one rectangle for each line. */
     [[nodiscard]] QList<QRectF> orte(qsizetype von, qsizetype bis) const;
-    /** The first of @p plaetze on the page that lies over no word; the first of all if there is none. */
-    [[nodiscard]] QRectF freier(const QList<QRectF> &plaetze) const;
+    /** The first of @p plaetze on the page that lies over no word. */
+    [[nodiscard]] std::optional<QRectF> freier(const QList<QRectF> &plaetze) const;
 
 private:
     [[nodiscard]] QPointF abstand(const QPointF &ort, qsizetype wort) const;

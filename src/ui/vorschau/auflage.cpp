@@ -57,7 +57,7 @@ void stelleMalen(QPainter &maler, const QRectF &flaeche, const Auflage &auflage,
     maler.drawRoundedRect(rahmen.adjusted(-halb, -halb, halb, halb), rundung, rundung);
 }
 
-/** Around the left edge of @p ort, the best place first. */
+/** Around @p ort, the best place first: at its left edge, else at its right one. */
 QList<QRectF> fahnenplaetze(const QRectF &ort, const QSizeF &groesse)
 {
     const double daneben = ort.left() - groesse.width();
@@ -66,7 +66,10 @@ QList<QRectF> fahnenplaetze(const QRectF &ort, const QSizeF &groesse)
             {{ort.left(), darueber}, groesse},
             {{daneben, darueber}, groesse},
             {ort.bottomLeft(), groesse},
-            {{daneben, ort.bottom()}, groesse}};
+            {{daneben, ort.bottom()}, groesse},
+            {{ort.right(), ort.center().y() - groesse.height() / 2}, groesse},
+            {{ort.right() - groesse.width(), darueber}, groesse},
+            {{ort.right() - groesse.width(), ort.bottom()}, groesse}};
 }
 
 void fahneMalen(QPainter &maler, const QRectF &seite, const QRectF &ort, const Wortkarte &worte, const QString &zeichen,
@@ -79,13 +82,19 @@ void fahneMalen(QPainter &maler, const QRectF &seite, const QRectF &ort, const W
     QList<QRectF> plaetze = fahnenplaetze(ort.adjusted(-2, -2, 2, 2), groesse);
     for (QRectF &platz : plaetze)
         platz = inAnteilen(platz, seite);
-    const QRectF fahne = aufFlaeche(worte.freier(plaetze), seite);
+    const auto frei = worte.freier(plaetze);
+    // In the thick of the text it lies on the corner, where it hides least, and lets through what is below.
+    QRectF fahne(ort.topLeft() - QPointF(groesse.width(), groesse.height()) / 2, groesse);
+    if (frei)
+        fahne = aufFlaeche(*frei, seite);
+    maler.setOpacity(frei ? 1 : 0.7);
     maler.setPen(Qt::NoPen);
     maler.setBrush(farbe);
     maler.drawRoundedRect(fahne, rundung, rundung);
     maler.setPen(Farbrechnung::textAuf(farbe, Qt::white));
     maler.setFont(schrift);
     maler.drawText(QPointF(fahne.left() + 2, fahne.bottom() - 2), zeichen);
+    maler.setOpacity(1);
 }
 } // namespace
 

@@ -343,7 +343,7 @@ void Vorschau::suchstandZeigen()
 }
 
 // What is less needed gives way: first the words of the button back, then the page display, at last the zoom, which the
-// wheel has as well. The way back is always there.
+// wheel has as well, and the marks, which have a key. The way back is always there.
 void Vorschau::nachgeben(int stufe)
 {
     const bool partner = !m_partnerPfad.isEmpty();
@@ -352,5 +352,6 @@ void Vorschau::nachgeben(int stufe)
     m_seiten->setVisible(stufe < 2);
     for (QToolButton *knopf : std::as_const(m_zoom))
         knopf->setVisible(!partner || stufe < 3);
+    m_zoom[6]->setVisible(stufe < 3);
 }
 } // namespace quillmar::vorschau
