@@ -1,3 +1,4 @@
+#include "auflage.h"
 #include "farben.h"
 #include "kleinespdf.h"
 #include "pdfansicht.h"
@@ -210,6 +211,37 @@ private Q_SLOTS:
         QCOMPARE(farbeBei(punkt({0.6, 0.4})), ton);
         zeigenUndWarten(andere);
         QCOMPARE(farbeBei(punkt({0.6, 0.4})), QColor(Qt::white));
+    }
+
+    // The text stays black, and the flag with the letter hides none of the words around.
+    void markenVerdeckenNichts()
+    {
+        QImage bild(600, 800, QImage::Format_RGB32);
+        bild.fill(Qt::white);
+        const QRect schrift(205, 405, 40, 5);
+        const QRectF marke(200 / 600.0, 400 / 800.0, 60 / 600.0, 16 / 800.0);
+        const Seitenworte umgebung{{u"Datum:"_s, marke.translated(-0.11, 0)},
+                                   {u"2024"_s, marke},
+                                   {u"darüber"_s, marke.translated(-0.05, -0.03)}};
+        const auto [grund, kante] = Farben::aufSeite(Farben::Seitenton::Datum, true, m_vorschau->palette());
+        {
+            QPainter maler(&bild);
+            maler.fillRect(schrift, Qt::black);
+            auflagenMalen(maler, bild.rect(), {{{marke}, Farben::Seitenton::Datum, false}}, Wortkarte(umgebung, 0.75),
+                          m_vorschau->palette());
+        }
+        QCOMPARE(bild.pixelColor(schrift.center()), QColor(Qt::black));
+        int fahne = 0;
+        for (int y = 0; y < bild.height(); ++y) {
+            for (int x = 0; x < bild.width(); ++x) {
+                const QPointF ort(x / 600.0, y / 800.0);
+                const bool imWort = umgebung.first().ort.adjusted(0.01, 0.004, -0.01, -0.004).contains(ort) ||
+                                    umgebung.last().ort.adjusted(0.01, 0.004, -0.01, -0.004).contains(ort);
+                QVERIFY(!imWort || bild.pixelColor(x, y) == Qt::white);
+                fahne += bild.pixelColor(x, y) == kante ? 1 : 0;
+            }
+        }
+        QVERIFY2(fahne > 30, "the soft edge has another colour");
     }
 
     void schalterInDerZeile()

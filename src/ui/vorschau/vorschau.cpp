@@ -126,6 +126,7 @@ Vorschau::Vorschau(QWidget *eltern, const Malgrenzen &grenzen)
         m_zeile, 3, [this](int stufe) { nachgeben(stufe); },
         [this] { return m_zeile->layout()->minimumSize().width() <= m_zeile->width(); });
     verbinden();
+    textVerbinden();
     Stil::folgen(m_zeile, [this] { zeileFaerben(); });
     partnerZeigen({}, {});
     befundZeigen();
@@ -161,14 +162,6 @@ void Vorschau::verbinden()
     connect(m_zoom[3], &QToolButton::clicked, m_ansicht, &PDFAnsicht::ganzeSeiteSetzen);
     connect(m_zoom[4], &QToolButton::clicked, this, [this] { drehen(-90); });
     connect(m_zoom[5], &QToolButton::clicked, this, [this] { drehen(90); });
-    connect(m_zoom[6], &QToolButton::clicked, this, [this](bool an) {
-        m_ansicht->text().setzeMarkenSichtbar(an);
-        Q_EMIT markenSichtbarGeaendert(an);
-    });
-    connect(m_suche, &Suchleiste::anfrageGeaendert, this, [this] { m_ansicht->suchen(m_suche->anfrage()); });
-    connect(m_suche, &Suchleiste::geschlossen, this, [this] { m_ansicht->suchen({}); });
-    connect(m_suche, &Suchleiste::weiter, m_ansicht, &PDFAnsicht::weitersuchen);
-    connect(m_ansicht, &PDFAnsicht::genommen, this, &Vorschau::genommen);
     connect(m_ansicht, &PDFAnsicht::gedreht, this, &Vorschau::gedreht);
     connect(m_ansicht, &PDFAnsicht::geaendert, this, &Vorschau::standZeigen);
     connect(m_ansicht, &PDFAnsicht::befundGeaendert, this, &Vorschau::befundZeigen);
@@ -181,6 +174,18 @@ void Vorschau::verbinden()
         partnerBeenden();
         Q_EMIT zurueckZumDokument();
     });
+}
+
+void Vorschau::textVerbinden()
+{
+    connect(m_zoom[6], &QToolButton::clicked, this, [this](bool an) {
+        m_ansicht->text().setzeMarkenSichtbar(an);
+        Q_EMIT markenSichtbarGeaendert(an);
+    });
+    connect(m_suche, &Suchleiste::anfrageGeaendert, this, [this] { m_ansicht->suchen(m_suche->anfrage()); });
+    connect(m_suche, &Suchleiste::geschlossen, this, [this] { m_ansicht->suchen({}); });
+    connect(m_suche, &Suchleiste::weiter, m_ansicht, &PDFAnsicht::weitersuchen);
+    connect(m_ansicht, &PDFAnsicht::genommen, this, &Vorschau::genommen);
 }
 
 void Vorschau::zeigen(const QString &pfad)

@@ -86,6 +86,7 @@ protected:
 private:
     [[nodiscard]] QWidget *zeile();
     void verbinden();
+    void textVerbinden();
     void nachgeben(int stufe);
     void zeileFaerben();
     void befundZeigen();
