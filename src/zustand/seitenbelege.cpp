@@ -191,6 +191,9 @@ void Seitenbelege::uebernehmen(const Lesung &gelesen)
     m_gelesen = gelesen;
     m_belege = {};
     m_belegfrage.verwerfen();
+    // What differs is told by places among the words before.
+    m_partnerfrage.verwerfen();
+    partnerUebernehmen(nullptr, {});
     Q_EMIT worteGeaendert();
     Q_EMIT belegeGeaendert();
     belegeRechnen();
