@@ -80,9 +80,9 @@ Seitenworte eineErkennen(const QString &bild, int drehung, const Erkennung &wie,
                          const std::stop_token &ende)
 {
     QSize groesse = Seitenbilder::bildgroesse(bild);
-    if (drehung % 180 != 0)
-        groesse.transpose();
     const auto lage = Aufrichtung::aufrichten(bild, drehung, grenzen, ende);
+    if (lage && drehung % 180 != 0)
+        groesse.transpose();
     const QByteArray tsv =
         Werkzeuge::starten(u"tesseract"_s, {bild, u"stdout"_s, u"-l"_s, wie.sprache, u"tsv"_s}, grenzen, ende);
     return gedreht(ausTsv(tsv, {.bild = groesse, .neigung = lage ? lage->neigung : 0}), lage ? -drehung : 0);
