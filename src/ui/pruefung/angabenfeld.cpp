@@ -140,8 +140,10 @@ std::optional<Feld> Angabenfeld::nehmendes() const
 
 void Angabenfeld::nehmen(const QString &text)
 {
-    if (const auto feld = nehmendes())
-        ersetzen(*feld, m_belege->uebernommen(*feld, text));
+    const auto feld = nehmendes();
+    const QString wert = feld ? m_belege->uebernommen(*feld, text) : QString();
+    if (!wert.isEmpty()) // of a mere stroke or dot no name is left
+        ersetzen(*feld, wert);
 }
 
 /** As if it was typed: one step of the field's own undo. */
