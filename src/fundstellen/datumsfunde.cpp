@@ -129,7 +129,7 @@ int rangNach(const QString &umfeld)
     static const QRegularExpression anderes(
         u"(?:liefer|leistungs|geburts|fälligkeits|druck|eingangs|zahlungs|buchungs|valuta)[- ]?datum|f[aä]llig|zahlbar|"
         "\\bbis\\b|sp[aä]testens|geb(?:oren|\\.)|\\bab\\b|\\bseit\\b|\\bzum\\b|valuta|\\bdue\\b|until|\\bborn\\b|"
-        "\\bbirth\\b|jusqu|éch[eé]ance|n[eé]e? le|zeitraum|period"_s,
+        "\\bbirth\\b|jusqu|éch[eé]ance|\\bn[eé]e? le\\b|zeitraum|period"_s,
         arten);
     static const QRegularExpression datum(u"(?:datum|\\bdate|dated|datiert)\\W*(?:vom|den|of|du|le)?\\W*$"_s, arten);
     static const QRegularExpression fernesDatum(u"(?:datum|\\bdate)\\b"_s, arten);

@@ -68,6 +68,8 @@ private Q_SLOTS:
                                          << u"am"_s;
         QTest::newRow("nicht das Lieferdatum")
             << QStringList{u"Lieferdatum: 02.01.2024"_s, u"Ihr Schreiben 02.01.2024"_s} << u"Schreiben"_s;
+        QTest::newRow("keine Geburt") << QStringList{u"zahlbar bis 02.01.2024"_s, u"meine letzte Rechnung 02.01.2024"_s}
+                                      << u"Rechnung"_s;
         QTest::newRow("im Kopf der Tabelle")
             << QStringList{u"Menge 02.01.2024"_s, u"Nummer     Datum"_s, u"A-17       02.01.2024"_s} << u"A-17"_s;
         QStringList lang{u"Kopf 02.01.2024"_s};
