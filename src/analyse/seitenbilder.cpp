@@ -103,6 +103,12 @@ double Seitenmass::punkte() const
     return breite * jePunkt * hoehe * jePunkt;
 }
 
+int Seitenbilder::seiteVon(const QString &bild)
+{
+    static const QRegularExpression nummer(u"(\\d+)\\.png$"_s);
+    return nummer.match(bild).captured(1).toInt();
+}
+
 QSize Seitenbilder::bildgroesse(const QString &pfad)
 {
     constexpr qsizetype kopf = 24;

@@ -46,6 +46,9 @@ enum class Umfang {
 void zeichnen(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const Bilderordner &ordner,
               const std::stop_token &ende, Umfang umfang = Umfang::Blatt);
 
+/** The page (from 1) that an image of Bilderordner shows: its number stands at the end of the name. */
+[[nodiscard]] int seiteVon(const QString &bild);
+
 /** Width and height stand in the first bytes of every PNG; zero if it is none. */
 [[nodiscard]] QSize bildgroesse(const QString &pfad);
 

@@ -3,7 +3,6 @@
 #include "aufrichtung.h"
 #include "bilderordner.h"
 #include "kindprozess.h"
-#include "pfade.h"
 #include "seitenbilder.h"
 #include "sprachprobe.h"
 #include "werkzeuge.h"
@@ -18,13 +17,6 @@ namespace quillmar::analyse
 namespace
 {
 const QString werkzeug = u"tesseract"_s;
-
-/** The page that an image shows: its number stands at the end of the name. */
-int seiteVon(const QString &bild)
-{
-    static const QRegularExpression nummer(u"(\\d+)\\.png$"_s);
-    return nummer.match(nameVon(bild)).captured(1).toInt();
-}
 
 /** The pages of one document, one after the other. */
 class Erkenner
@@ -57,7 +49,7 @@ private:
 
     QString eine(const QString &bild, const Aufrichtung::Lage &lage)
     {
-        Seitenlage seite{.seite = seiteVon(bild), .drehung = 0, .neigung = lage.neigung};
+        Seitenlage seite{.seite = Seitenbilder::seiteVon(bild), .drehung = 0, .neigung = lage.neigung};
         QString text = lesen(bild);
         const Sprachprobe probe(text, m_sprache);
         // Lines that run up or down are recognised as they are, but the page is to be shown upright.

@@ -184,8 +184,9 @@ QList<Seitenworte> Wortlagen::erkannte(const QString &pdf, const Erkennung &wie,
     Seitenbilder::zeichnen(ortVon(pdf), wie.seiten, grenzen, ordner, ende, Seitenbilder::Umfang::Sichtbares);
     QList<Seitenworte> seiten;
     for (const QString &bild : ordner.bilder()) {
-        const int drehung = wie.drehungen.value(int(seiten.size()) + 1);
-        seiten << eineErkennen(bild, drehung, wie, grenzen.fuerSeiten(1), ende);
+        const int seite = std::max(1, Seitenbilder::seiteVon(bild)); // a page that cannot be drawn has no image
+        seiten.resize(std::max<qsizetype>(seiten.size(), seite));
+        seiten[seite - 1] = eineErkennen(bild, wie.drehungen.value(seite), wie, grenzen.fuerSeiten(1), ende);
     }
     return seiten;
 }

@@ -175,6 +175,11 @@ Fundstelle zahlAb(const Wortfolge &seite, qsizetype wort)
     return zahl;
 }
 
+bool stehtUnter(const QRectF &unten, const QRectF &oben)
+{
+    return unten.top() > oben.top() && unten.left() < oben.right() && oben.left() < unten.right();
+}
+
 /** The number that the word announces: behind it, or below it in a table. */
 Fundstelle angekuendigte(const Wortfolge &seite, qsizetype wort)
 {
@@ -187,7 +192,8 @@ Fundstelle angekuendigte(const Wortfolge &seite, qsizetype wort)
     if (inDerZeile(naechstes) && zahlAb(seite, naechstes).worte > 0)
         return zahlAb(seite, naechstes);
     for (qsizetype i = 0; i < seite.worte().size(); ++i) {
-        if (seite.darueber(i) != wort)
+        // Most words are nowhere near: to look for their heads as well would take its time on a large page.
+        if (!stehtUnter(seite.worte().at(i).ort, seite.worte().at(wort).ort) || seite.darueber(i) != wort)
             continue;
         if (const Fundstelle zahl = zahlAb(seite, i); zahl.worte > 0)
             return zahl;

@@ -12,7 +12,7 @@ namespace quillmar::fundstellen
 namespace
 {
 constexpr qsizetype zeichenJeFehler = 7;
-constexpr double weiteLuecke = 2.5;  // heights of the line
+constexpr double weiteLuecke = 3.5;  // letters of the wider word; a width like the gap, whatever the page's shape
 constexpr double hoechsterKopf = 3;  // heights of the word below it
 constexpr double gleicheZeile = 0.5; // of the lower height
 
@@ -23,11 +23,14 @@ bool sindGleichHoch(const QRectF &a, const QRectF &b)
 }
 
 /** They are at one height, @p b stands behind @p a, and no column lies between them. */
-bool stehenInEinerZeile(const QRectF &a, const QRectF &b)
+bool stehenInEinerZeile(const Seitenwort &a, const Seitenwort &b)
 {
-    const double hoehe = std::min(a.height(), b.height());
-    const double luecke = b.left() - a.right();
-    return sindGleichHoch(a, b) && luecke > -hoehe && luecke < weiteLuecke * hoehe;
+    const auto buchstabe = [](const Seitenwort &w) {
+        return w.ort.width() / double(std::max<qsizetype>(1, w.text.size()));
+    };
+    const double breite = std::max(buchstabe(a), buchstabe(b));
+    const double luecke = b.ort.left() - a.ort.right();
+    return sindGleichHoch(a.ort, b.ort) && luecke > -2 * breite && luecke < weiteLuecke * breite;
 }
 
 bool gehoertZumWort(QChar c) { return c.isLetterOrNumber() || c.isMark(); }
@@ -77,7 +80,7 @@ void Wortfolge::umbrechen()
 {
     int zeile = 0;
     for (qsizetype i = 0; i < m_worte.size(); ++i) {
-        if (i > 0 && !stehenInEinerZeile(m_worte.at(i - 1).ort, m_worte.at(i).ort))
+        if (i > 0 && !stehenInEinerZeile(m_worte.at(i - 1), m_worte.at(i)))
             ++zeile;
         m_zeilen << zeile;
     }

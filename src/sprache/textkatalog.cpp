@@ -554,6 +554,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Neuer Ort",
     u"Neues Profil",
     u"Neues Profil anlegen, etwa für eine zweite Ablage oder einen anderen Rechner",
+    u"Nicht auf den gelesenen Seiten",
     u"Nicht gefunden",
     u"Nicht gefunden. Installiere das Paket %@.",
     u"Nicht jetzt",

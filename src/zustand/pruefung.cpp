@@ -79,6 +79,7 @@ void Pruefung::seiteDrehen(int seite, int drehung)
     Hintergrund::starten([db = m_profilwahl->offenes()->db(), id = m_stueck->dokument.id, seite, drehung] {
         Seitenlagen(*db).vonHand(id, seite, drehung);
     });
+    Q_EMIT vorausGeaendert();
 }
 
 void Pruefung::altenOrtBehalten()

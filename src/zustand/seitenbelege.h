@@ -46,6 +46,8 @@ public:
 
     /** Of what file the words are; empty while none are known. */
     [[nodiscard]] QString pfad() const;
+    /** The pages are being read. */
+    [[nodiscard]] bool liest() const { return m_lesefrage.laeuft(); }
     /** As the pages lie. */
     [[nodiscard]] QList<Seitenworte> worte() const;
     /** Where the values stand as they are typed now; of a field the most telling passage first. */

@@ -71,6 +71,17 @@ private Q_SLOTS:
         QCOMPARE(angebote.last().umfeld, u"Kundennummer: 4711-02"_s);
     }
 
+    // A receipt is long and narrow: what makes a line does not depend on the shape of the page.
+    void aufEinemKassenbon()
+    {
+        Seitenworte worte = getippt({u"Meier Bau GmbH     Beleg-Nr. 17 4"_s, u"Datum: 29.02.2024"_s});
+        for (Seitenwort &wort : worte)
+            wort.ort = {wort.ort.x(), wort.ort.y() / 5, wort.ort.width(), wort.ort.height() / 5};
+        const auto seiten = wortfolgen({worte});
+        QCOMPARE(werte(Angebote::namen(seiten, {})).first(), u"Meier Bau"_s);
+        QCOMPARE(werte(Angebote::titel(seiten)), QStringList{u"17 4"_s});
+    }
+
     void betreff_data()
     {
         QTest::addColumn<QString>("zeile");

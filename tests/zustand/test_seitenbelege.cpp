@@ -112,6 +112,11 @@ private Q_SLOTS:
         QCOMPARE(belege()->unterschiede(true).size(), 1);
         m_z->pruefung()->setzePartnerZeigen(false);
         QCOMPARE(belege()->unterschiede(false).size(), 1); // once they are known, on both
+        // Read anew, they go with the words that they were reckoned from.
+        const QSignalSpy gelesen(belege(), &Seitenbelege::worteGeaendert);
+        m_z->pruefung()->seiteDrehen(1, 180);
+        QTRY_COMPARE(gelesen.size(), 1);
+        QVERIFY(belege()->unterschiede(false).isEmpty());
     }
 
     // Pages that are only images: the words are recognised once, also of documents that are not on show yet.

@@ -22,7 +22,7 @@ constexpr int kleinsteBreite = 360; // pixels at 10 points
 /** What stands in place of offers. */
 QString ohneAngebot(const Seitenbelege &belege)
 {
-    return belege.pfad().isEmpty() ? Sprache::text(u"Die Seite ist noch nicht gelesen."_s)
+    return belege.liest() ? Sprache::text(u"Die Seite ist noch nicht gelesen."_s)
                                    : Sprache::text(u"Auf den gelesenen Seiten steht nichts, was hierher passt."_s);
 }
 } // namespace

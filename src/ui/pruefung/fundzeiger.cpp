@@ -48,13 +48,18 @@ Fundzeiger::Fundzeiger(Pruefung *pruefung, const Seitenbelege *belege, Angabenfe
             [](bool sichtbar) { Einstellungen::setzen(schluesselMarken, sichtbar); });
     connect(m_belege, &Seitenbelege::worteGeaendert, this, &Fundzeiger::worteZeigen);
     connect(m_belege, &Seitenbelege::partnerGeaendert, this, &Fundzeiger::worteZeigen);
-    connect(m_belege, &Seitenbelege::belegeGeaendert, this, &Fundzeiger::markenZeigen);
+    connect(m_belege, &Seitenbelege::belegeGeaendert, this, [this] {
+        markenZeigen();
+        hinsehen(); // the words may come later than the focus
+    });
     connect(m_pruefung, &Pruefung::partnerZeigenGeaendert, this, &Fundzeiger::worteZeigen);
+    connect(m_pruefung, &Pruefung::partnerZeigenGeaendert, this, &Fundzeiger::nehmenLassen);
     connect(m_angaben, &Angabenfeld::vorgemerkt, this, &Fundzeiger::vormerken);
     connect(m_angaben, &Angabenfeld::fokusGewechselt, this, [this] {
-        m_vorschau->setzeNehmen(m_angaben->nehmendes().has_value());
+        nehmenLassen();
         if (std::exchange(m_imFokus, m_angaben->nehmendes()) == m_imFokus)
             return;
+        m_hingesehen = false;
         markenZeigen();
         hinsehen();
     });
@@ -89,12 +94,22 @@ void Fundzeiger::markenZeigen()
     m_vorschau->setzeMarken(m_belege->pfad(), marken);
 }
 
-/** The passage of the field that has got the focus. */
+/** The words of a similar document are not those of this one. */
+void Fundzeiger::nehmenLassen()
+{
+    m_vorschau->setzeNehmen(m_angaben->nehmendes().has_value() && !m_pruefung->partnerZeigen());
+}
+
+/** The passage of the field that has got the focus: once, what is typed moves nothing. */
 void Fundzeiger::hinsehen()
 {
+    if (m_hingesehen || !m_imFokus || m_pruefung->partnerZeigen())
+        return;
     for (const Seitenmarke &marke : m_belege->marken()) {
-        if (marke.feld == m_imFokus && !m_pruefung->partnerZeigen())
-            return m_vorschau->hinsehen(markeAus(marke, tonFuer(marke.feld)));
+        if (marke.feld != m_imFokus)
+            continue;
+        m_hingesehen = true;
+        return m_vorschau->hinsehen(markeAus(marke, tonFuer(marke.feld)));
     }
 }
 

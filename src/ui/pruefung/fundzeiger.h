@@ -29,6 +29,7 @@ public:
 private:
     void worteZeigen();
     void markenZeigen();
+    void nehmenLassen();
     void hinsehen();
     void vormerken(const std::optional<Seitenmarke> &marke);
 
@@ -37,6 +38,7 @@ private:
     Angabenfeld *m_angaben;
     Vorschau *m_vorschau;
     std::optional<Feld> m_imFokus;
+    bool m_hingesehen = false; ///< the page was moved to the passage of that field, if it has one
     std::optional<Seitenmarke> m_vorgemerkt;
 };
 } // namespace quillmar::pruefung

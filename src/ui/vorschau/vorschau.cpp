@@ -343,7 +343,8 @@ void Vorschau::suchstandZeigen()
     else if (text.karte().seite(m_ansicht->seite() - 1).anzahl() == 0)
         satz = Sprache::text(u"Auf dieser Seite ist kein Text bekannt"_s);
     else if (!m_suche->anfrage().isEmpty())
-        satz = Sprache::text(u"Nicht gefunden"_s);
+        satz = text.karte().seiten() < m_ansicht->seiten() ? Sprache::text(u"Nicht auf den gelesenen Seiten"_s)
+                                                           : Sprache::text(u"Nicht gefunden"_s);
     m_suche->setzeStand(satz, gefunden);
 }
 
