@@ -1,28 +1,28 @@
 #include "fokushalter.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QEvent>
 
 namespace quillmar::vorschau
 {
-namespace
-{
-/** A click on @p flaeche gives the focus to @p ziel, which it does not lose if it has it; null: as without all this. */
-void leiten(QWidget *flaeche, QWidget *ziel, Qt::FocusPolicy wie)
-{
-    // With a proxy in place the policy would become that of the proxy.
-    flaeche->setFocusProxy(nullptr);
-    flaeche->setFocusPolicy(wie);
-    flaeche->setFocusProxy(ziel);
-}
-} // namespace
-
 Fokushalter::Fokushalter(QWidget *ansicht, QWidget *sichtfeld, QList<QWidget *> flaechen)
-    : m_ansicht(ansicht), m_sichtfeld(sichtfeld), m_flaechen(std::move(flaechen)), m_gewohnt(ansicht->focusPolicy())
+    : m_ansicht(ansicht), m_gewohnt(ansicht->focusPolicy())
 {
-    connect(qApp, &QApplication::focusChanged, this, [this] {
-        if (m_an)
-            halten();
-    });
+    flaechen << sichtfeld;
+    for (QWidget *flaeche : std::as_const(flaechen)) {
+        flaeche->installEventFilter(this);
+        for (QAbstractButton *knopf : flaeche->findChildren<QAbstractButton *>())
+            knopf->installEventFilter(this);
+    }
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *jetzt) { merken(jetzt); });
+}
+
+/** A click that nothing here takes the focus for goes to what is around. */
+void Fokushalter::merken(QWidget *jetzt)
+{
+    if (jetzt && !jetzt->isAncestorOf(m_ansicht) && !m_ansicht->parentWidget()->isAncestorOf(jetzt))
+        m_feld = jetzt;
 }
 
 void Fokushalter::setzeAn(bool an)
@@ -30,25 +30,15 @@ void Fokushalter::setzeAn(bool an)
     if (an == m_an)
         return;
     m_an = an;
-    if (an) {
-        m_ansicht->setFocusPolicy(Qt::TabFocus);
-        halten();
-        return;
-    }
-    for (QWidget *flaeche : std::as_const(m_flaechen))
-        leiten(flaeche, nullptr, Qt::NoFocus);
-    leiten(m_sichtfeld, m_ansicht, Qt::NoFocus);
-    m_ansicht->setFocusPolicy(m_gewohnt);
+    m_ansicht->setFocusPolicy(an ? Qt::TabFocus : m_gewohnt);
+    if (an)
+        merken(QApplication::focusWidget());
 }
 
-void Fokushalter::halten()
+bool Fokushalter::eventFilter(QObject *flaeche, QEvent *ereignis)
 {
-    QWidget *feld = QApplication::focusWidget();
-    // What is shown here itself has nothing to be taken for; while another window is active, the field stays it.
-    if (!feld || m_ansicht->parentWidget()->isAncestorOf(feld))
-        return;
-    for (QWidget *flaeche : std::as_const(m_flaechen))
-        leiten(flaeche, feld, Qt::ClickFocus);
-    leiten(m_sichtfeld, feld, Qt::ClickFocus);
+    if (m_an && m_feld && ereignis->type() == QEvent::MouseButtonPress && QApplication::focusWidget() != m_feld)
+        m_feld->setFocus(Qt::OtherFocusReason);
+    return QObject::eventFilter(flaeche, ereignis);
 }
 } // namespace quillmar::vorschau
