@@ -11,6 +11,7 @@
 #include "profilspeicher.h"
 #include "profilwahl.h"
 #include "quillmarstil.h"
+#include "seitenbelege.h"
 #include "sprache.h"
 #include "stil.h"
 #include "zustand.h"
@@ -101,6 +102,10 @@ bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, const QString &ordner,
     if (bild.vorher)
         bild.vorher(zustand, fenster);
     ruhe();
+    if (!ordner.isEmpty()) { // marks come when the words do
+        laufenBis([&] { return !zustand.seitenbelege()->liest(); });
+        ruhe();
+    }
     auto *anderes = bild.fenster.isEmpty() ? nullptr : fenster.findChild<QDialog *>(bild.fenster);
     QWidget &ziel = anderes ? static_cast<QWidget &>(*anderes) : fenster;
     if (ordner.isEmpty()) {

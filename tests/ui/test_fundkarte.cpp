@@ -107,7 +107,8 @@ private Q_SLOTS:
                 QStringList({a.datum, a.gegenueber, a.titel}),
                 QStringList({brief.datum, brief.firma, betreff ? u"Rechnung Nr. "_s + brief.nummer : brief.titel()}));
             plattformtaste(Qt::Key_Return);
-            QTRY_VERIFY(!m_z->ausfuehrung()->beschaeftigt());
+            QTRY_VERIFY2_WITH_TIMEOUT(m_z->pruefung()->zaehlwerk().erledigt == n,
+                                      qPrintable(teil<Textschild>("hinweis")->ganzerText()), 30000);
         }
         QTRY_COMPARE(m_z->pruefung()->zaehlwerk().erledigt, anzahl);
     }

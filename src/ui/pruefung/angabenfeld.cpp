@@ -101,6 +101,7 @@ Angabenfeld::Angabenfeld(Profilwahl *profilwahl, Pruefung *pruefung, Seitenbeleg
                 eingabe.wahl->hidePopup();
     });
     zeigen();
+    notizenZeigen();
 }
 
 void Angabenfeld::angeboteBauen()

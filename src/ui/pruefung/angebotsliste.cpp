@@ -23,7 +23,7 @@ constexpr int kleinsteBreite = 360; // pixels at 10 points
 QString ohneAngebot(const Seitenbelege &belege)
 {
     return belege.liest() ? Sprache::text(u"Die Seite ist noch nicht gelesen."_s)
-                                   : Sprache::text(u"Auf den gelesenen Seiten steht nichts, was hierher passt."_s);
+                          : Sprache::text(u"Auf den gelesenen Seiten steht nichts, was hierher passt."_s);
 }
 } // namespace
 

@@ -64,6 +64,7 @@ Fundzeiger::Fundzeiger(Pruefung *pruefung, const Seitenbelege *belege, Angabenfe
         hinsehen();
     });
     connect(m_vorschau, &Vorschau::genommen, m_angaben, &Angabenfeld::nehmen);
+    worteZeigen(); // what is known already
 }
 
 void Fundzeiger::umschalten()
