@@ -20,8 +20,9 @@ struct Titelwort {
 namespace Titelfunde
 {
 /**
- * Numbers (whatever has a digit) first, then words of three letters and more that are not mere glue, each with the place
- * that shares its line with the most others of the title. Numbers may be parted otherwise on the page, words broken.
+ * Numbers (whatever has a digit) first, then words of three letters and more that are not mere glue, each with the
+ * place that shares its line with the most others of the title. Numbers may be parted otherwise on the page, words
+ * broken.
  */
 [[nodiscard]] QList<Titelwort> zu(const QList<Wortfolge> &seiten, const QString &titel);
 } // namespace Titelfunde

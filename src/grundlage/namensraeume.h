@@ -56,7 +56,7 @@ namespace zustand
 {
 using namespace analyse;
 using namespace fundstellen;
-}
+} // namespace zustand
 
 namespace desktop
 {
