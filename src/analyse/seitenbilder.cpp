@@ -25,7 +25,7 @@ const QString werkzeug = u"pdftoppm"_s;
 
 struct Auftrag {
     const QString &pdf;
-    int seiten;
+    Seitenspanne seiten;
     const Lesegrenzen &grenzen;
     const Bilderordner &ordner;
     const std::stop_token &ende;
@@ -45,8 +45,8 @@ bool istFraglich(QSize bild) { return istErsatz(bild) || double(bild.width()) * 
 
 void alleZeichnen(const Auftrag &a)
 {
-    Werkzeuge::starten(werkzeug, a.argumente({u"-r"_s, u"200"_s, u"-f"_s, u"1"_s, u"-l"_s, QString::number(a.seiten)}),
-                       a.grenzen.fuerSeiten(a.seiten), a.ende);
+    Werkzeuge::starten(werkzeug, a.argumente(QStringList{u"-r"_s, u"200"_s} + a.seiten.argumente()),
+                       a.grenzen.fuerSeiten(a.seiten.anzahl()), a.ende);
 }
 
 void eineZeichnen(const Auftrag &a, const Seitenmass &mass)
@@ -62,7 +62,7 @@ QList<Seitenmass> masseVon(const Auftrag &a)
 {
     try {
         return seitenmasse(Werkzeuge::starten(u"pdfinfo"_s,
-                                              {u"-box"_s, u"-f"_s, u"1"_s, u"-l"_s, QString::number(a.seiten), a.pdf},
+                                              QStringList{u"-box"_s} + a.seiten.argumente() + QStringList{a.pdf},
                                               a.grenzen.fuerText(), a.ende));
     } catch (const Fehler &) {
         return {};
@@ -96,6 +96,11 @@ void ersatzAblehnen(const Auftrag &a, const QList<Seitenmass> &masse)
     }
 }
 } // namespace
+
+QStringList Seitenspanne::argumente() const
+{
+    return {u"-f"_s, QString::number(erste), u"-l"_s, QString::number(letzte)};
+}
 
 double Seitenmass::punkte() const
 {
@@ -145,8 +150,8 @@ double Seitenbilder::aufloesungFuer(const Seitenmass &mass)
     return std::min(nachFlaeche, nachKante);
 }
 
-void Seitenbilder::zeichnen(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const Bilderordner &ordner,
-                            const std::stop_token &ende, Umfang umfang)
+void Seitenbilder::zeichnen(const QString &pdf, const Seitenspanne &seiten, const Lesegrenzen &grenzen,
+                            const Bilderordner &ordner, const std::stop_token &ende, Umfang umfang)
 {
     const Auftrag a{.pdf = pdf, .seiten = seiten, .grenzen = grenzen, .ordner = ordner, .ende = ende, .umfang = umfang};
     QList<Seitenmass> masse;

@@ -7,11 +7,22 @@
 #include <QList>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 #include <stop_token>
 
 namespace quillmar::analyse
 {
 class Bilderordner;
+
+/** Pages of a PDF, both ends included, from 1. */
+struct Seitenspanne {
+    int erste = 1;
+    int letzte = 1;
+    [[nodiscard]] int anzahl() const { return letzte - erste + 1; }
+    /** As the tools of poppler take them. */
+    [[nodiscard]] QStringList argumente() const;
+    bool operator==(const Seitenspanne &) const = default;
+};
 
 /** The images of a PDF's pages that its text is recognised from. */
 namespace Seitenbilder
@@ -38,12 +49,12 @@ enum class Umfang {
 };
 
 /**
- * Draws the first @p seiten pages of @p pdf into the empty folder @p ordner, at 200 dpi in one call. Only when that
+ * Draws the pages @p seiten of @p pdf into the empty folder @p ordner, at 200 dpi in one call. Only when that
  * fails or has not given what it should (a page that does not fit into memory comes out as a single pixel) are the
  * sizes of the pages asked for; where one has more than 100 megapixels, all are drawn one by one, the large ones at
  * a lower resolution. Ordinary documents thus pay nothing for the others. Throws Fehler and Abbruch.
  */
-void zeichnen(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const Bilderordner &ordner,
+void zeichnen(const QString &pdf, const Seitenspanne &seiten, const Lesegrenzen &grenzen, const Bilderordner &ordner,
               const std::stop_token &ende, Umfang umfang = Umfang::Blatt);
 
 /** The page (from 1) that an image of Bilderordner shows: its number stands at the end of the name. */

@@ -106,7 +106,7 @@ Texterkennung::Ergebnis Texterkennung::erkennen(const QString &pdf, int seiten, 
 {
     const Bilderordner ordner;
     try {
-        Seitenbilder::zeichnen(pdf, seiten, grenzen, ordner, ende);
+        Seitenbilder::zeichnen(pdf, {.erste = 1, .letzte = seiten}, grenzen, ordner, ende);
         return Erkenner(ordner.bilder(), sprache, grenzen, ende).alle();
     } catch (const Fehler &) {
         ordner.platzPruefen(); // the tools say nothing of it, or crash

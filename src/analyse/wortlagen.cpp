@@ -42,12 +42,13 @@ QString ortVon(const QString &pdf)
     return QString::fromUtf8(platte);
 }
 
-/** Of the pages from the first one on, whether they are turned by a quarter. */
-QList<bool> quereSeiten(const QString &pdf, int seiten, const Lesegrenzen &grenzen, const std::stop_token &ende)
+/** Of the pages, whether they are turned by a quarter. */
+QList<bool> quereSeiten(const QString &pdf, const Seitenspanne &seiten, const Lesegrenzen &grenzen,
+                        const std::stop_token &ende)
 {
     static const QRegularExpression zeile(u"^Page +\\d+ rot: +(\\d+)$"_s, QRegularExpression::MultilineOption);
-    const QByteArray auskunft = Werkzeuge::starten(
-        u"pdfinfo"_s, {u"-f"_s, u"1"_s, u"-l"_s, QString::number(seiten), pdf}, grenzen.fuerText(), ende);
+    const QByteArray auskunft =
+        Werkzeuge::starten(u"pdfinfo"_s, seiten.argumente() + QStringList{pdf}, grenzen.fuerText(), ende);
     QList<bool> quere;
     for (auto treffer = zeile.globalMatch(QString::fromUtf8(auskunft)); treffer.hasNext();)
         quere << (treffer.next().captured(1).toInt() % 180 != 0);
@@ -72,7 +73,13 @@ QString artVon(const Erkennung &wie)
     QStringList drehungen;
     for (auto d = wie.drehungen.begin(); d != wie.drehungen.end(); ++d)
         drehungen << u"%1:%2"_s.arg(d.key()).arg(d.value());
-    return u"%1 %2 %3"_s.arg(wie.sprache).arg(wie.seiten).arg(drehungen.join(u','));
+    return u"%1 %2 %3"_s.arg(wie.sprache).arg(wie.seiten.letzte).arg(drehungen.join(u','));
+}
+
+/** Under which name the pages of a content are kept: those further behind have files of their own. */
+QString kennungVon(const QString &digest, const Seitenspanne &seiten)
+{
+    return digest.isEmpty() || seiten.erste == 1 ? digest : u"%1-%2"_s.arg(digest).arg(seiten.erste);
 }
 
 /** What tesseract says of one page, as it lies. */
@@ -140,15 +147,14 @@ QList<Ebenenseite> Wortlagen::ebenenseiten(const QByteArray &bbox)
     return seiten;
 }
 
-QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, int seiten, const Lesegrenzen &grenzen,
+QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, const Seitenspanne &seiten, const Lesegrenzen &grenzen,
                                            const std::stop_token &ende)
 {
     const QString ort = ortVon(pdf);
     // Beside the other one: mostly needless, but to wait for it afterwards would take as long again.
     auto drehungen = std::async(std::launch::async, [&] { return quereSeiten(ort, seiten, grenzen, ende); });
     const QByteArray bbox = Werkzeuge::starten(
-        u"pdftotext"_s,
-        {u"-cropbox"_s, u"-bbox"_s, u"-l"_s, QString::number(seiten), u"-enc"_s, u"UTF-8"_s, ort, u"-"_s},
+        u"pdftotext"_s, seiten.argumente() + QStringList{u"-cropbox"_s, u"-bbox"_s, u"-enc"_s, u"UTF-8"_s, ort, u"-"_s},
         grenzen.fuerText(), ende);
     const QList<Ebenenseite> gelesene = ebenenseiten(bbox);
     const bool unklar = std::any_of(gelesene.begin(), gelesene.end(),
@@ -170,10 +176,11 @@ QList<Seitenworte> Wortlagen::lesen(const QString &pdf, bool textebene, const Er
     if (textebene)
         return ausTextebene(pdf, wie.seiten, grenzen, ende);
     const QString digest = sha256Datei(aufDerPlatte(pdf), [&] { return ende.stop_requested(); });
-    if (auto bekannte = speicher.lesen(digest, artVon(wie)))
+    const QString kennung = kennungVon(digest, wie.seiten);
+    if (auto bekannte = speicher.lesen(kennung, artVon(wie)))
         return *bekannte;
     const QList<Seitenworte> seiten = erkannte(pdf, wie, grenzen, ende);
-    speicher.ablegen(digest, artVon(wie), seiten);
+    speicher.ablegen(kennung, artVon(wie), seiten);
     return seiten;
 }
 
@@ -184,9 +191,11 @@ QList<Seitenworte> Wortlagen::erkannte(const QString &pdf, const Erkennung &wie,
     Seitenbilder::zeichnen(ortVon(pdf), wie.seiten, grenzen, ordner, ende, Seitenbilder::Umfang::Sichtbares);
     QList<Seitenworte> seiten;
     for (const QString &bild : ordner.bilder()) {
-        const int seite = std::max(1, Seitenbilder::seiteVon(bild)); // a page that cannot be drawn has no image
-        seiten.resize(std::max<qsizetype>(seiten.size(), seite));
-        seiten[seite - 1] = eineErkennen(bild, wie.drehungen.value(seite), wie, grenzen.fuerSeiten(1), ende);
+        // A page that cannot be drawn has no image.
+        const int seite = std::max(wie.seiten.erste, Seitenbilder::seiteVon(bild));
+        seiten.resize(std::max<qsizetype>(seiten.size(), seite - wie.seiten.erste + 1));
+        seiten[seite - wie.seiten.erste] =
+            eineErkennen(bild, wie.drehungen.value(seite), wie, grenzen.fuerSeiten(1), ende);
     }
     return seiten;
 }

@@ -2,6 +2,7 @@
 
 #include "grenzen.h"
 #include "namensraeume.h"
+#include "seitenbilder.h"
 #include "seitenwort.h"
 
 #include <QByteArray>
@@ -21,20 +22,21 @@ class Wortspeicher;
 namespace Wortlagen
 {
 /**
- * Of the first @p seiten pages' text layer, by pdftotext: its words are those of the text that the proposal was made
- * of, and a document made to do harm meets a process of its own with limits. Throws Fehler and Abbruch.
+ * Of the text layer of the pages @p seiten as far as there are such, by pdftotext: its words are those of the text that
+ * the proposal was made of, and a document made to do harm meets a process of its own with limits. Throws Fehler and
+ * Abbruch.
  */
-[[nodiscard]] QList<Seitenworte> ausTextebene(const QString &pdf, int seiten, const Lesegrenzen &grenzen,
-                                              const std::stop_token &ende);
+[[nodiscard]] QList<Seitenworte> ausTextebene(const QString &pdf, const Seitenspanne &seiten,
+                                              const Lesegrenzen &grenzen, const std::stop_token &ende);
 
 /** How pages are recognised. */
 struct Erkennung {
-    int seiten = 1;
+    Seitenspanne seiten;
     QString sprache;
     QMap<int, int> drehungen; ///< degrees clockwise that make pages upright, by page from 1
     bool operator==(const Erkennung &) const = default;
 };
-/** Of the images of the first pages, by tesseract. Throws Fehler, Platzmangel and Abbruch. */
+/** Of the images of the pages, by tesseract. Throws Fehler, Platzmangel and Abbruch. */
 [[nodiscard]] QList<Seitenworte> erkannte(const QString &pdf, const Erkennung &wie, const Lesegrenzen &grenzen,
                                           const std::stop_token &ende);
 

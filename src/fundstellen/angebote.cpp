@@ -22,6 +22,9 @@ constexpr qsizetype bisMonat = 7;      // characters of JJJJ-MM
 
 constexpr auto arten = QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption;
 
+/** A date without a day is the first of its month. */
+QString mitTag(const QString &datum) { return datum.size() == bisMonat ? datum + u"-01"_s : datum; }
+
 /** With some words of the same line on either side. */
 QString umfeldVon(const Wortfolge &seite, const Fundstelle &stelle)
 {
@@ -135,11 +138,6 @@ private:
     QList<Angebot> m_funde;
 };
 
-bool hatZiffer(const QString &text)
-{
-    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
-}
-
 /** "Rechnungsnummer:", "Kd.-Nr.", "Az." */
 bool kuendigtZahlAn(const QString &wort)
 {
@@ -224,7 +222,8 @@ void zahlenSuchen(const Wortfolge &seite, QList<Angebot> &funde)
         funde << Angebot{.wert = wert,
                          .umfeld = davor + ankuendigung + u' ' + wert,
                          .stelle = zahl,
-                         .rang = zahlenrang(davor + ankuendigung) - seite.seite()};
+                         .rang = zahlenrang(davor + ankuendigung) - seite.seite(),
+                         .istZahl = true};
     }
 }
 
@@ -271,7 +270,7 @@ QList<Angebot> Angebote::daten(const QList<Wortfolge> &seiten)
     QList<Angebot> angebote;
     for (const Datumsfund &fund : Datumsfunde::alle(seiten)) {
         const bool monat = fund.wert.size() == bisMonat;
-        angebote << Angebot{.wert = fund.wert + (monat ? u"-01"_s : QString()),
+        angebote << Angebot{.wert = mitTag(fund.wert),
                             .umfeld = umfeldVon(seiten.at(fund.stelle.seite), fund.stelle),
                             .stelle = fund.stelle,
                             .rang = fund.rang - (monat ? ohneTag : 0)};
@@ -302,9 +301,17 @@ QList<Angebot> Angebote::titel(const QList<Wortfolge> &seiten)
 QString Uebernahme::alsDatum(const QString &text)
 {
     const QList<Datumsfund> funde = Datumsfunde::alle({Wortfolge(0, {{.text = text, .ort = {}}})});
-    if (funde.isEmpty())
-        return text.trimmed();
-    return funde.first().wert + (funde.first().wert.size() == bisMonat ? u"-01"_s : QString());
+    return funde.isEmpty() ? text.trimmed() : mitTag(funde.first().wert);
+}
+
+QString Uebernahme::alsDatum(const Wortfolge &seite, qsizetype wort, qsizetype worte)
+{
+    for (const Datumsfund &fund : Datumsfunde::alle({seite})) {
+        const Fundstelle &ganzes = fund.stelle;
+        if (ganzes.wort <= wort && wort + worte <= ganzes.wort + ganzes.worte)
+            return mitTag(fund.wert);
+    }
+    return alsDatum(seite.wortlaut({.seite = seite.seite(), .wort = wort, .worte = worte}));
 }
 
 QString Uebernahme::alsGegenueber(const QString &text) { return Rechtsform::ausgeschriebenOhne(beschnitten(text)); }

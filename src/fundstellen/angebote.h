@@ -14,7 +14,8 @@ struct Angebot {
     QString wert;   ///< as it goes into the field
     QString umfeld; ///< with the words around it, as they are written
     Fundstelle stelle;
-    int rang = 0; ///< the higher, the likelier
+    int rang = 0;         ///< the higher, the likelier
+    bool istZahl = false; ///< a part of a title, not all of it
 };
 
 /** What pages offer for a field, likeliest first, each value once. */
@@ -34,8 +35,10 @@ namespace Angebote
 /** How text that was taken from a page goes into a field. */
 namespace Uebernahme
 {
-/** The first date in @p text as JJJJ-MM-TT; @p text as it is if there is none. */
+/** The likeliest date in @p text as JJJJ-MM-TT; @p text as it is if there is none. */
 [[nodiscard]] QString alsDatum(const QString &text);
+/** The date that the words from @p wort on are a part of; without one, the date in them or they themselves. */
+[[nodiscard]] QString alsDatum(const Wortfolge &seite, qsizetype wort, qsizetype worte);
 /** Without what stands around a name (colons, dots, bars) and without its legal form. */
 [[nodiscard]] QString alsGegenueber(const QString &text);
 /**

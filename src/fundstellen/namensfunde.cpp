@@ -83,11 +83,30 @@ bool istNetzadresse(const QString &wort)
     return wort.contains(u'@') || wort.contains(u"www."_s, Qt::CaseInsensitive) || wort.contains(u"://"_s);
 }
 
-/** Larger is better. */
+/** A place of a name, and how good it is: larger is better. */
+struct Namensstelle {
+    Fundstelle ort;
+    std::tuple<bool, bool, bool, bool> rang;
+};
+
 std::tuple<bool, bool, bool, bool> rang(const Wortfolge &folge, const Fundstelle &stelle, bool genau)
 {
     const Seitenwort &erstes = folge.worte().at(stelle.wort);
     return {!istNetzadresse(erstes.text), stelle.seite == 0, genau, stelle.seite == 0 && erstes.ort.top() < kopf};
+}
+
+QList<Namensstelle> alleStellen(const Wortfolge &seite, const QStringList &worte)
+{
+    const Vergleich vergleich(seite, worte);
+    QList<Namensstelle> stellen;
+    for (qsizetype i = 0; i < seite.stuecke().size(); ++i) {
+        const Treffer treffer = vergleich.ab(i);
+        if (treffer.stuecke == 0)
+            continue;
+        const Fundstelle ort = seite.stelleVonStuecken(i, treffer.stuecke);
+        stellen << Namensstelle{.ort = ort, .rang = rang(seite, ort, treffer.genau)};
+    }
+    return stellen;
 }
 } // namespace
 
@@ -99,24 +118,15 @@ std::optional<Fundstelle> Namensfunde::zu(const QList<Wortfolge> &seiten, const 
     QList<QStringList> folgen{worte};
     if (worte.size() == 2)
         folgen << QStringList{worte.last(), worte.first()};
-    std::optional<Fundstelle> beste;
-    std::tuple<bool, bool, bool, bool> hoechster;
+    std::optional<Namensstelle> beste;
     for (const Wortfolge &seite : seiten) {
-        for (const QStringList &eine : std::as_const(folgen)) {
-            const Vergleich vergleich(seite, eine);
-            for (qsizetype i = 0; i < seite.stuecke().size(); ++i) {
-                const Treffer treffer = vergleich.ab(i);
-                if (treffer.stuecke == 0)
-                    continue;
-                const Fundstelle stelle = seite.stelleVonStuecken(i, treffer.stuecke);
-                const auto dieser = rang(seite, stelle, treffer.genau);
-                if (!beste || dieser > hoechster) {
+        for (const QStringList &folge : std::as_const(folgen)) {
+            for (const Namensstelle &stelle : alleStellen(seite, folge)) {
+                if (!beste || stelle.rang > beste->rang)
                     beste = stelle;
-                    hoechster = dieser;
-                }
             }
         }
     }
-    return beste;
+    return beste ? std::optional(beste->ort) : std::nullopt;
 }
 } // namespace quillmar::fundstellen

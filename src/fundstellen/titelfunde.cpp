@@ -16,11 +16,6 @@ constexpr qsizetype kuerzestesWort = 3;
 constexpr qsizetype kuerzesterAnfang = 5; // of a longer word
 constexpr qsizetype meisteStuecke = 8;    // that one number is parted into
 
-bool hatZiffer(const QString &text)
-{
-    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
-}
-
 /** Folded words that tell nothing. */
 bool istFuellwort(const QString &wort)
 {
@@ -88,6 +83,24 @@ QList<Stelle> alleStellen(const QList<Wortfolge> &seiten, const Titelwort &wort)
     return stellen;
 }
 
+/** Numbers that stand nowhere by themselves may be the parts of one: "2024 0815" is "20240815" on the page. */
+void teileSuchen(const QList<Wortfolge> &seiten, const QList<Titelwort> &worte, QList<QList<Stelle>> &stellen)
+{
+    const auto fehlt = [&](qsizetype i) { return i < worte.size() && worte.at(i).zahl && stellen.at(i).isEmpty(); };
+    for (qsizetype i = 0; i < worte.size(); ++i) {
+        QString ganze;
+        qsizetype bis = i;
+        for (; fehlt(bis); ++bis)
+            ganze += worte.at(bis).text;
+        const bool mehrere = bis > i + 1;
+        const QList<Stelle> gemeinsame =
+            mehrere ? alleStellen(seiten, {.text = ganze, .zahl = true, .stelle = {}}) : QList<Stelle>();
+        for (qsizetype teil = i; teil < bis; ++teil)
+            stellen[teil] = gemeinsame;
+        i = std::max(i, bis);
+    }
+}
+
 using Zeile = std::pair<int, int>; // page and line
 
 Zeile zeileVon(const QList<Wortfolge> &seiten, const Fundstelle &stelle)
@@ -109,11 +122,13 @@ QList<Titelwort> Titelfunde::zu(const QList<Wortfolge> &seiten, const QString &t
 {
     QList<Titelwort> worte = worteVon(titel);
     QList<QList<Stelle>> stellen;
-    QHash<Zeile, int> gemeinsame; // how many words of the title a line has
-    for (const Titelwort &wort : std::as_const(worte)) {
+    for (const Titelwort &wort : std::as_const(worte))
         stellen << alleStellen(seiten, wort);
+    teileSuchen(seiten, worte, stellen);
+    QHash<Zeile, int> gemeinsame; // how many words of the title a line has
+    for (const QList<Stelle> &einWort : std::as_const(stellen)) {
         QSet<Zeile> zeilen;
-        for (const Stelle &stelle : stellen.last())
+        for (const Stelle &stelle : einWort)
             zeilen.insert(zeileVon(seiten, stelle.ort));
         for (const Zeile &zeile : std::as_const(zeilen))
             ++gemeinsame[zeile];

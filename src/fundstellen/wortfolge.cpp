@@ -163,6 +163,11 @@ QList<Wortfolge> wortfolgen(const QList<Seitenworte> &seiten)
     return folgen;
 }
 
+bool hatZiffer(const QString &text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+}
+
 QString zusammengezogen(const QString &text)
 {
     QString eins;

@@ -65,6 +65,8 @@ private:
 /** One for each page, numbered from 0 on. */
 [[nodiscard]] QList<Wortfolge> wortfolgen(const QList<Seitenworte> &seiten);
 
+[[nodiscard]] bool hatZiffer(const QString &text);
+
 /** Letters and digits of @p text without what parts them, folded: "RE-2024/0815" is "re20240815". */
 [[nodiscard]] QString zusammengezogen(const QString &text);
 

@@ -18,6 +18,14 @@ struct Seitenwort {
 /** The words of one page in the order in which they are read. */
 using Seitenworte = QList<Seitenwort>;
 
+/** Words that were taken from the pages of a document. */
+struct Wortgriff {
+    QString text;        ///< with a blank between each two
+    int seite = 0;       ///< from 0
+    qsizetype wort = 0;  ///< the first one, from 0
+    qsizetype worte = 0; ///< how many of that page; 0 if they are of several pages
+};
+
 /** Where @p ort of a page lies when the page is turned clockwise by @p grad, a multiple of 90. */
 [[nodiscard]] QRectF gedreht(const QRectF &ort, int grad);
 [[nodiscard]] Seitenworte gedreht(Seitenworte worte, int grad);

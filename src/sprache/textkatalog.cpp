@@ -333,6 +333,7 @@ constexpr std::initializer_list<QStringView> texte = {
     u"Die Vorschau hat es abgebrochen. Die Datei bleibt, wie sie ist; ablegen kannst du sie trotzdem.",
     u"Die Wurzel deiner Ablage. Darunter liegen Zweige, Ablagen und Rubriken so, wie du sie angelegt hast.",
     u"Die Wörter der Seite lassen sich nicht lesen",
+    u"Die Wörter dieses Dokuments lassen sich nicht lesen.",
     u"Die andere Seite, also wer schreibt oder an wen es geht. Niemals du selbst. Etwa Finanzamt Meißen oder Sparkasse.",
     u"Die bisherige Profilliste war nicht lesbar und liegt jetzt hier: %@",
     u"Die erste Seite, wo nötig per Texterkennung.",

@@ -1,23 +1,14 @@
 #include "seitenbelege.h"
 
-#include "dokumente.h"
 #include "durchgang.h"
-#include "fehler.h"
 #include "offenesprofil.h"
 #include "profilwahl.h"
-#include "seitenlagen.h"
 #include "text.h"
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace quillmar::zustand
 {
 namespace
 {
-constexpr int vorausDokumente = 3;
-
 Feld feldVon(Wert wert)
 {
     switch (wert) {
@@ -46,38 +37,6 @@ QStringList eigeneWorte(const Profil &profil)
         worte << gefaltet(name, Faltung::Namen).split(u' ', Qt::SkipEmptyParts);
     return worte;
 }
-
-/** The documents that wait behind the one with @p id. */
-QList<Dokument> naechste(Datenbank &db, qint64 id)
-{
-    QList<Dokument> liste;
-    auto naechstes = Dokumente(db).naechstes(id, Richtung::Weiter);
-    while (naechstes && naechstes->id != id && liste.size() < vorausDokumente) {
-        liste << *naechstes;
-        naechstes = Dokumente(db).naechstes(naechstes->id, Richtung::Weiter);
-    }
-    return liste;
-}
-
-/** Children that read for the eye give way to whatever else runs. */
-Lesegrenzen nachrangig()
-{
-    Lesegrenzen grenzen;
-    grenzen.nachrangig = true;
-    return grenzen;
-}
-
-/** Recognised once, so that it is there when it comes under review; if it cannot be, that shows then. */
-void merken(Datenbank &db, const Dokument &dokument, Wortlagen::Erkennung wie, const Wortspeicher &speicher,
-            const std::stop_token &ende)
-{
-    wie.drehungen = Seitenlagen(db).drehungen(dokument.id);
-    try {
-        Q_UNUSED(Wortlagen::lesen(dokument.pfad, false, wie, speicher, nachrangig(), ende));
-    } catch (const Fehler &) {
-        return;
-    }
-}
 } // namespace
 
 /** What was read of a document, and what follows from it. */
@@ -87,10 +46,8 @@ struct Seitenbelege::Gelesen {
     QList<Wortfolge> folgen;  ///< upright
 
     /** Blocks. Throws as Wortlagen::lesen() does. */
-    Gelesen(const Quelle &quelle, const Wortspeicher &speicher, const std::stop_token &ende)
-        : pfad(quelle.pfad), worte(Wortlagen::lesen(quelle.pfad, quelle.textebene, quelle.wie, speicher,
-                                                    quelle.textebene ? Lesegrenzen() : nachrangig(), ende)),
-          folgen(aufrechte(worte, quelle.wie.drehungen))
+    Gelesen(const Wortquelle &quelle, const Wortspeicher &speicher, const std::stop_token &ende)
+        : pfad(quelle.pfad), worte(quelle.lesen(speicher, ende)), folgen(aufrechte(worte, quelle.wie.drehungen))
     {
     }
 
@@ -108,14 +65,15 @@ struct Seitenbelege::Gelesen {
         }
         return marke;
     }
-    QList<Angebot> daten;
-    QList<Angebot> namen;
-    QList<Angebot> titel;
+    QMap<Feld, QList<Angebot>> angebote;
 };
 
 QString Seitenbelege::pfad() const { return m_gelesen ? m_gelesen->pfad : QString(); }
 
-QList<Seitenworte> Seitenbelege::worte() const { return m_gelesen ? m_gelesen->worte : QList<Seitenworte>(); }
+QList<Seitenworte> Seitenbelege::worte() const
+{
+    return m_gelesen ? m_weitere.angehaengt(m_gelesen->worte) : QList<Seitenworte>();
+}
 
 QString Seitenbelege::partnerPfad() const { return m_partner ? m_partner->pfad : QString(); }
 
@@ -123,7 +81,7 @@ QList<Seitenworte> Seitenbelege::partnerWorte() const { return m_partner ? m_par
 
 Seitenbelege::Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Durchgang *durchgang)
     : m_pruefung(pruefung), m_profilwahl(profilwahl), m_durchgang(durchgang), m_lesefrage(this), m_belegfrage(this),
-      m_partnerfrage(this), m_vorausfrage(this)
+      m_partnerfrage(this), m_voraus(this), m_weitere(this)
 {
     connect(pruefung, &Pruefung::aktuellesGeaendert, this, &Seitenbelege::dokumentPruefen);
     connect(pruefung, &Pruefung::vorausGeaendert, this, &Seitenbelege::dokumentPruefen);
@@ -134,23 +92,28 @@ Seitenbelege::Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Dur
     // A run goes first.
     connect(durchgang, &Durchgang::laufGeaendert, this, [this] {
         if (m_durchgang->laeuft())
-            m_vorausfrage.verwerfen();
+            vorausAbbrechen();
     });
     connect(durchgang, &Durchgang::laufBeendet, this, &Seitenbelege::vorauslesen);
-    connect(profilwahl, &Profilwahl::gewechselt, this, [this] { m_vorausfrage.verwerfen(); });
+    connect(profilwahl, &Profilwahl::gewechselt, &m_voraus, &Vorauslesung::abbrechen);
+    connect(&m_voraus, &Vorauslesung::fertig, this, [this](const Wortquelle &quelle) {
+        if (quelle == m_quelle)
+            lesen(); // it came under review meanwhile
+    });
+    connect(&m_weitere, &Weitereworte::geaendert, this, &Seitenbelege::worteGeaendert);
     connect(pruefung, &Pruefung::partnerZeigenGeaendert, this, &Seitenbelege::partnerPruefen);
 }
 
-std::optional<Seitenbelege::Quelle> Seitenbelege::quelleVon(const Dokument *dokument) const
+std::optional<Wortquelle> Seitenbelege::quelleVon(const Dokument *dokument) const
 {
     const Profil *profil = m_profilwahl->aktiv();
     if (!dokument || !profil)
         return std::nullopt;
-    return Quelle{.pfad = dokument->pfad,
-                  .textebene = dokument->hatTextebene,
-                  .wie = {.seiten = profil->seiten,
-                          .sprache = profil->ocrSprache,
-                          .drehungen = m_pruefung->drehungen().value(dokument->pfad)}};
+    return Wortquelle{.pfad = dokument->pfad,
+                      .textebene = dokument->hatTextebene,
+                      .wie = {.seiten = {.erste = 1, .letzte = profil->seiten},
+                              .sprache = profil->ocrSprache,
+                              .drehungen = m_pruefung->drehungen().value(dokument->pfad)}};
 }
 
 /** Another document, another file for it, or pages that were turned. */
@@ -162,21 +125,24 @@ void Seitenbelege::dokumentPruefen()
     const bool andereDatei = !quelle || !m_quelle || quelle->pfad != m_quelle->pfad;
     m_quelle = quelle;
     m_lesefrage.verwerfen();
-    m_vorausfrage.verwerfen();
     if (andereDatei)
         uebernehmen(nullptr);
+    if (quelle && m_voraus.liest(*quelle))
+        return; // to begin anew would take longer
+    m_voraus.abbrechen();
     if (quelle)
-        lesen(*quelle);
+        lesen();
 }
 
-void Seitenbelege::lesen(const Quelle &quelle)
+void Seitenbelege::lesen()
 {
     m_lesefrage.stellen(
-        [quelle, speicher = m_speicher, eigene = eigeneWorte(*m_profilwahl->aktiv())](const std::stop_token &ende) {
+        [quelle = *m_quelle, speicher = m_speicher,
+         eigene = eigeneWorte(*m_profilwahl->aktiv())](const std::stop_token &ende) {
             auto gelesen = std::make_shared<Gelesen>(quelle, speicher, ende);
-            gelesen->daten = Angebote::daten(gelesen->folgen);
-            gelesen->namen = Angebote::namen(gelesen->folgen, eigene);
-            gelesen->titel = Angebote::titel(gelesen->folgen);
+            gelesen->angebote = {{Feld::Datum, Angebote::daten(gelesen->folgen)},
+                                 {Feld::Gegenueber, Angebote::namen(gelesen->folgen, eigene)},
+                                 {Feld::Titel, Angebote::titel(gelesen->folgen)}};
             return Lesung(gelesen);
         },
         [this](const Ausgang<Lesung> &ausgang) {
@@ -189,6 +155,10 @@ void Seitenbelege::lesen(const Quelle &quelle)
 void Seitenbelege::uebernehmen(const Lesung &gelesen)
 {
     m_gelesen = gelesen;
+    if (gelesen)
+        m_weitere.beginnen(*m_quelle);
+    else
+        m_weitere.vergessen();
     m_belege = {};
     m_belegfrage.verwerfen();
     // What differs is told by places among the words before.
@@ -223,17 +193,21 @@ void Seitenbelege::vorauslesen()
     const Dokument *dokument = m_pruefung->aktuelles();
     if (!dokument || !m_profilwahl->kannHandeln() || m_durchgang->laeuft())
         return;
-    const auto vorlage = quelleVon(dokument);
-    m_vorausfrage.stellen(
-        [db = m_profilwahl->offenes()->db(), id = dokument->id, speicher = m_speicher,
-         wie = vorlage->wie](const std::stop_token &ende) {
-            for (const Dokument &naechstes : naechste(*db, id)) {
-                if (!naechstes.hatTextebene && !ende.stop_requested())
-                    merken(*db, naechstes, wie, speicher, ende);
-            }
-            return true;
-        },
-        [](const Ausgang<bool> &) {});
+    m_voraus.beginnen(m_profilwahl->offenes()->db(), dokument->id, quelleVon(dokument)->wie);
+}
+
+void Seitenbelege::vorausAbbrechen()
+{
+    const bool erwartet = m_quelle && m_voraus.liest(*m_quelle);
+    m_voraus.abbrechen();
+    if (erwartet)
+        lesen();
+}
+
+void Seitenbelege::imBlick(const QString &pfad, int seite, int seiten)
+{
+    if (m_quelle && pfad == m_quelle->pfad)
+        m_weitere.imBlick(seite, seiten);
 }
 
 QList<Seitenmarke> Seitenbelege::marken() const
@@ -260,37 +234,40 @@ QList<Feldangebot> Seitenbelege::angebote(Feld feld) const
 {
     if (!m_gelesen)
         return {};
-    QList<Angebot> angebote;
-    if (feld == Feld::Datum)
-        angebote = m_gelesen->daten;
-    else if (feld == Feld::Gegenueber)
-        angebote = m_gelesen->namen;
-    else if (feld == Feld::Titel)
-        angebote = m_gelesen->titel;
     QList<Feldangebot> fuerFeld;
-    for (const Angebot &angebot : std::as_const(angebote))
-        fuerFeld << Feldangebot{
-            .wert = angebot.wert, .umfeld = angebot.umfeld, .marke = m_gelesen->marke(angebot.stelle, feld)};
+    for (const Angebot &angebot : m_gelesen->angebote.value(feld))
+        fuerFeld << Feldangebot{.wert = angebot.wert,
+                                .umfeld = angebot.umfeld,
+                                .marke = m_gelesen->marke(angebot.stelle, feld),
+                                .istZahl = angebot.istZahl};
     return fuerFeld;
 }
 
-QString Seitenbelege::uebernommen(Feld feld, const QString &text) const
+QString Seitenbelege::uebernommen(Feld feld, const Wortgriff &griff) const
 {
     switch (feld) {
     case Feld::Datum:
-        return Uebernahme::alsDatum(text);
+        return datumAus(griff);
     case Feld::Gegenueber:
-        return Uebernahme::alsGegenueber(text);
+        return Uebernahme::alsGegenueber(griff.text);
     default:
-        return text.simplified();
+        return griff.text.simplified();
     }
 }
 
-QString Seitenbelege::gewaehlt(Feld feld, const Feldangebot &angebot) const
+/** Of a word of a date all of it, as far as the words around are known. */
+QString Seitenbelege::datumAus(const Wortgriff &griff) const
+{
+    const bool bekannt = griff.worte > 0 && m_gelesen && griff.seite < m_gelesen->folgen.size();
+    const bool passt = bekannt && griff.wort + griff.worte <= m_gelesen->folgen.at(griff.seite).worte().size();
+    return passt ? Uebernahme::alsDatum(m_gelesen->folgen.at(griff.seite), griff.wort, griff.worte)
+                 : Uebernahme::alsDatum(griff.text);
+}
+
+QString Seitenbelege::gewaehlt(const Feldangebot &angebot) const
 {
     const Dokument *dokument = m_pruefung->aktuelles();
-    const bool istBetreff = angebot.umfeld == angebot.wert;
-    if (feld != Feld::Titel || istBetreff || !dokument)
+    if (!angebot.istZahl || !dokument)
         return angebot.wert;
     return Uebernahme::zahlImTitel(dokument->angaben.titel, angebot.wert, m_belege.fehlendeZahlen);
 }

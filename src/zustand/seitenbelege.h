@@ -8,8 +8,9 @@
 #include "pruefung.h"
 #include "seitenwort.h"
 #include "unterschiede.h"
-#include "wortlagen.h"
-#include "wortspeicher.h"
+#include "vorauslesung.h"
+#include "weitereworte.h"
+#include "wortquelle.h"
 
 #include <memory>
 
@@ -30,12 +31,14 @@ struct Feldangebot {
     QString wert;   ///< as it goes into the field
     QString umfeld; ///< as it stands on the page, with the words around it
     Seitenmarke marke;
+    bool istZahl = false; ///< a part of a title, not all of it
 };
 
 /**
  * The words on the pages of the document under review, where its values stand among them, and what they offer instead.
- * Of the pages that were read only, as many as the profile says. Words of text layers are there within a blink;
- * recognised ones are kept, and made ready ahead for the next documents while no run is under way.
+ * Values are looked for on the pages that were read, as many as the profile says; words are known of others too, see
+ * Weitereworte. Those of text layers are there within a blink; recognised ones are kept, and made ready ahead for the
+ * next documents while no run is under way.
  */
 class Seitenbelege : public QObject
 {
@@ -47,7 +50,9 @@ public:
     /** Of what file the words are; empty while none are known. */
     [[nodiscard]] QString pfad() const;
     /** The pages are being read. */
-    [[nodiscard]] bool liest() const { return m_lesefrage.laeuft(); }
+    [[nodiscard]] bool liest() const { return m_lesefrage.laeuft() || (m_quelle && m_voraus.liest(*m_quelle)); }
+    /** One looks at page @p seite of @p seiten of the file @p pfad, from 1. */
+    void imBlick(const QString &pfad, int seite, int seiten);
     /** As the pages lie. */
     [[nodiscard]] QList<Seitenworte> worte() const;
     /** Where the values stand as they are typed now; of a field the most telling passage first. */
@@ -56,10 +61,10 @@ public:
     [[nodiscard]] QList<Feld> fehlende() const;
     /** Likeliest first; empty for fields that pages offer nothing for. */
     [[nodiscard]] QList<Feldangebot> angebote(Feld feld) const;
-    /** What becomes of the value of @p feld when @p text is taken from the page. */
-    [[nodiscard]] QString uebernommen(Feld feld, const QString &text) const;
-    /** The same when the offered @p angebot is chosen. */
-    [[nodiscard]] QString gewaehlt(Feld feld, const Feldangebot &angebot) const;
+    /** What becomes of the value of @p feld when @p griff is taken from the pages. */
+    [[nodiscard]] QString uebernommen(Feld feld, const Wortgriff &griff) const;
+    /** What the field is to say when @p angebot is chosen for it. */
+    [[nodiscard]] QString gewaehlt(const Feldangebot &angebot) const;
 
     /** The similar document's words, once it was looked at; as pfad() and worte(). */
     [[nodiscard]] QString partnerPfad() const;
@@ -74,27 +79,23 @@ Q_SIGNALS:
 
 private:
     struct Gelesen;
-    struct Quelle {
-        QString pfad;
-        bool textebene = false;
-        Wortlagen::Erkennung wie;
-        bool operator==(const Quelle &) const = default;
-    };
     using Lesung = std::shared_ptr<const Gelesen>;
     void dokumentPruefen();
-    void lesen(const Quelle &quelle);
+    void lesen();
+    [[nodiscard]] QString datumAus(const Wortgriff &griff) const;
     void uebernehmen(const Lesung &gelesen);
     void partnerUebernehmen(const Lesung &gelesen, const Unterschiede &unterschiede);
     void belegeRechnen();
     void partnerPruefen();
     void vorauslesen();
-    [[nodiscard]] std::optional<Quelle> quelleVon(const Dokument *dokument) const;
+    void vorausAbbrechen();
+    [[nodiscard]] std::optional<Wortquelle> quelleVon(const Dokument *dokument) const;
 
     Pruefung *m_pruefung;
     Profilwahl *m_profilwahl;
     const Durchgang *m_durchgang;
     Wortspeicher m_speicher;
-    std::optional<Quelle> m_quelle;
+    std::optional<Wortquelle> m_quelle;
     Lesung m_gelesen; ///< null while nothing is known
     Belege m_belege;
     Lesung m_partner; ///< the similar document, once it was looked at
@@ -102,6 +103,7 @@ private:
     Anfrage m_lesefrage;
     Anfrage m_belegfrage;
     Anfrage m_partnerfrage;
-    Anfrage m_vorausfrage;
+    Vorauslesung m_voraus;
+    Weitereworte m_weitere;
 };
 } // namespace quillmar::zustand

@@ -16,7 +16,7 @@ using vorfuehrung::Vorlage;
 
 namespace
 {
-constexpr int seiten = 2;
+constexpr Seitenspanne seiten{.erste = 1, .letzte = 2};
 
 QList<Wortfolge> gelesen(const QString &quelle, const Vorlage &vorlage)
 {
@@ -26,7 +26,7 @@ QList<Wortfolge> gelesen(const QString &quelle, const Vorlage &vorlage)
     constexpr int ganz = 360;
     const int drehung = (ganz - vorlage.lage.drehung) % ganz;
     Wortlagen::Erkennung wie{.seiten = seiten, .sprache = u"deu"_s, .drehungen = {}};
-    for (int seite = 1; seite <= seiten; ++seite)
+    for (int seite = 1; seite <= seiten.letzte; ++seite)
         wie.drehungen.insert(seite, drehung);
     QList<Seitenworte> worte = Wortlagen::erkannte(pdf, wie, {}, {});
     for (Seitenworte &seite : worte)

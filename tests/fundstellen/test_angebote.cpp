@@ -113,6 +113,11 @@ private Q_SLOTS:
         };
         zeile("Datum", Uebernahme::alsDatum(u"Meißen, 31.1.24"_s), u"2024-01-31"_s);
         zeile("Monat", Uebernahme::alsDatum(u"Januar 2024"_s), u"2024-01-01"_s);
+        const Wortfolge seite(0, getippt({u"Meißen, 31. Januar 2024 und 2023"_s}));
+        zeile("Tag und Jahr um ein Wort", Uebernahme::alsDatum(seite, 2, 1), u"2024-01-31"_s);
+        zeile("auch um zwei", Uebernahme::alsDatum(seite, 1, 2), u"2024-01-31"_s);
+        zeile("mehr als das Datum", Uebernahme::alsDatum(seite, 0, 4), u"2024-01-31"_s);
+        zeile("keines um das Wort", Uebernahme::alsDatum(seite, 5, 1), u"2023"_s);
         zeile("kein Datum", Uebernahme::alsDatum(u" demnächst "_s), u"demnächst"_s);
         zeile("Name", Uebernahme::alsGegenueber(u"– Meier Bau GmbH & Co. KG,"_s), u"Meier Bau"_s);
         zeile("Zahl dahinter", Uebernahme::zahlImTitel(u"Rechnung"_s, u"17"_s, {}), u"Rechnung 17"_s);

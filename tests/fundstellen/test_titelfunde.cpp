@@ -36,6 +36,9 @@ private Q_SLOTS:
               {u"Jahresabrechnung=Jahresabrechnunq"_s});
         zeile("Anfang eines Wortes bei der Zahl", {u"die Rechnung"_s, u"Rechnungsnummer: 17-4"_s}, u"Rechnung 17-4"_s,
               {u"17-4=17-4"_s, u"Rechnung=Rechnungsnummer:"_s});
+        zeile("auseinandergeschrieben", {u"Nr. 20240815"_s}, u"Rechnung 2024 0815"_s,
+              {u"2024=20240815"_s, u"0815=20240815"_s, u"Rechnung="_s});
+        zeile("nur eine davon", {u"Nr. 20240815"_s}, u"2024 0816"_s, {u"2024="_s, u"0816="_s});
         zeile("Zahlen nie ungefähr", {u"Nr. 12345678"_s}, u"12345679"_s, {u"12345679="_s});
     }
     void stellen()

@@ -250,9 +250,10 @@ private Q_SLOTS:
         QSignalSpy geaendert(m_vorschau, &Vorschau::markenSichtbarGeaendert);
         QVERIFY(knopf->isChecked() && m_vorschau->markenSichtbar());
         m_vorschau->setzeMarkenSichtbar(false);
-        QVERIFY(!knopf->isChecked() && geaendert.isEmpty());
+        QVERIFY(!knopf->isChecked());
         knopf->click();
-        QCOMPARE(geaendert, (QList<QVariantList>{{true}}));
+        m_vorschau->setzeMarkenSichtbar(true); // as it is
+        QCOMPARE(geaendert, (QList<QVariantList>{{false}, {true}}));
         QVERIFY(m_vorschau->markenSichtbar());
     }
 
@@ -348,7 +349,13 @@ private Q_SLOTS:
         klicken(leer);
         QTest::mouseClick(m_ansicht->viewport(), Qt::RightButton, {}, punkt(nummer));
         QTest::mouseClick(m_ansicht->viewport(), Qt::MiddleButton, {}, punkt(nummer));
-        QCOMPARE(genommen, (QList<QVariantList>{{u"4711"_s}, {u"4711 Stadtwerke Nordheim"_s}}));
+        QCOMPARE(genommen.size(), 2);
+        const auto griff = [&](qsizetype i) { return genommen.at(i).first().value<Wortgriff>(); };
+        QCOMPARE(griff(0).text, u"4711"_s);
+        QCOMPARE(griff(0).worte, 1);
+        QCOMPARE(griff(1).text, u"4711 Stadtwerke Nordheim"_s);
+        QCOMPARE(griff(1).wort, griff(0).wort);
+        QCOMPARE(griff(1).worte, 3);
         QCOMPARE(ausgewaehlt(), QString());
         // The second press of a double click means no other word.
         doppelklicken(nummer);
@@ -356,8 +363,8 @@ private Q_SLOTS:
         // On a page that is turned the words are where they are seen.
         m_vorschau->setzeDrehungen({{m_pfad, {{1, 180}}}});
         klicken(QPointF(1, 1) - nummer);
-        QCOMPARE(genommen.last().first().toString(), u"4711"_s);
         QCOMPARE(genommen.size(), 4);
+        QCOMPARE(griff(3).text, u"4711"_s);
     }
 
     // The desktop may tell of the activation before the press or behind it.
@@ -442,7 +449,10 @@ private Q_SLOTS:
         QCOMPARE(suchstand(), u"5 von 5"_s);
         QVERIFY2(m_ansicht->viewport()->rect().contains(punkt({0.25, 0.807}, 2)), "the find is in sight");
         QTest::keyClicks(feld, u"x"_s);
-        QCOMPARE(suchstand(), u"Nicht gefunden"_s);
+        QCOMPARE(suchstand(), u"Nicht auf den gelesenen Seiten"_s);
+        const QList<Seitenworte> alle(m_ansicht->seiten(), worte().first());
+        m_vorschau->setzeWorte(m_pfad, alle);
+        QTRY_COMPARE(suchstand(), u"Nicht gefunden"_s);
         QVERIFY(!m_vorschau->findChild<QToolButton *>(u"naechsterTreffer"_s)->isEnabled());
         QTest::keyClick(feld, Qt::Key_Escape);
         QVERIFY(!m_vorschau->sucheOffen() && m_feld->hasFocus());

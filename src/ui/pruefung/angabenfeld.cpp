@@ -139,10 +139,10 @@ std::optional<Feld> Angabenfeld::nehmendes() const
     return std::nullopt;
 }
 
-void Angabenfeld::nehmen(const QString &text)
+void Angabenfeld::nehmen(const Wortgriff &griff)
 {
     const auto feld = nehmendes();
-    const QString wert = feld ? m_belege->uebernommen(*feld, text) : QString();
+    const QString wert = feld ? m_belege->uebernommen(*feld, griff) : QString();
     if (!wert.isEmpty()) // of a mere stroke or dot no name is left
         ersetzen(*feld, wert);
 }
@@ -259,8 +259,8 @@ void Angabenfeld::tagZeigen()
     const bool fehlt = m_belege->fehlende().contains(Feld::Datum);
     const QString satz = fehlt && !falsch ? u"%1 · %2"_s.arg(text, stehtNicht()) : text;
     Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setzeText(satz);
-    m_eingaben.at(int(Feld::Datum))
-        .text->setAccessibleDescription(falsch ? text + u". "_s + feldhilfe(Feld::Datum) : feldhilfe(Feld::Datum));
+    const QString vorab = falsch ? text + u". "_s : fehlt ? stehtNicht() + u' ' : QString();
+    m_eingaben.at(int(Feld::Datum)).text->setAccessibleDescription(vorab + feldhilfe(Feld::Datum));
 }
 
 bool Angabenfeld::hatFokus() const

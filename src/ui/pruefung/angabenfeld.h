@@ -31,7 +31,7 @@ public:
     /** The field that has the focus and can take text from the page. */
     [[nodiscard]] std::optional<Feld> nehmendes() const;
     /** What was clicked on the page takes the place of the text in that field, as one step that it can undo. */
-    void nehmen(const QString &text);
+    void nehmen(const Wortgriff &griff);
 
 Q_SIGNALS:
     /** The focus went into a field or left the fields. */

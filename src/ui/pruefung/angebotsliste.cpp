@@ -1,5 +1,6 @@
 #include "angebotsliste.h"
 
+#include "feldliste.h"
 #include "liste.h"
 #include "sprache.h"
 #include "stil.h"
@@ -16,31 +17,23 @@ namespace quillmar::pruefung
 {
 namespace
 {
-constexpr int hoechstensZuSehen = 8;
 constexpr int kleinsteBreite = 360; // pixels at 10 points
 
 /** What stands in place of offers. */
 QString ohneAngebot(const Seitenbelege &belege)
 {
-    return belege.liest() ? Sprache::text(u"Die Seite ist noch nicht gelesen."_s)
-                          : Sprache::text(u"Auf den gelesenen Seiten steht nichts, was hierher passt."_s);
+    if (belege.liest())
+        return Sprache::text(u"Die Seite ist noch nicht gelesen."_s);
+    return belege.pfad().isEmpty() ? Sprache::text(u"Die Wörter dieses Dokuments lassen sich nicht lesen."_s)
+                                   : Sprache::text(u"Auf den gelesenen Seiten steht nichts, was hierher passt."_s);
 }
 } // namespace
 
 Angebotsliste::Angebotsliste(const Seitenbelege *belege, Feld feld, QLineEdit *eingabe)
     : QObject(eingabe), m_belege(belege), m_feld(feld), m_eingabe(eingabe), m_zeilen(new Listenmodell(this)),
-      m_liste(new QCompleter(this))
+      m_liste(feldliste(eingabe, m_zeilen, u"angebote"_s + feldname(feld), Sprache::text(u"Was die Seite anbietet"_s)))
 {
-    auto *zeilen = new Liste(u"angebote"_s + feldname(feld), Sprache::text(u"Was die Seite anbietet"_s));
-    zeilen->setFrameShape(QFrame::StyledPanel);
-    zeilen->viewport()->setAutoFillBackground(true);
-    m_liste->setModel(m_zeilen);
-    auto *maler = zeilen->itemDelegate();
-    m_liste->setPopup(zeilen);
-    zeilen->setItemDelegate(maler); // the completer has put its own in its place
-    m_liste->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-    m_liste->setMaxVisibleItems(hoechstensZuSehen);
-    m_liste->setWidget(eingabe);
+    QAbstractItemView *zeilen = m_liste->popup();
     zeilen->installEventFilter(this);
     connect(zeilen->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &zeile) {
         if (const qsizetype stelle = zeile.row(); zeile.isValid() && stelle < m_angebote.size())
@@ -48,6 +41,10 @@ Angebotsliste::Angebotsliste(const Seitenbelege *belege, Feld feld, QLineEdit *e
     });
     connect(m_liste, qOverload<const QModelIndex &>(&QCompleter::activated), this, &Angebotsliste::waehlen);
     connect(eingabe, &QLineEdit::textEdited, this, &Angebotsliste::schliessen);
+    connect(belege, &Seitenbelege::worteGeaendert, this, [this] {
+        if (m_liste->popup()->isVisible() && m_angebote.isEmpty())
+            oeffnen(); // was opened before they came
+    });
 }
 
 void Angebotsliste::schliessen() { m_liste->popup()->hide(); }
@@ -65,7 +62,7 @@ void Angebotsliste::oeffnen()
     m_liste->complete(QRect(0, 0, std::max(m_eingabe->width(), Stil::mass(kleinsteBreite)), m_eingabe->height()));
     // The likeliest that the field does not say already.
     const auto anderes = std::find_if(m_angebote.begin(), m_angebote.end(), [this](const Feldangebot &a) {
-        return m_belege->gewaehlt(m_feld, a) != m_eingabe->text();
+        return m_belege->gewaehlt(a) != m_eingabe->text();
     });
     const auto stelle = anderes == m_angebote.end() ? 0 : std::distance(m_angebote.begin(), anderes);
     m_liste->popup()->setCurrentIndex({});
@@ -75,7 +72,7 @@ void Angebotsliste::oeffnen()
 void Angebotsliste::waehlen(const QModelIndex &zeile)
 {
     if (const qsizetype stelle = zeile.row(); zeile.isValid() && stelle < m_angebote.size())
-        Q_EMIT gewaehlt(m_belege->gewaehlt(m_feld, m_angebote.at(stelle)));
+        Q_EMIT gewaehlt(m_belege->gewaehlt(m_angebote.at(stelle)));
 }
 
 bool Angebotsliste::eventFilter(QObject *ziel, QEvent *ereignis)

@@ -1,5 +1,6 @@
 #include "bekanntenliste.h"
 
+#include "feldliste.h"
 #include "liste.h"
 #include "pruefung.h"
 #include "sprache.h"
@@ -20,20 +21,10 @@ constexpr qsizetype wenigsteZeichen = 2;
 } // namespace
 
 Bekanntenliste::Bekanntenliste(Pruefung *pruefung, QLineEdit *feld)
-    : QObject(feld), m_pruefung(pruefung), m_feld(feld), m_zeilen(new Listenmodell(this)), m_liste(new QCompleter(this))
+    : QObject(feld), m_pruefung(pruefung), m_feld(feld), m_zeilen(new Listenmodell(this)),
+      m_liste(feldliste(feld, m_zeilen, u"bekannte"_s, Sprache::text(u"Bekannte Gegenüber"_s)))
 {
-    auto *zeilen = new Liste(u"bekannte"_s, Sprache::text(u"Bekannte Gegenüber"_s));
-    zeilen->setFrameShape(QFrame::StyledPanel);
-    zeilen->viewport()->setAutoFillBackground(true);
-    m_liste->setModel(m_zeilen);
-    auto *maler = zeilen->itemDelegate();
-    m_liste->setPopup(zeilen);
-    zeilen->setItemDelegate(maler); // the completer has put its own in its place
-    m_liste->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-    m_liste->setMaxVisibleItems(int(hoechstens));
-    // Not the field's own completer: that one would write into it whatever row is passed over.
-    m_liste->setWidget(feld);
-    zeilen->installEventFilter(this); // after the completer's own, so that it comes first
+    m_liste->popup()->installEventFilter(this); // after the completer's own, so that it comes first
     connect(feld, &QLineEdit::textEdited, this, &Bekanntenliste::anbieten);
     connect(m_liste, qOverload<const QModelIndex &>(&QCompleter::activated), this, &Bekanntenliste::waehlen);
     connect(pruefung, &Pruefung::bekannteGelesen, this, [this] {

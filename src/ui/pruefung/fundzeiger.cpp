@@ -39,7 +39,7 @@ QList<Marke> unterschiede(const QList<Seitenmarke> &stellen)
 }
 } // namespace
 
-Fundzeiger::Fundzeiger(Pruefung *pruefung, const Seitenbelege *belege, Angabenfeld *angaben, Vorschau *vorschau,
+Fundzeiger::Fundzeiger(Pruefung *pruefung, Seitenbelege *belege, Angabenfeld *angaben, Vorschau *vorschau,
                        QObject *eltern)
     : QObject(eltern), m_pruefung(pruefung), m_belege(belege), m_angaben(angaben), m_vorschau(vorschau)
 {
@@ -63,16 +63,12 @@ Fundzeiger::Fundzeiger(Pruefung *pruefung, const Seitenbelege *belege, Angabenfe
         markenZeigen();
         hinsehen();
     });
+    connect(m_vorschau, &Vorschau::seiteImBlick, m_belege, &Seitenbelege::imBlick);
     connect(m_vorschau, &Vorschau::genommen, m_angaben, &Angabenfeld::nehmen);
     worteZeigen(); // what is known already
 }
 
-void Fundzeiger::umschalten()
-{
-    const bool sichtbar = !m_vorschau->markenSichtbar();
-    m_vorschau->setzeMarkenSichtbar(sichtbar);
-    Einstellungen::setzen(schluesselMarken, sichtbar);
-}
+void Fundzeiger::umschalten() { m_vorschau->setzeMarkenSichtbar(!m_vorschau->markenSichtbar()); }
 
 void Fundzeiger::worteZeigen()
 {

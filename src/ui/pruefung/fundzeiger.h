@@ -20,8 +20,7 @@ class Fundzeiger : public QObject
     Q_OBJECT
 
 public:
-    Fundzeiger(Pruefung *pruefung, const Seitenbelege *belege, Angabenfeld *angaben, Vorschau *vorschau,
-               QObject *eltern);
+    Fundzeiger(Pruefung *pruefung, Seitenbelege *belege, Angabenfeld *angaben, Vorschau *vorschau, QObject *eltern);
 
     /** Shows or hides the marks; that is kept. */
     void umschalten();
@@ -34,7 +33,7 @@ private:
     void vormerken(const std::optional<Seitenmarke> &marke);
 
     Pruefung *m_pruefung;
-    const Seitenbelege *m_belege;
+    Seitenbelege *m_belege;
     Angabenfeld *m_angaben;
     Vorschau *m_vorschau;
     std::optional<Feld> m_imFokus;

@@ -96,7 +96,7 @@ Q_SIGNALS:
     void gedreht(const QString &pfad, int seite, int drehung);
 
     /** A word was clicked on, or words were dragged over, to be taken. */
-    void genommen(const QString &text);
+    void genommen(const Wortgriff &griff);
 
     /** The first page of @p pfad has been painted, once per showing. */
     void seiteSichtbar(const QString &pfad);

@@ -47,8 +47,11 @@ void Textebene::setzeWorte(const QString &pfad, const QList<Seitenworte> &worte)
     datei(pfad).worte = worte;
     if (pfad != m_pfad)
         return;
-    m_auswahl.reset();
+    // What is selected stays where the words of further pages come.
+    const QString bisher = m_auswahl ? m_karte.text(*m_auswahl) : QString();
     karteBauen();
+    if (m_auswahl && m_karte.text(*m_auswahl) != bisher)
+        m_auswahl.reset();
     Q_EMIT geaendert();
 }
 

@@ -18,6 +18,15 @@ namespace
 constexpr auto aktivierungsweile = 250ms;
 constexpr auto rolltakt = 30ms;
 constexpr int schnellstesRollen = 40; // pixels a beat
+
+Wortgriff griff(const QString &text, const Wortspanne &worte)
+{
+    const bool eineSeite = worte.von.seite == worte.bis.seite;
+    return {.text = text,
+            .seite = worte.von.seite,
+            .wort = worte.von.wort,
+            .worte = eineSeite ? worte.bis.wort - worte.von.wort + 1 : 0};
+}
 } // namespace
 
 Textgriff::Textgriff(PDFAnsicht *ansicht, Textebene *text) : m_ansicht(ansicht), m_text(text)
@@ -153,7 +162,7 @@ bool Textgriff::loslassen(const QMouseEvent &ereignis)
         m_text->auswaehlen({});
         // Other words may have come meanwhile.
         if (const QString text = m_text->karte().phrase(genommenes); !text.isEmpty())
-            Q_EMIT genommen(text);
+            Q_EMIT genommen(griff(text, genommenes));
     } else if (!m_gezogen) {
         m_text->auswaehlen({});
     }

@@ -34,7 +34,7 @@ public:
     bool eventFilter(QObject *empfaenger, QEvent *ereignis) override;
 
 Q_SIGNALS:
-    void genommen(const QString &text);
+    void genommen(const Wortgriff &griff);
 
 private:
     enum class Tat { Keine, Waehlen, Nehmen, Schieben };

@@ -178,10 +178,7 @@ void Vorschau::verbinden()
 
 void Vorschau::textVerbinden()
 {
-    connect(m_zoom[6], &QToolButton::clicked, this, [this](bool an) {
-        m_ansicht->text().setzeMarkenSichtbar(an);
-        Q_EMIT markenSichtbarGeaendert(an);
-    });
+    connect(m_zoom[6], &QToolButton::clicked, this, &Vorschau::setzeMarkenSichtbar);
     connect(m_suche, &Suchleiste::anfrageGeaendert, this, [this] { m_ansicht->suchen(m_suche->anfrage()); });
     connect(m_suche, &Suchleiste::geschlossen, this, [this] { m_ansicht->suchen({}); });
     connect(m_suche, &Suchleiste::weiter, m_ansicht, &PDFAnsicht::weitersuchen);
@@ -193,6 +190,7 @@ void Vorschau::zeigen(const QString &pfad)
     if (pfad == m_pfad)
         return;
     m_pfad = pfad;
+    m_gemeldet = {};
     partnerZeigen({}, {});
 }
 
@@ -245,7 +243,10 @@ void Vorschau::setzeMarken(const QString &pfad, const QList<Marke> &marken)
 void Vorschau::setzeMarkenSichtbar(bool sichtbar)
 {
     m_zoom[6]->setChecked(sichtbar);
+    if (sichtbar == markenSichtbar())
+        return;
     m_ansicht->text().setzeMarkenSichtbar(sichtbar);
+    Q_EMIT markenSichtbarGeaendert(sichtbar);
 }
 
 bool Vorschau::markenSichtbar() const { return m_ansicht->text().markenSichtbar(); }
@@ -329,6 +330,25 @@ void Vorschau::standZeigen()
     const QString satz = m_ansicht->seitensatz();
     m_ansicht->setAccessibleDescription(satz.isEmpty() ? m_seiten->toolTip() : satz);
     suchstandZeigen();
+    seiteMelden();
+}
+
+void Vorschau::seiteMelden()
+{
+    const std::pair stand(m_ansicht->seite(), m_ansicht->seiten());
+    if (!m_partnerPfad.isEmpty() || m_pfad.isEmpty() || stand.second == 0)
+        return;
+    if (stand != std::exchange(m_gemeldet, stand))
+        Q_EMIT seiteImBlick(m_pfad, stand.first, stand.second);
+}
+
+bool Vorschau::alleSeitenBekannt() const
+{
+    const Textkarte &karte = m_ansicht->text().karte();
+    for (int seite = 0; seite < m_ansicht->seiten(); ++seite)
+        if (karte.seite(seite).anzahl() == 0)
+            return false;
+    return true;
 }
 
 void Vorschau::suchstandZeigen()
@@ -343,8 +363,8 @@ void Vorschau::suchstandZeigen()
     else if (text.karte().seite(m_ansicht->seite() - 1).anzahl() == 0)
         satz = Sprache::text(u"Auf dieser Seite ist kein Text bekannt"_s);
     else if (!m_suche->anfrage().isEmpty())
-        satz = text.karte().seiten() < m_ansicht->seiten() ? Sprache::text(u"Nicht auf den gelesenen Seiten"_s)
-                                                           : Sprache::text(u"Nicht gefunden"_s);
+        satz = alleSeitenBekannt() ? Sprache::text(u"Nicht gefunden"_s)
+                                   : Sprache::text(u"Nicht auf den gelesenen Seiten"_s);
     m_suche->setzeStand(satz, gefunden);
 }
 

@@ -74,9 +74,10 @@ Q_SIGNALS:
     void gedreht(const QString &pfad, int seite, int drehung);
     /** The first page of @p pfad, or the sentence in its place, has been painted; once per showing. */
     void seiteSichtbar(const QString &pfad);
-    /** A word was clicked on, or words were dragged over, while they are taken: as they stand there, on one line. */
-    void genommen(const QString &text);
-    /** By the button in the tool row. */
+    /** The page @p seite (from 1) of the document, which has @p seiten, is in the middle of the view. */
+    void seiteImBlick(const QString &pfad, int seite, int seiten);
+    /** A word was clicked on, or words were dragged over, while they are taken. */
+    void genommen(const Wortgriff &griff);
     void markenSichtbarGeaendert(bool sichtbar);
 
 protected:
@@ -92,6 +93,8 @@ private:
     void befundZeigen();
     void standZeigen();
     void suchstandZeigen();
+    void seiteMelden();
+    [[nodiscard]] bool alleSeitenBekannt() const;
     bool suchtaste(const QKeyEvent *ereignis);
 
     PDFAnsicht *m_ansicht;
@@ -108,5 +111,6 @@ private:
     QString m_partnerPfad;
     QString m_gesehen;
     bool m_satzGemeldet = false;
+    std::pair<int, int> m_gemeldet; ///< page in view and how many there are, as told last
 };
 } // namespace quillmar::vorschau

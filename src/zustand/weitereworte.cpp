@@ -1,0 +1,94 @@
+#include "weitereworte.h"
+
+#include <algorithm>
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace quillmar::zustand
+{
+namespace
+{
+constexpr int letzteSeite = 100;
+constexpr auto ruhe = 200ms; // pages that one leafs over are not read
+} // namespace
+
+Weitereworte::Weitereworte(QObject *eltern) : QObject(eltern), m_frage(this)
+{
+    m_ruhe.setSingleShot(true);
+    m_ruhe.setInterval(ruhe);
+    connect(&m_ruhe, &QTimer::timeout, this, &Weitereworte::lesen);
+}
+
+void Weitereworte::beginnen(const Wortquelle &quelle)
+{
+    m_frage.verwerfen();
+    m_liest.reset();
+    m_worte.clear();
+    m_quelle = quelle;
+    m_ruhe.start();
+}
+
+void Weitereworte::vergessen()
+{
+    m_frage.verwerfen();
+    m_liest.reset();
+    m_worte.clear();
+    m_quelle.reset();
+    m_seiten = 0;
+}
+
+void Weitereworte::imBlick(int seite, int seiten)
+{
+    m_seite = seite;
+    m_seiten = seiten;
+    m_ruhe.start();
+}
+
+/** What is to be read now. */
+std::optional<Seitenspanne> Weitereworte::fehlende() const
+{
+    const int bekannte = m_quelle ? m_quelle->wie.seiten.letzte : 0;
+    if (!m_quelle || m_seiten <= bekannte)
+        return std::nullopt;
+    if (!m_quelle->textebene && (m_seite <= bekannte || m_worte.contains(m_seite)))
+        return std::nullopt;
+    if (!m_quelle->textebene)
+        return Seitenspanne{.erste = m_seite, .letzte = m_seite};
+    if (!m_worte.isEmpty() || bekannte >= letzteSeite)
+        return std::nullopt;
+    return Seitenspanne{.erste = bekannte + 1, .letzte = std::min(m_seiten, letzteSeite)};
+}
+
+void Weitereworte::lesen()
+{
+    const auto seiten = fehlende();
+    if (seiten == m_liest)
+        return;
+    m_frage.verwerfen();
+    m_liest = seiten;
+    if (!seiten)
+        return;
+    Wortquelle quelle = *m_quelle;
+    quelle.wie.seiten = *seiten;
+    m_frage.stellen(
+        [quelle, speicher = m_speicher](const std::stop_token &ende) { return quelle.lesen(speicher, ende); },
+        [this, seiten = *seiten](const Ausgang<QList<Seitenworte>> &ausgang) {
+            // A page that cannot be read has no words, and is not tried again.
+            const QList<Seitenworte> worte = ausgang.wert.value_or(QList<Seitenworte>());
+            for (int seite = seiten.erste; seite <= seiten.letzte; ++seite)
+                m_worte.insert(seite, worte.value(seite - seiten.erste));
+            m_liest.reset();
+            Q_EMIT geaendert();
+        });
+}
+
+QList<Seitenworte> Weitereworte::angehaengt(QList<Seitenworte> erste) const
+{
+    if (!m_worte.isEmpty())
+        erste.resize(std::max<qsizetype>(erste.size(), m_worte.lastKey()));
+    for (auto seite = m_worte.begin(); seite != m_worte.end(); ++seite)
+        erste[seite.key() - 1] = *seite;
+    return erste;
+}
+} // namespace quillmar::zustand

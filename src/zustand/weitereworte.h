@@ -1,0 +1,48 @@
+#pragma once
+
+#include "anfrage.h"
+#include "wortquelle.h"
+
+#include <QMap>
+#include <QTimer>
+#include <optional>
+
+namespace quillmar::zustand
+{
+/**
+ * The words of the pages behind those that proposals are made of, to be searched and copied: of a text layer all of
+ * them (of the first hundred pages), recognised ones page by page as one looks at them.
+ */
+class Weitereworte : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Weitereworte(QObject *eltern);
+
+    /** Of what document, and which of its pages are known without. What was read is forgotten. */
+    void beginnen(const Wortquelle &quelle);
+    /** There is another document, of which nothing is known yet. */
+    void vergessen();
+    /** One looks at page @p seite of @p seiten, from 1. */
+    void imBlick(int seite, int seiten);
+    /** @p erste with the further pages behind them; those that are not known are without words. */
+    [[nodiscard]] QList<Seitenworte> angehaengt(QList<Seitenworte> erste) const;
+
+Q_SIGNALS:
+    void geaendert();
+
+private:
+    void lesen();
+    [[nodiscard]] std::optional<Seitenspanne> fehlende() const;
+
+    Wortspeicher m_speicher;
+    std::optional<Wortquelle> m_quelle;
+    int m_seite = 1;
+    int m_seiten = 0;
+    QMap<int, Seitenworte> m_worte;      ///< by page from 1
+    std::optional<Seitenspanne> m_liest; ///< on its way
+    QTimer m_ruhe;                       ///< runs while one leafs through
+    Anfrage m_frage;
+};
+} // namespace quillmar::zustand
