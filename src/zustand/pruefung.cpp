@@ -195,6 +195,12 @@ void Pruefung::setzeStueck(std::optional<Pruefstueck> stueck)
     Q_EMIT aktuellesGeaendert();
 }
 
+void Pruefung::setzeUngesehen(bool ungesehen)
+{
+    if (ungesehen != std::exchange(m_ungesehen, ungesehen))
+        Q_EMIT ungesehenGeaendert();
+}
+
 void Pruefung::setzeArbeit(Arbeit arbeit)
 {
     const bool warFest = angabenFest();

@@ -56,7 +56,7 @@ public:
 
     /** The document under review has not been on the screen yet. Told by whoever shows it; false without a window. */
     [[nodiscard]] bool ungesehen() const { return m_ungesehen; }
-    void setzeUngesehen(bool ungesehen) { m_ungesehen = ungesehen; }
+    void setzeUngesehen(bool ungesehen);
     /** It is being filed, skipped or set aside: changes to its fields would come too late. */
     [[nodiscard]] bool angabenFest() const { return m_arbeit == Arbeit::AnDiesem; }
 
@@ -77,7 +77,8 @@ public:
 
 Q_SIGNALS:
     void zaehlwerkGeaendert();
-    void aktuellesGeaendert(); ///< another document, or none
+    void aktuellesGeaendert();
+    void ungesehenGeaendert(); ///< another document, or none
     void angabenGeaendert();   ///< values of the same document, by the reviewer or from outside
     void angabenFestGeaendert();
     void partnerZeigenGeaendert();

@@ -22,14 +22,6 @@ Feld feldVon(Wert wert)
     return Feld::Titel;
 }
 
-/** Pages as they are to be read: upright. */
-QList<Wortfolge> aufrechte(QList<Seitenworte> worte, const QMap<int, int> &drehungen)
-{
-    for (int seite = 0; seite < worte.size(); ++seite)
-        worte[seite] = gedreht(worte.at(seite), drehungen.value(seite + 1));
-    return wortfolgen(worte);
-}
-
 QStringList eigeneWorte(const Profil &profil)
 {
     QStringList worte;
@@ -39,51 +31,23 @@ QStringList eigeneWorte(const Profil &profil)
 }
 } // namespace
 
-/** What was read of a document, and what follows from it. */
-struct Seitenbelege::Gelesen {
-    QString pfad;
-    QList<Seitenworte> worte; ///< as the pages lie
-    QList<Wortfolge> folgen;  ///< upright
-
-    /** Blocks. Throws as Wortlagen::lesen() does. */
-    Gelesen(const Wortquelle &quelle, const Wortspeicher &speicher, const std::stop_token &ende)
-        : pfad(quelle.pfad), worte(quelle.lesen(speicher, ende)), folgen(aufrechte(worte, quelle.wie.drehungen))
-    {
-    }
-
-    /** One box for each line of the passage. */
-    [[nodiscard]] Seitenmarke marke(const Fundstelle &stelle, Feld feld) const
-    {
-        const Wortfolge &folge = folgen.at(stelle.seite);
-        Seitenmarke marke{.seite = stelle.seite, .orte = {}, .feld = feld};
-        for (qsizetype i = stelle.wort; i < stelle.wort + stelle.worte; ++i) {
-            const QRectF &ort = worte.at(stelle.seite).at(i).ort;
-            if (i > stelle.wort && folge.zeile(i) == folge.zeile(i - 1))
-                marke.orte.last() |= ort;
-            else
-                marke.orte << ort;
-        }
-        return marke;
-    }
-    QMap<Feld, QList<Angebot>> angebote;
-};
-
-QString Seitenbelege::pfad() const { return m_gelesen ? m_gelesen->pfad : QString(); }
+QString Seitenbelege::pfad() const { return m_gelesen ? m_gelesen->auftrag().quelle.pfad : QString(); }
 
 QList<Seitenworte> Seitenbelege::worte() const
 {
-    return m_gelesen ? m_weitere.angehaengt(m_gelesen->worte) : QList<Seitenworte>();
+    return m_gelesen ? m_weitere.angehaengt(m_gelesen->worte()) : QList<Seitenworte>();
 }
 
-QString Seitenbelege::partnerPfad() const { return m_partner ? m_partner->pfad : QString(); }
+QString Seitenbelege::partnerPfad() const { return m_partner ? m_partner->auftrag().quelle.pfad : QString(); }
 
-QList<Seitenworte> Seitenbelege::partnerWorte() const { return m_partner ? m_partner->worte : QList<Seitenworte>(); }
+QList<Seitenworte> Seitenbelege::partnerWorte() const { return m_partner ? m_partner->worte() : QList<Seitenworte>(); }
 
 Seitenbelege::Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Durchgang *durchgang)
     : m_pruefung(pruefung), m_profilwahl(profilwahl), m_durchgang(durchgang), m_lesefrage(this), m_belegfrage(this),
       m_partnerfrage(this), m_voraus(this), m_weitere(this)
 {
     connect(pruefung, &Pruefung::aktuellesGeaendert, this, &Seitenbelege::dokumentPruefen);
+    connect(pruefung, &Pruefung::ungesehenGeaendert, this, &Seitenbelege::lesenWennGesehen);
     connect(pruefung, &Pruefung::vorausGeaendert, this, &Seitenbelege::dokumentPruefen);
     connect(pruefung, &Pruefung::angabenGeaendert, this, [this] {
         dokumentPruefen();
@@ -96,67 +60,71 @@ Seitenbelege::Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Dur
     });
     connect(durchgang, &Durchgang::laufBeendet, this, &Seitenbelege::vorauslesen);
     connect(profilwahl, &Profilwahl::gewechselt, &m_voraus, &Vorauslesung::abbrechen);
-    connect(&m_voraus, &Vorauslesung::fertig, this, [this](const Wortquelle &quelle) {
-        if (quelle == m_quelle)
-            lesen(); // it came under review meanwhile
+    connect(&m_voraus, &Vorauslesung::fertig, this, [this](const Leseauftrag &auftrag) {
+        if (auftrag == m_auftrag)
+            lesenWennGesehen(); // it came under review meanwhile
     });
     connect(&m_weitere, &Weitereworte::geaendert, this, &Seitenbelege::worteGeaendert);
     connect(pruefung, &Pruefung::partnerZeigenGeaendert, this, &Seitenbelege::partnerPruefen);
 }
 
-std::optional<Wortquelle> Seitenbelege::quelleVon(const Dokument *dokument) const
+std::optional<Leseauftrag> Seitenbelege::auftragFuer(const Dokument *dokument) const
 {
     const Profil *profil = m_profilwahl->aktiv();
     if (!dokument || !profil)
         return std::nullopt;
-    return Wortquelle{.pfad = dokument->pfad,
-                      .textebene = dokument->hatTextebene,
-                      .wie = {.seiten = {.erste = 1, .letzte = profil->seiten},
-                              .sprache = profil->ocrSprache,
-                              .drehungen = m_pruefung->drehungen().value(dokument->pfad)}};
+    const Wortlagen::Erkennung wie{.seiten = {.erste = 1, .letzte = profil->seiten},
+                                   .sprache = profil->ocrSprache,
+                                   .drehungen = m_pruefung->drehungen().value(dokument->pfad)};
+    return Leseauftrag{.quelle = {.pfad = dokument->pfad, .textebene = dokument->hatTextebene, .wie = wie},
+                       .eigene = eigeneWorte(*profil)};
 }
 
 /** Another document, another file for it, or pages that were turned. */
 void Seitenbelege::dokumentPruefen()
 {
-    const auto quelle = quelleVon(m_pruefung->aktuelles());
-    if (quelle == m_quelle)
+    const auto auftrag = auftragFuer(m_pruefung->aktuelles());
+    if (auftrag == m_auftrag)
         return;
-    const bool andereDatei = !quelle || !m_quelle || quelle->pfad != m_quelle->pfad;
-    m_quelle = quelle;
+    const bool andereDatei = !auftrag || !m_auftrag || auftrag->quelle.pfad != m_auftrag->quelle.pfad;
+    m_auftrag = auftrag;
     m_lesefrage.verwerfen();
     if (andereDatei)
         uebernehmen(nullptr);
-    if (quelle && m_voraus.liest(*quelle))
+    m_ausstehend = auftrag.has_value();
+    if (auftrag && m_voraus.liest(*auftrag))
         return; // to begin anew would take longer
     m_voraus.abbrechen();
-    if (quelle)
+    // The card has yet to say whether it has painted that page already.
+    QMetaObject::invokeMethod(this, &Seitenbelege::lesenWennGesehen, Qt::QueuedConnection);
+}
+
+void Seitenbelege::lesenWennGesehen()
+{
+    if (m_ausstehend && !m_pruefung->ungesehen() && !m_voraus.liest(*m_auftrag))
         lesen();
 }
 
 void Seitenbelege::lesen()
 {
+    m_ausstehend = false;
     m_lesefrage.stellen(
-        [quelle = *m_quelle, speicher = m_speicher,
-         eigene = eigeneWorte(*m_profilwahl->aktiv())](const std::stop_token &ende) {
-            auto gelesen = std::make_shared<Gelesen>(quelle, speicher, ende);
-            gelesen->angebote = {{Feld::Datum, Angebote::daten(gelesen->folgen)},
-                                 {Feld::Gegenueber, Angebote::namen(gelesen->folgen, eigene)},
-                                 {Feld::Titel, Angebote::titel(gelesen->folgen)}};
-            return Lesung(gelesen);
+        [auftrag = *m_auftrag, bereite = m_voraus.bereit(*m_auftrag),
+         speicher = m_speicher](const std::stop_token &ende) {
+            return bereite && bereite->istAktuell() ? bereite : std::make_shared<const Lesung>(auftrag, speicher, ende);
         },
-        [this](const Ausgang<Lesung> &ausgang) {
+        [this](const Ausgang<Lesungszeiger> &ausgang) {
             // A file that cannot be read has no words; the preview says why.
             uebernehmen(ausgang.wert.value_or(nullptr));
             vorauslesen();
         });
 }
 
-void Seitenbelege::uebernehmen(const Lesung &gelesen)
+void Seitenbelege::uebernehmen(const Lesungszeiger &gelesen)
 {
     m_gelesen = gelesen;
     if (gelesen)
-        m_weitere.beginnen(*m_quelle);
+        m_weitere.beginnen(m_auftrag->quelle);
     else
         m_weitere.vergessen();
     m_belege = {};
@@ -177,7 +145,7 @@ void Seitenbelege::belegeRechnen()
         return;
     m_belegfrage.stellen(
         [gelesen = m_gelesen, a = dokument->angaben] {
-            return belege(gelesen->folgen, a.datum.trimmed(), a.gegenueber, a.titel);
+            return belege(gelesen->folgen(), a.datum.trimmed(), a.gegenueber, a.titel);
         },
         [this](const Ausgang<Belege> &ausgang) {
             if (!ausgang.wert || *ausgang.wert == m_belege)
@@ -191,22 +159,19 @@ void Seitenbelege::belegeRechnen()
 void Seitenbelege::vorauslesen()
 {
     const Dokument *dokument = m_pruefung->aktuelles();
-    if (!dokument || !m_profilwahl->kannHandeln() || m_durchgang->laeuft())
-        return;
-    m_voraus.beginnen(m_profilwahl->offenes()->db(), dokument->id, quelleVon(dokument)->wie);
+    if (dokument && m_profilwahl->kannHandeln())
+        m_voraus.beginnen(m_profilwahl->offenes()->db(), dokument->id, *auftragFuer(dokument), m_durchgang->laeuft());
 }
 
 void Seitenbelege::vorausAbbrechen()
 {
-    const bool erwartet = m_quelle && m_voraus.liest(*m_quelle);
     m_voraus.abbrechen();
-    if (erwartet)
-        lesen();
+    lesenWennGesehen();
 }
 
 void Seitenbelege::imBlick(const QString &pfad, int seite, int seiten)
 {
-    if (m_quelle && pfad == m_quelle->pfad)
+    if (m_auftrag && pfad == m_auftrag->quelle.pfad)
         m_weitere.imBlick(seite, seiten);
 }
 
@@ -235,7 +200,7 @@ QList<Feldangebot> Seitenbelege::angebote(Feld feld) const
     if (!m_gelesen)
         return {};
     QList<Feldangebot> fuerFeld;
-    for (const Angebot &angebot : m_gelesen->angebote.value(feld))
+    for (const Angebot &angebot : m_gelesen->angebote(feld))
         fuerFeld << Feldangebot{.wert = angebot.wert,
                                 .umfeld = angebot.umfeld,
                                 .marke = m_gelesen->marke(angebot.stelle, feld),
@@ -258,9 +223,9 @@ QString Seitenbelege::uebernommen(Feld feld, const Wortgriff &griff) const
 /** Of a word of a date all of it, as far as the words around are known. */
 QString Seitenbelege::datumAus(const Wortgriff &griff) const
 {
-    const bool bekannt = griff.worte > 0 && m_gelesen && griff.seite < m_gelesen->folgen.size();
-    const bool passt = bekannt && griff.wort + griff.worte <= m_gelesen->folgen.at(griff.seite).worte().size();
-    return passt ? Uebernahme::alsDatum(m_gelesen->folgen.at(griff.seite), griff.wort, griff.worte)
+    const bool bekannt = griff.worte > 0 && m_gelesen && griff.seite < m_gelesen->folgen().size();
+    const bool passt = bekannt && griff.wort + griff.worte <= m_gelesen->folgen().at(griff.seite).worte().size();
+    return passt ? Uebernahme::alsDatum(m_gelesen->folgen().at(griff.seite), griff.wort, griff.worte)
                  : Uebernahme::alsDatum(griff.text);
 }
 
@@ -274,18 +239,18 @@ QString Seitenbelege::gewaehlt(const Feldangebot &angebot) const
 
 void Seitenbelege::partnerPruefen()
 {
-    const auto quelle = quelleVon(m_pruefung->aehnliches());
-    if (!quelle || !m_gelesen) {
+    const auto auftrag = auftragFuer(m_pruefung->aehnliches());
+    if (!auftrag || !m_gelesen) {
         m_partnerfrage.verwerfen();
         return partnerUebernehmen(nullptr, {});
     }
-    if (!m_pruefung->partnerZeigen() || quelle->pfad == partnerPfad())
+    if (!m_pruefung->partnerZeigen() || auftrag->quelle.pfad == partnerPfad())
         return;
-    using Vergleich = std::pair<Lesung, Unterschiede>;
+    using Vergleich = std::pair<Lesungszeiger, Unterschiede>;
     m_partnerfrage.stellen(
-        [quelle = *quelle, gelesen = m_gelesen, speicher = m_speicher](const std::stop_token &ende) {
-            const auto partner = std::make_shared<const Gelesen>(quelle, speicher, ende);
-            return Vergleich{partner, fundstellen::unterschiede(gelesen->folgen, partner->folgen)};
+        [auftrag = *auftrag, gelesen = m_gelesen, speicher = m_speicher](const std::stop_token &ende) {
+            const auto partner = std::make_shared<const Lesung>(auftrag, speicher, ende);
+            return Vergleich{partner, fundstellen::unterschiede(gelesen->folgen(), partner->folgen())};
         },
         [this](const Ausgang<Vergleich> &ausgang) {
             if (ausgang.wert)
@@ -293,7 +258,7 @@ void Seitenbelege::partnerPruefen()
         });
 }
 
-void Seitenbelege::partnerUebernehmen(const Lesung &gelesen, const Unterschiede &unterschiede)
+void Seitenbelege::partnerUebernehmen(const Lesungszeiger &gelesen, const Unterschiede &unterschiede)
 {
     if (gelesen == m_partner)
         return;

@@ -1,30 +1,17 @@
 #pragma once
 
 #include "anfrage.h"
-#include "angebote.h"
 #include "belege.h"
-#include "entwurf.h"
+#include "lesung.h"
 #include "namensraeume.h"
 #include "pruefung.h"
-#include "seitenwort.h"
 #include "unterschiede.h"
 #include "vorauslesung.h"
 #include "weitereworte.h"
-#include "wortquelle.h"
-
-#include <memory>
 
 namespace quillmar::zustand
 {
 class Durchgang;
-
-/** A passage of a page that carries a value. */
-struct Seitenmarke {
-    int seite = 0;        ///< from 0
-    QList<QRectF> orte{}; ///< one for each line, in shares of the page as it lies
-    Feld feld = Feld::Datum;
-    bool operator==(const Seitenmarke &) const = default;
-};
 
 /** What the pages of the document under review offer for a field. */
 struct Feldangebot {
@@ -37,8 +24,8 @@ struct Feldangebot {
 /**
  * The words on the pages of the document under review, where its values stand among them, and what they offer instead.
  * Values are looked for on the pages that were read, as many as the profile says; words are known of others too, see
- * Weitereworte. Those of text layers are there within a blink; recognised ones are kept, and made ready ahead for the
- * next documents while no run is under way.
+ * Weitereworte. Those of text layers are there within a blink; recognised ones are kept. The next documents are read
+ * ahead, and recognised while no run is under way. Nothing here delays the page: it is painted first.
  */
 class Seitenbelege : public QObject
 {
@@ -49,8 +36,8 @@ public:
 
     /** Of what file the words are; empty while none are known. */
     [[nodiscard]] QString pfad() const;
-    /** The pages are being read. */
-    [[nodiscard]] bool liest() const { return m_lesefrage.laeuft() || (m_quelle && m_voraus.liest(*m_quelle)); }
+    /** The pages are being read, or will be as soon as the first one is seen. */
+    [[nodiscard]] bool liest() const { return m_ausstehend || m_lesefrage.laeuft(); }
     /** One looks at page @p seite of @p seiten of the file @p pfad, from 1. */
     void imBlick(const QString &pfad, int seite, int seiten);
     /** As the pages lie. */
@@ -78,27 +65,27 @@ Q_SIGNALS:
     void partnerGeaendert();
 
 private:
-    struct Gelesen;
-    using Lesung = std::shared_ptr<const Gelesen>;
     void dokumentPruefen();
+    void lesenWennGesehen();
     void lesen();
     [[nodiscard]] QString datumAus(const Wortgriff &griff) const;
-    void uebernehmen(const Lesung &gelesen);
-    void partnerUebernehmen(const Lesung &gelesen, const Unterschiede &unterschiede);
+    void uebernehmen(const Lesungszeiger &gelesen);
+    void partnerUebernehmen(const Lesungszeiger &gelesen, const Unterschiede &unterschiede);
     void belegeRechnen();
     void partnerPruefen();
     void vorauslesen();
     void vorausAbbrechen();
-    [[nodiscard]] std::optional<Wortquelle> quelleVon(const Dokument *dokument) const;
+    [[nodiscard]] std::optional<Leseauftrag> auftragFuer(const Dokument *dokument) const;
 
     Pruefung *m_pruefung;
     Profilwahl *m_profilwahl;
     const Durchgang *m_durchgang;
     Wortspeicher m_speicher;
-    std::optional<Wortquelle> m_quelle;
-    Lesung m_gelesen; ///< null while nothing is known
+    std::optional<Leseauftrag> m_auftrag;
+    bool m_ausstehend = false; ///< is to be read still
+    Lesungszeiger m_gelesen;   ///< null while nothing is known
     Belege m_belege;
-    Lesung m_partner; ///< the similar document, once it was looked at
+    Lesungszeiger m_partner; ///< the similar document, once it was looked at
     Unterschiede m_unterschiede;
     Anfrage m_lesefrage;
     Anfrage m_belegfrage;

@@ -163,16 +163,23 @@ private Q_SLOTS:
         beginnen();
         Vorauslesung voraus(nullptr);
         QStringList fertige;
-        connect(&voraus, &Vorauslesung::fertig, this, [&](const Wortquelle &q) {
-            fertige << QFileInfo(q.pfad).fileName();
-            QVERIFY(!voraus.liest(q));
+        connect(&voraus, &Vorauslesung::fertig, this, [&](const Leseauftrag &a) {
+            fertige << QFileInfo(a.quelle.pfad).fileName();
+            QVERIFY(!voraus.liest(a));
         });
         const Wortlagen::Erkennung wie{.seiten = {.erste = 1, .letzte = 2}, .sprache = u"deu"_s, .drehungen = {}};
-        const Wortquelle d{.pfad = m_b->quelle(u"d.pdf"_s), .textebene = false, .wie = wie};
-        voraus.beginnen(m_z->profilwahl()->offenes()->db(), a, wie);
+        const Leseauftrag d{.quelle = {.pfad = m_b->quelle(u"d.pdf"_s), .textebene = false, .wie = wie}, .eigene = {}};
+        voraus.beginnen(m_z->profilwahl()->offenes()->db(), a, d, false);
         QTRY_VERIFY_WITH_TIMEOUT(voraus.liest(d), 60000);
-        QTRY_COMPARE_WITH_TIMEOUT(fertige, QStringList({u"c.pdf"_s, u"d.pdf"_s}), 60000);
-        QCOMPARE(d.lesen(Wortspeicher(), {}).first().last().text, u"4711"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(fertige, QStringList({u"b.pdf"_s, u"c.pdf"_s, u"d.pdf"_s}), 60000);
+        const Lesungszeiger gelesen = voraus.bereit(d);
+        QVERIFY(gelesen && gelesen->istAktuell());
+        QCOMPARE(gelesen->worte().first().last().text, u"4711"_s);
+        // What lies there by now is another letter.
+        QFile datei(m_b->quelle(u"d.pdf"_s));
+        QVERIFY(datei.open(QIODevice::WriteOnly) && datei.write(brief(u"4712"_s)) > 0);
+        datei.close();
+        QVERIFY(!gelesen->istAktuell());
     }
 
     // Pages that are only images: the words are recognised once, also of documents that are not on show yet.
