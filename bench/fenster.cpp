@@ -13,6 +13,7 @@
 #include "protokollbuch.h"
 #include "pruefansicht.h"
 #include "pruefung.h"
+#include "seitenbelege.h"
 #include "sitzungen.h"
 #include "textschild.h"
 #include "vorschau.h"
@@ -23,7 +24,9 @@
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QListView>
+#include <QLoggingCategory>
 #include <QScrollBar>
+#include <QTest>
 #include <algorithm>
 #include <future>
 #include <stdexcept>
@@ -114,6 +117,65 @@ QString langesProtokoll(const Profil &profil)
     return datei.fileName();
 }
 
+/** Waits for the first page of what is under review; then presses Return @p anzahl times, a look apart. */
+class Durchsicht
+{
+public:
+    explicit Durchsicht(Fenster &fenster) : m_f(fenster)
+    {
+        QObject::connect(m_f.vorschau(), &Vorschau::seiteSichtbar, &m_bindung,
+                         [this](const QString &pfad) { m_sichtbar = pfad; });
+        bis([&] {
+            return m_f.zustand.pruefung()->aktuelles() && m_sichtbar == m_f.zustand.pruefung()->aktuelles()->pfad;
+        });
+    }
+
+    /** Milliseconds to the next page, of each; @p beimBlick runs while one looks at a page. */
+    [[nodiscard]] QList<double> eingaben(
+        int anzahl, const std::function<void()> &beimBlick = [] { warten(blick); })
+    {
+        QList<double> zeiten;
+        for (int i = 0; i < anzahl; ++i) {
+            beimBlick();
+            const QString vorher = m_sichtbar;
+            QElapsedTimer uhr;
+            uhr.start();
+            Fenster::druecken(Qt::Key_Return);
+            bis([&] { return m_sichtbar != vorher; });
+            zeiten << millisekunden(uhr);
+            bis([&] { return !m_f.zustand.ausfuehrung()->beschaeftigt(); });
+        }
+        return zeiten;
+    }
+
+private:
+    Fenster &m_f;
+    QString m_sichtbar;
+    QObject m_bindung;
+};
+
+/** Neither reads where words stand nor marks any. */
+void ohneWorte(const Fenster &f)
+{
+    QObject::disconnect(f.zustand.pruefung(), nullptr, f.zustand.seitenbelege(), nullptr);
+}
+
+/** What the page offers for the title, gone through. */
+void angeboteDurchgehen(const Fenster &f)
+{
+    auto *titel = f.fenster.findChild<QLineEdit *>(u"titel"_s);
+    QWidget *vorher = QApplication::focusWidget();
+    titel->setFocus();
+    warten(blick / 10);
+    QTest::keyClick(titel, Qt::Key_Down, Qt::ControlModifier);
+    warten(blick / 10);
+    for (const auto taste : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Escape}) // the list has the keys while it is open
+        if (QWidget *liste = QApplication::activePopupWidget())
+            QTest::keyClick(liste, taste);
+    vorher->setFocus();
+    warten(blick / 10);
+}
+
 int startMessen()
 {
     const Anwendung anwendung;
@@ -135,23 +197,55 @@ void Fensterreihen::eingabe()
     const QStringList dateien = gemischt(heim.profil.quelle, eingaben + 2);
     heim.belegen(dateien);
     Fenster f;
-    QString sichtbar;
-    QObject::connect(f.vorschau(), &Vorschau::seiteSichtbar, [&](const QString &pfad) { sichtbar = pfad; });
-    bis([&] { return f.zustand.pruefung()->aktuelles() && sichtbar == f.zustand.pruefung()->aktuelles()->pfad; });
-    QList<double> zeiten;
-    for (int i = 0; i < eingaben; ++i) {
-        warten(blick);
-        const QString vorher = sichtbar;
-        QElapsedTimer uhr;
-        uhr.start();
-        Fenster::druecken(Qt::Key_Return);
-        bis([&] { return sichtbar != vorher; });
-        zeiten << millisekunden(uhr);
-        bis([&] { return !f.zustand.ausfuehrung()->beschaeftigt(); });
-    }
-    const Ziffern z = ziffern(zeiten);
+    const Ziffern z = ziffern(Durchsicht(f).eingaben(eingaben));
     Messung::drucken("Return to the next page, median of 100", z.mitte, "ms", 100);
     Messung::drucken("Return to the next page, worst of 100", z.schlimmste, "ms", 200);
+}
+
+void Fensterreihen::marken()
+{
+    constexpr int runden = 8;
+    constexpr int jeRunde = 10;
+    QLoggingCategory::setFilterRules(u"default.warning=false"_s); // "does not support grabbing", for each list
+    const Anwendung anwendung;
+    const Heim heim;
+    heim.sichern();
+    heim.belegen(Probe::textPdfs(heim.profil.quelle, 2 * (runden + 1) * (jeRunde + 1)), u"Schreiben Nummer %1"_s);
+    double laengster = 0;
+    const auto mit = [&] {
+        Fenster f;
+        Durchsicht durchsicht(f);
+        warten(blick);
+        Schleifenwache wache;
+        return ziffern(durchsicht.eingaben(jeRunde,
+                                           [&] {
+                                               warten(blick / 2); // the words come, and the marks are painted
+                                               angeboteDurchgehen(f);
+                                               laengster = std::max(laengster, wache.laengste());
+                                               if (f.zustand.seitenbelege()->marken().isEmpty())
+                                                   throw std::runtime_error("nothing is marked");
+                                               warten(blick / 2);
+                                               Q_UNUSED(wache.laengste());
+                                           }))
+                   .mitte /
+               1000;
+    };
+    const auto ohne = [] {
+        Fenster f;
+        ohneWorte(f);
+        Durchsicht durchsicht(f);
+        warten(blick);
+        return ziffern(durchsicht.eingaben(jeRunde,
+                                           [&] {
+                                               warten(blick / 2);
+                                               angeboteDurchgehen(f); // the list says that nothing is read
+                                               warten(blick / 2);
+                                           }))
+                   .mitte /
+               1000;
+    };
+    Messung::drucken("Return to the next page, with marks", Messung::paarweise(runden, mit, ohne), 1.05);
+    Messung::drucken("  longest block of words, marks and offers", laengster, "ms", 16);
 }
 
 void Fensterreihen::taste()

@@ -4,6 +4,7 @@
 namespace Fensterreihen
 {
 void eingabe();
+void marken();
 void taste();
 void schleife();
 void protokollkarte();

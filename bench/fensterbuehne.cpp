@@ -60,7 +60,7 @@ Heim::Heim()
 
 void Heim::sichern() const { Profilspeicher::sichern({profil}, Profilspeicher::laden()); }
 
-void Heim::belegen(const QStringList &ersteWartende) const
+void Heim::belegen(const QStringList &ersteWartende, const QString &titel) const
 {
     Datenbank db(Profilspeicher::katalogDatei(profil));
     const QStringList namen = Probe::namen(2000);
@@ -74,7 +74,7 @@ void Heim::belegen(const QStringList &ersteWartende) const
             "titel, zweig, ablage, rubrik, jahr, konfidenz)\n"
             "VALUES (?,?,?,'',?,1,'2024-05-17',?,?,'Privat','Post','Briefe','2024',0.9)"_s,
             {i, pfad, nameVon(pfad), stelle >= 0 ? u"bereit"_s : u"erledigt"_s, namen.at(i % namen.size()),
-             u"Brief %1"_s.arg(i)});
+             titel.arg(i)});
     }
     stapel.abschliessen();
 }

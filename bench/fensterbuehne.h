@@ -44,8 +44,11 @@ class Heim
 public:
     Heim();
     void sichern() const;
-    /** Fills the catalogue; @p ersteWartende are the files of the first documents that wait. */
-    void belegen(const QStringList &ersteWartende) const;
+    /**
+     * Fills the catalogue; @p ersteWartende are the files of the first documents that wait, @p titel has a place for
+     * the document's number.
+     */
+    void belegen(const QStringList &ersteWartende, const QString &titel = QStringLiteral("Brief %1")) const;
 
     Profil profil;
 

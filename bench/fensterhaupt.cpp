@@ -5,8 +5,9 @@
 
 namespace
 {
-constexpr std::array<Reihe, 6> reihen = {{
+constexpr std::array<Reihe, 7> reihen = {{
     {"eingabe", Fensterreihen::eingabe},
+    {"marken", Fensterreihen::marken},
     {"taste", Fensterreihen::taste},
     {"schleife", Fensterreihen::schleife},
     {"protokollkarte", Fensterreihen::protokollkarte},

@@ -1,16 +1,21 @@
+#include "abbruch.h"
 #include "angebote.h"
 #include "belege.h"
+#include "bestand.h"
 #include "kommando.h"
 #include "messung.h"
 #include "probe.h"
 #include "reihen.h"
+#include "textleser.h"
 #include "unterschiede.h"
 #include "werkzeuge.h"
 #include "wortlagen.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <stdexcept>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace quillmar::analyse;
@@ -74,7 +79,7 @@ void ortenMessen()
     const QByteArray pdftotext = Werkzeuge::pfad(u"pdftotext"_s).value().toUtf8();
     const auto unser = [&] {
         return Messung::dauer([&] {
-            if (Wortlagen::ausTextebene(pdf, 1, {}, {}).value(0).isEmpty())
+            if (Wortlagen::ausTextebene(pdf, {}, {}, {}).value(0).isEmpty())
                 throw std::runtime_error("no words");
         });
     };
@@ -86,6 +91,39 @@ void ortenMessen()
     Messung::drucken("boxes of a text layer page", 1000 * paar.unser, "ms", 20);
 }
 } // namespace
+
+/** A run beside the recognition of pages that one looks at, one after the other without a pause. */
+void Reihen::nebenher()
+{
+    constexpr int gescannte = 10;
+    constexpr int paare = 5;
+    const QTemporaryDir ordner;
+    QDir(ordner.path()).mkdir(u"Scans"_s);
+    QDir(ordner.path()).mkdir(u"gezeigt"_s);
+    Probe::scans(ordner.filePath(u"Scans"_s), gescannte);
+    const QString gezeigt = Probe::scans(ordner.filePath(u"gezeigt"_s), 1).first();
+    const auto ohne = [&] {
+        const auto db = Probe::katalog(ordner.filePath(u"katalog.db"_s));
+        Lauf lauf = Probe::lauf(db, ordner.filePath(u"Scans"_s));
+        Bestand::aufnehmen(lauf);
+        return Messung::dauer([&] { Textleser::textLesen(lauf); });
+    };
+    const auto mit = [&] {
+        const std::jthread ansehen([&](const std::stop_token &ende) {
+            Lesegrenzen grenzen;
+            grenzen.nachrangig = true;
+            const Wortlagen::Erkennung wie{.seiten = {}, .sprache = u"deu"_s, .drehungen = {}};
+            try {
+                while (!ende.stop_requested())
+                    Q_UNUSED(Wortlagen::erkannte(gezeigt, wie, grenzen, ende));
+            } catch (const Abbruch &) {
+                return;
+            }
+        });
+        return ohne();
+    };
+    Messung::drucken("reading 10 scans, beside pages on show", Messung::paarweise(paare, mit, ohne), 1.03);
+}
 
 void Reihen::fundstellen()
 {

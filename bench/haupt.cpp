@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr std::array<Reihe, 20> reihen = {{
+constexpr std::array<Reihe, 21> reihen = {{
     {"lesen", Reihen::lesen},
     {"portionen", Reihen::portionen},
     {"portionen-bekannte", Reihen::portionenBekannte},
@@ -27,6 +27,7 @@ constexpr std::array<Reihe, 20> reihen = {{
     {"protokolle", Reihen::protokolle},
     {"ablagelesung", Reihen::ablagelesung},
     {"fundstellen", Reihen::fundstellen},
+    {"nebenher", Reihen::nebenher},
 }};
 } // namespace
 

@@ -23,4 +23,5 @@ void rueckbau();
 void protokolle();
 void ablagelesung();
 void fundstellen();
+void nebenher();
 } // namespace Reihen

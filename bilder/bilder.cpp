@@ -21,6 +21,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QIcon>
+#include <QPainter>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -115,7 +116,12 @@ bool aufnehmen(const Buehnenbild &bild, Zustand &zustand, const QString &ordner,
                          qPrintable(namenlose.join(u", "_s)));
         return namenlose.isEmpty();
     }
-    return ziel.grab().save(ordner + u'/' + bild.name + u".png"_s, "PNG", 0);
+    QPixmap alles = ziel.grab();
+    if (QWidget *liste = QApplication::activePopupWidget()) { // a window of its own
+        QPainter maler(&alles);
+        maler.drawPixmap(ziel.mapFromGlobal(liste->mapToGlobal(QPoint())), liste->grab());
+    }
+    return alles.save(ordner + u'/' + bild.name + u".png"_s, "PNG", 0);
 }
 
 /** The state is shown in other looks than the first ones. */

@@ -13,7 +13,9 @@
 #include "programmordner.h"
 #include "protokollbuch.h"
 #include "pruefung.h"
+#include "seitenbelege.h"
 #include "sitzungen.h"
+#include "vorschau.h"
 #include "zustand.h"
 
 #include <QAbstractButton>
@@ -21,6 +23,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 using namespace quillmar::ui;
@@ -211,6 +214,42 @@ void hinweise(Zustand &zustand, Hauptfenster &fenster)
     if (auto *feld = fenster.findChild<QLineEdit *>(u"titel"_s))
         feld->setFocus();
 }
+
+/** A letter whose words are known, with the focus in @p feld. */
+QLineEdit *imFeld(Zustand &zustand, Hauptfenster &fenster, const QString &feld)
+{
+    pruefen(zustand, fenster);
+    laufenBis([&] { return !zustand.seitenbelege()->liest(); });
+    auto *eingabe = fenster.findChild<QLineEdit *>(feld);
+    eingabe->setFocus(Qt::TabFocusReason);
+    ruhe();
+    return eingabe;
+}
+
+/** What the page offers for a date, gone through. */
+void fundstellenDatum(Zustand &zustand, Hauptfenster &fenster)
+{
+    for (QShortcut *taste : imFeld(zustand, fenster, u"datum"_s)->findChildren<QShortcut *>()) {
+        if (taste->key() == QKeySequence(Qt::CTRL | Qt::Key_Down))
+            Q_EMIT taste->activated();
+    }
+}
+
+/** A counterpart and a number that stand nowhere. */
+void fundstellenNotiz(Zustand &zustand, Hauptfenster &fenster)
+{
+    imFeld(zustand, fenster, u"titel"_s);
+    zustand.pruefung()->setzeFeld(Feld::Gegenueber, u"Muster Energie"_s);
+    zustand.pruefung()->setzeFeld(Feld::Titel, u"Abrechnung Strom 4712"_s);
+}
+
+void fundstellenSuche(Zustand &zustand, Hauptfenster &fenster)
+{
+    imFeld(zustand, fenster, u"gegenueber"_s);
+    fenster.findChild<Vorschau *>()->sucheZeigen();
+    fenster.findChild<QLineEdit *>(u"suchfeld"_s)->setText(u"strom"_s);
+}
+
 /** A running session of some length, with a step taken back and a file that somebody has put elsewhere. */
 void protokoll(Zustand &zustand, Hauptfenster &)
 {
@@ -387,6 +426,14 @@ void neuesProfil(Zustand &zustand, Hauptfenster &)
     laufenBis([&] { return zustand.profilwahl()->offen() && zustand.einrichtung()->stand().programme; });
 }
 
+QList<Buehnenbild> fundstellenbilder()
+{
+    QList<Buehnenbild> alle = varianten(u"fundstellen"_s, fundstellenDatum);
+    alle += varianten(u"fundstellen-suche"_s, fundstellenSuche);
+    alle += varianten(u"fundstellen-notiz"_s, fundstellenNotiz);
+    return alle;
+}
+
 QList<Buehnenbild> pruefbilder()
 {
     return {
@@ -496,6 +543,7 @@ QList<Buehnenbild> buehnenbilder()
     alle += varianten(u"ablauf-laeuft"_s, laufend, true);
     alle += varianten(u"ablauf"_s, ablauf);
     alle += pruefbilder();
+    alle += fundstellenbilder();
     alle += einrichtungsbilder();
     alle += QList<Buehnenbild>{{.name = u"pruefen-leer"_s, .vorher = allesZuruecklegen}};
     alle += varianten(u"protokoll"_s, protokoll);
