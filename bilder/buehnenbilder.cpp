@@ -235,10 +235,11 @@ void fundstellenDatum(Zustand &zustand, Hauptfenster &fenster)
     }
 }
 
-/** A counterpart and a number that stand nowhere. */
+/** A date, a counterpart and a number that stand nowhere. */
 void fundstellenNotiz(Zustand &zustand, Hauptfenster &fenster)
 {
     imFeld(zustand, fenster, u"titel"_s);
+    zustand.pruefung()->setzeFeld(Feld::Datum, u"2024-02-13"_s);
     zustand.pruefung()->setzeFeld(Feld::Gegenueber, u"Muster Energie"_s);
     zustand.pruefung()->setzeFeld(Feld::Titel, u"Abrechnung Strom 4712"_s);
 }
@@ -453,6 +454,7 @@ QList<Buehnenbild> pruefbilder()
         {.name = u"pruefen-aehnlich"_s,
          .vorher =
              [](Zustand &zustand, Hauptfenster &) {
+                 zustand.setzeReiter(Reiter::Pruefen);
                  for (int n = 0; n < 100 && !zustand.pruefung()->aehnliches(); ++n) {
                      zustand.ausfuehrung()->weiter(Richtung::Weiter);
                      laufenBis([&] { return !zustand.ausfuehrung()->beschaeftigt(); });

@@ -66,6 +66,7 @@ Seitenbelege::Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Dur
     });
     connect(&m_weitere, &Weitereworte::geaendert, this, &Seitenbelege::worteGeaendert);
     connect(pruefung, &Pruefung::partnerZeigenGeaendert, this, &Seitenbelege::partnerPruefen);
+    connect(pruefung, &Pruefung::partnerZeigenGeaendert, this, &Seitenbelege::lesenWennGesehen);
 }
 
 std::optional<Leseauftrag> Seitenbelege::auftragFuer(const Dokument *dokument) const
@@ -101,7 +102,8 @@ void Seitenbelege::dokumentPruefen()
 
 void Seitenbelege::lesenWennGesehen()
 {
-    if (m_ausstehend && !m_pruefung->ungesehen() && !m_voraus.liest(*m_auftrag))
+    const bool zuSehen = !m_pruefung->ungesehen() || m_pruefung->partnerZeigen();
+    if (m_ausstehend && zuSehen && !m_voraus.liest(*m_auftrag))
         lesen();
 }
 

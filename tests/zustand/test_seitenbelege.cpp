@@ -152,6 +152,31 @@ private Q_SLOTS:
         QTRY_COMPARE(QDir(Wortspeicher::ueblicherOrdner()).entryList({u"*-4.worte"_s}).size(), 1);
     }
 
+    // Nothing is read before the page has been painted, or another one in its place.
+    void dieSeiteGehtVor()
+    {
+        const qint64 a = wartet(u"a.pdf"_s, brief(u"4711"_s));
+        const qint64 b = wartet(u"b.pdf"_s, brief(u"4712"_s));
+        const qint64 c = wartet(u"c.pdf"_s, brief(u"4713"_s));
+        m_b->sql(u"UPDATE dokumente SET aehnlich_zu=?, aehnlichkeit=0.97 WHERE id=?"_s, {c, b});
+        beginnen();
+        QTRY_COMPARE(belege()->pfad(), m_b->quelle(u"a.pdf"_s));
+        m_z->pruefung()->setzeUngesehen(true);
+        m_b->sql(u"UPDATE dokumente SET status='dublette' WHERE id=?"_s, {a});
+        m_z->pruefung()->aktualisieren();
+        QTRY_COMPARE(name(), u"b.pdf"_s);
+        QTest::qWait(100);
+        QVERIFY(belege()->pfad().isEmpty() && belege()->liest());
+        m_z->pruefung()->setzePartnerZeigen(true);
+        QTRY_COMPARE(belege()->partnerPfad(), m_b->quelle(u"c.pdf"_s));
+        m_b->sql(u"UPDATE dokumente SET status='dublette' WHERE id=?"_s, {b});
+        m_z->pruefung()->aktualisieren();
+        QTRY_COMPARE(name(), u"c.pdf"_s);
+        m_z->pruefung()->setzeUngesehen(false);
+        QTRY_COMPARE(belege()->pfad(), m_b->quelle(u"c.pdf"_s));
+        QVERIFY(!belege()->liest());
+    }
+
     // What is on its way ahead is waited for when its document comes.
     void wasGeradeVorausGelesenWird()
     {

@@ -258,7 +258,8 @@ void Angabenfeld::tagZeigen()
     const auto [text, falsch] = datumswort(d ? d->angaben.datum.trimmed() : QString());
     const bool fehlt = m_belege->fehlende().contains(Feld::Datum);
     const QString satz = fehlt && !falsch ? u"%1 · %2"_s.arg(text, stehtNicht()) : text;
-    Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)->setzeText(satz);
+    Stil::kleiden(m_tag, falsch ? Schrift::Warnung : Schrift::Neben)
+        ->setzen(fehlt && !falsch ? Symbol::Info : Symbol::Keines, satz); // the mark is seen where the words are not
     const QString vorab = falsch ? text + u". "_s : fehlt ? stehtNicht() + u' ' : QString();
     m_eingaben.at(int(Feld::Datum)).text->setAccessibleDescription(vorab + feldhilfe(Feld::Datum));
 }

@@ -58,8 +58,7 @@ void Angebotsliste::oeffnen()
     if (zeilen.isEmpty())
         zeilen << Listenzeile{.kennung = {}, .erste = ohneAngebot(*m_belege)};
     m_zeilen->setzen(zeilen);
-    // As wide as what is offered, also below a short field.
-    m_liste->complete(QRect(0, 0, std::max(m_eingabe->width(), Stil::mass(kleinsteBreite)), m_eingabe->height()));
+    m_liste->complete(platz());
     // The likeliest that the field does not say already.
     const auto anderes = std::find_if(m_angebote.begin(), m_angebote.end(), [this](const Feldangebot &a) {
         return m_belege->gewaehlt(a) != m_eingabe->text();
@@ -67,6 +66,15 @@ void Angebotsliste::oeffnen()
     const auto stelle = anderes == m_angebote.end() ? 0 : std::distance(m_angebote.begin(), anderes);
     m_liste->popup()->setCurrentIndex({});
     m_liste->popup()->setCurrentIndex(m_liste->popup()->model()->index(int(stelle), 0));
+}
+
+/** As wide as what is offered, also below a short field, as far as the window reaches. */
+QRect Angebotsliste::platz() const
+{
+    const int fenster = m_eingabe->window()->width();
+    const int breite = std::min(std::max(m_eingabe->width(), Stil::mass(kleinsteBreite)), fenster);
+    const int rechts = m_eingabe->mapTo(m_eingabe->window(), QPoint()).x() + breite;
+    return {std::min(0, fenster - rechts), 0, breite, m_eingabe->height()};
 }
 
 void Angebotsliste::waehlen(const QModelIndex &zeile)

@@ -31,6 +31,7 @@ protected:
 
 private:
     void waehlen(const QModelIndex &zeile);
+    [[nodiscard]] QRect platz() const;
 
     const Seitenbelege *m_belege;
     Feld m_feld;

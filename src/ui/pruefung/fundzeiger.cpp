@@ -34,7 +34,7 @@ QList<Marke> unterschiede(const QList<Seitenmarke> &stellen)
 {
     QList<Marke> marken;
     for (const Seitenmarke &stelle : stellen)
-        marken << markeAus(stelle, Markenton::Unterschied);
+        marken << markeAus(stelle, Markenton::Unterschied, true); // often a single digit
     return marken;
 }
 } // namespace
@@ -85,7 +85,7 @@ void Fundzeiger::markenZeigen()
         return m_vorschau->setzeMarken(m_belege->partnerPfad(), unterschiede(m_belege->unterschiede(true)));
     QList<Marke> marken = unterschiede(m_belege->unterschiede(false));
     for (const Seitenmarke &marke : m_belege->marken())
-        marken << markeAus(marke, tonFuer(marke.feld), marke.feld == m_imFokus);
+        marken << markeAus(marke, tonFuer(marke.feld), marke.feld == m_imFokus && !m_vorgemerkt);
     if (m_vorgemerkt)
         marken << markeAus(*m_vorgemerkt, Markenton::Angebot, true);
     m_vorschau->setzeMarken(m_belege->pfad(), marken);
