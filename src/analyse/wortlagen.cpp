@@ -24,9 +24,17 @@ using namespace Wortlagen;
 
 namespace
 {
-constexpr double spiel = 1; // point
+constexpr double spiel = 1;       // point
+constexpr double weitestes = 1e6; // points or pixels: no page is that large
 
 double zahl(const QXmlStreamReader &xml, const QString &name) { return xml.attributes().value(name).toDouble(); }
+
+/** A file may say anything, also what is no number. */
+bool istDenkbar(const QRectF &ort)
+{
+    const auto nah = [](double wert) { return std::abs(wert) < weitestes; };
+    return nah(ort.left()) && nah(ort.top()) && nah(ort.right()) && nah(ort.bottom());
+}
 
 bool passtIn(const QRectF &ort, const QSizeF &groesse)
 {
@@ -140,7 +148,8 @@ QList<Ebenenseite> Wortlagen::ebenenseiten(const QByteArray &bbox)
             continue;
         const QPointF ecke(zahl(xml, u"xMin"_s), zahl(xml, u"yMin"_s));
         const QRectF ort(ecke, QPointF(zahl(xml, u"xMax"_s), zahl(xml, u"yMax"_s)));
-        seiten.last().worte << Seitenwort{.text = xml.readElementText(), .ort = ort};
+        if (istDenkbar(ort))
+            seiten.last().worte << Seitenwort{.text = xml.readElementText(), .ort = ort};
     }
     if (xml.hasError())
         throw Fehler(Sprache::text(u"Die Wörter der Seite lassen sich nicht lesen"_s));
@@ -216,7 +225,7 @@ Seitenworte Wortlagen::ausTsv(const QByteArray &tsv, const Bildlage &lage)
         if (felder.first().toInt() == seitenebene)
             bild = kasten.size(); // larger than it was where it is straightened
         const QString text = felder.last().trimmed();
-        if (felder.first().toInt() != wortebene || text.isEmpty() || lage.bild.isEmpty())
+        if (felder.first().toInt() != wortebene || text.isEmpty() || lage.bild.isEmpty() || !istDenkbar(kasten))
             continue;
         const QRectF ort = zurueckgedreht(kasten, bild, lage);
         worte << Seitenwort{.text = text,

@@ -120,7 +120,7 @@ private:
         if (text.isEmpty() || istKeinName(text) || (!imKopf && !firma) || istEigen(text))
             return;
         const int rang = (firma ? 40 : 0) + (imKopf ? 20 : 0) + (imKopf && oben < obererKopf ? 10 : 0) +
-                         (stueck.worte > 1 ? 5 : 0) - int(oben * 4) - stueck.seite;
+                         (stueck.worte > 1 ? 5 : 0) - int(std::clamp(oben, 0.0, 1.0) * 4) - stueck.seite;
         m_funde << Angebot{.wert = Rechtsform::ausgeschriebenOhne(text),
                            .umfeld = umfeldVon(m_seite, stueck),
                            .stelle = stueck,
@@ -307,8 +307,7 @@ QString Uebernahme::alsDatum(const QString &text)
 QString Uebernahme::alsDatum(const Wortfolge &seite, qsizetype wort, qsizetype worte)
 {
     for (const Datumsfund &fund : Datumsfunde::alle({seite})) {
-        const Fundstelle &ganzes = fund.stelle;
-        if (ganzes.wort <= wort && wort + worte <= ganzes.wort + ganzes.worte)
+        if (fund.stelle.wort < wort + worte && wort < fund.stelle.wort + fund.stelle.worte)
             return mitTag(fund.wert);
     }
     return alsDatum(seite.wortlaut({.seite = seite.seite(), .wort = wort, .worte = worte}));

@@ -37,7 +37,7 @@ namespace Uebernahme
 {
 /** The likeliest date in @p text as JJJJ-MM-TT; @p text as it is if there is none. */
 [[nodiscard]] QString alsDatum(const QString &text);
-/** The date that the words from @p wort on are a part of; without one, the date in them or they themselves. */
+/** The likeliest date that the words from @p wort on are or touch, all of it; without one, they themselves. */
 [[nodiscard]] QString alsDatum(const Wortfolge &seite, qsizetype wort, qsizetype worte);
 /** Without what stands around a name (colons, dots, bars) and without its legal form. */
 [[nodiscard]] QString alsGegenueber(const QString &text);

@@ -20,13 +20,15 @@ constexpr qsizetype meisteStuecke = 8;    // that one number is parted into
 bool istFuellwort(const QString &wort)
 {
     static const QSet<QString> fuellworte = {
-        u"fur"_s,   u"der"_s,   u"die"_s,   u"das"_s,   u"des"_s,   u"dem"_s,  u"den"_s,   u"und"_s,   u"ein"_s,
-        u"eine"_s,  u"einer"_s, u"eines"_s, u"einem"_s, u"einen"_s, u"von"_s,  u"vom"_s,   u"zum"_s,   u"zur"_s,
-        u"mit"_s,   u"auf"_s,   u"aus"_s,   u"bei"_s,   u"beim"_s,  u"nach"_s, u"uber"_s,  u"unter"_s, u"zwischen"_s,
-        u"wegen"_s, u"durch"_s, u"gegen"_s, u"ohne"_s,  u"sowie"_s, u"oder"_s, u"nicht"_s, u"auch"_s,  u"wird"_s,
-        u"ist"_s,   u"sie"_s,   u"als"_s,   u"bis"_s,   u"pro"_s,   u"per"_s,  u"the"_s,   u"for"_s,   u"and"_s,
-        u"with"_s,  u"from"_s,  u"your"_s,  u"this"_s,  u"that"_s,  u"are"_s,  u"les"_s,   u"une"_s,   u"sur"_s,
-        u"par"_s,   u"pour"_s,  u"avec"_s,  u"dans"_s,  u"votre"_s};
+        u"fur"_s,  u"der"_s,   u"die"_s,      u"das"_s,   u"des"_s,     u"dem"_s,      u"den"_s,   u"und"_s,
+        u"ein"_s,  u"eine"_s,  u"einer"_s,    u"eines"_s, u"einem"_s,   u"einen"_s,    u"von"_s,   u"vom"_s,
+        u"zum"_s,  u"zur"_s,   u"mit"_s,      u"auf"_s,   u"aus"_s,     u"bei"_s,      u"beim"_s,  u"nach"_s,
+        u"uber"_s, u"unter"_s, u"zwischen"_s, u"wegen"_s, u"durch"_s,   u"gegen"_s,    u"ohne"_s,  u"sowie"_s,
+        u"oder"_s, u"nicht"_s, u"auch"_s,     u"wird"_s,  u"ist"_s,     u"sie"_s,      u"als"_s,   u"bis"_s,
+        u"pro"_s,  u"per"_s,   u"the"_s,      u"for"_s,   u"and"_s,     u"with"_s,     u"from"_s,  u"your"_s,
+        u"this"_s, u"that"_s,  u"are"_s,      u"les"_s,   u"une"_s,     u"sur"_s,      u"par"_s,   u"pour"_s,
+        u"avec"_s, u"dans"_s,  u"votre"_s,    u"sehr"_s,  u"geehrte"_s, u"geehrter"_s, u"damen"_s, u"herren"_s,
+        u"herr"_s, u"frau"_s};
     return fuellworte.contains(wort);
 }
 

@@ -29,4 +29,7 @@ struct Wortgriff {
 /** Where @p ort of a page lies when the page is turned clockwise by @p grad, a multiple of 90. */
 [[nodiscard]] QRectF gedreht(const QRectF &ort, int grad);
 [[nodiscard]] Seitenworte gedreht(Seitenworte worte, int grad);
+
+/** Degrees clockwise (0, 90, 180 or 270) by which @p worte are to be turned, so that their lines run to the right. */
+[[nodiscard]] int leserichtung(const Seitenworte &worte);
 } // namespace quillmar::grundlage

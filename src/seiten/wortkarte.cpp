@@ -23,9 +23,10 @@ Wortkarte::Wortkarte(Seitenworte worte, double breiteZuHoehe)
     : m_worte(std::move(worte)), m_breiteZuHoehe(breiteZuHoehe)
 {
     m_zeilen.reserve(m_worte.size());
+    const Seitenworte aufrechte = gedreht(m_worte, leserichtung(m_worte)); // a page may be looked at from the side
     int zeile = 0;
     for (qsizetype i = 0; i < m_worte.size(); ++i) {
-        if (i > 0 && !stehenInEinerZeile(m_worte.at(i - 1).ort, m_worte.at(i).ort))
+        if (i > 0 && !stehenInEinerZeile(aufrechte.at(i - 1).ort, aufrechte.at(i).ort))
             ++zeile;
         m_zeilen << zeile;
         if (zeile == m_zeilenorte.size())

@@ -17,21 +17,20 @@ struct stat standVon(const QString &pfad)
     return stand;
 }
 
-/** Pages as they are to be read: upright. */
-QList<Wortfolge> aufrechte(QList<Seitenworte> worte, const QMap<int, int> &drehungen)
+/** Pages as they are to be read: with lines that run to the right, however somebody has turned them. */
+QList<Wortfolge> aufrechte(QList<Seitenworte> worte)
 {
-    for (int seite = 0; seite < worte.size(); ++seite)
-        worte[seite] = gedreht(worte.at(seite), drehungen.value(seite + 1));
+    for (Seitenworte &seite : worte)
+        seite = gedreht(seite, leserichtung(seite));
     return wortfolgen(worte);
 }
 } // namespace
 
 Lesung::Lesung(const Leseauftrag &auftrag, const Wortspeicher &speicher, const std::stop_token &ende)
     : m_auftrag(auftrag), m_stand(standVon(auftrag.quelle.pfad)), m_worte(auftrag.quelle.lesen(speicher, ende)),
-      m_folgen(aufrechte(m_worte, auftrag.quelle.wie.drehungen)),
-      m_angebote{{Feld::Datum, Angebote::daten(m_folgen)},
-                 {Feld::Gegenueber, Angebote::namen(m_folgen, auftrag.eigene)},
-                 {Feld::Titel, Angebote::titel(m_folgen)}}
+      m_folgen(aufrechte(m_worte)), m_angebote{{Feld::Datum, Angebote::daten(m_folgen)},
+                                               {Feld::Gegenueber, Angebote::namen(m_folgen, auftrag.eigene)},
+                                               {Feld::Titel, Angebote::titel(m_folgen)}}
 {
 }
 

@@ -171,10 +171,10 @@ void Seitenbelege::vorausAbbrechen()
     lesenWennGesehen();
 }
 
-void Seitenbelege::imBlick(const QString &pfad, int seite, int seiten)
+void Seitenbelege::imBlick(const QString &pfad, int erste, int letzte, int seiten)
 {
     if (m_auftrag && pfad == m_auftrag->quelle.pfad)
-        m_weitere.imBlick(seite, seiten);
+        m_weitere.imBlick({.erste = erste, .letzte = letzte}, seiten);
 }
 
 QList<Seitenmarke> Seitenbelege::marken() const

@@ -38,8 +38,8 @@ public:
     [[nodiscard]] QString pfad() const;
     /** The pages are being read, or will be as soon as the first one is seen. */
     [[nodiscard]] bool liest() const { return m_ausstehend || m_lesefrage.laeuft(); }
-    /** One looks at page @p seite of @p seiten of the file @p pfad, from 1. */
-    void imBlick(const QString &pfad, int seite, int seiten);
+    /** One looks at the pages from @p erste to @p letzte (from 1) of the file @p pfad, which has @p seiten. */
+    void imBlick(const QString &pfad, int erste, int letzte, int seiten);
     /** As the pages lie. */
     [[nodiscard]] QList<Seitenworte> worte() const;
     /** Where the values stand as they are typed now; of a field the most telling passage first. */

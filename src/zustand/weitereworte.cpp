@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 
 using namespace std::chrono_literals;
 
@@ -38,9 +39,9 @@ void Weitereworte::vergessen()
     m_seiten = 0;
 }
 
-void Weitereworte::imBlick(int seite, int seiten)
+void Weitereworte::imBlick(const Seitenspanne &gesehene, int seiten)
 {
-    m_seite = seite;
+    m_gesehene = gesehene;
     m_seiten = seiten;
     m_ruhe.start();
 }
@@ -51,13 +52,24 @@ std::optional<Seitenspanne> Weitereworte::fehlende() const
     const int bekannte = m_quelle ? m_quelle->wie.seiten.letzte : 0;
     if (!m_quelle || m_seiten <= bekannte)
         return std::nullopt;
-    if (!m_quelle->textebene && (m_seite <= bekannte || m_worte.contains(m_seite)))
-        return std::nullopt;
     if (!m_quelle->textebene)
-        return Seitenspanne{.erste = m_seite, .letzte = m_seite};
+        return naechsteGesehene();
     if (!m_worte.isEmpty() || bekannte >= letzteSeite)
         return std::nullopt;
     return Seitenspanne{.erste = bekannte + 1, .letzte = std::min(m_seiten, letzteSeite)};
+}
+
+/** Of the pages in sight the one in the middle first, then its neighbours. */
+std::optional<Seitenspanne> Weitereworte::naechsteGesehene() const
+{
+    const int mitte = (m_gesehene.erste + m_gesehene.letzte) / 2;
+    std::optional<int> naechste;
+    for (int seite = m_gesehene.erste; seite <= std::min(m_gesehene.letzte, m_seiten); ++seite) {
+        const bool fehlt = seite > m_quelle->wie.seiten.letzte && !m_worte.contains(seite);
+        if (fehlt && (!naechste || std::abs(seite - mitte) < std::abs(*naechste - mitte)))
+            naechste = seite;
+    }
+    return naechste ? std::optional(Seitenspanne{.erste = *naechste, .letzte = *naechste}) : std::nullopt;
 }
 
 void Weitereworte::lesen()
@@ -79,6 +91,7 @@ void Weitereworte::lesen()
             for (int seite = seiten.erste; seite <= seiten.letzte; ++seite)
                 m_worte.insert(seite, worte.value(seite - seiten.erste));
             m_liest.reset();
+            lesen();
             Q_EMIT geaendert();
         });
 }

@@ -24,8 +24,8 @@ public:
     void beginnen(const Wortquelle &quelle);
     /** There is another document, of which nothing is known yet. */
     void vergessen();
-    /** One looks at page @p seite of @p seiten, from 1. */
-    void imBlick(int seite, int seiten);
+    /** One looks at the pages @p gesehene of a document that has @p seiten. */
+    void imBlick(const Seitenspanne &gesehene, int seiten);
     /** @p erste with the further pages behind them; those that are not known are without words. */
     [[nodiscard]] QList<Seitenworte> angehaengt(QList<Seitenworte> erste) const;
 
@@ -35,10 +35,11 @@ Q_SIGNALS:
 private:
     void lesen();
     [[nodiscard]] std::optional<Seitenspanne> fehlende() const;
+    [[nodiscard]] std::optional<Seitenspanne> naechsteGesehene() const;
 
     Wortspeicher m_speicher;
     std::optional<Wortquelle> m_quelle;
-    int m_seite = 1;
+    Seitenspanne m_gesehene;
     int m_seiten = 0;
     QMap<int, Seitenworte> m_worte;      ///< by page from 1
     std::optional<Seitenspanne> m_liest; ///< on its way

@@ -60,6 +60,12 @@ private Q_SLOTS:
             "width=\"10\" height=\"10\"", "<word xMin=\"1\" yMin=\"1\" xMax=\"2\" yMax=\"2\">A\x02&amp;B</word>"));
         QCOMPARE(seiten.first().worte.first().text, u"A&B"_s);
         QVERIFY_THROWS_EXCEPTION(Fehler, Q_UNUSED(Wortlagen::ebenenseiten("<html><page")));
+        for (const QByteArray wo : {"1e300", "nan", "-inf"})
+            QVERIFY(
+                Wortlagen::ebenenseiten(seite("width=\"10\" height=\"10\"",
+                                              "<word xMin=\"1\" yMin=\"" + wo + "\" xMax=\"2\" yMax=\"2\">A</word>"))
+                    .first()
+                    .worte.isEmpty());
     }
 
     // A box of the image that was straightened by two degrees lies where it was before.
@@ -89,6 +95,17 @@ private Q_SLOTS:
         QVERIFY(nahe(gedreht(gedreht(ort, 90), 90), gedreht(ort, 180)));
         for (const int grad : {0, 90, 180, 270, -90})
             QVERIFY(nahe(gedreht(gedreht(ort, grad), -grad), ort));
+    }
+
+    void leserichtungEinerSeite()
+    {
+        Seitenworte worte;
+        for (int i = 0; i < 12; ++i) // four lines of three
+            worte << Seitenwort{.text = u"Wort %1"_s.arg(i),
+                                .ort = {0.1 + i % 3 * 0.2, 0.1 + i / 3 * 0.03, 0.15, 0.02}};
+        for (const int grad : {0, 90, 180, 270})
+            QCOMPARE((leserichtung(gedreht(worte, grad)) + grad) % 360, 0);
+        QCOMPARE(leserichtung({}), 0);
     }
 
     void speicher()

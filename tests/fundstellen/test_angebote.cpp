@@ -116,6 +116,7 @@ private Q_SLOTS:
         const Wortfolge seite(0, getippt({u"Meißen, 31. Januar 2024 und 2023"_s}));
         zeile("Tag und Jahr um ein Wort", Uebernahme::alsDatum(seite, 2, 1), u"2024-01-31"_s);
         zeile("auch um zwei", Uebernahme::alsDatum(seite, 1, 2), u"2024-01-31"_s);
+        zeile("ein Teil und mehr", Uebernahme::alsDatum(seite, 2, 3), u"2024-01-31"_s);
         zeile("mehr als das Datum", Uebernahme::alsDatum(seite, 0, 4), u"2024-01-31"_s);
         zeile("keines um das Wort", Uebernahme::alsDatum(seite, 5, 1), u"2023"_s);
         zeile("kein Datum", Uebernahme::alsDatum(u" demnächst "_s), u"demnächst"_s);

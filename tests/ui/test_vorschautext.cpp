@@ -396,6 +396,8 @@ private Q_SLOTS:
         m_feld->setFocus();
         m_vorschau->setzeNehmen(true);
         klicken(nummer);
+        doppelklicken(nummer);
+        doppelklicken(leer);
         klicken(leer);
         QTest::mouseClick(m_ansicht->verticalScrollBar(), Qt::LeftButton, {}, {2, 200});
         QTest::mouseClick(m_vorschau->findChild<QToolButton *>(u"groesser"_s), Qt::LeftButton);

@@ -35,6 +35,27 @@ public:
     }
 };
 
+/** Keeps what has the focus in sight when what stands above it grows. */
+class Sichthalter : public QObject
+{
+public:
+    explicit Sichthalter(QScrollArea *rollen) : QObject(rollen), m_rollen(rollen) {}
+    bool eventFilter(QObject *, QEvent *ereignis) override
+    {
+        QWidget *jetzt = QApplication::focusWidget();
+        if (ereignis->type() == QEvent::Resize && jetzt && m_rollen->isAncestorOf(jetzt) &&
+            !qobject_cast<QAbstractItemView *>(jetzt))
+            QTimer::singleShot(0, jetzt, [rollen = m_rollen, jetzt] {
+                if (jetzt->hasFocus())
+                    rollen->ensureWidgetVisible(jetzt);
+            });
+        return false;
+    }
+
+private:
+    QScrollArea *m_rollen;
+};
+
 class Linie : public QWidget
 {
 public:
@@ -193,6 +214,7 @@ QScrollArea *rollbereich(QWidget *inhalt, QWidget *eltern)
     rollen->setWidget(inhalt);
     rollen->viewport()->setAutoFillBackground(false);
     inhalt->setAutoFillBackground(false);
+    inhalt->installEventFilter(new Sichthalter(rollen));
     // The scroll area itself follows the Tab key within it only; lists see to their rows.
     QObject::connect(qApp, &QApplication::focusChanged, rollen, [rollen](QWidget *, QWidget *jetzt) {
         if (!rollen->isAncestorOf(jetzt) || qobject_cast<QAbstractItemView *>(jetzt))

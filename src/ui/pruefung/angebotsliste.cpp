@@ -59,13 +59,9 @@ void Angebotsliste::oeffnen()
         zeilen << Listenzeile{.kennung = {}, .erste = ohneAngebot(*m_belege)};
     m_zeilen->setzen(zeilen);
     m_liste->complete(platz());
-    // The likeliest that the field does not say already.
-    const auto anderes = std::find_if(m_angebote.begin(), m_angebote.end(), [this](const Feldangebot &a) {
-        return m_belege->gewaehlt(a) != m_eingabe->text();
-    });
-    const auto stelle = anderes == m_angebote.end() ? 0 : std::distance(m_angebote.begin(), anderes);
     m_liste->popup()->setCurrentIndex({});
-    m_liste->popup()->setCurrentIndex(m_liste->popup()->model()->index(int(stelle), 0));
+    // The likeliest, also where the field has it: Return then changes nothing that is right.
+    m_liste->popup()->setCurrentIndex(m_liste->popup()->model()->index(0, 0));
 }
 
 /** As wide as what is offered, also below a short field, as far as the window reaches. */

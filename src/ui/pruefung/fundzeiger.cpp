@@ -63,7 +63,7 @@ Fundzeiger::Fundzeiger(Pruefung *pruefung, Seitenbelege *belege, Angabenfeld *an
         markenZeigen();
         hinsehen();
     });
-    connect(m_vorschau, &Vorschau::seiteImBlick, m_belege, &Seitenbelege::imBlick);
+    connect(m_vorschau, &Vorschau::seitenImBlick, m_belege, &Seitenbelege::imBlick);
     connect(m_vorschau, &Vorschau::genommen, m_angaben, &Angabenfeld::nehmen);
     worteZeigen(); // what is known already
 }

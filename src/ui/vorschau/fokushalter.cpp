@@ -37,7 +37,9 @@ void Fokushalter::setzeAn(bool an)
 
 bool Fokushalter::eventFilter(QObject *flaeche, QEvent *ereignis)
 {
-    if (m_an && m_feld && ereignis->type() == QEvent::MouseButtonPress && QApplication::focusWidget() != m_feld)
+    const bool gedrueckt =
+        ereignis->type() == QEvent::MouseButtonPress || ereignis->type() == QEvent::MouseButtonDblClick;
+    if (m_an && m_feld && gedrueckt && QApplication::focusWidget() != m_feld)
         m_feld->setFocus(Qt::OtherFocusReason);
     return QObject::eventFilter(flaeche, ereignis);
 }

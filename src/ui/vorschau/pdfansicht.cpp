@@ -178,7 +178,8 @@ void PDFAnsicht::setzeZoom(const Zoom &zoom)
 
 void PDFAnsicht::standZeigen()
 {
-    const std::pair stand(seite(), seiten());
+    const auto [erste, letzte] = sichtbare();
+    const std::array stand{seite(), seiten(), erste, letzte};
     if (stand != std::exchange(m_stand, stand))
         Q_EMIT geaendert();
 }

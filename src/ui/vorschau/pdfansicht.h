@@ -9,6 +9,7 @@
 #include <QAbstractScrollArea>
 #include <QTimer>
 #include <QUrl>
+#include <array>
 
 namespace quillmar::vorschau
 {
@@ -48,7 +49,9 @@ public:
     [[nodiscard]] Vorschaubefund befund() const; ///< of the file on show
     [[nodiscard]] int seiten() const;            ///< 0 unless a document is open
     [[nodiscard]] bool hatWeitere() const;       ///< pages that cannot be shown
-    [[nodiscard]] int seite() const;             ///< from 1: the one in the middle of the view
+    /** The first and the last page in sight, from 0. */
+    [[nodiscard]] std::pair<int, int> sichtbare() const;
+    [[nodiscard]] int seite() const; ///< from 1: the one in the middle of the view
     /** What stands in place of the page on show, which cannot be drawn; empty: nothing. */
     [[nodiscard]] QString seitensatz() const;
     [[nodiscard]] double massstab() const; ///< of the page on show; 1: as large as on paper
@@ -123,7 +126,6 @@ private:
     void seiteMalen(QPainter &maler, int seite, const QRect &flaeche);
     void sichtbarkeitMelden();
     [[nodiscard]] Seitenraum raum() const;
-    [[nodiscard]] std::pair<int, int> sichtbare() const;
     bool texttaste(const QKeyEvent *ereignis);
     void hinrollen(int seite, const QList<QRectF> &orte);
     void zumTreffer();
@@ -136,9 +138,9 @@ private:
     QHash<QString, QMap<int, int>> m_drehungen; ///< by path and page from 1
     QList<QSizeF> m_groessen{a4};               ///< of the pages as they are shown
     Seitenordnung m_ordnung;
-    std::pair<int, int> m_stand; ///< page and page count as told last
-    QTimer m_geduld;             ///< runs while nothing is said yet about a page that is not there
-    int m_rad = 0;               ///< turned with Ctrl, in eighths of a degree, as far as it made no step yet
+    std::array<int, 4> m_stand{}; ///< page, page count and pages in sight as told last
+    QTimer m_geduld;              ///< runs while nothing is said yet about a page that is not there
+    int m_rad = 0;                ///< turned with Ctrl, in eighths of a degree, as far as it made no step yet
     bool m_gemeldet = true;
     Textebene m_text;
     std::optional<Marke> m_hinzusehen; ///< as soon as its page is there

@@ -330,16 +330,17 @@ void Vorschau::standZeigen()
     const QString satz = m_ansicht->seitensatz();
     m_ansicht->setAccessibleDescription(satz.isEmpty() ? m_seiten->toolTip() : satz);
     suchstandZeigen();
-    seiteMelden();
+    seitenMelden();
 }
 
-void Vorschau::seiteMelden()
+void Vorschau::seitenMelden()
 {
-    const std::pair stand(m_ansicht->seite(), m_ansicht->seiten());
-    if (!m_partnerPfad.isEmpty() || m_pfad.isEmpty() || stand.second == 0)
+    const auto [erste, letzte] = m_ansicht->sichtbare();
+    const std::array stand{erste + 1, letzte + 1, m_ansicht->seiten()};
+    if (!m_partnerPfad.isEmpty() || m_pfad.isEmpty() || m_ansicht->seiten() == 0)
         return;
     if (stand != std::exchange(m_gemeldet, stand))
-        Q_EMIT seiteImBlick(m_pfad, stand.first, stand.second);
+        Q_EMIT seitenImBlick(m_pfad, stand[0], stand[1], stand[2]);
 }
 
 bool Vorschau::alleSeitenBekannt() const

@@ -6,6 +6,7 @@
 #include "teile.h"
 
 #include <QWidget>
+#include <array>
 
 namespace quillmar::vorschau
 {
@@ -74,8 +75,8 @@ Q_SIGNALS:
     void gedreht(const QString &pfad, int seite, int drehung);
     /** The first page of @p pfad, or the sentence in its place, has been painted; once per showing. */
     void seiteSichtbar(const QString &pfad);
-    /** The page @p seite (from 1) of the document, which has @p seiten, is in the middle of the view. */
-    void seiteImBlick(const QString &pfad, int seite, int seiten);
+    /** The pages from @p erste to @p letzte (from 1) of the document, which has @p seiten, are in sight. */
+    void seitenImBlick(const QString &pfad, int erste, int letzte, int seiten);
     /** A word was clicked on, or words were dragged over, while they are taken. */
     void genommen(const Wortgriff &griff);
     void markenSichtbarGeaendert(bool sichtbar);
@@ -93,7 +94,7 @@ private:
     void befundZeigen();
     void standZeigen();
     void suchstandZeigen();
-    void seiteMelden();
+    void seitenMelden();
     [[nodiscard]] bool alleSeitenBekannt() const;
     bool suchtaste(const QKeyEvent *ereignis);
 
@@ -111,6 +112,6 @@ private:
     QString m_partnerPfad;
     QString m_gesehen;
     bool m_satzGemeldet = false;
-    std::pair<int, int> m_gemeldet; ///< page in view and how many there are, as told last
+    std::array<int, 3> m_gemeldet{}; ///< first and last page in sight and how many there are, as told last
 };
 } // namespace quillmar::vorschau
