@@ -3,6 +3,7 @@
 #include "aufrichtung.h"
 #include "bilderordner.h"
 #include "pfade.h"
+#include "platte.h"
 #include "seitenbilder.h"
 #include "sha256.h"
 #include "sprache.h"
@@ -166,14 +167,14 @@ QList<Seitenworte> Wortlagen::ausTextebene(const QString &pdf, const Seitenspann
         u"pdftotext"_s, seiten.argumente() + QStringList{u"-cropbox"_s, u"-bbox"_s, u"-enc"_s, u"UTF-8"_s, ort, u"-"_s},
         grenzen.fuerText(), ende);
     const QList<Ebenenseite> gelesene = ebenenseiten(bbox);
+    // Words may reach beyond the edge of a page: only that all of them lie on it tells something.
     const bool unklar = std::any_of(gelesene.begin(), gelesene.end(),
-                                    [](const auto &s) { return s.lage() == Ebenenseite::Lage::Unklar; });
+                                    [](const auto &s) { return s.lage() != Ebenenseite::Lage::Aufrecht; });
     const QList<bool> quere = unklar ? drehungen.get() : QList<bool>();
     QList<Seitenworte> worte;
     for (qsizetype i = 0; i < gelesene.size(); ++i) {
-        const auto lage = gelesene.at(i).lage();
-        worte << anteile(gelesene.at(i),
-                         lage == Ebenenseite::Lage::Unklar ? quere.value(i) : lage == Ebenenseite::Lage::Quer);
+        const bool aufrecht = gelesene.at(i).lage() == Ebenenseite::Lage::Aufrecht;
+        worte << anteile(gelesene.at(i), !aufrecht && quere.value(i));
     }
     return worte;
 }
@@ -184,12 +185,19 @@ QList<Seitenworte> Wortlagen::lesen(const QString &pdf, bool textebene, const Er
 {
     if (textebene)
         return ausTextebene(pdf, wie.seiten, grenzen, ende);
+    struct stat vorher {
+    };
+    struct stat nachher {
+    };
+    const bool da = Platte::angaben(aufDerPlatte(pdf), vorher);
     const QString digest = sha256Datei(aufDerPlatte(pdf), [&] { return ende.stop_requested(); });
     const QString kennung = kennungVon(digest, wie.seiten);
     if (auto bekannte = speicher.lesen(kennung, artVon(wie)))
         return *bekannte;
     const QList<Seitenworte> seiten = erkannte(pdf, wie, grenzen, ende);
-    speicher.ablegen(kennung, artVon(wie), seiten);
+    // What was changed meanwhile is not what the digest is of.
+    if (da && Platte::angaben(aufDerPlatte(pdf), nachher) && Platte::unveraendert(vorher, nachher))
+        speicher.ablegen(kennung, artVon(wie), seiten);
     return seiten;
 }
 

@@ -32,7 +32,9 @@ QString umfeldVon(const Wortfolge &seite, const Fundstelle &stelle)
     const qsizetype von = std::max(zeile.wort, stelle.wort - umfeldworte);
     const qsizetype bis = std::max(stelle.wort + stelle.worte,
                                    std::min(zeile.wort + zeile.worte, stelle.wort + stelle.worte + umfeldworte));
-    return seite.wortlaut({.seite = stelle.seite, .wort = von, .worte = bis - von});
+    const auto links = stelle.wort == zeile.wort ? seite.links(stelle.wort) : std::nullopt; // beyond a wide gap
+    const QString davor = links ? seite.worte().at(*links).text + u" … "_s : QString();
+    return davor + seite.wortlaut({.seite = stelle.seite, .wort = von, .worte = bis - von});
 }
 
 /** Of equal values the likeliest one; likeliest first. */
@@ -77,11 +79,20 @@ QString ohneAnredetitel(QString text)
 
 bool hatRechtsform(const QString &text) { return Rechtsform::ausgeschriebenOhne(text) != text; }
 
+/** The folded words of a name without its legal form. */
+QSet<QString> namensworte(const QString &name)
+{
+    QSet<QString> worte;
+    for (const auto &stueck : Wortfolge(0, {{.text = Rechtsform::ausgeschriebenOhne(name), .ort = {}}}).stuecke())
+        worte.insert(stueck.text);
+    return worte;
+}
+
 /** Looks for names line by line, and between bars and dots within them. */
 class Namenssuche
 {
 public:
-    Namenssuche(const Wortfolge &seite, const QStringList &eigene) : m_seite(seite), m_eigene(eigene) {}
+    Namenssuche(const Wortfolge &seite, const QList<QSet<QString>> &eigene) : m_seite(seite), m_eigene(eigene) {}
 
     [[nodiscard]] QList<Angebot> alle()
     {
@@ -127,14 +138,17 @@ private:
                            .rang = rang};
     }
 
+    /** All of an own name, or a part of one: "Anna Müller" of "Anna und Peter Müller". */
     [[nodiscard]] bool istEigen(const QString &text) const
     {
-        const QList<Wortfolge::Stueck> stuecke = Wortfolge(0, {{.text = text, .ort = {}}}).stuecke();
-        return std::any_of(stuecke.begin(), stuecke.end(), [this](const auto &s) { return m_eigene.contains(s.text); });
+        const QSet<QString> worte = namensworte(text);
+        return std::any_of(m_eigene.begin(), m_eigene.end(), [&](const QSet<QString> &eigener) {
+            return !eigener.isEmpty() && (worte.contains(eigener) || eigener.contains(worte));
+        });
     }
 
     const Wortfolge &m_seite;
-    const QStringList &m_eigene;
+    const QList<QSet<QString>> &m_eigene;
     QList<Angebot> m_funde;
 };
 
@@ -142,9 +156,23 @@ private:
 bool kuendigtZahlAn(const QString &wort)
 {
     static const QRegularExpression muster(
-        u"(?:nr|nummer|no|number|num[eé]ro|az|aktenzeichen|kennzeichen|zeichen|ref|referenz|reference|konto|iban)"
-        "[.:#]*$|^n°$"_s,
+        u"(?:nr|nummer|number|num[eé]ro|zeichen|referenz|reference|konto|(?<!\\p{L})(?:no|az|ref|iban))[.:#]*$|^n°$"_s,
         arten);
+    return wort.contains(muster);
+}
+
+/** What stands behind "Nr." in the same word, as in "Kd.-Nr.4714"; empty if nothing does. */
+QString angehaengteZahl(const QString &wort)
+{
+    static const QRegularExpression muster(
+        u"(?:(?:nr|nummer|number|num[eé]ro|zeichen|(?<!\\p{L})(?:no|az|ref|iban))[.:#]+|n°)(?<zahl>\\S*\\d\\S*)$"_s,
+        arten);
+    return muster.match(wort).captured(u"zahl"_s);
+}
+
+bool istTag(const QString &wort)
+{
+    static const QRegularExpression muster(u"^\\d{1,2}[./-]\\d{1,2}[./-]\\d{2,4}\\W*$|^\\d{4}-\\d{2}-\\d{2}\\W*$"_s);
     return wort.contains(muster);
 }
 
@@ -160,9 +188,12 @@ Fundstelle zahlAb(const Wortfolge &seite, qsizetype wort)
 {
     constexpr qsizetype meisteGruppen = 6;
     const auto istDa = [&](qsizetype i) { return i < seite.worte().size() && seite.zeile(i) == seite.zeile(wort); };
-    const auto zahlIn = [&](qsizetype i) { return istDa(i) && hatZiffer(seite.worte().at(i).text); };
+    const auto zahlIn = [&](qsizetype i) {
+        return istDa(i) && hatZiffer(seite.worte().at(i).text) && !istTag(seite.worte().at(i).text);
+    };
     const auto kuerzelIn = [&](qsizetype i) {
-        return istDa(i) && istKuerzel(seite.worte().at(i).text) && zahlIn(i + 1);
+        const auto eines = [&](qsizetype n) { return istDa(n) && istKuerzel(seite.worte().at(n).text); };
+        return eines(i) && (zahlIn(i + 1) || (eines(i + 1) && zahlIn(i + 2)));
     };
     Fundstelle zahl{.seite = seite.seite(), .wort = wort, .worte = 0};
     for (qsizetype i = wort; zahl.worte < meisteGruppen && (zahlIn(i) || kuerzelIn(i)); ++i) {
@@ -171,6 +202,12 @@ Fundstelle zahlAb(const Wortfolge &seite, qsizetype wort)
             break;
     }
     return zahl;
+}
+
+bool istJahr(const QString &wort)
+{
+    static const QRegularExpression muster(u"^(?:19|20)\\d{2}$"_s);
+    return wort.contains(muster);
 }
 
 bool stehtUnter(const QRectF &unten, const QRectF &oben)
@@ -207,10 +244,34 @@ int zahlenrang(const QString &ankuendigung)
     return ankuendigung.contains(eigene) ? 20 : ankuendigung.contains(fremde) ? -20 : 0;
 }
 
+/** The number in the word itself, with the groups behind it where letters show that it goes on: "Az.:4 O 7/24". */
+std::optional<Angebot> angehaengtes(const Wortfolge &seite, qsizetype wort)
+{
+    const QString &ankuendigung = seite.worte().at(wort).text;
+    const QString zahl = angehaengteZahl(ankuendigung);
+    if (zahl.isEmpty() || istTag(zahl))
+        return std::nullopt;
+    Fundstelle stelle{.seite = seite.seite(), .wort = wort, .worte = 1};
+    const bool gehtWeiter = wort + 1 < seite.worte().size() && seite.zeile(wort + 1) == seite.zeile(wort) &&
+                            istKuerzel(seite.worte().at(wort + 1).text);
+    QString wert = zahl;
+    if (const Fundstelle weitere = gehtWeiter ? zahlAb(seite, wort + 1) : Fundstelle{.worte = 0}; weitere.worte > 0) {
+        stelle.worte += weitere.worte;
+        wert += u' ' + seite.wortlaut(weitere);
+    }
+    return Angebot{.wert = beschnitten(wert),
+                   .umfeld = seite.wortlaut(stelle),
+                   .stelle = stelle,
+                   .rang = zahlenrang(ankuendigung) - seite.seite(),
+                   .istZahl = true};
+}
+
 void zahlenSuchen(const Wortfolge &seite, QList<Angebot> &funde)
 {
     for (qsizetype i = 0; i < seite.worte().size(); ++i) {
         const QString &ankuendigung = seite.worte().at(i).text;
+        if (const auto angebot = angehaengtes(seite, i))
+            funde << *angebot;
         if (!kuendigtZahlAn(ankuendigung))
             continue;
         const Fundstelle zahl = angekuendigte(seite, i);
@@ -280,9 +341,12 @@ QList<Angebot> Angebote::daten(const QList<Wortfolge> &seiten)
 
 QList<Angebot> Angebote::namen(const QList<Wortfolge> &seiten, const QStringList &eigene)
 {
+    QList<QSet<QString>> eigeneWorte;
+    for (const QString &name : eigene)
+        eigeneWorte << namensworte(name);
     QList<Angebot> angebote;
     for (const Wortfolge &seite : seiten)
-        angebote << Namenssuche(seite, eigene).alle();
+        angebote << Namenssuche(seite, eigeneWorte).alle();
     return geordnet(angebote);
 }
 
@@ -318,14 +382,24 @@ QString Uebernahme::alsGegenueber(const QString &text) { return Rechtsform::ausg
 QString Uebernahme::zahlImTitel(const QString &titel, const QString &zahl, const QStringList &fehlende)
 {
     QStringList worte = titel.split(u' ', Qt::SkipEmptyParts);
-    auto ersetzt = std::find_if(worte.begin(), worte.end(), [&](const QString &w) { return fehlende.contains(w); });
-    if (ersetzt == worte.end()) {
-        const auto letzte = std::find_if(worte.rbegin(), worte.rend(), hatZiffer);
-        if (letzte == worte.rend())
-            return (worte << zahl).join(u' ');
-        ersetzt = std::prev(letzte.base());
+    const auto zahlBei = [&](qsizetype i) { return i >= 0 && i < worte.size() && hatZiffer(worte.at(i)); };
+    qsizetype stelle = worte.size();
+    for (qsizetype i = worte.size() - 1; i >= 0; --i) {
+        if (fehlende.contains(worte.at(i)) ||
+            (fehlende.isEmpty() && zahlBei(i) && !istJahr(worte.at(i)) && stelle == worte.size()))
+            stelle = i;
     }
-    *ersetzt = zahl;
+    if (stelle == worte.size())
+        return (worte << zahl).join(u' ');
+    // Numbers are written in groups, with letters in front.
+    qsizetype von = stelle;
+    while (zahlBei(von - 1) || (von > 0 && istKuerzel(worte.at(von - 1))))
+        --von;
+    qsizetype bis = stelle + 1;
+    while (zahlBei(bis))
+        ++bis;
+    worte.remove(von, bis - von);
+    worte.insert(von, zahl);
     return worte.join(u' ');
 }
 } // namespace quillmar::fundstellen

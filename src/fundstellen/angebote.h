@@ -25,7 +25,7 @@ namespace Angebote
 [[nodiscard]] QList<Angebot> daten(const QList<Wortfolge> &seiten);
 /**
  * Names of the head and of the address block, and of companies wherever their legal form shows them; without legal
- * form. Those that have a word of @p eigene, folded, in them are left out.
+ * form. Those of @p eigene, and parts of them, are left out.
  */
 [[nodiscard]] QList<Angebot> namen(const QList<Wortfolge> &seiten, const QStringList &eigene);
 /** The subject of the first page, then numbers behind or below "Nr.", "Nummer", "Az." and the like. */

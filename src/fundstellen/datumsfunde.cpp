@@ -63,7 +63,10 @@ const QList<Form> &formen()
 {
     static const QList<Form> alle = [] {
         const QString monat = monatsmuster();
-        const QString jahr = u"(?<j>(?:19|20)\\d{2}|'?\\d{2}(?!\\d))"_s;
+        // Two digits are a year only where no amount, time or count goes on.
+        const QString nurJahr =
+            u"(?![.,:’]?\\d)(?! ?(?:Uhr|h|Stück|Stk|St|%|€|EUR|Euro|kWh|Tage?|Seiten?)(?!\\p{L}))"_s;
+        const QString jahr = u"(?<j>(?:19|20)\\d{2}|['’]?\\d{2}"_s + nurJahr + u')';
         const QString tag = u"(?<![\\d.])(?<t>\\d{1,2})"_s;
         const auto form = [](const QString &muster, bool tauschbar = false) {
             const auto arten =
@@ -72,9 +75,13 @@ const QList<Form> &formen()
         };
         return QList<Form>{
             form(u"(?<!\\d)(?<j>(?:19|20)\\d{2}) ?[-./] ?(?<m>\\d{1,2}) ?[-./] ?(?<t>\\d{1,2})(?!\\d)"_s),
-            form(tag + u" ?[.] ?(?<m>\\d{1,2}) ?[.] ?"_s + jahr + u"(?![.]?\\d)"_s),
+            form(tag + u"[.,] ?(?<m>\\d{1,2})[.,] ?(?<j>(?:19|20)\\d{2})(?![.]?\\d)"_s),
+            form(tag + u" [.] ?(?<m>\\d{1,2}) ?[.] ?(?<j>(?:19|20)\\d{2})(?![.]?\\d)"_s),
+            form(tag + u"[.](?<m>\\d{1,2})[.]"_s + jahr + u"(?![.]?\\d)"_s),
+            form(tag + u"[.] (?<m>\\d{1,2})[.] "_s + jahr + u"(?![.]?\\d)"_s),
             form(tag + u" ?(?<z>[/-]) ?(?<m>\\d{1,2}) ?\\k<z> ?"_s + jahr + u"(?![.]?\\d)"_s, true),
-            form(tag + u"(?:\\.|er|st|nd|rd|th)? ?(?:de |of )?"_s + monat + u",? ?"_s + jahr + u"(?![.]?\\d)"_s),
+            form(tag + u" ?(?:\\.|er|st|nd|rd|th)? ?(?:de |of )?"_s + monat + u",? ?"_s + jahr + u"(?![.]?\\d)"_s),
+            form(tag + u"-"_s + monat + u"-"_s + jahr + u"(?![.]?\\d)"_s),
             form(u"\\b"_s + monat + u" ?(?<t>\\d{1,2})(?:st|nd|rd|th)?\\.?,? (?<j>(?:19|20)\\d{2})(?!\\d)"_s),
             form(u"\\b"_s + monat + u",? ?(?<j>(?:19|20)\\d{2})(?!\\d)"_s),
             form(u"(?<![\\d./-])(?<m>0?[1-9]|1[0-2]) ?[./] ?(?<j>(?:19|20)\\d{2})(?![\\d./-]\\d)"_s)};
@@ -84,7 +91,7 @@ const QList<Form> &formen()
 
 int jahrAus(QString text)
 {
-    text.remove(u'\'');
+    text.remove(u'\'').remove(u'’');
     const int jahr = text.toInt();
     if (text.size() > 2)
         return jahr;
@@ -126,11 +133,12 @@ int rangNach(const QString &umfeld)
 {
     static const auto arten =
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption;
-    static const QRegularExpression anderes(
-        u"(?:liefer|leistungs|geburts|fälligkeits|druck|eingangs|zahlungs|buchungs|valuta)[- ]?datum|f[aä]llig|zahlbar|"
-        "\\bbis\\b|sp[aä]testens|geb(?:oren|\\.)|\\bab\\b|\\bseit\\b|\\bzum\\b|valuta|\\bdue\\b|until|\\bborn\\b|"
-        "\\bbirth\\b|jusqu|éch[eé]ance|\\bn[eé]e? le\\b|zeitraum|period"_s,
-        arten);
+    static const QRegularExpression anderes(u"(?:liefer|leistungs|geburts|bestell|auftrags|vertrags|fälligkeits|druck|"
+                                            u"eingangs|zahlungs|buchungs|valuta)[- ]?datum|f[aä]llig|zahlbar|"
+                                            "\\bbis\\b|sp[aä]testens|geb(?:oren|\\.)|\\bab\\b(?!-)|\\border "
+                                            "date|\\bseit\\b|\\bzum\\b|valuta|\\bdue\\b|until|\\bborn\\b|"
+                                            "\\bbirth\\b|jusqu|éch[eé]ance|\\bn[eé]e? le\\b|zeitraum|period"_s,
+                                            arten);
     static const QRegularExpression datum(u"(?:datum|\\bdate|dated|datiert)\\W*(?:vom|den|of|du|le)?\\W*$"_s, arten);
     static const QRegularExpression fernesDatum(u"(?:datum|\\bdate)\\b"_s, arten);
     static const QRegularExpression ort(u"\\p{L}[\\p{L}.-]+, ?(?:den|le|the|am)? ?$|\\b(?:den|le) ?$"_s, arten);
@@ -175,6 +183,12 @@ bool istBelegt(const QList<std::pair<qsizetype, qsizetype>> &belegte, qsizetype 
     return std::any_of(belegte.begin(), belegte.end(), [&](const auto &b) { return von < b.second && b.first < bis; });
 }
 
+/** What stands in two columns, or where one line ends and the next begins, is no date. */
+bool stehtInEinerZeile(const Wortfolge &folge, const Fundstelle &stelle)
+{
+    return folge.zeile(stelle.wort) == folge.zeile(stelle.wort + stelle.worte - 1);
+}
+
 void suchen(const Wortfolge &folge, QList<Datumsfund> &funde)
 {
     QList<std::pair<qsizetype, qsizetype>> belegte;
@@ -182,10 +196,12 @@ void suchen(const Wortfolge &folge, QList<Datumsfund> &funde)
         for (auto treffer = form.muster.globalMatch(folge.text()); treffer.hasNext();) {
             const QRegularExpressionMatch eins = treffer.next();
             Datumsfund fund = gelesen(eins, form.tauschbar);
+            fund.stelle = folge.stelle(eins.capturedStart(), eins.capturedLength());
             if (fund.wert.isEmpty() || istBelegt(belegte, eins.capturedStart(), eins.capturedEnd()))
                 continue;
+            if (!stehtInEinerZeile(folge, fund.stelle))
+                continue;
             belegte << std::pair(eins.capturedStart(), eins.capturedEnd());
-            fund.stelle = folge.stelle(eins.capturedStart(), eins.capturedLength());
             fund.rang = rang(folge, fund, eins.capturedStart());
             funde << fund;
         }

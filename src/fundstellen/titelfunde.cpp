@@ -61,6 +61,40 @@ qsizetype reichweite(const QList<Wortfolge::Stueck> &stuecke, qsizetype erstes, 
     return 0;
 }
 
+bool istNurBuchstaben(const QString &text)
+{
+    return std::none_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+}
+
+/** A day or an amount: what it is put together from is no number of its own, but for the year of a day. */
+bool istTagOderBetrag(const QString &wort)
+{
+    static const QRegularExpression muster(
+        u"^\\D*\\d{1,2}[./-]\\d{1,2}[./-]\\d{2,4}\\D*$|^\\D*\\d{4}-\\d{2}-\\d{2}\\D*$|^\\D*[\\d.]*\\d[.,]\\d{2}\\D*$"_s);
+    return wort.contains(muster);
+}
+
+/** The pieces stand for a number of their own: no digits of their words are left over, and no day or amount is cut. */
+bool istGanzeZahl(const Wortfolge &seite, qsizetype erstes, qsizetype anzahl, const Titelwort &gesucht)
+{
+    const auto &stuecke = seite.stuecke();
+    const auto &vorn = stuecke.at(erstes);
+    const auto &hinten = stuecke.at(erstes + anzahl - 1);
+    const QString &wort = seite.worte().at(vorn.wort).text;
+    static const QRegularExpression trenner(u"\\d[.,/-]\\d"_s);
+    if (istTagOderBetrag(wort) && !gesucht.text.contains(trenner)) {
+        constexpr qsizetype jahr = 4;
+        return anzahl == 1 && vorn.text.size() == jahr && gesucht.text.size() == jahr;
+    }
+    constexpr qsizetype kuerzesteInGruppen = 6;
+    if (vorn.wort != hinten.wort && zusammengezogen(gesucht.text).size() < kuerzesteInGruppen)
+        return false;
+    const auto restLosgeloest = [&](qsizetype i, qsizetype eigenes) {
+        return i < 0 || i >= stuecke.size() || stuecke.at(i).wort != eigenes || istNurBuchstaben(stuecke.at(i).text);
+    };
+    return anzahl == 1 || (restLosgeloest(erstes - 1, vorn.wort) && restLosgeloest(erstes + anzahl, hinten.wort));
+}
+
 /** A place of a word, and how surely it is one. */
 struct Stelle {
     Fundstelle ort;
@@ -74,7 +108,8 @@ QList<Stelle> alleStellen(const QList<Wortfolge> &seiten, const Titelwort &wort)
     for (const Wortfolge &seite : seiten) {
         for (qsizetype i = 0; i < seite.stuecke().size(); ++i) {
             const QString &stueck = seite.stuecke().at(i).text;
-            if (const qsizetype n = reichweite(seite.stuecke(), i, gesucht); n > 0)
+            const qsizetype n = reichweite(seite.stuecke(), i, gesucht);
+            if (n > 0 && (!wort.zahl || istGanzeZahl(seite, i, n, wort)))
                 stellen << Stelle{.ort = seite.stelleVonStuecken(i, n), .guete = 2};
             else if (!wort.zahl && gesucht.size() >= kuerzesterAnfang && stueck.startsWith(gesucht))
                 stellen << Stelle{.ort = seite.stelleVonStuecken(i, 1), .guete = 1};

@@ -20,7 +20,7 @@ struct Seitenmarke {
     bool operator==(const Seitenmarke &) const = default;
 };
 
-/** How a document is read: from where, and whose names are no counterpart (folded words). */
+/** How a document is read: from where, and whose names are no counterpart. */
 struct Leseauftrag {
     Wortquelle quelle;
     QStringList eigene;

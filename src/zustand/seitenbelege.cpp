@@ -3,7 +3,6 @@
 #include "durchgang.h"
 #include "offenesprofil.h"
 #include "profilwahl.h"
-#include "text.h"
 
 namespace quillmar::zustand
 {
@@ -20,14 +19,6 @@ Feld feldVon(Wert wert)
         break;
     }
     return Feld::Titel;
-}
-
-QStringList eigeneWorte(const Profil &profil)
-{
-    QStringList worte;
-    for (const QString &name : profil.eigeneNamen)
-        worte << gefaltet(name, Faltung::Namen).split(u' ', Qt::SkipEmptyParts);
-    return worte;
 }
 } // namespace
 
@@ -46,7 +37,10 @@ Seitenbelege::Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Dur
     : m_pruefung(pruefung), m_profilwahl(profilwahl), m_durchgang(durchgang), m_lesefrage(this), m_belegfrage(this),
       m_partnerfrage(this), m_voraus(this), m_weitere(this)
 {
-    connect(pruefung, &Pruefung::aktuellesGeaendert, this, &Seitenbelege::dokumentPruefen);
+    connect(pruefung, &Pruefung::aktuellesGeaendert, this, [this] {
+        dokumentPruefen();
+        belegeRechnen();
+    });
     connect(pruefung, &Pruefung::ungesehenGeaendert, this, &Seitenbelege::lesenWennGesehen);
     connect(pruefung, &Pruefung::vorausGeaendert, this, &Seitenbelege::dokumentPruefen);
     connect(pruefung, &Pruefung::angabenGeaendert, this, [this] {
@@ -59,7 +53,7 @@ Seitenbelege::Seitenbelege(Pruefung *pruefung, Profilwahl *profilwahl, const Dur
             vorausAbbrechen();
     });
     connect(durchgang, &Durchgang::laufBeendet, this, &Seitenbelege::vorauslesen);
-    connect(profilwahl, &Profilwahl::gewechselt, &m_voraus, &Vorauslesung::abbrechen);
+    connect(profilwahl, &Profilwahl::gewechselt, this, &Seitenbelege::vorausAbbrechen);
     connect(&m_voraus, &Vorauslesung::fertig, this, [this](const Leseauftrag &auftrag) {
         if (auftrag == m_auftrag)
             lesenWennGesehen(); // it came under review meanwhile
@@ -78,7 +72,7 @@ std::optional<Leseauftrag> Seitenbelege::auftragFuer(const Dokument *dokument) c
                                    .sprache = profil->ocrSprache,
                                    .drehungen = m_pruefung->drehungen().value(dokument->pfad)};
     return Leseauftrag{.quelle = {.pfad = dokument->pfad, .textebene = dokument->hatTextebene, .wie = wie},
-                       .eigene = eigeneWorte(*profil)};
+                       .eigene = profil->eigeneNamen};
 }
 
 /** Another document, another file for it, or pages that were turned. */
@@ -147,14 +141,26 @@ void Seitenbelege::belegeRechnen()
         return;
     m_belegfrage.stellen(
         [gelesen = m_gelesen, a = dokument->angaben] {
-            return belege(gelesen->folgen(), a.datum.trimmed(), a.gegenueber, a.titel);
+            return gelesen->istAktuell()
+                       ? std::optional(belege(gelesen->folgen(), a.datum.trimmed(), a.gegenueber, a.titel))
+                       : std::nullopt;
         },
-        [this](const Ausgang<Belege> &ausgang) {
+        [this](const Ausgang<std::optional<Belege>> &ausgang) {
             if (!ausgang.wert || *ausgang.wert == m_belege)
                 return;
-            m_belege = *ausgang.wert;
+            if (!*ausgang.wert)
+                return neuLesen();
+            m_belege = **ausgang.wert;
             Q_EMIT belegeGeaendert();
         });
+}
+
+/** Another file lies there now. */
+void Seitenbelege::neuLesen()
+{
+    uebernehmen(nullptr);
+    m_ausstehend = m_auftrag.has_value();
+    lesenWennGesehen();
 }
 
 /** The words of the next documents whose text was recognised, so that they are there when these come. */
@@ -163,6 +169,7 @@ void Seitenbelege::vorauslesen()
     const Dokument *dokument = m_pruefung->aktuelles();
     if (dokument && m_profilwahl->kannHandeln())
         m_voraus.beginnen(m_profilwahl->offenes()->db(), dokument->id, *auftragFuer(dokument), m_durchgang->laeuft());
+    lesenWennGesehen(); // what was waited for is not on its way any more
 }
 
 void Seitenbelege::vorausAbbrechen()

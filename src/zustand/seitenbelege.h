@@ -72,6 +72,7 @@ private:
     void uebernehmen(const Lesungszeiger &gelesen);
     void partnerUebernehmen(const Lesungszeiger &gelesen, const Unterschiede &unterschiede);
     void belegeRechnen();
+    void neuLesen();
     void partnerPruefen();
     void vorauslesen();
     void vorausAbbrechen();

@@ -10,8 +10,8 @@ namespace quillmar::zustand
 {
 namespace
 {
-constexpr int letzteSeite = 100;
-constexpr auto ruhe = 200ms; // pages that one leafs over are not read
+constexpr int letzteSeite = 30; // more of them are searched for longer than a key may take
+constexpr auto ruhe = 200ms;    // pages that one leafs over are not read
 } // namespace
 
 Weitereworte::Weitereworte(QObject *eltern) : QObject(eltern), m_frage(this)

@@ -11,7 +11,7 @@ namespace quillmar::zustand
 {
 /**
  * The words of the pages behind those that proposals are made of, to be searched and copied: of a text layer all of
- * them (of the first hundred pages), recognised ones page by page as one looks at them.
+ * them (of the first thirty pages), recognised ones page by page as one looks at them.
  */
 class Weitereworte : public QObject
 {

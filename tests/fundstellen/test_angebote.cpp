@@ -54,7 +54,8 @@ private Q_SLOTS:
 
     void namen()
     {
-        const auto namen = werte(Angebote::namen(brief(einBrief()), {u"anna"_s, u"muller"_s}));
+        const auto namen =
+            werte(Angebote::namen(brief(einBrief()), {u"Anna Müller GmbH"_s, u"Hauptstraße und Partner GmbH"_s}));
         QCOMPARE(namen.first(), u"Stadtwerke Meißen"_s);
         for (const QString &einer : {u"Meier Bau"_s, u"Funkhaus Mobil"_s, u"Peter Lenz"_s})
             QVERIFY2(namen.contains(einer), qPrintable(einer));
@@ -69,6 +70,39 @@ private Q_SLOTS:
         QCOMPARE(werte(angebote),
                  QStringList({u"Jahresabrechnung Strom 2023"_s, u"RE 2024 0815"_s, u"12 C 34/24"_s, u"4711-02"_s}));
         QCOMPARE(angebote.last().umfeld, u"Kundennummer: 4711-02"_s);
+    }
+
+    void nummern_data()
+    {
+        QTest::addColumn<QString>("zeile");
+        QTest::addColumn<QStringList>("erwartet");
+        const auto zeile = [](const QString &text, const QStringList &erwartet) {
+            QTest::addRow("%s", qPrintable(text)) << text << erwartet;
+        };
+        zeile(u"Rechnung Nr.4712"_s, {u"4712"_s});
+        zeile(u"Rechnungsnr.:RE-4715"_s, {u"RE-4715"_s});
+        zeile(u"Az.:4 O 7/24"_s, {u"4 O 7/24"_s});
+        zeile(u"Facture n°89"_s, {u"89"_s});
+        zeile(u"Geschäftszeichen: VI B 3"_s, {u"VI B 3"_s});
+        zeile(u"Nr. 4717 31.01.2024"_s, {u"4717"_s});
+        zeile(u"Rechnungsnummer 31.01.2024"_s, {});
+        for (const QString &keine : {u"Graz 8010"_s, u"Casino 5"_s, u"Livorno 57100"_s, u"Piano 3"_s})
+            zeile(keine, {});
+    }
+    void nummern()
+    {
+        QFETCH(QString, zeile);
+        QTEST(werte(Angebote::titel(brief({zeile}))), "erwartet");
+    }
+
+    // Own names hide themselves, not whatever shares a word with them.
+    void eigeneNamen()
+    {
+        const QStringList eigene{u"Fotostudio Müller GmbH"_s, u"Anna und Peter Müller"_s, u"Dr. Anna von Müller"_s};
+        const auto namen = werte(Angebote::namen(
+            brief({u"Stadtwerke Meißen GmbH"_s, u"Sparkasse Ost und West"_s, u"Anna Müller"_s, u"Dr. Karl Arzt"_s}),
+            eigene));
+        QCOMPARE(namen, QStringList({u"Stadtwerke Meißen"_s, u"Sparkasse Ost und West"_s, u"Dr. Karl Arzt"_s}));
     }
 
     // A receipt is long and narrow: what makes a line does not depend on the shape of the page.
@@ -126,6 +160,12 @@ private Q_SLOTS:
               u"Rechnung 17 für 2023"_s);
         zeile("statt der letzten", Uebernahme::zahlImTitel(u"Rechnung 18 Strom"_s, u"17"_s, {}),
               u"Rechnung 17 Strom"_s);
+        zeile("in Gruppen", Uebernahme::zahlImTitel(u"Rechnung RE 2024 0816 Strom"_s, u"RE 2024 0815"_s, {u"0816"_s}),
+              u"Rechnung RE 2024 0815 Strom"_s);
+        zeile("für Gruppen", Uebernahme::zahlImTitel(u"Rechnung 2024 0816"_s, u"20240815"_s, {u"0816"_s}),
+              u"Rechnung 20240815"_s);
+        zeile("das Jahr bleibt", Uebernahme::zahlImTitel(u"Stromabrechnung 2023"_s, u"4711"_s, {}),
+              u"Stromabrechnung 2023 4711"_s);
         zeile("leer", Uebernahme::zahlImTitel({}, u"17"_s, {}), u"17"_s);
     }
     void insFeld()

@@ -39,6 +39,15 @@ private Q_SLOTS:
         zeile(u"31/01/2024"_s, u"2024-01-31"_s, u"31/01/2024"_s);
         zeile(u"01/31/2024"_s, u"2024-01-31"_s, u"01/31/2024"_s);
         zeile(u"7.7.77"_s, u"1977-07-07"_s, u"7.7.77"_s);
+        zeile(u"31-Jan-2024"_s, u"2024-01-31"_s, u"31-Jan-2024"_s);
+        zeile(u"31. Januar ’24"_s, u"2024-01-31"_s, u"31. Januar ’24"_s);
+        zeile(u"15 . Dezember 2023"_s, u"2023-12-15"_s, u"15 . Dezember 2023"_s);
+        zeile(u"31,01.2024"_s, u"2024-01-31"_s, u"31,01.2024"_s);
+        for (const QString &keines : {u"02.02. 50,00 Miete"_s, u"05.02. 05.02. 12,50"_s, u"15.02. 19 Stück"_s,
+                                      u"Termin 3. Mai 10 Uhr"_s, u"5. Juni 14:30"_s, u"Stück 12\nMai 24"_s})
+            zeile(keines, {}, {});
+        zeile(u"Rechnung Nr. 14               März 2024"_s, u"2024-03"_s, u"März 2024"_s);
+        zeile(u"Stück 12\nMai 2024"_s, u"2024-05"_s, u"Mai 2024"_s);
         zeile(u"31.02.2024"_s, {}, {});
         zeile(u"IP 10.1.24.31"_s, {}, {});
         zeile(u"Konto 4711.01.2024"_s, {}, {});
@@ -48,7 +57,7 @@ private Q_SLOTS:
     void formen()
     {
         QFETCH(QString, text);
-        const auto seiten = brief({text});
+        const auto seiten = brief(text.split(u'\n'));
         const auto alle = Datumsfunde::alle(seiten);
         QTEST(alle.isEmpty() ? QString() : alle.first().wert, "wert");
         QTEST(wortlaut(seiten, alle.isEmpty() ? std::nullopt : std::optional(alle.first().stelle)), "wortlaut");

@@ -38,6 +38,12 @@ private Q_SLOTS:
               {u"17-4=17-4"_s, u"Rechnung=Rechnungsnummer:"_s});
         zeile("auseinandergeschrieben", {u"Nr. 20240815"_s}, u"Rechnung 2024 0815"_s,
               {u"2024=20240815"_s, u"0815=20240815"_s, u"Rechnung="_s});
+        zeile("kein Betrag", {u"10,00 EUR und 20,24 EUR, 1.234,17"_s}, u"1000 2024 17"_s,
+              {u"1000="_s, u"2024="_s, u"17="_s});
+        zeile("kein Tag", {u"am 12.02.2024 und 5.3.2024"_s}, u"Kontoauszug 12 532024"_s,
+              {u"12="_s, u"532024="_s, u"Kontoauszug="_s});
+        zeile("keine Stücke", {u"Seite 20 23 vom 20.23.1999"_s}, u"2023"_s, {u"2023="_s});
+        zeile("hinter Buchstaben", {u"Rechnungsnr.:RE-4715"_s}, u"RE-4715"_s, {u"RE-4715=Rechnungsnr.:RE-4715"_s});
         zeile("nur eine davon", {u"Nr. 20240815"_s}, u"2024 0816"_s, {u"2024="_s, u"0816="_s});
         zeile("Zahlen nie ungefähr", {u"Nr. 12345678"_s}, u"12345679"_s, {u"12345679="_s});
     }

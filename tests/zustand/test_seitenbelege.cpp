@@ -154,6 +154,21 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!belege()->worte().at(2).isEmpty(), 60000);
     }
 
+    // The words are those of the file that lies there now.
+    void eineAndereDatei()
+    {
+        wartet(u"a.pdf"_s, brief(u"4711"_s));
+        beginnen();
+        QTRY_COMPARE(belege()->marken().size(), 3);
+        QFile datei(m_b->quelle(u"a.pdf"_s));
+        QVERIFY(datei.open(QIODevice::WriteOnly) && datei.write(brief(u"4712"_s)) > 0);
+        datei.close();
+        m_z->pruefung()->setzeFeld(Feld::Titel, u"Rechnung 4712"_s);
+        QTRY_COMPARE(belege()->angebote(Feld::Titel).value(1).wert, u"4712"_s);
+        QTRY_COMPARE(belege()->marken().size(), 3);
+        QVERIFY(belege()->fehlende().isEmpty());
+    }
+
     // Nothing is read before the page has been painted, or another one in its place.
     void dieSeiteGehtVor()
     {

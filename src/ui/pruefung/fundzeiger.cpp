@@ -75,7 +75,7 @@ void Fundzeiger::worteZeigen()
     if (m_pruefung->partnerZeigen())
         m_vorschau->setzeWorte(m_belege->partnerPfad(), m_belege->partnerWorte());
     else
-        m_vorschau->setzeWorte(m_belege->pfad(), m_belege->worte());
+        m_vorschau->setzeWorte(pfad(), m_belege->worte());
     markenZeigen();
 }
 
@@ -88,7 +88,14 @@ void Fundzeiger::markenZeigen()
         marken << markeAus(marke, tonFuer(marke.feld), marke.feld == m_imFokus && !m_vorgemerkt);
     if (m_vorgemerkt)
         marken << markeAus(*m_vorgemerkt, Markenton::Angebot, true);
-    m_vorschau->setzeMarken(m_belege->pfad(), marken);
+    m_vorschau->setzeMarken(pfad(), marken);
+}
+
+/** While no words are known, the document's own: those of the file that lay there before are nobody's. */
+QString Fundzeiger::pfad() const
+{
+    const Dokument *dokument = m_pruefung->aktuelles();
+    return m_belege->pfad().isEmpty() && dokument ? dokument->pfad : m_belege->pfad();
 }
 
 /** The words of a similar document are not those of this one. */

@@ -27,6 +27,7 @@ public:
 
 private:
     void worteZeigen();
+    [[nodiscard]] QString pfad() const;
     void markenZeigen();
     void nehmenLassen();
     void hinsehen();

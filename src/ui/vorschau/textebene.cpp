@@ -133,6 +133,8 @@ void Textebene::suchen(const QString &anfrage, int abSeite)
 {
     const auto bisher = m_treffer.jetziger();
     m_anfrage = anfrage;
+    if (!m_suche)
+        m_suche = Textsuche(m_karte); // ready for the first letter
     finden(bisher ? bisher->von : Wortort{abSeite, 0});
     Q_EMIT geaendert();
 }
