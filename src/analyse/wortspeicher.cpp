@@ -1,6 +1,7 @@
 #include "wortspeicher.h"
 
 #include "ganzedatei.h"
+#include "platte.h"
 
 #include <QCborArray>
 #include <QCborMap>
@@ -72,18 +73,20 @@ void Wortspeicher::ablegen(const QString &digest, const QString &art, const QLis
     if (digest.isEmpty() || !QDir().mkpath(QFileInfo(m_ordner).path()))
         return;
     ::mkdir(QFile::encodeName(m_ordner).constData(), S_IRWXU);
+    Platte::anderenVerschliessen(QFile::encodeName(m_ordner)); // somebody may have made it before
     QCborArray liste;
     for (const Seitenworte &seite : seiten)
         liste << verpackt(seite);
     const QCborMap inhalt{{u"art"_s, art}, {u"seiten"_s, liste}};
-    if (ganzSchreiben(pfad(digest), inhalt.toCborValue().toCbor()))
+    const QByteArray bytes = inhalt.toCborValue().toCbor();
+    if (bytes.size() <= m_groesse && ganzSchreiben(pfad(digest), bytes))
         ausduennen();
 }
 
 void Wortspeicher::ausduennen() const
 {
     qint64 belegt = 0;
-    for (const QFileInfo &datei : QDir(m_ordner).entryInfoList({u'*' + endung}, QDir::Files, QDir::Time)) {
+    for (const QFileInfo &datei : QDir(m_ordner).entryInfoList({u'*' + endung + u'*'}, QDir::Files, QDir::Time)) { // with what was not finished
         belegt += datei.size(); // those used last come first
         if (belegt > m_groesse)
             QFile::remove(datei.filePath());

@@ -224,6 +224,8 @@ QString Seitenbelege::uebernommen(Feld feld, const Wortgriff &griff) const
         return datumAus(griff);
     case Feld::Gegenueber:
         return Uebernahme::alsGegenueber(griff.text);
+    case Feld::Jahr:
+        return datumAus(griff).section(u'-', 0, 0);
     default:
         return griff.text.simplified();
     }

@@ -79,6 +79,7 @@ private Q_SLOTS:
         QCOMPARE(belege()->angebote(Feld::Gegenueber).first().wert, u"Stadtwerke Meißen"_s);
         QVERIFY(belege()->angebote(Feld::Zweig).isEmpty());
         QCOMPARE(belege()->uebernommen(Feld::Datum, {.text = u"14.02.2024."_s}), u"2024-02-14"_s);
+        QCOMPARE(belege()->uebernommen(Feld::Jahr, {.text = u"14.02.2024."_s}), u"2024"_s);
         QCOMPARE(belege()->uebernommen(Feld::Gegenueber, {.text = u"Meißen GmbH"_s}), u"Meißen"_s);
     }
 

@@ -131,7 +131,7 @@ void Angabenfeld::notizenZeigen()
 
 std::optional<Feld> Angabenfeld::nehmendes() const
 {
-    for (const Feld feld : m_angebote.keys()) {
+    for (const Feld feld : {Feld::Datum, Feld::Gegenueber, Feld::Titel, Feld::Jahr}) {
         const QLineEdit *text = m_eingaben.at(int(feld)).text;
         if (text->hasFocus() && !text->isReadOnly())
             return feld;

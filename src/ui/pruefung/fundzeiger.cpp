@@ -54,6 +54,7 @@ Fundzeiger::Fundzeiger(Pruefung *pruefung, Seitenbelege *belege, Angabenfeld *an
     });
     connect(m_pruefung, &Pruefung::partnerZeigenGeaendert, this, &Fundzeiger::worteZeigen);
     connect(m_pruefung, &Pruefung::partnerZeigenGeaendert, this, &Fundzeiger::nehmenLassen);
+    connect(m_pruefung, &Pruefung::angabenFestGeaendert, this, &Fundzeiger::nehmenLassen);
     connect(m_angaben, &Angabenfeld::vorgemerkt, this, &Fundzeiger::vormerken);
     connect(m_angaben, &Angabenfeld::fokusGewechselt, this, [this] {
         nehmenLassen();
