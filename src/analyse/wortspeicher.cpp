@@ -86,8 +86,9 @@ void Wortspeicher::ablegen(const QString &digest, const QString &art, const QLis
 void Wortspeicher::ausduennen() const
 {
     qint64 belegt = 0;
-    for (const QFileInfo &datei : QDir(m_ordner).entryInfoList({u'*' + endung + u'*'}, QDir::Files, QDir::Time)) { // with what was not finished
-        belegt += datei.size(); // those used last come first
+    for (const QFileInfo &datei :
+         QDir(m_ordner).entryInfoList({u'*' + endung + u'*'}, QDir::Files, QDir::Time)) { // with what was not finished
+        belegt += datei.size();                                                           // those used last come first
         if (belegt > m_groesse)
             QFile::remove(datei.filePath());
     }

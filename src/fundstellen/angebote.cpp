@@ -1,7 +1,7 @@
 #include "angebote.h"
 
 #include "datumsfunde.h"
-#include "rechtsform.h"
+#include "namensfunde.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -55,8 +55,10 @@ QList<Angebot> geordnet(QList<Angebot> alle)
 /** Trimmed of what stands around words: colons, bars, brackets. A dot at the end stays, it may be an abbreviation's. */
 QString beschnitten(QString text)
 {
-    static const QRegularExpression rand(u"^[\\s,;:|·•*()\\[\\]<>–—-]+|[\\s,;:|·•*()\\[\\]<>–—-]+$"_s);
-    return text.remove(rand);
+    static const QRegularExpression rand(u"^[\\s,;:|·•*()\\[\\]<>–—-]+|[\\s,;:|·•*(\\[\\]<>–—-]+$"_s);
+    static const QRegularExpression zu(u"[\\s)]+$"_s);
+    text.remove(rand);
+    return text.contains(u'(') ? text : text.remove(zu).remove(rand); // a pair stays one
 }
 
 /** Streets, towns, numbers and the like, which stand where names do. */
@@ -64,8 +66,10 @@ bool istKeinName(const QString &text)
 {
     static const QRegularExpression nichts(
         u"\\d{4,}|@|www\\.|https?:|^(?:tel|telefon|fax|mobil|e-?mail|iban|bic|ust|steuernr|seite|datum|date|postfach|"
-        "betreff|ihr|ihre|unser|unsere|an|von|invoice|rechnung|page|blz|konto|telephone|phone|sehr|dear)\\b|"
-        "(?:str\\.?|straße|strasse|weg|platz|allee|gasse|ring|ufer|damm|road|street|rue|avenue)\\s+\\d"_s,
+        "betreff|mahnung|kundenservice|ihr|ihre|unser|unsere|an|von|invoice|rechnung|page|blz|konto|telephone|phone|"
+        "sehr|dear)\\b|"
+        "(?:str\\.?|straße|strasse|weg|platz|allee|gasse|ring|ufer|damm|road|street|rue|avenue)\\s*\\d|"
+        "^(?:am|an|auf|hinter|unter|vor|bei|im|zum|zur|in)\\s.*\\s\\d+\\s?[a-z]?$"_s,
         arten);
     static const QRegularExpression name(u"^[\\p{Lu}\\d].*\\p{L}{2}"_s, QRegularExpression::UseUnicodePropertiesOption);
     return text.contains(nichts) || !text.contains(name);
@@ -77,13 +81,13 @@ QString ohneAnredetitel(QString text)
     return text.remove(titel);
 }
 
-bool hatRechtsform(const QString &text) { return Rechtsform::ausgeschriebenOhne(text) != text; }
+bool hatRechtsform(const QString &text) { return Namensfunde::ohneRechtsform(text) != text; }
 
 /** The folded words of a name without its legal form. */
 QSet<QString> namensworte(const QString &name)
 {
     QSet<QString> worte;
-    for (const auto &stueck : Wortfolge(0, {{.text = Rechtsform::ausgeschriebenOhne(name), .ort = {}}}).stuecke())
+    for (const auto &stueck : Wortfolge(0, {{.text = Namensfunde::ohneRechtsform(name), .ort = {}}}).stuecke())
         worte.insert(stueck.text);
     return worte;
 }
@@ -132,7 +136,7 @@ private:
             return;
         const int rang = (firma ? 40 : 0) + (imKopf ? 20 : 0) + (imKopf && oben < obererKopf ? 10 : 0) +
                          (stueck.worte > 1 ? 5 : 0) - int(std::clamp(oben, 0.0, 1.0) * 4) - stueck.seite;
-        m_funde << Angebot{.wert = Rechtsform::ausgeschriebenOhne(text),
+        m_funde << Angebot{.wert = Namensfunde::ohneRechtsform(text),
                            .umfeld = umfeldVon(m_seite, stueck),
                            .stelle = stueck,
                            .rang = rang};
@@ -377,7 +381,7 @@ QString Uebernahme::alsDatum(const Wortfolge &seite, qsizetype wort, qsizetype w
     return alsDatum(seite.wortlaut({.seite = seite.seite(), .wort = wort, .worte = worte}));
 }
 
-QString Uebernahme::alsGegenueber(const QString &text) { return Rechtsform::ausgeschriebenOhne(beschnitten(text)); }
+QString Uebernahme::alsGegenueber(const QString &text) { return Namensfunde::ohneRechtsform(beschnitten(text)); }
 
 QString Uebernahme::zahlImTitel(const QString &titel, const QString &zahl, const QStringList &fehlende)
 {

@@ -2,6 +2,8 @@
 
 #include "rechtsform.h"
 
+#include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 #include <algorithm>
 #include <tuple>
@@ -19,6 +21,14 @@ struct Treffer {
     qsizetype stuecke = 0; ///< 0: none
     bool genau = true;
 };
+
+/** What names have or leave out: "und", degrees, the initial of a second name. */
+bool istBeiwerk(const QString &stueck)
+{
+    static const QSet<QString> beiwerk = {u"und"_s, u"and"_s,  u"et"_s,   u"med"_s,
+                                          u"jur"_s, u"phil"_s, u"dipl"_s, u"ing"_s};
+    return stueck.size() == 1 || beiwerk.contains(stueck);
+}
 
 /** Compares a name with the pieces of a page. */
 class Vergleich
@@ -61,7 +71,7 @@ private:
             return {.stuecke = 2, .worte = 1};
         if (k + 1 < m_name.size() && wort + m_name.at(k + 1) == stueck)
             return {.stuecke = 1, .worte = 2};
-        if (k > 0 && Rechtsform::istTeil(stueck))
+        if (k > 0 && (Rechtsform::istTeil(stueck) || istBeiwerk(stueck)))
             return {.stuecke = 1, .worte = 0};
         return {};
     }
@@ -73,9 +83,11 @@ private:
 QStringList worteVon(const QString &name)
 {
     QStringList worte;
-    for (const auto &stueck : Wortfolge(0, {{.text = Rechtsform::ausgeschriebenOhne(name), .ort = {}}}).stuecke())
+    for (const auto &stueck : Wortfolge(0, {{.text = Namensfunde::ohneRechtsform(name), .ort = {}}}).stuecke())
         worte << stueck.text;
-    return worte;
+    const QStringList alle = worte;
+    worte.removeIf(istBeiwerk);
+    return worte.isEmpty() ? alle : worte;
 }
 
 bool istNetzadresse(const QString &wort)
@@ -109,6 +121,20 @@ QList<Namensstelle> alleStellen(const Wortfolge &seite, const QStringList &worte
     return stellen;
 }
 } // namespace
+
+QString Namensfunde::ohneRechtsform(const QString &name)
+{
+    static const QRegularExpression beschraenkt(u"\\s*\\(haftungsbeschränkt\\)"_s,
+                                                QRegularExpression::CaseInsensitiveOption);
+    // Besides those that make two names one for the memory.
+    static const QSet<QString> weitere = {u"eg"_s,  u"ek"_s, u"kgaa"_s, u"ggmbh"_s, u"mbh"_s, u"partg"_s,
+                                          u"mbb"_s, u"sa"_s, u"sarl"_s, u"llc"_s,   u"plc"_s, u"bv"_s};
+    QString rest = Rechtsform::ausgeschriebenOhne(QString(name).remove(beschraenkt));
+    for (qsizetype luecke = rest.lastIndexOf(u' ');
+         luecke > 0 && weitere.contains(zusammengezogen(rest.sliced(luecke))); luecke = rest.lastIndexOf(u' '))
+        rest = Rechtsform::ausgeschriebenOhne(rest.first(luecke));
+    return rest;
+}
 
 std::optional<Fundstelle> Namensfunde::zu(const QList<Wortfolge> &seiten, const QString &name)
 {

@@ -18,5 +18,7 @@ namespace Namensfunde
  * sooner than elsewhere, in addresses of the net last.
  */
 [[nodiscard]] std::optional<Fundstelle> zu(const QList<Wortfolge> &seiten, const QString &name);
+/** As it is written, without what says how a company is constituted: "Meier Bau GmbH & Co. KG" is "Meier Bau". */
+[[nodiscard]] QString ohneRechtsform(const QString &name);
 } // namespace Namensfunde
 } // namespace quillmar::fundstellen

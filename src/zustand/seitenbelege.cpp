@@ -84,8 +84,10 @@ void Seitenbelege::dokumentPruefen()
     const bool andereDatei = !auftrag || !m_auftrag || auftrag->quelle.pfad != m_auftrag->quelle.pfad;
     m_auftrag = auftrag;
     m_lesefrage.verwerfen();
-    if (andereDatei)
+    if (andereDatei) {
         uebernehmen(nullptr);
+        m_weitere.imBlick({}, 0);
+    }
     m_ausstehend = auftrag.has_value();
     if (auftrag && m_voraus.liest(*auftrag))
         return; // to begin anew would take longer

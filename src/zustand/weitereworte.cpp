@@ -36,7 +36,6 @@ void Weitereworte::vergessen()
     m_liest.reset();
     m_worte.clear();
     m_quelle.reset();
-    m_seiten = 0;
 }
 
 void Weitereworte::imBlick(const Seitenspanne &gesehene, int seiten)

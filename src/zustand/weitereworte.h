@@ -22,7 +22,7 @@ public:
 
     /** Of what document, and which of its pages are known without. What was read is forgotten. */
     void beginnen(const Wortquelle &quelle);
-    /** There is another document, of which nothing is known yet. */
+    /** Nothing is known of the document any more. */
     void vergessen();
     /** One looks at the pages @p gesehene of a document that has @p seiten. */
     void imBlick(const Seitenspanne &gesehene, int seiten);

@@ -155,6 +155,10 @@ private Q_SLOTS:
         zeile("keines um das Wort", Uebernahme::alsDatum(seite, 5, 1), u"2023"_s);
         zeile("kein Datum", Uebernahme::alsDatum(u" demnächst "_s), u"demnächst"_s);
         zeile("Name", Uebernahme::alsGegenueber(u"– Meier Bau GmbH & Co. KG,"_s), u"Meier Bau"_s);
+        zeile("Klammer", Uebernahme::alsGegenueber(u"(Foo UG (haftungsbeschränkt))"_s), u"Foo"_s);
+        zeile("mbH & Co.", Uebernahme::alsGegenueber(u"Müller mbH & Co. KG"_s), u"Müller"_s);
+        zeile("Genossenschaft", Uebernahme::alsGegenueber(u"Sparbank Elbtal e.G."_s), u"Sparbank Elbtal"_s);
+        zeile("Paar bleibt", Uebernahme::alsGegenueber(u"Verein (Ortsgruppe Nord):"_s), u"Verein (Ortsgruppe Nord)"_s);
         zeile("Zahl dahinter", Uebernahme::zahlImTitel(u"Rechnung"_s, u"17"_s, {}), u"Rechnung 17"_s);
         zeile("statt der falschen", Uebernahme::zahlImTitel(u"Rechnung 18 für 2023"_s, u"17"_s, {u"18"_s}),
               u"Rechnung 17 für 2023"_s);

@@ -33,6 +33,11 @@ private Q_SLOTS:
         zeile("zusammen", {u"ElbtalEnergie"_s}, u"Elbtal Energie"_s, u"ElbtalEnergie"_s);
         zeile("ein Buchstabe falsch erkannt", {u"Stadtwerkc Meißen"_s}, werke, u"Stadtwerkc Meißen"_s);
         zeile("einer verloren", {u"Stadtwrke Meißen"_s}, werke, u"Stadtwrke Meißen"_s);
+        zeile("und als Zeichen", {u"Müller & Söhne"_s}, u"Müller und Söhne"_s, u"Müller & Söhne"_s);
+        zeile("Zeichen als und", {u"Müller und Söhne"_s}, u"Müller & Söhne"_s, u"Müller und Söhne"_s);
+        zeile("mit Fachrichtung", {u"Dr. med. Anna Schulz"_s}, u"Dr. Anna Schulz"_s, u"Dr. med. Anna Schulz"_s);
+        zeile("mit zweitem Namen", {u"Anna M. Schulz"_s}, u"Anna Schulz"_s, u"Anna M. Schulz"_s);
+        zeile("andere Rechtsform", {u"Acme"_s}, u"Acme eG"_s, u"Acme"_s);
         zeile("zwei sind zu viele", {u"Stadtwcrkc Meißen"_s}, werke, {});
         zeile("kurze Wörter genau", {u"GLZ Bank"_s}, u"GLS Bank"_s, {});
         zeile("Rechtsform mittendrin", {u"Meier GmbH Bau"_s}, u"Meier Bau"_s, u"Meier GmbH Bau"_s);
