@@ -297,8 +297,8 @@ private Q_SLOTS:
             return alle;
         };
         const auto volleZeilen = [this] {
-            const auto *liste = teil<QListView>("gelernt");
-            return liste->height() == 8 * liste->sizeHintForRow(0);
+            const auto *liste = suchen<QListView>("gelernt"); // comes when what was learned has been read
+            return liste && liste->height() == 8 * liste->sizeHintForRow(0);
         };
         QTRY_VERIFY(volleZeilen());
         mitTabZu("ausAblageLernen");
